@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+class IModelIterator;
+
+#if defined(_WIN32)
+#if defined(QXKIVEMULIB_BUILD)
+#define QXKIVEMULIB_API __declspec(dllexport)
+#else
+#define QXKIVEMULIB_API __declspec(dllimport)
+#endif
+#else
+#define QXKIVEMULIB_API __attribute__((visibility("default")))
+#endif
+
+/// One pixel: 0xAARRGGBB in host byte order.
+using argb8888 = uint32_t;
+
+/// Takes a frame.
+/// output         true for a frame that is meant to be shown (a foreground request).
+/// buffer         hsize * vsize pixels, rows packed, top row first; valid during the call.
+/// observer       the pointer that was given to Emu_RenderObjects.
+/// flags          bit 0: the frame is complete; it ends its request.
+/// RAM_DL_Usage   bytes of display-list memory that the frame's display list uses.
+/// The result is not looked at.
+using EmuFrameCallback = int (*)(bool output, const argb8888 *buffer, uint32_t hsize,
+                                 uint32_t vsize, void *observer, uint32_t flags,
+                                 size_t RAM_DL_Usage);
+
+/// Takes the display list of the request whose complete frame follows.
+/// dlTextBuffer   one line of commands, each ended by ";"; zero-terminated.
+/// dlBinBuffer    dlBinSize bytes: little-endian 32-bit words, as they go into RAM_DL.
+/// RAM_G_Usage    bytes of graphics memory that the screen's assets use.
+/// errorMessages  one message a line, empty when all went well; zero-terminated.
+/// All pointers are valid during the call only. The result is not looked at.
+using EmuDisplayListCallback = int (*)(const char *dlTextBuffer, const unsigned char *dlBinBuffer,
+                                       int dlBinSize, size_t RAM_G_Usage, char *errorMessages);
+
+// All functions may be called from one thread (the "caller's thread"); callbacks arrive on the
+// library's own worker thread. A callback may call Emu_RenderObjects, but not Emu_Stop.
+// The results are 1 for success and 0 for failure; a caller may ignore them, because what concerns
+// a frame arrives as error text with its display list.
+extern "C" {
+
+/// Sets the two callbacks for all requests from now on. Either may be null.
+QXKIVEMULIB_API int Emu_Register(EmuFrameCallback frame, EmuDisplayListCallback displayList);
+
+/// Starts the emulator with a render script (path in the local 8-bit encoding) for one chip
+/// (0x100, 0x101, 0x110 .. 0x113), which decides the sizes of RAM_G and RAM_DL and the largest
+/// screen. Starting a started emulator stops it first.
+QXKIVEMULIB_API int Emu_Start(const char *scriptPath, uint32_t chipCode);
+
+/// Sets the frame size in pixels for all requests from now on. A size over the chip's largest
+/// screen is cut to it and reported with each frame.
+QXKIVEMULIB_API int Emu_ConfigScreen(uint32_t width, uint32_t height);
+
+/// Asks for one frame. Everything is read through the iterator before the call returns, and no
+/// pointer to the model is kept. The answer is always both callbacks, display list first, complete
+/// frame last, also when the script fails or the emulator is not started.
+/// background     0 for a frame to be shown, 1 for one whose display list is wanted.
+QXKIVEMULIB_API int Emu_RenderObjects(IModelIterator *iterator, void *observer,
+                                      uint32_t background);
+
+/// Stops the emulator: waits until the worker is idle. Requests not yet begun are dropped
+/// unanswered, and nothing calls back after the return.
+QXKIVEMULIB_API int Emu_Stop();
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+// The one table of display-list commands that assembler, disassembler, executor and the
+// documentation share. Adding a command is adding a row here and its function in the executor.
+//
+// Encoding: little-endian 32-bit words. A command is a header word (opcode in the top 8 bits, a
+// 24-bit operand below) and then as many operand words as its opcode fixes.
+
+namespace kivemu {
+
+enum class EOpcode : uint8_t {
+    End = 0x00,
+    Clear = 0x01,
+    Colour = 0x02,
+    Alpha = 0x03,
+    Blend = 0x04,
+    LineWidth = 0x05,
+    Scissor = 0x06,
+    Save = 0x07,
+    Restore = 0x08,
+    Item = 0x09,
+    Disc = 0x10,
+    Line = 0x11,
+    FillRect = 0x12,
+    StrokeRect = 0x13,
+    Vertex = 0x14,
+    Polyline = 0x15,
+    Polygon = 0x16,
+    Arc = 0x17,
+    Gradient = 0x18,
+    Text = 0x19,
+    Chars = 0x1A,
+    BitmapSource = 0x20,
+    BitmapLayout = 0x21,
+    BitmapPalette = 0x22,
+    BitmapTransform = 0x23,
+    BitmapMode = 0x24,
+    Bitmap = 0x25,
+};
+
+/// Where an operand lies and how its text is written.
+enum class EOperand : uint8_t {
+    Header,       ///< the header's 24 bits, unsigned decimal
+    HeaderColour, ///< the header's 24 bits as 0xRRGGBB
+    HeaderChars,  ///< up to three Latin-1 characters in the header, written "abc"; 0 is none
+    Word,         ///< a whole word, unsigned decimal
+    WordHex,      ///< a whole word as 0xAARRGGBB
+    WordSigned,   ///< a whole word, signed decimal
+    PairSigned,   ///< two signed 16-bit numbers in one word (low half first): two arguments
+    PairUnsigned, ///< two unsigned 16-bit numbers in one word (low half first): two arguments
+};
+
+/// One row of the table. Commands without a header operand keep the 24 bits zero; other bits there
+/// are an error.
+struct SCommand
+{
+    EOpcode opcode;
+    const char *name;                  ///< as in the text form, e.g. "FILL_RECT"
+    std::vector<EOperand> operands;    ///< in the order of the arguments
+    std::vector<const char *> names;   ///< one per argument, for the documentation
+    const char *meaning;               ///< one sentence, for the documentation
+    /// Words after the header.
+    size_t operandWords() const;
+};
+
+const std::vector<SCommand> &commandTable();
+/// Null for an unknown opcode or name.
+const SCommand *findCommand(uint8_t opcode);
+const SCommand *findCommand(std::string_view name);
+
+} // namespace kivemu
