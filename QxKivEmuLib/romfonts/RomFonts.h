@@ -5,7 +5,8 @@
 #include <string_view>
 
 /// The fonts that lie in the chip's ROM: handles 16 to 34, printable ASCII and Latin-1, as 8-bit
-/// coverage masks. 16 to 19 are fixed-pitch, 20 to 25 bold, 26 to 34 regular.
+/// coverage masks. 16 to 19 are fixed-pitch, 20 to 25 bold, 26 to 34 regular. Character 0x85 is the
+/// ellipsis. Advances are whole pixels, so that glyphs keep their gaps wherever a text starts.
 /// Lengths with the suffix 16 are in sixteenths of a pixel; all others in whole pixels.
 namespace romfonts {
 
@@ -41,7 +42,9 @@ const SGlyph *glyph(int font, uint8_t character);
 /// How far a text of Latin-1 characters moves the pen.
 int textWidth16(int font, std::string_view latin1);
 
-/// UTF-8 as Latin-1; what Latin-1 lacks becomes "?", malformed bytes too.
+/// UTF-8 as Latin-1. Typographic dashes and quotes become their ASCII forms, the ellipsis 0x85;
+/// what else Latin-1 lacks becomes "?", each malformed byte and the control characters from 0x7F on
+/// too.
 std::string toLatin1(std::string_view utf8);
 
 } // namespace romfonts

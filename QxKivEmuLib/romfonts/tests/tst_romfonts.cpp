@@ -1,0 +1,157 @@
+#include "RomFonts.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int Heights[] = {8,  8,  16, 16, 13, 17, 20, 22, 29, 38,
+                           16, 20, 25, 28, 36, 49, 63, 83, 108};
+
+/// Sum of a glyph's coverage in pixels.
+double ink(const romfonts::SGlyph &glyph)
+{
+    int sum = 0;
+    for (int i = 0; i < glyph.height * glyph.stride; ++i)
+        sum += glyph.coverage[i];
+    return sum / 255.0;
+}
+
+class RomFonts : public testing::TestWithParam<int>
+{
+};
+
+} // namespace
+
+TEST_P(RomFonts, hasTheLineHeightAndMetricsThatFit)
+{
+    const int font = GetParam();
+    ASSERT_TRUE(romfonts::isFont(font));
+    EXPECT_EQ(romfonts::height(font), Heights[font - 16]);
+    EXPECT_LE(romfonts::ascent(font), romfonts::height(font));
+    EXPECT_LT(romfonts::capHeight(font), romfonts::ascent(font));
+    // DejaVu's line is 1.164 em high: the em that fits is no smaller than a pixel less than that.
+    EXPECT_LE(romfonts::emSize(font) * 1.164, romfonts::height(font) + 1.0);
+    EXPECT_GE((romfonts::emSize(font) + 1) * 1.164, romfonts::height(font) - 0.5);
+    // Hinting moves the top of a capital to a whole pixel, and by one more at large sizes.
+    EXPECT_NEAR(romfonts::capHeight(font), romfonts::emSize(font) * 0.729, 1.3);
+}
+
+TEST_P(RomFonts, masksArePaddedAndOnlyBlanksHaveNone)
+{
+    const int font = GetParam();
+    for (int c = 0; c < 256; ++c) {
+        const romfonts::SGlyph *glyph = romfonts::glyph(font, static_cast<uint8_t>(c));
+        ASSERT_NE(glyph, nullptr);
+        EXPECT_GT(glyph->advance16, 0) << c;
+        const bool blank = c == 0x20 || c == 0xA0;
+        ASSERT_EQ(glyph->coverage == nullptr, blank) << c;
+        if (blank)
+            continue;
+        EXPECT_EQ(glyph->stride % 8, 0);
+        EXPECT_GE(glyph->stride, glyph->width);
+        EXPECT_LE(glyph->top, romfonts::height(font)) << c;
+        EXPECT_GE(glyph->top - glyph->height, -romfonts::height(font) / 2) << c;
+        EXPECT_GT(ink(*glyph), 0.0) << c;
+        for (int y = 0; y < glyph->height; ++y) {
+            for (int x = glyph->width; x < glyph->stride; ++x)
+                ASSERT_EQ(glyph->coverage[y * glyph->stride + x], 0);
+        }
+    }
+}
+
+TEST_P(RomFonts, charactersWithoutGlyphShowAQuestionMark)
+{
+    const romfonts::SGlyph *unknown = romfonts::glyph(GetParam(), '?');
+    for (const int c : {0x00, 0x0A, 0x1F, 0x7F, 0x80, 0x84, 0x86, 0x9F})
+        EXPECT_EQ(romfonts::glyph(GetParam(), static_cast<uint8_t>(c)), unknown) << c;
+    EXPECT_NE(romfonts::glyph(GetParam(), 0x85), unknown);
+    EXPECT_NE(romfonts::glyph(GetParam(), '>'), unknown);
+}
+
+TEST_P(RomFonts, glyphsAreThoseOfTheirCharacters)
+{
+    const auto inkOf = [](uint8_t c) { return ink(*romfonts::glyph(GetParam(), c)); };
+    EXPECT_GT(inkOf('M'), inkOf('i'));
+    EXPECT_GT(inkOf('i'), inkOf('.'));
+    EXPECT_GT(inkOf('@'), inkOf('o'));
+    EXPECT_GT(inkOf(0xC4), inkOf('A')); // with diaeresis
+    EXPECT_NEAR(inkOf(0xFF) / inkOf('y'), 1.2, 0.3);
+    EXPECT_GT(inkOf(0x85), inkOf('.'));
+    EXPECT_LT(romfonts::glyph(GetParam(), 0x85)->top, romfonts::capHeight(GetParam()) / 2 + 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RomFonts, testing::Range(16, 35));
+
+TEST(RomFontTable, SixteenToNineteenAreFixedPitchAndOthersNot)
+{
+    for (int font = 16; font <= 34; ++font) {
+        bool fixed = true;
+        for (int c = 0x20; c < 0x7F; ++c) {
+            fixed = fixed && romfonts::glyph(font, static_cast<uint8_t>(c))->advance16 ==
+                                 romfonts::glyph(font, 'M')->advance16;
+        }
+        EXPECT_EQ(fixed, font < 20) << font;
+    }
+}
+
+TEST(RomFontTable, TwentyToTwentyFiveAreBold)
+{
+    // 20 and 26 to 29 have nearly the same sizes as a bold neighbour.
+    const auto weight = [](int font) {
+        const double em = romfonts::emSize(font);
+        return ink(*romfonts::glyph(font, 'l')) / (em * em);
+    };
+    EXPECT_GT(weight(22), 1.3 * weight(27));
+    EXPECT_GT(weight(24), 1.3 * weight(29));
+    EXPECT_GT(weight(21), 1.3 * weight(26));
+}
+
+TEST(RomFontTable, UnknownFontsHaveNothing)
+{
+    for (const int font : {-1, 0, 15, 35, 1 << 30}) {
+        EXPECT_FALSE(romfonts::isFont(font));
+        EXPECT_EQ(romfonts::height(font), 0);
+        EXPECT_EQ(romfonts::ascent(font), 0);
+        EXPECT_EQ(romfonts::capHeight(font), 0);
+        EXPECT_EQ(romfonts::emSize(font), 0);
+        EXPECT_EQ(romfonts::glyph(font, 'A'), nullptr);
+        EXPECT_EQ(romfonts::textWidth16(font, "A"), 0);
+    }
+}
+
+TEST(RomFontText, widthIsTheSumOfItsPieces)
+{
+    EXPECT_EQ(romfonts::textWidth16(27, ""), 0);
+    EXPECT_EQ(romfonts::textWidth16(27, "Speed"),
+              romfonts::textWidth16(27, "Spe") + romfonts::textWidth16(27, "ed"));
+    EXPECT_EQ(romfonts::textWidth16(18, "\xE4"
+                                        "bc d"),
+              5 * romfonts::textWidth16(18, "x"));
+}
+
+TEST(RomFontText, utf8BecomesLatin1)
+{
+    const struct
+    {
+        const char *name;
+        std::string utf8;
+        std::string latin1;
+    } cases[] = {
+        {"ascii", "Speed 5 m/s\n", "Speed 5 m/s\n"},
+        {"accents", "\xC3\xA4\xC3\xBF\xC2\xA0\xC2\xB0", "\xE4\xFF\xA0\xB0"},
+        {"ellipsis", "a\xE2\x80\xA6", "a\x85"},
+        {"dashes", "\xE2\x80\x93\xE2\x80\x94", "--"},
+        {"quotes", "\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9C\xE2\x80\x9D", "''\"\""},
+        {"outside Latin-1", "\xC4\x80 \xE2\x82\xAC \xF0\x9F\x98\x80", "? ? ?"},
+        {"control characters of Latin-1", "\x7F\xC2\x85", "??"},
+        {"zero byte", std::string("a\0b", 3), "a?b"},
+        {"stray continuation", "a\x80z", "a?z"},
+        {"truncated", "a\xE2\x82", "a??"},
+        {"overlong", "\xC0\xAF\xE0\x80\xAF", "?????"},
+        {"surrogate", "\xED\xA0\x80", "???"},
+        {"too large", "\xF4\x90\x80\x80\xFF", "?????"},
+        {"broken, then good", "\xC3(\xC3\xA4", "?(\xE4"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(romfonts::toLatin1(c.utf8), c.latin1) << c.name;
+}
