@@ -1,39 +1,48 @@
 #pragma once
 
+#include "displaylist/CommandTable.h"
 #include "raster/BitmapImage.h"
 #include "raster/RasterTypes.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 namespace kivemu {
 
 /// Builds a display list word by word. Knows the encoding and nothing of what the words draw.
-/// Colour, alpha, blend and line width are remembered, so that setting what already holds adds no
-/// words.
-/// Errors:  with a limit set, a command that does not fit (one word stays free for the end) is left
-///          out whole and counted; later, shorter commands are left out too.
+/// Colour, alpha, blend, line width and the bitmap's set-up are remembered, so that setting what
+/// already holds adds no words; the first four follow save() and restore().
+/// Range:   coordinates are cut to -2048 .. 2047.9375 pixels, lengths to 0 .. 4095.9375 pixels, so
+///          that nothing wraps around; a rectangle keeps its edges that lie within.
+/// Errors:  with a limit set, what does not fit (one word stays free for the end) is left out whole
+///          and counted; whatever follows is left out too. A text run, a path and a bitmap with its
+///          set-up count as one.
 class CDisplayListWriter
 {
 public:
     /// `limitBytes`: size of the chip's RAM_DL.
     explicit CDisplayListWriter(size_t limitBytes);
 
-    void clear(Argb colour);
-    void setColour(Argb colour); ///< COLOUR and, when it differs, ALPHA
+    void clear(Argb colour);     ///< alpha is not used
+    void setColour(Argb colour); ///< COLOR and, when it differs, ALPHA
     void setBlend(bool on);
     void setLineWidth(Sub16 width);
     void setScissor(int x, int y, int width, int height); ///< whole pixels
-    void save();
-    void restore();
+    /// False, and nothing is written, when MaxSavedStates are kept already.
+    bool save();
+    /// False, and nothing is written, when no state is kept.
+    bool restore();
+    /// The item that the following commands draw; the same id again adds nothing.
     void item(uint32_t id);
 
     void disc(SPoint centre, Sub16 radius);
     void line(SPoint from, SPoint to);
     void fillRect(SPoint topLeft, SPoint size, Sub16 radius);
     void strokeRect(SPoint topLeft, SPoint size, Sub16 radius);
+    /// No points write nothing. More than MaxVertices do not fit into the RAM_DL of any chip.
     void polyline(const SPoint *points, size_t count, bool closed);
     void polygon(const SPoint *points, size_t count);
     void arc(SPoint centre, Sub16 radius, Angle64 start, Angle64 sweep, EArcCaps caps);
@@ -52,13 +61,16 @@ public:
     };
     void bitmap(const SBitmapSource &source, const SBitmapPlacement &placement);
 
-    /// Ends the list with END, also when the limit was reached.
+    /// Ends the list with END, also when the limit was reached. Nothing may follow.
     void finish();
 
-    const std::vector<uint32_t> &words() const;
-    size_t bytesUsed() const;
+    const std::vector<uint32_t> &words() const { return m_words; }
+    size_t bytesUsed() const { return m_words.size() * 4; }
     /// Bytes that the whole list would have needed, left-out commands included.
-    size_t bytesWanted() const;
+    size_t bytesWanted() const { return m_wantedWords * 4; }
+    /// The item of the first command that did not fit (0 before the first item); nothing when all
+    /// fitted.
+    std::optional<uint32_t> overflowItem() const { return m_overflowItem; }
 
 private:
     struct SState
@@ -67,14 +79,28 @@ private:
         bool blend = true;
         Sub16 lineWidth = 16;
     };
+    /// What the bitmap commands have set; no source: nothing yet.
+    struct SBitmapState
+    {
+        std::optional<SBitmapSource> source;
+        uint32_t palette = 0;
+        uint32_t mode = 0;
+        int32_t transform[6] = {65536, 0, 0, 0, 65536, 0};
+    };
     bool begin(size_t words);
-    void put(uint32_t word);
+    void put(uint32_t word) { m_words.push_back(word); }
+    void command(EOpcode opcode, uint32_t operand);
+    void rectangle(EOpcode opcode, SPoint topLeft, SPoint size, Sub16 radius);
+    void path(EOpcode opcode, uint32_t operand, const SPoint *points, size_t count);
 
     size_t m_limitWords;
     size_t m_wantedWords = 0;
     bool m_full = false;
+    std::optional<uint32_t> m_item;
+    std::optional<uint32_t> m_overflowItem;
     SState m_state;
     std::vector<SState> m_saved;
+    SBitmapState m_bitmap;
     std::vector<uint32_t> m_words;
 };
 

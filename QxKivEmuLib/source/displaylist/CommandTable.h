@@ -13,6 +13,10 @@
 
 namespace kivemu {
 
+/// How many states SAVE keeps, and how many vertices are gathered for one path.
+constexpr size_t MaxSavedStates = 64;
+constexpr size_t MaxVertices = 8192;
+
 enum class EOpcode : uint8_t {
     End = 0x00,
     Clear = 0x01,
@@ -43,6 +47,13 @@ enum class EOpcode : uint8_t {
     Bitmap = 0x25,
 };
 
+/// The header operand of BITMAP_MODE.
+enum EBitmapModeBit : uint32_t {
+    BitmapModeBilinear = 1,
+    BitmapModeRepeatX = 2,
+    BitmapModeRepeatY = 4,
+};
+
 /// Where an operand lies and how its text is written.
 enum class EOperand : uint8_t {
     Header,       ///< the header's 24 bits, unsigned decimal
@@ -55,22 +66,49 @@ enum class EOperand : uint8_t {
     PairUnsigned, ///< two unsigned 16-bit numbers in one word (low half first): two arguments
 };
 
-/// One row of the table. Commands without a header operand keep the 24 bits zero; other bits there
-/// are an error.
+constexpr uint32_t HeaderOperandMask = 0xFFFFFF;
+
+/// Whether the operand takes a word of its own; otherwise it lies in the header.
+constexpr bool isWordOperand(EOperand operand)
+{
+    return operand >= EOperand::Word;
+}
+
+constexpr bool isPairOperand(EOperand operand)
+{
+    return operand == EOperand::PairSigned || operand == EOperand::PairUnsigned;
+}
+
+constexpr uint32_t headerWord(EOpcode opcode, uint32_t operand)
+{
+    return static_cast<uint32_t>(opcode) << 24 | (operand & HeaderOperandMask);
+}
+
+/// One row of the table. Operand words lie in the order of the arguments; the header's operand may
+/// be any of them.
 struct SCommand
 {
     EOpcode opcode;
-    const char *name;                  ///< as in the text form, e.g. "FILL_RECT"
-    std::vector<EOperand> operands;    ///< in the order of the arguments
-    std::vector<const char *> names;   ///< one per argument, for the documentation
-    const char *meaning;               ///< one sentence, for the documentation
+    const char *name;                ///< as in the text form, e.g. "FILL_RECT"
+    std::vector<EOperand> operands;  ///< in the order of the arguments
+    std::vector<const char *> names; ///< one per argument, for the documentation
+    const char *meaning;             ///< for the documentation
+    /// The largest value of the header's 24 bits (0 for commands without a header operand); the
+    /// executor refuses what lies above.
+    uint32_t headerMax;
+
     /// Words after the header.
     size_t operandWords() const;
+    bool hasHeaderOperand() const;
 };
 
 const std::vector<SCommand> &commandTable();
 /// Null for an unknown opcode or name.
 const SCommand *findCommand(uint8_t opcode);
 const SCommand *findCommand(std::string_view name);
+
+/// Words up to and with the first END, so that lists behind each other can be cut apart; `count`
+/// when there is none. END's value within another command's operands does not count.
+size_t listLength(const uint32_t *words, size_t count);
 
 } // namespace kivemu

@@ -1,0 +1,344 @@
+#include "CDisplayListWriter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kivemu {
+
+namespace {
+
+constexpr Angle64 FullCircle = 360 * 64;
+constexpr size_t CharsPerWord = 3;
+
+int64_t clampCoordinate(int64_t value)
+{
+    return std::clamp<int64_t>(value, INT16_MIN, INT16_MAX);
+}
+
+uint32_t clampLength(int64_t value)
+{
+    return static_cast<uint32_t>(std::clamp<int64_t>(value, 0, UINT16_MAX));
+}
+
+uint32_t pair(int64_t low, int64_t high)
+{
+    return static_cast<uint32_t>(low & 0xFFFF) | static_cast<uint32_t>(high & 0xFFFF) << 16;
+}
+
+uint32_t pointWord(SPoint point)
+{
+    return pair(clampCoordinate(point.x), clampCoordinate(point.y));
+}
+
+struct SRange
+{
+    int64_t start;
+    int64_t length;
+};
+
+/// Start and length with both ends cut, so that a shape that begins far outside ends where it did.
+SRange clampRange(int64_t start, int64_t length)
+{
+    const int64_t from = clampCoordinate(start);
+    return {from, clampLength(start + length - from)};
+}
+
+struct SRectangleWords
+{
+    uint32_t topLeft;
+    uint32_t size;
+};
+
+SRectangleWords rectangleWords(SPoint topLeft, SPoint size)
+{
+    const SRange x = clampRange(topLeft.x, size.x);
+    const SRange y = clampRange(topLeft.y, size.y);
+    return {pair(x.start, y.start), pair(x.length, y.length)};
+}
+
+uint32_t wholeTurn(Angle64 angle)
+{
+    return static_cast<uint32_t>((angle % FullCircle + FullCircle) % FullCircle);
+}
+
+bool sameTexels(const CDisplayListWriter::SBitmapSource &a,
+                const CDisplayListWriter::SBitmapSource &b)
+{
+    return a.address == b.address && a.format == b.format;
+}
+
+bool sameLayout(const CDisplayListWriter::SBitmapSource &a,
+                const CDisplayListWriter::SBitmapSource &b)
+{
+    return a.stride == b.stride && a.width == b.width && a.height == b.height;
+}
+
+uint32_t modeBits(const SBitmapPlacement &placement)
+{
+    return (placement.filter == EBitmapFilter::Bilinear ? BitmapModeBilinear : 0U) |
+           (placement.wrapX == EBitmapWrap::Repeat ? BitmapModeRepeatX : 0U) |
+           (placement.wrapY == EBitmapWrap::Repeat ? BitmapModeRepeatY : 0U);
+}
+
+/// A transform's constant part after moving its origin, `sixteenths` being texels times 16.
+int32_t shifted(int32_t constant, int64_t sixteenths)
+{
+    return static_cast<int32_t>(
+        std::clamp<int64_t>(constant + sixteenths / 16, INT32_MIN, INT32_MAX));
+}
+
+} // namespace
+
+CDisplayListWriter::CDisplayListWriter(size_t limitBytes) : m_limitWords(limitBytes / 4)
+{
+}
+
+/// Counts what is wanted; false when it does not fit, and from then on for all that follows.
+bool CDisplayListWriter::begin(size_t words)
+{
+    m_wantedWords += words;
+    if (!m_full && m_words.size() + words + 1 > m_limitWords) {
+        m_full = true;
+        m_overflowItem = m_item.value_or(0);
+    }
+    return !m_full;
+}
+
+void CDisplayListWriter::command(EOpcode opcode, uint32_t operand)
+{
+    if (begin(1))
+        put(headerWord(opcode, operand));
+}
+
+void CDisplayListWriter::clear(Argb colour)
+{
+    command(EOpcode::Clear, colour);
+}
+
+void CDisplayListWriter::setColour(Argb colour)
+{
+    const Argb changed = colour ^ m_state.colour;
+    m_state.colour = colour;
+    if (changed & 0xFFFFFF)
+        command(EOpcode::Colour, colour);
+    if (changed >> 24)
+        command(EOpcode::Alpha, colour >> 24);
+}
+
+void CDisplayListWriter::setBlend(bool on)
+{
+    if (on == m_state.blend)
+        return;
+    m_state.blend = on;
+    command(EOpcode::Blend, on ? 1 : 0);
+}
+
+void CDisplayListWriter::setLineWidth(Sub16 width)
+{
+    const auto cut = static_cast<Sub16>(clampLength(width));
+    if (cut == m_state.lineWidth)
+        return;
+    m_state.lineWidth = cut;
+    command(EOpcode::LineWidth, static_cast<uint32_t>(cut));
+}
+
+void CDisplayListWriter::setScissor(int x, int y, int width, int height)
+{
+    const SRectangleWords words = rectangleWords({x, y}, {width, height});
+    if (!begin(3))
+        return;
+    put(headerWord(EOpcode::Scissor, 0));
+    put(words.topLeft);
+    put(words.size);
+}
+
+bool CDisplayListWriter::save()
+{
+    if (m_saved.size() == MaxSavedStates)
+        return false;
+    m_saved.push_back(m_state);
+    command(EOpcode::Save, 0);
+    return true;
+}
+
+bool CDisplayListWriter::restore()
+{
+    if (m_saved.empty())
+        return false;
+    m_state = m_saved.back();
+    m_saved.pop_back();
+    command(EOpcode::Restore, 0);
+    return true;
+}
+
+void CDisplayListWriter::item(uint32_t id)
+{
+    if (m_item == id)
+        return;
+    m_item = id;
+    if (!begin(2))
+        return;
+    put(headerWord(EOpcode::Item, 0));
+    put(id);
+}
+
+void CDisplayListWriter::disc(SPoint centre, Sub16 radius)
+{
+    if (!begin(2))
+        return;
+    put(headerWord(EOpcode::Disc, clampLength(radius)));
+    put(pointWord(centre));
+}
+
+void CDisplayListWriter::line(SPoint from, SPoint to)
+{
+    if (!begin(3))
+        return;
+    put(headerWord(EOpcode::Line, 0));
+    put(pointWord(from));
+    put(pointWord(to));
+}
+
+void CDisplayListWriter::fillRect(SPoint topLeft, SPoint size, Sub16 radius)
+{
+    rectangle(EOpcode::FillRect, topLeft, size, radius);
+}
+
+void CDisplayListWriter::strokeRect(SPoint topLeft, SPoint size, Sub16 radius)
+{
+    rectangle(EOpcode::StrokeRect, topLeft, size, radius);
+}
+
+void CDisplayListWriter::rectangle(EOpcode opcode, SPoint topLeft, SPoint size, Sub16 radius)
+{
+    const SRectangleWords words = rectangleWords(topLeft, size);
+    if (!begin(3))
+        return;
+    put(headerWord(opcode, clampLength(radius)));
+    put(words.topLeft);
+    put(words.size);
+}
+
+void CDisplayListWriter::polyline(const SPoint *points, size_t count, bool closed)
+{
+    path(EOpcode::Polyline, closed ? 1 : 0, points, count);
+}
+
+void CDisplayListWriter::polygon(const SPoint *points, size_t count)
+{
+    path(EOpcode::Polygon, 0, points, count);
+}
+
+void CDisplayListWriter::path(EOpcode opcode, uint32_t operand, const SPoint *points, size_t count)
+{
+    if (count == 0 || !begin(2 * count + 1))
+        return;
+    for (const SPoint *point = points; point != points + count; ++point) {
+        put(headerWord(EOpcode::Vertex, 0));
+        put(pointWord(*point));
+    }
+    put(headerWord(opcode, operand));
+}
+
+void CDisplayListWriter::arc(SPoint centre, Sub16 radius, Angle64 start, Angle64 sweep,
+                             EArcCaps caps)
+{
+    if (!begin(4))
+        return;
+    put(headerWord(EOpcode::Arc, caps == EArcCaps::Butt ? 1 : 0));
+    put(pointWord(centre));
+    put(clampLength(radius));
+    put(pair(wholeTurn(start), std::clamp(sweep, -FullCircle, FullCircle)));
+}
+
+void CDisplayListWriter::gradient(SPoint topLeft, SPoint size, Sub16 radius, Angle64 direction,
+                                  Argb from, Argb to)
+{
+    const SRectangleWords words = rectangleWords(topLeft, size);
+    if (!begin(6))
+        return;
+    put(headerWord(EOpcode::Gradient, 0));
+    put(words.topLeft);
+    put(words.size);
+    put(pair(clampLength(radius), wholeTurn(direction)));
+    put(from);
+    put(to);
+}
+
+void CDisplayListWriter::text(int font, SPoint pen, std::string_view latin1)
+{
+    const auto zeros = static_cast<size_t>(std::count(latin1.begin(), latin1.end(), '\0'));
+    const size_t length = latin1.size() - zeros;
+    if (length == 0 || !begin(2 + (length + CharsPerWord - 1) / CharsPerWord))
+        return;
+    put(headerWord(EOpcode::Text, static_cast<uint32_t>(std::clamp(font, 0, 255))));
+    put(pointWord(pen));
+    uint32_t characters = 0;
+    size_t filled = 0;
+    for (const char c : latin1) {
+        if (c == '\0')
+            continue;
+        characters |= static_cast<uint32_t>(static_cast<uint8_t>(c)) << (8 * filled);
+        if (++filled == CharsPerWord) {
+            put(headerWord(EOpcode::Chars, characters));
+            characters = 0;
+            filled = 0;
+        }
+    }
+    if (filled > 0)
+        put(headerWord(EOpcode::Chars, characters));
+}
+
+void CDisplayListWriter::bitmap(const SBitmapSource &source, const SBitmapPlacement &placement)
+{
+    // The transform starts at the top left: where that is cut, the texels must not move along.
+    const int64_t cutX = clampCoordinate(placement.topLeft.x) - placement.topLeft.x;
+    const int64_t cutY = clampCoordinate(placement.topLeft.y) - placement.topLeft.y;
+    const int32_t transform[6] = {
+        placement.a, placement.b, shifted(placement.c, placement.a * cutX + placement.b * cutY),
+        placement.d, placement.e, shifted(placement.f, placement.d * cutX + placement.e * cutY)};
+    const uint32_t mode = modeBits(placement);
+    const bool newTexels = !m_bitmap.source || !sameTexels(source, *m_bitmap.source);
+    const bool newLayout = !m_bitmap.source || !sameLayout(source, *m_bitmap.source);
+    const bool newPalette = source.palette != m_bitmap.palette;
+    const bool newMode = mode != m_bitmap.mode;
+    const bool newTransform = std::memcmp(transform, m_bitmap.transform, sizeof transform) != 0;
+    m_bitmap.source = source;
+    m_bitmap.palette = source.palette;
+    m_bitmap.mode = mode;
+    std::copy(std::begin(transform), std::end(transform), m_bitmap.transform);
+
+    if (!begin(3U + (newTexels ? 2U : 0U) + (newLayout ? 3U : 0U) + (newPalette ? 1U : 0U) +
+               (newMode ? 1U : 0U) + (newTransform ? 7U : 0U)))
+        return;
+    if (newTexels) {
+        put(headerWord(EOpcode::BitmapSource, std::min(source.format, HeaderOperandMask)));
+        put(source.address);
+    }
+    if (newLayout) {
+        put(headerWord(EOpcode::BitmapLayout, 0));
+        put(source.stride);
+        put(pair(source.width, source.height));
+    }
+    if (newPalette)
+        put(headerWord(EOpcode::BitmapPalette, std::min(source.palette, HeaderOperandMask)));
+    if (newMode)
+        put(headerWord(EOpcode::BitmapMode, mode));
+    if (newTransform) {
+        put(headerWord(EOpcode::BitmapTransform, 0));
+        for (const int32_t value : transform)
+            put(static_cast<uint32_t>(value));
+    }
+    const SRectangleWords words = rectangleWords(placement.topLeft, placement.size);
+    put(headerWord(EOpcode::Bitmap, 0));
+    put(words.topLeft);
+    put(words.size);
+}
+
+void CDisplayListWriter::finish()
+{
+    ++m_wantedWords;
+    put(headerWord(EOpcode::End, 0));
+}
+
+} // namespace kivemu

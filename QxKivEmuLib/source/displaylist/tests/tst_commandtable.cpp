@@ -1,0 +1,68 @@
+#include "../tools/DisplayListMarkdown.h"
+#include "displaylist/CommandTable.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+using namespace kivemu;
+
+TEST(CommandTable, everyOpcodeHasOneRowThatIsFoundByOpcodeAndName)
+{
+    std::set<EOpcode> opcodes;
+    std::set<std::string> names;
+    for (const SCommand &command : commandTable()) {
+        EXPECT_TRUE(opcodes.insert(command.opcode).second) << command.name;
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
+        EXPECT_EQ(findCommand(static_cast<uint8_t>(command.opcode)), &command);
+        EXPECT_EQ(findCommand(command.name), &command);
+    }
+    for (const int opcode :
+         {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x10, 0x11, 0x12, 0x13,
+          0x14, 0x15, 0x16, 0x17, 0x18, 0x19, 0x1A, 0x20, 0x21, 0x22, 0x23, 0x24, 0x25})
+        EXPECT_EQ(opcodes.count(static_cast<EOpcode>(opcode)), 1U) << opcode;
+    EXPECT_EQ(opcodes.size(), 27U);
+    EXPECT_EQ(findCommand(uint8_t{0x0A}), nullptr);
+    EXPECT_EQ(findCommand("NOTHING"), nullptr);
+}
+
+TEST(CommandTable, rowsAreConsistent)
+{
+    for (const SCommand &command : commandTable()) {
+        size_t arguments = 0;
+        size_t headerOperands = 0;
+        for (const EOperand operand : command.operands) {
+            arguments += isPairOperand(operand) ? 2 : 1;
+            headerOperands += isWordOperand(operand) ? 0 : 1;
+        }
+        EXPECT_EQ(command.names.size(), arguments) << command.name;
+        EXPECT_LE(headerOperands, 1U) << command.name;
+        EXPECT_EQ(command.hasHeaderOperand(), headerOperands == 1) << command.name;
+        EXPECT_EQ(command.headerMax > 0, headerOperands == 1) << command.name;
+        EXPECT_LE(command.headerMax, HeaderOperandMask) << command.name;
+    }
+}
+
+TEST(CommandTable, listLengthCutsAtTheFirstEndThatIsACommand)
+{
+    const uint32_t item = headerWord(EOpcode::Item, 0);
+    // The id 0 looks like END but is the operand of ITEM.
+    const std::vector<uint32_t> words = {item, 0, headerWord(EOpcode::Save, 0), 0, item, 7, 0};
+    EXPECT_EQ(listLength(words.data(), words.size()), 4U);
+    EXPECT_EQ(listLength(words.data() + 4, 3), 3U);
+    EXPECT_EQ(listLength(words.data(), 3), 3U) << "no END";
+    EXPECT_EQ(listLength(words.data(), 1), 1U) << "operands missing";
+    EXPECT_EQ(listLength(words.data(), 0), 0U);
+}
+
+TEST(CommandTable, theDocumentationIsUpToDate)
+{
+    const char *source = std::getenv("KIV_SOURCE_DIR");
+    ASSERT_NE(source, nullptr) << "run by ctest";
+    std::ifstream file(std::string(source) + "/docs/display-list.md", std::ios::binary);
+    const std::string page((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(page, displayListMarkdown()) << "run displaylist-doc > docs/display-list.md";
+}

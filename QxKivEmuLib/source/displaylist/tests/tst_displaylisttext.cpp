@@ -1,0 +1,158 @@
+#include "displaylist/CommandTable.h"
+#include "displaylist/DisplayListText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+using namespace kivemu;
+
+namespace {
+
+std::string text(const std::vector<uint32_t> &words)
+{
+    return disassemble(words.data(), words.size());
+}
+
+void expectLossless(const std::vector<uint32_t> &words)
+{
+    const std::vector<uint8_t> bytes = toBytes(words);
+    ASSERT_EQ(fromBytes(bytes.data(), bytes.size()), words);
+    const std::string form = text(words);
+    std::string error;
+    const auto back = assemble(form, &error);
+    ASSERT_TRUE(back) << error << "\n" << form;
+    ASSERT_EQ(*back, words) << form;
+    // The form that exported files have.
+    std::string lines;
+    for (const char c : form)
+        lines += c == ';' ? ";\n" : std::string(1, c);
+    ASSERT_EQ(assemble(lines, &error), words) << error;
+}
+
+} // namespace
+
+TEST(DisplayListText, knownForms)
+{
+    const struct
+    {
+        std::vector<uint32_t> words;
+        const char *text;
+    } cases[] = {
+        {{0x00000000}, "END();"},
+        {{0x01102030}, "CLEAR(0x102030);"},
+        {{0x02FF8000}, "COLOR(0xff8000);"},
+        {{0x03000080}, "ALPHA(128);"},
+        {{0x09000000, 0xFFFFFFFF}, "ITEM(4294967295);"},
+        {{0x10000050, 0xFFF00010}, "DISC(16, -16, 80);"},
+        {{0x06000000, 0x00020001, 0xFFFF8000}, "SCISSOR(1, 2, 32768, 65535);"},
+        {{0x17000001, 0x00080008, 0x00000100, 0xA6001680}, "ARC(8, 8, 256, 5760, -23040, 1);"},
+        {{0x18000000, 0, 0x00100020, 0x16800004, 0xFF000001, 0x80FFFFFF},
+         "GRADIENT(0, 0, 32, 16, 4, 5760, 0xff000001, 0x80ffffff);"},
+        {{0x1A434241}, "CHARS(\"ABC\");"},
+        {{0x1A3B225C}, "CHARS(\"\\x5c\\x22\\x3b\");"},
+        {{0x1AE90041}, "CHARS(\"A\\x00\\xe9\");"},
+        {{0x1A000000}, "CHARS(\"\");"},
+        {{0x20000007, 0x00010000}, "BITMAP_SOURCE(7, 65536);"},
+        {{0x23000000, 0x00010000, 0, 0x80000000, 0, 0xFFFF0000, 5},
+         "BITMAP_TRANSFORM(65536, 0, -2147483648, 0, -65536, 5);"},
+        {{0xFF000001}, "WORD(0xff000001);"},
+        {{0x07000001}, "WORD(0x07000001);"}, // SAVE has no operand
+        {{0x09000001, 5}, "WORD(0x09000001);WORD(0x00000005);"},
+        {{0x11000000, 0x07000000}, "WORD(0x11000000);WORD(0x07000000);"}, // an operand is missing
+    };
+    for (const auto &one : cases) {
+        EXPECT_EQ(text(one.words), one.text);
+        EXPECT_EQ(assemble(one.text, nullptr), one.words) << one.text;
+    }
+}
+
+TEST(DisplayListText, bytesAreLittleEndian)
+{
+    EXPECT_EQ(toBytes({0x01020304}), (std::vector<uint8_t>{4, 3, 2, 1}));
+    const uint8_t bytes[] = {4, 3, 2, 1, 9, 9, 9};
+    EXPECT_EQ(fromBytes(bytes, sizeof bytes), (std::vector<uint32_t>{0x01020304}));
+}
+
+TEST(DisplayListText, anyWordsSurviveText)
+{
+    std::mt19937 random(1);
+    const auto &table = commandTable();
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<uint32_t> words(random() % 40);
+        for (uint32_t &word : words) {
+            word = static_cast<uint32_t>(random());
+            // Mostly known opcodes, half of them without stray header bits.
+            if (random() % 4 != 0)
+                word = headerWord(table[random() % table.size()].opcode, word >> (random() % 32));
+        }
+        expectLossless(words);
+    }
+}
+
+TEST(DisplayListText, everyHeaderOfEveryOpcodeSurvives)
+{
+    for (uint32_t opcode = 0; opcode < 256; ++opcode) {
+        for (const uint32_t operand : {0U, 1U, 0xFFU, 0x100U, 0x5C223BU, 0xFFFFFFU}) {
+            const std::vector<uint32_t> words = {
+                opcode << 24 | operand, 0x80007FFF, 0xFFFFFFFF, 1, 2, 3, 4, 5};
+            expectLossless(words);
+        }
+    }
+}
+
+TEST(DisplayListText, semicolonsStandOnlyBehindCommands)
+{
+    std::vector<uint32_t> words;
+    for (uint32_t c = 0; c < 256; ++c)
+        words.push_back(headerWord(EOpcode::Chars, c | c << 8 | c << 16));
+    const std::string form = text(words);
+    EXPECT_EQ(std::count(form.begin(), form.end(), ';'), 256);
+    for (const char c : form)
+        EXPECT_TRUE(c >= 0x20 && c < 0x7F) << static_cast<int>(c);
+}
+
+TEST(DisplayListText, blanksAndHexadecimalAreAccepted)
+{
+    EXPECT_EQ(assemble(" DISC ( 0x10 ,\t-0x10 ,\n80 ) ;\r\n", nullptr),
+              (std::vector<uint32_t>{0x10000050, 0xFFF00010}));
+    EXPECT_EQ(assemble(" \n", nullptr), std::vector<uint32_t>{});
+}
+
+TEST(DisplayListText, malformedTextIsRefusedWithItsLine)
+{
+    const struct
+    {
+        const char *text;
+        const char *error;
+    } cases[] = {
+        {"NOTHING();", "line 1: unknown command NOTHING"},
+        {"END();\n\n;", "line 3: a command's name is expected"},
+        {"END()", "line 1: \";\" is expected"},
+        {"END(1);", "line 1: \")\" is expected"},
+        {"END;", "line 1: \"(\" is expected"},
+        {"DISC(1, 2);", "line 1: \",\" is expected"},
+        {"DISC(1, 2, -1);", "line 1: a number from 0 to 16777215 is expected"},
+        {"DISC(32768, 0, 1);", "line 1: a number from -32768 to 32767 is expected"},
+        {"SCISSOR(0, 0, 65536, 1);", "line 1: a number from 0 to 65535 is expected"},
+        {"BITMAP_TRANSFORM(2147483648",
+         "line 1: a number from -2147483648 to 2147483647 is expected"},
+        {"WORD(99999999999999999999);", "line 1: the number is too large"},
+        {"ITEM();", "line 1: a number is expected"},
+        {"ITEM(0x);", "line 1: a number is expected"},
+        {"CHARS(\"abcd\");", "line 1: at most three characters are expected"},
+        {"CHARS(abc);", "line 1: \"\"\" is expected"},
+        {"CHARS(\"a",
+         "line 1: the text is not closed or has a character that must be written \\xNN"},
+        {"CHARS(\"a\n\");",
+         "line 1: the text is not closed or has a character that must be written \\xNN"},
+        {"CHARS(\"\\x5\");", "line 1: \\ must be followed by x and two hexadecimal digits"},
+        {"CHARS(\"\\x", "line 1: \\ must be followed by x and two hexadecimal digits"},
+    };
+    for (const auto &one : cases) {
+        std::string error;
+        EXPECT_FALSE(assemble(one.text, &error)) << one.text;
+        EXPECT_EQ(error, one.error) << one.text;
+    }
+}

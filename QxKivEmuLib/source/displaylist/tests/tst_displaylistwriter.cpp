@@ -1,0 +1,217 @@
+#include "displaylist/CDisplayListWriter.h"
+#include "displaylist/DisplayListText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace kivemu;
+
+namespace {
+
+constexpr size_t Plenty = 32768;
+
+std::string text(const CDisplayListWriter &writer)
+{
+    return disassemble(writer.words().data(), writer.words().size());
+}
+
+} // namespace
+
+TEST(DisplayListWriter, everyCommandHasItsEncoding)
+{
+    CDisplayListWriter writer(Plenty);
+    writer.clear(0xFF101112);
+    writer.item(7);
+    writer.setScissor(1, 2, 30, 40);
+    writer.setColour(0x80FF0000);
+    writer.setBlend(false);
+    writer.setLineWidth(24);
+    writer.disc({16, -32}, 80);
+    writer.line({0, 1}, {2, 3});
+    writer.fillRect({4, 5}, {60, 70}, 8);
+    writer.strokeRect({4, 5}, {60, 70}, 9);
+    const SPoint points[] = {{1, 2}, {3, 4}};
+    writer.polyline(points, 2, true);
+    writer.polygon(points, 2);
+    writer.arc({8, 9}, 100, -64, -128, EArcCaps::Butt);
+    writer.gradient({0, 0}, {16, 32}, 4, 90 * 64, 0xFF000000, 0x80FFFFFF);
+    writer.text(20, {16, 320}, "Tank");
+    writer.finish();
+    EXPECT_EQ(text(writer),
+              "CLEAR(0x101112);ITEM(7);SCISSOR(1, 2, 30, 40);COLOR(0xff0000);ALPHA(128);BLEND(0);"
+              "LINE_WIDTH(24);DISC(16, -32, 80);LINE(0, 1, 2, 3);FILL_RECT(4, 5, 60, 70, 8);"
+              "STROKE_RECT(4, 5, 60, 70, 9);VERTEX(1, 2);VERTEX(3, 4);POLYLINE(1);VERTEX(1, 2);"
+              "VERTEX(3, 4);POLYGON();ARC(8, 9, 100, 22976, -128, 1);"
+              "GRADIENT(0, 0, 16, 32, 4, 5760, 0xff000000, 0x80ffffff);TEXT(16, 320, 20);"
+              "CHARS(\"Tan\");CHARS(\"k\");END();");
+    EXPECT_EQ(writer.bytesUsed(), writer.bytesWanted());
+    EXPECT_FALSE(writer.overflowItem());
+}
+
+TEST(DisplayListWriter, whatHoldsAlreadyAddsNothing)
+{
+    CDisplayListWriter writer(Plenty);
+    writer.setColour(0xFFFFFFFF); // the chip's own start
+    writer.setBlend(true);
+    writer.setLineWidth(16);
+    EXPECT_EQ(text(writer), "");
+    writer.setColour(0xFF00FF00);
+    writer.setColour(0x4000FF00);
+    writer.setColour(0x4000FF00);
+    EXPECT_EQ(text(writer), "COLOR(0x00ff00);ALPHA(64);");
+    writer.item(3);
+    writer.item(3);
+    EXPECT_EQ(text(writer), "COLOR(0x00ff00);ALPHA(64);ITEM(3);");
+}
+
+TEST(DisplayListWriter, rememberedStateFollowsSaveAndRestore)
+{
+    CDisplayListWriter writer(Plenty);
+    writer.setColour(0xFF000001);
+    writer.save();
+    writer.setColour(0x10000002);
+    writer.setBlend(false);
+    writer.setLineWidth(5);
+    writer.restore();
+    writer.setColour(0xFF000001); // already back
+    writer.setBlend(true);
+    writer.setLineWidth(16);
+    writer.setColour(0xFF000002); // only the colour differs
+    EXPECT_EQ(text(writer), "COLOR(0x000001);SAVE();COLOR(0x000002);ALPHA(16);BLEND(0);"
+                            "LINE_WIDTH(5);RESTORE();COLOR(0x000002);");
+}
+
+TEST(DisplayListWriter, savesAreCounted)
+{
+    CDisplayListWriter writer(Plenty);
+    EXPECT_FALSE(writer.restore());
+    for (size_t i = 0; i < MaxSavedStates; ++i)
+        EXPECT_TRUE(writer.save());
+    EXPECT_FALSE(writer.save());
+    EXPECT_EQ(writer.words().size(), MaxSavedStates);
+    EXPECT_TRUE(writer.restore());
+    EXPECT_TRUE(writer.save());
+}
+
+TEST(DisplayListWriter, nothingWrapsAround)
+{
+    CDisplayListWriter writer(Plenty);
+    writer.setLineWidth(-5);
+    writer.setLineWidth(70000);
+    writer.disc({40000, -40000}, 70000);
+    writer.disc({0, 0}, -1);
+    writer.line({INT32_MIN, INT32_MAX}, {32768, -32769});
+    // The right edge, 1000 sixteenths inside, stays; the size alone would end elsewhere.
+    writer.fillRect({-40000, 0}, {41000, 70000}, 70000);
+    writer.fillRect({INT32_MIN, INT32_MAX}, {INT32_MAX, INT32_MAX}, INT32_MAX);
+    writer.fillRect({0, 0}, {-1, -1}, 0);
+    writer.arc({0, 0}, 70000, 23040 + 5, 99999, EArcCaps::Round);
+    writer.text(70000, {99999, 0}, "a");
+    EXPECT_EQ(text(writer),
+              "LINE_WIDTH(0);LINE_WIDTH(65535);DISC(32767, -32768, 65535);DISC(0, 0, 0);"
+              "LINE(-32768, 32767, 32767, -32768);FILL_RECT(-32768, 0, 33768, 65535, 65535);"
+              "FILL_RECT(-32768, 32767, 32767, 65535, 65535);FILL_RECT(0, 0, 0, 0, 0);"
+              "ARC(0, 0, 65535, 5, 23040, 0);TEXT(32767, 0, 255);CHARS(\"a\");");
+}
+
+TEST(DisplayListWriter, zeroBytesOfATextAreLeftOut)
+{
+    CDisplayListWriter writer(Plenty);
+    writer.text(16, {0, 0}, std::string_view("a\0bcd\0", 6));
+    writer.text(16, {0, 0}, std::string_view("\0\0", 2));
+    writer.text(16, {0, 0}, "");
+    EXPECT_EQ(text(writer), "TEXT(0, 0, 16);CHARS(\"abc\");CHARS(\"d\");");
+}
+
+TEST(DisplayListWriter, bitmapsRepeatOnlyWhatDiffers)
+{
+    CDisplayListWriter writer(Plenty);
+    CDisplayListWriter::SBitmapSource source{4096, 7, 128, 64, 32, 0};
+    SBitmapPlacement place;
+    place.topLeft = {160, 320};
+    place.size = {1024, 512};
+    writer.bitmap(source, place);
+    const std::string first = text(writer);
+    EXPECT_EQ(first, "BITMAP_SOURCE(7, 4096);BITMAP_LAYOUT(128, 64, 32);"
+                     "BITMAP(160, 320, 1024, 512);");
+    source.format = 14;
+    source.palette = 256;
+    place.a = 32768;
+    place.filter = EBitmapFilter::Bilinear;
+    place.wrapY = EBitmapWrap::Repeat;
+    writer.bitmap(source, place);
+    writer.bitmap(source, place);
+    EXPECT_EQ(text(writer), first + "BITMAP_SOURCE(14, 4096);BITMAP_PALETTE(256);BITMAP_MODE(5);"
+                                    "BITMAP_TRANSFORM(32768, 0, 0, 0, 65536, 0);"
+                                    "BITMAP(160, 320, 1024, 512);BITMAP(160, 320, 1024, 512);");
+}
+
+TEST(DisplayListWriter, aCutBitmapKeepsItsTexelsInPlace)
+{
+    CDisplayListWriter writer(Plenty);
+    SBitmapPlacement place;
+    place.topLeft = {-32768 - 160, 0}; // ten pixels too far left
+    place.size = {40000, 16};
+    place.wrapX = EBitmapWrap::Repeat;
+    writer.bitmap({0, 7, 128, 64, 32, 0}, place);
+    EXPECT_EQ(text(writer), "BITMAP_SOURCE(7, 0);BITMAP_LAYOUT(128, 64, 32);BITMAP_MODE(2);"
+                            "BITMAP_TRANSFORM(65536, 0, 655360, 0, 65536, 0);"
+                            "BITMAP(-32768, 0, 39840, 16);");
+}
+
+// Every size of memory: the list never exceeds it, ends with END, has whole commands, and is the
+// longest beginning of the full list that fits.
+TEST(DisplayListWriter, whateverTheLimitTheListIsWholeAndFits)
+{
+    const auto write = [](CDisplayListWriter &writer) {
+        const SPoint points[] = {{0, 0}, {16, 16}, {32, 0}};
+        writer.clear(0);
+        writer.item(5);
+        writer.polygon(points, 3);
+        writer.item(9);
+        writer.text(20, {0, 0}, "ABCDEFG");
+        writer.bitmap({0, 7, 128, 64, 32, 0}, {});
+        writer.line({0, 0}, {1, 1});
+        writer.finish();
+    };
+    CDisplayListWriter whole(Plenty);
+    write(whole);
+    ASSERT_EQ(whole.words().size(), 29U);
+    const auto &all = whole.words();
+
+    // Behind each unit: words so far, without END.
+    const size_t ends[] = {0, 1, 3, 10, 12, 17, 25, 28};
+    for (size_t limit = 1; limit <= 29; ++limit) {
+        CDisplayListWriter writer(limit * 4);
+        write(writer);
+        const auto &words = writer.words();
+        size_t expected = 0;
+        for (const size_t end : ends)
+            expected = end + 1 <= limit ? end : expected;
+        ASSERT_EQ(words.size(), expected + 1) << limit;
+        EXPECT_EQ(words.back(), 0U);
+        EXPECT_TRUE(std::equal(words.begin(), words.end() - 1, all.begin()));
+        EXPECT_EQ(writer.bytesWanted(), 29U * 4);
+        EXPECT_EQ(writer.overflowItem().has_value(), limit < 29);
+    }
+}
+
+TEST(DisplayListWriter, theFirstItemThatDidNotFitIsNamed)
+{
+    const auto overflow = [](size_t words) {
+        CDisplayListWriter writer(words * 4);
+        writer.clear(0);
+        writer.item(5);
+        writer.disc({0, 0}, 16);
+        writer.item(9);
+        writer.disc({0, 0}, 16);
+        writer.finish();
+        return writer.overflowItem();
+    };
+    EXPECT_EQ(overflow(1), 0U) << "before the first item";
+    EXPECT_EQ(overflow(2), 5U) << "its tag";
+    EXPECT_EQ(overflow(4), 5U) << "its disc";
+    EXPECT_EQ(overflow(6), 9U);
+    EXPECT_EQ(overflow(10), std::nullopt);
+}
