@@ -3,6 +3,7 @@
 #include "PixelCodes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kivtools {
@@ -14,11 +15,11 @@ class CErrorDiffusion
 {
 public:
     CErrorDiffusion(int width, int bits)
-        : m_highest((1 << bits) - 1),
-          m_here(static_cast<size_t>(width) + 2),
-          m_below(static_cast<size_t>(width) + 2)
+        : m_here(static_cast<size_t>(width) + 2), m_below(static_cast<size_t>(width) + 2)
     {
-        for (int code = 0; code <= m_highest; ++code)
+        for (int value = 0; value < 256; ++value)
+            m_codes[static_cast<size_t>(value)] = static_cast<uint8_t>(valueToCode(value, bits));
+        for (int code = 0; code < 1 << bits; ++code)
             m_values.push_back(static_cast<float>(codeToValue(code, bits)));
     }
 
@@ -38,9 +39,8 @@ private:
     uint8_t pixel(size_t slot, uint8_t value, uint8_t visible)
     {
         const float wanted = static_cast<float>(value) + (visible ? m_here[slot] : 0.0F);
-        const auto highest = static_cast<float>(m_highest);
-        const auto code =
-            static_cast<size_t>(std::lround(std::clamp(wanted * highest / 255.0F, 0.0F, highest)));
+        const float reachable = std::clamp(wanted, 0.0F, 255.0F);
+        const uint8_t code = m_codes[static_cast<size_t>(std::lround(reachable))];
         // Floyd and Steinberg's shares: 7 ahead, 3, 5 and 1 below.
         const float error = (wanted - m_values[code]) * static_cast<float>(visible) / (255.0F * 16);
         const size_t ahead = m_forward ? slot + 1 : slot - 1;
@@ -49,13 +49,13 @@ private:
         m_below[behind] += error * 3;
         m_below[slot] += error * 5;
         m_below[ahead] += error;
-        return static_cast<uint8_t>(code);
+        return code;
     }
 
-    int m_highest;
     bool m_forward = true;
-    std::vector<float> m_values; ///< what each code shows
-    std::vector<float> m_here;   ///< errors handed to this row, with one slot more on either side
+    std::array<uint8_t, 256> m_codes; ///< nearest code of each value
+    std::vector<float> m_values;      ///< what each code shows
+    std::vector<float> m_here; ///< errors handed to this row, with one slot more on either side
     std::vector<float> m_below;
 };
 

@@ -6,18 +6,24 @@
 
 namespace kivtools {
 
-/// The 8-bit value that the chip shows for a code of so many bits: 0 and the highest code stand
-/// for 0 and 255, the others lie evenly between.
+/// The 8-bit value that the chip shows for a code of so many bits (1 to 8): the code's bits
+/// repeated, so that 0 and the highest code stand for 0 and 255 and the others lie evenly between.
 constexpr int codeToValue(int code, int bits)
 {
-    const int highest = (1 << bits) - 1;
-    return (code * 255 * 2 + highest) / (highest * 2);
+    int value = 0;
+    for (int shift = 8 - bits; shift > -bits; shift -= bits)
+        value |= shift >= 0 ? code << shift : code >> -shift;
+    return value;
 }
 
 /// The code whose value is nearest.
 constexpr int valueToCode(int value, int bits)
 {
-    return (value * ((1 << bits) - 1) * 2 + 255) / (255 * 2);
+    const int highest = (1 << bits) - 1;
+    int code = value * highest / 255; // right or one too low: the values are not quite even
+    if (code < highest && codeToValue(code + 1, bits) - value <= value - codeToValue(code, bits))
+        ++code;
+    return code;
 }
 
 /// A pixel laid over black: what formats without alpha keep of it.
