@@ -12,7 +12,7 @@ local sin, cos, rad = math.sin, math.cos, math.rad
 local color, disc, line, arc, text = color, disc, line, arc, text
 local fill_rect, stroke_rect, line_width = fill_rect, stroke_rect, line_width
 local polyline, polygon, text_fit, text_width = polyline, polygon, text_fit, text_width
-local save, restore, mix = save, restore, mix
+local mix = mix
 
 -- The colours that the library's defaults are taken from.
 palette = {
@@ -39,12 +39,7 @@ function render(screen, items)
     clear("#000000")
   end
   for i = 1, #items do
-    local item = items[i]
-    if item.kind ~= "group" then
-      save()
-      draw_item(item)
-      restore()
-    end
+    draw_item(items[i])
   end
 end
 
@@ -132,6 +127,11 @@ function tone(c, enabled)
 end
 local tone = tone
 
+-- The colour of a text or mark on a part that may be disabled.
+function ink(c, enabled)
+  return enabled == 0 and mix(palette.muted, DISABLED, 0.4) or c
+end
+
 -- The colour of a face that may be pressed.
 function face_tone(c, pressed, enabled)
   if enabled == 0 then
@@ -168,6 +168,14 @@ function font_within(font, h)
 end
 local font_within = font_within
 
+-- Where the baseline of a line stands in a box: centred on the capitals where there is room, moved
+-- inwards in a tight box.
+local function baseline(font, y, h)
+  local base = floor(y + (h + CAP[font]) / 2 + 0.5)
+  local descent = HEIGHT[font] - ASCENT[font]
+  return max(min(base, floor(y + h) - descent), y + ASCENT[font])
+end
+
 -- One line of text in a box, on the middle of its capitals, cut with an ellipsis.
 -- halign is "left", "center" or "right". Gives the right end of what was drawn.
 function label(s, x, y, w, h, font, c, halign)
@@ -175,14 +183,12 @@ function label(s, x, y, w, h, font, c, halign)
   if not font then
     return x
   end
+  local whole = s
   s = text_fit(font, s, w)
-  if s == "" then
+  if s == "" or s == "..." and whole ~= s then
     return x
   end
-  -- Centred on the capitals where there is room; a tight box moves the baseline inwards.
-  local base = floor(y + (h + CAP[font]) / 2 + 0.5)
-  local descent = HEIGHT[font] - ASCENT[font]
-  base = max(min(base, floor(y + h) - descent), y + ASCENT[font])
+  local base = baseline(font, y, h)
   color(c)
   if halign == "center" then
     text(x + w / 2, base, font, s, "center")
@@ -195,13 +201,24 @@ function label(s, x, y, w, h, font, c, halign)
 end
 local label = label
 
--- A figure with its unit behind it on the same baseline, in a font and colour of its own. The unit
--- is left out when there is no room for both.
+-- The font, or the largest smaller one of its family in which a text is at most w wide; the
+-- smallest when none is.
+local function font_across(font, s, w)
+  local smallest = font < 20 and 16 or font < 26 and 20 or 26
+  while font > smallest and text_width(font, s) > w do
+    font = font - 1
+  end
+  return font
+end
+
+-- A figure with its unit behind it on the same baseline, in a font and colour of its own. A figure
+-- without room gets a smaller font, since a cut one would lie; the unit is left out instead.
 function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
   font = s ~= "" and w >= 4 and font_within(font, h)
   if not font then
     return
   end
+  font = font_across(font, s, w)
   unit_font = unit ~= "" and font_within(min(rom_font(unit_font), font < 26 and 34 or font), h)
   local gap = CAP[font] >= 24 and 5 or 3
   local figure_w = text_width(font, s)
@@ -217,8 +234,7 @@ function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
   elseif halign == "right" then
     left = round(x + w - figure_w - unit_w)
   end
-  local base = floor(y + (h + CAP[font]) / 2 + 0.5)
-  base = max(min(base, floor(y + h) - HEIGHT[font] + ASCENT[font]), y + ASCENT[font])
+  local base = baseline(font, y, h)
   color(c)
   text(left, base, font, s)
   if unit_w > 0 then
@@ -328,9 +344,10 @@ function ring_arc(x, y, radius, thickness, start, sweep, c, butt)
   if thickness <= 0 or sweep == 0 then
     return
   end
+  butt = butt or abs(sweep) >= 360 or thickness > radius * 0.6 -- round ends would meet
   color(c)
   line_width(thickness)
-  arc(x, y, radius - thickness / 2, start, sweep, (butt or abs(sweep) >= 360) and "butt" or "round")
+  arc(x, y, radius - thickness / 2, start, sweep, butt and "butt" or "round")
 end
 
 -- The point at an angle and a distance from a centre.
@@ -399,23 +416,33 @@ function clock_hand(x, y, angle, length, width, c, tail)
   line(x0, y0, x1, y1)
 end
 
--- The figures of a gauge's major ticks, about a circle of radius r.
-function gauge_figures(x, y, r, start, sweep, count, low, high, decimals, font, c)
+-- The figures of a gauge's major ticks: inside a circle of radius r, or outside of it.
+function gauge_figures(x, y, r, outside, start, sweep, count, low, high, decimals, font, c)
   if r < 8 then
     return
   end
   font = rom_font(font)
   count = clamp(count, 1, 50)
   local last = abs(sweep) >= 360 and count - 1 or count
-  local step = max(floor(count * 26 / max(rad(abs(sweep)) * r, 1)) + 1, 1) -- skip what would overlap
+  local row = HEIGHT[font]
+  local apart = max(row, text_width(font, decimal(high, decimals))) + 8
+  local step = floor(count * apart / max(rad(abs(sweep)) * r, 1)) + 1 -- skips what would crowd
+  local side = outside and 1 or -1
   for i = 0, last, step do
     local figure = decimal(low + (high - low) * i / count, decimals)
     local a = rad(start + sweep * i / count)
-    -- A wide figure moves inwards, so that its outer corner keeps the distance of a narrow one.
-    local over = max(text_width(font, figure) - HEIGHT[font], 0) / 2
-    local fx, fy = x + (r - over * abs(cos(a))) * cos(a), y + r * sin(a)
-    label(figure, fx - 24, floor(fy - HEIGHT[font] / 2), 48, HEIGHT[font], font, c, "center")
+    -- A wide figure stands off further at the sides, so that its corner keeps the same distance.
+    local wide = text_width(font, figure)
+    local off = r + side * (row / 2 + max(wide - row, 0) / 2 * abs(cos(a)))
+    label(figure, x + off * cos(a) - wide / 2 - 1, floor(y + off * sin(a) - row / 2), wide + 2, row, font, c, "center")
   end
+end
+
+-- Room that the figures of a gauge need beside it.
+function gauge_margin(low, high, decimals, font)
+  font = rom_font(font)
+  local wide = max(text_width(font, decimal(low, decimals)), text_width(font, decimal(high, decimals)))
+  return max(wide, HEIGHT[font]) + 3
 end
 
 -- The head of an arrow whose tip is at x2, y2.
@@ -433,6 +460,23 @@ function placed_points(list, x, y)
     points[i], points[i + 1] = points[i] + x, points[i + 1] + y
   end
   return points
+end
+
+-- A filled flash with an edge that sets it off from what is behind.
+function flash(x, y, size, c, edge)
+  if size < 6 then
+    return
+  end
+  local s = size / 24
+  local points = { 13.2, 3, 5.5, 13.6, 11.4, 13.6, 10.6, 21, 18.5, 10.2, 12.5, 10.2 }
+  for i = 1, #points, 2 do
+    points[i], points[i + 1] = x + (points[i] - 12) * s, y + (points[i + 1] - 12) * s
+  end
+  color(edge)
+  line_width(clamp(4 * s, 1, 6))
+  polyline(points, true)
+  color(c)
+  polygon(points)
 end
 
 -- Turns what follows about the middle of a box when the angle asks for it.
@@ -603,11 +647,11 @@ function symbol_and_text(name, s, x, y, w, h, font, c)
 end
 
 -- The face of a button in one of its styles; gives the colour of what stands on it.
-function button_face(style, x, y, w, h, r, fill, ink, pressed, enabled)
+function button_face(style, x, y, w, h, r, fill, text_c, pressed, enabled)
   local face = face_tone(fill, pressed, enabled)
   if style == "filled" then
     panel(x, y, w, h, r, face)
-    return enabled == 0 and palette.muted or ink
+    return enabled == 0 and palette.muted or text_c
   end
   local c = enabled == 0 and mix(fill, DISABLED, 0.5) or fill
   if style == "tonal" or pressed ~= 0 then
@@ -691,13 +735,14 @@ end
 
 -- Charts ----------------------------------------------------------------------------------------
 
--- The limits that a chart uses: its own, or those of the values when its own are equal.
-function chart_limits(values, low, high)
+-- The limits that a chart uses: its own, or those of the values (and of `base`) when its own are
+-- equal.
+function chart_limits(values, low, high, base)
   low, high = number(low), number(high)
   if low ~= high then
     return low, high
   end
-  low, high = huge, -huge
+  low, high = base or huge, base or -huge
   for i = 1, #values do
     low, high = min(low, values[i]), max(high, values[i])
   end
@@ -838,11 +883,11 @@ end
 
 -- Images ----------------------------------------------------------------------------------------
 
--- Where a converted image lies: <folder>/<base name>_<FORMAT>.raw for the general formats; with the
--- base name alone for those that have a folder of their own.
-function asset_path(folder, basename, format)
-  local own_folder = format == "DXT1" or format:sub(1, 8) == "PALETTED"
-  local file = own_folder and basename .. ".raw" or basename .. "_" .. format .. ".raw"
+-- The file of an image: <folder>/<base name>_<FORMAT>.raw when it was converted. Raw files and
+-- media were only copied (`suffix`, or no format) and keep their names.
+function asset_path(folder, basename, format, suffix)
+  local as_is = suffix == "raw" or not format
+  local file = basename .. (as_is and "." .. suffix or "_" .. format .. ".raw")
   return folder == "" and file or folder .. "/" .. file
 end
 
