@@ -1,0 +1,493 @@
+#include "CItemModel.h"
+
+#include "CProjectModel.h"
+#include "CWidgetGroupModel.h"
+#include "CWidgetModel.h"
+#include "PropertyKey.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+/// What an item derives from a property of its own.
+enum class Derived {
+    Nothing,
+    Name,
+    Id,
+    X,
+    Y,
+    X2,
+    Y2,
+    Width,
+    Height,
+    Radius,
+    PointSize,
+    Angle,
+    PointList,
+    Resizeable,
+    HeightFromFont,
+    Font,
+    Locked,
+};
+
+Derived derivedFrom(const QString &name)
+{
+    static const QHash<QString, Derived> table = {
+        {PropertyKey::Name, Derived::Name},
+        {PropertyKey::Id, Derived::Id},
+        {PropertyKey::X, Derived::X},
+        {PropertyKey::ShortX, Derived::X},
+        {PropertyKey::Y, Derived::Y},
+        {PropertyKey::ShortY, Derived::Y},
+        {PropertyKey::X2, Derived::X2},
+        {PropertyKey::Y2, Derived::Y2},
+        {PropertyKey::Width, Derived::Width},
+        {PropertyKey::Height, Derived::Height},
+        {PropertyKey::Radius, Derived::Radius},
+        {PropertyKey::PointSize, Derived::PointSize},
+        {PropertyKey::Angle, Derived::Angle},
+        {PropertyKey::PointList, Derived::PointList},
+        {PropertyKey::Resizeable, Derived::Resizeable},
+        {PropertyKey::HeightFromFont, Derived::HeightFromFont},
+        {PropertyKey::Font, Derived::Font},
+        {PropertyKey::Locked, Derived::Locked}};
+    return table.value(name, Derived::Nothing);
+}
+
+constexpr double PixelsOfPointSize = 0.0625;
+
+double numberOf(const QVariant &value)
+{
+    const double number = value.toDouble();
+    return std::isfinite(number) ? number : 0.0;
+}
+
+QString wholeNumberText(double value)
+{
+    return QString::number(roundedToInteger(value));
+}
+} // namespace
+
+CItemModel::CItemModel(Kind kind, const QString &typeName, const CWidgetLibraryModel *library,
+                       IPropertyChangeObserver *observer)
+    : m_library(library),
+      m_observer(observer),
+      m_typeName(typeName),
+      m_typeNameUtf8(typeName.toUtf8()),
+      m_kind(kind)
+{
+}
+
+CItemModel::~CItemModel() = default;
+
+const CItemModel *CItemModel::fromItem(const QStandardItem *item)
+{
+    const bool isModelItem =
+        item && item->type() > UserType && item->type() <= UserType + static_cast<int>(Kind::Group);
+    return isModelItem ? static_cast<const CItemModel *>(item) : nullptr;
+}
+
+CItemModel *CItemModel::fromItem(QStandardItem *item)
+{
+    return const_cast<CItemModel *>(fromItem(static_cast<const QStandardItem *>(item)));
+}
+
+CItemModel *CItemModel::clone() const
+{
+    CItemModel *copy = cloneEmpty();
+    copy->m_properties = m_properties;
+    copy->m_index.clear();
+    copy->m_idText = m_idText;
+    copy->m_idTextUtf8 = m_idTextUtf8;
+    copy->m_id = m_id;
+    copy->m_geometry = m_geometry;
+    copy->m_locked = m_locked;
+    copy->m_name = m_name;
+    copy->QStandardItem::setData(text(), Qt::DisplayRole);
+
+    QVector<CItemModel *> children;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (const CItemModel *member = childItem(row))
+            children.append(member->clone());
+    }
+    copy->appendChildren(children);
+    return copy;
+}
+
+void CItemModel::setData(const QVariant &value, int role)
+{
+    const bool isText = role == Qt::EditRole || role == Qt::DisplayRole;
+    if (isText && hasProperty(PropertyKey::Name) && value.toString() != m_name)
+        setProperty(PropertyKey::Name, value.toString());
+    else
+        QStandardItem::setData(value, role);
+}
+
+void CItemModel::addProperty(const CWidgetProperty &property)
+{
+    m_index.clear();
+    m_properties.insert(property.key(), property);
+    applyProperty(property.key(), property.value());
+}
+
+void CItemModel::setPropertySet(const PropertySet &properties)
+{
+    m_index.clear();
+    m_properties = properties;
+    const QVector<const CWidgetProperty *> ordered = savedProperties();
+    QStringList keys;
+    for (const CWidgetProperty *each : ordered)
+        keys.append(each->key());
+    for (const QString &key : qAsConst(keys)) // by name: applying one may change another
+        applyProperty(key, propertyValue(key));
+}
+
+void CItemModel::setProperties(const QVector<CWidgetProperty> &properties)
+{
+    for (const CWidgetProperty &property : properties)
+        addProperty(property);
+}
+
+void CItemModel::setProperty(const QString &name, const QVariant &value, Notify notify)
+{
+    QString key = name;
+    if (!hasProperty(key)) {
+        if (key == PropertyKey::ShortX)
+            key = PropertyKey::X;
+        else if (key == PropertyKey::ShortY)
+            key = PropertyKey::Y;
+    }
+
+    CWidgetProperty *property = findProperty(key);
+    if (property && (value.isValid() || isBuiltIn(key))) {
+        property->setValue(value);
+    } else if (property) {
+        m_index.clear();
+        m_properties.remove(key);
+    } else if (value.isValid() && !key.isEmpty()) {
+        CWidgetProperty added(key, PropertyType::String);
+        added.setValue(value);
+        m_index.clear();
+        m_properties.insert(key, added);
+    }
+    applyProperty(key, value);
+    if (notify == Notify::Yes && m_observer) // what is stored now, rounded where the item rounds
+        m_observer->onPropertyChanged(this, key, hasProperty(key) ? propertyValue(key) : value);
+}
+
+void CItemModel::setPropertyIfChanged(const QString &name, const QVariant &value, Notify notify)
+{
+    if (propertyValue(name) != value)
+        setProperty(name, value, notify);
+}
+
+QVariant CItemModel::propertyValue(const QString &name) const
+{
+    const auto it = m_properties.constFind(name);
+    return it == m_properties.constEnd() ? QVariant() : it->value();
+}
+
+QString CItemModel::propertyText(const QString &name) const
+{
+    const auto it = m_properties.constFind(name);
+    return it == m_properties.constEnd() ? QString() : it->text();
+}
+
+bool CItemModel::isDerivedFrom(const QString &name)
+{
+    return derivedFrom(name) != Derived::Nothing;
+}
+
+void CItemModel::applyProperty(const QString &name, const QVariant &value)
+{
+    switch (derivedFrom(name)) {
+    case Derived::Nothing:
+        break;
+    case Derived::Name:
+        m_name = value.toString();
+        QStandardItem::setData(m_name, Qt::DisplayRole);
+        break;
+    case Derived::Id:
+        m_id = value.toUInt();
+        m_idText = value.toString();
+        m_idTextUtf8 = m_idText.toUtf8();
+        break;
+    case Derived::X:
+        m_geometry.x = numberOf(value);
+        deriveTwoCorners();
+        break;
+    case Derived::Y:
+        m_geometry.y = numberOf(value);
+        deriveTwoCorners();
+        break;
+    case Derived::X2:
+        m_geometry.mode = GeometryMode::TwoCorners;
+        m_geometry.x2 = numberOf(value);
+        deriveTwoCorners();
+        break;
+    case Derived::Y2:
+        m_geometry.mode = GeometryMode::TwoCorners;
+        m_geometry.y2 = numberOf(value);
+        deriveTwoCorners();
+        break;
+    case Derived::Width:
+        setWidth(numberOf(value));
+        break;
+    case Derived::Height:
+        setHeight(numberOf(value));
+        break;
+    case Derived::Radius:
+        m_geometry.mode = GeometryMode::Radius;
+        setRadius(std::abs(numberOf(value)));
+        break;
+    case Derived::PointSize:
+        m_geometry.mode = GeometryMode::PointSize;
+        setRadius(std::abs(numberOf(value) * PixelsOfPointSize));
+        break;
+    case Derived::Angle:
+        setAngle(numberOf(value));
+        m_geometry.hasAngle = true;
+        break;
+    case Derived::PointList:
+        m_geometry.hasPointList = true;
+        break;
+    case Derived::Resizeable:
+        m_geometry.resizeable = value.toBool();
+        if (!m_geometry.resizeable) // sized like a radius item
+            m_geometry.mode = GeometryMode::Radius;
+        break;
+    case Derived::HeightFromFont:
+        m_geometry.heightFromFont = value.toBool();
+        break;
+    case Derived::Font:
+        m_geometry.fontHandle = value.toInt();
+        break;
+    case Derived::Locked:
+        m_locked = value.toBool();
+        break;
+    }
+}
+
+int CItemModel::propertyCount()
+{
+    return m_properties.size();
+}
+
+IModelProperty *CItemModel::property(int index)
+{
+    if (m_index.size() != m_properties.size()) {
+        m_index.clear();
+        m_index.reserve(m_properties.size());
+        for (CWidgetProperty &each : m_properties)
+            m_index.append(&each);
+    }
+    return m_index.at(index);
+}
+
+const char *CItemModel::renderCommands()
+{
+    return m_kind == Kind::Widget && m_library ? m_library->renderCommandsUtf8(m_typeName) : "";
+}
+
+QRectF CItemModel::bounds() const
+{
+    QRectF rect(x(), y(), width(), height());
+    if (m_kind == Kind::Group) {
+        rect = QRectF(); // empty members count by their position
+        for (int row = 0; row < rowCount(); ++row) {
+            const CItemModel *member = childItem(row);
+            if (!member)
+                continue;
+            const QRectF part = member->bounds();
+            if (rect.isNull())
+                rect = part;
+            rect.setCoords(std::min(rect.left(), part.left()), std::min(rect.top(), part.top()),
+                           std::max(rect.right(), part.right()),
+                           std::max(rect.bottom(), part.bottom()));
+        }
+    } else if (hasProperty(PropertyKey::Radius) || hasProperty(PropertyKey::PointSize)) {
+        rect.moveTo(x() - width() / 2, y() - height() / 2);
+    }
+    return rect.normalized();
+}
+
+void CItemModel::setRadius(double radius)
+{
+    if (m_geometry.mode != GeometryMode::Radius && m_geometry.mode != GeometryMode::PointSize)
+        return;
+    m_geometry.radius = radius;
+    m_geometry.width = 2 * radius;
+    m_geometry.height = 2 * radius;
+}
+
+/// A size in the modes in which width and height are one.
+void CItemModel::setRoundSize(double size)
+{
+    if (m_geometry.mode == GeometryMode::Radius) {
+        m_geometry.radius = std::abs(double(roundedToInteger(size * 0.5)));
+        writeBack(PropertyKey::Radius, wholeNumberText(m_geometry.radius), Notify::No);
+    } else {
+        m_geometry.radius = std::abs(double(roundedToInteger(size * 8)) * PixelsOfPointSize);
+        writeBack(PropertyKey::PointSize, wholeNumberText(m_geometry.radius / PixelsOfPointSize),
+                  Notify::No);
+    }
+    m_geometry.width = size; // the write-back has put the rounded size there
+    m_geometry.height = size;
+}
+
+void CItemModel::setWidth(double width)
+{
+    switch (m_geometry.mode) {
+    case GeometryMode::Radius:
+    case GeometryMode::PointSize:
+        setRoundSize(width);
+        break;
+    case GeometryMode::TwoCorners:
+        writeBack(PropertyKey::X2, wholeNumberText(x() + width), Notify::Yes);
+        m_geometry.width = width;
+        break;
+    case GeometryMode::Box:
+        writeBack(PropertyKey::Width, wholeNumberText(width), Notify::Yes);
+        m_geometry.width = width;
+        break;
+    }
+}
+
+void CItemModel::setHeight(double height)
+{
+    switch (m_geometry.mode) {
+    case GeometryMode::Radius:
+    case GeometryMode::PointSize:
+        setRoundSize(height);
+        break;
+    case GeometryMode::TwoCorners:
+        writeBack(PropertyKey::Y2, wholeNumberText(y() + height), Notify::Yes);
+        m_geometry.height = height;
+        break;
+    case GeometryMode::Box:
+        writeBack(PropertyKey::Height, wholeNumberText(height), Notify::Yes);
+        m_geometry.height = height;
+        break;
+    }
+}
+
+void CItemModel::setAngle(double degrees)
+{
+    m_geometry.angle = degrees;
+    writeBack(PropertyKey::Angle, degrees, Notify::No);
+}
+
+/// Stores a derived value in the property that defines it, if the item has that property.
+void CItemModel::writeBack(const QString &name, const QVariant &value, Notify notify)
+{
+    const auto it = m_properties.constFind(name);
+    if (it == m_properties.constEnd())
+        return;
+    // A document's text stays as it was written; only sizes given twice are made to agree.
+    const bool keepText = m_loading && (m_geometry.mode == GeometryMode::Box ||
+                                        it->propertyType() == PropertyType::String);
+    if (!keepText)
+        setPropertyIfChanged(name, value, notify);
+}
+
+void CItemModel::deriveTwoCorners()
+{
+    if (m_geometry.mode != GeometryMode::TwoCorners)
+        return;
+    m_geometry.width = m_geometry.x2 - m_geometry.x;
+    m_geometry.height = m_geometry.y2 - m_geometry.y;
+}
+
+void CItemModel::notifyGeometryChanged()
+{
+    if (m_observer)
+        m_observer->onGeometryChanged(this);
+}
+
+void CItemModel::setLocked(bool locked)
+{
+    m_locked = locked;
+    if (hasProperty(PropertyKey::Locked))
+        setProperty(PropertyKey::Locked, locked ? 1 : 0);
+}
+
+void CItemModel::setGrouped(bool grouped)
+{
+    m_grouped = grouped;
+    setSelectable(!grouped);
+}
+
+void CItemModel::setLibrary(const CWidgetLibraryModel *library)
+{
+    m_library = library;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (CItemModel *member = childItem(row))
+            member->setLibrary(library);
+    }
+}
+
+CProjectModel *CItemModel::project() const
+{
+    return dynamic_cast<CProjectModel *>(m_observer);
+}
+
+void CItemModel::load(const ItemAttributes &attributes)
+{
+    const QScopedValueRollback<bool> loading(m_loading, true);
+    takeAttributes(attributes);
+}
+
+QByteArray CItemModel::savedText(const CWidgetProperty &property) const
+{
+    const CProjectModel *owner = property.key() == PropertyKey::BitmapFolder ? project() : nullptr;
+    return owner ? owner->storedFolder(property.text()).toUtf8() : property.textUtf8();
+}
+
+CItemModel *CItemModel::makeChild(const QString &tag) const
+{
+    if (tag == TypeName::Group)
+        return new CWidgetGroupModel(m_library, m_observer);
+    return new CWidgetModel(tag, m_library, m_observer);
+}
+
+void CItemModel::appendChildren(const QVector<CItemModel *> &children)
+{
+    QList<QStandardItem *> rows;
+    rows.reserve(children.size());
+    for (CItemModel *each : children)
+        rows.append(each);
+    if (!rows.isEmpty())
+        appendRows(rows);
+}
+
+QVector<const CWidgetProperty *> CItemModel::orderedProperties(const QStringList &order) const
+{
+    QVector<const CWidgetProperty *> ordered;
+    ordered.reserve(m_properties.size());
+    for (const QString &key : order) {
+        const auto it = m_properties.constFind(key);
+        if (it != m_properties.constEnd())
+            ordered.append(&it.value());
+    }
+    if (ordered.size() == m_properties.size())
+        return ordered;
+
+    const int known = ordered.size();
+    for (const CWidgetProperty &each : m_properties) {
+        if (!order.contains(each.key()))
+            ordered.append(&each);
+    }
+    std::sort(
+        ordered.begin() + known, ordered.end(),
+        [](const CWidgetProperty *a, const CWidgetProperty *b) { return a->key() < b->key(); });
+    return ordered;
+}
+
+CWidgetProperty *CItemModel::findProperty(const QString &name)
+{
+    m_index.clear(); // finding for a change may move shared properties
+    const auto it = m_properties.find(name);
+    return it == m_properties.end() ? nullptr : &it.value();
+}

@@ -1,0 +1,181 @@
+#pragma once
+
+#include "CWidgetLibraryModel.h"
+#include "IModelItem.h"
+#include "ItemAttributes.h"
+#include "ItemGeometry.h"
+
+#include <QRectF>
+#include <QStandardItem>
+
+class CProjectModel;
+class IPropertyChangeObserver;
+
+/// One item of a project: a screen, a widget or a group of widgets. Holds its properties by name
+/// and keeps the geometry that follows from them in step.
+/// Changes: setProperty() is the one road for a change that is to be seen; it tells the observer,
+///          which is the project.
+/// Owns:    its properties and its child items. The library and the observer must live longer.
+/// Threads: the GUI thread only.
+class CItemModel : public QStandardItem, public IModelItem
+{
+public:
+    using PropertySet = CWidgetLibraryModel::PropertySet;
+
+    enum class Kind : qint32 { Screen = 1, Widget = 2, Group = 3 };
+    enum class Notify { No, Yes }; ///< whether the observer is told
+
+    ~CItemModel() override;
+
+    /// The item as a model item; null for rows that are none.
+    static CItemModel *fromItem(QStandardItem *item);
+    static const CItemModel *fromItem(const QStandardItem *item);
+    CItemModel *childItem(int row) const { return fromItem(child(row)); }
+    CItemModel *parentItem() const { return fromItem(parent()); }
+
+    Kind kind() const { return m_kind; }
+    int type() const override { return UserType + static_cast<int>(m_kind); }
+    /// The same kind with equal properties and geometry, members included, belonging to the same
+    /// project but in no tree. Ids are copied as they are; see CProjectModel::assignFreshIds().
+    CItemModel *clone() const override;
+    /// An edited display text is the item's name, so it becomes the "name" property.
+    void setData(const QVariant &value, int role) override;
+
+    /// Takes attributes and children of an element that passed CXmlGuard. The item must be new.
+    virtual void loadFromElement(const QDomElement &element) = 0;
+    /// Writes properties and children into an element of the document that it belongs to.
+    virtual void saveToElement(QDomElement &element) const = 0;
+
+    /// Takes a copy, in place of a property of the same name.
+    virtual void addProperty(const CWidgetProperty &property);
+    virtual void setPropertySet(const PropertySet &properties);
+    virtual void setProperties(const QVector<CWidgetProperty> &properties);
+    /// Sets the value and what follows from it. A name that the item lacks becomes a new "string"
+    /// property; an invalid value takes such a property away again, so that undoing leaves nothing.
+    virtual void setProperty(const QString &name, const QVariant &value,
+                             Notify notify = Notify::Yes);
+    /// The same unless the stored value equals the new one. For a name that the item has.
+    virtual void setPropertyIfChanged(const QString &name, const QVariant &value,
+                                      Notify notify = Notify::Yes);
+    /// Derives name, id and geometry from the value of one property.
+    virtual void applyProperty(const QString &name, const QVariant &value);
+    virtual const QString &itemTypeName() const { return m_typeName; }
+    virtual const PropertySet &properties() const { return m_properties; }
+
+    bool hasProperty(const QString &name) const { return m_properties.contains(name); }
+    /// Invalid when the item has no such property.
+    QVariant propertyValue(const QString &name) const;
+    /// The canonical text; empty when the item has no such property.
+    QString propertyText(const QString &name) const;
+
+    // IModelItem: what the emulator library reads. Pointers stay valid until the next change.
+    const char *idText() override { return m_idTextUtf8.constData(); }
+    const char *typeName() override { return m_typeNameUtf8.constData(); }
+    int propertyCount() override;
+    IModelProperty *property(int index) override;
+    const char *renderCommands() override;
+
+    const QString &name() const { return m_name; }
+    quint32 id() const { return m_id; }
+    const QString &idString() const { return m_idText; }
+
+    double x() const { return m_geometry.x; }
+    double y() const { return m_geometry.y; }
+    double x2() const { return m_geometry.x2; }
+    double y2() const { return m_geometry.y2; }
+    double width() const { return m_geometry.width; }
+    double height() const { return m_geometry.height; }
+    double angle() const { return m_geometry.angle; }
+    double radius() const { return m_geometry.radius; }
+    qint32 fontHandle() const { return m_geometry.fontHandle; }
+    GeometryMode geometryMode() const { return m_geometry.mode; }
+    bool isResizeable() const { return m_geometry.resizeable; }
+    bool hasAngle() const { return m_geometry.hasAngle; }
+    bool hasPointList() const { return m_geometry.hasPointList; }
+    bool isHeightFromFont() const { return m_geometry.heightFromFont; }
+    const ItemGeometry &geometry() const { return m_geometry; }
+    /// What the item covers, unrotated. Items with "radius" or "point_size" lie about their
+    /// position, others to its right and below; a group covers its members.
+    QRectF bounds() const;
+
+    // For gestures: set the size or angle and write it back, rounded to whole numbers, into the
+    // property that defines it in the item's mode.
+    void setWidth(double width);
+    void setHeight(double height);
+    void setAngle(double degrees);
+    /// Modes Radius and PointSize only; writes nothing back.
+    void setRadius(double radius);
+    /// Tells the observer that a gesture has changed the geometry.
+    void notifyGeometryChanged();
+
+    /// Never moved, resized or rotated by the canvas. Kept in documents only by items that have a
+    /// "locked" property.
+    bool isLocked() const { return m_locked; }
+    void setLocked(bool locked);
+    /// Member of a group; then not selectable by itself.
+    bool isGrouped() const { return m_grouped; }
+    void setGrouped(bool grouped);
+    /// Taken out and put back by a command that changes the order.
+    bool isMoving() const { return m_moving; }
+    void setMoving(bool moving) { m_moving = moving; }
+
+    const CWidgetLibraryModel *library() const { return m_library; }
+    /// For the item and all below it.
+    void setLibrary(const CWidgetLibraryModel *library);
+    IPropertyChangeObserver *observer() const { return m_observer; }
+    /// The project that observes the item; null for items of none.
+    CProjectModel *project() const;
+
+    // How documents are read and written, for ItemXml.
+    /// Takes the attributes of the item's element, in any order. The item must be new.
+    void load(const ItemAttributes &attributes);
+    /// The properties to be written as attributes, in a fixed order.
+    virtual QVector<const CWidgetProperty *> savedProperties() const = 0;
+    /// The text to be written for one of them.
+    QByteArray savedText(const CWidgetProperty &property) const;
+    /// Whether elements of this item's kind hold child elements.
+    virtual bool canHaveChildren() const { return true; }
+    /// A new child for a child element of the given tag, not yet added.
+    CItemModel *makeChild(const QString &tag) const;
+    virtual void appendChildren(const QVector<CItemModel *> &children);
+
+protected:
+    CItemModel(Kind kind, const QString &typeName, const CWidgetLibraryModel *library,
+               IPropertyChangeObserver *observer);
+
+    virtual void takeAttributes(const ItemAttributes &attributes) = 0;
+    /// An empty item of the same kind, to be filled by clone().
+    virtual CItemModel *cloneEmpty() const = 0;
+    /// Whether the kind itself has the property, so that it is never taken away.
+    virtual bool isBuiltIn(const QString &name) const = 0;
+
+    /// Names of the given order that the item has, then all others sorted.
+    QVector<const CWidgetProperty *> orderedProperties(const QStringList &order) const;
+    /// For a change; null when the item has no such property.
+    CWidgetProperty *findProperty(const QString &name);
+    static bool isDerivedFrom(const QString &name); ///< whether applyProperty() does anything
+
+private:
+    Q_DISABLE_COPY(CItemModel)
+
+    void setRoundSize(double size);
+    void writeBack(const QString &name, const QVariant &value, Notify notify);
+    void deriveTwoCorners();
+
+    const CWidgetLibraryModel *m_library;
+    PropertySet m_properties;
+    QVector<CWidgetProperty *> m_index; ///< m_properties by number; empty when out of date
+    IPropertyChangeObserver *m_observer;
+    QString m_idText;
+    QByteArray m_idTextUtf8;
+    QString m_typeName;
+    QByteArray m_typeNameUtf8;
+    QString m_name;
+    quint32 m_id = 0;
+    ItemGeometry m_geometry;
+    const Kind m_kind;
+    bool m_locked = false;
+    bool m_grouped = false;
+    bool m_moving = false;
+    bool m_loading = false; ///< texts of a document are being taken and kept as they are
+};

@@ -1,0 +1,228 @@
+#include "CProjectModel.h"
+
+#include "CScreenModel.h"
+#include "CWidgetLibraryManager.h"
+#include "PlatformFilter.h"
+#include "PropertyKey.h"
+
+#include <QDir>
+#include <QSet>
+#include <QUndoStack>
+
+namespace {
+constexpr QSize DefaultResolution(480, 320);
+
+CProjectModel *&currentProject()
+{
+    static CProjectModel *project = nullptr;
+    return project;
+}
+
+void collectIds(const QStandardItem *parent, QSet<quint32> &ids)
+{
+    for (int row = 0; row < parent->rowCount(); ++row) {
+        const CItemModel *item = CItemModel::fromItem(parent->child(row));
+        if (!item)
+            continue;
+        if (item->hasProperty(PropertyKey::Id))
+            ids.insert(item->id());
+        collectIds(item, ids);
+    }
+}
+
+/// Gives out the numbers from 1 that are not taken, in ascending order.
+class CIdSupply
+{
+public:
+    explicit CIdSupply(const CProjectModel &project)
+    {
+        collectIds(project.invisibleRootItem(), m_taken);
+    }
+    quint32 take()
+    {
+        while (m_taken.contains(m_next))
+            ++m_next;
+        return m_next++;
+    }
+
+private:
+    QSet<quint32> m_taken;
+    quint32 m_next = 1;
+};
+
+void renumber(CItemModel *item, CIdSupply &ids)
+{
+    if (item->hasProperty(PropertyKey::Id))
+        item->setProperty(PropertyKey::Id, static_cast<int>(ids.take()), CItemModel::Notify::No);
+    for (int row = 0; row < item->rowCount(); ++row) {
+        if (CItemModel *child = item->childItem(row))
+            renumber(child, ids);
+    }
+}
+} // namespace
+
+CProjectModel::CProjectModel(QObject *parent)
+    : QStandardItemModel(parent), m_undoStack(std::make_unique<QUndoStack>())
+{
+    reset();
+}
+
+CProjectModel::~CProjectModel()
+{
+    m_undoStack.reset(); // its commands hold items of this project
+    if (current() == this)
+        setCurrent(nullptr);
+}
+
+CProjectModel *CProjectModel::current()
+{
+    return currentProject();
+}
+
+void CProjectModel::setCurrent(CProjectModel *project)
+{
+    currentProject() = project;
+}
+
+void CProjectModel::reset()
+{
+    m_undoStack->clear();
+    clear();
+    invisibleRootItem()->setText(TypeName::Project);
+    m_properties.clear();
+    m_resolution = DefaultResolution;
+    m_library = CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(QString()));
+}
+
+QString CProjectModel::propertyText(const QString &name) const
+{
+    const auto it = m_properties.constFind(name);
+    return it == m_properties.constEnd() ? QString() : it->text();
+}
+
+void CProjectModel::setProjectProperty(const QString &name, const QString &text)
+{
+    auto it = m_properties.find(name);
+    if (it == m_properties.end())
+        it = m_properties.insert(name, CWidgetProperty(name, PropertyType::String));
+    it->setValueFromText(text);
+
+    if (name == PropertyKey::Width) {
+        m_resolution.setWidth(std::max(0, text.toInt()));
+    } else if (name == PropertyKey::Height) {
+        m_resolution.setHeight(std::max(0, text.toInt()));
+    } else if (name == PropertyKey::Platform) {
+        m_library = CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(text));
+        for (int row = 0; row < rowCount(); ++row) {
+            if (CScreenModel *each = screen(row))
+                each->setLibrary(m_library);
+        }
+    }
+}
+
+void CProjectModel::setProjectProperties(const QHash<QString, QString> &texts)
+{
+    for (auto it = texts.begin(); it != texts.end(); ++it)
+        setProjectProperty(it.key(), it.value());
+}
+
+QString CProjectModel::platform() const
+{
+    return propertyText(PropertyKey::Platform);
+}
+
+QString CProjectModel::workingDirectory() const
+{
+    return propertyText(PropertyKey::WorkingDirectory);
+}
+
+void CProjectModel::setWorkingDirectory(const QString &folder)
+{
+    setProjectProperty(PropertyKey::WorkingDirectory, folder);
+}
+
+void CProjectModel::setNyxVersion(const QString &version)
+{
+    setProjectProperty(PropertyKey::NyxVersion, version);
+}
+
+quint32 CProjectModel::graphicsMemorySize() const
+{
+    return platform().contains(QLatin1String("QX11")) ? LargeGraphicsMemory : SmallGraphicsMemory;
+}
+
+QString CProjectModel::storedFolder(const QString &folder) const
+{
+    const QString base = QDir::cleanPath(workingDirectory());
+    const QString clean = QDir::cleanPath(folder);
+    if (workingDirectory().isEmpty() || QDir::isRelativePath(clean))
+        return folder;
+    const QString prefix = base.endsWith(QLatin1Char('/')) ? base : base + QLatin1Char('/');
+    if (clean == base)
+        return QStringLiteral(".");
+    return clean.startsWith(prefix) ? clean.mid(prefix.size()) : folder;
+}
+
+QString CProjectModel::absoluteFolder(const QString &stored) const
+{
+    if (stored.isEmpty() || workingDirectory().isEmpty() || QDir::isAbsolutePath(stored))
+        return stored;
+    return QDir::cleanPath(QDir(workingDirectory()).filePath(stored));
+}
+
+CScreenModel *CProjectModel::screen(int row) const
+{
+    CItemModel *found = CItemModel::fromItem(item(row));
+    return found && found->kind() == CItemModel::Kind::Screen ? static_cast<CScreenModel *>(found)
+                                                              : nullptr;
+}
+
+QString CProjectModel::unusedScreenName() const
+{
+    QSet<QString> taken;
+    for (int row = 0; row < rowCount(); ++row)
+        taken.insert(item(row)->text());
+    int number = 1;
+    while (taken.contains(QStringLiteral("Page %1").arg(number)))
+        ++number;
+    return QStringLiteral("Page %1").arg(number);
+}
+
+quint32 CProjectModel::unusedId() const
+{
+    return CIdSupply(*this).take();
+}
+
+void CProjectModel::assignFreshIds(CItemModel *copy) const
+{
+    CIdSupply ids(*this);
+    renumber(copy, ids);
+}
+
+CScreenModel *CProjectModel::buildScreen(const QDomElement &element, int row)
+{
+    CScreenModel *built = makeScreen();
+    built->loadFromElement(element);
+    assignFreshIds(built);
+    if (row < 0 || row > rowCount())
+        row = rowCount();
+    insertRow(row, built);
+    return built;
+}
+
+void CProjectModel::newProject(const QHash<QString, QString> &texts)
+{
+    reset();
+    setProjectProperties(texts);
+    appendRow(new CScreenModel(this));
+}
+
+void CProjectModel::onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value)
+{
+    Q_EMIT propertyChanged(item, key, value);
+}
+
+void CProjectModel::onGeometryChanged(CItemModel *item)
+{
+    Q_EMIT geometryChanged(item);
+}

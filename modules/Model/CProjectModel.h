@@ -1,0 +1,119 @@
+#pragma once
+
+#include "CWidgetProperty.h"
+#include "IPropertyChangeObserver.h"
+
+#include <QDomElement>
+#include <QHash>
+#include <QSize>
+#include <QStandardItemModel>
+
+#include <memory>
+
+class CItemModel;
+class CScreenModel;
+class CWidgetLibraryModel;
+class CXmlWriter;
+class QUndoStack;
+
+/// A project: its properties, its screens as top-level rows with everything below them, and the
+/// undo stack of the commands that change it.
+/// Errors:  reading from bytes or files that cannot be a project changes nothing and says why.
+/// Threads: the GUI thread only.
+class CProjectModel : public QStandardItemModel, public IPropertyChangeObserver
+{
+    Q_OBJECT
+
+public:
+    using PropertySet = QHash<QString, CWidgetProperty>;
+
+    static constexpr quint32 SmallGraphicsMemory = 0x40000; ///< bytes
+    static constexpr quint32 LargeGraphicsMemory = 0x100000;
+
+    explicit CProjectModel(QObject *parent = nullptr);
+    ~CProjectModel() override;
+
+    /// The open project of the process; null when none is open.
+    static CProjectModel *current();
+    static void setCurrent(CProjectModel *project);
+
+    QUndoStack *undoStack() const { return m_undoStack.get(); }
+
+    // Project properties.
+    const PropertySet &properties() const { return m_properties; }
+    QString propertyText(const QString &name) const;
+    /// Sets one from its text, and with it what depends on it: "platform" selects the library of
+    /// all items, "width" and "height" the resolution.
+    void setProjectProperty(const QString &name, const QString &text);
+    void setProjectProperties(const QHash<QString, QString> &texts);
+    QString platform() const;
+    QString workingDirectory() const;
+    void setWorkingDirectory(const QString &folder);
+    void setNyxVersion(const QString &version);
+    QSize resolution() const { return m_resolution; } ///< pixels
+    const CWidgetLibraryModel *library() const { return m_library; }
+    /// Size of the chip's general-purpose graphics memory in bytes.
+    quint32 graphicsMemorySize() const;
+
+    /// A folder as it is kept in documents: relative to the working directory when it lies in it.
+    QString storedFolder(const QString &folder) const;
+    /// The folder that a document's text means.
+    QString absoluteFolder(const QString &stored) const;
+
+    // Screens and items.
+    int screenCount() const { return rowCount(); }
+    CScreenModel *screen(int row) const; ///< null when there is none
+    /// The first of "Page 1", "Page 2", ... that no screen is called.
+    QString unusedScreenName() const;
+    /// The smallest number from 1 that no item of the project has as its id.
+    quint32 unusedId() const;
+    /// Gives a copy that is not in the project yet, and all below it, unused ids. Items without an
+    /// "id" property are left alone.
+    void assignFreshIds(CItemModel *copy) const;
+    /// Builds a screen from an element of a copied-screen or page document, with fresh ids, and
+    /// puts it at the row, or behind the last one when there is no such row.
+    CScreenModel *buildScreen(const QDomElement &element, int row);
+
+    /// An empty project with one new screen.
+    void newProject(const QHash<QString, QString> &texts);
+
+    // The project document.
+    void save(QDomDocument &document) const;
+    /// Replaces the project by the first project element of a document that passed CXmlGuard.
+    /// False, and an empty project, when it has none.
+    bool load(const QDomDocument &document);
+
+    /// The document as bytes for a file. Nothing, and the reason, when it could not be read back
+    /// because it is too large or too deep.
+    /// A working directory that is the folder of `filePath` is written as ".", so that the file is
+    /// the same wherever the project lies.
+    QByteArray saveToBytes(QString *error, const QString &filePath = {}) const;
+    bool loadFromBytes(const QByteArray &xml, QString *error);
+
+    /// The document as a file. The project's working directory becomes the folder of the file that
+    /// is loaded.
+    bool saveToFile(const QString &filePath, QString *error) const;
+    bool loadFromFile(const QString &filePath, QString *error);
+
+    /// Whether the bytes are a project document; otherwise the reason.
+    static bool isProjectDocument(const QByteArray &xml, QString *error);
+
+    void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) override;
+    void onGeometryChanged(CItemModel *item) override;
+
+Q_SIGNALS:
+    void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
+    void geometryChanged(CItemModel *item);
+
+private:
+    void reset();
+    CScreenModel *makeScreen() const;
+    void appendLoadedScreens(const QVector<CScreenModel *> &screens);
+    QVector<const CWidgetProperty *> savedProperties() const;
+    QString savedText(const CWidgetProperty &property, const QString &filePath) const;
+
+    PropertySet m_properties;
+    QSize m_resolution;
+    const CWidgetLibraryModel *m_library = nullptr;
+    std::unique_ptr<QUndoStack> m_undoStack;
+};

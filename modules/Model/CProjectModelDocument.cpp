@@ -1,0 +1,198 @@
+// The document of a project: reading and writing of CProjectModel.
+#include "CFileWriter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CXmlGuard.h"
+#include "CXmlWriter.h"
+#include "ItemXml.h"
+#include "PropertyKey.h"
+
+#include <QDir>
+#include <QDomDocument>
+#include <QFileInfo>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace {
+const QStringList &propertyOrder()
+{
+    static const QStringList order = {PropertyKey::Name,     PropertyKey::ProjectName,
+                                      PropertyKey::Platform, PropertyKey::Width,
+                                      PropertyKey::Height,   PropertyKey::WorkingDirectory};
+    return order;
+}
+
+void setError(QString *error, const QString &text)
+{
+    if (error)
+        *error = text;
+}
+
+QString folderOf(const QString &filePath)
+{
+    return QFileInfo(filePath).absolutePath();
+}
+} // namespace
+
+/// The usual ones first, then the others by name, so that equal projects give equal bytes.
+QVector<const CWidgetProperty *> CProjectModel::savedProperties() const
+{
+    const auto rankOf = [](const CWidgetProperty *property) {
+        const int index = propertyOrder().indexOf(property->key());
+        return index < 0 ? propertyOrder().size() : index;
+    };
+    QVector<const CWidgetProperty *> saved;
+    for (const CWidgetProperty &each : m_properties) {
+        if (CXmlWriter::isName(each.key()))
+            saved.append(&each);
+    }
+    std::sort(saved.begin(), saved.end(), [&](const CWidgetProperty *a, const CWidgetProperty *b) {
+        const int rankA = rankOf(a);
+        const int rankB = rankOf(b);
+        return rankA != rankB ? rankA < rankB : a->key() < b->key();
+    });
+    return saved;
+}
+
+QString CProjectModel::savedText(const CWidgetProperty &property, const QString &filePath) const
+{
+    const bool isOwnFolder = !filePath.isEmpty() &&
+                             property.key() == PropertyKey::WorkingDirectory &&
+                             QDir::cleanPath(property.text()) == folderOf(filePath);
+    return isOwnFolder ? QStringLiteral(".") : property.text();
+}
+
+void CProjectModel::save(QDomDocument &document) const
+{
+    QDomElement project = document.createElement(TypeName::Project);
+    for (int row = 0; row < rowCount(); ++row) {
+        const CScreenModel *each = screen(row);
+        if (!each)
+            continue;
+        QDomElement element = document.createElement(TypeName::Screen);
+        project.appendChild(element);
+        each->saveToElement(element);
+    }
+    document.appendChild(project);
+    const auto properties = savedProperties();
+    for (const CWidgetProperty *each : properties)
+        project.setAttribute(each->key(), each->text());
+}
+
+QByteArray CProjectModel::saveToBytes(QString *error, const QString &filePath) const
+{
+    CXmlWriter writer;
+    writer.startElement(TypeName::Project);
+    const auto properties = savedProperties();
+    for (const CWidgetProperty *each : properties)
+        writer.attribute(each->keyUtf8(), savedText(*each, filePath).toUtf8());
+    for (int row = 0; row < rowCount(); ++row) {
+        if (const CScreenModel *each = screen(row))
+            ItemXml::write(*each, TypeName::Screen, writer);
+    }
+    writer.endElement();
+
+    // Better no file than one that nobody could open again.
+    const QString refusal = CXmlGuard::check(writer.bytes());
+    setError(error, refusal);
+    return refusal.isEmpty() ? writer.bytes() : QByteArray();
+}
+
+CScreenModel *CProjectModel::makeScreen() const
+{
+    auto *self = const_cast<CProjectModel *>(this); // the screen tells its changes to the project
+    return new CScreenModel(QString(), m_library, self);
+}
+
+/// Screens that their elements gave no name get one here.
+void CProjectModel::appendLoadedScreens(const QVector<CScreenModel *> &screens)
+{
+    for (CScreenModel *each : screens)
+        appendRow(each);
+    for (CScreenModel *each : screens) {
+        if (each->name().isEmpty())
+            each->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);
+    }
+}
+
+bool CProjectModel::load(const QDomDocument &document)
+{
+    reset();
+    const QDomElement project = document.firstChildElement(TypeName::Project);
+    const QDomNamedNodeMap attributes = project.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QDomAttr attribute = attributes.item(i).toAttr();
+        setProjectProperty(attribute.name(), attribute.value());
+    }
+    QVector<CScreenModel *> screens;
+    QDomElement element = project.firstChildElement(TypeName::Screen);
+    for (; !element.isNull(); element = element.nextSiblingElement(TypeName::Screen)) {
+        screens.append(makeScreen());
+        screens.last()->loadFromElement(element);
+    }
+    appendLoadedScreens(screens);
+    return !project.isNull();
+}
+
+bool CProjectModel::isProjectDocument(const QByteArray &xml, QString *error)
+{
+    const QString refusal = CXmlGuard::check(xml);
+    if (!refusal.isEmpty()) {
+        setError(error, refusal);
+        return false;
+    }
+    QXmlStreamReader reader(xml);
+    reader.setNamespaceProcessing(false);
+    reader.readNextStartElement();
+    if (reader.qualifiedName() == TypeName::Project)
+        return true;
+    setError(error, tr("The root element is %1 instead of %2.")
+                        .arg(reader.qualifiedName().toString(), TypeName::Project));
+    return false;
+}
+
+bool CProjectModel::loadFromBytes(const QByteArray &xml, QString *error)
+{
+    setError(error, QString());
+    if (!isProjectDocument(xml, error))
+        return false;
+
+    reset();
+    QXmlStreamReader reader(xml);
+    reader.setNamespaceProcessing(false);
+    reader.readNextStartElement();
+    const QXmlStreamAttributes attributes = reader.attributes();
+    for (const QXmlStreamAttribute &each : attributes)
+        setProjectProperty(each.qualifiedName().toString(), each.value().toString());
+    QVector<CScreenModel *> screens;
+    while (reader.readNextStartElement()) {
+        if (reader.qualifiedName() != TypeName::Screen) {
+            reader.skipCurrentElement();
+            continue;
+        }
+        screens.append(makeScreen());
+        ItemXml::read(*screens.last(), reader);
+    }
+    appendLoadedScreens(screens);
+    return true;
+}
+
+bool CProjectModel::saveToFile(const QString &filePath, QString *error) const
+{
+    QString reason;
+    const QByteArray xml = saveToBytes(&reason, filePath);
+    if (reason.isEmpty())
+        reason = CFileWriter::write(filePath, xml);
+    setError(error, reason);
+    return reason.isEmpty();
+}
+
+bool CProjectModel::loadFromFile(const QString &filePath, QString *error)
+{
+    const auto xml = CXmlGuard::readFile(filePath, error);
+    if (!xml || !loadFromBytes(*xml, error))
+        return false;
+    setWorkingDirectory(folderOf(filePath));
+    return true;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "CItemModel.h"
+
+/// One screen (page) of a project. Its rows are the items on it, the front one first.
+/// For the emulator library it has one property more than properties(): the project's working
+/// directory, against which the folders of bitmaps are meant. It is in no document.
+class CScreenModel final : public CItemModel
+{
+public:
+    /// A new screen with a name that no screen of the project has, "Page 1", "Page 2", ...
+    explicit CScreenModel(CProjectModel *project);
+    CScreenModel(const QString &name, const CWidgetLibraryModel *library,
+                 IPropertyChangeObserver *observer);
+
+    void loadFromElement(const QDomElement &element) override;
+    void saveToElement(QDomElement &element) const override;
+    QVector<const CWidgetProperty *> savedProperties() const override;
+
+    int propertyCount() override;
+    IModelProperty *property(int index) override;
+
+protected:
+    void takeAttributes(const ItemAttributes &attributes) override;
+    CItemModel *cloneEmpty() const override;
+    bool isBuiltIn(const QString &name) const override;
+
+private:
+    CWidgetProperty m_workingDirectory;
+};

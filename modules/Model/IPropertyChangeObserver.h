@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+class CItemModel;
+
+/// Is told by the items of a project what has changed in them.
+class IPropertyChangeObserver
+{
+public:
+    virtual void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) = 0;
+    /// Position, size or angle changed by a gesture.
+    virtual void onGeometryChanged(CItemModel *item) = 0;
+
+protected:
+    ~IPropertyChangeObserver() = default;
+};

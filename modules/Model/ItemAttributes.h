@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+/// One attribute of an element that stands for an item.
+struct ItemAttribute
+{
+    QString name;
+    QString text;
+};
+Q_DECLARE_TYPEINFO(ItemAttribute, Q_MOVABLE_TYPE);
+
+using ItemAttributes = QVector<ItemAttribute>;

@@ -1,0 +1,90 @@
+#include "ItemXml.h"
+
+#include "CItemModel.h"
+#include "CXmlWriter.h"
+
+#include <QDomDocument>
+#include <QXmlStreamReader>
+
+namespace {
+ItemAttributes attributesOf(const QDomElement &element)
+{
+    const QDomNamedNodeMap map = element.attributes();
+    ItemAttributes attributes;
+    attributes.reserve(map.count());
+    for (int i = 0; i < map.count(); ++i) {
+        const QDomAttr attribute = map.item(i).toAttr();
+        attributes.append({attribute.name(), attribute.value()});
+    }
+    return attributes;
+}
+
+ItemAttributes attributesOf(const QXmlStreamReader &reader)
+{
+    const QXmlStreamAttributes source = reader.attributes();
+    ItemAttributes attributes;
+    attributes.reserve(source.size());
+    for (const QXmlStreamAttribute &each : source)
+        attributes.append({each.qualifiedName().toString(), each.value().toString()});
+    return attributes;
+}
+} // namespace
+
+void ItemXml::read(CItemModel &item, const QDomElement &element)
+{
+    item.load(attributesOf(element));
+    if (!item.canHaveChildren())
+        return;
+    QVector<CItemModel *> children;
+    QDomElement child = element.firstChildElement();
+    for (; !child.isNull(); child = child.nextSiblingElement()) {
+        children.append(item.makeChild(child.tagName()));
+        children.last()->loadFromElement(child);
+    }
+    item.appendChildren(children);
+}
+
+void ItemXml::read(CItemModel &item, QXmlStreamReader &reader)
+{
+    item.load(attributesOf(reader));
+    if (!item.canHaveChildren()) {
+        reader.skipCurrentElement();
+        return;
+    }
+    QVector<CItemModel *> children;
+    while (reader.readNextStartElement()) {
+        children.append(item.makeChild(reader.qualifiedName().toString()));
+        read(*children.last(), reader);
+    }
+    item.appendChildren(children);
+}
+
+void ItemXml::write(const CItemModel &item, QDomElement &element)
+{
+    const auto properties = item.savedProperties();
+    for (const CWidgetProperty *each : properties) {
+        if (CXmlWriter::isName(each->key()))
+            element.setAttribute(each->key(), QString::fromUtf8(item.savedText(*each)));
+    }
+    for (int row = 0; row < item.rowCount(); ++row) {
+        const CItemModel *child = item.childItem(row);
+        if (!child)
+            continue;
+        QDomElement childElement = element.ownerDocument().createElement(child->itemTypeName());
+        child->saveToElement(childElement);
+        element.appendChild(childElement);
+    }
+}
+
+void ItemXml::write(const CItemModel &item, const QString &tag, CXmlWriter &writer)
+{
+    writer.startElement(tag);
+    const auto properties = item.savedProperties();
+    for (const CWidgetProperty *each : properties)
+        writer.attribute(each->keyUtf8(), item.savedText(*each));
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (const CItemModel *child = item.childItem(row))
+            write(*child, child->itemTypeName(), writer);
+    }
+    writer.endElement();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+class CItemModel;
+class CXmlWriter;
+class QDomElement;
+class QXmlStreamReader;
+
+/// Items as XML elements: an element stands for an item, an attribute for a property. Whole
+/// projects go through the streams, pieces of documents through DOM elements; both mean the same.
+/// What is read must have passed CXmlGuard.
+namespace ItemXml {
+void read(CItemModel &item, const QDomElement &element);
+/// From the start tag that the reader stands at to its end tag.
+void read(CItemModel &item, QXmlStreamReader &reader);
+
+void write(const CItemModel &item, QDomElement &element);
+void write(const CItemModel &item, const QString &tag, CXmlWriter &writer);
+} // namespace ItemXml

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDomElement>
+#include <QString>
+#include <QVector>
+
+class CItemModel;
+class CScreenModel;
+
+/// Documents that hold screens or widgets outside a project: the clipboard's and page files.
+namespace ScreenDocuments {
+extern const QString CopiedScreensMime; ///< "screen-copy"
+extern const QString CopiedItemsMime;   ///< "widget-copy"
+
+// The documents as XML. Nothing, and the reason, when they could not be read back.
+QByteArray ofCopiedScreens(const QVector<const CScreenModel *> &screens, QString *error = nullptr);
+QByteArray ofPageFile(const QVector<const CScreenModel *> &screens, QString *error = nullptr);
+QByteArray ofCopiedItems(const QVector<const CItemModel *> &items, QString *error = nullptr);
+
+// The root elements of such documents; their child elements are the screens or items. Null when
+// the bytes are no such document; `error` then says why.
+QDomElement copiedScreens(const QByteArray &xml, QString *error = nullptr);
+QDomElement pageFile(const QByteArray &xml, QString *error = nullptr);
+QDomElement copiedItems(const QByteArray &xml, QString *error = nullptr);
+
+/// What goes on the clipboard for a document: its text as one streamed string.
+QByteArray toClipboard(const QByteArray &xml);
+/// The document of clipboard data; empty when the data is not one string.
+QByteArray fromClipboard(const QByteArray &data);
+} // namespace ScreenDocuments
