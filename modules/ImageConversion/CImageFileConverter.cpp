@@ -4,9 +4,11 @@
 #include "CBitmapFormatTable.h"
 #include "CConversionPaths.h"
 #include "CFileStamp.h"
+#include "CProjectModel.h"
 #include "CToolRunner.h"
 #include "ConvertedImageFacts.h"
-#include "OpenProject.h"
+#include "FileNames.h"
+#include "PropertyKey.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,13 +51,8 @@ bool isSameFile(const QString &one, const QString &other)
 /// As a property keeps it, so that the project's folder can be moved.
 QString storedFolder(const QString &folder)
 {
-    const auto project = openProjectPlace();
-    if (!project || project->workingFolder.isEmpty())
-        return folder;
-    const QString relative = QDir(project->workingFolder).relativeFilePath(folder);
-    const bool isOutside =
-        relative == QLatin1String("..") || relative.startsWith(QLatin1String("../"));
-    return isOutside || QDir::isAbsolutePath(relative) ? folder : relative;
+    const CProjectModel *project = CProjectModel::current();
+    return project ? project->storedFolder(folder) : folder;
 }
 
 } // namespace
@@ -66,12 +63,15 @@ CImageFileConverter::CImageFileConverter(QObject *parent) : QObject(parent)
 
 QString CImageFileConverter::convertedImagesFolder()
 {
-    const auto project = openProjectPlace();
+    const CProjectModel *project = CProjectModel::current();
     if (!project)
         return {};
-    const QString start =
-        project->workingFolder.isEmpty() ? QDir::currentPath() : project->workingFolder;
-    return start + QLatin1Char('/') + project->name + QStringLiteral("_ConvertedImages");
+    const QString workingFolder = project->workingDirectory();
+    const QString name = project->propertyText(PropertyKey::ProjectName);
+    const QString ending = QStringLiteral("_ConvertedImages");
+    // safe(): a project's name must not lead out of its folder.
+    return (workingFolder.isEmpty() ? QDir::currentPath() : workingFolder) + QLatin1Char('/') +
+           (name.isEmpty() ? ending : FileNames::safe(name, ending));
 }
 
 bool CImageFileConverter::aviFrameSize(const QString &file, quint32 &width, quint32 &height)

@@ -1,7 +1,8 @@
 #include "CBitmapFormatTable.h"
 #include "CImageFileConverter.h"
+#include "CProjectModel.h"
 #include "CToolStubs.h"
-#include "OpenProject.h"
+#include "PropertyKey.h"
 
 #include <QImage>
 #include <QSignalSpy>
@@ -47,8 +48,19 @@ private:
     void addRecorder(const QString &tool, const QByteArray &output) const;
     QStringList calls() const;
 
+    void openProject(const QString &name, const QString &workingFolder);
+
     std::unique_ptr<CToolStubs> m_stubs;
+    std::unique_ptr<CProjectModel> m_project;
 };
+
+void tst_ImageFileConverter::openProject(const QString &name, const QString &workingFolder)
+{
+    m_project = std::make_unique<CProjectModel>();
+    CProjectModel::setCurrent(m_project.get());
+    m_project->setProjectProperty(PropertyKey::ProjectName, name);
+    m_project->setWorkingDirectory(workingFolder);
+}
 
 void tst_ImageFileConverter::initTestCase()
 {
@@ -59,7 +71,7 @@ void tst_ImageFileConverter::init()
 {
     m_stubs = nullptr; // puts the current directory back first
     m_stubs = std::make_unique<CToolStubs>();
-    setOpenProjectPlace(SProjectPlace{"demo", m_stubs->projectFolder()});
+    openProject("demo", m_stubs->projectFolder());
 }
 
 QString tst_ImageFileConverter::makeImage(const QString &name, const QSize &size) const
@@ -248,10 +260,13 @@ void tst_ImageFileConverter::onlyTheLowerCaseSuffixIsRaw()
 void tst_ImageFileConverter::foldersWithoutWorkingDirectory()
 {
     QCOMPARE(CImageFileConverter::convertedImagesFolder(), project());
-    setOpenProjectPlace(SProjectPlace{"demo", QString()});
+    openProject("demo", QString());
     QCOMPARE(CImageFileConverter::convertedImagesFolder(),
              QDir::currentPath() + "/demo_ConvertedImages");
-    setOpenProjectPlace(std::nullopt);
+    openProject("../../evil", m_stubs->projectFolder());
+    QCOMPARE(QFileInfo(CImageFileConverter::convertedImagesFolder()).absolutePath(),
+             m_stubs->projectFolder());
+    CProjectModel::setCurrent(nullptr);
     QVERIFY(!CImageFileConverter().convert(makeImage("photo.png"), "L8"));
 }
 

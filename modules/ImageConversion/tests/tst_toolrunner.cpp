@@ -1,0 +1,258 @@
+#include "CToolRunner.h"
+#include "CToolStubs.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextCodec>
+#include <QTimer>
+#include <QtTest>
+#include <csignal>
+#include <unistd.h>
+
+// Tools of every bad kind: the box always closes, and nothing is left running.
+
+namespace {
+
+/// Does something with the modal box once it is shown.
+class CBoxWatcher : public QObject
+{
+public:
+    explicit CBoxWatcher(std::function<void(QMessageBox *)> action) : m_action(std::move(action))
+    {
+        startTimer(5);
+    }
+    bool hasSeenBox() const { return m_hasSeen; }
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        m_hasSeen = true;
+        m_action(box);
+    }
+
+private:
+    std::function<void(QMessageBox *)> m_action;
+    bool m_hasSeen = false;
+};
+
+/// Running or stopped; a zombie that nobody has collected yet does not count.
+bool isAlive(qint64 pid)
+{
+    const QByteArray stat = CToolStubs::read(QStringLiteral("/proc/%1/stat").arg(pid));
+    return !stat.isEmpty() && !stat.mid(stat.lastIndexOf(')')).startsWith(") Z");
+}
+
+qint64 residentBytes()
+{
+    const QByteArray pages =
+        CToolStubs::read(QStringLiteral("/proc/self/statm")).split(' ').value(1);
+    return pages.toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
+
+class tst_ToolRunner : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void badTools_data();
+    void badTools();
+    void goodToolsAreLeftToEnd();
+    void boxTellsTheTool();
+    void waysToEndAHungTool_data();
+    void waysToEndAHungTool();
+    void whatAToolLeavesBehindIsEnded();
+    void parentOfTheBoxGoesAway();
+    void floodStaysOutOfMemory();
+
+private:
+    QString run(const QByteArray &commands, int timeLimit = CToolRunner::DefaultTimeLimit,
+                const QStringList &arguments = {});
+    QList<qint64> pids() const; ///< of those that the stub has noted
+
+    std::unique_ptr<CToolStubs> m_stubs;
+};
+
+void tst_ToolRunner::initTestCase()
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+void tst_ToolRunner::init()
+{
+    m_stubs = nullptr;
+    m_stubs = std::make_unique<CToolStubs>();
+}
+
+QString tst_ToolRunner::run(const QByteArray &commands, int timeLimit, const QStringList &arguments)
+{
+    m_stubs->addTool("stub.exe", commands);
+    return CToolRunner(timeLimit).run(
+        {m_stubs->toolPath("stub.exe"), arguments, m_stubs->path("")});
+}
+
+QList<qint64> tst_ToolRunner::pids() const
+{
+    QList<qint64> result;
+    for (const QByteArray &word : CToolStubs::read(m_stubs->path("pids")).simplified().split(' '))
+        if (!word.isEmpty())
+            result.append(word.toLongLong());
+    return result;
+}
+
+void tst_ToolRunner::badTools_data()
+{
+    QTest::addColumn<QByteArray>("commands"); // none: there is no such program
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("missing") << QByteArray() << "cannot be started";
+    QTest::newRow("not executable") << QByteArray("no x") << "cannot be started";
+    QTest::newRow("no program at all") << QByteArray("\x7f"
+                                                     "ELF nonsense")
+                                       << "stub";
+    QTest::newRow("fails") << QByteArray("exit 3") << "stub failed";
+    QTest::newRow("fails and says why") << QByteArray("echo 'no room' >&2; exit 1") << "no room";
+    QTest::newRow("crashes") << QByteArray("kill -SEGV $$") << "stub failed";
+    QTest::newRow("kills itself") << QByteArray("kill -KILL $$") << "stub failed";
+    QTest::newRow("asks") << QByteArray("read answer || exit 7") << "stub failed";
+    QTest::newRow("asks the terminal") << QByteArray("read a < /dev/tty; exit 7") << "stub";
+}
+
+void tst_ToolRunner::badTools()
+{
+    QFETCH(QByteArray, commands);
+    QFETCH(QString, expected);
+    QString error;
+    if (commands.isEmpty()) {
+        error = CToolRunner().run({m_stubs->path("none/stub.exe"), {}, m_stubs->path("")});
+    } else if (commands == "no x" || commands.startsWith('\x7f')) {
+        const QString file = m_stubs->path("stub.exe");
+        CToolStubs::write(file, commands);
+        if (commands != "no x")
+            QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
+        error = CToolRunner().run({file, {}, m_stubs->path("")});
+    } else {
+        error = run(commands);
+    }
+    QVERIFY2(error.contains(expected), qPrintable(error));
+    QVERIFY(!QApplication::activeModalWidget());
+    for (const QWidget *widget : QApplication::topLevelWidgets())
+        QVERIFY(!widget->isVisible());
+}
+
+void tst_ToolRunner::goodToolsAreLeftToEnd()
+{
+    QCOMPARE(run("exit 0"), QString());
+    QCOMPARE(run("sleep 0.2; exit 0"), QString());
+    m_stubs->addTool("sub/stub.exe", "for a in \"$@\"; do echo \"$a\"; done > words; pwd >> words");
+    const QStringList words{"", "a b", "$(touch x)", "\"", "*"};
+    const QString program = '"' + m_stubs->toolPath("sub/stub.exe") + '"';
+    QCOMPARE(CToolRunner().run({program, words, m_stubs->projectFolder()}), QString());
+    QCOMPARE(QString::fromUtf8(CToolStubs::read(m_stubs->projectFolder() + "/words")),
+             words.join('\n') + '\n' + m_stubs->projectFolder() + '\n');
+    const QString missing = m_stubs->path("missing");
+    QVERIFY(!CToolRunner().run({program, words, missing}).isEmpty());
+}
+
+void tst_ToolRunner::boxTellsTheTool()
+{
+    QString title;
+    QString text;
+    QList<QPushButton *> buttons;
+    bool isBusy = false;
+    CBoxWatcher watcher([&](QMessageBox *box) {
+        title = box->windowTitle();
+        text = box->text();
+        const auto *bar = box->findChild<QProgressBar *>();
+        isBusy = bar && bar->isVisible() && bar->minimum() == bar->maximum();
+        QCOMPARE(box->buttons().size(), 1);
+        box->button(QMessageBox::Cancel)->click();
+    });
+    QVERIFY(!run("sleep 1000").isEmpty());
+    QCOMPARE(title, QString("Converting Image"));
+    QCOMPARE(text, QString("Running tool stub"));
+    QVERIFY(isBusy);
+}
+
+void tst_ToolRunner::waysToEndAHungTool_data()
+{
+    QTest::addColumn<QByteArray>("commands");
+    QTest::addColumn<QString>("way");
+    const QByteArray tools[] = {
+        "echo $$ > pids; while :; do sleep 1000; done",
+        "trap '' TERM INT HUP; echo $$ > pids; while :; do sleep 1000; done",
+        "(trap '' HUP; sleep 1000) & echo $! > pids; sleep 1000 & echo $! $$ >> pids; wait",
+        "yes & echo $! $$ > pids; yes"};
+    const char *const kinds[] = {"sleeps", "ignores signals", "forks", "floods"};
+    for (int i = 0; i < 4; ++i)
+        for (const char *way : {"Cancel", "Escape", "close", "limit"})
+            QTest::addRow("%s, %s", kinds[i], way) << tools[i] << way;
+}
+
+void tst_ToolRunner::waysToEndAHungTool()
+{
+    QFETCH(QByteArray, commands);
+    QFETCH(QString, way);
+    CBoxWatcher watcher([&](QMessageBox *box) {
+        if (pids().isEmpty() || !isAlive(pids().last()))
+            return; // not until the tool is at its worst
+        if (way == "Cancel")
+            box->button(QMessageBox::Cancel)->click();
+        else if (way == "Escape")
+            QTest::keyClick(box, Qt::Key_Escape);
+        else if (way == "close")
+            box->close();
+    });
+    const bool isLimit = way == "limit";
+    const QString error = run(commands, isLimit ? 500 : CToolRunner::DefaultTimeLimit);
+    QCOMPARE(error, QString(isLimit ? "stub did not end in time" : "stub was cancelled"));
+    QVERIFY(watcher.hasSeenBox());
+    QVERIFY(!pids().isEmpty());
+    for (const qint64 pid : pids())
+        QTRY_VERIFY2(!isAlive(pid), qPrintable(QString::number(pid)));
+}
+
+void tst_ToolRunner::whatAToolLeavesBehindIsEnded()
+{
+    QCOMPARE(run("sleep 1000 & echo $! > pids; exit 0"), QString());
+    QCOMPARE(pids().size(), 1);
+    QTRY_VERIFY(!isAlive(pids().first()));
+    QVERIFY(!run("sleep 1000 & echo $! > pids; exit 1").isEmpty());
+    QTRY_VERIFY(!isAlive(pids().first()));
+}
+
+void tst_ToolRunner::parentOfTheBoxGoesAway()
+{
+    auto *window = new QWidget;
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    CBoxWatcher watcher([&](QMessageBox *box) {
+        QCOMPARE(box->parentWidget(), window);
+        delete window;
+    });
+    QCOMPARE(run("sleep 1000"), QString("stub was cancelled"));
+    QVERIFY(watcher.hasSeenBox());
+}
+
+void tst_ToolRunner::floodStaysOutOfMemory()
+{
+    const qint64 before = residentBytes();
+    qint64 most = 0;
+    CBoxWatcher watcher([&](QMessageBox *) { most = qMax(most, residentBytes()); });
+    const QString error = run("head -c 200000000 /dev/zero | tr '\\0' x >&2; exit 1");
+    QVERIFY(watcher.hasSeenBox());
+    QCOMPARE(error.size(), CToolRunner::MaxOutput);
+#ifndef __SANITIZE_ADDRESS__ // which keeps what is freed for a while
+    QVERIFY2(most - before < 20'000'000, qPrintable(QString::number(most - before)));
+#endif
+}
+
+QTEST_MAIN(tst_ToolRunner)
+#include "tst_toolrunner.moc"

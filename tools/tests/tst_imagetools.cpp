@@ -1,0 +1,247 @@
+#include "ToolRun.h"
+
+#include <QBuffer>
+#include <QTextCodec>
+#include <QtTest>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+// How the tools meet wrong arguments, hostile files and full disks.
+
+namespace {
+
+struct STool
+{
+    const char *program;
+    QStringList options; ///< behind "-i FILE"
+    const char *output;  ///< of x.png
+};
+
+const QList<STool> Tools = {{"bmpconv/bmpconv.exe", {"-f", "7"}, "x_RGB565.raw"},
+                            {"Palette/palsplit.exe", {"-f", "0"}, "x_PALETTED.raw"},
+                            {"DXT1/dxtpack.exe", {}, "x_DXT1.raw"}};
+
+QByteArray pngBytes()
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImage image(8, 8, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    image.save(&buffer, "png");
+    return bytes;
+}
+
+QByteArray withSize(QByteArray png, const char *sizeHex, const char *crcHex)
+{
+    png.replace(16, 8, QByteArray::fromHex(sizeHex));
+    png.replace(29, 4, QByteArray::fromHex(crcHex));
+    return png;
+}
+
+} // namespace
+
+class tst_ImageTools : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void usage();
+    void wrongArguments_data();
+    void wrongArguments();
+    void files_data();
+    void files();
+    void suffixDecides();
+    void oddNames();
+    void outputThatCannotBeWritten();
+    void fullDisk();
+    void pngquantPassesOtherCallsOn();
+};
+
+void tst_ImageTools::initTestCase()
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+void tst_ImageTools::usage()
+{
+    CToolFolder folder;
+    for (const STool &tool : Tools) {
+        QVERIFY(folder.succeeds(tool.program, {"--help"}));
+        QVERIFY(folder.output.startsWith("usage: " + QFileInfo(tool.program).completeBaseName()));
+    }
+}
+
+void tst_ImageTools::wrongArguments_data()
+{
+    QTest::addColumn<QString>("tool");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    for (const STool &tool : Tools) {
+        const QString program = tool.program;
+        const auto row = [&](const char *name, const QStringList &arguments, int exitCode) {
+            QTest::addRow("%s, %s", qPrintable(QFileInfo(program).completeBaseName()), name)
+                << program << arguments << exitCode;
+        };
+        row("none", {}, 2);
+        row("no value", {"-i"}, 2);
+        row("unknown", QStringList{"-i", "x.png", "-q"} + tool.options, 2);
+        row("twice", QStringList{"-i", "x.png", "-i", "x.png"} + tool.options, 2);
+        if (tool.options.isEmpty())
+            continue;
+        row("no code", {"-i", "x.png"}, 2);
+        for (const char *code : {"8", "10", "-1", "", "7x", "99999999999"})
+            row(code, {"-i", "x.png", "-f", code}, 1);
+    }
+}
+
+void tst_ImageTools::wrongArguments()
+{
+    QFETCH(QString, tool);
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    CToolFolder folder;
+    folder.write("x.png", pngBytes());
+    QCOMPARE(folder.run(tool, arguments), QProcess::NormalExit);
+    QCOMPARE(folder.exitCode, exitCode);
+    QVERIFY(folder.error.startsWith(QFileInfo(tool).completeBaseName() + ": "));
+    QCOMPARE(folder.files(), QStringList{"x.png"});
+}
+
+void tst_ImageTools::files_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected"); // in the error; empty: converted
+    const QByteArray png = pngBytes();
+    QTest::newRow("good") << png << "";
+    QTest::newRow("empty") << QByteArray() << "png";
+    QTest::newRow("text") << QByteArray("hello") << "png";
+    QTest::newRow("signature alone") << png.left(8) << "png";
+    QTest::newRow("truncated") << png.left(png.size() / 2) << "x.png";
+    QTest::newRow("60,000 x 60,000")
+        << withSize(png, "0000EA600000EA60", "80D27542") << "60000 x 60000";
+    QTest::newRow("0 x 8") << withSize(png, "0000000000000008", "D7D8FE7F") << "png";
+    QTest::newRow("4097 x 1") << withSize(png, "0000100100000001", "B1E30042") << "4097 x 1";
+    QTest::newRow("other kind")
+        << QByteArray("/* XPM */ static char *a[]={\"1 1 1 1\",\"a c red\",\"a\"};") << "png";
+    for (const char *special : {"missing", "folder", "pipe", "device"})
+        QTest::newRow(special) << QByteArray(special)
+                               << (qstrcmp(special, "missing") ? "not a regular file"
+                                                               : "no such file");
+}
+
+void tst_ImageTools::files()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, expected);
+    for (const STool &tool : Tools) {
+        CToolFolder folder;
+        if (bytes == "folder")
+            QVERIFY(QDir().mkpath(folder.path("x.png")));
+        else if (bytes == "pipe")
+            QCOMPARE(mkfifo(folder.path("x.png").toUtf8().constData(), 0600), 0);
+        else if (bytes == "device")
+            QVERIFY(QFile::link("/dev/zero", folder.path("x.png")));
+        else if (bytes != "missing")
+            folder.write("x.png", bytes);
+        const QStringList before = folder.files();
+        const bool isConverted =
+            folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options);
+        QCOMPARE(isConverted, expected.isEmpty());
+        QCOMPARE(!folder.read(tool.output).isEmpty(), expected.isEmpty());
+        if (expected.isEmpty())
+            continue;
+        QCOMPARE(folder.exitCode, 1);
+        QVERIFY2(folder.error.contains(expected), qPrintable(folder.error));
+        QCOMPARE(folder.files(), before);
+    }
+}
+
+void tst_ImageTools::suffixDecides()
+{
+    CToolFolder folder;
+    folder.write("x.jpg", pngBytes()); // a PNG under a wrong name is not looked into
+    QVERIFY(!folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.jpg", "-f", "7"}));
+    folder.write("x.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>");
+    QVERIFY(!folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.svg", "-f", "7"}));
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    for (const char *name : {"a.PNG", "b.jpg", "c.JPEG", "d.bmp"}) {
+        QVERIFY(image.save(folder.path(name)));
+        QVERIFY2(folder.succeeds("bmpconv/bmpconv.exe", {"-i", name, "-f", "7"}),
+                 qPrintable(folder.error));
+        QCOMPARE(folder.read(QString(name).left(1) + "_RGB565.raw").size(), 8 * 8 * 2);
+    }
+    folder.write("y-fs8.jpg", pngBytes()); // but what the quantiser writes is always PNG
+    QVERIFY(folder.succeeds("Palette/palsplit.exe", {"-i", "y-fs8.jpg", "-f", "0"}));
+    QVERIFY(!folder.read("y_PALETTED.raw").isEmpty());
+}
+
+void tst_ImageTools::oddNames()
+{
+    CToolFolder folder;
+    for (const char *base : {"a b", "it's \"x\"", "-f", "--help", "Größe", "two.dots", "%1"}) {
+        const QString name = QString::fromUtf8(base);
+        folder.write(name + ".png", pngBytes());
+        for (const STool &tool : Tools) {
+            QVERIFY2(folder.succeeds(tool.program, QStringList{"-i", name + ".png"} + tool.options),
+                     qPrintable(folder.error));
+            QVERIFY(!folder.read(name + QString(tool.output).mid(1)).isEmpty());
+        }
+    }
+}
+
+void tst_ImageTools::outputThatCannotBeWritten()
+{
+    for (const STool &tool : Tools) {
+        CToolFolder folder;
+        folder.write("x.png", pngBytes());
+        QVERIFY(QDir().mkpath(folder.path(tool.output)));
+        QVERIFY(!folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options));
+        QVERIFY2(folder.error.contains(tool.output), qPrintable(folder.error));
+    }
+}
+
+void tst_ImageTools::fullDisk()
+{
+    // A limit on the size of files stands for a full disk: the write comes back short.
+    CToolFolder folder;
+    QImage image(200, 200, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(folder.path("x.png")));
+    QVERIFY(folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.png", "-f", "7"}));
+    const QByteArray before = folder.read("x_RGB565.raw");
+    image.fill(Qt::blue);
+    QVERIFY(image.save(folder.path("x.png")));
+
+    rlimit unlimited = {};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &unlimited), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN); // both are handed down to the tool
+    rlimit limit = unlimited;
+    limit.rlim_cur = 20000;
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const bool isConverted = folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.png", "-f", "7"});
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(!isConverted);
+    QVERIFY2(folder.error.contains("x_RGB565.raw"), qPrintable(folder.error));
+    QCOMPARE(folder.read("x_RGB565.raw"), before);
+    QCOMPARE(folder.files(), (QStringList{"x.png", "x_RGB565.json", "x_RGB565.raw"}));
+}
+
+void tst_ImageTools::pngquantPassesOtherCallsOn()
+{
+    CToolFolder folder;
+    folder.write("x.png", pngBytes());
+    QVERIFY(folder.succeeds("Palette/pngquant.exe", {"--version"}));
+    QVERIFY(!folder.output.isEmpty());
+    QVERIFY(folder.succeeds("Palette/pngquant.exe", {"--output", "y.png", "x.png"}));
+    QVERIFY(!folder.read("y.png").isEmpty());
+    QVERIFY(!folder.succeeds("Palette/pngquant.exe", {"-f", "missing.png"}));
+    folder.write("x.png", withSize(pngBytes(), "0000EA600000EA60", "80D27542"));
+    QVERIFY(!folder.succeeds("Palette/pngquant.exe", {"-f", "x.png"}));
+    QVERIFY(folder.error.contains("60000"));
+}
+
+QTEST_GUILESS_MAIN(tst_ImageTools)
+#include "tst_imagetools.moc"

@@ -1,0 +1,497 @@
+#include "ToolRun.h"
+#include "executor/BitmapFormats.h"
+#include "raster/BitmapImage.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QTextCodec>
+#include <QtTest>
+#include <cmath>
+
+// What the tools make of an image, decoded as the chip does, against the image: the bounds of
+// docs/image-formats.md.
+
+namespace {
+
+struct SFormat
+{
+    const char *name;
+    int code;
+    std::array<int, 4> bits; ///< of alpha, red, green, blue; a luminance has its bits as alpha
+    bool isGrey;
+};
+
+constexpr SFormat Formats[] = {
+    {"ARGB1555", 0, {1, 5, 5, 5}, false}, {"L1", 1, {1, 1, 1, 1}, true},
+    {"L4", 2, {4, 4, 4, 4}, true},        {"L8", 3, {8, 8, 8, 8}, true},
+    {"RGB332", 4, {0, 3, 3, 2}, false},   {"ARGB2", 5, {2, 2, 2, 2}, false},
+    {"ARGB4", 6, {4, 4, 4, 4}, false},    {"RGB565", 7, {0, 5, 6, 5}, false},
+    {"L2", 9, {2, 2, 2, 2}, true},
+};
+
+/// Widest gap between two values that a code of so many bits can show; 0 bits: always opaque.
+constexpr int gap(int bits)
+{
+    constexpr int Gaps[] = {0, 255, 85, 37, 17, 9, 5, 0, 1};
+    return Gaps[bits];
+}
+
+using Pixel = std::array<int, 4>; ///< alpha and the three colours multiplied by it
+
+Pixel multiplied(QRgb p)
+{
+    const auto part = [p](int value) {
+        return static_cast<int>(std::lround(value * qAlpha(p) / 255.0));
+    };
+    return {qAlpha(p), part(qRed(p)), part(qGreen(p)), part(qBlue(p))};
+}
+
+/// What a format without any loss in its bits would show.
+Pixel wanted(QRgb p, const SFormat &format)
+{
+    Pixel pixel = multiplied(p);
+    if (format.isGrey) {
+        const double luma = 0.299 * qRed(p) + 0.587 * qGreen(p) + 0.114 * qBlue(p);
+        pixel.fill(static_cast<int>(std::lround(luma * qAlpha(p) / 255.0)));
+    } else if (format.bits[0] == 0) {
+        pixel[0] = 255;
+    }
+    return pixel;
+}
+
+QImage makeImage(const QString &kind, QSize size = {61, 47})
+{
+    QImage image(size, QImage::Format_ARGB32);
+    QRandomGenerator random(1);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const int u = x * 255 / std::max(size.width() - 1, 1);
+            const int v = y * 255 / std::max(size.height() - 1, 1);
+            if (kind == "gradient")
+                image.setPixel(x, y, qRgb(u, v, 255 - (u + v) / 2));
+            else if (kind == "translucent")
+                image.setPixel(x, y, qRgba(u, 255 - u, v, v));
+            else if (kind == "noise")
+                image.setPixel(x, y, random.generate() | 0xFF000000U);
+            else
+                image.setPixel(x, y, qRgb(100, 150, 200));
+        }
+    }
+    return image;
+}
+
+/// Decodes NAME.raw and, behind it, NAME.lut with the emulator; empty when it cannot.
+std::vector<Pixel> decoded(const CToolFolder &folder, const QString &name, int code, QSize size)
+{
+    QByteArray memory = folder.read(name + ".raw");
+    const auto palette = static_cast<uint32_t>(memory.size());
+    memory += folder.read(name + ".lut");
+    const auto format = static_cast<uint32_t>(code);
+    const auto image = kivemu::decodeBitmap(reinterpret_cast<const uint8_t *>(memory.constData()),
+                                            static_cast<size_t>(memory.size()), format, 0,
+                                            kivemu::bitmapStride(format, size.width()), palette,
+                                            size.width(), size.height());
+    std::vector<Pixel> pixels;
+    if (!image || palette != kivemu::bitmapSize(format, size.width(), size.height()) ||
+        static_cast<uint32_t>(memory.size()) - palette != kivemu::paletteSize(format))
+        return pixels;
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x) {
+            const uint32_t p = *image->at(x, y);
+            pixels.push_back({static_cast<int>(p >> 24), static_cast<int>(p >> 16 & 255),
+                              static_cast<int>(p >> 8 & 255), static_cast<int>(p & 255)});
+        }
+    return pixels;
+}
+
+/// How two pictures differ in one channel.
+struct SError
+{
+    int most = 0;
+    double mean = 0; ///< of the amounts
+    double signedMean = 0;
+};
+
+SError compare(const std::vector<Pixel> &pixels, const QImage &image, size_t channel,
+               const std::function<Pixel(QRgb)> &expected)
+{
+    SError error;
+    size_t i = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x, ++i) {
+            const int difference = pixels[i][channel] - expected(image.pixel(x, y))[channel];
+            error.most = std::max(error.most, std::abs(difference));
+            error.mean += std::abs(difference);
+            error.signedMean += difference;
+        }
+    error.mean /= static_cast<double>(pixels.size());
+    error.signedMean /= static_cast<double>(pixels.size());
+    return error;
+}
+
+QByteArray described(const SError &error, size_t channel)
+{
+    return QByteArray("channel ") + QByteArray::number(static_cast<int>(channel)) + ": most " +
+           QByteArray::number(error.most) + ", mean " + QByteArray::number(error.mean) +
+           ", signed " + QByteArray::number(error.signedMean);
+}
+
+QStringList bmpconvArguments(const QString &file, int code, bool isDithered)
+{
+    QStringList arguments{"-i", file, "-f", QString::number(code)};
+    if (!isDithered)
+        arguments += "--no-dither";
+    return arguments;
+}
+
+const QString Bmpconv = "bmpconv/bmpconv.exe";
+const QString Palsplit = "Palette/palsplit.exe";
+const QString Pngquant = "Palette/pngquant.exe";
+const QString Dxtpack = "DXT1/dxtpack.exe";
+
+} // namespace
+
+class tst_RoundTrip : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void general_data();
+    void general();
+    void exactColoursStay_data() { formats(); }
+    void exactColoursStay();
+    void transparentPixelsStayApart();
+    void alphaOfOneBitIsAThreshold();
+    void rowsAndBits();
+    void palettes_data();
+    void palettes();
+    void indexOrderAndUnusedEntries();
+    void tooManyColours();
+    void quantisedPhoto();
+    void dxt1_data();
+    void dxt1();
+    void dxt1Alpha();
+
+private:
+    static void formats();
+};
+
+void tst_RoundTrip::formats()
+{
+    QTest::addColumn<int>("row");
+    for (int i = 0; i < static_cast<int>(std::size(Formats)); ++i)
+        QTest::newRow(Formats[i].name) << i;
+}
+
+void tst_RoundTrip::general_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<bool>("isDithered");
+    for (int i = 0; i < static_cast<int>(std::size(Formats)); ++i)
+        for (const char *kind : {"gradient", "translucent", "noise", "flat"})
+            for (const bool isDithered : {true, false})
+                QTest::addRow("%s %s %s", Formats[i].name, kind, isDithered ? "dithered" : "plain")
+                    << i << kind << isDithered;
+}
+
+void tst_RoundTrip::general()
+{
+    QFETCH(int, row);
+    QFETCH(QString, kind);
+    QFETCH(bool, isDithered);
+    const SFormat &format = Formats[row];
+    const QImage image = makeImage(kind);
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("photo.png")));
+    QVERIFY2(folder.succeeds(Bmpconv, bmpconvArguments("photo.png", format.code, isDithered)),
+             qPrintable(folder.error));
+    const auto pixels = decoded(folder, QString("photo_") + format.name, format.code, image.size());
+    QVERIFY(!pixels.empty());
+
+    const bool isOpaque = kind != "translucent";
+    const double edge =
+        static_cast<double>(image.width() + image.height()) / (image.width() * image.height());
+    for (size_t channel = 0; channel < 4; ++channel) {
+        const SError error =
+            compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
+        const QByteArray text = described(error, channel);
+        const int step = gap(format.bits[channel]);
+        if (isOpaque || format.isGrey || format.bits[0] == 0) {
+            // Plain rounding errs by half a gap at most; one that also takes in what its
+            // neighbours lost, by half a gap more.
+            QVERIFY2(error.most <= (isDithered ? step : step / 2), text);
+            if (kind ==
+                "gradient") // evenly spread: a quarter of a gap on average, a third dithered
+                QVERIFY2(error.mean <= step * (isDithered ? 0.4 : 0.28) + 0.5, text);
+            if (isDithered) // nothing is lost but over the edges of the image
+                QVERIFY2(std::abs(error.signedMean) <= step * edge + 0.3, text);
+        } else if (format.bits[0] > 1) { // the errors of alpha and colour add up
+            const int both = gap(format.bits[0]) + (channel ? step : 0);
+            QVERIFY2(error.most <= (isDithered ? both : both / 2) + 1, text);
+        }
+    }
+}
+
+void tst_RoundTrip::exactColoursStay()
+{
+    // What was decoded once has a code of its own everywhere: converting it again changes nothing.
+    QFETCH(int, row);
+    const SFormat &format = Formats[row];
+    const QImage image = makeImage("noise");
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("photo.png")));
+    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("photo.png", format.code, true)));
+    const QString output = QString("_") + format.name;
+    const auto pixels = decoded(folder, "photo" + output, format.code, image.size());
+    QVERIFY(!pixels.empty());
+    QImage again(image.size(), QImage::Format_ARGB32);
+    for (int y = 0, i = 0; y < again.height(); ++y)
+        for (int x = 0; x < again.width(); ++x, ++i) {
+            const Pixel &p = pixels[static_cast<size_t>(i)];
+            again.setPixel(x, y, qRgb(p[1], p[2], p[3]));
+        }
+    QVERIFY(again.save(folder.path("again.png")));
+    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("again.png", format.code, true)));
+    QCOMPARE(folder.read("again" + output + ".raw"), folder.read("photo" + output + ".raw"));
+}
+
+void tst_RoundTrip::transparentPixelsStayApart()
+{
+    // Left: transparent with loud hidden colours; right: a colour that all three formats have.
+    QImage image(20, 20, QImage::Format_ARGB32);
+    QRandomGenerator random(3);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 20; ++x)
+            image.setPixel(x, y, x < 10 ? random.generate() & 0xFFFFFFU : qRgb(255, 0, 255));
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("icon.png")));
+    for (const SFormat &format : Formats) {
+        if (format.isGrey || format.bits[0] == 0)
+            continue;
+        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("icon.png", format.code, true)));
+        const QByteArray bytes = folder.read(QString("icon_%1.raw").arg(format.name));
+        const int half = bytes.size() / 20 / 2;
+        const auto pixels =
+            decoded(folder, QString("icon_") + format.name, format.code, image.size());
+        for (int y = 0; y < 20; ++y) {
+            QCOMPARE(bytes.mid(y * 2 * half, half), QByteArray(half, '\0'));
+            for (int x = 10; x < 20; ++x)
+                QCOMPARE(pixels[static_cast<size_t>(y * 20 + x)], (Pixel{255, 255, 0, 255}));
+        }
+    }
+}
+
+void tst_RoundTrip::alphaOfOneBitIsAThreshold()
+{
+    QImage image(256, 2, QImage::Format_ARGB32);
+    for (int x = 0; x < 256; ++x)
+        for (int y = 0; y < 2; ++y)
+            image.setPixel(x, y, qRgba(255, 255, 255, x));
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("ramp.png")));
+    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("ramp.png", 0, true)));
+    const auto pixels = decoded(folder, "ramp_ARGB1555", 0, image.size());
+    for (size_t i = 0; i < pixels.size(); ++i)
+        QCOMPARE(pixels[i][0], i % 256 < 128 ? 0 : 255);
+}
+
+void tst_RoundTrip::rowsAndBits()
+{
+    // Black and white are exact everywhere, so the bytes can be written down.
+    QImage image(11, 2, QImage::Format_ARGB32);
+    image.fill(Qt::black);
+    for (const int x : {0, 1, 10})
+        image.setPixel(x, 0, qRgb(255, 255, 255));
+    const struct
+    {
+        int code;
+        const char *name;
+        QByteArray hex; // of the first row; the second is black
+        QByteArray black;
+    } rows[] = {{1, "L1", "c020", "0000"},
+                {9, "L2", "f0000c", "000000"},
+                {2, "L4", "ff00000000f0", "000000000000"},
+                {3, "L8", "ffff0000000000000000ff", "0000000000000000000000"},
+                {4, "RGB332", "ffff0000000000000000ff", "0000000000000000000000"},
+                {5, "ARGB2", "ffffc0c0c0c0c0c0c0c0ff", "c0c0c0c0c0c0c0c0c0c0c0"}};
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("dots.png")));
+    for (const auto &row : rows) {
+        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("dots.png", row.code, true)));
+        QCOMPARE(folder.read(QString("dots_%1.raw").arg(row.name)).toHex(), row.hex + row.black);
+        const QJsonObject facts =
+            QJsonDocument::fromJson(folder.read(QString("dots_%1.json").arg(row.name))).object();
+        QCOMPARE(facts, (QJsonObject{{"format", row.name},
+                                     {"width", 11},
+                                     {"height", 2},
+                                     {"stride", row.hex.size() / 2},
+                                     {"bytes", row.hex.size()}}));
+    }
+    // 16-bit codes: red, green, blue, half-transparent white; least significant byte first.
+    QImage colours(4, 1, QImage::Format_ARGB32);
+    const QRgb pixels[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0x88FFFFFF};
+    for (int x = 0; x < 4; ++x)
+        colours.setPixel(x, 0, pixels[x]);
+    QVERIFY(colours.save(folder.path("c.png")));
+    for (const int code : {0, 6, 7})
+        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("c.png", code, false)));
+    QCOMPARE(folder.read("c_ARGB1555.raw").toHex(), QByteArray("00fce0831f80ffff"));
+    QCOMPARE(folder.read("c_ARGB4.raw").toHex(), QByteArray("00fff0f00ff0ff8f"));
+    QCOMPARE(folder.read("c_RGB565.raw").toHex(),
+             QByteArray("00f8e0071f003184").replace("3184", "5184"));
+}
+
+void tst_RoundTrip::palettes_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QVector<int>>("gaps"); // of alpha, red, green, blue
+    QTest::newRow("PALETTED") << 0 << 8 << QVector<int>{0, 0, 0, 0};
+    QTest::newRow("PALETTED8") << 1 << 12 << QVector<int>{0, 0, 0, 0};
+    QTest::newRow("PALETTED565") << 2 << 14 << QVector<int>{0, gap(5), gap(6), gap(5)};
+    QTest::newRow("PALETTED4444") << 3 << 13 << QVector<int>{gap(4), gap(4), gap(4), gap(4)};
+}
+
+void tst_RoundTrip::palettes()
+{
+    QFETCH(int, kind);
+    QFETCH(int, code);
+    QFETCH(QVector<int>, gaps);
+    // 256 different colours, some translucent; as indexed and as true-colour file.
+    QImage image(64, 12, QImage::Format_ARGB32);
+    for (int y = 0; y < 12; ++y)
+        for (int x = 0; x < 64; ++x) {
+            const int i = (x * 7 + y * 64) % 256;
+            image.setPixel(x, y, qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
+        }
+    const QString name = QString("icon_") + QTest::currentDataTag();
+    for (const bool isIndexed : {false, true}) {
+        CToolFolder folder;
+        QVector<QRgb> colours;
+        for (int i = 0; i < 256; ++i)
+            colours.append(qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
+        const QImage source =
+            isIndexed ? image.convertToFormat(QImage::Format_Indexed8, colours) : image;
+        QVERIFY(source.save(folder.path("icon-fs8.png")));
+        QVERIFY2(folder.succeeds(Palsplit, {"-i", "icon-fs8.png", "-f", QString::number(kind)}),
+                 qPrintable(folder.error));
+        const auto pixels = decoded(folder, name, code, image.size());
+        QVERIFY(!pixels.empty());
+        const SFormat format{"", code, {gaps[0] || gaps[1] == 0 ? 8 : 0, 8, 8, 8}, false};
+        for (size_t channel = 0; channel < 4; ++channel) {
+            const SError error =
+                compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
+            const int both = gaps[0] + (channel ? gaps[static_cast<int>(channel)] : 0);
+            QVERIFY2(error.most <= both / 2 + (gaps[0] ? 1 : 0), described(error, channel));
+        }
+    }
+}
+
+void tst_RoundTrip::indexOrderAndUnusedEntries()
+{
+    QImage image(3, 1, QImage::Format_Indexed8);
+    image.setColorTable({0xFF102030, 0x80FF0000, 0x00ABCDEF, 0xFFFFFFFF});
+    for (int x = 0; x < 3; ++x)
+        image.setPixel(x, 0, static_cast<uint>(2 - x));
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("x-fs8.png")));
+    QVERIFY(folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "0"}));
+    QCOMPARE(folder.read("x_PALETTED.raw").toHex(), QByteArray("020100"));
+    // Blue first, alpha last; what is fully transparent is 0, as are unused entries.
+    const QByteArray used = "302010ff"
+                            "0000ff80"
+                            "00000000"
+                            "ffffffff";
+    QCOMPARE(folder.read("x_PALETTED.lut").toHex(), used + QByteArray(2 * (1024 - 16), '0'));
+    QVERIFY(folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "3"}));
+    QCOMPARE(folder.read("x_PALETTED4444.lut").size(), 512);
+    QCOMPARE(folder.read("x_PALETTED4444.lut").left(8).toHex(), QByteArray("23f1008f0000ffff"));
+}
+
+void tst_RoundTrip::tooManyColours()
+{
+    QImage image(257, 1, QImage::Format_ARGB32);
+    for (int x = 0; x < 257; ++x)
+        image.setPixel(x, 0, qRgb(x / 2, x % 2, 0));
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("x-fs8.png")));
+    QVERIFY(!folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "0"}));
+    QVERIFY(folder.error.contains("256"));
+    QCOMPARE(folder.files(), QStringList{"x-fs8.png"});
+}
+
+void tst_RoundTrip::quantisedPhoto()
+{
+    // A palette made for the picture must not be worse than the fixed one of RGB332, plainly
+    // rounded: a quarter of its gaps.
+    for (const QString kind : {"gradient", "translucent"}) {
+        const QImage image = makeImage(kind, {120, 90});
+        CToolFolder folder;
+        QVERIFY(image.save(folder.path("photo.png")));
+        QVERIFY2(folder.succeeds(Pngquant, {"-f", "photo.png"}), qPrintable(folder.error));
+        QVERIFY(folder.succeeds(Palsplit, {"-i", "photo-fs8.png", "-f", "1"}));
+        const auto pixels = decoded(folder, "photo_PALETTED8", 12, image.size());
+        QVERIFY(!pixels.empty());
+        for (size_t channel = 0; channel < 4; ++channel) {
+            const SError error = compare(pixels, image, channel, multiplied);
+            QVERIFY2(error.mean <= gap(3) / 4.0, described(error, channel));
+        }
+    }
+}
+
+void tst_RoundTrip::dxt1_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<double>("bound"); // of the mean error
+    // Colours along a line: the ends are rounded to 5, 6, 5 bits (a quarter of a gap on average)
+    // and what lies between is drawn to the nearest of four places (a twelfth of the block's
+    // range).
+    QTest::newRow("flat") << "flat" << QSize(16, 16) << gap(5) / 2.0;
+    QTest::newRow("one pixel") << "flat" << QSize(1, 1) << gap(5) / 2.0;
+    QTest::newRow("5 x 7") << "flat" << QSize(5, 7) << gap(5) / 2.0;
+    // Two directions at once: half the block's range across the line is lost too.
+    const double range = 4 * 255.0 / 60;
+    QTest::newRow("gradient") << "gradient" << QSize(61, 47)
+                              << gap(5) / 4.0 + range / 12 + range / 4;
+}
+
+void tst_RoundTrip::dxt1()
+{
+    QFETCH(QString, kind);
+    QFETCH(QSize, size);
+    QFETCH(double, bound);
+    const QImage image = makeImage(kind, size);
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("photo.png")));
+    QVERIFY2(folder.succeeds(Dxtpack, {"-i", "photo.png"}), qPrintable(folder.error));
+    const auto pixels = decoded(folder, "photo_DXT1", 255, size);
+    QVERIFY(!pixels.empty());
+    QCOMPARE(compare(pixels, image, 0, multiplied).most, 0);
+    for (size_t channel = 1; channel < 4; ++channel) {
+        const SError error = compare(pixels, image, channel, multiplied);
+        QVERIFY2(error.mean <= bound, described(error, channel));
+    }
+}
+
+void tst_RoundTrip::dxt1Alpha()
+{
+    QImage image = makeImage("flat", {32, 8});
+    for (int x = 0; x < 32; ++x)
+        for (int y = 0; y < 8; ++y)
+            image.setPixel(x, y, qRgba(248, 252, 0, x * 8)); // a colour that 5, 6, 5 bits hold
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("icon.png")));
+    QVERIFY(folder.succeeds(Dxtpack, {"-i", "icon.png"}));
+    const auto pixels = decoded(folder, "icon_DXT1", 255, image.size());
+    for (size_t i = 0; i < pixels.size(); ++i) {
+        const bool isSeen = i % 32 >= 16;
+        QCOMPARE(pixels[i][0], isSeen ? 255 : 0);
+        if (isSeen)
+            QVERIFY(std::abs(pixels[i][1] - 248) <= gap(5) / 2 && pixels[i][3] <= gap(5) / 2);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_RoundTrip)
+#include "tst_roundtrip.moc"
