@@ -34,6 +34,11 @@ install_packages() {
         $missing || fail "some packages could not be installed (see above)"
 }
 
+# The property browser has no binary package; its sources are fetched once.
+fetch_property_browser() {
+    scripts/fetch-propertybrowser.sh || fail "the property browser is missing (see above)"
+}
+
 # build_preset NAME FOLDER [TARGET…]: configures once, then builds what has changed.
 build_preset() {
     local preset=$1 folder=$2
