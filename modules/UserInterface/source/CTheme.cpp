@@ -1,0 +1,82 @@
+#include "CTheme.h"
+
+#include "CThemeIcons.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QStyleFactory>
+#include <QWidget>
+
+namespace {
+
+struct Colours
+{
+    QColor window;
+    QColor base;
+    QColor text;
+    QColor highlight;
+    QColor link;
+    QColor placeholder;
+};
+
+Colours coloursOf(CTheme::Kind kind)
+{
+    if (kind == CTheme::Kind::Light)
+        return {{192, 192, 192}, {208, 208, 208}, Qt::black,
+                {128, 160, 192}, {24, 72, 128},   {88, 88, 88}};
+    return {{64, 64, 64}, {48, 48, 48}, Qt::white, {64, 96, 128}, {140, 190, 240}, {168, 168, 168}};
+}
+
+} // namespace
+
+CTheme::CTheme(QWidget *window) : m_window(window)
+{
+}
+
+void CTheme::apply(Kind kind)
+{
+    m_name = nameOf(kind);
+    CThemeIcons::setTheme(m_name);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(palette(kind));
+    m_window->setStyleSheet(
+        readStyleSheet(QStringLiteral(":/qss/") + m_name + QStringLiteral(".qss")));
+}
+
+QString CTheme::nameOf(Kind kind)
+{
+    return kind == Kind::Light ? QStringLiteral("light") : QStringLiteral("dark");
+}
+
+QPalette CTheme::palette(Kind kind)
+{
+    const Colours colours = coloursOf(kind);
+    // The shades between light and shadow, which the style draws with, follow from these two.
+    QPalette palette(colours.window, colours.window);
+    palette.setColor(QPalette::Window, colours.window);
+    palette.setColor(QPalette::WindowText, colours.text);
+    palette.setColor(QPalette::Base, colours.base);
+    palette.setColor(QPalette::AlternateBase, colours.window);
+    // Both are one colour on purpose; the style sheet colours tool tips.
+    palette.setColor(QPalette::ToolTipBase, colours.text);
+    palette.setColor(QPalette::ToolTipText, colours.text);
+    palette.setColor(QPalette::Text, colours.text);
+    palette.setColor(QPalette::Button, colours.window);
+    palette.setColor(QPalette::ButtonText, colours.text);
+    palette.setColor(QPalette::BrightText, Qt::red);
+    palette.setColor(QPalette::Highlight, colours.highlight);
+    palette.setColor(QPalette::HighlightedText, colours.text);
+    palette.setColor(QPalette::Link, colours.link);
+    palette.setColor(QPalette::LinkVisited, colours.link);
+    palette.setColor(QPalette::PlaceholderText, colours.placeholder);
+    return palette;
+}
+
+QString CTheme::readStyleSheet(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll());
+}

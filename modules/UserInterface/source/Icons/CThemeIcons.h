@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+/// The editor's icons in the theme that is in force. An icon given out follows a later change of
+/// the theme by itself; who shows a pixmap of it asks for a new one. GUI thread only.
+class CThemeIcons
+{
+public:
+    /// Theme of all icons from now on: "dark" or "light"; any other name means dark.
+    static void setTheme(const QString &name);
+    static QString theme();
+
+    /// The icon with the given resource name, e.g. ":/images/Save.png". A picture that has no
+    /// variants for the themes comes as it is; a name that does not exist gives a null icon.
+    static QIcon icon(const QString &resource);
+};
