@@ -13,7 +13,9 @@ namespace kivemu {
 struct SBitmapImage
 {
     static constexpr int Border = 2;
+    static constexpr int MaxSide = 8192; ///< texel positions then fit 32 bits
 
+    /// Transparent; sides are cut to 0 .. MaxSide.
     SBitmapImage(int imageWidth, int imageHeight);
 
     /// The pixel at (x, y), each from -Border on.
@@ -22,7 +24,7 @@ struct SBitmapImage
 
     int width;
     int height;
-    int stride; ///< pixels from row to row
+    int stride;          ///< pixels from row to row
     bool opaque = false; ///< no texel is transparent
     std::vector<uint32_t> pixels;
 };

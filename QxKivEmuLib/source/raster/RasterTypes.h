@@ -4,9 +4,9 @@
 
 namespace kivemu {
 
-using Sub16 = int32_t;    ///< a length in sixteenths of a pixel; pixel centres lie at 8, 24, …
-using Angle64 = int32_t;  ///< an angle in 1/64 degree, clockwise from three o'clock
-using Argb = uint32_t;    ///< 0xAARRGGBB, colour not multiplied by alpha
+using Sub16 = int32_t;   ///< a length in sixteenths of a pixel; pixel centres lie at 8, 24, …
+using Angle64 = int32_t; ///< an angle in 1/64 degree, clockwise from three o'clock
+using Argb = uint32_t;   ///< 0xAARRGGBB, colour not multiplied by alpha
 
 struct SPoint
 {

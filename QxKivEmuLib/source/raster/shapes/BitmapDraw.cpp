@@ -1,0 +1,119 @@
+#include "shapes/Shapes.h"
+#include "shapes/TexelRows.h"
+
+#include "CSurface.h"
+
+#include <array>
+#include <cstring>
+
+namespace kivemu {
+namespace {
+
+constexpr Argb White = 0xFFFFFFFFu;
+constexpr Argb OpaqueBits = 0xFF000000u;
+
+/// The whole pixels whose centres lie in start .. start + length (in sixteenths).
+SPixelRange pixelsWithin(int64_t start, int64_t length, int low, int high)
+{
+    const auto firstCentre = [&](int64_t from) { // (from - 8) / 16, rounded up
+        return static_cast<int>(std::clamp<int64_t>((from + 7) >> 4, low, high));
+    };
+    return {firstCentre(start), firstCentre(start + length)};
+}
+
+uint32_t premultiplied(Argb colour)
+{
+    const uint32_t alpha = colour >> 24;
+    uint32_t r = alpha << 24;
+    for (int shift = 0; shift < 24; shift += 8)
+        r |= ((colour >> shift & 255) * alpha + 127) / 255 << shift;
+    return r;
+}
+
+/// The texel's own colour, opaque; nothing is known of the colour of a transparent one.
+uint32_t withoutAlpha(uint32_t texel)
+{
+    const uint32_t alpha = texel >> 24;
+    if (alpha == 255 || alpha == 0)
+        return texel | OpaqueBits;
+    uint32_t r = OpaqueBits;
+    for (int shift = 0; shift < 24; shift += 8)
+        r |= std::min(((texel >> shift & 255) * 255 + alpha / 2) / alpha, 255u) << shift;
+    return r;
+}
+
+/// What happens to the texels of a row on their way to the surface.
+class CTexelPainter
+{
+public:
+    CTexelPainter(const SCanvas &canvas, const SPaint &paint)
+        : m_canvas(canvas),
+          m_isBlending(paint.blend),
+          m_tint(premultiplied(paint.blend ? paint.colour : paint.colour | OpaqueBits))
+    {
+    }
+
+    /// Texels need neither tinting nor replacing.
+    bool takesThemAsTheyAre() const { return m_isBlending && m_tint == White; }
+
+    /// Changes the texels where it has to.
+    void draw(int x, int y, uint32_t *texels, int count) const
+    {
+        if (!m_isBlending)
+            std::transform(texels, texels + count, texels, withoutAlpha);
+        if (m_tint != White)
+            m_canvas.kernels->tintRow(texels, count, m_tint);
+        m_canvas.kernels->overRow(m_canvas.target.row(y) + x, texels, count);
+    }
+
+private:
+    const SCanvas &m_canvas;
+    const bool m_isBlending;
+    const uint32_t m_tint;
+};
+
+void copyRow(const SCanvas &canvas, const CTexelRows &rows, const STexelRow &row, int y,
+             bool isOpaque)
+{
+    rows.eachCopiedPiece(row, [&](int x, const uint32_t *texels, int count) {
+        uint32_t *pixels = canvas.target.row(y) + x;
+        if (isOpaque)
+            std::memcpy(pixels, texels, static_cast<size_t>(count) * sizeof *pixels);
+        else
+            canvas.kernels->overRow(pixels, texels, count);
+    });
+}
+
+} // namespace
+
+void drawBitmap(const SCanvas &canvas, const SBitmapImage &image, const SBitmapPlacement &placement,
+                const SPaint &paint)
+{
+    if (image.width <= 0 || image.height <= 0 || placement.size.x <= 0 || placement.size.y <= 0)
+        return;
+    const SClip &clip = canvas.clip;
+    const SPixelRange columns =
+        pixelsWithin(placement.topLeft.x, placement.size.x, clip.left, clip.right);
+    const SPixelRange lines =
+        pixelsWithin(placement.topLeft.y, placement.size.y, clip.top, clip.bottom);
+    const CTexelPainter painter(canvas, paint);
+    const bool isCopy = painter.takesThemAsTheyAre() && CTexelRows::isCopy(placement);
+    const bool isSharp = isCopy || !paint.blend;
+    const CTexelRows rows(image, placement,
+                          isSharp ? CTexelRows::EEdge::Sharp : CTexelRows::EEdge::Fading);
+    // A vector more than the longest row.
+    std::array<uint32_t, CSurface::MaxSide + 8> texels;
+    for (int y = lines.first; y < lines.end; ++y) {
+        const STexelRow row = rows.row(y, columns);
+        if (row.pixels.isEmpty())
+            continue;
+        if (isCopy) {
+            copyRow(canvas, rows, row, y, image.opaque);
+            continue;
+        }
+        rows.fetch(*canvas.kernels, row, texels.data());
+        painter.draw(row.pixels.first, y, texels.data(), row.pixels.count());
+    }
+}
+
+} // namespace kivemu

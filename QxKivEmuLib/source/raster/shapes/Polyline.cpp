@@ -1,0 +1,39 @@
+#include "shapes/CapsuleLine.h"
+#include "shapes/TouchedGrids.h"
+
+namespace kivemu {
+namespace {
+
+/// Adds one piece to the mask, which keeps the largest coverage of each pixel.
+void addPiece(const SCanvas &canvas, CMaskGrid &mask, const CCapsuleLine &line)
+{
+    const SClip &clip = canvas.clip;
+    const SMaskTarget target{mask.row(0), mask.grid().stride, clip.left, clip.top};
+    CRunBatch runs([&](const SRun *first, int count) {
+        canvas.kernels->capsuleMask(target, first, count, line.coverage());
+    });
+    line.eachRow(clip, [&](int y, SPixelRange range) {
+        runs.add(y, range);
+        mask.touch(y - clip.top, range.first - clip.left, range.end - 1 - clip.left);
+        mask.touchRows(y - clip.top, y - clip.top + 1);
+    });
+}
+
+} // namespace
+
+void strokePolyline(const SCanvas &canvas, CMaskGrid &mask, const SPoint *points, int count,
+                    bool closed, Sub16 lineWidth, const SInk &ink)
+{
+    mask.begin(canvas.clip);
+    const auto piece = [&](const SPoint &from, const SPoint &to) {
+        if (const auto line = CCapsuleLine::create(from, to, lineWidth, canvas.clip))
+            addPiece(canvas, mask, *line);
+    };
+    for (int i = 1; i < count; ++i)
+        piece(points[i - 1], points[i]);
+    if (closed || count == 1)
+        piece(points[count - 1], points[0]);
+    canvas.kernels->sweepMask(canvas.target, mask.grid(), ink);
+}
+
+} // namespace kivemu
