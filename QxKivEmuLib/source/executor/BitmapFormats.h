@@ -21,7 +21,8 @@ enum class EBitmapFormat : uint32_t {
     Rgb565 = 7,
     Paletted = 8, ///< 8-bit indices, 256 entries of 32 bits (ARGB8888)
     L2 = 9,
-    Paletted8 = 12, ///< 8-bit indices, 256 entries of 32 bits, as the chips of the second generation read them
+    Paletted8 = 12, ///< 8-bit indices, 256 entries of 32 bits, as the chips of the second
+                    ///< generation read them
     Paletted4444 = 13,
     Paletted565 = 14,
     Dxt1 = 255,
@@ -41,8 +42,7 @@ int bitmapFormatCode(std::string_view name);
 /// 1 .. 2048, or anything lies outside the memory.
 /// L formats decode to white with the luminance as alpha, so that a tint colours them.
 std::shared_ptr<const SBitmapImage> decodeBitmap(const uint8_t *memory, size_t memorySize,
-                                                 uint32_t format, uint32_t address,
-                                                 uint32_t stride, uint32_t palette, int width,
-                                                 int height);
+                                                 uint32_t format, uint32_t address, uint32_t stride,
+                                                 uint32_t palette, int width, int height);
 
 } // namespace kivemu

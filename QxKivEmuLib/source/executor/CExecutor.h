@@ -16,8 +16,8 @@ class CSurface;
 /// One thing that is wrong in a display list.
 struct SExecutionError
 {
-    uint32_t item;      ///< id of the item tag under which it lies; 0 before the first
-    size_t wordIndex;   ///< of the command's header
+    uint32_t item;    ///< id of the item tag under which it lies; 0 before the first
+    size_t wordIndex; ///< of the command's header
     std::string message;
 };
 
@@ -30,14 +30,13 @@ class CExecutor
 {
 public:
     static constexpr size_t MaxErrors = 32;
-    static constexpr size_t MaxSavedStates = 64;
-    static constexpr size_t MaxVertices = 8192;
 
     CExecutor();
     explicit CExecutor(EKernelSet kernels);
     ~CExecutor();
 
-    /// Draws until the end command (a missing one is an error) and gives what went wrong.
+    /// Draws onto a black frame until the end command (a missing one is an error) and gives what
+    /// is wrong. The same words and memory give the same frame, whatever was on the surface.
     std::vector<SExecutionError> execute(const uint32_t *words, size_t count, const CRamG &memory,
                                          CSurface &surface);
 

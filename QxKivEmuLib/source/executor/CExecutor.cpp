@@ -1,0 +1,39 @@
+#include "CExecutor.h"
+
+#include "CBitmapCache.h"
+#include "CCommandRunner.h"
+#include "raster/CRasterizer.h"
+
+#include <optional>
+
+namespace kivemu {
+
+/// What lives longer than one execution.
+struct CExecutor::SState
+{
+    std::optional<EKernelSet> kernels; ///< nothing: the fastest that there is
+    CBitmapCache bitmaps;
+    std::vector<SPoint> vertices;
+};
+
+CExecutor::CExecutor() : m_state(std::make_unique<SState>())
+{
+}
+
+CExecutor::CExecutor(EKernelSet kernels) : CExecutor()
+{
+    m_state->kernels = kernels;
+}
+
+CExecutor::~CExecutor() = default;
+
+std::vector<SExecutionError> CExecutor::execute(const uint32_t *words, size_t count,
+                                                const CRamG &memory, CSurface &surface)
+{
+    CRasterizer rasterizer =
+        m_state->kernels ? CRasterizer(surface, *m_state->kernels) : CRasterizer(surface);
+    CCommandRunner runner(rasterizer, memory, m_state->bitmaps, m_state->vertices);
+    return runner.run(words, count);
+}
+
+} // namespace kivemu

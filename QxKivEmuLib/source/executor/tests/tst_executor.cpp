@@ -1,0 +1,384 @@
+#include "displaylist/CDisplayListWriter.h"
+#include "displaylist/DisplayListText.h"
+#include "executor/BitmapFormats.h"
+#include "executor/CBitmapCache.h"
+#include "executor/CExecutor.h"
+#include "executor/CRamG.h"
+#include "raster/BitmapImage.h"
+#include "raster/CRasterizer.h"
+#include "raster/CSurface.h"
+#include "support/ExampleLists.h"
+#include "support/Replay.h"
+
+#include "RomFonts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
+using namespace kivemu;
+
+namespace {
+
+constexpr int Width = 64;
+constexpr int Height = 48;
+
+const CRamG NoMemory(0);
+
+std::vector<uint32_t> frameOf(const std::string &text, const CRamG &memory = NoMemory)
+{
+    std::string error;
+    const auto words = assemble(text, &error);
+    EXPECT_TRUE(words) << error;
+    const SReplay result =
+        replay(toBytes(words.value_or(std::vector<uint32_t>{})), memory, Width, Height);
+    EXPECT_EQ(result.errors, std::vector<std::string>{}) << text;
+    EXPECT_EQ(result.difference, "") << text;
+    return result.frame;
+}
+
+uint32_t pixel(const std::vector<uint32_t> &frame, int x, int y)
+{
+    return frame[static_cast<size_t>(y * Width + x)];
+}
+
+std::vector<uint32_t> frameOf(const CDisplayListWriter &writer, const CRamG &memory = NoMemory)
+{
+    return frameOf(disassemble(writer.words().data(), writer.words().size()), memory);
+}
+
+/// Each channel within `distance`.
+bool isNear(uint32_t a, uint32_t b, int distance)
+{
+    for (int shift = 0; shift < 32; shift += 8) {
+        const int difference =
+            static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
+        if (std::abs(difference) > distance)
+            return false;
+    }
+    return true;
+}
+
+/// The list of one L8 bitmap, two texels wide and one high, drawn over 16 x 16 pixels.
+std::string twoTexels(const char *setup)
+{
+    return std::string("CLEAR(0x000000);BITMAP_SOURCE(3, 0);BITMAP_LAYOUT(2, 2, 1);"
+                       "BITMAP_TRANSFORM(8192, 0, 0, 0, 4096, 0);") +
+           setup + "BITMAP(0, 0, 256, 256);END();";
+}
+
+CRamG memoryOf(const std::vector<uint8_t> &bytes)
+{
+    CRamG memory(4096);
+    memory.append(bytes.data(), bytes.size());
+    return memory;
+}
+
+} // namespace
+
+TEST(RamG, appendAlignsAndKeepsToTheCapacity)
+{
+    CRamG memory(12);
+    const uint8_t bytes[] = {1, 2, 3, 4, 5};
+    EXPECT_EQ(memory.append(bytes, 5), 0U);
+    EXPECT_EQ(memory.used(), 5U);
+    EXPECT_EQ(memory.append(bytes, 5), std::nullopt);
+    EXPECT_EQ(memory.used(), 5U);
+    EXPECT_EQ(memory.append(bytes, 4), 8U);
+    EXPECT_EQ(memory.used(), 12U);
+    EXPECT_EQ(std::vector<uint8_t>(memory.data(), memory.data() + 12),
+              (std::vector<uint8_t>{1, 2, 3, 4, 5, 0, 0, 0, 1, 2, 3, 4}));
+    EXPECT_EQ(memory.append(bytes, 1), std::nullopt);
+    EXPECT_EQ(memory.append(bytes, 0), 12U);
+    memory.clear();
+    EXPECT_EQ(memory.used(), 0U);
+}
+
+TEST(RamG, everyWriteOfAnyMemoryHasItsOwnGeneration)
+{
+    std::set<uint64_t> seen{0};
+    const uint8_t byte = 1;
+    for (int i = 0; i < 3; ++i) {
+        CRamG memory(16);
+        memory.append(&byte, 1);
+        EXPECT_TRUE(seen.insert(memory.generation()).second);
+        memory.append(&byte, 1);
+        EXPECT_TRUE(seen.insert(memory.generation()).second);
+        memory.clear();
+        EXPECT_TRUE(seen.insert(memory.generation()).second);
+        const CRamG copy = memory;
+        EXPECT_EQ(copy.generation(), memory.generation());
+    }
+}
+
+TEST(BitmapCache, decodesOnceUntilTheMemoryChanges)
+{
+    CRamG memory = memoryOf({10, 20, 30, 40});
+    CBitmapCache cache;
+    const SBitmapKey key{3, 0, 2, 0, 2, 2};
+    SBitmapKey other = key;
+    other.address = 1;
+    other.height = 1;
+    cache.follow(memory);
+    const auto first = cache.find(memory, key);
+    ASSERT_TRUE(first);
+    EXPECT_EQ(cache.find(memory, key), first);
+    EXPECT_NE(cache.find(memory, other), first);
+    EXPECT_FALSE(cache.find(memory, {3, 3, 2, 0, 2, 2})) << "beyond the memory";
+    cache.follow(memory);
+    EXPECT_EQ(cache.find(memory, key), first);
+    const uint8_t byte = 0;
+    memory.append(&byte, 1);
+    cache.follow(memory);
+    EXPECT_EQ(cache.bytes(), 0U);
+    EXPECT_NE(cache.find(memory, key), first);
+}
+
+TEST(BitmapCache, isBounded)
+{
+    const CRamG memory = [] {
+        CRamG full(1U << 20);
+        const std::vector<uint8_t> bytes(1U << 20, 0xAA);
+        full.append(bytes.data(), bytes.size());
+        return full;
+    }();
+    CBitmapCache cache;
+    cache.follow(memory);
+    size_t most = 0;
+    for (uint32_t i = 0; i < 12; ++i) {
+        const auto image = cache.find(memory, {1, i, 256, 0, 2048, 2048});
+        ASSERT_TRUE(image);
+        EXPECT_NE(*image->at(i % 2 ? 0 : 1, 0), *image->at(i % 2 ? 1 : 2, 0));
+        EXPECT_LE(cache.bytes(), CBitmapCache::MaxBytes);
+        most = std::max(most, cache.bytes());
+    }
+    EXPECT_GT(most, CBitmapCache::MaxBytes / 2) << "it does keep what fits";
+}
+
+TEST(Executor, everyShapeDrawsWhereItsOperandsSay)
+{
+    const struct
+    {
+        const char *list;
+        int insideX, insideY;
+        int outsideX, outsideY;
+    } cases[] = {
+        {"DISC(320, 320, 80);", 23, 20, 26, 20},
+        {"LINE_WIDTH(64);LINE(160, 160, 480, 160);", 29, 11, 29, 13},
+        {"FILL_RECT(160, 320, 128, 64, 0);", 17, 23, 18, 23},
+        {"FILL_RECT(160, 160, 320, 320, 160);", 20, 20, 11, 11},
+        {"LINE_WIDTH(64);STROKE_RECT(160, 160, 320, 320, 0);", 10, 20, 20, 20},
+        {"VERTEX(0, 0);VERTEX(640, 0);VERTEX(0, 640);POLYGON();", 5, 30, 30, 30},
+        {"LINE_WIDTH(64);VERTEX(160, 160);VERTEX(480, 160);VERTEX(480, 480);POLYLINE(0);", 30, 20,
+         20, 20},
+        {"LINE_WIDTH(64);VERTEX(160, 160);VERTEX(480, 160);VERTEX(480, 480);POLYLINE(1);", 20, 20,
+         25, 15},
+        // The lower right quarter of a circle, then the lower left.
+        {"LINE_WIDTH(64);ARC(320, 320, 160, 0, 5760, 1);", 27, 27, 12, 27},
+        {"LINE_WIDTH(64);ARC(320, 320, 160, 5760, 5760, 1);", 12, 27, 27, 27},
+        {"LINE_WIDTH(64);ARC(320, 320, 160, 0, -5760, 1);", 27, 12, 27, 27},
+        // The caps reach two pixels past the end.
+        {"LINE_WIDTH(64);ARC(320, 320, 160, 0, 5760, 0);", 29, 19, 29, 16},
+        {"GRADIENT(160, 160, 320, 160, 0, 0, 0xffffffff, 0xffffffff);", 29, 19, 30, 19},
+    };
+    for (const auto &one : cases) {
+        const auto frame = frameOf(std::string("CLEAR(0x102030);") + one.list + "END();");
+        EXPECT_EQ(pixel(frame, one.insideX, one.insideY), 0xFFFFFFFF) << one.list;
+        EXPECT_EQ(pixel(frame, one.outsideX, one.outsideY), 0xFF102030) << one.list;
+    }
+}
+
+TEST(Executor, theFrameStartsBlackAndClearKeepsToTheScissor)
+{
+    EXPECT_EQ(pixel(frameOf("END();"), 5, 5), 0xFF000000);
+    const auto frame = frameOf("SCISSOR(4, 6, 10, 8);CLEAR(0xabcdef);END();");
+    const struct
+    {
+        int x, y;
+        uint32_t expected;
+    } cases[] = {{4, 6, 0xFFABCDEF},   {13, 13, 0xFFABCDEF}, {3, 6, 0xFF000000},
+                 {14, 13, 0xFF000000}, {4, 5, 0xFF000000},   {13, 14, 0xFF000000}};
+    for (const auto &one : cases)
+        EXPECT_EQ(pixel(frame, one.x, one.y), one.expected) << one.x << ", " << one.y;
+}
+
+TEST(Executor, alphaAndBlendDecideHowAColourLands)
+{
+    const std::string square = "FILL_RECT(0, 0, 160, 160, 0);END();";
+    const struct
+    {
+        const char *setup;
+        uint32_t expected;
+    } cases[] = {
+        {"", 0xFFFFFFFF},
+        {"COLOR(0xff8000);", 0xFFFF8000},
+        {"COLOR(0xff8000);ALPHA(0);", 0xFF004080},
+        {"COLOR(0xff4080);ALPHA(51);", 0xFF334080}, // a fifth of the way
+        {"ALPHA(51);COLOR(0xff4080);", 0xFF334080},
+        {"COLOR(0xff4080);ALPHA(51);BLEND(0);", 0xFFFF4080},
+        {"COLOR(0xff4080);ALPHA(51);BLEND(0);BLEND(1);", 0xFF334080},
+    };
+    for (const auto &one : cases) {
+        const auto frame = frameOf(std::string("CLEAR(0x004080);") + one.setup + square);
+        EXPECT_TRUE(isNear(pixel(frame, 5, 5), one.expected, 1))
+            << one.setup << std::hex << pixel(frame, 5, 5);
+    }
+}
+
+TEST(Executor, saveAndRestoreCoverTheWholeState)
+{
+    const std::string change = "COLOR(0x00ff00);ALPHA(9);BLEND(0);LINE_WIDTH(99);"
+                               "SCISSOR(0, 0, 3, 3);";
+    const std::string set = "CLEAR(0x000000);COLOR(0x3060c0);ALPHA(128);LINE_WIDTH(40);"
+                            "SCISSOR(5, 5, 40, 40);";
+    const std::string draw = "LINE(0, 0, 800, 600);FILL_RECT(200, 200, 300, 300, 0);END();";
+    EXPECT_EQ(frameOf(set + "SAVE();" + change + "RESTORE();" + draw), frameOf(set + draw));
+    EXPECT_NE(frameOf(set + change + draw), frameOf(set + draw));
+    EXPECT_EQ(frameOf(set + "SAVE();SAVE();" + change + "RESTORE();SAVE();" + change +
+                      "RESTORE();RESTORE();" + draw),
+              frameOf(set + draw));
+}
+
+TEST(Executor, charactersFollowTheAdvanceInSixteenths)
+{
+    const int font = 26;
+    const auto advance = [](char c) {
+        return romfonts::glyph(26, static_cast<uint8_t>(c))->advance16;
+    };
+    for (const Sub16 start : {0, 5, 8, 15, 100}) {
+        CDisplayListWriter run(32768);
+        run.text(font, {start, 320}, "WiTA");
+        run.finish();
+        CDisplayListWriter single(32768);
+        Sub16 pen = start;
+        for (const char c : {'W', 'i', 'T', 'A'}) {
+            single.text(font, {pen, 320}, std::string_view(&c, 1));
+            pen += advance(c);
+        }
+        single.finish();
+        EXPECT_EQ(frameOf(run), frameOf(single)) << start;
+        EXPECT_NE(frameOf(run), frameOf("END();"));
+    }
+}
+
+TEST(Executor, glyphsLieOnWholePixels)
+{
+    const auto at = [](Sub16 x, Sub16 y) {
+        CDisplayListWriter writer(4096);
+        writer.text(28, {x, y}, "g");
+        writer.finish();
+        return frameOf(writer);
+    };
+    EXPECT_EQ(at(320 - 8, 320 - 8), at(320, 320));
+    EXPECT_EQ(at(320 + 7, 320 + 7), at(320, 320));
+    EXPECT_NE(at(320 + 8, 320), at(320, 320));
+    EXPECT_NE(at(320, 320 - 9), at(320, 320));
+    // Exactly one pixel further.
+    const auto frame = at(320, 320);
+    const auto moved = at(336, 320);
+    for (int y = 0; y < Height; ++y) {
+        for (int x = 1; x < Width; ++x)
+            ASSERT_EQ(pixel(moved, x, y), pixel(frame, x - 1, y));
+    }
+}
+
+TEST(Executor, zeroCharactersAreNone)
+{
+    EXPECT_EQ(frameOf("TEXT(160, 320, 28);CHARS(\"a\\x00b\");CHARS(\"\");CHARS(\"c\");END();"),
+              frameOf("TEXT(160, 320, 28);CHARS(\"abc\");END();"));
+}
+
+TEST(Executor, bitmapsAreMultipliedByColourAndAlpha)
+{
+    const struct
+    {
+        const char *setup;
+        uint32_t left, right;
+    } cases[] = {
+        {"", 0xFFFFFFFF, 0xFF808080},
+        {"COLOR(0xff8000);", 0xFFFF8000, 0xFF804000},
+        {"ALPHA(128);", 0xFF808080, 0xFF404040},
+        {"COLOR(0xff8000);ALPHA(128);", 0xFF804000, 0xFF402000},
+    };
+    const CRamG memory = memoryOf({255, 128});
+    for (const auto &one : cases) {
+        const auto frame = frameOf(twoTexels(one.setup), memory);
+        EXPECT_TRUE(isNear(pixel(frame, 2, 8), one.left, 1)) << one.setup;
+        EXPECT_TRUE(isNear(pixel(frame, 13, 8), one.right, 1)) << one.setup;
+        EXPECT_EQ(pixel(frame, 16, 8), 0xFF000000) << "beside it";
+    }
+}
+
+TEST(Executor, bitmapModesReachTheRasterizer)
+{
+    const CRamG memory = memoryOf({255, 0});
+    const auto wide = [&](const char *mode) {
+        return frameOf(std::string("BITMAP_SOURCE(3, 0);BITMAP_LAYOUT(2, 2, 1);") + mode +
+                           "BITMAP_TRANSFORM(8192, 0, 0, 0, 2048, 0);BITMAP(0, 0, 1024, 768);"
+                           "END();",
+                       memory);
+    };
+    // Two texels, 8 x 32 pixels each: what a pixel in the fourth column and at a seam shows.
+    EXPECT_EQ(pixel(wide(""), 20, 8), 0xFF000000);
+    EXPECT_EQ(pixel(wide("BITMAP_MODE(2);"), 20, 8), 0xFFFFFFFF);
+    EXPECT_EQ(pixel(wide("BITMAP_MODE(2);"), 20, 40), 0xFF000000);
+    EXPECT_EQ(pixel(wide("BITMAP_MODE(4);"), 4, 40), 0xFFFFFFFF);
+    EXPECT_EQ(pixel(wide("BITMAP_MODE(0);"), 7, 8), 0xFFFFFFFF);
+    EXPECT_TRUE(isNear(pixel(wide("BITMAP_MODE(5);"), 7, 16), 0xFF888888, 0x10)) << "half and half";
+}
+
+TEST(Executor, aChangedMemoryShows)
+{
+    const auto words = *assemble(twoTexels(""), nullptr);
+    CExecutor executor;
+    const auto leftPixel = [&](const CRamG &memory) {
+        CSurface surface(Width, Height);
+        EXPECT_TRUE(executor.execute(words.data(), words.size(), memory, surface).empty());
+        return surface.row(8)[2];
+    };
+    CRamG memory = memoryOf({255, 0});
+    EXPECT_EQ(leftPixel(memory), 0xFFFFFFFF);
+    memory.clear();
+    const uint8_t darker[] = {0, 255};
+    memory.append(darker, sizeof darker);
+    EXPECT_EQ(leftPixel(memory), 0xFF000000);
+    EXPECT_EQ(leftPixel(memoryOf({255, 0})), 0xFFFFFFFF) << "another memory, written as often";
+}
+
+TEST(Executor, examplesDrawWithoutErrorsAndTheSameFromTheirBytes)
+{
+    std::set<uint32_t> used;
+    for (const SExample &example : exampleLists()) {
+        const SReplay result =
+            replay(toBytes(example.words), example.memory, ExampleWidth, ExampleHeight);
+        EXPECT_EQ(result.errors, std::vector<std::string>{}) << example.name;
+        EXPECT_EQ(result.difference, "") << example.name;
+        const std::set<uint32_t> colours(result.frame.begin(), result.frame.end());
+        EXPECT_GT(colours.size(), 4U) << example.name << " is hardly drawn";
+        for (size_t i = 0; i < example.words.size();) {
+            used.insert(example.words[i] >> 24);
+            i += 1 + findCommand(static_cast<uint8_t>(example.words[i] >> 24))->operandWords();
+        }
+    }
+    EXPECT_EQ(used.size(), commandTable().size()) << "every command is in an example";
+}
+
+TEST(Executor, everySetOfKernelsGivesTheSameFrame)
+{
+    for (const SExample &example : exampleLists()) {
+        const auto bytes = toBytes(example.words);
+        const SReplay plain =
+            replay(bytes, example.memory, ExampleWidth, ExampleHeight, EKernelSet::Plain);
+        for (const EKernelSet kernels : {EKernelSet::Sse2, EKernelSet::Avx2}) {
+            if (!CRasterizer::hasKernels(kernels))
+                continue;
+            const SReplay other =
+                replay(bytes, example.memory, ExampleWidth, ExampleHeight, kernels);
+            EXPECT_TRUE(other.frame == plain.frame)
+                << example.name << " with kernels " << static_cast<int>(kernels);
+            EXPECT_EQ(other.difference, "") << example.name;
+        }
+    }
+}
