@@ -30,4 +30,10 @@ if(KIV_SANITIZE)
   add_link_options(-fsanitize=${KIV_SANITIZE})
 endif()
 
+if(KIV_FUZZ)
+  # Everything counts its edges, so that the fuzzer sees into the libraries too.
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 enable_testing()

@@ -1,0 +1,194 @@
+#include "FuzzChecks.h"
+
+#include "displaylist/CommandTable.h"
+#include "displaylist/DisplayListText.h"
+#include "executor/BitmapFormats.h"
+#include "executor/CExecutor.h"
+#include "executor/CRamG.h"
+#include "raster/BitmapImage.h"
+#include "raster/CRasterizer.h"
+#include "support/ExampleLists.h"
+#include "support/Replay.h"
+
+#include <algorithm>
+
+namespace kivemu {
+
+namespace {
+
+struct SSize
+{
+    int width;
+    int height;
+};
+constexpr SSize FrameSizes[] = {{64, 48}, {ExampleWidth, ExampleHeight}, {1, 1}, {33, 7}};
+constexpr size_t FrameSizeCount = sizeof FrameSizes / sizeof FrameSizes[0];
+
+/// Takes numbers off the front of an input; missing bytes are zero.
+class CInput
+{
+public:
+    CInput(const uint8_t *data, size_t size) : m_data(data), m_size(size) {}
+
+    uint32_t number(size_t bytes)
+    {
+        uint32_t value = 0;
+        for (size_t i = 0; i < bytes && m_size > 0; ++i, ++m_data, --m_size)
+            value |= static_cast<uint32_t>(*m_data) << (8 * i);
+        return value;
+    }
+
+    /// In memory of its own, so that a sanitizer sees a read past the end.
+    std::vector<uint8_t> bytes(size_t count)
+    {
+        const size_t length = std::min(count, m_size);
+        std::vector<uint8_t> taken(m_data, m_data + length);
+        m_data += length;
+        m_size -= length;
+        return taken;
+    }
+
+    std::vector<uint8_t> rest() { return bytes(m_size); }
+
+private:
+    const uint8_t *m_data;
+    size_t m_size;
+};
+
+std::string checkText(const std::vector<uint8_t> &bytes)
+{
+    const std::vector<uint32_t> words = fromBytes(bytes.data(), bytes.size());
+    const std::string text = disassemble(words.data(), words.size());
+    std::string error;
+    if (assemble(text, &error) != words)
+        return "the text form loses words: " + error;
+    const std::vector<uint8_t> back = toBytes(words);
+    if (!std::equal(back.begin(), back.end(), bytes.begin()))
+        return "words lose bytes";
+    if (listLength(words.data(), words.size()) > words.size())
+        return "a list is longer than its words";
+    return {};
+}
+
+std::string checkExecution(const std::vector<uint8_t> &bytes, const CRamG &memory, SSize size)
+{
+    const SReplay plain = replay(bytes, memory, size.width, size.height, EKernelSet::Plain);
+    if (!plain.difference.empty())
+        return plain.difference;
+    if (plain.errors.size() > CExecutor::MaxErrors)
+        return "too many errors";
+    for (const uint32_t pixel : plain.frame) {
+        if (pixel >> 24 != 255)
+            return "a pixel is not opaque";
+    }
+    for (const EKernelSet kernels : {EKernelSet::Sse2, EKernelSet::Avx2}) {
+        if (!CRasterizer::hasKernels(kernels))
+            continue;
+        const SReplay other = replay(bytes, memory, size.width, size.height, kernels);
+        if (other.frame != plain.frame || other.errors != plain.errors)
+            return "kernels " + std::to_string(static_cast<int>(kernels)) + " draw another frame";
+    }
+    return {};
+}
+
+/// The one-byte choice of a format: all known ones, then unknown ones.
+uint32_t chosenFormat(uint32_t byte)
+{
+    constexpr uint32_t Formats[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 13, 14, 255, 10, 11};
+    return Formats[byte % 16];
+}
+
+bool fits(uint64_t address, uint64_t size, uint64_t memory)
+{
+    return address + size <= memory;
+}
+
+std::string checkTexels(const SBitmapImage &image)
+{
+    bool opaque = true;
+    for (int y = -SBitmapImage::Border; y < image.height + SBitmapImage::Border; ++y) {
+        for (int x = -SBitmapImage::Border; x < image.width + SBitmapImage::Border; ++x) {
+            const uint32_t texel = *image.at(x, y);
+            const uint32_t alpha = texel >> 24;
+            const bool inside = x >= 0 && y >= 0 && x < image.width && y < image.height;
+            if (!inside && texel != 0)
+                return "the border is not transparent";
+            if ((texel >> 16 & 0xFF) > alpha || (texel >> 8 & 0xFF) > alpha ||
+                (texel & 0xFF) > alpha)
+                return "a channel is above its alpha";
+            opaque = opaque && (!inside || alpha == 255);
+        }
+    }
+    return opaque == image.opaque ? "" : "opaque is wrong";
+}
+
+} // namespace
+
+std::string checkDisplayList(const uint8_t *data, size_t size)
+{
+    CInput input(data, size);
+    const SSize frame = FrameSizes[input.number(1) % FrameSizeCount];
+    const std::vector<uint8_t> assets = input.bytes(input.number(2));
+    CRamG memory(assets.size());
+    memory.append(assets.data(), assets.size());
+    const std::vector<uint8_t> list = input.rest();
+    const std::string wrong = checkText(list);
+    return wrong.empty() ? checkExecution(list, memory, frame) : wrong;
+}
+
+std::vector<uint8_t> displayListInput(const SExample &example)
+{
+    const size_t used = example.memory.used();
+    const std::vector<uint8_t> list = toBytes(example.words);
+    std::vector<uint8_t> input(3 + used + list.size());
+    input[0] = 1; // the size that the examples are made for
+    input[1] = static_cast<uint8_t>(used);
+    input[2] = static_cast<uint8_t>(used >> 8);
+    std::copy_n(example.memory.data(), used, input.begin() + 3);
+    std::copy(list.begin(), list.end(), input.end() - static_cast<std::ptrdiff_t>(list.size()));
+    return input;
+}
+
+std::string checkAssembler(const uint8_t *data, size_t size)
+{
+    const std::string text(data, data + size);
+    std::string error;
+    const auto words = assemble(text, &error);
+    if (!words)
+        return error.compare(0, 5, "line ") == 0 ? "" : "refused without a message";
+    const std::string normal = disassemble(words->data(), words->size());
+    if (assemble(normal, &error) != words)
+        return "the words do not survive: " + error;
+    return {};
+}
+
+std::string checkBitmap(const uint8_t *data, size_t size)
+{
+    CInput input(data, size);
+    const uint32_t format = chosenFormat(input.number(1));
+    const uint32_t address = input.number(4);
+    const uint32_t stride = input.number(4);
+    const uint32_t palette = input.number(4);
+    const auto width = static_cast<int>(input.number(2));
+    const auto height = static_cast<int>(input.number(2));
+    const std::vector<uint8_t> memory = input.rest();
+    const auto image =
+        decodeBitmap(memory.data(), memory.size(), format, address, stride, palette, width, height);
+
+    const bool known = format != 10 && format != 11;
+    const bool sides = width >= 1 && width <= 2048 && height >= 1 && height <= 2048;
+    const uint64_t row = bitmapStride(format, width);
+    const auto rows = static_cast<uint64_t>(format == 255 ? (height + 3) / 4 : height);
+    const bool within =
+        known && sides && fits(address, (rows - 1) * stride + row, memory.size()) &&
+        (paletteSize(format) == 0 || fits(palette, paletteSize(format), memory.size()));
+    if (within != (image != nullptr))
+        return within ? "a good bitmap is refused" : "a bad bitmap is decoded";
+    if (!image)
+        return {};
+    if (image->width != width || image->height != height)
+        return "the size is wrong";
+    return checkTexels(*image);
+}
+
+} // namespace kivemu

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Properties that hold for any input. Each check gives what is wrong, or an empty text.
+namespace kivemu {
+
+struct SExample;
+
+/// Executes arbitrary words against arbitrary memory: the frame stays opaque, is the same the
+/// second time and with every set of kernels, and errors name words of the list. The words also
+/// survive their text form.
+/// Input: a byte that chooses the frame's size, two of the memory's length, the memory, the list.
+std::string checkDisplayList(const uint8_t *data, size_t size);
+/// The input that has the example's list and memory.
+std::vector<uint8_t> displayListInput(const SExample &example);
+
+/// Assembles arbitrary text: it is refused with a message, or its words survive their text form.
+std::string checkAssembler(const uint8_t *data, size_t size);
+
+/// Decodes arbitrary memory: there is a bitmap exactly when it lies within, and no channel is above
+/// its alpha.
+/// Input: a byte for the format, 4 each for address, stride and palette, 2 each for width and
+/// height, the memory.
+std::string checkBitmap(const uint8_t *data, size_t size);
+
+} // namespace kivemu
