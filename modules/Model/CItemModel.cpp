@@ -216,21 +216,21 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
         break;
     case Derived::X:
         m_geometry.x = numberOf(value);
-        deriveTwoCorners();
+        deriveWidth();
         break;
     case Derived::Y:
         m_geometry.y = numberOf(value);
-        deriveTwoCorners();
+        deriveHeight();
         break;
     case Derived::X2:
         m_geometry.mode = GeometryMode::TwoCorners;
         m_geometry.x2 = numberOf(value);
-        deriveTwoCorners();
+        deriveWidth();
         break;
     case Derived::Y2:
         m_geometry.mode = GeometryMode::TwoCorners;
         m_geometry.y2 = numberOf(value);
-        deriveTwoCorners();
+        deriveHeight();
         break;
     case Derived::Width:
         setWidth(numberOf(value));
@@ -392,12 +392,16 @@ void CItemModel::writeBack(const QString &name, const QVariant &value, Notify no
         setPropertyIfChanged(name, value, notify);
 }
 
-void CItemModel::deriveTwoCorners()
+void CItemModel::deriveWidth()
 {
-    if (m_geometry.mode != GeometryMode::TwoCorners)
-        return;
-    m_geometry.width = m_geometry.x2 - m_geometry.x;
-    m_geometry.height = m_geometry.y2 - m_geometry.y;
+    if (m_geometry.mode == GeometryMode::TwoCorners)
+        m_geometry.width = m_geometry.x2 - m_geometry.x;
+}
+
+void CItemModel::deriveHeight()
+{
+    if (m_geometry.mode == GeometryMode::TwoCorners)
+        m_geometry.height = m_geometry.y2 - m_geometry.y;
 }
 
 void CItemModel::notifyGeometryChanged()

@@ -160,7 +160,8 @@ private:
 
     void setRoundSize(double size);
     void writeBack(const QString &name, const QVariant &value, Notify notify);
-    void deriveTwoCorners();
+    void deriveWidth(); // of two corners
+    void deriveHeight();
 
     const CWidgetLibraryModel *m_library;
     PropertySet m_properties;
@@ -179,3 +180,5 @@ private:
     bool m_moving = false;
     bool m_loading = false; ///< texts of a document are being taken and kept as they are
 };
+
+Q_DECLARE_METATYPE(CItemModel *)

@@ -64,6 +64,7 @@ void renumber(CItemModel *item, CIdSupply &ids)
 CProjectModel::CProjectModel(QObject *parent)
     : QStandardItemModel(parent), m_undoStack(std::make_unique<QUndoStack>())
 {
+    qRegisterMetaType<CItemModel *>(); // for signals that are queued or spied upon
     reset();
 }
 

@@ -5,6 +5,8 @@
 #include "CXmlGuard.h"
 #include "LibraryXml.h"
 
+#include <QtDebug>
+
 CWidgetLibraryManager::CWidgetLibraryManager(QObject *parent) : QObject(parent)
 {
 }
@@ -42,6 +44,9 @@ bool CWidgetLibraryManager::initialise(const QString &filePath)
         m_errorText = tr("%1 is not a widget library.").arg(filePath);
         return false;
     }
+    const QStringList problems = LibraryXml::problems(*document);
+    for (const QString &line : problems)
+        qWarning().noquote() << line;
     for (const quint32 chipCode : qAsConst(m_chipCodes)) {
         m_toolboxes[chipCode] = std::make_unique<CToolboxModel>(*document);
         m_libraries[chipCode] = std::make_unique<CWidgetLibraryModel>(*document, chipCode);

@@ -3,9 +3,13 @@
 #include "PropertyKey.h"
 #include "XmlText.h"
 
-#include <QtDebug>
+#include <QCoreApplication>
+
+#include <algorithm>
 
 namespace {
+const QString WidgetTag = QStringLiteral("widget");
+
 QVector<QDomElement> childrenOf(const QDomElement &parent, const QString &tag)
 {
     QVector<QDomElement> children;
@@ -34,18 +38,28 @@ QVector<QDomElement> LibraryXml::groups(const QDomDocument &document)
 
 QVector<QDomElement> LibraryXml::widgets(const QDomElement &group)
 {
-    QVector<QDomElement> usable;
-    const QVector<QDomElement> all = childrenOf(group, QStringLiteral("widget"));
-    for (const QDomElement &widget : all) {
-        if (isUsable(typeOf(widget)))
-            usable.append(widget);
-        else
-            qWarning().noquote() << QStringLiteral("Widget library: line %1: \"%2\" cannot be the "
-                                                   "type of a widget")
-                                        .arg(widget.lineNumber())
-                                        .arg(typeOf(widget));
+    QVector<QDomElement> found = childrenOf(group, WidgetTag);
+    const auto isUnusable = [](const QDomElement &each) { return !isUsable(typeOf(each)); };
+    found.erase(std::remove_if(found.begin(), found.end(), isUnusable), found.end());
+    return found;
+}
+
+QStringList LibraryXml::problems(const QDomDocument &document)
+{
+    QStringList lines;
+    const QVector<QDomElement> allGroups = groups(document);
+    for (const QDomElement &group : allGroups) {
+        const QVector<QDomElement> all = childrenOf(group, WidgetTag);
+        for (const QDomElement &widget : all) {
+            if (!isUsable(typeOf(widget)))
+                lines += QCoreApplication::translate(
+                             "LibraryXml",
+                             "Widget library, line %1: \"%2\" cannot be the type of a widget.")
+                             .arg(widget.lineNumber())
+                             .arg(typeOf(widget));
+        }
     }
-    return usable;
+    return lines;
 }
 
 QString LibraryXml::typeOf(const QDomElement &widget)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDomDocument>
-#include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// The elements of a "widget-library.xml", for the two models that are built from it. All lists
@@ -12,9 +12,12 @@ QDomElement root(const QDomDocument &document);
 /// The palette groups.
 QVector<QDomElement> groups(const QDomDocument &document);
 
-/// The widgets of a group whose type can be used. A type that could not be the name of an element
-/// in documents is left out with a warning.
+/// The widgets of a group whose type can be used: it must do as the name of an element in
+/// documents.
 QVector<QDomElement> widgets(const QDomElement &group);
+
+/// What was left out of the lists, for people, a line each.
+QStringList problems(const QDomDocument &document);
 
 /// The type name of a widget.
 QString typeOf(const QDomElement &widget);

@@ -1,0 +1,410 @@
+#include "CModelIterator.h"
+#include "ModelTestSupport.h"
+
+#include <QSet>
+#include <QSignalSpy>
+
+#include <memory>
+
+/// Items: the geometry that follows from their properties, copies, groups, and the walk.
+class tst_ItemModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { loadTestLibrary(); }
+    void init();
+    void cleanup() { m_project.reset(); }
+    void sizes_data();
+    void sizes();
+    void sizeOfGesture();
+    void twoCorners();
+    void resizeableFalseMakesRound();
+    void shortCoordinateNames();
+    void numbersThatAreNone();
+    void observerIsTold();
+    void missingPropertyComesAndGoes();
+    void newScreensHaveUnusedNames();
+    void editedTextIsTheName();
+    void cloneEqualsOriginal();
+    void lockedFollowsItsProperty();
+    void groupMovesItsMembers();
+    void groupMovesWithoutDrift();
+    void boundsOfGroup();
+    void rendererSeesEverything();
+    void propertyIndexSurvivesChanges();
+    void walkIsBackToFront();
+    void walkOfEmptyScreen();
+
+private:
+    CScreenModel *screen() { return m_project->screen(0); }
+    template<class Item>
+    Item *add(Item *item)
+    {
+        screen()->appendRow(item);
+        return item;
+    }
+
+    std::unique_ptr<CProjectModel> m_project;
+};
+
+void tst_ItemModel::init()
+{
+    m_project = std::make_unique<CProjectModel>();
+    m_project->newProject({{PropertyKey::Platform, QStringLiteral("QX110")}});
+}
+
+void tst_ItemModel::sizes_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QVector<double>>("expected"); // width, height, radius
+    QTest::addColumn<QString>("definingText");     // of "radius", "point_size" or the key
+    using D = QVector<double>;
+    QTest::newRow("point size") << "Test_Dot_T"
+                                << "point_size" << QVariant(256) << D{32, 32, 16} << "256";
+    QTest::newRow("negative point size") << "Test_Dot_T"
+                                         << "point_size" << QVariant(-32) << D{4, 4, 2} << "-32";
+    QTest::newRow("radius") << "Test_Circle_T"
+                            << "radius" << QVariant(-7) << D{14, 14, 7} << "-7";
+    QTest::newRow("radius from text") << "Test_Circle_T"
+                                      << "radius" << QVariant("8") << D{16, 16, 8} << "8";
+    QTest::newRow("width of radius item") << "Test_Circle_T"
+                                          << "width" << QVariant(34) << D{34, 34, 17} << "17";
+    QTest::newRow("height of radius item") << "Test_Circle_T"
+                                           << "height" << QVariant(34) << D{34, 34, 17} << "17";
+    QTest::newRow("half rounds away from zero") << "Test_Circle_T"
+                                                << "width" << QVariant(35) << D{35, 35, 18} << "18";
+    QTest::newRow("width of point-size item")
+        << "Test_Dot_T"
+        << "width" << QVariant(33) << D{33, 33, 16.5} << "264";
+    QTest::newRow("width of box") << "Test_Box_T"
+                                  << "width" << QVariant(34) << D{34, 30, 0} << "34";
+    QTest::newRow("height of box") << "Test_Box_T"
+                                   << "height" << QVariant(34) << D{40, 34, 0} << "34";
+    QTest::newRow("absurd width") << "Test_Box_T"
+                                  << "width" << QVariant(1e300) << D{1e300, 30, 0} << "2147483647";
+}
+
+void tst_ItemModel::sizes()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    QFETCH(QVector<double>, expected);
+    CWidgetModel *item = add(newWidget(*m_project, type));
+    item->setProperty(key, value);
+    QCOMPARE((QVector<double>{item->width(), item->height(), item->radius()}), expected);
+    const QString defining = type == QLatin1String("Test_Dot_T")      ? PropertyKey::PointSize
+                             : type == QLatin1String("Test_Circle_T") ? PropertyKey::Radius
+                                                                      : key;
+    QTEST(item->propertyText(defining), "definingText");
+}
+
+void tst_ItemModel::sizeOfGesture()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
+    box->setWidth(50.4); // live: the picture follows the pointer, the property stays whole
+    QCOMPARE(box->width(), 50.4);
+    QCOMPARE(box->propertyText(PropertyKey::Width), QStringLiteral("50"));
+    QCOMPARE(spy.count(), 1);
+    box->setWidth(50.3);
+    QCOMPARE(spy.count(), 1); // the same whole number
+    box->setAngle(30);
+    QVERIFY(!box->hasProperty(PropertyKey::Angle)); // nothing is made that the kind lacks
+
+    CWidgetModel *circle = add(newWidget(*m_project, QStringLiteral("Test_Circle_T")));
+    circle->setHeight(50);
+    circle->setAngle(30.5);
+    QCOMPARE(circle->propertyText(PropertyKey::Radius), QStringLiteral("25"));
+    QCOMPARE(circle->propertyText(PropertyKey::Angle), QStringLiteral("30.5"));
+    QCOMPARE(spy.count(), 1); // both without notification
+    box->setRadius(9);
+    QCOMPARE(box->width(), 50.3); // boxes have no radius
+}
+
+void tst_ItemModel::twoCorners()
+{
+    CWidgetModel *line = add(newWidget(*m_project, QStringLiteral("Test_Line_T")));
+    QCOMPARE(line->geometryMode(), GeometryMode::TwoCorners);
+    QCOMPARE(QPointF(line->width(), line->height()), QPointF(40, 20)); // (10, 20) to (50, 40)
+    line->setWidth(25.4);
+    line->setHeight(-8);
+    QCOMPARE(line->propertyText(PropertyKey::X2), QStringLiteral("35"));
+    QCOMPARE(line->propertyText(PropertyKey::Y2), QStringLiteral("12"));
+    QCOMPARE(QPointF(line->width(), line->height()), QPointF(25.4, -8));
+    line->setProperty(PropertyKey::X2, 110);
+    QCOMPARE(line->width(), 100.0);
+    line->setProperty(PropertyKey::X, 60);
+    QCOMPARE(line->width(), 50.0);
+}
+
+void tst_ItemModel::resizeableFalseMakesRound()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    box->setProperty(PropertyKey::Resizeable, false);
+    QVERIFY(!box->isResizeable());
+    QCOMPARE(box->geometryMode(), GeometryMode::Radius);
+    box->setProperty(PropertyKey::Width, 64);
+    QCOMPARE(box->height(), 64.0);
+}
+
+void tst_ItemModel::shortCoordinateNames()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    box->setProperty(QStringLiteral("x"), 111);
+    box->setProperty(QStringLiteral("y"), 222);
+    QCOMPARE(QPointF(box->x(), box->y()), QPointF(111, 222));
+    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("111"));
+    QVERIFY(!box->hasProperty(QStringLiteral("y")));
+}
+
+void tst_ItemModel::numbersThatAreNone()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    for (const QVariant &none :
+         {QVariant("wide"), QVariant(qQNaN()), QVariant(qInf()), QVariant()}) {
+        for (const QString &key : {PropertyKey::X, PropertyKey::Width, PropertyKey::Height}) {
+            box->setProperty(key, none);
+            QVERIFY(box->bounds().width() == 0 || key != PropertyKey::Width);
+            QVERIFY(qIsFinite(box->x()) && qIsFinite(box->bounds().bottom()));
+        }
+    }
+    box->setProperty(PropertyKey::Id, -5);
+    QCOMPARE(box->idString(), QStringLiteral("-5"));
+}
+
+void tst_ItemModel::observerIsTold()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    QSignalSpy changed(m_project.get(), &CProjectModel::propertyChanged);
+    QSignalSpy moved(m_project.get(), &CProjectModel::geometryChanged);
+    box->setProperty(PropertyKey::X, 5);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(0).value<CItemModel *>(), box);
+    QCOMPARE(changed.at(0).at(1).toString(), PropertyKey::X);
+    QCOMPARE(changed.at(0).at(2).value<QVariant>(), QVariant(5));
+    box->setProperty(PropertyKey::X, 6, CItemModel::Notify::No);
+    box->setPropertyIfChanged(PropertyKey::X, QStringLiteral("6"));
+    QCOMPARE(changed.count(), 1);
+    box->setPropertyIfChanged(PropertyKey::X, 7);
+    QCOMPARE(changed.count(), 2);
+    box->notifyGeometryChanged();
+    QCOMPARE(moved.count(), 1);
+}
+
+void tst_ItemModel::missingPropertyComesAndGoes()
+{
+    CWidgetModel *dot = add(newWidget(*m_project, QStringLiteral("Test_Dot_T")));
+    const QString before = describe(*dot);
+    dot->setProperty(QStringLiteral("note"), QStringLiteral("mine"));
+    QCOMPARE(dot->propertyText(QStringLiteral("note")), QStringLiteral("mine"));
+    dot->setProperty(QStringLiteral("note"), QVariant()); // as an undo does
+    QCOMPARE(describe(*dot), before);
+    dot->setProperty(PropertyKey::Name, QVariant());
+    QVERIFY(dot->hasProperty(PropertyKey::Name)); // the kind's own stay
+    dot->setProperty(QString(), 5);
+    QVERIFY(!dot->hasProperty(QString()));
+}
+
+void tst_ItemModel::newScreensHaveUnusedNames()
+{
+    QCOMPARE(screen()->text(), QStringLiteral("Page 1"));
+    QCOMPARE(screen()->propertyText(PropertyKey::Color), QStringLiteral("#000000"));
+    m_project->appendRow(new CScreenModel(m_project.get()));
+    QCOMPARE(m_project->screen(1)->text(), QStringLiteral("Page 2"));
+    screen()->setProperty(PropertyKey::Name, QStringLiteral("Start"));
+    m_project->appendRow(new CScreenModel(m_project.get()));
+    QCOMPARE(m_project->screen(2)->text(), QStringLiteral("Page 1"));
+
+    CProjectModel other;
+    other.newProject({});
+    other.screen(0)->setProperty(PropertyKey::Name, QStringLiteral("Page 2"));
+    other.appendRow(new CScreenModel(&other));
+    QCOMPARE(other.screen(1)->text(), QStringLiteral("Page 1"));
+}
+
+void tst_ItemModel::editedTextIsTheName()
+{
+    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
+    QVERIFY(m_project->setData(m_project->index(0, 0), QStringLiteral("Menu")));
+    QCOMPARE(screen()->propertyText(PropertyKey::Name), QStringLiteral("Menu"));
+    QCOMPARE(screen()->name(), QStringLiteral("Menu"));
+    QCOMPARE(spy.count(), 1);
+    QVERIFY(screen()->isEditable());
+    QVERIFY(!add(newWidget(*m_project, QStringLiteral("Test_Dot_T")))->isEditable());
+}
+
+void tst_ItemModel::cloneEqualsOriginal()
+{
+    auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T"));
+    circle->setProperty(PropertyKey::Radius, 16.5); // as a gesture may leave it for a moment
+    circle->setProperty(PropertyKey::Angle, 45);
+    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
+    box->setProperty(PropertyKey::Width, 77);
+    box->setProperty(PropertyKey::Id, 12);
+    box->setProperty(QStringLiteral("extra"), QStringLiteral("kept"));
+    auto *alien = newWidget(*m_project, QStringLiteral("Alien_T"));
+    alien->setProperty(PropertyKey::X, QStringLiteral("3"));
+    auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T"));
+    auto *group = newGroup(*m_project, {circle, newGroup(*m_project, {line})});
+    group->setProperty(PropertyKey::X, 5);
+    for (CItemModel *each : {static_cast<CItemModel *>(group), static_cast<CItemModel *>(box),
+                             static_cast<CItemModel *>(alien)})
+        add(each);
+    add(newWidget(*m_project, QStringLiteral("Test_Poly_T")))->setLocked(true);
+
+    const std::unique_ptr<CItemModel> copy(screen()->clone());
+    QCOMPARE(describe(*copy), describe(*screen()));
+    QVERIFY(!copy->model() && copy->project() == m_project.get());
+    copy->childItem(1)->setProperty(PropertyKey::Width, 1);
+    copy->childItem(0)->childItem(0)->setProperty(PropertyKey::Radius, 1);
+    QCOMPARE(box->width(), 77.0);
+    QCOMPARE(circle->radius(), 16.5);
+}
+
+void tst_ItemModel::lockedFollowsItsProperty()
+{
+    CWidgetModel *poly = add(newWidget(*m_project, QStringLiteral("Test_Poly_T")));
+    CWidgetModel *dot = add(newWidget(*m_project, QStringLiteral("Test_Dot_T")));
+    poly->setLocked(true);
+    dot->setLocked(true);
+    QCOMPARE(poly->propertyText(PropertyKey::Locked), QStringLiteral("1"));
+    QVERIFY(dot->isLocked() && !dot->hasProperty(PropertyKey::Locked));
+    poly->setProperty(PropertyKey::Locked, false);
+    QVERIFY(!poly->isLocked());
+}
+
+void tst_ItemModel::groupMovesItsMembers()
+{
+    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));   // at (10, 20)
+    auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T")); // (10, 20) to (50, 40)
+    auto *inner = newGroup(*m_project, {line});
+    auto *group = newGroup(*m_project, {box, inner});
+    group->setProperty(PropertyKey::X, 100); // in no tree yet: the members stay
+    QCOMPARE(box->x(), 10.0);
+    group->setProperty(PropertyKey::X, 10);
+    add(group);
+
+    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
+    const QString before = describe(*group);
+    group->setProperty(PropertyKey::X, 15);
+    group->setProperty(PropertyKey::Y, -7);
+    QCOMPARE(QPointF(box->x(), box->y()), QPointF(15, 13));
+    QCOMPARE(QPointF(inner->x(), inner->y()), QPointF(5, -7));
+    QCOMPARE(QRectF(QPointF(line->x(), line->y()), QPointF(line->x2(), line->y2())),
+             QRectF(QPointF(15, 13), QPointF(55, 33)));
+    QCOMPARE(box->propertyValue(PropertyKey::X), QVariant(15));
+    QCOMPARE(spy.count(), 2 * 5); // an axis: group, box, inner group, the line's two ends
+    group->setProperty(PropertyKey::X, 10);
+    group->setProperty(PropertyKey::Y, 0);
+    QCOMPARE(describe(*group), before);
+}
+
+void tst_ItemModel::groupMovesWithoutDrift()
+{
+    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
+    auto *group = add(newGroup(*m_project, {box}));
+    for (int i = 1; i <= 1000; ++i)
+        group->setProperty(PropertyKey::X, i * 0.1);
+    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("110"));
+    QVERIFY(box->x() == 110.0);
+}
+
+void tst_ItemModel::boundsOfGroup()
+{
+    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));       // (10, 20) 40 x 30
+    auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T")); // about (0, 0), 40 x 40
+    QCOMPARE(box->bounds(), QRectF(10, 20, 40, 30));
+    QCOMPARE(circle->bounds(), QRectF(-20, -20, 40, 40));
+    QCOMPARE(add(newGroup(*m_project, {box, circle}))->bounds(), QRectF(-20, -20, 70, 70));
+}
+
+void tst_ItemModel::rendererSeesEverything()
+{
+    m_project->setWorkingDirectory(QStringLiteral("/somewhere"));
+    IModelItem *page = screen();
+    QCOMPARE(page->typeName(), "Kiv_Screen_T");
+    QCOMPARE(page->idText(), "");
+    QCOMPARE(page->renderCommands(), "");
+    QHash<QByteArray, QByteArray> seen;
+    for (int i = 0; i < page->propertyCount(); ++i)
+        seen.insert(page->property(i)->name(), page->property(i)->valueText());
+    QCOMPARE(seen, (QHash<QByteArray, QByteArray>{{"name", "Page 1"},
+                                                  {"color", "#000000"},
+                                                  {"screen_bm_ts", ""},
+                                                  {"working_directory", "/somewhere"}}));
+    QVERIFY(!screen()->hasProperty(PropertyKey::WorkingDirectory));
+
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    box->setProperty(PropertyKey::Id, 42);
+    IModelItem *item = box;
+    QCOMPARE(item->idText(), "42");
+    QCOMPARE(item->typeName(), "Test_Box_T");
+    QCOMPARE(item->renderCommands(), "disc(x_coordinate, 1 < 2, \"\xC3\xA4\")");
+    IModelItem *alien = add(newWidget(*m_project, QStringLiteral("Alien_T")));
+    QCOMPARE(alien->renderCommands(), "");
+    QCOMPARE(alien->propertyCount(), 0);
+}
+
+void tst_ItemModel::propertyIndexSurvivesChanges()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    for (int round = 0; round < 3; ++round) {
+        const CItemModel::PropertySet kept = box->properties(); // shared: the next change moves all
+        box->setProperty(PropertyKey::X, round);
+        box->setProperty(QStringLiteral("extra%1").arg(round), round);
+        QSet<QString> keys;
+        for (int i = 0; i < box->propertyCount(); ++i) {
+            IModelProperty *property = static_cast<IModelItem *>(box)->property(i);
+            const QString key = QString::fromUtf8(property->name());
+            keys.insert(key);
+            QCOMPARE(QString::fromUtf8(property->valueText()), box->propertyText(key));
+        }
+        QCOMPARE(keys.size(), box->properties().size());
+    }
+}
+
+void tst_ItemModel::walkIsBackToFront()
+{
+    const auto named = [this](const QString &name) {
+        auto *item = newWidget(*m_project, QStringLiteral("Test_Dot_T"));
+        item->setProperty(PropertyKey::Name, name);
+        return item;
+    };
+    auto *inner = newGroup(*m_project, {named("d"), named("e")});
+    inner->setProperty(PropertyKey::Name, QStringLiteral("inner"));
+    auto *outer = newGroup(*m_project, {named("b"), inner, named("c")});
+    outer->setProperty(PropertyKey::Name, QStringLiteral("outer"));
+    add(named("a"));
+    add(outer);
+    add(newGroup(*m_project, {}))->setProperty(PropertyKey::Name, QStringLiteral("empty"));
+    add(named("f"));
+
+    CModelIterator iterator(screen());
+    for (int walk = 0; walk < 2; ++walk) {
+        QVERIFY(iterator.current() == screen());
+        QStringList names;
+        for (iterator.next(); iterator.current(); iterator.next())
+            names += iterator.currentItem()->name();
+        QCOMPARE(names, QStringList({"f", "empty", "c", "e", "d", "inner", "b", "outer", "a"}));
+        iterator.next();
+        QVERIFY(!iterator.current());
+        iterator.setRoot(screen());
+    }
+}
+
+void tst_ItemModel::walkOfEmptyScreen()
+{
+    CModelIterator iterator;
+    QVERIFY(!iterator.current());
+    iterator.next();
+    iterator.setRoot(screen());
+    iterator.next();
+    QVERIFY(!iterator.current());
+}
+
+QTEST_MAIN(tst_ItemModel)
+#include "tst_itemmodel.moc"
