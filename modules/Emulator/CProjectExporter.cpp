@@ -1,0 +1,175 @@
+#include "CProjectExporter.h"
+
+#include "CBackgroundRender.h"
+#include "CEmulatorAdapter.h"
+#include "CFileWriter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPersistentModelIndex>
+#include <QSaveFile>
+#include <QScopeGuard>
+#include <QThread>
+
+#include <utility>
+
+namespace {
+
+bool collectionRuns = false; // there is one emulator, and waiting turns the event loop
+
+QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList<int> *rows)
+{
+    QList<QPersistentModelIndex> screens;
+    for (int row = 0; row < project->rowCount(); ++row)
+        if (project->screen(row) && (!rows || rows->contains(row)))
+            screens.append(project->index(row, 0));
+    return screens;
+}
+
+/// Found out before the screens are rendered, without touching what is there.
+QString whyNotOpened(const QString &path)
+{
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile())
+        return QCoreApplication::translate("CProjectExporter", "%1 is not a regular file")
+            .arg(path);
+    QSaveFile probe(path);
+    if (probe.open(QIODevice::WriteOnly))
+        return {}; // going out of scope takes the probe back
+    return target.isWritable()
+               ? QString()
+               : QCoreApplication::translate("CProjectExporter", "%1 could not be opened: %2")
+                     .arg(path, probe.errorString());
+}
+
+void processAndSleep()
+{
+    QCoreApplication::processEvents();
+    QThread::msleep(CProjectExporter::WaitStepTime);
+}
+
+} // namespace
+
+CProjectExporter::CProjectExporter(CEmulatorAdapter *adapter)
+    : m_adapter(adapter), m_waitStep(processAndSleep)
+{
+}
+
+void CProjectExporter::setErrorReport(std::function<void(const QString &)> report)
+{
+    m_report = std::move(report);
+}
+
+void CProjectExporter::setProgress(std::function<bool(int, int)> progress)
+{
+    m_progress = std::move(progress);
+}
+
+void CProjectExporter::setWaitStep(std::function<void()> step)
+{
+    m_waitStep = std::move(step);
+}
+
+std::optional<QList<SScreenExport>>
+CProjectExporter::collect(CProjectModel *project, EContent content, const QList<int> *rows)
+{
+    QList<SScreenExport> collected;
+    if (!project)
+        return collected;
+    if (collectionRuns)
+        return std::nullopt;
+    collectionRuns = true;
+    const auto done = qScopeGuard([] { collectionRuns = false; });
+
+    // The indexes become invalid when a screen, or the project, goes while events are processed.
+    const QList<QPersistentModelIndex> screens = screensOf(project, rows);
+    CBackgroundRender render(m_adapter, project);
+    for (int i = 0; i < screens.size(); ++i) {
+        if (m_progress && !m_progress(i, screens.size())) {
+            m_cancelled = true;
+            return std::nullopt;
+        }
+        const QPersistentModelIndex &screen = screens[i];
+        if (!screen.isValid())
+            continue;
+        render.ask(screen);
+        if (waitForAnswer(render, screen, content)) {
+            CScreenModel *item = project->screen(screen.row());
+            collected.append({item, item->name(), render.text(), render.bytes(), render.frame(),
+                              render.ramDl(), render.ramG(), render.errors()});
+            continue;
+        }
+        render.giveUp();
+        if (screen.isValid() && m_report)
+            m_report(QCoreApplication::translate("CProjectExporter",
+                                                 "An error occurred during the export process"));
+    }
+    return collected;
+}
+
+bool CProjectExporter::waitForAnswer(const CBackgroundRender &render,
+                                     const QPersistentModelIndex &screen, EContent content) const
+{
+    for (int step = 0; step < MaxWaitSteps && screen.isValid(); ++step) {
+        if (render.hasDisplayList() && (content == EContent::DisplayLists || render.hasFrame()))
+            return true;
+        m_waitStep();
+    }
+    return false;
+}
+
+CProjectExporter::EResult CProjectExporter::exportProjectDL(CProjectModel *project,
+                                                            const QString &path, QString *error)
+{
+    return exportProject(project, path, &CProjectExporter::textForm, error);
+}
+
+CProjectExporter::EResult CProjectExporter::exportProjectBin(CProjectModel *project,
+                                                             const QString &path, QString *error)
+{
+    return exportProject(project, path, &CProjectExporter::binaryForm, error);
+}
+
+CProjectExporter::EResult
+CProjectExporter::exportProject(CProjectModel *project, const QString &path,
+                                QByteArray (*form)(const QList<SScreenExport> &), QString *error)
+{
+    QString reason = whyNotOpened(path);
+    EResult result = EResult::NotOpened;
+    if (reason.isEmpty()) {
+        m_cancelled = false;
+        const auto screens = collect(project, EContent::DisplayLists);
+        if (!screens)
+            return m_cancelled ? EResult::Cancelled : EResult::Refused;
+        reason = CFileWriter::write(path, form(*screens));
+        result = reason.isEmpty() ? EResult::Written : EResult::NotWritten;
+    }
+    if (error)
+        *error = reason;
+    return result;
+}
+
+QByteArray CProjectExporter::textForm(const QString &screenName, const QString &dlText)
+{
+    return (QStringLiteral("===") + screenName + QStringLiteral("===\n") + dlText +
+            QLatin1Char('\n'))
+        .toUtf8();
+}
+
+QByteArray CProjectExporter::textForm(const QList<SScreenExport> &screens)
+{
+    QByteArray form;
+    for (const SScreenExport &screen : screens)
+        form += textForm(screen.name, screen.text);
+    return form;
+}
+
+QByteArray CProjectExporter::binaryForm(const QList<SScreenExport> &screens)
+{
+    QByteArray form;
+    for (const SScreenExport &screen : screens)
+        form += screen.bytes;
+    return form;
+}

@@ -1,0 +1,429 @@
+#include "CEmulatorAdapter.h"
+#include "CFakeEmulator.h"
+#include "CModelIterator.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "TestProject.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <map>
+#include <memory>
+#include <random>
+
+/// Drives the adapter with a script of events such as "fg A" (a foreground request for screen A)
+/// and compares what reaches the library and what is told as signals, in one log.
+class tst_EmulatorAdapter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void ignoresRequestsUntilRegistered();
+    void registersAScriptFile();
+    void queueRules_data();
+    void queueRules();
+    void passesValuesOn();
+    void buildsThePixmapRowByRow();
+    void anEmptyFrameCompletesTheRequest_data();
+    void anEmptyFrameCompletesTheRequest();
+    void readsNullPointersAsEmpty();
+    void walksTheItemsOfTheScreen();
+    void survivesRandomInterleaving();
+
+private:
+    using FrameHook = std::function<void()>;
+
+    void run(const QString &event);
+    CScreenModel *screen(const QString &name) const;
+    void *observer(const QString &name) { return &m_observers[name]; }
+    QString nameOf(void *observer) const;
+    void tell(const QString &signal, void *observer);
+
+    QTemporaryDir m_folder;
+    CEmulatorAdapter *m_adapter = CEmulatorAdapter::instance();
+    std::unique_ptr<CProjectModel> m_project;
+    std::unique_ptr<QObject> m_receiver; ///< its end cuts the connections of one test
+    std::multimap<QString, std::unique_ptr<CModelIterator>> m_iterators; ///< by requester
+    std::map<QString, int> m_observers; ///< by screen; only the addresses matter
+    QStringList m_log;
+    FrameHook m_onFrame; ///< run once, within the next frame signal
+};
+
+void tst_EmulatorAdapter::initTestCase()
+{
+    QFile script(m_folder.filePath(QStringLiteral("kiv_render.lua")));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+}
+
+void tst_EmulatorAdapter::init()
+{
+    m_onFrame = {};
+    m_iterators.clear();
+    m_project = testProject(
+        {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D")});
+    CFakeEmulator::instance().reset([this](const QString &call) { m_log.append(call); });
+    QVERIFY(m_adapter->registerEmulator(m_folder.filePath(QStringLiteral("kiv_render.lua"))));
+    m_adapter->followProject(m_project.get());
+    m_log.clear();
+
+    m_receiver = std::make_unique<QObject>();
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
+            [this](bool, const QPixmap &, uint32_t, uint32_t, void *observer, size_t) {
+                tell(QStringLiteral("frame"), observer);
+                if (const FrameHook hook = std::exchange(m_onFrame, {}))
+                    hook();
+            });
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(),
+            [this](const QString &, const QByteArray &, void *observer, size_t, char *) {
+                tell(QStringLiteral("dl"), observer);
+            });
+    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, m_receiver.get(),
+            [this](bool, const argb8888 *, uint32_t, uint32_t, void *observer, size_t) {
+                tell(QStringLiteral("bgframe"), observer);
+            });
+    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, m_receiver.get(),
+            [this](const QString &, const QByteArray &, void *observer, size_t, char *) {
+                tell(QStringLiteral("bgdl"), observer);
+            });
+}
+
+void tst_EmulatorAdapter::cleanup()
+{
+    m_receiver.reset();
+    m_adapter->emulatorStop();
+    QCoreApplication::processEvents();
+}
+
+CScreenModel *tst_EmulatorAdapter::screen(const QString &name) const
+{
+    const QList<QStandardItem *> found = m_project->findItems(name);
+    return found.isEmpty() ? nullptr : static_cast<CScreenModel *>(found.first());
+}
+
+QString tst_EmulatorAdapter::nameOf(void *observer) const
+{
+    for (const auto &[name, address] : m_observers)
+        if (observer == &address)
+            return name;
+    return observer ? QStringLiteral("?") : QStringLiteral("null");
+}
+
+void tst_EmulatorAdapter::tell(const QString &signal, void *observer)
+{
+    m_log.append(signal + QLatin1Char(' ') + nameOf(observer));
+}
+
+/// Runs one event; all but "… unseen" let the adapter see what was posted to it.
+void tst_EmulatorAdapter::run(const QString &event)
+{
+    CFakeEmulator &fake = CFakeEmulator::instance();
+    const QStringList words = event.split(QLatin1Char(' '));
+    const QString &verb = words[0];
+    const QString name = words.value(1);
+    const bool unseen = words.contains(QStringLiteral("unseen"));
+    if (verb == QLatin1String("fg")) {
+        const bool anonymous = words.contains(QStringLiteral("anonymous"));
+        m_adapter->renderForeground(screen(name), anonymous ? nullptr : observer(name));
+    } else if (verb == QLatin1String("bg")) {
+        const auto made = m_iterators.emplace(name, std::make_unique<CModelIterator>(screen(name)));
+        m_adapter->renderBackground(made->second.get(), observer(name));
+    } else if (verb == QLatin1String("answer")) {
+        QVERIFY2(fake.answer(), "nothing to answer");
+    } else if (verb == QLatin1String("list")) {
+        QVERIFY2(fake.answerDisplayList(), "nothing to answer");
+    } else if (verb == QLatin1String("partial")) {
+        QVERIFY2(fake.answerFrame({}, 0xFFFFFFFE), "nothing to answer");
+    } else if (verb == QLatin1String("stop")) {
+        m_adapter->emulatorStop();
+    } else if (verb == QLatin1String("start")) {
+        m_adapter->emulatorStart(name.toUInt());
+    } else if (verb == QLatin1String("remove")) {
+        m_project->removeRow(screen(name)->row());
+    } else if (verb == QLatin1String("close")) {
+        m_project.reset();
+    } else if (verb == QLatin1String("withdraw")) {
+        m_adapter->withdraw(observer(name));
+        m_iterators.erase(name);
+    } else if (verb == QLatin1String("onframe")) {
+        m_onFrame = [this, then = event.mid(8)] { run(then); };
+    } else {
+        QFAIL(qPrintable(event));
+    }
+    if (!unseen)
+        QCoreApplication::sendPostedEvents(m_adapter);
+}
+
+void tst_EmulatorAdapter::ignoresRequestsUntilRegistered()
+{
+    QVERIFY(!m_adapter->registerEmulator(m_folder.filePath(QStringLiteral("missing.lua"))));
+    QVERIFY(!m_adapter->registerEmulator(m_folder.path())); // a folder is no script
+    run(QStringLiteral("fg A"));
+    run(QStringLiteral("bg B"));
+    QCOMPARE(m_log, QStringList());
+    QVERIFY(!m_adapter->isBusy());
+}
+
+void tst_EmulatorAdapter::registersAScriptFile()
+{
+    const QString script = m_folder.filePath(QStringLiteral("kiv_render.lua"));
+    QVERIFY(m_adapter->registerEmulator(script));
+    m_adapter->emulatorStart(0x110);
+    m_adapter->emulatorConfigScreen(480, 272);
+    m_adapter->emulatorStop();
+    QCOMPARE(
+        m_log,
+        QStringList({QStringLiteral("emu register"), QStringLiteral("emu start %1 272").arg(script),
+                     QStringLiteral("emu config 480 272"), QStringLiteral("emu stop")}));
+    QCOMPARE(m_adapter->chipCode(), 0x110u);
+}
+
+void tst_EmulatorAdapter::queueRules_data()
+{
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *fact, const char *events, const char *expected) {
+        QTest::newRow(fact) << QString::fromLatin1(events) << QString::fromLatin1(expected);
+    };
+
+    row("list before frame, each with its observer", "fg A; answer; bg B; answer",
+        "render fg A; dl A; frame A; render bg B; bgdl B; bgframe B");
+    row("of parked foreground requests the newest survives",
+        "fg A; fg B; fg C; fg D; answer; answer",
+        "render fg A; dl A; frame A; render fg D; dl D; frame D");
+    row("parked background goes before parked foreground, in order",
+        "bg A; fg B; bg C; bg D; answer; answer; answer; answer",
+        "render bg A; bgdl A; bgframe A; render bg C; bgdl C; bgframe C; "
+        "render bg D; bgdl D; bgframe D; render fg B; dl B; frame B");
+    row("background parked behind foreground loses its mark",
+        "fg A; bg B; bg C; answer; answer; answer",
+        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; dl C; bgframe C");
+    row("background parked behind background keeps it", "bg A; bg B; answer; answer",
+        "render bg A; bgdl A; bgframe A; render bg B; bgdl B; bgframe B");
+    row("the mark ends with the queue", "bg A; fg B; answer; bg C; answer; answer",
+        "render bg A; bgdl A; bgframe A; render fg B; dl B; frame B; render bg C; dl C; bgframe C");
+    row("an idle adapter marks again", "fg A; bg B; answer; answer; bg C; answer",
+        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; bgdl C; bgframe C");
+    row("background requests are never merged", "fg A; bg B; bg B; answer; answer; answer",
+        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg B; dl B; bgframe B");
+    row("a partial frame is not told and ends nothing",
+        "fg A; fg B; partial; partial; answer; answer",
+        "render fg A; dl A; frame A; render fg B; dl B; frame B");
+
+    row("without an observer the list is dropped, the frame told", "fg A anonymous; answer",
+        "render fg A; frame null");
+    row("a parked request without an observer is none", "fg A; fg B anonymous; answer; fg C",
+        "render fg A; dl A; frame A; render fg C");
+
+    row("stopping drops late answers and what is parked",
+        "fg A; bg B; fg C; answer unseen; stop; fg D; answer",
+        "render fg A; emu stop; render fg D; dl D; frame D");
+    row("stopping between list and frame", "bg A; list; stop; fg B; answer",
+        "render bg A; bgdl A; emu stop; render fg B; dl B; frame B");
+    row("stopping from within an answer", "fg A; fg B; onframe stop; answer; fg C; answer",
+        "render fg A; dl A; frame A; emu stop; render fg C; dl C; frame C");
+    row("starting while busy stops first", "fg A; fg B; answer unseen; start 257; fg C; answer",
+        "render fg A; emu stop; emu start SCRIPT 257; render fg C; dl C; frame C");
+    row("a request from within an answer is parked", "fg A; bg B; onframe fg C; answer; answer",
+        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render fg C");
+
+    row("a parked screen that is removed", "fg A; fg B; remove B; answer; fg C",
+        "render fg A; dl A; frame A; render fg C");
+    row("another screen that is removed", "fg A; fg B; remove A; remove C; answer; answer",
+        "render fg A; dl A; frame A; render fg B; dl B; frame B");
+    row("the project goes with a parked screen", "fg A; fg B; close; answer",
+        "render fg A; dl A; frame A");
+    row("a requester goes with its queued requests",
+        "fg A; bg B; bg C; bg B; fg B; withdraw B; answer; answer",
+        "render fg A; dl A; frame A; render bg C; dl C; bgframe C");
+    row("a requester goes while its request is in flight", "bg A; bg B; withdraw A; answer; answer",
+        "render bg A; render bg B; bgdl B; bgframe B");
+    row("a requester goes after its list", "fg A; list; withdraw A; bg B; answer; answer",
+        "render fg A; dl A; render bg B; dl B; bgframe B");
+}
+
+void tst_EmulatorAdapter::queueRules()
+{
+    QFETCH(QString, events);
+    QFETCH(QString, expected);
+    expected.replace(QLatin1String("SCRIPT"), m_folder.filePath(QStringLiteral("kiv_render.lua")));
+    for (const QString &event : events.split(QStringLiteral("; ")))
+        run(event);
+    QCOMPARE(m_log.join(QStringLiteral("; ")), expected);
+}
+
+void tst_EmulatorAdapter::passesValuesOn()
+{
+    CFakeEmulator::SAnswer answer;
+    answer.text = "TEXT(\"\xB0\");";
+    answer.bytes = QByteArray("\0\1;\0", 4);
+    answer.ramG = 0x1'0000'0001;
+    answer.errors = "Kiv_Text_T 7: no such font";
+    answer.width = 3;
+    answer.height = 5;
+    answer.colour = 0x80123456;
+    answer.ramDl = 1234;
+    QStringList seen;
+    const auto list = [&](const QString &text, const QByteArray &bytes, void *, size_t ramG,
+                          char *errors) {
+        QCOMPARE(text, QStringLiteral("TEXT(\"\u00B0\");"));
+        QCOMPARE(bytes, answer.bytes);
+        QCOMPARE(ramG, answer.ramG);
+        QCOMPARE(QByteArray(errors), answer.errors);
+        seen.append(QStringLiteral("list"));
+    };
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(), list);
+    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, m_receiver.get(),
+            list);
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
+            [&](bool output, const QPixmap &pixmap, uint32_t width, uint32_t height, void *,
+                size_t ramDl) {
+                QVERIFY(output);
+                QCOMPARE(pixmap.size(), QSize(3, 5));
+                QCOMPARE(pixmap.toImage().pixel(2, 4), 0xFF123456u); // alpha does not count
+                QCOMPARE(QSize(int(width), int(height)), QSize(3, 5));
+                QCOMPARE(ramDl, size_t{1234});
+                seen.append(QStringLiteral("frame"));
+            });
+    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, m_receiver.get(),
+            [&](bool output, const argb8888 *buffer, uint32_t width, uint32_t height, void *,
+                size_t ramDl) {
+                QVERIFY(!output);
+                for (uint32_t i = 0; i < width * height; ++i)
+                    QCOMPARE(buffer[i], 0x80123456u);
+                QCOMPARE(QSize(int(width), int(height)), QSize(3, 5));
+                QCOMPARE(ramDl, size_t{1234});
+                seen.append(QStringLiteral("raw"));
+            });
+    for (const char *request : {"fg A", "bg A"}) {
+        run(QString::fromLatin1(request));
+        QVERIFY(CFakeEmulator::instance().answer(answer));
+        QCoreApplication::sendPostedEvents(m_adapter);
+    }
+    QCOMPARE(seen.join(QLatin1Char(' ')), QStringLiteral("list frame list raw"));
+}
+
+void tst_EmulatorAdapter::buildsThePixmapRowByRow()
+{
+    // 3 x 2 pixels, each another colour: a wrong stride, order of rows or of channels shows.
+    const QVector<argb8888> pixels = {0xFF000001, 0xFF000200, 0xFF030000,
+                                      0xFF040506, 0xFF070809, 0xFF0A0B0C};
+    QImage seen;
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
+            [&](bool, const QPixmap &pixmap) { seen = pixmap.toImage(); });
+    run(QStringLiteral("fg A"));
+    CFakeEmulator::instance().answerPixels(pixels, 3, 2);
+    QCoreApplication::sendPostedEvents(m_adapter);
+    QCOMPARE(seen.size(), QSize(3, 2));
+    for (int y = 0; y < 2; ++y)
+        for (int x = 0; x < 3; ++x)
+            QCOMPARE(seen.pixel(x, y), pixels[y * 3 + x]);
+}
+
+void tst_EmulatorAdapter::anEmptyFrameCompletesTheRequest_data()
+{
+    QTest::addColumn<uint32_t>("width");
+    QTest::addColumn<uint32_t>("height");
+    QTest::newRow("no width") << 0u << 272u;
+    QTest::newRow("no height") << 480u << 0u;
+}
+
+void tst_EmulatorAdapter::anEmptyFrameCompletesTheRequest()
+{
+    QFETCH(uint32_t, width);
+    QFETCH(uint32_t, height);
+    bool isNull = false;
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
+            [&](bool, const QPixmap &pixmap) { isNull = pixmap.isNull(); });
+    run(QStringLiteral("fg A"));
+    CFakeEmulator::SAnswer empty;
+    empty.width = width;
+    empty.height = height;
+    QVERIFY(CFakeEmulator::instance().answer(empty));
+    QCoreApplication::sendPostedEvents(m_adapter);
+    QVERIFY(isNull);
+    QVERIFY(!m_adapter->isBusy());
+}
+
+void tst_EmulatorAdapter::readsNullPointersAsEmpty()
+{
+    bool told = false;
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(),
+            [&](const QString &text, const QByteArray &bytes, void *, size_t, char *errors) {
+                told = text.isEmpty() && bytes.isEmpty() && errors && *errors == '\0';
+            });
+    run(QStringLiteral("fg A"));
+    QVERIFY(CFakeEmulator::instance().answerNulls());
+    QCoreApplication::sendPostedEvents(m_adapter);
+    QVERIFY(told);
+    QVERIFY(!m_adapter->isBusy());
+}
+
+void tst_EmulatorAdapter::walksTheItemsOfTheScreen()
+{
+    addTestItems(screen(QStringLiteral("B")), {QStringLiteral("front"), QStringLiteral("back")});
+    run(QStringLiteral("fg A"));
+    run(QStringLiteral("fg B"));
+    run(QStringLiteral("answer"));
+    const CFakeEmulator::SRequest request = CFakeEmulator::instance().requests().value(0);
+    QCOMPARE(request.screen, QStringLiteral("B"));
+    QCOMPARE(request.items, QStringList({QStringLiteral("back"), QStringLiteral("front")}));
+}
+
+void tst_EmulatorAdapter::survivesRandomInterleaving()
+{
+    // What must hold whatever happens: one request in the library at a time, every answer belongs
+    // to a requester that still waits, and nothing removed is walked (AddressSanitizer sees that).
+    const QStringList verbs = {QStringLiteral("fg"),     QStringLiteral("bg"),
+                               QStringLiteral("answer"), QStringLiteral("answer unseen"),
+                               QStringLiteral("list"),   QStringLiteral("partial"),
+                               QStringLiteral("remove"), QStringLiteral("withdraw"),
+                               QStringLiteral("stop"),   QStringLiteral("start")};
+    std::mt19937 random(20240607);
+    const auto below = [&random](int limit) { return int(random() % uint32_t(limit)); };
+    CFakeEmulator &fake = CFakeEmulator::instance();
+    int answered = 0;
+    for (int step = 0; step < 20000; ++step) {
+        const QString verb = verbs[below(verbs.size())];
+        const int row = below(m_project->rowCount());
+        const QString name = m_project->item(row)->text();
+        const bool needsRequest = verb.startsWith(QLatin1String("answer")) ||
+                                  verb == QLatin1String("list") || verb == QLatin1String("partial");
+        if (needsRequest && fake.requests().isEmpty())
+            continue;
+        if (verb == QLatin1String("remove")) {
+            if (m_iterators.count(name) != 0) // who walks the screen himself goes with it
+                run(QStringLiteral("withdraw ") + name);
+            run(QStringLiteral("remove ") + name);
+            appendTestScreen(m_project.get(), name);
+        } else if (verb == QLatin1String("start")) {
+            run(QStringLiteral("start 256"));
+        } else if (verb == QLatin1String("bg") && m_iterators.count(name) != 0) {
+            continue; // one request of each requester, as its iterator is its own
+        } else {
+            run(verb.contains(QLatin1Char(' ')) || needsRequest || verb == QLatin1String("stop")
+                    ? verb
+                    : verb + QLatin1Char(' ') + name);
+        }
+        QVERIFY(fake.requests().size() <= 1);
+        QCOMPARE(m_adapter->isBusy() || fake.requests().isEmpty(), true);
+        for (const QString &line : std::exchange(m_log, {})) {
+            QVERIFY2(!line.endsWith(QLatin1Char('?')), qPrintable(line));
+            if (line.startsWith(QLatin1String("bgframe ")))
+                m_iterators.erase(line.mid(8));
+            answered += line.contains(QLatin1String("frame "));
+        }
+        if (verb == QLatin1String("stop") || verb == QLatin1String("start"))
+            m_iterators.clear();
+    }
+    QVERIFY(answered > 1000); // it did something
+    while (m_adapter->isBusy())
+        run(QStringLiteral("answer"));
+}
+
+QTEST_MAIN(tst_EmulatorAdapter)
+#include "tst_emulatoradapter.moc"

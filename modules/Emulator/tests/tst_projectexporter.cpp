@@ -1,0 +1,302 @@
+#include "CEmulatorAdapter.h"
+#include "CFakeEmulator.h"
+#include "CModelIterator.h"
+#include "CProjectExporter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "TestProject.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using EContent = CProjectExporter::EContent;
+using EResult = CProjectExporter::EResult;
+
+/// Exports against the scripted library. The wait step delivers events and sleeps not at all.
+class tst_ProjectExporter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void writesBothForms();
+    void aTextWithoutSemicolonStaysAsItIs();
+    void aProjectWithoutScreensGivesAnEmptyFile();
+    void collectsFiguresAndFrames();
+    void aCanvasRenderInFlightCostsTheFirstScreen();
+    void aLateAnswerIsNotTakenForTheNextScreen();
+    void anotherRequestersAnswerIsNotTaken();
+    void screensMayGoWhileWaiting();
+    void theProjectMayGoWhileWaiting();
+    void doesNotRunTwice();
+    void cancellingWritesNothing();
+    void aFileThatCannotBeOpenedRendersNothing();
+
+private:
+    QByteArray contentOf(const QString &fileName) const;
+    QStringList namesOf(const std::optional<QList<SScreenExport>> &screens) const;
+    static CFakeEmulator::SAnswer answerFor(const CFakeEmulator::SRequest &request);
+
+    CFakeEmulator &m_fake = CFakeEmulator::instance();
+    CEmulatorAdapter *m_adapter = CEmulatorAdapter::instance();
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<CProjectModel> m_project;
+    std::unique_ptr<CProjectExporter> m_exporter;
+    std::function<void(int step)> m_onStep; ///< steps count from 1 on, over all screens
+    int m_steps = 0;
+    QStringList m_reports;
+    QStringList m_calls;
+};
+
+CFakeEmulator::SAnswer tst_ProjectExporter::answerFor(const CFakeEmulator::SRequest &request)
+{
+    static QByteArray text; // lives until the answer is given
+    text = "NAME(" + request.screen.toLatin1() + ");END(0);";
+    CFakeEmulator::SAnswer answer;
+    answer.text = text.constData();
+    answer.bytes = request.screen.toLatin1() + QByteArray("\0;\xFF", 3);
+    return answer;
+}
+
+void tst_ProjectExporter::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QFile script(m_folder->filePath(QStringLiteral("kiv_render.lua")));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    m_project = testProject({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("\u00D6")});
+    m_reports.clear();
+    m_calls.clear();
+    m_steps = 0;
+    m_onStep = {};
+    m_fake.reset([this](const QString &call) { m_calls.append(call); });
+    m_fake.setAutoAnswer(&answerFor);
+    QVERIFY(m_adapter->registerEmulator(script.fileName()));
+    m_calls.clear();
+    m_exporter = std::make_unique<CProjectExporter>(m_adapter);
+    m_exporter->setErrorReport([this](const QString &text) { m_reports.append(text); });
+    m_exporter->setWaitStep([this] {
+        QCoreApplication::processEvents();
+        ++m_steps;
+        if (m_onStep)
+            m_onStep(m_steps);
+    });
+}
+
+void tst_ProjectExporter::cleanup()
+{
+    m_adapter->emulatorStop();
+    m_fake.reset();
+}
+
+QByteArray tst_ProjectExporter::contentOf(const QString &fileName) const
+{
+    QFile file(m_folder->filePath(fileName));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+QStringList tst_ProjectExporter::namesOf(const std::optional<QList<SScreenExport>> &screens) const
+{
+    QStringList names;
+    for (const SScreenExport &screen : screens.value_or(QList<SScreenExport>()))
+        names.append(screen.name);
+    return names;
+}
+
+void tst_ProjectExporter::writesBothForms()
+{
+    const QString dl = m_folder->filePath(QStringLiteral("p.dl"));
+    const QString bin = m_folder->filePath(QStringLiteral("p.bin"));
+    QCOMPARE(m_exporter->exportProjectDL(m_project.get(), dl), EResult::Written);
+    QCOMPARE(m_exporter->exportProjectBin(m_project.get(), bin), EResult::Written);
+    QCOMPARE(contentOf(QStringLiteral("p.dl")),
+             QByteArray("===A===\nNAME(A);\nEND(0);\n\n"
+                        "===B===\nNAME(B);\nEND(0);\n\n"
+                        "===\xC3\x96===\nNAME(\xC3\x96);\nEND(0);\n\n"));
+    QCOMPARE(contentOf(QStringLiteral("p.bin")), QByteArray("A\0;\xFF"
+                                                            "B\0;\xFF"
+                                                            "\xD6\0;\xFF",
+                                                            12));
+    QCOMPARE(m_reports, QStringList());
+}
+
+void tst_ProjectExporter::aTextWithoutSemicolonStaysAsItIs()
+{
+    m_project = testProject({QStringLiteral("A")});
+    m_fake.setAutoAnswer([](const CFakeEmulator::SRequest &) {
+        CFakeEmulator::SAnswer answer;
+        answer.text = "nothing";
+        return answer;
+    });
+    m_exporter->exportProjectDL(m_project.get(), m_folder->filePath(QStringLiteral("p.dl")));
+    QCOMPARE(contentOf(QStringLiteral("p.dl")), QByteArray("===A===\nnothing\n"));
+}
+
+void tst_ProjectExporter::aProjectWithoutScreensGivesAnEmptyFile()
+{
+    m_project = testProject({});
+    for (const QString &name : {QStringLiteral("p.dl"), QStringLiteral("p.bin")}) {
+        QCOMPARE(m_exporter->exportProjectDL(m_project.get(), m_folder->filePath(name)),
+                 EResult::Written);
+        QCOMPARE(contentOf(name), QByteArray());
+    }
+    QCOMPARE(m_exporter->collect(nullptr, EContent::DisplayLists)->size(), 0);
+    QCOMPARE(m_calls, QStringList());
+}
+
+void tst_ProjectExporter::collectsFiguresAndFrames()
+{
+    m_fake.setAutoAnswer([](const CFakeEmulator::SRequest &request) {
+        CFakeEmulator::SAnswer answer = answerFor(request);
+        answer.ramDl = 80 + size_t(request.screen[0].unicode());
+        answer.ramG = 0x12345678;
+        answer.errors = request.screen == QLatin1String("B") ? "first\nsecond\n" : "";
+        answer.width = 7;
+        answer.height = 3;
+        answer.colour = 0xFF102030;
+        return answer;
+    });
+    const QList<int> rows = {0, 1};
+    const auto screens =
+        m_exporter->collect(m_project.get(), EContent::DisplayListsAndFrames, &rows);
+    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("A"), QStringLiteral("B")}));
+    QCOMPARE(screens->at(0).ramDl, size_t{80 + 'A'});
+    QCOMPARE(screens->at(1).ramDl, size_t{80 + 'B'});
+    QCOMPARE(screens->at(1).ramG, size_t{0x12345678});
+    QCOMPARE(screens->at(0).errors, QStringList());
+    QCOMPARE(screens->at(1).errors,
+             QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+    QImage expected(7, 3, QImage::Format_RGB32);
+    expected.fill(0xFF102030);
+    QCOMPARE(screens->at(0).frame, expected);
+}
+
+void tst_ProjectExporter::aCanvasRenderInFlightCostsTheFirstScreen()
+{
+    int canvas = 0;
+    m_fake.setAutoAnswer({});
+    m_adapter->renderForeground(m_project->screen(2), &canvas);
+    int toCanvas = 0;
+    QObject receiver;
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, &receiver,
+            [&toCanvas] { ++toCanvas; });
+    m_onStep = [this](int) {
+        if (!m_fake.requests().isEmpty())
+            m_fake.answer(answerFor(m_fake.requests().first()));
+    };
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("B"), QStringLiteral("\u00D6")}));
+    QCOMPARE(m_reports, QStringList(QStringLiteral("An error occurred during the export process")));
+    QCOMPARE(toCanvas, 2); // the canvas' own, and that of screen A
+    QVERIFY2(m_steps >= 102 && m_steps <= 106, qPrintable(QString::number(m_steps)));
+}
+
+void tst_ProjectExporter::aLateAnswerIsNotTakenForTheNextScreen()
+{
+    m_fake.setAutoAnswer({});
+    m_onStep = [this](int step) {
+        if (step > 100 && !m_fake.requests().isEmpty()) // 100 steps are A's whole time
+            m_fake.answer(answerFor(m_fake.requests().first()));
+    };
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("B"), QStringLiteral("\u00D6")}));
+    QCOMPARE(screens->at(0).text, QStringLiteral("NAME(B);\nEND(0);\n"));
+    QCOMPARE(m_reports.size(), 1);
+    QCOMPARE(m_calls, QStringList({QStringLiteral("render bg A"), QStringLiteral("render bg B"),
+                                   QStringLiteral("render bg \u00D6")}));
+}
+
+void tst_ProjectExporter::anotherRequestersAnswerIsNotTaken()
+{
+    m_fake.setAutoAnswer({});
+    int thumbnail = 0;
+    CModelIterator iterator(m_project->screen(2));
+    m_adapter->renderBackground(&iterator, &thumbnail);
+    m_onStep = [this](int) {
+        if (!m_fake.requests().isEmpty())
+            m_fake.answer(answerFor(m_fake.requests().first()));
+    };
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    QCOMPARE(namesOf(screens).size(), 3);
+    QCOMPARE(screens->at(0).text, QStringLiteral("NAME(A);\nEND(0);\n"));
+}
+
+void tst_ProjectExporter::screensMayGoWhileWaiting()
+{
+    // A waits behind the canvas when it is removed; B then does, and times out as A would have.
+    int canvas = 0;
+    m_fake.setAutoAnswer({});
+    m_adapter->renderForeground(m_project->screen(2), &canvas);
+    m_onStep = [this](int step) {
+        if (step == 1)
+            m_project->removeRow(0);
+        if (!m_fake.requests().isEmpty())
+            m_fake.answer(answerFor(m_fake.requests().first()));
+    };
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    QCOMPARE(namesOf(screens).last(), QStringLiteral("\u00D6"));
+    QVERIFY(!namesOf(screens).contains(QStringLiteral("A")));
+    QVERIFY(!m_calls.contains(QStringLiteral("render bg A")));
+    QVERIFY(!m_calls.contains(QStringLiteral("render bg "))); // an iterator that stands at nothing
+}
+
+void tst_ProjectExporter::theProjectMayGoWhileWaiting()
+{
+    m_fake.setAutoAnswer({});
+    m_onStep = [this](int step) {
+        if (step == 2)
+            m_project.reset();
+        if (step > 2 && !m_fake.requests().isEmpty())
+            m_fake.answer();
+    };
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    QVERIFY(screens && screens->isEmpty());
+    QCOMPARE(m_reports, QStringList());
+    QCOMPARE(m_steps, 2);
+}
+
+void tst_ProjectExporter::doesNotRunTwice()
+{
+    bool refused = false;
+    m_onStep = [this, &refused](int) {
+        CProjectExporter second(m_adapter);
+        refused =
+            second.exportProjectDL(m_project.get(), m_folder->filePath(QStringLiteral("2.dl"))) ==
+            EResult::Refused;
+    };
+    QCOMPARE(m_exporter->collect(m_project.get(), EContent::DisplayLists)->size(), 3);
+    QVERIFY(refused);
+    QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("2.dl"))));
+}
+
+void tst_ProjectExporter::cancellingWritesNothing()
+{
+    QStringList progress;
+    m_exporter->setProgress([&progress](int done, int total) {
+        progress.append(QStringLiteral("%1/%2").arg(done).arg(total));
+        return done < 2;
+    });
+    const QString path = m_folder->filePath(QStringLiteral("p.bin"));
+    QCOMPARE(m_exporter->exportProjectBin(m_project.get(), path), EResult::Cancelled);
+    QCOMPARE(progress.join(QLatin1Char(' ')), QStringLiteral("0/3 1/3 2/3"));
+    QVERIFY(!QFile::exists(path));
+}
+
+void tst_ProjectExporter::aFileThatCannotBeOpenedRendersNothing()
+{
+    QString error;
+    const QString inFile = m_folder->filePath(QStringLiteral("kiv_render.lua/p.dl"));
+    for (const QString &path : {m_folder->path(), inFile}) {
+        error.clear();
+        QCOMPARE(m_exporter->exportProjectDL(m_project.get(), path, &error), EResult::NotOpened);
+        QVERIFY(!error.isEmpty());
+    }
+    QCOMPARE(m_calls, QStringList());
+    QCOMPARE(m_reports, QStringList());
+}
+
+QTEST_MAIN(tst_ProjectExporter)
+#include "tst_projectexporter.moc"
