@@ -25,6 +25,9 @@ private Q_SLOTS:
     void refusedCodes();
     void callsOfTheTools_data();
     void callsOfTheTools();
+    void optionsAsFileNames();
+    void successNeedsItsOutput_data();
+    void successNeedsItsOutput();
     void quantisedFileUnderAnotherName_data();
     void quantisedFileUnderAnotherName();
     void rawFilesAreCopied();
@@ -190,6 +193,64 @@ void tst_ImageFileConverter::callsOfTheTools()
         expected = Names{"-f", "photo.png"} + environmentOf("Palette") + arguments +
                    environmentOf("Palette");
     QCOMPARE(calls(), expected);
+}
+
+void tst_ImageFileConverter::optionsAsFileNames()
+{
+    // Not all tools take the word behind "-i" or "-f" for a file whatever it looks like.
+    addRecorder("bmpconv/bmpconv.exe", "echo x > ./-f_L8.raw");
+    addRecorder("Palette/pngquant.exe", "exit 1");
+    const QString photo = makeImage("-f.png");
+    QVERIFY(CImageFileConverter().convert(photo, "L8"));
+    QCOMPARE(calls().value(1), QString("./-f.png"));
+    QVERIFY(!CImageFileConverter().convert(photo, "PALETTED"));
+    QCOMPARE(calls().value(7), QString("./-f.png"));
+}
+
+void tst_ImageFileConverter::successNeedsItsOutput_data()
+{
+    QTest::addColumn<QByteArray>("commands");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("written") << QByteArray("echo new > $OUT") << true;
+    QTest::newRow("written with an old time")
+        << QByteArray("echo new > $OUT; touch -d '2001-01-01' $OUT") << true;
+    QTest::newRow("renamed") << QByteArray("cp -p $OUT t; mv t $OUT") << true;
+    QTest::newRow("nothing") << QByteArray("exit 0") << false;
+    QTest::newRow("another file") << QByteArray("echo new > other.raw") << false;
+    QTest::newRow("empty") << QByteArray(": > $OUT") << false;
+    QTest::newRow("removed") << QByteArray("rm $OUT") << false;
+    QTest::newRow("a folder") << QByteArray("rm $OUT; mkdir $OUT") << false;
+    QTest::newRow("written, but failed") << QByteArray("echo new > $OUT; exit 1") << false;
+    QTest::newRow("written, but crashed") << QByteArray("echo new > $OUT; kill -KILL $$") << false;
+}
+
+void tst_ImageFileConverter::successNeedsItsOutput()
+{
+    QFETCH(QByteArray, commands);
+    QFETCH(bool, expected);
+    const QString photo = makeImage("photo.png");
+    const struct
+    {
+        const char *tool;
+        const char *format;
+        QString output;
+    } cases[] = {{"bmpconv/bmpconv.exe", "L8", "photo_L8.raw"},
+                 {"DXT1/dxtpack.exe", "DXT1", "photo_DXT1/photo_DXT1.raw"},
+                 {"Palette/pngquant.exe", "PALETTED", "photo_PALETTED/photo-fs8.png"},
+                 {"Palette/palsplit.exe", "PALETTED", "photo_PALETTED/photo_PALETTED.raw"}};
+    for (const auto &row : cases) {
+        m_stubs->addTool("Palette/pngquant.exe", "echo x > photo-fs8.png");
+        m_stubs->addTool("Palette/palsplit.exe", "echo x > photo_PALETTED.raw");
+        const QFileInfo output(project() + "/" + row.output);
+        QDir().mkpath(output.path());
+        CToolStubs::write(output.filePath(), "old");
+        m_stubs->addTool(row.tool, "OUT=" + output.fileName().toUtf8() + "\n" + commands);
+        CImageFileConverter converter;
+        QSignalSpy failures(&converter, &CImageFileConverter::failed);
+        QCOMPARE(converter.convert(photo, QString(row.format)), expected);
+        QCOMPARE(failures.count(), expected ? 0 : 1);
+        QVERIFY(QDir(project()).removeRecursively());
+    }
 }
 
 void tst_ImageFileConverter::quantisedFileUnderAnotherName_data()
