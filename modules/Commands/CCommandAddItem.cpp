@@ -1,0 +1,24 @@
+#include "CCommandAddItem.h"
+
+#include "CItemModel.h"
+#include "PropertyKey.h"
+#include "RowOperations.h"
+
+CCommandAddItem::CCommandAddItem(QStandardItem *parentItem, CItemModel *item, QUndoCommand *parent)
+    : QUndoCommand(QObject::tr("Add %1").arg(item->propertyText(PropertyKey::Name)), parent),
+      m_parentItem(parentItem),
+      m_item(item)
+{
+}
+
+CCommandAddItem::~CCommandAddItem() = default;
+
+void CCommandAddItem::redo()
+{
+    RowOperations::insert(m_parentItem, 0, m_item.release());
+}
+
+void CCommandAddItem::undo()
+{
+    m_item.reset(RowOperations::take(m_parentItem, 0));
+}

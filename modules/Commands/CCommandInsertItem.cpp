@@ -1,0 +1,26 @@
+#include "CCommandInsertItem.h"
+
+#include "CItemModel.h"
+#include "PropertyKey.h"
+#include "RowOperations.h"
+
+CCommandInsertItem::CCommandInsertItem(QStandardItem *parentItem, CItemModel *item, int row,
+                                       QUndoCommand *parent)
+    : QUndoCommand(QObject::tr("Insert %1").arg(item->propertyText(PropertyKey::Name)), parent),
+      m_parentItem(parentItem),
+      m_item(item),
+      m_row(row)
+{
+}
+
+CCommandInsertItem::~CCommandInsertItem() = default;
+
+void CCommandInsertItem::redo()
+{
+    RowOperations::insert(m_parentItem, m_row, m_item.release());
+}
+
+void CCommandInsertItem::undo()
+{
+    m_item.reset(RowOperations::take(m_parentItem, m_row));
+}

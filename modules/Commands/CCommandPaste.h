@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QUndoCommand>
+
+#include <memory>
+
+class CProjectModel;
+class CScreenModel;
+class QDomElement;
+
+/// Puts copied widgets in front of all others of a screen, in their clipboard order.
+/// The widgets are built when the command is made and then only move between the target and a
+/// holding screen, which the command owns.
+class CCommandPaste final : public QUndoCommand
+{
+public:
+    /// `element`: the clipboard document's root, one child element per item.
+    CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent = nullptr);
+    ~CCommandPaste() override;
+
+    void redo() override;
+    void undo() override;
+
+private:
+    CScreenModel *const m_target; ///< not owned
+    const int m_rowCount;         ///< of the target when the command was made
+    std::unique_ptr<CScreenModel> m_holding;
+};

@@ -1,0 +1,221 @@
+#include "CCommandMonkey.h"
+
+#include "CCommandAddItem.h"
+#include "CCommandAddScreen.h"
+#include "CCommandChangeItemProperty.h"
+#include "CCommandChangeOptions.h"
+#include "CCommandDeleteItem.h"
+#include "CCommandDeleteScreen.h"
+#include "CCommandGroupItem.h"
+#include "CCommandInsertItem.h"
+#include "CCommandOrderItem.h"
+#include "CCommandPaste.h"
+#include "CCommandPasteScreen.h"
+#include "CCommandUngroupItem.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CWidgetGroupModel.h"
+#include "CWidgetModel.h"
+#include "PropertyKey.h"
+#include "ScreenDocuments.h"
+
+#include <QUndoStack>
+
+CCommandMonkey::CCommandMonkey(CProjectModel &project, quint32 seed)
+    : m_project(project), m_stack(*project.undoStack()), m_random(seed)
+{
+}
+
+void CCommandMonkey::step()
+{
+    struct Choice
+    {
+        const char *name;
+        int weight;
+        void (CCommandMonkey::*act)();
+    };
+    static const Choice choices[] = {
+        {"add item", 20, &CCommandMonkey::addItem},
+        {"insert item", 8, &CCommandMonkey::insertItem},
+        {"delete item", 10, &CCommandMonkey::deleteItem},
+        {"order item", 10, &CCommandMonkey::orderItem},
+        {"order screen", 2, &CCommandMonkey::orderScreen},
+        {"group", 6, &CCommandMonkey::group},
+        {"ungroup", 4, &CCommandMonkey::ungroup},
+        {"add screen", 2, &CCommandMonkey::addScreen},
+        {"delete screen", 1, &CCommandMonkey::deleteScreen},
+        {"paste items", 4, &CCommandMonkey::pasteItems},
+        {"paste screen", 1, &CCommandMonkey::pasteScreen},
+        {"change property", 25, &CCommandMonkey::changeProperty},
+        {"change options", 2, &CCommandMonkey::changeOptions},
+        {"undo", 12, &CCommandMonkey::undoSome},
+        {"redo", 8, &CCommandMonkey::redoSome},
+    };
+    int total = 0;
+    for (const Choice &choice : choices)
+        total += choice.weight;
+    int left = pick(total);
+    for (const Choice &choice : choices) {
+        left -= choice.weight;
+        if (left < 0) {
+            m_log << QString::fromLatin1(choice.name);
+            (this->*choice.act)();
+            return;
+        }
+    }
+}
+
+CScreenModel *CCommandMonkey::anyScreen()
+{
+    return m_project.screenCount() ? m_project.screen(pick(m_project.screenCount())) : nullptr;
+}
+
+CItemModel *CCommandMonkey::anyItem(CItemModel *parent)
+{
+    return parent && parent->rowCount() ? parent->childItem(pick(parent->rowCount())) : nullptr;
+}
+
+CItemModel *CCommandMonkey::anyItemAnywhere()
+{
+    CItemModel *item = anyItem(anyScreen());
+    while (item && item->rowCount() && pick(2))
+        item = anyItem(item);
+    return item;
+}
+
+CItemModel *CCommandMonkey::newItem()
+{
+    static const char *const kinds[] = {"Test_Box_T",  "Test_Circle_T", "Test_Dot_T",
+                                        "Test_Line_T", "Test_Poly_T",   "Unheard_Of_T"};
+    auto *item = new CWidgetModel(QLatin1String(kinds[pick(6)]), m_project.library(), &m_project);
+    m_project.assignFreshIds(item);
+    return item;
+}
+
+void CCommandMonkey::addItem()
+{
+    if (CScreenModel *screen = anyScreen())
+        m_stack.push(new CCommandAddItem(screen, newItem()));
+}
+
+void CCommandMonkey::insertItem()
+{
+    if (CScreenModel *screen = anyScreen())
+        m_stack.push(new CCommandInsertItem(screen, newItem(), pick(screen->rowCount() + 1)));
+}
+
+void CCommandMonkey::deleteItem()
+{
+    if (CItemModel *item = anyItemAnywhere())
+        m_stack.push(new CCommandDeleteItem(item));
+}
+
+void CCommandMonkey::orderItem()
+{
+    if (CItemModel *item = anyItemAnywhere())
+        m_stack.push(new CCommandOrderItem(item, pick(item->parent()->rowCount())));
+}
+
+void CCommandMonkey::orderScreen()
+{
+    if (CScreenModel *screen = anyScreen())
+        m_stack.push(new CCommandOrderItem(screen, pick(m_project.screenCount())));
+}
+
+void CCommandMonkey::group()
+{
+    CScreenModel *screen = anyScreen();
+    if (!screen || screen->rowCount() < 2)
+        return;
+    m_stack.beginMacro(QStringLiteral("Group Selected Items"));
+    auto *group = new CWidgetGroupModel(m_project.library(), &m_project);
+    for (int members = 1 + pick(3); members > 0 && screen->rowCount(); --members)
+        m_stack.push(new CCommandGroupItem(screen, group, pick(screen->rowCount())));
+    m_stack.push(new CCommandInsertItem(screen, group, pick(screen->rowCount() + 1)));
+    m_stack.endMacro();
+}
+
+void CCommandMonkey::ungroup()
+{
+    CScreenModel *screen = anyScreen();
+    CItemModel *group = anyItem(screen);
+    if (!group || group->kind() != CItemModel::Kind::Group)
+        return;
+    m_stack.beginMacro(QStringLiteral("Ungroup Selected Items"));
+    while (group->rowCount())
+        m_stack.push(new CCommandUngroupItem(screen, group, pick(group->rowCount()),
+                                             pick(screen->rowCount() + 1)));
+    m_stack.push(new CCommandDeleteItem(group));
+    m_stack.endMacro();
+}
+
+void CCommandMonkey::addScreen()
+{
+    if (m_project.screenCount() < 8)
+        m_stack.push(new CCommandAddScreen(new CScreenModel(&m_project), &m_project));
+}
+
+void CCommandMonkey::deleteScreen()
+{
+    if (CScreenModel *screen = anyScreen())
+        m_stack.push(new CCommandDeleteScreen(screen));
+}
+
+void CCommandMonkey::pasteItems()
+{
+    CScreenModel *screen = anyScreen();
+    const CItemModel *first = anyItem(screen);
+    const CItemModel *second = anyItem(anyScreen());
+    if (!first || !second)
+        return;
+    const QByteArray xml = ScreenDocuments::ofCopiedItems({first, second});
+    m_stack.push(new CCommandPaste(screen, ScreenDocuments::copiedItems(xml)));
+}
+
+void CCommandMonkey::pasteScreen()
+{
+    const CScreenModel *screen = anyScreen();
+    if (!screen || m_project.screenCount() > 8)
+        return;
+    const QByteArray xml = ScreenDocuments::ofPageFile({screen});
+    m_stack.push(new CCommandPasteScreen(
+        &m_project, ScreenDocuments::pageFile(xml).firstChildElement(), m_project.rowCount()));
+}
+
+void CCommandMonkey::changeProperty()
+{
+    CItemModel *item = pick(10) ? anyItemAnywhere() : anyScreen();
+    if (!item || item->properties().isEmpty())
+        return;
+    QStringList keys = item->properties().keys();
+    keys.sort(); // the hash's order is not part of the seed
+    const QString key = keys.at(pick(keys.size()));
+    if (key == PropertyKey::WorkingDirectory)
+        return;
+    m_stack.push(new CCommandChangeItemProperty(item, key, QString::number(pick(200)),
+                                                item->propertyValue(key)));
+}
+
+void CCommandMonkey::changeOptions()
+{
+    static const char *const platforms[] = {"QX100", "QX110", "QX113", "ABC"};
+    m_stack.beginMacro(QStringLiteral("Change Project Options"));
+    m_stack.push(
+        new CCommandChangeOptions(&m_project,
+                                  {{PropertyKey::Platform, QLatin1String(platforms[pick(4)])},
+                                   {PropertyKey::Width, QString::number(100 + pick(400))}},
+                                  nullptr));
+    m_stack.endMacro();
+}
+
+void CCommandMonkey::undoSome()
+{
+    for (int count = 1 + pick(12); count > 0; --count)
+        m_stack.undo();
+}
+
+void CCommandMonkey::redoSome()
+{
+    for (int count = 1 + pick(12); count > 0; --count)
+        m_stack.redo();
+}
