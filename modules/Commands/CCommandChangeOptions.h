@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QHash>
-#include <QString>
+#include <QStringList>
 #include <QUndoCommand>
 
 class CProjectModel;
@@ -19,14 +19,15 @@ public:
     CCommandChangeOptions(CProjectModel *project, const Options &options,
                           IProjectOptionsObserver *observer, QUndoCommand *parent = nullptr);
 
-    void redo() override { apply(m_newOptions); }
-    void undo() override { apply(m_oldOptions); }
+    void redo() override;
+    void undo() override;
 
 private:
-    void apply(const Options &options);
+    void refresh();
 
     CProjectModel *const m_project;            ///< not owned
     IProjectOptionsObserver *const m_observer; ///< not owned
     const Options m_newOptions;
     Options m_oldOptions;
+    QStringList m_addedKeys; ///< options that the project did not have before
 };

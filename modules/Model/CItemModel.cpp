@@ -320,6 +320,16 @@ void CItemModel::setRadius(double radius)
     m_geometry.radius = radius;
     m_geometry.width = 2 * radius;
     m_geometry.height = 2 * radius;
+    storeDerivedSize(PropertyKey::Width, m_geometry.width);
+    storeDerivedSize(PropertyKey::Height, m_geometry.height);
+}
+
+/// Keeps a size property that follows from another one up to date, so that setting it back to what
+/// it was (as an undo does) gives the defining property back as well.
+void CItemModel::storeDerivedSize(const QString &name, double size)
+{
+    if (CWidgetProperty *property = findProperty(name))
+        property->setValue(size);
 }
 
 /// A size in the modes in which width and height are one.

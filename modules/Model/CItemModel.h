@@ -159,6 +159,7 @@ private:
     Q_DISABLE_COPY(CItemModel)
 
     void setRoundSize(double size);
+    void storeDerivedSize(const QString &name, double size);
     void writeBack(const QString &name, const QVariant &value, Notify notify);
     void deriveWidth(); // of two corners
     void deriveHeight();

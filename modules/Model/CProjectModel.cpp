@@ -107,7 +107,22 @@ void CProjectModel::setProjectProperty(const QString &name, const QString &text)
     if (it == m_properties.end())
         it = m_properties.insert(name, CWidgetProperty(name, PropertyType::String));
     it->setValueFromText(text);
+    applyProjectProperty(name, text);
+}
 
+void CProjectModel::removeProjectProperty(const QString &name)
+{
+    m_properties.remove(name);
+    if (name == PropertyKey::Width)
+        m_resolution.setWidth(DefaultResolution.width());
+    else if (name == PropertyKey::Height)
+        m_resolution.setHeight(DefaultResolution.height());
+    else
+        applyProjectProperty(name, QString());
+}
+
+void CProjectModel::applyProjectProperty(const QString &name, const QString &text)
+{
     if (name == PropertyKey::Width) {
         m_resolution.setWidth(std::max(0, text.toInt()));
     } else if (name == PropertyKey::Height) {

@@ -45,6 +45,8 @@ public:
     /// Sets one from its text, and with it what depends on it: "platform" selects the library of
     /// all items, "width" and "height" the resolution.
     void setProjectProperty(const QString &name, const QString &text);
+    /// Takes one away; what depends on it is as in a new project.
+    void removeProjectProperty(const QString &name);
     void setProjectProperties(const QHash<QString, QString> &texts);
     QString platform() const;
     QString workingDirectory() const;
@@ -107,6 +109,7 @@ Q_SIGNALS:
 
 private:
     void reset();
+    void applyProjectProperty(const QString &name, const QString &text);
     CScreenModel *makeScreen() const;
     void appendLoadedScreens(const QVector<CScreenModel *> &screens);
     QVector<const CWidgetProperty *> savedProperties() const;

@@ -203,7 +203,8 @@ void CCommandMonkey::changeOptions()
     m_stack.push(
         new CCommandChangeOptions(&m_project,
                                   {{PropertyKey::Platform, QLatin1String(platforms[pick(4)])},
-                                   {PropertyKey::Width, QString::number(100 + pick(400))}},
+                                   {pick(2) ? PropertyKey::Width : PropertyKey::ProjectName,
+                                    QString::number(100 + pick(400))}},
                                   nullptr));
     m_stack.endMacro();
 }
