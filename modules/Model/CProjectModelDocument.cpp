@@ -191,8 +191,13 @@ bool CProjectModel::saveToFile(const QString &filePath, QString *error) const
 bool CProjectModel::loadFromFile(const QString &filePath, QString *error)
 {
     const auto xml = CXmlGuard::readFile(filePath, error);
-    if (!xml || !loadFromBytes(*xml, error))
+    if (!xml)
         return false;
+    QString reason;
+    if (!loadFromBytes(*xml, &reason)) {
+        setError(error, tr("%1: %2").arg(filePath, reason));
+        return false;
+    }
     setWorkingDirectory(folderOf(filePath));
     return true;
 }

@@ -38,8 +38,10 @@ bool CWidgetLibraryManager::initialise(const QString &filePath)
     if (!bytes)
         return false;
     const auto document = CXmlGuard::parse(*bytes, &m_errorText);
-    if (!document)
+    if (!document) {
+        m_errorText = tr("%1: %2").arg(filePath, m_errorText);
         return false;
+    }
     if (LibraryXml::root(*document).isNull()) {
         m_errorText = tr("%1 is not a widget library.").arg(filePath);
         return false;

@@ -1,0 +1,238 @@
+#include "CExportJob.h"
+
+#include "CEmulatorAdapter.h"
+#include "CEmulatorSession.h"
+#include "CFileWriter.h"
+#include "CPlatformTable.h"
+#include "CProgramData.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CScreenshotWriter.h"
+#include "FileNames.h"
+#include "PropertyKey.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct SCounts
+{
+    int widgets = 0;
+    int bitmaps = 0;
+};
+
+void countBelow(const CItemModel *item, SCounts &counts)
+{
+    for (int row = 0; row < item->rowCount(); ++row) {
+        const CItemModel *child = item->childItem(row);
+        if (!child)
+            continue;
+        if (child->kind() == CItemModel::Kind::Widget)
+            ++counts.widgets;
+        if (!child->propertyText(PropertyKey::BaseName).isEmpty())
+            ++counts.bitmaps;
+        countBelow(child, counts);
+    }
+}
+
+void print(FILE *stream, const QString &line)
+{
+    std::fprintf(stream, "%s\n", line.toUtf8().constData());
+}
+
+} // namespace
+
+CExportJob::CExportJob(const CExportOptions &options) : m_options(options)
+{
+}
+
+CExportJob::~CExportJob() = default;
+
+CExportJob::EExit CExportJob::run()
+{
+    if (!loadProgramData() || !openProject())
+        return EExit::Failed;
+    const std::optional<QList<int>> rows = wantedRows();
+    if (!rows)
+        return EExit::Usage;
+    render(*rows);
+    writeOutputs();
+    if (m_exit == EExit::Done && m_options.strict && !m_report->isClean())
+        m_exit = EExit::Findings;
+    return m_exit;
+}
+
+bool CExportJob::loadProgramData()
+{
+    const CProgramData data(QCoreApplication::applicationDirPath());
+    for (const QString &problem : {data.loadWidgetLibrary(), data.registerEmulator()})
+        if (!problem.isEmpty())
+            fail(problem);
+    return m_exit == EExit::Done;
+}
+
+bool CExportJob::openProject()
+{
+    const QString path = QFileInfo(m_options.project).absoluteFilePath();
+    QString error;
+    m_project = std::make_unique<CProjectModel>();
+    if (!m_project->loadFromFile(path, &error)) {
+        fail(error);
+        return false;
+    }
+    const QString platform = m_project->platform();
+    m_report = std::make_unique<CExportReport>(path, platform);
+    const CPlatformTable platforms;
+    if (!platforms.isKnown(platform)) {
+        const QString problem =
+            QStringLiteral("The platform \"%1\" is not known; known are %2.")
+                .arg(platform, platforms.platforms().join(QStringLiteral(", ")));
+        warn(QStringLiteral("%1: %2").arg(m_options.project, problem));
+        m_report->addError(problem);
+    }
+    return true;
+}
+
+std::optional<QList<int>> CExportJob::wantedRows()
+{
+    QList<int> rows;
+    QStringList names;
+    QStringList unknown = m_options.screens;
+    for (int row = 0; row < m_project->screenCount(); ++row) {
+        const CScreenModel *screen = m_project->screen(row);
+        if (!screen)
+            continue;
+        names.append(QLatin1Char('"') + screen->name() + QLatin1Char('"'));
+        if (m_options.screens.isEmpty() || m_options.screens.contains(screen->name()))
+            rows.append(row);
+        unknown.removeAll(screen->name());
+    }
+    if (unknown.isEmpty())
+        return rows;
+    warn(QStringLiteral("%1: There is no screen \"%2\". The screens are: %3.")
+             .arg(m_options.project, unknown[0],
+                  names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", "))));
+    return std::nullopt;
+}
+
+void CExportJob::render(const QList<int> &rows)
+{
+    CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
+    CEmulatorSession session(adapter);
+    session.open(m_project.get());
+    CProjectExporter exporter(adapter);
+    m_screens =
+        exporter.collect(m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames, &rows)
+            .value_or(QList<SScreenExport>());
+    session.close();
+    addToReport(rows);
+}
+
+void CExportJob::addToReport(const QList<int> &rows)
+{
+    for (const int row : rows) {
+        const CScreenModel *screen = m_project->screen(row);
+        SCounts counts;
+        countBelow(screen, counts);
+        SScreenReport report;
+        report.name = screen->name();
+        report.widgets = counts.widgets;
+        report.bitmaps = counts.bitmaps;
+        report.ramGBudget = CPlatformTable::ramGBudget(m_project->platform());
+        const auto rendered =
+            std::find_if(m_screens.begin(), m_screens.end(),
+                         [screen](const SScreenExport &each) { return each.screen == screen; });
+        if (rendered == m_screens.end()) {
+            report.errors.append(QStringLiteral("The emulator gave no answer."));
+            fail(QStringLiteral("%1: screen \"%2\": The emulator gave no answer; the screen is "
+                                "missing from the outputs.")
+                     .arg(m_options.project, report.name));
+        } else {
+            report.ramDl = rendered->ramDl;
+            report.ramG = rendered->ramG;
+            report.errors = rendered->errors;
+            for (const QString &error : rendered->errors)
+                warn(QStringLiteral("%1: screen \"%2\": %3")
+                         .arg(m_options.project, report.name, error));
+        }
+        if (report.exceedsBudget())
+            warn(QStringLiteral("%1: screen \"%2\": Uses %3 bytes of RAM_G; the budget is %4.")
+                     .arg(m_options.project, report.name)
+                     .arg(report.ramG)
+                     .arg(report.ramGBudget));
+        m_report->add(report);
+    }
+}
+
+void CExportJob::writeOutputs()
+{
+    const QString screens = QStringLiteral("%1 screens").arg(m_screens.size());
+    if (!m_options.dlFile.isEmpty())
+        writeFile(m_options.dlFile, CProjectExporter::textForm(m_screens), screens);
+    if (!m_options.binFile.isEmpty())
+        writeFile(m_options.binFile, CProjectExporter::binaryForm(m_screens), screens);
+    if (!m_options.pngFolder.isEmpty())
+        writePictures();
+    if (!m_options.reportFile.isEmpty())
+        writeReport();
+}
+
+void CExportJob::writePictures()
+{
+    if (!QDir().mkpath(m_options.pngFolder)) {
+        fail(QStringLiteral("%1: The folder could not be made.").arg(m_options.pngFolder));
+        return;
+    }
+    QStringList names;
+    for (const SScreenExport &screen : m_screens)
+        names.append(screen.name);
+    const QStringList files = FileNames::unusedForAll(names, QStringLiteral(".png"));
+    for (int i = 0; i < files.size(); ++i)
+        writeFile(QDir(m_options.pngFolder).filePath(files[i]),
+                  CScreenshotWriter::toPng(m_screens[i].frame),
+                  QStringLiteral("%1 x %2 pixels")
+                      .arg(m_screens[i].frame.width())
+                      .arg(m_screens[i].frame.height()));
+}
+
+void CExportJob::writeReport()
+{
+    const QByteArray json = m_report->toJson();
+    if (!m_options.reportsToStdout()) {
+        writeFile(m_options.reportFile, json, QStringLiteral("report"));
+        return;
+    }
+    const auto size = static_cast<size_t>(json.size());
+    if (std::fwrite(json.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
+        fail(QStringLiteral("The report could not be written to the standard output."));
+}
+
+void CExportJob::writeFile(const QString &path, const QByteArray &bytes, const QString &content)
+{
+    const QString problem = CFileWriter::write(path, bytes);
+    if (!problem.isEmpty())
+        fail(problem);
+    else
+        tell(QStringLiteral("%1: %2, %3 bytes").arg(path, content).arg(bytes.size()));
+}
+
+void CExportJob::fail(const QString &message)
+{
+    warn(message);
+    m_exit = EExit::Failed;
+}
+
+void CExportJob::warn(const QString &message) const
+{
+    print(stderr, QStringLiteral("panel-export: ") + message);
+}
+
+void CExportJob::tell(const QString &message) const
+{
+    print(m_options.reportsToStdout() ? stderr : stdout, message);
+}

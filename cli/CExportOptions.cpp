@@ -1,0 +1,132 @@
+#include "CExportOptions.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+
+namespace {
+
+const char *const helpEnd = R"(
+Screens are rendered by the emulator, in the order of the project. Text files hold each screen's
+display list under a line "===name==="; byte files hold the lists one after the other, nothing
+between them. Pictures are named after their screens. Files that exist are replaced.
+
+Exit codes:
+  0  all was done
+  1  with --strict: there were render errors, or a memory budget was exceeded
+  2  the command line is wrong
+  3  the project could not be opened, a screen not rendered, or an output not written
+)";
+
+struct SOptions
+{
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                            QStringLiteral("Shows this text.")};
+    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
+                               QStringLiteral("Shows the version.")};
+    QCommandLineOption dl{QStringLiteral("dl"), QStringLiteral("Writes the display lists as text."),
+                          QStringLiteral("FILE")};
+    QCommandLineOption bin{QStringLiteral("bin"),
+                           QStringLiteral("Writes the display lists as bytes."),
+                           QStringLiteral("FILE")};
+    QCommandLineOption png{QStringLiteral("png"),
+                           QStringLiteral("Writes a picture of each screen into a folder."),
+                           QStringLiteral("DIR")};
+    QCommandLineOption screen{
+        QStringLiteral("screen"),
+        QStringLiteral("Exports only the screen of this name; may be given several times."),
+        QStringLiteral("NAME")};
+    QCommandLineOption report{QStringLiteral("report"),
+                              QStringLiteral("Writes a report in JSON; - is the standard output."),
+                              QStringLiteral("FILE|-")};
+    QCommandLineOption strict{
+        QStringLiteral("strict"),
+        QStringLiteral("Fails on render errors and exceeded memory budgets.")};
+
+    QList<QCommandLineOption> all() const
+    {
+        return {dl, bin, png, screen, report, strict, help, version};
+    }
+};
+
+} // namespace
+
+CExportOptions::EParsed CExportOptions::parse(const QStringList &arguments)
+{
+    const SOptions options;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Exports the screens of a project without a display."));
+    parser.addOptions(options.all());
+    parser.addPositionalArgument(QStringLiteral("PROJECT"),
+                                 QStringLiteral("The project file (.nyx)."));
+
+    const bool parsed = parser.parse(arguments);
+    if (parser.isSet(options.help)) {
+        text = parser.helpText() + QString::fromLatin1(helpEnd);
+        return EParsed::ShowText;
+    }
+    if (parser.isSet(options.version)) {
+        text = QCoreApplication::applicationName() + QLatin1Char(' ') +
+               QCoreApplication::applicationVersion() + QLatin1Char('\n');
+        return EParsed::ShowText;
+    }
+    if (!parsed)
+        return wrong(parser.errorText());
+    for (const QCommandLineOption &option : {options.dl, options.bin, options.png, options.report})
+        if (parser.values(option).size() > 1)
+            return wrong(QStringLiteral("--%1 may be given only once.").arg(option.names()[0]));
+    for (const QCommandLineOption &option :
+         {options.dl, options.bin, options.png, options.report, options.screen})
+        if (parser.values(option).contains(QString()))
+            return wrong(QStringLiteral("--%1 needs a value.").arg(option.names()[0]));
+    const QStringList projects = parser.positionalArguments();
+    if (projects.isEmpty() || projects[0].isEmpty())
+        return wrong(QStringLiteral("The project file is missing."));
+    if (projects.size() > 1)
+        return wrong(QStringLiteral("Only one project can be exported at a time, but \"%1\" "
+                                    "follows \"%2\".")
+                         .arg(projects[1], projects[0]));
+
+    project = projects[0];
+    dlFile = parser.value(options.dl);
+    binFile = parser.value(options.bin);
+    pngFolder = parser.value(options.png);
+    reportFile = parser.value(options.report);
+    screens = parser.values(options.screen);
+    strict = parser.isSet(options.strict);
+    const QString clash = pathClash();
+    return clash.isEmpty() ? EParsed::Run : wrong(clash);
+}
+
+QString CExportOptions::pathClash() const
+{
+    QHash<QString, QString> users; // by absolute path
+    const auto add = [&users](const QString &path, const QString &user) -> QString {
+        if (path.isEmpty())
+            return {};
+        const QFileInfo info(path);
+        const QString canonical = info.canonicalFilePath(); // empty for a file not yet there
+        QString &known =
+            users[canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical];
+        if (!known.isEmpty())
+            return QStringLiteral("\"%1\" is given as %2 and as %3.").arg(path, known, user);
+        known = user;
+        return {};
+    };
+    for (const QString &clash :
+         {add(project, QStringLiteral("the project")), add(dlFile, QStringLiteral("--dl")),
+          add(binFile, QStringLiteral("--bin")),
+          reportsToStdout() ? QString() : add(reportFile, QStringLiteral("--report"))})
+        if (!clash.isEmpty())
+            return clash;
+    return {};
+}
+
+CExportOptions::EParsed CExportOptions::wrong(const QString &message)
+{
+    text = message;
+    return EParsed::Wrong;
+}

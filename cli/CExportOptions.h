@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What panel-export was asked for on its command line. Paths are as given: relative ones count
+/// from the caller's directory.
+struct CExportOptions
+{
+    enum class EParsed {
+        Run,
+        ShowText, ///< --help or --version: print `text` and succeed
+        Wrong     ///< `text` says what is wrong
+    };
+
+    /// Reads the arguments; the first is the program's name. Needs the application object.
+    EParsed parse(const QStringList &arguments);
+
+    QString text; ///< for the caller to print, ended by a line break unless Wrong
+
+    QString project;
+    QString dlFile; ///< empty: not wanted, as all below
+    QString binFile;
+    QString pngFolder;
+    QString reportFile;  ///< "-" is the standard output
+    QStringList screens; ///< names; empty: all screens
+    bool strict = false;
+
+    bool reportsToStdout() const { return reportFile == QLatin1String("-"); }
+
+private:
+    EParsed wrong(const QString &message);
+    QString pathClash() const;
+};

@@ -1,0 +1,59 @@
+#include "CExportReport.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace {
+
+QJsonObject toObject(const SScreenReport &screen)
+{
+    return {{QStringLiteral("name"), screen.name},
+            {QStringLiteral("widgets"), screen.widgets},
+            {QStringLiteral("bitmaps"), screen.bitmaps},
+            {QStringLiteral("ram_dl_bytes"), static_cast<qint64>(screen.ramDl)},
+            {QStringLiteral("ram_g_bytes"), static_cast<qint64>(screen.ramG)},
+            {QStringLiteral("ram_g_budget"), static_cast<qint64>(screen.ramGBudget)},
+            {QStringLiteral("errors"), QJsonArray::fromStringList(screen.errors)}};
+}
+
+} // namespace
+
+CExportReport::CExportReport(const QString &projectFile, const QString &platform)
+    : m_project(QFileInfo(projectFile).fileName()), m_platform(platform)
+{
+}
+
+void CExportReport::addError(const QString &message)
+{
+    m_errors.append(message);
+}
+
+void CExportReport::add(const SScreenReport &screen)
+{
+    m_screens.append(screen);
+}
+
+bool CExportReport::isClean() const
+{
+    return m_errors.isEmpty() &&
+           std::all_of(m_screens.begin(), m_screens.end(), [](const SScreenReport &screen) {
+               return screen.errors.isEmpty() && !screen.exceedsBudget();
+           });
+}
+
+QByteArray CExportReport::toJson() const
+{
+    QJsonArray screens;
+    for (const SScreenReport &screen : m_screens)
+        screens.append(toObject(screen));
+    return QJsonDocument(
+               QJsonObject{{QStringLiteral("project"), m_project},
+                           {QStringLiteral("platform"), m_platform},
+                           {QStringLiteral("errors"), QJsonArray::fromStringList(m_errors)},
+                           {QStringLiteral("screens"), screens}})
+        .toJson();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// What became of one screen.
+struct SScreenReport
+{
+    QString name;
+    int widgets = 0;       ///< all below the screen, groups not counted
+    int bitmaps = 0;       ///< those of the widgets that show a bitmap or a video
+    size_t ramDl = 0;      ///< bytes
+    size_t ramG = 0;       ///< bytes
+    size_t ramGBudget = 0; ///< bytes
+    QStringList errors;    ///< of the render, or that there was no answer
+
+    bool exceedsBudget() const { return ramG > ramGBudget; }
+};
+
+/// Collects what became of all screens. The same project gives the same bytes: the report holds no
+/// time and no folder.
+class CExportReport
+{
+public:
+    CExportReport(const QString &projectFile, const QString &platform);
+
+    void addError(const QString &message); ///< one that concerns the project
+    void add(const SScreenReport &screen);
+
+    /// Nothing to report: no errors and every screen within its budget.
+    bool isClean() const;
+    /// {"project", "platform", "errors", "screens": [{"name", "widgets", "bitmaps",
+    /// "ram_dl_bytes", "ram_g_bytes", "ram_g_budget", "errors"}]}, UTF-8.
+    QByteArray toJson() const;
+
+private:
+    QString m_project; ///< the file's name
+    QString m_platform;
+    QStringList m_errors;
+    QList<SScreenReport> m_screens;
+};
