@@ -79,6 +79,11 @@ function round(v)
 end
 local round = round
 
+-- A stroke's width whose half is a whole number of sixteenths, so that its edge lies where asked.
+local function stroke(v)
+  return round(v * 8) / 8
+end
+
 -- A number as text with a fixed number of decimals; never "-0".
 function decimal(value, decimals)
   local s = string.format("%." .. clamp(decimals or 0, 0, 6) .. "f", clamp(number(value), -1e12, 1e12))
@@ -94,18 +99,38 @@ function split_time(s)
   return tonumber(h) % 24, tonumber(m) % 60, (tonumber(sec) or 0) % 60
 end
 
--- The parts of a text between separators, without blanks around them.
-function split_list(s, separator)
-  local parts, n = {}, 0
-  if s == "" then
-    return parts
+-- A text without blanks around it. Bytes instead of patterns, which are refused for long texts.
+local function trimmed(s)
+  local first, last = 1, #s
+  while first <= last and s:byte(first) <= 32 do
+    first = first + 1
   end
-  for part in (s .. separator):gmatch("([^" .. separator .. "]*)" .. separator) do
+  while last >= first and s:byte(last) <= 32 do
+    last = last - 1
+  end
+  return s:sub(first, last)
+end
+
+-- What stands before and behind the first separator; an empty second part when there is none.
+local function split_once(s, separator)
+  local at = s:find(separator, 1, true)
+  if not at then
+    return s, ""
+  end
+  return s:sub(1, at - 1), s:sub(at + 1)
+end
+
+-- The parts of a text between separators, without blanks around them; none for an empty text.
+function split_list(s, separator)
+  local parts, n, from = {}, 0, 1
+  while s ~= "" and n < MAX_ITEMS do
+    local at = s:find(separator, from, true)
     n = n + 1
-    parts[n] = part:match("^%s*(.-)%s*$")
-    if n == MAX_ITEMS then
+    parts[n] = trimmed(s:sub(from, at and at - 1))
+    if not at then
       break
     end
+    from = at + 1
   end
   return parts
 end
@@ -176,6 +201,11 @@ local function baseline(font, y, h)
   return max(min(base, floor(y + h) - descent), y + ASCENT[font])
 end
 
+-- How far a text's first letter reaches to the left of its pen. Only "j" does.
+local function overhang(font, s)
+  return s:byte() == 106 and CAP[font] * 0.09 or 0
+end
+
 -- One line of text in a box, on the middle of its capitals, cut with an ellipsis.
 -- halign is "left", "center" or "right". Gives the right end of what was drawn.
 function label(s, x, y, w, h, font, c, halign)
@@ -195,7 +225,7 @@ function label(s, x, y, w, h, font, c, halign)
   elseif halign == "right" then
     text(x + w, base, font, s, "right")
   else
-    text(x, base, font, s)
+    text(x + overhang(font, s), base, font, s)
   end
   return x + text_width(font, s)
 end
@@ -228,7 +258,7 @@ function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
     s = text_fit(font, s, w)
     figure_w = text_width(font, s)
   end
-  local left = x
+  local left = x + overhang(font, s)
   if halign == "center" then
     left = round(x + (w - figure_w - unit_w) / 2)
   elseif halign == "right" then
@@ -243,7 +273,7 @@ function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
   end
 end
 
--- A text that breaks at blanks into lines; what does not fit in the height is cut.
+-- A text that breaks at blanks and line ends; what does not fit in the height is cut.
 function paragraph(s, x, y, w, h, font, c, halign, spacing)
   font = font_within(font, h)
   if not font or w < 4 then
@@ -252,20 +282,27 @@ function paragraph(s, x, y, w, h, font, c, halign, spacing)
   local height = HEIGHT[font]
   local pitch = height + clamp(spacing, 0, 100)
   local rows_left = floor((h - height) / pitch) + 1
-  local row = ""
-  for word in s:gmatch("%S+") do
-    local longer = row == "" and word or row .. " " .. word
-    if row ~= "" and rows_left > 1 and text_width(font, longer) > w then
-      label(row, x, y, w, height, font, c, halign)
-      y, rows_left, row = y + pitch, rows_left - 1, word
-    else
-      row = longer -- the last row takes all the rest and ends in an ellipsis
+  local function put(row)
+    label(row, x, y, w, height, font, c, halign)
+    y, rows_left = y + pitch, rows_left - 1
+  end
+  local sections = split_list(s, "\n")
+  for i = 1, #sections do
+    local row = ""
+    local words = split_list(sections[i], " ")
+    for k = 1, #words do
+      local longer = row == "" and words[k] or row .. " " .. words[k]
+      if row ~= "" and rows_left > 1 and text_width(font, longer) > w then
+        put(row)
+        row = words[k]
+      elseif #longer < 1000 then
+        row = longer -- the last row takes all the rest and ends in an ellipsis
+      end
     end
-    if #row > 400 then
-      break
+    if rows_left > 0 then
+      put(row)
     end
   end
-  label(row, x, y, w, height, font, c, halign)
 end
 
 -- Shapes ----------------------------------------------------------------------------------------
@@ -275,7 +312,7 @@ function panel(x, y, w, h, r, fill, border, border_color)
   if w <= 0 or h <= 0 then
     return
   end
-  border = clamp(border or 0, 0, min(w, h) / 2)
+  border = stroke(clamp(border or 0, 0, min(w, h) / 2))
   r = clamp(r, 0, min(w, h) / 2)
   local inset = border / 2
   color(fill)
@@ -302,7 +339,7 @@ function button_disc(x, y, r, fill, border, border_color)
   if r <= 0 then
     return
   end
-  border = clamp(border or 0, 0, r)
+  border = stroke(clamp(border or 0, 0, r))
   color(fill)
   disc(x, y, r - border / 2)
   if border > 0 then
@@ -339,7 +376,7 @@ end
 
 -- An arc of a track whose stroke lies within the radius. Full turns are closed without caps.
 function ring_arc(x, y, radius, thickness, start, sweep, c, butt)
-  thickness = clamp(thickness, 0, radius)
+  thickness = stroke(clamp(thickness, 0, radius))
   sweep = clamp(sweep, -360, 360)
   if thickness <= 0 or sweep == 0 then
     return
@@ -453,9 +490,20 @@ function arrow_head(x1, y1, x2, y2, size)
   polyline({ bx + dx, by + dy, x2, y2, bx - dx, by - dy })
 end
 
--- The points of a "pointlist" moved to their widget's position.
+-- The points of a "pointlist" moved to their widget's position. What is no point is left out.
 function placed_points(list, x, y)
-  local points = split_points(list)
+  local well_formed, points = pcall(split_points, list)
+  if not well_formed then
+    points = {}
+    local pairs_of = split_list(list, ";")
+    for i = 1, #pairs_of do
+      local px, py = split_once(pairs_of[i], ",")
+      px, py = tonumber(px), tonumber(py)
+      if px and py then
+        points[#points + 1], points[#points + 2] = number(px), number(py)
+      end
+    end
+  end
   for i = 1, #points, 2 do
     points[i], points[i + 1] = points[i] + x, points[i + 1] + y
   end
@@ -494,7 +542,7 @@ end
 local DRAWINGS = {
   power = "A 12 12.5 8 -58 296 M 12 3 L 12 11.5",
   home = "M 3.5 11.5 L 12 4 L 20.5 11.5 M 6 9.5 L 6 20 L 18 20 L 18 9.5 M 10 20 L 10 14.5 L 14 14.5 L 14 20",
-  settings = "M 3.5 7 L 12.5 7 M 18.5 7 L 20.5 7 O 15.5 7 2.8 M 3.5 17 L 5.5 17 M 11.5 17 L 20.5 17 O 8.5 17 2.8",
+  settings = "M 3.5 7 L 11.6 7 M 19.4 7 L 20.5 7 O 15.5 7 2.8 M 3.5 17 L 4.6 17 M 12.4 17 L 20.5 17 O 8.5 17 2.8",
   window = "M 4.5 4 L 19.5 4 L 19.5 20 L 4.5 20 Z M 12 4 L 12 20 M 4.5 12 L 19.5 12",
   menu = "M 4 6.5 L 20 6.5 M 4 12 L 20 12 M 4 17.5 L 20 17.5",
   search = "O 10.5 10.5 6.5 M 15.3 15.3 L 20.5 20.5",
@@ -660,10 +708,10 @@ function button_face(style, x, y, w, h, r, fill, text_c, pressed, enabled)
     fill_rect(x, y, w, h, clamp(r, 0, min(w, h) / 2))
   end
   if style == "outline" then
-    local stroke = min(1.5, h / 4, w / 4)
+    local line_w = stroke(min(1.5, h / 4, w / 4))
     color(c)
-    line_width(stroke)
-    stroke_rect(x + stroke / 2, y + stroke / 2, w - stroke, h - stroke, clamp(r - stroke / 2, 0, min(w, h) / 2))
+    line_width(line_w)
+    stroke_rect(x + line_w / 2, y + line_w / 2, w - line_w, h - line_w, clamp(r - line_w / 2, 0, min(w, h) / 2))
   end
   return c
 end
@@ -698,7 +746,8 @@ function list_row(entry, x, y, w, h, pad, font, detail_font, c, detail_c, select
   if selected_c then
     panel(x + 2, y + 2, w - 4, h - 4, max(min(r, h / 2) - 2, 0), selected_c)
   end
-  local title, detail = entry:match("^([^,]*),?%s*(.*)$")
+  local title, detail = split_once(entry, ",")
+  detail = trimmed(detail)
   local room = w - 2 * pad
   local detail_w = 0
   if detail ~= "" then
@@ -850,6 +899,7 @@ end
 -- A text of digits, some letters, "." and ":" as seven-segment figures, as large as the box allows.
 -- `off` is the colour of segments that are not lit, or nil.
 function seven_segments(s, x, y, w, h, on, off, halign)
+  s = s:sub(1, 64)
   local units = 0 -- widths in tenths of a digit's height
   for ch in s:gmatch(".") do
     units = units + ((ch == "." or ch == ":") and 2 or 7)
@@ -903,12 +953,15 @@ function placeholder(x, y, w, h, name, caption)
   end
 end
 
--- A converted image scaled to a box, tinted; the placeholder when there is none.
-function image(path, format, source_w, source_h, x, y, w, h, tint, filter, symbol_name, caption)
-  if w < 1 or h < 1 then
-    return
+-- A converted image, or nil when none is set or it cannot be loaded (which is reported).
+function converted_image(folder, basename, format, suffix, w, h)
+  if basename ~= "" and format ~= "None" and w >= 1 and h >= 1 then
+    return load_bitmap(asset_path(folder, basename, format, suffix), format, min(w, 2048), min(h, 2048))
   end
-  local picture = path and source_w > 0 and source_h > 0 and load_bitmap(path, format, source_w, source_h)
+end
+
+-- An image scaled to a box and tinted; the placeholder when there is none.
+function show_image(picture, x, y, w, h, tint, filter, symbol_name, caption)
   if not picture then
     return placeholder(x, y, w, h, symbol_name, caption)
   end

@@ -1,0 +1,118 @@
+#include "CProjectModel.h"
+#include "CWidgetGroupModel.h"
+#include "CWidgetLibraryManager.h"
+#include "FrameRecorder.h"
+#include "PlatformFilter.h"
+
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTest>
+
+#include <functional>
+
+/// The example designs: whole, in the project format, drawn without a complaint on their chip.
+class tst_Examples : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { FrameRecorder::stop(); }
+    void example_data();
+    void example();
+};
+
+namespace {
+
+QString filePath(const QString &name)
+{
+    return FrameRecorder::programFile(QStringLiteral("examples/%1/%1.nyx").arg(name));
+}
+
+void forEachItem(const CItemModel &parent, const std::function<void(const CItemModel &)> &visit)
+{
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        visit(*parent.childItem(row));
+        forEachItem(*parent.childItem(row), visit);
+    }
+}
+
+} // namespace
+
+void tst_Examples::initTestCase()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.svg=false")); // icons are the editor's
+    QVERIFY(CWidgetLibraryManager::instance().initialise(
+        FrameRecorder::programFile(QStringLiteral("widget-library.xml")),
+        {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}));
+}
+
+void tst_Examples::example_data()
+{
+    QTest::addColumn<QString>("platform");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("fewestWidgets");
+    QTest::addColumn<size_t>("displayListBudget");
+    QTest::addColumn<size_t>("graphicsMemoryBudget");
+    QTest::newRow("thermostat") << "QX110" << QSize(480, 272) << 40 << size_t(32768)
+                                << size_t(1048576);
+    QTest::newRow("ev-charger") << "QX112" << QSize(800, 480) << 40 << size_t(32768)
+                                << size_t(1048576);
+    QTest::newRow("coffee-machine")
+        << "QX100" << QSize(320, 240) << 30 << size_t(8192) << size_t(262144);
+}
+
+void tst_Examples::example()
+{
+    QFETCH(QString, platform);
+    QFETCH(QSize, size);
+    QFETCH(int, fewestWidgets);
+    QFETCH(size_t, displayListBudget);
+    QFETCH(size_t, graphicsMemoryBudget);
+    const QString path = filePath(QLatin1String(QTest::currentDataTag()));
+
+    CProjectModel project;
+    QString error;
+    QVERIFY2(project.loadFromFile(path, &error), qPrintable(error));
+    QCOMPARE(project.platform(), platform);
+    QCOMPARE(project.resolution(), size);
+    QCOMPARE(project.screenCount(), 3);
+
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(project.saveToBytes(&error, path)),
+             QString::fromUtf8(file.readAll()));
+
+    QVERIFY(FrameRecorder::start(chipCodeOfPlatform(platform), size));
+    QSet<quint32> ids;
+    int widgets = 0, groups = 0;
+    for (int i = 0; i < project.screenCount(); ++i) {
+        CScreenModel *screen = project.screen(i);
+        forEachItem(*screen, [&](const CItemModel &item) {
+            if (item.kind() == CItemModel::Kind::Group) {
+                ++groups;
+                return;
+            }
+            ++widgets;
+            const QString what = screen->name() + QLatin1Char('/') + item.name();
+            QVERIFY2(project.library()->contains(item.itemTypeName()), qPrintable(what));
+            QVERIFY2(item.id() > 0 && !ids.contains(item.id()), qPrintable(what));
+            const QRectF frame(QPointF(), size); // by corners: lines have an empty rectangle
+            QVERIFY2(frame.contains(item.bounds().topLeft()) &&
+                         frame.contains(item.bounds().bottomRight()),
+                     qPrintable(what));
+            ids.insert(item.id());
+        });
+        const FrameRecorder::Answer answer = FrameRecorder::render(*screen);
+        QVERIFY2(answer.errors.isEmpty(), qPrintable(screen->name() + answer.errors));
+        QCOMPARE(answer.frame.size(), size);
+        QVERIFY(answer.displayListBytes > 0 && answer.displayListBytes <= displayListBudget);
+        QVERIFY(answer.graphicsMemoryBytes <= graphicsMemoryBudget);
+        QVERIFY(FrameRecorder::render(*screen).frame == answer.frame);
+    }
+    QVERIFY2(widgets >= fewestWidgets, qPrintable(QString::number(widgets)));
+    QVERIFY(groups >= 1);
+}
+
+QTEST_MAIN(tst_Examples)
+#include "tst_examples.moc"

@@ -1,0 +1,452 @@
+#include "CProjectModel.h"
+#include "CWidgetLibraryManager.h"
+#include "CWidgetModel.h"
+#include "FrameRecorder.h"
+#include "PropertyKey.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTest>
+
+#include <cmath>
+
+namespace {
+
+const QVector<quint32> ChipCodes = {0x100, 0x101, 0x110, 0x111, 0x112, 0x113};
+const QSize FrameSize(512, 512);
+const QPoint Place(200, 220);
+const QRgb Ground = qRgb(255, 0, 255);
+
+using Values = QVector<QPair<QString, QVariant>>;
+
+QString describe(const QString &type, const Values &values)
+{
+    QString text = type;
+    for (const auto &value : values)
+        text += QStringLiteral(" %1=%2").arg(value.first, value.second.toString().left(40));
+    return text;
+}
+
+/// The kinds as the document has them, apart from the model's way of reading them.
+QDomElement libraryRoot()
+{
+    static QDomDocument document;
+    if (document.isNull()) {
+        QFile file(FrameRecorder::programFile(QStringLiteral("widget-library.xml")));
+        if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+            return {};
+    }
+    return document.documentElement();
+}
+
+/// One screen with one widget on it, its front left corner or centre at Place.
+class Stage
+{
+public:
+    Stage(const QString &type, const CWidgetLibraryModel *library)
+        : m_screen(QStringLiteral("stage"), library, nullptr)
+    {
+        m_screen.setProperty(PropertyKey::Color, QColor(Ground).name());
+        m_widget = new CWidgetModel(type, library, nullptr);
+        m_widget->setProperty(PropertyKey::Id, 7);
+        moveTo(Place);
+        m_screen.appendRow(m_widget);
+    }
+
+    void set(const Values &values)
+    {
+        for (const auto &value : values)
+            m_widget->setProperty(value.first, value.second);
+    }
+
+    CWidgetModel &widget() { return *m_widget; }
+    FrameRecorder::Answer render() { return FrameRecorder::render(m_screen); }
+
+private:
+    void moveTo(const QPoint &place)
+    {
+        const QPoint second(m_widget->propertyValue(PropertyKey::X2).toInt(),
+                            m_widget->propertyValue(PropertyKey::Y2).toInt());
+        m_widget->setProperty(PropertyKey::X, place.x());
+        m_widget->setProperty(PropertyKey::Y, place.y());
+        if (m_widget->hasProperty(PropertyKey::X2)) {
+            m_widget->setProperty(PropertyKey::X2, place.x() + second.x());
+            m_widget->setProperty(PropertyKey::Y2, place.y() + second.y());
+        }
+    }
+
+    CScreenModel m_screen;
+    CWidgetModel *m_widget;
+};
+
+QRectF boxOfPoints(const QString &points, const QPointF &origin)
+{
+    QRectF box;
+    for (const QString &point : points.split(QLatin1Char(';'))) {
+        const QStringList parts = point.split(QLatin1Char(','));
+        if (parts.size() == 2)
+            box |= QRectF(origin + QPointF(parts[0].toInt(), parts[1].toInt()), QSizeF(1, 1));
+    }
+    return box;
+}
+
+/// Where a widget may draw: its rectangle, and the stroke or border that lies about its outline.
+QRectF allowedBox(const CWidgetModel &widget)
+{
+    const auto number = [&widget](const QString &key) {
+        return widget.propertyValue(key).toDouble();
+    };
+    const QPointF place(number(PropertyKey::X), number(PropertyKey::Y));
+    double border = 0;
+    QRectF box;
+    if (widget.hasProperty(PropertyKey::PointList)) {
+        box = boxOfPoints(widget.propertyText(PropertyKey::PointList), place);
+        border =
+            std::max(number(QStringLiteral("thickness")), number(QStringLiteral("border"))) / 2;
+    } else if (widget.hasProperty(PropertyKey::X2)) {
+        const QPointF second(number(PropertyKey::X2), number(PropertyKey::Y2));
+        box = QRectF(place, second).normalized();
+        border = number(QStringLiteral("thickness")) / 2 + number(QStringLiteral("head")) * 0.6;
+    } else if (widget.isHeightFromFont()) {
+        const int h = std::lround(number(PropertyKey::Font)) == 27 ? 20 : 108;
+        box = QRectF(place.x(), place.y() - 10 * h / 32, number(PropertyKey::Width), 20 * h / 16);
+    } else if (widget.hasProperty(PropertyKey::Radius)) {
+        const double r = number(PropertyKey::Radius);
+        box = QRectF(place - QPointF(r, r), QSizeF(2 * r, 2 * r));
+    } else if (widget.hasProperty(PropertyKey::PointSize)) {
+        const double r = number(PropertyKey::PointSize) / 16;
+        box = QRectF(place - QPointF(r, r), QSizeF(2 * r, 2 * r));
+    } else {
+        box = QRectF(place, QSizeF(number(PropertyKey::Width), number(PropertyKey::Height)));
+        if (std::fmod(number(PropertyKey::Angle), 360) != 0) { // whatever the turn
+            const double half = std::hypot(box.width(), box.height()) / 2;
+            box = QRectF(box.center() - QPointF(half, half), QSizeF(2 * half, 2 * half));
+        }
+    }
+    return box.adjusted(-border, -border, border, border);
+}
+
+/// The pixels that differ from the ground, as the smallest rectangle about them.
+QRect drawnBox(const QImage &frame)
+{
+    QRect box;
+    for (int y = 0; y < frame.height(); ++y) {
+        const auto *row = reinterpret_cast<const QRgb *>(frame.constScanLine(y));
+        for (int x = 0; x < frame.width(); ++x) {
+            if ((row[x] & 0xFFFFFF) != (Ground & 0xFFFFFF))
+                box |= QRect(x, y, 1, 1);
+        }
+    }
+    return box;
+}
+
+/// Settings that the editor allows, each of them alone and some together.
+QVector<Values> limitSettings(const QVector<CWidgetProperty> &properties)
+{
+    QVector<Values> settings = {{}};
+    Values lowest, highest;
+    for (const CWidgetProperty &property : properties) {
+        const QString key = property.key();
+        if (property.isInternal() || property.isReadOnly() || key == PropertyKey::X ||
+            key == PropertyKey::Y || key == PropertyKey::Id)
+            continue;
+        QVariantList tried;
+        switch (property.propertyType()) {
+        case PropertyType::Int:
+        case PropertyType::Float:
+            if (property.minimum().isValid())
+                lowest.append({key, property.minimum()});
+            if (property.maximum().isValid())
+                highest.append({key, property.maximum()});
+            tried = {property.minimum(), property.maximum()};
+            break;
+        case PropertyType::Bool:
+            tried = {false, true};
+            break;
+        case PropertyType::Enum:
+            for (const QString &entry : property.enumerationEntries())
+                tried.append(entry);
+            break;
+        case PropertyType::Rgb:
+            tried = {QStringLiteral("#00ffffff"), QStringLiteral("#ff0000")};
+            break;
+        case PropertyType::Time:
+            tried = {QTime(0, 0), QTime(23, 59, 59), QTime()};
+            break;
+        default:
+            tried = {QString(), QString(3000, QLatin1Char('W')), QStringLiteral("jÄg|_,;:.%s\n\\"),
+                     QStringLiteral("jjj"), QStringLiteral(",;,;;1,2;-5e9,nan")};
+            if (key == PropertyKey::PointList)
+                tried = {QString(), QStringLiteral("0,0"), QStringLiteral("0,0;0,0;0,0"),
+                         QStringLiteral("0,0;90,90;90,0;0,90"), QStringLiteral(";x,y;1;2,3")};
+        }
+        for (const QVariant &value : qAsConst(tried)) {
+            if (value.isValid() || property.propertyType() == PropertyType::Time)
+                settings.append({{key, value}});
+        }
+    }
+    settings.append(lowest);
+    settings.append(highest);
+    return settings;
+}
+
+/// Small and odd sizes, with the smallest and the largest font.
+QVector<Values> sizeSettings(const CWidgetModel &widget)
+{
+    QVector<Values> settings;
+    const auto addWithFonts = [&](const Values &size) {
+        if (!widget.hasProperty(PropertyKey::Font)) {
+            settings.append(size);
+            return;
+        }
+        for (const int font : {16, 20, 27, 34})
+            settings.append(Values(size) << qMakePair(PropertyKey::Font, QVariant(font)));
+    };
+    const int sizes[] = {1, 3, 7, 16, 31, 90};
+    if (widget.hasProperty(PropertyKey::Radius)) {
+        for (const int size : sizes)
+            addWithFonts({{PropertyKey::Radius, size}});
+    } else if (widget.hasProperty(PropertyKey::PointSize)) {
+        for (const int size : sizes)
+            addWithFonts({{PropertyKey::PointSize, size * 16}});
+    } else if (widget.hasProperty(PropertyKey::Height)) {
+        for (const int width : sizes) {
+            for (const int height : sizes)
+                addWithFonts({{PropertyKey::Width, width}, {PropertyKey::Height, height}});
+        }
+    } else if (widget.isHeightFromFont()) {
+        for (const int width : sizes)
+            settings.append({{PropertyKey::Width, width}});
+    }
+    return settings;
+}
+
+} // namespace
+
+class tst_WidgetKinds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { FrameRecorder::stop(); }
+    void libraryHasWhatTheEditorNeeds();
+    void everyKindHasItsParts();
+    void propertiesSuitTheirChip();
+    void kindsStayInTheirRectangle_data();
+    void kindsStayInTheirRectangle();
+    void statesAreTold();
+    void nothingInAFileRaisesAnError();
+    void workedExampleOfTheDocumentation();
+
+private:
+    const CWidgetLibraryModel *library(quint32 chip) const
+    {
+        return CWidgetLibraryManager::instance().libraryModel(chip);
+    }
+};
+
+void tst_WidgetKinds::initTestCase()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.svg=false")); // icons are the editor's
+    auto &manager = CWidgetLibraryManager::instance();
+    QVERIFY2(manager.initialise(FrameRecorder::programFile(QStringLiteral("widget-library.xml")),
+                                ChipCodes),
+             qPrintable(manager.errorText()));
+    QVERIFY(!libraryRoot().isNull());
+}
+
+void tst_WidgetKinds::libraryHasWhatTheEditorNeeds()
+{
+    QCOMPARE(library(0x100)->version(), QStringLiteral("1.0"));
+    QVERIFY(library(0x100)->typeNames().size() >= 26);
+    QSet<int> types;
+    QSet<QString> keys;
+    for (const QString &kind : library(0x113)->typeNames()) {
+        for (const CWidgetProperty &property : library(0x113)->properties(kind)) {
+            types.insert(int(property.propertyType()));
+            keys.insert(property.key());
+        }
+    }
+    QCOMPARE(types.size(), 7); // int, float, bool, rgb, time, enum, string
+    for (const QString &key :
+         {PropertyKey::Width, PropertyKey::Radius, PropertyKey::PointSize, PropertyKey::X2,
+          PropertyKey::PointList, PropertyKey::Angle, PropertyKey::HeightFromFont})
+        QVERIFY2(keys.contains(key), qPrintable(key));
+}
+
+void tst_WidgetKinds::everyKindHasItsParts()
+{
+    const QDir images(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/resources/images"));
+    QSet<QString> seen;
+    const auto groups = libraryRoot().elementsByTagName(QStringLiteral("toolboxgroup"));
+    QVERIFY(groups.size() >= 6);
+    const auto widgets = libraryRoot().elementsByTagName(QStringLiteral("widget"));
+    for (int i = 0; i < widgets.size(); ++i) {
+        const QDomElement widget = widgets.at(i).toElement();
+        const QString type = widget.attribute(QStringLiteral("type"));
+        QVERIFY2(type.startsWith(QLatin1String("Kiv_")) && type.endsWith(QLatin1String("_T")),
+                 qPrintable(type));
+        QVERIFY2(!seen.contains(type), qPrintable(type));
+        seen.insert(type);
+        QVERIFY(!widget.attribute(QStringLiteral("name")).isEmpty());
+        QVERIFY(!library(0x100)->tooltip(type).isEmpty());
+        QVERIFY(!library(0x100)->renderCommands(type).trimmed().isEmpty());
+        const QString icon = widget.firstChildElement(QStringLiteral("icon")).text();
+        QVERIFY2(icon.startsWith(QLatin1String(":/images/")), qPrintable(icon));
+        QVERIFY2(QFile::exists(images.filePath(icon.mid(9))), qPrintable(icon));
+        for (const QString &key :
+             {QStringLiteral("name"), PropertyKey::Id, PropertyKey::X, PropertyKey::Y})
+            QVERIFY2(library(0x100)->propertyIndex(type, key) >= 0, qPrintable(type + key));
+    }
+}
+
+void tst_WidgetKinds::propertiesSuitTheirChip()
+{
+    for (const quint32 chip : ChipCodes) {
+        const bool first = chip < 0x110;
+        for (const QString &kind : library(chip)->typeNames()) {
+            for (const CWidgetProperty &property : library(chip)->properties(kind)) {
+                const QString what = kind + QLatin1Char(' ') + property.key();
+                const QVariant low = property.minimum(), high = property.maximum();
+                const double value = property.value().toDouble();
+                if (low.isValid() && high.isValid()) {
+                    QVERIFY2(low.toInt() < high.toInt(), qPrintable(what));
+                    QVERIFY2(value >= low.toInt() && value <= high.toInt(), qPrintable(what));
+                }
+                if (property.key() == PropertyKey::Width)
+                    QCOMPARE(high.toInt(), first ? 512 : 2048);
+                if (property.propertyType() == PropertyType::Enum)
+                    QVERIFY2(property.enumerationEntries().contains(property.text()),
+                             qPrintable(what));
+                if (property.key() == QLatin1String("format")) {
+                    QCOMPARE(property.enumerationEntries().contains(QStringLiteral("PALETTED")),
+                             first);
+                    QCOMPARE(property.enumerationEntries().contains(QStringLiteral("PALETTED8")),
+                             !first);
+                }
+            }
+        }
+    }
+}
+
+void tst_WidgetKinds::kindsStayInTheirRectangle_data()
+{
+    QTest::addColumn<quint32>("chip");
+    QTest::addColumn<QString>("kind");
+    for (const quint32 chip : ChipCodes) {
+        for (const QString &kind : library(chip)->typeNames())
+            QTest::addRow("%x %s", chip, qPrintable(kind)) << chip << kind;
+    }
+}
+
+void tst_WidgetKinds::kindsStayInTheirRectangle()
+{
+    QFETCH(quint32, chip);
+    QFETCH(QString, kind);
+    static quint32 started = 0;
+    if (started != chip) {
+        QVERIFY(FrameRecorder::start(chip, FrameSize));
+        started = chip;
+    }
+    Stage probe(kind, library(chip));
+    QVector<Values> settings = limitSettings(library(chip)->properties(kind));
+    if (chip == 0x100)
+        settings += sizeSettings(probe.widget());
+    else if (chip != 0x110)
+        settings = {{}}; // the limits of the other chips are those of these two
+    for (const Values &values : qAsConst(settings)) {
+        Stage stage(kind, library(chip));
+        stage.set(values);
+        const FrameRecorder::Answer answer = stage.render();
+        const QString what = describe(kind, values);
+        QVERIFY2(answer.errors.isEmpty(), qPrintable(what + QLatin1String(": ") + answer.errors));
+        const QRect drawn = drawnBox(answer.frame);
+        // A pixel more for letters that hang over and for strokes of a fraction of a pixel.
+        const QRect allowed = allowedBox(stage.widget()).adjusted(-1, -1, 1, 1).toAlignedRect();
+        if (values.isEmpty())
+            QVERIFY2(!drawn.isEmpty(), qPrintable(what + QLatin1String(" draws nothing")));
+        if (!drawn.isEmpty() && !allowed.contains(drawn)) {
+            QString text;
+            QDebug(&text) << qPrintable(what) << "draws" << drawn << "outside of" << allowed;
+            QFAIL(qPrintable(text));
+        }
+    }
+}
+
+void tst_WidgetKinds::statesAreTold()
+{
+    QVERIFY(FrameRecorder::start(0x113, FrameSize));
+    for (const QString &kind : library(0x113)->typeNames()) {
+        for (const char *state : {"pressed", "checked", "enabled", "lit", "open", "focused"}) {
+            if (library(0x113)->propertyIndex(kind, QLatin1String(state)) < 0)
+                continue;
+            Stage off(kind, library(0x113)), on(kind, library(0x113));
+            off.set({{QLatin1String(state), false}});
+            on.set({{QLatin1String(state), true}});
+            QVERIFY2(off.render().frame != on.render().frame,
+                     qPrintable(kind + QLatin1String(state)));
+        }
+    }
+}
+
+void tst_WidgetKinds::nothingInAFileRaisesAnError()
+{
+    QVERIFY(FrameRecorder::start(0x113, FrameSize));
+    const QVariantList wild = {0,
+                               -1,
+                               std::numeric_limits<qint32>::max(),
+                               std::numeric_limits<qint32>::min(),
+                               1e300,
+                               -1e300,
+                               QStringLiteral("nan"),
+                               QStringLiteral("inf"),
+                               QStringLiteral("bogus"),
+                               QString()};
+    for (const QString &kind : library(0x113)->typeNames()) {
+        for (const CWidgetProperty &property : library(0x113)->properties(kind)) {
+            // Colours have a fixed form in any file; what names a missing asset is to be reported.
+            if (property.propertyType() == PropertyType::Rgb || property.isReadOnly())
+                continue;
+            for (const QVariant &value : wild) {
+                Stage stage(kind, library(0x113));
+                stage.set({{property.key(), value}});
+                const QString errors = stage.render().errors;
+                QVERIFY2(errors.isEmpty(),
+                         qPrintable(describe(kind, {{property.key(), value}}) + errors));
+            }
+        }
+    }
+}
+
+void tst_WidgetKinds::workedExampleOfTheDocumentation()
+{
+    QFile page(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/docs/widget-library.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    const int start = text.indexOf(QLatin1String("```xml\n")) + 7;
+    QDomDocument document;
+    QVERIFY(document.setContent(
+        QStringLiteral("<widgetlibrary><toolboxgroup name=\"G\">%1</toolboxgroup></widgetlibrary>")
+            .arg(text.mid(start, text.indexOf(QLatin1String("```"), start) - start))));
+    const CWidgetLibraryModel example(document, 0x113);
+    const QStringList kinds = example.typeNames();
+    QCOMPARE(kinds.size(), 1);
+    QVERIFY(FrameRecorder::start(0x113, FrameSize));
+    for (const Values &values : limitSettings(example.properties(kinds.first()))) {
+        Stage stage(kinds.first(), &example);
+        stage.set(values);
+        const FrameRecorder::Answer answer = stage.render();
+        QVERIFY2(answer.errors.isEmpty(),
+                 qPrintable(describe(kinds.first(), values) + answer.errors));
+        const QRect drawn = drawnBox(answer.frame);
+        QVERIFY2(drawn.isEmpty() != values.isEmpty() || !drawn.isEmpty(),
+                 qPrintable(describe(kinds.first(), values)));
+        QVERIFY2(drawn.isEmpty() || allowedBox(stage.widget()).toAlignedRect().contains(drawn),
+                 qPrintable(describe(kinds.first(), values)));
+    }
+}
+
+QTEST_MAIN(tst_WidgetKinds)
+#include "tst_widgetkinds.moc"
