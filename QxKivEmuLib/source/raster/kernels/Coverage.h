@@ -3,7 +3,7 @@
 #include "kernels/Kernels.h"
 
 // The coverage formulas, one class each: beginRow() for a run, then at() for the pixels that lie
-// `offset` columns behind its start. Results may lie outside of 0 .. 1 and are cut by the caller.
+// `offset` columns behind its start. The caller cuts results to 0 .. 1 and multiplies by scale().
 
 namespace kivemu {
 namespace {
@@ -25,10 +25,7 @@ class TDiscCoverage
 public:
     using Floats = typename V::Floats;
 
-    explicit TDiscCoverage(const SDiscCoverage &disc)
-        : m_disc(disc), m_reach(disc.reach), m_scale(disc.scale)
-    {
-    }
+    explicit TDiscCoverage(const SDiscCoverage &disc) : m_disc(disc), m_reach(disc.reach) {}
     void beginRow(const SRun &run)
     {
         const SRowOffset start(run, m_disc.x, m_disc.y);
@@ -38,14 +35,13 @@ public:
     Floats at(Floats offset) const
     {
         const Floats x = m_x + offset;
-        const Floats inside = m_reach - V::sqrt(x * x + m_y2);
-        return V::min(inside, Floats(1)) * m_scale;
+        return m_reach - V::sqrt(x * x + m_y2);
     }
+    float scale() const { return m_disc.scale; }
 
 private:
     const SDiscCoverage &m_disc;
     const Floats m_reach;
-    const Floats m_scale;
     Floats m_x;
     Floats m_y2;
 };
@@ -61,8 +57,7 @@ public:
           m_dx(line.dx),
           m_dy(line.dy),
           m_along(line.dx * line.inverseLength2),
-          m_reach(line.reach),
-          m_scale(line.scale)
+          m_reach(line.reach)
     {
     }
     void beginRow(const SRun &run)
@@ -78,9 +73,9 @@ public:
         const Floats share = V::min(V::max(x * m_along + m_alongRow, Floats(0)), Floats(1));
         const Floats ex = x - share * m_dx;
         const Floats ey = m_y - share * m_dy;
-        const Floats inside = m_reach - V::sqrt(ex * ex + ey * ey);
-        return V::min(inside, Floats(1)) * m_scale;
+        return m_reach - V::sqrt(ex * ex + ey * ey);
     }
+    float scale() const { return m_line.scale; }
 
 private:
     const SCapsuleCoverage &m_line;
@@ -88,7 +83,6 @@ private:
     const Floats m_dy;
     const Floats m_along;
     const Floats m_reach;
-    const Floats m_scale;
     Floats m_x;
     Floats m_y;
     Floats m_alongRow;
@@ -101,7 +95,7 @@ public:
     using Floats = typename V::Floats;
 
     explicit TRingCoverage(const SRingCoverage &ring)
-        : m_ring(ring), m_radius(ring.radius), m_reach(ring.reach), m_scale(ring.scale)
+        : m_ring(ring), m_radius(ring.radius), m_reach(ring.reach)
     {
     }
     void beginRow(const SRun &run)
@@ -114,17 +108,14 @@ public:
     Floats x(Floats offset) const { return m_x + offset; }
     Floats y() const { return m_y; }
     Floats fromOutline(Floats x) const { return V::abs(V::sqrt(x * x + m_y2) - m_radius); }
-    Floats within(Floats distance) const
-    {
-        return V::max(V::min(m_reach - distance, Floats(1)), Floats(0)) * m_scale;
-    }
-    Floats at(Floats offset) const { return within(fromOutline(x(offset))); }
+    Floats inside(Floats distance) const { return m_reach - distance; }
+    Floats at(Floats offset) const { return inside(fromOutline(x(offset))); }
+    float scale() const { return m_ring.scale; }
 
 private:
     const SRingCoverage &m_ring;
     const Floats m_radius;
     const Floats m_reach;
-    const Floats m_scale;
     Floats m_x;
     Floats m_y;
     Floats m_y2;
@@ -165,14 +156,15 @@ public:
     Floats at(Floats offset) const
     {
         const Floats x = m_ring.x(offset);
-        return m_ring.within(m_ring.fromOutline(x)) * betweenEdges(x, m_ring.y());
+        return cut(m_ring.inside(m_ring.fromOutline(x))) * betweenEdges(x, m_ring.y());
     }
+    float scale() const { return m_ring.scale(); }
 
 private:
     Floats betweenEdges(Floats x, Floats y) const
     {
-        const Floats start = half(m_wedge.fromStart(x, y));
-        const Floats end = half(m_wedge.fromEnd(x, y));
+        const Floats start = cut(Floats(0.5f) + m_wedge.fromStart(x, y));
+        const Floats end = cut(Floats(0.5f) + m_wedge.fromEnd(x, y));
         switch (m_kind) {
         case EWedge::Narrow:
             return V::max(start + end - Floats(1), Floats(0));
@@ -185,10 +177,7 @@ private:
         }
         return V::min(start + end, Floats(1));
     }
-    static Floats half(Floats distance)
-    {
-        return V::min(V::max(distance + Floats(0.5f), Floats(0)), Floats(1));
-    }
+    static Floats cut(Floats share) { return V::min(V::max(share, Floats(0)), Floats(1)); }
 
     TRingCoverage<V> m_ring;
     const TWedge<V> m_wedge;
@@ -221,8 +210,9 @@ public:
         const Floats between = m_reflex ? V::max(start, end) : V::min(start, end);
         const Floats fromCaps = V::sqrt(
             V::min(distance2(x - m_startX, y - m_startY), distance2(x - m_endX, y - m_endY)));
-        return m_ring.within(V::choose(between, m_ring.fromOutline(x), fromCaps));
+        return m_ring.inside(V::choose(between, m_ring.fromOutline(x), fromCaps));
     }
+    float scale() const { return m_ring.scale(); }
 
 private:
     static Floats distance2(Floats x, Floats y) { return x * x + y * y; }
@@ -290,6 +280,7 @@ public:
         m_outer.beginRow(start.y);
     }
     Floats at(Floats offset) const { return m_outer.at(m_x + offset); }
+    float scale() const { return 1; }
 
 private:
     const SFrameCoverage &m_frame;
@@ -319,6 +310,7 @@ public:
         const Floats x = m_x + offset;
         return m_outer.at(x) - m_inner.at(x);
     }
+    float scale() const { return 1; }
 
 private:
     const SFrameCoverage &m_frame;

@@ -22,9 +22,18 @@ struct TKernelLoops
                 pixels[i] = value;
             return;
         }
-        for (int i = 0; i + Lanes <= count; i += Lanes)
-            V::fill(pixels + i, colour);
-        V::fill(pixels + count - Lanes, colour);
+        if (V::fillLong(pixels, count, value))
+            return;
+        // The first and the last vector may overlap the aligned ones in between.
+        uint32_t *end = pixels + count;
+        V::fill(pixels, colour);
+        V::fill(end - Lanes, colour);
+        pixels += Lanes - static_cast<int>(reinterpret_cast<uintptr_t>(pixels) / 4 % Lanes);
+        for (; end - pixels >= 4 * Lanes; pixels += 4 * Lanes)
+            for (int i = 0; i < 4; ++i)
+                V::fill(pixels + i * Lanes, colour);
+        for (; end - pixels >= Lanes; pixels += Lanes)
+            V::fill(pixels, colour);
     }
 
     static void mixRow(uint32_t *pixels, int count, const typename V::Mix &mix,
@@ -51,7 +60,7 @@ struct TKernelLoops
             mixRow(target.row(runs->y) + runs->x, runs->count, mix, colour, ink.alpha);
     }
 
-    /// Coverage as alpha: 0 .. full, rounded.
+    /// Coverage, cut to 0 .. 1, as an alpha of 0 .. full, rounded.
     static Ints toAlpha(Floats coverage, Floats full)
     {
         const Floats cut = V::min(V::max(coverage, Floats(0)), Floats(1));
@@ -64,18 +73,20 @@ struct TKernelLoops
     {
         Coverage coverage(shape);
         const Colour colour(ink.colour);
-        const Floats full(static_cast<float>(ink.alpha));
+        const Floats full(static_cast<float>(ink.alpha) * coverage.scale());
         const Floats step(static_cast<float>(Lanes));
         for (const SRun *run = runs; run != runs + count; ++run) {
             coverage.beginRow(*run);
             uint32_t *pixels = target.row(run->y) + run->x;
             Floats offset = V::ramp();
-            for (int left = run->count; left > 0; left -= Lanes) {
-                const Ints alpha = V::keepFirst(toAlpha(coverage.at(offset), full), left);
-                V::blend(pixels, alpha, colour);
+            int left = run->count;
+            for (; left > Lanes; left -= Lanes) {
+                V::blend(pixels, toAlpha(coverage.at(offset), full), colour);
                 pixels += Lanes;
                 offset = offset + step;
             }
+            const Ints last = V::keepFirst(toAlpha(coverage.at(offset), full), left);
+            V::blend(pixels, last, colour);
         }
     }
 
@@ -83,7 +94,7 @@ struct TKernelLoops
     static void shapeMask(const SMaskTarget &mask, const SRun *runs, int count, const Shape &shape)
     {
         Coverage coverage(shape);
-        const Floats full(255);
+        const Floats full(255 * coverage.scale());
         const Floats step(static_cast<float>(Lanes));
         for (const SRun *run = runs; run != runs + count; ++run) {
             coverage.beginRow(*run);
@@ -105,6 +116,8 @@ struct TKernelLoops
         for (int y = 0; y < rows; ++y, pixels += stride, coverage += coverageStride)
             for (int x = 0; x < width; x += Lanes) {
                 Ints alpha = V::loadBytes(coverage + x);
+                if (V::allAre(alpha, 0)) // much of a glyph's box is empty
+                    continue;
                 if (ink.alpha != 255)
                     alpha = V::scale(alpha, full);
                 V::blend(pixels + x, V::keepFirst(alpha, width - x), colour);

@@ -144,6 +144,8 @@ struct SAvx2
     }
     static void fill(uint32_t *pixels, const Colour &colour) { storeAny(pixels, colour.pixels); }
 
+    static bool fillLong(uint32_t *, int, uint32_t) { return false; }
+
     static __m256i loadAny(const uint32_t *pixels)
     {
         return _mm256_loadu_si256(reinterpret_cast<const __m256i *>(pixels));

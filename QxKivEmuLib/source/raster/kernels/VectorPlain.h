@@ -189,6 +189,9 @@ struct SPlain
             pixels[i] = colour.value;
     }
 
+    /// A faster way for many pixels, if there is one: false leaves them as they are.
+    static bool fillLong(uint32_t *, int, uint32_t) { return false; }
+
     static Pixels load(const uint32_t *pixels)
     {
         Pixels r;

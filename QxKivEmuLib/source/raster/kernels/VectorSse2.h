@@ -146,6 +146,17 @@ struct SSse2
     }
     static void fill(uint32_t *pixels, const Colour &colour) { storeAny(pixels, colour.pixels); }
 
+    static bool fillLong(uint32_t *pixels, int count, uint32_t value)
+    {
+        // The processor's own string store moves whole cache lines; starting it takes a while.
+        constexpr int WorthIt = 160;
+        if (count < WorthIt)
+            return false;
+        auto left = static_cast<size_t>(count);
+        __asm__ volatile("rep stosl" : "+D"(pixels), "+c"(left) : "a"(value) : "memory");
+        return true;
+    }
+
     static __m128i loadAny(const uint32_t *pixels)
     {
         return _mm_loadu_si128(reinterpret_cast<const __m128i *>(pixels));

@@ -38,14 +38,15 @@ template<class Row>
 void eachRingRow(const SRingCoverage &ring, double radius, double reach, const SReach &area,
                  const SClip &clip, Row row)
 {
-    const SPixelRange rows = touchedPixels(ring.y + area.top - reach, ring.y + area.bottom + reach,
-                                           clip.top, clip.bottom);
-    const SPixelRange columns = touchedPixels(ring.x + area.left - reach,
-                                              ring.x + area.right + reach, clip.left, clip.right);
+    const SPixelRange rows =
+        rowsOf(clip).touched(ring.y + area.top - reach, ring.y + area.bottom + reach);
+    const SPixelRange columns =
+        columnsOf(clip).touched(ring.x + area.left - reach, ring.x + area.right + reach);
+    const CPixelLimits limits(columns.first, columns.end);
     const auto chord = [&](double dy, double chordRadius) {
         const double square = chordRadius * chordRadius - dy * dy;
         const double half = chordRadius > 0 && square > 0 ? std::sqrt(square) : 0;
-        return centredPixels(ring.x - half, ring.x + half, columns.first, columns.end);
+        return limits.centred(ring.x - half, ring.x + half);
     };
     for (int y = rows.first; y < rows.end; ++y) {
         const double dy = y + 0.5 - ring.y;

@@ -40,14 +40,13 @@ public:
     template<class Row>
     void eachRow(const SClip &clip, Row row) const
     {
-        const SPixelRange rows =
-            touchedPixels(std::min(m_from.y, m_to.y) - m_reach,
-                          std::max(m_from.y, m_to.y) + m_reach, clip.top, clip.bottom);
+        const SPixelRange rows = rowsOf(clip).centred(std::min(m_from.y, m_to.y) - m_reach,
+                                                      std::max(m_from.y, m_to.y) + m_reach);
+        const CPixelLimits limits = columnsOf(clip);
         for (int y = rows.first; y < rows.end; ++y) {
             const double middle = m_from.x + (y + 0.5 - m_from.y) * m_slope;
-            const SPixelRange columns =
-                centredPixels(std::max(m_left, middle - m_halfRow),
-                              std::min(m_right, middle + m_halfRow), clip.left, clip.right);
+            const SPixelRange columns = limits.centred(std::max(m_left, middle - m_halfRow),
+                                                       std::min(m_right, middle + m_halfRow));
             if (!columns.isEmpty())
                 row(y, columns);
         }

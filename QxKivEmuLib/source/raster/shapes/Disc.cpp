@@ -21,13 +21,11 @@ SDiscCoverage discCoverage(double x, double y, double radius)
 }
 
 /// The pixels of a row whose centres are within `radius` of the centre.
-SPixelRange chord(double x, double dy, double radius, const SClip &clip)
+SPixelRange chord(double x, double dy, double radius, const CPixelLimits &columns)
 {
     const double square = radius * radius - dy * dy;
-    if (!(square > 0))
-        return {clip.left, clip.left};
-    const double half = std::sqrt(square);
-    return centredPixels(x - half, x + half, clip.left, clip.right);
+    const double half = square > 0 ? std::sqrt(square) : 0;
+    return columns.centred(x - half, x + half);
 }
 
 } // namespace
@@ -37,25 +35,24 @@ void fillDisc(const SCanvas &canvas, SPoint centre, Sub16 radius, const SInk &in
     const double x = toPixels(centre.x);
     const double y = toPixels(centre.y);
     const double r = toPixels(radius);
-    const SClip &clip = canvas.clip;
+    const CPixelLimits columns = columnsOf(canvas.clip);
     const SDiscCoverage disc = discCoverage(x, y, r);
-    const double reach = r + 1;
-    const SPixelRange rows = touchedPixels(y - reach, y + reach, clip.top, clip.bottom);
+    const double reach = disc.reach;
+    const SPixelRange rows = rowsOf(canvas.clip).centred(y - reach, y + reach);
     CRunBatch edges([&](const SRun *runs, int count) {
         canvas.kernels->discRuns(canvas.target, runs, count, ink, disc);
     });
     if (r < SmallRadius) {
-        const SPixelRange columns =
-            centredPixels(x - disc.reach, x + disc.reach, clip.left, clip.right);
+        const SPixelRange all = columns.centred(x - reach, x + reach);
         for (int row = rows.first; row < rows.end; ++row)
-            edges.add(row, columns);
+            edges.add(row, all);
         return;
     }
     CRunBatch insides(solidRuns(canvas, ink));
     for (int row = rows.first; row < rows.end; ++row) {
         const double dy = row + 0.5 - y;
-        const SPixelRange outer = chord(x, dy, reach, clip);
-        const SPixelRange inner = chord(x, dy, r - 1, clip);
+        const SPixelRange outer = chord(x, dy, reach, columns);
+        const SPixelRange inner = chord(x, dy, reach - 1, columns);
         if (inner.isEmpty()) {
             edges.add(row, outer);
             continue;

@@ -72,7 +72,7 @@ public:
           m_line(line),
           m_ramp(from, to),
           m_isOpaque((from & to) >> 24 == 255),
-          m_columns(touchedPixels(box.left, box.right, canvas.clip.left, canvas.clip.right)),
+          m_columns(columnsOf(canvas.clip).touched(box.left, box.right)),
           m_shape{box.centreX(), box.centreY(), boxCoverage(box), boxCoverage(box)}
     {
     }
@@ -80,12 +80,15 @@ public:
     /// Each row has one colour.
     void drawVertical() const
     {
+        const SPixelRange straight = m_rows.straightRows();
+        SBoxRow row{};
         for (int y = m_rows.rows().first; y < m_rows.rows().end; ++y) {
+            if (y <= straight.first || y >= straight.end)
+                row = m_rows.row(y);
             const Argb colour = m_ramp.at(m_line.at(m_columns.first, y));
             const SInk ink{colour | 0xFF000000u, static_cast<int>(colour >> 24)};
             if (ink.alpha == 0)
                 continue;
-            const SBoxRow row = m_rows.row(y);
             drawEdge(y, row.left, ink);
             drawRun(y, row.middle, {ink.colour, alphaOf(row.share, ink.alpha)});
             drawEdge(y, row.right, ink);

@@ -24,10 +24,8 @@ SClip reachedPart(const SPoint *points, int count, const SClip &clip)
         low = {std::min(low.x, points[i].x), std::min(low.y, points[i].y)};
         high = {std::max(high.x, points[i].x), std::max(high.y, points[i].y)};
     }
-    const SPixelRange columns =
-        touchedPixels(toPixels(low.x), toPixels(high.x), clip.left, clip.right);
-    const SPixelRange rows =
-        touchedPixels(toPixels(low.y), toPixels(high.y), clip.top, clip.bottom);
+    const SPixelRange columns = columnsOf(clip).touched(toPixels(low.x), toPixels(high.x));
+    const SPixelRange rows = rowsOf(clip).touched(toPixels(low.y), toPixels(high.y));
     return {columns.first, rows.first, columns.end, rows.end};
 }
 

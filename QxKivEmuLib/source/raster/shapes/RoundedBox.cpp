@@ -68,37 +68,30 @@ SBoxCoverage boxCoverage(const SRoundedBox &box)
 }
 
 CBoxRows::CBoxRows(const SRoundedBox &box, const SClip &clip)
-    : m_box(box), m_clip(clip), m_rows(touchedPixels(box.top, box.bottom, clip.top, clip.bottom))
+    : m_box(box), m_columns(columnsOf(clip)), m_rows(rowsOf(clip).touched(box.top, box.bottom))
 {
     const double r = box.isRound() ? box.radius : 0;
-    const SPixelRange besideCorners =
-        centredPixels(box.top + r, box.bottom - r, clip.top, clip.bottom);
-    m_straight = {std::max(besideCorners.first, ceilWithin(box.top, clip.top, clip.bottom)),
-                  std::min(besideCorners.end, floorWithin(box.bottom, clip.top, clip.bottom))};
+    const SPixelRange besideCorners = rowsOf(clip).centred(box.top + r, box.bottom - r);
+    const SPixelRange covered = rowsOf(clip).covered(box.top, box.bottom);
+    m_straight = {std::max(besideCorners.first, covered.first),
+                  std::min(besideCorners.end, covered.end)};
 }
 
 SBoxRow CBoxRows::row(int y) const
 {
-    const auto touched = [this](double low, double high) {
-        return touchedPixels(low, high, m_clip.left, m_clip.right);
-    };
-    const auto centred = [this](double low, double high) {
-        return centredPixels(low, high, m_clip.left, m_clip.right);
-    };
     const double r = m_box.radius;
     const float share = overlap(y, m_box.top, m_box.bottom);
     const double beyond = std::max(m_box.top + r - (y + 0.5), (y + 0.5) - (m_box.bottom - r));
-    if (!m_box.isRound() || beyond <= 0) {
-        const SPixelRange whole{ceilWithin(m_box.left, m_clip.left, m_clip.right),
-                                floorWithin(m_box.right, m_clip.left, m_clip.right)};
-        return splitRow(touched(m_box.left, m_box.right), whole, share);
-    }
+    if (!m_box.isRound() || beyond <= 0)
+        return splitRow(m_columns.touched(m_box.left, m_box.right),
+                        m_columns.covered(m_box.left, m_box.right), share);
     // From the corners' centres: where coverage ends, and where it is full.
     const double outer = halfChord(r + 0.5, beyond);
     const double inner = halfChord(r - 0.5, beyond);
     const double left = m_box.left + r;
     const double right = m_box.right - r;
-    return splitRow(centred(left - outer, right + outer), centred(left - inner, right + inner),
+    return splitRow(m_columns.centred(left - outer, right + outer),
+                    m_columns.centred(left - inner, right + inner),
                     std::min(share, static_cast<float>(r + 0.5 - beyond)));
 }
 

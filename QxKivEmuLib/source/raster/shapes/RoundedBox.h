@@ -56,7 +56,7 @@ public:
 
 private:
     const SRoundedBox m_box;
-    const SClip m_clip;
+    const CPixelLimits m_columns;
     SPixelRange m_rows;
     SPixelRange m_straight;
 };

@@ -107,10 +107,8 @@ float columnShare(int x, double low, double high)
 /// The columns low .. high in all rows.
 void drawBand(const SCanvas &canvas, SPixelRange rows, double low, double high, const SInk &ink)
 {
-    const SClip &clip = canvas.clip;
-    const SPixelRange full{ceilWithin(low, clip.left, clip.right),
-                           floorWithin(high, clip.left, clip.right)};
-    const CColumnBand band(touchedPixels(low, high, clip.left, clip.right), full, ink.alpha,
+    const CPixelLimits columns = columnsOf(canvas.clip);
+    const CColumnBand band(columns.touched(low, high), columns.covered(low, high), ink.alpha,
                            [&](int x) { return columnShare(x, low, high); });
     band.draw(canvas, rows, ink);
 }
