@@ -1,0 +1,42 @@
+#pragma once
+
+#include "RasterTestSupport.h"
+#include "raster/BitmapImage.h"
+
+#include <array>
+#include <vector>
+
+namespace rastertest {
+
+/// Draws shapes of all kinds with any arguments: most near the surface, some as far away as
+/// numbers go. The same seed draws the same shapes on every rasterizer.
+class CRandomShapes
+{
+public:
+    CRandomShapes(uint32_t seed, int width, int height);
+
+    void draw(CRasterizer &raster);
+    static constexpr int KindCount = 12;
+
+private:
+    Sub16 coordinate(int side);
+    Sub16 length();
+    SPoint point() { return {coordinate(m_width), coordinate(m_height)}; }
+    SPoint size() { return {length(), length()}; }
+    std::vector<SPoint> points(int count);
+    SPaint paint();
+    Argb colour();
+    int32_t factor();
+
+    void drawClip(CRasterizer &raster);
+    void drawGlyph(CRasterizer &raster);
+    void drawBitmap(CRasterizer &raster);
+
+    CNumbers m_numbers;
+    int m_width;
+    int m_height;
+    std::vector<uint8_t> m_mask;
+    SBitmapImage m_image;
+};
+
+} // namespace rastertest

@@ -1,0 +1,302 @@
+// Bitmaps, glyphs and gradients against straightforward references.
+
+#include "RandomShapes.h"
+
+#include "RomFonts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+using namespace rastertest;
+
+constexpr Argb Grey = 0xFF707070u;
+
+int channel(uint32_t pixel, int shift)
+{
+    return static_cast<int>(pixel >> shift & 255);
+}
+
+/// Premultiplied over opaque, in real numbers.
+double over(double below, double colour, double alpha)
+{
+    return colour + below * (255 - alpha) / 255;
+}
+
+SBitmapImage noise(int width, int height, bool isOpaque, uint32_t seed)
+{
+    CNumbers numbers(seed);
+    SBitmapImage image(width, height);
+    image.opaque = isOpaque;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            const uint32_t alpha = isOpaque ? 255 : numbers.bits() >> 24;
+            uint32_t texel = alpha << 24;
+            for (int shift = 0; shift < 24; shift += 8)
+                texel |= numbers.bits() % (alpha + 1) << shift;
+            *image.at(x, y) = texel;
+        }
+    return image;
+}
+
+/// A texel with the bitmap's wrapping: a channel, or nothing outside.
+double texel(const SBitmapImage &image, const SBitmapPlacement &p, int u, int v, int shift)
+{
+    const auto wrap = [](EBitmapWrap kind, int &i, int side) {
+        if (kind == EBitmapWrap::Repeat)
+            i = ((i % side) + side) % side;
+        return i >= 0 && i < side;
+    };
+    if (!wrap(p.wrapX, u, image.width) || !wrap(p.wrapY, v, image.height))
+        return 0;
+    return channel(*image.at(u, v), shift);
+}
+
+double sampled(const SBitmapImage &image, const SBitmapPlacement &p, int x, int y, int shift)
+{
+    const double ox = x + 0.5 - p.topLeft.x / 16.0;
+    const double oy = y + 0.5 - p.topLeft.y / 16.0;
+    double u = (p.a * ox + p.b * oy + p.c) / 65536;
+    double v = (p.d * ox + p.e * oy + p.f) / 65536;
+    if (p.filter == EBitmapFilter::Nearest)
+        return texel(image, p, static_cast<int>(std::floor(u)), static_cast<int>(std::floor(v)),
+                     shift);
+    u -= 0.5;
+    v -= 0.5;
+    const int iu = static_cast<int>(std::floor(u));
+    const int iv = static_cast<int>(std::floor(v));
+    const auto mix = [](double a, double b, double share) { return a + (b - a) * share; };
+    return mix(
+        mix(texel(image, p, iu, iv, shift), texel(image, p, iu + 1, iv, shift), u - iu),
+        mix(texel(image, p, iu, iv + 1, shift), texel(image, p, iu + 1, iv + 1, shift), u - iu),
+        v - iv);
+}
+
+bool isCentreInside(const SBitmapPlacement &p, int x, int y)
+{
+    const int cx = x * 16 + 8;
+    const int cy = y * 16 + 8;
+    return cx >= p.topLeft.x && cx < p.topLeft.x + p.size.x && cy >= p.topLeft.y &&
+           cy < p.topLeft.y + p.size.y;
+}
+
+/// Every pixel within `within` levels of the reference.
+void expectBitmap(const SBitmapImage &image, const SBitmapPlacement &placement, double within)
+{
+    SSheet sheet(60, 50);
+    sheet.raster.clear(Grey);
+    sheet.raster.drawBitmap(image, placement, {White});
+    for (int y = 0; y < 50; ++y)
+        for (int x = 0; x < 60; ++x)
+            for (int shift = 0; shift < 24; shift += 8) {
+                double expected = 0x70;
+                if (isCentreInside(placement, x, y))
+                    expected = over(expected, sampled(image, placement, x, y, shift),
+                                    sampled(image, placement, x, y, 24));
+                ASSERT_NEAR(channel(sheet.surface.row(y)[x], shift), expected, within)
+                    << x << ", " << y;
+            }
+}
+
+SBitmapPlacement placed(double x, double y, double width, double height)
+{
+    SBitmapPlacement placement;
+    placement.topLeft = at(x, y);
+    placement.size = at(width, height);
+    return placement;
+}
+
+TEST(Bitmap, atItsOwnSize)
+{
+    const SBitmapImage soft = noise(17, 11, false, 1);
+    const SBitmapImage solid = noise(17, 11, true, 2);
+    for (const SBitmapImage *image : {&soft, &solid})
+        for (const auto filter : {EBitmapFilter::Nearest, EBitmapFilter::Bilinear})
+            for (const auto wrap : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
+                SBitmapPlacement placement = placed(5, 7, 45, 30);
+                placement.filter = filter;
+                placement.wrapX = placement.wrapY = wrap;
+                placement.c = -3 * 65536;
+                placement.f = 2 * 65536;
+                expectBitmap(*image, placement, 1);
+            }
+}
+
+TEST(Bitmap, rectanglesWithFractionsTakeThePixelsWithCentresInside)
+{
+    SBitmapPlacement placement = placed(5.5, 7.5625, 9.0, 3.9375);
+    const SBitmapImage white = [] {
+        SBitmapImage image(40, 40);
+        image.opaque = true;
+        for (int y = 0; y < 40; ++y)
+            std::fill_n(image.at(0, y), 40, White);
+        return image;
+    }();
+    SSheet sheet(40, 30);
+    sheet.raster.drawBitmap(white, placement, {White});
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 40; ++x)
+            ASSERT_EQ(sheet.level(x, y), x >= 5 && x < 14 && y >= 8 && y < 11 ? 255 : 0)
+                << x << ", " << y;
+}
+
+TEST(Bitmap, scaledAndTurnedNearest)
+{
+    const SBitmapImage image = noise(20, 16, false, 3);
+    SBitmapPlacement placement = placed(3.25, 2.125, 50, 40);
+    placement.a = 40000;
+    placement.b = -23456;
+    placement.d = 23457;
+    placement.e = 40001;
+    placement.c = 3 * 65536 + 77;
+    placement.f = -7 * 65536 - 5;
+    for (const auto wrapX : {EBitmapWrap::Border, EBitmapWrap::Repeat})
+        for (const auto wrapY : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
+            placement.wrapX = wrapX;
+            placement.wrapY = wrapY;
+            expectBitmap(image, placement, 1);
+        }
+}
+
+TEST(Bitmap, scaledAndTurnedBilinear)
+{
+    // Positions are kept to 1/128 texel, so a step of 255 levels moves by at most 2 in each
+    // direction; smooth pictures would hide faults, noise does not.
+    const SBitmapImage image = noise(20, 16, false, 4);
+    SBitmapPlacement placement = placed(3.25, 2.125, 50, 40);
+    placement.filter = EBitmapFilter::Bilinear;
+    placement.a = -30000;
+    placement.b = 13456;
+    placement.d = -13457;
+    placement.e = -30001;
+    placement.c = 18 * 65536 + 77;
+    placement.f = 21 * 65536 - 5;
+    for (const auto wrapX : {EBitmapWrap::Border, EBitmapWrap::Repeat})
+        for (const auto wrapY : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
+            placement.wrapX = wrapX;
+            placement.wrapY = wrapY;
+            expectBitmap(image, placement, 6);
+        }
+}
+
+TEST(Bitmap, tintMultipliesColourAndAlpha)
+{
+    SBitmapImage image(1, 1);
+    *image.at(0, 0) = 0x80402010u; // premultiplied
+    SSheet sheet(1, 1);
+    sheet.raster.clear(0xFF808080u);
+    sheet.raster.drawBitmap(image, placed(0, 0, 1, 1), {0x80FF8000u});
+    const double tintAlpha = 128 / 255.0;
+    const double rest = 128 * tintAlpha;
+    EXPECT_NEAR(channel(*sheet.surface.row(0), 16), over(0x80, 0x40 * tintAlpha, rest), 1);
+    EXPECT_NEAR(channel(*sheet.surface.row(0), 8), over(0x80, 0x20 * tintAlpha * 128 / 255, rest),
+                1);
+    EXPECT_NEAR(channel(*sheet.surface.row(0), 0), over(0x80, 0, rest), 1);
+}
+
+TEST(Bitmap, withoutBlendingColoursReplaceWhatIsThere)
+{
+    SBitmapImage image(2, 1);
+    *image.at(0, 0) = 0x80402010u;
+    *image.at(1, 0) = 0xFF123456u;
+    SSheet sheet(3, 1);
+    sheet.raster.clear(0xFF808080u);
+    sheet.raster.drawBitmap(image, placed(0, 0, 3, 1), {0x10FFFFFFu, false});
+    EXPECT_EQ(sheet.surface.row(0)[0], 0xFF804020u);
+    EXPECT_EQ(sheet.surface.row(0)[1], 0xFF123456u);
+    EXPECT_EQ(sheet.surface.row(0)[2], 0xFF808080u) << "beside the bitmap";
+}
+
+TEST(Bitmap, withoutPixelsDrawsNothing)
+{
+    SSheet sheet(4, 4);
+    sheet.raster.drawBitmap(SBitmapImage(0, 3), placed(0, 0, 4, 4), {White});
+    sheet.raster.drawBitmap(SBitmapImage(-3, 3), placed(0, 0, 4, 4), {White});
+    EXPECT_EQ(sheet.area(), 0);
+}
+
+TEST(Glyph, masksLieAtThePenAndAreCutByTheClip)
+{
+    constexpr int Width = 13;
+    constexpr int Height = 9;
+    std::vector<uint8_t> mask(16 * Height);
+    CNumbers numbers(5);
+    for (int y = 0; y < Height; ++y)
+        for (int x = 0; x < Width; ++x)
+            mask[static_cast<size_t>(y * 16 + x)] = static_cast<uint8_t>(numbers.bits() >> 9);
+    const romfonts::SGlyph glyph{mask.data(), Width, Height, 16, -1, 7, 0};
+    for (const int alpha : {255, 77})
+        for (const SClip &clip : {SClip{0, 0, 40, 30}, SClip{12, 8, 19, 15}}) {
+            SSheet sheet(40, 30);
+            sheet.raster.setClip(clip);
+            sheet.raster.drawGlyph(glyph, 10, 13, {static_cast<uint32_t>(alpha) << 24 | 0xFFFFFF});
+            for (int y = 0; y < 30; ++y)
+                for (int x = 0; x < 40; ++x) {
+                    const int mx = x - 9;
+                    const int my = y - 6;
+                    const bool isSeen = mx >= 0 && mx < Width && my >= 0 && my < Height &&
+                                        x >= clip.left && x < clip.right && y >= clip.top &&
+                                        y < clip.bottom;
+                    const int cover = isSeen ? mask[static_cast<size_t>(my * 16 + mx)] : 0;
+                    ASSERT_EQ(sheet.level(x, y), (cover * alpha + 127) / 255) << x << ", " << y;
+                }
+        }
+}
+
+struct SGradientCase
+{
+    int angle; ///< degrees
+    double ux;
+    double uy;
+};
+
+TEST(Gradient, runsFromSideToSide)
+{
+    const double half = std::sqrt(0.5);
+    for (const SGradientCase &c : {SGradientCase{0, 1, 0}, SGradientCase{90, 0, 1},
+                                   SGradientCase{180, -1, 0}, SGradientCase{-90, 0, -1},
+                                   SGradientCase{45, half, half}, SGradientCase{405, half, half}}) {
+        SSheet sheet(70, 50);
+        sheet.raster.fillGradient(at(5, 4), at(60, 40), 0, c.angle * 64, 0xFF0040C0u, 0xFFFF4000u,
+                                  true);
+        const double extent = 60 * std::fabs(c.ux) + 40 * std::fabs(c.uy);
+        for (int y = 0; y < 50; ++y)
+            for (int x = 0; x < 70; ++x) {
+                const bool isInside = x >= 5 && x < 65 && y >= 4 && y < 44;
+                const double t = 0.5 + ((x + 0.5 - 35) * c.ux + (y + 0.5 - 24) * c.uy) / extent;
+                const uint32_t pixel = sheet.surface.row(y)[x];
+                ASSERT_NEAR(channel(pixel, 16), isInside ? 255 * t : 0, 0.51) << x << ", " << y;
+                ASSERT_EQ(channel(pixel, 8), isInside ? 0x40 : 0);
+                ASSERT_NEAR(channel(pixel, 0), isInside ? 0xC0 * (1 - t) : 0, 0.51);
+            }
+    }
+}
+
+TEST(Gradient, hasTheShapeOfTheRectangle)
+{
+    for (const int angle : {0, 90, 30})
+        for (const int radius : {0, 9 * 16}) {
+            SSheet gradient(70, 50), rect(70, 50);
+            gradient.raster.fillGradient(at(5.25, 4.5), at(40.5, 30.25), radius, angle * 64,
+                                         0x80FFFFFFu, 0x80FFFFFFu, true);
+            rect.raster.fillRect(at(5.25, 4.5), at(40.5, 30.25), radius, {0x80FFFFFFu});
+            for (int y = 0; y < 50; ++y)
+                for (int x = 0; x < 70; ++x)
+                    ASSERT_NEAR(gradient.level(x, y), rect.level(x, y), 1) << x << ", " << y;
+        }
+}
+
+TEST(Gradient, fadesAndIgnoresAlphaWithoutBlending)
+{
+    SSheet faded(256, 1), opaque(256, 1);
+    faded.raster.fillGradient(at(0, 0), at(256, 1), 0, 0, 0x00FFFFFFu, White, true);
+    opaque.raster.fillGradient(at(0, 0), at(256, 1), 0, 0, 0x00FFFFFFu, White, false);
+    for (int x = 0; x < 256; ++x) {
+        ASSERT_NEAR(faded.level(x, 0), (x + 0.5) * 255 / 256, 0.51);
+        ASSERT_EQ(opaque.level(x, 0), 255);
+    }
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+// Every set of kernels gives the same bytes as the plain one, nothing is drawn outside of the clip
+// or the surface, and no argument takes long or breaks anything.
+
+#include "RandomShapes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace rastertest;
+
+/// All pixels with the padding at the end of the rows.
+std::vector<uint32_t> bytesOf(const CSurface &surface)
+{
+    if (surface.height() == 0)
+        return {};
+    return {surface.row(0),
+            surface.row(0) + static_cast<ptrdiff_t>(surface.stride()) * surface.height()};
+}
+
+void fillWithNoise(CSurface &surface, uint32_t seed)
+{
+    CNumbers numbers(seed);
+    for (int y = 0; y < surface.height(); ++y)
+        for (int x = 0; x < surface.stride(); ++x)
+            surface.row(y)[x] = numbers.bits() | Black;
+}
+
+class SameBytes : public testing::TestWithParam<EKernelSet>
+{
+protected:
+    void SetUp() override
+    {
+        if (!CRasterizer::hasKernels(GetParam()))
+            GTEST_SKIP() << "this processor lacks the kernels";
+    }
+};
+
+TEST_P(SameBytes, randomShapes)
+{
+    constexpr int Frames = 600;
+    constexpr int ShapesPerFrame = 16;
+    for (uint32_t frame = 0; frame < Frames; ++frame) {
+        CNumbers sizes(frame);
+        const int width = sizes.between(1, 180);
+        const int height = sizes.between(1, 120);
+        SSheet reference(width, height, EKernelSet::Plain);
+        SSheet other(width, height, GetParam());
+        fillWithNoise(reference.surface, frame);
+        fillWithNoise(other.surface, frame);
+        CRandomShapes referenceShapes(frame, width, height);
+        CRandomShapes otherShapes(frame, width, height);
+        for (int i = 0; i < ShapesPerFrame; ++i) {
+            referenceShapes.draw(reference.raster);
+            otherShapes.draw(other.raster);
+            ASSERT_EQ(bytesOf(reference.surface), bytesOf(other.surface))
+                << "frame " << frame << ", shape " << i;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, SameBytes, testing::Values(EKernelSet::Sse2, EKernelSet::Avx2));
+
+class EverySet : public testing::TestWithParam<EKernelSet>
+{
+protected:
+    void SetUp() override
+    {
+        if (!CRasterizer::hasKernels(GetParam()))
+            GTEST_SKIP() << "this processor lacks the kernels";
+    }
+};
+
+TEST_P(EverySet, drawsInsideTheClipOnly)
+{
+    int changed = 0;
+    for (uint32_t frame = 0; frame < 300; ++frame) {
+        CNumbers sizes(frame + 5000);
+        const int width = sizes.between(1, 100);
+        const int height = sizes.between(1, 60);
+        SSheet sheet(width, height, GetParam());
+        CRandomShapes shapes(frame, width, height);
+        for (int i = 0; i < 12; ++i) {
+            fillWithNoise(sheet.surface, frame);
+            const auto before = bytesOf(sheet.surface);
+            const SClip clip = sheet.raster.clip(); // the shape may set another one for the next
+            shapes.draw(sheet.raster);
+            const auto after = bytesOf(sheet.surface);
+            for (size_t p = 0; p < before.size(); ++p) {
+                const int x = static_cast<int>(p) % sheet.surface.stride();
+                const int y = static_cast<int>(p) / sheet.surface.stride();
+                const bool isInside =
+                    x >= clip.left && x < clip.right && y >= clip.top && y < clip.bottom;
+                if (before[p] == after[p])
+                    continue;
+                ++changed;
+                ASSERT_TRUE(isInside)
+                    << "frame " << frame << ", shape " << i << " at " << x << ", " << y;
+                ASSERT_EQ(after[p] >> 24, 255u) << "the surface must stay opaque";
+            }
+        }
+    }
+    EXPECT_GT(changed, 100000) << "the shapes must draw something";
+}
+
+TEST_P(EverySet, stretchesBeyondAllNumbersEndSoon)
+{
+    constexpr int32_t Far = INT32_MAX;
+    constexpr int32_t Low = INT32_MIN;
+    SSheet sheet(CSurface::MaxSide, 64, GetParam());
+    CRasterizer &raster = sheet.raster;
+    const SPaint paint{White};
+    const SPoint box[] = {{Low, Low}, {Far, Low}, {Far, Far}, {Low, Far}};
+    raster.fillPolygon(box, 4, paint);
+    EXPECT_EQ(sheet.area(), CSurface::MaxSide * 64.0);
+    raster.clear(Black);
+    raster.fillRect({Low, Low}, {Far, Far}, 0, paint); // ends one sixteenth before 0
+    EXPECT_EQ(sheet.area(), 0);
+    raster.fillRect({Low / 2, Low / 2}, {Far, Far}, 16, paint);
+    EXPECT_EQ(sheet.area(), CSurface::MaxSide * 64.0);
+    raster.clear(Black);
+    raster.fillDisc({0, 0}, Far, paint);
+    EXPECT_EQ(sheet.area(), CSurface::MaxSide * 64.0);
+    raster.clear(Black);
+    raster.drawLine({Low, 8}, {Far, 8}, 16, paint); // the first row, whole
+    EXPECT_EQ(sheet.area(), CSurface::MaxSide);
+    raster.clear(Black);
+    raster.strokePolyline(box, 4, true, Far, paint);
+    raster.strokeArc({0, 0}, Far, Low, Far, Far, EArcCaps::Round, paint);
+    raster.strokeRect({Low, Low}, {Far, Far}, Far, Far, paint);
+    raster.fillGradient({Low, Low}, {Far, Far}, Far, Low, White, Black, true);
+}
+
+TEST_P(EverySet, anEmptySurfaceTakesEverything)
+{
+    SSheet sheet(0, 0, GetParam());
+    CRandomShapes shapes(1, 10, 10);
+    for (int i = 0; i < 200; ++i)
+        shapes.draw(sheet.raster);
+    sheet.raster.clear(White);
+    EXPECT_EQ(sheet.area(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, EverySet,
+                         testing::Values(EKernelSet::Plain, EKernelSet::Sse2, EKernelSet::Avx2));
+
+} // namespace

@@ -1,0 +1,412 @@
+// What the shapes look like: areas, crisp edges, symmetry, and how alpha gets onto the surface.
+// Kernel sets are compared elsewhere; here the best one is used.
+
+#include "RasterTestSupport.h"
+
+#include "raster/shapes/Trigonometry.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+namespace {
+
+using namespace rastertest;
+
+constexpr double Pi = 3.14159265358979323846;
+
+// --- Area: the levels of a shape in white on black sum up to its area, wherever it lies.
+
+struct SAreaCase
+{
+    const char *name;
+    double area;
+    double eachWithin; ///< pixels, for any position
+    double meanWithin; ///< pixels, over all positions
+    std::function<void(CRasterizer &, double x, double y)> draw;
+};
+
+class Area : public testing::TestWithParam<SAreaCase>
+{
+};
+
+TEST_P(Area, isThatOfTheShape)
+{
+    const SAreaCase &c = GetParam();
+    double sum = 0;
+    int count = 0;
+    for (int dx = 0; dx < 16; dx += 3)
+        for (int dy = 0; dy < 16; dy += 3) {
+            SSheet sheet(120, 120);
+            c.draw(sheet.raster, 60 + dx / 16.0, 60 + dy / 16.0);
+            const double error = sheet.area() - c.area;
+            EXPECT_NEAR(error, 0, c.eachWithin) << "moved by " << dx << "/16, " << dy << "/16";
+            sum += error;
+            ++count;
+        }
+    EXPECT_NEAR(sum / count, 0, c.meanWithin);
+}
+
+void polygon(CRasterizer &raster, double x, double y, const std::vector<SPoint> &corners)
+{
+    std::vector<SPoint> moved;
+    for (const SPoint &p : corners)
+        moved.push_back({p.x + sub16(x), p.y + sub16(y)});
+    raster.fillPolygon(moved.data(), static_cast<int>(moved.size()), {White});
+}
+
+/// Round ends by distance are a twelfth of pi larger than their area; corners of a rectangle, a
+/// quarter of that each. The rest is how pixels happen to lie along the outline: it evens out over
+/// the positions, and in each of them stays below half a percent of the outline's length (small
+/// shapes: two percent).
+const double Cap = Pi / 12;
+const double RingArea = Pi * (33.0 * 33 - 27.0 * 27);
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, Area,
+    testing::Values(
+        SAreaCase{"large disc", Pi * 40 * 40, 1.2, 0.1,
+                  [](auto &r, double x, double y) { r.fillDisc(at(x, y), 40 * 16, {White}); }},
+        SAreaCase{"small disc", Pi * 3.5 * 3.5, 0.45, 0.05,
+                  [](auto &r, double x, double y) { r.fillDisc(at(x, y), 56, {White}); }},
+        SAreaCase{"disc of one pixel", Pi / 4, 0.12, 0.05,
+                  [](auto &r, double x, double y) { r.fillDisc(at(x, y), 8, {White}); }},
+        SAreaCase{"disc of a quarter pixel", Pi / 64, 0.02, 0.01,
+                  [](auto &r, double x, double y) { r.fillDisc(at(x, y), 2, {White}); }},
+        SAreaCase{"rectangle", 37.25 * 20.5, 0.3, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.fillRect(at(x - 20, y - 20), at(37.25, 20.5), 0, {White});
+                  }},
+        SAreaCase{"hairline rectangle", 50 * 0.125, 0.2, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.fillRect(at(x - 20, y), at(50, 0.125), 0, {White});
+                  }},
+        SAreaCase{"rounded rectangle", 40 * 24 - (4 - Pi) * 36 + Cap, 0.6, 0.2,
+                  [](auto &r, double x, double y) {
+                      r.fillRect(at(x - 20, y - 12), at(40, 24), 6 * 16, {White});
+                  }},
+        SAreaCase{"frame", 42.0 * 26 - 38 * 22, 0.2, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.strokeRect(at(x - 20, y - 12), at(40, 24), 0, 32, {White});
+                  }},
+        SAreaCase{"rounded frame",
+                  (43.0 * 27 - (4 - Pi) * 9.5 * 9.5) - (37.0 * 21 - (4 - Pi) * 6.5 * 6.5), 0.6, 0.2,
+                  [](auto &r, double x, double y) {
+                      r.strokeRect(at(x - 20, y - 12), at(40, 24), 128, 48, {White});
+                  }},
+        SAreaCase{"steep line", 5 * std::hypot(13, 40) + Pi * 2.5 * 2.5 + Cap, 0.4, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.drawLine(at(x - 5, y - 20), at(x + 8, y + 20), 80, {White});
+                  }},
+        SAreaCase{"thin line", 0.25 * std::hypot(40, 9), 0.35, 0.3,
+                  [](auto &r, double x, double y) {
+                      r.drawLine(at(x - 20, y - 4), at(x + 20, y + 5), 4, {White});
+                  }},
+        SAreaCase{"triangle", 640.25, 0.15, 0.05,
+                  [](auto &r, double x, double y) {
+                      polygon(r, x, y, {at(-20, -10), at(20, -3), at(-11.5, 23.5)});
+                  }},
+        SAreaCase{"ring", RingArea, 1.2, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.strokeArc(at(x, y), 480, 0, 360 * 64, 96, EArcCaps::Butt, {White});
+                  }},
+        SAreaCase{"butt arc of 50 degrees", RingArea * 50 / 360, 0.7, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.strokeArc(at(x, y), 480, 20 * 64, 50 * 64, 96, EArcCaps::Butt, {White});
+                  }},
+        SAreaCase{"butt arc of 1 degree", RingArea / 360, 0.4, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.strokeArc(at(x, y), 480, 20 * 64, 64, 96, EArcCaps::Butt, {White});
+                  }},
+        SAreaCase{"butt arc of -300 degrees", RingArea * 300 / 360, 1.2, 0.1,
+                  [](auto &r, double x, double y) {
+                      r.strokeArc(at(x, y), 480, 0, -300 * 64, 96, EArcCaps::Butt, {White});
+                  }},
+        SAreaCase{"round arc of 200 degrees", RingArea * 200 / 360 + Pi * 9 + Cap, 1.2, 0.15,
+                  [](auto &r, double x, double y) {
+                      r.strokeArc(at(x, y), 480, 0, 200 * 64, 96, EArcCaps::Round, {White});
+                  }}),
+    [](const auto &area) {
+        std::string name = area.param.name;
+        for (char &c : name)
+            c = std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+        return name;
+    });
+
+// --- Crisp edges
+
+/// The levels of the pixels around a shape; `expected(x, y)` gives 0 .. 1.
+template<class Expected>
+void expectLevels(const SSheet &sheet, Expected expected, double within = 0)
+{
+    for (int y = 0; y < sheet.surface.height(); ++y)
+        for (int x = 0; x < sheet.surface.width(); ++x)
+            ASSERT_NEAR(sheet.level(x, y), 255 * expected(x, y), within) << x << ", " << y;
+}
+
+TEST(Crisp, lineOfOnePixelOnPixelCentres)
+{
+    SSheet across(40, 20);
+    across.raster.drawLine(at(10.5, 7.5), at(30.5, 7.5), 16, {White});
+    expectLevels(across, [](int x, int y) { return y == 7 && x >= 10 && x <= 30; });
+    SSheet down(20, 40);
+    down.raster.drawLine(at(7.5, 30.5), at(7.5, 10.5), 16, {White});
+    expectLevels(down, [](int x, int y) { return x == 7 && y >= 10 && y <= 30; });
+}
+
+TEST(Crisp, rectanglesOnWholePixels)
+{
+    SSheet sheet(40, 30);
+    sheet.raster.fillRect(at(3, 4), at(20, 11), 0, {White});
+    expectLevels(sheet, [](int x, int y) { return x >= 3 && x < 23 && y >= 4 && y < 15; });
+    SSheet frame(40, 30);
+    frame.raster.strokeRect(at(3.5, 4.5), at(19, 10), 0, 16, {White});
+    expectLevels(frame, [](int x, int y) {
+        const bool isOuter = x >= 3 && x < 23 && y >= 4 && y < 15;
+        const bool isInner = x >= 4 && x < 22 && y >= 5 && y < 14;
+        return isOuter && !isInner;
+    });
+}
+
+double overlap(int pixel, double low, double high)
+{
+    return std::max(0.0, std::min(pixel + 1.0, high) - std::max<double>(pixel, low));
+}
+
+TEST(Crisp, fractionsOfPixelsAreExactAreas)
+{
+    SSheet sheet(80, 30);
+    sheet.raster.fillRect(at(3.25, 4.5), at(60.5, 0.75), 0, {White});
+    sheet.raster.fillRect(at(5.125, 10.0625), at(0.5, 12.5), 0, {White});
+    expectLevels(
+        sheet,
+        [](int x, int y) {
+            return overlap(x, 3.25, 63.75) * overlap(y, 4.5, 5.25) +
+                   overlap(x, 5.125, 5.625) * overlap(y, 10.0625, 22.5625);
+        },
+        0.51);
+    SSheet frame(80, 40);
+    frame.raster.strokeRect(at(10.25, 8.5), at(50.5, 20), 0, 24, {White});
+    expectLevels(
+        frame,
+        [](int x, int y) {
+            return overlap(x, 9.5, 61.5) * overlap(y, 7.75, 29.25) -
+                   overlap(x, 11, 60) * overlap(y, 9.25, 27.75);
+        },
+        0.51);
+}
+
+TEST(Crisp, polygonOfWholePixelsEqualsTheRectangle)
+{
+    SSheet sheet(40, 30);
+    polygon(sheet.raster, 0, 0, {at(3, 4), at(23, 4), at(23, 15), at(3, 15)});
+    expectLevels(sheet, [](int x, int y) { return x >= 3 && x < 23 && y >= 4 && y < 15; });
+}
+
+// --- Symmetry
+
+TEST(Symmetry, roundShapesAboutTheirCentre)
+{
+    constexpr int Side = 64;
+    const std::vector<std::function<void(CRasterizer &)>> shapes = {
+        [](auto &r) { r.fillDisc(at(32, 32), 5 * 16, {White}); },
+        [](auto &r) { r.fillDisc(at(32, 32), 437, {White}); },
+        [](auto &r) { r.strokeArc(at(32, 32), 320, 0, 360 * 64, 56, EArcCaps::Round, {White}); },
+        [](auto &r) { r.strokeArc(at(32, 32), 320, 7, 360 * 64, 56, EArcCaps::Butt, {White}); },
+        [](auto &r) { r.fillRect(at(8.25, 8.25), at(47.5, 47.5), 195, {White}); },
+        [](auto &r) { r.strokeRect(at(8.25, 8.25), at(47.5, 47.5), 195, 40, {White}); },
+        [](auto &r) { r.strokeRect(at(12, 12), at(40, 40), 100, 20 * 16, {White}); }};
+    for (size_t i = 0; i < shapes.size(); ++i) {
+        SSheet sheet(Side, Side);
+        shapes[i](sheet.raster);
+        EXPECT_GT(sheet.area(), 50);
+        for (int y = 0; y < Side; ++y)
+            for (int x = 0; x < Side; ++x) {
+                const int level = sheet.level(x, y);
+                ASSERT_EQ(level, sheet.level(Side - 1 - x, y)) << i << ": " << x << ", " << y;
+                ASSERT_EQ(level, sheet.level(x, Side - 1 - y)) << i << ": " << x << ", " << y;
+                ASSERT_EQ(level, sheet.level(y, x)) << i << ": " << x << ", " << y;
+            }
+    }
+}
+
+// --- Arcs
+
+TEST(Arc, wholeCircleHasNoSeamWhereverItStarts)
+{
+    SSheet ring(80, 80);
+    ring.raster.strokeArc(at(40, 40), 400, 0, 360 * 64, 100, EArcCaps::Butt, {White});
+    for (int start : {90 * 64, -1234, 7777})
+        for (int sweep : {360 * 64, -360 * 64, 1000 * 64}) {
+            SSheet other(80, 80);
+            other.raster.strokeArc(at(40, 40), 400, start, sweep, 100, EArcCaps::Round, {White});
+            expectLevels(
+                other, [&](int x, int y) { return ring.level(x, y) / 255.0; }, 1e-9);
+        }
+}
+
+TEST(Arc, twoPiecesMakeTheWhole)
+{
+    for (int first : {10 * 64, 89 * 64, 90 * 64, 180 * 64, 200 * 64, 271 * 64, 359 * 64}) {
+        SSheet ring(80, 80), one(80, 80), two(80, 80);
+        ring.raster.strokeArc(at(40, 40), 400, 0, 360 * 64, 100, EArcCaps::Butt, {White});
+        one.raster.strokeArc(at(40, 40), 400, 333, first, 100, EArcCaps::Butt, {White});
+        two.raster.strokeArc(at(40, 40), 400, 333, first - 360 * 64, 100, EArcCaps::Butt, {White});
+        for (int y = 0; y < 80; ++y)
+            for (int x = 0; x < 80; ++x)
+                ASSERT_NEAR(one.level(x, y) + two.level(x, y), ring.level(x, y), 1)
+                    << first / 64 << " degrees at " << x << ", " << y;
+    }
+}
+
+TEST(Arc, negativeSweepIsTheSamePieceFromItsOtherEnd)
+{
+    SSheet one(80, 80), two(80, 80);
+    one.raster.strokeArc(at(40, 40), 400, 30 * 64, 100 * 64, 100, EArcCaps::Round, {White});
+    two.raster.strokeArc(at(40, 40), 400, 130 * 64, -100 * 64, 100, EArcCaps::Round, {White});
+    expectLevels(
+        two, [&](int x, int y) { return one.level(x, y) / 255.0; }, 1e-9);
+    EXPECT_EQ(one.level(39, 65), 255) << "90 degrees point down";
+    EXPECT_EQ(one.level(39, 14), 0);
+}
+
+TEST(Arc, directionsAreUnitVectors)
+{
+    for (int angle = -30000; angle < 30000; angle += 7) {
+        const SDirection d = direction(angle);
+        ASSERT_NEAR(d.x, std::cos(angle * Pi / (180 * 64)), 1e-14) << angle;
+        ASSERT_NEAR(d.y, std::sin(angle * Pi / (180 * 64)), 1e-14) << angle;
+    }
+    EXPECT_EQ(direction(90 * 64).x, 0);
+    EXPECT_EQ(direction(-180 * 64).y, 0);
+}
+
+// --- Filling rules and unions
+
+TEST(Polygon, evenOddLeavesHoles)
+{
+    SSheet sheet(60, 60);
+    // An outer and an inner square in one direction, joined by a seam that is run both ways.
+    polygon(sheet.raster, 0, 0,
+            {at(5, 5), at(55, 5), at(55, 55), at(5, 55), at(5, 5), at(20, 20), at(40, 20),
+             at(40, 40), at(20, 40), at(20, 20)});
+    EXPECT_EQ(sheet.level(30, 30), 0);
+    EXPECT_EQ(sheet.level(10, 30), 255);
+    EXPECT_NEAR(sheet.area(), 50 * 50 - 20 * 20, 0.01);
+}
+
+TEST(Polygon, isTheSameWhenMostOfItIsCutOff)
+{
+    const std::vector<SPoint> shape = {at(-300.25, 10), at(70, -90.5), at(400, 45), at(12, 300),
+                                       at(30, 20)};
+    SSheet whole(60, 60), part(60, 60);
+    polygon(whole.raster, 0, 0, shape);
+    part.raster.setClip({17, 21, 43, 52});
+    polygon(part.raster, 0, 0, shape);
+    expectLevels(
+        part,
+        [&](int x, int y) {
+            return x >= 17 && x < 43 && y >= 21 && y < 52 ? whole.level(x, y) / 255.0 : 0.0;
+        },
+        1);
+}
+
+TEST(Polyline, blendsNothingTwice)
+{
+    SSheet sheet(60, 60);
+    const std::array<SPoint, 5> cross = {at(10, 30), at(50, 30), at(50, 10), at(30, 10),
+                                         at(30, 50)};
+    sheet.raster.strokePolyline(cross.data(), 5, false, 6 * 16, {0x80FFFFFFu});
+    EXPECT_EQ(sheet.level(30, 30), 128) << "where it crosses itself";
+    EXPECT_EQ(sheet.level(50, 30), 128) << "where two pieces join";
+    EXPECT_EQ(sheet.level(20, 30), 128);
+    for (int y = 0; y < 60; ++y)
+        for (int x = 0; x < 60; ++x)
+            ASSERT_LE(sheet.level(x, y), 128);
+}
+
+TEST(Polyline, isAsWideAsALineAndClosesOnRequest)
+{
+    const std::array<SPoint, 3> corner = {at(10, 10), at(40, 12), at(30, 40)};
+    SSheet line(60, 60), open(60, 60), closed(60, 60), dot(60, 60), disc(60, 60);
+    line.raster.drawLine(corner[0], corner[1], 48, {White});
+    open.raster.strokePolyline(corner.data(), 2, false, 48, {White});
+    expectLevels(
+        open, [&](int x, int y) { return line.level(x, y) / 255.0; }, 1e-9);
+    closed.raster.strokePolyline(corner.data(), 3, true, 48, {White});
+    EXPECT_EQ(closed.level(20, 25), 255) << "on the closing piece";
+    dot.raster.strokePolyline(corner.data(), 1, false, 48, {White});
+    EXPECT_NEAR(dot.area(), Pi * 1.5 * 1.5, 0.4);
+}
+
+// --- Alpha
+
+int blended(int below, int colour, int alpha)
+{
+    return static_cast<int>(std::floor((below * (255 - alpha) + colour * alpha) / 255.0 + 0.5));
+}
+
+TEST(Blend, isExactForEveryAlphaAndLevel)
+{
+    for (int alpha = 0; alpha < 256; ++alpha) {
+        SSheet sheet(256, 2);
+        for (int x = 0; x < 256; ++x)
+            sheet.surface.row(0)[x] = sheet.surface.row(1)[x] =
+                Black | static_cast<uint32_t>(x << 16 | (255 - x) << 8 | (x * 7 & 255));
+        const Argb colour = static_cast<uint32_t>(alpha) << 24 | 0xC8143Cu;
+        sheet.raster.fillRect(at(0, 0), at(256, 1), 0, {colour});     // a span
+        sheet.raster.fillRect(at(0, 1.5), at(256, 0.5), 0, {colour}); // half covered
+        const int half = static_cast<int>(alpha * 0.5 + 0.5);
+        for (int x = 0; x < 256; ++x)
+            for (int row = 0; row < 2; ++row) {
+                const uint32_t pixel = sheet.surface.row(row)[x];
+                const int a = row == 0 ? alpha : half;
+                ASSERT_EQ(static_cast<int>(pixel >> 16 & 255), blended(x, 0xC8, a)) << alpha;
+                ASSERT_EQ(static_cast<int>(pixel >> 8 & 255), blended(255 - x, 0x14, a)) << alpha;
+                ASSERT_EQ(static_cast<int>(pixel & 255), blended(x * 7 & 255, 0x3C, a)) << alpha;
+                ASSERT_EQ(pixel >> 24, 255u);
+            }
+    }
+}
+
+TEST(Blend, offMeansOpaqueWhateverTheAlpha)
+{
+    for (const Argb colour : {0x00FFFFFFu, 0x40FFFFFFu, 0xFFFFFFFFu}) {
+        SSheet sheet(40, 40), opaque(40, 40);
+        sheet.raster.fillDisc(at(20, 20), 150, {colour, false});
+        opaque.raster.fillDisc(at(20, 20), 150, {White});
+        expectLevels(
+            sheet, [&](int x, int y) { return opaque.level(x, y) / 255.0; }, 1e-9);
+        sheet.raster.clear(Black);
+        sheet.raster.fillDisc(at(20, 20), 150, {colour});
+        EXPECT_EQ(sheet.level(20, 20), static_cast<int>(colour >> 24));
+    }
+}
+
+TEST(Blend, shapesWithoutExtentDrawNothing)
+{
+    SSheet sheet(40, 40);
+    CRasterizer &r = sheet.raster;
+    const std::array<SPoint, 3> points = {at(5, 5), at(30, 5), at(5, 30)};
+    for (const Sub16 none : {0, -1, -160}) {
+        r.fillDisc(at(20, 20), none, {White});
+        r.drawLine(at(5, 5), at(30, 30), none, {White});
+        r.fillRect(at(5, 5), {none, 160}, 0, {White});
+        r.fillRect(at(5, 5), {160, none}, 32, {White});
+        r.strokeRect(at(5, 5), at(20, 20), 0, none, {White});
+        r.strokeRect(at(5, 5), {none, 160}, 0, 16, {White});
+        r.strokeArc(at(20, 20), none, 0, 90 * 64, 16, EArcCaps::Round, {White});
+        r.strokeArc(at(20, 20), 160, 0, 90 * 64, none, EArcCaps::Round, {White});
+        r.strokePolyline(points.data(), 3, true, none, {White});
+        r.fillGradient(at(5, 5), {none, 160}, 0, 0, White, White, true);
+        r.fillPolygon(points.data(), 2, {White});
+        r.fillPolygon(points.data(), none, {White});
+        r.strokePolyline(points.data(), none, true, 16, {White});
+    }
+    r.strokeArc(at(20, 20), 160, 0, 0, 16, EArcCaps::Butt, {White});
+    EXPECT_EQ(sheet.area(), 0);
+}
+
+} // namespace
