@@ -134,13 +134,18 @@ void CItemModel::addProperty(const CWidgetProperty &property)
 
 void CItemModel::setPropertySet(const PropertySet &properties)
 {
+    QStringList keys = properties.keys();
+    keys.sort(); // what is applied last decides where properties contradict each other
+    takePropertySet(properties, keys);
+}
+
+/// Takes the set and derives what follows from it in the given order. By name, because applying
+/// one property may change another.
+void CItemModel::takePropertySet(const PropertySet &properties, const QStringList &order)
+{
     m_index.clear();
     m_properties = properties;
-    const QVector<const CWidgetProperty *> ordered = savedProperties();
-    QStringList keys;
-    for (const CWidgetProperty *each : ordered)
-        keys.append(each->key());
-    for (const QString &key : qAsConst(keys)) // by name: applying one may change another
+    for (const QString &key : order)
         applyProperty(key, propertyValue(key));
 }
 
@@ -453,10 +458,16 @@ void CItemModel::load(const ItemAttributes &attributes)
     takeAttributes(attributes);
 }
 
-QByteArray CItemModel::savedText(const CWidgetProperty &property) const
+QString CItemModel::savedText(const CWidgetProperty &property) const
 {
     const CProjectModel *owner = property.key() == PropertyKey::BitmapFolder ? project() : nullptr;
-    return owner ? owner->storedFolder(property.text()).toUtf8() : property.textUtf8();
+    return owner ? owner->storedFolder(property.text()) : property.text();
+}
+
+QByteArray CItemModel::savedTextUtf8(const CWidgetProperty &property) const
+{
+    return property.key() == PropertyKey::BitmapFolder ? savedText(property).toUtf8()
+                                                       : property.textUtf8();
 }
 
 CItemModel *CItemModel::makeChild(const QString &tag) const

@@ -132,7 +132,8 @@ public:
     /// The properties to be written as attributes, in a fixed order.
     virtual QVector<const CWidgetProperty *> savedProperties() const = 0;
     /// The text to be written for one of them.
-    QByteArray savedText(const CWidgetProperty &property) const;
+    QString savedText(const CWidgetProperty &property) const;
+    QByteArray savedTextUtf8(const CWidgetProperty &property) const;
     /// Whether elements of this item's kind hold child elements.
     virtual bool canHaveChildren() const { return true; }
     /// A new child for a child element of the given tag, not yet added.
@@ -149,6 +150,7 @@ protected:
     /// Whether the kind itself has the property, so that it is never taken away.
     virtual bool isBuiltIn(const QString &name) const = 0;
 
+    void takePropertySet(const PropertySet &properties, const QStringList &order);
     /// Names of the given order that the item has, then all others sorted.
     QVector<const CWidgetProperty *> orderedProperties(const QStringList &order) const;
     /// For a change; null when the item has no such property.

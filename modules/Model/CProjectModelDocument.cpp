@@ -6,6 +6,7 @@
 #include "CXmlWriter.h"
 #include "ItemXml.h"
 #include "PropertyKey.h"
+#include "XmlText.h"
 
 #include <QDir>
 #include <QDomDocument>
@@ -44,7 +45,7 @@ QVector<const CWidgetProperty *> CProjectModel::savedProperties() const
     };
     QVector<const CWidgetProperty *> saved;
     for (const CWidgetProperty &each : m_properties) {
-        if (CXmlWriter::isName(each.key()))
+        if (XmlText::isAttributeName(each.keyUtf8()))
             saved.append(&each);
     }
     std::sort(saved.begin(), saved.end(), [&](const CWidgetProperty *a, const CWidgetProperty *b) {

@@ -15,8 +15,8 @@ CWidgetModel::CWidgetModel(const QString &typeName, const CWidgetLibraryModel *l
     static const QVariant green = QBrush(Qt::green);
     setData(green, Qt::ForegroundRole);
     setEditable(false);
-    if (library)
-        setProperties(library->properties(typeName));
+    if (library) // in the library's order; the set itself is shared until the first change
+        takePropertySet(library->propertySet(typeName), library->propertyKeys(typeName));
 }
 
 void CWidgetModel::loadFromElement(const QDomElement &element)

@@ -39,7 +39,8 @@ public:
     void setType(PropertyType type);
 
     const QVariant &value() const { return m_value; }
-    QString text() const { return QString::fromUtf8(m_valueText); } ///< the canonical text
+    /// The canonical text, also behind a zero character.
+    QString text() const { return QString::fromUtf8(m_valueText.constData(), m_valueText.size()); }
     const QByteArray &textUtf8() const { return m_valueText; }
 
     /// Takes the value as it is, except that a "bool" becomes true or false.

@@ -10,21 +10,16 @@ namespace {
 /// The name as it can be written: itself, or with "_" for what cannot stand there.
 QString writableTag(const QString &tag)
 {
-    if (CXmlWriter::isName(tag))
+    if (XmlText::isElementName(tag))
         return tag;
     QString cleaned = QStringLiteral("_");
     for (const QChar character : tag) {
         const QString longer = cleaned + character;
-        cleaned = CXmlWriter::isName(longer) ? longer : cleaned + QLatin1Char('_');
+        cleaned = XmlText::isElementName(longer) ? longer : cleaned + QLatin1Char('_');
     }
     return cleaned;
 }
 } // namespace
-
-bool CXmlWriter::isName(const QString &text)
-{
-    return XmlText::isName(text);
-}
 
 void CXmlWriter::startElement(const QString &tag)
 {
@@ -38,7 +33,7 @@ void CXmlWriter::startElement(const QString &tag)
 void CXmlWriter::attribute(const QByteArray &name, const QByteArray &value)
 {
     Q_ASSERT(m_inStartTag);
-    if (!XmlText::isAsciiName(name) && !isName(QString::fromUtf8(name)))
+    if (!XmlText::isAttributeName(name))
         return;
     m_bytes.append(' ').append(name).append("=\"");
     XmlText::appendEscaped(m_bytes, value, XmlText::Place::Attribute);
@@ -123,7 +118,7 @@ void CXmlWriter::instruction(const QString &target, const QString &data)
             m_bytes.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
         return;
     }
-    if (!isName(target) || data.contains(QLatin1String("?>")))
+    if (!XmlText::isElementName(target) || data.contains(QLatin1String("?>")))
         return;
     startNode();
     m_bytes.append("<?").append(target.toUtf8()).append(' ');

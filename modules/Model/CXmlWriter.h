@@ -29,10 +29,6 @@ public:
     /// bytes; the declaration always says UTF-8.
     static QByteArray fromDom(const QDomDocument &document);
 
-    /// Whether the text can be the name of an element or attribute as it stands, for this
-    /// program's readers and others.
-    static bool isName(const QString &text);
-
 private:
     void startNode();
     void endNode();

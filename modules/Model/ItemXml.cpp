@@ -2,6 +2,7 @@
 
 #include "CItemModel.h"
 #include "CXmlWriter.h"
+#include "XmlText.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>
@@ -63,8 +64,8 @@ void ItemXml::write(const CItemModel &item, QDomElement &element)
 {
     const auto properties = item.savedProperties();
     for (const CWidgetProperty *each : properties) {
-        if (CXmlWriter::isName(each->key()))
-            element.setAttribute(each->key(), QString::fromUtf8(item.savedText(*each)));
+        if (XmlText::isAttributeName(each->keyUtf8()))
+            element.setAttribute(each->key(), item.savedText(*each));
     }
     for (int row = 0; row < item.rowCount(); ++row) {
         const CItemModel *child = item.childItem(row);
@@ -81,7 +82,7 @@ void ItemXml::write(const CItemModel &item, const QString &tag, CXmlWriter &writ
     writer.startElement(tag);
     const auto properties = item.savedProperties();
     for (const CWidgetProperty *each : properties)
-        writer.attribute(each->keyUtf8(), item.savedText(*each));
+        writer.attribute(each->keyUtf8(), item.savedTextUtf8(*each));
     for (int row = 0; row < item.rowCount(); ++row) {
         if (const CItemModel *child = item.childItem(row))
             write(*child, child->itemTypeName(), writer);

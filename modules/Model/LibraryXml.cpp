@@ -21,7 +21,7 @@ QVector<QDomElement> childrenOf(const QDomElement &parent, const QString &tag)
 
 bool isUsable(const QString &type)
 {
-    return XmlText::isName(type) && type != TypeName::Project && type != TypeName::Screen &&
+    return XmlText::isElementName(type) && type != TypeName::Project && type != TypeName::Screen &&
            type != TypeName::Group;
 }
 } // namespace

@@ -1,5 +1,7 @@
 #include "XmlText.h"
 
+#include <QXmlStreamReader>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -11,41 +13,55 @@ struct Range
     ushort last;
 };
 
-// The ranges of XML 1.0, fifth edition, without those above U+FFFF.
+// What begins and what continues a name in XML 1.0, fifth edition, up to U+FFFF.
 constexpr Range StartRanges[] = {
-    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},       {0xC0, 0xD6},
-    {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},  {0x200C, 0x200D},
-    {0x2070, 0x218F}, {0x2C00, 0x2FEF}, {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}};
+    {'A', 'Z'},       {'_', '_'},       {'a', 'z'},       {0xC0, 0xD6},     {0xD8, 0xF6},
+    {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F},
+    {0x2C00, 0x2FEF}, {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}};
 constexpr Range FurtherRanges[] = {
     {'-', '.'}, {'0', '9'}, {0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040}};
 
 template<size_t N>
-bool isIn(const Range (&ranges)[N], ushort code)
+bool isIn(const Range (&ranges)[N], QChar c)
 {
-    return std::any_of(std::begin(ranges), std::end(ranges), [code](const Range &range) {
-        return code >= range.first && code <= range.last;
+    return std::any_of(std::begin(ranges), std::end(ranges), [c](const Range &range) {
+        return c.unicode() >= range.first && c.unicode() <= range.last;
     });
-}
-
-// Readers that follow older editions tell names by the category of a character, so a name holds
-// only what all editions agree on.
-bool isLetter(QChar c)
-{
-    return c.isLetter() || c.category() == QChar::Number_Letter || c == QLatin1Char('_') ||
-           c == QLatin1Char(':');
 }
 
 bool startsName(QChar c)
 {
-    return isIn(StartRanges, c.unicode()) && isLetter(c);
+    return isIn(StartRanges, c);
 }
 
 bool continuesName(QChar c)
 {
-    if (c == QLatin1Char('-') || c == QLatin1Char('.'))
-        return true;
-    const bool allowed = isIn(StartRanges, c.unicode()) || isIn(FurtherRanges, c.unicode());
-    return allowed && (isLetter(c) || c.isDigit() || c.isMark());
+    return isIn(StartRanges, c) || isIn(FurtherRanges, c);
+}
+
+bool isName(QStringView text)
+{
+    const auto isPart = [](QStringView part) {
+        return !part.isEmpty() && startsName(part.front()) &&
+               std::all_of(part.begin() + 1, part.end(), continuesName);
+    };
+    const auto colon = std::find(text.begin(), text.end(), QLatin1Char(':')); // behind a prefix
+    if (colon == text.end())
+        return isPart(text);
+    const qsizetype prefix = colon - text.begin();
+    return isPart(text.left(prefix)) && isPart(text.mid(prefix + 1));
+}
+
+/// The usual case, quickly.
+bool isAsciiName(const QByteArray &text)
+{
+    const auto isLetter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+    };
+    return !text.isEmpty() && isLetter(text.front()) &&
+           std::all_of(text.begin() + 1, text.end(), [&](char c) {
+               return isLetter(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+           });
 }
 
 enum ByteClass : unsigned char { Plain, Forbidden, Escaped, MayBeForbidden };
@@ -123,21 +139,21 @@ void appendRuns(QByteArray &target, const QByteArray &text, Escape escape)
 }
 } // namespace
 
-bool XmlText::isName(const QString &text)
+bool XmlText::isElementName(const QString &text)
 {
-    return !text.isEmpty() && startsName(text.front()) &&
-           std::all_of(text.begin() + 1, text.end(), continuesName);
+    if (isAsciiName(text.toUtf8()))
+        return true;
+    if (!isName(text))
+        return false;
+    // Which letters of the world older editions allow, the reader knows best.
+    QXmlStreamReader reader(QStringLiteral("<%1/>").arg(text));
+    reader.setNamespaceProcessing(false);
+    return reader.readNextStartElement() && reader.qualifiedName() == text;
 }
 
-bool XmlText::isAsciiName(const QByteArray &text)
+bool XmlText::isAttributeName(const QByteArray &text)
 {
-    const auto isAsciiLetter = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-    };
-    return !text.isEmpty() && isAsciiLetter(text.front()) &&
-           std::all_of(text.begin() + 1, text.end(), [&](char c) {
-               return isAsciiLetter(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
-           });
+    return isAsciiName(text) || isName(QString::fromUtf8(text.constData(), text.size()));
 }
 
 void XmlText::appendEscaped(QByteArray &target, const QByteArray &text, Place place)

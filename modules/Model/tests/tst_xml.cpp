@@ -1,0 +1,265 @@
+#include "CXmlGuard.h"
+#include "CXmlWriter.h"
+#include "XmlText.h"
+
+#include <QDomDocument>
+#include <QTest>
+
+/// What may be read as XML, and that everything written can be.
+class tst_Xml : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void guard_data();
+    void guard();
+    void everyTruncationIsRefused();
+    void parsesWhatItLetsThrough();
+    void everyCharacterInValues();
+    void everyCharacterInNames();
+    void writesLikeTheDom_data();
+    void writesLikeTheDom();
+    void writesAnyDom();
+    void escapingTakesLinearTime();
+    void writesDeepDocuments();
+};
+
+namespace {
+QByteArray nested(int levels, const QByteArray &inside = {})
+{
+    return QByteArray("<a>").repeated(levels) + inside + QByteArray("</a>").repeated(levels);
+}
+
+QByteArray attributes(int count)
+{
+    QByteArray text;
+    for (int i = 0; i < count; ++i)
+        text += " a" + QByteArray::number(i) + "=\"\"";
+    return text;
+}
+
+QByteArray nestedEntities()
+{
+    QByteArray xml = "<!DOCTYPE a [<!ENTITY e0 \"lol\">";
+    for (int i = 1; i < 10; ++i) {
+        const QByteArray previous = "&e" + QByteArray::number(i - 1) + ";";
+        xml += "<!ENTITY e" + QByteArray::number(i) + " \"" + previous.repeated(10) + "\">";
+    }
+    return xml + "]><a>&e9;</a>";
+}
+} // namespace
+
+void tst_Xml::guard_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("reason"); // part of it; empty for what may be read
+    const QByteArray flat = "<!DOCTYPE a [<!ENTITY e \"" + QByteArray(60000, 'x') + "\">]><a>" +
+                            QByteArray("&e;").repeated(10000) + "</a>";
+    const int mebi = 1024 * 1024;
+    QTest::newRow("plain") << QByteArray("<a b='1'>t</a>") << "";
+    QTest::newRow("declaration") << QByteArray("<?xml version='1.0' encoding='utf-8'?>\n<a/>")
+                                 << "";
+    QTest::newRow("Latin-1") << QByteArray(
+                                    "<?xml version='1.0' encoding='ISO-8859-1'?><a b='\xe4'/>")
+                             << "";
+    QTest::newRow("comment with many equals signs") << "<!-- <a" + attributes(600) + "> --><a/>"
+                                                    << "";
+    QTest::newRow("256 levels") << nested(256) << "";
+    QTest::newRow("257 levels") << nested(257) << "256 levels";
+    QTest::newRow("100,000 levels") << nested(100000) << "256 levels";
+    QTest::newRow("value of 4 MiB") << "<a b=\"" + QByteArray(4 * mebi, 'x') + "\"/>"
+                                    << "";
+    QTest::newRow("value over 4 MiB") << "<a b=\"" + QByteArray(4 * mebi + 1, 'x') + "\"/>"
+                                      << "4 MiB";
+    QTest::newRow("value of 32 MiB") << "<a b=\"" + QByteArray(32 * mebi, 'x') + "\"/>"
+                                     << "4 MiB";
+    QTest::newRow("text over 4 MiB") << "<a>" + QByteArray(4 * mebi + 1, 'x') + "</a>"
+                                     << "4 MiB";
+    QTest::newRow("text in pieces") << "<a>" + QByteArray(3 * mebi, 'x') + "<!--c--><![CDATA[" +
+                                           QByteArray(2 * mebi, 'x') + "]]></a>"
+                                    << "4 MiB";
+    QTest::newRow("over 64 MiB") << "<a>" + QByteArray(64 * mebi, ' ') + "</a>"
+                                 << "64 MiB";
+    QTest::newRow("512 attributes") << "<a" + attributes(512) + "/>"
+                                    << "";
+    QTest::newRow("513 attributes") << "<a" + attributes(513) + "/>"
+                                    << "512 attributes";
+    QTest::newRow("a million attributes") << "<a" + attributes(1000000) + "/>"
+                                          << "512 attributes";
+    QTest::newRow("a million elements") << "<a>" + QByteArray("<b/>").repeated(1000000) + "</a>"
+                                        << "250000 elements";
+    QTest::newRow("document type") << QByteArray("<!DOCTYPE a><a/>") << "Document types";
+    QTest::newRow("nested entities") << nestedEntities() << "Document types";
+    QTest::newRow("flat entity") << flat << "Document types";
+    QTest::newRow("external entity")
+        << QByteArray("<!DOCTYPE a SYSTEM 'file:///etc/passwd'><a/>") << "Document types";
+    QTest::newRow("unknown entity") << QByteArray("<a>&nbsp;</a>") << "Line 1";
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe<\0a\0/\0>\0", 10) << "UTF-8";
+    QTest::newRow("UTF-7") << QByteArray("<?xml version='1.0' encoding='UTF-7'?><a/>") << "UTF-7";
+    QTest::newRow("broken UTF-8") << QByteArray("<a b='\xc3\x28'/>") << "Line 1";
+    QTest::newRow("duplicate attribute") << QByteArray("<a b='1' b='2'/>") << "Line 1";
+    QTest::newRow("two roots") << QByteArray("<a/><b/>") << "Line 1";
+    QTest::newRow("tags crossed") << QByteArray("<a><b>\n</a></b>") << "Line 2";
+    QTest::newRow("control character") << QByteArray("<a b='\x01'/>") << "Line 1";
+    QTest::newRow("U+FFFF") << QByteArray("<a b='\xef\xbf\xbf'/>") << "Line 1";
+    QTest::newRow("nothing") << QByteArray() << "Line 1";
+    QTest::newRow("no XML") << QByteArray("=== Page 1 ===") << "Line 1";
+}
+
+void tst_Xml::guard()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(QString, reason);
+    const QString said = CXmlGuard::check(xml);
+    if (reason.isEmpty())
+        QCOMPARE(said, QString());
+    else
+        QVERIFY2(said.contains(reason), qPrintable(said));
+    QString error;
+    QCOMPARE(CXmlGuard::parse(xml, &error).has_value(), reason.isEmpty());
+    QCOMPARE(error, said);
+}
+
+void tst_Xml::everyTruncationIsRefused()
+{
+    const QByteArray xml =
+        "<?xml version=\"1.0\"?><!-- c --><a b=\"&lt;ä\"><c><![CDATA[x]]></c>t</a>";
+    QVERIFY(CXmlGuard::check(xml).isEmpty());
+    for (int size = 0; size < xml.size(); ++size)
+        QVERIFY2(!CXmlGuard::check(xml.left(size)).isEmpty(), xml.left(size).constData());
+}
+
+void tst_Xml::parsesWhatItLetsThrough()
+{
+    QDomElement root;
+    {
+        const auto document = CXmlGuard::parse("<a x:y='1&#xa;2' xmlns:x='u'>t&amp;<b/></a>");
+        QVERIFY(document);
+        root = document->documentElement();
+    }
+    QCOMPARE(root.attribute(QStringLiteral("x:y")), QStringLiteral("1\n2"));
+    QCOMPARE(root.text(), QStringLiteral("t&"));
+    QCOMPARE(root.firstChildElement().tagName(), QStringLiteral("b")); // outlives its document
+}
+
+void tst_Xml::everyCharacterInValues()
+{
+    for (uint code = 0; code <= 0x10FFFF; code += code < 0x10000 ? 1 : 0xFFF) {
+        const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+        const bool forbidden = (code < 0x20 && code != 9 && code != 10 && code != 13) ||
+                               code == 0xFFFE || code == 0xFFFF;
+        const QString character =
+            surrogate ? QString(QChar(ushort(code))) : QString::fromUcs4(&code, 1);
+        const QString value = QStringLiteral("a]]") + character + QStringLiteral(">b");
+        QDomDocument dom;
+        dom.appendChild(dom.createElement(QStringLiteral("e")));
+        dom.documentElement().setAttribute(QStringLiteral("v"), value);
+        dom.documentElement().appendChild(dom.createTextNode(value));
+        const auto read = CXmlGuard::parse(CXmlWriter::fromDom(dom));
+        QVERIFY2(read, qPrintable(QString::number(code, 16)));
+        const QString kept = forbidden ? QString() : surrogate ? QStringLiteral("?") : character;
+        const QString expected = QStringLiteral("a]]") + kept + QStringLiteral(">b");
+        QCOMPARE(read->documentElement().attribute(QStringLiteral("v")), expected);
+        QCOMPARE(read->documentElement().text(), expected);
+    }
+}
+
+void tst_Xml::everyCharacterInNames()
+{
+    int attributes = 0;
+    int elements = 0;
+    for (int code = 0; code <= 0xFFFF; ++code) {
+        for (const QString &name :
+             {QString(QChar(code)), QLatin1Char('a') + QString(QChar(code))}) {
+            CXmlWriter writer;
+            writer.startElement(name);
+            writer.attribute(name, QStringLiteral("v"));
+            writer.attribute(QStringLiteral("last"), QStringLiteral("1"));
+            writer.endElement();
+            const auto read = CXmlGuard::parse(writer.bytes());
+            QVERIFY2(read, writer.bytes().constData());
+            const QDomElement root = read->documentElement();
+            QCOMPARE(root.attribute(QStringLiteral("last")), QStringLiteral("1"));
+            const bool isAttribute = XmlText::isAttributeName(name.toUtf8());
+            const bool isElement = XmlText::isElementName(name);
+            QCOMPARE(root.attribute(name) == QLatin1String("v"), isAttribute);
+            QCOMPARE(root.tagName() == name, isElement);
+            attributes += isAttribute;
+            elements += isElement;
+        }
+    }
+    QVERIFY2(attributes > 100000, qPrintable(QString::number(attributes)));
+    QVERIFY2(elements > 60000, qPrintable(QString::number(elements))); // the letters of the world
+    for (const char *good : {"x_coordinate", "_a", "a-1.b", "x:y", "\xc3\xa4"})
+        QVERIFY2(XmlText::isAttributeName(good) && XmlText::isElementName(good), good);
+    for (const char *bad :
+         {"", ":", "a:", "a:b:c", "1a", "-a", ".a", "a b", "a=", "a<", "a\"", "a&b", "a b='1'"})
+        QVERIFY2(!XmlText::isAttributeName(bad) && !XmlText::isElementName(bad), bad);
+}
+
+void tst_Xml::writesLikeTheDom_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::newRow("empty element") << QByteArray("<a/>");
+    QTest::newRow("attribute") << QByteArray(
+        "<a b=\"&lt;&gt;&amp;&quot;'&#xa;&#x9;&#xd;]]&gt;\"/>");
+    QTest::newRow("elements") << QByteArray("<a><b><c/><c/></b><d x=\"1\"/></a>");
+    QTest::newRow("text") << QByteArray("<a><b>t &lt; &amp; \"\n\tu</b><c>  v</c></a>");
+    QTest::newRow("text among elements") << QByteArray("<a>one<b/>two<c><d/></c></a>");
+    QTest::newRow("text last") << QByteArray("<a><b/>end</a>");
+    QTest::newRow("comments") << QByteArray("<a><!--c--><b/><!-- d --></a>");
+}
+
+void tst_Xml::writesLikeTheDom()
+{
+    QFETCH(QByteArray, xml);
+    QDomDocument dom;
+    QVERIFY(dom.setContent(xml));
+    QCOMPARE(CXmlWriter::fromDom(dom), dom.toByteArray(1));
+}
+
+void tst_Xml::writesAnyDom()
+{
+    QDomDocument dom;
+    dom.appendChild(dom.createProcessingInstruction(
+        QStringLiteral("xml"), QStringLiteral("version='1.0' encoding='ISO-8859-1'")));
+    dom.appendChild(dom.createComment(QStringLiteral("a---b--")));
+    QDomElement root = dom.createElement(QStringLiteral("has space"));
+    dom.appendChild(root);
+    root.setAttribute(QStringLiteral("not a name"), 1);
+    root.setAttribute(QStringLiteral("b"), QStringLiteral("ä"));
+    root.setAttribute(QStringLiteral("a"), 2);
+    root.appendChild(dom.createProcessingInstruction(QStringLiteral("p"), QStringLiteral("?>")));
+    root.appendChild(dom.createCDATASection(QStringLiteral("]]>\r<")));
+    const QByteArray xml = CXmlWriter::fromDom(dom);
+    QCOMPARE(CXmlGuard::check(xml), QString());
+    QVERIFY2(xml.contains("<_has_space a=\"2\" b=\"\xc3\xa4\">"), xml.constData());
+    QCOMPARE(CXmlGuard::parse(xml)->documentElement().text(), QStringLiteral("]]>\r<"));
+}
+
+void tst_Xml::escapingTakesLinearTime()
+{
+    // Quadratic escaping takes half a minute for this one.
+    CXmlWriter writer;
+    writer.startElement(QStringLiteral("a"));
+    writer.attribute(QByteArray("v"), QByteArray(3'000'000, '<'));
+    writer.endElement();
+    QCOMPARE(writer.bytes().size(), 3'000'000 * 4 + int(qstrlen("<a v=\"\"/>\n")));
+}
+
+void tst_Xml::writesDeepDocuments()
+{
+    QDomDocument dom;
+    QDomNode node = dom.appendChild(dom.createElement(QStringLiteral("a")));
+    for (int i = 1; i < 20000; ++i) // the DOM's own writer overflows the stack at a third of this
+        node = node.appendChild(dom.createElement(QStringLiteral("a")));
+    QVERIFY(CXmlWriter::fromDom(dom).endsWith("\n</a>\n"));
+    while (!node.parentNode().isNull()) { // taken down step by step for the same reason
+        QDomNode parent = node.parentNode();
+        parent.removeChild(node);
+        node = parent;
+    }
+}
+
+QTEST_APPLESS_MAIN(tst_Xml)
+#include "tst_xml.moc"
