@@ -5,7 +5,6 @@
 #include "PlatformFilter.h"
 
 #include <QFile>
-#include <QLoggingCategory>
 #include <QTest>
 
 #include <functional>
@@ -41,7 +40,6 @@ void forEachItem(const CItemModel &parent, const std::function<void(const CItemM
 
 void tst_Examples::initTestCase()
 {
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.svg=false")); // icons are the editor's
     QVERIFY(CWidgetLibraryManager::instance().initialise(
         FrameRecorder::programFile(QStringLiteral("widget-library.xml")),
         {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}));

@@ -6,7 +6,7 @@
 
 #include <QDomDocument>
 #include <QFile>
-#include <QLoggingCategory>
+#include <QIcon>
 #include <QTest>
 
 #include <cmath>
@@ -249,7 +249,6 @@ private:
 
 void tst_WidgetKinds::initTestCase()
 {
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.svg=false")); // icons are the editor's
     auto &manager = CWidgetLibraryManager::instance();
     QVERIFY2(manager.initialise(FrameRecorder::programFile(QStringLiteral("widget-library.xml")),
                                 ChipCodes),
@@ -278,7 +277,6 @@ void tst_WidgetKinds::libraryHasWhatTheEditorNeeds()
 
 void tst_WidgetKinds::everyKindHasItsParts()
 {
-    const QDir images(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/resources/images"));
     QSet<QString> seen;
     const auto groups = libraryRoot().elementsByTagName(QStringLiteral("toolboxgroup"));
     QVERIFY(groups.size() >= 6);
@@ -294,8 +292,7 @@ void tst_WidgetKinds::everyKindHasItsParts()
         QVERIFY(!library(0x100)->tooltip(type).isEmpty());
         QVERIFY(!library(0x100)->renderCommands(type).trimmed().isEmpty());
         const QString icon = widget.firstChildElement(QStringLiteral("icon")).text();
-        QVERIFY2(icon.startsWith(QLatin1String(":/images/")), qPrintable(icon));
-        QVERIFY2(QFile::exists(images.filePath(icon.mid(9))), qPrintable(icon));
+        QVERIFY2(!QIcon(icon).pixmap(64, 64).isNull(), qPrintable(icon));
         for (const QString &key :
              {QStringLiteral("name"), PropertyKey::Id, PropertyKey::X, PropertyKey::Y})
             QVERIFY2(library(0x100)->propertyIndex(type, key) >= 0, qPrintable(type + key));
