@@ -1,0 +1,244 @@
+#include "CAssetLoader.h"
+
+#include "FileReading.h"
+#include "ImageFile.h"
+#include "executor/BitmapFormats.h"
+
+#include <algorithm>
+
+namespace kivemu {
+
+namespace {
+
+constexpr uint64_t FramesKept = 120; ///< frames that may pass before an unused file is forgotten
+constexpr uint64_t Alignment = 4;    ///< of addresses in RAM_G
+
+uint64_t aligned(uint64_t size)
+{
+    return (size + Alignment - 1) / Alignment * Alignment;
+}
+
+/// Different spellings of a path mean the same file.
+std::string identity(const SFileStamp &stamp)
+{
+    return std::to_string(stamp.device) + ':' + std::to_string(stamp.inode);
+}
+
+std::string paletteFile(const std::string &path)
+{
+    const size_t slash = path.find_last_of('/');
+    const size_t dot = path.find_last_of('.');
+    const bool hasSuffix = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+    return (hasSuffix ? path.substr(0, dot) : path) + ".lut";
+}
+
+} // namespace
+
+/// One file's contents in a chip's format.
+struct CAssetLoader::SAsset
+{
+    SFileStamp stamp;
+    SFileStamp paletteStamp;
+    uint32_t format = 0;
+    int width = 0;
+    int height = 0;
+    std::vector<uint8_t> pixels;
+    std::vector<uint8_t> palette;
+    mutable uint64_t frame = 0; ///< the last one that asked for it
+
+    uint64_t ramSize() const { return aligned(pixels.size()) + aligned(palette.size()); }
+};
+
+CAssetLoader::CAssetLoader(size_t ramGSize) : m_memory(ramGSize)
+{
+}
+
+CAssetLoader::~CAssetLoader() = default;
+
+void CAssetLoader::beginFrame(std::string_view workingDirectory)
+{
+    m_workingDirectory = workingDirectory;
+    m_used = 0;
+    m_wanted = 0;
+    ++m_frame;
+}
+
+void CAssetLoader::endFrame()
+{
+    if (m_used < m_placed.size())
+        keepFirst(m_used);
+    for (auto file = m_files.begin(); file != m_files.end();) {
+        const bool isOld = file->second->frame + FramesKept < m_frame;
+        file = isOld ? m_files.erase(file) : std::next(file);
+    }
+}
+
+bool CAssetLoader::fail(const std::string &message)
+{
+    m_error = message;
+    m_memoryFull = false;
+    return false;
+}
+
+/// The asset needs `size` bytes that RAM_G does not have any more.
+bool CAssetLoader::failFull(uint64_t size)
+{
+    m_wanted += size;
+    m_error = "RAM_G is full: the screen needs " + std::to_string(m_wanted) +
+              " bytes, the chip has " + std::to_string(m_memory.capacity());
+    m_memoryFull = true;
+    return false;
+}
+
+bool CAssetLoader::resolve(std::string_view path, std::string &resolved)
+{
+    if (path.empty())
+        return fail("no file is named");
+    if (path.find('\0') != std::string_view::npos)
+        return fail("a path cannot hold zero bytes");
+    if (path.front() == '/') {
+        resolved = path;
+        return true;
+    }
+    if (m_workingDirectory.empty())
+        return fail("the project has no working directory to look for '" + std::string(path) + "'");
+    resolved = m_workingDirectory + '/' + std::string(path);
+    return true;
+}
+
+/// Puts an asset into the memory unless this frame has it there already. As long as a frame asks
+/// for the same assets in the same order as the one before, nothing is written.
+bool CAssetLoader::place(const AssetPtr &asset, SLoadedBitmap &bitmap)
+{
+    asset->frame = m_frame;
+    const auto used = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
+    auto place = std::find_if(m_placed.begin(), used,
+                              [&](const SPlaced &placed) { return placed.asset == asset; });
+    if (place == used) {
+        const bool isAsBefore = used != m_placed.end() && used->asset == asset;
+        if (!isAsBefore && !append(asset))
+            return failFull(asset->ramSize());
+        place = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
+        ++m_used;
+        m_wanted += asset->ramSize();
+    }
+    bitmap.source = {place->address,
+                     asset->format,
+                     bitmapStride(asset->format, asset->width),
+                     static_cast<uint16_t>(asset->width),
+                     static_cast<uint16_t>(asset->height),
+                     place->palette};
+    return true;
+}
+
+void CAssetLoader::keepFirst(size_t count)
+{
+    std::vector<SPlaced> kept(m_placed.begin(),
+                              m_placed.begin() + static_cast<std::ptrdiff_t>(count));
+    m_placed.clear();
+    m_memory.clear();
+    for (const SPlaced &placed : kept)
+        append(placed.asset);
+}
+
+/// Writes an asset behind those of this frame, whole or not at all.
+bool CAssetLoader::append(const AssetPtr &asset)
+{
+    if (m_used < m_placed.size())
+        keepFirst(m_used);
+    if (aligned(m_memory.used()) + aligned(asset->pixels.size()) + asset->palette.size() >
+        m_memory.capacity())
+        return false;
+    SPlaced placed{asset, 0, 0};
+    placed.address = m_memory.append(asset->pixels.data(), asset->pixels.size()).value_or(0);
+    if (!asset->palette.empty())
+        placed.palette = m_memory.append(asset->palette.data(), asset->palette.size()).value_or(0);
+    m_placed.push_back(placed);
+    return true;
+}
+
+bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width, int height,
+                              SLoadedBitmap &bitmap)
+{
+    std::string file;
+    if (!resolve(path, file))
+        return false;
+    const uint64_t size = bitmapSize(format, width, height);
+    const uint32_t palette = paletteSize(format);
+    if (size == 0)
+        return fail("the bitmap format is not known");
+    if (aligned(size) + palette > m_memory.capacity())
+        return failFull(aligned(size) + aligned(palette));
+
+    SFileStamp stamp;
+    SFileStamp paletteStamp;
+    const std::string lut = palette > 0 ? paletteFile(file) : std::string();
+    std::string problem = stampOfFile(file, stamp);
+    if (problem.empty() && palette > 0)
+        problem = stampOfFile(lut, paletteStamp);
+    if (!problem.empty())
+        return fail(problem);
+    if (stamp.size != size)
+        return fail(file + ": has " + std::to_string(stamp.size) + " bytes, but " +
+                    std::to_string(width) + " x " + std::to_string(height) +
+                    " in this format need " + std::to_string(size));
+    if (paletteStamp.size != palette)
+        return fail(lut + ": has " + std::to_string(paletteStamp.size) +
+                    " bytes, but the palette has " + std::to_string(palette));
+
+    const std::string key = "bitmap " + std::to_string(format) + ' ' + std::to_string(width) + ' ' +
+                            std::to_string(height) + ' ' + identity(stamp);
+    AssetPtr &known = m_files[key];
+    if (!known || !(known->stamp == stamp) || !(known->paletteStamp == paletteStamp)) {
+        auto asset = std::make_shared<SAsset>();
+        asset->stamp = stamp;
+        asset->paletteStamp = paletteStamp;
+        asset->format = format;
+        asset->width = width;
+        asset->height = height;
+        problem = readRegularFile(file, size, asset->pixels);
+        if (problem.empty() && palette > 0)
+            problem = readRegularFile(lut, palette, asset->palette);
+        if (problem.empty() && (asset->pixels.size() != size || asset->palette.size() != palette))
+            problem = file + ": changed while it was read";
+        if (!problem.empty()) {
+            m_files.erase(key);
+            return fail(problem);
+        }
+        known = asset;
+    }
+    return place(known, bitmap);
+}
+
+bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap)
+{
+    std::string file;
+    if (!resolve(path, file))
+        return false;
+    SFileStamp stamp;
+    std::string problem = stampOfFile(file, stamp);
+    if (!problem.empty())
+        return fail(problem);
+    const std::string key = (mono ? "mono " : "image ") + identity(stamp);
+    AssetPtr &known = m_files[key];
+    if (!known || !(known->stamp == stamp)) {
+        SDecodedImage image;
+        problem = decodeImageFile(file, mono, m_memory.capacity(), image);
+        if (!problem.empty()) {
+            m_files.erase(key);
+            if (image.neededBytes > m_memory.capacity())
+                return failFull(aligned(image.neededBytes));
+            return fail(problem);
+        }
+        auto asset = std::make_shared<SAsset>();
+        asset->stamp = stamp;
+        asset->format = static_cast<uint32_t>(mono ? EBitmapFormat::L8 : EBitmapFormat::Rgb565);
+        asset->width = image.width;
+        asset->height = image.height;
+        asset->pixels = std::move(image.pixels);
+        known = asset;
+    }
+    return place(known, bitmap);
+}
+
+} // namespace kivemu

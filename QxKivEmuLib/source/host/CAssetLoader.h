@@ -1,0 +1,79 @@
+#pragma once
+
+#include "displaylist/CDisplayListWriter.h"
+
+#include "executor/CRamG.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kivemu {
+
+/// A bitmap that lies in RAM_G.
+struct SLoadedBitmap
+{
+    CDisplayListWriter::SBitmapSource source;
+};
+
+/// Brings the assets of a screen into RAM_G: each once, in the order in which the script asks for
+/// them, so that the same screen always gives the same bytes. Files are read again only when they
+/// have changed; a frame with the assets of the one before leaves the memory untouched.
+/// Files:   regular files only, their size checked against the format before they are read.
+class CAssetLoader
+{
+public:
+    explicit CAssetLoader(size_t ramGSize);
+    ~CAssetLoader();
+
+    /// Relative paths are taken from `workingDirectory`; without one they are errors.
+    void beginFrame(std::string_view workingDirectory);
+    /// Takes assets out of the memory that this frame did not ask for.
+    void endFrame();
+
+    /// A file of pixels in one of the chip's formats; a palette lies beside as "<base name>.lut".
+    /// False and error() when it cannot be loaded; so for the next.
+    bool loadBitmap(std::string_view path, uint32_t format, int width, int height,
+                    SLoadedBitmap &bitmap);
+    /// A JPEG or PNG file, or the first frame of an AVI file, as RGB565, or L8 when mono.
+    bool loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap);
+
+    const std::string &error() const { return m_error; }
+    /// True when the last failure was one of space: the graphics memory is too small.
+    bool isMemoryFull() const { return m_memoryFull; }
+
+    const CRamG &memory() const { return m_memory; }
+
+private:
+    struct SAsset;
+    using AssetPtr = std::shared_ptr<const SAsset>;
+
+    bool fail(const std::string &message);
+    bool failFull(uint64_t more);
+    bool resolve(std::string_view path, std::string &resolved);
+    bool place(const AssetPtr &asset, SLoadedBitmap &bitmap);
+    void keepFirst(size_t count);
+    bool append(const AssetPtr &asset);
+
+    struct SPlaced
+    {
+        AssetPtr asset;
+        uint32_t address;
+        uint32_t palette;
+    };
+
+    CRamG m_memory;
+    std::string m_workingDirectory;
+    std::string m_error;
+    bool m_memoryFull = false;
+    std::vector<SPlaced> m_placed; ///< in the order of their addresses
+    size_t m_used = 0;             ///< of these, asked for in this frame
+    uint64_t m_wanted = 0;         ///< bytes that the frame's assets need, those left out included
+    std::map<std::string, AssetPtr> m_files; ///< by kind of reading and path
+    uint64_t m_frame = 0;
+};
+
+} // namespace kivemu

@@ -1,0 +1,183 @@
+#include "CItemRunner.h"
+
+#include "CDrawContext.h"
+#include "CErrorList.h"
+#include "CLuaSandbox.h"
+#include "ItemBox.h"
+
+namespace kivemu {
+
+namespace {
+
+constexpr char EnvironmentKey[] = "kiv.environment";
+constexpr size_t MostChunks = 2000; ///< texts that are kept; far more than any widget library has
+constexpr size_t MaxCommands = 64 * 1024; ///< bytes; the compiler cannot be stopped
+constexpr int MostVariables = 200;        ///< of a chunk, before its table is thrown away
+
+/// Makes the table that a chunk's own variables go into, the properties and globals behind it.
+void makeEnvironment(lua_State *state)
+{
+    lua_newtable(state);
+    lua_newtable(state);
+    lua_pushboolean(state, false);
+    lua_setfield(state, -2, "__metatable");
+    lua_setmetatable(state, -2);
+    lua_setfield(state, LUA_REGISTRYINDEX, EnvironmentKey);
+}
+
+} // namespace
+
+CItemRunner::CItemRunner(CLuaSandbox &sandbox, std::chrono::milliseconds itemLimit)
+    : m_sandbox(sandbox), m_itemLimit(itemLimit)
+{
+}
+
+void CItemRunner::beginFrame(const CSnapshot &snapshot, CErrorList &errors)
+{
+    m_snapshot = &snapshot;
+    m_errors = &errors;
+    m_current = NoItem;
+    m_tables.beginFrame(snapshot);
+    m_frameChunks.clear();
+}
+
+void CItemRunner::endFrame()
+{
+    m_snapshot = nullptr;
+    m_errors = nullptr;
+    m_frameChunks.clear();
+    if (m_chunks.size() > MostChunks) {
+        for (const auto &chunk : m_chunks)
+            luaL_unref(m_sandbox.state(), LUA_REGISTRYINDEX, chunk.second.function);
+        m_chunks.clear();
+    }
+}
+
+std::string CItemRunner::label(size_t item) const
+{
+    return std::string(m_snapshot->typeName(item)) + ' ' + std::string(m_snapshot->idText(item));
+}
+
+void CItemRunner::noteCurrent(std::string_view message)
+{
+    if (m_current == NoItem)
+        m_errors->add("render", message);
+    else
+        m_errors->add(label(m_current), message);
+}
+
+void CItemRunner::addFunctions(lua_State *state)
+{
+    lua_pushcfunction(state, drawItem);
+    lua_setglobal(state, "draw_item");
+    makeEnvironment(state);
+}
+
+int CItemRunner::drawItem(lua_State *state)
+{
+    CItemRunner *runner = contextOf(state).items;
+    if (!runner || !contextOf(state).drawing)
+        return luaL_error(state, "items can be drawn only while a frame is drawn");
+    const size_t item = runner->m_tables.checkItem(state, 1);
+    if (runner->m_current != NoItem)
+        luaL_error(state, "draw_item cannot be used in render commands");
+    lua_settop(state, 0);
+    luaL_checkstack(state, LUA_MINSTACK, nullptr);
+    runner->draw(state, item);
+    // An item that used up the frame's time ends the frame.
+    contextOf(state).watchdog.charge(state, 64);
+    if (contextOf(state).watchdog.isExpired())
+        luaL_error(state, "the frame's time is over; the items from here on are not drawn");
+    return 0;
+}
+
+void CItemRunner::draw(lua_State *state, size_t item)
+{
+    CDrawContext &drawing = *contextOf(state).drawing;
+    if (m_snapshot->kind(item) == CSnapshot::EKind::Group)
+        return;
+    m_current = item;
+    drawing.beginItem(m_snapshot->id(item));
+    const bool isDrawn = m_snapshot->kind(item) == CSnapshot::EKind::Widget && run(state, item);
+    drawing.endItem();
+    if (!isDrawn) {
+        const SItemBox box = itemBox(*m_snapshot, item);
+        drawing.beginItem(m_snapshot->id(item));
+        drawing.hatchedBox(box.x, box.y, box.width, box.height);
+        drawing.endItem();
+    }
+    m_current = NoItem;
+}
+
+/// False when the commands failed; the message is then noted.
+bool CItemRunner::run(lua_State *state, size_t item)
+{
+    const SChunk &chunk = chunkOf(state, item);
+    if (chunk.function == 0) {
+        m_errors->add(label(item), chunk.error);
+        return false;
+    }
+    SLuaContext &context = contextOf(state);
+    lua_rawgeti(state, LUA_REGISTRYINDEX, chunk.function);
+    pushEnvironment(state, item);
+    lua_setupvalue(state, -2, 1);
+    context.watchdog.beginPart(m_itemLimit);
+    const int status = lua_pcall(state, 0, 0, 0);
+    if (status != LUA_OK)
+        m_errors->add(label(item), m_sandbox.popError(status));
+    context.watchdog.endPart();
+    clearEnvironment(state);
+    return status == LUA_OK;
+}
+
+CItemRunner::SChunk &CItemRunner::chunkOf(lua_State *state, size_t item)
+{
+    const size_t index = m_snapshot->commandsIndex(item);
+    if (index >= m_frameChunks.size())
+        m_frameChunks.resize(index + 1, nullptr);
+    if (m_frameChunks[index])
+        return *m_frameChunks[index];
+    const std::string_view text = m_snapshot->renderCommands(item);
+    SChunk &chunk = m_chunks[std::string(text)];
+    m_frameChunks[index] = &chunk;
+    if (chunk.function == 0 && chunk.error.empty()) {
+        chunk.error = text.size() > MaxCommands ? "the render commands are longer than " +
+                                                      std::to_string(MaxCommands) + " bytes"
+                                                : m_sandbox.compile(text, "line");
+        if (chunk.error.empty())
+            chunk.function = luaL_ref(state, LUA_REGISTRYINDEX);
+    }
+    return chunk;
+}
+
+void CItemRunner::pushEnvironment(lua_State *state, size_t item)
+{
+    lua_getfield(state, LUA_REGISTRYINDEX, EnvironmentKey);
+    lua_getmetatable(state, -1);
+    m_tables.pushProperties(state, item);
+    lua_setfield(state, -2, "__index");
+    lua_pop(state, 1);
+}
+
+/// Takes the chunk's variables out again.
+void CItemRunner::clearEnvironment(lua_State *state)
+{
+    int count = 0;
+    lua_getfield(state, LUA_REGISTRYINDEX, EnvironmentKey);
+    lua_pushnil(state);
+    while (lua_next(state, -2)) {
+        lua_pop(state, 1);
+        if (++count == MostVariables) {
+            // The emptied table would stay large, and slow to look through for every item.
+            lua_pop(state, 2);
+            makeEnvironment(state);
+            return;
+        }
+        lua_pushvalue(state, -1);
+        lua_pushnil(state);
+        lua_rawset(state, -4);
+    }
+    lua_pop(state, 1);
+}
+
+} // namespace kivemu

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CItemTables.h"
+
+#include <chrono>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace kivemu {
+
+class CErrorList;
+class CLuaSandbox;
+
+/// Runs the render commands of items: compiles each distinct text once, gives it the item's
+/// properties as variables, and keeps its errors and its drawing state to the item.
+class CItemRunner
+{
+public:
+    /// The sandbox must outlive the runner. `itemLimit`: what one item may take of a frame's time.
+    CItemRunner(CLuaSandbox &sandbox, std::chrono::milliseconds itemLimit);
+
+    /// Snapshot and errors must live until endFrame().
+    void beginFrame(const CSnapshot &snapshot, CErrorList &errors);
+    void endFrame();
+    /// Lua's part of beginFrame(); may raise Lua errors.
+    CItemTables &tables() { return m_tables; }
+
+    /// Adds a message that concerns the item that is being drawn, or the script when there is none.
+    void noteCurrent(std::string_view message);
+    /// "<type> <id>".
+    std::string label(size_t item) const;
+
+    /// Adds draw_item to the globals.
+    static void addFunctions(lua_State *state);
+
+private:
+    struct SChunk
+    {
+        int function = 0;  ///< reference in the registry; 0: not compiled
+        std::string error; ///< why it could not be compiled
+    };
+    static constexpr size_t NoItem = static_cast<size_t>(-1);
+    static int drawItem(lua_State *state);
+    void draw(lua_State *state, size_t item);
+    bool run(lua_State *state, size_t item);
+    SChunk &chunkOf(lua_State *state, size_t item);
+    void pushEnvironment(lua_State *state, size_t item);
+    void clearEnvironment(lua_State *state);
+
+    CLuaSandbox &m_sandbox;
+    std::chrono::milliseconds m_itemLimit;
+    CItemTables m_tables;
+    const CSnapshot *m_snapshot = nullptr;
+    CErrorList *m_errors = nullptr;
+    size_t m_current = NoItem;
+    std::unordered_map<std::string, SChunk> m_chunks; ///< by text
+    std::vector<SChunk *> m_frameChunks;              ///< by the snapshot's index of the text
+};
+
+} // namespace kivemu

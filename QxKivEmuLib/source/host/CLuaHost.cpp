@@ -1,0 +1,203 @@
+#include "CLuaHost.h"
+
+#include "CDrawContext.h"
+#include "CItemRunner.h"
+#include "CLuaSandbox.h"
+#include "CPlainLocale.h"
+#include "FileReading.h"
+
+namespace kivemu {
+
+namespace {
+
+constexpr size_t MaxScript = size_t{1} << 20; ///< bytes; the compiler cannot be stopped
+constexpr Argb Black = 0xFF000000;
+
+std::string fileName(const std::string &path)
+{
+    const size_t slash = path.find_last_of('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+void reportOverflow(const CDisplayListWriter &writer, size_t budget, const CSnapshot &snapshot,
+                    const CItemRunner *items, CErrorList &errors)
+{
+    const std::optional<uint32_t> id = writer.overflowItem();
+    if (!id)
+        return;
+    std::string subject = "render";
+    for (size_t item = 0; items && *id != 0 && item < snapshot.itemCount(); ++item) {
+        if (snapshot.id(item) == *id) {
+            subject = items->label(item);
+            break;
+        }
+    }
+    errors.add(subject, "RAM_DL is full from here on: the screen needs " +
+                            std::to_string(writer.bytesWanted()) + " bytes, the chip has " +
+                            std::to_string(budget));
+}
+
+} // namespace
+
+CLuaHost::CLuaHost(const SChipLimits &chip, const SScriptLimits &limits)
+    : m_chip(chip), m_limits(limits), m_loadError("no render script is loaded"), m_assets(chip.ramG)
+{
+}
+
+CLuaHost::~CLuaHost() = default;
+
+bool CLuaHost::loadFile(const std::string &path)
+{
+    std::vector<uint8_t> bytes;
+    const std::string problem = readRegularFile(path, MaxScript, bytes);
+    if (problem.empty())
+        return loadText(std::string(bytes.begin(), bytes.end()), fileName(path));
+    m_sandbox.reset();
+    m_script.clear();
+    m_loadError = "the render script cannot be read: " + problem;
+    return false;
+}
+
+bool CLuaHost::loadText(const std::string &text, const std::string &name)
+{
+    m_script = text;
+    m_name = name;
+    m_items.reset();
+    m_sandbox.reset();
+    const CPlainLocale locale;
+    return startState();
+}
+
+/// Makes a state and runs the script in it.
+bool CLuaHost::startState()
+{
+    m_items.reset();
+    m_sandbox = std::make_unique<CLuaSandbox>(m_limits.memory);
+    lua_State *state = m_sandbox->state();
+    if (!state) {
+        m_sandbox.reset();
+        m_loadError = "not enough memory for the render script";
+        return false;
+    }
+    m_items = std::make_unique<CItemRunner>(*m_sandbox, m_limits.item);
+    SLuaContext &context = m_sandbox->context();
+    context.itemTables = &m_items->tables();
+    context.assets = &m_assets;
+    context.watchdog.start(state, m_limits.frame);
+    m_loadError = m_sandbox->compile(m_script, m_name.c_str());
+    if (m_loadError.empty()) {
+        lua_pushcfunction(state, finishLoading);
+        lua_insert(state, -2);
+        if (const int status = lua_pcall(state, 1, 0, 0))
+            m_loadError = m_sandbox->popError(status);
+    }
+    context.watchdog.stop();
+    if (!m_loadError.empty()) {
+        m_items.reset();
+        m_sandbox.reset();
+    }
+    return m_loadError.empty();
+}
+
+/// Runs the compiled script, which is the argument.
+int CLuaHost::finishLoading(lua_State *state)
+{
+    CItemRunner::addFunctions(state);
+    lua_call(state, 0, 0);
+    lua_getglobal(state, "render");
+    if (!lua_isfunction(state, -1))
+        luaL_error(state, "the render script defines no function 'render'");
+    return 0;
+}
+
+SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
+{
+    const CPlainLocale locale;
+    SDrawing result;
+    CDisplayListWriter writer(m_chip.ramDl);
+    CDrawContext drawing(writer, width, height);
+    m_assets.beginFrame(snapshot.screenText("working_directory"));
+    if (!snapshot.problem().empty())
+        result.errors.add(snapshot.problem());
+    const bool hasState = m_sandbox || (!m_script.empty() && startState());
+    if (!hasState)
+        result.errors.add(m_loadError);
+    if (hasState && snapshot.hasScreen())
+        runRender(snapshot, drawing, width, height, result.errors);
+    else
+        drawing.clear(Black);
+    m_assets.endFrame();
+    writer.finish();
+    reportOverflow(writer, m_chip.ramDl, snapshot, m_items.get(), result.errors);
+    result.words = writer.words();
+    return result;
+}
+
+/// What callRender needs; its address goes through Lua.
+struct CLuaHost::SFrame
+{
+    CLuaHost *host;
+    int width;
+    int height;
+};
+
+void CLuaHost::runRender(const CSnapshot &snapshot, CDrawContext &drawing, int width, int height,
+                         CErrorList &errors)
+{
+    SLuaContext &context = m_sandbox->context();
+    lua_State *state = m_sandbox->state();
+    m_items->beginFrame(snapshot, errors);
+    context.drawing = &drawing;
+    context.items = m_items.get();
+    context.frameNumber = ++m_frameNumber;
+    context.memoryRefused = false;
+    context.watchdog.start(state, m_limits.frame);
+    SFrame frame{this, width, height};
+    lua_pushcfunction(state, callRender);
+    lua_pushlightuserdata(state, &frame);
+    const int status = lua_pcall(state, 1, 0, 0);
+    if (status != LUA_OK)
+        errors.add(m_sandbox->popError(status));
+    const bool wasKilled = context.watchdog.isExpired() || context.memoryRefused;
+    context.watchdog.stop();
+    context.drawing = nullptr;
+    context.items = nullptr;
+    m_items->endFrame();
+    // What a stopped script leaves behind may be anything.
+    if (wasKilled || status == LUA_ERRMEM || status == LUA_ERRERR)
+        m_sandbox->context().isSpent = true;
+    tidyState();
+}
+
+int CLuaHost::callRender(lua_State *state)
+{
+    const SFrame frame = *static_cast<const SFrame *>(lua_touserdata(state, 1));
+    CItemTables &tables = frame.host->m_items->tables();
+    lua_getglobal(state, "render");
+    tables.pushScreen(state, frame.width, frame.height);
+    tables.pushItems(state);
+    lua_call(state, 2, 0);
+    return 0;
+}
+
+/// Keeps the state's memory at a size that leaves the next frame room.
+void CLuaHost::tidyState()
+{
+    const auto dropUnused = [](lua_State *state) {
+        contextOf(state).itemTables->dropUnused(state);
+        lua_gc(state, LUA_GCCOLLECT);
+        return 0;
+    };
+    SLuaContext &context = m_sandbox->context();
+    if (!context.isSpent && context.memoryUsed > m_limits.memory / 4) {
+        lua_pushcfunction(m_sandbox->state(), dropUnused);
+        const int status = lua_pcall(m_sandbox->state(), 0, 0, 0);
+        context.isSpent = status != LUA_OK || context.memoryUsed > m_limits.memory / 2;
+    }
+    if (context.isSpent) {
+        m_items.reset();
+        m_sandbox.reset();
+    }
+}
+
+} // namespace kivemu

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "CAssetLoader.h"
+#include "CErrorList.h"
+#include "CSnapshot.h"
+#include "ChipLimits.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct lua_State;
+
+namespace kivemu {
+
+class CDrawContext;
+class CItemRunner;
+class CLuaSandbox;
+
+/// What Lua code may use of a frame.
+struct SScriptLimits
+{
+    std::chrono::milliseconds frame{500};
+    std::chrono::milliseconds item{
+        200}; ///< a single item, so that one that hangs leaves the others time
+    size_t memory = size_t{64} << 20;
+};
+
+/// What a frame's script run gives: a whole display list in any case.
+struct SDrawing
+{
+    std::vector<uint32_t> words;
+    CErrorList errors;
+};
+
+/// Runs the render script: turns a snapshot into a display list and the contents of RAM_G.
+/// A script that fails, hangs or eats memory ends in an error message, and the next frame starts
+/// from a fresh state.
+/// Threads: one thread at a time.
+class CLuaHost
+{
+public:
+    explicit CLuaHost(const SChipLimits &chip, const SScriptLimits &limits = {});
+    ~CLuaHost();
+
+    /// Takes the script from a file; false and loadError() when it cannot be read or run. The error
+    /// is then also reported with every frame, which is black.
+    bool loadFile(const std::string &path);
+    /// The same from a text; `name` is what messages call it.
+    bool loadText(const std::string &text, const std::string &name);
+    const std::string &loadError() const { return m_loadError; }
+
+    /// Width and height must be within the chip's largest screen.
+    SDrawing draw(const CSnapshot &snapshot, int width, int height);
+    const CRamG &memory() const { return m_assets.memory(); }
+    const SChipLimits &chip() const { return m_chip; }
+
+private:
+    struct SFrame;
+    bool startState();
+    void runRender(const CSnapshot &snapshot, CDrawContext &drawing, int width, int height,
+                   CErrorList &errors);
+    void tidyState();
+    static int callRender(lua_State *state);
+    static int finishLoading(lua_State *state);
+
+    SChipLimits m_chip;
+    SScriptLimits m_limits;
+    std::string m_script;
+    std::string m_name;
+    std::string m_loadError;
+    CAssetLoader m_assets;
+    std::unique_ptr<CLuaSandbox> m_sandbox; ///< null when the next frame must start a fresh one
+    std::unique_ptr<CItemRunner> m_items;
+    uint64_t m_frameNumber = 0;
+};
+
+} // namespace kivemu

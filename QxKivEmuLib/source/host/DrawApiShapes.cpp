@@ -1,0 +1,168 @@
+#include "DrawApi.h"
+#include "LuaColour.h"
+
+#include <cstdlib>
+
+namespace kivemu {
+
+namespace {
+
+/// Gathers the points of a flat table {x1, y1, x2, y2, …}.
+void checkPoints(lua_State *state, CDrawContext &drawing)
+{
+    luaL_checktype(state, 1, LUA_TTABLE);
+    const size_t count = lua_rawlen(state, 1);
+    luaL_argcheck(state, count % 2 == 0, 1,
+                  "points are {x1, y1, x2, y2, ...}: a number is missing");
+    luaL_argcheck(state, count / 2 <= CDrawContext::MaxPoints, 1, "too many points");
+    contextOf(state).watchdog.charge(state, count * 16);
+    drawing.beginPoints();
+    for (size_t i = 1; i < count; i += 2) {
+        lua_rawgeti(state, 1, static_cast<lua_Integer>(i));
+        lua_rawgeti(state, 1, static_cast<lua_Integer>(i + 1));
+        const double x = lua_tonumber(state, -2);
+        const double y = lua_tonumber(state, -1);
+        if (!lua_isnumber(state, -2) || !lua_isnumber(state, -1) || !std::isfinite(x) ||
+            !std::isfinite(y))
+            luaL_error(state, "point %d is not a pair of numbers", static_cast<int>(i / 2 + 1));
+        lua_pop(state, 2);
+        drawing.addPoint(x, y);
+    }
+}
+
+int disc(lua_State *state)
+{
+    const double x = checkNumber(state, 1);
+    const double y = checkNumber(state, 2);
+    drawingOf(state).disc(x, y, checkNumber(state, 3));
+    return 0;
+}
+
+int line(lua_State *state)
+{
+    const double x0 = checkNumber(state, 1);
+    const double y0 = checkNumber(state, 2);
+    const double x1 = checkNumber(state, 3);
+    drawingOf(state).line(x0, y0, x1, checkNumber(state, 4));
+    return 0;
+}
+
+struct SBox
+{
+    explicit SBox(lua_State *state)
+        : x(checkNumber(state, 1)),
+          y(checkNumber(state, 2)),
+          width(checkNumber(state, 3)),
+          height(checkNumber(state, 4))
+    {
+    }
+    double x, y, width, height;
+};
+
+int fillRect(lua_State *state)
+{
+    const SBox box(state);
+    drawingOf(state).fillRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
+    return 0;
+}
+
+int strokeRect(lua_State *state)
+{
+    const SBox box(state);
+    drawingOf(state).strokeRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
+    return 0;
+}
+
+int polyline(lua_State *state)
+{
+    CDrawContext &drawing = drawingOf(state);
+    checkPoints(state, drawing);
+    drawing.polyline(!lua_isnoneornil(state, 2) && checkSwitch(state, 2));
+    return 0;
+}
+
+int polygon(lua_State *state)
+{
+    CDrawContext &drawing = drawingOf(state);
+    checkPoints(state, drawing);
+    drawing.polygon();
+    return 0;
+}
+
+int arc(lua_State *state)
+{
+    static const char *const Caps[] = {"round", "butt", nullptr};
+    const double x = checkNumber(state, 1);
+    const double y = checkNumber(state, 2);
+    const double radius = checkNumber(state, 3);
+    const double start = checkNumber(state, 4);
+    const double sweep = checkNumber(state, 5);
+    const bool isRound = luaL_checkoption(state, 6, "round", Caps) == 0;
+    drawingOf(state).arc(x, y, radius, start, sweep, isRound ? EArcCaps::Round : EArcCaps::Butt);
+    return 0;
+}
+
+int gradient(lua_State *state)
+{
+    const SBox box(state);
+    const Argb from = checkColour(state, 5);
+    const Argb to = checkColour(state, 6);
+    const double angle = optNumber(state, 7, 90);
+    drawingOf(state).gradient(box.x, box.y, box.width, box.height, from, to, angle,
+                              optNumber(state, 8, 0));
+    return 0;
+}
+
+int hatchedBox(lua_State *state)
+{
+    const SBox box(state);
+    CDrawContext &drawing = drawingOf(state);
+    if (!drawing.save())
+        luaL_error(state, "too many saved states");
+    drawing.hatchedBox(box.x, box.y, box.width, box.height);
+    drawing.restore();
+    return 0;
+}
+
+int splitPoints(lua_State *state)
+{
+    size_t length = 0;
+    const char *at = luaL_checklstring(state, 1, &length);
+    contextOf(state).watchdog.charge(state, length * 8);
+    lua_newtable(state);
+    lua_Integer count = 0;
+    while (*at != '\0') {
+        char *end = nullptr;
+        const double number = std::strtod(at, &end);
+        // x is followed by ",", y by ";" or the end of the text.
+        const bool isX = count % 2 == 0;
+        const bool isEnded = isX ? *end == ',' : *end == ';' || *end == '\0';
+        if (end == at || !isEnded || !std::isfinite(number))
+            luaL_error(state, "point %d of the list is not of the form x,y",
+                       static_cast<int>(count / 2 + 1));
+        lua_pushnumber(state, number);
+        lua_rawseti(state, -2, ++count);
+        at = *end == '\0' ? end : end + 1;
+    }
+    if (count % 2 != 0)
+        luaL_error(state, "the last point of the list has no y");
+    return 1;
+}
+
+} // namespace
+
+const luaL_Reg DrawApiShapes[] = {
+    {"disc", disc},
+    {"line", line},
+    {"fill_rect", fillRect},
+    {"stroke_rect", strokeRect},
+    {"polyline", polyline},
+    {"polygon", polygon},
+    {"arc", arc},
+    {"gradient", gradient},
+    {"hatched_box", hatchedBox},
+    {"split_points", splitPoints},
+    {nullptr, nullptr},
+};
+
+} // namespace kivemu

@@ -1,0 +1,151 @@
+#include "SLuaContext.h"
+#include "SandboxLibraries.h"
+#include "SortedKeys.h"
+
+#include <initializer_list>
+#include <lua.hpp>
+
+namespace kivemu {
+
+namespace {
+
+const char *const Allowed[] = {
+    "assert", "error",  "getmetatable", "ipairs",   "pcall",    "rawequal", "rawget", "rawlen",
+    "rawset", "select", "setmetatable", "tonumber", "tostring", "type",     "xpcall", nullptr};
+
+int charged(lua_State *state)
+{
+    size_t work = 0;
+    for (int i = lua_gettop(state); i > 0; --i) {
+        if (lua_type(state, i) == LUA_TSTRING)
+            work += lua_rawlen(state, i);
+    }
+    contextOf(state).watchdog.charge(state, work);
+    return callOriginal(state);
+}
+
+/// A finalizer runs where no hook can stop it.
+int setMetatable(lua_State *state)
+{
+    if (lua_istable(state, 2)) {
+        lua_pushliteral(state, "__gc");
+        if (lua_rawget(state, 2) != LUA_TNIL)
+            luaL_error(state, "'__gc' is not available");
+        lua_pop(state, 1);
+    }
+    return callOriginal(state);
+}
+
+/// rawset would get past the views that keep the libraries read-only.
+int rawSet(lua_State *state)
+{
+    if (luaL_getmetafield(state, 1, "__metatable") != LUA_TNIL)
+        luaL_error(state, "the table is read-only");
+    return callOriginal(state);
+}
+
+/// The stock text of a table or function is its address, which differs from run to run.
+int toString(lua_State *state)
+{
+    luaL_checkany(state, 1);
+    const int type = lua_type(state, 1);
+    const bool hasAddress = type == LUA_TTABLE || type == LUA_TFUNCTION || type == LUA_TUSERDATA;
+    if (!hasAddress || luaL_getmetafield(state, 1, "__tostring") != LUA_TNIL) {
+        lua_settop(state, 1);
+        return callOriginal(state);
+    }
+    lua_pushstring(state, lua_typename(state, type));
+    return 1;
+}
+
+int readOnlyError(lua_State *state)
+{
+    return luaL_error(state, "the table is read-only");
+}
+
+void wrapGlobal(lua_State *state, const char *name, lua_CFunction wrapper)
+{
+    lua_getglobal(state, name);
+    lua_pushcclosure(state, wrapper, 1);
+    lua_setglobal(state, name);
+}
+
+} // namespace
+
+int callOriginal(lua_State *state)
+{
+    return lua_tocfunction(state, lua_upvalueindex(1))(state);
+}
+
+void takeCharged(lua_State *state, const char *const *names)
+{
+    lua_newtable(state);
+    for (; *names; ++names) {
+        lua_getfield(state, -2, *names);
+        lua_pushcclosure(state, charged, 1);
+        lua_setfield(state, -2, *names);
+    }
+    lua_remove(state, -2);
+}
+
+void setReadOnlyGlobal(lua_State *state, const char *name)
+{
+    lua_newtable(state);
+    lua_newtable(state);
+    lua_rotate(state, -3, -1); // view, its metatable, the table
+    lua_setfield(state, -2, "__index");
+    lua_pushcfunction(state, readOnlyError);
+    lua_setfield(state, -2, "__newindex");
+    lua_pushboolean(state, false);
+    lua_setfield(state, -2, "__metatable");
+    lua_setmetatable(state, -2);
+    lua_setglobal(state, name);
+}
+
+void openSandboxBase(lua_State *state)
+{
+    luaL_requiref(state, LUA_GNAME, luaopen_base, 1);
+    lua_newtable(state);
+    for (const char *const *name = Allowed; *name; ++name) {
+        lua_getfield(state, -2, *name);
+        lua_setfield(state, -2, *name);
+    }
+    lua_rawseti(state, LUA_REGISTRYINDEX, LUA_RIDX_GLOBALS);
+    lua_pop(state, 1);
+    // The full base library stays reachable through the table of loaded modules otherwise.
+    lua_pushnil(state);
+    lua_setfield(state, LUA_REGISTRYINDEX, LUA_LOADED_TABLE);
+
+    wrapGlobal(state, "setmetatable", setMetatable);
+    wrapGlobal(state, "rawset", rawSet);
+    wrapGlobal(state, "tostring", toString);
+    wrapGlobal(state, "tonumber", charged);
+    lua_pushcfunction(state, sortedPairs);
+    lua_setglobal(state, "pairs");
+    lua_pushcfunction(state, sortedNext);
+    lua_setglobal(state, "next");
+}
+
+void openSandboxMath(lua_State *state)
+{
+    luaopen_math(state);
+    for (const char *name : {"random", "randomseed"}) {
+        lua_pushnil(state);
+        lua_setfield(state, -2, name);
+    }
+    setReadOnlyGlobal(state, "math");
+}
+
+void openSandboxUtf8(lua_State *state)
+{
+    static const char *const Functions[] = {"char", "codepoint", "codes", "len", "offset", nullptr};
+    luaopen_utf8(state);
+    lua_getfield(state, -1, "charpattern");
+    lua_insert(state, -2);
+    takeCharged(state, Functions);
+    lua_insert(state, -2);
+    lua_setfield(state, -2, "charpattern");
+    setReadOnlyGlobal(state, "utf8");
+}
+
+} // namespace kivemu

@@ -1,0 +1,27 @@
+#pragma once
+
+struct lua_State;
+
+namespace kivemu {
+
+// The parts of Lua's library that render scripts get. Every function that could run long in C looks
+// at the clock itself, and none gives anything that differs from run to run. Each leaves the Lua
+// error to the caller: they run in protected mode.
+
+/// Takes everything out of the globals that is not allowed and puts bounded versions in.
+void openSandboxBase(lua_State *state);
+void openSandboxString(lua_State *state);
+void openSandboxTable(lua_State *state);
+void openSandboxUtf8(lua_State *state);
+void openSandboxMath(lua_State *state);
+
+/// For wrappers: calls the C function that is the first upvalue, in the wrapper's own frame.
+int callOriginal(lua_State *state);
+/// From a table of functions at the top of the stack takes the named ones (the list ends with null)
+/// into a new table in its place, each wrapped so that it charges the watchdog for the length of
+/// its text arguments.
+void takeCharged(lua_State *state, const char *const *names);
+/// Pops a table and sets the global of that name to a read-only view of it.
+void setReadOnlyGlobal(lua_State *state, const char *name);
+
+} // namespace kivemu

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "CTestModel.h"
+#include "displaylist/DisplayListText.h"
+#include "host/CLuaHost.h"
+
+/// The least script that draws every item on a background.
+constexpr char PlainScript[] = R"lua(
+function render(screen, items)
+  clear(screen.color)
+  for _, item in ipairs(items) do draw_item(item) end
+end
+)lua";
+
+/// One frame of a model, as text.
+struct SHostRun
+{
+    SHostRun(kivemu::CLuaHost &host, CTestModel &model, int width = 480, int height = 272)
+    {
+        kivemu::CSnapshot snapshot;
+        CTestIterator iterator(model);
+        snapshot.take(&iterator);
+        const kivemu::SDrawing drawing = host.draw(snapshot, width, height);
+        words = drawing.words;
+        list = kivemu::disassemble(words.data(), words.size());
+        errors = drawing.errors.text();
+    }
+    bool has(const std::string &command) const { return list.find(command) != std::string::npos; }
+
+    std::vector<uint32_t> words;
+    std::string list;
+    std::string errors;
+};
