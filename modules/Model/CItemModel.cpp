@@ -125,10 +125,15 @@ void CItemModel::setData(const QVariant &value, int role)
         QStandardItem::setData(value, role);
 }
 
-void CItemModel::addProperty(const CWidgetProperty &property)
+void CItemModel::insertProperty(const CWidgetProperty &property)
 {
     m_index.clear();
     m_properties.insert(property.key(), property);
+}
+
+void CItemModel::addProperty(const CWidgetProperty &property)
+{
+    insertProperty(property);
     applyProperty(property.key(), property.value());
 }
 
@@ -174,8 +179,7 @@ void CItemModel::setProperty(const QString &name, const QVariant &value, Notify 
     } else if (value.isValid() && !key.isEmpty()) {
         CWidgetProperty added(key, PropertyType::String);
         added.setValue(value);
-        m_index.clear();
-        m_properties.insert(key, added);
+        insertProperty(added);
     }
     applyProperty(key, value);
     if (notify == Notify::Yes && m_observer) // what is stored now, rounded where the item rounds
@@ -333,7 +337,8 @@ void CItemModel::setRadius(double radius)
 /// it was (as an undo does) gives the defining property back as well.
 void CItemModel::storeDerivedSize(const QString &name, double size)
 {
-    if (CWidgetProperty *property = findProperty(name))
+    CWidgetProperty *property = findProperty(name);
+    if (property && !keepsText(*property))
         property->setValue(size);
 }
 
@@ -400,11 +405,17 @@ void CItemModel::writeBack(const QString &name, const QVariant &value, Notify no
     const auto it = m_properties.constFind(name);
     if (it == m_properties.constEnd())
         return;
-    // A document's text stays as it was written; only sizes given twice are made to agree.
-    const bool keepText = m_loading && (m_geometry.mode == GeometryMode::Box ||
-                                        it->propertyType() == PropertyType::String);
+    // A box has nothing to agree with but its own text.
+    const bool keepText = keepsText(*it) || (m_loading && m_geometry.mode == GeometryMode::Box);
     if (!keepText)
         setPropertyIfChanged(name, value, notify);
+}
+
+/// Whether the text of a document is being taken that the library does not know: it stays as it
+/// was written. Sizes of a known kind that are given twice are made to agree.
+bool CItemModel::keepsText(const CWidgetProperty &property) const
+{
+    return m_loading && property.propertyType() == PropertyType::String;
 }
 
 void CItemModel::deriveWidth()

@@ -150,6 +150,7 @@ protected:
     /// Whether the kind itself has the property, so that it is never taken away.
     virtual bool isBuiltIn(const QString &name) const = 0;
 
+    void insertProperty(const CWidgetProperty &property); ///< without what follows from it
     void takePropertySet(const PropertySet &properties, const QStringList &order);
     /// Names of the given order that the item has, then all others sorted.
     QVector<const CWidgetProperty *> orderedProperties(const QStringList &order) const;
@@ -163,6 +164,7 @@ private:
     void setRoundSize(double size);
     void storeDerivedSize(const QString &name, double size);
     void writeBack(const QString &name, const QVariant &value, Notify notify);
+    bool keepsText(const CWidgetProperty &property) const;
     void deriveWidth(); // of two corners
     void deriveHeight();
 

@@ -4,6 +4,7 @@
 #include "PropertyKey.h"
 
 #include <QBrush>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <limits>
@@ -29,33 +30,43 @@ void CWidgetModel::saveToElement(QDomElement &element) const
     ItemXml::write(*this, element);
 }
 
+/// Where an attribute stands in the order in which attributes take effect; documents have them in
+/// any order. Sizes come first, so that a radius or corner that is given too decides.
+int CWidgetModel::orderOf(const QString &name) const
+{
+    if (name == PropertyKey::Width || name == PropertyKey::Height)
+        return -1;
+    const int index = library() ? library()->propertyIndex(itemTypeName(), name) : -1;
+    return index < 0 ? std::numeric_limits<int>::max() : index;
+}
+
 void CWidgetModel::takeAttributes(const ItemAttributes &attributes)
 {
-    // First all values, then what follows from them in an order of our own: attributes come in any.
     struct Step
     {
-        int order; ///< the library's, then whatever it does not know
-        QString name;
+        int order;
+        const ItemAttribute *attribute;
     };
-    QVector<Step> steps;
+    QVarLengthArray<Step, 32> steps;
     for (const ItemAttribute &attribute : attributes) {
         CWidgetProperty *property = findProperty(attribute.name);
         if (!property) {
-            CWidgetProperty extra(attribute.name, PropertyType::String);
-            addProperty(extra);
+            insertProperty(CWidgetProperty(attribute.name, PropertyType::String));
             property = findProperty(attribute.name);
         }
-        property->setValueFromText(attribute.text);
-        if (!isDerivedFrom(attribute.name))
-            continue;
-        const int index = library() ? library()->propertyIndex(itemTypeName(), attribute.name) : -1;
-        steps.append({index < 0 ? std::numeric_limits<int>::max() : index, attribute.name});
+        if (isDerivedFrom(attribute.name))
+            steps.append({orderOf(attribute.name), &attribute});
+        else
+            property->setValueFromText(attribute.text);
     }
     std::sort(steps.begin(), steps.end(), [](const Step &a, const Step &b) {
-        return a.order != b.order ? a.order < b.order : a.name < b.name;
+        return a.order != b.order ? a.order < b.order : a.attribute->name < b.attribute->name;
     });
-    for (const Step &step : qAsConst(steps))
-        applyProperty(step.name, propertyValue(step.name));
+    for (const Step &step : qAsConst(steps)) {
+        CWidgetProperty *property = findProperty(step.attribute->name);
+        property->setValueFromText(step.attribute->text);
+        applyProperty(step.attribute->name, QVariant(property->value()));
+    }
 }
 
 bool CWidgetModel::isSaved(const CWidgetProperty &property) const

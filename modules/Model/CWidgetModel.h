@@ -22,5 +22,6 @@ protected:
     bool isBuiltIn(const QString &name) const override;
 
 private:
+    int orderOf(const QString &name) const;
     bool isSaved(const CWidgetProperty &property) const;
 };

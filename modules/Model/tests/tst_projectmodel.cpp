@@ -1,0 +1,558 @@
+#include "CXmlGuard.h"
+#include "ModelTestSupport.h"
+#include "ScreenDocuments.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QUndoStack>
+
+#include <memory>
+
+/// The project, its document, and the documents of screens and widgets outside a project.
+class tst_ProjectModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { loadTestLibrary(); }
+    void newProject();
+    void platformRelinksEveryItem();
+    void graphicsMemory_data();
+    void graphicsMemory();
+    void processWidePointer();
+    void savedForm();
+    void readsScreensAndItems();
+    void attributeOrderDoesNotMatter();
+    void keepsWhatItDoesNotKnow();
+    void refusedDocuments_data();
+    void refusedDocuments();
+    void everyTruncationChangesNothing();
+    void randomTreesSurvive();
+    void domAndStreamsAgree();
+    void tooDeepToBeReadBack();
+    void filesAndFolders();
+    void failedSaves();
+    void ids();
+    void copiedScreens();
+    void copiedItems();
+    void pageFile();
+    void malformedCopies_data();
+    void malformedCopies();
+    void clipboardData();
+};
+
+namespace {
+QByteArray saved(const CProjectModel &project)
+{
+    QString error;
+    const QByteArray xml = project.saveToBytes(&error);
+    return error.isEmpty() ? xml : QByteArray("error: ") + error.toUtf8();
+}
+
+bool load(CProjectModel &project, const QByteArray &xml)
+{
+    QString error;
+    const bool loaded = project.loadFromBytes(xml, &error);
+    return loaded && error.isEmpty();
+}
+
+/// A project with an item of every kind, groups in groups, and awkward texts.
+std::unique_ptr<CProjectModel> randomProject(uint seed, int items)
+{
+    QRandomGenerator random(seed);
+    auto project = std::make_unique<CProjectModel>();
+    project->newProject({{PropertyKey::Platform, QStringLiteral("QX11%1").arg(seed % 4)},
+                         {PropertyKey::ProjectName, QStringLiteral("Prüfung <%1>").arg(seed)},
+                         {PropertyKey::Width, QStringLiteral("800")}});
+    project->appendRow(new CScreenModel(project.get()));
+    const QString types[] = {"Test_Box_T",  "Test_Circle_T", "Test_Dot_T",
+                             "Test_Line_T", "Test_Poly_T",   "Alien_T"};
+    const QString texts[] = {"",    "plain", "a<b>&\"'", "line\nbreak\ttab\r", "ä台\U0001F600",
+                             "]]>", "  "};
+    const QString extras[] = {"note", "x-1", "zzz", "ä"};
+    QVector<CItemModel *> parents = {project->screen(0), project->screen(1)};
+    for (int i = 0; i < items; ++i) {
+        CItemModel *parent = parents.at(random.bounded(parents.size()));
+        CItemModel *item = nullptr;
+        if (random.bounded(8) == 0)
+            parents.append(item = newGroup(*project, {}));
+        else
+            item = newWidget(*project, types[random.bounded(6)]);
+        const auto set = [&](const QString &key, int value) {
+            if (item->hasProperty(key))
+                item->setProperty(key, value, CItemModel::Notify::No);
+        };
+        item->setProperty(PropertyKey::Name, texts[random.bounded(7)], CItemModel::Notify::No);
+        for (const QString &key :
+             {PropertyKey::X, PropertyKey::Y, PropertyKey::X2, PropertyKey::Y2, PropertyKey::Id})
+            set(key, random.bounded(-999, 999));
+        set(random.bounded(2) ? PropertyKey::Radius : PropertyKey::PointSize, random.bounded(500));
+        set(PropertyKey::Angle, random.bounded(360));
+        if (item->geometryMode() == GeometryMode::Box)
+            set(PropertyKey::Width, random.bounded(500));
+        if (item->hasProperty(QStringLiteral("fill"))) {
+            item->setProperty(QStringLiteral("text"), texts[random.bounded(7)]);
+            item->setProperty(QStringLiteral("opacity"), random.generateDouble());
+            item->setProperty(QStringLiteral("visible"), random.bounded(2));
+        }
+        if (random.bounded(4) == 0)
+            item->setProperty(extras[random.bounded(4)], texts[random.bounded(7)]);
+        if (parent->kind() == CItemModel::Kind::Group)
+            parent->appendChildren({item});
+        else
+            parent->insertRow(random.bounded(parent->rowCount() + 1), item);
+    }
+    return project;
+}
+} // namespace
+
+void tst_ProjectModel::newProject()
+{
+    CProjectModel project;
+    QCOMPARE(project.resolution(), QSize(480, 320));
+    QCOMPARE(project.screenCount(), 0);
+    project.newProject({{PropertyKey::ProjectName, "P"},
+                        {PropertyKey::Width, "800"},
+                        {PropertyKey::Height, "nonsense"}});
+    QCOMPARE(project.resolution(), QSize(800, 0));
+    QCOMPARE(project.invisibleRootItem()->text(), QStringLiteral("Kiv_Project_T"));
+    QCOMPARE(project.screenCount(), 1);
+    project.setNyxVersion(QStringLiteral("2.1"));
+    QCOMPARE(project.propertyText(QStringLiteral("NYXVersion")), QStringLiteral("2.1"));
+    QVERIFY(project.undoStack()->isClean());
+    project.undoStack()->push(new QUndoCommand);
+    project.newProject({});
+    QCOMPARE(project.undoStack()->count(), 0);
+    QVERIFY(project.propertyText(PropertyKey::ProjectName).isEmpty());
+}
+
+void tst_ProjectModel::platformRelinksEveryItem()
+{
+    CProjectModel project;
+    project.newProject({{PropertyKey::Platform, QStringLiteral("QX100")}});
+    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
+    project.screen(0)->appendRow(newGroup(project, {box}));
+    const auto &manager = CWidgetLibraryManager::instance();
+    QCOMPARE(box->library(), manager.libraryModel(0x100));
+    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX112"));
+    QCOMPARE(box->library(), manager.libraryModel(0x112));
+    QCOMPARE(project.screen(0)->library(), manager.libraryModel(0x112));
+    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("unheard of"));
+    QCOMPARE(box->library(), manager.libraryModel(0x100));
+    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX1zz"));
+    QVERIFY(!box->library());
+    QCOMPARE(static_cast<IModelItem *>(box)->renderCommands(), "");
+    QVERIFY(load(project, saved(project)));
+}
+
+void tst_ProjectModel::graphicsMemory_data()
+{
+    QTest::addColumn<QString>("platform");
+    QTest::addColumn<quint32>("bytes");
+    QTest::newRow("first generation") << "QX101" << 0x40000u;
+    QTest::newRow("second generation") << "QX113" << 0x100000u;
+    QTest::newRow("anywhere in the name") << "my QX11" << 0x100000u;
+    QTest::newRow("lower case") << "qx110" << 0x40000u;
+    QTest::newRow("none") << "" << 0x40000u;
+}
+
+void tst_ProjectModel::graphicsMemory()
+{
+    QFETCH(QString, platform);
+    CProjectModel project;
+    project.newProject({{PropertyKey::Platform, platform}});
+    QTEST(project.graphicsMemorySize(), "bytes");
+}
+
+void tst_ProjectModel::processWidePointer()
+{
+    QVERIFY(!CProjectModel::current());
+    {
+        CProjectModel first;
+        CProjectModel::setCurrent(&first);
+        {
+            CProjectModel second;
+        }
+        QCOMPARE(CProjectModel::current(), &first);
+    }
+    QVERIFY(!CProjectModel::current());
+}
+
+void tst_ProjectModel::savedForm()
+{
+    CProjectModel project;
+    project.newProject({{PropertyKey::Platform, "QX110"},
+                        {"zone", "b"},
+                        {"area", "a"},
+                        {PropertyKey::ProjectName, "P"}});
+    auto *circle = newWidget(project, QStringLiteral("Test_Circle_T"));
+    circle->setProperty(PropertyKey::Radius, 17);
+    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
+    box->setProperty(QStringLiteral("secret"), 99);
+    auto *group = newGroup(project, {circle});
+    CWidgetProperty hidden(QStringLiteral("hidden_one"), PropertyType::String);
+    hidden.setInternal(true);
+    group->addProperty(hidden);
+    project.screen(0)->addProperty(hidden);
+    project.screen(0)->appendRow(group);
+    project.screen(0)->appendRow(box);
+    QCOMPARE(
+        saved(project),
+        QByteArray("<Kiv_Project_T project_name=\"P\" platform=\"QX110\" area=\"a\" zone=\"b\">\n"
+                   " <Kiv_Screen_T name=\"Page 1\" color=\"#000000\" screen_bm_ts=\"\">\n"
+                   "  <Widget_Group_T name=\"Widget Group\" x_coordinate=\"0\" y_coordinate=\"0\" "
+                   "hidden_one=\"\">\n"
+                   "   <Test_Circle_T name=\"Circle\" id=\"0\" x_coordinate=\"0\" "
+                   "y_coordinate=\"0\" radius=\"17\" angle=\"0\"/>\n"
+                   "  </Widget_Group_T>\n"
+                   "  <Test_Box_T name=\"Box\" id=\"0\" x_coordinate=\"10\" y_coordinate=\"20\" "
+                   "width=\"40\" height=\"30\""
+                   " text=\"a &lt;b>\" fill=\"#ff0000\" visible=\"1\" alarm=\"12:30:05\" "
+                   "opacity=\"0.25\" align=\"Left\""
+                   " odd=\"12\" hush=\"1\" bfolder=\"\"/>\n"
+                   " </Kiv_Screen_T>\n"
+                   "</Kiv_Project_T>\n"));
+    CProjectModel again;
+    QVERIFY(load(again, saved(project)));
+    CItemModel *readCircle = again.screen(0)->childItem(0)->childItem(0);
+    QCOMPARE(readCircle->radius(), 17.0);
+    QCOMPARE(readCircle->width(), 34.0);
+    QVERIFY(readCircle->isGrouped() && !readCircle->isSelectable());
+    QCOMPARE(again.screen(0)->childItem(1)->propertyText(QStringLiteral("secret")),
+             QStringLiteral("7"));
+}
+
+void tst_ProjectModel::readsScreensAndItems()
+{
+    CProjectModel project;
+    QVERIFY(load(
+        project,
+        "<?xml version='1.0'?><!-- c --><Kiv_Project_T height='99' platform='QX101'>"
+        "<Kiv_Screen_T color='teal' name='One' id='7' "
+        "working_directory='x'/><Else><Kiv_Screen_T/></Else>"
+        "<Kiv_Screen_T/><Kiv_Screen_T name='Page 1'>text<Widget_Group_T x_coordinate='5' name='G'>"
+        "<Test_Dot_T name='D' point_size='32'/><Widget_Group_T/></Widget_Group_T></Kiv_Screen_T>"
+        "</Kiv_Project_T>"));
+    QCOMPARE(project.resolution(), QSize(480, 99));
+    QCOMPARE(project.screenCount(), 3);
+    const CScreenModel *one = project.screen(0);
+    QCOMPARE(one->text(), QStringLiteral("One"));
+    QCOMPARE(one->idString(), QStringLiteral("7"));
+    QCOMPARE(one->propertyText(PropertyKey::Color), QStringLiteral("teal"));
+    QCOMPARE(one->properties()[PropertyKey::Color].propertyType(), PropertyType::String);
+    QVERIFY(!one->hasProperty(PropertyKey::WorkingDirectory));
+    QCOMPARE(project.screen(1)->text(), QStringLiteral("Page 2")); // a name of its own
+    const CItemModel *group = project.screen(2)->childItem(0);
+    QCOMPARE(group->x(), 5.0);
+    QCOMPARE(group->properties()[PropertyKey::X].propertyType(), PropertyType::Int);
+    QCOMPARE(group->childItem(0)->radius(), 2.0);
+    QCOMPARE(group->childItem(0)->library(), CWidgetLibraryManager::instance().libraryModel(0x101));
+    QCOMPARE(group->childItem(1)->itemTypeName(), TypeName::Group);
+}
+
+void tst_ProjectModel::attributeOrderDoesNotMatter()
+{
+    const QByteArray forward =
+        "x_coordinate='5' x2_coordinate='9' radius='17' width='80' resizeable='0' angle='7'";
+    QByteArrayList parts = forward.split(' ');
+    QStringList results;
+    std::sort(parts.begin(), parts.end());
+    do {
+        CProjectModel project;
+        QVERIFY(load(project, "<Kiv_Project_T platform='QX110'><Kiv_Screen_T><Test_Circle_T " +
+                                  parts.join(' ') + "/></Kiv_Screen_T></Kiv_Project_T>"));
+        results += describe(project);
+        QCOMPARE(project.screen(0)->childItem(0)->propertyText(PropertyKey::Radius),
+                 QStringLiteral("17"));
+    } while (std::next_permutation(parts.begin(), parts.end()) && results.size() < 200);
+    QCOMPARE(results.removeDuplicates(), 199);
+}
+
+void tst_ProjectModel::keepsWhatItDoesNotKnow()
+{
+    const QByteArray xml =
+        "<Kiv_Project_T platform=\"QX110\" team=\"b\">\n"
+        " <Kiv_Screen_T name=\"P\" color=\"#000000\" screen_bm_ts=\"\" mood=\"good\">\n"
+        "  <Future_T angle=\"045\" height=\"1.5\" name=\"F\" radius=\"08\" width=\"034\"/>\n"
+        "  <Test_Dot_T name=\"D\" x_coordinate=\"0\" y_coordinate=\"0\" point_size=\"64\" "
+        "bounce=\"yes &amp; no\"/>\n"
+        " </Kiv_Screen_T>\n"
+        "</Kiv_Project_T>\n";
+    CProjectModel project;
+    QVERIFY(load(project, xml));
+    QCOMPARE(saved(project), xml);
+}
+
+void tst_ProjectModel::refusedDocuments_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no XML") << QByteArray("hello");
+    QTest::newRow("another root") << QByteArray("<project><Kiv_Project_T/></project>");
+    QTest::newRow("cut") << QByteArray("<Kiv_Project_T><Kiv_Screen_T>");
+    QTest::newRow("error at the end")
+        << QByteArray("<Kiv_Project_T><Kiv_Screen_T/></Kiv_Project_T><x");
+    QTest::newRow("deep") << "<Kiv_Project_T>" + QByteArray("<Widget_Group_T>").repeated(100000);
+    QTest::newRow("document type") << QByteArray("<!DOCTYPE Kiv_Project_T><Kiv_Project_T/>");
+    QTest::newRow("page file") << QByteArray("<ScreenSave><Screen/></ScreenSave>");
+}
+
+void tst_ProjectModel::refusedDocuments()
+{
+    QFETCH(QByteArray, xml);
+    const auto project = randomProject(1, 10);
+    project->undoStack()->push(new QUndoCommand);
+    const QString before = describe(*project);
+    QSignalSpy removed(project.get(), &QAbstractItemModel::rowsRemoved);
+    QSignalSpy cleared(project.get(), &QAbstractItemModel::modelReset);
+    QString error;
+    QVERIFY(!project->loadFromBytes(xml, &error));
+    QVERIFY(!error.isEmpty());
+    QVERIFY(!CProjectModel::isProjectDocument(xml, nullptr));
+    QCOMPARE(describe(*project), before);
+    QCOMPARE(removed.count() + cleared.count(), 0);
+    QCOMPARE(project->undoStack()->count(), 1);
+}
+
+void tst_ProjectModel::everyTruncationChangesNothing()
+{
+    const QByteArray xml = saved(*randomProject(2, 8)).trimmed();
+    CProjectModel project;
+    project.newProject({});
+    const QString before = describe(project);
+    for (int size = 0; size < xml.size(); ++size)
+        QVERIFY(!project.loadFromBytes(xml.left(size), nullptr));
+    QCOMPARE(describe(project), before);
+    QVERIFY(load(project, xml));
+}
+
+void tst_ProjectModel::randomTreesSurvive()
+{
+    for (uint seed = 0; seed < 10; ++seed) {
+        const auto project = randomProject(seed, seed == 0 ? 1000 : 100);
+        const QByteArray xml = saved(*project);
+        CProjectModel again;
+        QVERIFY(load(again, xml));
+        QCOMPARE(saved(again), xml);
+        // A screen's properties become text, and what is derived is not in the file; all else is
+        // equal.
+        for (CProjectModel *each : {project.get(), &again}) {
+            for (int row = 0; row < each->screenCount(); ++row) {
+                CWidgetProperty color(PropertyKey::Color, PropertyType::String);
+                color.setValueFromText(each->screen(row)->propertyText(PropertyKey::Color));
+                each->screen(row)->addProperty(color);
+            }
+        }
+        QCOMPARE(describe(again), describe(*project));
+    }
+}
+
+void tst_ProjectModel::domAndStreamsAgree()
+{
+    const auto project = randomProject(3, 200);
+    QDomDocument written;
+    project->save(written);
+    const auto read = CXmlGuard::parse(saved(*project));
+    QVERIFY(read);
+    CProjectModel fromDom;
+    QVERIFY(fromDom.load(*read));
+    CProjectModel fromStream;
+    QVERIFY(load(fromStream, saved(*project)));
+    QCOMPARE(describe(fromDom), describe(fromStream));
+    CProjectModel fromWritten;
+    QVERIFY(fromWritten.load(written));
+    QCOMPARE(saved(fromWritten), saved(*project));
+    QDomDocument empty;
+    QVERIFY(!fromWritten.load(empty));
+    QCOMPARE(fromWritten.screenCount(), 0);
+}
+
+void tst_ProjectModel::tooDeepToBeReadBack()
+{
+    CProjectModel project;
+    project.newProject({});
+    CItemModel *inner = newGroup(project, {});
+    CItemModel *outer = inner;
+    for (int i = 0; i < 300; ++i)
+        outer = newGroup(project, {outer});
+    project.screen(0)->appendRow(outer);
+    QString error;
+    QVERIFY(project.saveToBytes(&error).isEmpty());
+    QVERIFY(error.contains(QStringLiteral("256")));
+    QTemporaryDir folder;
+    QVERIFY(!project.saveToFile(folder.filePath(QStringLiteral("deep.nyx")), &error));
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("deep.nyx"))));
+}
+
+void tst_ProjectModel::filesAndFolders()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("demo.nyx"));
+    CProjectModel project;
+    project.newProject({});
+    project.setWorkingDirectory(folder.path());
+    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
+    project.screen(0)->appendRow(box);
+    box->setProperty(PropertyKey::BitmapFolder,
+                     folder.filePath(QStringLiteral("demo_ConvertedImages/L8")));
+    QString error;
+    QVERIFY2(project.saveToFile(path, &error), qPrintable(error));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(!bytes.contains(folder.path().toUtf8())); // nothing of the place where it lies
+    QVERIFY(bytes.contains("bfolder=\"demo_ConvertedImages/L8\""));
+
+    QTemporaryDir other; // moved or checked out elsewhere
+    const QString moved = other.filePath(QStringLiteral("demo.nyx"));
+    QVERIFY(QFile::copy(path, moved));
+    CProjectModel opened;
+    QVERIFY2(opened.loadFromFile(moved, &error), qPrintable(error));
+    QCOMPARE(opened.workingDirectory(), other.path());
+    QCOMPARE(opened.absoluteFolder(
+                 opened.screen(0)->childItem(0)->propertyText(PropertyKey::BitmapFolder)),
+             other.filePath(QStringLiteral("demo_ConvertedImages/L8")));
+    QCOMPARE(opened.saveToBytes(&error, moved), bytes);
+
+    QCOMPARE(opened.storedFolder(QStringLiteral("/elsewhere")), QStringLiteral("/elsewhere"));
+    QCOMPARE(opened.storedFolder(other.path() + QStringLiteral("x/a")),
+             other.path() + QStringLiteral("x/a"));
+    QCOMPARE(opened.storedFolder(other.path() + QStringLiteral("/../a")),
+             other.path() + QStringLiteral("/../a"));
+    QCOMPARE(opened.storedFolder(other.path()), QStringLiteral("."));
+    QCOMPARE(opened.storedFolder(QString()), QString());
+}
+
+void tst_ProjectModel::failedSaves()
+{
+    QTemporaryDir folder;
+    const auto project = randomProject(4, 10);
+    QString error;
+    QVERIFY(!project->saveToFile(folder.path(), &error));
+    QVERIFY(error.contains(folder.path()));
+    QVERIFY(!project->loadFromFile(folder.filePath(QStringLiteral("none.nyx")), &error));
+    QVERIFY(error.contains(QStringLiteral("none.nyx")));
+    QCOMPARE(project->screenCount(), 2);
+}
+
+void tst_ProjectModel::ids()
+{
+    CProjectModel project;
+    project.newProject({});
+    QCOMPARE(project.unusedId(), 1u);
+    for (const int id : {1, 2, 5}) {
+        auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
+        box->setProperty(PropertyKey::Id, id);
+        project.screen(0)->appendRow(id == 2 ? static_cast<CItemModel *>(newGroup(project, {box}))
+                                             : box);
+    }
+    QCOMPARE(project.unusedId(), 3u);
+    std::unique_ptr<CItemModel> copy(project.screen(0)->clone());
+    project.assignFreshIds(copy.get());
+    QCOMPARE(copy->childItem(0)->id(), 3u);
+    QCOMPARE(copy->childItem(1)->childItem(0)->id(), 4u);
+    QCOMPARE(copy->childItem(2)->id(), 6u);
+    QVERIFY(!copy->childItem(1)->hasProperty(PropertyKey::Id));
+    QCOMPARE(project.screen(0)->childItem(2)->id(), 5u);
+}
+
+void tst_ProjectModel::copiedScreens()
+{
+    const auto project = randomProject(5, 60);
+    const QByteArray xml =
+        ScreenDocuments::ofCopiedScreens({project->screen(0), project->screen(1)});
+    const QDomElement root = ScreenDocuments::copiedScreens(
+        ScreenDocuments::fromClipboard(ScreenDocuments::toClipboard(xml)));
+    QCOMPARE(root.tagName(), QStringLiteral("CopyScreenXML"));
+    QCOMPARE(root.firstChildElement().tagName(), QStringLiteral("Screen"));
+
+    CProjectModel target;
+    target.newProject({{PropertyKey::Platform, project->platform()}});
+    CScreenModel *second = target.buildScreen(root.firstChildElement().nextSiblingElement(), 0);
+    CScreenModel *first = target.buildScreen(root.firstChildElement(), -1);
+    QCOMPARE(target.screen(0), second);
+    QCOMPARE(target.screen(2), first);
+    QCOMPARE(first->rowCount(), project->screen(0)->rowCount());
+    QCOMPARE(first->text(), project->screen(0)->text());
+    QVERIFY(first->project() == &target);
+
+    QSet<quint32> ids; // all different
+    int withId = 0;
+    const std::function<void(const CItemModel *)> collect = [&](const CItemModel *item) {
+        if (item->hasProperty(PropertyKey::Id)) {
+            ids.insert(item->id());
+            ++withId;
+        }
+        for (int row = 0; row < item->rowCount(); ++row)
+            collect(item->childItem(row));
+    };
+    for (int row = 0; row < 3; ++row)
+        collect(target.screen(row));
+    QVERIFY(withId > 10);
+    QCOMPARE(ids.size(), withId);
+    QVERIFY(!ids.contains(0));
+}
+
+void tst_ProjectModel::copiedItems()
+{
+    const auto project = randomProject(6, 60);
+    QVector<const CItemModel *> items;
+    for (int row = 0; row < project->screen(0)->rowCount(); ++row)
+        items.append(project->screen(0)->childItem(row));
+    const QDomElement root = ScreenDocuments::copiedItems(ScreenDocuments::ofCopiedItems(items));
+    QCOMPARE(root.tagName(), QStringLiteral("CopyXML"));
+    CScreenModel holding(project.get()); // as a paste does
+    holding.loadFromElement(root);
+    QCOMPARE(holding.rowCount(), items.size());
+    for (int row = 0; row < items.size(); ++row)
+        QCOMPARE(describe(*holding.childItem(row)), describe(*items.at(row)));
+}
+
+void tst_ProjectModel::pageFile()
+{
+    const auto project = randomProject(7, 20);
+    const QByteArray xml = ScreenDocuments::ofPageFile({project->screen(0)});
+    QVERIFY(xml.startsWith("<ScreenSave>\n <Screen "));
+    QVERIFY(ScreenDocuments::copiedScreens(xml).isNull());
+    QString error;
+    QVERIFY(!ScreenDocuments::pageFile(xml, &error).isNull());
+    QVERIFY(error.isEmpty());
+    QVERIFY(ScreenDocuments::copiedItems(xml, &error).isNull());
+    QVERIFY(error.contains(QStringLiteral("CopyXML")));
+}
+
+void tst_ProjectModel::malformedCopies_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("cut") << QByteArray("<CopyXML><Test_Box_T");
+    QTest::newRow("other root") << QByteArray("<a><CopyXML/><ScreenSave/><CopyScreenXML/></a>");
+    QTest::newRow("document type") << QByteArray("<!DOCTYPE a><CopyXML/>");
+    QTest::newRow("deep") << "<CopyXML>" + QByteArray("<Widget_Group_T>").repeated(1000) +
+                                 QByteArray("</Widget_Group_T>").repeated(1000) + "</CopyXML>";
+}
+
+void tst_ProjectModel::malformedCopies()
+{
+    QFETCH(QByteArray, xml);
+    for (const auto read : {ScreenDocuments::copiedScreens, ScreenDocuments::pageFile,
+                            ScreenDocuments::copiedItems}) {
+        QString error;
+        QVERIFY(read(xml, &error).isNull());
+        QVERIFY(!error.isEmpty());
+    }
+}
+
+void tst_ProjectModel::clipboardData()
+{
+    const QByteArray data = ScreenDocuments::toClipboard("<a/>");
+    for (int size = 0; size < data.size(); ++size)
+        QCOMPARE(ScreenDocuments::fromClipboard(data.left(size)), QByteArray());
+    QCOMPARE(ScreenDocuments::fromClipboard(QByteArray("\xff\xff\xff\xf0 rest", 9)), QByteArray());
+}
+
+QTEST_MAIN(tst_ProjectModel)
+#include "tst_projectmodel.moc"
