@@ -32,7 +32,7 @@ endif()
 
 if(KIV_FUZZ)
   # Everything counts its edges, so that the fuzzer sees into the libraries too.
-  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_compile_options(-O2 -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
   add_link_options(-fsanitize=address,undefined)
 endif()
 

@@ -10,10 +10,10 @@ namespace kivemu {
 
 struct SExample;
 
-/// Executes arbitrary words against arbitrary memory: the frame stays opaque, is the same the
-/// second time and with every set of kernels, and errors name words of the list. The words also
-/// survive their text form.
-/// Input: a byte that chooses the frame's size, two of the memory's length, the memory, the list.
+/// Executes arbitrary words against arbitrary memory: the frame stays opaque, and is the same over
+/// another surface and with other kernels. The words also survive their text form.
+/// Input: a byte that chooses the frame's size and the kernels, two of the memory's length, the
+/// memory, the list.
 std::string checkDisplayList(const uint8_t *data, size_t size);
 /// The input that has the example's list and memory.
 std::vector<uint8_t> displayListInput(const SExample &example);

@@ -9,9 +9,23 @@
 
 namespace kivemu {
 
+class CExecutor;
 class CRamG;
 
-/// The pixels of an executed frame, row by row without padding.
+/// An executed frame, row by row without padding, and what was wrong in its list.
+struct SFrame
+{
+    std::vector<uint32_t> pixels;
+    std::vector<std::string> errors;
+};
+
+/// A frame executed once, over a surface that holds `oldPixels`.
+SFrame execute(CExecutor &executor, const std::vector<uint32_t> &words, const CRamG &memory,
+               int width, int height, uint32_t oldPixels);
+
+/// What differs between two frames of that width; empty: nothing.
+std::string difference(const SFrame &a, const SFrame &b, int width);
+
 struct SReplay
 {
     std::vector<uint32_t> frame;
