@@ -142,9 +142,17 @@ TEST(DisplayListWriter, bitmapsRepeatOnlyWhatDiffers)
     place.wrapY = EBitmapWrap::Repeat;
     writer.bitmap(source, place);
     writer.bitmap(source, place);
-    EXPECT_EQ(text(writer), first + "BITMAP_SOURCE(14, 4096);BITMAP_PALETTE(256);BITMAP_MODE(5);"
-                                    "BITMAP_TRANSFORM(32768, 0, 0, 0, 65536, 0);"
-                                    "BITMAP(160, 320, 1024, 512);BITMAP(160, 320, 1024, 512);");
+    const std::string second = first + "BITMAP_SOURCE(14, 4096);BITMAP_PALETTE(256);"
+                                       "BITMAP_MODE(5);"
+                                       "BITMAP_TRANSFORM(32768, 0, 0, 0, 65536, 0);"
+                                       "BITMAP(160, 320, 1024, 512);BITMAP(160, 320, 1024, 512);";
+    EXPECT_EQ(text(writer), second);
+    writer.bitmap(source, {{0, 0}, {16, 32}});
+    source.height = 31;
+    writer.bitmap(source, {{0, 0}, {16, 32}});
+    EXPECT_EQ(text(writer), second + "BITMAP_MODE(0);BITMAP_TRANSFORM(65536, 0, 0, 0, 65536, 0);"
+                                     "BITMAP(0, 0, 16, 32);BITMAP_LAYOUT(128, 64, 31);"
+                                     "BITMAP(0, 0, 16, 32);");
 }
 
 TEST(DisplayListWriter, aCutBitmapKeepsItsTexelsInPlace)

@@ -311,6 +311,38 @@ TEST(Executor, bitmapsAreMultipliedByColourAndAlpha)
     }
 }
 
+TEST(Executor, eachBitmapRegisterChangesTheNextBitmap)
+{
+    std::vector<uint8_t> bytes = {255, 128, 64, 1, 0, 0, 0, 0};
+    bytes.resize(8 + 2 * 512); // two palettes, all black but for their second entries
+    bytes[8 + 2] = 0xF8;
+    bytes[8 + 3] = 0xFF;
+    bytes[8 + 512 + 2] = 0x1F;
+    const CRamG memory = memoryOf(bytes);
+    const std::string setup = "BITMAP_SOURCE(3, 0);BITMAP_LAYOUT(1, 1, 1);BITMAP_PALETTE(8);"
+                              "BITMAP_MODE(6);";
+    const std::string draw = "BITMAP(0, 0, 256, 256);";
+    const struct
+    {
+        const char *before;
+        const char *after;
+    } cases[] = {
+        {"", "BITMAP_SOURCE(3, 1);"},
+        {"BITMAP_SOURCE(3, 1);", "BITMAP_SOURCE(4, 1);"},
+        {"", "BITMAP_LAYOUT(1, 2, 1);"},
+        {"", "BITMAP_LAYOUT(1, 1, 3);"},
+        {"BITMAP_LAYOUT(1, 1, 3);", "BITMAP_LAYOUT(2, 1, 3);"},
+        {"BITMAP_SOURCE(14, 3);", "BITMAP_PALETTE(520);"},
+    };
+    for (const auto &one : cases) {
+        const std::string before = setup + one.before;
+        const auto changed =
+            frameOf(before + draw + "CLEAR(0x000000);" + one.after + draw + "END();", memory);
+        EXPECT_EQ(changed, frameOf(before + one.after + draw + "END();", memory)) << one.after;
+        EXPECT_NE(changed, frameOf(before + draw + "END();", memory)) << one.after;
+    }
+}
+
 TEST(Executor, bitmapModesReachTheRasterizer)
 {
     const CRamG memory = memoryOf({255, 0});
