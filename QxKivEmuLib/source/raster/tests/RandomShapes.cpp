@@ -122,11 +122,17 @@ void CRandomShapes::drawBitmap(CRasterizer &raster)
 
 void CRandomShapes::draw(CRasterizer &raster)
 {
+    if (m_numbers.oneIn(12))
+        drawClip(raster);
+    else
+        drawShape(raster);
+}
+
+void CRandomShapes::drawShape(CRasterizer &raster)
+{
     const SPaint ink = paint();
-    const int kind = m_numbers.between(0, KindCount - 1);
+    const int kind = m_numbers.between(1, 11);
     switch (kind) {
-    case 0:
-        return drawClip(raster);
     case 1:
         return raster.fillDisc(point(), length(), ink);
     case 2: {

@@ -15,8 +15,9 @@ class CRandomShapes
 public:
     CRandomShapes(uint32_t seed, int width, int height);
 
+    /// A shape, or another clip for the shapes to come.
     void draw(CRasterizer &raster);
-    static constexpr int KindCount = 12;
+    void drawShape(CRasterizer &raster);
 
 private:
     Sub16 coordinate(int side);

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace {
 
 using namespace rastertest;
@@ -101,6 +104,37 @@ TEST_P(EverySet, drawsInsideTheClipOnly)
         }
     }
     EXPECT_GT(changed, 100000) << "the shapes must draw something";
+}
+
+/// The largest difference of two channels.
+int difference(uint32_t a, uint32_t b)
+{
+    int largest = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        largest = std::max(largest, std::abs(static_cast<int>(a >> shift & 255) -
+                                             static_cast<int>(b >> shift & 255)));
+    return largest;
+}
+
+TEST_P(EverySet, theClipOnlyCuts)
+{
+    constexpr int Width = 90;
+    constexpr int Height = 70;
+    for (uint32_t seed = 0; seed < 4000; ++seed) {
+        SSheet whole(Width, Height, GetParam());
+        SSheet part(Width, Height, GetParam());
+        CNumbers numbers(seed);
+        const SClip clip{numbers.between(0, 60), numbers.between(0, 50), numbers.between(30, 90),
+                         numbers.between(20, 70)};
+        part.raster.setClip(clip);
+        CRandomShapes(seed, Width, Height).drawShape(whole.raster);
+        CRandomShapes(seed, Width, Height).drawShape(part.raster);
+        // Far shapes are cut near the clip before they are drawn, which may round otherwise.
+        for (int y = clip.top; y < clip.bottom; ++y)
+            for (int x = clip.left; x < clip.right; ++x)
+                ASSERT_LE(difference(whole.surface.row(y)[x], part.surface.row(y)[x]), 1)
+                    << "seed " << seed << " at " << x << ", " << y;
+    }
 }
 
 TEST_P(EverySet, stretchesBeyondAllNumbersEndSoon)
