@@ -17,7 +17,8 @@ struct SBitmapPlacement;
 
 /// Draws anti-aliased shapes with exact area or distance coverage onto an opaque surface.
 /// Every set of kernels gives the same bytes. Shapes are clipped, whatever their coordinates;
-/// a shape without an extent (radius, width or line width of 0 or less) draws nothing.
+/// a shape without an extent (radius, width or line width of 0 or less) draws nothing. A pixel
+/// becomes dst + (src - dst) * a, rounded, where a is the coverage times the paint's alpha.
 /// Threads: one thread at a time.
 class CRasterizer
 {
@@ -46,11 +47,11 @@ public:
     /// A closed shape filled by the even-odd rule.
     void fillPolygon(const SPoint *points, int count, const SPaint &paint);
     /// A line through all points with round joins and ends, drawn as one shape: where it crosses
-    /// itself nothing is blended twice.
+    /// itself nothing is blended twice. A single point is a dot.
     void strokePolyline(const SPoint *points, int count, bool closed, Sub16 lineWidth,
                         const SPaint &paint);
     /// A piece of a circle's outline, `sweep` clockwise (negative: counter-clockwise) from `start`;
-    /// a sweep of 360 degrees or more is the whole circle.
+    /// a sweep of 360 degrees or more is the whole circle, one of 0 with round caps a dot.
     void strokeArc(SPoint centre, Sub16 radius, Angle64 start, Angle64 sweep, Sub16 lineWidth,
                    EArcCaps caps, const SPaint &paint);
     /// A rounded rectangle filled with a linear gradient: `from` at one side, `to` at the other,
@@ -59,7 +60,8 @@ public:
                       Argb to, bool blend);
     /// One glyph mask, its pen position in whole pixels.
     void drawGlyph(const romfonts::SGlyph &glyph, int penX, int baselineY, const SPaint &paint);
-    /// A bitmap; `paint.colour` multiplies every texel (white leaves it as it is).
+    /// A bitmap; `paint.colour` multiplies every texel (white leaves it as it is). Without blending
+    /// texels replace what is there with their own colour, fully transparent ones with black.
     void drawBitmap(const SBitmapImage &image, const SBitmapPlacement &placement,
                     const SPaint &paint);
 
