@@ -736,7 +736,8 @@ function keys(layout, x, y, w, h, gap, r, font, fill, c, down, accent)
       local left, width = share(w, count, k, gap)
       local hit = row[k] == down and down ~= ""
       panel(x + left, y + top, width, height, r, hit and accent or fill)
-      label(row[k], x + left + 3, y + top, width - 6, height, font, hit and palette.background or c, "center")
+      local fitting = font_across(rom_font(font), row[k], width - 2)
+      label(row[k], x + left + 1, y + top, width - 2, height, fitting, hit and palette.background or c, "center")
     end
   end
 end
