@@ -28,6 +28,7 @@ palette = {
   danger = "#eb5757",
 }
 
+local ELLIPSIS = "\u{2026}" -- all that is left of a text without room
 local DISABLED = "#2c3946" -- what a disabled part fades to
 local SHADE = "#05080b" -- what a pressed part darkens to
 local MAX_ITEMS = 512 -- entries of a list or points of a chart that are looked at
@@ -215,7 +216,7 @@ function label(s, x, y, w, h, font, c, halign)
   end
   local whole = s
   s = text_fit(font, s, w)
-  if s == "" or s == "..." and whole ~= s then
+  if s == "" or s == ELLIPSIS and s ~= whole then
     return x
   end
   local base = baseline(font, y, h)

@@ -238,6 +238,7 @@ private Q_SLOTS:
     void kindsStayInTheirRectangle();
     void statesAreTold();
     void nothingInAFileRaisesAnError();
+    void missingImageIsReported();
     void workedExampleOfTheDocumentation();
 
 private:
@@ -414,6 +415,23 @@ void tst_WidgetKinds::nothingInAFileRaisesAnError()
                          qPrintable(describe(kind, {{property.key(), value}}) + errors));
             }
         }
+    }
+}
+
+void tst_WidgetKinds::missingImageIsReported()
+{
+    QVERIFY(FrameRecorder::start(0x113, FrameSize));
+    for (const QString &kind : {QStringLiteral("Kiv_Bitmap_T"), QStringLiteral("Kiv_Media_T"),
+                                QStringLiteral("Kiv_ImageButton_T")}) {
+        Stage stage(kind, library(0x113));
+        stage.set({{PropertyKey::BaseName, QStringLiteral("gone")},
+                   {PropertyKey::Suffix, QStringLiteral("png")},
+                   {PropertyKey::BitmapWidth, 8},
+                   {PropertyKey::BitmapHeight, 8}});
+        const FrameRecorder::Answer answer = stage.render();
+        QVERIFY2(answer.errors.startsWith(kind + QStringLiteral(" 7: ")),
+                 qPrintable(answer.errors));
+        QVERIFY(allowedBox(stage.widget()).toAlignedRect().contains(drawnBox(answer.frame)));
     }
 }
 

@@ -76,7 +76,6 @@ void CAssetLoader::endFrame()
 bool CAssetLoader::fail(const std::string &message)
 {
     m_error = message;
-    m_memoryFull = false;
     return false;
 }
 
@@ -86,7 +85,6 @@ bool CAssetLoader::failFull(uint64_t size)
     m_wanted += size;
     m_error = "RAM_G is full: the screen needs " + std::to_string(m_wanted) +
               " bytes, the chip has " + std::to_string(m_memory.capacity());
-    m_memoryFull = true;
     return false;
 }
 

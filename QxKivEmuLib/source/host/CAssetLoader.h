@@ -42,8 +42,6 @@ public:
     bool loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap);
 
     const std::string &error() const { return m_error; }
-    /// True when the last failure was one of space: the graphics memory is too small.
-    bool isMemoryFull() const { return m_memoryFull; }
 
     const CRamG &memory() const { return m_memory; }
 
@@ -68,7 +66,6 @@ private:
     CRamG m_memory;
     std::string m_workingDirectory;
     std::string m_error;
-    bool m_memoryFull = false;
     std::vector<SPlaced> m_placed; ///< in the order of their addresses
     size_t m_used = 0;             ///< of these, asked for in this frame
     uint64_t m_wanted = 0;         ///< bytes that the frame's assets need, those left out included

@@ -37,7 +37,7 @@ int pushLoaded(lua_State *state, bool loaded, const SLoadedBitmap &bitmap)
 {
     SLuaContext &context = contextOf(state);
     if (!loaded) {
-        if (context.assets->isMemoryFull() && context.items)
+        if (context.items)
             context.items->noteCurrent(context.assets->error());
         lua_pushnil(state);
         lua_pushstring(state, context.assets->error().c_str());
