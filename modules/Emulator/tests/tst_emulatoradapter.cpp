@@ -150,7 +150,10 @@ void tst_EmulatorAdapter::run(const QString &event)
         m_adapter->withdraw(observer(name));
         m_iterators.erase(name);
     } else if (verb == QLatin1String("onframe")) {
-        m_onFrame = [this, then = event.mid(8)] { run(then); };
+        m_onFrame = [this, then = event.mid(8)] {
+            for (const QString &each : then.split(QLatin1Char('+')))
+                run(each);
+        };
     } else {
         QFAIL(qPrintable(event));
     }
@@ -226,6 +229,10 @@ void tst_EmulatorAdapter::queueRules_data()
         "render bg A; bgdl A; emu stop; render fg B; dl B; frame B");
     row("stopping from within an answer", "fg A; fg B; onframe stop; answer; fg C; answer",
         "render fg A; dl A; frame A; emu stop; render fg C; dl C; frame C");
+    row("a request after stopping from within an answer is the one in flight",
+        "fg A; onframe stop+fg B; answer; fg C; answer; answer",
+        "render fg A; dl A; frame A; emu stop; render fg B; dl B; frame B; render fg C; dl C; "
+        "frame C");
     row("starting while busy stops first", "fg A; fg B; answer unseen; start 257; fg C; answer",
         "render fg A; emu stop; emu start SCRIPT 257; render fg C; dl C; frame C");
     row("a request from within an answer is parked", "fg A; bg B; onframe fg C; answer; answer",
