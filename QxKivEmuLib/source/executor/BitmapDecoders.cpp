@@ -7,7 +7,6 @@ namespace kivemu {
 
 namespace {
 
-constexpr int MaxSide = 2048;
 constexpr int PaletteEntries = 256;
 constexpr int BlockSide = 4;
 constexpr size_t BlockBytes = 8;
@@ -259,7 +258,8 @@ std::shared_ptr<const SBitmapImage> decodeBitmap(const uint8_t *memory, size_t m
                                                  uint32_t format, uint32_t address, uint32_t stride,
                                                  uint32_t palette, int width, int height)
 {
-    const bool sidesFit = width >= 1 && width <= MaxSide && height >= 1 && height <= MaxSide;
+    const bool sidesFit =
+        width >= 1 && width <= MaxBitmapSide && height >= 1 && height <= MaxBitmapSide;
     const uint32_t paletteBytes = paletteSize(format);
     if (!sidesFit || bitmapStride(format, width) == 0 ||
         !liesWithin(address, reach(format, stride, width, height), memorySize) ||

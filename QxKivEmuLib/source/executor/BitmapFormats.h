@@ -9,6 +9,8 @@
 
 namespace kivemu {
 
+constexpr int MaxBitmapSide = 2048; ///< texels
+
 /// The chip's bitmap formats by their codes, as the image converter passes them on.
 enum class EBitmapFormat : uint32_t {
     Argb1555 = 0,
@@ -39,7 +41,7 @@ uint32_t paletteSize(uint32_t format);
 int bitmapFormatCode(std::string_view name);
 
 /// Decodes a bitmap that lies in `memory`. Null when the format is not known, a side is not in
-/// 1 .. 2048, or anything lies outside the memory.
+/// 1 .. MaxBitmapSide, or anything lies outside the memory.
 /// L formats decode to white with the luminance as alpha, so that a tint colours them.
 std::shared_ptr<const SBitmapImage> decodeBitmap(const uint8_t *memory, size_t memorySize,
                                                  uint32_t format, uint32_t address, uint32_t stride,

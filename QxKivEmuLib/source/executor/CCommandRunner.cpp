@@ -13,7 +13,6 @@ namespace {
 constexpr Argb Black = 0xFF000000;
 constexpr int NoText = -1;
 constexpr int UnknownFont = 0;
-constexpr int MaxBitmapSide = 2048;
 constexpr Sub16 Pixel = 16;
 
 uint32_t operand(uint32_t header)

@@ -3,6 +3,7 @@
 #include "CExecutor.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kivemu {
