@@ -38,7 +38,7 @@ public:
 private:
     uint8_t pixel(size_t slot, uint8_t value, uint8_t visible)
     {
-        const float wanted = static_cast<float>(value) + (visible ? m_here[slot] : 0.0F);
+        const float wanted = static_cast<float>(value) + m_here[slot];
         const float reachable = std::clamp(wanted, 0.0F, 255.0F);
         const uint8_t code = m_codes[static_cast<size_t>(std::lround(reachable))];
         // Floyd and Steinberg's shares: 7 ahead, 3, 5 and 1 below.

@@ -162,6 +162,7 @@ private Q_SLOTS:
     void general();
     void exactColoursStay_data() { formats(); }
     void exactColoursStay();
+    void darkAreasKeepTheirLight();
     void transparentPixelsStayApart();
     void alphaOfOneBitIsAThreshold();
     void rowsAndBits();
@@ -256,6 +257,27 @@ void tst_RoundTrip::exactColoursStay()
     QVERIFY(again.save(folder.path("again.png")));
     QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("again.png", format.code, true)));
     QCOMPARE(folder.read("again" + output + ".raw"), folder.read("photo" + output + ".raw"));
+}
+
+void tst_RoundTrip::darkAreasKeepTheirLight()
+{
+    // Far from any code, so that errors have to travel a long way; whatever got lost would leave it
+    // black.
+    QImage image(200, 150, QImage::Format_RGB32);
+    image.fill(qRgb(9, 9, 9));
+    CToolFolder folder;
+    QVERIFY(image.save(folder.path("dark.png")));
+    for (const SFormat &format : Formats) {
+        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("dark.png", format.code, true)));
+        const auto pixels =
+            decoded(folder, QString("dark_") + format.name, format.code, image.size());
+        for (size_t channel = 1; channel < 4; ++channel) {
+            const SError error =
+                compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
+            const double lost = gap(format.bits[channel]) * 350.0 / (200 * 150); // over the edges
+            QVERIFY2(std::abs(error.signedMean) <= lost + 0.3, described(error, channel));
+        }
+    }
 }
 
 void tst_RoundTrip::transparentPixelsStayApart()
