@@ -1,16 +1,10 @@
 #include "CFileWriter.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CFileWriter", text);
-}
-
 /// Writes until all is written or the device says why not: a disk that gets full takes a part of
 /// the bytes first, without an error.
 bool writeAll(QIODevice &device, const QByteArray &bytes)
@@ -59,10 +53,10 @@ QString writeBeside(const QString &path, const QByteArray &bytes, bool *couldBeg
 QString writeFile(const QString &path, const QByteArray &bytes)
 {
     if (path.isEmpty() || path.contains(QChar(u'\0')))
-        return tr("this is not the name of a file");
+        return CFileWriter::tr("this is not the name of a file");
     const QFileInfo target(path);
     if (target.exists() && !target.isFile()) // a folder, or a device that would be replaced
-        return tr("this is not a regular file");
+        return CFileWriter::tr("this is not a regular file");
     bool couldBegin = false;
     const QString reason = writeBeside(path, bytes, &couldBegin);
     const bool folderForbids =

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 /// Writes whole files. The one road for everything that the program writes itself.
@@ -11,6 +12,8 @@
 /// Errors:  a missing folder, a target that is no regular file, missing rights, a full disk.
 class CFileWriter
 {
+    Q_DECLARE_TR_FUNCTIONS(CFileWriter)
+
 public:
     /// Empty when all bytes are in the file, otherwise the reason, with the path.
     static QString write(const QString &path, const QByteArray &bytes);

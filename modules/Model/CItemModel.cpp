@@ -469,15 +469,18 @@ void CItemModel::load(const ItemAttributes &attributes)
     takeAttributes(attributes);
 }
 
-QString CItemModel::savedText(const CWidgetProperty &property) const
+QString CItemModel::savedText(const CWidgetProperty &property, FolderForm folders) const
 {
     const CProjectModel *owner = property.key() == PropertyKey::BitmapFolder ? project() : nullptr;
-    return owner ? owner->storedFolder(property.text()) : property.text();
+    if (!owner)
+        return property.text();
+    return folders == FolderForm::Relative ? owner->storedFolder(property.text())
+                                           : owner->absoluteFolder(property.text());
 }
 
-QByteArray CItemModel::savedTextUtf8(const CWidgetProperty &property) const
+QByteArray CItemModel::savedTextUtf8(const CWidgetProperty &property, FolderForm folders) const
 {
-    return property.key() == PropertyKey::BitmapFolder ? savedText(property).toUtf8()
+    return property.key() == PropertyKey::BitmapFolder ? savedText(property, folders).toUtf8()
                                                        : property.textUtf8();
 }
 

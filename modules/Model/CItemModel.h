@@ -132,8 +132,8 @@ public:
     /// The properties to be written as attributes, in a fixed order.
     virtual QVector<const CWidgetProperty *> savedProperties() const = 0;
     /// The text to be written for one of them.
-    QString savedText(const CWidgetProperty &property) const;
-    QByteArray savedTextUtf8(const CWidgetProperty &property) const;
+    QString savedText(const CWidgetProperty &property, FolderForm folders) const;
+    QByteArray savedTextUtf8(const CWidgetProperty &property, FolderForm folders) const;
     /// Whether elements of this item's kind hold child elements.
     virtual bool canHaveChildren() const { return true; }
     /// A new child for a child element of the given tag, not yet added.

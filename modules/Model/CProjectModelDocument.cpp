@@ -90,7 +90,7 @@ QByteArray CProjectModel::saveToBytes(QString *error, const QString &filePath) c
         writer.attribute(each->keyUtf8(), savedText(*each, filePath).toUtf8());
     for (int row = 0; row < rowCount(); ++row) {
         if (const CScreenModel *each = screen(row))
-            ItemXml::write(*each, TypeName::Screen, writer);
+            ItemXml::write(*each, TypeName::Screen, FolderForm::Relative, writer);
     }
     writer.endElement();
 

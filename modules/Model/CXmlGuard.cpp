@@ -2,17 +2,11 @@
 
 #include "CXmlTagScan.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
 namespace {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CXmlGuard", text);
-}
-
 /// Encodings whose markup is made of plain ASCII bytes, so that the tag scan sees all of it.
 bool isAllowedEncoding(const QStringRef &name)
 {
@@ -26,14 +20,16 @@ bool isAllowedEncoding(const QStringRef &name)
 QString checkCounts(const QByteArray &xml)
 {
     if (xml.size() > CXmlGuard::MaxBytes)
-        return tr("The document is larger than %1 MiB.").arg(CXmlGuard::MaxBytes >> 20);
+        return CXmlGuard::tr("The document is larger than %1 MiB.").arg(CXmlGuard::MaxBytes >> 20);
     if (xml.contains('\0'))
-        return tr("The document contains zero bytes; it must be UTF-8 text.");
+        return CXmlGuard::tr("The document contains zero bytes; it must be UTF-8 text.");
     const CXmlTagScan tags(xml);
     if (tags.mostInOneElement() > CXmlGuard::MaxAttributesOfElement)
-        return tr("An element has more than %1 attributes.").arg(CXmlGuard::MaxAttributesOfElement);
+        return CXmlGuard::tr("An element has more than %1 attributes.")
+            .arg(CXmlGuard::MaxAttributesOfElement);
     if (tags.attributes() > CXmlGuard::MaxAttributes)
-        return tr("The document has more than %1 attributes.").arg(CXmlGuard::MaxAttributes);
+        return CXmlGuard::tr("The document has more than %1 attributes.")
+            .arg(CXmlGuard::MaxAttributes);
     return {};
 }
 
@@ -47,11 +43,12 @@ public:
         switch (reader.tokenType()) {
         case QXmlStreamReader::StartDocument:
             if (!isAllowedEncoding(reader.documentEncoding()))
-                return tr("The encoding %1 is not supported; save the document as UTF-8.")
+                return CXmlGuard::tr(
+                           "The encoding %1 is not supported; save the document as UTF-8.")
                     .arg(reader.documentEncoding());
             return {};
         case QXmlStreamReader::DTD:
-            return tr("Document types and entities are not allowed.");
+            return CXmlGuard::tr("Document types and entities are not allowed.");
         case QXmlStreamReader::StartElement:
             return elementRefusal(reader.attributes());
         case QXmlStreamReader::EndElement:
@@ -69,9 +66,11 @@ private:
     {
         m_textLength = 0;
         if (++m_depth > CXmlGuard::MaxDepth)
-            return tr("Elements are nested deeper than %1 levels.").arg(CXmlGuard::MaxDepth);
+            return CXmlGuard::tr("Elements are nested deeper than %1 levels.")
+                .arg(CXmlGuard::MaxDepth);
         if (++m_elements > CXmlGuard::MaxElements)
-            return tr("The document has more than %1 elements.").arg(CXmlGuard::MaxElements);
+            return CXmlGuard::tr("The document has more than %1 elements.")
+                .arg(CXmlGuard::MaxElements);
         for (const QXmlStreamAttribute &attribute : attributes) {
             const QString refusal = valueRefusal(attribute.value().size());
             if (!refusal.isEmpty())
@@ -84,7 +83,7 @@ private:
     {
         if (length <= CXmlGuard::MaxValueLength)
             return {};
-        return tr("A value is longer than %1 MiB.").arg(CXmlGuard::MaxValueLength >> 20);
+        return CXmlGuard::tr("A value is longer than %1 MiB.").arg(CXmlGuard::MaxValueLength >> 20);
     }
 
     int m_depth = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QDomDocument>
 #include <QString>
 
@@ -13,6 +14,8 @@
 /// Errors:  a text for people, with the line where there is one.
 class CXmlGuard
 {
+    Q_DECLARE_TR_FUNCTIONS(CXmlGuard)
+
 public:
     static constexpr qint64 MaxBytes = 64 * 1024 * 1024;
     static constexpr int MaxDepth = 256;

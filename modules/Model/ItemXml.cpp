@@ -65,7 +65,7 @@ void ItemXml::write(const CItemModel &item, QDomElement &element)
     const auto properties = item.savedProperties();
     for (const CWidgetProperty *each : properties) {
         if (XmlText::isAttributeName(each->keyUtf8()))
-            element.setAttribute(each->key(), item.savedText(*each));
+            element.setAttribute(each->key(), item.savedText(*each, FolderForm::Relative));
     }
     for (int row = 0; row < item.rowCount(); ++row) {
         const CItemModel *child = item.childItem(row);
@@ -77,15 +77,16 @@ void ItemXml::write(const CItemModel &item, QDomElement &element)
     }
 }
 
-void ItemXml::write(const CItemModel &item, const QString &tag, CXmlWriter &writer)
+void ItemXml::write(const CItemModel &item, const QString &tag, FolderForm folders,
+                    CXmlWriter &writer)
 {
     writer.startElement(tag);
     const auto properties = item.savedProperties();
     for (const CWidgetProperty *each : properties)
-        writer.attribute(each->keyUtf8(), item.savedTextUtf8(*each));
+        writer.attribute(each->keyUtf8(), item.savedTextUtf8(*each, folders));
     for (int row = 0; row < item.rowCount(); ++row) {
         if (const CItemModel *child = item.childItem(row))
-            write(*child, child->itemTypeName(), writer);
+            write(*child, child->itemTypeName(), folders, writer);
     }
     writer.endElement();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "ItemAttributes.h"
 
 class CItemModel;
 class CXmlWriter;
@@ -15,6 +15,7 @@ void read(CItemModel &item, const QDomElement &element);
 /// From the start tag that the reader stands at to its end tag.
 void read(CItemModel &item, QXmlStreamReader &reader);
 
+/// Folders are written as for the project's own document.
 void write(const CItemModel &item, QDomElement &element);
-void write(const CItemModel &item, const QString &tag, CXmlWriter &writer);
+void write(const CItemModel &item, const QString &tag, FolderForm folders, CXmlWriter &writer);
 } // namespace ItemXml

@@ -33,7 +33,7 @@ QByteArray screensDocument(const QString &rootTag, const QVector<const CScreenMo
     CXmlWriter writer;
     writer.startElement(rootTag);
     for (const CScreenModel *each : screens)
-        ItemXml::write(*each, ScreenTag, writer);
+        ItemXml::write(*each, ScreenTag, FolderForm::Absolute, writer);
     writer.endElement();
     return checked(writer, error);
 }
@@ -71,7 +71,7 @@ QByteArray ScreenDocuments::ofCopiedItems(const QVector<const CItemModel *> &ite
     CXmlWriter writer;
     writer.startElement(CopiedItemsTag);
     for (const CItemModel *each : items)
-        ItemXml::write(*each, each->itemTypeName(), writer);
+        ItemXml::write(*each, each->itemTypeName(), FolderForm::Absolute, writer);
     writer.endElement();
     return checked(writer, error);
 }

@@ -416,6 +416,12 @@ void tst_ProjectModel::filesAndFolders()
                  opened.screen(0)->childItem(0)->propertyText(PropertyKey::BitmapFolder)),
              other.filePath(QStringLiteral("demo_ConvertedImages/L8")));
     QCOMPARE(opened.saveToBytes(&error, moved), bytes);
+    const QDomElement copy =
+        ScreenDocuments::pageFile(ScreenDocuments::ofPageFile({opened.screen(0)}));
+    QCOMPARE(project.buildScreen(copy.firstChildElement(), -1)
+                 ->childItem(0)
+                 ->propertyText(PropertyKey::BitmapFolder),
+             other.filePath(QStringLiteral("demo_ConvertedImages/L8"))); // found from any project
 
     QCOMPARE(opened.storedFolder(QStringLiteral("/elsewhere")), QStringLiteral("/elsewhere"));
     QCOMPARE(opened.storedFolder(other.path() + QStringLiteral("x/a")),

@@ -169,21 +169,25 @@ void tst_Xml::everyCharacterInNames()
     int attributes = 0;
     int elements = 0;
     for (int code = 0; code <= 0xFFFF; ++code) {
-        for (const QString &name :
-             {QString(QChar(code)), QLatin1Char('a') + QString(QChar(code))}) {
-            CXmlWriter writer;
-            writer.startElement(name);
+        const QString first{QChar(code)};
+        const QString second = QLatin1Char('a') + first;
+        CXmlWriter writer;
+        writer.startElement(first);
+        for (const QString &name : {first, second, QStringLiteral("last")})
             writer.attribute(name, QStringLiteral("v"));
-            writer.attribute(QStringLiteral("last"), QStringLiteral("1"));
-            writer.endElement();
-            const auto read = CXmlGuard::parse(writer.bytes());
-            QVERIFY2(read, writer.bytes().constData());
-            const QDomElement root = read->documentElement();
-            QCOMPARE(root.attribute(QStringLiteral("last")), QStringLiteral("1"));
+        writer.startElement(second);
+        writer.endElement();
+        writer.endElement();
+        const auto read = CXmlGuard::parse(writer.bytes());
+        QVERIFY2(read, writer.bytes().constData());
+        const QDomElement root = read->documentElement();
+        QVERIFY(root.hasAttribute(QStringLiteral("last")));
+        for (const QString &name : {first, second}) {
             const bool isAttribute = XmlText::isAttributeName(name.toUtf8());
             const bool isElement = XmlText::isElementName(name);
-            QCOMPARE(root.attribute(name) == QLatin1String("v"), isAttribute);
-            QCOMPARE(root.tagName() == name, isElement);
+            const QString tag = name == first ? root.tagName() : root.firstChildElement().tagName();
+            QCOMPARE(root.hasAttribute(name), isAttribute);
+            QCOMPARE(tag == name, isElement);
             attributes += isAttribute;
             elements += isElement;
         }
