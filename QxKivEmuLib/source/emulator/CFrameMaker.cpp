@@ -19,11 +19,8 @@ void addLines(std::string &text, const std::string &lines)
 
 std::string labelOf(const CSnapshot *snapshot, uint32_t id)
 {
-    for (size_t item = 0; snapshot && id != 0 && item < snapshot->itemCount(); ++item) {
-        if (snapshot->id(item) == id)
-            return std::string(snapshot->typeName(item)) + ' ' + std::to_string(id);
-    }
-    return "display list";
+    const std::optional<size_t> item = snapshot ? snapshot->findItem(id) : std::nullopt;
+    return item ? snapshot->label(*item) : "display list";
 }
 
 std::string sizeText(uint32_t width, uint32_t height)

@@ -53,17 +53,12 @@ void CItemRunner::endFrame()
     }
 }
 
-std::string CItemRunner::label(size_t item) const
-{
-    return std::string(m_snapshot->typeName(item)) + ' ' + std::string(m_snapshot->idText(item));
-}
-
 void CItemRunner::noteCurrent(std::string_view message)
 {
     if (m_current == NoItem)
         m_errors->add("render", message);
     else
-        m_errors->add(label(m_current), message);
+        m_errors->add(m_snapshot->label(m_current), message);
 }
 
 void CItemRunner::addFunctions(lua_State *state)
@@ -114,7 +109,7 @@ bool CItemRunner::run(lua_State *state, size_t item)
 {
     const SChunk &chunk = chunkOf(state, item);
     if (chunk.function == 0) {
-        m_errors->add(label(item), chunk.error);
+        m_errors->add(m_snapshot->label(item), chunk.error);
         return false;
     }
     SLuaContext &context = contextOf(state);
@@ -124,7 +119,7 @@ bool CItemRunner::run(lua_State *state, size_t item)
     context.watchdog.beginPart(m_itemLimit);
     const int status = lua_pcall(state, 0, 0, 0);
     if (status != LUA_OK)
-        m_errors->add(label(item), m_sandbox.popError(status));
+        m_errors->add(m_snapshot->label(item), m_sandbox.popError(status));
     context.watchdog.endPart();
     clearEnvironment(state);
     return status == LUA_OK;

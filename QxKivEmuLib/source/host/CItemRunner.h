@@ -28,8 +28,6 @@ public:
 
     /// Adds a message that concerns the item that is being drawn, or the script when there is none.
     void noteCurrent(std::string_view message);
-    /// "<type> <id>".
-    std::string label(size_t item) const;
 
     /// Adds draw_item to the globals.
     static void addFunctions(lua_State *state);

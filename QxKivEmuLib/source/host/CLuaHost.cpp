@@ -5,6 +5,7 @@
 #include "CLuaSandbox.h"
 #include "CPlainLocale.h"
 #include "FileReading.h"
+#include "SandboxLibraries.h"
 
 namespace kivemu {
 
@@ -20,18 +21,13 @@ std::string fileName(const std::string &path)
 }
 
 void reportOverflow(const CDisplayListWriter &writer, size_t budget, const CSnapshot &snapshot,
-                    const CItemRunner *items, CErrorList &errors)
+                    CErrorList &errors)
 {
     const std::optional<uint32_t> id = writer.overflowItem();
     if (!id)
         return;
-    std::string subject = "render";
-    for (size_t item = 0; items && *id != 0 && item < snapshot.itemCount(); ++item) {
-        if (snapshot.id(item) == *id) {
-            subject = items->label(item);
-            break;
-        }
-    }
+    const std::optional<size_t> item = snapshot.findItem(*id);
+    const std::string subject = item ? snapshot.label(*item) : "render";
     errors.add(subject, "RAM_DL is full from here on: the screen needs " +
                             std::to_string(writer.bytesWanted()) + " bytes, the chip has " +
                             std::to_string(budget));
@@ -107,6 +103,7 @@ int CLuaHost::finishLoading(lua_State *state)
     lua_getglobal(state, "render");
     if (!lua_isfunction(state, -1))
         luaL_error(state, "the render script defines no function 'render'");
+    freezeGlobalTables(state);
     return 0;
 }
 
@@ -119,7 +116,7 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
     m_assets.beginFrame(snapshot.screenText("working_directory"));
     if (!snapshot.problem().empty())
         result.errors.add(snapshot.problem());
-    const bool hasState = m_sandbox || (!m_script.empty() && startState());
+    const bool hasState = m_sandbox || (m_loadError.empty() && startState());
     if (!hasState)
         result.errors.add(m_loadError);
     if (hasState && snapshot.hasScreen())
@@ -128,7 +125,7 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
         drawing.clear(Black);
     m_assets.endFrame();
     writer.finish();
-    reportOverflow(writer, m_chip.ramDl, snapshot, m_items.get(), result.errors);
+    reportOverflow(writer, m_chip.ramDl, snapshot, result.errors);
     result.words = writer.words();
     return result;
 }

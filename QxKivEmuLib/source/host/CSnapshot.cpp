@@ -147,6 +147,20 @@ std::string_view CSnapshot::propertyBytes(size_t item) const
     return text(m_items[item].properties);
 }
 
+std::string CSnapshot::label(size_t item) const
+{
+    return std::string(typeName(item)) + ' ' + std::string(idText(item));
+}
+
+std::optional<size_t> CSnapshot::findItem(uint32_t id) const
+{
+    for (size_t item = 0; id != 0 && item < m_items.size(); ++item) {
+        if (m_items[item].id == id)
+            return item;
+    }
+    return std::nullopt;
+}
+
 std::string_view CSnapshot::screenText(std::string_view name) const
 {
     CProperties properties = screenProperties();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -45,6 +46,8 @@ public:
     std::string_view idText(size_t item) const { return text(m_items[item].idText); }
     /// The id text as a number; 0 when it is none of 0 .. 0xFFFFFFFF.
     uint32_t id(size_t item) const { return m_items[item].id; }
+    /// "<type> <id>", what messages call the item.
+    std::string label(size_t item) const;
     EKind kind(size_t item) const { return m_items[item].kind; }
     /// Zero-terminated. Items of the same kind share one text.
     std::string_view renderCommands(size_t item) const { return text(m_items[item].commands); }
@@ -66,6 +69,8 @@ public:
     };
     CProperties properties(size_t item) const { return properties(m_items[item].properties); }
     CProperties screenProperties() const { return properties(m_screenProperties); }
+    /// The first item with this id; nothing for 0 and unknown ones.
+    std::optional<size_t> findItem(uint32_t id) const;
     /// The text of a screen's property; empty when it has none of that name.
     std::string_view screenText(std::string_view name) const;
 

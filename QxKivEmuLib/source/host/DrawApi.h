@@ -4,6 +4,7 @@
 #include "SLuaContext.h"
 
 #include <cmath>
+#include <cstdio>
 #include <lua.hpp>
 
 // The functions that a render script draws with; docs/render-script.md describes them. Their errors
@@ -44,6 +45,13 @@ inline double optNumber(lua_State *state, int argument, double otherwise)
 {
     return lua_isnoneornil(state, argument) ? otherwise : checkNumber(state, argument);
 }
+
+/// The start of a text argument, for messages.
+struct SShownText
+{
+    explicit SShownText(const char *whole) { std::snprintf(text, sizeof text, "%s", whole); }
+    char text[41];
+};
 
 /// On or off: a boolean, or the integers 1 and 0 as properties have them.
 inline bool checkSwitch(lua_State *state, int argument)

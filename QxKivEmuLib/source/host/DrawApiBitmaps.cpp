@@ -66,7 +66,7 @@ uint32_t checkFormat(lua_State *state, int argument)
     const char *name = luaL_checkstring(state, argument);
     const int code = bitmapFormatCode(name);
     if (code < 0)
-        luaL_error(state, "'%.40s' is not a bitmap format", name);
+        luaL_error(state, "'%s' is not a bitmap format", SShownText(name).text);
     return static_cast<uint32_t>(code);
 }
 

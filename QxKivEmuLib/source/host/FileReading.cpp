@@ -1,5 +1,6 @@
 #include "FileReading.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -49,6 +50,27 @@ std::string readAll(int descriptor, const std::string &path, std::vector<uint8_t
     return {};
 }
 
+enum class ELarger { IsError, IsCut };
+
+std::string readFile(const std::string &path, size_t limit, ELarger larger,
+                     std::vector<uint8_t> &bytes)
+{
+    bytes.clear();
+    if (path.find('\0') != std::string::npos)
+        return "a path cannot hold zero bytes";
+    const CDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status = {};
+    if (file.get() < 0 || fstat(file.get(), &status) != 0)
+        return reason(path);
+    if (!S_ISREG(status.st_mode))
+        return path + ": is not a regular file";
+    const auto size = static_cast<uint64_t>(status.st_size);
+    if (size > limit && larger == ELarger::IsError)
+        return path + ": is larger than " + std::to_string(limit) + " bytes";
+    bytes.resize(static_cast<size_t>(std::min<uint64_t>(size, limit)));
+    return readAll(file.get(), path, bytes);
+}
+
 } // namespace
 
 std::string stampOfFile(const std::string &path, SFileStamp &stamp)
@@ -67,19 +89,12 @@ std::string stampOfFile(const std::string &path, SFileStamp &stamp)
 
 std::string readRegularFile(const std::string &path, size_t limit, std::vector<uint8_t> &bytes)
 {
-    bytes.clear();
-    if (path.find('\0') != std::string::npos)
-        return "a path cannot hold zero bytes";
-    const CDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat status = {};
-    if (file.get() < 0 || fstat(file.get(), &status) != 0)
-        return reason(path);
-    if (!S_ISREG(status.st_mode))
-        return path + ": is not a regular file";
-    if (static_cast<uint64_t>(status.st_size) > limit)
-        return path + ": is larger than " + std::to_string(limit) + " bytes";
-    bytes.resize(static_cast<size_t>(status.st_size));
-    return readAll(file.get(), path, bytes);
+    return readFile(path, limit, ELarger::IsError, bytes);
+}
+
+std::string readFileStart(const std::string &path, size_t most, std::vector<uint8_t> &bytes)
+{
+    return readFile(path, most, ELarger::IsCut, bytes);
 }
 
 } // namespace kivemu

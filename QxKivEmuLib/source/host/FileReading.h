@@ -30,5 +30,7 @@ std::string stampOfFile(const std::string &path, SFileStamp &stamp);
 /// Reads a whole regular file of at most `limit` bytes. Pipes and devices, which could block or
 /// never end, are refused, also when they take the place of a file in between.
 std::string readRegularFile(const std::string &path, size_t limit, std::vector<uint8_t> &bytes);
+/// The same, of any regular file, but no more than its first `most` bytes.
+std::string readFileStart(const std::string &path, size_t most, std::vector<uint8_t> &bytes);
 
 } // namespace kivemu

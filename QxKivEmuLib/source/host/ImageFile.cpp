@@ -13,9 +13,8 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t MaxFile = size_t{64} << 20; ///< bytes of a picture's file
-/// A video may be much longer; its first frame lies near the start.
-constexpr size_t MaxVideoFile = size_t{1} << 30;
+constexpr size_t MaxFile = size_t{64} << 20;    ///< bytes of a picture's file
+constexpr size_t VideoStart = size_t{16} << 20; ///< bytes of a video, where its first frame lies
 
 std::optional<EImageFile> kindOf(const std::string &path)
 {
@@ -81,8 +80,8 @@ std::string decodeImageFile(const std::string &path, bool mono, size_t budget, S
     if (!kind)
         return path + ": is not named as a JPEG, PNG or AVI file";
     std::vector<uint8_t> bytes;
-    std::string problem =
-        readRegularFile(path, *kind == EImageFile::Avi ? MaxVideoFile : MaxFile, bytes);
+    std::string problem = *kind == EImageFile::Avi ? readFileStart(path, VideoStart, bytes)
+                                                   : readRegularFile(path, MaxFile, bytes);
     if (!problem.empty())
         return problem;
     problem = decodeImage(*kind, bytes.data(), bytes.size(), mono, budget, image);

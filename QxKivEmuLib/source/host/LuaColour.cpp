@@ -1,5 +1,7 @@
 #include "LuaColour.h"
 
+#include "DrawApi.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -61,9 +63,8 @@ Argb checkColour(lua_State *state, int argument)
         const char *text = lua_tolstring(state, argument, &length);
         if (const auto colour = parseColour({text, length}))
             return *colour;
-        luaL_error(state,
-                   "'%.40s' is no colour; colours are \"#rrggbb\", \"#aarrggbb\" or 0xRRGGBB",
-                   text);
+        luaL_error(state, "'%s' is no colour; colours are \"#rrggbb\", \"#aarrggbb\" or 0xRRGGBB",
+                   SShownText(text).text);
     }
     const lua_Integer number = luaL_checkinteger(state, argument);
     luaL_argcheck(state, number >= 0 && number <= 0xFFFFFF, argument,

@@ -9,9 +9,9 @@ namespace kivemu {
 
 namespace {
 
-const char *const Allowed[] = {
-    "assert", "error",  "getmetatable", "ipairs",   "pcall",    "rawequal", "rawget", "rawlen",
-    "rawset", "select", "setmetatable", "tonumber", "tostring", "type",     "xpcall", nullptr};
+const char *const Allowed[] = {"assert",       "error",    "getmetatable", "ipairs", "pcall",
+                               "rawequal",     "rawget",   "rawlen",       "rawset", "select",
+                               "setmetatable", "tonumber", "tostring",     "type",   nullptr};
 
 int charged(lua_State *state)
 {
@@ -56,6 +56,25 @@ int toString(lua_State *state)
     }
     lua_pushstring(state, lua_typename(state, type));
     return 1;
+}
+
+/// Calls the handler once the error is over. The stock version calls it where the error is raised,
+/// which may be the hook: there hooks are off, and nothing could stop the handler.
+int xpcall(lua_State *state)
+{
+    luaL_checktype(state, 2, LUA_TFUNCTION);
+    const int arguments = lua_gettop(state) - 2;
+    lua_pushvalue(state, 1);
+    lua_insert(state, 3);
+    if (lua_pcall(state, arguments, LUA_MULTRET, 0) == LUA_OK) {
+        lua_pushboolean(state, true);
+        lua_replace(state, 2);
+        return lua_gettop(state) - 1;
+    }
+    lua_pushboolean(state, false);
+    lua_replace(state, 1);
+    lua_pcall(state, 1, 1, 0); // the handler with the error; its own error is a result, too
+    return 2;
 }
 
 int readOnlyError(lua_State *state)
@@ -122,6 +141,8 @@ void openSandboxBase(lua_State *state)
     wrapGlobal(state, "tonumber", charged);
     lua_pushcfunction(state, sortedPairs);
     lua_setglobal(state, "pairs");
+    lua_pushcfunction(state, xpcall);
+    lua_setglobal(state, "xpcall");
     lua_pushcfunction(state, sortedNext);
     lua_setglobal(state, "next");
 }

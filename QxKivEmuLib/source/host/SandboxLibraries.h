@@ -15,6 +15,11 @@ void openSandboxTable(lua_State *state);
 void openSandboxUtf8(lua_State *state);
 void openSandboxMath(lua_State *state);
 
+/// Adds find, match, gmatch and gsub to the table at the top of the stack.
+void addSandboxPatterns(lua_State *state);
+/// Makes the tables among the globals, and those within them, read-only, so that no item's render
+/// commands can change what another one's find.
+void freezeGlobalTables(lua_State *state);
 /// For wrappers: calls the C function that is the first upvalue, in the wrapper's own frame.
 int callOriginal(lua_State *state);
 /// From a table of functions at the top of the stack takes the named ones (the list ends with null)

@@ -1,5 +1,4 @@
 #include "CLuaAllocator.h"
-#include "PatternCost.h"
 #include "SLuaContext.h"
 #include "SandboxLibraries.h"
 
@@ -10,34 +9,7 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t MaxPattern = 256;
 constexpr size_t MaxFormat = 4096;
-
-/// find, match, gmatch and gsub: subject and pattern come first.
-int boundedPattern(lua_State *state)
-{
-    size_t subject = 0;
-    size_t length = 0;
-    luaL_checklstring(state, 1, &subject);
-    const char *pattern = luaL_checklstring(state, 2, &length);
-    if (length > MaxPattern)
-        luaL_error(state, "the pattern is longer than %d characters", int{MaxPattern});
-    const double steps = patternSteps({pattern, length}, subject);
-    if (steps > MaxPatternSteps)
-        luaL_error(state, "a text of %I characters is too long for this pattern",
-                   static_cast<lua_Integer>(subject));
-    contextOf(state).watchdog.charge(state, static_cast<size_t>(steps));
-    return callOriginal(state);
-}
-
-/// find with plain = true does not match patterns.
-int boundedFind(lua_State *state)
-{
-    if (!lua_toboolean(state, 4))
-        return boundedPattern(state);
-    contextOf(state).watchdog.charge(state, lua_rawlen(state, 1) + lua_rawlen(state, 2));
-    return callOriginal(state);
-}
 
 int boundedRep(lua_State *state)
 {
@@ -46,15 +18,15 @@ int boundedRep(lua_State *state)
     luaL_checklstring(state, 1, &length);
     const lua_Integer count = luaL_checkinteger(state, 2);
     luaL_optlstring(state, 3, "", &separator);
-    const auto most = static_cast<lua_Integer>(CLuaAllocator::MaxString / (length + separator + 1));
-    if (length + separator > 0 && count > most + 1)
+    const size_t each = length + separator;
+    if (each > 0 && count > static_cast<lua_Integer>(CLuaAllocator::MaxString / each))
         luaL_error(state, "the text would be longer than %d characters",
                    int{CLuaAllocator::MaxString});
     contextOf(state).watchdog.charge(state, CLuaAllocator::MaxString / 16);
     // Nothing, any number of times: without this it would be counted out.
-    if (length + separator == 0)
+    if (each == 0)
         lua_settop(state, 1);
-    return length + separator == 0 ? 1 : callOriginal(state);
+    return each == 0 ? 1 : callOriginal(state);
 }
 
 /// Refuses "%p", which gives addresses.
@@ -123,10 +95,7 @@ void openSandboxString(lua_State *state)
     luaopen_string(state);
     lua_pushvalue(state, -1);
     takeCharged(state, Charged);
-    wrap(state, "find", boundedFind);
-    wrap(state, "match", boundedPattern);
-    wrap(state, "gmatch", boundedPattern);
-    wrap(state, "gsub", boundedPattern);
+    addSandboxPatterns(state);
     wrap(state, "rep", boundedRep);
     wrap(state, "format", boundedFormat);
 

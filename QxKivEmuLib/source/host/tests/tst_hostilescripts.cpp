@@ -1,0 +1,276 @@
+#include "SHostRun.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr int Slower = 10; // what ends by its own limit must not run into the time's
+#else
+constexpr int Slower = 1;
+#endif
+constexpr kivemu::SScriptLimits Limits{60ms * Slower, 30ms * Slower, size_t{16} << 20};
+constexpr char Neighbour[] = "color('#00ff00') fill_rect(1, 2, 3, 4)";
+constexpr char NeighbourList[] = "FILL_RECT(16, 32, 48, 64, 0);";
+
+struct SHostileScript
+{
+    const char *name;
+    const char *code;
+    const char *error; ///< part of the message
+};
+
+constexpr char TooLong[] = "takes too long";
+constexpr char NoMemory[] = "not enough memory";
+
+const SHostileScript Scripts[] = {
+    // Time
+    {"endless_loop", "while true do end", TooLong},
+    {"goto_loop", "::again:: goto again", TooLong},
+    {"repeat_loop", "repeat local x = 1 until false", TooLong},
+    {"endless_for", "for i = 1, math.huge do end", TooLong},
+    {"pcall_loop", "while true do pcall(function() while true do end end) end", TooLong},
+    {"pcall_in_pcall",
+     "local function f() pcall(f) while true do end end while true do pcall(f) end", TooLong},
+    {"xpcall_handler",
+     "while true do xpcall(function() while true do end end, function() while true do end end) end",
+     TooLong},
+    {"metamethod_loop",
+     "local t = setmetatable({}, {__index = function() while true do end end}) return t.x",
+     TooLong},
+    {"index_chain",
+     "local t = setmetatable({}, {__index = function(t, k) return t[k + 1] end}) while true do "
+     "pcall(function() return t[1] end) end",
+     TooLong},
+    {"sort_comparator", "table.sort({3, 2, 1}, function() while true do end end)", TooLong},
+    {"sort_long_texts",
+     "local a = ('x'):rep(200000) local t = {} for i = 1, 40000 do t[i] = a end for i = 1, 60 do "
+     "t[i] "
+     "= a .. i end while true do table.sort(t) end",
+     TooLong},
+    {"gsub_callback", "('x'):gsub('x', function() while true do end end)", TooLong},
+    {"gmatch_forever", "while true do for w in ('a b c'):gmatch('%a') do end end", TooLong},
+    {"pattern_blow_up", "return (('a'):rep(3000)):find(('a-'):rep(20) .. 'b')", TooLong},
+    {"pattern_optional_blow_up", "return (('a'):rep(60)):match(('a?'):rep(60) .. ('a'):rep(60))",
+     TooLong},
+    {"pattern_plus_blow_up",
+     "return (('a'):rep(5000)):match('(a+)+b') or (('a'):rep(5000)):match('a*a*a*a*b')", TooLong},
+    {"plain_find_product",
+     "local s = ('a'):rep(200000) while true do s:find(('a'):rep(99999) .. 'b', 1, true) end",
+     TooLong},
+    {"tostring_metamethod",
+     "tostring(setmetatable({}, {__tostring = function() while true do end end}))", TooLong},
+    {"close_variable",
+     "local x <close> = setmetatable({}, {__close = function() while true do end end})", TooLong},
+    {"close_after_error",
+     "local x <close> = setmetatable({}, {__close = function() while true do end end}) "
+     "error('first')",
+     TooLong},
+    {"concat_metamethod",
+     "local t = setmetatable({}, {__concat = function() while true do end end}) return t .. ''",
+     TooLong},
+    {"len_metamethod",
+     "local t = setmetatable({}, {__len = function() while true do end end}) return #t", TooLong},
+    {"compare_long_texts",
+     "local a, b = ('x'):rep(250000) .. 'a', ('x'):rep(250000) .. 'a' while true do local c = a == "
+     "b and a <= b end",
+     TooLong},
+    {"number_of_blanks",
+     "local s = (' '):rep(250000) while true do tonumber(s) pcall(function() return s + 1 end) end",
+     TooLong},
+    {"next_of_emptied_table",
+     "local t = {} for i = 1, 100000 do t['k' .. i] = 1 end for i = 1, 100000 do t['k' .. i] = nil "
+     "end "
+     "while true do next(t) end",
+     TooLong},
+    {"pairs_of_large_table",
+     "local t = {} for i = 1, 90000 do t[i * 2.5] = i end while true do pairs(t) end", TooLong},
+    {"api_flood", "while true do disc(1, 2, 3) end", TooLong},
+    {"text_flood", "local s = ('W'):rep(4000) while true do text_fit(34, s, 5) end", TooLong},
+    {"utf8_flood",
+     "local s = ('\\u{20AC}'):rep(60000) while true do utf8.len(s) utf8.codepoint(s, 1, 3000) end",
+     TooLong},
+    {"unpack_flood",
+     "local t = {} for i = 1, 40000 do t[i] = i end while true do table.unpack(t) end", TooLong},
+    {"insert_at_front",
+     "local t = {} for i = 1, 40000 do t[i] = i end while true do table.insert(t, 1, 0) "
+     "table.remove(t, 1) end",
+     TooLong},
+    {"missing_files", "while true do load_image('/no/such/file.png') end", TooLong},
+
+    // Memory
+    {"rep_huge", "return ('x'):rep(1 << 40)", "longer than"},
+    {"rep_of_nothing", "return #(''):rep(1 << 62) .. missing", "missing"},
+    {"doubling", "local s = 'x' while true do s = s .. s end", NoMemory},
+    {"doubling_in_pcall",
+     "while true do pcall(function() local s = 'x' while true do s = s .. s end end) end", TooLong},
+    {"table_growth", "local t = {} for i = 1, 1e9 do t[i] = i end", NoMemory},
+    {"table_growth_in_pcall",
+     "while true do pcall(function() local t = {} for i = 1, 1e9 do t[i] = i end end) end",
+     TooLong},
+    {"closures", "local t = {} while true do t[#t + 1] = function() return t end end",
+     "Kiv_Test_T 1: "},
+    {"concat_huge",
+     "local t = {} for i = 1, 500 do t[i] = ('x'):rep(1000) end return table.concat(t)", NoMemory},
+    {"concat_no_end", "return table.concat(setmetatable({}, {__index = rawlen}), '', 1, 1 << 60)",
+     "too many"},
+    {"concat_lying_length",
+     "return table.concat(setmetatable({}, {__index = rawlen, __len = function() return 1 << 60 "
+     "end}))",
+     "too many"},
+    {"insert_lying_length",
+     "table.insert(setmetatable({}, {__len = function() return 1 << 60 end}), 1, 1)", "__len"},
+    {"move_no_end", "table.move({}, 1, 1 << 60, 2)", "too many"},
+    {"unpack_no_end", "return table.unpack({}, 1, 1 << 60)", "too many"},
+    {"unpack_wrapping", "return table.unpack({}, -(1 << 62), 1 << 62)", "too many"},
+    {"gsub_growth", "return (('x'):rep(10000)):gsub('x', ('y'):rep(10000))", "longer than"},
+    {"format_width", "return string.format('%99999d', 1)", "invalid"},
+    {"format_huge", "return string.format(('%s'):rep(3000), 1)", "longer than"},
+    {"many_globals", "for i = 1, 1e9 do _ENV['v' .. i] = i end", "Kiv_Test_T 1: "},
+    {"points_flood", "local p = {} for i = 1, 20000 do p[i] = i end polyline(p)",
+     "too many points"},
+    {"text_too_long", "text(0, 0, 20, ('x'):rep(100000))", "longer than"},
+    {"save_flood", "while true do save() end", "nested"},
+
+    // Recursion
+    {"recursion", "local function f() return 1 + f() end f()", "Kiv_Test_T 1: "},
+    {"recursion_in_pcall", "local function f() pcall(f) error('x') end f()", "Kiv_Test_T 1: "},
+    {"tostring_recursion",
+     "local t t = setmetatable({}, {__tostring = function() return tostring(t) end}) tostring(t)",
+     "overflow"},
+    {"pattern_recursion", "return (('('):rep(40)):find(('('):rep(40) .. (')'):rep(40))", "pattern"},
+    {"parser_recursion_guard", "return ((((((((((((((((((((((((((((((((((((((((", "expected"},
+
+    // What must not be there
+    {"io", "io.open('/etc/passwd')", "global 'io'"},
+    {"os", "os.execute('true')", "global 'os'"},
+    {"require", "require('io')", "global 'require'"},
+    {"load", "load('return 1')()", "global 'load'"},
+    {"loadstring", "loadstring('return 1')", "global 'loadstring'"},
+    {"loadfile", "loadfile('/etc/passwd')", "global 'loadfile'"},
+    {"dofile", "dofile('/etc/passwd')", "global 'dofile'"},
+    {"debug", "debug.sethook()", "global 'debug'"},
+    {"package", "package.loadlib('x', 'y')", "global 'package'"},
+    {"coroutine", "coroutine.wrap(function() end)()", "global 'coroutine'"},
+    {"collectgarbage", "collectgarbage('stop')", "global 'collectgarbage'"},
+    {"global_table", "_G.math = nil", "global '_G'"},
+    {"string_dump", "string.dump(function() end)", "field 'dump'"},
+    {"random", "math.random()", "field 'random'"},
+    {"finalizer", "setmetatable({}, {__gc = function() while true do end end})", "__gc"},
+    {"finalizer_false", "setmetatable({}, {__gc = false})", "__gc"},
+    {"bytecode", "\x1bLua\x54\x00\x19\x93", "binary chunk"},
+    {"address", "return string.format('%p', {})", "%p"},
+    {"own_draw_item", "draw_item(item)", "draw_item"},
+
+    // Odd error values
+    {"error_table", "error({})", "without a message"},
+    {"error_nil", "error(nil)", "without a message"},
+    {"error_function", "error(print)", "without a message"},
+    {"error_empty", "error('', 0)", "without a message"},
+    {"error_number", "error(42)", "42"},
+    {"error_tostring", "error(setmetatable({}, {__tostring = function() while true do end end}))",
+     "without a message"},
+    {"error_lines", "error('a\\nb\\0c')", "a b"},
+    {"error_long", "error(('x'):rep(100000))", "..."},
+    {"error_flood", "while true do pcall(error, {}) end", TooLong},
+    {"nan", "disc(0 / 0, 1, 1)", "finite"},
+    {"infinite", "line(0, 0, math.huge, 1)", "finite"},
+};
+
+class HostileScript : public testing::TestWithParam<SHostileScript>
+{
+protected:
+    void expectNextFrameWorks(kivemu::CLuaHost &host)
+    {
+        CTestModel good;
+        good.add(Neighbour);
+        const SHostRun next(host, good);
+        EXPECT_EQ(next.errors, "");
+        EXPECT_TRUE(next.has(NeighbourList)) << next.list;
+    }
+};
+
+size_t lineCount(const std::string &text)
+{
+    return text.empty() ? 0 : 1 + static_cast<size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+} // namespace
+
+TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
+{
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua")) << host.loadError();
+    CTestModel model;
+    model.add(GetParam().code);
+    model.add(Neighbour);
+    const SHostRun run(host, model);
+    EXPECT_NE(run.errors.find(GetParam().error), std::string::npos) << run.errors;
+    EXPECT_EQ(run.errors.rfind("Kiv_Test_T 1: ", 0), 0U) << run.errors;
+    EXPECT_LE(lineCount(run.errors), 2U) << run.errors; // the second one for a full RAM_DL
+    EXPECT_EQ(run.words.back(), 0U) << "no end";
+    const bool isFull = run.errors.find("RAM_DL is full") != std::string::npos;
+    EXPECT_TRUE(isFull || run.has(NeighbourList)) << run.list;
+    EXPECT_TRUE(isFull || run.has("STROKE_RECT(160, 320, 320, 160, 0);")) << "no hatched box";
+    expectNextFrameWorks(host);
+}
+
+TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
+{
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    const std::string code = GetParam().code;
+    const std::string script = std::string("local attack = true\nlocal function run(item)\n") +
+                               code +
+                               "\nend\nfunction render(screen, items)\n"
+                               "  clear(screen.color)\n"
+                               "  if screen.attack == 1 then run(items[1]) end\n"
+                               "  for _, item in ipairs(items) do draw_item(item) end\nend\n";
+    // What cannot even be compiled is an error of the script as a whole.
+    if (!host.loadText(script, "kiv_render.lua"))
+        GTEST_SKIP() << host.loadError();
+    CTestModel model;
+    model.screen().set("attack", 1);
+    model.add(Neighbour);
+    const SHostRun run(host, model);
+    const bool mayEndWell = code == "draw_item(item)";
+    EXPECT_TRUE(mayEndWell || !run.errors.empty());
+    EXPECT_TRUE(run.has("CLEAR(0x102030);")) << run.list;
+    EXPECT_EQ(run.words.back(), 0U) << "no end";
+    expectNextFrameWorks(host);
+}
+
+TEST_P(HostileScript, whenTheScriptIsLoadedEndsWithAnError)
+{
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    const std::string script =
+        std::string("local item = 1\n") + "do\n" + GetParam().code + "\nend\n" + PlainScript;
+    host.loadText(script, "kiv_render.lua");
+    CTestModel model;
+    model.add(Neighbour);
+    const SHostRun run(host, model);
+    EXPECT_EQ(run.errors.empty(), host.loadError().empty());
+    EXPECT_EQ(run.words.back(), 0U) << "no end";
+    ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua")) << host.loadError();
+    expectNextFrameWorks(host);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, HostileScript, testing::ValuesIn(Scripts),
+                         [](const auto &test) { return std::string(test.param.name); });
+
+TEST(HostileScripts, severalHangingItemsLeaveAFrame)
+{
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
+    CTestModel model;
+    model.add(Neighbour);
+    for (int i = 0; i < 20; ++i)
+        model.add("while true do end");
+    const SHostRun run(host, model);
+    EXPECT_TRUE(run.has(NeighbourList));
+    EXPECT_NE(run.errors.find("Kiv_Test_T 2: line 1: stopped"), std::string::npos) << run.errors;
+    EXPECT_NE(run.errors.find("not drawn"), std::string::npos) << run.errors;
+    EXPECT_LE(lineCount(run.errors), 6U) << run.errors;
+}
