@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CProjectSession.h"
+
+#include <functional>
+
+/// What one tick of the autosave timer does: saves the project unless something is under way that
+/// must not be on the disk half done.
+class CAutosaver
+{
+public:
+    /// Not saved now, but wanted: try again soon. Otherwise what the session answered.
+    enum class ETick { Done, Postponed };
+
+    explicit CAutosaver(CProjectSession *session);
+
+    /// Asked at each tick; true while a gesture, an export or a modal question is under way.
+    void setBusyCheck(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
+
+    ETick tick();
+
+    /// Whether a macro is open on the project's undo stack.
+    static bool isMacroOpen(const CProjectModel *project);
+
+private:
+    CProjectSession *const m_session;
+    std::function<bool()> m_isBusy;
+};

@@ -1,0 +1,146 @@
+#include "CProjectLock.h"
+
+#include "CFolderGuard.h"
+#include "HiddenFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QVector>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace {
+constexpr qint64 MaxLockBytes = 4096;
+
+/// Locks whose file is no longer there, or another process's. Destroying them would remove the file
+/// of a new owner, so they are kept to the end of the process.
+void abandon(std::unique_ptr<QLockFile> lock)
+{
+    static auto *const abandoned = new QVector<QLockFile *>;
+    abandoned->append(lock.release());
+}
+} // namespace
+
+struct CProjectLock::SIdentity
+{
+    quint64 device;
+    quint64 inode;
+    QByteArray content;
+
+    bool operator==(const SIdentity &other) const
+    {
+        return device == other.device && inode == other.inode && content == other.content;
+    }
+};
+
+CProjectLock::CProjectLock(const QString &projectFile) : m_path(lockPath(projectFile))
+{
+}
+
+CProjectLock::~CProjectLock()
+{
+    release();
+}
+
+QString CProjectLock::lockPath(const QString &projectFile)
+{
+    const QFileInfo info(projectFile);
+    return info.absolutePath() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".lock");
+}
+
+/// Nothing when there is no file to be seen.
+std::optional<CProjectLock::SIdentity> CProjectLock::identityOf(const QString &path)
+{
+    SIdentity identity{0, 0, {}};
+#ifdef Q_OS_UNIX
+    struct stat status;
+    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    identity.device = status.st_dev;
+    identity.inode = status.st_ino;
+    if (!S_ISREG(status.st_mode))
+        return identity;
+#endif
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly))
+        identity.content = file.read(MaxLockBytes);
+    else if (!file.exists())
+        return std::nullopt;
+    return identity;
+}
+
+CProjectLock::EResult CProjectLock::tryLock()
+{
+    const CFolderGuard guard(QFileInfo(m_path).path());
+    const auto before = identityOf(m_path);
+    const QDateTime begun = QFileInfo(m_path).lastModified();
+    const EResult result = lock();
+    if (result == EResult::Taken && before)
+        m_deadSession = begun;
+    if (result == EResult::HeldElsewhere && before)
+        m_foreign = std::make_unique<SIdentity>(*before);
+    return result;
+}
+
+CProjectLock::EResult CProjectLock::takeOver()
+{
+    const CFolderGuard guard(QFileInfo(m_path).path());
+    const auto found = identityOf(m_path);
+    if (found && (!m_foreign || !(*found == *m_foreign)))
+        return EResult::HeldElsewhere; // not the lock that the user was asked about
+    if (found && !QFile::remove(m_path))
+        return EResult::Unavailable;
+    return lock();
+}
+
+CProjectLock::EResult CProjectLock::lock()
+{
+    auto lock = std::make_unique<QLockFile>(m_path);
+    lock->setStaleLockTime(0); // age proves nothing: a project may stay open for days
+    if (!lock->tryLock(0))
+        return lock->error() == QLockFile::LockFailedError ? EResult::HeldElsewhere
+                                                           : EResult::Unavailable;
+    const auto own = identityOf(m_path);
+    qint64 pid = 0;
+    QString host;
+    QString program;
+    const bool isOwn = own && lock->getLockInfo(&pid, &host, &program) &&
+                       pid == QCoreApplication::applicationPid();
+    if (!isOwn) {
+        abandon(std::move(lock));
+        return EResult::HeldElsewhere;
+    }
+    hideFile(m_path);
+    m_own = std::make_unique<SIdentity>(*own);
+    m_lock = std::move(lock);
+    return EResult::Taken;
+}
+
+bool CProjectLock::isStillOwned() const
+{
+    if (!m_lock)
+        return false;
+    const auto found = identityOf(m_path);
+    return found && *found == *m_own;
+}
+
+bool CProjectLock::isOusted() const
+{
+    const auto found = identityOf(m_path);
+    return m_lock && found && !(*found == *m_own);
+}
+
+void CProjectLock::release()
+{
+    if (!m_lock)
+        return;
+    const CFolderGuard guard(QFileInfo(m_path).path());
+    if (isStillOwned())
+        m_lock.reset();
+    else
+        abandon(std::move(m_lock));
+}

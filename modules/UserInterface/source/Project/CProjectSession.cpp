@@ -1,0 +1,344 @@
+#include "CProjectSession.h"
+
+#include "CConvertedFolder.h"
+#include "CProjectFile.h"
+#include "CProjectLock.h"
+#include "CProjectModel.h"
+#include "CRecentProjects.h"
+#include "CXmlGuard.h"
+#include "IUserQuestions.h"
+#include "PropertyKey.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUndoStack>
+
+namespace {
+bool isSameFile(const QString &a, const QString &b)
+{
+    const QFileInfo first(a);
+    const QFileInfo second(b);
+    if (a.isEmpty() || b.isEmpty())
+        return false;
+    return first.absoluteFilePath() == second.absoluteFilePath() ||
+           (first.exists() && second.exists() && first == second);
+}
+} // namespace
+
+CProjectSession::CProjectSession(IUserQuestions *user, CRecentProjects *recent, QObject *parent)
+    : QObject(parent), m_user(user), m_recent(recent), m_workingDirectory(QDir::currentPath())
+{
+}
+
+CProjectSession::~CProjectSession()
+{
+    m_project.reset(); // before the lock goes
+}
+
+bool CProjectSession::isDirty() const
+{
+    return m_project && !m_project->undoStack()->isClean();
+}
+
+QString CProjectSession::path() const
+{
+    return m_file ? m_file->path() : QString();
+}
+
+QString CProjectSession::title() const
+{
+    if (!m_project)
+        return {};
+    return tr("%1 for %2")
+        .arg(m_project->propertyText(PropertyKey::ProjectName), m_project->platform());
+}
+
+void CProjectSession::setWorkingDirectory(const QString &folder)
+{
+    m_workingDirectory = folder;
+}
+
+bool CProjectSession::validate(const QFile &file) const
+{
+    QString reason;
+    const auto bytes = CXmlGuard::readFile(file.fileName(), &reason);
+    if (bytes && CProjectModel::isProjectDocument(*bytes, &reason))
+        return true;
+    m_user->showError(tr("The specified file is not a valid project file."), reason);
+    return false;
+}
+
+bool CProjectSession::openFile(const QString &path)
+{
+    auto file = std::make_unique<CProjectFile>(path);
+    if (isSameFile(file->path(), this->path()))
+        discard(); // its lock would be in its own way
+    bool given = false;
+    auto lock = lockFor(file->path(), &given);
+    if (!given)
+        return false;
+    auto project = std::make_unique<CProjectModel>();
+    bool isRecovered = false;
+    if (!load(project.get(), file.get(), *lock, &isRecovered))
+        return false;
+
+    discard();
+    m_lock = std::move(lock);
+    m_file = std::move(file);
+    activate(std::move(project));
+    if (isRecovered)
+        m_project->undoStack()->resetClean();
+    m_workingDirectory = QFileInfo(m_file->path()).absolutePath();
+    Q_EMIT titleChanged(title());
+    m_recent->add(QFileInfo(m_file->path()));
+    Q_EMIT projectLoaded();
+    return true;
+}
+
+/// The lock as far as it can be had. `given` is false when the user does not want to go on.
+std::unique_ptr<CProjectLock> CProjectSession::lockFor(const QString &path, bool *given)
+{
+    auto lock = std::make_unique<CProjectLock>(path);
+    auto result = lock->tryLock();
+    if (result == CProjectLock::EResult::HeldElsewhere) {
+        *given = m_user->takeOverLock(path);
+        if (!*given)
+            return lock;
+        result = lock->takeOver();
+        if (result == CProjectLock::EResult::HeldElsewhere) {
+            *given = false;
+            m_user->showNotice(tr("Another copy of the program has taken %1 over in the meantime.")
+                                   .arg(QDir::toNativeSeparators(path)));
+            return lock;
+        }
+    }
+    *given = true;
+    if (result == CProjectLock::EResult::Unavailable)
+        m_user->showNotice(tr("The folder of %1 cannot hold a lock file, so the project is not "
+                              "protected against being opened twice.")
+                               .arg(QDir::toNativeSeparators(path)));
+    return lock;
+}
+
+bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
+                           bool *isRecovered)
+{
+    const bool afterCrash = lock.deadSession().has_value();
+    if (afterCrash)
+        file->removeOrphans(*lock.deadSession());
+
+    QString reason;
+    auto bytes = file->read(&reason);
+    *isRecovered = bytes && afterCrash && file->hasBackup();
+    if (*isRecovered && !m_user->openAutosaved(file->path()))
+        bytes = file->readBackup(&reason);
+    if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
+        m_user->showError(tr("Could not open specified project file."), reason);
+        return false;
+    }
+    project->setWorkingDirectory(QFileInfo(file->path()).absolutePath());
+    return true;
+}
+
+void CProjectSession::activate(std::unique_ptr<CProjectModel> project)
+{
+    m_project = std::move(project);
+    CProjectModel::setCurrent(m_project.get());
+    Q_EMIT projectOpened(m_project.get());
+}
+
+void CProjectSession::open()
+{
+    const QString path = m_user->projectToOpen(m_workingDirectory);
+    if (!path.isEmpty())
+        open(path);
+}
+
+void CProjectSession::open(const QString &path)
+{
+    if (validate(QFile(path)) && close())
+        openFile(path);
+}
+
+void CProjectSession::newProject()
+{
+    const auto options = m_user->newProject();
+    if (!options || !close())
+        return;
+    auto project = std::make_unique<CProjectModel>();
+    project->newProject(*options);
+    project->setNyxVersion(m_programVersion);
+    m_workingDirectory = project->workingDirectory();
+    activate(std::move(project));
+    Q_EMIT titleChanged(title());
+    Q_EMIT projectLoaded();
+}
+
+bool CProjectSession::isOusted() const
+{
+    return m_lock && m_lock->isOusted();
+}
+
+bool CProjectSession::save()
+{
+    if (!m_project)
+        return false;
+    if (!m_file)
+        return saveAs();
+    if (isOusted())
+        return m_user->saveElsewhere(m_file->path()) && saveAs();
+    if (m_file->isChangedByOthers()) {
+        switch (m_user->overwriteChanged(m_file->path())) {
+        case IUserQuestions::EOverwrite::Overwrite:
+            break;
+        case IUserQuestions::EOverwrite::SaveAs:
+            return saveAs();
+        case IUserQuestions::EOverwrite::Cancel:
+            return false;
+        }
+    }
+    const QString reason = write(m_file.get(), CProjectFile::EWrite::ByUser);
+    if (!reason.isEmpty()) {
+        fail(reason);
+        return false;
+    }
+    m_recent->add(QFileInfo(m_file->path()));
+    return true;
+}
+
+/// Empty, and the project is clean, when the file holds it.
+QString CProjectSession::write(CProjectFile *file, CProjectFile::EWrite kind)
+{
+    QString reason;
+    const QByteArray bytes = m_project->saveToBytes(&reason, file->path());
+    if (reason.isEmpty())
+        reason = file->write(bytes, kind);
+    if (reason.isEmpty()) {
+        m_project->undoStack()->setClean();
+        m_autosaveComplaint.clear();
+    }
+    return reason;
+}
+
+void CProjectSession::fail(const QString &reason) const
+{
+    m_user->showError(tr("An error occurred during saving the project"), reason);
+}
+
+bool CProjectSession::saveAs()
+{
+    if (!m_project)
+        return false;
+    const QString path = m_user->projectToSave(m_workingDirectory,
+                                               m_project->propertyText(PropertyKey::ProjectName));
+    if (path.isEmpty())
+        return false;
+    if (isSameFile(path, this->path()) && !isOusted())
+        return moveTo(this->path());
+
+    auto lock = std::make_unique<CProjectLock>(path);
+    if (lock->tryLock() == CProjectLock::EResult::HeldElsewhere) {
+        fail(tr("%1 is open in another copy of the program.").arg(QDir::toNativeSeparators(path)));
+        return false;
+    }
+    if (!moveTo(path))
+        return false;
+    m_lock = std::move(lock);
+    return true;
+}
+
+/// Writes the project under its new name first: only then is the old file let go.
+bool CProjectSession::moveTo(const QString &path)
+{
+    const QFileInfo target(path);
+    const QString folder = target.absolutePath();
+    const auto oldImages = CConvertedFolder::path(
+        m_project->workingDirectory(), m_project->propertyText(PropertyKey::ProjectName));
+    QString reason =
+        CConvertedFolder::copy(oldImages, CConvertedFolder::path(folder, target.baseName()));
+    if (!reason.isEmpty()) {
+        fail(reason);
+        return false;
+    }
+    const auto putBack = CConvertedFolder::rename(m_project.get(), folder, target.baseName());
+    auto file = std::make_unique<CProjectFile>(path);
+    reason = write(file.get(), CProjectFile::EWrite::ByUser);
+    if (!reason.isEmpty()) {
+        putBack();
+        fail(reason);
+        return false;
+    }
+    m_file = std::move(file);
+    m_workingDirectory = folder;
+    Q_EMIT titleChanged(title());
+    m_recent->add(target);
+    return true;
+}
+
+bool CProjectSession::close()
+{
+    if (!m_project)
+        return true;
+    if (isDirty()) {
+        switch (m_user->saveBeforeClosing()) {
+        case IUserQuestions::EClose::Cancel:
+            return false;
+        case IUserQuestions::EClose::Save:
+            if (!save())
+                return false;
+            break;
+        case IUserQuestions::EClose::Discard:
+            break;
+        }
+    }
+    discard();
+    return true;
+}
+
+void CProjectSession::closeWithoutQuestions()
+{
+    discard();
+}
+
+void CProjectSession::discard()
+{
+    if (!m_project)
+        return;
+    Q_EMIT projectAboutToClose(m_project.get());
+    m_project.reset();
+    m_file.reset();
+    m_lock.reset();
+    m_autosaveComplaint.clear();
+    Q_EMIT titleChanged(QString());
+    Q_EMIT projectClosed();
+}
+
+CProjectSession::EAutosave CProjectSession::autosave()
+{
+    if (!m_project)
+        return EAutosave::NoProject;
+    QString reason;
+    if (!m_file)
+        reason = tr("The project was never saved, so it has no file that could be saved to "
+                    "automatically.");
+    else if (!isDirty())
+        return EAutosave::Unchanged;
+    else if (isOusted())
+        reason = tr("%1 is not saved automatically: another copy of the program has taken it "
+                    "over. Use Save As.")
+                     .arg(QDir::toNativeSeparators(m_file->path()));
+    else if (m_file->isChangedByOthers())
+        reason = tr("%1 is not saved automatically: it was changed by another program. Save it "
+                    "to decide which version stays.")
+                     .arg(QDir::toNativeSeparators(m_file->path()));
+    else
+        reason = write(m_file.get(), CProjectFile::EWrite::Automatic);
+    if (reason.isEmpty()) {
+        m_recent->add(QFileInfo(m_file->path()));
+        return EAutosave::Saved;
+    }
+    if (reason != m_autosaveComplaint)
+        fail(reason);
+    m_autosaveComplaint = reason;
+    return EAutosave::Failed;
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "IUserQuestions.h"
+
+#include <QStringList>
+
+/// Answers as the test has set it, and writes down what it was asked and told.
+class CScriptedUser final : public IUserQuestions
+{
+public:
+    EClose closeAnswer = EClose::Cancel;
+    EOverwrite overwriteAnswer = EOverwrite::Cancel;
+    bool takeOverAnswer = false;
+    bool saveElsewhereAnswer = false;
+    bool openAutosavedAnswer = true;
+    QString openPath;
+    QString savePath;
+    std::optional<ProjectOptions> newOptions;
+
+    QStringList asked; ///< names of the questions, in order
+    QStringList errors;
+    QStringList reasons;
+    QStringList notices;
+    QString offeredFolder; ///< of the last file dialog
+    QString offeredName;
+
+    EClose saveBeforeClosing() override { return note("close"), closeAnswer; }
+    bool takeOverLock(const QString &) override { return note("takeover"), takeOverAnswer; }
+    EOverwrite overwriteChanged(const QString &) override
+    {
+        return note("overwrite"), overwriteAnswer;
+    }
+    bool saveElsewhere(const QString &) override { return note("elsewhere"), saveElsewhereAnswer; }
+    bool openAutosaved(const QString &) override { return note("autosaved"), openAutosavedAnswer; }
+    QString projectToOpen(const QString &folder) override
+    {
+        note("open");
+        offeredFolder = folder;
+        return openPath;
+    }
+    QString projectToSave(const QString &folder, const QString &name) override
+    {
+        note("saveas");
+        offeredFolder = folder;
+        offeredName = name;
+        return savePath;
+    }
+    std::optional<ProjectOptions> newProject() override { return note("new"), newOptions; }
+    void showError(const QString &text, const QString &reason) override
+    {
+        errors.append(text);
+        reasons.append(reason);
+    }
+    void showNotice(const QString &text) override { notices.append(text); }
+
+private:
+    void note(const char *question) { asked.append(QLatin1String(question)); }
+};

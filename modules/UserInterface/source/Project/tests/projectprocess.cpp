@@ -1,0 +1,119 @@
+// A process of its own for tests: it opens a project as a copy of the program would.
+//   projectprocess lock FILE              locks, says "taken" or "held", waits for a line, releases
+//   projectprocess takeover FILE          as lock, taking over what is held; waits before each step
+//   projectprocess save FILE              opens FILE, saves it in two versions in turn, for ever
+//   projectprocess crash FILE             locks and ends without releasing
+//   projectprocess nobody FILE            as a user without rights: opens, changes, saves, says how
+#include "CProjectLock.h"
+#include "CProjectModel.h"
+#include "CProjectSession.h"
+#include "CRecentProjects.h"
+#include "CScriptedUser.h"
+#include "ProjectTestSupport.h"
+
+#include <QCoreApplication>
+
+#include <csignal>
+#include <iostream>
+#include <string>
+#include <unistd.h>
+
+namespace {
+void say(const char *text)
+{
+    std::cout << text << std::endl;
+}
+
+void waitForLine()
+{
+    std::string line;
+    std::getline(std::cin, line);
+}
+
+const char *nameOf(CProjectLock::EResult result)
+{
+    switch (result) {
+    case CProjectLock::EResult::Taken:
+        return "taken";
+    case CProjectLock::EResult::HeldElsewhere:
+        return "held";
+    case CProjectLock::EResult::Unavailable:
+        break;
+    }
+    return "unavailable";
+}
+
+int holdLock(const QString &file, bool takeOver)
+{
+    CProjectLock lock(file);
+    auto result = lock.tryLock();
+    say(nameOf(result));
+    if (takeOver) {
+        waitForLine();
+        result = lock.takeOver();
+        say(nameOf(result));
+    }
+    waitForLine();
+    say(lock.isStillOwned() ? "owned" : "lost");
+    waitForLine();
+    return 0;
+}
+
+/// Two documents in turn: as it was opened, and with the change of one property.
+int saveForever(const QString &path)
+{
+    CScriptedUser user;
+    CRecentProjects recent;
+    CProjectSession session(&user, &recent);
+    if (!session.openFile(path))
+        return 1;
+    QUndoStack *stack = session.project()->undoStack();
+    ProjectTestSupport::change(session.project(), ProjectTestSupport::largeText());
+    stack->undo();
+    for (int round = 0;; ++round) {
+        if (!session.save())
+            return 1;
+        if (round == 0)
+            say("saving");
+        round % 2 == 0 ? stack->redo() : stack->undo();
+    }
+}
+
+int openAsNobody(const QString &path)
+{
+    constexpr uid_t nobody = 65534;
+    if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
+        return 1;
+    CScriptedUser user;
+    CRecentProjects recent;
+    CProjectSession session(&user, &recent);
+    if (!session.openFile(path))
+        return 1;
+    std::cout << "notices " << user.notices.size() << std::endl;
+    ProjectTestSupport::change(session.project());
+    const bool saved = session.save();
+    std::cout << (saved ? "saved " : "failed ") << (session.isDirty() ? "dirty " : "clean ")
+              << "errors " << user.errors.size() << std::endl;
+    return 0;
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qSetGlobalQHashSeed(0);
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    const QString task = arguments.value(1);
+    const QString file = arguments.value(2);
+    if (task == QLatin1String("lock") || task == QLatin1String("takeover"))
+        return holdLock(file, task == QLatin1String("takeover"));
+    if (task == QLatin1String("save"))
+        return saveForever(file);
+    if (task == QLatin1String("nobody"))
+        return openAsNobody(file);
+    CProjectLock lock(file);
+    const auto result = lock.tryLock();
+    std::cout << nameOf(result) << std::endl;
+    std::raise(SIGKILL);
+    return 0;
+}

@@ -1,0 +1,249 @@
+#include "CProjectLock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+/// A second process that does one task; see projectprocess.cpp.
+class CProcess
+{
+public:
+    CProcess(const QString &task, const QString &file)
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QStringLiteral(PROJECT_PROCESS), {task, file});
+    }
+    ~CProcess()
+    {
+        m_process.closeWriteChannel();
+        if (!m_process.waitForFinished())
+            m_process.kill();
+        m_process.waitForFinished();
+    }
+    QByteArray line()
+    {
+        while (!m_process.canReadLine()) {
+            if (!m_process.waitForReadyRead(30000))
+                return "nothing";
+        }
+        return m_process.readLine().trimmed();
+    }
+    void goOn()
+    {
+        m_process.write("\n");
+        m_process.waitForBytesWritten();
+    }
+    void waitForEnd() { m_process.waitForFinished(); }
+    void kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+private:
+    QProcess m_process;
+};
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+using EResult = CProjectLock::EResult;
+
+class tst_ProjectLock : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        m_file = m_folder->filePath(QStringLiteral("demo.nyx"));
+        m_lockFile = m_folder->filePath(QStringLiteral(".demo.nyx.lock"));
+    }
+
+    void lockFileLivesAsLongAsTheLock()
+    {
+        QCOMPARE(CProjectLock::lockPath(m_file), m_lockFile);
+        {
+            CProjectLock lock(m_file);
+            QVERIFY(!QFile::exists(m_lockFile));
+            QCOMPARE(lock.tryLock(), EResult::Taken);
+            QVERIFY(QFile::exists(m_lockFile));
+            QVERIFY(lock.isStillOwned());
+            QVERIFY(!lock.deadSession());
+            CProjectLock second(m_file);
+            QCOMPARE(second.tryLock(), EResult::HeldElsewhere);
+        } // the second one, which is not the owner, has removed nothing before
+        QVERIFY(!QFile::exists(m_lockFile));
+        QCOMPARE(QDir(m_folder->path())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
+
+    void secondProcessIsHeldOffAndReleases()
+    {
+        CProcess other(QStringLiteral("lock"), m_file);
+        QCOMPARE(other.line(), QByteArray("taken"));
+        CProjectLock lock(m_file);
+        QCOMPARE(lock.tryLock(), EResult::HeldElsewhere);
+        other.goOn();
+        QCOMPARE(other.line(), QByteArray("owned"));
+        other.goOn();
+        other.waitForEnd();
+        QCOMPARE(lock.tryLock(), EResult::Taken);
+        QVERIFY(!lock.deadSession());
+    }
+
+    void lockOfACrashedProcessIsTakenSilently()
+    {
+        CProcess other(QStringLiteral("crash"), m_file);
+        QCOMPARE(other.line(), QByteArray("taken"));
+        other.waitForEnd();
+        QVERIFY(QFile::exists(m_lockFile));
+        CProjectLock lock(m_file);
+        QCOMPARE(lock.tryLock(), EResult::Taken);
+        QVERIFY(lock.deadSession());
+    }
+
+    void foreignLocks_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("garbage") << QByteArray("\0\xff not a lock\n", 13);
+        QTest::newRow("other host, dead there or not")
+            << QByteArray("999999\nprogram\nanother-host.example\n\n\n");
+        QTest::newRow("the own process id")
+            << own + "\n" + QCoreApplication::applicationName().toUtf8() + "\n\n\n\n";
+    }
+
+    /// Never taken without a question, however old; taken after it.
+    void foreignLocks()
+    {
+        QFETCH(QByteArray, content);
+        writeFile(m_lockFile, content);
+        QFile file(m_lockFile);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addYears(-1),
+                                 QFileDevice::FileModificationTime));
+        file.close();
+
+        CProjectLock lock(m_file);
+        QCOMPARE(lock.tryLock(), EResult::HeldElsewhere);
+        QCOMPARE(readFile(m_lockFile), content);
+        QCOMPARE(lock.takeOver(), EResult::Taken);
+        QVERIFY(lock.isStillOwned());
+    }
+
+    void whatCannotBeALock()
+    {
+        CProjectLock nowhere(m_folder->filePath(QStringLiteral("missing/demo.nyx")));
+        QCOMPARE(nowhere.tryLock(), EResult::Unavailable);
+        writeFile(m_folder->filePath(QStringLiteral("file")), "x");
+        CProjectLock inFile(m_folder->filePath(QStringLiteral("file/demo.nyx")));
+        QCOMPARE(inFile.tryLock(), EResult::Unavailable);
+        QVERIFY(!inFile.isTaken());
+
+        QVERIFY(QDir().mkdir(m_lockFile));
+        CProjectLock folder(m_file);
+        QCOMPARE(folder.tryLock(), EResult::HeldElsewhere);
+        QCOMPARE(folder.takeOver(), EResult::Unavailable);
+        QVERIFY(QFileInfo(m_lockFile).isDir());
+    }
+
+    /// The one that was ousted knows it, and leaves the other's lock file in peace.
+    void oustedOwnerLeavesTheNewLock()
+    {
+        CProcess other(QStringLiteral("lock"), m_file);
+        QCOMPARE(other.line(), QByteArray("taken"));
+        {
+            CProjectLock lock(m_file);
+            QCOMPARE(lock.tryLock(), EResult::HeldElsewhere);
+            QCOMPARE(lock.takeOver(), EResult::Taken);
+            other.goOn();
+            QCOMPARE(other.line(), QByteArray("lost"));
+            other.goOn();
+            other.waitForEnd();
+            QVERIFY(lock.isStillOwned());
+            CProcess third(QStringLiteral("lock"), m_file);
+            QCOMPARE(third.line(), QByteArray("held"));
+            third.goOn();
+            third.goOn();
+            third.waitForEnd();
+        }
+        QVERIFY(!QFile::exists(m_lockFile));
+    }
+
+    /// The user was asked about one lock; another process has taken over since.
+    void takeOverOfALockThatHasChangedYields()
+    {
+        writeFile(m_lockFile, "999999\nprogram\nanother-host.example\n\n\n");
+        CProjectLock first(m_file);
+        QCOMPARE(first.tryLock(), EResult::HeldElsewhere);
+        CProcess other(QStringLiteral("takeover"), m_file);
+        QCOMPARE(other.line(), QByteArray("held"));
+        other.goOn();
+        QCOMPARE(other.line(), QByteArray("taken"));
+        QCOMPARE(first.takeOver(), EResult::HeldElsewhere);
+        QVERIFY(!first.isTaken());
+        other.goOn();
+        QCOMPARE(other.line(), QByteArray("owned"));
+    }
+
+    /// Two processes that were both told of one live lock take it over at once: one of them gets
+    /// it, and the file is that one's.
+    void racesHaveOneOwner()
+    {
+        const int rounds = qEnvironmentVariableIsSet("KIV_LOCK_RACES")
+                               ? qEnvironmentVariableIntValue("KIV_LOCK_RACES")
+                               : 200;
+        int owners = 0;
+        for (int round = 0; round < rounds; ++round) {
+            writeFile(m_lockFile, "999999\nprogram\nanother-host.example\n\n\n");
+            CProcess a(QStringLiteral("takeover"), m_file);
+            CProcess b(QStringLiteral("takeover"), m_file);
+            QCOMPARE(a.line(), QByteArray("held"));
+            QCOMPARE(b.line(), QByteArray("held"));
+            a.goOn();
+            b.goOn();
+            const int taken = (a.line() == "taken") + (b.line() == "taken");
+            a.goOn();
+            b.goOn();
+            const int owned = (a.line() == "owned") + (b.line() == "owned");
+            QCOMPARE(taken, 1);
+            QCOMPARE(owned, 1);
+            ++owners;
+            a.goOn();
+            b.goOn();
+            a.waitForEnd();
+            b.waitForEnd();
+            QVERIFY(!QFile::exists(m_lockFile));
+        }
+        QCOMPARE(owners, rounds);
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+    QString m_lockFile;
+};
+
+QTEST_GUILESS_MAIN(tst_ProjectLock)
+#include "tst_projectlock.moc"

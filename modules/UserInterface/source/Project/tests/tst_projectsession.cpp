@@ -1,0 +1,552 @@
+#include "CAutosaver.h"
+#include "CProjectLock.h"
+#include "CProjectSession.h"
+#include "CRecentProjects.h"
+#include "CScriptedUser.h"
+#include "ProjectTestSupport.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace ProjectTestSupport;
+using EClose = IUserQuestions::EClose;
+using EOverwrite = IUserQuestions::EOverwrite;
+using EAutosave = CProjectSession::EAutosave;
+
+namespace {
+const QString invalidText = QStringLiteral("The specified file is not a valid project file.");
+const QString openText = QStringLiteral("Could not open specified project file.");
+const QString saveText = QStringLiteral("An error occurred during saving the project");
+const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
+
+IUserQuestions::ProjectOptions newOptions(const QString &folder)
+{
+    return {{QStringLiteral("project_name"), QStringLiteral("fresh")},
+            {QStringLiteral("platform"), QStringLiteral("QX112")},
+            {QStringLiteral("width"), QStringLiteral("800")},
+            {QStringLiteral("height"), QStringLiteral("480")},
+            {QStringLiteral("working_directory"), folder}};
+}
+} // namespace
+
+class tst_ProjectSession : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        m_file = at("demo.nyx");
+        QVERIFY(writeFile(m_file, document(QStringLiteral("demo"))));
+        m_user = std::make_unique<CScriptedUser>();
+        m_recent = std::make_unique<CRecentProjects>();
+        m_session = std::make_unique<CProjectSession>(m_user.get(), m_recent.get());
+    }
+
+    void cleanup()
+    {
+        m_session.reset();
+        QVERIFY(!filesIn(m_folder->path()).contains(QStringLiteral(".demo.nyx.lock")) ||
+                readFile(at(".demo.nyx.lock")) == foreignLock);
+        m_folder.reset();
+    }
+
+    void openTellsEverythingInOrder()
+    {
+        QStringList order;
+        connect(m_session.get(), &CProjectSession::projectOpened, this,
+                [&](CProjectModel *project) {
+                    order << QStringLiteral("opened");
+                    QCOMPARE(CProjectModel::current(), project);
+                });
+        connect(m_session.get(), &CProjectSession::titleChanged, this,
+                [&](const QString &title) { order << title; });
+        connect(m_recent.get(), &CRecentProjects::changed, this,
+                [&] { order << QStringLiteral("recent"); });
+        connect(m_session.get(), &CProjectSession::projectLoaded, this,
+                [&] { order << QStringLiteral("loaded"); });
+        connect(m_session.get(), &CProjectSession::projectAboutToClose, this,
+                [&] { order << QStringLiteral("closing"); });
+        connect(m_session.get(), &CProjectSession::projectClosed, this, [&] {
+            order << QStringLiteral("closed");
+            QVERIFY(!CProjectModel::current());
+            QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
+        });
+        QVERIFY(m_session->openFile(m_file));
+        QVERIFY(QFile::exists(at(".demo.nyx.lock")));
+        QCOMPARE(m_session->path(), m_file);
+        QCOMPARE(m_session->workingDirectory(), m_folder->path());
+        QCOMPARE(m_session->project()->workingDirectory(), m_folder->path());
+        QCOMPARE(m_recent->paths(), QStringList(m_file));
+        QVERIFY(!m_session->isDirty());
+        QVERIFY(m_session->close());
+        QCOMPARE(order, QStringList({"opened", "demo for QX110", "recent", "loaded", "closing", "",
+                                     "closed"}));
+        QCOMPARE(m_session->path(), QString());
+        QCOMPARE(m_session->title(), QString());
+        QCOMPARE(m_user->asked, QStringList());
+    }
+
+    void brokenFiles_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("valid");
+        QTest::newRow("empty") << QByteArray() << false;
+        QTest::newRow("text") << QByteArray("not XML") << false;
+        QTest::newRow("other root") << QByteArray("<CopyXML/>") << false;
+        QTest::newRow("a project below another root")
+            << QByteArray("<a><Kiv_Project_T/></a>") << false;
+        QTest::newRow("cut off") << document(QStringLiteral("demo")).chopped(3) << false;
+        QTest::newRow("entities") << QByteArray("<!DOCTYPE x [<!ENTITY a \"b\">]><Kiv_Project_T/>")
+                                  << false;
+        QTest::newRow("comment first") << QByteArray("<!-- a --><Kiv_Project_T/>") << true;
+    }
+
+    /// Refused before the open project is touched.
+    void brokenFiles()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, valid);
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        const QString broken = at("broken.nyx");
+        QVERIFY(writeFile(broken, content));
+        m_user->closeAnswer = EClose::Discard;
+        m_session->open(broken);
+        QCOMPARE(m_session->path(), valid ? broken : m_file);
+        QCOMPARE(m_user->errors, valid ? QStringList() : QStringList(invalidText));
+        QCOMPARE(m_user->asked, valid ? QStringList("close") : QStringList());
+    }
+
+    /// Validated, then replaced before it is read: the window is left with what was open.
+    void fileThatBreaksBetweenValidatingAndOpening()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        const CProjectModel *before = m_session->project();
+        QVERIFY(writeFile(at("broken.nyx"), "<"));
+        QVERIFY(!m_session->openFile(at("broken.nyx")));
+        QVERIFY(!m_session->openFile(at("missing.nyx")));
+        QCOMPARE(m_user->errors, QStringList({openText, openText}));
+        QVERIFY(!m_user->reasons.contains(QString()));
+        QCOMPARE(m_session->project(), before);
+        QCOMPARE(filesIn(m_folder->path()),
+                 QStringList({".demo.nyx.lock", "broken.nyx", "demo.nyx"}));
+    }
+
+    void openDialog()
+    {
+        m_session->setWorkingDirectory(m_folder->path());
+        m_session->open(); // cancelled
+        QCOMPARE(m_user->asked, QStringList("open"));
+        QCOMPARE(m_user->offeredFolder, m_folder->path());
+        QVERIFY(!m_session->project());
+        m_user->openPath = m_file;
+        m_session->open();
+        QCOMPARE(m_session->path(), m_file);
+        QCOMPARE(m_user->errors, QStringList());
+    }
+
+    void lockedProject_data()
+    {
+        QTest::addColumn<bool>("takeOver");
+        QTest::newRow("abort") << false;
+        QTest::newRow("yes") << true;
+    }
+
+    void lockedProject()
+    {
+        QFETCH(bool, takeOver);
+        QVERIFY(writeFile(at("other.nyx"), document(QStringLiteral("other"))));
+        QVERIFY(m_session->openFile(at("other.nyx")));
+        QVERIFY(writeFile(at(".demo.nyx.lock"), foreignLock));
+        m_user->takeOverAnswer = takeOver;
+        QCOMPARE(m_session->openFile(m_file), takeOver);
+        QCOMPARE(m_user->asked, QStringList("takeover"));
+        QCOMPARE(m_session->path(), takeOver ? m_file : at("other.nyx"));
+        QCOMPARE(readFile(at(".demo.nyx.lock")) == foreignLock, !takeOver);
+        QCOMPARE(m_user->errors + m_user->notices, QStringList());
+        if (takeOver)
+            QVERIFY(!QFile::exists(at(".other.nyx.lock")));
+    }
+
+    void sameFileIsOpenedAgain()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        m_user->closeAnswer = EClose::Discard;
+        m_session->open(m_file);
+        QVERIFY(!m_session->isDirty());
+        QCOMPARE(m_user->asked, QStringList("close"));
+        QVERIFY(QFile::exists(at(".demo.nyx.lock")));
+    }
+
+    void newProjectIsUnsavedAndSaysSo()
+    {
+        m_session->newProject(); // cancelled
+        QVERIFY(!m_session->project());
+        m_user->newOptions = newOptions(m_folder->path());
+        m_session->setProgramVersion(QStringLiteral("2.06"));
+        m_session->newProject();
+        QVERIFY(m_session->project());
+        QCOMPARE(m_session->title(), QStringLiteral("fresh for QX112"));
+        QCOMPARE(m_session->path(), QString());
+        QCOMPARE(m_session->project()->resolution(), QSize(800, 480));
+        QCOMPARE(m_session->project()->screenCount(), 1);
+        QCOMPARE(m_session->workingDirectory(), m_folder->path());
+        QVERIFY(m_session->project()->saveToBytes(nullptr).contains("NYXVersion=\"2.06\""));
+
+        change(m_session->project());
+        m_user->closeAnswer = EClose::Cancel; // the old project stays
+        m_session->newProject();
+        QVERIFY(m_session->isDirty());
+    }
+
+    void closing_data()
+    {
+        QTest::addColumn<bool>("hasFile");
+        QTest::addColumn<bool>("dirty");
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("saveAs");
+        QTest::addColumn<QStringList>("asked");
+        QTest::addColumn<bool>("closed");
+        const auto row = [](const char *name, bool hasFile, bool dirty, EClose answer,
+                            const char *saveAs, const QStringList &asked, bool closed) {
+            QTest::newRow(name) << hasFile << dirty << int(answer) << QString::fromLatin1(saveAs)
+                                << asked << closed;
+        };
+        row("clean", true, false, EClose::Cancel, "", {}, true);
+        row("clean, never saved", false, false, EClose::Cancel, "", {}, true);
+        row("cancel", true, true, EClose::Cancel, "", {"close"}, false);
+        row("discard", true, true, EClose::Discard, "", {"close"}, true);
+        row("save", true, true, EClose::Save, "", {"close"}, true);
+        row("save, never saved", false, true, EClose::Save, "new.nyx", {"close", "saveas"}, true);
+        row("save as cancelled", false, true, EClose::Save, "", {"close", "saveas"}, false);
+        row("save as fails", false, true, EClose::Save, "missing/x.nyx", {"close", "saveas"},
+            false);
+    }
+
+    void closing()
+    {
+        QFETCH(bool, hasFile);
+        QFETCH(bool, dirty);
+        QFETCH(int, answer);
+        QFETCH(QString, saveAs);
+        QFETCH(QStringList, asked);
+        QFETCH(bool, closed);
+        const QByteArray before = readFile(m_file);
+        if (hasFile) {
+            QVERIFY(m_session->openFile(m_file));
+        } else {
+            m_user->newOptions = newOptions(m_folder->path());
+            m_session->newProject();
+        }
+        if (dirty)
+            change(m_session->project());
+        m_user->asked.clear();
+        m_user->closeAnswer = EClose(answer);
+        m_user->savePath = saveAs.isEmpty() ? QString() : m_folder->filePath(saveAs);
+        QCOMPARE(m_session->close(), closed);
+        QCOMPARE(m_user->asked, asked);
+        QCOMPARE(!m_session->project(), closed);
+        if (!closed)
+            QVERIFY(m_session->isDirty());
+        QCOMPARE(readFile(m_file) != before, hasFile && dirty && EClose(answer) == EClose::Save);
+        if (!saveAs.isEmpty() && closed)
+            QVERIFY(readFile(m_folder->filePath(saveAs)).contains("#112233"));
+    }
+
+    void savedIsReadBack()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        QVERIFY(m_session->save());
+        QVERIFY(!m_session->isDirty());
+        CProjectModel again;
+        QVERIFY(again.loadFromFile(m_file, nullptr));
+        QCOMPARE(again.screen(0)->propertyText(QStringLiteral("color")), QStringLiteral("#112233"));
+        QVERIFY(m_session->save());
+        QCOMPARE(m_recent->paths(), QStringList(m_file));
+        QVERIFY(!CProjectSession(m_user.get(), m_recent.get()).save()); // nothing is open
+    }
+
+    void saveAsCarriesEverythingAlong()
+    {
+        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("demo_ConvertedImages/sky_DXT1")));
+        QVERIFY(writeFile(at("demo_ConvertedImages/sky_DXT1/sky.raw"), "pixels"));
+        QVERIFY(writeFile(m_file, "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\">"
+                                  "<Kiv_Screen_T name=\"P\">"
+                                  "<Kiv_Bitmap_T bfolder=\"demo_ConvertedImages/sky_DXT1\"/>"
+                                  "<Kiv_Bitmap_T bfolder=\"photos\"/>"
+                                  "</Kiv_Screen_T></Kiv_Project_T>"));
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("target")));
+        QVERIFY(m_session->openFile(m_file));
+        m_user->savePath = at("target/Second.v2.nyx");
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(m_user->offeredName, QStringLiteral("demo"));
+        QCOMPARE(m_session->title(), QStringLiteral("Second for QX110"));
+        QCOMPARE(m_session->path(), at("target/Second.v2.nyx"));
+        QCOMPARE(m_session->workingDirectory(), at("target"));
+        QCOMPARE(readFile(at("target/Second_ConvertedImages/sky_DXT1/sky.raw")),
+                 QByteArray("pixels"));
+        QVERIFY(QFile::exists(at("demo_ConvertedImages/sky_DXT1/sky.raw")));
+        const CScreenModel *screen = m_session->project()->screen(0);
+        const auto folder = [&](int row) {
+            return m_session->project()->absoluteFolder(
+                screen->childItem(row)->propertyText(QStringLiteral("bfolder")));
+        };
+        QCOMPARE(folder(0), at("target/Second_ConvertedImages/sky_DXT1"));
+        QCOMPARE(folder(1), at("photos"));
+        QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
+        QVERIFY(QFile::exists(at("target/.Second.v2.nyx.lock")));
+        QCOMPARE(m_recent->paths(), QStringList({m_file, at("target/Second.v2.nyx")}));
+        QVERIFY(!m_session->isDirty());
+    }
+
+    void saveAsThatFailsChangesNothing()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        const QByteArray before = m_session->project()->saveToBytes(nullptr);
+        m_user->savePath = at("missing/x.nyx");
+        QVERIFY(!m_session->saveAs());
+        QVERIFY(writeFile(at("taken.nyx"), "kept"));
+        QVERIFY(writeFile(at(".taken.nyx.lock"), foreignLock));
+        m_user->savePath = at("taken.nyx"); // another copy has it open
+        QVERIFY(!m_session->saveAs());
+        QCOMPARE(readFile(at("taken.nyx")), QByteArray("kept"));
+        QCOMPARE(m_user->errors, QStringList({saveText, saveText}));
+        QCOMPARE(m_session->project()->saveToBytes(nullptr), before);
+        QCOMPARE(m_session->path(), m_file);
+        QVERIFY(m_session->isDirty());
+        QVERIFY(m_session->save()); // still the owner of the old file
+    }
+
+    void saveAsOverItself()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        m_user->savePath = m_file;
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(m_user->errors, QStringList());
+        QVERIFY(QFile::exists(at(".demo.nyx.lock")));
+        QVERIFY(readFile(m_file).contains("#112233"));
+    }
+
+    void oustedOwnerCannotOverwrite()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        const QByteArray before = readFile(m_file);
+        QVERIFY(QFile::remove(at(".demo.nyx.lock")));
+        QVERIFY(writeFile(at(".demo.nyx.lock"), foreignLock));
+        QCOMPARE(m_session->autosave(), EAutosave::Failed);
+        QVERIFY(!m_session->save());
+        m_user->saveElsewhereAnswer = true;
+        QVERIFY(!m_session->save()); // Save As cancelled
+        QCOMPARE(m_user->asked, QStringList({"elsewhere", "elsewhere", "saveas"}));
+        m_user->savePath = m_file; // not over the other's file in this way either
+        QVERIFY(!m_session->save());
+        QCOMPARE(readFile(m_file), before);
+        QVERIFY(m_session->isDirty());
+        m_user->savePath = at("mine.nyx");
+        QVERIFY(m_session->save());
+        QCOMPARE(m_session->path(), at("mine.nyx"));
+        QCOMPARE(readFile(m_file), before);
+        QVERIFY(m_session->close());
+        QCOMPARE(readFile(at(".demo.nyx.lock")), foreignLock);
+    }
+
+    void fileChangedByOthers_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::newRow("cancel") << int(EOverwrite::Cancel);
+        QTest::newRow("overwrite") << int(EOverwrite::Overwrite);
+        QTest::newRow("save as") << int(EOverwrite::SaveAs);
+    }
+
+    void fileChangedByOthers()
+    {
+        QFETCH(int, answer);
+        const auto chosen = EOverwrite(answer);
+        QVERIFY(m_session->openFile(m_file));
+        QVERIFY(writeFile(m_file, readFile(m_file))); // touched only
+        change(m_session->project());
+        QVERIFY(m_session->save());
+        QCOMPARE(m_user->asked, QStringList());
+
+        const QByteArray theirs = document(QStringLiteral("theirs"));
+        QVERIFY(writeFile(m_file, theirs));
+        change(m_session->project(), QStringLiteral("#445566"));
+        QCOMPARE(m_session->autosave(), EAutosave::Failed);
+        QCOMPARE(readFile(m_file), theirs);
+        m_user->overwriteAnswer = chosen;
+        m_user->savePath = at("mine.nyx");
+        QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel);
+        QCOMPARE(m_user->asked.value(0), QStringLiteral("overwrite"));
+        QCOMPARE(readFile(m_file) == theirs, chosen != EOverwrite::Overwrite);
+        QCOMPARE(QFile::exists(at("mine.nyx")), chosen == EOverwrite::SaveAs);
+        m_user->asked.clear();
+        change(m_session->project(), QStringLiteral("#778899"));
+        QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel); // asked about once
+        QCOMPARE(m_user->asked.isEmpty(), chosen != EOverwrite::Cancel);
+    }
+
+    void autosaveKeepsWhatTheUserSaved()
+    {
+        QCOMPARE(m_session->autosave(), EAutosave::NoProject);
+        const QByteArray original = readFile(m_file);
+        const QString backup = at(".demo.nyx.saved");
+        QVERIFY(m_session->openFile(m_file));
+        QCOMPARE(m_session->autosave(), EAutosave::Unchanged);
+        QVERIFY(!QFile::exists(backup));
+        for (const char *colour : {"#010101", "#020202"}) {
+            change(m_session->project(), QString::fromLatin1(colour));
+            QCOMPARE(m_session->autosave(), EAutosave::Saved);
+            QVERIFY(!m_session->isDirty());
+            QVERIFY(readFile(m_file).contains(colour));
+            QCOMPARE(readFile(backup), original);
+        }
+        QCOMPARE(m_session->autosave(), EAutosave::Unchanged);
+        QCOMPARE(m_session->project()->undoStack()->count(), 2);
+        change(m_session->project(), QStringLiteral("#030303"));
+        QVERIFY(m_session->save());
+        QVERIFY(!QFile::exists(backup));
+        QCOMPARE(m_user->asked + m_user->errors, QStringList());
+    }
+
+    void autosaveComplainsOnce()
+    {
+        m_user->newOptions = newOptions(m_folder->path());
+        m_session->newProject();
+        for (int i = 0; i < 3; ++i) {
+            change(m_session->project(), QStringLiteral("#00000%1").arg(i));
+            QCOMPARE(m_session->autosave(), EAutosave::Failed);
+        }
+        QCOMPARE(m_user->errors, QStringList(saveText));
+        QCOMPARE(m_user->asked, QStringList("new")); // no Save As
+    }
+
+    void autosaveWaits()
+    {
+        QVERIFY(m_session->openFile(m_file));
+        const QByteArray original = readFile(m_file);
+        CAutosaver autosaver(m_session.get());
+        bool busy = false;
+        autosaver.setBusyCheck([&] { return busy; });
+        QUndoStack *stack = m_session->project()->undoStack();
+
+        stack->beginMacro(QStringLiteral("Move"));
+        QCOMPARE(autosaver.tick(), CAutosaver::ETick::Postponed); // nothing in it yet
+        change(m_session->project());
+        QCOMPARE(autosaver.tick(), CAutosaver::ETick::Postponed);
+        QCOMPARE(readFile(m_file), original);
+        stack->endMacro();
+
+        busy = true;
+        QCOMPARE(autosaver.tick(), CAutosaver::ETick::Postponed);
+        QCOMPARE(readFile(m_file), original);
+        busy = false;
+        QCOMPARE(autosaver.tick(), CAutosaver::ETick::Done);
+        QVERIFY(readFile(m_file) != original);
+        stack->undo(); // a command that could be redone is no open macro
+        QCOMPARE(autosaver.tick(), CAutosaver::ETick::Done);
+        QVERIFY(readFile(m_file).contains("#000000"));
+    }
+
+    void crash_data()
+    {
+        QTest::addColumn<bool>("autosaved");
+        QTest::addColumn<bool>("recover");
+        QTest::newRow("nothing was saved automatically") << false << true;
+        QTest::newRow("autosaved, taken") << true << true;
+        QTest::newRow("autosaved, refused") << true << false;
+    }
+
+    void crash()
+    {
+        QFETCH(bool, autosaved);
+        QFETCH(bool, recover);
+        if (autosaved) {
+            QVERIFY(m_session->openFile(m_file));
+            change(m_session->project());
+            QCOMPARE(m_session->autosave(), EAutosave::Saved);
+            QVERIFY(m_session->close());
+        }
+        const QByteArray left = readFile(m_file);
+        QProcess dead;
+        dead.start(QStringLiteral(PROJECT_PROCESS), {QStringLiteral("crash"), m_file});
+        QVERIFY(dead.waitForFinished());
+        const QStringList orphans = {"demo.nyx.xYzabc", "demo.nyx.AbCdEf", ".demo.nyx.saved.QwErTy",
+                                     "demo.nyx.backup"};
+        const QStringList others = {"demo.nyx.broken", "demo.nyx.AbCdE", "demo.nyx.AbCdE1",
+                                    "other.nyx.AbCdEf"};
+        for (const QString &each : orphans)
+            QVERIFY(writeFile(m_folder->filePath(each), "<torso"));
+        for (const QString &each : others)
+            QVERIFY(writeFile(m_folder->filePath(each), left)); // copies made by hand
+
+        m_user->openAutosavedAnswer = recover;
+        QVERIFY(m_session->openFile(m_file));
+        QCOMPARE(m_user->asked, autosaved ? QStringList("autosaved") : QStringList());
+        QCOMPARE(m_session->isDirty(), autosaved);
+        QCOMPARE(readFile(m_file), left);
+        const QString colour =
+            m_session->project()->screen(0)->propertyText(QStringLiteral("color"));
+        QCOMPARE(colour, QString::fromLatin1(autosaved && recover ? "#112233" : "#000000"));
+        const QStringList found = filesIn(m_folder->path());
+        for (const QString &each : orphans)
+            QVERIFY2(!found.contains(each), qPrintable(each));
+        for (const QString &each : others)
+            QVERIFY2(found.contains(each), qPrintable(each));
+        QVERIFY(m_session->save());
+        QVERIFY(!QFile::exists(at(".demo.nyx.saved")));
+    }
+
+    void recentProjects()
+    {
+        CRecentProjects recent;
+        QStringList paths;
+        for (int i = 0; i < 12; ++i) {
+            paths << at(qPrintable(QStringLiteral("p%1.nyx").arg(i)));
+            QVERIFY(writeFile(paths.last(), "x"));
+        }
+        for (int i = 0; i < 10; ++i)
+            recent.add(QFileInfo(paths[i]));
+        QCOMPARE(recent.paths(), paths.mid(0, 10)); // new ones at the back
+        recent.add(QFileInfo(paths[4]));
+        QStringList expected = paths.mid(0, 10);
+        expected.move(4, 0);
+        QCOMPARE(recent.paths(), expected);
+        recent.add(QFileInfo(paths[10])); // the front one goes, although it was the last used
+        expected.removeFirst();
+        expected << paths[10];
+        QCOMPARE(recent.paths(), expected);
+
+        QVERIFY(QFile::remove(paths[10]));
+        recent.setPaths(paths.mid(9, 3) + QStringList{QString(), at("none.nyx")});
+        QCOMPARE(recent.paths(), QStringList({paths[9], paths[11]}));
+        QVERIFY(writeFile(paths[10], "x"));
+        recent.setPaths(paths); // a list that is too long for the first addition
+        recent.add(QFileInfo(paths[11]));
+        QCOMPARE(recent.paths(), paths.mid(1, 10));
+    }
+
+private:
+    QString at(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+    std::unique_ptr<CScriptedUser> m_user;
+    std::unique_ptr<CRecentProjects> m_recent;
+    std::unique_ptr<CProjectSession> m_session;
+};
+
+QTEST_GUILESS_MAIN(tst_ProjectSession)
+#include "tst_projectsession.moc"
