@@ -39,15 +39,14 @@ fetch_property_browser() {
     scripts/fetch-propertybrowser.sh || fail "the property browser is missing (see above)"
 }
 
-# build_preset NAME FOLDER [TARGET…]: configures once, then builds what has changed.
+# build_preset NAME FOLDER [TARGET]: configures once, then builds what has changed.
 build_preset() {
     local preset=$1 folder=$2
-    shift 2
     if [ ! -f "$folder/build.ninja" ]; then
         say "Configuring ($preset)"
         cmake --preset "$preset" || fail "the configure step failed (preset $preset)"
     fi
     say "Building ($preset)"
-    cmake --build "$folder" -j "$(jobs_count)" ${1:+--target "$@"} ||
+    cmake --build "$folder" -j "$(jobs_count)" ${3:+--target "$3"} ||
         fail "the build failed (preset $preset)"
 }
