@@ -39,13 +39,12 @@ struct SDecoder
     SErrorHandler handler;
 };
 
-/// Everything between two jumps: holds nothing with a destructor. False with the handler's message
-/// or, when `problem` was set, with that.
-bool decode(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono, size_t budget,
-            SDecodedImage &image, std::string &problem, std::vector<uint8_t> &row)
+/// What a fatal error jumps out of: holds nothing with a destructor. False when `problem` was set.
+/// Kept a function of its own, because what a compiler merges into one with setjmp may be lost.
+[[gnu::noinline]] bool decodeRows(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono,
+                                  size_t budget, SDecodedImage &image, std::string &problem,
+                                  std::vector<uint8_t> &row)
 {
-    if (setjmp(decoder.handler.escape))
-        return false;
     jpeg_decompress_struct &jpeg = decoder.jpeg;
     jpeg_create_decompress(&jpeg);
     jpeg_mem_src(&jpeg, bytes, static_cast<unsigned long>(count));
@@ -67,6 +66,15 @@ bool decode(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono, si
         packer.packRow(row.data(), image.width, image.pixels.data() + y * rowSize);
     }
     return true;
+}
+
+/// False with the handler's message or, when `problem` was set, with that.
+bool decode(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono, size_t budget,
+            SDecodedImage &image, std::string &problem, std::vector<uint8_t> &row)
+{
+    if (setjmp(decoder.handler.escape))
+        return false;
+    return decodeRows(decoder, bytes, count, mono, budget, image, problem, row);
 }
 
 } // namespace
