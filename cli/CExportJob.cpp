@@ -171,7 +171,9 @@ void CExportJob::addToReport(const QList<int> &rows)
 
 void CExportJob::writeOutputs()
 {
-    const QString screens = QStringLiteral("%1 screens").arg(m_screens.size());
+    const QString screens = m_screens.size() == 1
+                                ? QStringLiteral("1 screen")
+                                : QStringLiteral("%1 screens").arg(m_screens.size());
     if (!m_options.dlFile.isEmpty())
         writeFile(m_options.dlFile, CProjectExporter::textForm(m_screens), screens);
     if (!m_options.binFile.isEmpty())
