@@ -164,6 +164,7 @@ private Q_SLOTS:
     void exactColoursStay();
     void darkAreasKeepTheirLight();
     void transparentPixelsStayApart();
+    void faintPixelsGiveLittleAway();
     void alphaOfOneBitIsAThreshold();
     void rowsAndBits();
     void palettes_data();
@@ -303,6 +304,23 @@ void tst_RoundTrip::transparentPixelsStayApart()
             for (int x = 10; x < 20; ++x)
                 QCOMPARE(pixels[static_cast<size_t>(y * 20 + x)], (Pixel{255, 255, 0, 255}));
         }
+    }
+}
+
+void tst_RoundTrip::faintPixelsGiveLittleAway()
+{
+    // 8 rounds to 0 and hands 3.5 on: enough to lift the 6 beside it to 17, but not from a pixel
+    // that is hardly seen.
+    QImage image(2, 1, QImage::Format_ARGB32);
+    CToolFolder folder;
+    for (const int alpha : {255, 17}) {
+        image.setPixel(0, 0, qRgba(8, 8, 8, alpha));
+        image.setPixel(1, 0, qRgb(6, 6, 6));
+        QVERIFY(image.save(folder.path("pair.png")));
+        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("pair.png", 6, true)));
+        const QByteArray left = alpha == 255 ? "00f0" : "0010";
+        QCOMPARE(folder.read("pair_ARGB4.raw").toHex(),
+                 left + QByteArray(alpha == 255 ? "11f1" : "00f0"));
     }
 }
 
