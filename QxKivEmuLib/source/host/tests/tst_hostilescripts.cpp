@@ -7,12 +7,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr int Slower = 10; // what ends by its own limit must not run into the time's
-#else
-constexpr int Slower = 1;
-#endif
-constexpr kivemu::SScriptLimits Limits{60ms * Slower, 30ms * Slower, size_t{16} << 20};
+constexpr size_t Memory = size_t{16} << 20;
+/// What should be stopped by the clock is stopped soon; what should end by another limit has time
+/// for that, also on a slow machine.
+constexpr kivemu::SScriptLimits ShortTime{60ms, 30ms, Memory};
+constexpr kivemu::SScriptLimits LongTime{20s, 10s, Memory};
+
 constexpr char Neighbour[] = "color('#00ff00') fill_rect(1, 2, 3, 4)";
 constexpr char NeighbourList[] = "FILL_RECT(16, 32, 48, 64, 0);";
 
@@ -183,6 +183,10 @@ const SHostileScript Scripts[] = {
 class HostileScript : public testing::TestWithParam<SHostileScript>
 {
 protected:
+    static const kivemu::SScriptLimits &limits()
+    {
+        return GetParam().error == TooLong ? ShortTime : LongTime;
+    }
     void expectNextFrameWorks(kivemu::CLuaHost &host)
     {
         CTestModel good;
@@ -202,7 +206,7 @@ size_t lineCount(const std::string &text)
 
 TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua")) << host.loadError();
     CTestModel model;
     model.add(GetParam().code);
@@ -220,7 +224,7 @@ TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 
 TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
     const std::string code = GetParam().code;
     const std::string script = std::string("local attack = true\nlocal function run(item)\n") +
                                code +
@@ -244,7 +248,7 @@ TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 
 TEST_P(HostileScript, whenTheScriptIsLoadedEndsWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
     const std::string script =
         std::string("local item = 1\n") + "do\n" + GetParam().code + "\nend\n" + PlainScript;
     host.loadText(script, "kiv_render.lua");
@@ -262,7 +266,7 @@ INSTANTIATE_TEST_SUITE_P(All, HostileScript, testing::ValuesIn(Scripts),
 
 TEST(HostileScripts, severalHangingItemsLeaveAFrame)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), Limits);
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), ShortTime);
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
     CTestModel model;
     model.add(Neighbour);

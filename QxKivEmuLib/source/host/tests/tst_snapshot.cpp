@@ -1,0 +1,171 @@
+#include "CTestModel.h"
+#include "host/CSnapshot.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Never ends, or gives null where a model should not.
+class CEndlessIterator final : public IModelIterator
+{
+public:
+    explicit CEndlessIterator(IModelItem &item) : m_item(item) {}
+    void next() override { ++steps; }
+    IModelItem *current() override { return &m_item; }
+
+    size_t steps = 0;
+
+private:
+    IModelItem &m_item;
+};
+
+struct SNullItem final : IModelItem
+{
+    const char *idText() override { return nullptr; }
+    const char *typeName() override { return nullptr; }
+    int propertyCount() override { return 3; }
+    IModelProperty *property(int index) override { return index == 1 ? &nullProperty : nullptr; }
+    const char *renderCommands() override { return nullptr; }
+
+    struct : IModelProperty
+    {
+        const char *name() override { return nullptr; }
+        const char *storageTypeName() override { return nullptr; }
+        const char *valueText() override { return nullptr; }
+        int32_t type() override { return 0; }
+        int32_t valueAsInteger() override { return 0; }
+    } nullProperty;
+};
+
+std::string described(const kivemu::CSnapshot &snapshot, size_t item)
+{
+    std::string text = snapshot.label(item) + ":";
+    kivemu::CSnapshot::CProperties properties = snapshot.properties(item);
+    for (kivemu::CSnapshot::SProperty p; properties.next(p);)
+        text += " " + std::string(p.name) + "=" +
+                (p.isNumber ? std::to_string(p.number) : "'" + std::string(p.text) + "'");
+    return text;
+}
+
+} // namespace
+
+TEST(Snapshot, holdsTheWalkInItsOrder)
+{
+    CTestModel model;
+    model.add("disc(1, 1, 1)").set("label", "a;b").set("minus", -5);
+    model.add("", "Widget_Group_T").properties.clear();
+    model.add("", "Kiv_Other_T").id = "x7";
+    CTestIterator iterator(model);
+    kivemu::CSnapshot snapshot;
+    snapshot.take(&iterator);
+    EXPECT_EQ(snapshot.problem(), "");
+    ASSERT_EQ(snapshot.itemCount(), 3U);
+    EXPECT_EQ(described(snapshot, 0), "Kiv_Test_T 1: x_coordinate=10 y_coordinate=20 width=20 "
+                                      "height=10 label='a;b' minus=-5");
+    EXPECT_EQ(described(snapshot, 1), "Widget_Group_T 2:");
+    EXPECT_EQ(snapshot.kind(0), kivemu::CSnapshot::EKind::Widget);
+    EXPECT_EQ(snapshot.kind(1), kivemu::CSnapshot::EKind::Group);
+    EXPECT_EQ(snapshot.kind(2), kivemu::CSnapshot::EKind::Unknown);
+    EXPECT_EQ(snapshot.id(0), 1U);
+    EXPECT_EQ(snapshot.id(2), 0U) << "no number";
+    EXPECT_EQ(snapshot.screenText("color"), "#102030");
+    EXPECT_EQ(snapshot.screenText("nothing"), "");
+    EXPECT_EQ(snapshot.findItem(2).value_or(99), 1U);
+    EXPECT_FALSE(snapshot.findItem(3));
+}
+
+TEST(Snapshot, keepsNothingOfTheModelOrOfTheWalkBefore)
+{
+    kivemu::CSnapshot snapshot;
+    {
+        CTestModel model;
+        for (int i = 0; i < 50; ++i)
+            model.add("old commands").set("label", std::string(100, 'x'));
+        CTestIterator iterator(model);
+        snapshot.take(&iterator);
+    }
+    EXPECT_EQ(snapshot.renderCommands(49), "old commands");
+    EXPECT_EQ(described(snapshot, 0).size(), described(snapshot, 8).size());
+    CTestModel model;
+    model.add("new commands");
+    CTestIterator iterator(model);
+    snapshot.take(&iterator);
+    EXPECT_EQ(snapshot.itemCount(), 1U);
+    EXPECT_EQ(snapshot.renderCommands(0), "new commands");
+    EXPECT_EQ(snapshot.commandsIndex(0), 0U);
+    CTestIterator again(model);
+    again.next();
+    again.next();
+    snapshot.take(&again);
+    EXPECT_FALSE(snapshot.hasScreen());
+    EXPECT_NE(snapshot.problem(), "");
+    EXPECT_EQ(snapshot.screenText("color"), "");
+}
+
+TEST(Snapshot, sharesEqualCommandsOfAKindAndNoOthers)
+{
+    CTestModel model;
+    model.add("one", "A");
+    model.add("two", "B");
+    model.add("one", "A"); // another string with the same text
+    model.add("three", "A");
+    CTestIterator iterator(model);
+    kivemu::CSnapshot snapshot;
+    snapshot.take(&iterator);
+    EXPECT_EQ(snapshot.commandsIndex(0), snapshot.commandsIndex(2));
+    EXPECT_NE(snapshot.commandsIndex(0), snapshot.commandsIndex(1));
+    EXPECT_NE(snapshot.commandsIndex(0), snapshot.commandsIndex(3));
+    EXPECT_EQ(snapshot.renderCommands(1), "two");
+    EXPECT_EQ(snapshot.renderCommands(3), "three");
+}
+
+TEST(Snapshot, propertyBytesTellStatesApart)
+{
+    const auto bytesOf = [](const std::function<void(STestItem &)> &change) {
+        CTestModel model;
+        change(model.add("x"));
+        CTestIterator iterator(model);
+        kivemu::CSnapshot snapshot;
+        snapshot.take(&iterator);
+        return std::string(snapshot.propertyBytes(0));
+    };
+    const std::string plain = bytesOf([](STestItem &) {});
+    EXPECT_EQ(bytesOf([](STestItem &) {}), plain);
+    EXPECT_NE(bytesOf([](STestItem &i) { i.set("width", 21); }), plain);
+    EXPECT_NE(bytesOf([](STestItem &i) { i.set("width", "20"); }), plain);
+    EXPECT_NE(bytesOf([](STestItem &i) { i.set("a", "").set("b", ""); }),
+              bytesOf([](STestItem &i) { i.set("a", "b").set("", ""); }));
+}
+
+TEST(Snapshot, walkWithoutAnEndIsCutAndReported)
+{
+    STestItem item("Kiv_Test_T", "1", "");
+    CEndlessIterator iterator(item);
+    kivemu::CSnapshot snapshot;
+    snapshot.take(&iterator);
+    EXPECT_EQ(snapshot.itemCount(), 100000U);
+    EXPECT_LE(iterator.steps, 100001U);
+    EXPECT_NE(snapshot.problem().find("100000"), std::string::npos);
+}
+
+TEST(Snapshot, nullsAreEmptyTexts)
+{
+    SNullItem item;
+    CEndlessIterator endless(item);
+    CTestModel model;
+    kivemu::CSnapshot snapshot;
+    snapshot.take(nullptr);
+    EXPECT_NE(snapshot.problem(), "");
+    struct COneItem final : IModelIterator
+    {
+        void next() override { ++at; }
+        IModelItem *current() override { return at < 2 ? &item : nullptr; }
+        SNullItem item;
+        int at = 0;
+    } one;
+    snapshot.take(&one);
+    ASSERT_EQ(snapshot.itemCount(), 1U);
+    EXPECT_EQ(described(snapshot, 0), " : =''");
+    EXPECT_EQ(snapshot.kind(0), kivemu::CSnapshot::EKind::Unknown);
+}
