@@ -11,7 +11,7 @@ namespace kivemu {
 namespace {
 
 constexpr char BitmapType[] = "kiv.bitmap";
-constexpr size_t FileWork = 20'000; ///< nanoseconds that opening a file takes at least
+constexpr size_t FileWork = 100'000; ///< so that the clock is read before each file
 
 /// What a script holds: the place in RAM_G, which is another one in the next frame.
 struct SBitmapHandle

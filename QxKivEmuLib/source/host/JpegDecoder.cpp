@@ -10,6 +10,7 @@ namespace kivemu {
 namespace {
 
 constexpr int MostWarnings = 100;
+constexpr int MostScans = 100; ///< a small file may hold millions, each as slow as a whole picture
 
 /// libjpeg reports by calls and expects a fatal one not to return.
 struct SErrorHandler
@@ -33,48 +34,62 @@ void countWarning(j_common_ptr decoder, int level)
         fail(decoder);
 }
 
-struct SDecoder
+void countScans(j_common_ptr decoder)
+{
+    if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number <= MostScans)
+        return;
+    auto *handler = reinterpret_cast<SErrorHandler *>(decoder->err);
+    std::snprintf(handler->message, sizeof handler->message, "has more than %d scans", MostScans);
+    std::longjmp(handler->escape, 1);
+}
+
+/// One decoding. What it holds is freed by the caller, since a fatal error jumps out of run().
+struct SJob
 {
     jpeg_decompress_struct jpeg;
     SErrorHandler handler;
+    jpeg_progress_mgr progress;
+    const uint8_t *bytes;
+    size_t count;
+    bool mono;
+    size_t budget;
+    SDecodedImage *image;
+    std::string *problem;
+    std::vector<uint8_t> *row;
 };
 
-/// What a fatal error jumps out of: holds nothing with a destructor. False when `problem` was set.
-/// Kept a function of its own, because what a compiler merges into one with setjmp may be lost.
-[[gnu::noinline]] bool decodeRows(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono,
-                                  size_t budget, SDecodedImage &image, std::string &problem,
-                                  std::vector<uint8_t> &row)
+/// False with a problem; a fatal error of the decoder leaves by the jump.
+__attribute__((noinline)) bool run(SJob &job)
 {
-    jpeg_decompress_struct &jpeg = decoder.jpeg;
+    jpeg_decompress_struct &jpeg = job.jpeg;
+    SDecodedImage &image = *job.image;
     jpeg_create_decompress(&jpeg);
-    jpeg_mem_src(&jpeg, bytes, static_cast<unsigned long>(count));
+    jpeg.progress = &job.progress;
+    jpeg_mem_src(&jpeg, job.bytes, static_cast<unsigned long>(job.count));
     jpeg_read_header(&jpeg, TRUE);
-    problem = takeImageSize(jpeg.image_width, jpeg.image_height, mono, budget, image);
-    if (!problem.empty())
+    *job.problem = takeImageSize(jpeg.image_width, jpeg.image_height, job.mono, job.budget, image);
+    if (!job.problem->empty())
         return false;
-    jpeg.out_color_space = mono ? JCS_GRAYSCALE : JCS_RGB;
+    jpeg.out_color_space = job.mono ? JCS_GRAYSCALE : JCS_RGB;
     jpeg.dct_method = JDCT_ISLOW;
     jpeg_start_decompress(&jpeg);
-    const CPixelPacker packer(mono);
+    const CPixelPacker packer(job.mono);
     const auto rowSize = static_cast<size_t>(image.width * packer.bytesPerPixel());
-    row.resize(static_cast<size_t>(image.width * packer.samples()));
+    job.row->resize(static_cast<size_t>(image.width * packer.samples()));
     image.pixels.resize(rowSize * static_cast<size_t>(image.height));
     while (jpeg.output_scanline < jpeg.output_height) {
         const size_t y = jpeg.output_scanline;
-        JSAMPROW rows[1] = {row.data()};
+        JSAMPROW rows[1] = {job.row->data()};
         jpeg_read_scanlines(&jpeg, rows, 1);
-        packer.packRow(row.data(), image.width, image.pixels.data() + y * rowSize);
+        packer.packRow(job.row->data(), image.width, image.pixels.data() + y * rowSize);
     }
     return true;
 }
 
-/// False with the handler's message or, when `problem` was set, with that.
-bool decode(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono, size_t budget,
-            SDecodedImage &image, std::string &problem, std::vector<uint8_t> &row)
+/// The place to jump to lies in a function of its own: values that it kept would be lost.
+bool runGuarded(SJob &job)
 {
-    if (setjmp(decoder.handler.escape))
-        return false;
-    return decodeRows(decoder, bytes, count, mono, budget, image, problem, row);
+    return setjmp(job.handler.escape) ? false : run(job);
 }
 
 } // namespace
@@ -82,16 +97,24 @@ bool decode(SDecoder &decoder, const uint8_t *bytes, size_t count, bool mono, si
 std::string decodeJpeg(const uint8_t *bytes, size_t count, bool mono, size_t budget,
                        SDecodedImage &image)
 {
-    SDecoder decoder = {};
-    decoder.jpeg.err = jpeg_std_error(&decoder.handler.manager);
-    decoder.handler.manager.error_exit = fail;
-    decoder.handler.manager.emit_message = countWarning;
-    std::vector<uint8_t> row;
     std::string problem;
-    const bool isDecoded = decode(decoder, bytes, count, mono, budget, image, problem, row);
-    jpeg_destroy_decompress(&decoder.jpeg);
+    std::vector<uint8_t> row;
+    SJob job = {};
+    job.bytes = bytes;
+    job.count = count;
+    job.mono = mono;
+    job.budget = budget;
+    job.image = &image;
+    job.problem = &problem;
+    job.row = &row;
+    job.jpeg.err = jpeg_std_error(&job.handler.manager);
+    job.handler.manager.error_exit = fail;
+    job.handler.manager.emit_message = countWarning;
+    job.progress.progress_monitor = countScans;
+    const bool isDecoded = runGuarded(job);
+    jpeg_destroy_decompress(&job.jpeg);
     if (!isDecoded && problem.empty())
-        problem = decoder.handler.message;
+        problem = job.handler.message;
     return problem;
 }
 

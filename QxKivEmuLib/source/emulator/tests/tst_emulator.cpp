@@ -2,8 +2,10 @@
 #include "CTestModel.h"
 #include "QxKivEmuLib.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -217,4 +219,29 @@ TEST_F(Emulator, sameModelGivesTheSameBytesInAnyOrder)
         EXPECT_EQ(all[i].list, expected.list) << i;
         EXPECT_EQ(all[i].pixels, expected.pixels) << i;
     }
+}
+
+// A process may end at any moment: while a frame is drawn, and in a callback.
+TEST_F(Emulator, processEndsCleanlyWhileTheWorkerIsBusy)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const std::string path = plainScript();
+    const auto endWhileBusy = [&] {
+        CTestModel model;
+        model.add("while true do end");
+        Emu_Start(path.c_str(), Chip);
+        for (int i = 0; i < 20; ++i)
+            render(model);
+        std::exit(7);
+    };
+    const auto endInCallback = [&] {
+        CTestModel model;
+        Emu_Start(path.c_str(), Chip);
+        CAnswers::instance().setFrameHook([] { std::exit(8); });
+        render(model);
+        for (;;)
+            pause(); // the callback ends the process
+    };
+    EXPECT_EXIT(endWhileBusy(), testing::ExitedWithCode(7), "");
+    EXPECT_EXIT(endInCallback(), testing::ExitedWithCode(8), "");
 }
