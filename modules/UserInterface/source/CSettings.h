@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QColor>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+/// The user's preferences as the settings file keeps them.
+struct SSettings
+{
+    QRect mainWindow; ///< null: none was kept
+    QByteArray windowState;
+    int zoomPercent = 100;
+    int zoomType = 0; ///< CZoomComboWidget::Type
+    bool showGrid = true;
+    int gridSize = 20; ///< pixels
+    QColor gridColor = Qt::white;
+    Qt::PenStyle gridType = Qt::SolidLine;
+    QStringList latestProjects;
+    QString screenshotDir;
+    QString theme; ///< "dark", "light" or anything else
+    bool statusBar = false;
+    QString savingFolderPath;
+    int autosaveInterval = 10; ///< seconds; 0 or less: off
+};
+
+/// The settings file. A key that is missing, or whose value makes no sense, gets its default and
+/// leaves the other keys alone. A file that is no settings file at all is renamed, so that nothing
+/// in it is lost when the settings are written.
+class CSettings
+{
+public:
+    /// `folder`: where the programs lie, absolute.
+    explicit CSettings(const QString &folder);
+
+    QString path() const;
+    SSettings read() const;
+    /// False when the file could not be written.
+    bool write(const SSettings &settings) const;
+
+    /// Where new projects are offered to be saved: the examples beside the programs, if there are
+    /// any, otherwise the programs' folder.
+    QString defaultSavingFolder() const;
+
+private:
+    void setAsideIfBroken() const;
+
+    QString m_folder;
+};

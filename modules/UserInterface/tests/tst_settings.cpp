@@ -1,0 +1,190 @@
+#include "CSettings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using Check = std::function<bool(const SSettings &)>;
+Q_DECLARE_METATYPE(Check)
+
+class tst_Settings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        m_file = m_folder->filePath(QStringLiteral("config.ini"));
+    }
+
+    void nothingKept()
+    {
+        const CSettings settings(m_folder->path());
+        SSettings values = settings.read();
+        QCOMPARE(values.mainWindow, QRect());
+        QCOMPARE(values.windowState, QByteArray());
+        QCOMPARE(values.zoomPercent, 100);
+        QCOMPARE(values.zoomType, 0);
+        QCOMPARE(values.showGrid, true);
+        QCOMPARE(values.gridSize, 20);
+        QCOMPARE(values.gridColor, QColor(255, 255, 255));
+        QCOMPARE(int(values.gridType), 1);
+        QCOMPARE(values.latestProjects, QStringList());
+        QCOMPARE(values.screenshotDir, QString());
+        QCOMPARE(values.theme, QString());
+        QCOMPARE(values.statusBar, false);
+        QCOMPARE(values.savingFolderPath, m_folder->path());
+        QCOMPARE(values.autosaveInterval, 10);
+        QVERIFY(!QFile::exists(m_file));
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("examples")));
+        QCOMPARE(settings.read().savingFolderPath, m_folder->path() + QStringLiteral("/examples/"));
+    }
+
+    /// The names of the keys are read here by hand, so that a renamed one is seen.
+    void writtenUnderItsName_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("kept");
+        const auto row = [](const char *key, const QVariant &kept) {
+            QTest::newRow(key) << QString::fromLatin1(key) << kept;
+        };
+        row("mainWindow", QRect(30, 40, 900, 700));
+        row("windowState", QByteArray("\0\1state", 7));
+        row("zoomPercent", 250);
+        row("zoomType", 2);
+        row("showGrid", false);
+        row("gridSize", 8);
+        row("gridColor", QColor(1, 2, 3));
+        row("gridType", 3);
+        row("latestProjects", QStringList({"/a,b.nyx", "/c.nyx"}));
+        row("screenshotDir", QStringLiteral("/shots \u00e4"));
+        row("theme", QStringLiteral("light"));
+        row("statusBar", true);
+        row("savingFolderPath", QStringLiteral("/projects"));
+        row("autosaveInterval", -3);
+    }
+
+    void writtenUnderItsName()
+    {
+        QFETCH(QString, key);
+        QFETCH(QVariant, kept);
+        const CSettings settings(m_folder->path());
+        SSettings values = settings.read();
+        const SSettings other = {QRect(30, 40, 900, 700),
+                                 QByteArray("\0\1state", 7),
+                                 250,
+                                 2,
+                                 false,
+                                 8,
+                                 QColor(1, 2, 3),
+                                 Qt::DotLine,
+                                 {"/a,b.nyx", "/c.nyx"},
+                                 QStringLiteral("/shots \u00e4"),
+                                 QStringLiteral("light"),
+                                 true,
+                                 QStringLiteral("/projects"),
+                                 -3};
+        QVERIFY(settings.write(other));
+        {
+            const QSettings file(m_file, QSettings::IniFormat);
+            QCOMPARE(file.allKeys().size(), 14);
+            QVariant read = file.value(key);
+            QVERIFY(read.convert(int(kept.type())));
+            QCOMPARE(read, kept);
+        }
+        QVERIFY(settings.write(values)); // back to the defaults, then this key alone
+        QSettings(m_file, QSettings::IniFormat).setValue(key, kept);
+        QVERIFY(settings.write(settings.read()));
+        QVariant read = QSettings(m_file, QSettings::IniFormat).value(key);
+        QVERIFY(read.convert(int(kept.type())));
+        QCOMPARE(read, kept);
+    }
+
+    void absurdValues_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<Check>("isSane");
+        const auto row = [](const char *line, const Check &check) {
+            QTest::newRow(line) << QByteArray(line) << check;
+        };
+        const Check noWindow = [](const SSettings &s) { return s.mainWindow.isNull(); };
+        row("mainWindow=@Rect(0 0 -5 99999999)", noWindow);
+        row("mainWindow=@Rect(0 0 1 1)", noWindow);
+        row("mainWindow=@Rect(2147483647 0 800 600)", noWindow);
+        row("mainWindow=wide", noWindow);
+        row("zoomPercent=0", [](const SSettings &s) { return s.zoomPercent == 100; });
+        row("zoomPercent=1e9", [](const SSettings &s) { return s.zoomPercent == 100; });
+        row("zoomPercent=99999999999", [](const SSettings &s) { return s.zoomPercent == 100; });
+        row("zoomType=7", [](const SSettings &s) { return s.zoomType == 0; });
+        row("showGrid=maybe", [](const SSettings &s) { return s.showGrid; });
+        row("gridSize=0", [](const SSettings &s) { return s.gridSize == 20; });
+        row("gridSize=-20", [](const SSettings &s) { return s.gridSize == 20; });
+        row("gridColor=nothing", [](const SSettings &s) { return s.gridColor == Qt::white; });
+        row("gridColor=#102030",
+            [](const SSettings &s) { return s.gridColor == QColor(16, 32, 48); });
+        row("gridColor=@Variant(\\0\\0\\0\\x43)",
+            [](const SSettings &s) { return s.gridColor == Qt::white; });
+        row("gridType=0", [](const SSettings &s) { return s.gridType == Qt::SolidLine; });
+        row("gridType=9", [](const SSettings &s) { return s.gridType == Qt::SolidLine; });
+        row("statusBar=perhaps", [](const SSettings &s) { return !s.statusBar; });
+        row("autosaveInterval=often", [](const SSettings &s) { return s.autosaveInterval == 10; });
+        row("autosaveInterval=4000000",
+            [](const SSettings &s) { return s.autosaveInterval == 10; });
+        row("savingFolderPath=", [](const SSettings &s) { return !s.savingFolderPath.isEmpty(); });
+    }
+
+    /// One bad key leaves the others alone.
+    void absurdValues()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(Check, isSane);
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\n" + line + "\nscreenshotDir=/kept\n");
+        file.close();
+        const SSettings values = CSettings(m_folder->path()).read();
+        QVERIFY(isSane(values));
+        QCOMPARE(values.screenshotDir, QStringLiteral("/kept"));
+    }
+
+    void brokenFileIsKeptAside()
+    {
+        const CSettings settings(m_folder->path());
+        for (const char *name : {"config.ini.broken", "config.ini.broken (1)"}) {
+            QFile file(m_file);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(QByteArray("no settings\n\0\xff=[", 16));
+            file.close();
+            QCOMPARE(settings.read().zoomPercent, 100);
+            QVERIFY(settings.write(settings.read()));
+            QFile aside(m_folder->filePath(QString::fromLatin1(name)));
+            QVERIFY2(aside.open(QIODevice::ReadOnly), name);
+            QVERIFY(aside.readAll().startsWith("no settings"));
+        }
+    }
+
+    void folderInPlaceOfTheFile()
+    {
+        const CSettings settings(m_folder->path());
+        QVERIFY(QDir().mkpath(m_file + QStringLiteral("/x")));
+        QCOMPARE(settings.read().zoomPercent, 100);
+        const CSettings nowhere(m_folder->filePath(QStringLiteral("missing/deeper")));
+        QFile(m_folder->filePath(QStringLiteral("missing"))).open(QIODevice::WriteOnly);
+        QCOMPARE(nowhere.read().zoomPercent, 100);
+        QVERIFY(!nowhere.write(SSettings()));
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+QTEST_GUILESS_MAIN(tst_Settings)
+#include "tst_settings.moc"
