@@ -52,8 +52,8 @@ void readBool(const QSettings &settings, const QString &key, bool *value)
 void readRect(const QSettings &settings, const QString &key, QRect *value)
 {
     const QRect read = settings.value(key).toRect();
-    const auto within = [](int value, int smallest, int largest) {
-        return value >= smallest && value <= largest;
+    const auto within = [](int number, int smallest, int largest) {
+        return number >= smallest && number <= largest;
     };
     if (within(read.x(), -MaxWindowSide, MaxWindowSide) &&
         within(read.y(), -MaxWindowSide, MaxWindowSide) &&

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "IUserQuestions.h"
+
+#include <QCoreApplication>
+
+#include <functional>
+
+class CPlatformTable;
+class QErrorMessage;
+class QWidget;
+
+/// Asks and tells the user with dialogs.
+class CDialogQuestions final : public IUserQuestions
+{
+    Q_DECLARE_TR_FUNCTIONS(CDialogQuestions)
+
+public:
+    using Report = std::function<void(const QString &)>;
+
+    /// `window`: parent of all dialogs. `errors`: the one box for errors. Both live longer.
+    CDialogQuestions(QWidget *window, QErrorMessage *errors, const CPlatformTable *platforms);
+
+    /// Where reasons and notices go.
+    void setReport(Report report) { m_report = std::move(report); }
+    /// Folder that is offered for new projects.
+    void setSavingFolder(const QString &folder) { m_savingFolder = folder; }
+
+    EClose saveBeforeClosing() override;
+    bool takeOverLock(const QString &projectFile) override;
+    EOverwrite overwriteChanged(const QString &projectFile) override;
+    bool saveElsewhere(const QString &projectFile) override;
+    bool openAutosaved(const QString &projectFile) override;
+    QString projectToOpen(const QString &folder) override;
+    QString projectToSave(const QString &folder, const QString &name) override;
+    std::optional<ProjectOptions> newProject() override;
+    void showError(const QString &text, const QString &reason) override;
+    void showNotice(const QString &text) override;
+
+private:
+    QWidget *const m_window;
+    QErrorMessage *const m_errors;
+    const CPlatformTable *const m_platforms;
+    Report m_report;
+    QString m_savingFolder;
+};

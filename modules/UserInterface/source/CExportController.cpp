@@ -1,0 +1,111 @@
+#include "CExportController.h"
+
+#include "CFileWriter.h"
+#include "CProjectModel.h"
+#include "IUserQuestions.h"
+
+#include <QFileDialog>
+#include <QPointer>
+#include <QProgressDialog>
+
+namespace {
+constexpr int ProgressDelay = 500; // ms; short exports show nothing
+}
+
+CExportController::CExportController(QWidget *window, CEmulatorAdapter *adapter,
+                                     IUserQuestions *user)
+    : QObject(window), m_window(window), m_adapter(adapter), m_user(user)
+{
+}
+
+QString CExportController::askPath(const SDialogTexts &texts, const QString &folder) const
+{
+    QFileDialog dialog(m_window, texts.title, folder, texts.filter);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setViewMode(QFileDialog::Detail);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(texts.suffix);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void CExportController::exportProjectDL(CProjectModel *project, const QString &folder)
+{
+    const QPointer<CProjectModel> still(project); // the dialog turns the event loop
+    const QString path = askPath(
+        {tr("Export project to DL"), tr("Display Lists (*.dl)"), QStringLiteral("dl")}, folder);
+    exportProject(still, path, &CProjectExporter::exportProjectDL);
+}
+
+void CExportController::exportProjectBin(CProjectModel *project, const QString &folder)
+{
+    const QPointer<CProjectModel> still(project);
+    const QString path = askPath(
+        {tr("Export project to binary"), tr("Display Lists Binary(*.bin)"), QStringLiteral("bin")},
+        folder);
+    exportProject(still, path, &CProjectExporter::exportProjectBin);
+}
+
+void CExportController::exportScreenDL(const SShownScreen &screen, const QString &folder)
+{
+    const QString path = askPath(
+        {tr("Export screen to DL"), tr("Display Lists (*.dl)"), QStringLiteral("dl")}, folder);
+    writeScreen(path, CProjectExporter::textForm(screen.name, screen.text));
+}
+
+void CExportController::exportScreenBin(const SShownScreen &screen, const QString &folder)
+{
+    const QString path = askPath(
+        {tr("Export Page to binary"), tr("Display Lists Binary(*.bin)"), QStringLiteral("bin")},
+        folder);
+    writeScreen(path, screen.bytes);
+}
+
+void CExportController::exportProject(CProjectModel *project, const QString &path, Export form)
+{
+    if (path.isEmpty() || m_isRunning)
+        return;
+    m_isRunning = true;
+    m_isCancelled = false;
+    QProgressDialog progress(tr("Exporting the pages"), tr("Cancel"), 0, 0, m_window);
+    progress.setWindowModality(Qt::NonModal);
+    progress.setMinimumDuration(ProgressDelay);
+    progress.setAutoReset(false);
+    CProjectExporter exporter(m_adapter);
+    exporter.setErrorReport([this](const QString &text) { m_user->showError(text, QString()); });
+    exporter.setProgress([&](int done, int total) {
+        progress.setMaximum(total);
+        progress.setValue(done);
+        progress.setLabelText(tr("Exporting page %1 of %2").arg(done + 1).arg(total));
+        return !m_isCancelled && !progress.wasCanceled();
+    });
+
+    QString reason;
+    switch ((exporter.*form)(project, path, &reason)) {
+    case CProjectExporter::EResult::Written:
+        m_user->showNotice(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
+        break;
+    case CProjectExporter::EResult::NotOpened:
+        m_user->showNotice(reason);
+        break;
+    case CProjectExporter::EResult::NotWritten:
+        m_user->showError(tr("An error occurred during the export process"), reason);
+        break;
+    case CProjectExporter::EResult::Cancelled:
+        m_user->showNotice(tr("The export was cancelled."));
+        break;
+    case CProjectExporter::EResult::Refused:
+        break;
+    }
+    m_isRunning = false;
+    Q_EMIT finished();
+}
+
+void CExportController::writeScreen(const QString &path, const QByteArray &bytes)
+{
+    if (path.isEmpty())
+        return;
+    const QString reason = CFileWriter::write(path, bytes);
+    m_user->showNotice(reason.isEmpty() ? tr("Exported to %1").arg(QDir::toNativeSeparators(path))
+                                        : reason);
+}

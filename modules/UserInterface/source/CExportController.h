@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include "CProjectExporter.h"
+
+class CEmulatorAdapter;
+class CProjectModel;
+class IUserQuestions;
+class QWidget;
+
+/// What the shown screen has last received from the emulator.
+struct SShownScreen
+{
+    QString name;
+    QString text; ///< display list, one command a line
+    QByteArray bytes;
+};
+
+/// The four exports of the menu: the file dialog, the progress with its Cancel, the messages.
+/// A second export cannot begin while one runs; the window can be used meanwhile.
+class CExportController : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window`: parent of the dialogs. It, the adapter and the user live longer.
+    CExportController(QWidget *window, CEmulatorAdapter *adapter, IUserQuestions *user);
+
+    void exportProjectDL(CProjectModel *project, const QString &folder);
+    void exportProjectBin(CProjectModel *project, const QString &folder);
+    void exportScreenDL(const SShownScreen &screen, const QString &folder);
+    void exportScreenBin(const SShownScreen &screen, const QString &folder);
+
+    bool isRunning() const { return m_isRunning; }
+    /// Ends the export that runs, as soon as it comes to its next screen.
+    void cancel() { m_isCancelled = true; }
+
+Q_SIGNALS:
+    void finished();
+
+private:
+    using Export = CProjectExporter::EResult (CProjectExporter::*)(CProjectModel *, const QString &,
+                                                                   QString *);
+    struct SDialogTexts
+    {
+        QString title;
+        QString filter;
+        QString suffix;
+    };
+
+    QString askPath(const SDialogTexts &texts, const QString &folder) const;
+    void exportProject(CProjectModel *project, const QString &path, Export form);
+    void writeScreen(const QString &path, const QByteArray &bytes);
+
+    QWidget *const m_window;
+    CEmulatorAdapter *const m_adapter;
+    IUserQuestions *const m_user;
+    bool m_isRunning = false;
+    bool m_isCancelled = false;
+};

@@ -1,0 +1,287 @@
+#include "CMainWindow.h"
+
+#include "CAutosaveTimer.h"
+#include "CAutosaver.h"
+#include "CDialogQuestions.h"
+#include "CEmulatorAdapter.h"
+#include "CEmulatorSession.h"
+#include "CExportController.h"
+#include "CGridComboWidget.h"
+#include "CLanguageLoader.h"
+#include "CMainPanels.h"
+#include "CMenuBar.h"
+#include "CProgramData.h"
+#include "CProjectModel.h"
+#include "CProjectSession.h"
+#include "CRecentProjects.h"
+#include "CSettings.h"
+#include "CStartPage.h"
+#include "CThemeIcons.h"
+#include "CZoomComboWidget.h"
+#include "ProgramInfo.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QErrorMessage>
+#include <QFile>
+#include <QLocale>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QUndoGroup>
+
+namespace {
+constexpr QSize FirstSize(1440, 900);
+
+bool isOnAScreen(const QRect &geometry)
+{
+    constexpr int least = 100; // pixels of the title that must be in reach
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen *each : screens) {
+        const QRect seen = each->availableGeometry().intersected(geometry);
+        if (seen.width() >= least && seen.height() >= least)
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+CMainWindow::CMainWindow(const QString &file)
+    : m_folder(QDir::currentPath()),
+      m_theme(this),
+      m_errorMessage(new QErrorMessage(this)),
+      m_aboutBox(new QMessageBox(this)),
+      m_undoGroup(new QUndoGroup(this)),
+      m_recent(new CRecentProjects(this)),
+      m_settings(std::make_unique<CSettings>(m_folder)),
+      m_user(std::make_unique<CDialogQuestions>(this, m_errorMessage, &m_platforms)),
+      m_languages(std::make_unique<CLanguageLoader>(m_folder))
+{
+    resize(FirstSize.boundedTo(screen()->availableSize()));
+    m_languages->loadSystemLanguage();
+    startSubsystems();
+    m_panels = new CMainPanels(this);
+    makeProjectParts();
+    m_menuBar = new CMenuBar(this);
+    connectSession();
+    readSettings();
+    setWindowIcon(CThemeIcons::icon(QStringLiteral(":/images/icon.png")));
+    showWindowToggles();
+    QFile named(file);
+    if (named.exists() && validateProjectFile(named))
+        openProjectFile(file);
+}
+
+CMainWindow::~CMainWindow()
+{
+    closeUnattended();
+}
+
+void CMainWindow::startSubsystems()
+{
+    const CProgramData programData(m_folder);
+    const QString noLibrary = programData.loadWidgetLibrary();
+    if (!noLibrary.isEmpty())
+        m_user->showError(tr("Could not initialise Widget Library Manager"), noLibrary);
+    CEmulatorAdapter *const adapter = CEmulatorAdapter::instance();
+    const QString noEmulator = programData.registerEmulator();
+    if (!noEmulator.isEmpty())
+        m_user->showError(tr("Could not initialise emulator"), noEmulator);
+    m_emulator = std::make_unique<CEmulatorSession>(adapter);
+    connect(this, &CMainWindow::configChanged, adapter, &CEmulatorAdapter::emulatorConfigScreen);
+}
+
+void CMainWindow::makeProjectParts()
+{
+    m_user->setReport([this](const QString &text) { m_panels->write(text); });
+    m_session = new CProjectSession(m_user.get(), m_recent, this);
+    m_session->setProgramVersion(ProgramInfo::Version);
+    m_autosaver = std::make_unique<CAutosaver>(m_session);
+    m_autosaver->setBusyCheck([this] { return isBusy(); });
+    m_autosaveTimer = new CAutosaveTimer(this);
+    m_autosaveRetry = new QTimer(this);
+    m_autosaveRetry->setSingleShot(true);
+    connect(m_autosaveRetry, &QTimer::timeout, this, &CMainWindow::autosave);
+    m_export = new CExportController(this, CEmulatorAdapter::instance(), m_user.get());
+    connect(m_export, &CExportController::finished, this, [this] {
+        if (m_closeAfterExport)
+            QTimer::singleShot(0, this, &QWidget::close);
+    });
+    m_startPage = new CStartPage(m_folder + QStringLiteral("/examples"), m_panels->screens());
+}
+
+void CMainWindow::connectSession()
+{
+    connect(m_session, &CProjectSession::projectOpened, this, &CMainWindow::activate);
+    connect(m_session, &CProjectSession::projectAboutToClose, this, &CMainWindow::deactivate);
+    connect(m_session, &CProjectSession::titleChanged, this, &QWidget::setWindowTitle);
+    connect(m_session, &CProjectSession::projectLoaded, this, [this] {
+        m_panels->showFirstScreen(project());
+        Q_EMIT projectLoaded();
+    });
+    connect(m_session, &CProjectSession::projectClosed, this, [this] {
+        m_emulator->close();
+        m_startPage->show();
+        Q_EMIT projectClosed();
+    });
+    connect(m_recent, &CRecentProjects::changed, this, [this] {
+        m_startPage->setRecentProjects(m_recent->paths());
+        Q_EMIT listRecentProjectsUpdated();
+    });
+    connect(m_startPage, &CStartPage::newProjectWanted, this, &CMainWindow::newProject);
+    connect(m_startPage, &CStartPage::openWanted, this, &CMainWindow::openProject);
+    connect(m_startPage, &CStartPage::projectWanted, m_session,
+            qOverload<const QString &>(&CProjectSession::open));
+}
+
+void CMainWindow::activate(CProjectModel *project)
+{
+    m_emulator->open(project);
+    m_panels->showProject(project);
+    m_undoGroup->addStack(project->undoStack());
+    m_undoGroup->setActiveStack(project->undoStack());
+    m_startPage->hide();
+}
+
+void CMainWindow::deactivate(CProjectModel *project)
+{
+    m_export->cancel();
+    m_undoGroup->removeStack(project->undoStack());
+    m_panels->clear();
+}
+
+void CMainWindow::projectOptionsChanged()
+{
+    m_emulator->applyOptions(project(), [this] { updateRepaint(); });
+    const QSize size = project()->resolution();
+    Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
+    showProjectName();
+}
+
+void CMainWindow::readSettings()
+{
+    const SSettings values = m_settings->read();
+    if (!values.mainWindow.isNull() && isOnAScreen(values.mainWindow))
+        setGeometry(values.mainWindow);
+    restoreState(values.windowState);
+    Q_EMIT setZoom(values.zoomPercent, values.zoomType);
+    Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
+    m_recent->setPaths(values.latestProjects);
+    m_screenshotFolder = values.screenshotDir;
+    showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
+    statusBar()->setVisible(values.statusBar);
+    savingPathChanged(values.savingFolderPath);
+    m_session->setWorkingDirectory(m_savingFolder);
+    setAutosaveInterval(values.autosaveInterval);
+}
+
+void CMainWindow::writeSettings()
+{
+    SSettings values;
+    values.mainWindow = geometry();
+    values.windowState = saveState();
+    values.zoomPercent = m_menuBar->zoomWidget()->zoomPercent();
+    values.zoomType = m_menuBar->zoomWidget()->zoomType();
+    values.showGrid = m_menuBar->gridWidget()->isGridShown();
+    values.gridSize = m_menuBar->gridWidget()->gridSize();
+    values.gridColor = m_menuBar->gridWidget()->gridColor();
+    values.gridType = m_menuBar->gridWidget()->gridType();
+    values.latestProjects = m_recent->paths();
+    values.screenshotDir = m_screenshotFolder;
+    values.theme = m_theme.name();
+    values.statusBar = !statusBar()->isHidden();
+    values.savingFolderPath = m_savingFolder;
+    values.autosaveInterval = m_autosaveInterval;
+    m_settings->write(values);
+}
+
+void CMainWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    m_closeAfterExport = m_export->isRunning();
+    if (m_closeAfterExport) {
+        m_export->cancel(); // it stands on this window's shoulders; it comes back here when done
+        return;
+    }
+    if (!closeProject())
+        return;
+    writeSettings();
+    event->accept();
+}
+
+void CMainWindow::closeUnattended()
+{
+    m_export->cancel();
+    if (m_session->project() && !m_session->path().isEmpty() && m_autosaveInterval > 0)
+        m_session->autosave();
+    if (m_session->project()) {
+        m_session->closeWithoutQuestions();
+        writeSettings();
+    }
+}
+
+void CMainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange || !m_menuBar)
+        return;
+    m_menuBar->retranslate();
+    m_panels->retranslate();
+    showProjectName();
+}
+
+bool CMainWindow::isBusy() const
+{
+    return m_export->isRunning() || QApplication::activeModalWidget() ||
+           QApplication::activePopupWidget() || QApplication::mouseButtons() != Qt::NoButton;
+}
+
+void CMainWindow::showTheme(CTheme::Kind kind)
+{
+    m_theme.apply(kind);
+    m_menuBar->setChecked(kind == CTheme::Kind::Light ? CMenuBar::Light : CMenuBar::Dark, true);
+}
+
+/// The marks of the Windows menu follow what is shown, also when a dock was closed by its button.
+void CMainWindow::showWindowToggles()
+{
+    const std::pair<CMenuBar::EAction, QDockWidget *> docks[] = {
+        {CMenuBar::ProjectWindow, m_panels->explorerDock()},
+        {CMenuBar::LibraryWindow, m_panels->paletteDock()},
+        {CMenuBar::PropertiesWindow, m_panels->propertiesDock()},
+        {CMenuBar::OutputWindow, m_panels->outputDock()}};
+    for (const auto &each : docks) {
+        const CMenuBar::EAction id = each.first;
+        m_menuBar->setChecked(id, !each.second->isHidden());
+        connect(each.second->toggleViewAction(), &QAction::toggled, m_menuBar,
+                [this, id](bool shown) { m_menuBar->setChecked(id, shown); });
+    }
+    m_menuBar->setChecked(CMenuBar::StatusBar, !statusBar()->isHidden());
+}
+
+CProjectModel *CMainWindow::project() const
+{
+    return m_session->project();
+}
+
+QString CMainWindow::projectPath() const
+{
+    return m_session->path();
+}
+
+void CMainWindow::setAutosaveInterval(int seconds)
+{
+    m_autosaveInterval = seconds;
+    m_autosaveTimer->restart();
+}
+
+void CMainWindow::savingPathChanged(const QString &path)
+{
+    m_savingFolder = path;
+    m_user->setSavingFolder(path);
+}

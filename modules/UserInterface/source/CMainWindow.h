@@ -1,0 +1,160 @@
+#pragma once
+
+#include "CPlatformTable.h"
+#include "CTheme.h"
+#include "IProjectOptionsObserver.h"
+
+#include <QColor>
+#include <QMainWindow>
+
+#include <memory>
+
+class CAutosaver;
+class CAutosaveTimer;
+class CDialogQuestions;
+class CEmulatorSession;
+class CExportController;
+class CHelpWindow;
+class CLanguageLoader;
+class CMainPanels;
+class CMenuBar;
+class CProjectModel;
+class CProjectSession;
+class CRecentProjects;
+class CSettings;
+class CStartPage;
+class QErrorMessage;
+class QFile;
+class QMessageBox;
+class QTimer;
+class QUndoGroup;
+struct SSettings;
+
+/// The frame of the application: makes the parts, connects them, and hands each command of the
+/// menus to the part that carries it out.
+/// The current directory must be the programs' folder, where all data files are looked for.
+class CMainWindow : public QMainWindow, public IProjectOptionsObserver
+{
+    Q_OBJECT
+
+public:
+    /// `file`: a project to open, as named on the command line; ignored when it does not exist.
+    explicit CMainWindow(const QString &file = {});
+    ~CMainWindow() override;
+
+    QUndoGroup *undoGroup() const { return m_undoGroup; }
+    CRecentProjects *recentProjects() const { return m_recent; }
+    CMenuBar *actions() const { return m_menuBar; }
+    CProjectModel *project() const; ///< null when none is open
+    QString projectPath() const;
+    int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
+    void setAutosaveInterval(int seconds);
+    bool snapToGrid() const { return m_snapToGrid; }
+
+    /// The end of the program from outside: saves automatically if that is switched on, closes
+    /// without a question.
+    void closeUnattended();
+    void projectOptionsChanged() override;
+
+Q_SIGNALS:
+    void configChanged(uint32_t width, uint32_t height);
+    void setZoom(int zoomPercent, int zoomType);
+    void setGrid(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType);
+    void listRecentProjectsUpdated();
+    void projectLoaded();
+    void projectClosed();
+
+public Q_SLOTS:
+    void darkStyle();
+    void lightStyle();
+    void toggleStatusBar();
+    void toggleOutputWindow();
+    void togglePropertiesWindow();
+    void toggleLibraryWindow();
+    void toggleProjectWindow();
+    void newProject();
+    void openProject();
+    bool validateProjectFile(QFile &file);
+    bool openProjectFile(const QString &path);
+    void showProjectName();
+    void openRecent(QAction *action);
+    bool closeProject();
+    bool saveProject();
+    bool saveProjectAs();
+    void deleteSelectedItems();
+    void orderingToFront();
+    void orderingToBack();
+    void orderingForward();
+    void orderingBackward();
+    void showHelp();
+    void showAboutBox();
+    void showOptionDialog();
+    void showUpdateDialog();
+    void showLanguageDialog();
+    void autosave();
+    void exportProjectDL();
+    void exportTabDL();
+    void exportProjectBin();
+    void exportScreenBin();
+    void zoomChanged(int zoomPercent, int zoomType);
+    void gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType);
+    void savingPathChanged(const QString &path);
+    void setSnapToGrid(bool enabled);
+    void copy();
+    void cut();
+    void paste();
+    void printScreen();
+    void lockItems();
+    void loadLanguage(const QString &rLanguage);
+
+    // What the menus command besides.
+    void newTab();
+    void selectAll();
+    void selectNone();
+    void selectInverse();
+    void group();
+    void ungroup();
+    void updateRepaint();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void startSubsystems();
+    void makeProjectParts();
+    void readSettings();
+    void writeSettings();
+    void connectSession();
+    void activate(CProjectModel *project);
+    void deactivate(CProjectModel *project);
+    void showTheme(CTheme::Kind kind);
+    void showWindowToggles();
+    bool isBusy() const;
+    QString aboutText() const;
+
+    const QString m_folder; ///< of the programs and their data
+    const CPlatformTable m_platforms;
+    CTheme m_theme;
+    QErrorMessage *m_errorMessage;
+    QMessageBox *m_aboutBox;
+    QUndoGroup *m_undoGroup;
+    CRecentProjects *m_recent;
+    std::unique_ptr<CSettings> m_settings;
+    std::unique_ptr<CDialogQuestions> m_user;
+    std::unique_ptr<CLanguageLoader> m_languages;
+    std::unique_ptr<CEmulatorSession> m_emulator;
+    CProjectSession *m_session = nullptr;
+    std::unique_ptr<CAutosaver> m_autosaver;
+    CAutosaveTimer *m_autosaveTimer = nullptr;
+    QTimer *m_autosaveRetry = nullptr;
+    CExportController *m_export = nullptr;
+    CMainPanels *m_panels = nullptr;
+    CMenuBar *m_menuBar = nullptr;
+    CStartPage *m_startPage = nullptr;
+    QString m_screenshotFolder;
+    QString m_savingFolder;
+    int m_autosaveInterval = 0;
+    bool m_snapToGrid = false;
+    bool m_closeAfterExport = false;
+};

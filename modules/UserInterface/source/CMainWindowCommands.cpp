@@ -1,0 +1,261 @@
+// The slots of CMainWindow that carry out the commands of the menus.
+#include "CAutosaver.h"
+#include "CEmulatorAdapter.h"
+#include "CExportController.h"
+#include "CLanguageLoader.h"
+#include "CMainPanels.h"
+#include "CMainWindow.h"
+#include "CMenuBar.h"
+#include "CProjectModel.h"
+#include "CProjectSession.h"
+#include "ProgramInfo.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QFile>
+#include <QLocale>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace {
+constexpr int AutosaveRetryTime = 1000; // ms
+
+void toggle(QWidget *widget)
+{
+    widget->setVisible(widget->isHidden());
+}
+} // namespace
+
+void CMainWindow::darkStyle()
+{
+    showTheme(CTheme::Kind::Dark);
+}
+
+void CMainWindow::lightStyle()
+{
+    showTheme(CTheme::Kind::Light);
+}
+
+void CMainWindow::toggleStatusBar()
+{
+    toggle(statusBar());
+    m_menuBar->setChecked(CMenuBar::StatusBar, !statusBar()->isHidden());
+}
+
+void CMainWindow::toggleOutputWindow()
+{
+    toggle(m_panels->outputDock());
+}
+
+void CMainWindow::togglePropertiesWindow()
+{
+    toggle(m_panels->propertiesDock());
+}
+
+void CMainWindow::toggleLibraryWindow()
+{
+    toggle(m_panels->paletteDock());
+}
+
+void CMainWindow::toggleProjectWindow()
+{
+    toggle(m_panels->explorerDock());
+}
+
+void CMainWindow::newProject()
+{
+    m_session->newProject();
+}
+
+void CMainWindow::openProject()
+{
+    m_session->open();
+}
+
+bool CMainWindow::validateProjectFile(QFile &file)
+{
+    return m_session->validate(file);
+}
+
+bool CMainWindow::openProjectFile(const QString &path)
+{
+    return m_session->openFile(path);
+}
+
+void CMainWindow::showProjectName()
+{
+    setWindowTitle(m_session->title());
+}
+
+void CMainWindow::openRecent(QAction *action)
+{
+    const QString path = action->whatsThis();
+    m_session->open(path);
+}
+
+bool CMainWindow::closeProject()
+{
+    return m_session->close();
+}
+
+bool CMainWindow::saveProject()
+{
+    return m_session->save();
+}
+
+bool CMainWindow::saveProjectAs()
+{
+    return m_session->saveAs();
+}
+
+void CMainWindow::autosave()
+{
+    if (m_autosaver->tick() == CAutosaver::ETick::Postponed)
+        m_autosaveRetry->start(AutosaveRetryTime);
+}
+
+void CMainWindow::exportProjectDL()
+{
+    if (project())
+        m_export->exportProjectDL(project(), m_session->workingDirectory());
+}
+
+void CMainWindow::exportProjectBin()
+{
+    if (project())
+        m_export->exportProjectBin(project(), m_session->workingDirectory());
+}
+
+void CMainWindow::setSnapToGrid(bool enabled)
+{
+    m_snapToGrid = enabled;
+}
+
+void CMainWindow::loadLanguage(const QString &rLanguage)
+{
+    m_languages->load(rLanguage);
+}
+
+void CMainWindow::showAboutBox()
+{
+    m_aboutBox->setWindowTitle(tr("About"));
+    m_aboutBox->setIconPixmap(windowIcon().pixmap(64, 64));
+    m_aboutBox->setText(aboutText());
+    m_aboutBox->exec();
+}
+
+QString CMainWindow::aboutText() const
+{
+    // "Nov  5 2024", the form that compilers give.
+    const QDate built = QLocale::c().toDate(QString::fromLatin1(__DATE__).simplified(),
+                                            QStringLiteral("MMM d yyyy"));
+    return QStringLiteral("<h3>%1</h3><p>%2</p><p>%3</p><p>%4</p>")
+        .arg(ProgramInfo::Name,
+             tr("Built at: ") + QLocale().toString(built, QStringLiteral("dd MMMM yyyy")),
+             tr("Version %1").arg(ProgramInfo::Version),
+             tr("Lays out the screens of embedded user interfaces for KIV graphics controllers."));
+}
+
+void CMainWindow::zoomChanged(int zoomPercent, int zoomType)
+{
+    m_menuBar->updateZoomMenu(zoomPercent, zoomType);
+    updateRepaint();
+}
+
+void CMainWindow::gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType)
+{
+    m_menuBar->updateGridMenu(showGrid, gridSize, gridColor, gridType);
+}
+
+void CMainWindow::deleteSelectedItems()
+{
+}
+
+void CMainWindow::orderingToFront()
+{
+}
+
+void CMainWindow::orderingToBack()
+{
+}
+
+void CMainWindow::orderingForward()
+{
+}
+
+void CMainWindow::orderingBackward()
+{
+}
+
+void CMainWindow::showHelp()
+{
+}
+
+void CMainWindow::showOptionDialog()
+{
+}
+
+void CMainWindow::showUpdateDialog()
+{
+}
+
+void CMainWindow::showLanguageDialog()
+{
+}
+
+void CMainWindow::exportTabDL()
+{
+}
+
+void CMainWindow::exportScreenBin()
+{
+}
+
+void CMainWindow::copy()
+{
+}
+
+void CMainWindow::cut()
+{
+}
+
+void CMainWindow::paste()
+{
+}
+
+void CMainWindow::printScreen()
+{
+}
+
+void CMainWindow::lockItems()
+{
+}
+
+void CMainWindow::newTab()
+{
+}
+
+void CMainWindow::selectAll()
+{
+}
+
+void CMainWindow::selectNone()
+{
+}
+
+void CMainWindow::selectInverse()
+{
+}
+
+void CMainWindow::group()
+{
+}
+
+void CMainWindow::ungroup()
+{
+}
+
+void CMainWindow::updateRepaint()
+{
+}

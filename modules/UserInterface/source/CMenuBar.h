@@ -1,0 +1,146 @@
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QObject>
+
+#include <array>
+
+class CGridComboWidget;
+class CMainWindow;
+class CZoomComboWidget;
+class QAction;
+class QActionGroup;
+class QMenu;
+class QMenuBar;
+class QToolBar;
+
+/// All actions of the main window, its menus and its tool bar, made from tables, and the way from
+/// each action to the slot that it stands for.
+class CMenuBar : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// In the order in which the actions are made.
+    enum EAction {
+        New,
+        Open,
+        CloseProject,
+        SaveProject,
+        SaveAs,
+        NewPage,
+        ProjectToDL,
+        PageToDL,
+        ProjectToBinary,
+        PageToBinary,
+        PrintScreen,
+        Exit,
+        BringToFront,
+        SendToBack,
+        BringForward,
+        SendBackward,
+        Cut,
+        Copy,
+        Paste,
+        SelectAll,
+        SelectNone,
+        SelectInverse,
+        Delete,
+        LockUnlock,
+        Undo,
+        Redo,
+        Group,
+        Ungroup,
+        Dark,
+        Light,
+        ZoomReset,
+        FitToPage,
+        FitToWidth,
+        RulerSize,
+        GridSize,
+        GridToggle,
+        GridType,
+        GridColour,
+        OutputWindow,
+        StatusBar,
+        ProjectWindow,
+        PropertiesWindow,
+        LibraryWindow,
+        Resolution,
+        Search,
+        SpellCheck,
+        SnapToGrid,
+        Options,
+        Language,
+        Help,
+        About,
+        Updates,
+        ActionCount,
+        Separator = ActionCount ///< in lists of menu entries
+    };
+    enum EMenu {
+        FileMenu,
+        EditMenu,
+        ViewMenu,
+        ToolsMenu,
+        HelpMenu,
+        RecentMenu,
+        ExportMenu,
+        OrderMenu,
+        ClipboardMenu,
+        SelectMenu,
+        GroupingMenu,
+        ThemeMenu,
+        ZoomMenu,
+        GridMenu,
+        WindowsMenu,
+        MenuCount
+    };
+
+    static constexpr int MaxNameLength = 28; ///< of a recent project, characters
+
+    explicit CMenuBar(CMainWindow *window);
+    ~CMenuBar() override;
+
+    QAction *action(EAction id) const { return m_actions[id]; }
+    QMenu *menu(EMenu id) const { return m_menus[id]; }
+    QToolBar *toolBar() const { return m_toolBar; }
+    CZoomComboWidget *zoomWidget() const { return m_zoomWidget; }
+    CGridComboWidget *gridWidget() const { return m_gridWidget; }
+
+    /// Sets all texts again in the language that is now in force.
+    void retranslate();
+    void setChecked(EAction id, bool checked);
+
+    /// A file name as the recent projects show it: long ones without their middle.
+    static QString shortened(const QString &fileName);
+
+public Q_SLOTS:
+    void setSnapToGrid();
+    void updateRecentSubMenu();
+    void updateZoomMenu(int percent, int type);
+    void updateGridMenu(bool on, int spacing, QColor colour, Qt::PenStyle style);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void makeActions();
+    QAction *makeAction(int id);
+    void makeMenus();
+    void fillMenu(int id);
+    void makeToolBar();
+    void connectWindow();
+    void updateUndoTexts();
+
+    CMainWindow *const m_window;
+    QMenuBar *const m_bar;
+    QToolBar *m_toolBar = nullptr;
+    CZoomComboWidget *const m_zoomWidget;
+    CGridComboWidget *const m_gridWidget;
+    std::array<QAction *, ActionCount> m_actions{};
+    std::array<QMenu *, MenuCount> m_menus{};
+    QList<QAction *> m_recentActions;
+    QActionGroup *m_themeGroup = nullptr;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "CMenuBar.h"
+
+#include <QKeySequence>
+
+#include <vector>
+
+/// What CMenuBar makes its actions, menus and tool bar from.
+namespace MenuBarTables {
+enum class ECheck : char { None, Off, On };
+
+struct SAction
+{
+    CMenuBar::EAction id;
+    const char *text;
+    const char *icon; ///< name of a picture below ":/images/", or null
+    const char *tip;  ///< or null
+    QKeySequence::StandardKey key;
+    const char *keys; ///< in place of a standard key, or null
+    ECheck check;
+    void (*trigger)(CMainWindow &window, const CMenuBar &bar); ///< or null
+};
+
+/// One entry of a menu: an action, a separator, or a sub-menu.
+struct SEntry
+{
+    SEntry(CMenuBar::EAction entry) : action(entry) {}
+    SEntry(CMenuBar::EMenu entry) : menu(entry) {}
+    CMenuBar::EAction action = CMenuBar::Separator;
+    CMenuBar::EMenu menu = CMenuBar::MenuCount; ///< MenuCount: no sub-menu
+};
+
+struct SMenu
+{
+    CMenuBar::EMenu id;
+    const char *title;
+    bool isTopLevel;
+    std::vector<SEntry> entries;
+};
+
+const std::vector<SAction> &actions(); ///< in the order of EAction
+const std::vector<SMenu> &menus();     ///< in the order of EMenu
+} // namespace MenuBarTables

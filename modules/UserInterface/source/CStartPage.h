@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+class QLabel;
+
+/// What the central area shows while no project is open: ways to one, as links. Covers its parent.
+class CStartPage final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `examples`: the folder that holds one folder for each example.
+    CStartPage(const QString &examples, QWidget *parent);
+
+    void setRecentProjects(const QStringList &paths);
+
+Q_SIGNALS:
+    void newProjectWanted();
+    void openWanted();
+    void projectWanted(const QString &path);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void showTexts();
+    void follow(const QString &link);
+
+    QStringList m_examples; ///< paths of project files
+    QStringList m_recent;
+    QLabel *m_label;
+};
