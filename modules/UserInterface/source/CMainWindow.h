@@ -152,6 +152,7 @@ private:
     CMainPanels *m_panels = nullptr;
     CMenuBar *m_menuBar = nullptr;
     CStartPage *m_startPage = nullptr;
+    CHelpWindow *m_help = nullptr; ///< null until it is wanted
     QString m_screenshotFolder;
     QString m_savingFolder;
     int m_autosaveInterval = 0;

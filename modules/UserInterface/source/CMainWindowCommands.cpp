@@ -2,6 +2,7 @@
 #include "CAutosaver.h"
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
+#include "CHelpWindow.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMainWindow.h"
@@ -190,6 +191,11 @@ void CMainWindow::orderingBackward()
 
 void CMainWindow::showHelp()
 {
+    if (!m_help)
+        m_help = new CHelpWindow(m_folder + QStringLiteral("/html/help.htm"), this);
+    m_help->show();
+    m_help->raise();
+    m_help->activateWindow();
 }
 
 void CMainWindow::showOptionDialog()

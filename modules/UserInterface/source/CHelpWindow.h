@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+class QUrl;
+class QWebView;
+
+/// Shows the user guide in a window of its own. Links that lead out of it open in the system's
+/// browser.
+class CHelpWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `page`: the file that is shown first; absolute.
+    explicit CHelpWindow(const QString &page, QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void follow(const QUrl &url);
+
+    QWebView *const m_view;
+};
