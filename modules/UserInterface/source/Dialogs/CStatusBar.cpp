@@ -1,0 +1,71 @@
+#include "CStatusBar.h"
+
+#include <QLabel>
+#include <QMainWindow>
+
+namespace {
+
+/// Wide enough for four-digit coordinates, so that the other fields stay where they are while the
+/// pointer moves.
+int cursorWidth(const QLabel &label)
+{
+    const QString widest = CStatusBar::tr("Cursor position: ") + QStringLiteral("-8888, -8888");
+    constexpr int padding = 16;
+    return label.fontMetrics().horizontalAdvance(widest) + padding;
+}
+
+} // namespace
+
+CStatusBar::CStatusBar(QMainWindow *window)
+    : QStatusBar(window), m_window(window), m_bar(new QStatusBar(window)), m_labels()
+{
+    hide(); // the inner bar is the one that is seen
+    m_window->setStatusBar(m_bar);
+    const char *const names[] = {"cursor", "widgets", "bitmaps", "memory"};
+    for (size_t field = 0; field < FieldCount; ++field) {
+        m_labels[field] = new QLabel(m_bar);
+        m_labels[field]->setObjectName(QLatin1String(names[field]));
+        m_bar->addWidget(m_labels[field], 0);
+    }
+    m_labels[Cursor]->setMinimumWidth(cursorWidth(*m_labels[Cursor]));
+}
+
+CStatusBar::~CStatusBar()
+{
+    delete m_bar;
+}
+
+void CStatusBar::show(Field field, const QString &text)
+{
+    m_texts[field] = text;
+    m_labels[field]->setText(text);
+}
+
+void CStatusBar::receiveMouseMoveUpdate(QPoint point)
+{
+    show(Cursor, tr("Cursor position: ") + QString::number(point.x()) + QStringLiteral(", ") +
+                     QString::number(point.y()));
+    show(Widgets, m_texts[Widgets]);
+}
+
+void CStatusBar::receiveWidgetCountUpdate(int widgetCount)
+{
+    show(Widgets, QString::number(widgetCount) + tr(" widgets"));
+}
+
+void CStatusBar::receiveBitmapCountUpdate(int bitmapCount)
+{
+    show(Bitmaps, QString::number(bitmapCount) + tr(" bitmaps"));
+}
+
+void CStatusBar::receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage)
+{
+    show(Memory, QString::number(dlBinBufferSize) + tr(" bytes RAM_DL used,") +
+                     QString::number(RAM_G_Usage) + tr(" bytes RAM_G used"));
+}
+
+void CStatusBar::resetStatusBar()
+{
+    for (size_t field = 0; field < FieldCount; ++field)
+        show(static_cast<Field>(field), QString());
+}

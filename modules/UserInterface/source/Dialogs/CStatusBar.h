@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QPoint>
+#include <QPointer>
+#include <QStatusBar>
+
+#include <array>
+#include <cstddef>
+
+class QLabel;
+class QMainWindow;
+
+/// Tells about the shown screen: where the pointer is, how many widgets and bitmaps it has and how
+/// much of the chip's memory it takes. What is seen is an inner bar that belongs to the window.
+class CStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    /// Installs the inner bar in the window, which must live longer.
+    explicit CStatusBar(QMainWindow *window);
+    ~CStatusBar() override;
+
+    QStatusBar *bar() const { return m_bar; }
+
+public Q_SLOTS:
+    void receiveMouseMoveUpdate(QPoint point); ///< in pixels of the screen
+    void receiveWidgetCountUpdate(int widgetCount);
+    void receiveBitmapCountUpdate(int bitmapCount);
+    void receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage); ///< bytes
+    void resetStatusBar();
+
+private:
+    enum Field { Cursor, Widgets, Bitmaps, Memory, FieldCount };
+
+    void show(Field field, const QString &text);
+
+    QMainWindow *const m_window; ///< not owned
+    QPointer<QStatusBar> m_bar;  ///< the window deletes it with itself
+    std::array<QLabel *, FieldCount> m_labels;
+    std::array<QString, FieldCount> m_texts;
+};
