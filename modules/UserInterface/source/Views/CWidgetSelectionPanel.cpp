@@ -1,0 +1,38 @@
+#include "CWidgetSelectionPanel.h"
+
+#include "CThemeIcons.h"
+#include "CWidgetSelectionView.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+CWidgetSelectionPanel::CWidgetSelectionPanel(QWidget *parent)
+    : QWidget(parent), m_filter(new QLineEdit(this)), m_view(new CWidgetSelectionView(this))
+{
+    m_filter->setObjectName(QStringLiteral("widgetFilter"));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->addAction(CThemeIcons::icon(QStringLiteral(":/images/Search text.png")),
+                        QLineEdit::LeadingPosition);
+    connect(m_filter, &QLineEdit::textChanged, m_view, &CWidgetSelectionView::setFilter);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 0);
+    layout->setSpacing(4);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_view);
+    retranslate();
+}
+
+void CWidgetSelectionPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void CWidgetSelectionPanel::retranslate()
+{
+    m_filter->setPlaceholderText(tr("Filter"));
+    m_filter->setAccessibleName(tr("Filter the widgets"));
+}

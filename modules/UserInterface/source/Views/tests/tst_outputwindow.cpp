@@ -1,0 +1,110 @@
+#include "COutputWindowView.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextBlock>
+
+namespace {
+const QString now = QStringLiteral("12:34:56");
+
+QStringList linesOf(const COutputWindowView &view)
+{
+    QStringList lines;
+    for (QTextBlock block = view.document()->begin(); block.isValid(); block = block.next())
+        lines.append(block.text());
+    return lines;
+}
+} // namespace
+
+class tst_OutputWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void messagesAreOneLineEach();
+    void repeatedErrorsAreCounted();
+    void onlyTheNewestAreKept();
+    void clickOnAnErrorTellsItsItem();
+    void clearForgetsTheCounts();
+};
+
+void tst_OutputWindow::messagesAreOneLineEach()
+{
+    COutputWindowView view;
+    view.setClock([] { return now; });
+    view.writeMessage("Project saved");
+    view.writeMessage("Project saved");
+    view.writeMessage("<b>first</b>\nsecond");
+    QCOMPARE(linesOf(view), (QStringList{"12:34:56  Project saved", "12:34:56  Project saved",
+                                         QStringLiteral("12:34:56  <b>first</b>") +
+                                             QChar(QChar::LineSeparator) + "second"}));
+    QVERIFY(view.isReadOnly());
+}
+
+void tst_OutputWindow::repeatedErrorsAreCounted()
+{
+    COutputWindowView view;
+    int second = 0;
+    view.setClock([&second] { return QString::number(second++); });
+    view.writeRenderErrors("Page 1", {});
+    view.writeRenderErrors("Page 1", "Kiv_Text_T 3: no font\nKiv_Text_T 4: no font\n");
+    view.writeMessage("between");
+    view.writeRenderErrors("Page 1", "Kiv_Text_T 3: no font");
+    view.writeRenderErrors("Page 2", "Kiv_Text_T 3: no font");
+    view.writeRenderErrors("Page 1", "Kiv_Text_T 3: no font");
+    QCOMPARE(linesOf(view), (QStringList{"5  Page 1  Kiv_Text_T 3: no font  (3 times)",
+                                         "1  Page 1  Kiv_Text_T 4: no font", "2  between",
+                                         "4  Page 2  Kiv_Text_T 3: no font"}));
+}
+
+void tst_OutputWindow::onlyTheNewestAreKept()
+{
+    COutputWindowView view;
+    view.setClock([] { return now; });
+    for (int n = 0; n < COutputWindowView::MaxMessages + 3; ++n)
+        view.writeMessage(QString::number(n));
+    const QStringList lines = linesOf(view);
+    QCOMPARE(lines.size(), COutputWindowView::MaxMessages);
+    QCOMPARE(lines.first(), QStringLiteral("12:34:56  3"));
+    view.writeRenderErrors("Page 1", "broken");
+    view.writeRenderErrors("Page 1", "broken"); // the right line, although lines have gone
+    QCOMPARE(linesOf(view).last(), QStringLiteral("12:34:56  Page 1  broken  (2 times)"));
+}
+
+void tst_OutputWindow::clickOnAnErrorTellsItsItem()
+{
+    COutputWindowView view;
+    view.resize(600, 300);
+    view.writeMessage("Kiv_Text_T 7: this is no render error");
+    view.writeRenderErrors("Page 1", "Kiv_Text_T 12: no font\nthe script ran out of time");
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+
+    QSignalSpy activated(&view, &COutputWindowView::itemActivated);
+    const auto click = [&view](int line) {
+        const QTextCursor cursor(view.document()->findBlockByNumber(line));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
+                          view.cursorRect(cursor).center() + QPoint(30, 0));
+    };
+    click(0);
+    click(2);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, QPoint(30, 280)); // below the text
+    QCOMPARE(activated.count(), 0);
+    click(1);
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(activated.first().at(0).toString(), QStringLiteral("Page 1"));
+    QCOMPARE(activated.first().at(1).toUInt(), 12u);
+}
+
+void tst_OutputWindow::clearForgetsTheCounts()
+{
+    COutputWindowView view;
+    view.setClock([] { return now; });
+    view.writeRenderErrors("Page 1", "broken");
+    view.clear();
+    view.writeRenderErrors("Page 1", "broken");
+    QCOMPARE(linesOf(view), QStringList{"12:34:56  Page 1  broken"});
+}
+
+QTEST_MAIN(tst_OutputWindow)
+#include "tst_outputwindow.moc"
