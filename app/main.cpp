@@ -7,23 +7,24 @@
 #include <QFileInfo>
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 
 namespace {
 constexpr int NoDisplay = 2; // exit code
 
-/// Asked before Qt is started, which would end the program with an abort.
-bool hasDisplay(int argc, char **argv)
+QtMessageHandler usualHandler = nullptr;
+
+/// In force while Qt looks for a display. Without one it would end the program with a crash after
+/// several lines about its plugins.
+void handleStartMessages(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "-platform") == 0 || std::strcmp(argv[i], "--platform") == 0)
-            return true;
+    if (type == QtFatalMsg) {
+        std::fputs("panel-composer: no display; panel-export exports a project without one\n",
+                   stderr);
+        std::_Exit(NoDisplay);
     }
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (!qEnvironmentVariableIsEmpty(name))
-            return true;
-    }
-    return false;
+    if (!QByteArray(context.category).startsWith("qt.qpa"))
+        usualHandler(type, context, text);
 }
 
 /// The project named last. A relative path is meant from where the user stands, or else from the
@@ -42,22 +43,19 @@ QString fileFromCommandLine()
 
 int main(int argc, char **argv)
 {
-    if (!hasDisplay(argc, argv)) {
-        std::fputs("panel-composer: no display; use panel-export to export a project without one\n",
-                   stderr);
-        return NoDisplay;
-    }
     qSetGlobalQHashSeed(0); // saving the same project twice gives the same bytes
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    usualHandler = qInstallMessageHandler(handleStartMessages);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QCoreApplication::setApplicationName(QStringLiteral("panel-composer"));
     QCoreApplication::setApplicationVersion(ProgramInfo::Version);
     const QString file = fileFromCommandLine();
     QDir::setCurrent(QCoreApplication::applicationDirPath());
 
+    const CTerminationSignals termination; // before a project is opened: its lock is to be released
     CMainWindow window(file);
-    const CTerminationSignals termination;
     QObject::connect(&termination, &CTerminationSignals::endWanted, &window, [&window] {
         window.closeUnattended();
         QCoreApplication::exit(0); // also out of the loop of a dialog that is open

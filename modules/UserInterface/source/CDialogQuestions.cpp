@@ -103,13 +103,19 @@ std::optional<IUserQuestions::ProjectOptions> CDialogQuestions::newProject()
     return std::nullopt;
 }
 
+void CDialogQuestions::setReport(Report report)
+{
+    m_report = std::move(report);
+    for (const QString &each : qAsConst(m_early))
+        m_report(each);
+    m_early.clear();
+}
+
 void CDialogQuestions::showError(const QString &text, const QString &reason)
 {
-    if (m_report) {
-        m_report(text);
-        if (!reason.isEmpty())
-            m_report(reason);
-    }
+    showNotice(text);
+    if (!reason.isEmpty())
+        showNotice(reason);
     m_errors->showMessage(text);
 }
 
@@ -117,4 +123,6 @@ void CDialogQuestions::showNotice(const QString &text)
 {
     if (m_report)
         m_report(text);
+    else
+        m_early.append(text);
 }

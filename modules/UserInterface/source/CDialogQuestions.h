@@ -3,6 +3,7 @@
 #include "IUserQuestions.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 #include <functional>
 
@@ -21,8 +22,8 @@ public:
     /// `window`: parent of all dialogs. `errors`: the one box for errors. Both live longer.
     CDialogQuestions(QWidget *window, QErrorMessage *errors, const CPlatformTable *platforms);
 
-    /// Where reasons and notices go.
-    void setReport(Report report) { m_report = std::move(report); }
+    /// Where errors, their reasons and notices go; also those of before.
+    void setReport(Report report);
     /// Folder that is offered for new projects.
     void setSavingFolder(const QString &folder) { m_savingFolder = folder; }
 
@@ -42,5 +43,6 @@ private:
     QErrorMessage *const m_errors;
     const CPlatformTable *const m_platforms;
     Report m_report;
+    QStringList m_early; ///< told before there was a place for it
     QString m_savingFolder;
 };

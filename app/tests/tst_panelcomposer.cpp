@@ -1,0 +1,107 @@
+// The program as a process: no display, the project of the command line, signals that end it.
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <memory>
+
+namespace {
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+class tst_PanelComposer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    /// A copy of the program folder, because the program writes its settings beside itself.
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        const QDir bin(qEnvironmentVariable("KIV_BIN_DIR"));
+        for (const char *name : {"panel-composer", "libQxKivEmuLib.so"})
+            QVERIFY(QFile::copy(bin.filePath(QLatin1String(name)), path(name)));
+        for (const char *name : {"widget-library.xml", "kiv_render.lua"})
+            QVERIFY(QFile::link(bin.filePath(QLatin1String(name)), path(name)));
+        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("work")));
+        QFile project(path("work/demo.nyx"));
+        QVERIFY(project.open(QIODevice::WriteOnly));
+        project.write("<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" "
+                      "height=\"272\"><Kiv_Screen_T name=\"First\"/></Kiv_Project_T>");
+    }
+
+    void noDisplay()
+    {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QLatin1String(name));
+        program.setProcessEnvironment(environment);
+        program.start(path("panel-composer"), QStringList());
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 2);
+        const QByteArray told = program.readAllStandardError();
+        QCOMPARE(told.count('\n'), 1);
+        QVERIFY(told.contains("no display"));
+        QVERIFY(program.readAllStandardOutput().isEmpty());
+    }
+
+    void displayThatIsNotThere()
+    {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":4711"));
+        program.setProcessEnvironment(environment);
+        program.start(path("panel-composer"), QStringList());
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 2);
+        QVERIFY(program.readAllStandardError().contains("no display"));
+    }
+
+    void endedBySignal_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::newRow("SIGTERM") << SIGTERM;
+        QTest::newRow("SIGHUP") << SIGHUP;
+        QTest::newRow("SIGINT") << SIGINT;
+    }
+
+    /// Opens the project that is named relative to where the user stands, and ends in order.
+    void endedBySignal()
+    {
+        QFETCH(int, number);
+        QProcess program;
+        program.setWorkingDirectory(path("work"));
+        program.start(path("panel-composer"), {QStringLiteral("demo.nyx")});
+        QVERIFY(program.waitForStarted());
+        const QString lock = path("work/.demo.nyx.lock");
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(lock), 60000);
+        QVERIFY(!readFile(lock).isEmpty());
+        // The signal may come at any moment from here on; before the event loop, it waits for it.
+        QVERIFY(::kill(pid_t(program.processId()), number) == 0);
+        QVERIFY(program.waitForFinished(60000));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        QVERIFY(!QFile::exists(lock));
+        QVERIFY(readFile(path("config.ini")).contains("demo.nyx"));
+    }
+
+private:
+    QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(tst_PanelComposer)
+#include "tst_panelcomposer.moc"

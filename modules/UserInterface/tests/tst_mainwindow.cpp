@@ -1,0 +1,466 @@
+#include "CDialogAnswers.h"
+#include "CGridComboWidget.h"
+#include "CItemModel.h"
+#include "CMainWindow.h"
+#include "CMenuBar.h"
+#include "CProjectModel.h"
+#include "CRecentProjects.h"
+#include "CScreenModel.h"
+#include "CSettings.h"
+#include "CStartPage.h"
+#include "CZoomComboWidget.h"
+#include "ProgramFolder.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QErrorMessage>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+#include <QTextEdit>
+#include <QUndoGroup>
+#include <QUndoStack>
+
+#include <memory>
+
+namespace {
+const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray twoPages()
+{
+    return "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
+           "<Kiv_Screen_T name=\"First\" color=\"#102030\"/>"
+           "<Kiv_Screen_T name=\"Second\" color=\"#000000\"/></Kiv_Project_T>";
+}
+
+void click(QDialog *dialog, QMessageBox::StandardButton button)
+{
+    qobject_cast<QMessageBox *>(dialog)->button(button)->click();
+}
+
+/// Takes a file in a file dialog as if it had been typed.
+void choose(QDialog *dialog, const QString &path)
+{
+    auto *files = qobject_cast<QFileDialog *>(dialog);
+    QVERIFY(files);
+    auto *name = files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    QVERIFY(QTest::qWaitForWindowActive(files));
+    name->setFocus();
+    name->setText(path);
+    Q_EMIT name->textEdited(path); // takes the mark off the file that was proposed
+    QMetaObject::invokeMethod(files, "accept");
+}
+} // namespace
+
+class tst_MainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        m_folder = std::make_unique<CProgramFolder>();
+        m_answers = std::make_unique<CDialogAnswers>();
+        m_project = m_folder->path("demo.nyx");
+        writeFile(m_project, twoPages());
+        m_window = std::make_unique<CMainWindow>();
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        const bool allGiven = m_answers->allGiven();
+        const QByteArray lock = readFile(m_folder->path(".demo.nyx.lock"));
+        m_answers.reset();
+        m_folder.reset();
+        QVERIFY(allGiven);
+        QVERIFY(lock.isEmpty() || lock == foreignLock);
+    }
+
+    void docks()
+    {
+        const QHash<QString, QString> expected = {{"projectExplorer", "Project Explorer"},
+                                                  {"screenNavigator", "Navigator"},
+                                                  {"widgetSelector", "Widget Selection"},
+                                                  {"widgetProperties", "Widget Properties"},
+                                                  {"outputWindow", "Output Window"}};
+        QHash<QString, QString> found;
+        const auto docks = m_window->findChildren<QDockWidget *>();
+        for (const QDockWidget *each : docks)
+            found.insert(each->objectName(), each->windowTitle());
+        QCOMPARE(found, expected);
+        QCOMPARE(m_window->centralWidget()->objectName(), QStringLiteral("viewProjectWindow"));
+        QCOMPARE(m_window->corner(Qt::BottomRightCorner), Qt::RightDockWidgetArea);
+        QVERIFY(!m_window->windowIcon().isNull());
+        QCOMPARE(m_window->windowTitle(), QString());
+    }
+
+    /// The order of signals and slots in the meta-object is fixed.
+    void metaObject()
+    {
+        const QStringList expected = {"configChanged",
+                                      "setZoom",
+                                      "setGrid",
+                                      "listRecentProjectsUpdated",
+                                      "projectLoaded",
+                                      "projectClosed",
+                                      "darkStyle",
+                                      "lightStyle",
+                                      "toggleStatusBar",
+                                      "toggleOutputWindow",
+                                      "togglePropertiesWindow",
+                                      "toggleLibraryWindow",
+                                      "toggleProjectWindow",
+                                      "newProject",
+                                      "openProject",
+                                      "validateProjectFile",
+                                      "openProjectFile",
+                                      "showProjectName",
+                                      "openRecent",
+                                      "closeProject",
+                                      "saveProject",
+                                      "saveProjectAs",
+                                      "deleteSelectedItems",
+                                      "orderingToFront",
+                                      "orderingToBack",
+                                      "orderingForward",
+                                      "orderingBackward",
+                                      "showHelp",
+                                      "showAboutBox",
+                                      "showOptionDialog",
+                                      "showUpdateDialog",
+                                      "showLanguageDialog",
+                                      "autosave",
+                                      "exportProjectDL",
+                                      "exportTabDL",
+                                      "exportProjectBin",
+                                      "exportScreenBin",
+                                      "zoomChanged",
+                                      "gridChanged",
+                                      "savingPathChanged",
+                                      "setSnapToGrid",
+                                      "copy",
+                                      "cut",
+                                      "paste",
+                                      "printScreen",
+                                      "lockItems",
+                                      "loadLanguage"};
+        const QMetaObject *meta = m_window->metaObject();
+        for (int i = 0; i < expected.size(); ++i)
+            QCOMPARE(QString::fromLatin1(meta->method(meta->methodOffset() + i).name()),
+                     expected[i]);
+    }
+
+    void startPageLeadsToAProject()
+    {
+        auto *page = m_window->findChild<CStartPage *>();
+        QVERIFY(page && !page->isHidden());
+        m_window->recentProjects()->add(QFileInfo(m_project));
+        auto *label = page->findChild<QLabel *>();
+        QVERIFY(label->text().contains(QStringLiteral("project:") + m_project));
+        QSignalSpy loaded(m_window.get(), &CMainWindow::projectLoaded);
+        Q_EMIT label->linkActivated(QStringLiteral("project:") + m_project);
+        QCOMPARE(loaded.count(), 1);
+        QVERIFY(page->isHidden());
+        QVERIFY(m_window->closeProject());
+        QVERIFY(!page->isHidden());
+        m_answers->expect([](QDialog *dialog) { dialog->reject(); });
+        Q_EMIT label->linkActivated(QStringLiteral("open:"));
+    }
+
+    void openDialogAndUndoGroup()
+    {
+        m_answers->expect([this](QDialog *dialog) {
+            const auto *files = qobject_cast<QFileDialog *>(dialog);
+            QVERIFY(files);
+            QCOMPARE(files->nameFilters(), QStringList("Project Files (*.xml *.nyx)"));
+            QCOMPARE(files->fileMode(), QFileDialog::ExistingFile);
+            QCOMPARE(files->acceptMode(), QFileDialog::AcceptOpen);
+            QCOMPARE(files->viewMode(), QFileDialog::List);
+            QCOMPARE(files->directory().canonicalPath(), QDir::current().canonicalPath());
+            choose(dialog, m_project);
+        });
+        m_window->openProject();
+        QCOMPARE(m_window->projectPath(), m_project);
+        QCOMPARE(m_window->windowTitle(), QStringLiteral("demo for QX110"));
+        QUndoStack *stack = m_window->project()->undoStack();
+        QCOMPARE(m_window->undoGroup()->activeStack(), stack);
+        QVERIFY(m_window->closeProject());
+        QCOMPARE(m_window->undoGroup()->stacks().size(), 0);
+        QCOMPARE(m_window->windowTitle(), QString());
+    }
+
+    void closeQuestion()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        m_answers->expect([](QDialog *dialog) {
+            auto *box = qobject_cast<QMessageBox *>(dialog);
+            QVERIFY(box);
+            QCOMPARE(box->text(), QStringLiteral("Do you want to save the current project before "
+                                                 "closing it?"));
+            QCOMPARE(box->standardButtons(),
+                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+            QCOMPARE(box->defaultButton(), box->button(QMessageBox::Save));
+            click(dialog, QMessageBox::Cancel);
+        });
+        QVERIFY(!m_window->close());
+        QVERIFY(m_window->project());
+        m_answers->expect([](QDialog *dialog) { click(dialog, QMessageBox::Save); });
+        QVERIFY(m_window->close());
+        QVERIFY(readFile(m_project).contains("working_directory=\".\""));
+    }
+
+    void lockQuestion_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::newRow("yes") << int(QMessageBox::Yes);
+        QTest::newRow("abort") << int(QMessageBox::Abort);
+        QTest::newRow("escape") << 0;
+    }
+
+    void lockQuestion()
+    {
+        QFETCH(int, button);
+        writeFile(m_folder->path(".demo.nyx.lock"), foreignLock);
+        m_answers->expect([button](QDialog *dialog) {
+            auto *box = qobject_cast<QMessageBox *>(dialog);
+            QVERIFY(box);
+            QCOMPARE(box->windowTitle(), QStringLiteral("Project already open"));
+            QCOMPARE(box->text(), QStringLiteral("The project is already open in another instance "
+                                                 "of this application. Are you sure you want to "
+                                                 "continue?"));
+            QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::Abort);
+            QCOMPARE(box->defaultButton(), box->button(QMessageBox::Abort));
+            if (button)
+                click(dialog, QMessageBox::StandardButton(button));
+        });
+        QCOMPARE(m_window->openProjectFile(m_project), button == QMessageBox::Yes);
+    }
+
+    void saveAsDialog()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_answers->expect([this](QDialog *dialog) {
+            const auto *files = qobject_cast<QFileDialog *>(dialog);
+            QVERIFY(files);
+            QCOMPARE(files->windowTitle(), QStringLiteral("Save As"));
+            QCOMPARE(files->nameFilters(), QStringList("Project Files (*.xml *.nyx)"));
+            QCOMPARE(files->acceptMode(), QFileDialog::AcceptSave);
+            QCOMPARE(files->defaultSuffix(), QStringLiteral("nyx"));
+            QCOMPARE(QFileInfo(files->selectedFiles().value(0)).completeBaseName(),
+                     QStringLiteral("demo"));
+            choose(dialog, m_folder->path("copy"));
+        });
+        QVERIFY(m_window->saveProjectAs());
+        QCOMPARE(m_window->projectPath(), m_folder->path("copy.nyx"));
+        QCOMPARE(m_window->windowTitle(), QStringLiteral("copy for QX110"));
+    }
+
+    void commandLine()
+    {
+        m_window.reset();
+        m_window = std::make_unique<CMainWindow>(m_folder->path("missing.nyx"));
+        QVERIFY(!m_window->project());
+        auto *errors = m_window->findChild<QErrorMessage *>();
+        QVERIFY2(!errors->isVisible(),
+                 qPrintable(errors->findChild<QTextEdit *>()->toPlainText()));
+        m_window.reset();
+        m_window = std::make_unique<CMainWindow>(m_project);
+        QCOMPARE(m_window->projectPath(), m_project);
+        m_window.reset();
+        writeFile(m_folder->path("broken.nyx"), "<broken");
+        m_window = std::make_unique<CMainWindow>(m_folder->path("broken.nyx"));
+        QVERIFY(!m_window->project());
+        errors = m_window->findChild<QErrorMessage *>();
+        QVERIFY(errors->isVisible());
+        QCOMPARE(errors->findChild<QTextEdit *>()->toPlainText(),
+                 QStringLiteral("The specified file is not a valid project file."));
+    }
+
+    void missingDataFiles()
+    {
+        m_window.reset();
+        QVERIFY(QFile::remove(m_folder->path("widget-library.xml")));
+        QVERIFY(QFile::remove(m_folder->path("kiv_render.lua")));
+        m_window = std::make_unique<CMainWindow>(m_project);
+        QVERIFY(m_window->project()); // goes on without them
+        QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
+        const QString output = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"))
+                                   ->findChild<QTextEdit *>()
+                                   ->toPlainText();
+        QVERIFY(output.contains(QStringLiteral("Could not initialise Widget Library Manager")));
+        QVERIFY(output.contains(QStringLiteral("Could not initialise emulator")));
+    }
+
+    void settingsAreKept()
+    {
+        m_window->lightStyle();
+        m_window->toggleStatusBar();
+        m_window->toggleLibraryWindow();
+        m_window->setAutosaveInterval(33);
+        m_window->savingPathChanged(QStringLiteral("/somewhere"));
+        m_window->actions()->zoomWidget()->setZoom(250, CZoomComboWidget::FreeValue);
+        m_window->actions()->gridWidget()->setGrid(false, 8, Qt::blue, Qt::DotLine);
+        m_window->recentProjects()->add(QFileInfo(m_project));
+        m_window->recentProjects()->add(QFileInfo(m_folder->file("gone.nyx")));
+        QVERIFY(m_window->close());
+        QFile::remove(m_folder->path("gone.nyx"));
+        m_window.reset();
+
+        m_window = std::make_unique<CMainWindow>();
+        QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(192, 192, 192));
+        QVERIFY(m_window->actions()->action(CMenuBar::Light)->isChecked());
+        QVERIFY(!m_window->statusBar()->isHidden());
+        QVERIFY(m_window->actions()->action(CMenuBar::StatusBar)->isChecked());
+        QVERIFY(m_window->findChild<QDockWidget *>(QStringLiteral("widgetSelector"))->isHidden());
+        QVERIFY(!m_window->actions()->action(CMenuBar::LibraryWindow)->isChecked());
+        QCOMPARE(m_window->autosaveInterval(), 33);
+        QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 250);
+        QCOMPARE(m_window->actions()->gridWidget()->gridSize(), 8);
+        QVERIFY(!m_window->actions()->gridWidget()->isGridShown());
+        QCOMPARE(m_window->recentProjects()->paths(), QStringList(m_project));
+        QVERIFY(m_window->close());
+        const SSettings kept = CSettings(m_folder->path()).read();
+        QCOMPARE(kept.latestProjects, QStringList(m_project)); // the other is not written back
+        QCOMPARE(kept.savingFolderPath, QStringLiteral("/somewhere"));
+        QCOMPARE(kept.theme, QStringLiteral("light"));
+    }
+
+    void windowTogglesFollowTheDocks()
+    {
+        const struct
+        {
+            CMenuBar::EAction id;
+            const char *dock;
+        } rows[] = {{CMenuBar::ProjectWindow, "projectExplorer"},
+                    {CMenuBar::LibraryWindow, "widgetSelector"},
+                    {CMenuBar::PropertiesWindow, "widgetProperties"},
+                    {CMenuBar::OutputWindow, "outputWindow"}};
+        m_window->show(); // docks tell only what is seen
+        for (const auto &row : rows) {
+            auto *dock = m_window->findChild<QDockWidget *>(QString::fromLatin1(row.dock));
+            QAction *action = m_window->actions()->action(row.id);
+            action->trigger();
+            QVERIFY2(dock->isHidden() && !action->isChecked(), row.dock);
+            action->trigger();
+            QVERIFY2(!dock->isHidden() && action->isChecked(), row.dock);
+            dock->close(); // by its button
+            QVERIFY2(!action->isChecked(), row.dock);
+        }
+    }
+
+    void exports_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("suffix");
+        QTest::newRow("project text") << int(CMenuBar::ProjectToDL) << "Export project to DL"
+                                      << "Display Lists (*.dl)"
+                                      << "dl";
+        QTest::newRow("project bytes")
+            << int(CMenuBar::ProjectToBinary) << "Export project to binary"
+            << "Display Lists Binary(*.bin)"
+            << "bin";
+    }
+
+    void exports()
+    {
+        QFETCH(int, action);
+        QFETCH(QString, title);
+        QFETCH(QString, filter);
+        QFETCH(QString, suffix);
+        m_window->actions()->action(CMenuBar::EAction(action))->trigger(); // nothing is open
+        QVERIFY(m_window->openProjectFile(m_project));
+        const auto check = [&](QDialog *dialog) {
+            const auto *files = qobject_cast<QFileDialog *>(dialog);
+            QVERIFY(files);
+            QCOMPARE(files->windowTitle(), title);
+            QCOMPARE(files->nameFilters(), QStringList(filter));
+            QVERIFY(files->testOption(QFileDialog::DontUseNativeDialog));
+            QCOMPARE(files->fileMode(), QFileDialog::AnyFile);
+            QCOMPARE(files->viewMode(), QFileDialog::Detail);
+            QCOMPARE(files->acceptMode(), QFileDialog::AcceptSave);
+            QCOMPARE(files->defaultSuffix(), suffix);
+            QCOMPARE(files->directory().canonicalPath(), QDir::current().canonicalPath());
+        };
+        m_answers->expect(check); // cancelled
+        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
+        m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
+        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
+        const QByteArray bytes = readFile(m_folder->path() + "/out." + suffix);
+        if (suffix == QLatin1String("dl")) {
+            QVERIFY(bytes.startsWith("===First===\n"));
+            QVERIFY(bytes.contains("\n\n===Second===\n"));
+            QVERIFY(bytes.endsWith(";\n\n"));
+        } else {
+            QVERIFY(bytes.size() > 0 && bytes.size() % 4 == 0);
+        }
+    }
+
+    /// A file in a missing folder is neither rendered for nor reported in the error box.
+    void exportThatCannotBeWritten()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_answers->expect(
+            [this](QDialog *dialog) { choose(dialog, m_folder->path("none/out.dl")); });
+        m_window->exportProjectDL();
+        QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
+    }
+
+    void aboutBox()
+    {
+        m_answers->expect([](QDialog *dialog) {
+            const QString text = qobject_cast<QMessageBox *>(dialog)->text();
+            QVERIFY(text.contains(QStringLiteral("KIV Panel Composer")));
+            QVERIFY(text.contains(QStringLiteral("2.06")));
+            const QRegularExpression built(QStringLiteral("Built at: \\d\\d \\w+ \\d{4}"));
+            QVERIFY(built.match(text).hasMatch());
+        });
+        m_window->showAboutBox();
+    }
+
+    void unattendedClose()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->setAutosaveInterval(10);
+        m_window->project()->screen(0)->setProperty(QStringLiteral("color"),
+                                                    QStringLiteral("#0a0b0c"));
+        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        m_window->closeUnattended();
+        QVERIFY(!m_window->project());
+        QVERIFY(readFile(m_project).contains("#0a0b0c"));
+        QCOMPARE(readFile(m_folder->path(".demo.nyx.saved")), twoPages());
+        QVERIFY(QFile::exists(m_folder->path("config.ini")));
+    }
+
+private:
+    std::unique_ptr<CProgramFolder> m_folder;
+    std::unique_ptr<CDialogAnswers> m_answers;
+    QString m_project;
+    std::unique_ptr<CMainWindow> m_window;
+};
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_mainwindow.moc"
