@@ -192,16 +192,22 @@ struct TKernelLoops
         }
     }
 
+    static void overVector(uint32_t *pixels, const typename V::Pixels &above)
+    {
+        const Ints alpha = V::alphaOf(above);
+        if (V::allAre(alpha, 255))
+            V::store(pixels, above);
+        else if (!V::isNothing(above))
+            V::over(pixels, above);
+    }
+
     static void overRow(uint32_t *pixels, const uint32_t *source, int count)
     {
-        for (int i = 0; i < count; i += Lanes) {
-            const typename V::Pixels above = V::keepFirst(V::load(source + i), count - i);
-            const Ints alpha = V::alphaOf(above);
-            if (V::allAre(alpha, 255))
-                V::store(pixels + i, above);
-            else
-                V::over(pixels + i, above);
-        }
+        int i = 0;
+        for (; i + Lanes <= count; i += Lanes)
+            overVector(pixels + i, V::load(source + i));
+        if (i < count)
+            overVector(pixels + i, V::keepFirst(V::load(source + i), count - i));
     }
 
     static void tintRow(uint32_t *pixels, int count, uint32_t tint)

@@ -160,6 +160,7 @@ struct SAvx2
     {
         return {_mm256_and_si256(a.v, firstLanes(count))};
     }
+    static bool isNothing(Pixels a) { return _mm256_testz_si256(a.v, a.v) != 0; }
     static Ints alphaOf(Pixels a) { return _mm256_srli_epi32(a.v, 24); }
     static void over(uint32_t *pixels, Pixels source)
     {

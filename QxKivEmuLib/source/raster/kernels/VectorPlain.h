@@ -210,6 +210,14 @@ struct SPlain
             a.v[i] = i < count ? a.v[i] : 0;
         return a;
     }
+    /// All channels of all pixels are 0.
+    static bool isNothing(const Pixels &a)
+    {
+        uint32_t all = 0;
+        for (uint32_t pixel : a.v)
+            all |= pixel;
+        return all == 0;
+    }
     static Ints alphaOf(const Pixels &a)
     {
         Ints r;

@@ -168,6 +168,7 @@ struct SSse2
     static Pixels load(const uint32_t *pixels) { return {loadAny(pixels)}; }
     static void store(uint32_t *pixels, Pixels a) { storeAny(pixels, a.v); }
     static Pixels keepFirst(Pixels a, int count) { return {_mm_and_si128(a.v, firstLanes(count))}; }
+    static bool isNothing(Pixels a) { return allAre(a.v, 0); }
     static Ints alphaOf(Pixels a) { return _mm_srli_epi32(a.v, 24); }
     static void over(uint32_t *pixels, Pixels source)
     {

@@ -1,3 +1,4 @@
+#include "shapes/BitmapCopy.h"
 #include "shapes/Shapes.h"
 #include "shapes/TexelRows.h"
 
@@ -56,14 +57,19 @@ public:
     /// Texels need neither tinting nor replacing.
     bool takesThemAsTheyAre() const { return m_isBlending && m_tint == White; }
 
+    /// Texels as they are.
+    void draw(int x, int y, const uint32_t *texels, int count) const
+    {
+        m_canvas.kernels->overRow(m_canvas.target.row(y) + x, texels, count);
+    }
+
     /// Changes the texels where it has to.
-    void draw(int x, int y, uint32_t *texels, int count) const
+    void change(uint32_t *texels, int count) const
     {
         if (!m_isBlending)
             std::transform(texels, texels + count, texels, withoutAlpha);
         if (m_tint != White)
             m_canvas.kernels->tintRow(texels, count, m_tint);
-        m_canvas.kernels->overRow(m_canvas.target.row(y) + x, texels, count);
     }
 
 private:
@@ -72,16 +78,43 @@ private:
     const uint32_t m_tint;
 };
 
-void copyRow(const SCanvas &canvas, const CTexelRows &rows, const STexelRow &row, int y,
-             bool isOpaque)
+// A vector more than the longest row.
+using TexelBuffer = std::array<uint32_t, CSurface::MaxSide + 8>;
+
+void copyBitmap(const SCanvas &canvas, const CBitmapCopy &copy, bool isOpaque, SPixelRange columns,
+                SPixelRange lines, const CTexelPainter &painter)
 {
-    rows.eachCopiedPiece(row, [&](int x, const uint32_t *texels, int count) {
-        uint32_t *pixels = canvas.target.row(y) + x;
-        if (isOpaque)
-            std::memcpy(pixels, texels, static_cast<size_t>(count) * sizeof *pixels);
-        else
-            canvas.kernels->overRow(pixels, texels, count);
-    });
+    if (!painter.takesThemAsTheyAre()) {
+        TexelBuffer changed;
+        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
+            std::copy_n(texels, count, changed.data());
+            painter.change(changed.data(), count);
+            painter.draw(x, y, changed.data(), count);
+        });
+    } else if (isOpaque) {
+        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
+            std::memcpy(canvas.target.row(y) + x, texels,
+                        static_cast<size_t>(count) * sizeof *texels);
+        });
+    } else {
+        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
+            painter.draw(x, y, texels, count);
+        });
+    }
+}
+
+void filterBitmap(const SCanvas &canvas, const CTexelRows &rows, SPixelRange columns,
+                  SPixelRange lines, const CTexelPainter &painter)
+{
+    TexelBuffer texels;
+    for (int y = lines.first; y < lines.end; ++y) {
+        const STexelRow row = rows.row(y, columns);
+        if (row.pixels.isEmpty())
+            continue;
+        rows.fetch(*canvas.kernels, row, texels.data());
+        painter.change(texels.data(), row.pixels.count());
+        painter.draw(row.pixels.first, y, texels.data(), row.pixels.count());
+    }
 }
 
 } // namespace
@@ -97,23 +130,12 @@ void drawBitmap(const SCanvas &canvas, const SBitmapImage &image, const SBitmapP
     const SPixelRange lines =
         pixelsWithin(placement.topLeft.y, placement.size.y, clip.top, clip.bottom);
     const CTexelPainter painter(canvas, paint);
-    const bool isCopy = painter.takesThemAsTheyAre() && CTexelRows::isCopy(placement);
-    const bool isSharp = isCopy || !paint.blend;
-    const CTexelRows rows(image, placement,
-                          isSharp ? CTexelRows::EEdge::Sharp : CTexelRows::EEdge::Fading);
-    // A vector more than the longest row.
-    std::array<uint32_t, CSurface::MaxSide + 8> texels;
-    for (int y = lines.first; y < lines.end; ++y) {
-        const STexelRow row = rows.row(y, columns);
-        if (row.pixels.isEmpty())
-            continue;
-        if (isCopy) {
-            copyRow(canvas, rows, row, y, image.opaque);
-            continue;
-        }
-        rows.fetch(*canvas.kernels, row, texels.data());
-        painter.draw(row.pixels.first, y, texels.data(), row.pixels.count());
+    if (CBitmapCopy::isPossible(placement)) {
+        copyBitmap(canvas, {image, placement}, image.opaque, columns, lines, painter);
+        return;
     }
+    const auto edge = paint.blend ? CTexelRows::EEdge::Fading : CTexelRows::EEdge::Sharp;
+    filterBitmap(canvas, {image, placement, edge}, columns, lines, painter);
 }
 
 } // namespace kivemu

@@ -2,6 +2,8 @@
 
 #include "kernels/BilinearPlain.h"
 
+#include <algorithm>
+
 namespace kivemu {
 namespace {
 
@@ -96,24 +98,6 @@ STexelRow CTexelRows::row(int y, SPixelRange range) const
     return {{range.first + static_cast<int>(first), range.first + static_cast<int>(end)},
             u + p.a * first,
             v + p.d * first};
-}
-
-bool CTexelRows::isCopy(const SBitmapPlacement &p)
-{
-    if (p.a != Texel || p.e != Texel || p.b != 0 || p.d != 0)
-        return false;
-    const auto onCentres = [](int64_t offset, Sub16 corner) {
-        // Less than the filter's smallest step away.
-        return floorModulo(offset - int64_t{corner} * (Texel / 16), Texel) < Texel / 128;
-    };
-    return p.filter == EBitmapFilter::Nearest ||
-           (onCentres(p.c, p.topLeft.x) && onCentres(p.f, p.topLeft.y));
-}
-
-int CTexelRows::wrapped(int64_t position, EBitmapWrap wrap, int side)
-{
-    const int64_t index = position >> 16;
-    return static_cast<int>(wrap == EBitmapWrap::Repeat ? floorModulo(index, side) : index);
 }
 
 void CTexelRows::fetch(const SKernels &kernels, const STexelRow &row, uint32_t *texels) const

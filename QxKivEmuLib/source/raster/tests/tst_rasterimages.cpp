@@ -124,6 +124,40 @@ TEST(Bitmap, atItsOwnSize)
             }
 }
 
+/// A slant too small to reach another texel keeps the bitmap from being copied row by row.
+TEST(Bitmap, copiedRowsAreThoseThatAreLookedUpTexelByTexel)
+{
+    const SBitmapImage soft = noise(17, 11, false, 6);
+    const SBitmapImage solid = noise(5, 23, true, 7);
+    size_t drawn = 0;
+    for (uint32_t seed = 0; seed < 2000; ++seed) {
+        CNumbers numbers(seed);
+        const auto any = [&](int low, int high) { return numbers.between(low, high); };
+        SSheet copied(60, 50), looked(60, 50);
+        SBitmapPlacement placement = placed(any(-20, 30), any(-20, 25), any(1, 90), any(1, 80));
+        placement.c = any(-12, 12) * 65536;
+        placement.f = any(-12, 12) * 65536;
+        placement.wrapX = numbers.oneIn(2) ? EBitmapWrap::Border : EBitmapWrap::Repeat;
+        placement.wrapY = numbers.oneIn(2) ? EBitmapWrap::Border : EBitmapWrap::Repeat;
+        const SPaint paint{numbers.oneIn(2) ? White : numbers.bits(), !numbers.oneIn(3)};
+        const SBitmapImage &image = numbers.oneIn(2) ? soft : solid;
+        const SClip clip{any(0, 20), any(0, 20), any(30, 60), any(25, 50)};
+        for (SSheet *sheet : {&copied, &looked}) {
+            sheet->raster.clear(Grey);
+            sheet->raster.setClip(clip);
+            sheet->raster.drawBitmap(image, placement, paint);
+            placement.b = placement.d = 1;
+        }
+        for (int y = 0; y < 50; ++y)
+            for (int x = 0; x < 60; ++x) {
+                ASSERT_EQ(copied.surface.row(y)[x], looked.surface.row(y)[x])
+                    << "seed " << seed << " at " << x << ", " << y;
+                drawn += copied.surface.row(y)[x] != Grey;
+            }
+    }
+    EXPECT_GT(drawn, 200000u) << "the bitmaps must show";
+}
+
 TEST(Bitmap, rectanglesWithFractionsTakeThePixelsWithCentresInside)
 {
     SBitmapPlacement placement = placed(5.5, 7.5625, 9.0, 3.9375);
