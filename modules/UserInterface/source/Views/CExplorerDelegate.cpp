@@ -1,0 +1,88 @@
+#include "CExplorerDelegate.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CItemModel.h"
+#include "CProjectModel.h"
+#include "CThemeIcons.h"
+#include "PropertyKey.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QUndoStack>
+
+namespace {
+
+const CItemModel *itemOf(const QModelIndex &index)
+{
+    const auto *model = qobject_cast<const QStandardItemModel *>(index.model());
+    return model ? CItemModel::fromItem(model->itemFromIndex(index)) : nullptr;
+}
+
+} // namespace
+
+CExplorerDelegate::CExplorerDelegate(QObject *parent)
+    : QStyledItemDelegate(parent),
+      m_screenIcon(CThemeIcons::icon(QStringLiteral(":/images/screen.png"))),
+      m_groupIcon(CThemeIcons::icon(QStringLiteral(":/images/group.png"))),
+      m_widgetIcon(CThemeIcons::icon(QStringLiteral(":/images/widget.png"))),
+      m_lockIcon(CThemeIcons::icon(QStringLiteral(":/images/locked.png")))
+{
+}
+
+const QIcon &CExplorerDelegate::iconOf(const CItemModel &item) const
+{
+    switch (item.kind()) {
+    case CItemModel::Kind::Screen:
+        return m_screenIcon;
+    case CItemModel::Kind::Group:
+        return m_groupIcon;
+    default:
+        return m_widgetIcon;
+    }
+}
+
+void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,
+                                        const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const CItemModel *item = itemOf(index)) {
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->icon = iconOf(*item);
+        // One green cannot be read on both themes' grounds; names have the colour of all text.
+        const QPalette &palette = option->widget ? option->widget->palette() : option->palette;
+        option->palette.setBrush(QPalette::Text, palette.brush(QPalette::Text));
+        if (item->isGrouped()) // it is selected through its group, but is not disabled
+            option->state |= QStyle::State_Enabled;
+    }
+}
+
+void CExplorerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const
+{
+    const CItemModel *item = itemOf(index);
+    if (!item || !item->isLocked()) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    const QSize size = option.decorationSize;
+    constexpr int gap = 4;
+    QStyledItemDelegate::paint(painter, option, index);
+    const QRect place(option.rect.right() - size.width() - gap,
+                      option.rect.center().y() - size.height() / 2, size.width(), size.height());
+    m_lockIcon.paint(painter, place);
+}
+
+void CExplorerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                     const QModelIndex &index) const
+{
+    const auto *line = qobject_cast<QLineEdit *>(editor);
+    auto *item = const_cast<CItemModel *>(itemOf(index));
+    CProjectModel *project = qobject_cast<CProjectModel *>(model);
+    if (!line || !item || !project)
+        return;
+    const QString name = line->text().trimmed();
+    if (name.isEmpty() || name == item->name())
+        return;
+    project->undoStack()->push(
+        new CCommandChangeItemProperty(item, PropertyKey::Name, name, item->name()));
+}

@@ -1,0 +1,120 @@
+#include "CPageOperations.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CCommandDeleteScreen.h"
+#include "CCommandPasteScreen.h"
+#include "CFileWriter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CXmlGuard.h"
+#include "CanonicalValue.h"
+#include "ScreenDocuments.h"
+
+#include <QDomElement>
+#include <QMimeData>
+#include <QUndoStack>
+
+namespace {
+
+/// Pushes a change for each value below the item, and of it, that is not in canonical form.
+void pushCanonicalValues(CItemModel *item, QUndoStack *stack)
+{
+    QStringList keys = item->properties().keys();
+    keys.sort();
+    for (const QString &key : qAsConst(keys)) {
+        const CWidgetProperty property = item->properties().value(key);
+        const QVariant canonical = canonicalValue(property);
+        if (canonical.isValid())
+            stack->push(new CCommandChangeItemProperty(item, key, canonical, property.value()));
+    }
+    for (int row = 0; row < item->rowCount(); ++row) {
+        if (CItemModel *child = item->childItem(row))
+            pushCanonicalValues(child, stack);
+    }
+}
+
+} // namespace
+
+CPageOperations::CPageOperations(CProjectModel *project) : m_project(project)
+{
+}
+
+QMimeData *CPageOperations::copy(const Screens &screens, QString *error)
+{
+    const QByteArray xml = ScreenDocuments::ofCopiedScreens(screens, error);
+    if (xml.isEmpty())
+        return nullptr;
+    auto *data = new QMimeData;
+    data->setData(ScreenDocuments::CopiedScreensMime, ScreenDocuments::toClipboard(xml));
+    return data;
+}
+
+QMimeData *CPageOperations::cut(const QVector<CScreenModel *> &screens, QString *error)
+{
+    QMimeData *data = copy(Screens(screens.begin(), screens.end()), error);
+    if (!data)
+        return nullptr;
+    QUndoStack *stack = m_project->undoStack();
+    stack->beginMacro(tr("Cut Page"));
+    for (CScreenModel *screen : screens)
+        stack->push(new CCommandDeleteScreen(screen));
+    stack->endMacro();
+    return data;
+}
+
+bool CPageOperations::canPaste(const QMimeData *data)
+{
+    return data && data->hasFormat(ScreenDocuments::CopiedScreensMime);
+}
+
+QString CPageOperations::paste(const QMimeData *data)
+{
+    if (!canPaste(data))
+        return {};
+    QString error;
+    const QByteArray xml =
+        ScreenDocuments::fromClipboard(data->data(ScreenDocuments::CopiedScreensMime));
+    const QDomElement root = ScreenDocuments::copiedScreens(xml, &error);
+    if (!root.isNull())
+        addScreens(root, tr("Paste Page"), Values::Canonical);
+    return error;
+}
+
+QString CPageOperations::save(const Screens &screens, const QString &path)
+{
+    QString error;
+    const QByteArray xml = ScreenDocuments::ofPageFile(screens, &error);
+    return xml.isEmpty() ? error : CFileWriter::write(path, xml);
+}
+
+QString CPageOperations::load(const QString &path)
+{
+    QString error;
+    const std::optional<QByteArray> xml = CXmlGuard::readFile(path, &error);
+    if (!xml)
+        return error;
+    const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
+    if (!root.isNull())
+        addScreens(root, tr("Load Page"), Values::AsTheyAre);
+    return error;
+}
+
+void CPageOperations::addScreens(const QDomElement &root, const QString &macroText, Values values)
+{
+    QDomElement element = root.firstChildElement();
+    if (element.isNull())
+        return;
+    QUndoStack *stack = m_project->undoStack();
+    stack->beginMacro(macroText);
+    for (; !element.isNull(); element = element.nextSiblingElement())
+        stack->push(new CCommandPasteScreen(m_project, element, m_project->rowCount()));
+    if (values == Values::Canonical)
+        makeValuesCanonical();
+    stack->endMacro();
+}
+
+void CPageOperations::makeValuesCanonical()
+{
+    for (int row = 0; row < m_project->screenCount(); ++row)
+        pushCanonicalValues(m_project->screen(row), m_project->undoStack());
+}

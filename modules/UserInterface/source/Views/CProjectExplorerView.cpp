@@ -1,0 +1,143 @@
+#include "CProjectExplorerView.h"
+
+#include "CExplorerDelegate.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+CProjectExplorerView::CProjectExplorerView(QWidget *parent)
+    : QTreeView(parent), m_indicator(new QWidget(viewport()))
+{
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectItems);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDragDropMode(InternalMove);
+    setDropIndicatorShown(false); // it has its own
+
+    setHeaderHidden(true);
+    setUniformRowHeights(true); // thousands of rows are laid out without measuring each
+    setIconSize(QSize(16, 16));
+    setEditTriggers(EditKeyPressed);
+    setItemDelegate(new CExplorerDelegate(this));
+
+    m_indicator->setObjectName(QStringLiteral("dropIndicator"));
+    m_indicator->setAutoFillBackground(true);
+    QPalette ground;
+    ground.setBrush(QPalette::Window, QColor(128, 128, 128, 180));
+    m_indicator->setPalette(ground);
+    parkIndicator();
+
+    connect(this, &QTreeView::clicked, this, &CProjectExplorerView::processDoubleClickedItem);
+    connect(this, &QTreeView::activated, this, &CProjectExplorerView::processDoubleClickedItem);
+    connect(this, &QWidget::customContextMenuRequested, this,
+            &CProjectExplorerView::showContextMenu);
+}
+
+CProjectExplorerView::~CProjectExplorerView()
+{
+    putScreenBack();
+}
+
+void CProjectExplorerView::setProject(CProjectModel *project)
+{
+    putScreenBack();
+    m_dragged = nullptr;
+    m_shownScreen = nullptr;
+    m_reportedSelected.clear();
+    m_reportedDeselected.clear();
+    m_project = project;
+    QItemSelectionModel *old = selectionModel();
+    setModel(project);
+    delete old; // the view leaves it to the caller
+    expandAll();
+}
+
+CItemModel *CProjectExplorerView::itemAt(const QModelIndex &index) const
+{
+    return m_project ? CItemModel::fromItem(m_project->itemFromIndex(index)) : nullptr;
+}
+
+void CProjectExplorerView::processDoubleClickedItem(const QModelIndex index)
+{
+    CItemModel *item = itemAt(index);
+    if (item && item->kind() == CItemModel::Kind::Screen)
+        Q_EMIT screenActivated(static_cast<CScreenModel *>(item));
+}
+
+void CProjectExplorerView::selectionChanged(const QItemSelection &selected,
+                                            const QItemSelection &deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    if (m_syncing)
+        return;
+    if (selected != m_reportedSelected || deselected != m_reportedDeselected) {
+        m_reportedSelected = selected;
+        m_reportedDeselected = deselected;
+        Q_EMIT onSelectionChanged(selectedIndexes());
+    }
+    viewport()->update();
+}
+
+void CProjectExplorerView::selectItems(const QList<CItemModel *> &items)
+{
+    if (!m_project)
+        return;
+    QModelIndexList indexes;
+    indexes.reserve(items.size());
+    for (const CItemModel *item : items) {
+        if (item && item->model() == m_project)
+            indexes.append(item->index());
+    }
+    std::sort(indexes.begin(), indexes.end());
+
+    // Neighbours as one range: the selection model compares every range with every other.
+    QItemSelection selection;
+    for (int first = 0; first < indexes.size();) {
+        int last = first;
+        while (last + 1 < indexes.size() &&
+               indexes.at(last + 1) == indexes.at(last).sibling(indexes.at(last).row() + 1, 0))
+            ++last;
+        selection.append(QItemSelectionRange(indexes.at(first), indexes.at(last)));
+        first = last + 1;
+    }
+
+    m_syncing = true;
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (indexes.size() == 1) {
+        selectionModel()->setCurrentIndex(indexes.first(), QItemSelectionModel::NoUpdate);
+        scrollTo(indexes.first());
+    }
+    m_reportedSelected = selectionModel()->selection();
+    m_reportedDeselected.clear();
+    m_syncing = false;
+    viewport()->update();
+}
+
+QVector<CScreenModel *> CProjectExplorerView::selectedScreens() const
+{
+    QVector<CScreenModel *> screens;
+    const QModelIndexList indexes = selectedIndexes();
+    for (const QModelIndex &index : indexes) {
+        CItemModel *item = itemAt(index);
+        if (item && item->kind() == CItemModel::Kind::Screen)
+            screens.append(static_cast<CScreenModel *>(item));
+    }
+    return screens;
+}
+
+void CProjectExplorerView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (m_project && m_project->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     m_project ? tr("No screen") : tr("No project"));
+}

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "CProjectModel.h"
+
+#include <QFileDialog>
+#include <QItemSelection>
+#include <QPointer>
+#include <QTreeView>
+
+#include <memory>
+
+class CItemModel;
+class CScreenModel;
+class QDrag;
+class QMenu;
+
+/// The open project as a tree: screens with their widgets and groups. Its selection goes with the
+/// canvas's; screens are reordered by dragging, and cut, copied, pasted, saved and loaded through
+/// the context menu.
+/// While a screen is dragged over the tree it is out of the model, see isDragging().
+class CProjectExplorerView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit CProjectExplorerView(QWidget *parent = nullptr);
+    ~CProjectExplorerView() override;
+
+    /// Shows a project, all expanded; null shows none. The project is not owned.
+    void setProject(CProjectModel *project);
+    CProjectModel *project() const { return m_project; }
+
+    /// Selects exactly these items and reports nothing.
+    void selectItems(const QList<CItemModel *> &items);
+
+    /// True while a screen is out of the model: not the time to save the project.
+    bool isDragging() const { return m_taken != nullptr; }
+
+    /// The page operations for the current selection and clipboard; owned by the parent.
+    QMenu *makeContextMenu(QWidget *parent);
+
+public Q_SLOTS:
+    /// The screen that the editor shows; null for none.
+    void setShownScreen(CScreenModel *screen) { m_shownScreen = screen; }
+    void showContextMenu(QPoint position);
+    void cut();
+    void copy();
+    void paste();
+    void saveScreen();
+    void loadScreen();
+
+Q_SIGNALS:
+    void screenActivated(CScreenModel *screen);
+    void onSelectionChanged(const QModelIndexList &selected);
+    /// Something for the output window.
+    void message(const QString &text);
+
+protected Q_SLOTS:
+    void processDoubleClickedItem(const QModelIndex index);
+
+protected:
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+    /// Runs the drag to its end; tests play the user here.
+    virtual void execute(QDrag *drag);
+
+private:
+    CItemModel *itemAt(const QModelIndex &index) const;
+    QVector<CScreenModel *> selectedScreens() const;
+    void takeDraggedScreen();
+    CItemModel *putScreenBack();
+    void followPointer(const QPoint &position);
+    void parkIndicator();
+    void toClipboard(QMimeData *pages, const QString &error);
+    QString askForPageFile(QFileDialog::AcceptMode mode);
+
+    QPointer<CProjectModel> m_project;
+    QItemSelection m_reportedSelected;
+    QItemSelection m_reportedDeselected;
+    bool m_syncing = false; ///< a selection of the canvas is being applied
+
+    QWidget *const m_indicator;
+    CItemModel *m_dragged = nullptr; ///< set from the start of a drag to its end
+    std::unique_ptr<CItemModel> m_taken;
+    int m_takenRow = -1;
+    int m_targetRow = -1; ///< as if the taken row were not there; -1: behind all
+    bool m_wasShown = false;
+    CScreenModel *m_shownScreen = nullptr; ///< compared only, never followed
+};
