@@ -113,16 +113,48 @@ bool CItemRunner::run(lua_State *state, size_t item)
         return false;
     }
     SLuaContext &context = contextOf(state);
+    m_tables.pushProperties(state, item);
+    const int properties = lua_gettop(state);
+    const bool isDirect = leavesProperties(state, chunk);
     lua_rawgeti(state, LUA_REGISTRYINDEX, chunk.function);
-    pushEnvironment(state, item);
+    if (isDirect)
+        lua_pushvalue(state, properties);
+    else
+        pushEnvironment(state, item);
     lua_setupvalue(state, -2, 1);
     context.watchdog.beginPart(m_itemLimit);
     const int status = lua_pcall(state, 0, 0, 0);
     if (status != LUA_OK)
         m_errors->add(m_snapshot->label(item), m_sandbox.popError(status));
     context.watchdog.endPart();
-    clearEnvironment(state);
+    if (isDirect) {
+        for (const std::string &name : chunk.assignments.names) {
+            lua_pushlstring(state, name.data(), name.size());
+            lua_pushnil(state);
+            lua_rawset(state, properties);
+        }
+    } else {
+        clearEnvironment(state);
+    }
+    lua_settop(state, properties - 1);
     return status == LUA_OK;
+}
+
+/// True when a chunk can run right in the table of properties, which is at the top: that saves a
+/// step with every variable that it reads. It must not assign a property then, and what else it
+/// assigns is known and can be taken out again.
+bool CItemRunner::leavesProperties(lua_State *state, const SChunk &chunk) const
+{
+    if (chunk.assignments.isUnbounded)
+        return false;
+    for (const std::string &name : chunk.assignments.names) {
+        lua_pushlstring(state, name.data(), name.size());
+        const bool isProperty = lua_rawget(state, -2) != LUA_TNIL;
+        lua_pop(state, 1);
+        if (isProperty)
+            return false;
+    }
+    return true;
 }
 
 CItemRunner::SChunk &CItemRunner::chunkOf(lua_State *state, size_t item)
@@ -139,8 +171,10 @@ CItemRunner::SChunk &CItemRunner::chunkOf(lua_State *state, size_t item)
         chunk.error = text.size() > MaxCommands ? "the render commands are longer than " +
                                                       std::to_string(MaxCommands) + " bytes"
                                                 : m_sandbox.compile(text, "line");
-        if (chunk.error.empty())
+        if (chunk.error.empty()) {
+            chunk.assignments = findAssignments(text);
             chunk.function = luaL_ref(state, LUA_REGISTRYINDEX);
+        }
     }
     return chunk;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CItemTables.h"
+#include "ChunkAssignments.h"
 
 #include <chrono>
 #include <string>
@@ -37,12 +38,14 @@ private:
     {
         int function = 0;  ///< reference in the registry; 0: not compiled
         std::string error; ///< why it could not be compiled
+        SChunkAssignments assignments;
     };
     static constexpr size_t NoItem = static_cast<size_t>(-1);
     static int drawItem(lua_State *state);
     void draw(lua_State *state, size_t item);
     bool run(lua_State *state, size_t item);
     SChunk &chunkOf(lua_State *state, size_t item);
+    bool leavesProperties(lua_State *state, const SChunk &chunk) const;
     void pushEnvironment(lua_State *state, size_t item);
     void clearEnvironment(lua_State *state);
 

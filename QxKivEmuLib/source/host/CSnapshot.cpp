@@ -22,6 +22,12 @@ const char *orEmpty(const char *text)
     return text ? text : "";
 }
 
+bool isInteger(const char *storageType)
+{
+    return storageType[0] == 'i' && storageType[1] == 'n' && storageType[2] == 't' &&
+           storageType[3] == '\0';
+}
+
 uint32_t parseId(std::string_view text)
 {
     uint32_t id = 0;
@@ -37,10 +43,8 @@ void CSnapshot::clear()
     m_hasScreen = false;
     m_screenProperties = {};
     m_items.clear();
-    m_bytes.clear();
+    m_used = 0;
     m_commands.clear();
-    m_commandsByPointer.clear();
-    m_commandsByType.clear();
 }
 
 void CSnapshot::take(IModelIterator *iterator)
@@ -60,7 +64,7 @@ void CSnapshot::take(IModelIterator *iterator)
             return;
         }
         addItem(*item);
-        if (m_bytes.size() > MaxBytes) {
+        if (m_used > MaxBytes) {
             m_problem = "the screen's texts need more than " + std::to_string(MaxBytes) +
                         " bytes; the rest is not drawn";
             return;
@@ -83,62 +87,72 @@ void CSnapshot::addItem(IModelItem &item)
     m_items.push_back(entry);
 }
 
-/// The text is the same for all items of a kind: one that was seen at the same place, or as the
-/// last of the same type, is not copied again.
+/// The text is the same for all items of a kind. Mostly it even lies at the same place, which
+/// cannot have changed during the walk; otherwise it is compared with what the kind had before.
 void CSnapshot::takeCommands(IModelItem &item, SItem &entry)
 {
     const char *commands = orEmpty(item.renderCommands());
-    const auto [known, isNew] = m_commandsByPointer.try_emplace(commands, 0);
-    if (isNew) {
-        const std::string type(text(entry.typeName));
-        const auto ofType = m_commandsByType.find(type);
-        const size_t length = std::strlen(commands);
-        if (ofType != m_commandsByType.end() &&
-            text(m_commands[ofType->second]) == std::string_view(commands, length)) {
-            known->second = ofType->second;
-        } else {
-            known->second = m_commands.size();
-            m_commandsByType[type] = m_commands.size();
-            m_commands.push_back(add(commands));
-        }
+    const auto known =
+        std::find_if(m_commands.begin(), m_commands.end(),
+                     [&](const SCommands &candidate) { return candidate.pointer == commands; });
+    auto same = known;
+    if (known == m_commands.end()) {
+        const std::string_view text(commands);
+        same = std::find_if(m_commands.begin(), m_commands.end(), [&](const SCommands &candidate) {
+            return candidate.text.length == text.size() && this->text(candidate.text) == text;
+        });
+        if (same == m_commands.end())
+            same = m_commands.insert(same, {commands, add(text.data(), text.size())});
+        same->pointer = commands;
     }
-    entry.commandsIndex = known->second;
-    entry.commands = m_commands[known->second];
+    entry.commandsIndex = static_cast<size_t>(same - m_commands.begin());
+    entry.commands = same->text;
 }
 
 CSnapshot::SText CSnapshot::takeProperties(IModelItem &item)
 {
-    SText where;
-    where.offset = static_cast<uint32_t>(m_bytes.size());
+    const size_t start = m_used;
     const int count = std::clamp(item.propertyCount(), 0, MaxProperties);
-    for (int i = 0; i < count && m_bytes.size() <= MaxBytes; ++i) {
+    for (int i = 0; i < count && m_used <= MaxBytes; ++i) {
         IModelProperty *property = item.property(i);
         if (!property)
             continue;
-        const bool isNumber = std::strcmp(orEmpty(property->storageTypeName()), "int") == 0;
-        m_bytes.push_back(isNumber ? NumberTag : TextTag);
+        const bool isNumber = isInteger(orEmpty(property->storageTypeName()));
+        *room(1) = isNumber ? NumberTag : TextTag;
         add(property->name());
         if (isNumber) {
             const int32_t number = property->valueAsInteger();
-            const auto *bytes = reinterpret_cast<const char *>(&number);
-            m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof number);
+            std::memcpy(room(sizeof number), &number, sizeof number);
         } else {
             add(property->valueText());
         }
     }
-    where.length = static_cast<uint32_t>(m_bytes.size() - where.offset);
-    return where;
+    return {static_cast<uint32_t>(start), static_cast<uint32_t>(m_used - start)};
+}
+
+/// The next bytes of the buffer. It keeps its size from walk to walk.
+char *CSnapshot::room(size_t size)
+{
+    if (m_bytes.size() - m_used < size)
+        m_bytes.resize(2 * m_bytes.size() + size);
+    char *bytes = m_bytes.data() + m_used;
+    m_used += size;
+    return bytes;
 }
 
 CSnapshot::SText CSnapshot::add(const char *zeroTerminated)
 {
     zeroTerminated = orEmpty(zeroTerminated);
-    SText where;
-    where.offset = static_cast<uint32_t>(m_bytes.size());
     // One text over the limit is cut, so that no offset can leave 32 bits.
-    where.length = static_cast<uint32_t>(strnlen(zeroTerminated, MaxBytes));
-    m_bytes.insert(m_bytes.end(), zeroTerminated, zeroTerminated + where.length);
-    m_bytes.push_back('\0');
+    return add(zeroTerminated, std::min(std::strlen(zeroTerminated), MaxBytes));
+}
+
+CSnapshot::SText CSnapshot::add(const char *text, size_t length)
+{
+    const SText where{static_cast<uint32_t>(m_used), static_cast<uint32_t>(length)};
+    char *bytes = room(length + 1);
+    std::memcpy(bytes, text, length);
+    bytes[length] = '\0';
     return where;
 }
 

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 class IModelItem;
@@ -90,11 +89,19 @@ private:
         uint32_t id;
         EKind kind;
     };
+    /// Render commands, as the last item that had them gave them.
+    struct SCommands
+    {
+        const char *pointer;
+        SText text;
+    };
     void clear();
+    char *room(size_t size);
     void addItem(IModelItem &item);
     void takeCommands(IModelItem &item, SItem &entry);
     SText takeProperties(IModelItem &item);
     SText add(const char *zeroTerminated);
+    SText add(const char *text, size_t length);
     std::string_view text(SText where) const
     {
         return {m_bytes.data() + where.offset, where.length};
@@ -109,10 +116,9 @@ private:
     bool m_hasScreen = false;
     SText m_screenProperties;
     std::vector<SItem> m_items;
-    std::vector<char> m_bytes;
-    std::vector<SText> m_commands; ///< distinct texts
-    std::unordered_map<const char *, size_t> m_commandsByPointer;
-    std::unordered_map<std::string, size_t> m_commandsByType;
+    std::vector<char> m_bytes; ///< the first m_used of them hold something
+    size_t m_used = 0;
+    std::vector<SCommands> m_commands; ///< distinct texts
 };
 
 } // namespace kivemu
