@@ -2,6 +2,7 @@
 
 #include "CDrawContext.h"
 #include "CErrorList.h"
+#include "CLuaAllocator.h"
 #include "CLuaSandbox.h"
 #include "ItemBox.h"
 
@@ -110,6 +111,12 @@ bool CItemRunner::run(lua_State *state, size_t item)
     const SChunk &chunk = chunkOf(state, item);
     if (chunk.function == 0) {
         m_errors->add(m_snapshot->label(item), chunk.error);
+        return false;
+    }
+    if (const std::string &name = m_tables.leftOutProperty(item); !name.empty()) {
+        m_errors->add(m_snapshot->label(item), "the property '" + name + "' is longer than " +
+                                                   std::to_string(CLuaAllocator::MaxString) +
+                                                   " bytes");
         return false;
     }
     SLuaContext &context = contextOf(state);

@@ -1,7 +1,9 @@
 #include "CItemTables.h"
 
+#include "CLuaAllocator.h"
 #include "SLuaContext.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace kivemu {
@@ -11,6 +13,7 @@ namespace {
 constexpr char ItemType[] = "kiv.item";
 constexpr int PropertiesValue = 1; ///< user values of an item object
 constexpr int ViewValue = 2;
+constexpr size_t LongestShownName = 60;
 
 const char *kindName(CSnapshot::EKind kind)
 {
@@ -29,10 +32,16 @@ void pushText(lua_State *state, std::string_view text)
     lua_pushlstring(state, text.data(), text.size());
 }
 
-/// Sets the properties in the table at the top of the stack.
-void setProperties(lua_State *state, CSnapshot::CProperties properties)
+/// Sets the properties in the table at the top of the stack. Gives the name of one that is too long
+/// to be a Lua text and was left out; empty when all are there.
+std::string_view setProperties(lua_State *state, CSnapshot::CProperties properties)
 {
+    std::string_view leftOut;
     for (CSnapshot::SProperty property; properties.next(property);) {
+        if (std::max(property.name.size(), property.text.size()) > CLuaAllocator::MaxString) {
+            leftOut = property.name.substr(0, LongestShownName);
+            continue;
+        }
         pushText(state, property.name);
         if (property.isNumber)
             lua_pushinteger(state, property.number);
@@ -40,6 +49,7 @@ void setProperties(lua_State *state, CSnapshot::CProperties properties)
             pushText(state, property.text);
         lua_rawset(state, -3);
     }
+    return leftOut;
 }
 
 int readOnlyItem(lua_State *state)
@@ -158,7 +168,7 @@ void CItemTables::build(lua_State *state, size_t item, SEntry &entry)
     }
     lua_setmetatable(state, -2);
     lua_newtable(state);
-    setProperties(state, m_snapshot->properties(item));
+    const std::string_view leftOut = setProperties(state, m_snapshot->properties(item));
     lua_pushvalue(state, -2);
     lua_setfield(state, -2, "item");
     if (luaL_newmetatable(state, "kiv.properties")) {
@@ -170,6 +180,7 @@ void CItemTables::build(lua_State *state, size_t item, SEntry &entry)
     lua_setiuservalue(state, -3, PropertiesValue);
     entry.properties = m_snapshot->propertyBytes(item);
     entry.type = m_snapshot->typeName(item);
+    entry.leftOut = leftOut;
     entry.table = luaL_ref(state, LUA_REGISTRYINDEX);
     entry.object = luaL_ref(state, LUA_REGISTRYINDEX);
     entry.handle = handle;

@@ -26,6 +26,9 @@ public:
     /// Pushes the table that holds the properties of an item, and the item itself as "item". The
     /// globals lie behind it.
     void pushProperties(lua_State *state, size_t item) const;
+    /// The name of a property that is too long for Lua, and therefore missing; empty when all are
+    /// there.
+    const std::string &leftOutProperty(size_t item) const { return m_ofItem[item]->leftOut; }
 
 private:
     /// What an item object holds.
@@ -38,6 +41,7 @@ private:
     {
         std::string type;
         std::string properties;    ///< the bytes that the tables were made from
+        std::string leftOut;       ///< a property that is too long for Lua; empty: none
         SHandle *handle = nullptr; ///< null before the first complete build
         int object = 0;            ///< references in the registry
         int table = 0;

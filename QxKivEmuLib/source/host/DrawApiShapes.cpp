@@ -20,10 +20,11 @@ void checkPoints(lua_State *state, CDrawContext &drawing)
     for (size_t i = 1; i < count; i += 2) {
         lua_rawgeti(state, 1, static_cast<lua_Integer>(i));
         lua_rawgeti(state, 1, static_cast<lua_Integer>(i + 1));
-        const double x = lua_tonumber(state, -2);
-        const double y = lua_tonumber(state, -1);
-        if (!lua_isnumber(state, -2) || !lua_isnumber(state, -1) || !std::isfinite(x) ||
-            !std::isfinite(y))
+        int isX = 0;
+        int isY = 0;
+        const double x = lua_tonumberx(state, -2, &isX);
+        const double y = lua_tonumberx(state, -1, &isY);
+        if (!isX || !isY || !std::isfinite(x) || !std::isfinite(y))
             luaL_error(state, "point %d is not a pair of numbers", static_cast<int>(i / 2 + 1));
         lua_pop(state, 2);
         drawing.addPoint(x, y);

@@ -177,6 +177,16 @@ TEST_F(ItemErrors, propertiesAreVariables)
     EXPECT_NE(run().errors, "") << "a changed property is seen";
 }
 
+TEST_F(ItemErrors, propertyTooLongForLuaIsTheItemsOwnError)
+{
+    m_model.screen().set("name", std::string(300000, 'x'));
+    m_model.add("disc(1, 1, 1)").set("label", std::string(300000, 'x'));
+    m_model.add(Neighbour).set("label", std::string(262144, 'x'));
+    const SHostRun result = run();
+    EXPECT_EQ(result.errors, "Kiv_Test_T 1: the property 'label' is longer than 262144 bytes");
+    EXPECT_TRUE(result.has(NeighbourList));
+}
+
 TEST_F(ItemErrors, equalAndMissingIdsAreSeparateItems)
 {
     for (int i = 0; i < 3; ++i) {
