@@ -1,11 +1,15 @@
 #include "CMainPanels.h"
 
 #include "CMainWindow.h"
+#include "COutputWindowView.h"
+#include "CPlatformTable.h"
 #include "CProjectModel.h"
+#include "CWidgetLibraryManager.h"
+#include "CWidgetSelectionPanel.h"
+#include "CWidgetSelectionView.h"
 
 #include <QDockWidget>
 #include <QTabWidget>
-#include <QTextEdit>
 #include <QTreeView>
 
 namespace {
@@ -25,13 +29,14 @@ CMainPanels::CMainPanels(CMainWindow *window) : QObject(window), m_window(window
     m_screens->setObjectName(QStringLiteral("viewProjectWindow"));
     window->setCentralWidget(m_screens);
     m_navigatorDock = makeDock("screenNavigator", new QWidget, Qt::RightDockWidgetArea);
-    m_paletteDock = makeDock("widgetSelector", new QWidget, Qt::LeftDockWidgetArea);
+    m_palette = new CWidgetSelectionPanel;
+    m_paletteDock = makeDock("widgetSelector", m_palette, Qt::LeftDockWidgetArea);
     m_propertiesDock = makeDock("widgetProperties", new QWidget, Qt::RightDockWidgetArea);
-    m_output = new QTextEdit;
-    m_output->setReadOnly(true);
+    m_output = new COutputWindowView;
     m_outputDock = makeDock("outputWindow", m_output, Qt::BottomDockWidgetArea);
     layOut();
     retranslate();
+    showPalette(nullptr);
 }
 
 QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area)
@@ -66,6 +71,15 @@ void CMainPanels::showProject(CProjectModel *project)
 {
     m_explorer->setModel(project);
     m_explorer->expandAll();
+    showPalette(project);
+}
+
+/// The kinds that the project's chip has; without a project, those of the first chip.
+void CMainPanels::showPalette(const CProjectModel *project)
+{
+    const CWidgetLibraryManager &manager = CWidgetLibraryManager::instance();
+    const uint32_t chip = CPlatformTable::chipCode(project ? project->platform() : QString());
+    m_palette->view()->setToolbox(manager.toolboxModel(chip), manager.libraryModel(chip));
 }
 
 void CMainPanels::showFirstScreen(CProjectModel *)
@@ -80,5 +94,5 @@ void CMainPanels::clear()
 
 void CMainPanels::write(const QString &text)
 {
-    m_output->append(text.toHtmlEscaped());
+    m_output->writeMessage(text);
 }

@@ -3,10 +3,11 @@
 #include <QObject>
 
 class CMainWindow;
+class COutputWindowView;
 class CProjectModel;
+class CWidgetSelectionPanel;
 class QDockWidget;
 class QTabWidget;
-class QTextEdit;
 class QTreeView;
 
 /// The docks around the screens and the screens themselves: makes them, lays them out, shows the
@@ -32,13 +33,15 @@ public:
     void retranslate();
 
 private:
+    void showPalette(const CProjectModel *project);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
     void layOut();
 
     CMainWindow *const m_window;
     QTreeView *m_explorer;
     QTabWidget *m_screens;
-    QTextEdit *m_output;
+    COutputWindowView *m_output;
+    CWidgetSelectionPanel *m_palette;
     QDockWidget *m_explorerDock;
     QDockWidget *m_navigatorDock;
     QDockWidget *m_paletteDock;

@@ -16,6 +16,7 @@
 #include "CRecentProjects.h"
 #include "CSettings.h"
 #include "CStartPage.h"
+#include "CStatusBar.h"
 #include "CThemeIcons.h"
 #include "CZoomComboWidget.h"
 #include "ProgramInfo.h"
@@ -69,7 +70,9 @@ CMainWindow::CMainWindow(const QString &file)
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
     connectSession();
-    readSettings();
+    const bool showStatusBar = readSettings();
+    m_statusBar = new CStatusBar(this);
+    statusBar()->setVisible(showStatusBar);
     setWindowIcon(CThemeIcons::icon(QStringLiteral(":/images/icon.png")));
     showWindowToggles();
     QFile named(file);
@@ -153,6 +156,7 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_export->cancel();
     m_undoGroup->removeStack(project->undoStack());
     m_panels->clear();
+    m_statusBar->resetStatusBar();
 }
 
 void CMainWindow::projectOptionsChanged()
@@ -163,7 +167,7 @@ void CMainWindow::projectOptionsChanged()
     showProjectName();
 }
 
-void CMainWindow::readSettings()
+bool CMainWindow::readSettings()
 {
     const SSettings values = m_settings->read();
     if (!values.mainWindow.isNull() && isOnAScreen(values.mainWindow))
@@ -174,10 +178,10 @@ void CMainWindow::readSettings()
     m_recent->setPaths(values.latestProjects);
     m_screenshotFolder = values.screenshotDir;
     showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
-    statusBar()->setVisible(values.statusBar);
     savingPathChanged(values.savingFolderPath);
     m_session->setWorkingDirectory(m_savingFolder);
     setAutosaveInterval(values.autosaveInterval);
+    return values.statusBar;
 }
 
 void CMainWindow::writeSettings()

@@ -23,6 +23,7 @@ class CProjectSession;
 class CRecentProjects;
 class CSettings;
 class CStartPage;
+class CStatusBar;
 class QErrorMessage;
 class QFile;
 class QMessageBox;
@@ -123,7 +124,7 @@ protected:
 private:
     void startSubsystems();
     void makeProjectParts();
-    void readSettings();
+    bool readSettings(); ///< whether the status bar is to be shown
     void writeSettings();
     void connectSession();
     void activate(CProjectModel *project);
@@ -152,6 +153,7 @@ private:
     CMainPanels *m_panels = nullptr;
     CMenuBar *m_menuBar = nullptr;
     CStartPage *m_startPage = nullptr;
+    CStatusBar *m_statusBar = nullptr;
     CHelpWindow *m_help = nullptr; ///< null until it is wanted
     QString m_screenshotFolder;
     QString m_savingFolder;
