@@ -1,0 +1,44 @@
+#include "CEditorState.h"
+
+#include <algorithm>
+
+CEditorState *CEditorState::instance()
+{
+    static CEditorState state;
+    return &state;
+}
+
+void CEditorState::setSnapToGrid(bool on)
+{
+    if (m_snapToGrid == on)
+        return;
+    m_snapToGrid = on;
+    Q_EMIT snapToGridChanged(on);
+}
+
+void CEditorState::setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style)
+{
+    spacing = std::max(1, spacing);
+    if (m_gridShown == on && m_gridSpacing == spacing && m_gridColour == colour &&
+        m_gridStyle == style)
+        return;
+    m_gridShown = on;
+    m_gridSpacing = spacing;
+    m_gridColour = colour;
+    m_gridStyle = style;
+    Q_EMIT gridChanged(on, spacing, colour, style);
+}
+
+void CEditorState::setZoom(int percent, int type)
+{
+    if (m_zoomPercent == percent && m_zoomType == type)
+        return;
+    m_zoomPercent = percent;
+    m_zoomType = type;
+    Q_EMIT zoomChanged(percent, type);
+}
+
+void CEditorState::reportZoom(int percent)
+{
+    setZoom(percent, m_zoomType);
+}

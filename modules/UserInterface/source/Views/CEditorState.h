@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+
+/// What holds for every screen that is edited: snapping, the grid and the zoom. The tool bar and
+/// the menus set it, scenes and views follow it. Nothing is announced that was so before.
+/// Threads: the GUI thread only.
+class CEditorState final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The one state of the process.
+    static CEditorState *instance();
+
+    bool isSnapToGrid() const { return m_snapToGrid; }
+    bool isGridShown() const { return m_gridShown; }
+    int gridSpacing() const { return m_gridSpacing; } ///< scene units, at least 1
+    QColor gridColour() const { return m_gridColour; }
+    Qt::PenStyle gridStyle() const { return m_gridStyle; }
+    int zoomPercent() const { return m_zoomPercent; }
+    int zoomType() const { return m_zoomType; } ///< as CZoomComboWidget::Type
+
+public Q_SLOTS:
+    void setSnapToGrid(bool on);
+    void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void setZoom(int percent, int type);
+    /// The zoom of a view has changed, its mode has not.
+    void reportZoom(int percent);
+
+Q_SIGNALS:
+    void snapToGridChanged(bool on);
+    void gridChanged(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void zoomChanged(int percent, int type);
+
+private:
+    CEditorState() = default;
+
+    bool m_snapToGrid = true;
+    bool m_gridShown = true;
+    int m_gridSpacing = 20;
+    QColor m_gridColour = Qt::red;
+    Qt::PenStyle m_gridStyle = Qt::SolidLine;
+    int m_zoomPercent = 100;
+    int m_zoomType = 0;
+};

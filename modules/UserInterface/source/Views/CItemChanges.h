@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPair>
+#include <QString>
+#include <QVariant>
+#include <QVector>
+
+class CItemModel;
+class QUndoStack;
+
+/// The properties of one item as they are before a gesture: what a cancelled gesture goes back to,
+/// and what a finished one is recorded against. The item must outlive it.
+class CItemChanges
+{
+public:
+    /// Remembers those of the properties that the item has.
+    CItemChanges(CItemModel *item, const QStringList &keys);
+
+    CItemModel *item() const { return m_item; }
+    bool isAnyChanged() const;
+    /// Puts everything back exactly as it was.
+    void restore() const;
+    /// Puts everything back and records a command for each property that the gesture has changed.
+    /// Whoever calls it has begun a macro.
+    void commit(QUndoStack &stack) const;
+
+    /// Position and size, in the order in which a resize records them.
+    static const QStringList &geometryKeys();
+
+private:
+    CItemModel *m_item;
+    QVector<QPair<QString, QVariant>> m_values;
+};

@@ -1,0 +1,284 @@
+#include "CItemView.h"
+
+#include "CItemModel.h"
+#include "CResizeHandle.h"
+#include "CRotateHandle.h"
+#include "CRotationOutline.h"
+#include "CScreenScene.h"
+#include "CanvasRoles.h"
+#include "PropertyKey.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+constexpr double SizeOfSizeless = 15; ///< scene units, of items without a size of their own
+constexpr double ThinFrame = 8;       ///< scene units; thinner frames are hard to hit
+
+bool hasOwnSize(const CItemModel &item)
+{
+    const auto keys = {PropertyKey::Width, PropertyKey::Height, PropertyKey::Radius,
+                       PropertyKey::PointSize, PropertyKey::X2};
+    return item.kind() == CItemModel::Kind::Group ||
+           std::any_of(keys.begin(), keys.end(),
+                       [&item](const QString &key) { return item.hasProperty(key); });
+}
+
+bool isCentred(const CItemModel &item)
+{
+    return item.hasProperty(PropertyKey::Radius) || item.hasProperty(PropertyKey::PointSize);
+}
+
+bool isSizeKey(const QString &key)
+{
+    static const QStringList keys = {
+        PropertyKey::Width,     PropertyKey::Height, PropertyKey::Radius,
+        PropertyKey::PointSize, PropertyKey::X2,     PropertyKey::Y2,
+        PropertyKey::Angle,     PropertyKey::Font,   PropertyKey::PointList};
+    return keys.contains(key);
+}
+} // namespace
+
+CItemView::CItemView(CItemModel *item) : m_item(item)
+{
+    setData(CanvasRole::RoleKey, CanvasRole::ItemView);
+    setData(CanvasRole::HighlightKey, 0);
+    if (item->hasAngle())
+        m_outline = new CRotationOutline(this);
+    for (int index = 0; index < HandleCount; ++index)
+        m_handles[static_cast<size_t>(index)] = new CResizeHandle(index, this);
+    if (item->hasAngle())
+        m_rotateHandle = new CRotateHandle(this);
+    createGuides();
+    m_frame = CItemView::frameOfItem();
+    updatePosition();
+    updateFlags();
+}
+
+CItemView::~CItemView() = default;
+
+CScreenScene *CItemView::screenScene() const
+{
+    return static_cast<CScreenScene *>(scene()); // item views live in no other scene
+}
+
+QRectF CItemView::frameOfItem() const
+{
+    if (!hasOwnSize(*m_item))
+        return {0, 0, SizeOfSizeless, SizeOfSizeless};
+    if (m_item->kind() == CItemModel::Kind::Group)
+        return m_item->bounds().translated(-m_item->x(), -m_item->y());
+    const QSizeF size(m_item->width(), m_item->height());
+    return isCentred(*m_item) ? QRectF(QPointF(-size.width() / 2, -size.height() / 2), size)
+                              : QRectF(QPointF(), size);
+}
+
+QRectF CItemView::boundingRect() const
+{
+    QRectF rect = m_frame.normalized();
+    if (rect.width() < ThinFrame)
+        rect.adjust(-ThinFrame / 2, 0, ThinFrame / 2, 0);
+    if (rect.height() < ThinFrame)
+        rect.adjust(0, -ThinFrame / 2, 0, ThinFrame / 2);
+    return rect;
+}
+
+QPainterPath CItemView::shape() const
+{
+    QPainterPath path;
+    if (m_item->geometryMode() != GeometryMode::TwoCorners) {
+        path.addRect(boundingRect());
+        return path;
+    }
+    path.moveTo(m_frame.topLeft());
+    path.lineTo(m_frame.bottomRight());
+    QPainterPathStroker stroker;
+    stroker.setWidth(
+        std::max(ThinFrame, m_item->propertyValue(QStringLiteral("thickness")).toDouble()));
+    stroker.setCapStyle(Qt::SquareCap);
+    return stroker.createStroke(path);
+}
+
+void CItemView::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    if (!isSelected() && !isHighlighted())
+        return;
+    painter->setPen(CanvasColour::outlinePen(CanvasColour::Outline));
+    painter->setBrush(Qt::transparent);
+    painter->setOpacity(!isSelected() ? 0.4 : (m_hovered ? 1.0 : 0.8));
+    painter->drawRect(m_frame.normalized());
+}
+
+void CItemView::onPropertyChanged(const QString &key)
+{
+    if (key == PropertyKey::X || key == PropertyKey::Y) {
+        updatePosition();
+        updateBounds(); // two points: the other one stays
+    } else if (isSizeKey(key)) {
+        updateBounds();
+    } else if (key == PropertyKey::Locked) {
+        updateFlags();
+    }
+}
+
+void CItemView::updatePosition()
+{
+    setPos(m_item->x(), m_item->y());
+}
+
+void CItemView::updateBounds()
+{
+    const QRectF frame = frameOfItem();
+    if (frame != m_frame) {
+        prepareGeometryChange(); // before the change: the scene still needs the old rectangle
+        m_frame = frame;
+    }
+    if (m_outline)
+        m_outline->setRotation(m_item->angle());
+    updateHandles();
+    update();
+}
+
+void CItemView::updateFlags()
+{
+    const bool selectable = !m_item->isGrouped();
+    setFlag(ItemIsSelectable, selectable);
+    setFlag(ItemIsMovable, selectable && !m_item->isLocked());
+    setAcceptHoverEvents(selectable);
+    setAcceptedMouseButtons(selectable ? Qt::LeftButton : Qt::NoButton);
+    updateBounds();
+    showHandles(isSelected());
+}
+
+bool CItemView::isHighlighted() const
+{
+    return data(CanvasRole::HighlightKey).toInt() == 1;
+}
+
+void CItemView::setHighlighted(bool highlighted)
+{
+    setData(CanvasRole::HighlightKey, highlighted ? 1 : 0);
+}
+
+void CItemView::createGuides()
+{
+    for (QGraphicsLineItem *&guide : m_guides) {
+        guide = new QGraphicsLineItem(this);
+        guide->setPen(CanvasColour::outlinePen(CanvasColour::Guide));
+        guide->setAcceptedMouseButtons(Qt::NoButton);
+        guide->setData(CanvasRole::RoleKey, CanvasRole::PartOfParent);
+        guide->hide();
+    }
+}
+
+void CItemView::showGuides(const QRectF &visible)
+{
+    const QRectF frame = m_frame.normalized();
+    const QRectF reach = visible.translated(-pos()).united(frame);
+    size_t next = 0;
+    const auto place = [this, &next](double x1, double y1, double x2, double y2) {
+        m_guides[next]->setLine(x1, y1, x2, y2);
+        m_guides[next]->show();
+        ++next;
+    };
+    // A line away from each side of the frame, for both edges and the centre of each axis.
+    for (const double x : {frame.left(), frame.center().x(), frame.right()}) {
+        place(x, reach.top(), x, frame.top());
+        place(x, frame.bottom(), x, reach.bottom());
+    }
+    for (const double y : {frame.top(), frame.center().y(), frame.bottom()}) {
+        place(reach.left(), y, frame.left(), y);
+        place(frame.right(), y, reach.right(), y);
+    }
+}
+
+void CItemView::hideGuides()
+{
+    for (QGraphicsLineItem *guide : m_guides)
+        guide->hide();
+}
+
+bool CItemView::isResizable() const
+{
+    return isSelected() && !m_item->isLocked();
+}
+
+bool CItemView::isRotatable() const
+{
+    return m_item->hasAngle() && !m_item->isGrouped() && !m_item->isLocked();
+}
+
+double CItemView::shownAngle() const
+{
+    return m_outline ? m_outline->rotation() : 0.0;
+}
+
+void CItemView::showAngle(double degrees)
+{
+    if (!m_outline)
+        return;
+    m_outline->setRotation(degrees);
+    updateHandles();
+    update();
+}
+
+void CItemView::updateHandles()
+{
+    if (m_outline)
+        m_outline->setFrame(m_frame);
+    if (!isSelected())
+        return;
+    QTransform turn;
+    const QPointF centre = m_frame.center();
+    turn.translate(centre.x(), centre.y());
+    turn.rotate(shownAngle());
+    turn.translate(-centre.x(), -centre.y());
+    for (CResizeHandle *handle : m_handles)
+        handle->place(m_frame, turn, shownAngle());
+    if (m_rotateHandle)
+        m_rotateHandle->place(m_frame, turn, shownAngle());
+}
+
+void CItemView::showHandles(bool visible)
+{
+    for (CResizeHandle *handle : m_handles)
+        handle->setVisible(visible && !m_item->isLocked() && handle->isOfUseFor(*m_item));
+    if (m_rotateHandle)
+        m_rotateHandle->setVisible(visible && isRotatable());
+    if (m_outline)
+        m_outline->setVisible(visible);
+}
+
+QGraphicsItem *CItemView::handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const
+{
+    const QPointF devicePos = deviceTransform.map(scenePos);
+    for (QGraphicsItem *child : childItems()) {
+        if (!child->isVisible() || child->data(CanvasRole::RoleKey).toInt() != CanvasRole::Handle)
+            continue;
+        if (child->contains(child->deviceTransform(deviceTransform).inverted().map(devicePos)))
+            return child;
+    }
+    return nullptr;
+}
+
+QVariant CItemView::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemSelectedHasChanged) {
+        updateHandles();
+        showHandles(value.toBool());
+    }
+    return QGraphicsObject::itemChange(change, value);
+}
+
+void CItemView::hoverEnterEvent(QGraphicsSceneHoverEvent *)
+{
+    m_hovered = true;
+    update();
+}
+
+void CItemView::hoverLeaveEvent(QGraphicsSceneHoverEvent *)
+{
+    m_hovered = false;
+    update();
+}

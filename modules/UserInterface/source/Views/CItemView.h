@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QGraphicsObject>
+
+#include <array>
+#include <memory>
+
+class CItemModel;
+class CResizeHandle;
+class CRotateHandle;
+class CRotationOutline;
+class CScreenScene;
+
+/// One model item on the canvas: its outline, handles and guide lines. The item itself is seen in
+/// the emulator's frame behind.
+/// What it shows it reads from the model item, which must outlive it; onPropertyChanged() follows.
+class CItemView : public QGraphicsObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int HandleCount = 8;
+    static constexpr int GuideCount = 12;
+
+    explicit CItemView(CItemModel *item);
+    ~CItemView() override;
+
+    CItemModel *item() const { return m_item; }
+    CScreenScene *screenScene() const;
+
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    /// The rectangle of the model item about its position, unrotated. Its width and height are
+    /// negative where the second of two points lies before the first.
+    QRectF frameRect() const { return m_frame; }
+    /// What others snap to: the frame where it lies on the screen.
+    QRectF sceneRect() const { return m_frame.normalized().translated(pos()); }
+
+    virtual void onPropertyChanged(const QString &key);
+    void updatePosition();
+    void updateBounds();
+    /// Whether it can be selected, moved, resized and rotated.
+    void updateFlags();
+
+    bool isHighlighted() const;
+    void setHighlighted(bool highlighted);
+    /// All twelve guide lines at once; they reach across `visible` (scene units).
+    void showGuides(const QRectF &visible);
+    void hideGuides();
+
+    /// The item can be resized by its handles now.
+    bool isResizable() const;
+    bool isRotatable() const;
+    double shownAngle() const; ///< degrees, of the frame as it is drawn
+    void showAngle(double degrees);
+    CRotationOutline *rotationOutline() const { return m_outline; }
+    /// The visible handle of this view at a scene position; null when there is none.
+    QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
+
+protected:
+    virtual QRectF frameOfItem() const;
+    /// Handles where the frame is now.
+    virtual void updateHandles();
+    virtual void showHandles(bool visible);
+
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
+
+private:
+    void createGuides();
+
+    CItemModel *const m_item; ///< not owned
+    QRectF m_frame;           ///< what handles and the scene were last told
+    bool m_hovered = false;
+    std::array<CResizeHandle *, HandleCount> m_handles{}; ///< children
+    std::array<QGraphicsLineItem *, GuideCount> m_guides{};
+    CRotateHandle *m_rotateHandle = nullptr;
+    CRotationOutline *m_outline = nullptr;
+};

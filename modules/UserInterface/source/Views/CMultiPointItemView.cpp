@@ -1,0 +1,124 @@
+#include "CMultiPointItemView.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CItemModel.h"
+#include "CPointHandle.h"
+#include "CProjectModel.h"
+#include "PointList.h"
+#include "PropertyKey.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
+#include <QUndoStack>
+
+CMultiPointItemView::CMultiPointItemView(CItemModel *item) : CItemView(item)
+{
+    setFlag(ItemIsFocusable); // for the keys
+    updatePoints();
+    updateBounds();
+}
+
+QRectF CMultiPointItemView::frameOfItem() const
+{
+    const PointList::Points points = PointList::ofItem(*item());
+    return points.size() < 2 ? CItemView::frameOfItem() : QPolygonF(points).boundingRect();
+}
+
+void CMultiPointItemView::onPropertyChanged(const QString &key)
+{
+    if (key == PropertyKey::PointList)
+        updatePoints();
+    CItemView::onPropertyChanged(key);
+}
+
+/// A handle for each point. Handles are kept for as long as there is a point for them, since one of
+/// them may be dragged.
+void CMultiPointItemView::updatePoints()
+{
+    const int count = PointList::ofItem(*item()).size();
+    while (m_points.size() > count) {
+        CPointHandle *handle = m_points.takeLast();
+        handle->setParentItem(nullptr);
+        if (handle->scene())
+            handle->scene()->removeItem(handle);
+        // It may be the one whose press is being handled.
+        QMetaObject::invokeMethod(
+            qApp, [handle] { delete handle; }, Qt::QueuedConnection);
+    }
+    while (m_points.size() < count)
+        m_points.append(new CPointHandle(m_points.size(), this));
+    showHandles(isSelected());
+}
+
+void CMultiPointItemView::updateHandles()
+{
+    CItemView::updateHandles();
+    const PointList::Points points = PointList::ofItem(*item());
+    for (int index = 0; index < m_points.size() && index < points.size(); ++index)
+        m_points.at(index)->setPos(points.at(index));
+}
+
+void CMultiPointItemView::showHandles(bool visible)
+{
+    CItemView::showHandles(visible);
+    for (CPointHandle *handle : qAsConst(m_points))
+        handle->setVisible(visible && !item()->isLocked());
+}
+
+void CMultiPointItemView::record(const QString &macroText, const QString &points)
+{
+    QUndoStack *stack = item()->project()->undoStack();
+    stack->beginMacro(macroText);
+    stack->push(new CCommandChangeItemProperty(item(), PropertyKey::PointList, points,
+                                               item()->propertyValue(PropertyKey::PointList)));
+    stack->endMacro();
+}
+
+void CMultiPointItemView::addPoint(const QPointF &position)
+{
+    PointList::Points points = PointList::ofItem(*item());
+    points.insert(PointList::insertionIndex(points, position, PointList::isClosed(*item())),
+                  position);
+    record(tr("Add Point"), PointList::format(points));
+}
+
+void CMultiPointItemView::removePoint(int index)
+{
+    PointList::Points points = PointList::ofItem(*item());
+    if (index >= points.size() || points.size() <= PointList::minimumCount(*item()))
+        return;
+    points.remove(index);
+    record(tr("Remove Point"), PointList::format(points));
+}
+
+void CMultiPointItemView::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    m_pointAdded = event->modifiers().testFlag(Qt::ShiftModifier) && isResizable();
+    if (m_pointAdded)
+        addPoint(event->pos());
+    else
+        CItemView::mousePressEvent(event);
+}
+
+void CMultiPointItemView::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!std::exchange(m_pointAdded, false)) // else it would change the selection
+        CItemView::mouseReleaseEvent(event);
+}
+
+void CMultiPointItemView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Control)
+        setCursor(Qt::OpenHandCursor);
+    event->ignore(); // the screen view has use for it as well
+}
+
+void CMultiPointItemView::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Control)
+        setCursor(Qt::ArrowCursor);
+    event->ignore();
+}

@@ -1,0 +1,119 @@
+#include "CResizeHandle.h"
+
+#include "CItemModel.h"
+#include "CItemView.h"
+#include "CScreenScene.h"
+#include "CanvasRoles.h"
+#include "ItemResize.h"
+#include "PropertyKey.h"
+
+#include <QCursor>
+#include <QGraphicsSceneMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+constexpr double Side = 8;     ///< screen pixels
+constexpr double HitSide = 12; ///< a little larger than what is seen
+} // namespace
+
+CResizeHandle::CResizeHandle(int index, CItemView *view) : QGraphicsItem(view), m_index(index)
+{
+    setData(CanvasRole::RoleKey, CanvasRole::Handle);
+    setFlag(ItemIsMovable);
+    setFlag(ItemIgnoresTransformations);
+    setAcceptHoverEvents(true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setVisible(false);
+    setZValue(1);
+}
+
+CItemView *CResizeHandle::view() const
+{
+    return static_cast<CItemView *>(parentItem());
+}
+
+void CResizeHandle::place(const QRectF &frame, const QTransform &turn, double degrees)
+{
+    const double across = (1 + CResizeGesture::horizontalSide(m_index)) / 2.0;
+    const double down = (1 + CResizeGesture::verticalSide(m_index)) / 2.0;
+    const QPointF place(frame.x() + across * frame.width(), frame.y() + down * frame.height());
+    m_degrees = degrees;
+    setPos(turn.map(place));
+    setRotation(degrees);
+}
+
+bool CResizeHandle::isOfUseFor(const CItemModel &item) const
+{
+    if (!ItemResize::isResizable(item))
+        return false;
+    const bool sideways = CResizeGesture::horizontalSide(m_index) != 0;
+    return sideways || ItemResize::kindOf(item) != ResizeKind::WidthOnly;
+}
+
+QRectF CResizeHandle::boundingRect() const
+{
+    return {-HitSide / 2, -HitSide / 2, HitSide, HitSide};
+}
+
+void CResizeHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    if (!view()->isResizable())
+        return;
+    painter->setPen(QPen(CanvasColour::Handle, 0));
+    painter->drawRect(QRectF(-Side / 2, -Side / 2, Side, Side).adjusted(0, 0, -1, -1));
+}
+
+Qt::CursorShape CResizeHandle::cursorFor(int index, double degrees)
+{
+    static constexpr Qt::CursorShape shapes[] = {Qt::SizeVerCursor, Qt::SizeBDiagCursor,
+                                                 Qt::SizeHorCursor, Qt::SizeFDiagCursor};
+    const int eighths = static_cast<int>(std::lround(std::fmod(degrees, 360.0) / 45)) + 8;
+    return shapes[(index + eighths) % 4];
+}
+
+void CResizeHandle::hoverEnterEvent(QGraphicsSceneHoverEvent *)
+{
+    if (view()->item()->isLocked())
+        unsetCursor();
+    else
+        setCursor(cursorFor(m_index, m_degrees));
+}
+
+void CResizeHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!view()->isResizable()) {
+        event->ignore();
+        return;
+    }
+    m_pressPos = event->scenePos();
+    m_gesture = ItemResize::gestureFor(*view()->item(), m_index, view()->shownAngle());
+    view()->screenScene()->beginGesture({view()->item()}, CItemChanges::geometryKeys());
+}
+
+void CResizeHandle::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    event->accept();
+    CScreenScene *scene = view()->screenScene();
+    if (!m_gesture || !scene->isGestureActive() || !view()->isResizable())
+        return;
+    CResizeGesture::Modifiers modifiers;
+    modifiers.keepAspect = event->modifiers().testFlag(Qt::ShiftModifier);
+    modifiers.fromCentre = event->modifiers().testFlag(Qt::AltModifier);
+    ItemResize::apply(*view()->item(),
+                      m_gesture->geometryFor(event->scenePos() - m_pressPos, modifiers));
+    view()->updateBounds();
+    const QSizeF size = view()->frameRect().size();
+    scene->reportGesture(QObject::tr("%1, %2   %3 × %4")
+                             .arg(view()->item()->x())
+                             .arg(view()->item()->y())
+                             .arg(size.width())
+                             .arg(size.height()));
+}
+
+void CResizeHandle::mouseReleaseEvent(QGraphicsSceneMouseEvent *)
+{
+    m_gesture.reset(); // over from here on, whatever happens below
+    view()->screenScene()->finishGesture(QObject::tr("Resize Item"));
+}

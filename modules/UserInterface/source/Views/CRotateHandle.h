@@ -1,0 +1,32 @@
+#pragma once
+
+#include "CRotateGesture.h"
+
+#include <QGraphicsItem>
+
+#include <memory>
+
+class CItemView;
+
+/// Turns an item: a round handle above the middle of its top edge.
+class CRotateHandle final : public QGraphicsItem
+{
+public:
+    explicit CRotateHandle(CItemView *view);
+
+    /// Above the frame, which is turned by `turn` (by `degrees`).
+    void place(const QRectF &frame, const QTransform &turn, double degrees);
+
+    QRectF boundingRect() const override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+
+private:
+    CItemView *view() const;
+
+    std::unique_ptr<CRotateGesture> m_gesture; ///< set exactly while it is dragged
+};

@@ -1,0 +1,187 @@
+#include "CScreenNavigator.h"
+
+#include "CEmulatorAdapter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "PropertyKey.h"
+
+#include <QPainter>
+#include <QTimer>
+
+namespace {
+constexpr int Delay = 250; ///< milliseconds after a change, and between looks at a busy emulator
+constexpr QSize Largest(160, 100); ///< of a thumbnail, pixels
+} // namespace
+
+CScreenNavigator::CScreenNavigator(QWidget *parent) : QListWidget(parent), m_timer(new QTimer(this))
+{
+    setObjectName(QStringLiteral("navigatorList"));
+    setViewMode(IconMode);
+    setMovement(Static);
+    setResizeMode(Adjust);
+    setIconSize(Largest);
+    setSpacing(8);
+    setUniformItemSizes(true);
+    setWordWrap(false);
+    m_timer->setSingleShot(true);
+    m_timer->setInterval(Delay);
+    connect(m_timer, &QTimer::timeout, this, &CScreenNavigator::requestNext);
+    connect(CEmulatorAdapter::instance(), &CEmulatorAdapter::emulatorFrameCallback, this,
+            &CScreenNavigator::emulatorFrameCallback);
+    const auto activate = [this](const QListWidgetItem *entry) {
+        if (CScreenModel *screen = m_project ? m_project->screen(row(entry)) : nullptr)
+            Q_EMIT screenActivated(screen);
+    };
+    connect(this, &QListWidget::itemClicked, this, activate);
+    connect(this, &QListWidget::itemActivated, this, activate);
+}
+
+CScreenNavigator::~CScreenNavigator()
+{
+    CEmulatorAdapter::instance()->withdraw(this);
+}
+
+void CScreenNavigator::setProject(CProjectModel *project)
+{
+    if (m_project)
+        m_project->disconnect(this);
+    CEmulatorAdapter::instance()->withdraw(this);
+    m_requested = nullptr;
+    m_project = project;
+    m_frames.clear();
+    m_changed.clear();
+    if (project) {
+        const auto rowsChanged = [this](const QModelIndex &parent) {
+            if (parent.isValid())
+                markChanged(m_project->itemFromIndex(parent));
+            else
+                rebuild();
+        };
+        connect(project, &QAbstractItemModel::rowsInserted, this, rowsChanged);
+        connect(project, &QAbstractItemModel::rowsRemoved, this, rowsChanged);
+        connect(project, &QAbstractItemModel::modelReset, this, &CScreenNavigator::rebuild);
+        connect(project, &CProjectModel::propertyChanged, this, &CScreenNavigator::propertyChanged);
+    }
+    rebuild();
+}
+
+/// A row for each screen, in the project's order. Frames of screens that are still there are kept.
+void CScreenNavigator::rebuild()
+{
+    const CScreenModel *current =
+        m_project && currentRow() >= 0 ? m_project->screen(currentRow()) : nullptr;
+    clear();
+    QHash<const CScreenModel *, QPixmap> frames;
+    QList<CScreenModel *> changed;
+    for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
+        CScreenModel *screen = m_project->screen(row);
+        auto *entry = new QListWidgetItem(screen->name(), this);
+        showThumbnail(entry, m_frames.value(screen));
+        if (m_frames.contains(screen))
+            frames.insert(screen, m_frames.value(screen));
+        if (!m_frames.contains(screen) || m_changed.contains(screen))
+            changed.append(screen);
+        if (screen == current)
+            setCurrentItem(entry);
+    }
+    m_frames = frames;
+    m_changed = changed;
+    if (!frames.contains(m_requested) && !changed.contains(m_requested))
+        m_requested = nullptr;
+    m_timer->start();
+}
+
+void CScreenNavigator::renewAll()
+{
+    m_changed.clear();
+    m_requested = nullptr;
+    for (int row = 0; m_project && row < m_project->screenCount(); ++row)
+        m_changed.append(m_project->screen(row));
+    m_timer->start();
+}
+
+QListWidgetItem *CScreenNavigator::entryOf(const CScreenModel *screen) const
+{
+    return screen ? item(screen->row()) : nullptr;
+}
+
+void CScreenNavigator::setCurrentScreen(CScreenModel *screen)
+{
+    setCurrentItem(entryOf(screen));
+}
+
+void CScreenNavigator::markChanged(const QStandardItem *item)
+{
+    while (item && item->parent())
+        item = item->parent();
+    CScreenModel *screen = item && m_project ? m_project->screen(item->row()) : nullptr;
+    if (!screen || screen != item)
+        return; // of no project, such as a widget that is being made
+    if (!m_changed.contains(screen))
+        m_changed.append(screen);
+    if (!m_timer->isActive())
+        m_timer->start();
+}
+
+void CScreenNavigator::propertyChanged(CItemModel *item, const QString &key)
+{
+    if (item->kind() == CItemModel::Kind::Screen && key == PropertyKey::Name && item->model()) {
+        if (QListWidgetItem *entry = entryOf(static_cast<CScreenModel *>(item)))
+            entry->setText(item->name());
+    }
+    if (item->model() == m_project)
+        markChanged(item);
+}
+
+void CScreenNavigator::requestNext()
+{
+    CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
+    if (m_changed.isEmpty() || !adapter->isRegistered())
+        return;
+    if (adapter->isBusy() || !isVisible()) {
+        m_timer->start();
+        return;
+    }
+    m_requested = m_changed.takeFirst();
+    adapter->renderForeground(m_requested, this);
+}
+
+void CScreenNavigator::emulatorFrameCallback(bool output, QPixmap buffer, uint32_t, uint32_t,
+                                             void *observer, size_t)
+{
+    if (observer != this || !m_requested || !output)
+        return;
+    if (QListWidgetItem *entry = entryOf(m_requested)) {
+        m_frames.insert(m_requested, buffer);
+        showThumbnail(entry, buffer);
+    }
+    m_requested = nullptr;
+    if (!m_changed.isEmpty())
+        m_timer->start();
+}
+
+/// The frame, or an empty page while there is none, within the icon's square.
+void CScreenNavigator::showThumbnail(QListWidgetItem *entry, const QPixmap &frame)
+{
+    const double ratio = devicePixelRatioF();
+    const QSize resolution = m_project ? m_project->resolution() : Largest;
+    const QSize size = resolution.scaled(Largest, Qt::KeepAspectRatio) * ratio;
+    QPixmap thumbnail(size);
+    if (frame.isNull())
+        thumbnail.fill(palette().color(QPalette::Mid));
+    else
+        thumbnail = frame.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    thumbnail.setDevicePixelRatio(ratio);
+    entry->setIcon(QIcon(thumbnail));
+    entry->setToolTip(entry->text());
+}
+
+QList<QPair<QString, QPixmap>> CScreenNavigator::getScreenPixmaps() const
+{
+    QList<QPair<QString, QPixmap>> pixmaps;
+    for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
+        const CScreenModel *screen = m_project->screen(row);
+        pixmaps.append({screen->name(), m_frames.value(screen)});
+    }
+    return pixmaps;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QHash>
+#include <QListWidget>
+#include <QPixmap>
+#include <QPointer>
+
+#include <cstddef>
+#include <cstdint>
+
+class CItemModel;
+class CProjectModel;
+class CScreenModel;
+class QStandardItem;
+class QTimer;
+
+/// A thumbnail of every screen of the project. Asks the emulator for one frame at a time, and only
+/// when it has nothing else to do; a screen that has changed follows shortly after.
+class CScreenNavigator final : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CScreenNavigator(QWidget *parent = nullptr);
+    ~CScreenNavigator() override;
+
+    void setProject(CProjectModel *project); ///< null shows nothing
+    /// Name and last frame of every screen, in their order; a frame is null while it is not there.
+    QList<QPair<QString, QPixmap>> getScreenPixmaps() const;
+    /// All thumbnails anew, such as after the emulator was started for another chip.
+    void renewAll();
+
+public Q_SLOTS:
+    /// Marks the screen that is shown in the tab area.
+    void setCurrentScreen(CScreenModel *screen);
+    void emulatorFrameCallback(bool output, QPixmap buffer, uint32_t hsize, uint32_t vsize,
+                               void *observer, size_t RAM_DL_Usage);
+
+Q_SIGNALS:
+    void screenActivated(CScreenModel *screen);
+
+private:
+    void rebuild();
+    void markChanged(const QStandardItem *item);
+    void requestNext();
+    void propertyChanged(CItemModel *item, const QString &key);
+    void showThumbnail(QListWidgetItem *entry, const QPixmap &frame);
+    QListWidgetItem *entryOf(const CScreenModel *screen) const;
+
+    QPointer<CProjectModel> m_project; ///< not owned
+    QTimer *m_timer;
+    QHash<const CScreenModel *, QPixmap> m_frames;
+    QList<CScreenModel *> m_changed; ///< waiting for their frames, in order
+    CScreenModel *m_requested = nullptr;
+};

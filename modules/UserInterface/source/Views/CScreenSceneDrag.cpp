@@ -1,0 +1,249 @@
+// How items are dragged on a canvas, and where they snap to.
+#include "CEditorState.h"
+#include "CItemView.h"
+#include "CMoveGesture.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CSnapCross.h"
+#include "CanvasRoles.h"
+#include "SnapRule.h"
+
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
+
+#include <algorithm>
+
+namespace {
+constexpr int DragDistance = 3; ///< screen pixels; a press that trembles is no drag
+
+/// Raises the item under a handle for one press, so that the press reaches the handle also where
+/// other items cover it.
+class CRaised
+{
+public:
+    explicit CRaised(QGraphicsItem *handle) : m_view(handle ? handle->parentItem() : nullptr)
+    {
+        if (!m_view)
+            return;
+        m_z = m_view->zValue();
+        m_view->setZValue(m_z + 10);
+    }
+    ~CRaised()
+    {
+        if (m_view)
+            m_view->setZValue(m_z);
+    }
+    Q_DISABLE_COPY(CRaised)
+
+private:
+    QGraphicsItem *const m_view;
+    double m_z = 0;
+};
+
+QTransform transformOf(const QGraphicsSceneMouseEvent &event)
+{
+    const QWidget *viewport = event.widget();
+    const auto *view = viewport ? qobject_cast<QGraphicsView *>(viewport->parentWidget()) : nullptr;
+    return view ? view->viewportTransform() : QTransform();
+}
+} // namespace
+
+/// The view that a press acts on: the topmost one, or the group that it belongs to.
+CItemView *CScreenScene::pressedViewFor(const QPointF &scenePos, const QTransform &transform) const
+{
+    QGraphicsItem *top = itemAt(scenePos, transform);
+    if (top && top->data(CanvasRole::RoleKey).toInt() == CanvasRole::PartOfParent)
+        top = top->parentItem();
+    if (!top || top->data(CanvasRole::RoleKey).toInt() != CanvasRole::ItemView)
+        return nullptr;
+    auto *view = static_cast<CItemView *>(top);
+    while (view && view->item()->isGrouped())
+        view = viewOf(view->item()->parentItem());
+    return view;
+}
+
+void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    m_cancelled = false;
+    forgetPress();
+    if (event->button() != Qt::LeftButton) {
+        event->accept(); // else the selection would be lost
+        return;
+    }
+    const QTransform transform = transformOf(*event);
+    QGraphicsItem *handle = handleAt(event->scenePos(), transform);
+    const bool isShift = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (isShift && !handle)
+        event->setModifiers(event->modifiers() | Qt::ControlModifier); // adds to the selection
+    {
+        const CRaised raised(handle);
+        QGraphicsScene::mousePressEvent(event);
+    }
+    if (isShift || handle || isGestureActive())
+        return;
+    CItemView *pressed = pressedViewFor(event->scenePos(), transform);
+    if (pressed)
+        beginMove(pressed, event->scenePos());
+}
+
+void CScreenScene::beginMove(CItemView *pressed, const QPointF &scenePos)
+{
+    m_pressed = pressed;
+    m_pressPos = scenePos;
+    m_pressOffset = scenePos - pressed->pos();
+    m_pressedStart = pressed->pos();
+    m_snapping = CEditorState::instance()->isSnapToGrid();
+    m_others.clear();
+    for (CItemView *view : itemViews()) {
+        if (view != pressed && view->isSelected())
+            m_others.append({view, view->pos()});
+    }
+}
+
+void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (m_cancelled)
+        return;
+    QGraphicsItem *grabber = mouseGrabberItem();
+    const bool isHandle =
+        grabber && grabber->data(CanvasRole::RoleKey).toInt() == CanvasRole::Handle;
+    if (isHandle || !event->buttons().testFlag(Qt::LeftButton)) {
+        QGraphicsScene::mouseMoveEvent(event);
+        return;
+    }
+    if (event->modifiers().testFlag(Qt::ShiftModifier))
+        return;
+    if (grabber)
+        highlightObjectBehind(false);
+    if (!m_pressed) {
+        QGraphicsScene::mouseMoveEvent(event);
+        return;
+    }
+    if (m_pressed->item()->isLocked())
+        return;
+    if (!m_move) {
+        const QPoint travelled = event->screenPos() - event->buttonDownScreenPos(Qt::LeftButton);
+        if (travelled.manhattanLength() < DragDistance)
+            return;
+        QVector<CItemModel *> moving{m_pressed->item()};
+        for (const auto &other : qAsConst(m_others)) {
+            if (!other.first->item()->isLocked())
+                moving.append(other.first->item());
+        }
+        m_move = std::make_unique<CMoveGesture>(moving);
+        beginGesture(moving, CItemChanges::geometryKeys());
+    }
+    if (m_snapping) {
+        snapMove(event->scenePos());
+    } else {
+        QGraphicsScene::mouseMoveEvent(event);
+        m_move->moveBy(m_pressed->pos() - m_pressedStart);
+        for (const CItemModel *item : m_move->items())
+            viewOf(item)->updatePosition(); // whole units, also where the model did not change
+    }
+    const CItemModel *item = m_pressed->item();
+    reportGesture(tr("%1, %2").arg(item->x()).arg(item->y()));
+}
+
+/// Moves everything so that the pressed item lands on the nearest candidates.
+void CScreenScene::snapMove(const QPointF &scenePos)
+{
+    const QPointF chosen = snappedPosition(scenePos - m_pressOffset, m_move->items());
+    const QPointF delta = chosen - m_pressedStart;
+    m_move->moveBy(delta);
+    // Edges and centres of others may lie between whole units. The views show that; what is
+    // recorded are the whole numbers that the model holds.
+    for (const auto &[view, start] : qAsConst(m_others)) {
+        if (!view->item()->isLocked())
+            view->setPos(start + delta);
+    }
+    m_pressed->setPos(chosen);
+    m_snapCross->setPos(chosen);
+    m_snapCross->show();
+}
+
+bool CScreenScene::isUnderSelection(const CItemModel *item, const QVector<CItemModel *> &selection)
+{
+    for (; item; item = item->parentItem()) {
+        if (selection.contains(const_cast<CItemModel *>(item)))
+            return true;
+    }
+    return false;
+}
+
+QPointF CScreenScene::snappedPosition(const QPointF &proposed, const QVector<CItemModel *> &moving)
+{
+    QVector<SnapRule::Candidate> across;
+    QVector<SnapRule::Candidate> down;
+    for (CItemView *view : itemViews()) {
+        if (view->isSelected() || isUnderSelection(view->item(), moving))
+            continue;
+        const QRectF rect = view->sceneRect();
+        across << SnapRule::Candidate{rect.left(), view} << SnapRule::Candidate{rect.right(), view}
+               << SnapRule::Candidate{(rect.left() + rect.right()) / 2, view};
+        down << SnapRule::Candidate{rect.top(), view} << SnapRule::Candidate{rect.bottom(), view}
+             << SnapRule::Candidate{(rect.top() + rect.bottom()) / 2, view};
+    }
+    SnapRule::appendGridLines(across, proposed.x(), m_gridSpacing);
+    SnapRule::appendGridLines(down, proposed.y(), m_gridSpacing);
+    const SnapRule::Candidate x = SnapRule::nearest(across, proposed.x());
+    const SnapRule::Candidate y = SnapRule::nearest(down, proposed.y());
+
+    hideGuides();
+    for (CItemView *view : {x.view, y.view}) {
+        if (view)
+            view->showGuides(visibleRect());
+    }
+    return {x.position, y.position};
+}
+
+QPointF CScreenScene::snapped(const QPointF &proposed)
+{
+    return snappedPosition(proposed, {});
+}
+
+void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
+        !isGestureActive())
+        event->setModifiers(event->modifiers() | Qt::ControlModifier);
+    QGraphicsScene::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    finishMove();
+    forgetPress();
+    m_cancelled = false;
+    highlightObjectBehind(true);
+}
+
+/// Puts the dragged items back and tells where they were left.
+void CScreenScene::finishMove()
+{
+    const auto move = std::move(m_move); // over from here on
+    if (!move || !isGestureActive())
+        return;
+    const QVector<CItemChanges> gesture = std::exchange(m_gesture, {});
+    QVector<CItemModel *> items;
+    QVector<QPointF> positions;
+    for (const CItemChanges &each : gesture) {
+        if (!each.isAnyChanged())
+            continue;
+        items.append(each.item());
+        positions.append(QPointF(each.item()->x(), each.item()->y()));
+    }
+    for (const CItemChanges &each : gesture) {
+        each.restore();
+        viewOf(each.item())->updatePosition();
+    }
+    if (!items.isEmpty())
+        Q_EMIT itemsDragged(items, positions);
+    Q_EMIT gestureEnded();
+}
+
+void CScreenScene::forgetPress()
+{
+    m_pressed = nullptr;
+    m_others.clear();
+    m_move.reset();
+    hideGuides();
+}

@@ -1,0 +1,285 @@
+#include "CScreenView.h"
+
+#include "CEditorState.h"
+#include "CFrameItem.h"
+#include "CGestureReadout.h"
+#include "CImageFileConverter.h"
+#include "CItemModel.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CZoomComboWidget.h"
+#include "ZoomRule.h"
+
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace {
+constexpr int Margin = 48;     ///< screen pixels about the screen that can be scrolled to
+constexpr int RestAfter = 150; ///< milliseconds without a change
+constexpr int ShadowWidth = 6; ///< screen pixels
+constexpr int ShadowAlpha = 14;
+
+struct Counts
+{
+    int widgets = 0;
+    int bitmaps = 0;
+};
+
+void count(const CItemModel &parent, Counts &counts)
+{
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        const CItemModel *item = parent.childItem(row);
+        if (!item)
+            continue;
+        counts.widgets += item->kind() == CItemModel::Kind::Widget ? 1 : 0;
+        counts.bitmaps += item->itemTypeName() == QLatin1String("Kiv_Bitmap_T") ? 1 : 0;
+        count(*item, counts);
+    }
+}
+} // namespace
+
+CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
+    : QGraphicsView(parent),
+      m_scene(new CScreenScene(screen, this)),
+      m_converter(new CImageFileConverter(this)),
+      m_restTimer(new QTimer(this)),
+      m_readout(new CGestureReadout(viewport()))
+{
+    setScene(m_scene);
+    setFrameShape(NoFrame);
+    setDragMode(RubberBandDrag);
+    setAcceptDrops(true);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setTransformationAnchor(NoAnchor);
+    setViewportUpdateMode(SmartViewportUpdate);
+    m_restTimer->setSingleShot(true);
+    m_restTimer->setInterval(RestAfter);
+    connect(m_restTimer, &QTimer::timeout, this, &CScreenView::settle);
+    connectScene();
+
+    CEditorState *state = CEditorState::instance();
+    connect(state, &CEditorState::zoomChanged, this, &CScreenView::zoom);
+    connect(this, QOverload<int>::of(&CScreenView::zoomChanged), state, &CEditorState::reportZoom);
+    connect(m_converter, &CImageFileConverter::failed, this, &CScreenView::message);
+    connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
+    zoom(state->zoomPercent(), state->zoomType());
+}
+
+CScreenView::~CScreenView()
+{
+    detach();
+}
+
+void CScreenView::connectScene()
+{
+    connect(m_scene, &CScreenScene::gestureReported, this, &CScreenView::showReadout);
+    connect(m_scene, &CScreenScene::gestureEnded, m_readout, &QWidget::hide);
+    connect(m_scene, &CScreenScene::itemsDragged, this, &CScreenView::itemsDragged);
+    connect(m_scene, &CScreenScene::contentChanged, this, &CScreenView::frameWanted);
+    connect(m_scene, &CScreenScene::itemsChanged, this, &CScreenView::reportCounts);
+}
+
+CScreenModel *CScreenView::screen() const
+{
+    return m_scene->screen();
+}
+
+void CScreenView::detach()
+{
+    m_restTimer->stop();
+    m_readout->hide();
+    disconnect(CEditorState::instance(), nullptr, this, nullptr);
+    m_scene->disconnect(this);
+    m_scene->detach();
+}
+
+bool CScreenView::isGestureActive() const
+{
+    return m_scene->isGestureActive();
+}
+
+void CScreenView::setFrame(const QPixmap &frame)
+{
+    m_scene->setFrame(frame);
+    becomeBusy();
+    if (isVisible())
+        viewport()->update();
+}
+
+void CScreenView::setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes)
+{
+    m_displayListMemory = displayListBytes;
+    m_graphicsMemory = graphicsMemoryBytes;
+    Q_EMIT memoryUsageChanged(displayListBytes, graphicsMemoryBytes);
+}
+
+void CScreenView::setDisplayList(const QString &text, const QByteArray &bytes)
+{
+    m_displayListText = text;
+    m_displayListBytes = bytes;
+}
+
+void CScreenView::reportCounts()
+{
+    if (!screen())
+        return;
+    Counts counts;
+    count(*screen(), counts);
+    Q_EMIT widgetDropped(counts.widgets);
+    Q_EMIT bitmapDropped(counts.bitmaps);
+}
+
+void CScreenView::updateRepaint()
+{
+    if (!screen())
+        return;
+    const QRectF rect(QPointF(), QSizeF(screen()->project()->resolution()));
+    if (rect != m_scene->sceneRect()) {
+        m_scene->setSceneRect(rect);
+        updateMargins();
+        zoom(m_zoomType == CZoomComboWidget::FreeValue ? m_zoom : fitted(m_zoom), m_zoomType);
+    }
+    Q_EMIT frameWanted();
+    viewport()->update();
+}
+
+void CScreenView::showReadout(const QString &text)
+{
+    m_readout->showAt(viewport()->mapFromGlobal(QCursor::pos()), text);
+}
+
+// --- zoom ---
+
+int CScreenView::fitted(int percent) const
+{
+    if (m_zoomType == CZoomComboWidget::FitToPage)
+        return ZoomRule::pageFit(size(), m_scene->sceneRect().size());
+    if (m_zoomType == CZoomComboWidget::FitToWidth) {
+        const QScrollBar *bar = verticalScrollBar();
+        return ZoomRule::widthFit(width(), bar->isVisible() ? bar->width() : 0,
+                                  m_scene->sceneRect().width());
+    }
+    return percent;
+}
+
+void CScreenView::zoom(int percent, int type)
+{
+    if (type != m_zoomType) {
+        m_zoomType = type;
+        const bool page = type == CZoomComboWidget::FitToPage;
+        const bool width = type == CZoomComboWidget::FitToWidth;
+        setHorizontalScrollBarPolicy(page || width ? Qt::ScrollBarAlwaysOff
+                                                   : Qt::ScrollBarAsNeeded);
+        setVerticalScrollBarPolicy(page ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+        updateMargins();
+        percent = fitted(percent);
+    }
+    if (isVisible())
+        applyZoom(percent);
+    m_zoom = m_zoomType == CZoomComboWidget::FreeValue ? ZoomRule::clamped(percent) : percent;
+}
+
+/// Zooms about the scene point in the middle of the view.
+void CScreenView::applyZoom(int percent)
+{
+    const QPointF centre((horizontalScrollBar()->value() + width() * 0.5) / scale(),
+                         (verticalScrollBar()->value() + height() * 0.5) / scale());
+    const QPointF before = mapFromScene(centre);
+    setZoom(percent);
+    const QPointF moved = mapFromScene(centre) - before;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(moved.x()));
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(moved.y()));
+    Q_EMIT viewportMoved();
+}
+
+void CScreenView::setZoom(int percent)
+{
+    if (m_zoomType == CZoomComboWidget::FreeValue)
+        percent = ZoomRule::clamped(percent);
+    if (percent <= 0) // a view without an area
+        return;
+    const double factor = percent / (transform().m11() * 100);
+    QGraphicsView::scale(factor, factor);
+    becomeBusy();
+    updateMargins();
+    Q_EMIT scaleChanged(transform().m11());
+    if (percent != m_zoom) {
+        m_zoom = percent;
+        Q_EMIT zoomChanged(percent);
+        Q_EMIT zoomChanged(percent, m_zoomType);
+    }
+}
+
+/// Lets the free zoom scroll a little beyond the screen, where handles may lie.
+void CScreenView::updateMargins()
+{
+    const double margin =
+        m_zoomType == CZoomComboWidget::FreeValue ? Margin / transform().m11() : 0;
+    setSceneRect(m_scene->sceneRect().adjusted(-margin, -margin, margin, margin));
+}
+
+void CScreenView::becomeBusy()
+{
+    if (CFrameItem *frame = m_scene->frameItem())
+        frame->setAtRest(false);
+    m_restTimer->start();
+}
+
+void CScreenView::settle()
+{
+    if (CFrameItem *frame = m_scene->frameItem())
+        frame->setAtRest(true);
+}
+
+void CScreenView::resizeEvent(QResizeEvent *event)
+{
+    QGraphicsView::resizeEvent(event);
+    if (m_zoomType != CZoomComboWidget::FreeValue && isVisible())
+        applyZoom(fitted(m_zoom));
+    Q_EMIT viewportMoved();
+}
+
+void CScreenView::showEvent(QShowEvent *event)
+{
+    QGraphicsView::showEvent(event);
+    applyZoom(fitted(m_zoom));
+    Q_EMIT frameWanted();
+    viewport()->update();
+    reportCounts();
+}
+
+void CScreenView::scrollContentsBy(int dx, int dy)
+{
+    QGraphicsView::scrollContentsBy(dx, dy);
+    Q_EMIT viewportMoved();
+}
+
+void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    const QColor window = palette().color(QPalette::Window);
+    const bool isDark = window.lightness() < 128;
+    painter->fillRect(rect, isDark ? window.darker(130) : window.lighter(106));
+    const QRectF page = m_scene->sceneRect();
+    const double pixel = 1 / transform().m11();
+    QColor shade = Qt::black;
+    shade.setAlpha(ShadowAlpha);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(shade);
+    for (int width = 1; width <= ShadowWidth; ++width)
+        painter->drawRoundedRect(page.adjusted(-width, -width, width, width)
+                                     .translated(0, 1)
+                                     .adjusted(width - width * pixel, width - width * pixel,
+                                               width * pixel - width, width * pixel - width),
+                                 width * pixel, width * pixel);
+    painter->fillRect(page, screen() ? QColor(screen()->propertyText(QStringLiteral("color")))
+                                     : QColor(Qt::black));
+    QColor outline = palette().color(QPalette::WindowText);
+    outline.setAlphaF(0.35);
+    painter->setPen(QPen(outline, 0));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(page.adjusted(-pixel, -pixel, 0, 0));
+    QGraphicsView::drawBackground(painter, rect);
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <QGraphicsView>
+
+#include <cstddef>
+#include <optional>
+
+class CGestureReadout;
+class CImageFileConverter;
+class CItemModel;
+class CScreenModel;
+class CScreenScene;
+class QMimeData;
+struct SConvertedImage;
+
+/// Shows the canvas of one screen and turns what the user does there into commands on the project's
+/// undo stack: drops, keys, the context menu, the clipboard, drags. Zooms and pans.
+class CScreenView final : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    explicit CScreenView(CScreenModel *screen, QWidget *parent = nullptr);
+    ~CScreenView() override;
+
+    CScreenModel *screen() const;
+    CScreenScene *screenScene() const { return m_scene; }
+    /// Lets go of the screen, which is about to go.
+    void detach();
+
+    // The answers of the emulator.
+    void setFrame(const QPixmap &frame);
+    void setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes);
+    void setDisplayList(const QString &text, const QByteArray &bytes);
+    QString lastDisplayListText() const { return m_displayListText; }
+    QByteArray lastDisplayListBytes() const { return m_displayListBytes; }
+
+    QVector<CItemModel *> selectedItems() const; ///< front first
+    bool isGestureActive() const;
+    int zoomPercent() const { return m_zoom; }
+    int zoomType() const { return m_zoomType; }
+    double scale() const { return transform().m11(); }
+    /// Counts widgets and bitmaps and tells them.
+    void reportCounts();
+
+Q_SIGNALS:
+    void mouseMovedSC(QPoint position); ///< scene units
+    void pointerLeft();
+    void widgetDropped(qint32 widgets); ///< how many the screen has
+    void bitmapDropped(qint32 bitmaps);
+    void memoryUsageChanged(size_t displayListBytes, size_t graphicsMemoryBytes);
+    void zoomChanged(int percent);
+    void zoomChanged(int percent, int type);
+    void scaleChanged(qreal scale);
+    void viewportMoved(); ///< scrolled, zoomed or resized
+    void itemMoved(CItemModel *item, QPointF oldPosition, QPointF newPosition);
+    void message(const QString &text);
+    void frameWanted(); ///< the screen looks different now
+
+public Q_SLOTS:
+    void copy();
+    void paste();
+    void cut();
+    void selectAll();
+    void selectNone();
+    void selectInverse();
+    void deleteSelectedItems();
+    void orderingToFront();
+    void orderingToBack();
+    void orderingForward();
+    void orderingBackward();
+    /// Unlocks the selected items when all are locked, locks them otherwise.
+    void lockItems();
+    void group();
+    void ungroup();
+    void updateRepaint();
+    /// Percentage and CZoomComboWidget::Type.
+    void zoom(int percent, int type);
+    /// Writes a move back to the model: from where the item is to the new position.
+    void itemsMoved(CItemModel *item, QPointF oldPosition, QPointF newPosition);
+
+protected:
+    bool event(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void drawBackground(QPainter *painter, const QRectF &rect) override;
+
+private:
+    void connectScene();
+    void showReadout(const QString &text);
+    void selectCreated(const QVector<CItemModel *> &items);
+    void itemsDragged(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    void nudge(int dx, int dy);
+    void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    void selectNext();
+    bool beginPan(const QMouseEvent &event);
+    void endPan();
+    void selectUnder(const QPoint &position);
+    void selectCovered(const QPoint &position);
+    bool dropFiles(const QMimeData &dropped, const QPointF &scenePos);
+    void create(const QString &type, const QPointF &scenePos, const QString &file);
+    std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
+    bool fitsMemory(const SConvertedImage &image);
+    int fitted(int percent) const;
+    void setZoom(int percent);
+    void applyZoom(int percent);
+    void updateMargins();
+    void settle();
+    void becomeBusy();
+
+    CScreenScene *m_scene;
+    int m_zoom = 100; ///< percent
+    int m_zoomType = 0;
+    CImageFileConverter *m_converter; ///< a child
+    QTimer *m_restTimer;
+    CGestureReadout *m_readout;
+    QString m_displayListText;
+    QByteArray m_displayListBytes;
+    size_t m_displayListMemory = 0;
+    size_t m_graphicsMemory = 0;
+    QPoint m_panPos;
+    bool m_panning = false;
+    bool m_spaceHeld = false;
+};

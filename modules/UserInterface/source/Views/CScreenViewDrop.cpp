@@ -1,0 +1,195 @@
+// What is dropped on a screen: kinds from the palette, image and media files.
+#include "CBitmapFormatTable.h"
+#include "CCommandAddItem.h"
+#include "CEditorState.h"
+#include "CImageFileConverter.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CScreenView.h"
+#include "CWidgetLibraryModel.h"
+#include "CWidgetModel.h"
+#include "PropertyKey.h"
+
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QUndoStack>
+
+namespace {
+const QString CreateMime = QStringLiteral("widget-create");
+const QString MoveMime = QStringLiteral("widget-move");
+const QString BitmapType = QStringLiteral("Kiv_Bitmap_T");
+const QString MediaType = QStringLiteral("Kiv_Media_T");
+const QString NoFormat = QStringLiteral("None");
+
+void set(CItemModel &item, const QString &key, const QVariant &value)
+{
+    if (item.hasProperty(key)) // it is in no tree yet, so nobody is told
+        item.setProperty(key, value, CItemModel::Notify::No);
+}
+
+void placeAt(CItemModel &item, const QPointF &position)
+{
+    const auto x = static_cast<int>(roundedToInteger(position.x()));
+    const auto y = static_cast<int>(roundedToInteger(position.y()));
+    const auto x2 = static_cast<int>(roundedToInteger(item.x2() + x - item.x()));
+    const auto y2 = static_cast<int>(roundedToInteger(item.y2() + y - item.y()));
+    set(item, PropertyKey::X, x);
+    set(item, PropertyKey::Y, y);
+    set(item, PropertyKey::X2, x2);
+    set(item, PropertyKey::Y2, y2);
+}
+
+void takeImage(CItemModel &item, const SConvertedImage &image)
+{
+    set(item, PropertyKey::BitmapWidth, image.bwidth);
+    set(item, PropertyKey::BitmapHeight, image.bheight);
+    if (image.bwidth > 0 && image.bheight > 0) {
+        set(item, PropertyKey::Width, image.bwidth);
+        set(item, PropertyKey::Height, image.bheight);
+    }
+    set(item, PropertyKey::BaseName, image.basename);
+    set(item, PropertyKey::Suffix, image.suffix);
+    set(item, PropertyKey::BitmapFolder, image.bfolder);
+    set(item, PropertyKey::Format, image.suffix == QLatin1String("raw") ? NoFormat : image.format);
+    set(item, PropertyKey::Video, image.video);
+}
+
+bool isMediaFile(const QString &file)
+{
+    return QFileInfo(file).suffix().compare(QLatin1String("avi"), Qt::CaseInsensitive) == 0;
+}
+
+bool isImageFile(const QString &file)
+{
+    static const QStringList suffixes = {QStringLiteral("png"), QStringLiteral("jpg"),
+                                         QStringLiteral("bmp"), QStringLiteral("raw")};
+    return suffixes.contains(QFileInfo(file).suffix().toLower());
+}
+
+QStringList droppedFiles(const QMimeData &data)
+{
+    QStringList files;
+    for (const QUrl &url : data.urls()) {
+        const QString file = url.toLocalFile();
+        if (isImageFile(file) || isMediaFile(file))
+            files.append(file);
+    }
+    return files;
+}
+
+bool isWelcome(const QMimeData &data)
+{
+    return data.hasFormat(CreateMime) || data.hasFormat(MoveMime) || !droppedFiles(data).isEmpty();
+}
+} // namespace
+
+void CScreenView::dragEnterEvent(QDragEnterEvent *event)
+{
+    event->setAccepted(isWelcome(*event->mimeData()));
+}
+
+void CScreenView::dragMoveEvent(QDragMoveEvent *event)
+{
+    event->setAccepted(isWelcome(*event->mimeData()));
+    const QPointF scenePos = mapToScene(event->pos());
+    Q_EMIT mouseMovedSC(scenePos.toPoint());
+    if (event->isAccepted() && CEditorState::instance()->isSnapToGrid())
+        m_scene->snapped(scenePos); // shows what it would snap to
+}
+
+void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    m_scene->hideGuides();
+    event->accept();
+}
+
+void CScreenView::dropEvent(QDropEvent *event)
+{
+    m_scene->hideGuides();
+    const QPointF scenePos = mapToScene(event->pos());
+    const QMimeData &dropped = *event->mimeData();
+    if (dropped.hasFormat(CreateMime)) {
+        event->acceptProposedAction();
+        create(QString::fromUtf8(dropped.data(CreateMime)), scenePos, QString());
+    } else if (dropFiles(dropped, scenePos)) {
+        event->acceptProposedAction();
+    } else {
+        event->ignore();
+    }
+    setFocus();
+}
+
+bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)
+{
+    QPointF place = scenePos;
+    const QStringList files = droppedFiles(dropped);
+    for (const QString &file : files) {
+        create(isMediaFile(file) ? MediaType : BitmapType, place, file);
+        place += QPointF(CEditorState::instance()->gridSpacing(),
+                         CEditorState::instance()->gridSpacing());
+    }
+    return !files.isEmpty();
+}
+
+/// Asks for the file of a bitmap or media widget unless it was dropped. Nothing when there is none,
+/// or it could not be converted (which the converter tells).
+std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString file)
+{
+    const bool isMedia = item.itemTypeName() == MediaType;
+    if (file.isEmpty())
+        file = isMedia
+                   ? QFileDialog::getOpenFileName(this, tr("Select media file to use"), QString(),
+                                                  tr("Media Files (*.jpg *.png *.avi)"))
+                   : QFileDialog::getOpenFileName(this, tr("Select image file to use"), QString(),
+                                                  tr("Image Files (*.png *.jpg *.bmp *.raw)"));
+    if (file.isEmpty())
+        return {};
+    set(item, PropertyKey::FileName, file);
+    if (isMedia)
+        return CImageFileConverter::mediaImage(file);
+    const QString format = item.propertyText(PropertyKey::Format);
+    if (!m_converter->convert(file, format))
+        return {};
+    return CImageFileConverter::convertedImage(file, format);
+}
+
+bool CScreenView::fitsMemory(const SConvertedImage &image)
+{
+    const auto needed = static_cast<size_t>(QFileInfo(image.path).size());
+    if (needed + m_graphicsMemory < screen()->project()->graphicsMemorySize())
+        return true;
+    QMessageBox::warning(this, tr("RAM_G size is limited!"), tr("File size is too big"),
+                         QMessageBox::Ok);
+    return false;
+}
+
+void CScreenView::create(const QString &type, const QPointF &scenePos, const QString &file)
+{
+    CProjectModel *project = screen()->project();
+    if (!project->library() || !project->library()->contains(type)) {
+        Q_EMIT message(tr("There is no widget kind %1.").arg(type));
+        return;
+    }
+    auto item = std::make_unique<CWidgetModel>(type, project->library(), project);
+    const bool snaps = CEditorState::instance()->isSnapToGrid();
+    placeAt(*item, snaps ? m_scene->snapped(scenePos) : scenePos);
+    m_scene->hideGuides();
+    set(*item, PropertyKey::Id, static_cast<int>(project->unusedId()));
+    if (type == BitmapType || type == MediaType) {
+        const std::optional<SConvertedImage> image = imageFor(*item, file);
+        if (!image) {
+            Q_EMIT message(tr("No image was added."));
+            return;
+        }
+        if (!fitsMemory(*image))
+            return;
+        takeImage(*item, *image);
+    }
+    CItemModel *made = item.release();
+    project->undoStack()->push(new CCommandAddItem(screen(), made));
+    selectCreated({made});
+}

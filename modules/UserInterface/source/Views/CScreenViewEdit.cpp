@@ -1,0 +1,198 @@
+// What the user does to the selection of a screen by menu, keys and clipboard.
+#include "CCommandChangeItemProperty.h"
+#include "CItemModel.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CScreenView.h"
+#include "ItemOperations.h"
+#include "PropertyKey.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QUndoStack>
+
+namespace {
+/// One coordinate and, of items between two points, its companion at the other end.
+void pushAxis(QUndoStack &stack, CItemModel *item, const QString &key, const QString &secondKey,
+              double target)
+{
+    const QVariant old = item->propertyValue(key);
+    const auto whole = static_cast<int>(roundedToInteger(target));
+    if (old.toString() == QString::number(whole))
+        return;
+    const double by = whole - old.toDouble();
+    const QVariant oldSecond = item->propertyValue(secondKey);
+    stack.push(new CCommandChangeItemProperty(item, key, whole, old));
+    if (oldSecond.isValid())
+        stack.push(new CCommandChangeItemProperty(
+            item, secondKey, static_cast<int>(roundedToInteger(oldSecond.toDouble() + by)),
+            oldSecond));
+}
+
+bool isBetweenTwoPoints(const CItemModel &item)
+{
+    return item.hasProperty(PropertyKey::X2) || item.hasProperty(PropertyKey::Y2);
+}
+} // namespace
+
+QVector<CItemModel *> CScreenView::selectedItems() const
+{
+    return m_scene->selectedModelItems();
+}
+
+void CScreenView::selectCreated(const QVector<CItemModel *> &items)
+{
+    m_scene->selectModelItems(items);
+    Q_EMIT m_scene->QGraphicsScene::selectionChanged();
+}
+
+void CScreenView::copy()
+{
+    if (QMimeData *copied = ItemOperations::toMimeData(selectedItems()))
+        QGuiApplication::clipboard()->setMimeData(copied);
+}
+
+void CScreenView::cut()
+{
+    const QVector<CItemModel *> items = selectedItems();
+    copy();
+    ItemOperations::remove(*screen(), items, tr("Cut"));
+}
+
+void CScreenView::paste()
+{
+    const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+    if (!ItemOperations::canPaste(copied))
+        return;
+    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied);
+    if (!pasted.isEmpty())
+        selectCreated(pasted);
+}
+
+void CScreenView::selectAll()
+{
+    QVector<CItemModel *> items;
+    for (int row = 0; row < screen()->rowCount(); ++row)
+        items.append(screen()->childItem(row));
+    selectCreated(items);
+}
+
+void CScreenView::selectNone()
+{
+    selectCreated({});
+}
+
+void CScreenView::selectInverse()
+{
+    const QVector<CItemModel *> selected = selectedItems();
+    QVector<CItemModel *> items;
+    for (int row = 0; row < screen()->rowCount(); ++row) {
+        CItemModel *item = screen()->childItem(row);
+        if (!selected.contains(item))
+            items.append(item);
+    }
+    selectCreated(items);
+}
+
+void CScreenView::deleteSelectedItems()
+{
+    ItemOperations::remove(*screen(), selectedItems(), tr("Delete Selected Items"));
+}
+
+void CScreenView::orderingToFront()
+{
+    ItemOperations::toFront(*screen(), selectedItems());
+}
+
+void CScreenView::orderingToBack()
+{
+    ItemOperations::toBack(*screen(), selectedItems());
+}
+
+void CScreenView::orderingForward()
+{
+    ItemOperations::forward(*screen(), selectedItems());
+}
+
+void CScreenView::orderingBackward()
+{
+    ItemOperations::backward(*screen(), selectedItems());
+}
+
+void CScreenView::group()
+{
+    if (CItemModel *made = ItemOperations::group(*screen(), selectedItems()))
+        selectCreated({made});
+}
+
+void CScreenView::ungroup()
+{
+    const QVector<CItemModel *> members = ItemOperations::ungroup(*screen(), selectedItems());
+    if (!members.isEmpty())
+        selectCreated(members);
+}
+
+void CScreenView::lockItems()
+{
+    const QVector<CItemModel *> items = selectedItems();
+    const bool lock = !std::all_of(items.begin(), items.end(),
+                                   [](const CItemModel *each) { return each->isLocked(); });
+    for (CItemModel *each : items) {
+        each->setLocked(lock);
+        each->notifyGeometryChanged(); // panels look at the lock as well
+    }
+}
+
+// --- moving ---
+
+void CScreenView::itemsMoved(CItemModel *item, QPointF, QPointF newPosition)
+{
+    QUndoStack &stack = *screen()->project()->undoStack();
+    const bool both = isBetweenTwoPoints(*item);
+    if (both)
+        stack.beginMacro(tr("Move Object"));
+    pushAxis(stack, item, PropertyKey::X, PropertyKey::X2, newPosition.x());
+    pushAxis(stack, item, PropertyKey::Y, PropertyKey::Y2, newPosition.y());
+    if (both)
+        stack.endMacro();
+}
+
+void CScreenView::moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions)
+{
+    for (int index = 0; index < items.size(); ++index) {
+        CItemModel *item = items.at(index);
+        Q_EMIT itemMoved(item, QPointF(item->x(), item->y()), newPositions.at(index));
+    }
+}
+
+void CScreenView::itemsDragged(const QVector<CItemModel *> &items,
+                               const QVector<QPointF> &newPositions)
+{
+    const bool isOneLine = items.size() == 1 && isBetweenTwoPoints(*items.constFirst());
+    QUndoStack &stack = *screen()->project()->undoStack();
+    if (!isOneLine)
+        stack.beginMacro(tr("Move Selected Items"));
+    moveAll(items, newPositions);
+    if (!isOneLine)
+        stack.endMacro();
+}
+
+void CScreenView::nudge(int dx, int dy)
+{
+    QVector<CItemModel *> items;
+    QVector<QPointF> positions;
+    for (CItemModel *each : selectedItems()) {
+        if (each->isLocked())
+            continue;
+        items.append(each);
+        positions.append(QPointF(each->x() + dx, each->y() + dy));
+    }
+    QUndoStack &stack = *screen()->project()->undoStack();
+    if (items.size() > 1)
+        stack.beginMacro(tr("Move Selected Items")); // several items are one step as well
+    moveAll(items, positions);
+    if (items.size() > 1)
+        stack.endMacro();
+}

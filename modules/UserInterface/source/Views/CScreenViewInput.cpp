@@ -1,0 +1,264 @@
+// Mouse, wheel, keys and the context menu of a screen.
+#include "CItemModel.h"
+#include "CItemView.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CScreenView.h"
+#include "CZoomComboWidget.h"
+#include "ItemOperations.h"
+#include "ZoomRule.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+constexpr int NudgeStep = 20; ///< scene units
+constexpr int FineNudgeStep = 1;
+} // namespace
+
+bool CScreenView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isGestureActive()) {
+        event->accept(); // an undo in the middle of a drag would pull the ground from under it
+        return true;
+    }
+    return QGraphicsView::event(event);
+}
+
+bool CScreenView::focusNextPrevChild(bool next)
+{
+    return next ? false : QGraphicsView::focusNextPrevChild(next); // Tab goes through the items
+}
+
+void CScreenView::keyPressEvent(QKeyEvent *event)
+{
+    const bool isShiftAlone = event->modifiers() == Qt::ShiftModifier;
+    const int step = isShiftAlone ? FineNudgeStep : NudgeStep;
+    if (isGestureActive() && event->key() != Qt::Key_Escape) {
+        event->accept();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return nudge(-step, 0);
+    case Qt::Key_Right:
+        return nudge(step, 0);
+    case Qt::Key_Up:
+        return nudge(0, -step);
+    case Qt::Key_Down:
+        return nudge(0, step);
+    case Qt::Key_Tab:
+        if (isShiftAlone) {
+            event->ignore();
+            return;
+        }
+        selectNext();
+        event->accept();
+        return;
+    case Qt::Key_Escape:
+        if (!isGestureActive())
+            break;
+        m_scene->cancelGesture();
+        event->accept();
+        return;
+    case Qt::Key_Space:
+        if (!event->isAutoRepeat()) {
+            m_spaceHeld = true;
+            viewport()->setCursor(Qt::OpenHandCursor);
+        }
+        event->accept();
+        return;
+    default:
+        break;
+    }
+    QGraphicsView::keyPressEvent(event); // the focused item may know it
+    event->ignore();
+}
+
+void CScreenView::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+        m_spaceHeld = false;
+        if (!m_panning)
+            viewport()->unsetCursor();
+        event->accept();
+        return;
+    }
+    QGraphicsView::keyReleaseEvent(event);
+}
+
+void CScreenView::selectNext()
+{
+    const int rows = screen()->rowCount();
+    if (rows == 0)
+        return;
+    const QVector<CItemModel *> selected = selectedItems();
+    const int next = selected.isEmpty() ? 0 : (selected.constLast()->row() + 1) % rows;
+    selectCreated({screen()->childItem(next)});
+}
+
+// --- mouse ---
+
+bool CScreenView::beginPan(const QMouseEvent &event)
+{
+    const bool isSpaceDrag = m_spaceHeld && event.button() == Qt::LeftButton;
+    if (event.button() != Qt::MiddleButton && !isSpaceDrag)
+        return false;
+    m_panning = true;
+    m_panPos = event.pos();
+    viewport()->setCursor(Qt::ClosedHandCursor);
+    return true;
+}
+
+void CScreenView::endPan()
+{
+    m_panning = false;
+    if (m_spaceHeld)
+        viewport()->setCursor(Qt::OpenHandCursor);
+    else
+        viewport()->unsetCursor();
+}
+
+void CScreenView::selectUnder(const QPoint &position)
+{
+    const QList<CItemView *> views =
+        m_scene->selectableViewsAt(mapToScene(position), viewportTransform());
+    for (const CItemView *view : views) {
+        if (view->isSelected())
+            return; // a menu for several items
+    }
+    selectCreated(views.isEmpty() ? QVector<CItemModel *>()
+                                  : QVector<CItemModel *>{views.constFirst()->item()});
+}
+
+/// Each time the next item behind the selected one, and then the front one again.
+void CScreenView::selectCovered(const QPoint &position)
+{
+    const QList<CItemView *> views =
+        m_scene->selectableViewsAt(mapToScene(position), viewportTransform());
+    if (views.isEmpty())
+        return;
+    int next = 0;
+    for (int index = 0; index < views.size(); ++index) {
+        if (views.at(index)->isSelected())
+            next = (index + 1) % views.size();
+    }
+    selectCreated({views.at(next)->item()});
+}
+
+void CScreenView::mousePressEvent(QMouseEvent *event)
+{
+    if (beginPan(*event))
+        return;
+    if (event->button() == Qt::RightButton) {
+        if (!isGestureActive())
+            selectUnder(event->pos());
+        return;
+    }
+    const bool isOnHandle =
+        m_scene->handleAt(mapToScene(event->pos()), viewportTransform()) != nullptr;
+    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::AltModifier && !isOnHandle) {
+        selectCovered(event->pos());
+        return;
+    }
+    QGraphicsView::mousePressEvent(event);
+}
+
+void CScreenView::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPointF scenePos = mapToScene(event->pos());
+    Q_EMIT mouseMovedSC(QPoint(static_cast<int>(std::floor(scenePos.x())),
+                               static_cast<int>(std::floor(scenePos.y()))));
+    if (m_panning) {
+        const QPoint by = event->pos() - m_panPos;
+        m_panPos = event->pos();
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
+        return;
+    }
+    QGraphicsView::mouseMoveEvent(event);
+}
+
+void CScreenView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_panning) {
+        endPan();
+        return;
+    }
+    if (event->button() == Qt::RightButton)
+        return;
+    QGraphicsView::mouseReleaseEvent(event);
+}
+
+void CScreenView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event); // two quick presses are two presses
+}
+
+void CScreenView::leaveEvent(QEvent *event)
+{
+    QGraphicsView::leaveEvent(event);
+    Q_EMIT pointerLeft();
+}
+
+void CScreenView::wheelEvent(QWheelEvent *event)
+{
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        event->accept();
+        if (m_zoomType != CZoomComboWidget::FreeValue)
+            return;
+        const QPointF under = mapToScene(event->position().toPoint());
+        const QPoint before = mapFromScene(under);
+        setZoom(ZoomRule::wheelStep(m_zoom, event->angleDelta().y()));
+        const QPoint moved = mapFromScene(under) - before;
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
+        Q_EMIT viewportMoved();
+        return;
+    }
+    if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+        QWheelEvent plain(event->position(), event->globalPosition(), event->pixelDelta(),
+                          event->angleDelta(), event->buttons(),
+                          event->modifiers() & ~Qt::ShiftModifier, event->phase(),
+                          event->inverted(), event->source());
+        QCoreApplication::sendEvent(horizontalScrollBar(), &plain);
+        event->accept();
+        return;
+    }
+    QGraphicsView::wheelEvent(event);
+}
+
+void CScreenView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QVector<CItemModel *> selected = selectedItems();
+    const bool any = !selected.isEmpty();
+    const bool anyGroup = std::any_of(selected.begin(), selected.end(), [](const CItemModel *each) {
+        return each->kind() == CItemModel::Kind::Group;
+    });
+    QMenu menu(this);
+    const auto add = [this, &menu](const QString &text, void (CScreenView::*slot)(), bool enabled) {
+        menu.addAction(text, this, slot)->setEnabled(enabled);
+    };
+    add(tr("Copy"), &CScreenView::copy, any);
+    add(tr("Paste"), &CScreenView::paste,
+        ItemOperations::canPaste(QGuiApplication::clipboard()->mimeData()));
+    add(tr("Cut"), &CScreenView::cut, any);
+    menu.addSeparator();
+    add(tr("Bring to Front"), &CScreenView::orderingToFront, any);
+    add(tr("Send to Back"), &CScreenView::orderingToBack, any);
+    add(tr("Bring Forward"), &CScreenView::orderingForward, any);
+    add(tr("Send Backward"), &CScreenView::orderingBackward, any);
+    add(selected.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
+        &CScreenView::lockItems, any);
+    add(tr("Group Selected"), &CScreenView::group, selected.size() > 1);
+    add(tr("Ungroup"), &CScreenView::ungroup, anyGroup);
+    menu.exec(event->globalPos());
+}

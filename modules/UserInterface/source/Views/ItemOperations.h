@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QVector>
+
+class CItemModel;
+class CScreenModel;
+class QMimeData;
+class QUndoStack;
+
+/// What a user does to the selected items of one screen, recorded on its project's undo stack.
+/// The items are direct rows of the screen, front first. An operation that changes nothing records
+/// nothing.
+namespace ItemOperations {
+using Items = QVector<CItemModel *>;
+
+void toFront(CScreenModel &screen, const Items &items);
+void toBack(CScreenModel &screen, const Items &items);
+void forward(CScreenModel &screen, const Items &items);
+void backward(CScreenModel &screen, const Items &items);
+
+/// The new group; null for fewer than two items.
+CItemModel *group(CScreenModel &screen, const Items &items);
+/// What were members of the groups among the items.
+Items ungroup(CScreenModel &screen, const Items &items);
+void remove(CScreenModel &screen, const Items &items, const QString &macroText);
+
+/// The items as clipboard data, owned by the caller; null for no items.
+QMimeData *toMimeData(const Items &items);
+bool canPaste(const QMimeData *data);
+/// The pasted items. They get unused ids, and names that no other item of the screen has.
+Items paste(CScreenModel &screen, const QMimeData &data);
+} // namespace ItemOperations

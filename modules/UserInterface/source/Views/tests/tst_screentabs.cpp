@@ -1,0 +1,169 @@
+// The tab area and the navigator: which screens are shown, and what becomes of them when screens
+// come, go and are renamed.
+#include "CCommandChangeItemProperty.h"
+#include "CCommandDeleteScreen.h"
+#include "CCommandOrderItem.h"
+#include "CScreen.h"
+#include "CScreenNavigator.h"
+#include "CScreenView.h"
+#include "CanvasTestSupport.h"
+
+#include <QTabBar>
+#include <QUndoStack>
+
+class tst_ScreenTabs : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QStringList texts(const CScreen &tabs)
+    {
+        QStringList names;
+        for (int index = 0; index < tabs.count(); ++index)
+            names.append(tabs.tabText(index));
+        return names;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { loadWidgetLibrary(); }
+
+    void screensAreOpenedOnceAndClosedWithoutLoss()
+    {
+        const auto project = newTestProject(3);
+        CScreen tabs;
+        tabs.setProject(project.get());
+        QCOMPARE(tabs.count(), 0);
+        QVERIFY(!tabs.currentView());
+        QVector<CScreenModel *> shown;
+        connect(&tabs, &CScreen::currentScreenChanged, this,
+                [&shown](CScreenModel *screen) { shown.append(screen); });
+        tabs.openScreen(project->screen(0));
+        tabs.openScreen(project->screen(2));
+        tabs.openScreen(project->screen(0));
+        QCOMPARE(texts(tabs), QStringList({"Page 1", "Page 3"}));
+        QCOMPARE(tabs.currentScreen(), project->screen(0));
+        QCOMPARE(shown, QVector<CScreenModel *>(
+                            {project->screen(0), project->screen(2), project->screen(0)}));
+        Q_EMIT tabs.tabCloseRequested(0);
+        QCOMPARE(texts(tabs), QStringList({"Page 3"}));
+        QCOMPARE(project->screenCount(), 3);
+        tabs.setProject(nullptr);
+        QCOMPARE(tabs.count(), 0);
+    }
+
+    void middleClickClosesATab()
+    {
+        const auto project = newTestProject(2);
+        CScreen tabs;
+        tabs.setProject(project.get());
+        tabs.openScreen(project->screen(0));
+        tabs.openScreen(project->screen(1));
+        tabs.resize(600, 400);
+        tabs.show();
+        QTest::mouseClick(tabs.tabBar(), Qt::MiddleButton, {}, tabs.tabBar()->tabRect(0).center());
+        QCOMPARE(texts(tabs), QStringList({"Page 2"}));
+        QCOMPARE(project->screenCount(), 2);
+    }
+
+    void aNewTabIsOneUndoStep()
+    {
+        const auto project = newTestProject();
+        CScreen tabs;
+        tabs.setProject(project.get());
+        tabs.newTab();
+        QCOMPARE(project->undoStack()->count(), 1);
+        QCOMPARE(project->screenCount(), 2);
+        QCOMPARE(tabs.currentScreen(), project->screen(1));
+        project->undoStack()->undo();
+        QCOMPARE(tabs.count(), 0);
+        project->undoStack()->redo();
+        QCOMPARE(texts(tabs), QStringList({"Page 2"}));
+    }
+
+    void tabsFollowRemovedMovedAndRenamedScreens()
+    {
+        const auto project = newTestProject(3);
+        QUndoStack &stack = *project->undoStack();
+        CScreen tabs;
+        tabs.setProject(project.get());
+        for (int row = 0; row < 3; ++row)
+            tabs.openScreen(project->screen(row));
+        QWidget *const page = tabs.widget(0);
+
+        stack.push(new CCommandOrderItem(project->screen(0), 2));
+        QCOMPARE(texts(tabs), QStringList({"Page 1", "Page 2", "Page 3"}));
+        QCOMPARE(tabs.widget(0), page); // the same tab, not a new one
+
+        stack.push(new CCommandDeleteScreen(project->screen(2)));
+        QCOMPARE(texts(tabs), QStringList({"Page 2", "Page 3"}));
+        stack.undo();
+        QVERIFY(texts(tabs).contains("Page 1"));
+
+        stack.push(new CCommandChangeItemProperty(project->screen(0), PropertyKey::Name,
+                                                  QStringLiteral("Home"),
+                                                  project->screen(0)->name()));
+        QVERIFY(texts(tabs).contains("Home"));
+        stack.undo();
+        QVERIFY(!texts(tabs).contains("Home"));
+    }
+
+    void selectionIsToldByTheCurrentTabOnly()
+    {
+        const auto project = newTestProject(2);
+        CItemModel *box = appendBox(project->screen(0), 10, 10, 40, 30);
+        CScreen tabs;
+        tabs.setProject(project.get());
+        tabs.openScreen(project->screen(0));
+        int told = 0;
+        connect(&tabs, &CScreen::selectionChanged, this, [&told] { ++told; });
+        tabs.selectItems({box});
+        QCOMPARE(told, 0); // what was asked for is not told back
+        QCOMPARE(tabs.selectedItems(), QList<CItemModel *>({box}));
+        tabs.currentView()->selectNone();
+        QCOMPARE(told, 1);
+        QVERIFY(tabs.selectedItems().isEmpty());
+    }
+
+    void theNavigatorListsEveryScreen()
+    {
+        const auto project = newTestProject(2);
+        CScreenNavigator navigator;
+        navigator.setProject(project.get());
+        project->appendRow(new CScreenModel(project.get()));
+        project->screen(1)->setProperty(PropertyKey::Name, QStringLiteral("Menu"));
+        QStringList names;
+        for (const auto &each : navigator.getScreenPixmaps())
+            names.append(each.first);
+        QCOMPARE(names, QStringList({"Page 1", "Menu", "Page 3"}));
+        QCOMPARE(navigator.item(1)->text(), QStringLiteral("Menu"));
+
+        QVector<CScreenModel *> activated;
+        connect(&navigator, &CScreenNavigator::screenActivated, this,
+                [&activated](CScreenModel *screen) { activated.append(screen); });
+        Q_EMIT navigator.itemClicked(navigator.item(2));
+        QCOMPARE(activated, QVector<CScreenModel *>({project->screen(2)}));
+        project->removeRow(0);
+        QCOMPARE(navigator.count(), 2);
+        navigator.setProject(nullptr);
+        QCOMPARE(navigator.count(), 0);
+    }
+
+    void aProjectGoesWhileItsTabsAreOpen()
+    {
+        auto project = newTestProject(2);
+        appendBox(project->screen(0), 10, 10, 40, 30);
+        CScreen tabs;
+        CScreenNavigator navigator;
+        tabs.setProject(project.get());
+        navigator.setProject(project.get());
+        tabs.openScreen(project->screen(0));
+        tabs.setProject(nullptr);
+        navigator.setProject(nullptr);
+        project.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(tabs.count(), 0);
+    }
+};
+
+QTEST_MAIN(tst_ScreenTabs)
+#include "tst_screentabs.moc"
