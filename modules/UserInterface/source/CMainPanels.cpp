@@ -1,42 +1,68 @@
 #include "CMainPanels.h"
 
+#include "CEditorState.h"
 #include "CMainWindow.h"
 #include "COutputWindowView.h"
 #include "CPlatformTable.h"
+#include "CProjectExplorerView.h"
 #include "CProjectModel.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "CScreenNavigator.h"
+#include "CStatusBar.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetSelectionPanel.h"
 #include "CWidgetSelectionView.h"
 
 #include <QDockWidget>
-#include <QTabWidget>
-#include <QTreeView>
+
+#include <functional>
 
 namespace {
-constexpr int SideWidth = 280;       // pixels, of the left docks
+constexpr int SideWidth = 308;       // pixels; three columns of the palette
 constexpr int PropertiesWidth = 320; // pixels
 constexpr int NavigatorHeight = 220;
-constexpr int OutputHeight = 140;
+constexpr int OutputHeight = 120;
+
+CItemModel *findItem(QStandardItem *parent, quint32 id)
+{
+    for (int row = 0; row < parent->rowCount(); ++row) {
+        CItemModel *item = CItemModel::fromItem(parent->child(row));
+        if (!item)
+            continue;
+        if (item->id() == id)
+            return item;
+        if (CItemModel *below = findItem(item, id))
+            return below;
+    }
+    return nullptr;
+}
 } // namespace
 
 CMainPanels::CMainPanels(CMainWindow *window) : QObject(window), m_window(window)
 {
     window->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    m_explorer = new QTreeView;
-    m_explorer->setHeaderHidden(true);
+    makePanels();
+    layOut();
+    connectPanels();
+    retranslate();
+    showPalette(nullptr);
+}
+
+void CMainPanels::makePanels()
+{
+    m_explorer = new CProjectExplorerView;
     m_explorerDock = makeDock("projectExplorer", m_explorer, Qt::LeftDockWidgetArea);
-    m_screens = new QTabWidget(window);
+    m_screens = new CScreen(m_window);
     m_screens->setObjectName(QStringLiteral("viewProjectWindow"));
-    window->setCentralWidget(m_screens);
-    m_navigatorDock = makeDock("screenNavigator", new QWidget, Qt::RightDockWidgetArea);
+    m_window->setCentralWidget(m_screens);
+    m_navigator = new CScreenNavigator;
+    m_navigatorDock = makeDock("screenNavigator", m_navigator, Qt::RightDockWidgetArea);
     m_palette = new CWidgetSelectionPanel;
     m_paletteDock = makeDock("widgetSelector", m_palette, Qt::LeftDockWidgetArea);
     m_propertiesDock = makeDock("widgetProperties", new QWidget, Qt::RightDockWidgetArea);
     m_output = new COutputWindowView;
     m_outputDock = makeDock("outputWindow", m_output, Qt::BottomDockWidgetArea);
-    layOut();
-    retranslate();
-    showPalette(nullptr);
 }
 
 QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area)
@@ -52,10 +78,46 @@ QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockW
 void CMainPanels::layOut()
 {
     m_window->splitDockWidget(m_propertiesDock, m_navigatorDock, Qt::Vertical);
+    const int half = m_window->height() / 2;
     m_window->resizeDocks({m_explorerDock, m_propertiesDock}, {SideWidth, PropertiesWidth},
                           Qt::Horizontal);
-    m_window->resizeDocks({m_navigatorDock, m_outputDock}, {NavigatorHeight, OutputHeight},
-                          Qt::Vertical);
+    m_window->resizeDocks({m_explorerDock, m_paletteDock}, {half, half}, Qt::Vertical);
+    m_window->resizeDocks({m_propertiesDock, m_navigatorDock},
+                          {m_window->height() - NavigatorHeight, NavigatorHeight}, Qt::Vertical);
+    m_window->resizeDocks({m_outputDock}, {OutputHeight}, Qt::Vertical);
+}
+
+void CMainPanels::connectPanels()
+{
+    connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
+            &CMainPanels::selectionChanged);
+    connect(m_explorer, &QWidget::customContextMenuRequested, m_explorer,
+            &CProjectExplorerView::showContextMenu);
+    connect(m_explorer, &CProjectExplorerView::screenActivated, m_screens, &CScreen::openScreen);
+    connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
+    connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
+    connect(m_screens, &CScreen::currentScreenChanged, m_navigator,
+            &CScreenNavigator::setCurrentScreen);
+    connect(m_screens, &CScreen::currentScreenChanged, m_explorer,
+            &CProjectExplorerView::setShownScreen);
+    connect(m_screens, &CScreen::selectionChanged, this, [this](const QList<CItemModel *> &items) {
+        m_explorer->selectItems(items);
+        showSelection(items);
+    });
+    connect(m_screens, &CScreen::renderErrors, this,
+            [this](const CScreenModel *screen, const QString &errors) {
+                m_output->writeRenderErrors(screen->name(), errors);
+            });
+    connect(m_screens, &CScreen::message, this, &CMainPanels::write);
+    connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
+}
+
+void CMainPanels::connectStatusBar(CStatusBar *bar)
+{
+    connect(m_screens, &CScreen::cursorMoved, bar, &CStatusBar::receiveMouseMoveUpdate);
+    connect(m_screens, &CScreen::widgetCountChanged, bar, &CStatusBar::receiveWidgetCountUpdate);
+    connect(m_screens, &CScreen::bitmapCountChanged, bar, &CStatusBar::receiveBitmapCountUpdate);
+    connect(m_screens, &CScreen::memoryUsageChanged, bar, &CStatusBar::receiveMemoryUsage);
 }
 
 void CMainPanels::retranslate()
@@ -69,9 +131,29 @@ void CMainPanels::retranslate()
 
 void CMainPanels::showProject(CProjectModel *project)
 {
-    m_explorer->setModel(project);
-    m_explorer->expandAll();
+    m_project = project;
+    m_explorer->setProject(project);
+    m_screens->setProject(project);
+    m_navigator->setProject(project);
     showPalette(project);
+    connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, m_screens,
+            &CScreen::rowsAboutToBeRemoved);
+}
+
+void CMainPanels::clear()
+{
+    m_project = nullptr;
+    m_screens->setProject(nullptr);
+    m_navigator->setProject(nullptr);
+    m_explorer->setProject(nullptr);
+    m_output->clear();
+}
+
+void CMainPanels::renew()
+{
+    showPalette(m_project);
+    m_screens->updateRepaint();
+    m_navigator->renewAll();
 }
 
 /// The kinds that the project's chip has; without a project, those of the first chip.
@@ -82,14 +164,52 @@ void CMainPanels::showPalette(const CProjectModel *project)
     m_palette->view()->setToolbox(manager.toolboxModel(chip), manager.libraryModel(chip));
 }
 
-void CMainPanels::showFirstScreen(CProjectModel *)
+void CMainPanels::selectionChanged(const QModelIndexList &selected)
+{
+    QList<CItemModel *> items;
+    for (const QModelIndex &each : selected) {
+        if (CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(each)))
+            items.append(item);
+    }
+    m_screens->selectItems(items);
+    showSelection(items);
+}
+
+void CMainPanels::showSelection(const QList<CItemModel *> &)
 {
 }
 
-void CMainPanels::clear()
+/// Leads from an error message to the item that it is about.
+void CMainPanels::showItem(const QString &screenName, quint32 id)
 {
-    m_explorer->setModel(nullptr);
-    m_output->clear();
+    for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
+        CScreenModel *screen = m_project->screen(row);
+        if (!screen || screen->name() != screenName)
+            continue;
+        m_screens->openScreen(screen);
+        if (CItemModel *item = findItem(screen, id)) {
+            m_screens->selectItems({item});
+            m_explorer->selectItems({item});
+            showSelection({item});
+        }
+        return;
+    }
+}
+
+bool CMainPanels::isGestureActive() const
+{
+    return m_screens->isGestureActive() || m_explorer->isDragging();
+}
+
+void CMainPanels::setSnapToGrid(bool enabled)
+{
+    CEditorState::instance()->setSnapToGrid(enabled);
+    m_palette->view()->setSnapToGrid(enabled);
+}
+
+QList<QPair<QString, QPixmap>> CMainPanels::screenPixmaps() const
+{
+    return m_navigator->getScreenPixmaps();
 }
 
 void CMainPanels::write(const QString &text)

@@ -1,50 +1,72 @@
 #pragma once
 
+#include <QList>
+#include <QModelIndexList>
 #include <QObject>
+#include <QPixmap>
 
+class CItemModel;
 class CMainWindow;
 class COutputWindowView;
+class CProjectExplorerView;
 class CProjectModel;
+class CScreen;
+class CScreenNavigator;
+class CStatusBar;
 class CWidgetSelectionPanel;
 class QDockWidget;
-class QTabWidget;
-class QTreeView;
 
 /// The docks around the screens and the screens themselves: makes them, lays them out, shows the
-/// open project in them.
+/// open project in them, and carries what one of them tells to the others.
 class CMainPanels : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Makes all of them, in the order in which they are stacked, children of the window.
+    /// Makes all of them as children of the window. The explorer stands first, the output last.
     explicit CMainPanels(CMainWindow *window);
 
     QDockWidget *explorerDock() const { return m_explorerDock; }
     QDockWidget *paletteDock() const { return m_paletteDock; }
     QDockWidget *propertiesDock() const { return m_propertiesDock; }
     QDockWidget *outputDock() const { return m_outputDock; }
-    QTabWidget *screens() const { return m_screens; }
+    CScreen *screens() const { return m_screens; }
+    QList<QPair<QString, QPixmap>> screenPixmaps() const;
 
+    void connectStatusBar(CStatusBar *bar);
     void showProject(CProjectModel *project);
-    void showFirstScreen(CProjectModel *project);
     void clear();
-    void write(const QString &text); ///< into the output window
+    /// Platform or resolution have changed.
+    void renew();
+    /// Whether the user is in the middle of something that must not be saved half done.
+    bool isGestureActive() const;
     void retranslate();
 
+public Q_SLOTS:
+    void write(const QString &text); ///< into the output window
+    void setSnapToGrid(bool enabled);
+    /// Of the explorer: selects the items on the canvas too.
+    void selectionChanged(const QModelIndexList &selected);
+
 private:
+    void makePanels();
+    void connectPanels();
     void showPalette(const CProjectModel *project);
+    void showSelection(const QList<CItemModel *> &items);
+    void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
     void layOut();
 
     CMainWindow *const m_window;
-    QTreeView *m_explorer;
-    QTabWidget *m_screens;
-    COutputWindowView *m_output;
+    CProjectExplorerView *m_explorer;
+    CScreen *m_screens;
+    CScreenNavigator *m_navigator;
     CWidgetSelectionPanel *m_palette;
+    COutputWindowView *m_output;
     QDockWidget *m_explorerDock;
     QDockWidget *m_navigatorDock;
     QDockWidget *m_paletteDock;
     QDockWidget *m_propertiesDock;
     QDockWidget *m_outputDock;
+    CProjectModel *m_project = nullptr; ///< the one that is shown; not owned
 };

@@ -3,6 +3,7 @@
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
 #include "CDialogQuestions.h"
+#include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
 #include "CExportController.h"
@@ -14,6 +15,8 @@
 #include "CProjectModel.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
 #include "CSettings.h"
 #include "CStartPage.h"
 #include "CStatusBar.h"
@@ -32,7 +35,6 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTabWidget>
 #include <QTimer>
 #include <QUndoGroup>
 
@@ -70,8 +72,12 @@ CMainWindow::CMainWindow(const QString &file)
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
     connectSession();
+    connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),
+            &CZoomComboWidget::valueChanged); // the wheel over a canvas
+    setSnapToGrid(false);
     const bool showStatusBar = readSettings();
     m_statusBar = new CStatusBar(this);
+    m_panels->connectStatusBar(m_statusBar);
     statusBar()->setVisible(showStatusBar);
     setWindowIcon(CThemeIcons::icon(QStringLiteral(":/images/icon.png")));
     showWindowToggles();
@@ -124,7 +130,8 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::projectAboutToClose, this, &CMainWindow::deactivate);
     connect(m_session, &CProjectSession::titleChanged, this, &QWidget::setWindowTitle);
     connect(m_session, &CProjectSession::projectLoaded, this, [this] {
-        m_panels->showFirstScreen(project());
+        if (CScreenModel *first = project()->screen(0))
+            m_panels->screens()->openScreen(first);
         Q_EMIT projectLoaded();
     });
     connect(m_session, &CProjectSession::projectClosed, this, [this] {
@@ -162,6 +169,7 @@ void CMainWindow::deactivate(CProjectModel *project)
 void CMainWindow::projectOptionsChanged()
 {
     m_emulator->applyOptions(project(), [this] { updateRepaint(); });
+    m_panels->renew();
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
     showProjectName();
@@ -241,8 +249,9 @@ void CMainWindow::changeEvent(QEvent *event)
 
 bool CMainWindow::isBusy() const
 {
-    return m_export->isRunning() || QApplication::activeModalWidget() ||
-           QApplication::activePopupWidget() || QApplication::mouseButtons() != Qt::NoButton;
+    return m_export->isRunning() || m_panels->isGestureActive() ||
+           QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+           QApplication::mouseButtons() != Qt::NoButton;
 }
 
 void CMainWindow::showTheme(CTheme::Kind kind)

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 
 class CAutosaver;
 class CAutosaveTimer;
@@ -21,6 +22,7 @@ class CMenuBar;
 class CProjectModel;
 class CProjectSession;
 class CRecentProjects;
+class CScreenView;
 class CSettings;
 class CStartPage;
 class CStatusBar;
@@ -29,7 +31,7 @@ class QFile;
 class QMessageBox;
 class QTimer;
 class QUndoGroup;
-struct SSettings;
+struct SShownScreen;
 
 /// The frame of the application: makes the parts, connects them, and hands each command of the
 /// menus to the part that carries it out.
@@ -129,6 +131,8 @@ private:
     void connectSession();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
+    void tellView(void (CScreenView::*command)());
+    std::optional<SShownScreen> shownScreen() const;
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();
     bool isBusy() const;

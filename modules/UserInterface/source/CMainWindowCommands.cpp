@@ -1,5 +1,6 @@
 // The slots of CMainWindow that carry out the commands of the menus.
 #include "CAutosaver.h"
+#include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
 #include "CHelpWindow.h"
@@ -9,6 +10,9 @@
 #include "CMenuBar.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "CScreenView.h"
 #include "ProgramInfo.h"
 
 #include <QAction>
@@ -131,6 +135,23 @@ void CMainWindow::exportProjectBin()
 void CMainWindow::setSnapToGrid(bool enabled)
 {
     m_snapToGrid = enabled;
+    m_panels->setSnapToGrid(enabled);
+}
+
+/// The commands for the canvas go to the one that is shown, if any.
+void CMainWindow::tellView(void (CScreenView::*command)())
+{
+    if (CScreenView *view = m_panels->screens()->currentView())
+        (view->*command)();
+}
+
+std::optional<SShownScreen> CMainWindow::shownScreen() const
+{
+    const CScreenView *view = m_panels->screens()->currentView();
+    if (!view || !view->screen())
+        return std::nullopt;
+    return SShownScreen{view->screen()->name(), view->lastDisplayListText(),
+                        view->lastDisplayListBytes()};
 }
 
 void CMainWindow::loadLanguage(const QString &rLanguage)
@@ -161,32 +182,39 @@ QString CMainWindow::aboutText() const
 void CMainWindow::zoomChanged(int zoomPercent, int zoomType)
 {
     m_menuBar->updateZoomMenu(zoomPercent, zoomType);
+    CEditorState::instance()->setZoom(zoomPercent, zoomType);
     updateRepaint();
 }
 
 void CMainWindow::gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType)
 {
     m_menuBar->updateGridMenu(showGrid, gridSize, gridColor, gridType);
+    CEditorState::instance()->setGrid(showGrid, gridSize, gridColor, gridType);
 }
 
 void CMainWindow::deleteSelectedItems()
 {
+    tellView(&CScreenView::deleteSelectedItems);
 }
 
 void CMainWindow::orderingToFront()
 {
+    tellView(&CScreenView::orderingToFront);
 }
 
 void CMainWindow::orderingToBack()
 {
+    tellView(&CScreenView::orderingToBack);
 }
 
 void CMainWindow::orderingForward()
 {
+    tellView(&CScreenView::orderingForward);
 }
 
 void CMainWindow::orderingBackward()
 {
+    tellView(&CScreenView::orderingBackward);
 }
 
 void CMainWindow::showHelp()
@@ -212,22 +240,29 @@ void CMainWindow::showLanguageDialog()
 
 void CMainWindow::exportTabDL()
 {
+    if (const auto screen = shownScreen())
+        m_export->exportScreenDL(*screen, m_session->workingDirectory());
 }
 
 void CMainWindow::exportScreenBin()
 {
+    if (const auto screen = shownScreen())
+        m_export->exportScreenBin(*screen, m_session->workingDirectory());
 }
 
 void CMainWindow::copy()
 {
+    tellView(&CScreenView::copy);
 }
 
 void CMainWindow::cut()
 {
+    tellView(&CScreenView::cut);
 }
 
 void CMainWindow::paste()
 {
+    tellView(&CScreenView::paste);
 }
 
 void CMainWindow::printScreen()
@@ -236,32 +271,41 @@ void CMainWindow::printScreen()
 
 void CMainWindow::lockItems()
 {
+    tellView(&CScreenView::lockItems);
 }
 
 void CMainWindow::newTab()
 {
+    if (project())
+        m_panels->screens()->newTab();
 }
 
 void CMainWindow::selectAll()
 {
+    tellView(&CScreenView::selectAll);
 }
 
 void CMainWindow::selectNone()
 {
+    tellView(&CScreenView::selectNone);
 }
 
 void CMainWindow::selectInverse()
 {
+    tellView(&CScreenView::selectInverse);
 }
 
 void CMainWindow::group()
 {
+    tellView(&CScreenView::group);
 }
 
 void CMainWindow::ungroup()
 {
+    tellView(&CScreenView::ungroup);
 }
 
 void CMainWindow::updateRepaint()
 {
+    tellView(&CScreenView::updateRepaint);
 }

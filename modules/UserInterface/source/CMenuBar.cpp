@@ -126,9 +126,8 @@ void CMenuBar::connectWindow()
     connect(m_actions[SnapToGrid], &QAction::triggered, this, &CMenuBar::setSnapToGrid);
     // Choosing what is chosen already changes nothing, so nothing tells its mark to stay.
     for (const EAction id : {ZoomReset, FitToPage, FitToWidth})
-        connect(m_actions[id], &QAction::triggered, this, [this] {
-            updateZoomMenu(m_zoomWidget->zoomPercent(), m_zoomWidget->zoomType());
-        });
+        connect(m_actions[id], &QAction::triggered, this,
+                [this] { updateZoomMenu(m_zoomWidget->zoomPercent(), m_zoomWidget->zoomType()); });
     const QUndoGroup *undo = m_window->undoGroup();
     connect(undo, &QUndoGroup::undoTextChanged, this, &CMenuBar::updateUndoTexts);
     connect(undo, &QUndoGroup::redoTextChanged, this, &CMenuBar::updateUndoTexts);
