@@ -60,6 +60,7 @@ void CAssetLoader::beginFrame(std::string_view workingDirectory)
     m_workingDirectory = workingDirectory;
     m_used = 0;
     m_wanted = 0;
+    m_refused.clear();
     ++m_frame;
 }
 
@@ -79,10 +80,12 @@ bool CAssetLoader::fail(const std::string &message)
     return false;
 }
 
-/// The asset needs `size` bytes that RAM_G does not have any more.
-bool CAssetLoader::failFull(uint64_t size)
+/// The asset needs `size` bytes that RAM_G does not have any more. Also what is left out counts
+/// once, however often it is asked for.
+bool CAssetLoader::failFull(const std::string &key, uint64_t size)
 {
-    m_wanted += size;
+    if (m_refused.insert(key).second)
+        m_wanted += size;
     m_error = "RAM_G is full: the screen needs " + std::to_string(m_wanted) +
               " bytes, the chip has " + std::to_string(m_memory.capacity());
     return false;
@@ -106,7 +109,7 @@ bool CAssetLoader::resolve(std::string_view path, std::string &resolved)
 
 /// Puts an asset into the memory unless this frame has it there already. As long as a frame asks
 /// for the same assets in the same order as the one before, nothing is written.
-bool CAssetLoader::place(const AssetPtr &asset, SLoadedBitmap &bitmap)
+bool CAssetLoader::place(const std::string &key, const AssetPtr &asset, SLoadedBitmap &bitmap)
 {
     asset->frame = m_frame;
     const auto used = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
@@ -115,7 +118,7 @@ bool CAssetLoader::place(const AssetPtr &asset, SLoadedBitmap &bitmap)
     if (place == used) {
         const bool isAsBefore = used != m_placed.end() && used->asset == asset;
         if (!isAsBefore && !append(asset))
-            return failFull(asset->ramSize());
+            return failFull(key, asset->ramSize());
         place = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
         ++m_used;
         m_wanted += asset->ramSize();
@@ -165,8 +168,6 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
     const uint32_t palette = paletteSize(format);
     if (size == 0)
         return fail("the bitmap format is not known");
-    if (aligned(size) + palette > m_memory.capacity())
-        return failFull(aligned(size) + aligned(palette));
 
     SFileStamp stamp;
     SFileStamp paletteStamp;
@@ -176,6 +177,10 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         problem = stampOfFile(lut, paletteStamp);
     if (!problem.empty())
         return fail(problem);
+    const std::string key = "bitmap " + std::to_string(format) + ' ' + std::to_string(width) + ' ' +
+                            std::to_string(height) + ' ' + identity(stamp);
+    if (aligned(size) + palette > m_memory.capacity())
+        return failFull(key, aligned(size) + aligned(palette));
     if (stamp.size != size)
         return fail(file + ": has " + std::to_string(stamp.size) + " bytes, but " +
                     std::to_string(width) + " x " + std::to_string(height) +
@@ -184,8 +189,6 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         return fail(lut + ": has " + std::to_string(paletteStamp.size) +
                     " bytes, but the palette has " + std::to_string(palette));
 
-    const std::string key = "bitmap " + std::to_string(format) + ' ' + std::to_string(width) + ' ' +
-                            std::to_string(height) + ' ' + identity(stamp);
     AssetPtr &known = m_files[key];
     if (!known || !(known->stamp == stamp) || !(known->paletteStamp == paletteStamp)) {
         auto asset = std::make_shared<SAsset>();
@@ -205,7 +208,7 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         }
         known = asset;
     }
-    return place(known, bitmap);
+    return place(key, known, bitmap);
 }
 
 bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap)
@@ -225,7 +228,7 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         if (!problem.empty()) {
             m_files.erase(key);
             if (image.neededBytes > m_memory.capacity())
-                return failFull(aligned(image.neededBytes));
+                return failFull(key, aligned(image.neededBytes));
             return fail(problem);
         }
         auto asset = std::make_shared<SAsset>();
@@ -236,7 +239,7 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         asset->pixels = std::move(image.pixels);
         known = asset;
     }
-    return place(known, bitmap);
+    return place(key, known, bitmap);
 }
 
 } // namespace kivemu

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,9 +51,9 @@ private:
     using AssetPtr = std::shared_ptr<const SAsset>;
 
     bool fail(const std::string &message);
-    bool failFull(uint64_t more);
+    bool failFull(const std::string &key, uint64_t size);
     bool resolve(std::string_view path, std::string &resolved);
-    bool place(const AssetPtr &asset, SLoadedBitmap &bitmap);
+    bool place(const std::string &key, const AssetPtr &asset, SLoadedBitmap &bitmap);
     void keepFirst(size_t count);
     bool append(const AssetPtr &asset);
 
@@ -66,9 +67,10 @@ private:
     CRamG m_memory;
     std::string m_workingDirectory;
     std::string m_error;
-    std::vector<SPlaced> m_placed; ///< in the order of their addresses
-    size_t m_used = 0;             ///< of these, asked for in this frame
-    uint64_t m_wanted = 0;         ///< bytes that the frame's assets need, those left out included
+    std::vector<SPlaced> m_placed;   ///< in the order of their addresses
+    size_t m_used = 0;               ///< of these, asked for in this frame
+    std::set<std::string> m_refused; ///< keys of this frame's assets for which there was no room
+    uint64_t m_wanted = 0; ///< bytes that the frame's assets need, those left out included
     std::map<std::string, AssetPtr> m_files; ///< by kind of reading and path
     uint64_t m_frame = 0;
 };

@@ -10,7 +10,7 @@ std::string takeImageSize(uint64_t width, uint64_t height, bool mono, size_t bud
 
 std::string decodeJpeg(const uint8_t *bytes, size_t count, bool mono, size_t budget,
                        SDecodedImage &image);
-/// Transparent pixels are laid over black.
+/// Translucent pixels are laid over black, as the chip blends.
 std::string decodePng(const uint8_t *bytes, size_t count, bool mono, size_t budget,
                       SDecodedImage &image);
 

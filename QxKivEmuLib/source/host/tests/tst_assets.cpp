@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
+#include <png.h>
 #include <sys/stat.h>
 
 using kivemu::CAssetLoader;
@@ -184,6 +185,9 @@ TEST_F(Assets, fullMemoryGivesBothNumbersAndKeepsWhatFits)
     EXPECT_EQ(load("large.raw", L8, 200, 1024), -1);
     EXPECT_EQ(m_loader.error(),
               "RAM_G is full: the screen needs 409600 bytes, the chip has 262144");
+    const std::string error = m_loader.error();
+    EXPECT_EQ(load("./large.raw", L8, 200, 1024), -1);
+    EXPECT_EQ(m_loader.error(), error) << "what is left out counts once too";
     EXPECT_EQ(load("small.raw", L8, 1024, 1), 200 * 1024);
     EXPECT_EQ(load("large.raw", L8, 2048, 2048), -1);
     EXPECT_NE(m_loader.error().find("4604928"), std::string::npos) << m_loader.error();
@@ -322,6 +326,47 @@ TEST(Images, pngAndJpegBecomeRgb565OrGrey)
         decode(EImageFile::Avi, avi(chunk("01wb", Bytes(5)) + chunk("00dc", jpeg)), false, image),
         "");
     EXPECT_EQ(image.width, 16);
+}
+
+// By the weights of JPEG and of the converted luminance formats: the same photo is as bright in any
+// file.
+TEST(Images, greyIsTheSameFromEveryKindOfFile)
+{
+    const struct
+    {
+        uint32_t colour;
+        int grey;
+    } cases[] = {{0xFF0000, 76}, {0x00FF00, 150}, {0x0000FF, 29}, {0xFFFFFF, 255},
+                 {0x000000, 0},  {0x808080, 128}, {0x204060, 58}, {0xFFA000, 170}};
+    for (const auto &c : cases) {
+        kivemu::SDecodedImage image;
+        ASSERT_EQ(decode(EImageFile::Png, makePng(9, 8, c.colour), true, image), "");
+        ASSERT_EQ(image.pixels.size(), 72U);
+        EXPECT_NEAR(image.pixels[30], c.grey, 1) << std::hex << c.colour;
+        ASSERT_EQ(decode(EImageFile::Jpeg, makeJpeg(9, 8, c.colour), true, image), "");
+        EXPECT_NEAR(image.pixels[30], c.grey, 2) << std::hex << c.colour;
+    }
+}
+
+// As the chip blends: half of white is grey of half the code, not of half the light.
+TEST(Images, translucentPixelsLieOverBlack)
+{
+    png_image png = {};
+    png.version = PNG_IMAGE_VERSION;
+    png.width = 3;
+    png.height = 1;
+    png.format = PNG_FORMAT_RGBA;
+    const Bytes pixels = {255, 255, 255, 128, 0, 255, 0, 64, 255, 0, 0, 0};
+    Bytes bytes(1000);
+    png_alloc_size_t size = bytes.size();
+    ASSERT_TRUE(png_image_write_to_memory(&png, bytes.data(), &size, 0, pixels.data(), 0, nullptr));
+    kivemu::SDecodedImage image;
+    ASSERT_EQ(decode(EImageFile::Png, bytes, false, image), "");
+    EXPECT_EQ(pixel565(image, 0, 0), 0x8410);
+    EXPECT_EQ(pixel565(image, 1, 0), 0x0200);
+    EXPECT_EQ(pixel565(image, 2, 0), 0);
+    ASSERT_EQ(decode(EImageFile::Png, bytes, true, image), "");
+    EXPECT_EQ(image.pixels, (Bytes{128, 38, 0}));
 }
 
 TEST(Images, sizeIsAskedBeforeDecoding)
