@@ -98,7 +98,8 @@ bool CImageFileConverter::convert(const QString &source, int formatCode)
     const CConversionPaths paths(folder, info.absoluteFilePath());
     if (paths.isRaw())
         return convertRaw(source, paths);
-    const QSize size = imageFileSize(source); // what cannot be told here, the tool decides
+    const QSize size =
+        imageFileSize(source, ETurn::AsMarked); // what cannot be told here, the tool decides
     if (!size.isEmpty() && !isWithinLimit(size))
         return fail(
             tr("%1: more than %2 pixels wide or high").arg(source, QString::number(MaxImageSide)));
@@ -264,7 +265,7 @@ std::optional<SConvertedImage> CImageFileConverter::mediaImage(const QString &fi
     quint32 width = 0;
     quint32 height = 0;
     if (!image.video)
-        size = imageFileSize(file);
+        size = imageFileSize(file, ETurn::AsStored);
     else if (aviFrameSize(file, width, height))
         size = {static_cast<int>(qMin<quint32>(width, MaxImageSide + 1)),
                 static_cast<int>(qMin<quint32>(height, MaxImageSide + 1))};

@@ -21,7 +21,7 @@ QSize describedSize(const QString &rawFile)
             object.value(QStringLiteral("height")).toInt()};
 }
 
-QSize imageFileSize(const QString &file)
+QSize imageFileSize(const QString &file, ETurn turn)
 {
     const QFileInfo info(file);
     if (!info.isFile()) // a pipe or a device could keep the editor waiting for ever
@@ -34,6 +34,7 @@ QSize imageFileSize(const QString &file)
     QImageReader reader(file, format);
     reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
-    const bool isTurned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    const bool isTurned = turn == ETurn::AsMarked &&
+                          reader.transformation() & QImageIOHandler::TransformationRotate90;
     return isTurned ? size.transposed() : size;
 }

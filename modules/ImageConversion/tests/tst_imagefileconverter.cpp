@@ -5,6 +5,7 @@
 #include "PropertyKey.h"
 
 #include <QImage>
+#include <QImageReader>
 #include <QSignalSpy>
 #include <QTextCodec>
 #include <QtTest>
@@ -499,6 +500,16 @@ void tst_ImageFileConverter::mediaFacts()
     QCOMPARE(QSize(image->bwidth, image->bheight), QSize(40, 30));
     QCOMPARE(image->bfolder + "/" + image->basename + "." + image->suffix, photo);
     QVERIFY(!image->video);
+
+    // The chip decodes the file as it lies there, whatever a camera's mark says of turning it.
+    QByteArray marked = CToolStubs::read(photo);
+    marked.insert(2, QByteArray::fromHex("FFE1002245786966000049492A00080000000100"
+                                         "12010300010000000600000000000000"));
+    CToolStubs::write(photo, marked);
+    QCOMPARE(QImageReader(photo).transformation(), QImageIOHandler::TransformationRotate90);
+    const auto turned = CImageFileConverter::mediaImage(photo);
+    QVERIFY(turned);
+    QCOMPARE(QSize(turned->bwidth, turned->bheight), QSize(40, 30));
     CToolStubs::write(m_stubs->path("film.avi"), "RIFF");
     QVERIFY(!CImageFileConverter::mediaImage(m_stubs->path("film.avi")));
 }
