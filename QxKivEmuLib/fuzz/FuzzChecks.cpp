@@ -5,6 +5,7 @@
 #include "executor/BitmapFormats.h"
 #include "executor/CExecutor.h"
 #include "executor/CRamG.h"
+#include "host/ImageFile.h"
 #include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"
 #include "support/ExampleLists.h"
@@ -129,6 +130,36 @@ std::string checkTexels(const SBitmapImage &image)
     return opaque == image.opaque ? "" : "opaque is wrong";
 }
 
+/// The check sum that ends a PNG chunk, of its name and contents.
+uint32_t pngCheckSum(const uint8_t *bytes, size_t count)
+{
+    uint32_t sum = 0xFFFFFFFF;
+    for (size_t i = 0; i < count; ++i) {
+        sum ^= bytes[i];
+        for (int bit = 0; bit < 8; ++bit)
+            sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
+    }
+    return ~sum;
+}
+
+/// Puts the check sums of a PNG file right. Otherwise most changes of a file would end there, and
+/// never come to what lies behind.
+void repairPng(std::vector<uint8_t> &file)
+{
+    constexpr size_t Signature = 8;
+    constexpr size_t Around = 12; // a chunk's size, name and check sum
+    for (size_t at = Signature; at < file.size() && file.size() - at >= Around;) {
+        const uint32_t size = static_cast<uint32_t>(file[at]) << 24 | file[at + 1] << 16 |
+                              file[at + 2] << 8 | file[at + 3];
+        if (size > file.size() - at - Around)
+            return;
+        const uint32_t sum = pngCheckSum(&file[at + 4], 4 + size_t{size});
+        at += Around + size;
+        for (size_t i = 1; i <= 4; ++i)
+            file[at - i] = static_cast<uint8_t>(sum >> (8 * (i - 1)));
+    }
+}
+
 } // namespace
 
 std::string checkDisplayList(const uint8_t *data, size_t size)
@@ -199,6 +230,37 @@ std::string checkBitmap(const uint8_t *data, size_t size)
     if (image->width != width || image->height != height)
         return "the size is wrong";
     return checkTexels(*image);
+}
+
+std::string checkImage(const uint8_t *data, size_t size)
+{
+    constexpr EImageFile Kinds[] = {EImageFile::Jpeg, EImageFile::Png, EImageFile::Avi};
+    constexpr size_t Budgets[] = {0x40000, 0x100000, 1000, 0};
+    CInput input(data, size);
+    const uint32_t choice = input.number(1);
+    const EImageFile kind = Kinds[choice % 3];
+    const bool mono = choice / 3 % 2 != 0;
+    const size_t budget = Budgets[choice / 6 % 4];
+    std::vector<uint8_t> file = input.rest();
+    if (kind == EImageFile::Png)
+        repairPng(file);
+
+    SDecodedImage image;
+    const std::string problem = decodeImage(kind, file.data(), file.size(), mono, budget, image);
+    if (image.pixels.size() > budget)
+        return "more is decoded than there is room for";
+    if (!problem.empty())
+        return {};
+    const bool sides = image.width >= 1 && image.width <= MaxImageSide && image.height >= 1 &&
+                       image.height <= MaxImageSide;
+    if (!sides)
+        return "the size is beyond its limits";
+    const auto pixels = static_cast<size_t>(image.width) * static_cast<size_t>(image.height);
+    if (image.pixels.size() != pixels * (mono ? 1 : 2) || image.neededBytes != image.pixels.size())
+        return "the pixels do not fill the size";
+    SDecodedImage again;
+    decodeImage(kind, file.data(), file.size(), mono, budget, again);
+    return again.pixels == image.pixels ? "" : "the picture is another one each time";
 }
 
 } // namespace kivemu

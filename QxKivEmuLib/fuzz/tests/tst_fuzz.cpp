@@ -27,7 +27,8 @@ struct SSubject
 
 const SSubject Subjects[] = {{"displaylist", checkDisplayList, 120},
                              {"assembler", checkAssembler, 1500},
-                             {"bitmap", checkBitmap, 1500}};
+                             {"bitmap", checkBitmap, 1500},
+                             {"images", checkImage, 400}};
 
 std::vector<Bytes> corpus(const char *folder)
 {
