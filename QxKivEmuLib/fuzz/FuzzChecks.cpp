@@ -149,8 +149,9 @@ void repairPng(std::vector<uint8_t> &file)
     constexpr size_t Signature = 8;
     constexpr size_t Around = 12; // a chunk's size, name and check sum
     for (size_t at = Signature; at < file.size() && file.size() - at >= Around;) {
-        const uint32_t size = static_cast<uint32_t>(file[at]) << 24 | file[at + 1] << 16 |
-                              file[at + 2] << 8 | file[at + 3];
+        uint32_t size = 0;
+        for (size_t i = 0; i < 4; ++i)
+            size = size << 8 | file[at + i];
         if (size > file.size() - at - Around)
             return;
         const uint32_t sum = pngCheckSum(&file[at + 4], 4 + size_t{size});

@@ -7,7 +7,8 @@ mkdir -p "$folder"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# seed NAME CHOICE FILE: the byte that chooses the kind (0 JPEG, 1 PNG, 2 AVI; 3 more is mono).
+# seed NAME CHOICE FILE: the byte that chooses the kind (0 JPEG, 1 PNG, 2 AVI; 3 more is mono, 18
+# more is no room at all).
 seed() {
     { printf "\\$(printf '%03o' "$2")"; cat "$3"; } > "$folder/$1"
 }
@@ -21,7 +22,7 @@ number() {
 draw() {
     output=$1
     shift
-    convert -size 13x9 plasma:red-blue -seed 5 "$@" -strip -define png:exclude-chunk=date,time "$work/$output"
+    convert -seed 5 -size 13x9 plasma:red-blue "$@" -strip -define png:exclude-chunk=date,time "$work/$output"
 }
 
 draw plain.jpg -quality 80
@@ -45,6 +46,11 @@ for name in plain deep interlaced palette grey gamma; do
     seed "$name.png" 1 "$work/$name.png"
 done
 seed mono.png 4 "$work/plain.png"
+seed noroom.jpg 18 "$work/plain.jpg"
+seed noroom.png 19 "$work/plain.png"
+{ head -c 16 "$work/plain.png"; printf '\000\000\352\140\000\000\352\140'; tail -c +25 "$work/plain.png"; } \
+    > "$work/bomb.png" # 60,000 x 60,000
+seed bomb.png 1 "$work/bomb.png"
 
 size=$(wc -c < "$work/plain.jpg")
 padded=$((size + size % 2))
