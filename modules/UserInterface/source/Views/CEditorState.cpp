@@ -37,8 +37,3 @@ void CEditorState::setZoom(int percent, int type)
     m_zoomType = type;
     Q_EMIT zoomChanged(percent, type);
 }
-
-void CEditorState::reportZoom(int percent)
-{
-    setZoom(percent, m_zoomType);
-}

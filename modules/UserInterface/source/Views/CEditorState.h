@@ -26,8 +26,6 @@ public Q_SLOTS:
     void setSnapToGrid(bool on);
     void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
     void setZoom(int percent, int type);
-    /// The zoom of a view has changed, its mode has not.
-    void reportZoom(int percent);
 
 Q_SIGNALS:
     void snapToGridChanged(bool on);

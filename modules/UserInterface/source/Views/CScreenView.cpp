@@ -62,7 +62,8 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
 
     CEditorState *state = CEditorState::instance();
     connect(state, &CEditorState::zoomChanged, this, &CScreenView::zoom);
-    connect(this, QOverload<int>::of(&CScreenView::zoomChanged), state, &CEditorState::reportZoom);
+    connect(this, QOverload<int, int>::of(&CScreenView::zoomChanged), state,
+            &CEditorState::setZoom);
     connect(m_converter, &CImageFileConverter::failed, this, &CScreenView::message);
     connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
     zoom(state->zoomPercent(), state->zoomType());
