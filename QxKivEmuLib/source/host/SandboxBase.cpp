@@ -24,23 +24,64 @@ int charged(lua_State *state)
     return callOriginal(state);
 }
 
-/// A finalizer runs where no hook can stop it.
-int setMetatable(lua_State *state)
+/// What a metatable may hold. Not "__gc": a finalizer runs where no hook can stop it. Nor "__mode":
+/// the collector can need minutes for weak tables that refer to each other, and nothing stops it
+/// either.
+const char *const MetaFields[] = {
+    "__add",    "__band",      "__bnot", "__bor",  "__bxor",     "__call",     "__close",
+    "__concat", "__div",       "__eq",   "__idiv", "__index",    "__le",       "__len",
+    "__lt",     "__metatable", "__mod",  "__mul",  "__name",     "__newindex", "__pairs",
+    "__pow",    "__shl",       "__shr",  "__sub",  "__tostring", "__unm"};
+
+bool hasField(lua_State *state, int table, const char *name)
 {
-    if (lua_istable(state, 2)) {
-        lua_pushliteral(state, "__gc");
-        if (lua_rawget(state, 2) != LUA_TNIL)
-            luaL_error(state, "'__gc' is not available");
-        lua_pop(state, 1);
-    }
-    return callOriginal(state);
+    lua_pushstring(state, name);
+    const bool has = lua_rawget(state, table) != LUA_TNIL;
+    lua_pop(state, 1);
+    return has;
 }
 
-/// rawset would get past the views that keep the libraries read-only.
+/// Sets a copy: what a script puts into its table afterwards could be one of the forbidden fields.
+int setMetatable(lua_State *state)
+{
+    luaL_checktype(state, 1, LUA_TTABLE);
+    luaL_argexpected(state, lua_isnil(state, 2) || lua_istable(state, 2), 2, "nil or table");
+    if (luaL_getmetafield(state, 1, "__metatable") != LUA_TNIL)
+        luaL_error(state, "cannot change a protected metatable");
+    lua_settop(state, 2);
+    if (lua_isnil(state, 2)) {
+        lua_settop(state, 1);
+        return 1;
+    }
+    for (const char *forbidden : {"__gc", "__mode"}) {
+        if (hasField(state, 2, forbidden))
+            luaL_error(state, "'%s' is not available", forbidden);
+    }
+    contextOf(state).watchdog.charge(state, sizeof MetaFields);
+    lua_newtable(state);
+    for (const char *field : MetaFields) {
+        lua_pushstring(state, field);
+        if (lua_rawget(state, 2) == LUA_TNIL)
+            lua_pop(state, 1);
+        else
+            lua_setfield(state, 3, field);
+    }
+    if (!hasField(state, 3, "__metatable")) {
+        lua_pushvalue(state, 2);
+        lua_setfield(state, 3, "__metatable"); // getmetatable gives the script's own table
+    }
+    lua_setmetatable(state, 1);
+    lua_settop(state, 1);
+    return 1;
+}
+
+/// rawset would get past the views that keep the libraries read-only; their metatables are hidden
+/// behind `false`.
 int rawSet(lua_State *state)
 {
-    if (luaL_getmetafield(state, 1, "__metatable") != LUA_TNIL)
+    if (luaL_getmetafield(state, 1, "__metatable") != LUA_TNIL && !lua_toboolean(state, -1))
         luaL_error(state, "the table is read-only");
+    lua_settop(state, 3);
     return callOriginal(state);
 }
 
@@ -135,7 +176,8 @@ void openSandboxBase(lua_State *state)
     lua_pushnil(state);
     lua_setfield(state, LUA_REGISTRYINDEX, LUA_LOADED_TABLE);
 
-    wrapGlobal(state, "setmetatable", setMetatable);
+    lua_pushcfunction(state, setMetatable);
+    lua_setglobal(state, "setmetatable");
     wrapGlobal(state, "rawset", rawSet);
     wrapGlobal(state, "tostring", toString);
     wrapGlobal(state, "tonumber", charged);

@@ -11,6 +11,7 @@ constexpr size_t Memory = size_t{16} << 20;
 /// What should be stopped by the clock is stopped soon; what should end by another limit has time
 /// for that, also on a slow machine.
 constexpr kivemu::SScriptLimits ShortTime{60ms, 30ms, Memory};
+constexpr kivemu::SScriptLimits ShortItemTime{10s, 30ms, Memory}; ///< the neighbour has time
 constexpr kivemu::SScriptLimits LongTime{20s, 10s, Memory};
 
 constexpr char Neighbour[] = "color('#00ff00') fill_rect(1, 2, 3, 4)";
@@ -160,6 +161,15 @@ const SHostileScript Scripts[] = {
     {"string_dump", "string.dump(function() end)", "field 'dump'"},
     {"random", "math.random()", "field 'random'"},
     {"finalizer", "setmetatable({}, {__gc = function() while true do end end})", "__gc"},
+    {"finalizer_later",
+     "local m = {} local t = setmetatable({}, m) m.__gc = function() while true do end end "
+     "setmetatable(t, m)",
+     "protected"},
+    {"weak_table", "setmetatable({}, {__mode = 'k'})", "__mode"},
+    {"weak_table_later",
+     "local m = {} local t = setmetatable({}, m) m.__mode = 'k' getmetatable(t).__mode = 'k' "
+     "t[{}] = 1 while #t == 0 do local u = {} if not next(t) then error('collected') end end",
+     TooLong},
     {"finalizer_false", "setmetatable({}, {__gc = false})", "__gc"},
     {"bytecode", "\x1bLua\x54\x00\x19\x93", "binary chunk"},
     {"address", "return string.format('%p', {})", "%p"},
@@ -183,9 +193,9 @@ const SHostileScript Scripts[] = {
 class HostileScript : public testing::TestWithParam<SHostileScript>
 {
 protected:
-    static const kivemu::SScriptLimits &limits()
+    static const kivemu::SScriptLimits &limits(const kivemu::SScriptLimits &ifTooLong)
     {
-        return GetParam().error == TooLong ? ShortTime : LongTime;
+        return GetParam().error == TooLong ? ifTooLong : LongTime;
     }
     void expectNextFrameWorks(kivemu::CLuaHost &host)
     {
@@ -206,7 +216,7 @@ size_t lineCount(const std::string &text)
 
 TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortItemTime));
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua")) << host.loadError();
     CTestModel model;
     model.add(GetParam().code);
@@ -224,7 +234,7 @@ TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 
 TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortTime));
     const std::string code = GetParam().code;
     const std::string script = std::string("local attack = true\nlocal function run(item)\n") +
                                code +
@@ -248,7 +258,7 @@ TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 
 TEST_P(HostileScript, whenTheScriptIsLoadedEndsWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits());
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortTime));
     const std::string script =
         std::string("local item = 1\n") + "do\n" + GetParam().code + "\nend\n" + PlainScript;
     host.loadText(script, "kiv_render.lua");
@@ -266,7 +276,8 @@ INSTANTIATE_TEST_SUITE_P(All, HostileScript, testing::ValuesIn(Scripts),
 
 TEST(HostileScripts, severalHangingItemsLeaveAFrame)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), ShortTime);
+    constexpr kivemu::SScriptLimits limits{600ms, 300ms, Memory};
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits);
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
     CTestModel model;
     model.add(Neighbour);
