@@ -12,6 +12,7 @@ namespace {
 
 constexpr uint64_t FramesKept = 120; ///< frames that may pass before an unused file is forgotten
 constexpr uint64_t Alignment = 4;    ///< of addresses in RAM_G
+constexpr size_t MaxPath = 1024;     ///< bytes of a path as it is given
 
 uint64_t aligned(uint64_t size)
 {
@@ -97,6 +98,8 @@ bool CAssetLoader::resolve(std::string_view path, std::string &resolved)
         return fail("no file is named");
     if (path.find('\0') != std::string_view::npos)
         return fail("a path cannot hold zero bytes");
+    if (path.size() > MaxPath)
+        return fail("the path is longer than " + std::to_string(MaxPath) + " bytes");
     if (path.front() == '/') {
         resolved = path;
         return true;

@@ -1,5 +1,7 @@
 #include "CErrorList.h"
 
+#include <algorithm>
+
 namespace kivemu {
 
 namespace {
@@ -14,6 +16,18 @@ bool endsWith(std::string_view text, std::string_view end)
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
+/// Ids, type names and paths come from files and may hold anything, line ends as well.
+void keepToOneLine(std::string &message)
+{
+    if (message.size() > CErrorList::MaxLength) {
+        message.resize(CErrorList::MaxLength);
+        message += "...";
+    }
+    std::replace_if(
+        message.begin(), message.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; },
+        ' ');
+}
+
 } // namespace
 
 void CErrorList::clear()
@@ -24,6 +38,7 @@ void CErrorList::clear()
 
 void CErrorList::add(std::string message)
 {
+    keepToOneLine(message);
     if (m_messages.size() < MaxMessages)
         m_messages.push_back(std::move(message));
     else

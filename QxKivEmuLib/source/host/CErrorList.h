@@ -11,6 +11,7 @@ class CErrorList
 {
 public:
     static constexpr size_t MaxMessages = 100;
+    static constexpr size_t MaxLength = 4000; ///< bytes; longer ones are cut
 
     void clear();
     void add(std::string message);

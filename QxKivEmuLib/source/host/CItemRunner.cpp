@@ -94,7 +94,7 @@ void CItemRunner::draw(lua_State *state, size_t item)
         return;
     m_current = item;
     drawing.beginItem(m_snapshot->id(item));
-    const bool isDrawn = m_snapshot->kind(item) == CSnapshot::EKind::Widget && run(state, item);
+    const bool isDrawn = run(state, item);
     drawing.endItem();
     if (!isDrawn) {
         const SItemBox box = itemBox(*m_snapshot, item);
@@ -108,6 +108,10 @@ void CItemRunner::draw(lua_State *state, size_t item)
 /// False when the commands failed; the message is then noted.
 bool CItemRunner::run(lua_State *state, size_t item)
 {
+    if (m_snapshot->kind(item) == CSnapshot::EKind::Unknown) {
+        m_errors->add(m_snapshot->label(item), "the widget library has no such kind");
+        return false;
+    }
     const SChunk &chunk = chunkOf(state, item);
     if (chunk.function == 0) {
         m_errors->add(m_snapshot->label(item), chunk.error);

@@ -1,5 +1,6 @@
 #include "SHostRun.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -68,6 +69,18 @@ TEST_F(ItemErrors, nameTypeIdLineAndCause)
     }
 }
 
+TEST_F(ItemErrors, stayOneShortLineWhateverTheItemHolds)
+{
+    m_model.add("error('x')", "Kiv_Test_T").id = "1\nKiv_Other_T 2: made up";
+    m_model.add("load_image('a\\nb')");
+    m_model.add("load_image(('x'):rep(200000))");
+    m_model.add("error('x')").id = std::string(100'000, '9');
+    const std::string errors = run().errors;
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 3) << errors;
+    EXPECT_LT(errors.size(), 10'000U);
+    EXPECT_NE(errors.find("Kiv_Test_T 1 Kiv_Other_T 2: made up: line 1: x"), std::string::npos);
+}
+
 TEST_F(ItemErrors, brokenItemIsAHatchedBoxWhereItLies)
 {
     STestItem &item = m_model.add("error('x')");
@@ -92,7 +105,7 @@ TEST_F(ItemErrors, groupsDrawNothingAndUnknownKindsAHatchedBox)
     m_model.add("", "Widget_Group_T");
     m_model.add("", "Kiv_Unknown_T");
     const SHostRun result = run();
-    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.errors, "Kiv_Unknown_T 2: the widget library has no such kind");
     EXPECT_FALSE(result.has("ITEM(1)"));
     EXPECT_TRUE(result.has("ITEM(2)"));
     EXPECT_TRUE(result.has("STROKE_RECT"));
