@@ -28,6 +28,7 @@ CScreenModel::CScreenModel(CProjectModel *project)
 CScreenModel::CScreenModel(const QString &name, const CWidgetLibraryModel *library,
                            IPropertyChangeObserver *observer)
     : CItemModel(Kind::Screen, TypeName::Screen, library, observer),
+      m_color(PropertyKey::Color, PropertyType::Rgb),
       m_workingDirectory(PropertyKey::WorkingDirectory, PropertyType::String)
 {
     m_workingDirectory.setInternal(true);
@@ -72,8 +73,13 @@ int CScreenModel::propertyCount()
 
 IModelProperty *CScreenModel::property(int index)
 {
-    if (index < CItemModel::propertyCount())
-        return CItemModel::property(index);
+    if (index < CItemModel::propertyCount()) {
+        IModelProperty *property = CItemModel::property(index);
+        if (PropertyKey::Color != QLatin1String(property->name()))
+            return property;
+        m_color.setValueFromText(propertyText(PropertyKey::Color));
+        return &m_color;
+    }
     const CProjectModel *owner = project();
     m_workingDirectory.setValue(owner ? owner->workingDirectory() : QString());
     return &m_workingDirectory;

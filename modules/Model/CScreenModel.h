@@ -4,7 +4,8 @@
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
 /// For the emulator library it has one property more than properties(): the project's working
-/// directory, against which the folders of bitmaps are meant. It is in no document.
+/// directory, against which the folders of bitmaps are meant. It is in no document. The colour is
+/// handed out in its canonical form, whatever a document calls it.
 class CScreenModel final : public CItemModel
 {
 public:
@@ -26,5 +27,6 @@ protected:
     bool isBuiltIn(const QString &name) const override;
 
 private:
+    CWidgetProperty m_color; ///< as the library gets it
     CWidgetProperty m_workingDirectory;
 };

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void groupMovesWithoutDrift();
     void boundsOfGroup();
     void rendererSeesEverything();
+    void rendererGetsScreenColorsInOneForm();
     void propertyIndexSurvivesChanges();
     void walkIsBackToFront();
     void walkOfEmptyScreen();
@@ -347,6 +348,27 @@ void tst_ItemModel::rendererSeesEverything()
     IModelItem *alien = add(newWidget(*m_project, QStringLiteral("Alien_T")));
     QCOMPARE(alien->renderCommands(), "");
     QCOMPARE(alien->propertyCount(), 0);
+}
+
+void tst_ItemModel::rendererGetsScreenColorsInOneForm()
+{
+    const QVector<std::pair<const char *, const char *>> cases = {{"#102030", "#102030"},
+                                                                  {"#FFF", "#ffffff"},
+                                                                  {"Navy", "#000080"},
+                                                                  {"#80ff0000", "#80ff0000"}};
+    for (const auto &[stored, seen] : cases) {
+        CWidgetProperty asLoaded(PropertyKey::Color, PropertyType::String);
+        asLoaded.setValueFromText(QString::fromLatin1(stored));
+        screen()->addProperty(asLoaded);
+        IModelItem *page = screen();
+        QByteArrayList colors;
+        for (int i = 0; i < page->propertyCount(); ++i) {
+            if (qstrcmp(page->property(i)->name(), "color") == 0)
+                colors.append(page->property(i)->valueText());
+        }
+        QCOMPARE(colors, QByteArrayList{seen});
+        QCOMPARE(screen()->propertyText(PropertyKey::Color), QString::fromLatin1(stored));
+    }
 }
 
 void tst_ItemModel::propertyIndexSurvivesChanges()
