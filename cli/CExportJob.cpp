@@ -194,12 +194,16 @@ void CExportJob::writePictures()
     for (const SScreenExport &screen : m_screens)
         names.append(screen.name);
     const QStringList files = FileNames::unusedForAll(names, QStringLiteral(".png"));
-    for (int i = 0; i < files.size(); ++i)
-        writeFile(QDir(m_options.pngFolder).filePath(files[i]),
-                  CScreenshotWriter::toPng(m_screens[i].frame),
-                  QStringLiteral("%1 x %2 pixels")
-                      .arg(m_screens[i].frame.width())
-                      .arg(m_screens[i].frame.height()));
+    for (int i = 0; i < files.size(); ++i) {
+        const QImage &frame = m_screens[i].frame;
+        if (frame.isNull())
+            fail(QStringLiteral("%1: screen \"%2\": A screen without width or height has no "
+                                "picture.")
+                     .arg(m_options.project, names[i]));
+        else
+            writeFile(QDir(m_options.pngFolder).filePath(files[i]), CScreenshotWriter::toPng(frame),
+                      QStringLiteral("%1 x %2 pixels").arg(frame.width()).arg(frame.height()));
+    }
 }
 
 void CExportJob::writeReport()

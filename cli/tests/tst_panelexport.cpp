@@ -31,6 +31,7 @@ private Q_SLOTS:
     void projectsThatCannotBeOpened();
     void outputsThatCannotBeWritten_data();
     void outputsThatCannotBeWritten();
+    void screensWithoutPixelsHaveNoPicture();
     void findings_data();
     void findings();
     void programDataThatIsMissing_data();
@@ -345,6 +346,19 @@ void tst_PanelExport::outputsThatCannotBeWritten()
     QCOMPARE(QDir(path(QStringLiteral("folder"))).count(), 2u); // "." and ".."
 }
 
+void tst_PanelExport::screensWithoutPixelsHaveNoPicture()
+{
+    write(QStringLiteral("p.nyx"), "<Kiv_Project_T platform=\"QX110\" width=\"0\" height=\"-4\">" +
+                                       screenOf("A") + "</Kiv_Project_T>");
+    const SResult result =
+        run({QStringLiteral("p.nyx"), QStringLiteral("--png"), QStringLiteral("."),
+             QStringLiteral("--bin"), QStringLiteral("p.bin")});
+    QCOMPARE(result.exitCode, 3);
+    QVERIFY2(result.errors.contains(QLatin1String("\"A\"")), qPrintable(result.errors));
+    QVERIFY(!QFile::exists(path(QStringLiteral("A.png"))));
+    QCOMPARE(read(QStringLiteral("p.bin")).size(), 8); // CLEAR and END
+}
+
 void tst_PanelExport::findings_data()
 {
     QTest::addColumn<QByteArray>("project");
@@ -359,6 +373,9 @@ void tst_PanelExport::findings_data()
     QTest::newRow("the same on a larger chip")
         << projectOf("<Kiv_Screen_T name=\"A\"><Big_T id=\"8\"/></Kiv_Screen_T>", "QX110")
         << QString();
+    QTest::newRow("kind that the library lacks")
+        << projectOf("<Kiv_Screen_T name=\"A\"><Alien_T id=\"9\"/></Kiv_Screen_T>")
+        << QStringLiteral("Alien_T 9: ");
     QTest::newRow("unknown platform")
         << projectOf(screenOf("A"), "ABC") << QStringLiteral("\"ABC\" is not known");
     QTest::newRow("platform without a chip")
