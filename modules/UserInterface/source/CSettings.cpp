@@ -64,9 +64,11 @@ void readRect(const QSettings &settings, const QString &key, QRect *value)
 
 void readColour(const QSettings &settings, const QString &key, QColor *value)
 {
-    const auto read = settings.value(key).value<QColor>();
-    if (read.isValid() && read.alpha() > 0) // also cut-off data is read as a colour
-        *value = read;
+    // Kept as text: of binary data that was cut off Qt makes a colour that no one may look at.
+    const QVariant read = settings.value(key);
+    const QColor colour(read.type() == QVariant::String ? read.toString() : QString());
+    if (colour.isValid() && colour.alpha() > 0)
+        *value = colour;
 }
 /// The file is parsed when its keys are asked for, not before.
 bool isSettingsFile(const QString &path)
@@ -144,7 +146,7 @@ bool CSettings::write(const SSettings &values) const
     file.setValue(Key::zoomType, values.zoomType);
     file.setValue(Key::showGrid, values.showGrid);
     file.setValue(Key::gridSize, values.gridSize);
-    file.setValue(Key::gridColor, values.gridColor);
+    file.setValue(Key::gridColor, values.gridColor.name(QColor::HexArgb));
     file.setValue(Key::gridType, static_cast<int>(values.gridType));
     file.setValue(Key::latestProjects, values.latestProjects);
     file.setValue(Key::screenshotDir, values.screenshotDir);

@@ -61,7 +61,7 @@ private Q_SLOTS:
         row("zoomType", 2);
         row("showGrid", false);
         row("gridSize", 8);
-        row("gridColor", QColor(1, 2, 3));
+        row("gridColor", "#ff010203");
         row("gridType", 3);
         row("latestProjects", QStringList({"/a,b.nyx", "/c.nyx"}));
         row("screenshotDir", QStringLiteral("/shots \u00e4"));
