@@ -18,28 +18,31 @@ public:
 
     CBitmapCopy(const SBitmapImage &image, const SBitmapPlacement &placement);
 
-    /// Calls piece(x, y, texels, count) for the stretches of the given pixels that lie side by side
-    /// in the bitmap, row by row.
+    /// Calls piece(pixels, texels, count) for the stretches of the given pixels that lie side by
+    /// side in the bitmap, row by row.
     template<class Piece>
-    void eachPiece(SPixelRange columns, SPixelRange lines, Piece piece) const
+    void eachPiece(const STarget &target, SPixelRange columns, SPixelRange lines, Piece piece) const
     {
         const SPixelRange across = m_x.reached(columns);
         const SPixelRange down = m_y.reached(lines);
         if (across.isEmpty() || down.isEmpty())
             return;
-        const int firstColumn = m_x.texel(across.first);
+        const int width = across.count();
+        const int column = m_x.texel(across.first);
+        const int room = m_image.width - column; // up to where the bitmap is repeated
         int line = m_y.texel(down.first);
-        for (int y = down.first; y < down.end; ++y) {
-            const uint32_t *texels = m_image.at(0, line);
-            int column = firstColumn;
-            for (int x = across.first; x < across.end;) {
-                const int count = std::min(m_image.width - column, across.end - x);
-                piece(x, y, texels + column, count);
-                x += count;
-                column = 0;
-            }
-            if (++line == m_image.height)
+        uint32_t *pixels = target.row(down.first) + across.first;
+        const uint32_t *texels = m_image.at(0, line);
+        for (int left = down.count(); left > 0; --left) {
+            piece(pixels, texels + column, std::min(room, width));
+            for (int x = room; x < width; x += m_image.width)
+                piece(pixels + x, texels, std::min(m_image.width, width - x));
+            pixels += target.stride;
+            texels += m_image.stride;
+            if (++line == m_image.height) {
                 line = 0;
+                texels = m_image.at(0, 0);
+            }
         }
     }
 

@@ -58,9 +58,9 @@ public:
     bool takesThemAsTheyAre() const { return m_isBlending && m_tint == White; }
 
     /// Texels as they are.
-    void draw(int x, int y, const uint32_t *texels, int count) const
+    void draw(uint32_t *pixels, const uint32_t *texels, int count) const
     {
-        m_canvas.kernels->overRow(m_canvas.target.row(y) + x, texels, count);
+        m_canvas.kernels->overRow(pixels, texels, count);
     }
 
     /// Changes the texels where it has to.
@@ -86,20 +86,22 @@ void copyBitmap(const SCanvas &canvas, const CBitmapCopy &copy, bool isOpaque, S
 {
     if (!painter.takesThemAsTheyAre()) {
         TexelBuffer changed;
-        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
-            std::copy_n(texels, count, changed.data());
-            painter.change(changed.data(), count);
-            painter.draw(x, y, changed.data(), count);
-        });
+        copy.eachPiece(canvas.target, columns, lines,
+                       [&](uint32_t *pixels, const uint32_t *texels, int count) {
+                           std::copy_n(texels, count, changed.data());
+                           painter.change(changed.data(), count);
+                           painter.draw(pixels, changed.data(), count);
+                       });
     } else if (isOpaque) {
-        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
-            std::memcpy(canvas.target.row(y) + x, texels,
-                        static_cast<size_t>(count) * sizeof *texels);
-        });
+        copy.eachPiece(canvas.target, columns, lines,
+                       [&](uint32_t *pixels, const uint32_t *texels, int count) {
+                           std::memcpy(pixels, texels, static_cast<size_t>(count) * sizeof *texels);
+                       });
     } else {
-        copy.eachPiece(columns, lines, [&](int x, int y, const uint32_t *texels, int count) {
-            painter.draw(x, y, texels, count);
-        });
+        copy.eachPiece(canvas.target, columns, lines,
+                       [&](uint32_t *pixels, const uint32_t *texels, int count) {
+                           painter.draw(pixels, texels, count);
+                       });
     }
 }
 
@@ -113,7 +115,7 @@ void filterBitmap(const SCanvas &canvas, const CTexelRows &rows, SPixelRange col
             continue;
         rows.fetch(*canvas.kernels, row, texels.data());
         painter.change(texels.data(), row.pixels.count());
-        painter.draw(row.pixels.first, y, texels.data(), row.pixels.count());
+        painter.draw(canvas.target.row(y) + row.pixels.first, texels.data(), row.pixels.count());
     }
 }
 
