@@ -185,37 +185,13 @@ private:
         }
     }
 
-    /// The rectangle around the turned picture, and for its pixels the way back to the texels.
     void turnedPictures()
     {
         m_writer.setColour(0xFFFFFFFF);
         for (const auto &one : m_screen.turned) {
             const SPicture &picture = m_screen.pictures[one.picture];
-            const double angle = one.angle * 3.14159265358979323846 / 180;
-            const double cosine = std::cos(angle);
-            const double sine = std::sin(angle);
-            const double reachX = one.scale * (picture.width / 2.0 * std::abs(cosine) +
-                                               picture.height / 2.0 * std::abs(sine));
-            const double reachY = one.scale * (picture.width / 2.0 * std::abs(sine) +
-                                               picture.height / 2.0 * std::abs(cosine));
-            const double left = std::floor(one.centre.x - reachX - 1);
-            const double top = std::floor(one.centre.y - reachY - 1);
-            const auto fixed = [](double value) {
-                return static_cast<int32_t>(std::lround(value * 65536));
-            };
-            SBitmapPlacement place;
-            place.topLeft = point(left, top);
-            place.size = point(std::ceil(2 * reachX + 3), std::ceil(2 * reachY + 3));
-            place.a = fixed(cosine / one.scale);
-            place.b = fixed(sine / one.scale);
-            place.d = fixed(-sine / one.scale);
-            place.e = fixed(cosine / one.scale);
-            const double x = left - one.centre.x;
-            const double y = top - one.centre.y;
-            place.c = fixed((cosine * x + sine * y) / one.scale + picture.width / 2.0);
-            place.f = fixed((cosine * y - sine * x) / one.scale + picture.height / 2.0);
-            place.filter = EBitmapFilter::Bilinear;
-            m_writer.bitmap(source(one.picture), place);
+            m_writer.bitmap(source(one.picture),
+                            turnedPlacement(picture.width, picture.height, one));
         }
     }
 
@@ -251,6 +227,36 @@ int romFont(int emSize)
             best = font;
     }
     return best;
+}
+
+/// The rectangle around the turned picture, and for its pixels the way back to the texels.
+SBitmapPlacement turnedPlacement(int width, int height, const STurnedPicture &turned)
+{
+    const double angle = turned.angle * 3.14159265358979323846 / 180;
+    const double cosine = std::cos(angle);
+    const double sine = std::sin(angle);
+    const double reachX =
+        turned.scale * (width / 2.0 * std::abs(cosine) + height / 2.0 * std::abs(sine));
+    const double reachY =
+        turned.scale * (width / 2.0 * std::abs(sine) + height / 2.0 * std::abs(cosine));
+    const double left = std::floor(turned.centre.x - reachX - 1);
+    const double top = std::floor(turned.centre.y - reachY - 1);
+    const auto fixed = [](double value) {
+        return static_cast<int32_t>(std::lround(value * 65536));
+    };
+    SBitmapPlacement place;
+    place.topLeft = point(left, top);
+    place.size = point(std::ceil(2 * reachX + 3), std::ceil(2 * reachY + 3));
+    place.a = fixed(cosine / turned.scale);
+    place.b = fixed(sine / turned.scale);
+    place.d = fixed(-sine / turned.scale);
+    place.e = fixed(cosine / turned.scale);
+    const double x = left - turned.centre.x;
+    const double y = top - turned.centre.y;
+    place.c = fixed((cosine * x + sine * y) / turned.scale + width / 2.0);
+    place.f = fixed((cosine * y - sine * x) / turned.scale + height / 2.0);
+    place.filter = EBitmapFilter::Bilinear;
+    return place;
 }
 
 SScreenList screenList(const SStandardScreen &screen, std::optional<ESection> section)

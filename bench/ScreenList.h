@@ -2,6 +2,7 @@
 
 #include "StandardScreen.h"
 #include "executor/CRamG.h"
+#include "raster/BitmapImage.h"
 
 #include <cstdint>
 #include <optional>
@@ -20,6 +21,9 @@ struct SScreenList
 /// starts with CLEAR too, as every frame is cleared; emptyList() has this alone.
 SScreenList screenList(const SStandardScreen &screen, std::optional<ESection> section);
 SScreenList emptyList();
+
+/// Where a picture of that size goes that is turned and filtered bilinearly.
+kivemu::SBitmapPlacement turnedPlacement(int width, int height, const STurnedPicture &turned);
 
 /// The ROM font whose em size is nearest to a label's.
 int romFont(int emSize);

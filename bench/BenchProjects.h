@@ -1,0 +1,18 @@
+#pragma once
+
+#include "StandardScreen.h"
+
+#include <QByteArray>
+
+namespace bench {
+
+/// A project document with two screens, which differ in their colours alone so that one drawn after
+/// the other is never the same frame again. Each has `count` rectangles, discs and short texts.
+QByteArray smallWidgets(int count);
+
+/// The same for the standard screen as an author would build it of the library's widgets: a gauge,
+/// a chart or a button is one widget each, not the lines that it is made of. Without the pictures
+/// and the 200 dots, for which there is no widget; the list still has some 2,000 words.
+QByteArray standardWidgets(const SStandardScreen &screen);
+
+} // namespace bench

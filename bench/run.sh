@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Builds all benchmarks and runs them one after the other on one core; prints medians of processor
+# times. Wants a quiet machine: compare ratios within a run, not times of two runs.
+#   bench/run.sh [name…]      e.g. bench_bitmaps bench_frames; all when none is named
+#   KIV_BENCH_CORE=1          the core (default: the last one)
+set -eu -o pipefail
+cd "$(dirname "$0")/.."
+
+core=${KIV_BENCH_CORE:-$(($(nproc) - 1))}
+names=("$@")
+[ ${#names[@]} -gt 0 ] ||
+    names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_conversion)
+
+[ -f build/build.ninja ] || cmake --preset release >/dev/null
+cmake --build build --target benchmarks >/dev/null
+export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}"
+
+# Google Benchmark's own table, its medians alone.
+medians() {
+    taskset -c "$core" "$@" --benchmark_repetitions=9 --benchmark_report_aggregates_only=true \
+        2>/dev/null | grep -E '^Benchmark|_median|words of|project of'
+}
+
+echo "core $core of $(nproc), load $(cut -d' ' -f1-3 /proc/loadavg)"
+for name in "${names[@]}"; do
+    program=build/bench/$name
+    if [ ! -x "$program" ]; then
+        echo "-- $name: not built"
+        continue
+    fi
+    echo "-- $name"
+    case $name in
+    bench_executor | bench_bitmaps) taskset -c "$core" "$program" ;; # print medians themselves
+    *) medians "$program" ;;
+    esac
+done
+echo "load $(cut -d' ' -f1-3 /proc/loadavg)"
