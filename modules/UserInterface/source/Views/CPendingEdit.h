@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+
+class QWidget;
+
+/// An edit that is under way in one editor, so that it becomes one change: stepping a spin box,
+/// turning the wheel or holding a key commits once, after a short rest or when the editor loses
+/// the focus. Escape takes the edit back.
+/// Lives as a child of its editor.
+class CPendingEdit : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int Rest = 200; ///< milliseconds without a step until the edit is committed
+
+    /// `commit` takes the editor's value over, `revert` shows the old one again.
+    CPendingEdit(QWidget *editor, std::function<void()> commit, std::function<void()> revert);
+
+    void touch(); ///< the value has changed and may change again soon
+    void commit();
+    void discard();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void commitWhenAtRest();
+
+    QWidget *const m_editor; ///< the parent
+    const std::function<void()> m_commit;
+    const std::function<void()> m_revert;
+    QTimer m_rest;
+    bool m_isPending = false;
+    bool m_isKeyHeld = false;
+};

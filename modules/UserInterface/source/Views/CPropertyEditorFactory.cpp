@@ -1,0 +1,226 @@
+#include "CPropertyEditorFactory.h"
+
+#include "CNumberSpinBox.h"
+#include "CPendingEdit.h"
+#include "CThemeIcons.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QTimeEdit>
+#include <QtVariantPropertyManager>
+
+namespace {
+
+QVariant attribute(QtVariantPropertyManager *manager, QtProperty *property, const char *name)
+{
+    return manager->attributeValue(property, QLatin1String(name));
+}
+
+/// Limits and step of a row for its spin box.
+template<typename Box, typename Number>
+void setRange(Box *box, QtVariantPropertyManager *manager, QtProperty *property)
+{
+    box->setRange(attribute(manager, property, "minimum").value<Number>(),
+                  attribute(manager, property, "maximum").value<Number>());
+    box->setSingleStep(attribute(manager, property, "singleStep").value<Number>());
+    box->setReadOnly(attribute(manager, property, "readOnly").toBool());
+}
+
+} // namespace
+
+CPropertyEditorFactory::CPropertyEditorFactory(QObject *parent) : QtVariantEditorFactory(parent)
+{
+}
+
+void CPropertyEditorFactory::connectPropertyManager(QtVariantPropertyManager *manager)
+{
+    QtVariantEditorFactory::connectPropertyManager(manager);
+    connect(manager, &QtVariantPropertyManager::valueChanged, this,
+            &CPropertyEditorFactory::refresh);
+    connect(manager, &QtVariantPropertyManager::attributeChanged, this,
+            &CPropertyEditorFactory::refresh);
+    connect(manager, &QtAbstractPropertyManager::propertyDestroyed, this,
+            &CPropertyEditorFactory::forget);
+}
+
+void CPropertyEditorFactory::disconnectPropertyManager(QtVariantPropertyManager *manager)
+{
+    disconnect(manager, nullptr, this, nullptr);
+    QtVariantEditorFactory::disconnectPropertyManager(manager);
+}
+
+void CPropertyEditorFactory::commitPending()
+{
+    const QHash<QtProperty *, SEditor> editors = m_editors; // a commit may change them
+    for (const SEditor &editor : editors) {
+        if (editor.pending)
+            editor.pending->commit();
+    }
+}
+
+void CPropertyEditorFactory::discardPending()
+{
+    for (const SEditor &editor : qAsConst(m_editors)) {
+        if (editor.pending)
+            editor.pending->discard();
+    }
+}
+
+void CPropertyEditorFactory::setFileRow(QtProperty *property)
+{
+    m_fileRow = property;
+}
+
+void CPropertyEditorFactory::refresh(QtProperty *property)
+{
+    const auto editor = m_editors.constFind(property);
+    if (editor == m_editors.constEnd() || !editor->widget)
+        return;
+    const QSignalBlocker noEdit(editor->widget.data());
+    editor->pending->discard();
+    editor->showValue();
+}
+
+/// The row goes before its editor does: what the editor still says has no meaning.
+void CPropertyEditorFactory::forget(QtProperty *property)
+{
+    const SEditor editor = m_editors.take(property);
+    if (editor.pending)
+        delete editor.pending;
+    if (m_fileRow == property)
+        m_fileRow = nullptr;
+}
+
+CPendingEdit *CPropertyEditorFactory::follow(QtVariantPropertyManager *manager,
+                                             QtProperty *property, QWidget *widget,
+                                             const std::function<QVariant()> &value,
+                                             const std::function<void()> &showValue)
+{
+    const auto show = [widget, showValue] {
+        const QSignalBlocker noEdit(widget);
+        showValue();
+    };
+    show();
+    auto *pending = new CPendingEdit(
+        widget, [manager, property, value] { manager->setValue(property, value()); }, show);
+    m_editors.insert(property, {widget, pending, showValue});
+    return pending;
+}
+
+QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    switch (manager->propertyType(property)) {
+    case QVariant::Int:
+        return makeSpinBox(manager, property, parent);
+    case QVariant::Double:
+        return makeNumberBox(manager, property, parent);
+    case QVariant::String:
+        return makeLineEdit(manager, property, parent);
+    case QVariant::Time:
+        return makeTimeEdit(manager, property, parent);
+    default:
+        break;
+    }
+    if (manager->propertyType(property) == QtVariantPropertyManager::enumTypeId())
+        return makeComboBox(manager, property, parent);
+    return QtVariantEditorFactory::createEditor(manager, property, parent);
+}
+
+QWidget *CPropertyEditorFactory::makeSpinBox(QtVariantPropertyManager *manager,
+                                             QtProperty *property, QWidget *parent)
+{
+    auto *box = new QSpinBox(parent);
+    box->setKeyboardTracking(false);
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->value(); },
+        [manager, property, box] {
+            setRange<QSpinBox, int>(box, manager, property);
+            box->setValue(manager->value(property).toInt());
+        });
+    connect(box, QOverload<int>::of(&QSpinBox::valueChanged), pending, &CPendingEdit::touch);
+    connect(box, &QSpinBox::editingFinished, pending, &CPendingEdit::commit);
+    return box;
+}
+
+QWidget *CPropertyEditorFactory::makeNumberBox(QtVariantPropertyManager *manager,
+                                               QtProperty *property, QWidget *parent)
+{
+    auto *box = new CNumberSpinBox(parent);
+    box->setKeyboardTracking(false);
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->value(); },
+        [manager, property, box] {
+            box->setDecimals(attribute(manager, property, "decimals").toInt());
+            setRange<QDoubleSpinBox, double>(box, manager, property);
+            box->setValue(manager->value(property).toDouble());
+        });
+    connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), pending,
+            &CPendingEdit::touch);
+    connect(box, &QDoubleSpinBox::editingFinished, pending, &CPendingEdit::commit);
+    return box;
+}
+
+QWidget *CPropertyEditorFactory::makeLineEdit(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    auto *line = new QLineEdit(parent);
+    line->setReadOnly(attribute(manager, property, "readOnly").toBool());
+    CPendingEdit *pending = follow(
+        manager, property, line, [line] { return line->text(); },
+        [manager, property, line] {
+            if (line->text() != manager->value(property).toString())
+                line->setText(manager->value(property).toString());
+        });
+    connect(line, &QLineEdit::editingFinished, pending, [line, pending] {
+        if (line->isModified())
+            pending->touch();
+        pending->commit();
+    });
+    if (property == m_fileRow) {
+        QAction *choose =
+            line->addAction(CThemeIcons::icon(QStringLiteral(":/images/openProject.png")),
+                            QLineEdit::TrailingPosition);
+        choose->setObjectName(QStringLiteral("chooseFile"));
+        choose->setToolTip(tr("Choose a file"));
+        connect(choose, &QAction::triggered, pending,
+                [this, property] { Q_EMIT fileWanted(property); });
+    }
+    return line;
+}
+
+QWidget *CPropertyEditorFactory::makeTimeEdit(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    auto *edit = new QTimeEdit(parent);
+    edit->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+    edit->setKeyboardTracking(false);
+    CPendingEdit *pending = follow(
+        manager, property, edit, [edit] { return edit->time(); },
+        [manager, property, edit] { edit->setTime(manager->value(property).toTime()); });
+    connect(edit, &QTimeEdit::timeChanged, pending, &CPendingEdit::touch);
+    connect(edit, &QTimeEdit::editingFinished, pending, &CPendingEdit::commit);
+    return edit;
+}
+
+QWidget *CPropertyEditorFactory::makeComboBox(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    auto *box = new QComboBox(parent);
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->currentIndex(); },
+        [manager, property, box] {
+            const QStringList entries = attribute(manager, property, "enumNames").toStringList();
+            if (box->count() != entries.size()) {
+                box->clear();
+                box->addItems(entries);
+            }
+            box->setCurrentIndex(manager->value(property).toInt());
+        });
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), pending,
+            &CPendingEdit::touch);
+    return box;
+}

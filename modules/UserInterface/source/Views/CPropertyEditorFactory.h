@@ -1,0 +1,59 @@
+#pragma once
+
+#include "CPendingEdit.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <QtVariantEditorFactory>
+
+#include <functional>
+
+/// The editors of the property panel. Each hands its value to the manager once for an edit: when
+/// Enter is pressed or the editor is left, and for steps after a short rest.
+class CPropertyEditorFactory : public QtVariantEditorFactory
+{
+    Q_OBJECT
+
+public:
+    explicit CPropertyEditorFactory(QObject *parent = nullptr);
+
+    /// Commits or drops what is being edited; before the rows go.
+    void commitPending();
+    void discardPending();
+    /// Rows that get a button for choosing a file.
+    void setFileRow(QtProperty *property);
+
+Q_SIGNALS:
+    void fileWanted(QtProperty *property);
+
+protected:
+    void connectPropertyManager(QtVariantPropertyManager *manager) override;
+    QWidget *createEditor(QtVariantPropertyManager *manager, QtProperty *property,
+                          QWidget *parent) override;
+    void disconnectPropertyManager(QtVariantPropertyManager *manager) override;
+
+private:
+    struct SEditor
+    {
+        QPointer<QWidget> widget;
+        QPointer<CPendingEdit> pending;
+        std::function<void()> showValue; ///< in the widget, without taking it for an edit
+    };
+
+    QWidget *makeSpinBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeNumberBox(QtVariantPropertyManager *manager, QtProperty *property,
+                           QWidget *parent);
+    QWidget *makeLineEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeTimeEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeComboBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    /// Keeps a new editor in step with its row. `value` gives what the widget shows.
+    CPendingEdit *follow(QtVariantPropertyManager *manager, QtProperty *property, QWidget *widget,
+                         const std::function<QVariant()> &value,
+                         const std::function<void()> &showValue);
+    void refresh(QtProperty *property);
+    void forget(QtProperty *property);
+
+    QHash<QtProperty *, SEditor> m_editors;
+    QtProperty *m_fileRow = nullptr;
+};

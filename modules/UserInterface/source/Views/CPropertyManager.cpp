@@ -1,0 +1,170 @@
+#include "CPropertyManager.h"
+
+#include "CWidgetProperty.h"
+
+#include <QColor>
+#include <QTime>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QString minimumAttribute = QStringLiteral("minimum");
+const QString maximumAttribute = QStringLiteral("maximum");
+const QString stepAttribute = QStringLiteral("singleStep");
+const QString readOnlyAttribute = QStringLiteral("readOnly");
+const QString decimalsAttribute = QStringLiteral("decimals");
+const QString entriesAttribute = QStringLiteral("enumNames");
+
+int editorType(PropertyType type)
+{
+    switch (type) {
+    case PropertyType::Int:
+        return QVariant::Int;
+    case PropertyType::Float:
+        return QVariant::Double;
+    case PropertyType::Bool:
+        return QVariant::Bool;
+    case PropertyType::Rgb:
+        return QVariant::Color;
+    case PropertyType::Time:
+        return QVariant::Time;
+    case PropertyType::Enum:
+        return QtVariantPropertyManager::enumTypeId();
+    default:
+        return QVariant::String;
+    }
+}
+
+bool isNumber(int editorType)
+{
+    return editorType == QVariant::Int || editorType == QVariant::Double;
+}
+
+QColor colourOf(const QVariant &value)
+{
+    return value.type() == QVariant::Color ? value.value<QColor>() : QColor(value.toString());
+}
+
+} // namespace
+
+CPropertyManager::CPropertyManager(QObject *parent) : QtVariantPropertyManager(parent)
+{
+}
+
+QString CPropertyManager::colourText(const QColor &colour)
+{
+    return colour.name(colour.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
+}
+
+QString CPropertyManager::numberText(double number)
+{
+    const double unit = std::pow(10.0, Decimals);
+    const double rounded = std::round(number * unit) / unit;
+    return QString::number(std::isfinite(rounded) ? rounded : number, 'g', 15);
+}
+
+QtVariantProperty *CPropertyManager::addRow(const CWidgetProperty &property)
+{
+    const int type = editorType(property.propertyType());
+    QtVariantProperty *row = addProperty(type, property.key());
+    if (type == QVariant::Double)
+        row->setAttribute(decimalsAttribute, Decimals);
+    if (type == enumTypeId())
+        row->setAttribute(entriesAttribute, property.enumerationEntries());
+    if (isNumber(type)) {
+        if (property.minimum().isValid())
+            row->setAttribute(minimumAttribute, property.minimum().toInt());
+        if (property.maximum().isValid())
+            row->setAttribute(maximumAttribute, property.maximum().toInt());
+        if (property.singleStep().isValid())
+            row->setAttribute(stepAttribute, property.singleStep().toDouble());
+    }
+    if (property.isReadOnly()) {
+        if (isNumber(type) || type == QVariant::String)
+            row->setAttribute(readOnlyAttribute, true);
+        else
+            row->setEnabled(false);
+    }
+    row->setToolTip(rangeText(property));
+    showValue(row, property.value());
+    return row;
+}
+
+QtVariantProperty *CPropertyManager::addText(const QString &name, const QString &text)
+{
+    QtVariantProperty *row = addProperty(QVariant::String, name);
+    row->setAttribute(readOnlyAttribute, true);
+    row->setValue(text);
+    return row;
+}
+
+void CPropertyManager::showValue(QtVariantProperty *row, const QVariant &value)
+{
+    const int type = row->propertyType();
+    if (type == enumTypeId()) {
+        showEntry(row, value.toString());
+    } else if (type == QVariant::Color) {
+        row->setValue(colourOf(value));
+    } else if (isNumber(type)) {
+        const double number = value.toDouble();
+        if (number < row->attributeValue(minimumAttribute).toDouble())
+            row->setAttribute(minimumAttribute, number);
+        if (number > row->attributeValue(maximumAttribute).toDouble())
+            row->setAttribute(maximumAttribute, number);
+        row->setValue(value);
+    } else {
+        row->setValue(value);
+    }
+}
+
+/// An entry that the platform's chip does not have is offered too, as long as it is the value.
+void CPropertyManager::showEntry(QtVariantProperty *row, const QString &entry)
+{
+    QStringList entries = row->attributeValue(entriesAttribute).toStringList();
+    if (!entries.contains(entry)) {
+        entries.append(entry);
+        row->setAttribute(entriesAttribute, entries);
+    }
+    row->setValue(entries.indexOf(entry));
+}
+
+QVariant CPropertyManager::modelValue(const QtProperty *row) const
+{
+    const QVariant shown = value(row);
+    if (propertyType(row) != enumTypeId())
+        return shown;
+    return attributeValue(row, entriesAttribute).toStringList().value(shown.toInt());
+}
+
+QString CPropertyManager::valueText(const QtProperty *property) const
+{
+    switch (propertyType(property)) {
+    case QVariant::Color: {
+        const QColor colour = value(property).value<QColor>();
+        return colour.isValid() ? colourText(colour) : tr("none");
+    }
+    case QVariant::Double:
+        return numberText(value(property).toDouble());
+    case QVariant::Int:
+        return QString::number(value(property).toInt());
+    case QVariant::Time:
+        return value(property).toTime().toString(QStringLiteral("HH:mm:ss"));
+    default:
+        return QtVariantPropertyManager::valueText(property);
+    }
+}
+
+QString CPropertyManager::rangeText(const CWidgetProperty &property)
+{
+    const bool hasMinimum = property.minimum().isValid();
+    const bool hasMaximum = property.maximum().isValid();
+    if (!isNumber(editorType(property.propertyType())) || !(hasMinimum || hasMaximum))
+        return {};
+    if (!hasMaximum)
+        return tr("%1 or more").arg(property.minimum().toInt());
+    if (!hasMinimum)
+        return tr("at most %1").arg(property.maximum().toInt());
+    return tr("%1 to %2").arg(property.minimum().toInt()).arg(property.maximum().toInt());
+}

@@ -1,0 +1,333 @@
+#include "CWidgetPropertiesView.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CItemModel.h"
+#include "CProjectModel.h"
+#include "CPropertyEditorFactory.h"
+#include "CPropertyManager.h"
+#include "PropertyKey.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QTreeWidget>
+#include <QUndoStack>
+
+#include <cmath>
+
+namespace {
+
+/// The largest difference of two real numbers that is no edit.
+constexpr double Tolerance = 0.0001;
+
+bool isEdit(const CItemModel &item, const QString &key, const QVariant &value)
+{
+    const QVariant old = item.propertyValue(key);
+    if (value.type() == QVariant::Double &&
+        std::abs(value.toDouble() - old.toDouble()) <= Tolerance)
+        return false;
+    if (value == old)
+        return false;
+    CWidgetProperty changed = item.properties().value(key); // "red" is no change of #ff0000
+    changed.setValue(value);
+    return changed.text() != item.propertyText(key);
+}
+
+double liveValue(const CItemModel &item, const QString &key)
+{
+    if (key == PropertyKey::X)
+        return item.x();
+    if (key == PropertyKey::Y)
+        return item.y();
+    if (key == PropertyKey::X2)
+        return item.x2();
+    if (key == PropertyKey::Y2)
+        return item.y2();
+    if (key == PropertyKey::Width)
+        return item.width();
+    if (key == PropertyKey::Height)
+        return item.height();
+    if (key == PropertyKey::Radius)
+        return item.radius();
+    if (key == PropertyKey::PointSize)
+        return item.radius() * 16;
+    return item.angle();
+}
+
+} // namespace
+
+CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
+    : QtTreePropertyBrowser(parent),
+      m_manager(new CPropertyManager(this)),
+      m_factory(new CPropertyEditorFactory(this)),
+      m_points(m_manager)
+{
+    // Editors with labels and check boxes have a light ground in every theme.
+    setStyleSheet(QStringLiteral("QCheckBox{color:black;} QLabel{color:black}"));
+    setFactoryForManager(static_cast<QtVariantPropertyManager *>(m_manager),
+                         static_cast<QtVariantEditorFactory *>(m_factory));
+    setResizeMode(Interactive);
+    setPropertiesWithoutValueMarked(false);
+    connect(this, SIGNAL(currentItemChanged(QtBrowserItem *)), this,
+            SLOT(onCurrentItemChanged(QtBrowserItem *)));
+    connect(m_factory, &CPropertyEditorFactory::fileWanted, this, [this](QtProperty *row) {
+        if (m_item)
+            Q_EMIT fileWanted(m_item, row->propertyName());
+    });
+    showItems({});
+}
+
+CWidgetPropertiesView::~CWidgetPropertiesView()
+{
+    m_factory->discardPending();
+    m_item = nullptr;
+    clear();
+    delete m_factory;
+    delete m_manager;
+}
+
+void CWidgetPropertiesView::setProject(CProjectModel *project)
+{
+    m_factory->discardPending();
+    if (m_project)
+        disconnect(m_project, nullptr, this, nullptr);
+    m_project = project;
+    if (project) {
+        connect(project, &CProjectModel::propertyChanged, this,
+                &CWidgetPropertiesView::propertyChanged);
+        connect(project, &CProjectModel::geometryChanged, this,
+                &CWidgetPropertiesView::geometryChanged);
+        connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+                &CWidgetPropertiesView::forgetRemoved);
+    }
+    showItems({});
+}
+
+void CWidgetPropertiesView::showIndexes(const QModelIndexList &indexes)
+{
+    QList<CItemModel *> items;
+    for (const QModelIndex &index : indexes) {
+        if (m_project && index.model() == m_project)
+            items.append(CItemModel::fromItem(m_project->itemFromIndex(index)));
+    }
+    items.removeAll(nullptr);
+    showItems(items);
+}
+
+void CWidgetPropertiesView::showItems(const QList<CItemModel *> &items)
+{
+    CItemModel *item = items.size() == 1 ? items.first() : nullptr;
+    if (item != m_item || !item) {
+        m_factory->commitPending();
+        m_item = item;
+        if (item)
+            rebuild();
+        else
+            showText(items.isEmpty() ? tr("No Item Selected") : tr("Multiple Items Selected"));
+    }
+    setEnabled(!item || !item->isLocked());
+}
+
+void CWidgetPropertiesView::showText(const QString &text)
+{
+    clearRows();
+    addProperty(m_manager->addProperty(QtVariantPropertyManager::groupTypeId(), text));
+}
+
+void CWidgetPropertiesView::clearRows()
+{
+    const QString key = m_currentKey;
+    m_rows.clear();
+    m_points.forget();
+    clear();
+    m_manager->clear();
+    m_currentKey = key; // clearing has made no row current
+}
+
+void CWidgetPropertiesView::rebuild()
+{
+    const QScopedValueRollback<bool> updating(m_updating, true);
+    setUpdatesEnabled(false);
+    const int scroll = scrollPosition();
+    clearRows();
+    switch (m_item->kind()) {
+    case CItemModel::Kind::Screen:
+        addScreenRows();
+        break;
+    case CItemModel::Kind::Group:
+        addGroupRows();
+        break;
+    case CItemModel::Kind::Widget:
+        addWidgetRows();
+        break;
+    }
+    fitColumns();
+    setScrollPosition(scroll);
+    const QList<QtBrowserItem *> shown = items(m_rows.value(m_currentKey));
+    if (!shown.isEmpty())
+        setCurrentItem(shown.first());
+    setUpdatesEnabled(true);
+}
+
+void CWidgetPropertiesView::addScreenRows()
+{
+    addRow(PropertyKey::Name);
+    addProperty(m_manager->addText(QStringLiteral("type"), tr("KIV Screen")));
+    addRow(PropertyKey::Color);
+}
+
+void CWidgetPropertiesView::addGroupRows()
+{
+    addRow(PropertyKey::Name);
+    addProperty(m_manager->addText(QStringLiteral("type"), tr("Widget Group")));
+    addRow(PropertyKey::X);
+    addRow(PropertyKey::Y);
+}
+
+/// A widget of a kind that the library lacks shows what its document gave it.
+void CWidgetPropertiesView::addWidgetRows()
+{
+    const CWidgetLibraryModel *library = m_item->library();
+    if (library && library->contains(m_item->itemTypeName())) {
+        const QStringList keys = library->propertyKeys(m_item->itemTypeName());
+        for (const QString &key : keys)
+            addRow(key);
+        return;
+    }
+    const QVector<const CWidgetProperty *> properties = m_item->savedProperties();
+    for (const CWidgetProperty *property : properties)
+        addRow(*property);
+}
+
+void CWidgetPropertiesView::addRow(const QString &key)
+{
+    const auto property = m_item->properties().constFind(key);
+    if (property != m_item->properties().constEnd() && !property->isHidden())
+        addRow(*property);
+}
+
+void CWidgetPropertiesView::addRow(const CWidgetProperty &property)
+{
+    const QString key = property.key();
+    if (key == PropertyKey::PointList) {
+        QtProperty *list = m_points.makeRow(key);
+        m_points.showText(property.text());
+        insertRow(list, key);
+        return;
+    }
+    QtVariantProperty *added = m_manager->addRow(property);
+    insertRow(added, key);
+    if (added->propertyType() == QVariant::Color)
+        setExpanded(topLevelItem(added), false);
+    // A picture is chosen where its file's name stands, or its base name where there is no other.
+    const bool isPicture = m_item->hasProperty(PropertyKey::BitmapFolder);
+    if (isPicture &&
+        (key == PropertyKey::FileName ||
+         (key == PropertyKey::BaseName && !m_item->hasProperty(PropertyKey::FileName))))
+        m_factory->setFileRow(added);
+}
+
+void CWidgetPropertiesView::insertRow(QtProperty *row, const QString &key)
+{
+    m_rows.insert(key, row);
+    addProperty(row);
+}
+
+void CWidgetPropertiesView::itemChanged(QtBrowserItem *changed)
+{
+    QtTreePropertyBrowser::itemChanged(changed);
+    if (!m_item || m_updating)
+        return;
+    const QtBrowserItem *parent = changed->parent();
+    if (!parent) {
+        const QString key = changed->property()->propertyName();
+        if (m_rows.value(key) == changed->property())
+            commit(key, m_manager->modelValue(changed->property()));
+    } else if (parent->parent() && m_points.isList(parent->parent()->property())) {
+        commit(PropertyKey::PointList, m_points.text());
+    } // else a channel of a colour, whose own row reports the change
+}
+
+void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
+{
+    if (!m_project || !m_item->hasProperty(key) || !isEdit(*m_item, key, value))
+        return;
+    m_project->undoStack()->push(
+        new CCommandChangeItemProperty(m_item, key, value, m_item->propertyValue(key)));
+}
+
+void CWidgetPropertiesView::propertyChanged(CItemModel *item, const QString &key,
+                                            const QVariant &value)
+{
+    if (!item || item != m_item)
+        return;
+    if (key == PropertyKey::Locked)
+        setEnabled(!item->isLocked());
+    QtProperty *shown = m_rows.value(key);
+    if (!shown || m_updating)
+        return;
+    const QScopedValueRollback<bool> updating(m_updating, true);
+    if (m_points.isList(shown)) {
+        if (m_points.text() != value.toString())
+            m_points.showText(value.toString());
+    } else if (m_manager->modelValue(shown) != value) {
+        m_manager->showValue(m_manager->variantProperty(shown), value);
+    }
+}
+
+void CWidgetPropertiesView::geometryChanged(CItemModel *item)
+{
+    if (!item || item != m_item)
+        return;
+    const QScopedValueRollback<bool> updating(m_updating, true);
+    static const QStringList keys = {
+        PropertyKey::X,      PropertyKey::Y,         PropertyKey::X2,
+        PropertyKey::Y2,     PropertyKey::Width,     PropertyKey::Height,
+        PropertyKey::Radius, PropertyKey::PointSize, PropertyKey::Angle};
+    for (const QString &key : keys) {
+        QtVariantProperty *shown = m_manager->variantProperty(m_rows.value(key));
+        if (!shown)
+            continue;
+        const auto live = static_cast<int>(roundedToInteger(liveValue(*item, key)));
+        if (shown->value().toInt() != live)
+            m_manager->showValue(shown, live);
+    }
+}
+
+void CWidgetPropertiesView::forgetRemoved(const QModelIndex &parent, int first, int last)
+{
+    for (QStandardItem *each = m_item; each; each = each->parent()) {
+        if (each->index().parent() != parent || each->row() < first || each->row() > last)
+            continue;
+        const CItemModel *removed = CItemModel::fromItem(each);
+        if (removed && removed->isMoving())
+            return; // it comes back at once
+        m_factory->discardPending();
+        m_item = nullptr;
+        showItems({});
+        return;
+    }
+}
+
+void CWidgetPropertiesView::onCurrentItemChanged(QtBrowserItem *current)
+{
+    if (current && !current->parent() && m_rows.value(current->property()->propertyName()))
+        m_currentKey = current->property()->propertyName();
+}
+
+void CWidgetPropertiesView::resizeEvent(QResizeEvent *event)
+{
+    QtTreePropertyBrowser::resizeEvent(event);
+    fitColumns();
+}
+
+/// Names as wide as they need, but never more than half of the panel.
+void CWidgetPropertiesView::fitColumns()
+{
+    auto *tree = findChild<QTreeWidget *>();
+    int widest = 0;
+    for (auto row = m_rows.constBegin(); row != m_rows.constEnd(); ++row)
+        widest = std::max(widest, tree->fontMetrics().horizontalAdvance(row.key()));
+    constexpr int padding = 16;
+    const int wanted = widest + tree->indentation() + padding;
+    setSplitterPosition(qBound(width() / 4, wanted, width() / 2));
+}

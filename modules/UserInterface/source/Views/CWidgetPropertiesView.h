@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QHash>
+#include <QModelIndex>
+#include <QPointer>
+#include <QtTreePropertyBrowser>
+
+#include "CPointListRows.h"
+
+class CItemModel;
+class CProjectModel;
+class CPropertyEditorFactory;
+class CPropertyManager;
+class CWidgetProperty;
+
+/// Shows and edits the properties of the one selected item. An edit is one command on the project's
+/// undo stack; the model is never written directly. What changes the model elsewhere is mirrored.
+class CWidgetPropertiesView : public QtTreePropertyBrowser
+{
+    Q_OBJECT
+
+public:
+    explicit CWidgetPropertiesView(QWidget *parent = nullptr);
+    ~CWidgetPropertiesView() override;
+
+    /// Follows the changes of a project, which is not owned; null shows no item.
+    void setProject(CProjectModel *project);
+
+    /// The selected items: exactly one is shown.
+    void showItems(const QList<CItemModel *> &items);
+    void showIndexes(const QModelIndexList &indexes);
+    CItemModel *currentItemModel() const { return m_item; }
+
+    QtProperty *row(const QString &key) const { return m_rows.value(key); }
+
+public Q_SLOTS:
+    void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
+    /// The item's geometry has changed by a gesture and is not a property yet.
+    void geometryChanged(CItemModel *item);
+
+Q_SIGNALS:
+    /// The user wants another file for this property of the item.
+    void fileWanted(CItemModel *item, const QString &key);
+
+protected:
+    void itemChanged(QtBrowserItem *changed) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private Q_SLOTS:
+    void onCurrentItemChanged(QtBrowserItem *current);
+
+private:
+    void clearRows();
+    void showText(const QString &text);
+    void rebuild();
+    void addScreenRows();
+    void addGroupRows();
+    void addWidgetRows();
+    void addRow(const CWidgetProperty &property);
+    void addRow(const QString &key);
+    void insertRow(QtProperty *row, const QString &key);
+    void commit(const QString &key, const QVariant &value);
+    void forgetRemoved(const QModelIndex &parent, int first, int last);
+    void fitColumns();
+
+    CPropertyManager *m_manager;
+    CPropertyEditorFactory *m_factory;
+    QHash<QString, QtProperty *> m_rows; ///< by property key
+    CPointListRows m_points;
+    QPointer<CProjectModel> m_project;
+    CItemModel *m_item = nullptr; ///< null unless exactly one item is shown
+    QString m_currentKey;         ///< of the row that the user was at, for the next item
+    bool m_updating = false;      ///< rows are being set from the model, not by the user
+};

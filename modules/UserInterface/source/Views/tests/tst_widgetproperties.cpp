@@ -1,0 +1,517 @@
+#include "CPropertyManager.h"
+#include "CWidgetPropertiesView.h"
+#include "PanelTestSupport.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTimeEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QUndoStack>
+
+/// Edits go through the editors that a click or a key opens, as a user's do.
+class tst_WidgetProperties : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { loadProgramLibrary(); }
+    void init();
+    void cleanup();
+
+    void rowsOfEachKindOfItem();
+    void noneAndSeveralItemsShowAText();
+    void lockedItemsAreNotEdited();
+    void typedNumberIsOneStep();
+    void steppingIsOneStep();
+    void escapeTakesTheEditBack();
+    void leavingForAnotherItemCommitsToTheFirst();
+    void textTimeAndBool();
+    void entriesOfAnEnumeration();
+    void colourByChannelAndByDialog();
+    void smallDifferencesAreNoEdit();
+    void onePointOfAList();
+    void pointRowsFollowTheModel();
+    void everyPropertyIsUndoneAndMirrored();
+    void mirroringKeepsEditorAndFocus();
+    void liveGeometryMakesNoCommand();
+    void valuesBeyondTheirLimitsAreShownAsTheyAre();
+    void removedItemsAreForgotten();
+    void unknownKindsShowTheirAttributes();
+    void filesAreChosenInTheirRow();
+
+private:
+    QTreeWidget *tree() const { return m_view->findChild<QTreeWidget *>(); }
+    QTreeWidgetItem *treeRow(const QString &key) const
+    {
+        return tree()->findItems(key, Qt::MatchExactly).value(0);
+    }
+    QString shown(const QString &key) const { return treeRow(key)->text(1); }
+    /// Opens the editor of a row by a click into its value.
+    template<typename Editor>
+    Editor *edit(QTreeWidgetItem *row) const
+    {
+        const QRect cell = tree()->visualItemRect(row);
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
+                          {tree()->columnViewportPosition(1) + 20, cell.center().y()});
+        Editor *editor = nullptr;
+        const auto found = tree()->viewport()->findChildren<Editor *>();
+        for (Editor *each : found) {
+            if (each->isVisible())
+                editor = each;
+        }
+        return editor;
+    }
+    template<typename Editor>
+    Editor *edit(const QString &key) const
+    {
+        return edit<Editor>(treeRow(key));
+    }
+    QUndoStack &stack() const { return *m_project->undoStack(); }
+    CWidgetModel *show(const QString &type)
+    {
+        CWidgetModel *widget = addWidget(*m_project, type);
+        m_view->showItems({widget});
+        QCoreApplication::processEvents();
+        return widget;
+    }
+
+    std::unique_ptr<CProjectModel> m_project;
+    std::unique_ptr<CWidgetPropertiesView> m_view;
+};
+
+void tst_WidgetProperties::init()
+{
+    m_project = newProject();
+    m_view = std::make_unique<CWidgetPropertiesView>();
+    m_view->setProject(m_project.get());
+    m_view->resize(360, 700);
+    m_view->show();
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+}
+
+void tst_WidgetProperties::cleanup()
+{
+    m_view.reset();
+    m_project.reset();
+}
+
+void tst_WidgetProperties::rowsOfEachKindOfItem()
+{
+    const auto rows = [this] {
+        QStringList texts;
+        for (int row = 0; row < tree()->topLevelItemCount(); ++row)
+            texts.append(tree()->topLevelItem(row)->text(0));
+        return texts;
+    };
+    m_view->showItems({m_project->screen(0)});
+    QCOMPARE(rows(), (QStringList{"name", "type", "color"}));
+    QCOMPARE(shown("type"), QStringLiteral("KIV Screen"));
+    QCOMPARE(shown("color"), QStringLiteral("#000000"));
+    auto *group = new CWidgetGroupModel(m_project->library(), m_project.get());
+    m_project->screen(0)->appendRow(group);
+    m_view->showItems({group});
+    QCOMPARE(rows(), (QStringList{"name", "type", "x_coordinate", "y_coordinate"}));
+    QCOMPARE(shown("type"), QStringLiteral("Widget Group"));
+
+    // A widget: all properties of its definition but the hidden ones, in its order.
+    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
+    QStringList keys = m_project->library()->propertyKeys("Kiv_Bitmap_T");
+    QVERIFY(keys.removeAll("suffix") == 1); // hidden
+    QCOMPARE(rows(), keys);
+    QCOMPARE(treeRow("width")->toolTip(1), QStringLiteral("1 to 2048"));
+    m_view->showIndexes({m_project->screen(0)->index()});
+    QCOMPARE(rows().size(), 3);
+    m_view->showIndexes({bitmap->index()});
+    QCOMPARE(rows(), keys);
+    QCOMPARE(stack().count(), 0);
+}
+
+void tst_WidgetProperties::noneAndSeveralItemsShowAText()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    m_view->showItems({line, m_project->screen(0)});
+    QCOMPARE(tree()->topLevelItemCount(), 1);
+    QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("Multiple Items Selected"));
+    m_view->showItems({});
+    QCOMPARE(tree()->topLevelItemCount(), 1);
+    QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("No Item Selected"));
+    line->setProperty("thickness", 5); // nobody looks
+    m_view->setProject(nullptr);
+    QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("No Item Selected"));
+}
+
+void tst_WidgetProperties::lockedItemsAreNotEdited()
+{
+    CWidgetModel *line = addWidget(*m_project, "Kiv_Line_T");
+    line->setLocked(true);
+    m_view->showItems({line});
+    QVERIFY(!m_view->isEnabled());
+    QVERIFY(!edit<QSpinBox>("thickness"));
+    line->setLocked(false);
+    m_view->showItems({line});
+    QVERIFY(m_view->isEnabled());
+    QVERIFY(edit<QSpinBox>("thickness"));
+}
+
+void tst_WidgetProperties::typedNumberIsOneStep()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    auto *box = edit<QSpinBox>("thickness");
+    QVERIFY(box);
+    QCOMPARE(box->minimum(), 1);
+    QCOMPARE(box->maximum(), 128);
+    box->selectAll();
+    QTest::keyClicks(box, "12");
+    QCOMPARE(stack().count(), 0); // not while typing
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("12"));
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(stack().undoText(), QStringLiteral("Change Property Line thickness"));
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_WidgetProperties::steppingIsOneStep()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    auto *box = edit<QSpinBox>("thickness");
+    for (int step = 0; step < 7; ++step)
+        QTest::keyClick(box, Qt::Key_Up);
+    QCOMPARE(box->value(), 9);
+    QCOMPARE(stack().count(), 0);
+    QTRY_COMPARE(stack().count(), 1);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("9"));
+
+    QTest::keyPress(box, Qt::Key_Down); // held: no rest counts until it is released
+    QSignalSpy rested(box->findChild<QTimer *>("rest"), &QTimer::timeout);
+    box->stepDown();
+    QTRY_VERIFY(rested.count() >= 2);
+    QCOMPARE(stack().count(), 1);
+    QTest::keyRelease(box, Qt::Key_Down);
+    QTRY_COMPARE(stack().count(), 2);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("7"));
+}
+
+void tst_WidgetProperties::escapeTakesTheEditBack()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    auto *box = edit<QSpinBox>("thickness");
+    box->selectAll();
+    QTest::keyClicks(box, "99");
+    QTest::keyClick(box, Qt::Key_Escape);
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
+    auto *text = edit<QLineEdit>("name");
+    QVERIFY(text);
+    QTest::keyClicks(text, "other");
+    QTest::keyClick(text, Qt::Key_Escape);
+    QTRY_VERIFY(!tree()->viewport()->findChild<QLineEdit *>());
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("2"));
+    QCOMPARE(line->name(), QStringLiteral("Line"));
+    QCOMPARE(stack().count(), 0);
+}
+
+void tst_WidgetProperties::leavingForAnotherItemCommitsToTheFirst()
+{
+    CWidgetModel *first = show("Kiv_Line_T");
+    CWidgetModel *second = addWidget(*m_project, "Kiv_Line_T");
+    QTest::keyClick(edit<QSpinBox>("thickness"), Qt::Key_Up);
+    m_view->showItems({second});
+    QCOMPARE(first->propertyText("thickness"), QStringLiteral("3"));
+    QCOMPARE(second->propertyText("thickness"), QStringLiteral("2"));
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_WidgetProperties::textTimeAndBool()
+{
+    CWidgetModel *clock = show("Kiv_DigitalClock_T");
+    auto *text = edit<QLineEdit>("name");
+    text->selectAll();
+    QTest::keyClicks(text, "Wall clock");
+    QCOMPARE(stack().count(), 0);
+    QTest::keyClick(text, Qt::Key_Return);
+    QCOMPARE(clock->name(), QStringLiteral("Wall clock"));
+    QCOMPARE(stack().count(), 1);
+
+    auto *time = edit<QTimeEdit>("time");
+    QVERIFY(time);
+    time->setTime(QTime(7, 8, 9));
+    QTest::keyClick(time, Qt::Key_Return);
+    QCOMPARE(clock->propertyText("time"), QStringLiteral("07:08:09"));
+    QCOMPARE(stack().count(), 2);
+    QCOMPARE(shown("time"), QStringLiteral("07:08:09"));
+
+    const QString old = clock->propertyText("seconds");
+    auto *box = edit<QCheckBox>("seconds");
+    QVERIFY(box);
+    box->click();
+    QVERIFY(clock->propertyText("seconds") != old);
+    QCOMPARE(stack().count(), 3);
+    stack().undo();
+    QCOMPARE(box->isChecked(), old == "1");
+    QCOMPARE(stack().count(), 3);
+}
+
+void tst_WidgetProperties::entriesOfAnEnumeration()
+{
+    CWidgetModel *arrow = show("Kiv_Arrow_T");
+    auto *box = edit<QComboBox>("ends");
+    QVERIFY(box);
+    QCOMPARE(box->count(), 3);
+    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(box, Qt::Key_Down);
+    QTRY_COMPARE(stack().count(), 1);
+    QCOMPARE(arrow->propertyValue("ends"), QVariant("none")); // the name, never the index
+    QCOMPARE(shown("ends"), QStringLiteral("none"));
+    stack().undo();
+    QCOMPARE(arrow->propertyText("ends"), QStringLiteral("end"));
+    QCOMPARE(box->currentIndex(), 0);
+    QCOMPARE(shown("ends"), QStringLiteral("end"));
+    arrow->setProperty("ends", "fishtail"); // of a later program
+    QCOMPARE(shown("ends"), QStringLiteral("fishtail"));
+    QCOMPARE(box->currentText(), QStringLiteral("fishtail"));
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_WidgetProperties::colourByChannelAndByDialog()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    QTreeWidgetItem *colour = treeRow("line_color");
+    QVERIFY(!colour->isExpanded());
+    QVERIFY(!colour->icon(1).isNull()); // the swatch
+    QCOMPARE(colour->childCount(), 4);
+    line->setProperty("line_color", "#102030");
+    colour->setExpanded(true);
+    auto *red = edit<QSpinBox>(colour->child(0));
+    QVERIFY(red);
+    red->selectAll();
+    QTest::keyClicks(red, "255");
+    QTest::keyClick(red, Qt::Key_Return);
+    QCOMPARE(line->propertyText("line_color"), QStringLiteral("#ff2030"));
+    QCOMPARE(stack().count(), 1);
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
+    auto *alpha = edit<QSpinBox>(colour->child(3));
+    alpha->setValue(128);
+    QTest::keyClick(alpha, Qt::Key_Return);
+    QCOMPARE(line->propertyText("line_color"), QStringLiteral("#80ff2030"));
+    QCOMPARE(shown("line_color"), QStringLiteral("#80ff2030"));
+    stack().undo();
+    stack().undo();
+    QCOMPARE(line->propertyText("line_color"), QStringLiteral("#102030"));
+    QCOMPARE(colour->child(0)->text(1), QStringLiteral("16"));
+    // The same colour by another name is no edit.
+    line->setProperty("line_color", "red");
+    static_cast<QtVariantProperty *>(m_view->row("line_color"))->setValue(QColor(255, 0, 0));
+    QCOMPARE(stack().count(), 2);
+}
+
+void tst_WidgetProperties::smallDifferencesAreNoEdit()
+{
+    CWidgetModel *box = show("Kiv_Rectangle_T");
+    box->setProperty("angle", 1.00001);
+    auto *row = static_cast<QtVariantProperty *>(m_view->row("angle"));
+    row->setValue(1.00005);
+    QCOMPARE(stack().count(), 0);
+    row->setValue(1.25);
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(shown("angle"), QStringLiteral("1.25"));
+    auto *spin = edit<QDoubleSpinBox>("angle");
+    QVERIFY(spin);
+    QVERIFY(!spin->text().contains("0000"));
+    spin->selectAll();
+    QTest::keyClicks(spin, QStringLiteral("45") + spin->locale().decimalPoint() + "5");
+    QTest::keyClick(spin, Qt::Key_Return);
+    QCOMPARE(box->angle(), 45.5);
+    QCOMPARE(stack().count(), 2);
+}
+
+void tst_WidgetProperties::onePointOfAList()
+{
+    CWidgetModel *lines = show("Kiv_Polyline_T");
+    lines->setProperty("pointlist", "10,20;broken;30,40;1,2,3;50,60");
+    QTreeWidgetItem *list = treeRow("pointlist");
+    QCOMPARE(list->childCount(), 3);
+    QCOMPARE(list->child(1)->text(0), QStringLiteral("point"));
+    auto *y = edit<QSpinBox>(list->child(1)->child(1));
+    QVERIFY(y);
+    QCOMPARE(y->value(), 40);
+    QCOMPARE(y->minimum(), 0);
+    y->setValue(44);
+    QTest::keyClick(y, Qt::Key_Return);
+    QCOMPARE(lines->propertyText("pointlist"), QStringLiteral("10,20;30,44;50,60"));
+    QCOMPARE(stack().count(), 1);
+    stack().undo();
+    QCOMPARE(list->child(1)->child(1)->text(1), QStringLiteral("40"));
+}
+
+void tst_WidgetProperties::pointRowsFollowTheModel()
+{
+    CWidgetModel *lines = show("Kiv_Polyline_T");
+    QTreeWidgetItem *list = treeRow("pointlist");
+    for (const char *const text : {"1,2;3,4;5,6;7,8;9,10;11,12", "9,8;7,6", "", "-5,3;x,4;5,5"}) {
+        lines->setProperty("pointlist", text);
+        QStringList points;
+        for (int row = 0; row < list->childCount(); ++row)
+            points.append(list->child(row)->child(0)->text(1) + ',' +
+                          list->child(row)->child(1)->text(1));
+        QCOMPARE(points.join(';'), QString(text).replace('x', '0'));
+    }
+    QCOMPARE(stack().count(), 0);
+}
+
+/// For each kind of widget and each property: a change made elsewhere, and its undoing, are shown
+/// and make no command; the text that is shown goes with the model's.
+void tst_WidgetProperties::everyPropertyIsUndoneAndMirrored()
+{
+    const QStringList types = m_project->library()->typeNames();
+    for (const QString &type : types) {
+        CWidgetModel *widget = show(type);
+        const QVector<CWidgetProperty> templates = m_project->library()->properties(type);
+        for (const CWidgetProperty &property : templates) {
+            auto *row = static_cast<QtVariantProperty *>(m_view->row(property.key()));
+            if (property.isHidden() || property.key() == PropertyKey::PointList)
+                continue;
+            QVERIFY2(row, qPrintable(type + ' ' + property.key()));
+            const QVariant before = row->value();
+            const QString text = shown(property.key());
+            CWidgetProperty other = property;
+            switch (property.propertyType()) {
+            case PropertyType::Rgb:
+                other.setValueFromText("#123456");
+                break;
+            case PropertyType::Time:
+                other.setValueFromText("11:22:33");
+                break;
+            case PropertyType::Bool:
+                other.setValue(!property.value().toBool());
+                break;
+            case PropertyType::Enum:
+                other.setValueFromText(property.enumerationEntries().last());
+                break;
+            case PropertyType::String:
+                other.setValueFromText("other");
+                break;
+            default:
+                other.setValue(property.value().toInt() + 1);
+                break;
+            }
+            const int count = stack().index();
+            row->setValue(property.propertyType() == PropertyType::Enum
+                              ? QVariant(property.enumerationEntries().size() - 1)
+                          : property.propertyType() == PropertyType::Rgb
+                              ? QVariant(QColor(other.text()))
+                              : other.value());
+            if (row->value() == before)
+                continue; // at its limit, or an enumeration that stood at its end
+            const QByteArray what = (type + ' ' + property.key()).toUtf8();
+            QCOMPARE(stack().index(), count + 1);
+            QVERIFY2(widget->propertyText(property.key()) == other.text(), what);
+            stack().undo();
+            QVERIFY2(row->value() == before && shown(property.key()) == text, what);
+            QVERIFY2(stack().count() == count + 1, what);
+            stack().redo();
+            QVERIFY2(row->value() != before, what);
+            stack().undo();
+        }
+    }
+    QVERIFY(stack().count() > 0);
+}
+
+void tst_WidgetProperties::mirroringKeepsEditorAndFocus()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    auto *box = edit<QSpinBox>("x_coordinate");
+    QVERIFY(box->hasFocus());
+    const QPointer<QSpinBox> editor = box;
+    const int rows = tree()->topLevelItemCount();
+    QTreeWidgetItem *row = treeRow("x_coordinate");
+    for (int x = 1; x <= 50; ++x)
+        line->setProperty("x_coordinate", x);
+    QVERIFY(editor);
+    QVERIFY(editor->hasFocus());
+    QCOMPARE(editor->value(), 50);
+    QCOMPARE(treeRow("x_coordinate"), row);
+    QCOMPARE(tree()->topLevelItemCount(), rows);
+    QCOMPARE(stack().count(), 0);
+}
+
+void tst_WidgetProperties::liveGeometryMakesNoCommand()
+{
+    CWidgetModel *box = show("Kiv_Rectangle_T");
+    box->setProperty("x_coordinate", 10.4, CItemModel::Notify::No);
+    box->setWidth(77);
+    box->setAngle(30);
+    box->notifyGeometryChanged();
+    QCOMPARE(shown("x_coordinate"), QStringLiteral("10"));
+    QCOMPARE(shown("width"), QStringLiteral("77"));
+    QCOMPARE(shown("angle"), QStringLiteral("30"));
+    CWidgetModel *disc = show("Kiv_Circle_T");
+    disc->setRadius(16.5);
+    disc->notifyGeometryChanged();
+    QCOMPARE(shown("point_size"), QStringLiteral("264"));
+    box->notifyGeometryChanged(); // not the one that is shown
+    QCOMPARE(stack().count(), 0);
+}
+
+void tst_WidgetProperties::valuesBeyondTheirLimitsAreShownAsTheyAre()
+{
+    CWidgetModel *line = addWidget(*m_project, "Kiv_Line_T");
+    line->setProperty("thickness", 900);
+    m_view->showItems({line});
+    QCOMPARE(shown("thickness"), QStringLiteral("900"));
+    line->setProperty("x_coordinate", -9000);
+    QCOMPARE(shown("x_coordinate"), QStringLiteral("-9000"));
+    QCOMPARE(stack().count(), 0);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("900"));
+}
+
+void tst_WidgetProperties::removedItemsAreForgotten()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    QTest::keyClick(edit<QSpinBox>("thickness"), Qt::Key_Up);
+    line->setMoving(true);
+    m_project->screen(0)->takeRow(0);
+    m_project->screen(0)->appendRow(line);
+    line->setMoving(false);
+    QCOMPARE(m_view->currentItemModel(), line);
+    m_project->removeRow(0); // its screen
+    QCOMPARE(m_view->currentItemModel(), nullptr);
+    QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("No Item Selected"));
+    QCOMPARE(stack().count(), 0);
+}
+
+void tst_WidgetProperties::unknownKindsShowTheirAttributes()
+{
+    QDomDocument xml;
+    QVERIFY(xml.setContent(QStringLiteral("<Screen><Kiv_Later_T name='n' glow='7'/></Screen>")));
+    CScreenModel *screen = m_project->buildScreen(xml.documentElement(), 1);
+    m_view->showItems({screen->childItem(0)});
+    QVERIFY(treeRow("glow"));
+    QCOMPARE(shown("glow"), QStringLiteral("7"));
+}
+
+void tst_WidgetProperties::filesAreChosenInTheirRow()
+{
+    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
+    QSignalSpy wanted(m_view.get(), &CWidgetPropertiesView::fileWanted);
+    auto *line = edit<QLineEdit>("filename");
+    QVERIFY(line);
+    QVERIFY(line->isReadOnly());
+    auto *choose = line->findChild<QAction *>("chooseFile");
+    QVERIFY(choose);
+    choose->trigger();
+    QCOMPARE(wanted.count(), 1);
+    QCOMPARE(wanted.first().at(0).value<CItemModel *>(), bitmap);
+    show("Kiv_ImageButton_T");
+    line = edit<QLineEdit>("basename");
+    QVERIFY(line->findChild<QAction *>("chooseFile"));
+}
+
+QTEST_MAIN(tst_WidgetProperties)
+#include "tst_widgetproperties.moc"
