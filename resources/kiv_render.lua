@@ -958,7 +958,7 @@ end
 -- A converted image, or nil when none is set or it cannot be loaded (which is reported).
 function converted_image(folder, basename, format, suffix, w, h)
   if basename ~= "" and format ~= "None" and w >= 1 and h >= 1 then
-    return load_bitmap(asset_path(folder, basename, format, suffix), format, min(w, 2048), min(h, 2048))
+    return load_bitmap(asset_path(folder, basename, format, suffix), format, w, h)
   end
 end
 

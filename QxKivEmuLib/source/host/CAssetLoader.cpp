@@ -167,6 +167,10 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
     std::string file;
     if (!resolve(path, file))
         return false;
+    if (width < 1 || height < 1 || width > MaxBitmapSide || height > MaxBitmapSide)
+        return fail(file + ": a bitmap has 1 to " + std::to_string(MaxBitmapSide) +
+                    " pixels a side, not " + std::to_string(width) + " x " +
+                    std::to_string(height));
     const uint64_t size = bitmapSize(format, width, height);
     const uint32_t palette = paletteSize(format);
     if (size == 0)

@@ -4,7 +4,9 @@
 #include "LuaColour.h"
 #include "executor/BitmapFormats.h"
 
+#include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace kivemu {
 
@@ -70,6 +72,12 @@ uint32_t checkFormat(lua_State *state, int argument)
     return static_cast<uint32_t>(code);
 }
 
+/// As an int; what none can hold stays out of range.
+int sideOf(lua_Integer side)
+{
+    return static_cast<int>(std::clamp<lua_Integer>(side, 0, std::numeric_limits<int>::max()));
+}
+
 int loadBitmap(lua_State *state)
 {
     drawingOf(state);
@@ -80,10 +88,8 @@ int loadBitmap(lua_State *state)
     const lua_Integer height = luaL_checkinteger(state, 4);
     contextOf(state).watchdog.charge(state, FileWork);
     SLoadedBitmap bitmap{};
-    const bool inRange = width >= 1 && width <= 2048 && height >= 1 && height <= 2048;
-    luaL_argcheck(state, inRange, 3, "a bitmap's sides are 1 to 2048");
-    const bool loaded = contextOf(state).assets->loadBitmap(
-        {path, length}, format, static_cast<int>(width), static_cast<int>(height), bitmap);
+    const bool loaded = contextOf(state).assets->loadBitmap({path, length}, format, sideOf(width),
+                                                            sideOf(height), bitmap);
     return pushLoaded(state, loaded, bitmap);
 }
 

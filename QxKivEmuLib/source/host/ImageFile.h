@@ -1,5 +1,7 @@
 #pragma once
 
+#include "executor/BitmapFormats.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -16,7 +18,7 @@ struct SDecodedImage
     uint64_t neededBytes = 0;    ///< of the pixels, also when they are too many to be decoded
 };
 
-constexpr int MaxImageSide = 4096;
+constexpr int MaxImageSide = MaxBitmapSide; ///< more could be decoded, but not drawn
 
 /// Decodes a JPEG or PNG file, or the first frame of an AVI file of JPEG frames: suffix and
 /// signature must both say so. The size is asked first; a picture with a side over MaxImageSide, or

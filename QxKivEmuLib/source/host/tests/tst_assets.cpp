@@ -171,6 +171,14 @@ TEST_F(Assets, whatCannotBeLoadedIsRefused)
         EXPECT_NE(m_loader.error().find(c.error), std::string::npos) << c.path << m_loader.error();
     }
     EXPECT_EQ(load("a.raw", 77, 10, 1), -1);
+    // As a photo that the tools take, but no chip draws: the error must tell its true size.
+    for (const int width : {0, -5, 2049, 2147483647}) {
+        EXPECT_EQ(load("a.raw", L8, width, 1), -1);
+        EXPECT_NE(
+            m_loader.error().find("2048 pixels a side, not " + std::to_string(width) + " x 1"),
+            std::string::npos)
+            << m_loader.error();
+    }
     EXPECT_EQ(m_loader.memory().used(), 0U);
     m_loader.beginFrame("");
     EXPECT_EQ(load("a.raw", L8, 10, 1), -1);
@@ -372,7 +380,7 @@ TEST(Images, translucentPixelsLieOverBlack)
 TEST(Images, sizeIsAskedBeforeDecoding)
 {
     kivemu::SDecodedImage image;
-    EXPECT_NE(decode(EImageFile::Png, makePng(5000, 2, 0), false, image), "");
+    EXPECT_NE(decode(EImageFile::Png, makePng(2049, 2, 0), false, image), "");
     EXPECT_TRUE(image.pixels.empty());
     EXPECT_NE(decode(EImageFile::Png, makePng(100, 100, 0), false, image, 19999), "");
     EXPECT_EQ(image.neededBytes, 20000U);
