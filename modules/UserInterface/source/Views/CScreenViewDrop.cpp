@@ -11,6 +11,7 @@
 #include "CWidgetModel.h"
 #include "PropertyKey.h"
 
+#include <QDataStream>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -81,6 +82,17 @@ QStringList droppedFiles(const QMimeData &data)
     return files;
 }
 
+/// The kind that a drag from the palette carries: as its text, and streamed under its own format.
+QString draggedKind(const QMimeData &data)
+{
+    if (data.hasText())
+        return data.text();
+    QDataStream stream(data.data(CreateMime));
+    QVariant type;
+    stream >> type;
+    return type.toString();
+}
+
 bool isWelcome(const QMimeData &data)
 {
     return data.hasFormat(CreateMime) || data.hasFormat(MoveMime) || !droppedFiles(data).isEmpty();
@@ -114,7 +126,7 @@ void CScreenView::dropEvent(QDropEvent *event)
     const QMimeData &dropped = *event->mimeData();
     if (dropped.hasFormat(CreateMime)) {
         event->acceptProposedAction();
-        create(QString::fromUtf8(dropped.data(CreateMime)), scenePos, QString());
+        create(draggedKind(dropped), scenePos, QString());
     } else if (dropFiles(dropped, scenePos)) {
         event->acceptProposedAction();
     } else {

@@ -3,6 +3,7 @@
 #include "CItemView.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "CWidgetSelectionView.h"
 #include "CanvasRoles.h"
 #include "CanvasTestSupport.h"
 
@@ -538,13 +539,23 @@ void tst_CanvasGestures::dropsFromThePalette()
     Canvas canvas;
     canvas.show();
     const QByteArray before = savedBytes(*canvas.project);
-    const auto drop = [&canvas](const QString &type, QPointF scenePos) {
-        QMimeData dropped;
-        dropped.setData("widget-create", type.toUtf8());
-        QDropEvent event(canvas.at(scenePos), Qt::CopyAction, &dropped, Qt::LeftButton, {});
+    CWidgetSelectionView palette;
+    palette.setToolbox(CWidgetLibraryManager::instance().toolboxModel(0x110),
+                       CWidgetLibraryManager::instance().libraryModel(0x110));
+    const auto dropData = [&canvas](const QMimeData &dropped, QPointF scenePos) {
         QDragEnterEvent enter(canvas.at(scenePos), Qt::CopyAction, &dropped, Qt::LeftButton, {});
         QCoreApplication::sendEvent(canvas.view->viewport(), &enter);
+        QDropEvent event(canvas.at(scenePos), Qt::CopyAction, &dropped, Qt::LeftButton, {});
         QCoreApplication::sendEvent(canvas.view->viewport(), &event);
+    };
+    const auto drop = [&palette, &dropData](const QString &type, QPointF scenePos) {
+        for (int row = 0; row < palette.count(); ++row) {
+            if (palette.item(row)->data(CWidgetSelectionView::TypeRole).toString() == type)
+                palette.setCurrentRow(row);
+        }
+        const std::unique_ptr<QMimeData> dragged(palette.dragData());
+        QCOMPARE(dragged->text(), type);
+        dropData(*dragged, scenePos);
     };
     drop("Kiv_Arrow_T", {131, 49});
     CItemModel *arrow = canvas.screen->childItem(0);
@@ -557,7 +568,10 @@ void tst_CanvasGestures::dropsFromThePalette()
     drop("Kiv_Rectangle_T", {131, 49});
     QCOMPARE(QPointF(canvas.screen->childItem(0)->x(), canvas.screen->childItem(0)->y()),
              QPointF(131, 49));
-    drop("Kiv_Nothing_T", {10, 10});
+    QMimeData unknown;
+    unknown.setData("widget-create", "?");
+    unknown.setText("Kiv_Nothing_T");
+    dropData(unknown, {10, 10});
     QCOMPARE(canvas.screen->rowCount(), 2);
 }
 
