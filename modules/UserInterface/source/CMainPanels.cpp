@@ -20,7 +20,7 @@
 
 namespace {
 constexpr int SideWidth = 308;       // pixels; three columns of the palette
-constexpr int PropertiesWidth = 320; // pixels
+constexpr int PropertiesWidth = 288; // pixels
 constexpr int NavigatorHeight = 220;
 constexpr int OutputHeight = 120;
 

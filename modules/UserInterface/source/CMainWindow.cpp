@@ -122,6 +122,13 @@ void CMainWindow::makeProjectParts()
             QTimer::singleShot(0, this, &QWidget::close);
     });
     m_startPage = new CStartPage(m_folder + QStringLiteral("/examples"), m_panels->screens());
+    showStartPage();
+}
+
+void CMainWindow::showStartPage()
+{
+    m_startPage->show();
+    m_panels->screens()->setHint(QStringLiteral(" ")); // what there is to say stands on the page
 }
 
 void CMainWindow::connectSession()
@@ -136,7 +143,7 @@ void CMainWindow::connectSession()
     });
     connect(m_session, &CProjectSession::projectClosed, this, [this] {
         m_emulator->close();
-        m_startPage->show();
+        showStartPage();
         Q_EMIT projectClosed();
     });
     connect(m_recent, &CRecentProjects::changed, this, [this] {
@@ -156,6 +163,7 @@ void CMainWindow::activate(CProjectModel *project)
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
+    m_panels->screens()->setHint(QString());
 }
 
 void CMainWindow::deactivate(CProjectModel *project)

@@ -128,6 +128,7 @@ private:
     void makeProjectParts();
     bool readSettings(); ///< whether the status bar is to be shown
     void writeSettings();
+    void showStartPage();
     void connectSession();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);

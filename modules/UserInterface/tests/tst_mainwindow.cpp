@@ -283,8 +283,7 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(m_folder->path("missing.nyx"));
         QVERIFY(!m_window->project());
         auto *errors = m_window->findChild<QErrorMessage *>();
-        QVERIFY2(!errors->isVisible(),
-                 qPrintable(errors->findChild<QTextEdit *>()->toPlainText()));
+        QVERIFY2(!errors->isVisible(), qPrintable(errors->findChild<QTextEdit *>()->toPlainText()));
         m_window.reset();
         m_window = std::make_unique<CMainWindow>(m_project);
         QCOMPARE(m_window->projectPath(), m_project);

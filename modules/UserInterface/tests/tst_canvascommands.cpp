@@ -1,0 +1,246 @@
+// The commands of the menus on a real project with a real emulator: each does to the shown page
+// what its name says, is one undo step, and does nothing harmful when there is nothing to do it to.
+#include "CDialogAnswers.h"
+#include "CEditorState.h"
+#include "CMainWindow.h"
+#include "CMenuBar.h"
+#include "CProjectModel.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "CScreenView.h"
+#include "CZoomComboWidget.h"
+#include "ProgramFolder.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QUndoStack>
+
+#include <memory>
+
+namespace {
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Three boxes; A lies in front.
+const QByteArray threeBoxes =
+    "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
+    "<Kiv_Screen_T name=\"First\" color=\"#102030\">"
+    "<Kiv_Rectangle_T name=\"A\" id=\"1\" x_coordinate=\"10\" y_coordinate=\"10\"/>"
+    "<Kiv_Rectangle_T name=\"B\" id=\"2\" x_coordinate=\"60\" y_coordinate=\"60\"/>"
+    "<Kiv_Rectangle_T name=\"C\" id=\"3\" x_coordinate=\"110\" y_coordinate=\"110\"/>"
+    "</Kiv_Screen_T><Kiv_Screen_T name=\"Second\"/></Kiv_Project_T>";
+} // namespace
+
+class tst_CanvasCommands : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<CProgramFolder>();
+        m_answers = std::make_unique<CDialogAnswers>();
+        const QString path = m_folder->path("demo.nyx");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(threeBoxes) > 0);
+        file.close();
+        m_window = std::make_unique<CMainWindow>(path);
+        QVERIFY(m_window->project());
+        m_screens = m_window->findChild<CScreen *>();
+    }
+
+    void cleanup()
+    {
+        if (m_window->project())
+            m_window->project()->undoStack()->setClean();
+        m_window.reset();
+        m_answers.reset();
+        m_folder.reset();
+    }
+
+    void firstPageIsOpen()
+    {
+        QCOMPARE(m_screens->count(), 1);
+        QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(0));
+    }
+
+    void commands_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QString>("selected"); // names of items
+        QTest::addColumn<QString>("rows");     // names afterwards, front first; groups in brackets
+        QTest::addColumn<int>("steps");
+        const auto row = [](const char *name, CMenuBar::EAction action, const char *selected,
+                            const char *rows, int steps) {
+            QTest::newRow(name) << int(action) << selected << rows << steps;
+        };
+        row("to back", CMenuBar::SendToBack, "A", "BCA", 1);
+        row("to front", CMenuBar::BringToFront, "C", "CAB", 1);
+        row("backward", CMenuBar::SendBackward, "A", "BAC", 1);
+        row("forward", CMenuBar::BringForward, "C", "ACB", 1);
+        row("delete", CMenuBar::Delete, "AC", "B", 1);
+        row("delete nothing", CMenuBar::Delete, "", "ABC", 0);
+        row("cut", CMenuBar::Cut, "B", "AC", 1);
+        row("copy", CMenuBar::Copy, "B", "ABC", 0);
+        row("group", CMenuBar::Group, "AB", "(AB)C", 1);
+        row("ungroup nothing", CMenuBar::Ungroup, "", "ABC", 0);
+    }
+
+    void commands()
+    {
+        QFETCH(int, action);
+        QFETCH(QString, selected);
+        QFETCH(QString, rows);
+        QFETCH(int, steps);
+        QUndoStack *stack = m_window->project()->undoStack();
+        const QByteArray before = m_window->project()->saveToBytes(nullptr);
+        select(selected);
+        trigger(CMenuBar::EAction(action));
+        QCOMPARE(names(m_window->project()->screen(0)), rows);
+        QCOMPARE(stack->count(), steps);
+        while (stack->canUndo())
+            trigger(CMenuBar::Undo);
+        QCOMPARE(m_window->project()->saveToBytes(nullptr), before);
+        while (stack->canRedo())
+            trigger(CMenuBar::Redo);
+        QCOMPARE(names(m_window->project()->screen(0)), rows);
+    }
+
+    void selection()
+    {
+        const auto count = [this] { return m_screens->selectedItems().size(); };
+        trigger(CMenuBar::SelectAll);
+        QCOMPARE(count(), 3);
+        trigger(CMenuBar::SelectNone);
+        QCOMPARE(count(), 0);
+        select(QStringLiteral("B"));
+        trigger(CMenuBar::SelectInverse);
+        QCOMPARE(count(), 2);
+    }
+
+    void copyAndPaste()
+    {
+        select(QStringLiteral("AC"));
+        trigger(CMenuBar::Copy);
+        trigger(CMenuBar::Paste);
+        QCOMPARE(m_window->project()->screen(0)->rowCount(), 5);
+        QCOMPARE(m_window->project()->undoStack()->count(), 1);
+    }
+
+    void lockHoldsTheItem()
+    {
+        CItemModel *item = select(QStringLiteral("A"));
+        trigger(CMenuBar::LockUnlock);
+        QVERIFY(item->isLocked());
+        trigger(CMenuBar::LockUnlock);
+        QVERIFY(!item->isLocked());
+    }
+
+    void newPageAndNothingWithoutAProject()
+    {
+        trigger(CMenuBar::NewPage);
+        QCOMPARE(m_window->project()->screenCount(), 3);
+        QCOMPARE(m_screens->count(), 2);
+        m_window->project()->undoStack()->setClean();
+        QVERIFY(m_window->closeProject());
+        QCOMPARE(m_screens->count(), 0);
+        for (const auto id :
+             {CMenuBar::NewPage, CMenuBar::Paste, CMenuBar::SelectAll, CMenuBar::PageToDL,
+              CMenuBar::PageToBinary, CMenuBar::ProjectToDL, CMenuBar::Delete, CMenuBar::Group,
+              CMenuBar::SaveProject, CMenuBar::SaveAs, CMenuBar::CloseProject, CMenuBar::FitToPage})
+            trigger(id);
+        QVERIFY(m_answers->allGiven());
+    }
+
+    void zoomAndGridReachTheCanvas()
+    {
+        CEditorState *state = CEditorState::instance();
+        m_window->actions()->zoomWidget()->setZoom(220, CZoomComboWidget::FreeValue);
+        QCOMPARE(state->zoomPercent(), 220);
+        QCOMPARE(m_screens->currentView()->zoomPercent(), 220);
+        state->reportZoom(175); // as the wheel does
+        QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 175);
+        trigger(CMenuBar::GridToggle);
+        QVERIFY(!state->isGridShown());
+        QVERIFY(!state->isSnapToGrid());
+        trigger(CMenuBar::SnapToGrid);
+        QVERIFY(state->isSnapToGrid() && m_window->snapToGrid());
+    }
+
+    void pageExports_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("suffix");
+        QTest::newRow("text") << int(CMenuBar::PageToDL) << "Export screen to DL"
+                              << "dl";
+        QTest::newRow("bytes") << int(CMenuBar::PageToBinary) << "Export Page to binary"
+                               << "bin";
+    }
+
+    /// What is written is what the page has last received, and equals its part of the project.
+    void pageExports()
+    {
+        QFETCH(int, action);
+        QFETCH(QString, title);
+        QFETCH(QString, suffix);
+        m_window->show();
+        const CScreenView *view = m_screens->currentView();
+        QTRY_VERIFY(!view->lastDisplayListBytes().isEmpty());
+        m_answers->expect([&](QDialog *dialog) {
+            QCOMPARE(dialog->windowTitle(), title);
+            auto *files = qobject_cast<QFileDialog *>(dialog);
+            QCOMPARE(files->defaultSuffix(), suffix);
+            files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(m_folder->path("page"));
+            QMetaObject::invokeMethod(files, "accept");
+        });
+        trigger(CMenuBar::EAction(action));
+        const QByteArray written = readFile(m_folder->path() + "/page." + suffix);
+        if (suffix == QLatin1String("bin"))
+            QCOMPARE(written, view->lastDisplayListBytes());
+        else
+            QCOMPARE(written, "===First===\n" + view->lastDisplayListText().toUtf8() + "\n");
+        QVERIFY(!view->lastDisplayListText().isEmpty());
+    }
+
+private:
+    void trigger(CMenuBar::EAction id) { m_window->actions()->action(id)->trigger(); }
+
+    CItemModel *select(const QString &wanted)
+    {
+        QList<CItemModel *> items;
+        const CScreenModel *screen = m_window->project()->screen(0);
+        for (int row = 0; row < screen->rowCount(); ++row) {
+            if (wanted.contains(screen->childItem(row)->name()))
+                items << screen->childItem(row);
+        }
+        m_screens->selectItems(items);
+        return items.value(0);
+    }
+
+    static QString names(const CItemModel *parent)
+    {
+        QString text;
+        for (int row = 0; row < parent->rowCount(); ++row) {
+            const CItemModel *item = parent->childItem(row);
+            text += item->kind() == CItemModel::Kind::Group
+                        ? QLatin1Char('(') + names(item) + QLatin1Char(')')
+                        : item->name();
+        }
+        return text;
+    }
+
+    std::unique_ptr<CProgramFolder> m_folder;
+    std::unique_ptr<CDialogAnswers> m_answers;
+    std::unique_ptr<CMainWindow> m_window;
+    CScreen *m_screens = nullptr;
+};
+
+QTEST_MAIN(tst_CanvasCommands)
+#include "tst_canvascommands.moc"
