@@ -11,6 +11,7 @@
 #include "CScreenNavigator.h"
 #include "CStatusBar.h"
 #include "CWidgetLibraryManager.h"
+#include "CWidgetPropertiesView.h"
 #include "CWidgetSelectionPanel.h"
 #include "CWidgetSelectionView.h"
 
@@ -60,7 +61,8 @@ void CMainPanels::makePanels()
     m_navigatorDock = makeDock("screenNavigator", m_navigator, Qt::RightDockWidgetArea);
     m_palette = new CWidgetSelectionPanel;
     m_paletteDock = makeDock("widgetSelector", m_palette, Qt::LeftDockWidgetArea);
-    m_propertiesDock = makeDock("widgetProperties", new QWidget, Qt::RightDockWidgetArea);
+    m_properties = new CWidgetPropertiesView;
+    m_propertiesDock = makeDock("widgetProperties", m_properties, Qt::RightDockWidgetArea);
     m_output = new COutputWindowView;
     m_outputDock = makeDock("outputWindow", m_output, Qt::BottomDockWidgetArea);
 }
@@ -108,6 +110,8 @@ void CMainPanels::connectPanels()
             [this](const CScreenModel *screen, const QString &errors) {
                 m_output->writeRenderErrors(screen->name(), errors);
             });
+    connect(m_screens, &CScreen::liveGeometry, m_properties,
+            &CWidgetPropertiesView::geometryChanged);
     connect(m_screens, &CScreen::message, this, &CMainPanels::write);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
@@ -135,6 +139,7 @@ void CMainPanels::showProject(CProjectModel *project)
     m_explorer->setProject(project);
     m_screens->setProject(project);
     m_navigator->setProject(project);
+    m_properties->setProject(project);
     showPalette(project);
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, m_screens,
             &CScreen::rowsAboutToBeRemoved);
@@ -145,6 +150,7 @@ void CMainPanels::clear()
     m_project = nullptr;
     m_screens->setProject(nullptr);
     m_navigator->setProject(nullptr);
+    m_properties->setProject(nullptr);
     m_explorer->setProject(nullptr);
     m_output->clear();
 }
@@ -175,8 +181,9 @@ void CMainPanels::selectionChanged(const QModelIndexList &selected)
     showSelection(items);
 }
 
-void CMainPanels::showSelection(const QList<CItemModel *> &)
+void CMainPanels::showSelection(const QList<CItemModel *> &items)
 {
+    m_properties->showItems(items);
 }
 
 /// Leads from an error message to the item that it is about.

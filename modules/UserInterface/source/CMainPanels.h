@@ -13,6 +13,7 @@ class CProjectModel;
 class CScreen;
 class CScreenNavigator;
 class CStatusBar;
+class CWidgetPropertiesView;
 class CWidgetSelectionPanel;
 class QDockWidget;
 
@@ -62,6 +63,7 @@ private:
     CScreen *m_screens;
     CScreenNavigator *m_navigator;
     CWidgetSelectionPanel *m_palette;
+    CWidgetPropertiesView *m_properties;
     COutputWindowView *m_output;
     QDockWidget *m_explorerDock;
     QDockWidget *m_navigatorDock;

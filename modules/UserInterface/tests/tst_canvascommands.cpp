@@ -163,7 +163,7 @@ private Q_SLOTS:
         m_window->actions()->zoomWidget()->setZoom(220, CZoomComboWidget::FreeValue);
         QCOMPARE(state->zoomPercent(), 220);
         QCOMPARE(m_screens->currentView()->zoomPercent(), 220);
-        state->reportZoom(175); // as the wheel does
+        state->setZoom(175, CZoomComboWidget::FreeValue); // as the wheel does
         QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 175);
         trigger(CMenuBar::GridToggle);
         QVERIFY(!state->isGridShown());
