@@ -28,8 +28,8 @@ CEmulator::~CEmulator()
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_quit = true;
         m_queue.clear();
+        m_wake.notify_all();
     }
-    m_wake.notify_all();
     if (!m_worker.joinable())
         return;
     // A callback that ends the process must not wait for its own thread.
@@ -126,8 +126,9 @@ void CEmulator::render(IModelIterator *iterator, void *observer, bool isForegrou
         ++m_accepted;
         if (!m_worker.joinable())
             m_worker = std::thread(&CEmulator::work, this);
+        m_wake.notify_one(); // under the lock: a callback may end the process, and with it this
+                             // object
     }
-    m_wake.notify_one();
 }
 
 void CEmulator::work()

@@ -203,7 +203,7 @@ TEST_F(Assets, fullMemoryGivesBothNumbersAndKeepsWhatFits)
 
 TEST_F(Assets, scriptGetsTheBitmapAndTheErrorNamesTheItem)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x100));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x100), PatientLimits);
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
     m_folder.write("a.raw", Bytes(300 * 1024, 1));
     m_folder.write("b.raw", Bytes(64, 1));
@@ -224,7 +224,7 @@ TEST_F(Assets, scriptGetsTheBitmapAndTheErrorNamesTheItem)
 
 TEST_F(Assets, bitmapOfAnotherFrameIsRefused)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
     ASSERT_TRUE(host.loadText("local kept\nfunction render(screen, items)\n"
                               "  kept = kept or load_bitmap('b.raw', 'L8', 8, 8)\n"
                               "  bitmap(kept, 0, 0)\nend",
@@ -238,7 +238,7 @@ TEST_F(Assets, bitmapOfAnotherFrameIsRefused)
 
 TEST_F(Assets, bitmapsAreScaledTurnedAndRepeated)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
     m_folder.write("b.raw", Bytes(64, 1));
     const auto drawn = [&](const std::string &call) {

@@ -12,7 +12,7 @@ namespace {
 /// The display list of one item's commands, without its tag and the end.
 std::string drawn(const std::string &commands)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
     EXPECT_TRUE(
         host.loadText("function render(screen, items) draw_item(items[1]) end", "render.lua"));
     CTestModel model;
@@ -29,7 +29,7 @@ std::string drawn(const std::string &commands)
 
 std::string errorOf(const std::string &commands)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
     EXPECT_TRUE(host.loadText(PlainScript, "render.lua"));
     CTestModel model;
     model.add(commands);

@@ -11,7 +11,7 @@ constexpr char NeighbourList[] = "FILL_RECT(16, 32, 48, 64, 0);";
 class ItemErrors : public testing::Test
 {
 protected:
-    explicit ItemErrors(uint32_t chip = 0x110) : m_host(kivemu::chipLimits(chip))
+    explicit ItemErrors(uint32_t chip = 0x110) : m_host(kivemu::chipLimits(chip), PatientLimits)
     {
         EXPECT_TRUE(m_host.loadText(PlainScript, "kiv_render.lua")) << m_host.loadError();
     }
@@ -222,11 +222,11 @@ TEST_F(ItemErrors, sameItemsGiveTheSameListAfterAnyHistory)
     m_model.add("for k, v in pairs(item.properties) do text(1, 1, 20, k .. '=' .. v) end");
     const std::vector<uint32_t> expected = run().words;
     CTestModel other;
-    other.add("while true do end");
+    other.add("error('x')");
     other.add("local t = {} while true do t[#t + 1] = {} end");
     SHostRun(m_host, other);
     EXPECT_EQ(run().words, expected);
-    kivemu::CLuaHost fresh(kivemu::chipLimits(0x110));
+    kivemu::CLuaHost fresh(kivemu::chipLimits(0x110), PatientLimits);
     ASSERT_TRUE(fresh.loadText(PlainScript, "kiv_render.lua"));
     EXPECT_EQ(SHostRun(fresh, m_model).words, expected);
 }

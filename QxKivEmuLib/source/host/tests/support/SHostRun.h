@@ -12,6 +12,9 @@ function render(screen, items)
 end
 )lua";
 
+/// For tests that are not about time: enough also for a sanitizer on a busy machine.
+constexpr kivemu::SScriptLimits PatientLimits{std::chrono::seconds(60), std::chrono::seconds(30)};
+
 /// One frame of a model, as text.
 struct SHostRun
 {
