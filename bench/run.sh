@@ -5,14 +5,15 @@
 #   KIV_BENCH_CORE=1          the core (default: the last one)
 set -eu -o pipefail
 cd "$(dirname "$0")/.."
+. scripts/common.sh
 
 core=${KIV_BENCH_CORE:-$(($(nproc) - 1))}
 names=("$@")
 [ ${#names[@]} -gt 0 ] ||
     names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_conversion)
 
-[ -f build/build.ninja ] || cmake --preset release >/dev/null
-cmake --build build --target benchmarks >/dev/null
+fetch_property_browser
+build_preset release build benchmarks
 export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}"
 
 # Google Benchmark's own table, its medians alone.
