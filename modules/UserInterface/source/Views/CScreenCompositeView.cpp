@@ -26,7 +26,6 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
     setFocusProxy(m_view);
 
     connect(m_view, &CScreenView::frameWanted, this, &CScreenCompositeView::requestFrame);
-    connect(m_view, &CScreenView::frameWanted, this, &CScreenCompositeView::updateExtent);
     connect(m_view, &CScreenView::viewportMoved, this, &CScreenCompositeView::updateRulers);
     connect(m_view, &CScreenView::mouseMovedSC, this, &CScreenCompositeView::showPointer);
     connect(m_view, &CScreenView::pointerLeft, this, &CScreenCompositeView::hidePointer);
@@ -69,7 +68,10 @@ void CScreenCompositeView::requestFrame()
 void CScreenCompositeView::render()
 {
     m_frameRequested = false;
-    if (screen() && isVisible())
+    if (!screen())
+        return;
+    updateExtent();
+    if (isVisible())
         CEmulatorAdapter::instance()->renderForeground(screen(), this);
 }
 

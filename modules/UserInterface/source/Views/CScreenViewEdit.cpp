@@ -13,6 +13,8 @@
 #include <QMimeData>
 #include <QUndoStack>
 
+#include <algorithm>
+
 namespace {
 /// One coordinate and, of items between two points, its companion at the other end.
 void pushAxis(QUndoStack &stack, CItemModel *item, const QString &key, const QString &secondKey,
@@ -139,10 +141,22 @@ void CScreenView::lockItems()
     const QVector<CItemModel *> items = selectedItems();
     const bool lock = !std::all_of(items.begin(), items.end(),
                                    [](const CItemModel *each) { return each->isLocked(); });
+    QUndoStack &stack = *screen()->project()->undoStack();
+    const bool isKept = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
+        return each->hasProperty(PropertyKey::Locked);
+    });
+    if (isKept)
+        stack.beginMacro(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"));
     for (CItemModel *each : items) {
-        each->setLocked(lock);
+        if (each->hasProperty(PropertyKey::Locked)) // it is part of the document
+            stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked, lock ? 1 : 0,
+                                                      each->propertyValue(PropertyKey::Locked)));
+        else
+            each->setLocked(lock);
         each->notifyGeometryChanged(); // panels look at the lock as well
     }
+    if (isKept)
+        stack.endMacro();
 }
 
 // --- moving ---

@@ -209,6 +209,14 @@ void CScreenView::leaveEvent(QEvent *event)
     Q_EMIT pointerLeft();
 }
 
+void CScreenView::focusOutEvent(QFocusEvent *event)
+{
+    QGraphicsView::focusOutEvent(event);
+    m_spaceHeld = false; // its release will go elsewhere
+    if (!m_panning)
+        viewport()->unsetCursor();
+}
+
 void CScreenView::wheelEvent(QWheelEvent *event)
 {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
