@@ -23,8 +23,8 @@ public:
         4 * 1024 * 1024; ///< of an attribute or a text, characters
     /// Well above any kind of widget; the stream reader compares each attribute with each.
     static constexpr int MaxAttributesOfElement = 512;
-    static constexpr int MaxElements = 250'000; ///< what they make in memory is many times the file
-    static constexpr int MaxAttributes = 4'000'000;
+    static constexpr int MaxElements = 250000; ///< what they make in memory is many times the file
+    static constexpr int MaxAttributes = 4000000;
 
     /// Empty when the document may be read, otherwise the reason why not.
     static QString check(const QByteArray &xml);

@@ -1,5 +1,6 @@
 #include "CDialogQuestions.h"
 
+#include "CConfigurationDialog.h"
 #include "FileNames.h"
 
 #include <QDir>
@@ -100,7 +101,15 @@ QString CDialogQuestions::projectToSave(const QString &folder, const QString &na
 
 std::optional<IUserQuestions::ProjectOptions> CDialogQuestions::newProject()
 {
-    return std::nullopt;
+    // The dialog makes the project's folder the current one, against which the program's own data
+    // files are meant.
+    const QString current = QDir::currentPath();
+    CConfigurationDialog dialog(*m_platforms, m_savingFolder, m_window);
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    QDir::setCurrent(current);
+    if (!accepted)
+        return std::nullopt;
+    return dialog.options();
 }
 
 void CDialogQuestions::setReport(Report report)

@@ -17,7 +17,8 @@ public:
     bool load(const QString &language);
     /// The language of the system, if there is a file for it.
     void loadSystemLanguage();
-    QString language() const { return m_language; }
+    QString language() const { return m_language; } ///< empty: that of the sources
+    const QString &folder() const { return m_folder; }
 
 private:
     QString m_folder;

@@ -11,6 +11,7 @@
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMenuBar.h"
+#include "COptionDialog.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
@@ -21,6 +22,7 @@
 #include "CStartPage.h"
 #include "CStatusBar.h"
 #include "CThemeIcons.h"
+#include "CUpdater.h"
 #include "CZoomComboWidget.h"
 #include "ProgramInfo.h"
 
@@ -71,6 +73,9 @@ CMainWindow::CMainWindow(const QString &file)
     m_panels = new CMainPanels(this);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
+    m_options = new COptionDialog(m_platforms, this, this);
+    connect(m_options, &COptionDialog::autosaveIntervalChanged, this,
+            &CMainWindow::setAutosaveInterval);
     connectSession();
     connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),
             &CZoomComboWidget::valueChanged); // the wheel over a canvas
@@ -81,6 +86,8 @@ CMainWindow::CMainWindow(const QString &file)
     statusBar()->setVisible(showStatusBar);
     setWindowIcon(CThemeIcons::icon(QStringLiteral(":/images/icon.png")));
     showWindowToggles();
+    m_updater = new CUpdater(ProgramInfo::Version, this);
+    m_updater->check(CUpdater::EMode::Silent);
     QFile named(file);
     if (named.exists() && validateProjectFile(named))
         openProjectFile(file);

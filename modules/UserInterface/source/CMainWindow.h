@@ -19,6 +19,7 @@ class CHelpWindow;
 class CLanguageLoader;
 class CMainPanels;
 class CMenuBar;
+class COptionDialog;
 class CProjectModel;
 class CProjectSession;
 class CRecentProjects;
@@ -26,6 +27,7 @@ class CScreenView;
 class CSettings;
 class CStartPage;
 class CStatusBar;
+class CUpdater;
 class QErrorMessage;
 class QFile;
 class QMessageBox;
@@ -159,6 +161,8 @@ private:
     CMenuBar *m_menuBar = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
+    COptionDialog *m_options = nullptr;
+    CUpdater *m_updater = nullptr; ///< null until a check is wanted
     CHelpWindow *m_help = nullptr; ///< null until it is wanted
     QString m_screenshotFolder;
     QString m_savingFolder;

@@ -4,15 +4,19 @@
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
 #include "CHelpWindow.h"
+#include "CLanguageDialog.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
+#include "COptionDialog.h"
+#include "CPrintScreenDialog.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenView.h"
+#include "CUpdater.h"
 #include "ProgramInfo.h"
 
 #include <QAction>
@@ -228,14 +232,22 @@ void CMainWindow::showHelp()
 
 void CMainWindow::showOptionDialog()
 {
+    m_options->fill(project(), m_autosaveInterval);
+    m_options->exec();
 }
 
 void CMainWindow::showUpdateDialog()
 {
+    if (!m_updater)
+        m_updater = new CUpdater(ProgramInfo::Version, this);
+    m_updater->check(CUpdater::EMode::Answer);
 }
 
 void CMainWindow::showLanguageDialog()
 {
+    CLanguageDialog dialog(m_languages->folder(), m_languages->language(), this);
+    connect(&dialog, &CLanguageDialog::languageChanged, this, &CMainWindow::loadLanguage);
+    dialog.exec();
 }
 
 void CMainWindow::exportTabDL()
@@ -267,6 +279,13 @@ void CMainWindow::paste()
 
 void CMainWindow::printScreen()
 {
+    if (!project())
+        return;
+    CPrintScreenDialog dialog([this] { return m_panels->screenPixmaps(); }, m_screenshotFolder,
+                              this);
+    connect(&dialog, &CPrintScreenDialog::message, m_panels, &CMainPanels::write);
+    dialog.exec();
+    m_screenshotFolder = dialog.saveFolder();
 }
 
 void CMainWindow::lockItems()

@@ -25,11 +25,11 @@ const QString autosaveInterval = QStringLiteral("autosaveInterval");
 } // namespace Key
 
 constexpr qint64 MaxBytes = 1024 * 1024;
-constexpr int MaxZoom = 3000;          // percent
-constexpr int MaxSpacing = 200;        // pixels
-constexpr int MaxInterval = 2'000'000; // seconds that a timer can hold as milliseconds
-constexpr int MinWindowSide = 200;     // pixels
-constexpr int MaxWindowSide = 32'000;
+constexpr int MaxZoom = 3000;        // percent
+constexpr int MaxSpacing = 200;      // pixels
+constexpr int MaxInterval = 2000000; // seconds that a timer can hold as milliseconds
+constexpr int MinWindowSide = 200;   // pixels
+constexpr int MaxWindowSide = 32000;
 
 void readInt(const QSettings &settings, const QString &key, int smallest, int largest, int *value)
 {

@@ -66,7 +66,7 @@ void CRuler::setExtent(double from, double to)
 int CRuler::labelStep(double scale)
 {
     int step = 1;
-    for (int decade = 1; decade <= 100'000; decade *= 10) {
+    for (int decade = 1; decade <= 100000; decade *= 10) {
         for (const int factor : {1, 2, 5}) {
             step = factor * decade;
             if (step * scale >= LeastLabelDistance)
