@@ -1,5 +1,8 @@
 #include "CGestureReadout.h"
 
+#include <QGuiApplication>
+#include <QPainter>
+
 #include <algorithm>
 
 namespace {
@@ -10,9 +13,6 @@ CGestureReadout::CGestureReadout(QWidget *viewport) : QLabel(viewport)
 {
     setObjectName(QStringLiteral("gestureReadout"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
     setMargin(4);
     hide();
 }
@@ -27,4 +27,16 @@ void CGestureReadout::showAt(const QPoint &position, const QString &text)
          std::max(0, std::min(corner.y(), room.height())));
     show();
     raise();
+}
+
+/// By itself, since style sheets make labels transparent.
+void CGestureReadout::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QGuiApplication::palette().color(QPalette::Window));
+    painter.drawRoundedRect(rect(), 4, 4);
+    painter.setPen(QGuiApplication::palette().color(QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignCenter, text());
 }

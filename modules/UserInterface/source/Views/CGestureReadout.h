@@ -12,4 +12,7 @@ public:
 
     /// Beside a place of the viewport, inside of it.
     void showAt(const QPoint &position, const QString &text);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
