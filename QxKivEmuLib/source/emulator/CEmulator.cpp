@@ -14,15 +14,22 @@ constexpr size_t MostSpare = 4;
 
 } // namespace
 
+/// The emulator itself is never destroyed: when a callback ends the process, the caller's thread
+/// may still be inside it. Only its worker is ended.
 CEmulator &CEmulator::instance()
 {
-    static CEmulator emulator;
-    return emulator;
+    struct SEnd
+    {
+        CEmulator &emulator;
+        ~SEnd() { emulator.endWorker(); }
+    };
+    static SEnd end{*new CEmulator};
+    return end.emulator;
 }
 
 CEmulator::CEmulator() = default;
 
-CEmulator::~CEmulator()
+void CEmulator::endWorker()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);

@@ -24,10 +24,11 @@ class CEmulator
 {
 public:
     static CEmulator &instance();
+    /// At the end of the process: drops what is queued and waits for what is under way.
+    void endWorker();
 
     CEmulator();
-    /// Drops what is queued and waits for what is under way.
-    ~CEmulator();
+    ~CEmulator() = delete; // see instance()
     CEmulator(const CEmulator &) = delete;
     CEmulator &operator=(const CEmulator &) = delete;
 
