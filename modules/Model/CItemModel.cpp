@@ -173,6 +173,7 @@ void CItemModel::notifyGeometryChanged()
 void CItemModel::setLocked(bool locked)
 {
     m_locked = locked;
+    emitDataChanged(); // views show a lock
     if (hasProperty(PropertyKey::Locked))
         setProperty(PropertyKey::Locked, locked ? 1 : 0);
 }

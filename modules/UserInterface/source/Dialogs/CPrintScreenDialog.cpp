@@ -3,10 +3,12 @@
 #include "CScreenshotWriter.h"
 #include "CThemeIcons.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QToolButton>
@@ -16,12 +18,17 @@ namespace {
 
 const QSize IconSize(256, 224);
 
-/// The picture as it fits, in the middle of an icon.
+/// The picture as it fits; a frame for a screen that has none yet.
 QIcon iconOf(const QPixmap &picture)
 {
-    return picture.isNull()
-               ? QIcon()
-               : QIcon(picture.scaled(IconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    if (!picture.isNull())
+        return QIcon(picture.scaled(IconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    QPixmap frame(IconSize.width(), IconSize.width() * 9 / 16);
+    frame.fill(Qt::transparent);
+    QPainter painter(&frame);
+    painter.setPen(QPen(QApplication::palette().color(QPalette::PlaceholderText), 1, Qt::DashLine));
+    painter.drawRect(frame.rect().adjusted(0, 0, -1, -1));
+    return QIcon(frame);
 }
 
 QString existingFolder(const QString &folder)

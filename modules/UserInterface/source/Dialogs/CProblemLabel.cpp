@@ -1,5 +1,6 @@
 #include "CProblemLabel.h"
 
+#include <QApplication>
 #include <QEvent>
 
 CProblemLabel::CProblemLabel(QWidget *parent) : QLabel(parent)
@@ -19,16 +20,18 @@ void CProblemLabel::setProblem(const QString &text)
 void CProblemLabel::changeEvent(QEvent *event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
         updateColour();
 }
 
 /// Red with at least 4.5 : 1 on the window's ground.
 void CProblemLabel::updateColour()
 {
-    const bool isDark = palette().color(QPalette::Window).lightness() < 128;
-    const QString style =
-        isDark ? QStringLiteral("color: #ffb0aa;") : QStringLiteral("color: #8c0d0d;");
-    if (styleSheet() != style)
-        setStyleSheet(style);
+    const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    const QColor red = isDark ? QColor(0xff, 0xb0, 0xaa) : QColor(0x8c, 0x0d, 0x0d);
+    if (palette().color(QPalette::WindowText) == red)
+        return; // setting a palette changes it, which calls this again
+    QPalette changed = palette();
+    changed.setColor(QPalette::WindowText, red);
+    setPalette(changed);
 }

@@ -1,5 +1,6 @@
 #include "COutputWindowView.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -103,10 +104,10 @@ void COutputWindowView::rewriteBlock(int index)
 {
     const SMessage &message = m_messages.at(index);
     QTextCharFormat quiet;
-    quiet.setForeground(palette().color(QPalette::PlaceholderText));
+    quiet.setForeground(QApplication::palette().color(QPalette::PlaceholderText));
     QTextCharFormat plain;
     if (!message.screen.isNull())
-        plain.setForeground(errorColour(palette()));
+        plain.setForeground(errorColour(QApplication::palette()));
     if (message.itemId >= 0)
         plain.setToolTip(tr("Click to select the item"));
 

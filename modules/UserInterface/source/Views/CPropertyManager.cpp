@@ -2,7 +2,10 @@
 
 #include "CWidgetProperty.h"
 
+#include <QApplication>
 #include <QColor>
+#include <QPainter>
+#include <QPixmap>
 #include <QTime>
 
 #include <algorithm>
@@ -45,6 +48,29 @@ bool isNumber(int editorType)
 QColor colourOf(const QVariant &value)
 {
     return value.type() == QVariant::Color ? value.value<QColor>() : QColor(value.toString());
+}
+
+/// A check box as a picture, with an outline that is seen on both themes' grounds.
+QIcon checkIcon(bool checked)
+{
+    const qreal ratio = qApp->devicePixelRatio();
+    constexpr int side = 16;
+    QPixmap picture(QSize(side, side) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor text = QApplication::palette().color(QPalette::Text);
+    QColor outline = text;
+    outline.setAlpha(150);
+    painter.setPen(outline);
+    painter.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 3, 3);
+    if (checked) {
+        painter.setPen(QPen(text, 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF check[] = {{4.5, 8.5}, {7, 11}, {11.5, 5.5}};
+        painter.drawPolyline(check, 3);
+    }
+    return picture;
 }
 
 } // namespace
@@ -154,6 +180,12 @@ QString CPropertyManager::valueText(const QtProperty *property) const
     default:
         return QtVariantPropertyManager::valueText(property);
     }
+}
+
+QIcon CPropertyManager::valueIcon(const QtProperty *property) const
+{
+    return propertyType(property) == QVariant::Bool ? checkIcon(value(property).toBool())
+                                                    : QtVariantPropertyManager::valueIcon(property);
 }
 
 QString CPropertyManager::rangeText(const CWidgetProperty &property)

@@ -31,6 +31,7 @@ public:
 
 protected:
     QString valueText(const QtProperty *property) const override;
+    QIcon valueIcon(const QtProperty *property) const override;
 
 private:
     void showEntry(QtVariantProperty *row, const QString &entry);

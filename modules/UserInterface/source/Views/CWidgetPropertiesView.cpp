@@ -1,6 +1,7 @@
 #include "CWidgetPropertiesView.h"
 
 #include "CCommandChangeItemProperty.h"
+#include "CImageChooser.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "CPropertyEditorFactory.h"
@@ -59,6 +60,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     : QtTreePropertyBrowser(parent),
       m_manager(new CPropertyManager(this)),
       m_factory(new CPropertyEditorFactory(this)),
+      m_images(new CImageChooser(this)),
       m_points(m_manager)
 {
     // Editors with labels and check boxes have a light ground in every theme.
@@ -69,10 +71,9 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     setPropertiesWithoutValueMarked(false);
     connect(this, SIGNAL(currentItemChanged(QtBrowserItem *)), this,
             SLOT(onCurrentItemChanged(QtBrowserItem *)));
-    connect(m_factory, &CPropertyEditorFactory::fileWanted, this, [this](QtProperty *row) {
-        if (m_item)
-            Q_EMIT fileWanted(m_item, row->propertyName());
-    });
+    connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
+            &CWidgetPropertiesView::chooseFile);
+    connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
     showItems({});
 }
 
@@ -96,6 +97,7 @@ void CWidgetPropertiesView::setProject(CProjectModel *project)
                 &CWidgetPropertiesView::propertyChanged);
         connect(project, &CProjectModel::geometryChanged, this,
                 &CWidgetPropertiesView::geometryChanged);
+        connect(project, &QAbstractItemModel::dataChanged, this, &CWidgetPropertiesView::showLock);
         connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
                 &CWidgetPropertiesView::forgetRemoved);
     }
@@ -124,7 +126,12 @@ void CWidgetPropertiesView::showItems(const QList<CItemModel *> &items)
         else
             showText(items.isEmpty() ? tr("No Item Selected") : tr("Multiple Items Selected"));
     }
-    setEnabled(!item || !item->isLocked());
+    showLock();
+}
+
+void CWidgetPropertiesView::showLock()
+{
+    setEnabled(!m_item || !m_item->isLocked());
 }
 
 void CWidgetPropertiesView::showText(const QString &text)
@@ -251,8 +258,27 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
 {
     if (!m_project || !m_item->hasProperty(key) || !isEdit(*m_item, key, value))
         return;
+    if (key == PropertyKey::Format && !CImageChooser::sourceOf(*m_item).isEmpty()) {
+        changeFormat(value.toString());
+        return;
+    }
     m_project->undoStack()->push(
         new CCommandChangeItemProperty(m_item, key, value, m_item->propertyValue(key)));
+}
+
+/// Another format needs the image converted into it; when that fails, the format stays.
+void CWidgetPropertiesView::changeFormat(const QString &format)
+{
+    CItemModel *const item = m_item;
+    const QString before = item->propertyText(PropertyKey::Format);
+    if (!m_images->change(item, CImageChooser::sourceOf(*item), format))
+        propertyChanged(item, PropertyKey::Format, before);
+}
+
+void CWidgetPropertiesView::chooseFile()
+{
+    if (m_item && m_project)
+        m_images->choose(m_item);
 }
 
 void CWidgetPropertiesView::propertyChanged(CItemModel *item, const QString &key,
@@ -260,8 +286,6 @@ void CWidgetPropertiesView::propertyChanged(CItemModel *item, const QString &key
 {
     if (!item || item != m_item)
         return;
-    if (key == PropertyKey::Locked)
-        setEnabled(!item->isLocked());
     QtProperty *shown = m_rows.value(key);
     if (!shown || m_updating)
         return;
