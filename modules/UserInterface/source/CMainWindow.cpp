@@ -67,6 +67,7 @@ CMainWindow::CMainWindow(const QString &file)
       m_user(std::make_unique<CDialogQuestions>(this, m_errorMessage, &m_platforms)),
       m_languages(std::make_unique<CLanguageLoader>(m_folder))
 {
+    m_theme.apply(CTheme::Kind::Dark); // what is made from here on is made for a theme at once
     resize(FirstSize.boundedTo(screen()->availableSize()));
     m_languages->loadSystemLanguage();
     startSubsystems();

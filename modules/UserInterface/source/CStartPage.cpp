@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -30,10 +31,12 @@ QString paragraph(const QString &html)
     return QStringLiteral("<p style=\"margin:0 0 6px 0\">%1</p>").arg(html);
 }
 
+/// With its colour: a document takes that of links from the palette only when it is read.
 QString link(const QString &target, const QString &text)
 {
-    return QStringLiteral("<a style=\"text-decoration:none\" href=\"%1\">%2</a>")
-        .arg(target.toHtmlEscaped(), text.toHtmlEscaped());
+    return QStringLiteral("<a style=\"text-decoration:none;color:%1\" href=\"%2\">%3</a>")
+        .arg(QGuiApplication::palette().color(QPalette::Link).name(), target.toHtmlEscaped(),
+             text.toHtmlEscaped());
 }
 } // namespace
 
@@ -52,6 +55,7 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
     layout->setContentsMargins(Margin, Margin, Margin, Margin);
     layout->addWidget(m_label);
     connect(m_label, &QLabel::linkActivated, this, &CStartPage::follow);
+    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CStartPage::showTexts);
     parent->installEventFilter(this);
     setGeometry(parent->rect());
     showTexts();
@@ -65,7 +69,7 @@ void CStartPage::setRecentProjects(const QStringList &paths)
 
 void CStartPage::showTexts()
 {
-    const QColor quiet = palette().color(QPalette::PlaceholderText);
+    const QColor quiet = QGuiApplication::palette().color(QPalette::PlaceholderText);
     const auto heading = [](const QString &text) {
         return QStringLiteral("<p style=\"margin:20px 0 8px 0;font-weight:600\">%1</p>")
             .arg(text.toHtmlEscaped());
@@ -103,7 +107,7 @@ void CStartPage::follow(const QString &link)
 void CStartPage::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange || event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::LanguageChange)
         showTexts();
 }
 

@@ -35,6 +35,8 @@ CTheme::CTheme(QWidget *window) : m_window(window)
 
 void CTheme::apply(Kind kind)
 {
+    if (m_name == nameOf(kind))
+        return; // polishing every widget again takes its time
     m_name = nameOf(kind);
     CThemeIcons::setTheme(m_name);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
