@@ -7,7 +7,7 @@
 
 #include "CPointListRows.h"
 
-class CImageChooser;
+class CImageFormatChange;
 class CItemModel;
 class CProjectModel;
 class CPropertyEditorFactory;
@@ -40,6 +40,8 @@ public Q_SLOTS:
     void geometryChanged(CItemModel *item);
 
 Q_SIGNALS:
+    /// The user wants another file for this property of the item.
+    void fileWanted(CItemModel *item, const QString &key);
     /// Something for the output window.
     void message(const QString &text);
 
@@ -61,7 +63,6 @@ private:
     void addRow(const QString &key);
     void insertRow(QtProperty *row, const QString &key);
     void commit(const QString &key, const QVariant &value);
-    void chooseFile();
     void changeFormat(const QString &format);
     void showLock();
     void forgetRemoved(const QModelIndex &parent, int first, int last);
@@ -69,7 +70,7 @@ private:
 
     CPropertyManager *m_manager;
     CPropertyEditorFactory *m_factory;
-    CImageChooser *const m_images;
+    CImageFormatChange *const m_images;
     QHash<QString, QtProperty *> m_rows; ///< by property key
     CPointListRows m_points;
     QPointer<CProjectModel> m_project;

@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -45,6 +44,7 @@ private Q_SLOTS:
     void removedItemsAreForgotten();
     void unknownKindsShowTheirAttributes();
     void filesAreChosenInTheirRow();
+    void formatStaysWhenTheImageCannotBeConverted();
 
 private:
     QTreeWidget *tree() const { return m_view->findChild<QTreeWidget *>(); }
@@ -499,51 +499,44 @@ void tst_WidgetProperties::unknownKindsShowTheirAttributes()
 
 void tst_WidgetProperties::filesAreChosenInTheirRow()
 {
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    QFile raw(folder.filePath("picture.raw"));
-    QVERIFY(raw.open(QIODevice::WriteOnly));
-    raw.write(QByteArray(64, 'x'));
-    raw.close();
-
     CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-    const QByteArray before = document(*m_project);
-    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
+    QSignalSpy wanted(m_view.get(), &CWidgetPropertiesView::fileWanted);
     auto *line = edit<QLineEdit>("filename");
     QVERIFY(line);
     QVERIFY(line->isReadOnly());
     auto *choose = line->findChild<QAction *>("chooseFile");
     QVERIFY(choose);
-    const auto answer = [&](const QString &file) {
-        QTimer::singleShot(0, this, [file] {
-            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->setDirectory(QFileInfo(file).path());
-            dialog->selectFile(file);
-            if (QFile::exists(file))
-                QMetaObject::invokeMethod(dialog, "accept");
-            else
-                dialog->reject();
-        });
-        choose->trigger();
-    };
-    answer(folder.filePath("missing.raw"));
-    QCOMPARE(stack().count(), 0);
-    answer(raw.fileName());
-    QCOMPARE(bitmap->propertyText("filename"), raw.fileName());
-    QCOMPARE(bitmap->propertyText("basename"), QStringLiteral("picture"));
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
-    QCOMPARE(shown("basename"), QStringLiteral("picture"));
-    QVERIFY(
-        QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) + "/picture.raw"));
-    QCOMPARE(stack().count(), 1);
-    stack().undo();
-    QCOMPARE(document(*m_project), before);
-    CProjectModel::setCurrent(nullptr);
+    choose->trigger();
+    QCOMPARE(wanted.count(), 1);
+    QCOMPARE(wanted.first().at(0).value<CItemModel *>(), bitmap);
     show("Kiv_ImageButton_T");
     line = edit<QLineEdit>("basename");
     QVERIFY(line->findChild<QAction *>("chooseFile"));
+}
+
+void tst_WidgetProperties::formatStaysWhenTheImageCannotBeConverted()
+{
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    QFile noImage(folder.filePath("picture.png"));
+    QVERIFY(noImage.open(QIODevice::WriteOnly));
+    noImage.write("no picture");
+    noImage.close();
+
+    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
+    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
+    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    format->setValue(0); // without a file it is a plain change
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(stack().count(), 1);
+    bitmap->setProperty("filename", noImage.fileName());
+    format->setValue(3);
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(shown("format"), QStringLiteral("None"));
+    QCOMPARE(stack().count(), 1);
+    QVERIFY(!messages.isEmpty());
+    CProjectModel::setCurrent(nullptr);
 }
 
 QTEST_MAIN(tst_WidgetProperties)
