@@ -9,7 +9,6 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
-#include "CScreenView.h"
 #include "CStatusBar.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetPropertiesView.h"
@@ -114,7 +113,6 @@ void CMainPanels::connectPanels()
     connect(m_screens, &CScreen::liveGeometry, m_properties,
             &CWidgetPropertiesView::geometryChanged);
     connect(m_screens, &CScreen::message, this, &CMainPanels::write);
-    connect(m_properties, &CWidgetPropertiesView::fileWanted, this, &CMainPanels::chooseFile);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
 
@@ -203,17 +201,6 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
         }
         return;
     }
-}
-
-void CMainPanels::chooseFile(CItemModel *item)
-{
-    CItemModel *screen = item;
-    while (screen->parentItem())
-        screen = screen->parentItem();
-    if (screen->kind() != CItemModel::Kind::Screen)
-        return;
-    m_screens->openScreen(static_cast<CScreenModel *>(screen));
-    m_screens->currentView()->chooseFile(item);
 }
 
 bool CMainPanels::isGestureActive() const

@@ -54,7 +54,6 @@ private:
     void connectPanels();
     void showPalette(const CProjectModel *project);
     void showSelection(const QList<CItemModel *> &items);
-    void chooseFile(CItemModel *item);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
     void layOut();

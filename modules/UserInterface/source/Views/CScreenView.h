@@ -40,8 +40,6 @@ public:
     int zoomPercent() const { return m_zoom; }
     int zoomType() const { return m_zoomType; }
     double scale() const { return transform().m11(); }
-    /// Asks for another file for a bitmap or media item and converts it; one undo step.
-    void chooseFile(CItemModel *item);
     /// Counts widgets and bitmaps and tells them.
     void reportCounts();
 

@@ -1,7 +1,6 @@
 // What is dropped on a screen: kinds from the palette, image and media files.
 #include "CBitmapFormatTable.h"
 #include "CCommandAddItem.h"
-#include "CCommandChangeItemProperty.h"
 #include "CEditorState.h"
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
@@ -205,24 +204,4 @@ void CScreenView::create(const QString &type, const QPointF &scenePos, const QSt
     CItemModel *made = item.release();
     project->undoStack()->push(new CCommandAddItem(screen(), made));
     selectCreated({made});
-}
-
-/// The item is worked out as a copy first: the conversion may fail, or be cancelled, half way.
-void CScreenView::chooseFile(CItemModel *item)
-{
-    const std::unique_ptr<CItemModel> wanted(item->clone());
-    const std::optional<SConvertedImage> image = imageFor(*wanted, QString());
-    if (!image || !fitsMemory(*image))
-        return;
-    takeImage(*wanted, *image);
-    QUndoStack *stack = screen()->project()->undoStack();
-    stack->beginMacro(tr("Change File"));
-    const auto &properties = wanted->properties();
-    for (auto it = properties.cbegin(); it != properties.cend(); ++it) {
-        const QVariant before = item->propertyValue(it.key());
-        const QVariant after = wanted->propertyValue(it.key());
-        if (after != before)
-            stack->push(new CCommandChangeItemProperty(item, it.key(), after, before));
-    }
-    stack->endMacro();
 }
