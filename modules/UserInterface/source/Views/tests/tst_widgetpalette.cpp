@@ -140,6 +140,7 @@ void tst_WidgetPalette::filterKeepsGroupsOfWhatItShows()
     panel.view()->setToolbox(m_toolbox.get(), m_library.get());
     auto *filter = panel.findChild<QLineEdit *>("widgetFilter");
     QVERIFY(filter);
+    filter->setClearButtonEnabled(false); // its fading would outlive the program and be a leak
     QTest::keyClicks(filter, "CIRC");
     QCOMPARE(shown(*panel.view()), (QStringList{"Shapes", "Circle"}));
     filter->setText("about shapes lin");
