@@ -113,6 +113,7 @@ void CMainPanels::connectPanels()
     connect(m_screens, &CScreen::liveGeometry, m_properties,
             &CWidgetPropertiesView::geometryChanged);
     connect(m_screens, &CScreen::message, this, &CMainPanels::write);
+    connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::write);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
 

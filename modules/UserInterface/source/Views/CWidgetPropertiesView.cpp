@@ -1,7 +1,7 @@
 #include "CWidgetPropertiesView.h"
 
 #include "CCommandChangeItemProperty.h"
-#include "CImageFormatChange.h"
+#include "CImageChooser.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "CPropertyEditorFactory.h"
@@ -60,7 +60,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     : QtTreePropertyBrowser(parent),
       m_manager(new CPropertyManager(this)),
       m_factory(new CPropertyEditorFactory(this)),
-      m_images(new CImageFormatChange(this)),
+      m_images(new CImageChooser(this)),
       m_points(m_manager)
 {
     // Editors with labels and check boxes have a light ground in every theme.
@@ -71,11 +71,9 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     setPropertiesWithoutValueMarked(false);
     connect(this, SIGNAL(currentItemChanged(QtBrowserItem *)), this,
             SLOT(onCurrentItemChanged(QtBrowserItem *)));
-    connect(m_factory, &CPropertyEditorFactory::fileWanted, this, [this](QtProperty *wanted) {
-        if (m_item)
-            Q_EMIT fileWanted(m_item, wanted->propertyName());
-    });
-    connect(m_images, &CImageFormatChange::message, this, &CWidgetPropertiesView::message);
+    connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
+            &CWidgetPropertiesView::chooseFile);
+    connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
     showItems({});
 }
 
@@ -260,7 +258,7 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
 {
     if (!m_project || !m_item->hasProperty(key) || !isEdit(*m_item, key, value))
         return;
-    if (key == PropertyKey::Format && !CImageFormatChange::sourceOf(*m_item).isEmpty()) {
+    if (key == PropertyKey::Format && !CImageChooser::sourceOf(*m_item).isEmpty()) {
         changeFormat(value.toString());
         return;
     }
@@ -273,8 +271,14 @@ void CWidgetPropertiesView::changeFormat(const QString &format)
 {
     CItemModel *const item = m_item;
     const QString before = item->propertyText(PropertyKey::Format);
-    if (!m_images->change(item, format))
+    if (!m_images->change(item, CImageChooser::sourceOf(*item), format))
         propertyChanged(item, PropertyKey::Format, before);
+}
+
+void CWidgetPropertiesView::chooseFile()
+{
+    if (m_item && m_project)
+        m_images->choose(m_item);
 }
 
 void CWidgetPropertiesView::propertyChanged(CItemModel *item, const QString &key,

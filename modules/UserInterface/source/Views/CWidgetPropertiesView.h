@@ -7,7 +7,7 @@
 
 #include "CPointListRows.h"
 
-class CImageFormatChange;
+class CImageChooser;
 class CItemModel;
 class CProjectModel;
 class CPropertyEditorFactory;
@@ -40,8 +40,6 @@ public Q_SLOTS:
     void geometryChanged(CItemModel *item);
 
 Q_SIGNALS:
-    /// The user wants another file for this property of the item.
-    void fileWanted(CItemModel *item, const QString &key);
     /// Something for the output window.
     void message(const QString &text);
 
@@ -63,6 +61,7 @@ private:
     void addRow(const QString &key);
     void insertRow(QtProperty *row, const QString &key);
     void commit(const QString &key, const QVariant &value);
+    void chooseFile();
     void changeFormat(const QString &format);
     void showLock();
     void forgetRemoved(const QModelIndex &parent, int first, int last);
@@ -70,7 +69,7 @@ private:
 
     CPropertyManager *m_manager;
     CPropertyEditorFactory *m_factory;
-    CImageFormatChange *const m_images;
+    CImageChooser *const m_images;
     QHash<QString, QtProperty *> m_rows; ///< by property key
     CPointListRows m_points;
     QPointer<CProjectModel> m_project;

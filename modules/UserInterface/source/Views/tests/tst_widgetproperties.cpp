@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -499,16 +500,48 @@ void tst_WidgetProperties::unknownKindsShowTheirAttributes()
 
 void tst_WidgetProperties::filesAreChosenInTheirRow()
 {
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    QFile raw(folder.filePath("picture.raw"));
+    QVERIFY(raw.open(QIODevice::WriteOnly));
+    raw.write(QByteArray(64, 'x'));
+    raw.close();
+
     CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-    QSignalSpy wanted(m_view.get(), &CWidgetPropertiesView::fileWanted);
+    const QByteArray before = document(*m_project);
+    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
     auto *line = edit<QLineEdit>("filename");
     QVERIFY(line);
     QVERIFY(line->isReadOnly());
     auto *choose = line->findChild<QAction *>("chooseFile");
     QVERIFY(choose);
-    choose->trigger();
-    QCOMPARE(wanted.count(), 1);
-    QCOMPARE(wanted.first().at(0).value<CItemModel *>(), bitmap);
+    const auto answer = [&](const QString &file) {
+        QTimer::singleShot(0, this, [file] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->setDirectory(QFileInfo(file).path());
+            dialog->selectFile(file);
+            if (QFile::exists(file))
+                QMetaObject::invokeMethod(dialog, "accept");
+            else
+                dialog->reject();
+        });
+        choose->trigger();
+    };
+    answer(folder.filePath("missing.raw"));
+    QCOMPARE(stack().count(), 0);
+    answer(raw.fileName());
+    QCOMPARE(bitmap->propertyText("filename"), raw.fileName());
+    QCOMPARE(bitmap->propertyText("basename"), QStringLiteral("picture"));
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(shown("basename"), QStringLiteral("picture"));
+    QVERIFY(
+        QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) + "/picture.raw"));
+    QCOMPARE(stack().count(), 1);
+    stack().undo();
+    QCOMPARE(document(*m_project), before);
+    CProjectModel::setCurrent(nullptr);
     show("Kiv_ImageButton_T");
     line = edit<QLineEdit>("basename");
     QVERIFY(line->findChild<QAction *>("chooseFile"));
