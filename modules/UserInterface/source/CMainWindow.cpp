@@ -97,6 +97,9 @@ CMainWindow::CMainWindow(const QString &file)
 CMainWindow::~CMainWindow()
 {
     closeUnattended();
+    // The docks go after this object's members and report that they are hidden on their way.
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        dock->toggleViewAction()->disconnect(m_menuBar);
 }
 
 void CMainWindow::startSubsystems()
