@@ -1,4 +1,1527 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>CConfigurationDialog</name>
+    <message>
+        <source>Project configuration</source>
+        <translation>Projekteinstellungen</translation>
+    </message>
+    <message>
+        <source>Choose a folder</source>
+        <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>Project &amp;Name</source>
+        <translation>Projekt&amp;name</translation>
+    </message>
+    <message>
+        <source>Hardware &amp;Platform</source>
+        <translation>Hardware-&amp;Plattform</translation>
+    </message>
+    <message>
+        <source>Screen &amp;Resolution</source>
+        <translation>Bildschirm&amp;auflösung</translation>
+    </message>
+    <message>
+        <source>&amp;Working Directory</source>
+        <translation>A&amp;rbeitsverzeichnis</translation>
+    </message>
+    <message>
+        <source>File name exists already!</source>
+        <translation>Der Dateiname ist schon vergeben!</translation>
+    </message>
+    <message>
+        <source>Change to another project name!</source>
+        <translation>Wählen Sie einen anderen Projektnamen!</translation>
+    </message>
+</context>
+<context>
+    <name>CConvertedFolder</name>
+    <message>
+        <source>%1 could not be replaced</source>
+        <translation>%1 konnte nicht ersetzt werden</translation>
+    </message>
+    <message>
+        <source>%1 could not be copied: %2</source>
+        <translation>%1 konnte nicht kopiert werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden</translation>
+    </message>
+</context>
+<context>
+    <name>CDialogQuestions</name>
+    <message>
+        <source>Do you want to save the current project before closing it?</source>
+        <translation>Möchten Sie das aktuelle Projekt vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>Project already open</source>
+        <translation>Projekt bereits geöffnet</translation>
+    </message>
+    <message>
+        <source>The project is already open in another instance of this application. Are you sure you want to continue?</source>
+        <translation>Das Projekt ist bereits in einer anderen Instanz dieses Programms geöffnet. Möchten Sie wirklich fortfahren?</translation>
+    </message>
+    <message>
+        <source>Project changed on disk</source>
+        <translation>Projekt auf dem Datenträger geändert</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program since it was opened here. Do you want to replace those changes by yours?</source>
+        <translation>%1 wurde von einem anderen Programm geändert, seit die Datei hier geöffnet wurde. Möchten Sie diese Änderungen durch Ihre ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Project taken over</source>
+        <translation>Projekt übernommen</translation>
+    </message>
+    <message>
+        <source>%1 was taken over by another instance of this application and cannot be saved here. You can save your version under another name.</source>
+        <translation>%1 wurde von einer anderen Instanz dieses Programms übernommen und kann hier nicht gespeichert werden. Sie können Ihre Fassung unter einem anderen Namen speichern.</translation>
+    </message>
+    <message>
+        <source>Automatically saved version</source>
+        <translation>Automatisch gespeicherte Fassung</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. Nothing is overwritten until you save.</source>
+        <translation>Das Programm wurde unerwartet beendet, während %1 geöffnet war, und hatte Änderungen automatisch gespeichert. Möchten Sie die Fassung mit diesen Änderungen öffnen? Mit Nein wird die Fassung geöffnet, die Sie zuletzt selbst gespeichert haben. Bis Sie speichern, wird nichts überschrieben.</translation>
+    </message>
+    <message>
+        <source>Project Files (*.xml *.nyx)</source>
+        <translation>Projektdateien (*.xml *.nyx)</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+</context>
+<context>
+    <name>CExportController</name>
+    <message>
+        <source>Export project to DL</source>
+        <translation>Projekt als DL exportieren</translation>
+    </message>
+    <message>
+        <source>Display Lists (*.dl)</source>
+        <translation>Display-Listen (*.dl)</translation>
+    </message>
+    <message>
+        <source>Export project to binary</source>
+        <translation>Projekt binär exportieren</translation>
+    </message>
+    <message>
+        <source>Display Lists Binary(*.bin)</source>
+        <translation>Binäre Display-Listen(*.bin)</translation>
+    </message>
+    <message>
+        <source>Export screen to DL</source>
+        <translation>Seite als DL exportieren</translation>
+    </message>
+    <message>
+        <source>Export Page to binary</source>
+        <translation>Seite binär exportieren</translation>
+    </message>
+    <message>
+        <source>Exporting the pages</source>
+        <translation>Seiten werden exportiert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Exporting page %1 of %2</source>
+        <translation>Seite %1 von %2 wird exportiert</translation>
+    </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation>Exportiert nach %1</translation>
+    </message>
+    <message>
+        <source>An error occurred during the export process</source>
+        <translation>Beim Exportieren ist ein Fehler aufgetreten</translation>
+    </message>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>Das Exportieren wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>CFileWriter</name>
+    <message>
+        <source>this is not the name of a file</source>
+        <translation>das ist kein Dateiname</translation>
+    </message>
+    <message>
+        <source>this is not a regular file</source>
+        <translation>das ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CGridComboWidget</name>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>Dashes</source>
+        <translation>Striche</translation>
+    </message>
+    <message>
+        <source>Dots</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Change the grid colour</source>
+        <translation>Farbe des Rasters ändern</translation>
+    </message>
+    <message>
+        <source>Choose Grid Type</source>
+        <translation>Rasterart wählen</translation>
+    </message>
+</context>
+<context>
+    <name>CHelpWindow</name>
+    <message>
+        <source>%1 Help</source>
+        <translation>%1: Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>CImageFileConverter</name>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1: diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>%1: the file is too big</source>
+        <translation>%1: die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>no project is open</source>
+        <translation>es ist kein Projekt geöffnet</translation>
+    </message>
+    <message>
+        <source>%1: more than %2 pixels wide or high</source>
+        <translation>%1: mehr als %2 Pixel breit oder hoch</translation>
+    </message>
+    <message>
+        <source>there is no such bitmap format</source>
+        <translation>dieses Bitmap-Format gibt es nicht</translation>
+    </message>
+    <message>
+        <source>%1: cannot be renamed</source>
+        <translation>%1: kann nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>%1: was not written</source>
+        <translation>%1: wurde nicht geschrieben</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made</source>
+        <translation>%1: der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1: cannot be copied to %2: %3</source>
+        <translation>%1: kann nicht nach %2 kopiert werden: %3</translation>
+    </message>
+</context>
+<context>
+    <name>CImageFormatChange</name>
+    <message>
+        <source>%1 was not converted; the format stays.</source>
+        <translation>%1 wurde nicht umgewandelt; das Format bleibt.</translation>
+    </message>
+    <message>
+        <source>Change Format</source>
+        <translation>Format ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CLanguageDialog</name>
+    <message>
+        <source>Change Language</source>
+        <translation>Sprache ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Sprache:</translation>
+    </message>
+</context>
+<context>
+    <name>CMainPanels</name>
+    <message>
+        <source>Project Explorer</source>
+        <translation>Projekt-Explorer</translation>
+    </message>
+    <message>
+        <source>Navigator</source>
+        <translation>Navigator</translation>
+    </message>
+    <message>
+        <source>Widget Selection</source>
+        <translation>Widget-Auswahl</translation>
+    </message>
+    <message>
+        <source>Widget Properties</source>
+        <translation>Widget-Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Output Window</source>
+        <translation>Ausgabefenster</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWindow</name>
+    <message>
+        <source>Could not initialise Widget Library Manager</source>
+        <translation>Die Widget-Bibliothek konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>Could not initialise emulator</source>
+        <translation>Der Emulator konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über das Programm</translation>
+    </message>
+    <message>
+        <source>Built at: </source>
+        <translation>Erstellt am: </translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
+        <translation>Gestaltet die Bildschirme eingebetteter Bedienoberflächen für KIV-Grafikcontroller.</translation>
+    </message>
+</context>
+<context>
+    <name>CMenuBar</name>
+    <message>
+        <source>Toolbar</source>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>Create a new project</source>
+        <translation>Ein neues Projekt anlegen</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Open an existing project</source>
+        <translation>Ein vorhandenes Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>Projekt s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Close current project</source>
+        <translation>Das aktuelle Projekt schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Project</source>
+        <translation>Projekt &amp;speichern</translation>
+    </message>
+    <message>
+        <source>Save current project</source>
+        <translation>Das aktuelle Projekt speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Save As</source>
+        <translation>Speichern &amp;unter</translation>
+    </message>
+    <message>
+        <source>Save current project as...</source>
+        <translation>Das aktuelle Projekt speichern unter...</translation>
+    </message>
+    <message>
+        <source>&amp;New Page</source>
+        <translation>Neue Sei&amp;te</translation>
+    </message>
+    <message>
+        <source>Add a new page to the current project</source>
+        <translation>Dem aktuellen Projekt eine neue Seite hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Project to DL</source>
+        <translation>&amp;Projekt als DL</translation>
+    </message>
+    <message>
+        <source>Export project in DL format</source>
+        <translation>Das Projekt im DL-Format exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Page to DL</source>
+        <translation>&amp;Seite als DL</translation>
+    </message>
+    <message>
+        <source>Export page in DL format</source>
+        <translation>Die Seite im DL-Format exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Project to Binary</source>
+        <translation>Projekt &amp;binär</translation>
+    </message>
+    <message>
+        <source>Export project in Binary format</source>
+        <translation>Das Projekt im Binärformat exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Page to Binary</source>
+        <translation>Seite b&amp;inär</translation>
+    </message>
+    <message>
+        <source>Export page in Binary format</source>
+        <translation>Die Seite im Binärformat exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Print Screen</source>
+        <translation>Seiten als &amp;Bilder</translation>
+    </message>
+    <message>
+        <source>Print Screen</source>
+        <translation>Bilder der Seiten speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>B&amp;eenden</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Das Programm beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Bring to Front</source>
+        <translation>Ganz nach &amp;vorne</translation>
+    </message>
+    <message>
+        <source>Bring to Front</source>
+        <translation>Ganz nach vorne</translation>
+    </message>
+    <message>
+        <source>&amp;Send to Back</source>
+        <translation>Ganz nach &amp;hinten</translation>
+    </message>
+    <message>
+        <source>Send to Back</source>
+        <translation>Ganz nach hinten</translation>
+    </message>
+    <message>
+        <source>&amp;Bring Forward</source>
+        <translation>Eine Ebene nach v&amp;orne</translation>
+    </message>
+    <message>
+        <source>Bring Forward</source>
+        <translation>Eine Ebene nach vorne</translation>
+    </message>
+    <message>
+        <source>&amp;Send Backward</source>
+        <translation>Eine Ebene nach h&amp;inten</translation>
+    </message>
+    <message>
+        <source>Send Backward</source>
+        <translation>Eine Ebene nach hinten</translation>
+    </message>
+    <message>
+        <source>&amp;Cut</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>&amp;Alles</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>&amp;Nichts</translation>
+    </message>
+    <message>
+        <source>Select None</source>
+        <translation>Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>&amp;Inverse</source>
+        <translation>&amp;Umkehren</translation>
+    </message>
+    <message>
+        <source>Inverse Selection</source>
+        <translation>Auswahl umkehren</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>Ausgewählte Elemente löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Lock/Unlock</source>
+        <translation>&amp;Sperren/Entsperren</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock selected items</source>
+        <translation>Ausgewählte Elemente sperren oder entsperren</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Group Selected</source>
+        <translation>Auswahl &amp;gruppieren</translation>
+    </message>
+    <message>
+        <source>Group selected objects together</source>
+        <translation>Ausgewählte Objekte gruppieren</translation>
+    </message>
+    <message>
+        <source>&amp;Ungroup</source>
+        <translation>Gruppierung &amp;aufheben</translation>
+    </message>
+    <message>
+        <source>Ungroup selected objects</source>
+        <translation>Gruppierung der ausgewählten Objekte aufheben</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Dark style</source>
+        <translation>Zum dunklen Farbschema wechseln</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Light style</source>
+        <translation>Zum hellen Farbschema wechseln</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom (100%)</source>
+        <translation>&amp;Zoom (100%)</translation>
+    </message>
+    <message>
+        <source>Zoom to pixel size 100%</source>
+        <translation>Auf Pixelgröße 100% zoomen</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Page</source>
+        <translation>An &amp;Seite anpassen</translation>
+    </message>
+    <message>
+        <source>Fit to Page</source>
+        <translation>An Seite anpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Width</source>
+        <translation>An &amp;Breite anpassen</translation>
+    </message>
+    <message>
+        <source>Fit to Width</source>
+        <translation>An Breite anpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Ruler Size...</source>
+        <translation>&amp;Linealgröße...</translation>
+    </message>
+    <message>
+        <source>Change ruler size</source>
+        <translation>Größe des Lineals ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Grid Size...</source>
+        <translation>&amp;Rasterweite...</translation>
+    </message>
+    <message>
+        <source>Change grid size</source>
+        <translation>Weite des Rasters ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Toggle</source>
+        <translation>&amp;Ein/Aus</translation>
+    </message>
+    <message>
+        <source>Toggle the grid on/off</source>
+        <translation>Raster ein- oder ausschalten</translation>
+    </message>
+    <message>
+        <source>&amp;Type</source>
+        <translation>&amp;Art</translation>
+    </message>
+    <message>
+        <source>Change the grid type</source>
+        <translation>Art des Rasters ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Change the grid colour</source>
+        <translation>Farbe des Rasters ändern</translation>
+    </message>
+    <message>
+        <source>Output Window</source>
+        <translation>Ausgabefenster</translation>
+    </message>
+    <message>
+        <source>Status Bar</source>
+        <translation>Statusleiste</translation>
+    </message>
+    <message>
+        <source>Project Window</source>
+        <translation>Projektfenster</translation>
+    </message>
+    <message>
+        <source>Properties Window</source>
+        <translation>Eigenschaftenfenster</translation>
+    </message>
+    <message>
+        <source>Library Window</source>
+        <translation>Bibliotheksfenster</translation>
+    </message>
+    <message>
+        <source>&amp;Resolution</source>
+        <translation>&amp;Auflösung</translation>
+    </message>
+    <message>
+        <source>Change target screen resolution</source>
+        <translation>Auflösung des Zielbildschirms ändern</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Search objects by text</source>
+        <translation>Objekte nach Text suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Spell Check</source>
+        <translation>&amp;Rechtschreibprüfung</translation>
+    </message>
+    <message>
+        <source>Spell check</source>
+        <translation>Rechtschreibprüfung</translation>
+    </message>
+    <message>
+        <source>&amp;Snap to Grid</source>
+        <translation>Am &amp;Raster ausrichten</translation>
+    </message>
+    <message>
+        <source>Toggle snap to grid on/off</source>
+        <translation>Ausrichten am Raster ein- oder ausschalten</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>&amp;Optionen</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>KIV Panel Composer Help</source>
+        <translation>Hilfe zum KIV Panel Composer</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über das Programm</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über das Programm</translation>
+    </message>
+    <message>
+        <source>&amp;Updates</source>
+        <translation>&amp;Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
+        <translation>Nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>E&amp;xtras</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Anordnung</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>Gruppierung</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Raster</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Fenster</translation>
+    </message>
+</context>
+<context>
+    <name>CMultiPointItemView</name>
+    <message>
+        <source>Add Point</source>
+        <translation>Punkt hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove Point</source>
+        <translation>Punkt entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDialog</name>
+    <message>
+        <source>&amp;Enabled</source>
+        <translation>&amp;Eingeschaltet</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation> Sekunden</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Screen &amp;Size</source>
+        <translation>Bildschirm&amp;größe</translation>
+    </message>
+    <message>
+        <source>Project &amp;Name</source>
+        <translation>Projekt&amp;name</translation>
+    </message>
+    <message>
+        <source>&amp;Platform</source>
+        <translation>&amp;Plattform</translation>
+    </message>
+    <message>
+        <source>&amp;Working Directory</source>
+        <translation>A&amp;rbeitsverzeichnis</translation>
+    </message>
+    <message>
+        <source>Autosave</source>
+        <translation>Automatisches Speichern</translation>
+    </message>
+    <message>
+        <source>Autosave &amp;Interval</source>
+        <translation>&amp;Intervall</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>A screen is at least one pixel wide and high.</source>
+        <translation>Ein Bildschirm ist mindestens ein Pixel breit und hoch.</translation>
+    </message>
+    <message>
+        <source>Change Project Options</source>
+        <translation>Projektoptionen ändern</translation>
+    </message>
+</context>
+<context>
+    <name>COutputWindowView</name>
+    <message>
+        <source>No messages</source>
+        <translation>Keine Meldungen</translation>
+    </message>
+    <message>
+        <source>Click to select the item</source>
+        <translation>Klicken, um das Element auszuwählen</translation>
+    </message>
+    <message>
+        <source>(%1 times)</source>
+        <translation>(%1-mal)</translation>
+    </message>
+</context>
+<context>
+    <name>CPageOperations</name>
+    <message>
+        <source>Cut Page</source>
+        <translation>Seite ausschneiden</translation>
+    </message>
+    <message>
+        <source>Paste Page</source>
+        <translation>Seite einfügen</translation>
+    </message>
+    <message>
+        <source>Load Page</source>
+        <translation>Seite laden</translation>
+    </message>
+</context>
+<context>
+    <name>CPrintScreenDialog</name>
+    <message>
+        <source>Save Screenshots</source>
+        <translation>Bilder der Seiten speichern</translation>
+    </message>
+    <message>
+        <source>Select directory to save screens to</source>
+        <translation>Ordner wählen, in den die Bilder gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Save Selection</source>
+        <translation>Auswahl speichern</translation>
+    </message>
+    <message>
+        <source>Save selected screens and return to editor</source>
+        <translation>Ausgewählte Seiten speichern und zum Editor zurückkehren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel and return to editor</source>
+        <translation>Abbrechen und zum Editor zurückkehren</translation>
+    </message>
+    <message>
+        <source>Save Location: </source>
+        <translation>Speicherort: </translation>
+    </message>
+</context>
+<context>
+    <name>CProgramData</name>
+    <message>
+        <source>The render script %1 is missing.</source>
+        <translation>Das Render-Skript %1 fehlt.</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectExplorerView</name>
+    <message>
+        <source>Cut Page</source>
+        <translation>Seite ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy Page</source>
+        <translation>Seite kopieren</translation>
+    </message>
+    <message>
+        <source>Paste Page</source>
+        <translation>Seite einfügen</translation>
+    </message>
+    <message>
+        <source>Save Page</source>
+        <translation>Seite speichern</translation>
+    </message>
+    <message>
+        <source>Load Page</source>
+        <translation>Seite laden</translation>
+    </message>
+    <message>
+        <source>Project Files (*.xml *.page)</source>
+        <translation>Projektdateien (*.xml *.page)</translation>
+    </message>
+    <message>
+        <source>No screen</source>
+        <translation>Keine Seite</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectExporter</name>
+    <message>
+        <source>%1 is not a regular file</source>
+        <translation>%1 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened: %2</source>
+        <translation>%1 konnte nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>An error occurred during the export process</source>
+        <translation>Beim Exportieren ist ein Fehler aufgetreten</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectModel</name>
+    <message>
+        <source>The root element is %1 instead of %2.</source>
+        <translation>Das Wurzelelement ist %1 statt %2.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectSession</name>
+    <message>
+        <source>%1 for %2</source>
+        <translation>%1 für %2</translation>
+    </message>
+    <message>
+        <source>The specified file is not a valid project file.</source>
+        <translation>Die angegebene Datei ist keine gültige Projektdatei.</translation>
+    </message>
+    <message>
+        <source>Another copy of the program has taken %1 over in the meantime.</source>
+        <translation>Eine andere Instanz des Programms hat %1 inzwischen übernommen.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 cannot hold a lock file, so the project is not protected against being opened twice.</source>
+        <translation>Im Ordner von %1 kann keine Sperrdatei angelegt werden. Das Projekt ist deshalb nicht davor geschützt, zweimal geöffnet zu werden.</translation>
+    </message>
+    <message>
+        <source>Could not open specified project file.</source>
+        <translation>Die angegebene Projektdatei konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>An error occurred during saving the project</source>
+        <translation>Beim Speichern des Projekts ist ein Fehler aufgetreten</translation>
+    </message>
+    <message>
+        <source>%1 is open in another copy of the program.</source>
+        <translation>%1 ist in einer anderen Instanz des Programms geöffnet.</translation>
+    </message>
+    <message>
+        <source>The project was never saved, so it has no file that could be saved to automatically.</source>
+        <translation>Das Projekt wurde noch nie gespeichert. Es hat deshalb keine Datei, in die automatisch gespeichert werden könnte.</translation>
+    </message>
+    <message>
+        <source>%1 is not saved automatically: another copy of the program has taken it over. Use Save As.</source>
+        <translation>%1 wird nicht automatisch gespeichert: Eine andere Instanz des Programms hat die Datei übernommen. Verwenden Sie „Speichern unter“.</translation>
+    </message>
+    <message>
+        <source>%1 is not saved automatically: it was changed by another program. Save it to decide which version stays.</source>
+        <translation>%1 wird nicht automatisch gespeichert: Die Datei wurde von einem anderen Programm geändert. Speichern Sie, um zu entscheiden, welche Fassung bleibt.</translation>
+    </message>
+</context>
+<context>
+    <name>CPropertyEditorFactory</name>
+    <message>
+        <source>Choose a file</source>
+        <translation>Datei wählen</translation>
+    </message>
+</context>
+<context>
+    <name>CPropertyManager</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>%1 or more</source>
+        <translation>%1 oder mehr</translation>
+    </message>
+    <message>
+        <source>at most %1</source>
+        <translation>höchstens %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>CScreen</name>
+    <message>
+        <source>Rename Screen</source>
+        <translation>Seite umbenennen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close Others</source>
+        <translation>Andere schließen</translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation>Umbenennen…</translation>
+    </message>
+    <message>
+        <source>New Screen</source>
+        <translation>Neue Seite</translation>
+    </message>
+    <message>
+        <source>No screen is open. Choose one in the project explorer or the navigator.</source>
+        <translation>Es ist keine Seite geöffnet. Wählen Sie eine im Projekt-Explorer oder im Navigator.</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>Es ist kein Projekt geöffnet.</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenScene</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenView</name>
+    <message>
+        <source>Select media file to use</source>
+        <translation>Mediendatei wählen</translation>
+    </message>
+    <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>Mediendateien (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
+        <source>Select image file to use</source>
+        <translation>Bilddatei wählen</translation>
+    </message>
+    <message>
+        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
+        <translation>Bilddateien (*.png *.jpg *.bmp *.raw)</translation>
+    </message>
+    <message>
+        <source>RAM_G size is limited!</source>
+        <translation>Die Größe von RAM_G ist begrenzt!</translation>
+    </message>
+    <message>
+        <source>File size is too big</source>
+        <translation>Die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>There is no widget kind %1.</source>
+        <translation>Es gibt keine Widget-Art %1.</translation>
+    </message>
+    <message>
+        <source>No image was added.</source>
+        <translation>Es wurde kein Bild hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>Ausgewählte Elemente löschen</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock Multiple</source>
+        <translation>Mehrere sperren/entsperren</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock</source>
+        <translation>Sperren/Entsperren</translation>
+    </message>
+    <message>
+        <source>Move Object</source>
+        <translation>Objekt verschieben</translation>
+    </message>
+    <message>
+        <source>Move Selected Items</source>
+        <translation>Auswahl verschieben</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Bring to Front</source>
+        <translation>Ganz nach vorne</translation>
+    </message>
+    <message>
+        <source>Send to Back</source>
+        <translation>Ganz nach hinten</translation>
+    </message>
+    <message>
+        <source>Bring Forward</source>
+        <translation>Eine Ebene nach vorne</translation>
+    </message>
+    <message>
+        <source>Send Backward</source>
+        <translation>Eine Ebene nach hinten</translation>
+    </message>
+    <message>
+        <source>Group Selected</source>
+        <translation>Auswahl gruppieren</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>Gruppierung aufheben</translation>
+    </message>
+</context>
+<context>
+    <name>CStartPage</name>
+    <message>
+        <source>New project...</source>
+        <translation>Neues Projekt...</translation>
+    </message>
+    <message>
+        <source>Open a project...</source>
+        <translation>Projekt öffnen...</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>Zuletzt geöffnete Projekte</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+</context>
+<context>
+    <name>CStatusBar</name>
+    <message>
+        <source>Cursor position: </source>
+        <translation>Zeigerposition: </translation>
+    </message>
+    <message>
+        <source> widgets</source>
+        <translation> Widgets</translation>
+    </message>
+    <message>
+        <source> bitmaps</source>
+        <translation> Bitmaps</translation>
+    </message>
+    <message>
+        <source> bytes RAM_DL used,</source>
+        <translation> Byte RAM_DL belegt, </translation>
+    </message>
+    <message>
+        <source> bytes RAM_G used</source>
+        <translation> Byte RAM_G belegt</translation>
+    </message>
+</context>
+<context>
+    <name>CToolRunner</name>
+    <message>
+        <source>Converting Image</source>
+        <translation>Bild wird umgewandelt</translation>
+    </message>
+    <message>
+        <source>Running tool </source>
+        <translation>Ausgeführt wird </translation>
+    </message>
+    <message>
+        <source>%1 cannot be ended</source>
+        <translation>%1 lässt sich nicht beenden</translation>
+    </message>
+    <message>
+        <source>%1 was cancelled</source>
+        <translation>%1 wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1 did not end in time</source>
+        <translation>%1 wurde nicht rechtzeitig fertig</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>%1 lässt sich nicht starten</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 ist fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdater</name>
+    <message>
+        <source>No Internet Connection</source>
+        <translation>Keine Internetverbindung</translation>
+    </message>
+    <message>
+        <source>Unable to update software!</source>
+        <translation>Das Programm kann nicht aktualisiert werden!</translation>
+    </message>
+    <message>
+        <source>A newer version of the Panel Composer is available
+Do you want to download it?
+Installed version: </source>
+        <translation>Eine neuere Version des Panel Composer ist verfügbar
+Möchten Sie sie herunterladen?
+Installierte Version: </translation>
+    </message>
+    <message>
+        <source>
+Latest version: </source>
+        <translation>
+Neueste Version: </translation>
+    </message>
+    <message>
+        <source>Update Available</source>
+        <translation>Aktualisierung verfügbar</translation>
+    </message>
+    <message>
+        <source>Application Up-to-date</source>
+        <translation>Das Programm ist aktuell</translation>
+    </message>
+    <message>
+        <source>Your version is up to date.
+Installed version: </source>
+        <translation>Ihre Version ist aktuell.
+Installierte Version: </translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetLibraryManager</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a widget library.</source>
+        <translation>%1 ist keine Widget-Bibliothek.</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetPropertiesView</name>
+    <message>
+        <source>No Item Selected</source>
+        <translation>Kein Element ausgewählt</translation>
+    </message>
+    <message>
+        <source>Multiple Items Selected</source>
+        <translation>Mehrere Elemente ausgewählt</translation>
+    </message>
+    <message>
+        <source>KIV Screen</source>
+        <translation>KIV-Seite</translation>
+    </message>
+    <message>
+        <source>Widget Group</source>
+        <translation>Widget-Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetSelectionPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>Filter the widgets</source>
+        <translation>Widgets filtern</translation>
+    </message>
+</context>
+<context>
+    <name>CXmlGuard</name>
+    <message>
+        <source>The document is larger than %1 MiB.</source>
+        <translation>Das Dokument ist größer als %1 MiB.</translation>
+    </message>
+    <message>
+        <source>The document contains zero bytes; it must be UTF-8 text.</source>
+        <translation>Das Dokument enthält Nullbytes; es muss UTF-8-Text sein.</translation>
+    </message>
+    <message>
+        <source>An element has more than %1 attributes.</source>
+        <translation>Ein Element hat mehr als %1 Attribute.</translation>
+    </message>
+    <message>
+        <source>The document has more than %1 attributes.</source>
+        <translation>Das Dokument hat mehr als %1 Attribute.</translation>
+    </message>
+    <message>
+        <source>The encoding %1 is not supported; save the document as UTF-8.</source>
+        <translation>Die Kodierung %1 wird nicht unterstützt; speichern Sie das Dokument als UTF-8.</translation>
+    </message>
+    <message>
+        <source>Document types and entities are not allowed.</source>
+        <translation>Dokumenttypen und Entitäten sind nicht erlaubt.</translation>
+    </message>
+    <message>
+        <source>Elements are nested deeper than %1 levels.</source>
+        <translation>Elemente sind tiefer als %1 Ebenen geschachtelt.</translation>
+    </message>
+    <message>
+        <source>The document has more than %1 elements.</source>
+        <translation>Das Dokument hat mehr als %1 Elemente.</translation>
+    </message>
+    <message>
+        <source>A value is longer than %1 MiB.</source>
+        <translation>Ein Wert ist länger als %1 MiB.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a file.</source>
+        <translation>%1 ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 is larger than %2 MiB.</source>
+        <translation>%1 ist größer als %2 MiB.</translation>
+    </message>
+</context>
+<context>
+    <name>CZoomComboWidget</name>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+</context>
+<context>
+    <name>FieldChecks</name>
+    <message>
+        <source>The project needs a name.</source>
+        <translation>Das Projekt braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>This cannot be the name of a file.</source>
+        <translation>Das kann kein Dateiname sein.</translation>
+    </message>
+    <message>
+        <source>Choose a folder for the project.</source>
+        <translation>Wählen Sie einen Ordner für das Projekt.</translation>
+    </message>
+    <message>
+        <source>This folder does not exist.</source>
+        <translation>Diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is not a folder.</source>
+        <translation>Das ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>This folder cannot be written to.</source>
+        <translation>In diesen Ordner kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryXml</name>
+    <message>
+        <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
+        <translation>Widget-Bibliothek, Zeile %1: „%2“ kann keine Widget-Art sein.</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Property %1 %2</source>
+        <translation>Eigenschaft %1 %2 ändern</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+    <message>
+        <source>Group Item</source>
+        <translation>Element gruppieren</translation>
+    </message>
+    <message>
+        <source>Insert %1</source>
+        <translation>%1 einsetzen</translation>
+    </message>
+    <message>
+        <source>Order Item</source>
+        <translation>Element anordnen</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Ungroup Item</source>
+        <translation>Gruppierung aufheben</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2   %3 × %4</source>
+        <translation>%1, %2   %3 × %4</translation>
+    </message>
+    <message>
+        <source>Resize Item</source>
+        <translation>Größe ändern</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Rotate Item</source>
+        <translation>Element drehen</translation>
+    </message>
+    <message>
+        <source>Bring To Front Selected Items</source>
+        <translation>Auswahl ganz nach vorne</translation>
+    </message>
+    <message>
+        <source>Send To Back Selected Items</source>
+        <translation>Auswahl ganz nach hinten</translation>
+    </message>
+    <message>
+        <source>Bring Forward Selected Items</source>
+        <translation>Auswahl eine Ebene nach vorne</translation>
+    </message>
+    <message>
+        <source>Send Backward Selected Items</source>
+        <translation>Auswahl eine Ebene nach hinten</translation>
+    </message>
+    <message>
+        <source>Group Selected Items</source>
+        <translation>Auswahl gruppieren</translation>
+    </message>
+    <message>
+        <source>Ungroup Selected Items</source>
+        <translation>Gruppierung der Auswahl aufheben</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenDocuments</name>
+    <message>
+        <source>The document has no element %1.</source>
+        <translation>Das Dokument hat kein Element %1.</translation>
+    </message>
+</context>
 </TS>

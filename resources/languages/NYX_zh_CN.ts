@@ -1,4 +1,1527 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>CConfigurationDialog</name>
+    <message>
+        <source>Project configuration</source>
+        <translation>项目配置</translation>
+    </message>
+    <message>
+        <source>Choose a folder</source>
+        <translation>选择文件夹</translation>
+    </message>
+    <message>
+        <source>Project &amp;Name</source>
+        <translation>项目名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Hardware &amp;Platform</source>
+        <translation>硬件平台(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Screen &amp;Resolution</source>
+        <translation>屏幕分辨率(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Working Directory</source>
+        <translation>工作目录(&amp;W)</translation>
+    </message>
+    <message>
+        <source>File name exists already!</source>
+        <translation>文件名已存在！</translation>
+    </message>
+    <message>
+        <source>Change to another project name!</source>
+        <translation>请更换项目名称！</translation>
+    </message>
+</context>
+<context>
+    <name>CConvertedFolder</name>
+    <message>
+        <source>%1 could not be replaced</source>
+        <translation>无法替换 %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be copied: %2</source>
+        <translation>无法复制 %1：%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>无法创建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CDialogQuestions</name>
+    <message>
+        <source>Do you want to save the current project before closing it?</source>
+        <translation>关闭之前是否保存当前项目？</translation>
+    </message>
+    <message>
+        <source>Project already open</source>
+        <translation>项目已打开</translation>
+    </message>
+    <message>
+        <source>The project is already open in another instance of this application. Are you sure you want to continue?</source>
+        <translation>该项目已在本程序的另一个实例中打开。确定要继续吗？</translation>
+    </message>
+    <message>
+        <source>Project changed on disk</source>
+        <translation>磁盘上的项目已更改</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program since it was opened here. Do you want to replace those changes by yours?</source>
+        <translation>%1 在此处打开之后被其他程序修改过。是否用您的更改替换那些更改？</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>另存为...</translation>
+    </message>
+    <message>
+        <source>Project taken over</source>
+        <translation>项目已被接管</translation>
+    </message>
+    <message>
+        <source>%1 was taken over by another instance of this application and cannot be saved here. You can save your version under another name.</source>
+        <translation>%1 已被本程序的另一个实例接管，无法在此保存。您可以用其他名称保存您的版本。</translation>
+    </message>
+    <message>
+        <source>Automatically saved version</source>
+        <translation>自动保存的版本</translation>
+    </message>
+    <message>
+        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. Nothing is overwritten until you save.</source>
+        <translation>程序在 %1 打开期间意外结束，并已自动保存了更改。是否打开包含这些更改的版本？选择“否”将打开您上次自己保存的版本。在您保存之前不会覆盖任何内容。</translation>
+    </message>
+    <message>
+        <source>Project Files (*.xml *.nyx)</source>
+        <translation>项目文件 (*.xml *.nyx)</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>另存为</translation>
+    </message>
+</context>
+<context>
+    <name>CExportController</name>
+    <message>
+        <source>Export project to DL</source>
+        <translation>将项目导出为 DL</translation>
+    </message>
+    <message>
+        <source>Display Lists (*.dl)</source>
+        <translation>显示列表 (*.dl)</translation>
+    </message>
+    <message>
+        <source>Export project to binary</source>
+        <translation>将项目导出为二进制</translation>
+    </message>
+    <message>
+        <source>Display Lists Binary(*.bin)</source>
+        <translation>二进制显示列表(*.bin)</translation>
+    </message>
+    <message>
+        <source>Export screen to DL</source>
+        <translation>将页面导出为 DL</translation>
+    </message>
+    <message>
+        <source>Export Page to binary</source>
+        <translation>将页面导出为二进制</translation>
+    </message>
+    <message>
+        <source>Exporting the pages</source>
+        <translation>正在导出页面</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Exporting page %1 of %2</source>
+        <translation>正在导出第 %1 页，共 %2 页</translation>
+    </message>
+    <message>
+        <source>Exported to %1</source>
+        <translation>已导出到 %1</translation>
+    </message>
+    <message>
+        <source>An error occurred during the export process</source>
+        <translation>导出过程中发生错误</translation>
+    </message>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>导出已取消。</translation>
+    </message>
+</context>
+<context>
+    <name>CFileWriter</name>
+    <message>
+        <source>this is not the name of a file</source>
+        <translation>这不是文件名</translation>
+    </message>
+    <message>
+        <source>this is not a regular file</source>
+        <translation>这不是普通文件</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>CGridComboWidget</name>
+    <message>
+        <source>Grid</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>实线</translation>
+    </message>
+    <message>
+        <source>Dashes</source>
+        <translation>虚线</translation>
+    </message>
+    <message>
+        <source>Dots</source>
+        <translation>点线</translation>
+    </message>
+    <message>
+        <source>Change the grid colour</source>
+        <translation>更改网格颜色</translation>
+    </message>
+    <message>
+        <source>Choose Grid Type</source>
+        <translation>选择网格类型</translation>
+    </message>
+</context>
+<context>
+    <name>CHelpWindow</name>
+    <message>
+        <source>%1 Help</source>
+        <translation>%1 帮助</translation>
+    </message>
+</context>
+<context>
+    <name>CImageFileConverter</name>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1：没有这个文件</translation>
+    </message>
+    <message>
+        <source>%1: the file is too big</source>
+        <translation>%1：文件太大</translation>
+    </message>
+    <message>
+        <source>no project is open</source>
+        <translation>没有打开的项目</translation>
+    </message>
+    <message>
+        <source>%1: more than %2 pixels wide or high</source>
+        <translation>%1：宽或高超过 %2 像素</translation>
+    </message>
+    <message>
+        <source>there is no such bitmap format</source>
+        <translation>没有这种位图格式</translation>
+    </message>
+    <message>
+        <source>%1: cannot be renamed</source>
+        <translation>%1：无法重命名</translation>
+    </message>
+    <message>
+        <source>%1: was not written</source>
+        <translation>%1：未写入</translation>
+    </message>
+    <message>
+        <source>%1: the folder cannot be made</source>
+        <translation>%1：无法创建文件夹</translation>
+    </message>
+    <message>
+        <source>%1: cannot be copied to %2: %3</source>
+        <translation>%1：无法复制到 %2：%3</translation>
+    </message>
+</context>
+<context>
+    <name>CImageFormatChange</name>
+    <message>
+        <source>%1 was not converted; the format stays.</source>
+        <translation>%1 未转换；格式保持不变。</translation>
+    </message>
+    <message>
+        <source>Change Format</source>
+        <translation>更改格式</translation>
+    </message>
+</context>
+<context>
+    <name>CLanguageDialog</name>
+    <message>
+        <source>Change Language</source>
+        <translation>更改语言</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>语言(&amp;L)：</translation>
+    </message>
+</context>
+<context>
+    <name>CMainPanels</name>
+    <message>
+        <source>Project Explorer</source>
+        <translation>项目资源管理器</translation>
+    </message>
+    <message>
+        <source>Navigator</source>
+        <translation>导航器</translation>
+    </message>
+    <message>
+        <source>Widget Selection</source>
+        <translation>控件选择</translation>
+    </message>
+    <message>
+        <source>Widget Properties</source>
+        <translation>控件属性</translation>
+    </message>
+    <message>
+        <source>Output Window</source>
+        <translation>输出窗口</translation>
+    </message>
+</context>
+<context>
+    <name>CMainWindow</name>
+    <message>
+        <source>Could not initialise Widget Library Manager</source>
+        <translation>无法初始化控件库管理器</translation>
+    </message>
+    <message>
+        <source>Could not initialise emulator</source>
+        <translation>无法初始化模拟器</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Built at: </source>
+        <translation>构建日期：</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
+        <translation>为 KIV 图形控制器设计嵌入式用户界面的屏幕。</translation>
+    </message>
+</context>
+<context>
+    <name>CMenuBar</name>
+    <message>
+        <source>Toolbar</source>
+        <translation>工具栏</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>新建(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Create a new project</source>
+        <translation>创建新项目</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>打开(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Open an existing project</source>
+        <translation>打开现有项目</translation>
+    </message>
+    <message>
+        <source>&amp;Close Project</source>
+        <translation>关闭项目(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close current project</source>
+        <translation>关闭当前项目</translation>
+    </message>
+    <message>
+        <source>&amp;Save Project</source>
+        <translation>保存项目(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save current project</source>
+        <translation>保存当前项目</translation>
+    </message>
+    <message>
+        <source>&amp;Save As</source>
+        <translation>另存为(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Save current project as...</source>
+        <translation>将当前项目另存为...</translation>
+    </message>
+    <message>
+        <source>&amp;New Page</source>
+        <translation>新建页面(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Add a new page to the current project</source>
+        <translation>向当前项目添加新页面</translation>
+    </message>
+    <message>
+        <source>&amp;Project to DL</source>
+        <translation>项目导出为 DL(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Export project in DL format</source>
+        <translation>以 DL 格式导出项目</translation>
+    </message>
+    <message>
+        <source>&amp;Page to DL</source>
+        <translation>页面导出为 DL(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Export page in DL format</source>
+        <translation>以 DL 格式导出页面</translation>
+    </message>
+    <message>
+        <source>&amp;Project to Binary</source>
+        <translation>项目导出为二进制(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Export project in Binary format</source>
+        <translation>以二进制格式导出项目</translation>
+    </message>
+    <message>
+        <source>&amp;Page to Binary</source>
+        <translation>页面导出为二进制(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Export page in Binary format</source>
+        <translation>以二进制格式导出页面</translation>
+    </message>
+    <message>
+        <source>&amp;Print Screen</source>
+        <translation>屏幕截图(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Print Screen</source>
+        <translation>保存屏幕截图</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>退出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>退出程序</translation>
+    </message>
+    <message>
+        <source>&amp;Bring to Front</source>
+        <translation>置于顶层(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Bring to Front</source>
+        <translation>置于顶层</translation>
+    </message>
+    <message>
+        <source>&amp;Send to Back</source>
+        <translation>置于底层(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Send to Back</source>
+        <translation>置于底层</translation>
+    </message>
+    <message>
+        <source>&amp;Bring Forward</source>
+        <translation>上移一层(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Bring Forward</source>
+        <translation>上移一层</translation>
+    </message>
+    <message>
+        <source>&amp;Send Backward</source>
+        <translation>下移一层(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Send Backward</source>
+        <translation>下移一层</translation>
+    </message>
+    <message>
+        <source>&amp;Cut</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>全部(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <translation>无(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Select None</source>
+        <translation>取消选择</translation>
+    </message>
+    <message>
+        <source>&amp;Inverse</source>
+        <translation>反向(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Inverse Selection</source>
+        <translation>反向选择</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>删除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>删除选中的项目</translation>
+    </message>
+    <message>
+        <source>&amp;Lock/Unlock</source>
+        <translation>锁定/解锁(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock selected items</source>
+        <translation>锁定或解锁选中的项目</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message>
+        <source>&amp;Group Selected</source>
+        <translation>组合所选(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Group selected objects together</source>
+        <translation>将选中的对象组合在一起</translation>
+    </message>
+    <message>
+        <source>&amp;Ungroup</source>
+        <translation>取消组合(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Ungroup selected objects</source>
+        <translation>取消选中对象的组合</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Dark style</source>
+        <translation>切换到深色主题</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>浅色(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Light style</source>
+        <translation>切换到浅色主题</translation>
+    </message>
+    <message>
+        <source>&amp;Zoom (100%)</source>
+        <translation>缩放 (100%)(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>Zoom to pixel size 100%</source>
+        <translation>缩放到像素大小 100%</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Page</source>
+        <translation>适合页面(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Fit to Page</source>
+        <translation>适合页面</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Width</source>
+        <translation>适合宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Fit to Width</source>
+        <translation>适合宽度</translation>
+    </message>
+    <message>
+        <source>&amp;Ruler Size...</source>
+        <translation>标尺大小(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Change ruler size</source>
+        <translation>更改标尺大小</translation>
+    </message>
+    <message>
+        <source>&amp;Grid Size...</source>
+        <translation>网格大小(&amp;G)...</translation>
+    </message>
+    <message>
+        <source>Change grid size</source>
+        <translation>更改网格大小</translation>
+    </message>
+    <message>
+        <source>&amp;Toggle</source>
+        <translation>开/关(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Toggle the grid on/off</source>
+        <translation>打开或关闭网格</translation>
+    </message>
+    <message>
+        <source>&amp;Type</source>
+        <translation>类型(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Change the grid type</source>
+        <translation>更改网格类型</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>颜色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Change the grid colour</source>
+        <translation>更改网格颜色</translation>
+    </message>
+    <message>
+        <source>Output Window</source>
+        <translation>输出窗口</translation>
+    </message>
+    <message>
+        <source>Status Bar</source>
+        <translation>状态栏</translation>
+    </message>
+    <message>
+        <source>Project Window</source>
+        <translation>项目窗口</translation>
+    </message>
+    <message>
+        <source>Properties Window</source>
+        <translation>属性窗口</translation>
+    </message>
+    <message>
+        <source>Library Window</source>
+        <translation>控件库窗口</translation>
+    </message>
+    <message>
+        <source>&amp;Resolution</source>
+        <translation>分辨率(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Change target screen resolution</source>
+        <translation>更改目标屏幕分辨率</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>搜索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Search objects by text</source>
+        <translation>按文本搜索对象</translation>
+    </message>
+    <message>
+        <source>&amp;Spell Check</source>
+        <translation>拼写检查(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Spell check</source>
+        <translation>拼写检查</translation>
+    </message>
+    <message>
+        <source>&amp;Snap to Grid</source>
+        <translation>对齐网格(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Toggle snap to grid on/off</source>
+        <translation>打开或关闭对齐网格</translation>
+    </message>
+    <message>
+        <source>&amp;Options</source>
+        <translation>选项(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>KIV Panel Composer Help</source>
+        <translation>KIV Panel Composer 帮助</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>&amp;Updates</source>
+        <translation>更新(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
+        <translation>检查更新</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>工具(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>最近打开</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>排列顺序</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>Grouping</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>缩放</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>网格</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>窗口</translation>
+    </message>
+</context>
+<context>
+    <name>CMultiPointItemView</name>
+    <message>
+        <source>Add Point</source>
+        <translation>添加点</translation>
+    </message>
+    <message>
+        <source>Remove Point</source>
+        <translation>删除点</translation>
+    </message>
+</context>
+<context>
+    <name>COptionDialog</name>
+    <message>
+        <source>&amp;Enabled</source>
+        <translation>启用(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation> 秒</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Screen &amp;Size</source>
+        <translation>屏幕大小(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Project &amp;Name</source>
+        <translation>项目名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Platform</source>
+        <translation>平台(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Working Directory</source>
+        <translation>工作目录(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Autosave</source>
+        <translation>自动保存</translation>
+    </message>
+    <message>
+        <source>Autosave &amp;Interval</source>
+        <translation>自动保存间隔(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>自定义</translation>
+    </message>
+    <message>
+        <source>A screen is at least one pixel wide and high.</source>
+        <translation>屏幕的宽和高至少为一个像素。</translation>
+    </message>
+    <message>
+        <source>Change Project Options</source>
+        <translation>更改项目选项</translation>
+    </message>
+</context>
+<context>
+    <name>COutputWindowView</name>
+    <message>
+        <source>No messages</source>
+        <translation>没有消息</translation>
+    </message>
+    <message>
+        <source>Click to select the item</source>
+        <translation>单击以选择该项目</translation>
+    </message>
+    <message>
+        <source>(%1 times)</source>
+        <translation>（%1 次）</translation>
+    </message>
+</context>
+<context>
+    <name>CPageOperations</name>
+    <message>
+        <source>Cut Page</source>
+        <translation>剪切页面</translation>
+    </message>
+    <message>
+        <source>Paste Page</source>
+        <translation>粘贴页面</translation>
+    </message>
+    <message>
+        <source>Load Page</source>
+        <translation>载入页面</translation>
+    </message>
+</context>
+<context>
+    <name>CPrintScreenDialog</name>
+    <message>
+        <source>Save Screenshots</source>
+        <translation>保存屏幕截图</translation>
+    </message>
+    <message>
+        <source>Select directory to save screens to</source>
+        <translation>选择保存屏幕截图的目录</translation>
+    </message>
+    <message>
+        <source>Save Selection</source>
+        <translation>保存所选</translation>
+    </message>
+    <message>
+        <source>Save selected screens and return to editor</source>
+        <translation>保存选中的屏幕并返回编辑器</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Cancel and return to editor</source>
+        <translation>取消并返回编辑器</translation>
+    </message>
+    <message>
+        <source>Save Location: </source>
+        <translation>保存位置：</translation>
+    </message>
+</context>
+<context>
+    <name>CProgramData</name>
+    <message>
+        <source>The render script %1 is missing.</source>
+        <translation>缺少渲染脚本 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectExplorerView</name>
+    <message>
+        <source>Cut Page</source>
+        <translation>剪切页面</translation>
+    </message>
+    <message>
+        <source>Copy Page</source>
+        <translation>复制页面</translation>
+    </message>
+    <message>
+        <source>Paste Page</source>
+        <translation>粘贴页面</translation>
+    </message>
+    <message>
+        <source>Save Page</source>
+        <translation>保存页面</translation>
+    </message>
+    <message>
+        <source>Load Page</source>
+        <translation>载入页面</translation>
+    </message>
+    <message>
+        <source>Project Files (*.xml *.page)</source>
+        <translation>项目文件 (*.xml *.page)</translation>
+    </message>
+    <message>
+        <source>No screen</source>
+        <translation>没有页面</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>没有项目</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectExporter</name>
+    <message>
+        <source>%1 is not a regular file</source>
+        <translation>%1 不是普通文件</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened: %2</source>
+        <translation>无法打开 %1：%2</translation>
+    </message>
+    <message>
+        <source>An error occurred during the export process</source>
+        <translation>导出过程中发生错误</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectModel</name>
+    <message>
+        <source>The root element is %1 instead of %2.</source>
+        <translation>根元素是 %1，而不是 %2。</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>CProjectSession</name>
+    <message>
+        <source>%1 for %2</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>The specified file is not a valid project file.</source>
+        <translation>指定的文件不是有效的项目文件。</translation>
+    </message>
+    <message>
+        <source>Another copy of the program has taken %1 over in the meantime.</source>
+        <translation>程序的另一个实例此时已接管 %1。</translation>
+    </message>
+    <message>
+        <source>The folder of %1 cannot hold a lock file, so the project is not protected against being opened twice.</source>
+        <translation>%1 所在的文件夹无法存放锁文件，因此该项目没有防止重复打开的保护。</translation>
+    </message>
+    <message>
+        <source>Could not open specified project file.</source>
+        <translation>无法打开指定的项目文件。</translation>
+    </message>
+    <message>
+        <source>An error occurred during saving the project</source>
+        <translation>保存项目时发生错误</translation>
+    </message>
+    <message>
+        <source>%1 is open in another copy of the program.</source>
+        <translation>%1 已在程序的另一个实例中打开。</translation>
+    </message>
+    <message>
+        <source>The project was never saved, so it has no file that could be saved to automatically.</source>
+        <translation>该项目从未保存过，因此没有可供自动保存的文件。</translation>
+    </message>
+    <message>
+        <source>%1 is not saved automatically: another copy of the program has taken it over. Use Save As.</source>
+        <translation>%1 不会自动保存：程序的另一个实例已接管它。请使用“另存为”。</translation>
+    </message>
+    <message>
+        <source>%1 is not saved automatically: it was changed by another program. Save it to decide which version stays.</source>
+        <translation>%1 不会自动保存：它已被其他程序更改。请保存以决定保留哪个版本。</translation>
+    </message>
+</context>
+<context>
+    <name>CPropertyEditorFactory</name>
+    <message>
+        <source>Choose a file</source>
+        <translation>选择文件</translation>
+    </message>
+</context>
+<context>
+    <name>CPropertyManager</name>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1 or more</source>
+        <translation>不小于 %1</translation>
+    </message>
+    <message>
+        <source>at most %1</source>
+        <translation>不大于 %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 到 %2</translation>
+    </message>
+</context>
+<context>
+    <name>CScreen</name>
+    <message>
+        <source>Rename Screen</source>
+        <translation>重命名页面</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Close Others</source>
+        <translation>关闭其他</translation>
+    </message>
+    <message>
+        <source>Rename…</source>
+        <translation>重命名…</translation>
+    </message>
+    <message>
+        <source>New Screen</source>
+        <translation>新建页面</translation>
+    </message>
+    <message>
+        <source>No screen is open. Choose one in the project explorer or the navigator.</source>
+        <translation>没有打开的页面。请在项目资源管理器或导航器中选择一个。</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>没有打开的项目。</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenScene</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenView</name>
+    <message>
+        <source>Select media file to use</source>
+        <translation>选择要使用的媒体文件</translation>
+    </message>
+    <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>媒体文件 (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
+        <source>Select image file to use</source>
+        <translation>选择要使用的图像文件</translation>
+    </message>
+    <message>
+        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
+        <translation>图像文件 (*.png *.jpg *.bmp *.raw)</translation>
+    </message>
+    <message>
+        <source>RAM_G size is limited!</source>
+        <translation>RAM_G 大小有限！</translation>
+    </message>
+    <message>
+        <source>File size is too big</source>
+        <translation>文件太大</translation>
+    </message>
+    <message>
+        <source>There is no widget kind %1.</source>
+        <translation>没有控件类型 %1。</translation>
+    </message>
+    <message>
+        <source>No image was added.</source>
+        <translation>未添加图像。</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>删除选中的项目</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock Multiple</source>
+        <translation>锁定/解锁多个</translation>
+    </message>
+    <message>
+        <source>Lock/Unlock</source>
+        <translation>锁定/解锁</translation>
+    </message>
+    <message>
+        <source>Move Object</source>
+        <translation>移动对象</translation>
+    </message>
+    <message>
+        <source>Move Selected Items</source>
+        <translation>移动选中的项目</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Bring to Front</source>
+        <translation>置于顶层</translation>
+    </message>
+    <message>
+        <source>Send to Back</source>
+        <translation>置于底层</translation>
+    </message>
+    <message>
+        <source>Bring Forward</source>
+        <translation>上移一层</translation>
+    </message>
+    <message>
+        <source>Send Backward</source>
+        <translation>下移一层</translation>
+    </message>
+    <message>
+        <source>Group Selected</source>
+        <translation>组合所选</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
+    </message>
+</context>
+<context>
+    <name>CStartPage</name>
+    <message>
+        <source>New project...</source>
+        <translation>新建项目...</translation>
+    </message>
+    <message>
+        <source>Open a project...</source>
+        <translation>打开项目...</translation>
+    </message>
+    <message>
+        <source>Recent projects</source>
+        <translation>最近打开的项目</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>示例</translation>
+    </message>
+</context>
+<context>
+    <name>CStatusBar</name>
+    <message>
+        <source>Cursor position: </source>
+        <translation>光标位置：</translation>
+    </message>
+    <message>
+        <source> widgets</source>
+        <translation> 个控件</translation>
+    </message>
+    <message>
+        <source> bitmaps</source>
+        <translation> 个位图</translation>
+    </message>
+    <message>
+        <source> bytes RAM_DL used,</source>
+        <translation> 字节 RAM_DL 已用，</translation>
+    </message>
+    <message>
+        <source> bytes RAM_G used</source>
+        <translation> 字节 RAM_G 已用</translation>
+    </message>
+</context>
+<context>
+    <name>CToolRunner</name>
+    <message>
+        <source>Converting Image</source>
+        <translation>正在转换图像</translation>
+    </message>
+    <message>
+        <source>Running tool </source>
+        <translation>正在运行工具 </translation>
+    </message>
+    <message>
+        <source>%1 cannot be ended</source>
+        <translation>无法结束 %1</translation>
+    </message>
+    <message>
+        <source>%1 was cancelled</source>
+        <translation>%1 已取消</translation>
+    </message>
+    <message>
+        <source>%1 did not end in time</source>
+        <translation>%1 未在规定时间内结束</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>无法启动 %1</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 失败</translation>
+    </message>
+</context>
+<context>
+    <name>CUpdater</name>
+    <message>
+        <source>No Internet Connection</source>
+        <translation>没有互联网连接</translation>
+    </message>
+    <message>
+        <source>Unable to update software!</source>
+        <translation>无法更新软件！</translation>
+    </message>
+    <message>
+        <source>A newer version of the Panel Composer is available
+Do you want to download it?
+Installed version: </source>
+        <translation>Panel Composer 有新版本可用
+是否下载？
+已安装版本：</translation>
+    </message>
+    <message>
+        <source>
+Latest version: </source>
+        <translation>
+最新版本：</translation>
+    </message>
+    <message>
+        <source>Update Available</source>
+        <translation>有可用更新</translation>
+    </message>
+    <message>
+        <source>Application Up-to-date</source>
+        <translation>程序已是最新</translation>
+    </message>
+    <message>
+        <source>Your version is up to date.
+Installed version: </source>
+        <translation>您的版本是最新的。
+已安装版本：</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetLibraryManager</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is not a widget library.</source>
+        <translation>%1 不是控件库。</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetPropertiesView</name>
+    <message>
+        <source>No Item Selected</source>
+        <translation>未选择项目</translation>
+    </message>
+    <message>
+        <source>Multiple Items Selected</source>
+        <translation>已选择多个项目</translation>
+    </message>
+    <message>
+        <source>KIV Screen</source>
+        <translation>KIV 屏幕</translation>
+    </message>
+    <message>
+        <source>Widget Group</source>
+        <translation>控件组</translation>
+    </message>
+</context>
+<context>
+    <name>CWidgetSelectionPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Filter the widgets</source>
+        <translation>筛选控件</translation>
+    </message>
+</context>
+<context>
+    <name>CXmlGuard</name>
+    <message>
+        <source>The document is larger than %1 MiB.</source>
+        <translation>文档大于 %1 MiB。</translation>
+    </message>
+    <message>
+        <source>The document contains zero bytes; it must be UTF-8 text.</source>
+        <translation>文档包含零字节；它必须是 UTF-8 文本。</translation>
+    </message>
+    <message>
+        <source>An element has more than %1 attributes.</source>
+        <translation>某个元素的属性超过 %1 个。</translation>
+    </message>
+    <message>
+        <source>The document has more than %1 attributes.</source>
+        <translation>文档的属性超过 %1 个。</translation>
+    </message>
+    <message>
+        <source>The encoding %1 is not supported; save the document as UTF-8.</source>
+        <translation>不支持编码 %1；请将文档保存为 UTF-8。</translation>
+    </message>
+    <message>
+        <source>Document types and entities are not allowed.</source>
+        <translation>不允许使用文档类型和实体。</translation>
+    </message>
+    <message>
+        <source>Elements are nested deeper than %1 levels.</source>
+        <translation>元素嵌套超过 %1 层。</translation>
+    </message>
+    <message>
+        <source>The document has more than %1 elements.</source>
+        <translation>文档的元素超过 %1 个。</translation>
+    </message>
+    <message>
+        <source>A value is longer than %1 MiB.</source>
+        <translation>某个值长于 %1 MiB。</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>第 %1 行：%2</translation>
+    </message>
+    <message>
+        <source>%1 is not a file.</source>
+        <translation>%1 不是文件。</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is larger than %2 MiB.</source>
+        <translation>%1 大于 %2 MiB。</translation>
+    </message>
+</context>
+<context>
+    <name>CZoomComboWidget</name>
+    <message>
+        <source>Zoom</source>
+        <translation>缩放</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>数值</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+</context>
+<context>
+    <name>FieldChecks</name>
+    <message>
+        <source>The project needs a name.</source>
+        <translation>项目需要名称。</translation>
+    </message>
+    <message>
+        <source>This cannot be the name of a file.</source>
+        <translation>这不能作为文件名。</translation>
+    </message>
+    <message>
+        <source>Choose a folder for the project.</source>
+        <translation>请为项目选择文件夹。</translation>
+    </message>
+    <message>
+        <source>This folder does not exist.</source>
+        <translation>该文件夹不存在。</translation>
+    </message>
+    <message>
+        <source>This is not a folder.</source>
+        <translation>这不是文件夹。</translation>
+    </message>
+    <message>
+        <source>This folder cannot be written to.</source>
+        <translation>无法写入该文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryXml</name>
+    <message>
+        <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
+        <translation>控件库第 %1 行：“%2”不能作为控件类型。</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Add %1</source>
+        <translation>添加 %1</translation>
+    </message>
+    <message>
+        <source>Change Property %1 %2</source>
+        <translation>更改属性 %1 %2</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>删除 %1</translation>
+    </message>
+    <message>
+        <source>Group Item</source>
+        <translation>组合项目</translation>
+    </message>
+    <message>
+        <source>Insert %1</source>
+        <translation>插入 %1</translation>
+    </message>
+    <message>
+        <source>Order Item</source>
+        <translation>排列项目</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Ungroup Item</source>
+        <translation>取消组合项目</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2   %3 × %4</source>
+        <translation>%1, %2   %3 × %4</translation>
+    </message>
+    <message>
+        <source>Resize Item</source>
+        <translation>调整大小</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Rotate Item</source>
+        <translation>旋转项目</translation>
+    </message>
+    <message>
+        <source>Bring To Front Selected Items</source>
+        <translation>将选中的项目置于顶层</translation>
+    </message>
+    <message>
+        <source>Send To Back Selected Items</source>
+        <translation>将选中的项目置于底层</translation>
+    </message>
+    <message>
+        <source>Bring Forward Selected Items</source>
+        <translation>将选中的项目上移一层</translation>
+    </message>
+    <message>
+        <source>Send Backward Selected Items</source>
+        <translation>将选中的项目下移一层</translation>
+    </message>
+    <message>
+        <source>Group Selected Items</source>
+        <translation>组合选中的项目</translation>
+    </message>
+    <message>
+        <source>Ungroup Selected Items</source>
+        <translation>取消选中项目的组合</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenDocuments</name>
+    <message>
+        <source>The document has no element %1.</source>
+        <translation>文档没有元素 %1。</translation>
+    </message>
+</context>
 </TS>

@@ -74,9 +74,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_panels = new CMainPanels(this);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
-    m_options = new COptionDialog(m_platforms, this, this);
-    connect(m_options, &COptionDialog::autosaveIntervalChanged, this,
-            &CMainWindow::setAutosaveInterval);
+    makeOptionDialog();
     connectSession();
     connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),
             &CZoomComboWidget::valueChanged); // the wheel over a canvas
@@ -140,6 +138,14 @@ void CMainWindow::showStartPage()
 {
     m_startPage->show();
     m_panels->screens()->setHint(QStringLiteral(" ")); // what there is to say stands on the page
+}
+
+void CMainWindow::makeOptionDialog()
+{
+    delete m_options;
+    m_options = new COptionDialog(m_platforms, this, this);
+    connect(m_options, &COptionDialog::autosaveIntervalChanged, this,
+            &CMainWindow::setAutosaveInterval);
 }
 
 void CMainWindow::connectSession()
@@ -263,6 +269,7 @@ void CMainWindow::changeEvent(QEvent *event)
         return;
     m_menuBar->retranslate();
     m_panels->retranslate();
+    makeOptionDialog(); // in the new language
     showProjectName();
 }
 
@@ -288,10 +295,10 @@ void CMainWindow::showWindowToggles()
         {CMenuBar::PropertiesWindow, m_panels->propertiesDock()},
         {CMenuBar::OutputWindow, m_panels->outputDock()}};
     for (const auto &each : docks) {
-        const CMenuBar::EAction id = each.first;
-        m_menuBar->setChecked(id, !each.second->isHidden());
-        connect(each.second->toggleViewAction(), &QAction::toggled, m_menuBar,
-                [this, id](bool shown) { m_menuBar->setChecked(id, shown); });
+        QAction *mark = m_menuBar->action(each.first);
+        mark->setChecked(!each.second->isHidden());
+        // From action to action: both end with this window, in an order that nobody has to know.
+        connect(each.second->toggleViewAction(), &QAction::toggled, mark, &QAction::setChecked);
     }
     m_menuBar->setChecked(CMenuBar::StatusBar, !statusBar()->isHidden());
 }

@@ -128,6 +128,7 @@ protected:
 private:
     void startSubsystems();
     void makeProjectParts();
+    void makeOptionDialog();
     bool readSettings(); ///< whether the status bar is to be shown
     void writeSettings();
     void showStartPage();

@@ -12,11 +12,22 @@
 #include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QShortcutEvent>
 #include <QToolBar>
 #include <QUndoGroup>
 
 using namespace MenuBarTables;
+
+namespace {
+/// Without the marks of mnemonics, which stand in brackets behind texts of languages that have no
+/// letters for them.
+QString plain(QString text)
+{
+    static const QRegularExpression mark(QStringLiteral("\\(&\\w\\)|&"));
+    return text.remove(mark);
+}
+} // namespace
 
 CMenuBar::CMenuBar(CMainWindow *window)
     : QObject(window),
@@ -137,6 +148,8 @@ void CMenuBar::retranslate()
 {
     for (const SAction &row : actions()) {
         m_actions[row.id]->setText(tr(row.text));
+        m_actions[row.id]->setIconText(plain(tr(row.text)));
+        m_actions[row.id]->setToolTip(plain(tr(row.text)));
         if (row.tip)
             m_actions[row.id]->setStatusTip(tr(row.tip));
     }
@@ -156,6 +169,7 @@ void CMenuBar::updateUndoTexts()
     const auto show = [this](EAction id, const QString &command) {
         const QString verb = tr(actions()[id].text);
         m_actions[id]->setText(command.isEmpty() ? verb : verb + QLatin1Char(' ') + command);
+        m_actions[id]->setToolTip(plain(m_actions[id]->text()));
     };
     show(Undo, undo->undoText());
     show(Redo, undo->redoText());

@@ -1,0 +1,223 @@
+#include "CLanguageLoader.h"
+#include "CMainWindow.h"
+#include "CMenuBar.h"
+#include "COptionDialog.h"
+#include "ProgramFolder.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDockWidget>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QXmlStreamReader>
+
+#include <memory>
+
+namespace {
+struct SText
+{
+    QString source;
+    QString translation;
+    bool isUnfinished;
+};
+
+QString languageFile(const QString &language)
+{
+    return qEnvironmentVariable("KIV_SOURCE_DIR") +
+           QStringLiteral("/resources/languages/NYX_%1.ts").arg(language);
+}
+
+QVector<SText> textsOf(const QString &path)
+{
+    QFile file(path);
+    QVector<SText> texts;
+    if (!file.open(QIODevice::ReadOnly))
+        return texts;
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (reader.name() == QLatin1String("source")) {
+            texts.append({reader.readElementText(), QString(), true});
+        } else if (reader.name() == QLatin1String("translation")) {
+            texts.last().isUnfinished =
+                reader.attributes().value(QLatin1String("type")) == QLatin1String("unfinished");
+            texts.last().translation = reader.readElementText();
+        }
+    }
+    return texts;
+}
+
+QStringList marksOf(const QString &text, const QString &pattern)
+{
+    QStringList marks;
+    auto matches = QRegularExpression(pattern).globalMatch(text);
+    while (matches.hasNext())
+        marks << matches.next().captured();
+    marks.sort();
+    return marks;
+}
+
+/// What can be read on an object, or would be when it is shown.
+QStringList textsOn(const QObject *object)
+{
+    QStringList texts;
+    if (const auto *action = qobject_cast<const QAction *>(object))
+        texts << action->text() << action->statusTip();
+    if (const auto *menu = qobject_cast<const QMenu *>(object))
+        texts << menu->title();
+    if (const auto *widget = qobject_cast<const QWidget *>(object))
+        texts << widget->windowTitle() << widget->toolTip() << widget->statusTip();
+    if (const auto *label = qobject_cast<const QLabel *>(object))
+        texts << label->text();
+    if (const auto *button = qobject_cast<const QAbstractButton *>(object))
+        texts << button->text();
+    if (const auto *box = qobject_cast<const QGroupBox *>(object))
+        texts << box->title();
+    if (const auto *line = qobject_cast<const QLineEdit *>(object))
+        texts << line->placeholderText();
+    if (const auto *box = qobject_cast<const QComboBox *>(object)) {
+        for (int i = 0; i < box->count(); ++i)
+            texts << box->itemText(i);
+    }
+    return texts;
+}
+
+/// The same for all below a window; the options, which are made anew, at the end.
+QStringList shownTexts(const CMainWindow &window)
+{
+    const auto *options = window.findChild<const COptionDialog *>();
+    QStringList texts;
+    for (const QObject *each : window.findChildren<QObject *>()) {
+        bool isOption = false;
+        for (const QObject *above = each; above && !isOption; above = above->parent())
+            isOption = above == options;
+        if (!isOption)
+            texts << textsOn(each);
+    }
+    texts << textsOn(options);
+    for (const QObject *each : options->findChildren<QObject *>())
+        texts << textsOn(each);
+    return texts;
+}
+
+void load(CMainWindow *window, const QString &language)
+{
+    window->loadLanguage(language);
+    QCoreApplication::sendPostedEvents(); // that is how windows are told
+}
+} // namespace
+
+class tst_Languages : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+
+    void languages_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("de") << QStringLiteral("de");
+        QTest::newRow("zh_CN") << QStringLiteral("zh_CN");
+    }
+
+    /// Every text of the sources is in the file, and none waits for its translation.
+    void complete_data() { languages_data(); }
+    void complete()
+    {
+        QFETCH(QString, language);
+        const QTemporaryDir folder;
+        for (const char *each : {"de", "zh_CN"}) {
+            const QString path = languageFile(QLatin1String(each));
+            QVERIFY(QFile::copy(path, folder.filePath(QFileInfo(path).fileName())));
+        }
+        QProcess update;
+        update.start(qEnvironmentVariable("KIV_SOURCE_DIR") +
+                         QStringLiteral("/resources/languages/update.sh"),
+                     {folder.path()});
+        QVERIFY(update.waitForFinished(120000));
+        QCOMPARE(update.exitCode(), 0);
+        const auto texts = textsOf(folder.filePath(QStringLiteral("NYX_%1.ts").arg(language)));
+        QVERIFY(texts.size() > 250);
+        QStringList missing;
+        for (const SText &each : texts) {
+            if (each.isUnfinished || each.translation.isEmpty())
+                missing << each.source;
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QLatin1Char('\n'))));
+        QCOMPARE(texts.size(), textsOf(languageFile(language)).size()); // nothing that is not used
+    }
+
+    /// What is filled in later, and what the program reads again, is the same in every language.
+    void marks_data() { languages_data(); }
+    void marks()
+    {
+        QFETCH(QString, language);
+        for (const SText &each : textsOf(languageFile(language))) {
+            for (const char *pattern : {"%\\d", "\\*\\.\\w+", "\\n"}) {
+                const auto wanted = QString::fromLatin1(pattern);
+                QVERIFY2(marksOf(each.source, wanted) == marksOf(each.translation, wanted),
+                         qPrintable(each.source));
+            }
+            QVERIFY2(marksOf(each.source, QStringLiteral("&\\S")).size() ==
+                         marksOf(each.translation, QStringLiteral("&\\S")).size(),
+                     qPrintable(each.source));
+        }
+    }
+
+    /// Everything that is shown changes at once, and back.
+    void live_data() { languages_data(); }
+    void live()
+    {
+        QFETCH(QString, language);
+        const CProgramFolder folder;
+        QFile::copy(qEnvironmentVariable("KIV_SOURCE_DIR") +
+                        QStringLiteral("/examples/thermostat/thermostat.nyx"),
+                    folder.path("thermostat.nyx"));
+        CMainWindow window(folder.path("thermostat.nyx"));
+        load(&window, QStringLiteral("en"));
+        const QStringList before = shownTexts(window);
+        QHash<QString, QStringList> translations;
+        for (const SText &each : textsOf(languageFile(language)))
+            translations[each.source] << each.translation;
+
+        load(&window, language);
+        const QStringList after = shownTexts(window);
+        QCOMPARE(after.size(), before.size());
+        QStringList wrong;
+        int changed = 0;
+        for (int i = 0; i < before.size(); ++i) {
+            const QStringList wanted = translations.value(before[i]);
+            changed += before[i] != after[i];
+            if (!wanted.isEmpty() && !wanted.contains(after[i]))
+                wrong << before[i] + QStringLiteral(" -> ") + after[i];
+        }
+        wrong.removeDuplicates();
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1Char('\n'))));
+        QVERIFY(changed > 150);
+        QVERIFY(!window.windowTitle().contains(QStringLiteral(" for ")));
+
+        // Texts of Qt's own.
+        const QMessageBox box(QMessageBox::NoIcon, QString(), QString(), QMessageBox::Cancel);
+        QVERIFY(!box.button(QMessageBox::Cancel)->text().contains(QStringLiteral("Cancel")));
+
+        load(&window, QStringLiteral("xx")); // there is none: all stays
+        QCOMPARE(shownTexts(window), after);
+        load(&window, QStringLiteral("en"));
+        QCOMPARE(shownTexts(window), before);
+    }
+};
+
+QTEST_MAIN(tst_Languages)
+#include "tst_languages.moc"
