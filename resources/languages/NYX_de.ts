@@ -207,6 +207,37 @@
     </message>
 </context>
 <context>
+    <name>CImageChooser</name>
+    <message>
+        <source>Select media file to use</source>
+        <translation>Mediendatei wählen</translation>
+    </message>
+    <message>
+        <source>Select image file to use</source>
+        <translation>Bilddatei wählen</translation>
+    </message>
+    <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>Mediendateien (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
+        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
+        <translation>Bilddateien (*.png *.jpg *.bmp *.raw)</translation>
+    </message>
+    <message>
+        <source>The image %1 was not taken.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The image %1 is larger than the chip&apos;s graphics memory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CImageFileConverter</name>
     <message>
         <source>%1: there is no such file</source>
@@ -243,17 +274,6 @@
     <message>
         <source>%1: cannot be copied to %2: %3</source>
         <translation>%1: kann nicht nach %2 kopiert werden: %3</translation>
-    </message>
-</context>
-<context>
-    <name>CImageFormatChange</name>
-    <message>
-        <source>%1 was not converted; the format stays.</source>
-        <translation>%1 wurde nicht umgewandelt; das Format bleibt.</translation>
-    </message>
-    <message>
-        <source>Change Format</source>
-        <translation>Format ändern</translation>
     </message>
 </context>
 <context>

@@ -207,6 +207,37 @@
     </message>
 </context>
 <context>
+    <name>CImageChooser</name>
+    <message>
+        <source>Select media file to use</source>
+        <translation>选择要使用的媒体文件</translation>
+    </message>
+    <message>
+        <source>Select image file to use</source>
+        <translation>选择要使用的图像文件</translation>
+    </message>
+    <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>媒体文件 (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
+        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
+        <translation>图像文件 (*.png *.jpg *.bmp *.raw)</translation>
+    </message>
+    <message>
+        <source>The image %1 was not taken.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The image %1 is larger than the chip&apos;s graphics memory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CImageFileConverter</name>
     <message>
         <source>%1: there is no such file</source>
@@ -243,17 +274,6 @@
     <message>
         <source>%1: cannot be copied to %2: %3</source>
         <translation>%1：无法复制到 %2：%3</translation>
-    </message>
-</context>
-<context>
-    <name>CImageFormatChange</name>
-    <message>
-        <source>%1 was not converted; the format stays.</source>
-        <translation>%1 未转换；格式保持不变。</translation>
-    </message>
-    <message>
-        <source>Change Format</source>
-        <translation>更改格式</translation>
     </message>
 </context>
 <context>
