@@ -226,15 +226,15 @@
     </message>
     <message>
         <source>The image %1 was not taken.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild %1 wurde nicht übernommen.</translation>
     </message>
     <message>
         <source>The image %1 is larger than the chip&apos;s graphics memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Bild %1 ist größer als der Grafikspeicher des Chips.</translation>
     </message>
     <message>
         <source>Change Image</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild ändern</translation>
     </message>
 </context>
 <context>

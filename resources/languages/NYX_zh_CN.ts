@@ -226,15 +226,15 @@
     </message>
     <message>
         <source>The image %1 was not taken.</source>
-        <translation type="unfinished"></translation>
+        <translation>未采用图像 %1。</translation>
     </message>
     <message>
         <source>The image %1 is larger than the chip&apos;s graphics memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>图像 %1 大于芯片的图形内存。</translation>
     </message>
     <message>
         <source>Change Image</source>
-        <translation type="unfinished"></translation>
+        <translation>更改图像</translation>
     </message>
 </context>
 <context>
