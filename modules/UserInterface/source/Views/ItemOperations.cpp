@@ -10,6 +10,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
+#include "CXmlGuard.h"
 #include "PropertyKey.h"
 #include "ScreenDocuments.h"
 
@@ -58,6 +59,17 @@ void collectNames(const CItemModel &parent, QSet<QString> &names)
             collectNames(*item, names);
         }
     }
+}
+
+/// How many elements deep a document has an item with all below it.
+int depthOf(const CItemModel &item)
+{
+    int deepest = 0;
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (const CItemModel *child = item.childItem(row))
+            deepest = std::max(deepest, depthOf(*child));
+    }
+    return deepest + 1;
 }
 
 /// "Button", "Button 2", "Button 3", …: the first that is not taken.
@@ -226,7 +238,9 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data)
     holding.loadFromElement(copied);
     screen.project()->assignFreshIds(&holding);
     const int count = holding.rowCount();
-    if (count == 0)
+    // In the project the items stand one element deeper, below its screen: it must remain one that
+    // can be saved.
+    if (count == 0 || depthOf(holding) + 1 > CXmlGuard::MaxDepth)
         return {};
     QDomDocument document;
     QDomElement renumbered = document.createElement(copied.tagName());

@@ -1,0 +1,106 @@
+#include "DocumentChecks.h"
+
+#include "CItemModel.h"
+#include "CModelIterator.h"
+#include "CPageOperations.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "IModelItem.h"
+#include "IModelProperty.h"
+#include "ItemOperations.h"
+#include "ScreenDocuments.h"
+
+#include <QMimeData>
+#include <QTemporaryFile>
+#include <QUndoStack>
+
+namespace {
+
+/// Ids and names that what is taken may clash with, and a group.
+const QByteArray Base =
+    "<Kiv_Project_T project_name='fuzz' platform='QX110' width='480' height='272'>"
+    "<Kiv_Screen_T name='Page 1' color='#101010'><Widget_Group_T name='Widget Group'"
+    " x_coordinate='10' y_coordinate='10'><Kiv_Button_T id='1' name='Button'/></Widget_Group_T>"
+    "<Kiv_Text_T id='2' name='Text'/><Kiv_Line_T id='3' name='Line'/></Kiv_Screen_T>"
+    "<Kiv_Screen_T name='Page 2'/></Kiv_Project_T>";
+
+void setDocument(QMimeData &data, const QString &mime, char form, const QByteArray &document)
+{
+    const bool isBare = form == 'p' || form == 'w';
+    data.setData(mime, isBare ? document : ScreenDocuments::toClipboard(document));
+}
+
+void loadPageFile(CProjectModel &project, const QByteArray &document)
+{
+    QTemporaryFile file;
+    if (!file.open())
+        return;
+    file.write(document);
+    file.close();
+    CPageOperations(&project).load(file.fileName());
+}
+
+void take(CProjectModel &project, char form, const QByteArray &document)
+{
+    QMimeData data;
+    switch (form) {
+    case 'F':
+        loadPageFile(project, document);
+        break;
+    case 'W':
+    case 'w':
+        setDocument(data, ScreenDocuments::CopiedItemsMime, form, document);
+        ItemOperations::paste(*project.screen(0), data);
+        break;
+    default:
+        setDocument(data, ScreenDocuments::CopiedScreensMime, form, document);
+        CPageOperations(&project).paste(&data);
+    }
+}
+
+/// Reads all that the renderer reads.
+void walk(CScreenModel &screen)
+{
+    CModelIterator iterator(&screen);
+    for (IModelItem *item = iterator.current(); item; iterator.next(), item = iterator.current()) {
+        for (int index = 0; index < item->propertyCount(); ++index)
+            (void)item->property(index)->valueText();
+        (void)item->renderCommands();
+    }
+}
+
+QByteArray wrongAfterTaking(CProjectModel &project, const QByteArray &before)
+{
+    QUndoStack *stack = project.undoStack();
+    QString error;
+    const QByteArray after = project.saveToBytes(&error);
+    if (stack->count() == 0)
+        return after == before ? QByteArray() : "no step was recorded, but the project differs";
+    if (stack->count() > 1)
+        return "more than one step was recorded";
+    if (!error.isEmpty())
+        return "the project can no longer be saved: " + error.toUtf8();
+    for (int row = 0; row < project.screenCount(); ++row)
+        walk(*project.screen(row));
+    CProjectModel again;
+    if (!again.loadFromBytes(after, &error) || again.saveToBytes(&error) != after)
+        return "what was saved is read back as something else";
+    stack->undo();
+    if (project.saveToBytes(&error) != before)
+        return "undoing does not give the project that was there before";
+    stack->redo();
+    return project.saveToBytes(&error) == after ? QByteArray() : "redoing gives another project";
+}
+
+} // namespace
+
+QByteArray checkDocument(const QByteArray &input)
+{
+    CProjectModel project;
+    QString error;
+    if (input.isEmpty() || !project.loadFromBytes(Base, &error))
+        return error.toUtf8();
+    const QByteArray before = project.saveToBytes(&error);
+    take(project, input.at(0), input.mid(1));
+    return wrongAfterTaking(project, before);
+}
