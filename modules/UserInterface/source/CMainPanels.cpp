@@ -47,7 +47,7 @@ CMainPanels::CMainPanels(CMainWindow *window) : QObject(window), m_window(window
     layOut();
     connectPanels();
     retranslate();
-    showPalette(nullptr);
+    showPalette();
 }
 
 void CMainPanels::makePanels()
@@ -93,8 +93,6 @@ void CMainPanels::connectPanels()
 {
     connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
             &CMainPanels::selectionChanged);
-    connect(m_explorer, &QWidget::customContextMenuRequested, m_explorer,
-            &CProjectExplorerView::showContextMenu);
     connect(m_explorer, &CProjectExplorerView::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
@@ -141,7 +139,6 @@ void CMainPanels::showProject(CProjectModel *project)
     m_screens->setProject(project);
     m_navigator->setProject(project);
     m_properties->setProject(project);
-    showPalette(project);
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, m_screens,
             &CScreen::rowsAboutToBeRemoved);
 }
@@ -158,17 +155,15 @@ void CMainPanels::clear()
 
 void CMainPanels::renew()
 {
-    showPalette(m_project);
     m_screens->updateRepaint();
     m_navigator->renewAll();
 }
 
-/// The kinds that the project's chip has; without a project, those of the first chip.
-void CMainPanels::showPalette(const CProjectModel *project)
+/// The kinds of the first chip, whatever the project's: the palette is the same for all projects.
+void CMainPanels::showPalette()
 {
     const CWidgetLibraryManager &manager = CWidgetLibraryManager::instance();
-    const uint32_t chip = CPlatformTable::chipCode(project ? project->platform() : QString());
-    m_palette->view()->setToolbox(manager.toolboxModel(chip), manager.libraryModel(chip));
+    m_palette->view()->setToolbox(manager.toolboxModel(CPlatformTable::chipCode(QString())));
 }
 
 void CMainPanels::selectionChanged(const QModelIndexList &selected)
@@ -213,11 +208,6 @@ void CMainPanels::setSnapToGrid(bool enabled)
 {
     CEditorState::instance()->setSnapToGrid(enabled);
     m_palette->view()->setSnapToGrid(enabled);
-}
-
-QList<QPair<QString, QPixmap>> CMainPanels::screenPixmaps() const
-{
-    return m_navigator->getScreenPixmaps();
 }
 
 void CMainPanels::write(const QString &text)

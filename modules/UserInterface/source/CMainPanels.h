@@ -3,7 +3,6 @@
 #include <QList>
 #include <QModelIndexList>
 #include <QObject>
-#include <QPixmap>
 
 class CItemModel;
 class CMainWindow;
@@ -32,7 +31,7 @@ public:
     QDockWidget *propertiesDock() const { return m_propertiesDock; }
     QDockWidget *outputDock() const { return m_outputDock; }
     CScreen *screens() const { return m_screens; }
-    QList<QPair<QString, QPixmap>> screenPixmaps() const;
+    CScreenNavigator *navigator() const { return m_navigator; }
 
     void connectStatusBar(CStatusBar *bar);
     void showProject(CProjectModel *project);
@@ -52,7 +51,7 @@ public Q_SLOTS:
 private:
     void makePanels();
     void connectPanels();
-    void showPalette(const CProjectModel *project);
+    void showPalette();
     void showSelection(const QList<CItemModel *> &items);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);

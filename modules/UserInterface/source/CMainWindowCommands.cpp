@@ -15,6 +15,7 @@
 #include "CProjectSession.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CUpdater.h"
 #include "ProgramInfo.h"
@@ -281,10 +282,14 @@ void CMainWindow::printScreen()
 {
     if (!project())
         return;
-    CPrintScreenDialog dialog([this] { return m_panels->screenPixmaps(); }, m_screenshotFolder,
-                              this);
+    CScreenNavigator *navigator = m_panels->navigator();
+    CPrintScreenDialog dialog([navigator] { return navigator->getScreenPixmaps(); },
+                              m_screenshotFolder, this);
     connect(&dialog, &CPrintScreenDialog::message, m_panels, &CMainPanels::write);
+    connect(navigator, &CScreenNavigator::frameTaken, &dialog, &CPrintScreenDialog::refresh);
+    navigator->setAllWanted(true); // the dialog shows screens that were never visited too
     dialog.exec();
+    navigator->setAllWanted(false);
     m_screenshotFolder = dialog.saveFolder();
 }
 

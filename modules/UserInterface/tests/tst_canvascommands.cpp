@@ -4,6 +4,7 @@
 #include "CEditorState.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
+#include "CProjectExplorerView.h"
 #include "CProjectModel.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
@@ -12,8 +13,11 @@
 #include "ProgramFolder.h"
 
 #include <QAction>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
 #include <QTest>
 #include <QUndoStack>
 
@@ -33,7 +37,7 @@ const QByteArray threeBoxes =
     "<Kiv_Rectangle_T name=\"A\" id=\"1\" x_coordinate=\"10\" y_coordinate=\"10\"/>"
     "<Kiv_Rectangle_T name=\"B\" id=\"2\" x_coordinate=\"60\" y_coordinate=\"60\"/>"
     "<Kiv_Rectangle_T name=\"C\" id=\"3\" x_coordinate=\"110\" y_coordinate=\"110\"/>"
-    "</Kiv_Screen_T><Kiv_Screen_T name=\"Second\"/></Kiv_Project_T>";
+    "</Kiv_Screen_T><Kiv_Screen_T name=\"Second\" color=\"#304050\"/></Kiv_Project_T>";
 } // namespace
 
 class tst_CanvasCommands : public QObject
@@ -207,6 +211,30 @@ private Q_SLOTS:
         else
             QCOMPARE(written, "===First===\n" + view->lastDisplayListText().toUtf8() + "\n");
         QVERIFY(!view->lastDisplayListText().isEmpty());
+    }
+
+    void screenshotsOfPagesThatWereNeverShown()
+    {
+        m_window->show();
+        m_window->findChild<QDockWidget *>(QStringLiteral("screenNavigator"))->hide();
+        m_answers->expect([](QDialog *dialog) {
+            const auto *pages = dialog->findChild<QListWidget *>(QStringLiteral("screens"));
+            QCOMPARE(pages->count(), 2);
+            const auto colour = [pages] {
+                return pages->item(1)->icon().pixmap(64, 64).toImage().pixelColor(32, 18);
+            };
+            QTRY_COMPARE(colour(), QColor(0x30, 0x40, 0x50));
+        });
+        m_window->printScreen();
+        QVERIFY(m_answers->allGiven());
+    }
+
+    void theExplorerHasOneContextMenu()
+    {
+        auto *explorer = m_window->findChild<CProjectExplorerView *>();
+        Q_EMIT explorer->customContextMenuRequested(QPoint(5, 5));
+        QCOMPARE(explorer->findChildren<QMenu *>().size(), 1);
+        explorer->findChild<QMenu *>()->close();
     }
 
 private:

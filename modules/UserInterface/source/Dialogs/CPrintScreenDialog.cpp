@@ -103,6 +103,7 @@ void CPrintScreenDialog::fill()
         auto *item = new QListWidgetItem(iconOf(picture), name, m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
+        m_shown.append(picture.cacheKey());
     }
     m_screens->setCurrentRow(0, QItemSelectionModel::NoUpdate); // current, not picked
 }
@@ -110,8 +111,13 @@ void CPrintScreenDialog::fill()
 void CPrintScreenDialog::refresh()
 {
     const Pictures pictures = m_pictures();
-    for (int row = 0; row < qMin(pictures.size(), m_screens->count()); ++row)
-        m_screens->item(row)->setIcon(iconOf(pictures.at(row).second));
+    for (int row = 0; row < qMin(pictures.size(), m_screens->count()); ++row) {
+        const QPixmap &picture = pictures.at(row).second;
+        if (m_shown.at(row) == picture.cacheKey())
+            continue;
+        m_shown[row] = picture.cacheKey();
+        m_screens->item(row)->setIcon(iconOf(picture));
+    }
 }
 
 void CPrintScreenDialog::showFolder()

@@ -26,7 +26,7 @@ public:
     const QString &saveFolder() const { return m_folder; }
 
 public Q_SLOTS:
-    /// Shows the pictures as they are now; the screens must be the same.
+    /// Shows those pictures that are new since; the screens must be the same.
     void refresh();
 
 Q_SIGNALS:
@@ -47,4 +47,5 @@ private:
     QString m_folder;
     QLabel *const m_location;
     QListWidget *const m_screens;
+    QList<qint64> m_shown; ///< which picture each row shows, by its cache key
 };

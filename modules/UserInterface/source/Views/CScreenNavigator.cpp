@@ -10,6 +10,7 @@
 
 namespace {
 constexpr int Delay = 250; ///< milliseconds after a change, and between looks at a busy emulator
+constexpr int ShortDelay = 10;     ///< the same while somebody waits for the frames
 constexpr QSize Largest(160, 100); ///< of a thumbnail, pixels
 } // namespace
 
@@ -100,6 +101,13 @@ void CScreenNavigator::renewAll()
     m_timer->start();
 }
 
+void CScreenNavigator::setAllWanted(bool wanted)
+{
+    m_areAllWanted = wanted;
+    m_timer->setInterval(wanted ? ShortDelay : Delay);
+    m_timer->start();
+}
+
 QListWidgetItem *CScreenNavigator::entryOf(const CScreenModel *screen) const
 {
     return screen ? item(screen->row()) : nullptr;
@@ -138,7 +146,7 @@ void CScreenNavigator::requestNext()
     CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
     if (m_changed.isEmpty() || !adapter->isRegistered())
         return;
-    if (adapter->isBusy() || !isVisible()) {
+    if (adapter->isBusy() || !(isVisible() || m_areAllWanted)) {
         m_timer->start();
         return;
     }
@@ -154,6 +162,7 @@ void CScreenNavigator::emulatorFrameCallback(bool output, QPixmap buffer, uint32
     if (QListWidgetItem *entry = entryOf(m_requested)) {
         m_frames.insert(m_requested, buffer);
         showThumbnail(entry, buffer);
+        Q_EMIT frameTaken();
     }
     m_requested = nullptr;
     if (!m_changed.isEmpty())

@@ -29,6 +29,9 @@ public:
     QList<QPair<QString, QPixmap>> getScreenPixmaps() const;
     /// All thumbnails anew, such as after the emulator was started for another chip.
     void renewAll();
+    /// As long as all frames are wanted, missing ones are asked for without a pause, also while the
+    /// navigator is not to be seen.
+    void setAllWanted(bool wanted);
 
 public Q_SLOTS:
     /// Marks the screen that is shown in the tab area.
@@ -38,6 +41,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void screenActivated(CScreenModel *screen);
+    void frameTaken(); ///< getScreenPixmaps() has a newer frame
 
 private:
     void rebuild();
@@ -52,4 +56,5 @@ private:
     QHash<const CScreenModel *, QPixmap> m_frames;
     QList<CScreenModel *> m_changed; ///< waiting for their frames, in order
     CScreenModel *m_requested = nullptr;
+    bool m_areAllWanted = false;
 };
