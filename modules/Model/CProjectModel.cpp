@@ -219,6 +219,8 @@ CScreenModel *CProjectModel::buildScreen(const QDomElement &element, int row)
 {
     CScreenModel *built = makeScreen();
     built->loadFromElement(element);
+    if (built->name().isEmpty()) // as when a project is loaded
+        built->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);
     assignFreshIds(built);
     if (row < 0 || row > rowCount())
         row = rowCount();

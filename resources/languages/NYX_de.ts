@@ -1044,6 +1044,10 @@
         <source>Choose a file</source>
         <translation>Datei wählen</translation>
     </message>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
 </context>
 <context>
     <name>CPropertyManager</name>

@@ -1044,6 +1044,10 @@
         <source>Choose a file</source>
         <translation>选择文件</translation>
     </message>
+    <message>
+        <source>Choose a colour</source>
+        <translation>选择颜色</translation>
+    </message>
 </context>
 <context>
     <name>CPropertyManager</name>

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QWidget>
 
 CPendingEdit::CPendingEdit(QWidget *editor, std::function<void()> commit,
@@ -48,9 +49,24 @@ void CPendingEdit::commitWhenAtRest()
         commit();
 }
 
+bool CPendingEdit::leavesToWindow(const QKeyEvent &shortcut) const
+{
+    const auto *line = qobject_cast<const QLineEdit *>(m_editor);
+    if (!line)
+        line = m_editor->findChild<const QLineEdit *>();
+    return (shortcut.matches(QKeySequence::Undo) && !(line && line->isUndoAvailable())) ||
+           (shortcut.matches(QKeySequence::Redo) && !(line && line->isRedoAvailable()));
+}
+
 bool CPendingEdit::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (!leavesToWindow(*static_cast<QKeyEvent *>(event)))
+            break;
+        commit(); // steps that have not come to rest are the first to be undone
+        event->ignore();
+        return true;
     case QEvent::Show: // the view's delegate has put a filter of its own in front, which takes
                        // Escape
         m_editor->installEventFilter(this);

@@ -6,12 +6,13 @@
 
 #include <functional>
 
+class QKeyEvent;
 class QWidget;
 
 /// An edit that is under way in one editor, so that it becomes one change: stepping a spin box,
 /// turning the wheel or holding a key commits once, after a short rest or when the editor loses
-/// the focus. Escape takes the edit back.
-/// Lives as a child of its editor.
+/// the focus. Escape takes the edit back. Undo and Redo are the project's unless there is typed
+/// text to take back. Lives as a child of its editor.
 class CPendingEdit : public QObject
 {
     Q_OBJECT
@@ -31,6 +32,7 @@ protected:
 
 private:
     void commitWhenAtRest();
+    bool leavesToWindow(const QKeyEvent &shortcut) const;
 
     QWidget *const m_editor; ///< the parent
     const std::function<void()> m_commit;

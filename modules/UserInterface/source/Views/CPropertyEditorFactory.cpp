@@ -5,6 +5,7 @@
 #include "CThemeIcons.h"
 
 #include <QAction>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -17,6 +18,13 @@ namespace {
 QVariant attribute(QtVariantPropertyManager *manager, QtProperty *property, const char *name)
 {
     return manager->attributeValue(property, QLatin1String(name));
+}
+
+/// "#rrggbb", also without its "#", "#aarrggbb" or a colour's name.
+QColor colourNamed(const QString &text)
+{
+    const QString name = text.trimmed();
+    return QColor::isValidColor(name) ? QColor(name) : QColor(QLatin1Char('#') + name);
 }
 
 /// Limits and step of a row for its spin box.
@@ -120,6 +128,8 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
         return makeNumberBox(manager, property, parent);
     case QVariant::String:
         return makeLineEdit(manager, property, parent);
+    case QVariant::Color:
+        return makeColourEdit(manager, property, parent);
     case QVariant::Time:
         return makeTimeEdit(manager, property, parent);
     default:
@@ -190,6 +200,47 @@ QWidget *CPropertyEditorFactory::makeLineEdit(QtVariantPropertyManager *manager,
                 [this, property] { Q_EMIT fileWanted(property); });
     }
     return line;
+}
+
+/// A colour is typed as its name, or chosen in a dialog.
+QWidget *CPropertyEditorFactory::makeColourEdit(QtVariantPropertyManager *manager,
+                                                QtProperty *property, QWidget *parent)
+{
+    auto *line = new QLineEdit(parent);
+    QAction *swatch = line->addAction(property->valueIcon(), QLineEdit::LeadingPosition);
+    const auto typed = [manager, property, line]() -> QVariant {
+        const QColor colour = colourNamed(line->text());
+        return colour.isValid() ? QVariant(colour) : manager->value(property);
+    };
+    CPendingEdit *pending = follow(manager, property, line, typed, [property, line, swatch] {
+        line->setText(property->valueText());
+        swatch->setIcon(property->valueIcon());
+    });
+    connect(line, &QLineEdit::editingFinished, pending, [this, property, line, pending] {
+        if (!line->isModified())
+            return;
+        pending->touch();
+        pending->commit();
+        refresh(property); // what was no colour gives way to the one that is
+    });
+    QAction *choose = line->addAction(CThemeIcons::icon(QStringLiteral(":/images/RGB.png")),
+                                      QLineEdit::TrailingPosition);
+    choose->setObjectName(QStringLiteral("chooseColour"));
+    choose->setToolTip(tr("Choose a colour"));
+    for (QAction *opener : {swatch, choose})
+        connect(opener, &QAction::triggered, pending,
+                [this, manager, property] { chooseColour(manager, property); });
+    return line;
+}
+
+void CPropertyEditorFactory::chooseColour(QtVariantPropertyManager *manager, QtProperty *property)
+{
+    const QPointer<QWidget> editor = m_editors.value(property).widget;
+    const QColor chosen =
+        QColorDialog::getColor(manager->value(property).value<QColor>(), editor->window(),
+                               tr("Choose a colour"), QColorDialog::ShowAlphaChannel);
+    if (chosen.isValid() && m_editors.contains(property)) // the row may have gone meanwhile
+        manager->setValue(property, chosen);
 }
 
 QWidget *CPropertyEditorFactory::makeTimeEdit(QtVariantPropertyManager *manager,

@@ -45,12 +45,16 @@ private:
     QWidget *makeNumberBox(QtVariantPropertyManager *manager, QtProperty *property,
                            QWidget *parent);
     QWidget *makeLineEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeColourEdit(QtVariantPropertyManager *manager, QtProperty *property,
+                            QWidget *parent);
     QWidget *makeTimeEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeComboBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     /// Keeps a new editor in step with its row. `value` gives what the widget shows.
     CPendingEdit *follow(QtVariantPropertyManager *manager, QtProperty *property, QWidget *widget,
                          const std::function<QVariant()> &value,
                          const std::function<void()> &showValue);
+    /// Asks for a colour and gives it to the row.
+    void chooseColour(QtVariantPropertyManager *manager, QtProperty *property);
     void refresh(QtProperty *property);
     void forget(QtProperty *property);
 

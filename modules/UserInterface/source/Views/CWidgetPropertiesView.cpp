@@ -258,6 +258,10 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
 {
     if (!m_project || !m_item->hasProperty(key) || !isEdit(*m_item, key, value))
         return;
+    if (key == PropertyKey::Name && value.toString().trimmed().isEmpty()) {
+        propertyChanged(m_item, key, m_item->name()); // everything has a name
+        return;
+    }
     if (key == PropertyKey::Format && !CImageChooser::sourceOf(*m_item).isEmpty()) {
         changeFormat(value.toString());
         return;

@@ -33,6 +33,10 @@ private Q_SLOTS:
     void escapeTakesTheEditBack();
     void leavingForAnotherItemCommitsToTheFirst();
     void textTimeAndBool();
+    void blankNamesAreNotTaken();
+    void undoIsTheProjectsUnlessTextIsTyped();
+    void colourTyped_data();
+    void colourTyped();
     void entriesOfAnEnumeration();
     void colourByChannelAndByDialog();
     void smallDifferencesAreNoEdit();
@@ -258,6 +262,78 @@ void tst_WidgetProperties::textTimeAndBool()
     stack().undo();
     QCOMPARE(box->isChecked(), old == "1");
     QCOMPARE(stack().count(), 3);
+}
+
+void tst_WidgetProperties::blankNamesAreNotTaken()
+{
+    m_view->showItems({m_project->screen(0)});
+    auto *text = edit<QLineEdit>("name");
+    text->selectAll();
+    QTest::keyClicks(text, "  ");
+    QTest::keyClick(text, Qt::Key_Return);
+    QCOMPARE(m_project->screen(0)->name(), QStringLiteral("Page 1"));
+    QCOMPARE(shown("name"), QStringLiteral("Page 1"));
+    QCOMPARE(stack().count(), 0);
+}
+
+/// The stack's action stands for the one in the window's menu.
+void tst_WidgetProperties::undoIsTheProjectsUnlessTextIsTyped()
+{
+    CWidgetModel *line = show("Kiv_Line_T");
+    auto *undo = stack().createUndoAction(m_view.get());
+    undo->setShortcut(QKeySequence::Undo);
+    m_view->addAction(undo);
+    auto *box = edit<QSpinBox>("thickness");
+    QTest::keyClick(box, Qt::Key_Up);
+    QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier); // a step that has not come to rest
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(stack().index(), 0);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("2"));
+    QCOMPARE(box->value(), 2);
+
+    stack().redo();
+    auto *name = edit<QLineEdit>("name");
+    name->selectAll();
+    QTest::keyClicks(name, "A");
+    QTest::keyClick(name, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(name->text(), QStringLiteral("Line"));
+    QCOMPARE(stack().index(), 1);
+}
+
+void tst_WidgetProperties::colourTyped_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("colour");
+    QTest::newRow("opaque") << "#FF8000"
+                            << "#ff8000";
+    QTest::newRow("without its mark") << "ff8000"
+                                      << "#ff8000";
+    QTest::newRow("with alpha") << "#80ff8000"
+                                << "#80ff8000";
+    QTest::newRow("name") << "orange"
+                          << "#ffa500";
+    QTest::newRow("no colour") << "#12345"
+                               << "#102030";
+    QTest::newRow("nothing") << ""
+                             << "#102030";
+}
+
+void tst_WidgetProperties::colourTyped()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, colour);
+    CWidgetModel *line = show("Kiv_Line_T");
+    line->setProperty("line_color", "#102030");
+    auto *text = edit<QLineEdit>("line_color");
+    QVERIFY(text);
+    QCOMPARE(text->text(), QStringLiteral("#102030"));
+    text->selectAll();
+    QTest::keyClick(text, Qt::Key_Delete);
+    QTest::keyClicks(text, typed);
+    QTest::keyClick(text, Qt::Key_Return);
+    QCOMPARE(line->propertyText("line_color"), colour);
+    QCOMPARE(shown("line_color"), colour);
+    QCOMPARE(stack().count(), colour == "#102030" ? 0 : 1);
 }
 
 void tst_WidgetProperties::entriesOfAnEnumeration()
