@@ -49,17 +49,26 @@ int main(int argc, char **argv)
     usualHandler = qInstallMessageHandler(handleStartMessages);
     const QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
-    QCoreApplication::setApplicationName(QStringLiteral("panel-composer"));
+    QCoreApplication::setApplicationName(ProgramInfo::Name); // of windows without a title
     QCoreApplication::setApplicationVersion(ProgramInfo::Version);
     const QString file = fileFromCommandLine();
     QDir::setCurrent(QCoreApplication::applicationDirPath());
 
     const CTerminationSignals termination; // before a project is opened: its lock is to be released
-    CMainWindow window(file);
-    QObject::connect(&termination, &CTerminationSignals::endWanted, &window, [&window] {
-        window.closeUnattended();
+    bool isEnding = false;
+    CMainWindow *made = nullptr; // while it is made, it may ask about the file
+    QObject::connect(&termination, &CTerminationSignals::endWanted, qApp, [&] {
+        isEnding = true;
+        if (made)
+            made->closeUnattended();
         QCoreApplication::exit(0); // also out of the loop of a dialog that is open
     });
+    CMainWindow window(file);
+    made = &window;
+    if (isEnding) {
+        window.closeUnattended();
+        return 0;
+    }
     window.show();
     return QApplication::exec();
 }

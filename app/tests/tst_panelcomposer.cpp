@@ -97,6 +97,34 @@ private Q_SLOTS:
         QVERIFY(readFile(path("config.ini")).contains("demo.nyx"));
     }
 
+    /// The signal comes while the program asks, before its window is there. No answer is no reason
+    /// to touch the file.
+    void endedBySignalWhileAsking()
+    {
+        const QString lock = path("work/.demo.nyx.lock");
+        QProcess crashing;
+        crashing.start(path("panel-composer"), {path("work/demo.nyx")});
+        QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty(), 60000);
+        const QByteArray deadLock = readFile(lock);
+        crashing.kill();
+        QVERIFY(crashing.waitForFinished());
+        const QByteArray autosaved = readFile(path("work/demo.nyx"));
+        QVERIFY(QFile::copy(path("work/demo.nyx"), path("work/.demo.nyx.saved")));
+        QFile project(path("work/.demo.nyx.saved"));
+        QVERIFY(project.open(QIODevice::Append) && project.write("<!-- older -->") > 0);
+        project.close();
+
+        QProcess program;
+        program.start(path("panel-composer"), {path("work/demo.nyx")});
+        QVERIFY(program.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty() && readFile(lock) != deadLock, 60000);
+        QVERIFY(::kill(pid_t(program.processId()), SIGTERM) == 0);
+        QVERIFY(program.waitForFinished(60000));
+        QCOMPARE(program.exitCode(), 0);
+        QVERIFY(!QFile::exists(lock));
+        QCOMPARE(readFile(path("work/demo.nyx")), autosaved);
+    }
+
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
 

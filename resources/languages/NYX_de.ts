@@ -94,8 +94,8 @@
         <translation>Automatisch gespeicherte Fassung</translation>
     </message>
     <message>
-        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. Nothing is overwritten until you save.</source>
-        <translation>Das Programm wurde unerwartet beendet, während %1 geöffnet war, und hatte Änderungen automatisch gespeichert. Möchten Sie die Fassung mit diesen Änderungen öffnen? Mit Nein wird die Fassung geöffnet, die Sie zuletzt selbst gespeichert haben. Bis Sie speichern, wird nichts überschrieben.</translation>
+        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. The file stays as it is until you change or save the project.</source>
+        <translation>Das Programm wurde unerwartet beendet, während %1 geöffnet war, und hatte Änderungen automatisch gespeichert. Möchten Sie die Fassung mit diesen Änderungen öffnen? Mit Nein wird die Fassung geöffnet, die Sie zuletzt selbst gespeichert haben. Die Datei bleibt, wie sie ist, bis Sie das Projekt ändern oder speichern.</translation>
     </message>
     <message>
         <source>Project Files (*.xml *.nyx)</source>
@@ -312,6 +312,10 @@
 </context>
 <context>
     <name>CMainWindow</name>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>Ausgewählte Elemente löschen</translation>
+    </message>
     <message>
         <source>Could not initialise Widget Library Manager</source>
         <translation>Die Widget-Bibliothek konnte nicht geladen werden</translation>
@@ -1147,10 +1151,6 @@
     <message>
         <source>Cut</source>
         <translation>Ausschneiden</translation>
-    </message>
-    <message>
-        <source>Delete Selected Items</source>
-        <translation>Ausgewählte Elemente löschen</translation>
     </message>
     <message>
         <source>Lock/Unlock Multiple</source>

@@ -94,8 +94,8 @@
         <translation>自动保存的版本</translation>
     </message>
     <message>
-        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. Nothing is overwritten until you save.</source>
-        <translation>程序在 %1 打开期间意外结束，并已自动保存了更改。是否打开包含这些更改的版本？选择“否”将打开您上次自己保存的版本。在您保存之前不会覆盖任何内容。</translation>
+        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. The file stays as it is until you change or save the project.</source>
+        <translation>程序在 %1 打开期间意外结束，并已自动保存了更改。是否打开包含这些更改的版本？选择“否”将打开您上次自己保存的版本。在您更改或保存项目之前，文件保持不变。</translation>
     </message>
     <message>
         <source>Project Files (*.xml *.nyx)</source>
@@ -312,6 +312,10 @@
 </context>
 <context>
     <name>CMainWindow</name>
+    <message>
+        <source>Delete Selected Items</source>
+        <translation>删除选中的项目</translation>
+    </message>
     <message>
         <source>Could not initialise Widget Library Manager</source>
         <translation>无法初始化控件库管理器</translation>
@@ -1147,10 +1151,6 @@
     <message>
         <source>Cut</source>
         <translation>剪切</translation>
-    </message>
-    <message>
-        <source>Delete Selected Items</source>
-        <translation>删除选中的项目</translation>
     </message>
     <message>
         <source>Lock/Unlock Multiple</source>

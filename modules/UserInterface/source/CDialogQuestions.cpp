@@ -75,8 +75,8 @@ bool CDialogQuestions::openAutosaved(const QString &projectFile)
                m_window, tr("Automatically saved version"),
                tr("The program ended unexpectedly while %1 was open, and had saved changes "
                   "automatically. Do you want to open the version with these changes? With No, "
-                  "the version that you saved last is opened. Nothing is overwritten until you "
-                  "save.")
+                  "the version that you saved last is opened. The file stays as it is until you "
+                  "change or save the project.")
                    .arg(QDir::toNativeSeparators(projectFile)),
                QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes) == QMessageBox::Yes;
 }

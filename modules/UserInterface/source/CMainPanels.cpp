@@ -9,6 +9,7 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
+#include "CScreenView.h"
 #include "CStatusBar.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetPropertiesView.h"
@@ -16,7 +17,9 @@
 #include "CWidgetSelectionView.h"
 
 #include <QDockWidget>
+#include <QItemSelectionModel>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -37,6 +40,15 @@ CItemModel *findItem(QStandardItem *parent, quint32 id)
             return below;
     }
     return nullptr;
+}
+
+bool isBelowOneOf(const QList<CItemModel *> &items, const CItemModel *item)
+{
+    for (const QStandardItem *above = item->parent(); above; above = above->parent()) {
+        if (std::find(items.begin(), items.end(), above) != items.end())
+            return true;
+    }
+    return false;
 }
 } // namespace
 
@@ -175,6 +187,25 @@ void CMainPanels::selectionChanged(const QModelIndexList &selected)
     }
     m_screens->selectItems(items);
     showSelection(items);
+}
+
+QList<CItemModel *> CMainPanels::selectedItems() const
+{
+    QList<CItemModel *> items = m_screens->selectedItems();
+    const CScreenView *view = m_screens->currentView();
+    const QItemSelectionModel *rows = m_explorer->selectionModel();
+    if (!m_project || !rows || (view && view->hasFocus()))
+        return items;
+    const QModelIndexList selected = rows->selectedIndexes();
+    for (const QModelIndex &each : selected) {
+        CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(each));
+        if (item && !items.contains(item))
+            items.append(item);
+    }
+    QList<CItemModel *> topmost;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(topmost),
+                 [&](const CItemModel *each) { return !isBelowOneOf(items, each); });
+    return topmost;
 }
 
 void CMainPanels::showSelection(const QList<CItemModel *> &items)

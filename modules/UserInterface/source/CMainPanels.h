@@ -32,6 +32,9 @@ public:
     QDockWidget *outputDock() const { return m_outputDock; }
     CScreen *screens() const { return m_screens; }
     CScreenNavigator *navigator() const { return m_navigator; }
+    /// Items and screens that a command is for: what is selected on the shown canvas, and unless
+    /// the user is working there, in the explorer. Nothing that lies below another of them.
+    QList<CItemModel *> selectedItems() const;
 
     void connectStatusBar(CStatusBar *bar);
     void showProject(CProjectModel *project);

@@ -94,7 +94,8 @@ CMainWindow::CMainWindow(const QString &file)
 
 CMainWindow::~CMainWindow()
 {
-    closeUnattended();
+    if (project())
+        closeUnattended();
     // The docks go after this object's members and report that they are hidden on their way.
     for (QDockWidget *dock : findChildren<QDockWidget *>())
         dock->toggleViewAction()->disconnect(m_menuBar);
@@ -237,6 +238,17 @@ void CMainWindow::writeSettings()
     m_settings->write(values);
 }
 
+/// What went wrong while the window was made is told on it, not below it: a window manager keeps a
+/// box above its window only when the window was there first.
+void CMainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (!m_errorMessage->isVisible())
+        return;
+    m_errorMessage->hide();
+    QTimer::singleShot(0, m_errorMessage, &QWidget::show);
+}
+
 void CMainWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
@@ -256,10 +268,8 @@ void CMainWindow::closeUnattended()
     m_export->cancel();
     if (m_session->project() && !m_session->path().isEmpty() && m_autosaveInterval > 0)
         m_session->autosave();
-    if (m_session->project()) {
-        m_session->closeWithoutQuestions();
-        writeSettings();
-    }
+    m_session->closeWithoutQuestions();
+    writeSettings();
 }
 
 void CMainWindow::changeEvent(QEvent *event)

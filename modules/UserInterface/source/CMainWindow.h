@@ -6,6 +6,7 @@
 
 #include <QColor>
 #include <QMainWindow>
+#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -16,6 +17,7 @@ class CDialogQuestions;
 class CEmulatorSession;
 class CExportController;
 class CHelpWindow;
+class CItemModel;
 class CLanguageLoader;
 class CMainPanels;
 class CMenuBar;
@@ -23,6 +25,7 @@ class COptionDialog;
 class CProjectModel;
 class CProjectSession;
 class CRecentProjects;
+class CScreenModel;
 class CScreenView;
 class CSettings;
 class CStartPage;
@@ -57,7 +60,7 @@ public:
     bool snapToGrid() const { return m_snapToGrid; }
 
     /// The end of the program from outside: saves automatically if that is switched on, closes
-    /// without a question.
+    /// without a question, keeps the settings.
     void closeUnattended();
     void projectOptionsChanged() override;
 
@@ -122,6 +125,7 @@ public Q_SLOTS:
     void updateRepaint();
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -136,6 +140,8 @@ private:
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
     void tellView(void (CScreenView::*command)());
+    using Ordering = void (*)(CScreenModel &screen, const QVector<CItemModel *> &items);
+    void orderSelected(Ordering ordering);
     std::optional<SShownScreen> shownScreen() const;
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();

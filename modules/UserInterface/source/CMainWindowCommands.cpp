@@ -1,5 +1,7 @@
 // The slots of CMainWindow that carry out the commands of the menus.
 #include "CAutosaver.h"
+#include "CCommandDeleteItem.h"
+#include "CCommandDeleteScreen.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
@@ -18,15 +20,20 @@
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CUpdater.h"
+#include "ItemOperations.h"
 #include "ProgramInfo.h"
 
 #include <QAction>
 #include <QDockWidget>
 #include <QFile>
 #include <QLocale>
+#include <QMap>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
+#include <QUndoStack>
+
+#include <algorithm>
 
 namespace {
 constexpr int AutosaveRetryTime = 1000; // ms
@@ -197,29 +204,58 @@ void CMainWindow::gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt:
     CEditorState::instance()->setGrid(showGrid, gridSize, gridColor, gridType);
 }
 
+/// Screens too, and what is selected on a page that is not shown.
 void CMainWindow::deleteSelectedItems()
 {
-    tellView(&CScreenView::deleteSelectedItems);
+    const QList<CItemModel *> items = m_panels->selectedItems();
+    if (items.isEmpty())
+        return;
+    QUndoStack *stack = project()->undoStack();
+    stack->beginMacro(tr("Delete Selected Items"));
+    for (CItemModel *each : items) {
+        if (each->kind() == CItemModel::Kind::Screen)
+            stack->push(new CCommandDeleteScreen(static_cast<CScreenModel *>(each)));
+        else
+            stack->push(new CCommandDeleteItem(each));
+    }
+    stack->endMacro();
+}
+
+/// Screens have an order of their own; the commands are about the items on them.
+void CMainWindow::orderSelected(Ordering ordering)
+{
+    QMap<CScreenModel *, QVector<CItemModel *>> items;
+    for (CItemModel *each : m_panels->selectedItems()) {
+        auto *screen = CItemModel::fromItem(each->parent());
+        if (screen && screen->kind() == CItemModel::Kind::Screen)
+            items[static_cast<CScreenModel *>(screen)].append(each);
+    }
+    for (auto it = items.begin(); it != items.end(); ++it) {
+        std::sort(it->begin(), it->end(), [](const CItemModel *left, const CItemModel *right) {
+            return left->row() < right->row();
+        });
+        ordering(*it.key(), *it);
+    }
 }
 
 void CMainWindow::orderingToFront()
 {
-    tellView(&CScreenView::orderingToFront);
+    orderSelected(&ItemOperations::toFront);
 }
 
 void CMainWindow::orderingToBack()
 {
-    tellView(&CScreenView::orderingToBack);
+    orderSelected(&ItemOperations::toBack);
 }
 
 void CMainWindow::orderingForward()
 {
-    tellView(&CScreenView::orderingForward);
+    orderSelected(&ItemOperations::forward);
 }
 
 void CMainWindow::orderingBackward()
 {
-    tellView(&CScreenView::orderingBackward);
+    orderSelected(&ItemOperations::backward);
 }
 
 void CMainWindow::showHelp()

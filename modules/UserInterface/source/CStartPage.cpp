@@ -1,5 +1,6 @@
 #include "CStartPage.h"
 
+#include "CMenuBar.h"
 #include "ProgramInfo.h"
 
 #include <QDir>
@@ -83,7 +84,7 @@ void CStartPage::showTexts()
     for (const QString &path : qAsConst(m_recent)) {
         const QFileInfo info(path);
         html += paragraph(
-            link(FileLink + path, info.fileName()) +
+            link(FileLink + path, CMenuBar::shortened(info.fileName())) +
             QStringLiteral("&nbsp;&nbsp;<span style=\"color:%1\">%2</span>")
                 .arg(quiet.name(), QDir::toNativeSeparators(info.path()).toHtmlEscaped()));
     }

@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -113,6 +114,36 @@ private Q_SLOTS:
         while (stack->canRedo())
             trigger(CMenuBar::Redo);
         QCOMPARE(names(m_window->project()->screen(0)), rows);
+    }
+
+    /// Pages, and what lies on a page that is not shown; a page and an item on it are one.
+    void deleteWhatTheExplorerHasSelected()
+    {
+        CProjectModel *project = m_window->project();
+        auto *explorer = m_window->findChild<CProjectExplorerView *>();
+        const QModelIndex first = project->index(0, 0);
+        explorer->selectionModel()->select(project->index(1, 0), QItemSelectionModel::Select);
+        explorer->selectionModel()->select(project->index(1, 0, first),
+                                           QItemSelectionModel::Select);
+        trigger(CMenuBar::Delete);
+        QCOMPARE(project->screenCount(), 1);
+        QCOMPARE(names(project->screen(0)), QStringLiteral("AC"));
+        QCOMPARE(project->undoStack()->undoText(), QStringLiteral("Delete Selected Items"));
+        trigger(CMenuBar::Undo);
+        QCOMPARE(project->screenCount(), 2);
+
+        m_screens->closeScreen(project->screen(0));
+        explorer->selectionModel()->select(project->index(2, 0, project->index(0, 0)),
+                                           QItemSelectionModel::ClearAndSelect);
+        trigger(CMenuBar::BringToFront);
+        QCOMPARE(names(project->screen(0)), QStringLiteral("CAB"));
+        explorer->selectAll();
+        trigger(CMenuBar::Delete);
+        QCOMPARE(project->screenCount(), 0);
+        QCOMPARE(m_screens->count(), 0);
+        while (project->undoStack()->canUndo())
+            trigger(CMenuBar::Undo);
+        QCOMPARE(names(project->screen(0)), QStringLiteral("ABC"));
     }
 
     void selection()

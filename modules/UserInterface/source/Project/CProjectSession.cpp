@@ -321,7 +321,7 @@ CProjectSession::EAutosave CProjectSession::autosave()
     if (!m_file)
         reason = tr("The project was never saved, so it has no file that could be saved to "
                     "automatically.");
-    else if (!isDirty())
+    else if (!isDirty() || m_project->undoStack()->count() == 0) // dirty as opened: recovered
         return EAutosave::Unchanged;
     else if (isOusted())
         reason = tr("%1 is not saved automatically: another copy of the program has taken it "

@@ -64,7 +64,6 @@ public Q_SLOTS:
     void selectAll();
     void selectNone();
     void selectInverse();
-    void deleteSelectedItems();
     void orderingToFront();
     void orderingToBack();
     void orderingForward();

@@ -98,11 +98,6 @@ void CScreenView::selectInverse()
     selectCreated(items);
 }
 
-void CScreenView::deleteSelectedItems()
-{
-    ItemOperations::remove(*screen(), selectedItems(), tr("Delete Selected Items"));
-}
-
 void CScreenView::orderingToFront()
 {
     ItemOperations::toFront(*screen(), selectedItems());

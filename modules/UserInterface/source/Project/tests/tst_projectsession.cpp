@@ -496,6 +496,7 @@ private Q_SLOTS:
         QVERIFY(m_session->openFile(m_file));
         QCOMPARE(m_user->asked, autosaved ? QStringList("autosaved") : QStringList());
         QCOMPARE(m_session->isDirty(), autosaved);
+        QCOMPARE(m_session->autosave(), EAutosave::Unchanged); // not before the user has worked
         QCOMPARE(readFile(m_file), left);
         const QString colour =
             m_session->project()->screen(0)->propertyText(QStringLiteral("color"));
