@@ -9,6 +9,7 @@
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CZoomComboWidget.h"
+#include "SaveRenderHandler.h"
 #include "ZoomRule.h"
 
 #include <QPainter>
@@ -115,6 +116,11 @@ void CScreenView::setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryB
     m_displayListMemory = displayListBytes;
     m_graphicsMemory = graphicsMemoryBytes;
     Q_EMIT memoryUsageChanged(displayListBytes, graphicsMemoryBytes);
+}
+
+QString CScreenView::lastDisplayListText() const
+{
+    return SaveRenderHandler::oneCommandPerLine(m_displayListText);
 }
 
 void CScreenView::setDisplayList(const QString &text, const QByteArray &bytes)

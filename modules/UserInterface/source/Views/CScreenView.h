@@ -32,7 +32,7 @@ public:
     void setFrame(const QPixmap &frame);
     void setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes);
     void setDisplayList(const QString &text, const QByteArray &bytes);
-    QString lastDisplayListText() const { return m_displayListText; }
+    QString lastDisplayListText() const; ///< one command a line
     QByteArray lastDisplayListBytes() const { return m_displayListBytes; }
 
     QVector<CItemModel *> selectedItems() const; ///< front first
