@@ -101,8 +101,7 @@ bool CImageFileConverter::convert(const QString &source, int formatCode)
     const QSize size =
         imageFileSize(source, ETurn::AsMarked); // what cannot be told here, the tool decides
     if (!size.isEmpty() && !isWithinLimit(size))
-        return fail(
-            tr("%1: more than %2 pixels wide or high").arg(source, QString::number(MaxImageSide)));
+        return failAsTooLarge(source);
     switch (CBitmapFormatTable::path(formatCode)) {
     case CBitmapFormatTable::EPath::General:
         return convertGeneral(source, formatCode, paths);
@@ -118,6 +117,9 @@ bool CImageFileConverter::convert(const QString &source, int formatCode)
 
 bool CImageFileConverter::convertRaw(const QString &source, const CConversionPaths &paths)
 {
+    const QSize size = describedSize(source);
+    if (!size.isEmpty() && !isWithinLimit(size))
+        return failAsTooLarge(source);
     const QString folder = paths.folder(CBitmapFormatTable::UnknownCode);
     if (!placeSource(source, folder))
         return false;
@@ -129,6 +131,10 @@ bool CImageFileConverter::convertRaw(const QString &source, const CConversionPat
         if (QFileInfo(companion).isFile() && !copyFile(companion, folder + QLatin1Char('/') + name))
             return false;
     }
+    if (size.isEmpty())
+        Q_EMIT warned(tr("%1: nothing is shown, because its size is not known. The .json file that "
+                         "the image tools write beside it tells the size.")
+                          .arg(source));
     return true;
 }
 
@@ -217,6 +223,12 @@ bool CImageFileConverter::copyFile(const QString &source, const QString &target)
            fail(tr("%1: cannot be copied to %2: %3").arg(source, target, file.errorString()));
 }
 
+bool CImageFileConverter::failAsTooLarge(const QString &source)
+{
+    return fail(
+        tr("%1: more than %2 pixels wide or high").arg(source, QString::number(MaxImageSide)));
+}
+
 bool CImageFileConverter::fail(const QString &reason)
 {
     Q_EMIT failed(reason);
@@ -269,8 +281,13 @@ std::optional<SConvertedImage> CImageFileConverter::mediaImage(const QString &fi
     else if (aviFrameSize(file, width, height))
         size = {static_cast<int>(qMin<quint32>(width, MaxImageSide + 1)),
                 static_cast<int>(qMin<quint32>(height, MaxImageSide + 1))};
-    if (!isWithinLimit(size))
+    if (!isWithinLimit(size)) {
+        if (size.isEmpty())
+            fail(tr("%1: its size cannot be read").arg(file));
+        else
+            failAsTooLarge(file);
         return std::nullopt;
+    }
     image.bwidth = size.width();
     image.bheight = size.height();
     return image;

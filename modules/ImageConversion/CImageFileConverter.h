@@ -29,8 +29,8 @@ public:
     static std::optional<SConvertedImage> convertedImage(const QString &source,
                                                          const QString &formatName);
     /// The same for a media file (.jpg, .png, .avi), which stays where it is; the format is
-    /// "RGB565", as the chip decodes it unless it is mono.
-    static std::optional<SConvertedImage> mediaImage(const QString &file);
+    /// "RGB565", as the chip decodes it unless it is mono. failed() says why there is nothing.
+    std::optional<SConvertedImage> mediaImage(const QString &file);
 
     /// Frame size of an AVI video; see CAviReader.
     static bool aviFrameSize(const QString &file, quint32 &width, quint32 &height);
@@ -38,11 +38,13 @@ public:
     /// Absolute path; empty when no project is open.
     static QString convertedImagesFolder();
 
-    static constexpr int MaxImageSide = 4096;                   ///< pixels
+    static constexpr int MaxImageSide = 2048;                   ///< pixels; the most that is drawn
     static constexpr qint64 MaxSourceBytes = 256 * 1024 * 1024; ///< far above any image for a chip
 
 Q_SIGNALS:
     void failed(const QString &reason);
+    /// The conversion was done, but there is something to know about its outcome.
+    void warned(const QString &text);
 
 private:
     bool convertRaw(const QString &source, const CConversionPaths &paths);
@@ -57,5 +59,6 @@ private:
     /// Makes the folder and puts the source into it.
     bool placeSource(const QString &source, const QString &folder);
     bool copyFile(const QString &source, const QString &target);
+    bool failAsTooLarge(const QString &source);
     bool fail(const QString &reason);
 };

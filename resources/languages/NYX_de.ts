@@ -275,6 +275,14 @@
         <source>%1: cannot be copied to %2: %3</source>
         <translation>%1: kann nicht nach %2 kopiert werden: %3</translation>
     </message>
+    <message>
+        <source>%1: nothing is shown, because its size is not known. The .json file that the image tools write beside it tells the size.</source>
+        <translation>%1: Es wird nichts gezeigt, weil die Größe nicht bekannt ist. Sie steht in der .json-Datei, die die Bildwerkzeuge daneben schreiben.</translation>
+    </message>
+    <message>
+        <source>%1: its size cannot be read</source>
+        <translation>%1: Die Größe kann nicht gelesen werden</translation>
+    </message>
 </context>
 <context>
     <name>CLanguageDialog</name>

@@ -275,6 +275,14 @@
         <source>%1: cannot be copied to %2: %3</source>
         <translation>%1：无法复制到 %2：%3</translation>
     </message>
+    <message>
+        <source>%1: nothing is shown, because its size is not known. The .json file that the image tools write beside it tells the size.</source>
+        <translation>%1：大小未知，因此不显示。图像工具在其旁写入的 .json 文件中有大小。</translation>
+    </message>
+    <message>
+        <source>%1: its size cannot be read</source>
+        <translation>%1：无法读取其大小</translation>
+    </message>
 </context>
 <context>
     <name>CLanguageDialog</name>

@@ -38,7 +38,8 @@ private Q_SLOTS:
     void sourcesThatAreNone_data();
     void sourcesThatAreNone();
     void sourceThatLiesThereAlready();
-    void bombsAreRefused();
+    void largeImagesAreRefused();
+    void describedRawFilesAreRefusedToo();
     void realTools_data();
     void realTools();
     void oddNames_data();
@@ -384,19 +385,37 @@ void tst_ImageFileConverter::sourceThatLiesThereAlready()
     QCOMPARE(CToolStubs::read(project() + "/photo.png"), bytes);
 }
 
-void tst_ImageFileConverter::bombsAreRefused()
+/// No larger image is drawn; the user hears of it when it is chosen, before it is decoded.
+void tst_ImageFileConverter::largeImagesAreRefused()
 {
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw");
     QByteArray bytes = CToolStubs::read(makeImage("photo.png"));
     bytes.replace(16, 8, QByteArray::fromHex("0000EA600000EA60")); // 60,000 x 60,000
     bytes.replace(29, 4, QByteArray::fromHex("80D27542"));         // its check sum
     CToolStubs::write(m_stubs->path("bomb.png"), bytes);
+    for (const QString &file : {m_stubs->path("bomb.png"), makeImage("wide.png", {2049, 1})}) {
+        CImageFileConverter converter;
+        QSignalSpy failures(&converter, &CImageFileConverter::failed);
+        QVERIFY(!converter.convert(file, "L8"));
+        QVERIFY(!converter.mediaImage(file));
+        QCOMPARE(failures.count(), 2);
+        for (const auto &each : failures)
+            QVERIFY(each.value(0).toString().contains("2048"));
+        QVERIFY(calls().isEmpty());
+        QVERIFY(!QFile::exists(project() + "/bomb.png"));
+    }
+    QVERIFY(CImageFileConverter().mediaImage(makeImage("most.png", {2048, 1})));
+}
+
+void tst_ImageFileConverter::describedRawFilesAreRefusedToo()
+{
+    const QString raw = m_stubs->path("wide.raw");
+    CToolStubs::write(raw, QByteArray(4000, 'x'));
+    CToolStubs::write(m_stubs->path("wide.json"), R"({"width":4000,"height":1,"bytes":4000})");
     CImageFileConverter converter;
     QSignalSpy failures(&converter, &CImageFileConverter::failed);
-    QVERIFY(!converter.convert(m_stubs->path("bomb.png"), "L8"));
-    QVERIFY(failures.value(0).value(0).toString().contains("4096"));
-    QVERIFY(calls().isEmpty());
-    QVERIFY(!QFile::exists(project() + "/bomb.png"));
+    QVERIFY(!converter.convert(raw, "L8"));
+    QVERIFY(failures.value(0).value(0).toString().contains("2048"));
 }
 
 void tst_ImageFileConverter::realTools_data()
@@ -495,7 +514,7 @@ void tst_ImageFileConverter::oddNames()
 void tst_ImageFileConverter::mediaFacts()
 {
     const QString photo = makeImage("photo.jpg", {40, 30});
-    const auto image = CImageFileConverter::mediaImage(photo);
+    const auto image = CImageFileConverter().mediaImage(photo);
     QVERIFY(image);
     QCOMPARE(QSize(image->bwidth, image->bheight), QSize(40, 30));
     QCOMPARE(image->bfolder + "/" + image->basename + "." + image->suffix, photo);
@@ -507,11 +526,11 @@ void tst_ImageFileConverter::mediaFacts()
                                          "12010300010000000600000000000000"));
     CToolStubs::write(photo, marked);
     QCOMPARE(QImageReader(photo).transformation(), QImageIOHandler::TransformationRotate90);
-    const auto turned = CImageFileConverter::mediaImage(photo);
+    const auto turned = CImageFileConverter().mediaImage(photo);
     QVERIFY(turned);
     QCOMPARE(QSize(turned->bwidth, turned->bheight), QSize(40, 30));
     CToolStubs::write(m_stubs->path("film.avi"), "RIFF");
-    QVERIFY(!CImageFileConverter::mediaImage(m_stubs->path("film.avi")));
+    QVERIFY(!CImageFileConverter().mediaImage(m_stubs->path("film.avi")));
 }
 
 QTEST_MAIN(tst_ImageFileConverter)

@@ -1,9 +1,11 @@
 #include "CImageChooser.h"
 
+#include "CBitmapFormatTable.h"
 #include "CCommandChangeItemProperty.h"
 #include "CImageFileConverter.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "CWidgetLibraryModel.h"
 #include "PropertyKey.h"
 
 #include <QFileDialog>
@@ -15,6 +17,16 @@ namespace {
 bool isMedia(const CItemModel &item)
 {
     return item.itemTypeName() == QStringLiteral("Kiv_Media_T");
+}
+
+/// What an image is converted into: the item's format, or the usual one of its kind if it has none.
+QString formatFor(const CItemModel &item)
+{
+    const QString format = item.propertyText(PropertyKey::Format);
+    const CWidgetLibraryModel *library = item.library();
+    if (!library || CBitmapFormatTable::code(format) != CBitmapFormatTable::UnknownCode)
+        return format;
+    return library->propertySet(item.itemTypeName()).value(PropertyKey::Format).text();
 }
 
 QHash<QString, QVariant> valuesOf(const SConvertedImage &image, const QString &file)
@@ -35,6 +47,7 @@ CImageChooser::CImageChooser(QWidget *window)
     : QObject(window), m_window(window), m_converter(new CImageFileConverter(this))
 {
     connect(m_converter, &CImageFileConverter::failed, this, &CImageChooser::message);
+    connect(m_converter, &CImageFileConverter::warned, this, &CImageChooser::message);
 }
 
 bool CImageChooser::showsImage(const CItemModel &item)
@@ -45,7 +58,24 @@ bool CImageChooser::showsImage(const CItemModel &item)
 QString CImageChooser::sourceOf(const CItemModel &item)
 {
     const QString file = item.propertyText(PropertyKey::FileName);
-    return QFileInfo(file).isFile() ? file : QString();
+    if (QFileInfo(file).isFile())
+        return file;
+    const QString name = item.propertyText(PropertyKey::BaseName);
+    if (name.isEmpty() || !item.project())
+        return {};
+    const QDir folder(item.project()->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder)));
+    for (const char *suffix : {".png", ".jpg", ".jpeg", ".bmp"}) {
+        if (folder.exists(name + QLatin1String(suffix)))
+            return folder.filePath(name + QLatin1String(suffix));
+    }
+    return {};
+}
+
+bool CImageChooser::isConverted(const CItemModel &item, const QString &format)
+{
+    const QString source = sourceOf(item);
+    return !source.isEmpty() && QFileInfo(source).suffix() != QLatin1String("raw") &&
+           CBitmapFormatTable::code(format) != CBitmapFormatTable::UnknownCode;
 }
 
 void CImageChooser::choose(CItemModel *item)
@@ -60,14 +90,14 @@ void CImageChooser::choose(CItemModel *item)
     dialog.setDirectory(before.isEmpty() && item->project() ? item->project()->workingDirectory()
                                                             : QFileInfo(before).path());
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-        change(item, dialog.selectedFiles().first(), item->propertyText(PropertyKey::Format));
+        change(item, dialog.selectedFiles().first(), formatFor(*item));
 }
 
 std::optional<SConvertedImage> CImageChooser::convert(const CItemModel &item, const QString &file,
                                                       const QString &format)
 {
     if (isMedia(item))
-        return CImageFileConverter::mediaImage(file);
+        return m_converter->mediaImage(file);
     if (!m_converter->convert(file, format))
         return {};
     return CImageFileConverter::convertedImage(file, format);

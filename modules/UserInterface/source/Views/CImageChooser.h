@@ -22,8 +22,12 @@ public:
 
     /// Whether the item shows an image of a file.
     static bool showsImage(const CItemModel &item);
-    /// The file that the item's image was made of; empty when it is not known or gone.
+    /// The file that the item's image was made of, or the copy that the converter has left beside
+    /// what it made; empty when both are gone.
     static QString sourceOf(const CItemModel &item);
+    /// Whether another format of the item needs its image converted anew. A raw file stays what it
+    /// is; its format only says what it holds.
+    static bool isConverted(const CItemModel &item, const QString &format);
 
     /// Asks the user for the file.
     void choose(CItemModel *item);

@@ -66,6 +66,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     connect(this, QOverload<int, int>::of(&CScreenView::zoomChanged), state,
             &CEditorState::setZoom);
     connect(m_converter, &CImageFileConverter::failed, this, &CScreenView::message);
+    connect(m_converter, &CImageFileConverter::warned, this, &CScreenView::message);
     connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
     zoom(state->zoomPercent(), state->zoomType());
 }

@@ -162,7 +162,7 @@ std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString f
         return {};
     set(item, PropertyKey::FileName, file);
     if (isMedia)
-        return CImageFileConverter::mediaImage(file);
+        return m_converter->mediaImage(file);
     const QString format = item.propertyText(PropertyKey::Format);
     if (!m_converter->convert(file, format))
         return {};

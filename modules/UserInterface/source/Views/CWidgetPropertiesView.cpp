@@ -262,7 +262,7 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         propertyChanged(m_item, key, m_item->name()); // everything has a name
         return;
     }
-    if (key == PropertyKey::Format && !CImageChooser::sourceOf(*m_item).isEmpty()) {
+    if (key == PropertyKey::Format && CImageChooser::isConverted(*m_item, value.toString())) {
         changeFormat(value.toString());
         return;
     }

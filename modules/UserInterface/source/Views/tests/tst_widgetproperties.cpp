@@ -1,3 +1,4 @@
+#include "CImageChooser.h"
 #include "CPropertyManager.h"
 #include "CWidgetPropertiesView.h"
 #include "PanelTestSupport.h"
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void removedItemsAreForgotten();
     void unknownKindsShowTheirAttributes();
     void filesAreChosenInTheirRow();
+    void anotherFormatConvertsTheImageAnew_data();
+    void anotherFormatConvertsTheImageAnew();
     void formatStaysWhenTheImageCannotBeConverted();
 
 private:
@@ -615,12 +618,72 @@ void tst_WidgetProperties::filesAreChosenInTheirRow()
     QVERIFY(
         QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) + "/picture.raw"));
     QCOMPARE(stack().count(), 1);
+    QVERIFY(messages.last().first().toString().contains("size is not known"));
+    // A raw file has no other format to be converted into; it is only told what it holds.
+    static_cast<QtVariantProperty *>(m_view->row("format"))->setValue(5);
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
     stack().undo();
     QCOMPARE(document(*m_project), before);
     CProjectModel::setCurrent(nullptr);
     show("Kiv_ImageButton_T");
     line = edit<QLineEdit>("basename");
     QVERIFY(line->findChild<QAction *>("chooseFile"));
+}
+
+/// With the program's own tools.
+void tst_WidgetProperties::anotherFormatConvertsTheImageAnew_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("with its file name") << "Kiv_Bitmap_T";
+    QTest::newRow("from the copy of its file") << "Kiv_ImageButton_T";
+}
+
+void tst_WidgetProperties::anotherFormatConvertsTheImageAnew()
+{
+    QFETCH(QString, kind);
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    const QString photo = folder.filePath("photo.png");
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(photo));
+
+    CWidgetModel *bitmap = show(kind);
+    bitmap->setProperty("format", "None"); // as it is after a raw file
+    auto *chooser = m_view->findChild<CImageChooser *>();
+    QTimer::singleShot(0, this, [photo] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        dialog->setDirectory(QFileInfo(photo).path());
+        dialog->selectFile(photo);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    chooser->choose(bitmap);
+    const auto size = [&](const QString &format) {
+        const QString converted = m_project->absoluteFolder(bitmap->propertyText("bfolder"));
+        return QFileInfo(converted + "/photo_" + format + ".raw").size();
+    };
+    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
+    QCOMPARE(shown("bwidth") + "x" + shown("bheight"), QStringLiteral("40x30"));
+    QCOMPARE(size("ARGB4"), qint64(40 * 30 * 2));
+
+    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    const QStringList formats = format->attributeValue("enumNames").toStringList();
+    format->setValue(formats.indexOf("L8"));
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
+    QCOMPARE(size("L8"), qint64(40 * 30));
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
+    stack().undo();
+    QCOMPARE(shown("basename"), QString());
+    CProjectModel::setCurrent(nullptr);
+    QDir::setCurrent(before);
 }
 
 void tst_WidgetProperties::formatStaysWhenTheImageCannotBeConverted()
