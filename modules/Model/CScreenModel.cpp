@@ -49,10 +49,8 @@ void CScreenModel::saveToElement(QDomElement &element) const
 
 void CScreenModel::takeAttributes(const ItemAttributes &attributes)
 {
-    for (const ItemAttribute &attribute : attributes) {
-        if (attribute.name != PropertyKey::WorkingDirectory) // the name of the internal property
-            addProperty(makeProperty(attribute.name, PropertyType::String, attribute.text));
-    }
+    for (const ItemAttribute &attribute : attributes)
+        addProperty(makeProperty(attribute.name, PropertyType::String, attribute.text));
 }
 
 QVector<const CWidgetProperty *> CScreenModel::savedProperties() const
@@ -68,17 +66,20 @@ QVector<const CWidgetProperty *> CScreenModel::savedProperties() const
 
 int CScreenModel::propertyCount()
 {
-    return CItemModel::propertyCount() + 1;
+    return CItemModel::propertyCount() + (hasProperty(PropertyKey::WorkingDirectory) ? 0 : 1);
 }
 
 IModelProperty *CScreenModel::property(int index)
 {
     if (index < CItemModel::propertyCount()) {
         IModelProperty *property = CItemModel::property(index);
-        if (PropertyKey::Color != QLatin1String(property->name()))
+        if (PropertyKey::Color == QLatin1String(property->name())) {
+            m_color.setValueFromText(propertyText(PropertyKey::Color));
+            return &m_color;
+        }
+        // A document's own attribute of this name is kept, but the renderer gets the project's.
+        if (PropertyKey::WorkingDirectory != QLatin1String(property->name()))
             return property;
-        m_color.setValueFromText(propertyText(PropertyKey::Color));
-        return &m_color;
     }
     const CProjectModel *owner = project();
     m_workingDirectory.setValue(owner ? owner->workingDirectory() : QString());

@@ -3,9 +3,9 @@
 #include "CItemModel.h"
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
-/// For the emulator library it has one property more than properties(): the project's working
-/// directory, against which the folders of bitmaps are meant. It is in no document. The colour is
-/// handed out in its canonical form, whatever a document calls it.
+/// The emulator library is also given the project's working directory, against which the folders of
+/// bitmaps are meant; it is in no document, and an attribute of its name that a document has is kept
+/// but hidden by it. The colour is handed out in its canonical form, whatever a document calls it.
 class CScreenModel final : public CItemModel
 {
 public:

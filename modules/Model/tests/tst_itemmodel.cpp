@@ -330,14 +330,22 @@ void tst_ItemModel::rendererSeesEverything()
     QCOMPARE(page->typeName(), "Kiv_Screen_T");
     QCOMPARE(page->idText(), "");
     QCOMPARE(page->renderCommands(), "");
-    QHash<QByteArray, QByteArray> seen;
-    for (int i = 0; i < page->propertyCount(); ++i)
-        seen.insert(page->property(i)->name(), page->property(i)->valueText());
-    QCOMPARE(seen, (QHash<QByteArray, QByteArray>{{"name", "Page 1"},
-                                                  {"color", "#000000"},
-                                                  {"screen_bm_ts", ""},
-                                                  {"working_directory", "/somewhere"}}));
+    const auto verifyProperties = [page] {
+        QHash<QByteArray, QByteArray> seen;
+        for (int i = 0; i < page->propertyCount(); ++i)
+            seen.insert(page->property(i)->name(), page->property(i)->valueText());
+        QCOMPARE(seen, (QHash<QByteArray, QByteArray>{{"name", "Page 1"},
+                                                      {"color", "#000000"},
+                                                      {"screen_bm_ts", ""},
+                                                      {"working_directory", "/somewhere"}}));
+        QCOMPARE(page->propertyCount(), seen.size());
+    };
+    verifyProperties();
     QVERIFY(!screen()->hasProperty(PropertyKey::WorkingDirectory));
+    CWidgetProperty own(PropertyKey::WorkingDirectory, PropertyType::String);
+    own.setValue(QStringLiteral("/of/a/document"));
+    screen()->addProperty(own); // kept, but not what the renderer sees
+    verifyProperties();
 
     CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
     box->setProperty(PropertyKey::Id, 42);

@@ -243,7 +243,7 @@ void tst_ProjectModel::readsScreensAndItems()
     QCOMPARE(one->idString(), QStringLiteral("7"));
     QCOMPARE(one->propertyText(PropertyKey::Color), QStringLiteral("teal"));
     QCOMPARE(one->properties()[PropertyKey::Color].propertyType(), PropertyType::String);
-    QVERIFY(!one->hasProperty(PropertyKey::WorkingDirectory));
+    QVERIFY(project.saveToBytes(nullptr).contains(" working_directory=\"x\"")); // not lost
     QCOMPARE(project.screen(1)->text(), QStringLiteral("Page 2")); // a name of its own
     const CItemModel *group = project.screen(2)->childItem(0);
     QCOMPARE(group->x(), 5.0);
