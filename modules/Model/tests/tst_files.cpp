@@ -23,12 +23,9 @@ class tst_Files : public QObject
 private Q_SLOTS:
     void writesAndReplaces();
     void fullDisk();
-    void badTargets_data();
     void badTargets();
-    void foldersThatForbid_data();
     void foldersThatForbid();
     void readsRegularFilesOnly();
-    void safeNames_data();
     void safeNames();
     void hostileNamesStayInside();
     void clashes();
@@ -39,6 +36,12 @@ QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+QStringList entriesOf(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::Hidden |
+                                  QDir::NoDotAndDotDot);
 }
 
 /// Runs the check in a child process, where limits and rights can be lowered.
@@ -52,6 +55,15 @@ int inChild(Check check)
     waitpid(pid, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
+/// 0 when the bytes are written, 1 when they are refused; no file may grow past the limit.
+int writeWithLimit(const QString &path, const QByteArray &bytes, int limit)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit size = {rlim_t(limit), rlim_t(limit)};
+    if (setrlimit(RLIMIT_FSIZE, &size) != 0)
+        return 2;
+    return CFileWriter::write(path, bytes).isEmpty() ? 0 : 1;
+}
 } // namespace
 
 void tst_Files::writesAndReplaces()
@@ -64,10 +76,7 @@ void tst_Files::writesAndReplaces()
         QCOMPARE(CFileWriter::write(path, bytes), QString());
         QCOMPARE(contentOf(path), bytes);
     }
-    QCOMPARE(QDir(folder.path())
-                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
-                 .size(),
-             1);
+    QCOMPARE(entriesOf(folder.path()).size(), 1);
 }
 
 void tst_Files::fullDisk()
@@ -78,96 +87,66 @@ void tst_Files::fullDisk()
     const QByteArray fresh(20000, 'n');
     QCOMPARE(CFileWriter::write(path, old), QString());
     for (int limit = 0; limit <= 21000; limit += 500) {
-        const int result = inChild([&] {
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit size = {rlim_t(limit), rlim_t(limit)};
-            if (setrlimit(RLIMIT_FSIZE, &size) != 0)
-                return 2;
-            return CFileWriter::write(path, fresh).isEmpty() ? 0 : 1;
-        });
         const bool fits = limit >= fresh.size();
-        QCOMPARE(result, fits ? 0 : 1);
+        QCOMPARE(inChild([&] { return writeWithLimit(path, fresh, limit); }), fits ? 0 : 1);
         QVERIFY(contentOf(path) == (fits ? fresh : old));
     }
-    QCOMPARE(QDir(folder.path())
-                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
-                 .size(),
-             1);
-}
-
-void tst_Files::badTargets_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::newRow("a folder") << "folder";
-    QTest::newRow("a missing folder") << "none/file";
-    QTest::newRow("a file in place of a folder") << "file/file";
-    QTest::newRow("a pipe") << "pipe";
-    QTest::newRow("an embedded zero") << QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b");
-    QTest::newRow("a long name") << QString(300, QLatin1Char('x'));
+    QCOMPARE(entriesOf(folder.path()).size(), 1);
 }
 
 void tst_Files::badTargets()
 {
-    QFETCH(QString, path);
     QTemporaryDir folder;
     QDir(folder.path()).mkdir(QStringLiteral("folder"));
     QCOMPARE(CFileWriter::write(folder.filePath(QStringLiteral("file")), "kept"), QString());
     QCOMPARE(mkfifo(qPrintable(folder.filePath(QStringLiteral("pipe"))), 0600), 0);
-    const auto entries = [&] {
-        return QDir(folder.path())
-            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-    };
-    const QStringList before = entries();
-    const QString error = CFileWriter::write(folder.path() + QLatin1Char('/') + path, "new");
-    QVERIFY(error.contains(folder.path()));
-    QCOMPARE(entries(), before);
-    QCOMPARE(contentOf(folder.filePath(QStringLiteral("file"))), QByteArray("kept"));
+    const QStringList before = entriesOf(folder.path());
+    for (const QString &path :
+         {QString("folder"), QString("missing/file"), QString("file/file"), QString("pipe"),
+          QString::fromLatin1("a\0b", 3), QString(300, QLatin1Char('x'))}) {
+        const QString error = CFileWriter::write(folder.path() + QLatin1Char('/') + path, "new");
+        QVERIFY2(error.contains(folder.path()), qPrintable(path));
+        QCOMPARE(entriesOf(folder.path()), before);
+        QCOMPARE(contentOf(folder.filePath(QStringLiteral("file"))), QByteArray("kept"));
+    }
     QVERIFY(!CFileWriter::write(QString(), "new").isEmpty());
-}
-
-void tst_Files::foldersThatForbid_data()
-{
-    QTest::addColumn<int>("fileMode");
-    QTest::addColumn<int>("result"); // 0 written, 1 refused
-    QTest::newRow("writable file in a read-only folder") << 0666 << 0;
-    QTest::newRow("read-only file in a read-only folder") << 0444 << 1;
-    QTest::newRow("no file in a read-only folder") << 0 << 1;
 }
 
 void tst_Files::foldersThatForbid()
 {
-    QFETCH(int, fileMode);
-    QFETCH(int, result);
-    QTemporaryDir folder;
-    const QString inner = folder.filePath(QStringLiteral("inner"));
-    QVERIFY(QDir().mkdir(inner));
-    const QString path = inner + QStringLiteral("/project.nyx");
-    const QByteArray old(900, 'o');
-    if (fileMode != 0) {
-        QCOMPARE(CFileWriter::write(path, old), QString());
-        QCOMPARE(chmod(qPrintable(path), mode_t(fileMode)), 0);
-    }
-    QCOMPARE(chmod(qPrintable(folder.path()), 0755), 0);
-    QCOMPARE(chmod(qPrintable(inner), 0555), 0);
-    const auto unprivileged = [&](rlim_t limit, const QByteArray &bytes) {
-        return inChild([&] {
-            if (getuid() == 0 && setuid(65534) != 0) // root may write everywhere
-                return 2;
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit size = {limit, limit};
-            setrlimit(RLIMIT_FSIZE, &size);
-            return CFileWriter::write(path, bytes).isEmpty() ? 0 : 1;
-        });
+    const std::pair<mode_t, int> cases[] = {
+        {0666, 0}, // a writable file in a read-only folder is written in place
+        {0444, 1}, // a read-only one is refused
+        {0, 1},    // and so is a new one
     };
-    const QByteArray before = contentOf(path);
-    if (result == 0) { // a direct write that fails puts the old bytes back
-        QCOMPARE(unprivileged(1000, QByteArray(5000, 'n')), 1);
-        QCOMPARE(contentOf(path), before);
+    for (const auto &[fileMode, result] : cases) {
+        QTemporaryDir folder;
+        const QString inner = folder.filePath(QStringLiteral("inner"));
+        QVERIFY(QDir().mkdir(inner));
+        const QString path = inner + QStringLiteral("/project.nyx");
+        if (fileMode != 0) {
+            QCOMPARE(CFileWriter::write(path, QByteArray(900, 'o')), QString());
+            QCOMPARE(chmod(qPrintable(path), fileMode), 0);
+        }
+        QCOMPARE(chmod(qPrintable(folder.path()), 0755), 0);
+        QCOMPARE(chmod(qPrintable(inner), 0555), 0);
+        const auto unprivileged = [&](int limit, const QByteArray &bytes) {
+            return inChild([&] {
+                if (getuid() == 0 && setuid(65534) != 0) // root may write everywhere
+                    return 2;
+                return writeWithLimit(path, bytes, limit);
+            });
+        };
+        const QByteArray before = contentOf(path);
+        if (result == 0) { // a direct write that fails puts the old bytes back
+            QCOMPARE(unprivileged(1000, QByteArray(5000, 'n')), 1);
+            QCOMPARE(contentOf(path), before);
+        }
+        const QByteArray fresh(500, 'n');
+        QCOMPARE(unprivileged(1000000, fresh), result);
+        QCOMPARE(contentOf(path), result == 0 ? fresh : before);
+        QCOMPARE(chmod(qPrintable(inner), 0755), 0);
     }
-    const QByteArray fresh(500, 'n');
-    QCOMPARE(unprivileged(RLIM_INFINITY, fresh), result);
-    QCOMPARE(contentOf(path), result == 0 ? fresh : before);
-    QCOMPARE(chmod(qPrintable(inner), 0755), 0);
 }
 
 void tst_Files::readsRegularFilesOnly()
@@ -186,53 +165,32 @@ void tst_Files::readsRegularFilesOnly()
     }
 }
 
-void tst_Files::safeNames_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("fileName");
-    QTest::newRow("usual") << "Page 1"
-                           << "Page 1.png";
-    QTest::newRow("letters of the world") << "Küche 台所 \U0001F600"
-                                          << "Küche 台所 \U0001F600.png";
-    QTest::newRow("parent folder") << ".."
-                                   << "_.png";
-    QTest::newRow("leaves the folder") << "../../evil"
-                                       << ".._.._evil.png";
-    QTest::newRow("absolute") << "/etc/passwd"
-                              << "_etc_passwd.png";
-    QTest::newRow("drive") << "C:\\x"
-                           << "C__x.png";
-    QTest::newRow("reserved") << "a*b?c\"d<e>f|g"
-                              << "a_b_c_d_e_f_g.png";
-    QTest::newRow("embedded zero")
-        << QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b") << "a_b.png";
-    QTest::newRow("line break") << "a\nb"
-                                << "a_b.png";
-    QTest::newRow("dots and spaces at the ends") << "  a. . "
-                                                 << "a.png";
-    QTest::newRow("nothing") << ""
-                             << "_.png";
-    QTest::newRow("device") << "con"
-                            << "_con.png";
-    QTest::newRow("device with suffix") << "LPT1.old"
-                                        << "_LPT1.old.png";
-    QTest::newRow("no device") << "console"
-                               << "console.png";
-    QTest::newRow("half a surrogate pair")
-        << QString(QChar(0xD800)) + QStringLiteral("a") << "_a.png";
-    QTest::newRow("300 letters") << QString(300, QLatin1Char('x'))
-                                 << QString(251, QLatin1Char('x')) + QStringLiteral(".png");
-    QTest::newRow("300 wide letters")
-        << QString(300, QChar(0x4e00)) << QString(83, QChar(0x4e00)) + QStringLiteral(".png");
-    QTest::newRow("pairs are not cut")
-        << QString::fromUtf8("\xF0\x9F\x98\x80").repeated(100)
-        << QString::fromUtf8("\xF0\x9F\x98\x80").repeated(62) + QStringLiteral(".png");
-}
-
 void tst_Files::safeNames()
 {
-    QFETCH(QString, name);
-    QTEST(FileNames::safe(name, QStringLiteral(".png")), "fileName");
+    const QString longName(300, QLatin1Char('x'));
+    const QString smile = QStringLiteral("\U0001F600");
+    const std::pair<QString, QString> cases[] = {
+        {"Page 1", "Page 1"},
+        {"Küche 台所 \U0001F600", "Küche 台所 \U0001F600"},
+        {"..", "_"},
+        {"../../evil", ".._.._evil"},
+        {"/etc/passwd", "_etc_passwd"},
+        {"C:\\x", "C__x"},
+        {"a*b?c\"d<e>f|g", "a_b_c_d_e_f_g"},
+        {QString::fromLatin1("a\0b", 3), "a_b"},
+        {"a\nb", "a_b"},
+        {"  a. . ", "a"},
+        {"", "_"},
+        {"con", "_con"}, // a device, also with a suffix
+        {"LPT1.old", "_LPT1.old"},
+        {"console", "console"},
+        {QString(QChar(0xD800)) + QLatin1Char('a'), "_a"}, // half a surrogate pair
+        {longName, longName.left(251)},                    // 255 bytes with the suffix
+        {QString(300, QChar(0x4e00)), QString(83, QChar(0x4e00))},
+        {smile.repeated(100), smile.repeated(62)}, // pairs are not cut
+    };
+    for (const auto &[name, expected] : cases)
+        QCOMPARE(FileNames::safe(name, QStringLiteral(".png")), expected + QLatin1String(".png"));
 }
 
 void tst_Files::hostileNamesStayInside()
@@ -259,9 +217,8 @@ void tst_Files::hostileNamesStayInside()
         QCOMPARE(CFileWriter::write(path, QByteArray::number(i)), QString());
         QVERIFY(fileNames.at(i).toUtf8().size() <= 255);
     }
-    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    QCOMPARE(QDir(outer.path()).entryList(all), QStringList(QStringLiteral("inner")));
-    QCOMPARE(QDir(outer.filePath(QStringLiteral("inner"))).entryList(all).size(), 500);
+    QCOMPARE(entriesOf(outer.path()), QStringList(QStringLiteral("inner")));
+    QCOMPARE(entriesOf(outer.filePath(QStringLiteral("inner"))).size(), 500);
     for (int i = 0; i < names.size(); ++i)
         QCOMPARE(contentOf(outer.filePath(QStringLiteral("inner/") + fileNames.at(i))),
                  QByteArray::number(i));

@@ -1,7 +1,6 @@
 #include "CModelIterator.h"
 #include "ModelTestSupport.h"
 
-#include <QSet>
 #include <QSignalSpy>
 
 #include <memory>
@@ -15,13 +14,11 @@ private Q_SLOTS:
     void initTestCase() { loadTestLibrary(); }
     void init();
     void cleanup() { m_project.reset(); }
-    void sizes_data();
     void sizes();
     void sizeOfGesture();
     void twoCorners();
-    void resizeableFalseMakesRound();
-    void shortCoordinateNames();
     void numbersThatAreNone();
+    void keysThatMeanMore();
     void observerIsTold();
     void missingPropertyComesAndGoes();
     void newScreensHaveUnusedNames();
@@ -35,7 +32,6 @@ private Q_SLOTS:
     void rendererGetsScreenColorsInOneForm();
     void propertyIndexSurvivesChanges();
     void walkIsBackToFront();
-    void walkOfEmptyScreen();
 
 private:
     CScreenModel *screen() { return m_project->screen(0); }
@@ -49,58 +45,47 @@ private:
     std::unique_ptr<CProjectModel> m_project;
 };
 
+namespace {
+QHash<QByteArray, QByteArray> seenByRenderer(IModelItem *item)
+{
+    QHash<QByteArray, QByteArray> seen;
+    for (int i = 0; i < item->propertyCount(); ++i)
+        seen.insert(item->property(i)->name(), item->property(i)->valueText());
+    return seen;
+}
+} // namespace
+
 void tst_ItemModel::init()
 {
     m_project = std::make_unique<CProjectModel>();
     m_project->newProject({{PropertyKey::Platform, QStringLiteral("QX110")}});
 }
 
-void tst_ItemModel::sizes_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVector<double>>("expected"); // width, height, radius
-    QTest::addColumn<QString>("definingText");     // of "radius", "point_size" or the key
-    using D = QVector<double>;
-    QTest::newRow("point size") << "Test_Dot_T"
-                                << "point_size" << QVariant(256) << D{32, 32, 16} << "256";
-    QTest::newRow("negative point size") << "Test_Dot_T"
-                                         << "point_size" << QVariant(-32) << D{4, 4, 2} << "-32";
-    QTest::newRow("radius") << "Test_Circle_T"
-                            << "radius" << QVariant(-7) << D{14, 14, 7} << "-7";
-    QTest::newRow("radius from text") << "Test_Circle_T"
-                                      << "radius" << QVariant("8") << D{16, 16, 8} << "8";
-    QTest::newRow("width of radius item") << "Test_Circle_T"
-                                          << "width" << QVariant(34) << D{34, 34, 17} << "17";
-    QTest::newRow("height of radius item") << "Test_Circle_T"
-                                           << "height" << QVariant(34) << D{34, 34, 17} << "17";
-    QTest::newRow("half rounds away from zero") << "Test_Circle_T"
-                                                << "width" << QVariant(35) << D{35, 35, 18} << "18";
-    QTest::newRow("width of point-size item")
-        << "Test_Dot_T"
-        << "width" << QVariant(33) << D{33, 33, 16.5} << "264";
-    QTest::newRow("width of box") << "Test_Box_T"
-                                  << "width" << QVariant(34) << D{34, 30, 0} << "34";
-    QTest::newRow("height of box") << "Test_Box_T"
-                                   << "height" << QVariant(34) << D{40, 34, 0} << "34";
-    QTest::newRow("absurd width") << "Test_Box_T"
-                                  << "width" << QVariant(1e300) << D{1e300, 30, 0} << "2147483647";
-}
-
 void tst_ItemModel::sizes()
 {
-    QFETCH(QString, type);
-    QFETCH(QString, key);
-    QFETCH(QVariant, value);
-    QFETCH(QVector<double>, expected);
-    CWidgetModel *item = add(newWidget(*m_project, type));
-    item->setProperty(key, value);
-    QCOMPARE((QVector<double>{item->width(), item->height(), item->radius()}), expected);
-    const QString defining = type == QLatin1String("Test_Dot_T")      ? PropertyKey::PointSize
-                             : type == QLatin1String("Test_Circle_T") ? PropertyKey::Radius
-                                                                      : key;
-    QTEST(item->propertyText(defining), "definingText");
+    // A kind, a property set, then the item's width, height and radius, and the text of the
+    // property that defines its size.
+    using Row = std::tuple<QString, QString, QVariant, QVector<double>, QString>;
+    const Row cases[] = {
+        {"Test_Dot_T", "point_size", 256, {32, 32, 16}, "point_size=256"},
+        {"Test_Dot_T", "point_size", -32, {4, 4, 2}, "point_size=-32"},
+        {"Test_Dot_T", "width", 33, {33, 33, 16.5}, "point_size=264"},
+        {"Test_Circle_T", "radius", -7, {14, 14, 7}, "radius=-7"},
+        {"Test_Circle_T", "radius", "8", {16, 16, 8}, "radius=8"},
+        {"Test_Circle_T", "width", 34, {34, 34, 17}, "radius=17"},
+        {"Test_Circle_T", "height", 34, {34, 34, 17}, "radius=17"},
+        {"Test_Circle_T", "width", 35, {35, 35, 18}, "radius=18"}, // away from zero
+        {"Test_Box_T", "width", 34, {34, 30, 0}, "width=34"},
+        {"Test_Box_T", "height", 34, {40, 34, 0}, "height=34"},
+        {"Test_Box_T", "width", 1e300, {1e300, 30, 0}, "width=2147483647"},
+    };
+    for (const auto &[type, key, value, sizes, defining] : cases) {
+        CWidgetModel *item = add(newWidget(*m_project, type));
+        item->setProperty(key, value);
+        QCOMPARE((QVector<double>{item->width(), item->height(), item->radius()}), sizes);
+        const QString name = defining.section(QLatin1Char('='), 0, 0);
+        QCOMPARE(name + QLatin1Char('=') + item->propertyText(name), defining);
+    }
 }
 
 void tst_ItemModel::sizeOfGesture()
@@ -142,26 +127,6 @@ void tst_ItemModel::twoCorners()
     QCOMPARE(line->width(), 50.0);
 }
 
-void tst_ItemModel::resizeableFalseMakesRound()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    box->setProperty(PropertyKey::Resizeable, false);
-    QVERIFY(!box->isResizeable());
-    QCOMPARE(box->geometryMode(), GeometryMode::Radius);
-    box->setProperty(PropertyKey::Width, 64);
-    QCOMPARE(box->height(), 64.0);
-}
-
-void tst_ItemModel::shortCoordinateNames()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    box->setProperty(QStringLiteral("x"), 111);
-    box->setProperty(QStringLiteral("y"), 222);
-    QCOMPARE(QPointF(box->x(), box->y()), QPointF(111, 222));
-    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("111"));
-    QVERIFY(!box->hasProperty(QStringLiteral("y")));
-}
-
 void tst_ItemModel::numbersThatAreNone()
 {
     CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
@@ -175,6 +140,21 @@ void tst_ItemModel::numbersThatAreNone()
     }
     box->setProperty(PropertyKey::Id, -5);
     QCOMPARE(box->idString(), QStringLiteral("-5"));
+}
+
+void tst_ItemModel::keysThatMeanMore()
+{
+    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    box->setProperty(QStringLiteral("x"), 111); // short for x_coordinate
+    box->setProperty(QStringLiteral("y"), 222);
+    QCOMPARE(QPointF(box->x(), box->y()), QPointF(111, 222));
+    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("111"));
+    QVERIFY(!box->hasProperty(QStringLiteral("y")));
+    box->setProperty(PropertyKey::Resizeable, false); // makes it round
+    QVERIFY(!box->isResizeable());
+    QCOMPARE(box->geometryMode(), GeometryMode::Radius);
+    box->setProperty(PropertyKey::Width, 64);
+    QCOMPARE(box->height(), 64.0);
 }
 
 void tst_ItemModel::observerIsTold()
@@ -252,9 +232,9 @@ void tst_ItemModel::cloneEqualsOriginal()
     auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T"));
     auto *group = newGroup(*m_project, {circle, newGroup(*m_project, {line})});
     group->setProperty(PropertyKey::X, 5);
-    for (CItemModel *each : {static_cast<CItemModel *>(group), static_cast<CItemModel *>(box),
-                             static_cast<CItemModel *>(alien)})
-        add(each);
+    add(group);
+    add(box);
+    add(alien);
     add(newWidget(*m_project, QStringLiteral("Test_Poly_T")))->setLocked(true);
 
     const std::unique_ptr<CItemModel> copy(screen()->clone());
@@ -318,7 +298,6 @@ void tst_ItemModel::boundsOfGroup()
 {
     auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));       // (10, 20) 40 x 30
     auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T")); // about (0, 0), 40 x 40
-    QCOMPARE(box->bounds(), QRectF(10, 20, 40, 30));
     QCOMPARE(circle->bounds(), QRectF(-20, -20, 40, 40));
     QCOMPARE(add(newGroup(*m_project, {box, circle}))->bounds(), QRectF(-20, -20, 70, 70));
 }
@@ -330,22 +309,18 @@ void tst_ItemModel::rendererSeesEverything()
     QCOMPARE(page->typeName(), "Kiv_Screen_T");
     QCOMPARE(page->idText(), "");
     QCOMPARE(page->renderCommands(), "");
-    const auto verifyProperties = [page] {
-        QHash<QByteArray, QByteArray> seen;
-        for (int i = 0; i < page->propertyCount(); ++i)
-            seen.insert(page->property(i)->name(), page->property(i)->valueText());
-        QCOMPARE(seen, (QHash<QByteArray, QByteArray>{{"name", "Page 1"},
-                                                      {"color", "#000000"},
-                                                      {"screen_bm_ts", ""},
-                                                      {"working_directory", "/somewhere"}}));
-        QCOMPARE(page->propertyCount(), seen.size());
-    };
-    verifyProperties();
+    const QHash<QByteArray, QByteArray> expected = {{"name", "Page 1"},
+                                                    {"color", "#000000"},
+                                                    {"screen_bm_ts", ""},
+                                                    {"working_directory", "/somewhere"}};
+    QCOMPARE(seenByRenderer(page), expected);
+    QCOMPARE(page->propertyCount(), 4);
     QVERIFY(!screen()->hasProperty(PropertyKey::WorkingDirectory));
     CWidgetProperty own(PropertyKey::WorkingDirectory, PropertyType::String);
     own.setValue(QStringLiteral("/of/a/document"));
     screen()->addProperty(own); // kept, but not what the renderer sees
-    verifyProperties();
+    QCOMPARE(seenByRenderer(page), expected);
+    QCOMPARE(page->propertyCount(), 4);
 
     CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
     box->setProperty(PropertyKey::Id, 42);
@@ -360,21 +335,15 @@ void tst_ItemModel::rendererSeesEverything()
 
 void tst_ItemModel::rendererGetsScreenColorsInOneForm()
 {
-    const QVector<std::pair<const char *, const char *>> cases = {{"#102030", "#102030"},
-                                                                  {"#FFF", "#ffffff"},
-                                                                  {"Navy", "#000080"},
-                                                                  {"#80ff0000", "#80ff0000"}};
+    const std::pair<const char *, QByteArray> cases[] = {{"#102030", "#102030"},
+                                                         {"#FFF", "#ffffff"},
+                                                         {"Navy", "#000080"},
+                                                         {"#80ff0000", "#80ff0000"}};
     for (const auto &[stored, seen] : cases) {
         CWidgetProperty asLoaded(PropertyKey::Color, PropertyType::String);
         asLoaded.setValueFromText(QString::fromLatin1(stored));
         screen()->addProperty(asLoaded);
-        IModelItem *page = screen();
-        QByteArrayList colors;
-        for (int i = 0; i < page->propertyCount(); ++i) {
-            if (qstrcmp(page->property(i)->name(), "color") == 0)
-                colors.append(page->property(i)->valueText());
-        }
-        QCOMPARE(colors, QByteArrayList{seen});
+        QCOMPARE(seenByRenderer(screen()).value("color"), seen);
         QCOMPARE(screen()->propertyText(PropertyKey::Color), QString::fromLatin1(stored));
     }
 }
@@ -386,14 +355,10 @@ void tst_ItemModel::propertyIndexSurvivesChanges()
         const CItemModel::PropertySet kept = box->properties(); // shared: the next change moves all
         box->setProperty(PropertyKey::X, round);
         box->setProperty(QStringLiteral("extra%1").arg(round), round);
-        QSet<QString> keys;
-        for (int i = 0; i < box->propertyCount(); ++i) {
-            IModelProperty *property = static_cast<IModelItem *>(box)->property(i);
-            const QString key = QString::fromUtf8(property->name());
-            keys.insert(key);
-            QCOMPARE(QString::fromUtf8(property->valueText()), box->propertyText(key));
-        }
-        QCOMPARE(keys.size(), box->properties().size());
+        const auto seen = seenByRenderer(box);
+        QCOMPARE(seen.size(), box->properties().size());
+        for (auto each = seen.begin(); each != seen.end(); ++each)
+            QCOMPARE(each.value(), box->propertyText(QString::fromUtf8(each.key())).toUtf8());
     }
 }
 
@@ -413,7 +378,11 @@ void tst_ItemModel::walkIsBackToFront()
     add(newGroup(*m_project, {}))->setProperty(PropertyKey::Name, QStringLiteral("empty"));
     add(named("f"));
 
-    CModelIterator iterator(screen());
+    CModelIterator iterator;
+    QVERIFY(!iterator.current());
+    iterator.next();
+    QVERIFY(!iterator.current());
+    iterator.setRoot(screen());
     for (int walk = 0; walk < 2; ++walk) {
         QVERIFY(iterator.current() == screen());
         QStringList names;
@@ -424,16 +393,6 @@ void tst_ItemModel::walkIsBackToFront()
         QVERIFY(!iterator.current());
         iterator.setRoot(screen());
     }
-}
-
-void tst_ItemModel::walkOfEmptyScreen()
-{
-    CModelIterator iterator;
-    QVERIFY(!iterator.current());
-    iterator.next();
-    iterator.setRoot(screen());
-    iterator.next();
-    QVERIFY(!iterator.current());
 }
 
 QTEST_MAIN(tst_ItemModel)

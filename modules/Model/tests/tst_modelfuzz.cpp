@@ -1,5 +1,4 @@
 #include "ModelTestSupport.h"
-#include "PlatformFilter.h"
 #include "ScreenDocuments.h"
 
 #include <QFile>
@@ -55,28 +54,14 @@ QByteArray tst_ModelFuzz::mutated(const QByteArray &source, QRandomGenerator &ra
         "-1e308",   "1e999",      "true",       "&#xFFFD;",    "#zz",     "QX1zz",
         "QX100..",  "..",         "|@|",        "12:61:00",    "a,b;;1,", "\xF0\x9F\x98\x80",
         "&amp;#0;", "4294967295", "-2147483648"};
-    static const QByteArray names[] = {"name",
-                                       "id",
-                                       "radius",
-                                       "point_size",
-                                       "x2_coordinate",
-                                       "y_coordinate",
-                                       "width",
-                                       "height",
-                                       "angle",
-                                       "resizeable",
-                                       "locked",
-                                       "heightfromfont",
-                                       "platform",
-                                       "working_directory",
-                                       "bfolder",
-                                       "pointlist",
-                                       "font",
-                                       "type",
-                                       "min"};
+    static const QByteArrayList names =
+        QByteArray("name id radius point_size x2_coordinate y_coordinate width height angle "
+                   "resizeable locked heightfromfont platform working_directory bfolder pointlist "
+                   "font type min")
+            .split(' ');
     static const QByteArray tags[] = {"Widget_Group_T", "Kiv_Screen_T", "Test_Circle_T",
                                       "Kiv_Project_T", "widget"};
-    const auto pick = [&](const auto &list) { return list[random.bounded(uint(std::size(list)))]; };
+    const auto pick = [&](const auto &list) { return list[random.bounded(int(std::size(list)))]; };
     QByteArray xml = source;
     for (int n = random.bounded(1, 6); n > 0; --n) {
         const int at = random.bounded(xml.size());
