@@ -108,6 +108,8 @@ void CMainPanels::connectPanels()
     connect(m_explorer, &CProjectExplorerView::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
+    connect(m_screens, &CScreen::viewResized, m_navigator->viewport(),
+            QOverload<>::of(&QWidget::update));
     connect(m_screens, &CScreen::currentScreenChanged, m_navigator,
             &CScreenNavigator::setCurrentScreen);
     connect(m_screens, &CScreen::currentScreenChanged, m_explorer,

@@ -74,7 +74,8 @@ QRectF CItemView::frameOfItem() const
                               : QRectF(QPointF(), size);
 }
 
-QRectF CItemView::boundingRect() const
+/// The frame, thick enough to be hit.
+QRectF CItemView::hitRect() const
 {
     QRectF rect = m_frame.normalized();
     if (rect.width() < ThinFrame)
@@ -84,12 +85,26 @@ QRectF CItemView::boundingRect() const
     return rect;
 }
 
+QTransform CItemView::turn() const
+{
+    const QPointF centre = m_frame.center();
+    return QTransform::fromTranslate(centre.x(), centre.y())
+        .rotate(shownAngle())
+        .translate(-centre.x(), -centre.y());
+}
+
+QRectF CItemView::boundingRect() const
+{
+    const QRectF rect = hitRect(); // the outline of a turned item is drawn unturned as well
+    return shownAngle() == 0 ? rect : rect.united(turn().mapRect(rect));
+}
+
 QPainterPath CItemView::shape() const
 {
     QPainterPath path;
     if (m_item->geometryMode() != GeometryMode::TwoCorners) {
-        path.addRect(boundingRect());
-        return path;
+        path.addRect(hitRect());
+        return shownAngle() == 0 ? path : turn().map(path); // where the item is seen
     }
     path.moveTo(m_frame.topLeft());
     path.lineTo(m_frame.bottomRight());
@@ -130,12 +145,12 @@ void CItemView::updatePosition()
 void CItemView::updateBounds()
 {
     const QRectF frame = frameOfItem();
-    if (frame != m_frame) {
+    if (frame != m_frame || (m_outline && m_outline->rotation() != m_item->angle())) {
         prepareGeometryChange(); // before the change: the scene still needs the old rectangle
         m_frame = frame;
+        if (m_outline)
+            m_outline->setRotation(m_item->angle());
     }
-    if (m_outline)
-        m_outline->setRotation(m_item->angle());
     updateHandles();
     update();
 }
@@ -214,30 +229,17 @@ double CItemView::shownAngle() const
     return m_outline ? m_outline->rotation() : 0.0;
 }
 
-void CItemView::showAngle(double degrees)
-{
-    if (!m_outline)
-        return;
-    m_outline->setRotation(degrees);
-    updateHandles();
-    update();
-}
-
 void CItemView::updateHandles()
 {
     if (m_outline)
         m_outline->setFrame(m_frame);
     if (!isSelected())
         return;
-    QTransform turn;
-    const QPointF centre = m_frame.center();
-    turn.translate(centre.x(), centre.y());
-    turn.rotate(shownAngle());
-    turn.translate(-centre.x(), -centre.y());
+    const QTransform turned = turn();
     for (CResizeHandle *handle : m_handles)
-        handle->place(m_frame, turn, shownAngle());
+        handle->place(m_frame, turned, shownAngle());
     if (m_rotateHandle)
-        m_rotateHandle->place(m_frame, turn, shownAngle());
+        m_rotateHandle->place(m_frame, turned, shownAngle());
 }
 
 void CItemView::showHandles(bool visible)

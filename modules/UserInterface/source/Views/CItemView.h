@@ -54,7 +54,6 @@ public:
     bool isResizable() const;
     bool isRotatable() const;
     double shownAngle() const; ///< degrees, of the frame as it is drawn
-    void showAngle(double degrees);
     CRotationOutline *rotationOutline() const { return m_outline; }
     /// The visible handle of this view at a scene position; null when there is none.
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
@@ -71,6 +70,8 @@ protected:
 
 private:
     void createGuides();
+    QRectF hitRect() const;
+    QTransform turn() const; ///< from the frame to where it is seen
 
     CItemModel *const m_item; ///< not owned
     QRectF m_frame;           ///< what handles and the scene were last told

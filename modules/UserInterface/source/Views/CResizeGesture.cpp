@@ -81,7 +81,21 @@ CResizeGesture::Geometry CResizeGesture::boxFor(const QPointF &own, Modifiers mo
     const QSizeF growth = size - m_start.size;
     const QPointF moved(movedBy(growth.width(), modifiers.fromCentre ? 0 : m_horizontal),
                         movedBy(growth.height(), modifiers.fromCentre ? 0 : m_vertical));
-    return {m_start.position + moved, size};
+    return turned({m_start.position + moved, size});
+}
+
+/// A turned box lies about its middle, so a middle that moves along the box's own axes has to move
+/// along the turned ones: what is seen of the edges that are not dragged then stays.
+CResizeGesture::Geometry CResizeGesture::turned(const Geometry &unturned) const
+{
+    if (m_degrees == 0)
+        return unturned;
+    const auto middleOf = [](const Geometry &each) {
+        return each.position + QPointF(each.size.width(), each.size.height()) / 2;
+    };
+    const QPointF moved = middleOf(unturned) - middleOf(m_start);
+    const QPointF corner = unturned.position - moved + QTransform().rotate(m_degrees).map(moved);
+    return {QPointF(std::round(corner.x()), std::round(corner.y())), unturned.size};
 }
 
 CResizeGesture::Geometry CResizeGesture::circleFor(const QPointF &own, Modifiers modifiers) const

@@ -28,7 +28,8 @@ public:
                    double degrees = 0);
 
     /// The geometry after the pointer has moved by `offset` (scene units) since the press. Edges
-    /// that are not dragged stay where they are, also when a limit stops the drag.
+    /// that are not dragged stay where they are, also when a limit stops the drag; those of turned
+    /// items as closely as a position in whole units allows.
     Geometry geometryFor(const QPointF &offset, Modifiers modifiers) const;
 
     // Which way a handle faces: -1 left or top, 1 right or bottom, 0 neither.
@@ -37,6 +38,7 @@ public:
 
 private:
     Geometry boxFor(const QPointF &own, Modifiers modifiers) const;
+    Geometry turned(const Geometry &unturned) const;
     Geometry circleFor(const QPointF &own, Modifiers modifiers) const;
     QSizeF limited(const QSizeF &size) const;
     QSizeF withAspect(const QSizeF &size) const;

@@ -128,6 +128,7 @@ void CScreen::connectView(CScreenCompositeView *page)
     connect(page, &CScreenCompositeView::renderErrors, this, &CScreen::renderErrors);
     connect(view, &CScreenView::message, this, &CScreen::message);
     connect(view, &CScreenView::mouseMovedSC, this, &CScreen::cursorMoved);
+    connect(view, &CScreenView::resized, this, &CScreen::viewResized);
     const auto ifCurrent = [this, view](auto signal) {
         return [this, view, signal](auto... values) {
             if (view == currentView())

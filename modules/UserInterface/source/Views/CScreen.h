@@ -55,6 +55,7 @@ Q_SIGNALS:
     void currentScreenChanged(CScreenModel *screen);
     void selectionChanged(const QList<CItemModel *> &items);
     void cursorMoved(QPoint position); ///< scene units
+    void viewResized();
     void widgetCountChanged(int widgets);
     void bitmapCountChanged(int bitmaps);
     void memoryUsageChanged(size_t displayListBytes, size_t graphicsMemoryBytes);

@@ -112,7 +112,7 @@ void CScreenCompositeView::updateExtent()
     QRectF extent;
     for (const CItemModel *item : m_view->selectedItems()) {
         const CItemView *itemView = m_view->screenScene()->viewOf(item);
-        extent = extent.united(itemView->boundingRect().translated(itemView->pos()));
+        extent = extent.united(itemView->sceneRect());
     }
     m_horizontalRuler->setExtent(extent.left(), extent.right());
     m_verticalRuler->setExtent(extent.top(), extent.bottom());

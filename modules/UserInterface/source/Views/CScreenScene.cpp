@@ -325,5 +325,6 @@ void CScreenScene::cancelGesture()
             view->updatePosition(); // it may stand between two whole units
     }
     hideGuides();
+    highlightObjectBehind(true);
     Q_EMIT gestureEnded();
 }

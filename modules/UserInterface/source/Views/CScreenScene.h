@@ -48,8 +48,8 @@ public:
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
     void highlightObjectBehind(bool repaint);
-    /// Where something dropped at a place lands.
-    QPointF snapped(const QPointF &proposed);
+    /// Where something dropped at a place lands; what moves there is not snapped to.
+    QPointF snapped(const QPointF &proposed, const QVector<CItemModel *> &moving = {});
     void hideGuides();
 
     // Gestures. One at a time; the model has changed live between its two ends.

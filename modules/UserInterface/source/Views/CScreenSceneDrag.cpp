@@ -109,6 +109,8 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
         grabber && grabber->data(CanvasRole::RoleKey).toInt() == CanvasRole::Handle;
     if (isHandle || !event->buttons().testFlag(Qt::LeftButton)) {
         QGraphicsScene::mouseMoveEvent(event);
+        if (isHandle)
+            highlightObjectBehind(false); // another size lies over other items
         return;
     }
     if (event->modifiers().testFlag(Qt::ShiftModifier))
@@ -197,9 +199,9 @@ QPointF CScreenScene::snappedPosition(const QPointF &proposed, const QVector<CIt
     return {x.position, y.position};
 }
 
-QPointF CScreenScene::snapped(const QPointF &proposed)
+QPointF CScreenScene::snapped(const QPointF &proposed, const QVector<CItemModel *> &moving)
 {
-    return snappedPosition(proposed, {});
+    return snappedPosition(proposed, moving);
 }
 
 void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)

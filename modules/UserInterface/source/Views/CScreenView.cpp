@@ -190,14 +190,14 @@ void CScreenView::zoom(int percent, int type)
     m_zoom = m_zoomType == CZoomComboWidget::FreeValue ? ZoomRule::clamped(percent) : percent;
 }
 
-/// Zooms about the scene point in the middle of the view.
+/// Zooms about the scene point in the middle of the view, also while all of the screen is in sight
+/// and nothing can be scrolled yet.
 void CScreenView::applyZoom(int percent)
 {
-    const QPointF centre((horizontalScrollBar()->value() + width() * 0.5) / scale(),
-                         (verticalScrollBar()->value() + height() * 0.5) / scale());
-    const QPointF before = mapFromScene(centre);
+    const QPointF middle(viewport()->width() * 0.5, viewport()->height() * 0.5);
+    const QPointF centre = viewportTransform().inverted().map(middle);
     setZoom(percent);
-    const QPointF moved = mapFromScene(centre) - before;
+    const QPointF moved = viewportTransform().map(centre) - middle;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(moved.x()));
     verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(moved.y()));
     Q_EMIT viewportMoved();
@@ -248,6 +248,7 @@ void CScreenView::resizeEvent(QResizeEvent *event)
     if (m_zoomType != CZoomComboWidget::FreeValue && isVisible())
         applyZoom(fitted(m_zoom));
     Q_EMIT viewportMoved();
+    Q_EMIT resized();
 }
 
 void CScreenView::showEvent(QShowEvent *event)

@@ -53,6 +53,7 @@ Q_SIGNALS:
     void zoomChanged(int percent, int type);
     void scaleChanged(qreal scale);
     void viewportMoved(); ///< scrolled, zoomed or resized
+    void resized();
     void itemMoved(CItemModel *item, QPointF oldPosition, QPointF newPosition);
     void message(const QString &text);
     void frameWanted(); ///< the screen looks different now
@@ -112,6 +113,8 @@ private:
     void endPan();
     void selectUnder(const QPoint &position);
     void selectCovered(const QPoint &position);
+    void cancelRubberBand();
+    bool dropItems(const QMimeData &dropped, const QPointF &scenePos);
     bool dropFiles(const QMimeData &dropped, const QPointF &scenePos);
     void create(const QString &type, const QPointF &scenePos, const QString &file);
     std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
@@ -133,6 +136,7 @@ private:
     QByteArray m_displayListBytes;
     size_t m_displayListMemory = 0;
     size_t m_graphicsMemory = 0;
+    QVector<CItemModel *> m_selectedAtPress; ///< only compared, since items may have gone since
     QPoint m_panPos;
     bool m_panning = false;
     bool m_spaceHeld = false;

@@ -64,9 +64,10 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     case Qt::Key_Escape:
-        if (!isGestureActive())
+        if (!isGestureActive() && rubberBandRect().isEmpty())
             break;
         m_scene->cancelGesture();
+        cancelRubberBand();
         event->accept();
         return;
     case Qt::Key_Space:
@@ -154,8 +155,19 @@ void CScreenView::selectCovered(const QPoint &position)
     selectCreated({views.at(next)->item()});
 }
 
+void CScreenView::cancelRubberBand()
+{
+    if (rubberBandRect().isEmpty())
+        return;
+    const QPoint position = viewport()->mapFromGlobal(QCursor::pos());
+    QMouseEvent lifted(QEvent::MouseMove, position, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QGraphicsView::mouseMoveEvent(&lifted); // a rubber band ends when no button is held
+    selectCreated(m_selectedAtPress);
+}
+
 void CScreenView::mousePressEvent(QMouseEvent *event)
 {
+    m_selectedAtPress = selectedItems();
     if (beginPan(*event))
         return;
     if (event->button() == Qt::RightButton) {

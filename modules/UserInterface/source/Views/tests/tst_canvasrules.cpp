@@ -9,6 +9,9 @@
 #include "ZoomRule.h"
 
 #include <QTest>
+#include <QTransform>
+
+#include <cmath>
 
 Q_DECLARE_METATYPE(ResizeKind)
 
@@ -121,6 +124,23 @@ void tst_CanvasRules::whatIsNotDraggedStays()
                 QCOMPARE(round.position.x() - radius, 80.0);
             if (CResizeGesture::verticalSide(handle) < 0)
                 QCOMPARE(round.position.y() + radius, 70.0);
+        }
+    }
+    // So also where a turned item is seen, but for the rounding of its position.
+    for (const double degrees : {33.0, 90.0, 160.0, 270.0, 355.0}) {
+        for (int handle = 0; handle < 8; ++handle) {
+            const CResizeGesture gesture(ResizeKind::Box, handle, {start.topLeft(), start.size()},
+                                         {{8, 8}, {200, 200}}, degrees);
+            const auto opposite = [handle, degrees](const QRectF &rect) {
+                const QPointF own(-CResizeGesture::horizontalSide(handle) * rect.width() / 2,
+                                  -CResizeGesture::verticalSide(handle) * rect.height() / 2);
+                return rect.center() + QTransform().rotate(degrees).map(own);
+            };
+            for (int step = -60; step <= 60; step += 7) {
+                const auto sized = gesture.geometryFor(QPointF(step * 0.9, step * 1.3), {});
+                const QPointF drift = opposite({sized.position, sized.size}) - opposite(start);
+                QVERIFY(std::abs(drift.x()) <= 0.5 + 1e-9 && std::abs(drift.y()) <= 0.5 + 1e-9);
+            }
         }
     }
     // The axes of an item that is turned by 90 degrees: its right edge faces down.
