@@ -1,8 +1,9 @@
-// How the explorer reorders screens by dragging them.
+// How the explorer reorders screens by dragging them, and lets items be dragged to a canvas.
 #include "CCommandOrderItem.h"
 #include "CProjectExplorerView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ItemDrag.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -21,14 +22,19 @@ constexpr int ScrollMargin = 16; ///< pixels at the edges within which the tree 
 void CProjectExplorerView::startDrag(Qt::DropActions)
 {
     CItemModel *item = itemAt(currentIndex());
-    if (!item || item->kind() != CItemModel::Kind::Screen)
+    if (!item || item->isGrouped())
         return;
-    auto *payload = new QMimeData;
-    payload->setData(dragFormat, QByteArray::number(item->row()));
     auto *drag = new QDrag(this);
-    drag->setMimeData(payload);
     const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
     drag->setPixmap(viewport()->grab(row));
+    if (item->kind() != CItemModel::Kind::Screen) {
+        drag->setMimeData(ItemDrag::toMimeData(draggedItems(item)));
+        execute(drag);
+        return;
+    }
+    auto *payload = new QMimeData;
+    payload->setData(dragFormat, QByteArray::number(item->row()));
+    drag->setMimeData(payload);
     m_dragged = item;
     execute(drag);
     // A drag that the window system broke off ends without a leave.
@@ -36,6 +42,19 @@ void CProjectExplorerView::startDrag(Qt::DropActions)
     if (back && m_wasShown)
         Q_EMIT screenActivated(static_cast<CScreenModel *>(back));
     m_dragged = nullptr;
+}
+
+/// The item that the drag began on, and what else is selected on the screens.
+QVector<CItemModel *> CProjectExplorerView::draggedItems(CItemModel *pressed) const
+{
+    QVector<CItemModel *> items{pressed};
+    for (const QModelIndex &index : selectedIndexes()) {
+        CItemModel *item = itemAt(index);
+        if (item && item != pressed && item->kind() != CItemModel::Kind::Screen &&
+            !item->isGrouped())
+            items.append(item);
+    }
+    return items;
 }
 
 void CProjectExplorerView::execute(QDrag *drag)

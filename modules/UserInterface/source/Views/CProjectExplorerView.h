@@ -15,9 +15,9 @@ class QDrag;
 class QMenu;
 
 /// The open project as a tree: screens with their widgets and groups. Its selection goes with the
-/// canvas's; screens are reordered by dragging, and cut, copied, pasted, saved and loaded through
-/// the context menu.
-/// While a screen is dragged over the tree it is out of the model, see isDragging().
+/// canvas's; screens are reordered by dragging, items dragged to a place on a canvas; pages are
+/// cut, copied, pasted, saved and loaded through the context menu. While a screen is dragged over
+/// the tree it is out of the model, see isDragging().
 class CProjectExplorerView : public QTreeView
 {
     Q_OBJECT
@@ -74,6 +74,7 @@ protected:
 private:
     CItemModel *itemAt(const QModelIndex &index) const;
     QVector<CScreenModel *> selectedScreens() const;
+    QVector<CItemModel *> draggedItems(CItemModel *pressed) const;
     void takeDraggedScreen();
     CItemModel *putScreenBack();
     void followPointer(const QPoint &position);

@@ -1,4 +1,5 @@
-// What is dropped on a screen: kinds from the palette, image and media files.
+// What is dropped on a screen: kinds from the palette, items from the explorer, image and media
+// files.
 #include "CBitmapFormatTable.h"
 #include "CCommandAddItem.h"
 #include "CEditorState.h"
@@ -9,6 +10,8 @@
 #include "CScreenView.h"
 #include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
+#include "ItemDrag.h"
+#include "ItemOperations.h"
 #include "PropertyKey.h"
 
 #include <QDataStream>
@@ -21,7 +24,6 @@
 
 namespace {
 const QString CreateMime = QStringLiteral("widget-create");
-const QString MoveMime = QStringLiteral("widget-move");
 const QString BitmapType = QStringLiteral("Kiv_Bitmap_T");
 const QString MediaType = QStringLiteral("Kiv_Media_T");
 const QString NoFormat = QStringLiteral("None");
@@ -95,7 +97,8 @@ QString draggedKind(const QMimeData &data)
 
 bool isWelcome(const QMimeData &data)
 {
-    return data.hasFormat(CreateMime) || data.hasFormat(MoveMime) || !droppedFiles(data).isEmpty();
+    return data.hasFormat(CreateMime) || data.hasFormat(ItemDrag::Mime) ||
+           !droppedFiles(data).isEmpty();
 }
 } // namespace
 
@@ -127,12 +130,38 @@ void CScreenView::dropEvent(QDropEvent *event)
     if (dropped.hasFormat(CreateMime)) {
         event->acceptProposedAction();
         create(draggedKind(dropped), scenePos, QString());
-    } else if (dropFiles(dropped, scenePos)) {
+    } else if (dropItems(dropped, scenePos) || dropFiles(dropped, scenePos)) {
         event->acceptProposedAction();
     } else {
         event->ignore();
     }
     setFocus();
+}
+
+/// The first item comes to the place, the others keep their distance from it.
+bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
+{
+    QVector<CItemModel *> items;
+    for (CItemModel *each : ItemDrag::fromMimeData(dropped, *screen()->project())) {
+        if (!each->isLocked())
+            items.append(each);
+    }
+    if (items.isEmpty())
+        return false;
+    const bool snaps = CEditorState::instance()->isSnapToGrid();
+    const QPointF place = snaps ? m_scene->snapped(scenePos, items) : scenePos;
+    m_scene->hideGuides();
+    const QPointF by = place - QPointF(items.constFirst()->x(), items.constFirst()->y());
+    QVector<QPointF> positions;
+    for (const CItemModel *each : qAsConst(items))
+        positions.append(QPointF(each->x(), each->y()) + by);
+    QUndoStack &stack = *screen()->project()->undoStack();
+    stack.beginMacro(tr("Move Selected Items"));
+    const QVector<CItemModel *> moved = ItemOperations::bringTo(*screen(), items);
+    moveAll(moved, positions);
+    stack.endMacro();
+    selectCreated(moved);
+    return true;
 }
 
 bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)

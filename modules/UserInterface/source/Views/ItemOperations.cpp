@@ -1,5 +1,6 @@
 #include "ItemOperations.h"
 
+#include "CCommandAddItem.h"
 #include "CCommandChangeItemProperty.h"
 #include "CCommandDeleteItem.h"
 #include "CCommandGroupItem.h"
@@ -206,6 +207,24 @@ void ItemOperations::remove(CScreenModel &screen, const Items &items, const QStr
     for (CItemModel *each : items)
         stack.push(new CCommandDeleteItem(each));
     stack.endMacro();
+}
+
+Items ItemOperations::bringTo(CScreenModel &screen, const Items &items)
+{
+    QUndoStack &stack = stackOf(screen);
+    QSet<QString> taken;
+    collectNames(screen, taken);
+    Items brought = items;
+    for (auto each = brought.rbegin(); each != brought.rend(); ++each) { // each goes to the front
+        if ((*each)->parentItem() == &screen)
+            continue;
+        CItemModel *const here = (*each)->clone(); // what was deleted belongs to its command
+        stack.push(new CCommandDeleteItem(*each));
+        stack.push(new CCommandAddItem(&screen, here));
+        makeNamesUnique(*here, taken, stack);
+        *each = here;
+    }
+    return brought;
 }
 
 QMimeData *ItemOperations::toMimeData(const Items &items)

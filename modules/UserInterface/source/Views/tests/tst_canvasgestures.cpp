@@ -1,101 +1,16 @@
-// What the user does on the canvas, with real mouse and key events on a shown view.
-#include "CEditorState.h"
-#include "CItemView.h"
-#include "CScreenScene.h"
-#include "CScreenView.h"
-#include "CWidgetSelectionView.h"
+// Drags on the canvas, with real mouse and key events on a shown view.
+#include "CanvasFixture.h"
 #include "CanvasRoles.h"
-#include "CanvasTestSupport.h"
-
-#include <QDropEvent>
-#include <QMimeData>
-#include <QMouseEvent>
-#include <QSignalSpy>
-#include <QUndoStack>
 
 #include <cmath>
-
-namespace {
-/// A project with one screen, shown.
-struct Canvas
-{
-    std::unique_ptr<CProjectModel> project = newTestProject();
-    CScreenModel *screen = project->screen(0);
-    QUndoStack &stack = *project->undoStack();
-    std::unique_ptr<CScreenView> view;
-
-    void show()
-    {
-        view = std::make_unique<CScreenView>(screen);
-        view->resize(760, 560);
-        view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    }
-    QPoint at(QPointF scenePos) const { return view->mapFromScene(scenePos); }
-    void mouse(QEvent::Type type, QPointF scenePos, Qt::MouseButton button,
-               Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        const QPoint pos = at(scenePos);
-        QMouseEvent event(type, pos, view->viewport()->mapToGlobal(pos), button, buttons,
-                          modifiers);
-        QCoreApplication::sendEvent(view->viewport(), &event);
-    }
-    void press(QPointF pos, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        mouse(QEvent::MouseButtonPress, pos, Qt::LeftButton, Qt::LeftButton, modifiers);
-    }
-    void move(QPointF pos, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        mouse(QEvent::MouseMove, pos, Qt::NoButton, Qt::LeftButton, modifiers);
-    }
-    void release(QPointF pos, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        mouse(QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton, modifiers);
-    }
-    void click(QPointF pos, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        press(pos, modifiers);
-        release(pos, modifiers);
-    }
-    void drag(QPointF from, QPointF to, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        press(from, modifiers);
-        for (int step = 1; step <= 4; ++step)
-            move(from + (to - from) * step / 4, modifiers);
-        release(to, modifiers);
-    }
-    /// The last step is undone and done again: the same bytes as before and after it.
-    void checkOneStep(const QByteArray &before) const
-    {
-        const QByteArray after = savedBytes(*project);
-        QVERIFY(!after.isEmpty());
-        QVERIFY(after != before);
-        QCOMPARE(stack.count(), 1);
-        stack.undo();
-        QCOMPARE(savedBytes(*project), before);
-        stack.redo();
-        QCOMPARE(savedBytes(*project), after);
-    }
-    void select(const QVector<CItemModel *> &items) const
-    {
-        view->screenScene()->selectModelItems(items);
-    }
-    CItemView *viewOf(const CItemModel *item) const { return view->screenScene()->viewOf(item); }
-};
-
-QRectF rectOf(const CItemModel *item)
-{
-    return {item->x(), item->y(), item->width(), item->height()};
-}
-} // namespace
 
 class tst_CanvasGestures : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase() { loadWidgetLibrary(); }
+    void init() { resetEditorState(); }
     void everyHandleIsOneStep_data();
     void everyHandleIsOneStep();
     void aDragSnaps_data();
@@ -106,27 +21,10 @@ private Q_SLOTS:
     void escapeRestoresTheStart();
     void aClickChangesNothing();
     void rotation();
+    void aTurnedItemIsTakenWhereItIsSeen();
     void pointsOfALine();
     void coveredHandlesCanBeDragged();
-    void clicksSelect();
-    void nudges();
-    void orderAndGroups();
-    void clipboard();
-    void dropsFromThePalette();
-    void screenAndViewFollowEachOther();
 };
-
-void tst_CanvasGestures::initTestCase()
-{
-    loadWidgetLibrary();
-}
-
-void tst_CanvasGestures::init()
-{
-    CEditorState::instance()->setSnapToGrid(true);
-    CEditorState::instance()->setGrid(true, 20, Qt::red, Qt::SolidLine);
-    CEditorState::instance()->setZoom(100, 0);
-}
 
 void tst_CanvasGestures::everyHandleIsOneStep_data()
 {
@@ -286,6 +184,7 @@ void tst_CanvasGestures::escapeRestoresTheStart()
 {
     Canvas canvas;
     CItemModel *item = appendBox(canvas.screen, 103, 107, 40, 30);
+    CItemModel *behind = appendBox(canvas.screen, 160, 160, 40, 30);
     canvas.show();
     canvas.select({item});
     const QByteArray before = savedBytes(*canvas.project);
@@ -296,7 +195,9 @@ void tst_CanvasGestures::escapeRestoresTheStart()
         canvas.move(grip + QPointF(50, 50));
         QVERIFY(savedBytes(*canvas.project) != before); // it follows live
         QVERIFY(canvas.view->isGestureActive());
+        QCOMPARE(canvas.viewOf(behind)->isHighlighted(), grip != QPointF(103, 107));
         QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+        QVERIFY(!canvas.viewOf(behind)->isHighlighted());
         QCOMPARE(savedBytes(*canvas.project), before);
         QCOMPARE(canvas.viewOf(item)->pos(), QPointF(103, 107));
         canvas.move(grip + QPointF(70, 70)); // the button is still held
@@ -305,6 +206,14 @@ void tst_CanvasGestures::escapeRestoresTheStart()
         QCOMPARE(canvas.stack.count(), 0);
         QVERIFY(!canvas.view->isGestureActive());
     }
+    canvas.press({20, 20}); // a rubber band
+    canvas.move({190, 180});
+    QCOMPARE(canvas.view->selectedItems().size(), 2);
+    QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+    canvas.move({195, 185});
+    canvas.release({195, 185});
+    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
 }
 
 void tst_CanvasGestures::aClickChangesNothing()
@@ -337,6 +246,23 @@ void tst_CanvasGestures::rotation()
     canvas.stack.undo();
     canvas.drag({230, 128}, {250, 135}, Qt::ShiftModifier);
     QCOMPARE(item->angle(), 30.0);
+}
+
+void tst_CanvasGestures::aTurnedItemIsTakenWhereItIsSeen()
+{
+    Canvas canvas;
+    CItemModel *item = appendBox(canvas.screen, 200, 150, 100, 40); // about (250, 170)
+    item->setProperty(PropertyKey::Angle, 90);                      // seen as 40 x 100
+    canvas.show();
+    canvas.drag({250, 130}, {290, 130}); // above the frame as it would be without the angle
+    QCOMPARE(item->x(), 240.0);
+    QVERIFY(canvas.viewOf(item)->isSelected());
+    canvas.click({335, 170}); // in that frame, but the item is not seen there
+    QVERIFY(!canvas.viewOf(item)->isSelected());
+    canvas.select({item});
+    item->setProperty(PropertyKey::Angle, 0);
+    canvas.click({335, 170});
+    QVERIFY(canvas.viewOf(item)->isSelected());
 }
 
 void tst_CanvasGestures::pointsOfALine()
@@ -379,230 +305,6 @@ void tst_CanvasGestures::coveredHandlesCanBeDragged()
     canvas.select({item});
     canvas.drag({140, 130}, {150, 145});
     QCOMPARE(rectOf(item), QRectF(100, 100, 50, 45));
-}
-
-void tst_CanvasGestures::clicksSelect()
-{
-    Canvas canvas;
-    CItemModel *front = appendBox(canvas.screen, 100, 100, 40, 40);
-    CItemModel *middle = appendBox(canvas.screen, 80, 80, 80, 80);
-    CItemModel *back = appendBox(canvas.screen, 60, 60, 120, 120);
-    canvas.show();
-    const auto selected = [&canvas] { return canvas.view->selectedItems(); };
-    using Items = QVector<CItemModel *>;
-    canvas.click({120, 120});
-    QCOMPARE(selected(), Items({front}));
-    canvas.click({70, 70}, Qt::ShiftModifier);
-    QCOMPARE(selected(), Items({front, back}));
-    canvas.click({90, 90}, Qt::ControlModifier);
-    QCOMPARE(selected(), Items({front, middle, back}));
-    canvas.click({400, 20});
-    QCOMPARE(selected(), Items());
-    for (CItemModel *expected : {front, middle, back, front}) {
-        canvas.click({120, 125}, Qt::AltModifier);
-        QCOMPARE(selected(), Items({expected}));
-    }
-    for (CItemModel *expected : {middle, back, front}) {
-        QTest::keyClick(canvas.view.get(), Qt::Key_Tab);
-        QCOMPARE(selected(), Items({expected}));
-    }
-    canvas.drag({50, 50}, {190, 190}); // a rubber band
-    QCOMPARE(selected(), Items({front, middle, back}));
-    canvas.view->selectInverse();
-    QCOMPARE(selected(), Items());
-    canvas.mouse(QEvent::MouseButtonPress, {70, 70}, Qt::RightButton, Qt::RightButton);
-    QCOMPARE(selected(), Items({back}));
-    QCOMPARE(canvas.stack.count(), 0);
-}
-
-void tst_CanvasGestures::nudges()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *line =
-        appendWidget(canvas.screen, "Kiv_Line_T", {{PropertyKey::X, 10}, {PropertyKey::X2, 60}});
-    canvas.show();
-    canvas.select({item});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Left, Qt::ShiftModifier);
-    QCOMPARE(item->x(), 99.0);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Down);
-    QCOMPARE(item->y(), 120.0);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Up, Qt::ControlModifier);
-    QCOMPARE(item->y(), 100.0);
-    QCOMPARE(canvas.stack.count(), 3);
-    canvas.select({item, line});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Right);
-    QCOMPARE(item->x(), 119.0);
-    QCOMPARE(line->x(), 30.0);
-    QCOMPARE(line->x2(), 80.0);
-    QCOMPARE(canvas.stack.count(), 4); // one step for both
-    canvas.select({line});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Right);
-    QCOMPARE(canvas.stack.text(4), QString("Move Object"));
-}
-
-void tst_CanvasGestures::orderAndGroups()
-{
-    Canvas canvas;
-    QVector<CItemModel *> items;
-    for (int index = 0; index < 5; ++index)
-        items.append(appendBox(canvas.screen, 40 * index, 20 * index, 30, 20));
-    canvas.show();
-    const auto order = [&canvas, &items] {
-        QString text;
-        for (int row = 0; row < canvas.screen->rowCount(); ++row)
-            text += QString::number(items.indexOf(canvas.screen->childItem(row)));
-        return text;
-    };
-    const QByteArray before = savedBytes(*canvas.project);
-    struct Case
-    {
-        void (CScreenView::*operation)();
-        QVector<int> selected;
-        QString expected;
-    };
-    const QVector<Case> cases = {
-        {&CScreenView::orderingToFront, {2, 4}, "24013"},
-        {&CScreenView::orderingToBack, {0, 2}, "13402"},
-        {&CScreenView::orderingForward, {1, 2}, "12034"},
-        {&CScreenView::orderingForward, {0, 1, 4}, "01243"},
-        {&CScreenView::orderingBackward, {2, 3}, "01423"},
-        {&CScreenView::orderingBackward, {0, 3, 4}, "10234"},
-    };
-    for (const Case &each : cases) {
-        QVector<CItemModel *> selected;
-        for (const int index : each.selected)
-            selected.append(items.at(index));
-        canvas.select(selected);
-        (canvas.view.get()->*each.operation)();
-        QCOMPARE(order(), each.expected);
-        QCOMPARE(canvas.view->selectedItems().size(), selected.size());
-        canvas.stack.undo();
-        QCOMPARE(savedBytes(*canvas.project), before);
-    }
-    canvas.stack.clear();
-    canvas.select({items.at(0), items.at(1)});
-    canvas.view->orderingToFront(); // they are there
-    QCOMPARE(canvas.stack.count(), 0);
-
-    canvas.select({items.at(1), items.at(3)});
-    canvas.view->group();
-    CItemModel *group = canvas.screen->childItem(1);
-    QCOMPARE(group->kind(), CItemModel::Kind::Group);
-    QCOMPARE(group->childItem(0), items.at(1));
-    QCOMPARE(group->childItem(1), items.at(3));
-    QCOMPARE(QPointF(group->x(), group->y()), QPointF(40, 20));
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({group}));
-    canvas.checkOneStep(before);
-    const QByteArray grouped = savedBytes(*canvas.project);
-    canvas.select({canvas.screen->childItem(1)});
-    canvas.view->ungroup();
-    QCOMPARE(order(), QString("01324"));
-    QCOMPARE(canvas.view->selectedItems().size(), 2);
-    canvas.stack.undo();
-    QCOMPARE(savedBytes(*canvas.project), grouped);
-    canvas.stack.undo();
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
-
-void tst_CanvasGestures::clipboard()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    item->setProperty(PropertyKey::Id, 7);
-    item->setProperty(PropertyKey::Name, "Lamp");
-    canvas.show();
-    canvas.select({item});
-    canvas.view->copy();
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.view->paste();
-    QCOMPARE(canvas.screen->rowCount(), 2);
-    CItemModel *pasted = canvas.screen->childItem(0);
-    QCOMPARE(pasted->name(), QString("Lamp 2"));
-    QCOMPARE(pasted->id(), 1u);
-    QCOMPARE(rectOf(pasted), rectOf(item));
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({pasted}));
-    canvas.checkOneStep(before);
-    canvas.view->paste();
-    QCOMPARE(canvas.screen->childItem(0)->name(), QString("Lamp 3"));
-    QCOMPARE(canvas.screen->childItem(0)->id(), 2u);
-    canvas.select({item});
-    canvas.view->cut();
-    QCOMPARE(canvas.screen->rowCount(), 2);
-    QVERIFY(!canvas.viewOf(item));
-    canvas.stack.setIndex(0);
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
-
-void tst_CanvasGestures::dropsFromThePalette()
-{
-    Canvas canvas;
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    CWidgetSelectionView palette;
-    palette.setToolbox(CWidgetLibraryManager::instance().toolboxModel(0x110),
-                       CWidgetLibraryManager::instance().libraryModel(0x110));
-    const auto dropData = [&canvas](const QMimeData &dropped, QPointF scenePos) {
-        QDragEnterEvent enter(canvas.at(scenePos), Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(canvas.view->viewport(), &enter);
-        QDropEvent event(canvas.at(scenePos), Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(canvas.view->viewport(), &event);
-    };
-    const auto drop = [&palette, &dropData](const QString &type, QPointF scenePos) {
-        for (int row = 0; row < palette.count(); ++row) {
-            if (palette.item(row)->data(CWidgetSelectionView::TypeRole).toString() == type)
-                palette.setCurrentRow(row);
-        }
-        const std::unique_ptr<QMimeData> dragged(palette.dragData());
-        QCOMPARE(dragged->text(), type);
-        dropData(*dragged, scenePos);
-    };
-    drop("Kiv_Arrow_T", {131, 49});
-    CItemModel *arrow = canvas.screen->childItem(0);
-    QVERIFY(arrow);
-    QCOMPARE(QPointF(arrow->x(), arrow->y()), QPointF(140, 40));
-    QCOMPARE(QPointF(arrow->x2(), arrow->y2()), QPointF(260, 40)); // it keeps its length
-    QCOMPARE(arrow->id(), 1u);
-    canvas.checkOneStep(before);
-    CEditorState::instance()->setSnapToGrid(false);
-    drop("Kiv_Rectangle_T", {131, 49});
-    QCOMPARE(QPointF(canvas.screen->childItem(0)->x(), canvas.screen->childItem(0)->y()),
-             QPointF(131, 49));
-    QMimeData unknown;
-    unknown.setData("widget-create", "?");
-    unknown.setText("Kiv_Nothing_T");
-    dropData(unknown, {10, 10});
-    QCOMPARE(canvas.screen->rowCount(), 2);
-}
-
-void tst_CanvasGestures::screenAndViewFollowEachOther()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    canvas.show();
-    item->setProperty(PropertyKey::X, 140);
-    item->setProperty(PropertyKey::Width, 55);
-    QCOMPARE(canvas.viewOf(item)->sceneRect(), QRectF(140, 100, 55, 30));
-    CItemModel *behind = appendBox(canvas.screen, 150, 110, 90, 90);
-    canvas.select({item});
-    QVERIFY(canvas.viewOf(behind)->isHighlighted());
-    QVERIFY(!canvas.viewOf(item)->isHighlighted());
-
-    QSignalSpy zoomed(canvas.view.get(), QOverload<int>::of(&CScreenView::zoomChanged));
-    canvas.view->resize(800, 400);
-    canvas.view->zoom(100, 1);
-    QCOMPARE(canvas.view->zoomPercent(), 147);
-    QCOMPARE(canvas.view->scale(), 1.47);
-    canvas.view->resize(96, 400);
-    QCOMPARE(canvas.view->zoomPercent(), 20); // fitted values know no limits
-    canvas.view->zoom(20, 0);
-    QCOMPARE(canvas.view->zoomPercent(), 50);
-    QCOMPARE(canvas.view->scale(), 0.5);
-    QVERIFY(zoomed.count() >= 3);
-
-    canvas.screen->removeRow(0);
-    QVERIFY(!canvas.viewOf(item));
-    QCOMPARE(canvas.view->screenScene()->itemViews(), {canvas.viewOf(behind)});
 }
 
 QTEST_MAIN(tst_CanvasGestures)

@@ -95,7 +95,7 @@ private Q_SLOTS:
     void dragMovesAScreen_data();
     void dragMovesAScreen();
     void dragOutsidePutsTheScreenBack();
-    void onlyScreensAreDragged();
+    void onlyScreensAreReordered();
     void copyTakesTheScreensOfAMixedSelection();
     void cutAndPasteAreOneStepEach();
     void pasteMakesValuesCanonical();
@@ -282,10 +282,15 @@ void tst_ProjectExplorer::dragOutsidePutsTheScreenBack()
     QVERIFY(m_view->isExpanded(m_project->index(1, 0)));
 }
 
-void tst_ProjectExplorer::onlyScreensAreDragged()
+void tst_ProjectExplorer::onlyScreensAreReordered()
 {
+    m_view->user = [this](QMimeData *payload) { // a widget is for the canvas
+        QCOMPARE(payload->formats(), QStringList("widget-move"));
+        m_view->enter(payload, below());
+        QVERIFY(!m_view->isDragging());
+    };
     m_view->dragFrom(m_project->index(0, 0, m_project->index(0, 0)));
-    QCOMPARE(m_view->drags, 0);
+    QCOMPARE(m_view->drags, 1);
     QMimeData foreign; // of another window or program
     foreign.setData("drag-drop-explorer", "0");
     m_view->enter(&foreign, below());
