@@ -18,4 +18,4 @@ set(SCROLL_HANDLE_HOVER "#a0a0a0")
 set(FIELD_HOVER "#383838")
 set(TOOLTIP "#1e1e1e")
 set(TOOLTIP_TEXT "#ffffff")
-set(EDITED_CELL "#8cbef0")   # ground of cell editors with black text
+set(EDITED_CELL "#8aa6c2")   # ground of cell editors with black text

@@ -1,10 +1,10 @@
 #include "CTheme.h"
 
 #include "CThemeIcons.h"
+#include "CThemeStyle.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QStyleFactory>
 #include <QWidget>
 
 namespace {
@@ -40,8 +40,11 @@ void CTheme::apply(Kind kind)
     m_name = nameOf(kind);
     CThemeIcons::setTheme(m_name);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new CThemeStyle);
     QApplication::setPalette(palette(kind));
+    // Only a polished window hands a new sheet on to children that were polished with the old one,
+    // as those are whose size was asked for before the window is shown.
+    m_window->ensurePolished();
     m_window->setStyleSheet(
         readStyleSheet(QStringLiteral(":/qss/") + m_name + QStringLiteral(".qss")));
 }

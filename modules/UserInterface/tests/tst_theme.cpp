@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QFileIconProvider>
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
@@ -128,6 +129,8 @@ private Q_SLOTS:
     void styleSheetIsComplete_data();
     void styleSheetIsComplete();
     void applyPutsEverythingInForce();
+    void applyReachesWhatIsPolishedEarly();
+    void filesHaveThePicturesOfTheTheme();
     void iconIsLegible_data();
     void iconIsLegible();
     void iconsAreDifferent();
@@ -230,6 +233,37 @@ void tst_Theme::applyPutsEverythingInForce()
     }
     qInstallMessageHandler(previousHandler);
     QCOMPARE(warnings, 0); // a sheet that cannot be parsed is only warned of
+}
+
+/// A panel whose size was asked for before the window is shown has the first theme's colours, and
+/// is to follow when the settings name the other theme.
+void tst_Theme::applyReachesWhatIsPolishedEarly()
+{
+    QMainWindow window;
+    CTheme theme(&window);
+    theme.apply(CTheme::Kind::Dark);
+    auto *list = new QListWidget(&window);
+    list->ensurePolished();
+    theme.apply(CTheme::Kind::Light);
+    const QPalette expected = CTheme::palette(CTheme::Kind::Light);
+    for (const auto role : {QPalette::Base, QPalette::Text})
+        QCOMPARE(list->palette().color(role).name(), expected.color(role).name());
+}
+
+void tst_Theme::filesHaveThePicturesOfTheTheme()
+{
+    QMainWindow window;
+    CTheme(&window).apply(CTheme::Kind::Light);
+    const QFileIconProvider provider;
+    using Provider = QFileIconProvider;
+    for (const auto type : {Provider::Folder, Provider::File, Provider::Computer}) {
+        const QIcon icon = provider.icon(type);
+        for (const QString &theme : {dark, light}) {
+            CThemeIcons::setTheme(theme);
+            const QImage picture = icon.pixmap(24, 24).toImage();
+            QVERIFY(inkOf(picture, windowColour(theme)).contrast >= 3.0);
+        }
+    }
 }
 
 void tst_Theme::iconIsLegible_data()

@@ -19,10 +19,16 @@ namespace {
 const QSize IconSize(256, 224);
 
 /// The picture as it fits; a frame for a screen that has none yet.
-QIcon iconOf(const QPixmap &picture)
+QIcon iconOf(const QPixmap &picture, double ratio)
 {
-    if (!picture.isNull())
-        return QIcon(picture.scaled(IconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    if (!picture.isNull()) {
+        QPixmap fitting =
+            picture.scaled(IconSize * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        fitting.setDevicePixelRatio(ratio);
+        QIcon icon(fitting);
+        icon.addPixmap(fitting, QIcon::Selected); // picked ones keep their colours
+        return icon;
+    }
     QPixmap frame(IconSize.width(), IconSize.width() * 9 / 16);
     frame.fill(Qt::transparent);
     QPainter painter(&frame);
@@ -100,7 +106,7 @@ void CPrintScreenDialog::fill()
 {
     const Pictures pictures = m_pictures();
     for (const auto &[name, picture] : pictures) {
-        auto *item = new QListWidgetItem(iconOf(picture), name, m_screens);
+        auto *item = new QListWidgetItem(iconOf(picture, devicePixelRatioF()), name, m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
         m_shown.append(picture.cacheKey());
@@ -116,7 +122,7 @@ void CPrintScreenDialog::refresh()
         if (m_shown.at(row) == picture.cacheKey())
             continue;
         m_shown[row] = picture.cacheKey();
-        m_screens->item(row)->setIcon(iconOf(picture));
+        m_screens->item(row)->setIcon(iconOf(picture, devicePixelRatioF()));
     }
 }
 

@@ -181,7 +181,9 @@ void CScreenNavigator::showThumbnail(QListWidgetItem *entry, const QPixmap &fram
     else
         thumbnail = frame.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     thumbnail.setDevicePixelRatio(ratio);
-    entry->setIcon(QIcon(thumbnail));
+    QIcon icon(thumbnail);
+    icon.addPixmap(thumbnail, QIcon::Selected); // else the style would tint it, and colours matter
+    entry->setIcon(icon);
     entry->setToolTip(entry->text());
 }
 
