@@ -179,7 +179,9 @@ void CWidgetPropertiesView::addScreenRows()
 {
     addRow(PropertyKey::Name);
     addProperty(m_manager->addText(QStringLiteral("type"), tr("KIV Screen")));
-    addRow(PropertyKey::Color);
+    CWidgetProperty colour(PropertyKey::Color, PropertyType::Rgb); // a text where it was read
+    colour.setValueFromText(m_item->propertyText(PropertyKey::Color));
+    addRow(colour);
 }
 
 void CWidgetPropertiesView::addGroupRows()

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void cleanup();
 
     void rowsOfEachKindOfItem();
+    void screensThatWereReadHaveAColourToo();
     void noneAndSeveralItemsShowAText();
     void lockedItemsAreNotEdited();
     void typedNumberIsOneStep();
@@ -140,6 +141,33 @@ void tst_WidgetProperties::rowsOfEachKindOfItem()
     m_view->showIndexes({bitmap->index()});
     QCOMPARE(rows(), keys);
     QCOMPARE(stack().count(), 0);
+}
+
+/// What a document gives a screen are texts.
+void tst_WidgetProperties::screensThatWereReadHaveAColourToo()
+{
+    QVERIFY(m_project->loadFromBytes(
+        "<Kiv_Project_T platform='QX110'><Kiv_Screen_T name='A' color='teal'/></Kiv_Project_T>",
+        nullptr));
+    CScreenModel *screen = m_project->screen(0);
+    m_view->showItems({screen});
+    QCOMPARE(shown("color"), QStringLiteral("#008080"));
+    QCOMPARE(treeRow("color")->childCount(), 4);
+    for (const char *colour : {"#80102030", "#102030"}) {
+        auto *text = edit<QLineEdit>("color");
+        text->selectAll();
+        QTest::keyClicks(text, colour);
+        QTest::keyClick(text, Qt::Key_Return);
+        QTRY_VERIFY(!tree()->viewport()->findChild<QLineEdit *>());
+        QCOMPARE(screen->propertyText(PropertyKey::Color), QString(colour));
+    }
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    stack().undo();
+    QCOMPARE(shown("color"), QStringLiteral("#008080"));
+    QCOMPARE(screen->propertyText(PropertyKey::Color), QStringLiteral("teal"));
+    QVERIFY(document(*m_project).contains("color=\"teal\""));
+    QCOMPARE(stack().count(), 2);
 }
 
 void tst_WidgetProperties::noneAndSeveralItemsShowAText()
