@@ -105,7 +105,7 @@ void CMainPanels::connectPanels()
 {
     connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
             &CMainPanels::selectionChanged);
-    connect(m_explorer, &CProjectExplorerView::screenActivated, m_screens, &CScreen::openScreen);
+    connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
     connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_screens, &CScreen::viewResized, m_navigator->viewport(),
@@ -182,13 +182,19 @@ void CMainPanels::showPalette()
 
 void CMainPanels::selectionChanged(const QModelIndexList &selected)
 {
+    const QList<CItemModel *> items = itemsAt(selected);
+    m_screens->selectItems(items);
+    showSelection(items);
+}
+
+QList<CItemModel *> CMainPanels::itemsAt(const QModelIndexList &indexes) const
+{
     QList<CItemModel *> items;
-    for (const QModelIndex &each : selected) {
+    for (const QModelIndex &each : indexes) {
         if (CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(each)))
             items.append(item);
     }
-    m_screens->selectItems(items);
-    showSelection(items);
+    return items;
 }
 
 QList<CItemModel *> CMainPanels::selectedItems() const
@@ -208,6 +214,18 @@ QList<CItemModel *> CMainPanels::selectedItems() const
     std::copy_if(items.begin(), items.end(), std::back_inserter(topmost),
                  [&](const CItemModel *each) { return !isBelowOneOf(items, each); });
     return topmost;
+}
+
+/// Of the explorer, whose selection stays: the canvas of another screen has one of its own, which
+/// it tells when it comes forward.
+void CMainPanels::showScreen(CScreenModel *screen)
+{
+    const QModelIndexList selected = m_explorer->selectionModel()->selectedIndexes();
+    m_screens->openScreen(screen);
+    const QList<CItemModel *> items = itemsAt(selected);
+    m_screens->selectItems(items);
+    m_explorer->selectItems(items);
+    showSelection(items);
 }
 
 void CMainPanels::showSelection(const QList<CItemModel *> &items)

@@ -10,6 +10,7 @@ class COutputWindowView;
 class CProjectExplorerView;
 class CProjectModel;
 class CScreen;
+class CScreenModel;
 class CScreenNavigator;
 class CStatusBar;
 class CWidgetPropertiesView;
@@ -55,6 +56,8 @@ private:
     void makePanels();
     void connectPanels();
     void showPalette();
+    void showScreen(CScreenModel *screen);
+    QList<CItemModel *> itemsAt(const QModelIndexList &indexes) const;
     void showSelection(const QList<CItemModel *> &items);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);

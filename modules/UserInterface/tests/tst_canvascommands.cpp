@@ -9,6 +9,7 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenView.h"
+#include "CWidgetPropertiesView.h"
 #include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
 
@@ -260,6 +261,18 @@ private Q_SLOTS:
         });
         m_window->printScreen();
         QVERIFY(m_answers->allGiven());
+    }
+
+    void theExplorersSelectionStaysWhenAnotherPageIsShown()
+    {
+        auto *explorer = m_window->findChild<CProjectExplorerView *>();
+        CScreenModel *second = m_window->project()->screen(1);
+        select("A");
+        explorer->selectionModel()->select(second->index(), QItemSelectionModel::ClearAndSelect);
+        Q_EMIT explorer->clicked(second->index());
+        QCOMPARE(m_screens->currentScreen(), second);
+        QCOMPARE(explorer->selectionModel()->selectedIndexes(), QModelIndexList{second->index()});
+        QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), second);
     }
 
     void theExplorerHasOneContextMenu()

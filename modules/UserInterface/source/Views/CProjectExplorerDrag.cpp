@@ -38,9 +38,8 @@ void CProjectExplorerView::startDrag(Qt::DropActions)
     m_dragged = item;
     execute(drag);
     // A drag that the window system broke off ends without a leave.
-    CItemModel *back = putScreenBack();
-    if (back && m_wasShown)
-        Q_EMIT screenActivated(static_cast<CScreenModel *>(back));
+    if (CItemModel *back = putScreenBack())
+        settle(*back);
     m_dragged = nullptr;
 }
 
@@ -67,6 +66,7 @@ void CProjectExplorerView::takeDraggedScreen()
 {
     m_takenRow = m_dragged->row();
     m_wasShown = m_dragged == m_shownScreen;
+    m_wasExpanded = isExpanded(m_dragged->index());
     m_dragged->setMoving(true);
     m_project->takeRow(m_takenRow);
     m_taken.reset(m_dragged);
@@ -85,8 +85,17 @@ CItemModel *CProjectExplorerView::putScreenBack()
     CItemModel *screen = m_taken.release();
     m_project->insertRow(m_takenRow, screen);
     screen->setMoving(false);
-    expandRecursively(screen->index());
     return screen;
+}
+
+/// A screen that was away is selected, open and shown again as it was.
+void CProjectExplorerView::settle(CItemModel &screen)
+{
+    if (m_wasExpanded)
+        expandRecursively(screen.index());
+    selectionModel()->setCurrentIndex(screen.index(), QItemSelectionModel::ClearAndSelect);
+    if (m_wasShown)
+        Q_EMIT screenActivated(static_cast<CScreenModel *>(&screen));
 }
 
 void CProjectExplorerView::dragEnterEvent(QDragEnterEvent *event)
@@ -121,9 +130,8 @@ void CProjectExplorerView::dragMoveEvent(QDragMoveEvent *event)
 
 void CProjectExplorerView::dragLeaveEvent(QDragLeaveEvent *event)
 {
-    CItemModel *back = putScreenBack();
-    if (back && m_wasShown)
-        Q_EMIT screenActivated(static_cast<CScreenModel *>(back));
+    if (CItemModel *back = putScreenBack())
+        settle(*back);
     event->accept();
 }
 
@@ -138,41 +146,40 @@ void CProjectExplorerView::dropEvent(QDropEvent *event)
     event->accept();
     // The order is as if the screen were not there, so behind all is its own number less.
     const int target = m_targetRow < 0 ? m_project->rowCount() - 1 : m_targetRow;
-    if (target != m_takenRow) {
+    if (target != m_takenRow)
         m_project->undoStack()->push(new CCommandOrderItem(screen, target));
-        expandRecursively(screen->index());
-    }
-    if (m_wasShown)
-        Q_EMIT screenActivated(static_cast<CScreenModel *>(screen));
+    settle(*screen);
 }
 
-/// The gap between screens that is nearest: above a screen's own row in its upper half, otherwise
-/// below all that belongs to it.
+/// Below the last row that is shown of all that belongs to an item.
+int CProjectExplorerView::bottomOf(QModelIndex item) const
+{
+    while (isExpanded(item) && m_project->rowCount(item) > 0)
+        item = m_project->index(m_project->rowCount(item) - 1, 0, item);
+    return item.isValid() ? visualRect(item).bottom() + 1 : 0;
+}
+
+/// The gap between screens that is nearest: above the screen under the pointer, or below all that
+/// belongs to it.
 void CProjectExplorerView::followPointer(const QPoint &position)
 {
-    const QModelIndex under = indexAt(QPoint(viewport()->rect().left() + 1, position.y()));
-    QModelIndex screen = under;
+    QModelIndex screen = indexAt(QPoint(viewport()->rect().left() + 1, position.y()));
     while (screen.parent().isValid())
         screen = screen.parent();
-    const bool isAbove =
-        screen.isValid() && under == screen && position.y() < visualRect(screen).center().y();
 
     int y = 0;
     if (!screen.isValid()) {
         m_targetRow = -1;
+        y = bottomOf(m_project->index(m_project->rowCount() - 1, 0));
     } else {
+        const int top = visualRect(screen).top();
+        const int bottom = bottomOf(screen);
+        const bool isAbove = position.y() - top < bottom - position.y();
         m_targetRow = isAbove ? screen.row() : screen.row() + 1;
+        y = isAbove ? top : bottom;
     }
-    const QModelIndex next = m_targetRow < 0 ? QModelIndex() : m_project->index(m_targetRow, 0);
-    if (next.isValid()) {
-        y = visualRect(next).top();
-    } else { // below the last row that is shown
-        QModelIndex last = m_project->index(m_project->rowCount() - 1, 0);
-        while (last.isValid() && isExpanded(last) && m_project->rowCount(last) > 0)
-            last = m_project->index(m_project->rowCount(last) - 1, 0, last);
-        y = last.isValid() ? visualRect(last).bottom() + 1 : 0;
-    }
-    m_indicator->setGeometry(0, y - IndicatorHeight / 2, viewport()->width(), IndicatorHeight);
+    m_indicator->setGeometry(0, qMax(0, y - IndicatorHeight / 2), viewport()->width(),
+                             IndicatorHeight);
     m_indicator->raise();
 }
 

@@ -77,6 +77,8 @@ private:
     QVector<CItemModel *> draggedItems(CItemModel *pressed) const;
     void takeDraggedScreen();
     CItemModel *putScreenBack();
+    void settle(CItemModel &screen);
+    int bottomOf(QModelIndex item) const;
     void followPointer(const QPoint &position);
     void parkIndicator();
     void toClipboard(QMimeData *pages, const QString &error);
@@ -93,5 +95,6 @@ private:
     int m_takenRow = -1;
     int m_targetRow = -1; ///< as if the taken row were not there; -1: behind all
     bool m_wasShown = false;
+    bool m_wasExpanded = false;
     CScreenModel *m_shownScreen = nullptr; ///< compared only, never followed
 };

@@ -48,6 +48,7 @@ void CScreenNavigator::setProject(CProjectModel *project)
         m_project->disconnect(this);
     CEmulatorAdapter::instance()->withdraw(this);
     m_requested = nullptr;
+    m_current = nullptr;
     m_project = project;
     m_frames.clear();
     m_changed.clear();
@@ -69,8 +70,6 @@ void CScreenNavigator::setProject(CProjectModel *project)
 /// A row for each screen, in the project's order. Frames of screens that are still there are kept.
 void CScreenNavigator::rebuild()
 {
-    const CScreenModel *current =
-        m_project && currentRow() >= 0 ? m_project->screen(currentRow()) : nullptr;
     clear();
     QHash<const CScreenModel *, QPixmap> frames;
     QList<CScreenModel *> changed;
@@ -82,7 +81,7 @@ void CScreenNavigator::rebuild()
             frames.insert(screen, m_frames.value(screen));
         if (!m_frames.contains(screen) || m_changed.contains(screen))
             changed.append(screen);
-        if (screen == current)
+        if (screen == m_current)
             setCurrentItem(entry);
     }
     m_frames = frames;
@@ -115,6 +114,7 @@ QListWidgetItem *CScreenNavigator::entryOf(const CScreenModel *screen) const
 
 void CScreenNavigator::setCurrentScreen(CScreenModel *screen)
 {
+    m_current = screen;
     setCurrentItem(entryOf(screen));
 }
 

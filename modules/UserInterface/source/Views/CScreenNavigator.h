@@ -56,5 +56,6 @@ private:
     QHash<const CScreenModel *, QPixmap> m_frames;
     QList<CScreenModel *> m_changed; ///< waiting for their frames, in order
     CScreenModel *m_requested = nullptr;
+    const CScreenModel *m_current = nullptr; ///< the marked one; compared only
     bool m_areAllWanted = false;
 };

@@ -246,6 +246,8 @@ void tst_ProjectExplorer::dragMovesAScreen()
         QVERIFY(m_view->viewport()->rect().intersects(indicator->geometry()));
         m_view->drop(data, place);
         QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
+        QCOMPARE(m_view->selectionModel()->selectedIndexes(), QModelIndexList{dragged->index()});
+        QVERIFY(m_view->isExpanded(dragged->index()));
     };
     m_view->dragFrom(m_project->index(from, 0));
     QCOMPARE(m_view->drags, 1);
