@@ -106,9 +106,7 @@ void CFakeEmulator::record(const QString &call)
 
 void CFakeEmulator::take(const SRequest &request)
 {
-    record(
-        QStringLiteral("render %1 %2")
-            .arg(request.background ? QStringLiteral("bg") : QStringLiteral("fg"), request.screen));
+    record((request.background ? "render bg " : "render fg ") + request.screen);
     m_requests.append(request);
     if (m_autoAnswer)
         answer(m_autoAnswer(request));

@@ -51,7 +51,7 @@ private:
 
 void tst_AdapterWithLibrary::initTestCase()
 {
-    QFile script(m_folder.filePath(QStringLiteral("kiv_render.lua")));
+    QFile script(m_folder.filePath("kiv_render.lua"));
     QVERIFY(script.open(QIODevice::WriteOnly));
     script.write("function render(screen) clear(screen.color) end");
     script.close();
@@ -60,7 +60,7 @@ void tst_AdapterWithLibrary::initTestCase()
 
 void tst_AdapterWithLibrary::init()
 {
-    m_project = testProject({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+    m_project = testProject({"A", "B", "C"});
     m_session.open(m_project.get());
     m_shown.clear();
     m_receiver = std::make_unique<QObject>();

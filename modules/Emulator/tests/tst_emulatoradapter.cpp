@@ -28,10 +28,7 @@ private Q_SLOTS:
     void queueRules_data();
     void queueRules();
     void passesValuesOn();
-    void buildsThePixmapRowByRow();
-    void anEmptyFrameCompletesTheRequest_data();
-    void anEmptyFrameCompletesTheRequest();
-    void readsNullPointersAsEmpty();
+    void emptyAnswersCompleteTheRequest();
     void walksTheItemsOfTheScreen();
     void survivesRandomInterleaving();
 
@@ -42,7 +39,7 @@ private:
     CScreenModel *screen(const QString &name) const;
     void *observer(const QString &name) { return &m_observers[name]; }
     QString nameOf(void *observer) const;
-    void tell(const QString &signal, void *observer);
+    void tell(const char *signal, void *observer);
 
     QTemporaryDir m_folder;
     CEmulatorAdapter *m_adapter = CEmulatorAdapter::instance();
@@ -51,12 +48,16 @@ private:
     std::multimap<QString, std::unique_ptr<CModelIterator>> m_iterators; ///< by requester
     std::map<QString, int> m_observers; ///< by screen; only the addresses matter
     QStringList m_log;
+    SFakeAnswer m_told; ///< what the last signals said, but for these:
+    QString m_toldText;
+    QImage m_pixmap;
+    QVector<argb8888> m_pixels;
     FrameHook m_onFrame; ///< run once, within the next frame signal
 };
 
 void tst_EmulatorAdapter::initTestCase()
 {
-    QFile script(m_folder.filePath(QStringLiteral("kiv_render.lua")));
+    QFile script(m_folder.filePath("kiv_render.lua"));
     QVERIFY(script.open(QIODevice::WriteOnly));
 }
 
@@ -67,29 +68,45 @@ void tst_EmulatorAdapter::init()
     m_project = testProject(
         {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D")});
     CFakeEmulator::instance().reset([this](const QString &call) { m_log.append(call); });
-    QVERIFY(m_adapter->registerEmulator(m_folder.filePath(QStringLiteral("kiv_render.lua"))));
+    QVERIFY(m_adapter->registerEmulator(m_folder.filePath("kiv_render.lua")));
     m_adapter->followProject(m_project.get());
     m_log.clear();
 
     m_receiver = std::make_unique<QObject>();
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
-            [this](bool, const QPixmap &, uint32_t, uint32_t, void *observer, size_t) {
-                tell(QStringLiteral("frame"), observer);
+    using Adapter = CEmulatorAdapter;
+    connect(m_adapter, &Adapter::emulatorFrameCallback, m_receiver.get(),
+            [this](bool output, const QPixmap &pixmap, uint32_t width, uint32_t height,
+                   void *observer, size_t ramDl) {
+                tell(output ? "frame" : "frame of the background", observer);
+                m_pixmap = pixmap.toImage();
+                m_told.width = width;
+                m_told.height = height;
+                m_told.ramDl = ramDl;
                 if (const FrameHook hook = std::exchange(m_onFrame, {}))
                     hook();
             });
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(),
-            [this](const QString &, const QByteArray &, void *observer, size_t, char *) {
-                tell(QStringLiteral("dl"), observer);
+    connect(m_adapter, &Adapter::emulatorBackgroundFrameCallback, m_receiver.get(),
+            [this](bool output, const argb8888 *buffer, uint32_t width, uint32_t height,
+                   void *observer, size_t ramDl) {
+                tell(output ? "bgframe of the foreground" : "bgframe", observer);
+                m_pixels.resize(int(width * height));
+                std::copy_n(buffer, m_pixels.size(), m_pixels.begin());
+                m_told.width = width;
+                m_told.height = height;
+                m_told.ramDl = ramDl;
             });
-    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, m_receiver.get(),
-            [this](bool, const argb8888 *, uint32_t, uint32_t, void *observer, size_t) {
-                tell(QStringLiteral("bgframe"), observer);
-            });
-    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, m_receiver.get(),
-            [this](const QString &, const QByteArray &, void *observer, size_t, char *) {
-                tell(QStringLiteral("bgdl"), observer);
-            });
+    const auto list = [this](const char *signal) {
+        return [this, signal](const QString &text, const QByteArray &bytes, void *observer,
+                              size_t ramG, char *errors) {
+            tell(signal, observer);
+            m_toldText = text;
+            m_told.bytes = bytes;
+            m_told.ramG = ramG;
+            m_told.errors = errors;
+        };
+    };
+    connect(m_adapter, &Adapter::emulatorFrameDLCallback, m_receiver.get(), list("dl"));
+    connect(m_adapter, &Adapter::emulatorBackgroundFrameDLCallback, m_receiver.get(), list("bgdl"));
 }
 
 void tst_EmulatorAdapter::cleanup()
@@ -113,75 +130,72 @@ QString tst_EmulatorAdapter::nameOf(void *observer) const
     return observer ? QStringLiteral("?") : QStringLiteral("null");
 }
 
-void tst_EmulatorAdapter::tell(const QString &signal, void *observer)
+void tst_EmulatorAdapter::tell(const char *signal, void *observer)
 {
-    m_log.append(signal + QLatin1Char(' ') + nameOf(observer));
+    m_log.append(QLatin1String(signal) + QLatin1Char(' ') + nameOf(observer));
 }
 
 /// Runs one event; all but "… unseen" let the adapter see what was posted to it.
 void tst_EmulatorAdapter::run(const QString &event)
 {
     CFakeEmulator &fake = CFakeEmulator::instance();
-    const QStringList words = event.split(QLatin1Char(' '));
+    const QStringList words = event.split(' ');
     const QString &verb = words[0];
     const QString name = words.value(1);
-    const bool unseen = words.contains(QStringLiteral("unseen"));
-    if (verb == QLatin1String("fg")) {
-        const bool anonymous = words.contains(QStringLiteral("anonymous"));
-        m_adapter->renderForeground(screen(name), anonymous ? nullptr : observer(name));
-    } else if (verb == QLatin1String("bg")) {
+    if (verb == "fg") {
+        m_adapter->renderForeground(screen(name),
+                                    words.contains("anonymous") ? nullptr : observer(name));
+    } else if (verb == "bg") {
         const auto made = m_iterators.emplace(name, std::make_unique<CModelIterator>(screen(name)));
         m_adapter->renderBackground(made->second.get(), observer(name));
-    } else if (verb == QLatin1String("answer")) {
+    } else if (verb == "answer") {
         QVERIFY2(fake.answer(), "nothing to answer");
-    } else if (verb == QLatin1String("list")) {
+    } else if (verb == "list") {
         QVERIFY2(fake.answerDisplayList(), "nothing to answer");
-    } else if (verb == QLatin1String("partial")) {
+    } else if (verb == "partial") {
         QVERIFY2(fake.answerFrame({}, 0xFFFFFFFE), "nothing to answer");
-    } else if (verb == QLatin1String("stop")) {
+    } else if (verb == "stop") {
         m_adapter->emulatorStop();
-    } else if (verb == QLatin1String("start")) {
+    } else if (verb == "start") {
         m_adapter->emulatorStart(name.toUInt());
-    } else if (verb == QLatin1String("remove")) {
+    } else if (verb == "remove") {
         m_project->removeRow(screen(name)->row());
-    } else if (verb == QLatin1String("close")) {
+    } else if (verb == "close") {
         m_project.reset();
-    } else if (verb == QLatin1String("withdraw")) {
+    } else if (verb == "withdraw") {
         m_adapter->withdraw(observer(name));
         m_iterators.erase(name);
-    } else if (verb == QLatin1String("onframe")) {
+    } else if (verb == "onframe") {
         m_onFrame = [this, then = event.mid(8)] {
-            for (const QString &each : then.split(QLatin1Char('+')))
+            for (const QString &each : then.split('+'))
                 run(each);
         };
     } else {
         QFAIL(qPrintable(event));
     }
-    if (!unseen)
+    if (!words.contains("unseen"))
         QCoreApplication::sendPostedEvents(m_adapter);
 }
 
 void tst_EmulatorAdapter::ignoresRequestsUntilRegistered()
 {
-    QVERIFY(!m_adapter->registerEmulator(m_folder.filePath(QStringLiteral("missing.lua"))));
+    QVERIFY(!m_adapter->registerEmulator(m_folder.filePath("missing.lua")));
     QVERIFY(!m_adapter->registerEmulator(m_folder.path())); // a folder is no script
-    run(QStringLiteral("fg A"));
-    run(QStringLiteral("bg B"));
+    run("fg A");
+    run("bg B");
     QCOMPARE(m_log, QStringList());
     QVERIFY(!m_adapter->isBusy());
 }
 
 void tst_EmulatorAdapter::registersAScriptFile()
 {
-    const QString script = m_folder.filePath(QStringLiteral("kiv_render.lua"));
+    const QString script = m_folder.filePath("kiv_render.lua");
     QVERIFY(m_adapter->registerEmulator(script));
     m_adapter->emulatorStart(0x110);
     m_adapter->emulatorConfigScreen(480, 272);
     m_adapter->emulatorStop();
-    QCOMPARE(
-        m_log,
-        QStringList({QStringLiteral("emu register"), QStringLiteral("emu start %1 272").arg(script),
-                     QStringLiteral("emu config 480 272"), QStringLiteral("emu stop")}));
+    QCOMPARE(m_log, QStringList({"emu register", "emu start " + script + " 272",
+                                 "emu config 480 272", "emu stop"}));
     QCOMPARE(m_adapter->chipCode(), 0x110u);
 }
 
@@ -257,10 +271,10 @@ void tst_EmulatorAdapter::queueRules()
 {
     QFETCH(QString, events);
     QFETCH(QString, expected);
-    expected.replace(QLatin1String("SCRIPT"), m_folder.filePath(QStringLiteral("kiv_render.lua")));
-    for (const QString &event : events.split(QStringLiteral("; ")))
+    expected.replace(QLatin1String("SCRIPT"), m_folder.filePath("kiv_render.lua"));
+    for (const QString &event : events.split("; "))
         run(event);
-    QCOMPARE(m_log.join(QStringLiteral("; ")), expected);
+    QCOMPARE(m_log.join("; "), expected);
 }
 
 void tst_EmulatorAdapter::passesValuesOn()
@@ -270,166 +284,100 @@ void tst_EmulatorAdapter::passesValuesOn()
     answer.bytes = QByteArray("\0\1;\0", 4);
     answer.ramG = 0x1'0000'0001;
     answer.errors = "Kiv_Text_T 7: no such font";
-    answer.width = 3;
-    answer.height = 5;
-    answer.colour = 0x80123456;
-    answer.ramDl = 1234;
-    QStringList seen;
-    const auto list = [&](const QString &text, const QByteArray &bytes, void *, size_t ramG,
-                          char *errors) {
-        QCOMPARE(text, QStringLiteral("TEXT(\"\u00B0\");"));
-        QCOMPARE(bytes, answer.bytes);
-        QCOMPARE(ramG, answer.ramG);
-        QCOMPARE(QByteArray(errors), answer.errors);
-        seen.append(QStringLiteral("list"));
-    };
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(), list);
-    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, m_receiver.get(),
-            list);
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
-            [&](bool output, const QPixmap &pixmap, uint32_t width, uint32_t height, void *,
-                size_t ramDl) {
-                QVERIFY(output);
-                QCOMPARE(pixmap.size(), QSize(3, 5));
-                QCOMPARE(pixmap.toImage().pixel(2, 4), 0xFF123456u); // alpha does not count
-                QCOMPARE(QSize(int(width), int(height)), QSize(3, 5));
-                QCOMPARE(ramDl, size_t{1234});
-                seen.append(QStringLiteral("frame"));
-            });
-    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, m_receiver.get(),
-            [&](bool output, const argb8888 *buffer, uint32_t width, uint32_t height, void *,
-                size_t ramDl) {
-                QVERIFY(!output);
-                for (uint32_t i = 0; i < width * height; ++i)
-                    QCOMPARE(buffer[i], 0x80123456u);
-                QCOMPARE(QSize(int(width), int(height)), QSize(3, 5));
-                QCOMPARE(ramDl, size_t{1234});
-                seen.append(QStringLiteral("raw"));
-            });
+    // Each pixel another colour: a wrong stride, order of rows or of channels shows.
+    const QVector<argb8888> pixels = {0x80000001, 0xFF000200, 0xFF030000,
+                                      0xFF040506, 0xFF070809, 0xFF0A0B0C};
     for (const char *request : {"fg A", "bg A"}) {
         run(QString::fromLatin1(request));
-        QVERIFY(CFakeEmulator::instance().answer(answer));
+        QVERIFY(CFakeEmulator::instance().answerDisplayList(answer));
+        QVERIFY(CFakeEmulator::instance().answerPixels(pixels, 3, 2, 1, 1234));
         QCoreApplication::sendPostedEvents(m_adapter);
+        QCOMPARE(m_toldText, QStringLiteral("TEXT(\"\u00B0\");"));
+        QCOMPARE(m_told.bytes, answer.bytes);
+        QCOMPARE(m_told.ramG, answer.ramG);
+        QCOMPARE(m_told.errors, answer.errors);
+        QCOMPARE(QSize(int(m_told.width), int(m_told.height)), QSize(3, 2));
+        QCOMPARE(m_told.ramDl, size_t{1234});
+        m_told = {};
     }
-    QCOMPARE(seen.join(QLatin1Char(' ')), QStringLiteral("list frame list raw"));
+    QCOMPARE(m_pixels, pixels); // of the background, as it came
+    QCOMPARE(m_pixmap.size(), QSize(3, 2));
+    for (int i = 0; i < pixels.size(); ++i)
+        QCOMPARE(m_pixmap.pixel(i % 3, i / 3), pixels[i] | 0xFF000000); // alpha does not count
+    QCOMPARE(m_log.join("; "),
+             QString("render fg A; dl A; frame A; render bg A; bgdl A; bgframe A"));
 }
 
-void tst_EmulatorAdapter::buildsThePixmapRowByRow()
+void tst_EmulatorAdapter::emptyAnswersCompleteTheRequest()
 {
-    // 3 x 2 pixels, each another colour: a wrong stride, order of rows or of channels shows.
-    const QVector<argb8888> pixels = {0xFF000001, 0xFF000200, 0xFF030000,
-                                      0xFF040506, 0xFF070809, 0xFF0A0B0C};
-    QImage seen;
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
-            [&](bool, const QPixmap &pixmap) { seen = pixmap.toImage(); });
-    run(QStringLiteral("fg A"));
-    CFakeEmulator::instance().answerPixels(pixels, 3, 2);
-    QCoreApplication::sendPostedEvents(m_adapter);
-    QCOMPARE(seen.size(), QSize(3, 2));
-    for (int y = 0; y < 2; ++y)
-        for (int x = 0; x < 3; ++x)
-            QCOMPARE(seen.pixel(x, y), pixels[y * 3 + x]);
-}
-
-void tst_EmulatorAdapter::anEmptyFrameCompletesTheRequest_data()
-{
-    QTest::addColumn<uint32_t>("width");
-    QTest::addColumn<uint32_t>("height");
-    QTest::newRow("no width") << 0u << 272u;
-    QTest::newRow("no height") << 480u << 0u;
-}
-
-void tst_EmulatorAdapter::anEmptyFrameCompletesTheRequest()
-{
-    QFETCH(uint32_t, width);
-    QFETCH(uint32_t, height);
-    bool isNull = false;
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, m_receiver.get(),
-            [&](bool, const QPixmap &pixmap) { isNull = pixmap.isNull(); });
-    run(QStringLiteral("fg A"));
-    CFakeEmulator::SAnswer empty;
-    empty.width = width;
-    empty.height = height;
-    QVERIFY(CFakeEmulator::instance().answer(empty));
-    QCoreApplication::sendPostedEvents(m_adapter);
-    QVERIFY(isNull);
-    QVERIFY(!m_adapter->isBusy());
-}
-
-void tst_EmulatorAdapter::readsNullPointersAsEmpty()
-{
-    bool told = false;
-    connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, m_receiver.get(),
-            [&](const QString &text, const QByteArray &bytes, void *, size_t, char *errors) {
-                told = text.isEmpty() && bytes.isEmpty() && errors && *errors == '\0';
-            });
-    run(QStringLiteral("fg A"));
-    QVERIFY(CFakeEmulator::instance().answerNulls());
-    QCoreApplication::sendPostedEvents(m_adapter);
-    QVERIFY(told);
-    QVERIFY(!m_adapter->isBusy());
+    for (const QSize &size : {QSize(0, 272), QSize(480, 0), QSize()}) {
+        run("fg A");
+        CFakeEmulator::SAnswer empty;
+        empty.width = uint32_t(size.width());
+        empty.height = uint32_t(size.height());
+        const bool nulls = !size.isValid(); // null pointers are read as empty, too
+        m_toldText = "unread";
+        QVERIFY(nulls ? CFakeEmulator::instance().answerNulls()
+                      : CFakeEmulator::instance().answer(empty));
+        QCoreApplication::sendPostedEvents(m_adapter);
+        QVERIFY(m_pixmap.isNull() && !m_adapter->isBusy());
+        QVERIFY(!nulls || (m_toldText.isEmpty() && m_told.bytes.isEmpty()));
+        QCOMPARE(m_told.errors, QByteArray());
+        QCOMPARE(m_log.join("; "), QString("render fg A; dl A; frame A"));
+        m_log.clear();
+    }
 }
 
 void tst_EmulatorAdapter::walksTheItemsOfTheScreen()
 {
-    addTestItems(screen(QStringLiteral("B")), {QStringLiteral("front"), QStringLiteral("back")});
-    run(QStringLiteral("fg A"));
-    run(QStringLiteral("fg B"));
-    run(QStringLiteral("answer"));
+    addTestItems(screen("B"), {QStringLiteral("front"), QStringLiteral("back")});
+    run("fg A");
+    run("fg B");
+    run("answer");
     const CFakeEmulator::SRequest request = CFakeEmulator::instance().requests().value(0);
     QCOMPARE(request.screen, QStringLiteral("B"));
-    QCOMPARE(request.items, QStringList({QStringLiteral("back"), QStringLiteral("front")}));
+    QCOMPARE(request.items, QStringList({"back", "front"}));
 }
 
 void tst_EmulatorAdapter::survivesRandomInterleaving()
 {
     // What must hold whatever happens: one request in the library at a time, every answer belongs
     // to a requester that still waits, and nothing removed is walked (AddressSanitizer sees that).
-    const QStringList verbs = {QStringLiteral("fg"),     QStringLiteral("bg"),
-                               QStringLiteral("answer"), QStringLiteral("answer unseen"),
-                               QStringLiteral("list"),   QStringLiteral("partial"),
-                               QStringLiteral("remove"), QStringLiteral("withdraw"),
-                               QStringLiteral("stop"),   QStringLiteral("start")};
+    const QStringList verbs = {"fg",      "bg",     "answer",   "answer unseen", "list",
+                               "partial", "remove", "withdraw", "stop",          "start 256"};
     std::mt19937 random(20240607);
     const auto below = [&random](int limit) { return int(random() % uint32_t(limit)); };
     CFakeEmulator &fake = CFakeEmulator::instance();
     int answered = 0;
     for (int step = 0; step < 20000; ++step) {
         const QString verb = verbs[below(verbs.size())];
-        const int row = below(m_project->rowCount());
-        const QString name = m_project->item(row)->text();
-        const bool needsRequest = verb.startsWith(QLatin1String("answer")) ||
-                                  verb == QLatin1String("list") || verb == QLatin1String("partial");
+        const QString name = m_project->item(below(m_project->rowCount()))->text();
+        const bool needsRequest =
+            QStringList{"answer", "list", "partial"}.contains(verb.section(' ', 0, 0));
+        const bool named = QStringList{"fg", "bg", "remove", "withdraw"}.contains(verb);
         if (needsRequest && fake.requests().isEmpty())
             continue;
-        if (verb == QLatin1String("remove")) {
-            if (m_iterators.count(name) != 0) // who walks the screen himself goes with it
-                run(QStringLiteral("withdraw ") + name);
-            run(QStringLiteral("remove ") + name);
-            appendTestScreen(m_project.get(), name);
-        } else if (verb == QLatin1String("start")) {
-            run(QStringLiteral("start 256"));
-        } else if (verb == QLatin1String("bg") && m_iterators.count(name) != 0) {
+        if (verb == "bg" && m_iterators.count(name) != 0)
             continue; // one request of each requester, as its iterator is its own
-        } else {
-            run(verb.contains(QLatin1Char(' ')) || needsRequest || verb == QLatin1String("stop")
-                    ? verb
-                    : verb + QLatin1Char(' ') + name);
-        }
+        if (verb == "remove" && m_iterators.count(name) != 0)
+            run("withdraw " + name); // who walks the screen himself goes with it
+        run(named ? verb + ' ' + name : verb);
+        if (verb == "remove")
+            appendTestScreen(m_project.get(), name);
         QVERIFY(fake.requests().size() <= 1);
         QCOMPARE(m_adapter->isBusy() || fake.requests().isEmpty(), true);
         for (const QString &line : std::exchange(m_log, {})) {
-            QVERIFY2(!line.endsWith(QLatin1Char('?')), qPrintable(line));
-            if (line.startsWith(QLatin1String("bgframe ")))
+            QVERIFY2(!line.endsWith('?'), qPrintable(line));
+            if (line.startsWith("bgframe "))
                 m_iterators.erase(line.mid(8));
-            answered += line.contains(QLatin1String("frame "));
+            answered += line.contains("frame ");
         }
-        if (verb == QLatin1String("stop") || verb == QLatin1String("start"))
+        if (verb.startsWith("st")) // stop and start
             m_iterators.clear();
     }
     QVERIFY(answered > 1000); // it did something
     while (m_adapter->isBusy())
-        run(QStringLiteral("answer"));
+        run("answer");
 }
 
 QTEST_MAIN(tst_EmulatorAdapter)

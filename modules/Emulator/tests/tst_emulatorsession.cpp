@@ -1,6 +1,7 @@
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
 #include "CFakeEmulator.h"
+#include "CPlatformTable.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -10,20 +11,18 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Which calls of the library the life of a project brings.
+/// Which calls of the library the life of a project brings, and what platforms there are.
 class tst_EmulatorSession : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void startsWithChipAndSize_data();
     void startsWithChipAndSize();
-    void restartsOnlyForAnotherChip_data();
     void restartsOnlyForAnotherChip();
-    void closingStops();
     void removedScreensAreForgotten();
     void tellsMissingProgramData();
+    void platforms();
 
 private:
     QTemporaryDir m_folder;
@@ -34,7 +33,7 @@ private:
 
 void tst_EmulatorSession::init()
 {
-    QFile script(m_folder.filePath(QStringLiteral("kiv_render.lua")));
+    QFile script(m_folder.filePath("kiv_render.lua"));
     QVERIFY(script.open(QIODevice::WriteOnly));
     QCOMPARE(CProgramData(m_folder.path()).registerEmulator(), QString());
     m_adapter->emulatorStop();
@@ -44,64 +43,45 @@ void tst_EmulatorSession::init()
     });
 }
 
-void tst_EmulatorSession::startsWithChipAndSize_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::newRow("QX100") << 256;
-    QTest::newRow("QX113") << 275;
-    QTest::newRow("ABC") << 256;
-    QTest::newRow("QX1ZZ") << 0;
-}
-
 void tst_EmulatorSession::startsWithChipAndSize()
 {
-    QFETCH(int, code);
-    const auto project =
-        testProject({QStringLiteral("A")}, QString::fromLatin1(QTest::currentDataTag()));
-    m_session.open(project.get());
-    QCOMPARE(m_calls, QStringList({QStringLiteral("emu start kiv_render.lua %1").arg(code),
-                                   QStringLiteral("emu config 480 272")}));
-}
-
-void tst_EmulatorSession::restartsOnlyForAnotherChip_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("another chip")
-        << PropertyKey::Platform << QStringLiteral("QX101")
-        << QStringLiteral("emu stop, told, emu start kiv_render.lua 257, emu config 480 272");
-    QTest::newRow("another name of the same chip")
-        << PropertyKey::Platform << QStringLiteral("unknown")
-        << QStringLiteral("emu config 480 272");
-    QTest::newRow("another size") << PropertyKey::Width << QStringLiteral("320")
-                                  << QStringLiteral("emu config 320 272");
+    const std::pair<QString, QString> cases[] = {
+        {"QX100", "256"}, {"QX113", "275"}, {"ABC", "256"}, {"QX1ZZ", "0"}};
+    for (const auto &[platform, code] : cases) {
+        const auto project = testProject({"A"}, platform);
+        m_session.close();
+        m_calls.clear();
+        m_session.open(project.get());
+        QCOMPARE(m_calls, QStringList({"emu start kiv_render.lua " + code, "emu config 480 272"}));
+    }
 }
 
 void tst_EmulatorSession::restartsOnlyForAnotherChip()
 {
-    QFETCH(QString, key);
-    QFETCH(QString, value);
-    QFETCH(QString, expected);
-    const auto project = testProject({QStringLiteral("A")}, QStringLiteral("QX100"));
-    m_session.open(project.get());
+    const std::tuple<QString, QString, QString> cases[] = {
+        {PropertyKey::Platform, "QX101",
+         "emu stop, told, emu start kiv_render.lua 257, emu config 480 272"},
+        {PropertyKey::Platform, "unknown", "emu config 480 272"}, // another name of the same chip
+        {PropertyKey::Width, "320", "emu config 320 272"},
+    };
+    for (const auto &[key, value, expected] : cases) {
+        const auto project = testProject({"A"}, "QX100");
+        m_session.open(project.get());
+        m_calls.clear();
+        project->setProjectProperties({{key, value}});
+        const bool restarted =
+            m_session.applyOptions(project.get(), [this] { m_calls.append("told"); });
+        QCOMPARE(m_calls.join(", "), expected);
+        QCOMPARE(restarted, expected.contains("start"));
+    }
     m_calls.clear();
-    project->setProjectProperties({{key, value}});
-    const bool restarted =
-        m_session.applyOptions(project.get(), [this] { m_calls.append(QStringLiteral("told")); });
-    QCOMPARE(m_calls.join(QStringLiteral(", ")), expected);
-    QCOMPARE(restarted, expected.contains(QLatin1String("start")));
-}
-
-void tst_EmulatorSession::closingStops()
-{
     m_session.close();
-    QCOMPARE(m_calls, QStringList(QStringLiteral("emu stop")));
+    QCOMPARE(m_calls, QStringList("emu stop"));
 }
 
 void tst_EmulatorSession::removedScreensAreForgotten()
 {
-    const auto project = testProject({QStringLiteral("A"), QStringLiteral("B")});
+    const auto project = testProject({"A", "B"});
     m_session.open(project.get());
     m_calls.clear();
     int observer = 0;
@@ -110,7 +90,7 @@ void tst_EmulatorSession::removedScreensAreForgotten()
     project->removeRow(1);
     QVERIFY(CFakeEmulator::instance().answer());
     QCoreApplication::sendPostedEvents(m_adapter);
-    QCOMPARE(m_calls, QStringList(QStringLiteral("render fg A")));
+    QCOMPARE(m_calls, QStringList("render fg A"));
     QVERIFY(!m_adapter->isBusy());
 }
 
@@ -118,8 +98,37 @@ void tst_EmulatorSession::tellsMissingProgramData()
 {
     const QTemporaryDir empty;
     const CProgramData data(empty.path());
-    QVERIFY(data.registerEmulator().contains(empty.filePath(QStringLiteral("kiv_render.lua"))));
-    QVERIFY(data.loadWidgetLibrary().contains(QStringLiteral("widget-library.xml")));
+    QVERIFY(data.registerEmulator().contains(empty.filePath("kiv_render.lua")));
+    QVERIFY(data.loadWidgetLibrary().contains("widget-library.xml"));
+}
+
+void tst_EmulatorSession::platforms()
+{
+    const CPlatformTable table;
+    QCOMPARE(table.chipCodes(), (QVector<uint32_t>{0x100, 0x101, 0x110, 0x111, 0x112, 0x113}));
+    const QString first = "480 x 272, 320 x 240, 240 x 320, 320 x 480";
+    const QString all = first + ", 800 x 480, 800 x 600, 1024 x 768";
+    // The name, its chip, its graphics memory, the offered sizes, and the largest side allowed.
+    const std::tuple<QString, uint32_t, uint32_t, QString, int> cases[] = {
+        {"QX100", 256, 262144, first, 512}, {"QX101", 257, 262144, first, 512},
+        {"QX110", 272, 1048576, all, 2048}, {"QX111", 273, 1048576, all, 2048},
+        {"QX112", 274, 1048576, all, 2048}, {"QX113", 275, 1048576, all, 2048},
+        {"QX114", 276, 1048576, "", 0},     {"", 256, 262144, "", 0},
+        {"ABC", 256, 262144, "", 0},        {"qx110", 256, 262144, "", 0},
+        {"QX1ZZ", 0, 262144, "", 0},        {"QX11G", 0, 1048576, "", 0},
+        {"QX1FF", 511, 262144, "", 0},      {"QX1FFFFFFFF", 0, 262144, "", 0}, // more than 32 bits
+        {"MyQX112", 256, 1048576, "", 0},
+    };
+    for (const auto &[platform, code, memory, sizes, largest] : cases) {
+        QStringList texts;
+        for (const QSize &size : table.offeredSizes(platform))
+            texts.append(CPlatformTable::sizeText(size));
+        QCOMPARE(platform + texts.join(", "), platform + sizes);
+        QCOMPARE(table.largestSize(platform), QSize(largest, largest));
+        QCOMPARE(table.isKnown(platform), largest != 0);
+        QCOMPARE(CPlatformTable::chipCode(platform), code);
+        QCOMPARE(CPlatformTable::ramGBudget(platform), memory);
+    }
 }
 
 QTEST_MAIN(tst_EmulatorSession)

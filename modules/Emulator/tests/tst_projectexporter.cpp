@@ -24,7 +24,6 @@ private Q_SLOTS:
     void cleanup();
 
     void writesBothForms();
-    void aTextWithoutSemicolonStaysAsItIs();
     void aProjectWithoutScreensGivesAnEmptyFile();
     void collectsFiguresAndFrames();
     void aCanvasRenderInFlightCostsTheFirstScreen();
@@ -38,8 +37,17 @@ private Q_SLOTS:
 
 private:
     QByteArray contentOf(const QString &fileName) const;
-    QStringList namesOf(const std::optional<QList<SScreenExport>> &screens) const;
+    static QString namesOf(const std::optional<QList<SScreenExport>> &screens);
     static CFakeEmulator::SAnswer answerFor(const CFakeEmulator::SRequest &request);
+    void answerNext()
+    {
+        if (!m_fake.requests().isEmpty())
+            m_fake.answer(answerFor(m_fake.requests().first()));
+    }
+    std::optional<QList<SScreenExport>> collect()
+    {
+        return m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    }
 
     CFakeEmulator &m_fake = CFakeEmulator::instance();
     CEmulatorAdapter *m_adapter = CEmulatorAdapter::instance();
@@ -65,9 +73,9 @@ CFakeEmulator::SAnswer tst_ProjectExporter::answerFor(const CFakeEmulator::SRequ
 void tst_ProjectExporter::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    QFile script(m_folder->filePath(QStringLiteral("kiv_render.lua")));
+    QFile script(m_folder->filePath("kiv_render.lua"));
     QVERIFY(script.open(QIODevice::WriteOnly));
-    m_project = testProject({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("\u00D6")});
+    m_project = testProject({"A", "B", "\u00D6"});
     m_reports.clear();
     m_calls.clear();
     m_steps = 0;
@@ -98,18 +106,18 @@ QByteArray tst_ProjectExporter::contentOf(const QString &fileName) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
 }
 
-QStringList tst_ProjectExporter::namesOf(const std::optional<QList<SScreenExport>> &screens) const
+QString tst_ProjectExporter::namesOf(const std::optional<QList<SScreenExport>> &screens)
 {
     QStringList names;
     for (const SScreenExport &screen : screens.value_or(QList<SScreenExport>()))
         names.append(screen.name);
-    return names;
+    return names.join(' ');
 }
 
 void tst_ProjectExporter::writesBothForms()
 {
-    const QString dl = m_folder->filePath(QStringLiteral("p.dl"));
-    const QString bin = m_folder->filePath(QStringLiteral("p.bin"));
+    const QString dl = m_folder->filePath("p.dl");
+    const QString bin = m_folder->filePath("p.bin");
     QCOMPARE(m_exporter->exportProjectDL(m_project.get(), dl), EResult::Written);
     QCOMPARE(m_exporter->exportProjectBin(m_project.get(), bin), EResult::Written);
     QCOMPARE(contentOf(QStringLiteral("p.dl")),
@@ -121,18 +129,15 @@ void tst_ProjectExporter::writesBothForms()
                                                             "\xD6\0;\xFF",
                                                             12));
     QCOMPARE(m_reports, QStringList());
-}
 
-void tst_ProjectExporter::aTextWithoutSemicolonStaysAsItIs()
-{
-    m_project = testProject({QStringLiteral("A")});
+    m_project = testProject({"A"}); // a text without semicolon stays as it is
     m_fake.setAutoAnswer([](const CFakeEmulator::SRequest &) {
         CFakeEmulator::SAnswer answer;
         answer.text = "nothing";
         return answer;
     });
-    m_exporter->exportProjectDL(m_project.get(), m_folder->filePath(QStringLiteral("p.dl")));
-    QCOMPARE(contentOf(QStringLiteral("p.dl")), QByteArray("===A===\nnothing\n"));
+    m_exporter->exportProjectDL(m_project.get(), dl);
+    QCOMPARE(contentOf("p.dl"), QByteArray("===A===\nnothing\n"));
 }
 
 void tst_ProjectExporter::aProjectWithoutScreensGivesAnEmptyFile()
@@ -162,13 +167,12 @@ void tst_ProjectExporter::collectsFiguresAndFrames()
     const QList<int> rows = {0, 1};
     const auto screens =
         m_exporter->collect(m_project.get(), EContent::DisplayListsAndFrames, &rows);
-    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("A"), QStringLiteral("B")}));
+    QCOMPARE(namesOf(screens), QString("A B"));
     QCOMPARE(screens->at(0).ramDl, size_t{80 + 'A'});
     QCOMPARE(screens->at(1).ramDl, size_t{80 + 'B'});
     QCOMPARE(screens->at(1).ramG, size_t{0x12345678});
     QCOMPARE(screens->at(0).errors, QStringList());
-    QCOMPARE(screens->at(1).errors,
-             QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+    QCOMPARE(screens->at(1).errors, QStringList({"first", "second"}));
     QImage expected(7, 3, QImage::Format_RGB32);
     expected.fill(0xFF102030);
     QCOMPARE(screens->at(0).frame, expected);
@@ -183,13 +187,10 @@ void tst_ProjectExporter::aCanvasRenderInFlightCostsTheFirstScreen()
     QObject receiver;
     connect(m_adapter, &CEmulatorAdapter::emulatorFrameDLCallback, &receiver,
             [&toCanvas] { ++toCanvas; });
-    m_onStep = [this](int) {
-        if (!m_fake.requests().isEmpty())
-            m_fake.answer(answerFor(m_fake.requests().first()));
-    };
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
-    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("B"), QStringLiteral("\u00D6")}));
-    QCOMPARE(m_reports, QStringList(QStringLiteral("An error occurred during the export process")));
+    m_onStep = [this](int) { answerNext(); };
+    const auto screens = collect();
+    QCOMPARE(namesOf(screens), QString("B \u00D6"));
+    QCOMPARE(m_reports, QStringList("An error occurred during the export process"));
     QCOMPARE(toCanvas, 2); // the canvas' own, and that of screen A
     QVERIFY2(m_steps >= 102 && m_steps <= 106, qPrintable(QString::number(m_steps)));
 }
@@ -198,15 +199,14 @@ void tst_ProjectExporter::aLateAnswerIsNotTakenForTheNextScreen()
 {
     m_fake.setAutoAnswer({});
     m_onStep = [this](int step) {
-        if (step > 100 && !m_fake.requests().isEmpty()) // 100 steps are A's whole time
-            m_fake.answer(answerFor(m_fake.requests().first()));
+        if (step > 100) // 100 steps are A's whole time
+            answerNext();
     };
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
-    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("B"), QStringLiteral("\u00D6")}));
+    const auto screens = collect();
+    QCOMPARE(namesOf(screens), QString("B \u00D6"));
     QCOMPARE(screens->at(0).text, QStringLiteral("NAME(B);\nEND(0);\n"));
     QCOMPARE(m_reports.size(), 1);
-    QCOMPARE(m_calls, QStringList({QStringLiteral("render bg A"), QStringLiteral("render bg B"),
-                                   QStringLiteral("render bg \u00D6")}));
+    QCOMPARE(m_calls, QStringList({"render bg A", "render bg B", "render bg \u00D6"}));
 }
 
 void tst_ProjectExporter::anotherRequestersAnswerIsNotTaken()
@@ -215,12 +215,9 @@ void tst_ProjectExporter::anotherRequestersAnswerIsNotTaken()
     int thumbnail = 0;
     CModelIterator iterator(m_project->screen(2));
     m_adapter->renderBackground(&iterator, &thumbnail);
-    m_onStep = [this](int) {
-        if (!m_fake.requests().isEmpty())
-            m_fake.answer(answerFor(m_fake.requests().first()));
-    };
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
-    QCOMPARE(namesOf(screens).size(), 3);
+    m_onStep = [this](int) { answerNext(); };
+    const auto screens = collect();
+    QCOMPARE(namesOf(screens), QString("A B \u00D6"));
     QCOMPARE(screens->at(0).text, QStringLiteral("NAME(A);\nEND(0);\n"));
 }
 
@@ -233,15 +230,12 @@ void tst_ProjectExporter::screensMayGoWhileWaiting()
     m_onStep = [this](int step) {
         if (step == 1)
             m_project->removeRow(0);
-        if (!m_fake.requests().isEmpty())
-            m_fake.answer(answerFor(m_fake.requests().first()));
+        answerNext();
         QCoreApplication::processEvents(); // the canvas' frame, after which A would be next
     };
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
-    QCOMPARE(namesOf(screens), QStringList({QStringLiteral("B"), QStringLiteral("\u00D6")}));
-    QCOMPARE(m_calls,
-             QStringList({QStringLiteral("render fg \u00D6"), QStringLiteral("render bg B"),
-                          QStringLiteral("render bg \u00D6")}));
+    const auto screens = collect();
+    QCOMPARE(namesOf(screens), QString("B \u00D6"));
+    QCOMPARE(m_calls, QStringList({"render fg \u00D6", "render bg B", "render bg \u00D6"}));
     QCOMPARE(m_reports, QStringList());
 }
 
@@ -254,7 +248,7 @@ void tst_ProjectExporter::theProjectMayGoWhileWaiting()
         if (step > 2 && !m_fake.requests().isEmpty())
             m_fake.answer();
     };
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayLists);
+    const auto screens = collect();
     QVERIFY(screens && screens->isEmpty());
     QCOMPARE(m_reports, QStringList());
     QCOMPARE(m_steps, 2);
@@ -266,22 +260,21 @@ void tst_ProjectExporter::doesNotRunTwice()
     m_onStep = [this, &refused](int) {
         CProjectExporter second(m_adapter);
         refused =
-            second.exportProjectDL(m_project.get(), m_folder->filePath(QStringLiteral("2.dl"))) ==
-            EResult::Refused;
+            second.exportProjectDL(m_project.get(), m_folder->filePath("2.dl")) == EResult::Refused;
     };
-    QCOMPARE(m_exporter->collect(m_project.get(), EContent::DisplayLists)->size(), 3);
+    QCOMPARE(collect()->size(), 3);
     QVERIFY(refused);
-    QVERIFY(!QFile::exists(m_folder->filePath(QStringLiteral("2.dl"))));
+    QVERIFY(!QFile::exists(m_folder->filePath("2.dl")));
 }
 
 void tst_ProjectExporter::cancellingWritesNothing()
 {
     QStringList progress;
     m_exporter->setProgress([&progress](int done, int total) {
-        progress.append(QStringLiteral("%1/%2").arg(done).arg(total));
+        progress.append(QString("%1/%2").arg(done).arg(total));
         return done < 2;
     });
-    const QString path = m_folder->filePath(QStringLiteral("p.bin"));
+    const QString path = m_folder->filePath("p.bin");
     QCOMPARE(m_exporter->exportProjectBin(m_project.get(), path), EResult::Cancelled);
     QCOMPARE(progress.join(QLatin1Char(' ')), QStringLiteral("0/3 1/3 2/3"));
     QVERIFY(!QFile::exists(path));
@@ -289,10 +282,8 @@ void tst_ProjectExporter::cancellingWritesNothing()
 
 void tst_ProjectExporter::aFileThatCannotBeOpenedRendersNothing()
 {
-    QString error;
-    const QString inFile = m_folder->filePath(QStringLiteral("kiv_render.lua/p.dl"));
-    for (const QString &path : {m_folder->path(), inFile}) {
-        error.clear();
+    for (const QString &path : {m_folder->path(), m_folder->filePath("kiv_render.lua/p.dl")}) {
+        QString error;
         QCOMPARE(m_exporter->exportProjectDL(m_project.get(), path, &error), EResult::NotOpened);
         QVERIFY(!error.isEmpty());
     }

@@ -22,27 +22,16 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void formatNamesAndCodes();
-    void refusedCodes_data();
-    void refusedCodes();
-    void callsOfTheTools_data();
     void callsOfTheTools();
     void optionsAsFileNames();
-    void successNeedsItsOutput_data();
     void successNeedsItsOutput();
-    void quantisedFileUnderAnotherName_data();
     void quantisedFileUnderAnotherName();
     void rawFilesAreCopied();
-    void onlyTheLowerCaseSuffixIsRaw();
     void foldersWithoutWorkingDirectory();
     void whatCannotBeAFolder();
-    void sourcesThatAreNone_data();
-    void sourcesThatAreNone();
     void sourceThatLiesThereAlready();
     void largeImagesAreRefused();
-    void describedRawFilesAreRefusedToo();
-    void realTools_data();
     void realTools();
-    void oddNames_data();
     void oddNames();
     void mediaFacts();
 
@@ -52,7 +41,16 @@ private:
     /// Its arguments, one a line, then the working folder and PATH go to calls.txt.
     void addRecorder(const QString &tool, const QByteArray &output) const;
     QStringList calls() const;
-
+    /// Where the format's files lie in the converted images folder.
+    static QString folderOf(const QString &format)
+    {
+        return format == "DXT1"                ? "/photo_DXT1"
+               : format.startsWith("PALETTED") ? "/photo_PALETTED"
+                                               : "";
+    }
+    /// No conversion, no tool run, and one message, which it gives back.
+    QString verifyRefused(const QString &source, int format) const;
+    static std::optional<SConvertedImage> converted(const QString &photo, const QString &format);
     void openProject(const QString &name, const QString &workingFolder);
 
     std::unique_ptr<CToolStubs> m_stubs;
@@ -103,6 +101,25 @@ QStringList tst_ImageFileConverter::calls() const
         .split('\n', Qt::SkipEmptyParts);
 }
 
+QString tst_ImageFileConverter::verifyRefused(const QString &source, int format) const
+{
+    CImageFileConverter converter;
+    QSignalSpy failures(&converter, &CImageFileConverter::failed);
+    if (converter.convert(source, format) || failures.count() != 1 || !calls().isEmpty())
+        QTest::qFail(qPrintable(source), __FILE__, __LINE__);
+    return failures.value(0).value(0).toString();
+}
+
+std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &photo,
+                                                                 const QString &format)
+{
+    CImageFileConverter converter;
+    connect(&converter, &CImageFileConverter::failed,
+            [](const QString &text) { qWarning() << text; });
+    return converter.convert(photo, format) ? CImageFileConverter::convertedImage(photo, format)
+                                            : std::nullopt;
+}
+
 void tst_ImageFileConverter::formatNamesAndCodes()
 {
     const QList<QPair<QString, int>> required = {
@@ -117,84 +134,45 @@ void tst_ImageFileConverter::formatNamesAndCodes()
         if (row.second >= 0)
             QCOMPARE(CBitmapFormatTable::name(row.second), row.first);
     }
-}
-
-void tst_ImageFileConverter::refusedCodes_data()
-{
-    QTest::addColumn<int>("code");
-    for (const int code : {-1, -255, 10, 11, 15, 254, 256, 1000})
-        QTest::addRow("%d", code) << code;
-}
-
-void tst_ImageFileConverter::refusedCodes()
-{
-    QFETCH(int, code);
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_.raw");
-    CImageFileConverter converter;
-    QSignalSpy failures(&converter, &CImageFileConverter::failed);
-    QVERIFY(!converter.convert(makeImage("photo.png"), code));
-    QCOMPARE(failures.count(), 1);
-    QVERIFY(calls().isEmpty());
-}
-
-void tst_ImageFileConverter::callsOfTheTools_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("folder"); // within the converted images folder
-    QTest::addColumn<QStringList>("arguments");
-    const auto general = [](const char *format, const char *code) {
-        QTest::newRow(format) << format << "" << Names{"-i", "photo.png", "-f", code};
-    };
-    general("ARGB1555", "0");
-    general("L1", "1");
-    general("L4", "2");
-    general("L8", "3");
-    general("RGB332", "4");
-    general("ARGB2", "5");
-    general("ARGB4", "6");
-    general("RGB565", "7");
-    general("L2", "9");
-    QTest::newRow("DXT1") << "DXT1"
-                          << "/photo_DXT1" << Names{"-i", "photo.png"};
-    const auto palette = [](const char *format, const char *kind) {
-        QTest::newRow(format) << format << "/photo_PALETTED"
-                              << Names{"-i", "photo-fs8.png", "-f", kind};
-    };
-    palette("PALETTED", "0");
-    palette("PALETTED8", "1");
-    palette("PALETTED565", "2");
-    palette("PALETTED4444", "3");
+    for (const int code : {-1, -255, 10, 11, 15, 254, 256, 1000})
+        verifyRefused(makeImage("photo.png"), code);
 }
 
 void tst_ImageFileConverter::callsOfTheTools()
 {
-    QFETCH(QString, format);
-    QFETCH(QString, folder);
-    QFETCH(QStringList, arguments);
-    const QString workingFolder = project() + folder;
-    const QByteArray output = "echo x > 'photo_" + format.toUtf8() + ".raw'";
-    addRecorder("bmpconv/bmpconv.exe", output);
-    addRecorder("DXT1/dxtpack.exe", output);
-    addRecorder("Palette/pngquant.exe", "echo x > photo-fs8.png");
-    addRecorder("Palette/palsplit.exe", output);
+    const std::pair<QString, QString> cases[] = {
+        // the format, and what the last tool is told of it
+        {"ARGB1555", "0"},    {"L1", "1"},          {"L4", "2"},       {"L8", "3"},
+        {"RGB332", "4"},      {"ARGB2", "5"},       {"ARGB4", "6"},    {"RGB565", "7"},
+        {"L2", "9"},          {"DXT1", ""},         {"PALETTED", "0"}, {"PALETTED8", "1"},
+        {"PALETTED565", "2"}, {"PALETTED4444", "3"}};
     const QString photo = makeImage("photo.png");
+    for (const auto &[format, code] : cases) {
+        const QByteArray output = "echo x > 'photo_" + format.toUtf8() + ".raw'";
+        addRecorder("bmpconv/bmpconv.exe", output);
+        addRecorder("DXT1/dxtpack.exe", output);
+        addRecorder("Palette/pngquant.exe", "echo x > photo-fs8.png");
+        addRecorder("Palette/palsplit.exe", output);
+        QFile::remove(m_stubs->path("calls.txt"));
+        QVERIFY(CImageFileConverter().convert(photo, format));
 
-    QVERIFY(CImageFileConverter().convert(photo, format));
-    QCOMPARE(CToolStubs::read(workingFolder + "/photo.png"), CToolStubs::read(photo));
-
-    const auto environmentOf = [&](const QString &tool) {
-        const QString path = QString::fromLocal8Bit(qgetenv("PATH"));
-        return Names{workingFolder, path + ":" + m_stubs->toolPath(tool)};
-    };
-    Names expected;
-    if (format == "DXT1")
-        expected = arguments + environmentOf("DXT1");
-    else if (folder.isEmpty())
-        expected = arguments + environmentOf("bmpconv");
-    else
-        expected = Names{"-f", "photo.png"} + environmentOf("Palette") + arguments +
-                   environmentOf("Palette");
-    QCOMPARE(calls(), expected);
+        const QString workingFolder = project() + folderOf(format);
+        QCOMPARE(CToolStubs::read(workingFolder + "/photo.png"), CToolStubs::read(photo));
+        const auto environmentOf = [&](const QString &tool) {
+            const QString path = QString::fromLocal8Bit(qgetenv("PATH"));
+            return Names{workingFolder, path + ":" + m_stubs->toolPath(tool)};
+        };
+        Names expected;
+        if (format == "DXT1")
+            expected = Names{"-i", "photo.png"} + environmentOf("DXT1");
+        else if (format.startsWith("PALETTED"))
+            expected = Names{"-f", "photo.png"} + environmentOf("Palette") +
+                       Names{"-i", "photo-fs8.png", "-f", code} + environmentOf("Palette");
+        else
+            expected = Names{"-i", "photo.png", "-f", code} + environmentOf("bmpconv");
+        QCOMPARE(calls(), expected);
+    }
 }
 
 void tst_ImageFileConverter::optionsAsFileNames()
@@ -209,84 +187,62 @@ void tst_ImageFileConverter::optionsAsFileNames()
     QCOMPARE(calls().value(7), QString("./-f.png"));
 }
 
-void tst_ImageFileConverter::successNeedsItsOutput_data()
-{
-    QTest::addColumn<QByteArray>("commands");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("written") << QByteArray("echo new > $OUT") << true;
-    QTest::newRow("written with an old time")
-        << QByteArray("echo new > $OUT; touch -d '2001-01-01' $OUT") << true;
-    QTest::newRow("renamed") << QByteArray("cp -p $OUT t; mv t $OUT") << true;
-    QTest::newRow("nothing") << QByteArray("exit 0") << false;
-    QTest::newRow("another file") << QByteArray("echo new > other.raw") << false;
-    QTest::newRow("empty") << QByteArray(": > $OUT") << false;
-    QTest::newRow("removed") << QByteArray("rm $OUT") << false;
-    QTest::newRow("a folder") << QByteArray("rm $OUT; mkdir $OUT") << false;
-    QTest::newRow("written, but failed") << QByteArray("echo new > $OUT; exit 1") << false;
-    QTest::newRow("written, but crashed") << QByteArray("echo new > $OUT; kill -KILL $$") << false;
-}
-
 void tst_ImageFileConverter::successNeedsItsOutput()
 {
-    QFETCH(QByteArray, commands);
-    QFETCH(bool, expected);
+    const std::pair<const char *, bool> ways[] = {
+        {"echo new > $OUT", true},
+        {"echo new > $OUT; touch -d '2001-01-01' $OUT", true},
+        {"cp -p $OUT t; mv t $OUT", true},
+        {"exit 0", false},
+        {"echo new > other.raw", false},
+        {": > $OUT", false},
+        {"rm $OUT", false},
+        {"rm $OUT; mkdir $OUT", false},
+        {"echo new > $OUT; exit 1", false},
+        {"echo new > $OUT; kill -KILL $$", false},
+    };
+    const std::tuple<const char *, QString, QString> tools[] = {
+        {"bmpconv/bmpconv.exe", "L8", "photo_L8.raw"},
+        {"DXT1/dxtpack.exe", "DXT1", "photo_DXT1/photo_DXT1.raw"},
+        {"Palette/pngquant.exe", "PALETTED", "photo_PALETTED/photo-fs8.png"},
+        {"Palette/palsplit.exe", "PALETTED", "photo_PALETTED/photo_PALETTED.raw"}};
     const QString photo = makeImage("photo.png");
-    const struct
-    {
-        const char *tool;
-        const char *format;
-        QString output;
-    } cases[] = {{"bmpconv/bmpconv.exe", "L8", "photo_L8.raw"},
-                 {"DXT1/dxtpack.exe", "DXT1", "photo_DXT1/photo_DXT1.raw"},
-                 {"Palette/pngquant.exe", "PALETTED", "photo_PALETTED/photo-fs8.png"},
-                 {"Palette/palsplit.exe", "PALETTED", "photo_PALETTED/photo_PALETTED.raw"}};
-    for (const auto &row : cases) {
-        m_stubs->addTool("Palette/pngquant.exe", "echo x > photo-fs8.png");
-        m_stubs->addTool("Palette/palsplit.exe", "echo x > photo_PALETTED.raw");
-        const QFileInfo output(project() + "/" + row.output);
-        QDir().mkpath(output.path());
-        CToolStubs::write(output.filePath(), "old");
-        m_stubs->addTool(row.tool, "OUT=" + output.fileName().toUtf8() + "\n" + commands);
-        CImageFileConverter converter;
-        QSignalSpy failures(&converter, &CImageFileConverter::failed);
-        QCOMPARE(converter.convert(photo, QString(row.format)), expected);
-        QCOMPARE(failures.count(), expected ? 0 : 1);
-        QVERIFY(QDir(project()).removeRecursively());
+    for (const auto &[commands, expected] : ways) {
+        for (const auto &[tool, format, path] : tools) {
+            m_stubs->addTool("Palette/pngquant.exe", "echo x > photo-fs8.png");
+            m_stubs->addTool("Palette/palsplit.exe", "echo x > photo_PALETTED.raw");
+            const QFileInfo output(project() + "/" + path);
+            QDir().mkpath(output.path());
+            CToolStubs::write(output.filePath(), "old");
+            m_stubs->addTool(tool, "OUT=" + output.fileName().toUtf8() + "\n" + commands);
+            CImageFileConverter converter;
+            QSignalSpy failures(&converter, &CImageFileConverter::failed);
+            QVERIFY2(converter.convert(photo, format) == expected, commands);
+            QCOMPARE(failures.count(), expected ? 0 : 1);
+            QVERIFY(QDir(project()).removeRecursively());
+        }
     }
-}
-
-void tst_ImageFileConverter::quantisedFileUnderAnotherName_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QString>("expectedInput");
-    QTest::newRow("suffix") << "photo.jpg"
-                            << "photo-fs8.png"
-                            << "photo-fs8.jpg";
-    QTest::newRow("dots") << "my.photo.png"
-                          << "my.photo-fs8.png"
-                          << "my-fs8.png";
-    QTest::newRow("both") << "my.photo.jpg"
-                          << "my.photo-fs8.png"
-                          << "my-fs8.jpg";
 }
 
 void tst_ImageFileConverter::quantisedFileUnderAnotherName()
 {
-    QFETCH(QString, source);
-    QFETCH(QString, written);
-    QFETCH(QString, expectedInput);
-    const QByteArray base = source.section('.', 0, 0).toUtf8();
-    m_stubs->addTool("Palette/pngquant.exe", "date +%N > '" + written.toUtf8() + "'");
-    m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
-    const QString output = project() + "/" + base + "_PALETTED/" + base + "_PALETTED8.raw";
-    const QString photo = makeImage(source);
-
-    QVERIFY(CImageFileConverter().convert(photo, "PALETTED8"));
-    const QByteArray first = CToolStubs::read(output);
-    QVERIFY(CImageFileConverter().convert(photo, "PALETTED8")); // now the renamed one lies there
-    QVERIFY(CToolStubs::read(output) != first);
-    QVERIFY(QFile::exists(QFileInfo(output).path() + "/" + expectedInput));
+    const std::tuple<QString, QByteArray, QString> cases[] = {
+        {"photo.jpg", "photo-fs8.png", "photo-fs8.jpg"},
+        {"my.photo.png", "my.photo-fs8.png", "my-fs8.png"},
+        {"my.photo.jpg", "my.photo-fs8.png", "my-fs8.jpg"}};
+    for (const auto &[source, written, expectedInput] : cases) {
+        const QByteArray base = source.section('.', 0, 0).toUtf8();
+        m_stubs->addTool("Palette/pngquant.exe", "date +%N > '" + written + "'");
+        m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
+        const QString output = project() + "/" + base + "_PALETTED/" + base + "_PALETTED8.raw";
+        const QString photo = makeImage(source);
+        QVERIFY(QDir(project()).removeRecursively());
+        QVERIFY(CImageFileConverter().convert(photo, "PALETTED8"));
+        const QByteArray first = CToolStubs::read(output);
+        QVERIFY(CImageFileConverter().convert(photo, "PALETTED8")); // the renamed one lies there
+        QVERIFY(CToolStubs::read(output) != first);
+        QVERIFY(QFile::exists(QFileInfo(output).path() + "/" + expectedInput));
+    }
 }
 
 void tst_ImageFileConverter::rawFilesAreCopied()
@@ -309,15 +265,10 @@ void tst_ImageFileConverter::rawFilesAreCopied()
     QCOMPARE(image->format, QString("None"));
     QCOMPARE(image->suffix, QString("raw"));
     QCOMPARE(QSize(image->bwidth, image->bheight), QSize(4, 2));
-}
 
-void tst_ImageFileConverter::onlyTheLowerCaseSuffixIsRaw()
-{
-    addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw");
-    const QString file = makeImage("photo.RAW");
-    QVERIFY(CImageFileConverter().convert(file, "L8"));
+    addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw"); // only the lower case is raw
+    QVERIFY(CImageFileConverter().convert(makeImage("photo.RAW"), "L8"));
     QCOMPARE(calls().mid(0, 4), (Names{"-i", "photo.RAW", "-f", "3"}));
-    QVERIFY(!QFile::exists(project() + "/photo_RAW"));
 }
 
 void tst_ImageFileConverter::foldersWithoutWorkingDirectory()
@@ -338,36 +289,23 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw");
     addRecorder("DXT1/dxtpack.exe", "echo x > photo_DXT1.raw");
     const QString photo = makeImage("photo.png");
-    CImageFileConverter converter;
+    const int L8 = CBitmapFormatTable::code("L8");
     QDir().mkpath(project());
     CToolStubs::write(project() + "/photo_DXT1", "in the way");
-    QVERIFY(!converter.convert(photo, "DXT1"));
+    verifyRefused(photo, CBitmapFormatTable::code("DXT1"));
     QDir().mkpath(project() + "/photo.png"); // the copy cannot replace a folder
-    QVERIFY(!converter.convert(photo, "L8"));
+    verifyRefused(photo, L8);
     QVERIFY(QDir(project()).removeRecursively());
     CToolStubs::write(project(), "in the way");
-    QVERIFY(!converter.convert(photo, "L8"));
-    QVERIFY(calls().isEmpty());
-}
+    verifyRefused(photo, L8);
+    QVERIFY(QFile::remove(project()));
 
-void tst_ImageFileConverter::sourcesThatAreNone_data()
-{
-    QTest::addColumn<QString>("source");
-    for (const char *source :
-         {"missing.png", "missing.raw", "folder.png", "pipe.png", "pipe.raw", ""})
-        QTest::newRow(source) << source;
-}
-
-void tst_ImageFileConverter::sourcesThatAreNone()
-{
-    QFETCH(QString, source);
-    addRecorder("bmpconv/bmpconv.exe", "");
-    QDir().mkpath(m_stubs->path("folder.png"));
+    QDir().mkpath(m_stubs->path("folder.png")); // nor are these sources
     for (const char *pipe : {"pipe.png", "pipe.raw"})
         QCOMPARE(mkfifo(m_stubs->path(pipe).toUtf8().constData(), 0600), 0);
-    QVERIFY(
-        !CImageFileConverter().convert(source.isEmpty() ? source : m_stubs->path(source), "L8"));
-    QVERIFY(calls().isEmpty());
+    for (const char *source : {"missing.png", "missing.raw", "folder.png", "pipe.png", "pipe.raw"})
+        verifyRefused(m_stubs->path(source), L8);
+    verifyRefused(QString(), L8);
 }
 
 void tst_ImageFileConverter::sourceThatLiesThereAlready()
@@ -405,107 +343,63 @@ void tst_ImageFileConverter::largeImagesAreRefused()
         QVERIFY(!QFile::exists(project() + "/bomb.png"));
     }
     QVERIFY(CImageFileConverter().mediaImage(makeImage("most.png", {2048, 1})));
-}
 
-void tst_ImageFileConverter::describedRawFilesAreRefusedToo()
-{
-    const QString raw = m_stubs->path("wide.raw");
+    const QString raw = m_stubs->path("wide.raw"); // and so is what is described as large
     CToolStubs::write(raw, QByteArray(4000, 'x'));
     CToolStubs::write(m_stubs->path("wide.json"), R"({"width":4000,"height":1,"bytes":4000})");
-    CImageFileConverter converter;
-    QSignalSpy failures(&converter, &CImageFileConverter::failed);
-    QVERIFY(!converter.convert(raw, "L8"));
-    QVERIFY(failures.value(0).value(0).toString().contains("2048"));
-}
-
-void tst_ImageFileConverter::realTools_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<int>("bytes"); // of a 13 x 6 image
-    QTest::addColumn<int>("paletteBytes");
-    QTest::newRow("ARGB1555") << "ARGB1555"
-                              << "" << 13 * 6 * 2 << 0;
-    QTest::newRow("L1") << "L1"
-                        << "" << 2 * 6 << 0;
-    QTest::newRow("L2") << "L2"
-                        << "" << 4 * 6 << 0;
-    QTest::newRow("L4") << "L4"
-                        << "" << 7 * 6 << 0;
-    QTest::newRow("L8") << "L8"
-                        << "" << 13 * 6 << 0;
-    QTest::newRow("RGB332") << "RGB332"
-                            << "" << 13 * 6 << 0;
-    QTest::newRow("ARGB2") << "ARGB2"
-                           << "" << 13 * 6 << 0;
-    QTest::newRow("ARGB4") << "ARGB4"
-                           << "" << 13 * 6 * 2 << 0;
-    QTest::newRow("RGB565") << "RGB565"
-                            << "" << 13 * 6 * 2 << 0;
-    QTest::newRow("PALETTED") << "PALETTED"
-                              << "/photo_PALETTED" << 13 * 6 << 1024;
-    QTest::newRow("PALETTED8") << "PALETTED8"
-                               << "/photo_PALETTED" << 13 * 6 << 1024;
-    QTest::newRow("PALETTED565") << "PALETTED565"
-                                 << "/photo_PALETTED" << 13 * 6 << 512;
-    QTest::newRow("PALETTED4444") << "PALETTED4444"
-                                  << "/photo_PALETTED" << 13 * 6 << 512;
-    QTest::newRow("DXT1") << "DXT1"
-                          << "/photo_DXT1" << 4 * 2 * 8 << 0;
+    QVERIFY(verifyRefused(raw, CBitmapFormatTable::code("L8")).contains("2048"));
 }
 
 void tst_ImageFileConverter::realTools()
 {
-    QFETCH(QString, format);
-    QFETCH(QString, folder);
-    QFETCH(int, bytes);
-    QFETCH(int, paletteBytes);
+    const std::tuple<QString, int, int> cases[] = {// bytes of a 13 x 6 image, and of its palette
+                                                   {"ARGB1555", 13 * 6 * 2, 0},
+                                                   {"L1", 2 * 6, 0},
+                                                   {"L2", 4 * 6, 0},
+                                                   {"L4", 7 * 6, 0},
+                                                   {"L8", 13 * 6, 0},
+                                                   {"RGB332", 13 * 6, 0},
+                                                   {"ARGB2", 13 * 6, 0},
+                                                   {"ARGB4", 13 * 6 * 2, 0},
+                                                   {"RGB565", 13 * 6 * 2, 0},
+                                                   {"PALETTED", 13 * 6, 1024},
+                                                   {"PALETTED8", 13 * 6, 1024},
+                                                   {"PALETTED565", 13 * 6, 512},
+                                                   {"PALETTED4444", 13 * 6, 512},
+                                                   {"DXT1", 4 * 2 * 8, 0}};
     QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
     for (const QString name : {"photo.png", "photo.jpg"}) {
         const QString photo = makeImage(name);
-        CImageFileConverter converter;
-        QSignalSpy failures(&converter, &CImageFileConverter::failed);
-        QVERIFY2(converter.convert(photo, format),
-                 qPrintable(failures.value(0).value(0).toString()));
-
-        const auto image = CImageFileConverter::convertedImage(photo, format);
-        QVERIFY(image);
-        QCOMPARE(image->path, project() + folder + "/photo_" + format + ".raw");
-        QCOMPARE(image->bfolder, "demo_ConvertedImages" + folder);
-        QCOMPARE(image->basename, QString("photo"));
-        QCOMPARE(image->suffix, QFileInfo(name).suffix());
-        QCOMPARE(image->format, format);
-        QCOMPARE(QSize(image->bwidth, image->bheight), QSize(13, 6));
-        QCOMPARE(QFileInfo(image->path).size(), bytes);
-        const QFileInfo palette(project() + folder + "/photo_" + format + ".lut");
-        QCOMPARE(palette.exists(), paletteBytes > 0);
-        QCOMPARE(palette.size(), paletteBytes);
+        for (const auto &[format, bytes, paletteBytes] : cases) {
+            const auto image = converted(photo, format);
+            QVERIFY2(image, qPrintable(format));
+            QCOMPARE(image->path, project() + folderOf(format) + "/photo_" + format + ".raw");
+            QCOMPARE(image->bfolder, "demo_ConvertedImages" + folderOf(format));
+            QCOMPARE(image->basename, QString("photo"));
+            QCOMPARE(image->suffix, QFileInfo(name).suffix());
+            QCOMPARE(image->format, format);
+            QCOMPARE(QSize(image->bwidth, image->bheight), QSize(13, 6));
+            QCOMPARE(QFileInfo(image->path).size(), bytes);
+            const QFileInfo palette(project() + folderOf(format) + "/photo_" + format + ".lut");
+            QCOMPARE(palette.exists(), paletteBytes > 0);
+            QCOMPARE(palette.size(), paletteBytes);
+        }
     }
-}
-
-void tst_ImageFileConverter::oddNames_data()
-{
-    QTest::addColumn<QString>("base");
-    for (const char *base :
-         {"with blanks in it", "it's \"quoted\"", "-x", "--help", "-f", ":colon", "Größe 日本",
-          "a;b$(touch pwned)`c`*", "%1 %2", "two.dots", "photo-fs8", "back\\slash", ".hidden"})
-        QTest::newRow(base) << QString::fromUtf8(base);
 }
 
 void tst_ImageFileConverter::oddNames()
 {
-    QFETCH(QString, base);
     QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
-    const QString photo = makeImage(base + ".png");
-    CImageFileConverter converter;
-    QSignalSpy failures(&converter, &CImageFileConverter::failed);
-    for (const QString format : {"L8", "DXT1", "PALETTED565"}) {
-        QVERIFY2(converter.convert(photo, format),
-                 qPrintable(failures.value(0).value(0).toString()));
-        const auto image = CImageFileConverter::convertedImage(photo, format);
-        QVERIFY(image);
-        QCOMPARE(image->path, m_stubs->projectFolder() + "/" + image->bfolder + "/" +
-                                  image->basename + "_" + image->format + ".raw");
+    for (const QString base :
+         {"with blanks in it", "it's \"quoted\"", "-x", "--help", "-f", ":colon", "Größe 日本",
+          "a;b$(touch pwned)`c`*", "%1 %2", "two.dots", "photo-fs8", "back\\slash", ".hidden"}) {
+        const QString photo = makeImage(base + ".png");
+        for (const QString format : {"L8", "DXT1", "PALETTED565"}) {
+            const auto image = converted(photo, format);
+            QVERIFY2(image, qPrintable(base));
+            QCOMPARE(image->path, m_stubs->projectFolder() + "/" + image->bfolder + "/" +
+                                      image->basename + "_" + image->format + ".raw");
+        }
     }
     QCOMPARE(QDir(m_stubs->projectFolder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              Names{"demo_ConvertedImages"});

@@ -68,7 +68,6 @@ class tst_ToolRunner : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void badTools_data();
     void badTools();
     void goodToolsAreLeftToEnd();
     void boxTellsTheTool();
@@ -113,43 +112,35 @@ QList<qint64> tst_ToolRunner::pids() const
     return result;
 }
 
-void tst_ToolRunner::badTools_data()
-{
-    QTest::addColumn<QByteArray>("commands"); // none: there is no such program
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("missing") << QByteArray() << "cannot be started";
-    QTest::newRow("not executable") << QByteArray("no x") << "cannot be started";
-    QTest::newRow("no program at all") << QByteArray("\x7f"
-                                                     "ELF nonsense")
-                                       << "stub";
-    QTest::newRow("fails") << QByteArray("exit 3") << "stub failed";
-    QTest::newRow("fails and says why") << QByteArray("echo 'no room' >&2; exit 1") << "no room";
-    QTest::newRow("crashes") << QByteArray("kill -SEGV $$") << "stub failed";
-    QTest::newRow("kills itself") << QByteArray("kill -KILL $$") << "stub failed";
-    QTest::newRow("asks") << QByteArray("read answer || exit 7") << "stub failed";
-    QTest::newRow("asks the terminal") << QByteArray("read a < /dev/tty; exit 7") << "stub";
-}
-
 void tst_ToolRunner::badTools()
 {
-    QFETCH(QByteArray, commands);
-    QFETCH(QString, expected);
-    QString error;
-    if (commands.isEmpty()) {
-        error = CToolRunner().run({m_stubs->path("none/stub.exe"), {}, m_stubs->path("")});
-    } else if (commands == "no x" || commands.startsWith('\x7f')) {
-        const QString file = m_stubs->path("stub.exe");
-        CToolStubs::write(file, commands);
-        if (commands != "no x")
-            QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
-        error = CToolRunner().run({file, {}, m_stubs->path("")});
-    } else {
-        error = run(commands);
+    const std::pair<const char *, const char *> cases[] = {
+        {"", "cannot be started"}, // no such program
+        {"no x", "cannot be started"},
+        {"\x7f"
+         "ELF nonsense",
+         "stub"},
+        {"exit 3", "stub failed"},
+        {"echo 'no room' >&2; exit 1", "no room"},
+        {"kill -SEGV $$", "stub failed"},
+        {"kill -KILL $$", "stub failed"},
+        {"read answer || exit 7", "stub failed"}, // asks
+        {"read a < /dev/tty; exit 7", "stub"},
+    };
+    const QString file = m_stubs->toolPath("stub.exe");
+    for (const auto &[commands, expected] : cases) {
+        m_stubs->addTool("stub.exe", commands);
+        if (*commands == '\x7f')
+            CToolStubs::write(file, commands);
+        if (QByteArray(commands) == "no x")
+            QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+        if (!*commands)
+            QFile::remove(file);
+        const QString error = CToolRunner().run({file, {}, m_stubs->path("")});
+        QVERIFY2(error.contains(expected), qPrintable(commands + (": " + error)));
+        for (const QWidget *widget : QApplication::topLevelWidgets())
+            QVERIFY(!widget->isVisible());
     }
-    QVERIFY2(error.contains(expected), qPrintable(error));
-    QVERIFY(!QApplication::activeModalWidget());
-    for (const QWidget *widget : QApplication::topLevelWidgets())
-        QVERIFY(!widget->isVisible());
 }
 
 void tst_ToolRunner::goodToolsAreLeftToEnd()
