@@ -166,13 +166,9 @@ void CItemView::updateFlags()
     showHandles(isSelected());
 }
 
-bool CItemView::isHighlighted() const
-{
-    return data(CanvasRole::HighlightKey).toInt() == 1;
-}
-
 void CItemView::setHighlighted(bool highlighted)
 {
+    m_highlighted = highlighted;
     setData(CanvasRole::HighlightKey, highlighted ? 1 : 0);
 }
 

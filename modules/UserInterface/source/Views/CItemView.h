@@ -44,7 +44,7 @@ public:
     /// Whether it can be selected, moved, resized and rotated.
     void updateFlags();
 
-    bool isHighlighted() const;
+    bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
     /// All twelve guide lines at once; they reach across `visible` (scene units).
     void showGuides(const QRectF &visible);
@@ -76,6 +76,7 @@ private:
     CItemModel *const m_item; ///< not owned
     QRectF m_frame;           ///< what handles and the scene were last told
     bool m_hovered = false;
+    bool m_highlighted = false; ///< what data() says as well, where it is slow to read
     std::array<CResizeHandle *, HandleCount> m_handles{}; ///< children
     std::array<QGraphicsLineItem *, GuideCount> m_guides{};
     CRotateHandle *m_rotateHandle = nullptr;

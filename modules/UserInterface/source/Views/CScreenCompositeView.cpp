@@ -62,6 +62,8 @@ void CScreenCompositeView::requestFrame()
     if (m_frameRequested || !isVisible())
         return;
     m_frameRequested = true;
+    if (m_view->isGestureActive() && CEmulatorAdapter::instance()->isRegistered())
+        m_view->awaitFrame();
     QMetaObject::invokeMethod(this, &CScreenCompositeView::render, Qt::QueuedConnection);
 }
 

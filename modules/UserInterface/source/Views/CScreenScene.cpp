@@ -241,26 +241,24 @@ void CScreenScene::selectionChanged()
     highlightObjectBehind(true);
 }
 
+/// Called with every move of the pointer: one walk from front to back, and only what changes is
+/// repainted.
 void CScreenScene::highlightObjectBehind(bool repaint)
 {
+    QVector<QRectF> inFront; // of selected items
     for (CItemView *view : qAsConst(m_order)) {
-        if (!view->isHighlighted())
+        const QRectF rect = view->sceneRect();
+        const bool isBehind =
+            !view->item()->isGrouped() &&
+            std::any_of(inFront.cbegin(), inFront.cend(),
+                        [&rect](const QRectF &each) { return each.intersects(rect); });
+        if (view->isSelected())
+            inFront.append(rect);
+        if (view->isHighlighted() == isBehind)
             continue;
-        view->setHighlighted(false);
-        if (repaint)
+        view->setHighlighted(isBehind);
+        if (isBehind || repaint)
             view->update();
-    }
-    for (const CItemView *selected : qAsConst(m_order)) {
-        if (!selected->isSelected())
-            continue;
-        for (CItemView *view : qAsConst(m_order)) {
-            if (view->isHighlighted() || view->item()->isGrouped() ||
-                view->item()->row() <= selected->item()->row() ||
-                !view->sceneRect().intersects(selected->sceneRect()))
-                continue;
-            view->setHighlighted(true);
-            view->update();
-        }
     }
 }
 

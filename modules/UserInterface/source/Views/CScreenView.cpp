@@ -13,13 +13,15 @@
 #include "ZoomRule.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QScrollBar>
 #include <QTimer>
 
 namespace {
-constexpr int Margin = 48;     ///< screen pixels about the screen that can be scrolled to
-constexpr int RestAfter = 150; ///< milliseconds without a change
-constexpr int ShadowWidth = 6; ///< screen pixels
+constexpr int Margin = 48;      ///< screen pixels about the screen that can be scrolled to
+constexpr int RestAfter = 150;  ///< milliseconds without a change
+constexpr int LongestWait = 40; ///< milliseconds that a change is kept back for its frame
+constexpr int ShadowWidth = 6;  ///< screen pixels
 constexpr int ShadowAlpha = 14;
 
 struct Counts
@@ -46,6 +48,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
       m_scene(new CScreenScene(screen, this)),
       m_converter(new CImageFileConverter(this)),
       m_restTimer(new QTimer(this)),
+      m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
 {
     setScene(m_scene);
@@ -59,6 +62,9 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     m_restTimer->setSingleShot(true);
     m_restTimer->setInterval(RestAfter);
     connect(m_restTimer, &QTimer::timeout, this, &CScreenView::settle);
+    m_waitTimer->setSingleShot(true);
+    m_waitTimer->setInterval(LongestWait);
+    connect(m_waitTimer, &QTimer::timeout, this, &CScreenView::paintAgain);
     connectScene();
 
     CEditorState *state = CEditorState::instance();
@@ -108,8 +114,22 @@ void CScreenView::setFrame(const QPixmap &frame)
 {
     m_scene->setFrame(frame);
     becomeBusy();
+    paintAgain();
     if (isVisible())
         viewport()->update();
+}
+
+void CScreenView::awaitFrame()
+{
+    viewport()->setUpdatesEnabled(false);
+    if (!m_waitTimer->isActive()) // counts from the first change that is not seen
+        m_waitTimer->start();
+}
+
+void CScreenView::paintAgain()
+{
+    m_waitTimer->stop();
+    viewport()->setUpdatesEnabled(true);
 }
 
 void CScreenView::setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes)
@@ -266,6 +286,23 @@ void CScreenView::scrollContentsBy(int dx, int dy)
     Q_EMIT viewportMoved();
 }
 
+/// About the page only: what lies under it is not seen, and large.
+void CScreenView::drawShadow(QPainter *painter, const QRectF &page, double pixel)
+{
+    QColor shade = Qt::black;
+    shade.setAlpha(ShadowAlpha);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(shade);
+    for (int width = 1; width <= ShadowWidth; ++width) {
+        const double reach = width * pixel;
+        QPainterPath ring;
+        ring.addRoundedRect(page.translated(0, 1).adjusted(-reach, -reach, reach, reach), reach,
+                            reach);
+        ring.addRect(page);
+        painter->drawPath(ring);
+    }
+}
+
 void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
 {
     const QColor window = palette().color(QPalette::Window);
@@ -273,16 +310,8 @@ void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
     painter->fillRect(rect, isDark ? window.darker(130) : window.lighter(106));
     const QRectF page = m_scene->sceneRect();
     const double pixel = 1 / transform().m11();
-    QColor shade = Qt::black;
-    shade.setAlpha(ShadowAlpha);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(shade);
-    for (int width = 1; width <= ShadowWidth; ++width)
-        painter->drawRoundedRect(page.adjusted(-width, -width, width, width)
-                                     .translated(0, 1)
-                                     .adjusted(width - width * pixel, width - width * pixel,
-                                               width * pixel - width, width * pixel - width),
-                                 width * pixel, width * pixel);
+    if (!page.contains(rect))
+        drawShadow(painter, page, pixel);
     painter->fillRect(page, screen() ? QColor(screen()->propertyText(QStringLiteral("color")))
                                      : QColor(Qt::black));
     QColor outline = palette().color(QPalette::WindowText);

@@ -30,6 +30,9 @@ public:
 
     // The answers of the emulator.
     void setFrame(const QPixmap &frame);
+    /// Paints nothing until the next frame, or for a moment when none comes: items and their
+    /// picture then move together, and are painted once.
+    void awaitFrame();
     void setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes);
     void setDisplayList(const QString &text, const QByteArray &bytes);
     QString lastDisplayListText() const; ///< one command a line
@@ -123,14 +126,17 @@ private:
     void setZoom(int percent);
     void applyZoom(int percent);
     void updateMargins();
+    static void drawShadow(QPainter *painter, const QRectF &page, double pixel);
     void settle();
     void becomeBusy();
+    void paintAgain();
 
     CScreenScene *m_scene;
     int m_zoom = 100; ///< percent
     int m_zoomType = 0;
     CImageFileConverter *m_converter; ///< a child
     QTimer *m_restTimer;
+    QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;
     QString m_displayListText;
     QByteArray m_displayListBytes;
