@@ -1,27 +1,8 @@
-#include "CCommandAddItem.h"
-#include "CCommandAddScreen.h"
-#include "CCommandChangeItemProperty.h"
-#include "CCommandChangeOptions.h"
-#include "CCommandDeleteItem.h"
-#include "CCommandDeleteScreen.h"
-#include "CCommandGroupItem.h"
-#include "CCommandInsertItem.h"
-#include "CCommandOrderItem.h"
-#include "CCommandPaste.h"
-#include "CCommandPasteScreen.h"
-#include "CCommandUngroupItem.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
-#include "CWidgetGroupModel.h"
-#include "CWidgetLibraryManager.h"
-#include "CWidgetModel.h"
+#include "CCommandMonkey.h"
 #include "IProjectOptionsObserver.h"
-#include "PropertyKey.h"
-#include "ScreenDocuments.h"
+#include "ModelTestSupport.h"
 
 #include <QSignalSpy>
-#include <QTest>
-#include <QUndoStack>
 
 namespace {
 
@@ -40,21 +21,21 @@ class tst_Commands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { loadTestLibrary(); }
     void init();
     void cleanup() { m_project.reset(); }
 
     void texts();
-    void addAndInsertPutItemsWhereTheySay();
-    void deleteKeepsTheRow();
+    void itemsLieWhereTheCommandsSay();
     void orderMarksTheMove();
     void groupingMovesMembersAndTheirMark();
     void pasteKeepsTheClipboardOrder();
     void pastedScreenIsTheSameAfterRedo();
     void screenIsAppendedAtTheTimeOfTheRedo();
     void propertyEditsDoNotMerge();
-    void liveChangeIsUndoneToTheGivenValue();
     void optionsAreRefreshedBothWays();
+    void undoAndRedoRestoreEveryByte_data();
+    void undoAndRedoRestoreEveryByte();
 
 private:
     CItemModel *newBox(const QString &name);
@@ -64,15 +45,6 @@ private:
     std::unique_ptr<CProjectModel> m_project;
     CScreenModel *m_screen = nullptr;
 };
-
-void tst_Commands::initTestCase()
-{
-    auto &manager = CWidgetLibraryManager::instance();
-    const QString library = qEnvironmentVariable("KIV_SOURCE_DIR") +
-                            QStringLiteral("/modules/Model/tests/data/widget-library.xml");
-    QVERIFY2(manager.initialise(library, {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}),
-             qPrintable(manager.errorText()));
-}
 
 void tst_Commands::init()
 {
@@ -85,8 +57,7 @@ void tst_Commands::init()
 
 CItemModel *tst_Commands::newBox(const QString &name)
 {
-    auto *box =
-        new CWidgetModel(QStringLiteral("Test_Box_T"), m_project->library(), m_project.get());
+    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
     box->setProperty(PropertyKey::Name, name);
     return box;
 }
@@ -122,22 +93,15 @@ void tst_Commands::texts()
     QCOMPARE(text(new CCommandChangeOptions(m_project.get(), {}, nullptr)), QString());
 }
 
-void tst_Commands::addAndInsertPutItemsWhereTheySay()
+void tst_Commands::itemsLieWhereTheCommandsSay()
 {
+    const QStringList before{"front", "middle", "back"};
     stack().push(new CCommandAddItem(m_screen, newBox("added")));
     stack().push(new CCommandInsertItem(m_screen, newBox("inserted"), 2));
-    const QStringList done{"added", "front", "inserted", "middle", "back"};
-    QCOMPARE(names(m_screen), done);
-    stack().undo();
-    stack().undo();
-    QCOMPARE(names(m_screen), QStringList({"front", "middle", "back"}));
-    stack().redo();
-    stack().redo();
-    QCOMPARE(names(m_screen), done);
-}
+    QCOMPARE(names(m_screen), QStringList({"added", "front", "inserted", "middle", "back"}));
+    stack().setIndex(0);
+    QCOMPARE(names(m_screen), before);
 
-void tst_Commands::deleteKeepsTheRow()
-{
     m_project->appendRow(new CScreenModel(m_project.get()));
     m_project->appendRow(new CScreenModel(m_project.get()));
     CScreenModel *second = m_project->screen(1);
@@ -145,10 +109,9 @@ void tst_Commands::deleteKeepsTheRow()
     stack().push(new CCommandDeleteItem(m_screen->childItem(1)));
     QCOMPARE(names(m_project->invisibleRootItem()), QStringList({"Page 1", "Page 3"}));
     QCOMPARE(names(m_screen), QStringList({"front", "back"}));
-    stack().undo();
-    stack().undo();
+    stack().setIndex(0);
     QCOMPARE(m_project->screen(1), second);
-    QCOMPARE(names(m_screen), QStringList({"front", "middle", "back"}));
+    QCOMPARE(names(m_screen), before);
 }
 
 void tst_Commands::orderMarksTheMove()
@@ -168,7 +131,7 @@ void tst_Commands::orderMarksTheMove()
 void tst_Commands::groupingMovesMembersAndTheirMark()
 {
     CItemModel *middle = m_screen->childItem(1);
-    auto *group = new CWidgetGroupModel(m_project->library(), m_project.get());
+    auto *group = newGroup(*m_project, {});
     stack().beginMacro("Group Selected Items");
     stack().push(new CCommandGroupItem(m_screen, group, 1));
     stack().push(new CCommandInsertItem(m_screen, group, 1));
@@ -252,12 +215,8 @@ void tst_Commands::propertyEditsDoNotMerge()
     stack().undo();
     QCOMPARE(box->width(), 40.0);
     QCOMPARE(told.count(), 4);
-}
 
-void tst_Commands::liveChangeIsUndoneToTheGivenValue()
-{
-    CItemModel *box = m_screen->childItem(0);
-    box->setProperty(PropertyKey::X, 99); // the gesture, before the push
+    box->setProperty(PropertyKey::X, 99); // a live gesture, before the push
     stack().push(new CCommandChangeItemProperty(box, PropertyKey::X, 120, 10));
     stack().undo();
     QCOMPARE(box->x(), 10.0);
@@ -278,6 +237,73 @@ void tst_Commands::optionsAreRefreshedBothWays()
     QCOMPARE(spy.calls, 2);
     QCOMPARE(stack().undoText(), QString());
     QCOMPARE(stack().redoText(), QString("Change Project Options"));
+}
+
+void tst_Commands::undoAndRedoRestoreEveryByte_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 10; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+/// 20,000 random commands in ten runs: undoing all gives the first document again, redoing all the
+/// last one, byte for byte, and so does every index on the way that was looked at.
+void tst_Commands::undoAndRedoRestoreEveryByte()
+{
+    constexpr int Steps = 2000;
+    constexpr int SnapshotEvery = 50;
+    QFETCH(quint32, seed);
+
+    CProjectModel &project = *m_project;
+    project.newProject({{PropertyKey::Platform, QStringLiteral("QX110")}});
+    QUndoStack &history = stack();
+    const auto document = [&project] {
+        QString error;
+        const QByteArray bytes = project.saveToBytes(&error);
+        return error.isEmpty() ? bytes : error.toUtf8();
+    };
+
+    QHash<int, QByteArray> snapshots{{0, document()}};
+    CCommandMonkey monkey(project, seed);
+    const auto where = [&](int index) {
+        return QStringLiteral("seed %1, index %2, after: %3")
+            .arg(seed)
+            .arg(index)
+            .arg(monkey.log().mid(qMax(0, monkey.log().size() - 40)).join(QStringLiteral(", ")));
+    };
+    int lastIndex = 0;
+    for (int step = 0; step < Steps; ++step) {
+        const int before = history.index();
+        const bool couldRedo = history.canRedo();
+        monkey.step();
+        // A push in the middle of the history forgets what lay behind it.
+        if (couldRedo && !history.canRedo() && monkey.log().last() != QLatin1String("redo")) {
+            for (const int index : snapshots.keys()) {
+                if (index > before)
+                    snapshots.remove(index);
+            }
+        }
+        lastIndex = history.index();
+        if (snapshots.contains(lastIndex))
+            QVERIFY2(document() == snapshots.value(lastIndex), qPrintable(where(lastIndex)));
+        else if (step % SnapshotEvery == 0)
+            snapshots.insert(lastIndex, document());
+    }
+    history.setIndex(history.count());
+    const QByteArray last = document();
+    QVERIFY(last != snapshots.value(0)); // it really changed, else the rest proves nothing
+
+    while (history.canUndo()) {
+        history.undo();
+        if (snapshots.contains(history.index()))
+            QVERIFY2(document() == snapshots.value(history.index()),
+                     qPrintable(where(history.index())));
+    }
+    history.setIndex(history.count());
+    QVERIFY2(document() == last, qPrintable(where(history.index())));
+
+    // A project that is thrown away in the middle of its history frees everything once.
+    history.setIndex(history.count() / 2);
 }
 
 QTEST_GUILESS_MAIN(tst_Commands)
