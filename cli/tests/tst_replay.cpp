@@ -70,18 +70,15 @@ void tst_Replay::cleanupTestCase()
 void tst_Replay::examples()
 {
     QTest::addColumn<QString>("project");
-    const QDir folder(QString::fromLocal8Bit(qgetenv("KIV_SOURCE_DIR")) +
-                      QStringLiteral("/examples"));
+    const QDir folder(qEnvironmentVariable("KIV_SOURCE_DIR") + "/examples");
     for (const QString &name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
         for (const QFileInfo &file :
              QDir(folder.filePath(name)).entryInfoList({QStringLiteral("*.nyx")})) {
             QTest::newRow(qPrintable(file.completeBaseName())) << file.absoluteFilePath();
             const QString base = exported(file.completeBaseName());
-            QCOMPARE(QProcess::execute(m_programFolder.filePath(QStringLiteral("panel-export")),
-                                       {file.absoluteFilePath(), QStringLiteral("--strict"),
-                                        QStringLiteral("--bin"), base + QStringLiteral(".bin"),
-                                        QStringLiteral("--dl"), base + QStringLiteral(".dl"),
-                                        QStringLiteral("--png"), base}),
+            QCOMPARE(QProcess::execute(m_programFolder.filePath("panel-export"),
+                                       {file.absoluteFilePath(), "--strict", "--bin", base + ".bin",
+                                        "--dl", base + ".dl", "--png", base}),
                      0);
         }
 }
@@ -152,13 +149,8 @@ void tst_Replay::bytesGiveThePicture()
         QCOMPARE(shown.size(), size);
         for (int y = 0; y < size.height(); ++y)
             for (int x = 0; x < size.width(); ++x)
-                if (surface.row(y)[x] != shown.pixel(x, y))
-                    QFAIL(qPrintable(QStringLiteral("%1, pixel %2, %3: %4 is not %5")
-                                         .arg(picture)
-                                         .arg(x)
-                                         .arg(y)
-                                         .arg(surface.row(y)[x], 8, 16)
-                                         .arg(shown.pixel(x, y), 8, 16)));
+                QVERIFY2(surface.row(y)[x] == shown.pixel(x, y),
+                         qPrintable(QString("%1, pixel %2, %3").arg(picture).arg(x).arg(y)));
     }
 }
 

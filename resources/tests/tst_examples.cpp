@@ -1,13 +1,10 @@
 #include "CProjectModel.h"
-#include "CWidgetGroupModel.h"
 #include "CWidgetLibraryManager.h"
 #include "FrameRecorder.h"
 #include "PlatformFilter.h"
 
 #include <QFile>
 #include <QTest>
-
-#include <functional>
 
 /// The example designs: whole, in the project format, drawn without a complaint on their chip.
 class tst_Examples : public QObject
@@ -20,23 +17,6 @@ private Q_SLOTS:
     void example_data();
     void example();
 };
-
-namespace {
-
-QString filePath(const QString &name)
-{
-    return FrameRecorder::programFile(QStringLiteral("examples/%1/%1.nyx").arg(name));
-}
-
-void forEachItem(const CItemModel &parent, const std::function<void(const CItemModel &)> &visit)
-{
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        visit(*parent.childItem(row));
-        forEachItem(*parent.childItem(row), visit);
-    }
-}
-
-} // namespace
 
 void tst_Examples::initTestCase()
 {
@@ -67,7 +47,8 @@ void tst_Examples::example()
     QFETCH(int, fewestWidgets);
     QFETCH(size_t, displayListBudget);
     QFETCH(size_t, graphicsMemoryBudget);
-    const QString path = filePath(QLatin1String(QTest::currentDataTag()));
+    const QString path =
+        FrameRecorder::programFile(QString("examples/%1/%1.nyx").arg(QTest::currentDataTag()));
 
     CProjectModel project;
     QString error;
@@ -86,10 +67,12 @@ void tst_Examples::example()
     int widgets = 0, groups = 0;
     for (int i = 0; i < project.screenCount(); ++i) {
         CScreenModel *screen = project.screen(i);
-        forEachItem(*screen, [&](const CItemModel &item) {
+        CModelIterator walk(screen);
+        for (walk.next(); walk.current(); walk.next()) {
+            const CItemModel &item = *walk.currentItem();
             if (item.kind() == CItemModel::Kind::Group) {
                 ++groups;
-                return;
+                continue;
             }
             ++widgets;
             const QString what = screen->name() + QLatin1Char('/') + item.name();
@@ -100,7 +83,7 @@ void tst_Examples::example()
                          frame.contains(item.bounds().bottomRight()),
                      qPrintable(what));
             ids.insert(item.id());
-        });
+        }
         const FrameRecorder::Answer answer = FrameRecorder::render(*screen);
         QVERIFY2(answer.errors.isEmpty(), qPrintable(screen->name() + answer.errors));
         QCOMPARE(answer.frame.size(), size);

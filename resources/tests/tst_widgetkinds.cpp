@@ -175,11 +175,9 @@ QVector<Values> limitSettings(const QVector<CWidgetProperty> &properties)
             tried = {QTime(0, 0), QTime(23, 59, 59), QTime()};
             break;
         default:
-            tried = {QString(), QString(3000, QLatin1Char('W')), QStringLiteral("jÄg|_,;:.%s\n\\"),
-                     QStringLiteral("jjj"), QStringLiteral(",;,;;1,2;-5e9,nan")};
+            tried = {"", QString(3000, 'W'), "jÄg|_,;:.%s\n\\", "jjj", ",;,;;1,2;-5e9,nan"};
             if (key == PropertyKey::PointList)
-                tried = {QString(), QStringLiteral("0,0"), QStringLiteral("0,0;0,0;0,0"),
-                         QStringLiteral("0,0;90,90;90,0;0,90"), QStringLiteral(";x,y;1;2,3")};
+                tried = {"", "0,0", "0,0;0,0;0,0", "0,0;90,90;90,0;0,90", ";x,y;1;2,3"};
         }
         for (const QVariant &value : qAsConst(tried)) {
             if (value.isValid() || property.propertyType() == PropertyType::Time)
@@ -204,20 +202,17 @@ QVector<Values> sizeSettings(const CWidgetModel &widget)
             settings.append(Values(size) << qMakePair(PropertyKey::Font, QVariant(font)));
     };
     const int sizes[] = {1, 3, 7, 16, 31, 90};
-    if (widget.hasProperty(PropertyKey::Radius)) {
-        for (const int size : sizes)
+    for (const int size : sizes) {
+        if (widget.hasProperty(PropertyKey::Radius)) {
             addWithFonts({{PropertyKey::Radius, size}});
-    } else if (widget.hasProperty(PropertyKey::PointSize)) {
-        for (const int size : sizes)
+        } else if (widget.hasProperty(PropertyKey::PointSize)) {
             addWithFonts({{PropertyKey::PointSize, size * 16}});
-    } else if (widget.hasProperty(PropertyKey::Height)) {
-        for (const int width : sizes) {
+        } else if (widget.hasProperty(PropertyKey::Height)) {
             for (const int height : sizes)
-                addWithFonts({{PropertyKey::Width, width}, {PropertyKey::Height, height}});
+                addWithFonts({{PropertyKey::Width, size}, {PropertyKey::Height, height}});
+        } else if (widget.isHeightFromFont()) {
+            settings.append({{PropertyKey::Width, size}});
         }
-    } else if (widget.isHeightFromFont()) {
-        for (const int width : sizes)
-            settings.append({{PropertyKey::Width, width}});
     }
     return settings;
 }
@@ -246,6 +241,16 @@ private:
     {
         return CWidgetLibraryManager::instance().libraryModel(chip);
     }
+    /// Visits the properties of all kinds, until one has made the test fail.
+    template<class Visit>
+    void eachProperty(const QVector<quint32> &chips, Visit visit) const
+    {
+        for (const quint32 chip : chips)
+            for (const QString &kind : library(chip)->typeNames())
+                for (const CWidgetProperty &property : library(chip)->properties(kind))
+                    if (!QTest::currentTestFailed())
+                        visit(kind, property, chip);
+    }
 };
 
 void tst_WidgetKinds::initTestCase()
@@ -263,12 +268,10 @@ void tst_WidgetKinds::libraryHasWhatTheEditorNeeds()
     QVERIFY(library(0x100)->typeNames().size() >= 26);
     QSet<int> types;
     QSet<QString> keys;
-    for (const QString &kind : library(0x113)->typeNames()) {
-        for (const CWidgetProperty &property : library(0x113)->properties(kind)) {
-            types.insert(int(property.propertyType()));
-            keys.insert(property.key());
-        }
-    }
+    eachProperty({0x113}, [&](const QString &, const CWidgetProperty &property, quint32) {
+        types.insert(int(property.propertyType()));
+        keys.insert(property.key());
+    });
     QCOMPARE(types.size(), 7); // int, float, bool, rgb, time, enum, string
     for (const QString &key :
          {PropertyKey::Width, PropertyKey::Radius, PropertyKey::PointSize, PropertyKey::X2,
@@ -302,31 +305,25 @@ void tst_WidgetKinds::everyKindHasItsParts()
 
 void tst_WidgetKinds::propertiesSuitTheirChip()
 {
-    for (const quint32 chip : ChipCodes) {
+    eachProperty(ChipCodes, [](const QString &kind, const CWidgetProperty &property, quint32 chip) {
         const bool first = chip < 0x110;
-        for (const QString &kind : library(chip)->typeNames()) {
-            for (const CWidgetProperty &property : library(chip)->properties(kind)) {
-                const QString what = kind + QLatin1Char(' ') + property.key();
-                const QVariant low = property.minimum(), high = property.maximum();
-                const double value = property.value().toDouble();
-                if (low.isValid() && high.isValid()) {
-                    QVERIFY2(low.toInt() < high.toInt(), qPrintable(what));
-                    QVERIFY2(value >= low.toInt() && value <= high.toInt(), qPrintable(what));
-                }
-                if (property.key() == PropertyKey::Width)
-                    QCOMPARE(high.toInt(), first ? 512 : 2048);
-                if (property.propertyType() == PropertyType::Enum)
-                    QVERIFY2(property.enumerationEntries().contains(property.text()),
-                             qPrintable(what));
-                if (property.key() == QLatin1String("format")) {
-                    QCOMPARE(property.enumerationEntries().contains(QStringLiteral("PALETTED")),
-                             first);
-                    QCOMPARE(property.enumerationEntries().contains(QStringLiteral("PALETTED8")),
-                             !first);
-                }
-            }
+        const std::string what = (kind + ' ' + property.key()).toStdString();
+        const QVariant low = property.minimum(), high = property.maximum();
+        const QStringList entries = property.enumerationEntries();
+        const double value = property.value().toDouble();
+        if (low.isValid() && high.isValid()) {
+            QVERIFY2(low.toInt() < high.toInt(), what.c_str());
+            QVERIFY2(value >= low.toInt() && value <= high.toInt(), what.c_str());
         }
-    }
+        if (property.key() == PropertyKey::Width)
+            QCOMPARE(high.toInt(), first ? 512 : 2048);
+        if (property.propertyType() == PropertyType::Enum)
+            QVERIFY2(entries.contains(property.text()), what.c_str());
+        if (property.key() == "format") {
+            QCOMPARE(entries.contains("PALETTED"), first);
+            QCOMPARE(entries.contains("PALETTED8"), !first);
+        }
+    });
 }
 
 void tst_WidgetKinds::kindsStayInTheirRectangle_data()
@@ -392,40 +389,28 @@ void tst_WidgetKinds::statesAreTold()
 void tst_WidgetKinds::nothingInAFileRaisesAnError()
 {
     QVERIFY(FrameRecorder::start(0x113, FrameSize));
-    const QVariantList wild = {0,
-                               -1,
-                               std::numeric_limits<qint32>::max(),
-                               std::numeric_limits<qint32>::min(),
-                               1e300,
-                               -1e300,
-                               QStringLiteral("nan"),
-                               QStringLiteral("inf"),
-                               QStringLiteral("bogus"),
-                               QString()};
-    for (const QString &kind : library(0x113)->typeNames()) {
-        for (const CWidgetProperty &property : library(0x113)->properties(kind)) {
-            // Colours have a fixed form in any file; what names a missing asset is to be reported.
-            if (property.propertyType() == PropertyType::Rgb || property.isReadOnly())
-                continue;
-            for (const QVariant &value : wild) {
-                Stage stage(kind, library(0x113));
-                stage.set({{property.key(), value}});
-                const QString errors = stage.render().errors;
-                QVERIFY2(errors.isEmpty(),
-                         qPrintable(describe(kind, {{property.key(), value}}) + errors));
-            }
+    eachProperty({0x113}, [this](const QString &kind, const CWidgetProperty &property, quint32) {
+        // Colours have a fixed form in any file; what names a missing asset is to be reported.
+        if (property.propertyType() == PropertyType::Rgb || property.isReadOnly())
+            return;
+        for (const QVariant &value : std::initializer_list<QVariant>{
+                 0, -1, INT32_MAX, INT32_MIN, 1e300, -1e300, "nan", "inf", "bogus", ""}) {
+            Stage stage(kind, library(0x113));
+            stage.set({{property.key(), value}});
+            const QString errors = stage.render().errors;
+            QVERIFY2(errors.isEmpty(),
+                     qPrintable(describe(kind, {{property.key(), value}}) + errors));
         }
-    }
+    });
 }
 
 void tst_WidgetKinds::missingImageIsReported()
 {
     QVERIFY(FrameRecorder::start(0x113, FrameSize));
-    for (const QString &kind : {QStringLiteral("Kiv_Bitmap_T"), QStringLiteral("Kiv_Media_T"),
-                                QStringLiteral("Kiv_ImageButton_T")}) {
+    for (const QString kind : {"Kiv_Bitmap_T", "Kiv_Media_T", "Kiv_ImageButton_T"}) {
         Stage stage(kind, library(0x113));
-        stage.set({{PropertyKey::BaseName, QStringLiteral("gone")},
-                   {PropertyKey::Suffix, QStringLiteral("png")},
+        stage.set({{PropertyKey::BaseName, "gone"},
+                   {PropertyKey::Suffix, "png"},
                    {PropertyKey::BitmapWidth, 8},
                    {PropertyKey::BitmapHeight, 8}});
         const FrameRecorder::Answer answer = stage.render();
@@ -456,8 +441,7 @@ void tst_WidgetKinds::workedExampleOfTheDocumentation()
         QVERIFY2(answer.errors.isEmpty(),
                  qPrintable(describe(kinds.first(), values) + answer.errors));
         const QRect drawn = drawnBox(answer.frame);
-        QVERIFY2(drawn.isEmpty() != values.isEmpty() || !drawn.isEmpty(),
-                 qPrintable(describe(kinds.first(), values)));
+        QVERIFY2(!drawn.isEmpty() || !values.isEmpty(), "draws nothing");
         QVERIFY2(drawn.isEmpty() || allowedBox(stage.widget()).toAlignedRect().contains(drawn),
                  qPrintable(describe(kinds.first(), values)));
     }
