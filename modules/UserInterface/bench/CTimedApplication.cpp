@@ -8,6 +8,15 @@
 #include <ctime>
 #include <utility>
 
+namespace {
+double timeOf(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+} // namespace
+
 bool CTimedApplication::notify(QObject *receiver, QEvent *event)
 {
     if (event->type() == QEvent::Paint && receiver == m_awaited)
@@ -31,9 +40,12 @@ bool CTimedApplication::notify(QObject *receiver, QEvent *event)
 
 double CTimedApplication::threadTime()
 {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    return timeOf(CLOCK_THREAD_CPUTIME_ID);
+}
+
+double CTimedApplication::processTime()
+{
+    return timeOf(CLOCK_PROCESS_CPUTIME_ID);
 }
 
 std::vector<CTimedApplication::Handler> CTimedApplication::takeHandlers()

@@ -24,6 +24,8 @@ public:
 
     /// Milliseconds of processor time that the calling thread has used.
     static double threadTime();
+    /// The same of all threads of the process.
+    static double processTime();
     /// All handlers since the last call.
     std::vector<Handler> takeHandlers();
 

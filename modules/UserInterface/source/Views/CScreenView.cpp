@@ -58,7 +58,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setTransformationAnchor(NoAnchor);
-    setViewportUpdateMode(SmartViewportUpdate);
+    setViewportUpdateMode(BoundingRectViewportUpdate);
     m_restTimer->setSingleShot(true);
     m_restTimer->setInterval(RestAfter);
     connect(m_restTimer, &QTimer::timeout, this, &CScreenView::settle);
