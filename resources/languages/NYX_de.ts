@@ -1363,6 +1363,13 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>CWidgetSelectionView</name>
+    <message>
+        <source>No widget found</source>
+        <translation>Kein Widget gefunden</translation>
+    </message>
+</context>
+<context>
     <name>CXmlGuard</name>
     <message>
         <source>The document is larger than %1 MiB.</source>

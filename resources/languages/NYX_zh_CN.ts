@@ -1363,6 +1363,13 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>CWidgetSelectionView</name>
+    <message>
+        <source>No widget found</source>
+        <translation>未找到控件</translation>
+    </message>
+</context>
+<context>
     <name>CXmlGuard</name>
     <message>
         <source>The document is larger than %1 MiB.</source>

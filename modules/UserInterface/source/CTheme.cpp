@@ -4,7 +4,9 @@
 #include "CThemeStyle.h"
 
 #include <QApplication>
+#include <QErrorMessage>
 #include <QFile>
+#include <QLabel>
 #include <QWidget>
 
 namespace {
@@ -47,6 +49,18 @@ void CTheme::apply(Kind kind)
     m_window->ensurePolished();
     m_window->setStyleSheet(
         readStyleSheet(QStringLiteral(":/qss/") + m_name + QStringLiteral(".qss")));
+    showErrorIcons();
+}
+
+/// An error dialog takes a picture of the plain style when it is made, and keeps it.
+void CTheme::showErrorIcons()
+{
+    constexpr int Pixels = 48;
+    const QIcon icon = CThemeIcons::icon(QStringLiteral(":/images/error.png"));
+    for (const QErrorMessage *dialog : m_window->findChildren<QErrorMessage *>()) {
+        if (auto *label = dialog->findChild<QLabel *>())
+            label->setPixmap(icon.pixmap(Pixels));
+    }
 }
 
 QString CTheme::nameOf(Kind kind)

@@ -29,6 +29,8 @@ public:
     static QString readStyleSheet(const QString &fileName);
 
 private:
+    void showErrorIcons();
+
     QWidget *const m_window;
     QString m_name;
 };

@@ -23,6 +23,8 @@ QString nameOf(QStyle::StandardPixmap which)
     case QStyle::SP_ComputerIcon:
     case QStyle::SP_DesktopIcon:
         return QStringLiteral("screen");
+    case QStyle::SP_LineEditClearButton:
+        return QStringLiteral("clearText");
     default:
         return {};
     }

@@ -2,8 +2,9 @@
 
 #include <QProxyStyle>
 
-/// The Fusion style with the editor's own pictures of files and folders. File dialogs ask the
-/// application's style for them, past every style sheet.
+/// The Fusion style with the editor's own pictures where no style sheet reaches: those of files and
+/// folders, for which file dialogs ask the application's style, and of the button that clears a
+/// line of text.
 class CThemeStyle : public QProxyStyle
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ CWidgetSelectionPanel::CWidgetSelectionPanel(QWidget *parent)
 {
     m_filter->setObjectName(QStringLiteral("widgetFilter"));
     m_filter->setClearButtonEnabled(true);
-    m_filter->addAction(CThemeIcons::icon(QStringLiteral(":/images/Search text.png")),
+    m_filter->addAction(CThemeIcons::icon(QStringLiteral(":/images/search.png")),
                         QLineEdit::LeadingPosition);
     connect(m_filter, &QLineEdit::textChanged, m_view, &CWidgetSelectionView::setFilter);
 

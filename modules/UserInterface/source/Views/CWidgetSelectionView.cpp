@@ -88,6 +88,7 @@ void CWidgetSelectionView::addEntry(const QModelIndex &row, const CWidgetLibrary
 void CWidgetSelectionView::setFilter(const QString &text)
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    m_isNothingFound = !words.isEmpty();
     QListWidgetItem *header = nullptr;
     for (int row = 0; row < count(); ++row) {
         QListWidgetItem *each = item(row);
@@ -104,9 +105,23 @@ void CWidgetSelectionView::setFilter(const QString &text)
                 return searched.contains(word, Qt::CaseInsensitive);
             });
         each->setHidden(!isShown);
+        if (isShown)
+            m_isNothingFound = false;
         if (isShown && header)
             header->setHidden(false);
     }
+    viewport()->update();
+}
+
+void CWidgetSelectionView::paintEvent(QPaintEvent *event)
+{
+    QListWidget::paintEvent(event);
+    if (!m_isNothingFound)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, tr("No widget found"));
 }
 
 void CWidgetSelectionView::resizeEvent(QResizeEvent *event)

@@ -35,6 +35,7 @@ public Q_SLOTS:
     void setSnapToGrid(bool on) { m_snapToGrid = on; }
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     QSize viewportSizeHint() const override;
@@ -43,5 +44,6 @@ private:
     void addHeader(const QString &text);
     void addEntry(const QModelIndex &row, const CWidgetLibraryModel *library, const QString &group);
 
+    bool m_isNothingFound = false; ///< the filter hides every entry
     bool m_snapToGrid = false;
 };
