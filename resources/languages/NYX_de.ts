@@ -1350,6 +1350,14 @@ Installierte Version: </translation>
         <source>Widget Group</source>
         <translation>Widget-Gruppe</translation>
     </message>
+    <message>
+        <source>Property</source>
+        <translation>Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
 </context>
 <context>
     <name>CWidgetSelectionPanel</name>

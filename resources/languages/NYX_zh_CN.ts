@@ -1350,6 +1350,14 @@ Installed version: </source>
         <source>Widget Group</source>
         <translation>控件组</translation>
     </message>
+    <message>
+        <source>Property</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
 </context>
 <context>
     <name>CWidgetSelectionPanel</name>

@@ -10,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QEvent>
 #include <QTreeWidget>
 #include <QUndoStack>
 
@@ -74,6 +75,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
             &CWidgetPropertiesView::chooseFile);
     connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
+    showHeader();
     showItems({});
 }
 
@@ -348,6 +350,18 @@ void CWidgetPropertiesView::resizeEvent(QResizeEvent *event)
 {
     QtTreePropertyBrowser::resizeEvent(event);
     fitColumns();
+}
+
+void CWidgetPropertiesView::changeEvent(QEvent *event)
+{
+    QtTreePropertyBrowser::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        showHeader();
+}
+
+void CWidgetPropertiesView::showHeader()
+{
+    findChild<QTreeWidget *>()->setHeaderLabels({tr("Property"), tr("Value")});
 }
 
 /// Names as wide as they need, but never more than half of the panel.

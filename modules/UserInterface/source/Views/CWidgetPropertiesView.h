@@ -46,6 +46,7 @@ Q_SIGNALS:
 protected:
     void itemChanged(QtBrowserItem *changed) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private Q_SLOTS:
     void onCurrentItemChanged(QtBrowserItem *current);
@@ -65,6 +66,7 @@ private:
     void changeFormat(const QString &format);
     void showLock();
     void forgetRemoved(const QModelIndex &parent, int first, int last);
+    void showHeader();
     void fitColumns();
 
     CPropertyManager *m_manager;
