@@ -8,9 +8,9 @@
 #include "CPropertyManager.h"
 #include "PropertyKey.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
-#include <QEvent>
 #include <QTreeWidget>
 #include <QUndoStack>
 
