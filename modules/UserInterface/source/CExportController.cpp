@@ -1,16 +1,22 @@
 #include "CExportController.h"
 
+#include "CEmulatorAdapter.h"
 #include "CFileWriter.h"
 #include "CProjectModel.h"
 #include "IUserQuestions.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QPointer>
 #include <QProgressDialog>
+#include <QThread>
 
 namespace {
-constexpr int ProgressDelay = 500; // ms; short exports show nothing
-}
+constexpr int ProgressDelay = 500;  // ms; short exports show nothing
+constexpr int LongestRender = 2000; // ms that a render of the canvas is waited for
+constexpr int WaitStepTime = 5;     // ms
+} // namespace
 
 CExportController::CExportController(QWidget *window, CEmulatorAdapter *adapter,
                                      IUserQuestions *user)
@@ -77,6 +83,7 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
         progress.setMaximum(total);
         progress.setValue(done);
         progress.setLabelText(tr("Exporting page %1 of %2").arg(done + 1).arg(total));
+        waitForEmulator();
         return !m_isCancelled && !progress.wasCanceled();
     });
 
@@ -99,6 +106,16 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
     }
     m_isRunning = false;
     Q_EMIT finished();
+}
+
+/// A page that is asked for while the canvas or a thumbnail is drawn would get no answer.
+void CExportController::waitForEmulator() const
+{
+    const QDeadlineTimer deadline(LongestRender);
+    while (m_adapter->isBusy() && !m_isCancelled && !deadline.hasExpired()) {
+        QCoreApplication::processEvents();
+        QThread::msleep(WaitStepTime);
+    }
 }
 
 void CExportController::writeScreen(const QString &path, const QByteArray &bytes)

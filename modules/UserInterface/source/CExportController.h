@@ -53,6 +53,7 @@ private:
 
     QString askPath(const SDialogTexts &texts, const QString &folder) const;
     void exportProject(CProjectModel *project, const QString &path, Export form);
+    void waitForEmulator() const;
     void writeScreen(const QString &path, const QByteArray &bytes);
 
     QWidget *const m_window;

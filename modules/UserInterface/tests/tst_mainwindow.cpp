@@ -1,4 +1,5 @@
 #include "CDialogAnswers.h"
+#include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
 #include "CItemModel.h"
 #include "CMainWindow.h"
@@ -419,6 +420,22 @@ private Q_SLOTS:
         } else {
             QVERIFY(bytes.size() > 0 && bytes.size() % 4 == 0);
         }
+    }
+
+    /// No page is left out because the canvas or a thumbnail was being drawn when its turn came.
+    void exportWhileTheCanvasIsDrawn()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
+        const auto drawing =
+            connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, this,
+                    [&] { adapter->renderForeground(m_window->project()->screen(0), &m_project); });
+        adapter->renderForeground(m_window->project()->screen(0), &m_project);
+        m_answers->expect([this](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
+        m_window->exportProjectDL();
+        disconnect(drawing);
+        QCOMPARE(readFile(m_folder->path("out.dl")).count("===\n"), 2);
+        QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
     }
 
     /// A file in a missing folder is neither rendered for nor reported in the error box.
