@@ -163,7 +163,10 @@ std::string_view CSnapshot::propertyBytes(size_t item) const
 
 std::string CSnapshot::label(size_t item) const
 {
-    return std::string(typeName(item)) + ' ' + std::string(idText(item));
+    std::string label(typeName(item));
+    if (!idText(item).empty())
+        label.append(1, ' ').append(idText(item));
+    return label;
 }
 
 std::optional<size_t> CSnapshot::findItem(uint32_t id) const

@@ -166,6 +166,6 @@ TEST(Snapshot, nullsAreEmptyTexts)
     } one;
     snapshot.take(&one);
     ASSERT_EQ(snapshot.itemCount(), 1U);
-    EXPECT_EQ(described(snapshot, 0), " : =''");
+    EXPECT_EQ(described(snapshot, 0), ": =''");
     EXPECT_EQ(snapshot.kind(0), kivemu::CSnapshot::EKind::Unknown);
 }
