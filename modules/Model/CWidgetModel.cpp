@@ -40,22 +40,35 @@ int CWidgetModel::orderOf(const QString &name) const
     return index < 0 ? std::numeric_limits<int>::max() : index;
 }
 
+/// The property that an attribute sets: "x" and "y" are short for the coordinates of a kind that
+/// has these.
+const QString &CWidgetModel::keyOf(const QString &attribute) const
+{
+    const bool isX = attribute == PropertyKey::ShortX;
+    if (!isX && attribute != PropertyKey::ShortY)
+        return attribute;
+    const QString &key = isX ? PropertyKey::X : PropertyKey::Y;
+    return isBuiltIn(key) && !isBuiltIn(attribute) ? key : attribute;
+}
+
 void CWidgetModel::takeAttributes(const ItemAttributes &attributes)
 {
     struct Step
     {
         int order;
+        const QString *key;
         const ItemAttribute *attribute;
     };
     QVarLengthArray<Step, 32> steps;
     for (const ItemAttribute &attribute : attributes) {
-        CWidgetProperty *property = findProperty(attribute.name);
+        const QString &key = keyOf(attribute.name);
+        CWidgetProperty *property = findProperty(key);
         if (!property) {
-            insertProperty(CWidgetProperty(attribute.name, PropertyType::String));
-            property = findProperty(attribute.name);
+            insertProperty(CWidgetProperty(key, PropertyType::String));
+            property = findProperty(key);
         }
-        if (isDerivedFrom(attribute.name))
-            steps.append({orderOf(attribute.name), &attribute});
+        if (isDerivedFrom(key))
+            steps.append({orderOf(key), &key, &attribute});
         else
             property->setValueFromText(attribute.text);
     }
@@ -63,9 +76,9 @@ void CWidgetModel::takeAttributes(const ItemAttributes &attributes)
         return a.order != b.order ? a.order < b.order : a.attribute->name < b.attribute->name;
     });
     for (const Step &step : qAsConst(steps)) {
-        CWidgetProperty *property = findProperty(step.attribute->name);
+        CWidgetProperty *property = findProperty(*step.key);
         property->setValueFromText(step.attribute->text);
-        applyProperty(step.attribute->name, QVariant(property->value()));
+        applyProperty(*step.key, QVariant(property->value()));
     }
 }
 

@@ -22,6 +22,7 @@ protected:
     bool isBuiltIn(const QString &name) const override;
 
 private:
+    const QString &keyOf(const QString &attribute) const;
     int orderOf(const QString &name) const;
     bool isSaved(const CWidgetProperty &property) const;
 };

@@ -224,7 +224,8 @@ void tst_ProjectModel::readsScreensAndItems()
         "<Kiv_Screen_T color='teal' name='One' id='7' "
         "working_directory='x'/><Else><Kiv_Screen_T/></Else>"
         "<Kiv_Screen_T/><Kiv_Screen_T name='Page 1'>text<Widget_Group_T x_coordinate='5' name='G'>"
-        "<Test_Dot_T name='D' point_size='32'/><Widget_Group_T/></Widget_Group_T></Kiv_Screen_T>"
+        "<Test_Dot_T name='D' point_size='32' x='8' y='3' "
+        "y_coordinate='4'/><Widget_Group_T/></Widget_Group_T></Kiv_Screen_T>"
         "</Kiv_Project_T>"));
     QCOMPARE(project.resolution(), QSize(480, 99));
     QCOMPARE(project.screenCount(), 3);
@@ -234,12 +235,16 @@ void tst_ProjectModel::readsScreensAndItems()
     QCOMPARE(one->propertyText(PropertyKey::Color), QStringLiteral("teal"));
     QCOMPARE(one->properties()[PropertyKey::Color].propertyType(), PropertyType::String);
     QVERIFY(project.saveToBytes(nullptr).contains(" working_directory=\"x\"")); // not lost
-    QCOMPARE(project.screen(1)->text(), QStringLiteral("Page 2")); // a name of its own
+    QCOMPARE(project.screen(1)->text(), QStringLiteral("Page 2"));              // a name of its own
     const CItemModel *group = project.screen(2)->childItem(0);
     QCOMPARE(group->x(), 5.0);
     QCOMPARE(group->properties()[PropertyKey::X].propertyType(), PropertyType::Int);
-    QCOMPARE(group->childItem(0)->radius(), 2.0);
-    QCOMPARE(group->childItem(0)->library(), CWidgetLibraryManager::instance().libraryModel(0x101));
+    const CItemModel *dot = group->childItem(0);
+    QCOMPARE(dot->radius(), 2.0);
+    QCOMPARE(QPointF(dot->x(), dot->y()), QPointF(8, 4)); // "x" is short for "x_coordinate"
+    QCOMPARE(dot->propertyText(PropertyKey::X), QStringLiteral("8"));
+    QVERIFY(!dot->hasProperty(PropertyKey::ShortX));
+    QCOMPARE(dot->library(), CWidgetLibraryManager::instance().libraryModel(0x101));
     QCOMPARE(group->childItem(1)->itemTypeName(), TypeName::Group);
 }
 
