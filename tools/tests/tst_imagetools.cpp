@@ -47,9 +47,7 @@ class tst_ImageTools : public QObject
 private Q_SLOTS:
     void initTestCase();
     void usage();
-    void wrongArguments_data();
     void wrongArguments();
-    void files_data();
     void files();
     void suffixDecides();
     void oddNames();
@@ -72,88 +70,70 @@ void tst_ImageTools::usage()
     }
 }
 
-void tst_ImageTools::wrongArguments_data()
-{
-    QTest::addColumn<QString>("tool");
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    for (const STool &tool : Tools) {
-        const QString program = tool.program;
-        const auto row = [&](const char *name, const QStringList &arguments, int exitCode) {
-            QTest::addRow("%s, %s", qPrintable(QFileInfo(program).completeBaseName()), name)
-                << program << arguments << exitCode;
-        };
-        row("none", {}, 2);
-        row("no value", {"-i"}, 2);
-        row("unknown", QStringList{"-i", "x.png", "-q"} + tool.options, 2);
-        row("twice", QStringList{"-i", "x.png", "-i", "x.png"} + tool.options, 2);
-        if (tool.options.isEmpty())
-            continue;
-        row("no code", {"-i", "x.png"}, 2);
-        for (const char *code : {"8", "10", "-1", "", "7x", "99999999999"})
-            row(code, {"-i", "x.png", "-f", code}, 1);
-    }
-}
-
 void tst_ImageTools::wrongArguments()
 {
-    QFETCH(QString, tool);
-    QFETCH(QStringList, arguments);
-    QFETCH(int, exitCode);
     CToolFolder folder;
     folder.write("x.png", pngBytes());
-    QCOMPARE(folder.run(tool, arguments), QProcess::NormalExit);
-    QCOMPARE(folder.exitCode, exitCode);
-    QVERIFY(folder.error.startsWith(QFileInfo(tool).completeBaseName() + ": "));
-    QCOMPARE(folder.files(), QStringList{"x.png"});
-}
-
-void tst_ImageTools::files_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("expected"); // in the error; empty: converted
-    const QByteArray png = pngBytes();
-    QTest::newRow("good") << png << "";
-    QTest::newRow("empty") << QByteArray() << "png";
-    QTest::newRow("text") << QByteArray("hello") << "png";
-    QTest::newRow("signature alone") << png.left(8) << "png";
-    QTest::newRow("truncated") << png.left(png.size() / 2) << "x.png";
-    QTest::newRow("60,000 x 60,000")
-        << withSize(png, "0000EA600000EA60", "80D27542") << "60000 x 60000";
-    QTest::newRow("0 x 8") << withSize(png, "0000000000000008", "D7D8FE7F") << "png";
-    QTest::newRow("4097 x 1") << withSize(png, "0000100100000001", "B1E30042") << "4097 x 1";
-    QTest::newRow("other kind")
-        << QByteArray("/* XPM */ static char *a[]={\"1 1 1 1\",\"a c red\",\"a\"};") << "png";
-    for (const char *special : {"missing", "folder", "pipe", "device"})
-        QTest::newRow(special) << QByteArray(special)
-                               << (qstrcmp(special, "missing") ? "not a regular file"
-                                                               : "no such file");
+    for (const STool &tool : Tools) {
+        const auto verify = [&](const QStringList &arguments, int exitCode) {
+            QCOMPARE(folder.run(tool.program, arguments), QProcess::NormalExit);
+            QVERIFY2(folder.exitCode == exitCode, qPrintable(tool.program + arguments.join(' ')));
+            QVERIFY(folder.error.startsWith(QFileInfo(tool.program).completeBaseName() + ": "));
+            QCOMPARE(folder.files(), QStringList{"x.png"});
+        };
+        verify({}, 2);
+        verify({"-i"}, 2);
+        verify(QStringList{"-i", "x.png", "-q"} + tool.options, 2);
+        verify(QStringList{"-i", "x.png", "-i", "x.png"} + tool.options, 2);
+        if (tool.options.isEmpty())
+            continue;
+        verify({"-i", "x.png"}, 2);
+        for (const char *code : {"8", "10", "-1", "", "7x", "99999999999"})
+            verify({"-i", "x.png", "-f", code}, 1);
+    }
 }
 
 void tst_ImageTools::files()
 {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, expected);
-    for (const STool &tool : Tools) {
-        CToolFolder folder;
-        if (bytes == "folder")
-            QVERIFY(QDir().mkpath(folder.path("x.png")));
-        else if (bytes == "pipe")
-            QCOMPARE(mkfifo(folder.path("x.png").toUtf8().constData(), 0600), 0);
-        else if (bytes == "device")
-            QVERIFY(QFile::link("/dev/zero", folder.path("x.png")));
-        else if (bytes != "missing")
-            folder.write("x.png", bytes);
-        const QStringList before = folder.files();
-        const bool isConverted =
-            folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options);
-        QCOMPARE(isConverted, expected.isEmpty());
-        QCOMPARE(!folder.read(tool.output).isEmpty(), expected.isEmpty());
-        if (expected.isEmpty())
-            continue;
-        QCOMPARE(folder.exitCode, 1);
-        QVERIFY2(folder.error.contains(expected), qPrintable(folder.error));
-        QCOMPARE(folder.files(), before);
+    const QByteArray png = pngBytes();
+    const std::pair<QByteArray, const char *> cases[] = {
+        // what the error says, if it is one
+        {png, ""},
+        {"", "png"},
+        {"hello", "png"},
+        {png.left(8), "png"},
+        {png.left(png.size() / 2), "x.png"},
+        {withSize(png, "0000EA600000EA60", "80D27542"), "60000 x 60000"},
+        {withSize(png, "0000000000000008", "D7D8FE7F"), "png"},
+        {withSize(png, "0000100100000001", "B1E30042"), "4097 x 1"},
+        {"/* XPM */ static char *a[]={\"1 1 1 1\",\"a c red\",\"a\"};", "png"},
+        {"missing", "no such file"},
+        {"folder", "not a regular file"},
+        {"pipe", "not a regular file"},
+        {"device", "not a regular file"},
+    };
+    for (const auto &[bytes, expected] : cases) {
+        for (const STool &tool : Tools) {
+            CToolFolder folder;
+            if (bytes == "folder")
+                QVERIFY(QDir().mkpath(folder.path("x.png")));
+            else if (bytes == "pipe")
+                QCOMPARE(mkfifo(folder.path("x.png").toUtf8().constData(), 0600), 0);
+            else if (bytes == "device")
+                QVERIFY(QFile::link("/dev/zero", folder.path("x.png")));
+            else if (bytes != "missing")
+                folder.write("x.png", bytes);
+            const QStringList before = folder.files();
+            const bool isConverted =
+                folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options);
+            QCOMPARE(isConverted, !*expected);
+            QCOMPARE(!folder.read(tool.output).isEmpty(), !*expected);
+            if (isConverted)
+                continue;
+            QCOMPARE(folder.exitCode, 1);
+            QVERIFY2(folder.error.contains(expected), qPrintable(folder.error));
+            QCOMPARE(folder.files(), before);
+        }
     }
 }
 

@@ -139,18 +139,33 @@ QByteArray described(const SError &error, size_t channel)
            ", signed " + QByteArray::number(error.signedMean);
 }
 
-QStringList bmpconvArguments(const QString &file, int code, bool isDithered)
-{
-    QStringList arguments{"-i", file, "-f", QString::number(code)};
-    if (!isDithered)
-        arguments += "--no-dither";
-    return arguments;
-}
-
-const QString Bmpconv = "bmpconv/bmpconv.exe";
 const QString Palsplit = "Palette/palsplit.exe";
 const QString Pngquant = "Palette/pngquant.exe";
 const QString Dxtpack = "DXT1/dxtpack.exe";
+
+/// Saves the image as NAME.png and has the tool convert it.
+bool convert(CToolFolder &folder, const QImage &image, const QString &name, const QString &tool,
+             const QStringList &options = {})
+{
+    const bool isSaved = image.save(folder.path(name + ".png"));
+    return isSaved && folder.succeeds(tool, QStringList{"-i", name + ".png"} + options);
+}
+
+bool bmpconv(CToolFolder &folder, const QImage &image, int code, bool isDithered = true)
+{
+    const QStringList options{"-f", QString::number(code)};
+    return convert(folder, image, "x", "bmpconv/bmpconv.exe",
+                   isDithered ? options : options + QStringList("--no-dither"));
+}
+
+/// What the general converter makes of the image; empty when it fails.
+std::vector<Pixel> shown(const QImage &image, const SFormat &format, bool isDithered = true)
+{
+    CToolFolder folder;
+    if (!bmpconv(folder, image, format.code, isDithered))
+        return {};
+    return decoded(folder, QString("x_") + format.name, format.code, image.size());
+}
 
 } // namespace
 
@@ -158,68 +173,46 @@ class tst_RoundTrip : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void general_data();
     void general();
-    void exactColoursStay_data() { formats(); }
     void exactColoursStay();
     void darkAreasKeepTheirLight();
     void transparentPixelsStayApart();
     void faintPixelsGiveLittleAway();
     void alphaOfOneBitIsAThreshold();
     void rowsAndBits();
-    void palettes_data();
     void palettes();
     void indexOrderAndUnusedEntries();
     void tooManyColours();
     void quantisedPhoto();
-    void dxt1_data();
     void dxt1();
     void dxt1Alpha();
 
 private:
-    static void formats();
+    static void verifyBounds(const SFormat &format, const QString &kind, bool isDithered);
 };
-
-void tst_RoundTrip::formats()
-{
-    QTest::addColumn<int>("row");
-    for (int i = 0; i < static_cast<int>(std::size(Formats)); ++i)
-        QTest::newRow(Formats[i].name) << i;
-}
-
-void tst_RoundTrip::general_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<bool>("isDithered");
-    for (int i = 0; i < static_cast<int>(std::size(Formats)); ++i)
-        for (const char *kind : {"gradient", "ramp", "translucent", "noise", "flat"})
-            for (const bool isDithered : {true, false})
-                QTest::addRow("%s %s %s", Formats[i].name, kind, isDithered ? "dithered" : "plain")
-                    << i << kind << isDithered;
-}
 
 void tst_RoundTrip::general()
 {
-    QFETCH(int, row);
-    QFETCH(QString, kind);
-    QFETCH(bool, isDithered);
-    const SFormat &format = Formats[row];
-    const QImage image = makeImage(kind);
-    CToolFolder folder;
-    QVERIFY(image.save(folder.path("photo.png")));
-    QVERIFY2(folder.succeeds(Bmpconv, bmpconvArguments("photo.png", format.code, isDithered)),
-             qPrintable(folder.error));
-    const auto pixels = decoded(folder, QString("photo_") + format.name, format.code, image.size());
-    QVERIFY(!pixels.empty());
+    for (const SFormat &format : Formats)
+        for (const char *kind : {"gradient", "ramp", "translucent", "noise", "flat"})
+            for (const bool isDithered : {true, false})
+                verifyBounds(format, kind, isDithered);
+}
 
+void tst_RoundTrip::verifyBounds(const SFormat &format, const QString &kind, bool isDithered)
+{
+    const QImage image = makeImage(kind);
+    const auto pixels = shown(image, format, isDithered);
+    QVERIFY2(!pixels.empty(), format.name);
     const bool isOpaque = kind != "translucent";
     const double edge =
         static_cast<double>(image.width() + image.height()) / (image.width() * image.height());
     for (size_t channel = 0; channel < 4; ++channel) {
         const SError error =
             compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
-        const QByteArray text = described(error, channel);
+        const QByteArray text = format.name +
+                                (" " + kind.toLatin1() + (isDithered ? " " : " plain ")) +
+                                described(error, channel);
         const int step = gap(format.bits[channel]);
         if (isOpaque || format.isGrey || format.bits[0] == 0) {
             // Plain rounding errs by half a gap at most; one that also takes in what its
@@ -240,24 +233,23 @@ void tst_RoundTrip::general()
 void tst_RoundTrip::exactColoursStay()
 {
     // What was decoded once has a code of its own everywhere: converting it again changes nothing.
-    QFETCH(int, row);
-    const SFormat &format = Formats[row];
-    const QImage image = makeImage("noise");
-    CToolFolder folder;
-    QVERIFY(image.save(folder.path("photo.png")));
-    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("photo.png", format.code, true)));
-    const QString output = QString("_") + format.name;
-    const auto pixels = decoded(folder, "photo" + output, format.code, image.size());
-    QVERIFY(!pixels.empty());
-    QImage again(image.size(), QImage::Format_ARGB32);
-    for (int y = 0, i = 0; y < again.height(); ++y)
-        for (int x = 0; x < again.width(); ++x, ++i) {
-            const Pixel &p = pixels[static_cast<size_t>(i)];
-            again.setPixel(x, y, qRgb(p[1], p[2], p[3]));
-        }
-    QVERIFY(again.save(folder.path("again.png")));
-    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("again.png", format.code, true)));
-    QCOMPARE(folder.read("again" + output + ".raw"), folder.read("photo" + output + ".raw"));
+    for (const SFormat &format : Formats) {
+        const QImage image = makeImage("noise");
+        const QString output = QString("x_") + format.name;
+        CToolFolder folder;
+        QVERIFY(bmpconv(folder, image, format.code));
+        const QByteArray first = folder.read(output + ".raw");
+        const auto pixels = decoded(folder, output, format.code, image.size());
+        QVERIFY(!pixels.empty());
+        QImage again(image.size(), QImage::Format_ARGB32);
+        for (int y = 0, i = 0; y < again.height(); ++y)
+            for (int x = 0; x < again.width(); ++x, ++i) {
+                const Pixel &p = pixels[static_cast<size_t>(i)];
+                again.setPixel(x, y, qRgb(p[1], p[2], p[3]));
+            }
+        QVERIFY(bmpconv(folder, again, format.code));
+        QCOMPARE(folder.read(output + ".raw"), first);
+    }
 }
 
 void tst_RoundTrip::darkAreasKeepTheirLight()
@@ -266,12 +258,9 @@ void tst_RoundTrip::darkAreasKeepTheirLight()
     // black.
     QImage image(200, 150, QImage::Format_RGB32);
     image.fill(qRgb(9, 9, 9));
-    CToolFolder folder;
-    QVERIFY(image.save(folder.path("dark.png")));
     for (const SFormat &format : Formats) {
-        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("dark.png", format.code, true)));
-        const auto pixels =
-            decoded(folder, QString("dark_") + format.name, format.code, image.size());
+        const auto pixels = shown(image, format);
+        QVERIFY(!pixels.empty());
         for (size_t channel = 1; channel < 4; ++channel) {
             const SError error =
                 compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
@@ -290,15 +279,14 @@ void tst_RoundTrip::transparentPixelsStayApart()
         for (int x = 0; x < 20; ++x)
             image.setPixel(x, y, x < 10 ? random.generate() & 0xFFFFFFU : qRgb(255, 0, 255));
     CToolFolder folder;
-    QVERIFY(image.save(folder.path("icon.png")));
     for (const SFormat &format : Formats) {
         if (format.isGrey || format.bits[0] == 0)
             continue;
-        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("icon.png", format.code, true)));
-        const QByteArray bytes = folder.read(QString("icon_%1.raw").arg(format.name));
+        QVERIFY(bmpconv(folder, image, format.code));
+        const QByteArray bytes = folder.read(QString("x_%1.raw").arg(format.name));
         const int half = bytes.size() / 20 / 2;
-        const auto pixels =
-            decoded(folder, QString("icon_") + format.name, format.code, image.size());
+        const auto pixels = decoded(folder, QString("x_") + format.name, format.code, image.size());
+        QVERIFY(!pixels.empty());
         for (int y = 0; y < 20; ++y) {
             QCOMPARE(bytes.mid(y * 2 * half, half), QByteArray(half, '\0'));
             for (int x = 10; x < 20; ++x)
@@ -316,11 +304,9 @@ void tst_RoundTrip::faintPixelsGiveLittleAway()
     for (const int alpha : {255, 17}) {
         image.setPixel(0, 0, qRgba(8, 8, 8, alpha));
         image.setPixel(1, 0, qRgb(6, 6, 6));
-        QVERIFY(image.save(folder.path("pair.png")));
-        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("pair.png", 6, true)));
-        const QByteArray left = alpha == 255 ? "00f0" : "0010";
-        QCOMPARE(folder.read("pair_ARGB4.raw").toHex(),
-                 left + QByteArray(alpha == 255 ? "11f1" : "00f0"));
+        QVERIFY(bmpconv(folder, image, 6));
+        QCOMPARE(folder.read("x_ARGB4.raw").toHex(),
+                 QByteArray(alpha == 255 ? "00f011f1" : "001000f0"));
     }
 }
 
@@ -330,10 +316,8 @@ void tst_RoundTrip::alphaOfOneBitIsAThreshold()
     for (int x = 0; x < 256; ++x)
         for (int y = 0; y < 2; ++y)
             image.setPixel(x, y, qRgba(255, 255, 255, x));
-    CToolFolder folder;
-    QVERIFY(image.save(folder.path("ramp.png")));
-    QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("ramp.png", 0, true)));
-    const auto pixels = decoded(folder, "ramp_ARGB1555", 0, image.size());
+    const auto pixels = shown(image, Formats[0]);
+    QCOMPARE(pixels.size(), size_t{512});
     for (size_t i = 0; i < pixels.size(); ++i)
         QCOMPARE(pixels[i][0], i % 256 < 128 ? 0 : 255);
 }
@@ -345,86 +329,68 @@ void tst_RoundTrip::rowsAndBits()
     image.fill(Qt::black);
     for (const int x : {0, 1, 10})
         image.setPixel(x, 0, qRgb(255, 255, 255));
-    const struct
-    {
-        int code;
-        const char *name;
-        QByteArray hex; // of the first row; the second is black
-        QByteArray black;
-    } rows[] = {{1, "L1", "c020", "0000"},
-                {9, "L2", "f0000c", "000000"},
-                {2, "L4", "ff00000000f0", "000000000000"},
-                {3, "L8", "ffff0000000000000000ff", "0000000000000000000000"},
-                {4, "RGB332", "ffff0000000000000000ff", "0000000000000000000000"},
-                {5, "ARGB2", "ffffc0c0c0c0c0c0c0c0ff", "c0c0c0c0c0c0c0c0c0c0c0"}};
+    const std::tuple<int, QString, QByteArray, QByteArray> rows[] = {
+        // the second row is black
+        {1, "L1", "c020", "0000"},
+        {9, "L2", "f0000c", "000000"},
+        {2, "L4", "ff00000000f0", "000000000000"},
+        {3, "L8", "ffff0000000000000000ff", "0000000000000000000000"},
+        {4, "RGB332", "ffff0000000000000000ff", "0000000000000000000000"},
+        {5, "ARGB2", "ffffc0c0c0c0c0c0c0c0ff", "c0c0c0c0c0c0c0c0c0c0c0"}};
     CToolFolder folder;
-    QVERIFY(image.save(folder.path("dots.png")));
-    for (const auto &row : rows) {
-        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("dots.png", row.code, true)));
-        QCOMPARE(folder.read(QString("dots_%1.raw").arg(row.name)).toHex(), row.hex + row.black);
-        const QJsonObject facts =
-            QJsonDocument::fromJson(folder.read(QString("dots_%1.json").arg(row.name))).object();
-        QCOMPARE(facts, (QJsonObject{{"format", row.name},
-                                     {"width", 11},
-                                     {"height", 2},
-                                     {"stride", row.hex.size() / 2},
-                                     {"bytes", row.hex.size()}}));
+    for (const auto &[code, name, hex, black] : rows) {
+        QVERIFY(bmpconv(folder, image, code));
+        QCOMPARE(folder.read("x_" + name + ".raw").toHex(), hex + black);
+        const QJsonObject facts{{"format", name},
+                                {"width", 11},
+                                {"height", 2},
+                                {"stride", hex.size() / 2},
+                                {"bytes", hex.size()}};
+        QCOMPARE(QJsonDocument::fromJson(folder.read("x_" + name + ".json")).object(), facts);
     }
     // 16-bit codes: red, green, blue, half-transparent white; least significant byte first.
     QImage colours(4, 1, QImage::Format_ARGB32);
     const QRgb pixels[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0x80FFFFFF};
     for (int x = 0; x < 4; ++x)
         colours.setPixel(x, 0, pixels[x]);
-    QVERIFY(colours.save(folder.path("c.png")));
     for (const int code : {0, 6, 7})
-        QVERIFY(folder.succeeds(Bmpconv, bmpconvArguments("c.png", code, false)));
-    QCOMPARE(folder.read("c_ARGB1555.raw").toHex(), QByteArray("00fce0831f80ffff"));
-    QCOMPARE(folder.read("c_ARGB4.raw").toHex(), QByteArray("00fff0f00ff0ff8f"));
-    QCOMPARE(folder.read("c_RGB565.raw").toHex(), QByteArray("00f8e0071f001084"));
-}
-
-void tst_RoundTrip::palettes_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QVector<int>>("gaps"); // of alpha, red, green, blue
-    QTest::newRow("PALETTED") << 0 << 8 << QVector<int>{0, 0, 0, 0};
-    QTest::newRow("PALETTED8") << 1 << 12 << QVector<int>{0, 0, 0, 0};
-    QTest::newRow("PALETTED565") << 2 << 14 << QVector<int>{0, gap(5), gap(6), gap(5)};
-    QTest::newRow("PALETTED4444") << 3 << 13 << QVector<int>{gap(4), gap(4), gap(4), gap(4)};
+        QVERIFY(bmpconv(folder, colours, code, false));
+    QCOMPARE(folder.read("x_ARGB1555.raw").toHex(), QByteArray("00fce0831f80ffff"));
+    QCOMPARE(folder.read("x_ARGB4.raw").toHex(), QByteArray("00fff0f00ff0ff8f"));
+    QCOMPARE(folder.read("x_RGB565.raw").toHex(), QByteArray("00f8e0071f001084"));
 }
 
 void tst_RoundTrip::palettes()
 {
-    QFETCH(int, kind);
-    QFETCH(int, code);
-    QFETCH(QVector<int>, gaps);
+    const std::tuple<const char *, const char *, int, std::array<int, 4>> cases[] = {
+        {"PALETTED", "0", 8, {0, 0, 0, 0}}, // gaps of alpha, red, green, blue
+        {"PALETTED8", "1", 12, {0, 0, 0, 0}},
+        {"PALETTED565", "2", 14, {0, gap(5), gap(6), gap(5)}},
+        {"PALETTED4444", "3", 13, {gap(4), gap(4), gap(4), gap(4)}},
+    };
     // 256 different colours, some translucent; as indexed and as true-colour file.
+    QVector<QRgb> colours;
+    for (int i = 0; i < 256; ++i)
+        colours.append(qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
     QImage image(64, 12, QImage::Format_ARGB32);
     for (int y = 0; y < 12; ++y)
-        for (int x = 0; x < 64; ++x) {
-            const int i = (x * 7 + y * 64) % 256;
-            image.setPixel(x, y, qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
-        }
-    const QString name = QString("icon_") + QTest::currentDataTag();
-    for (const bool isIndexed : {false, true}) {
-        CToolFolder folder;
-        QVector<QRgb> colours;
-        for (int i = 0; i < 256; ++i)
-            colours.append(qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
-        const QImage source =
-            isIndexed ? image.convertToFormat(QImage::Format_Indexed8, colours) : image;
-        QVERIFY(source.save(folder.path("icon-fs8.png")));
-        QVERIFY2(folder.succeeds(Palsplit, {"-i", "icon-fs8.png", "-f", QString::number(kind)}),
-                 qPrintable(folder.error));
-        const auto pixels = decoded(folder, name, code, image.size());
-        QVERIFY(!pixels.empty());
-        const SFormat format{"", code, {gaps[0] || gaps[1] == 0 ? 8 : 0, 8, 8, 8}, false};
-        for (size_t channel = 0; channel < 4; ++channel) {
-            const SError error =
-                compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
-            const int both = gaps[0] + (channel ? gaps[static_cast<int>(channel)] : 0);
-            QVERIFY2(error.most <= both / 2 + (gaps[0] ? 1 : 0), described(error, channel));
+        for (int x = 0; x < 64; ++x)
+            image.setPixel(x, y, colours[(x * 7 + y * 64) % 256]);
+    for (const auto &[name, kind, code, gaps] : cases) {
+        for (const bool isIndexed : {false, true}) {
+            CToolFolder folder;
+            const QImage source =
+                isIndexed ? image.convertToFormat(QImage::Format_Indexed8, colours) : image;
+            QVERIFY2(convert(folder, source, "x-fs8", Palsplit, {"-f", kind}), name);
+            const auto pixels = decoded(folder, QString("x_") + name, code, image.size());
+            QVERIFY2(!pixels.empty(), name);
+            const SFormat format{"", code, {gaps[0] || gaps[1] == 0 ? 8 : 0, 8, 8, 8}, false};
+            for (size_t channel = 0; channel < 4; ++channel) {
+                const SError error =
+                    compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
+                const int both = gaps[0] + (channel ? gaps[channel] : 0);
+                QVERIFY2(error.most <= both / 2 + (gaps[0] ? 1 : 0), described(error, channel));
+            }
         }
     }
 }
@@ -436,8 +402,7 @@ void tst_RoundTrip::indexOrderAndUnusedEntries()
     for (int x = 0; x < 3; ++x)
         image.setPixel(x, 0, static_cast<uint>(2 - x));
     CToolFolder folder;
-    QVERIFY(image.save(folder.path("x-fs8.png")));
-    QVERIFY(folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "0"}));
+    QVERIFY(convert(folder, image, "x-fs8", Palsplit, {"-f", "0"}));
     QCOMPARE(folder.read("x_PALETTED.raw").toHex(), QByteArray("020100"));
     // Blue first, alpha last; what is fully transparent is 0, as are unused entries.
     const QByteArray used = "302010ff"
@@ -445,7 +410,7 @@ void tst_RoundTrip::indexOrderAndUnusedEntries()
                             "00000000"
                             "ffffffff";
     QCOMPARE(folder.read("x_PALETTED.lut").toHex(), used + QByteArray(2 * (1024 - 16), '0'));
-    QVERIFY(folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "3"}));
+    QVERIFY(convert(folder, image, "x-fs8", Palsplit, {"-f", "3"}));
     QCOMPARE(folder.read("x_PALETTED4444.lut").size(), 512);
     QCOMPARE(folder.read("x_PALETTED4444.lut").left(8).toHex(), QByteArray("23f1008f0000ffff"));
 }
@@ -456,8 +421,7 @@ void tst_RoundTrip::tooManyColours()
     for (int x = 0; x < 257; ++x)
         image.setPixel(x, 0, qRgb(x / 2, x % 2, 0));
     CToolFolder folder;
-    QVERIFY(image.save(folder.path("x-fs8.png")));
-    QVERIFY(!folder.succeeds(Palsplit, {"-i", "x-fs8.png", "-f", "0"}));
+    QVERIFY(!convert(folder, image, "x-fs8", Palsplit, {"-f", "0"}));
     QVERIFY(folder.error.contains("256"));
     QCOMPARE(folder.files(), QStringList{"x-fs8.png"});
 }
@@ -481,38 +445,30 @@ void tst_RoundTrip::quantisedPhoto()
     }
 }
 
-void tst_RoundTrip::dxt1_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("bound"); // of the mean error
-    // Colours along a line: the ends are rounded to 5, 6, 5 bits (a quarter of a gap on average)
-    // and what lies between is drawn to the nearest of four places (a twelfth of the block's
-    // range).
-    QTest::newRow("flat") << "flat" << QSize(16, 16) << gap(5) / 2.0;
-    QTest::newRow("one pixel") << "flat" << QSize(1, 1) << gap(5) / 2.0;
-    QTest::newRow("5 x 7") << "flat" << QSize(5, 7) << gap(5) / 2.0;
-    // Two directions at once: half the block's range across the line is lost too.
-    const double range = 4 * 255.0 / 60;
-    QTest::newRow("gradient") << "gradient" << QSize(61, 47)
-                              << gap(5) / 4.0 + range / 12 + range / 4;
-}
-
 void tst_RoundTrip::dxt1()
 {
-    QFETCH(QString, kind);
-    QFETCH(QSize, size);
-    QFETCH(double, bound);
-    const QImage image = makeImage(kind, size);
-    CToolFolder folder;
-    QVERIFY(image.save(folder.path("photo.png")));
-    QVERIFY2(folder.succeeds(Dxtpack, {"-i", "photo.png"}), qPrintable(folder.error));
-    const auto pixels = decoded(folder, "photo_DXT1", 255, size);
-    QVERIFY(!pixels.empty());
-    QCOMPARE(compare(pixels, image, 0, multiplied).most, 0);
-    for (size_t channel = 1; channel < 4; ++channel) {
-        const SError error = compare(pixels, image, channel, multiplied);
-        QVERIFY2(error.mean <= bound, described(error, channel));
+    // Colours along a line: the ends are rounded to 5, 6, 5 bits (a quarter of a gap on average)
+    // and what lies between is drawn to the nearest of four places (a twelfth of the block's
+    // range). Two directions at once: half the block's range across the line is lost too.
+    const double range = 4 * 255.0 / 60;
+    const std::tuple<const char *, QSize, double> cases[] = {
+        // bounds of the mean error
+        {"flat", {16, 16}, gap(5) / 2.0},
+        {"flat", {1, 1}, gap(5) / 2.0},
+        {"flat", {5, 7}, gap(5) / 2.0},
+        {"gradient", {61, 47}, gap(5) / 4.0 + range / 12 + range / 4},
+    };
+    for (const auto &[kind, size, bound] : cases) {
+        const QImage image = makeImage(kind, size);
+        CToolFolder folder;
+        QVERIFY2(convert(folder, image, "x", Dxtpack), qPrintable(folder.error));
+        const auto pixels = decoded(folder, "x_DXT1", 255, size);
+        QVERIFY(!pixels.empty());
+        QCOMPARE(compare(pixels, image, 0, multiplied).most, 0);
+        for (size_t channel = 1; channel < 4; ++channel) {
+            const SError error = compare(pixels, image, channel, multiplied);
+            QVERIFY2(error.mean <= bound, described(error, channel));
+        }
     }
 }
 
@@ -523,9 +479,8 @@ void tst_RoundTrip::dxt1Alpha()
         for (int y = 0; y < 8; ++y)
             image.setPixel(x, y, qRgba(248, 252, 0, x * 8)); // a colour that 5, 6, 5 bits hold
     CToolFolder folder;
-    QVERIFY(image.save(folder.path("icon.png")));
-    QVERIFY(folder.succeeds(Dxtpack, {"-i", "icon.png"}));
-    const auto pixels = decoded(folder, "icon_DXT1", 255, image.size());
+    QVERIFY(convert(folder, image, "x", Dxtpack));
+    const auto pixels = decoded(folder, "x_DXT1", 255, image.size());
     for (size_t i = 0; i < pixels.size(); ++i) {
         const bool isSeen = i % 32 >= 16;
         QCOMPARE(pixels[i][0], isSeen ? 255 : 0);
