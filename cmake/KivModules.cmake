@@ -34,15 +34,21 @@ function(kiv_add_test name)
   kiv_test_environment(${name} ${arg_TIMEOUT})
 endfunction()
 
-# kiv_add_gtest(tst_name DEPENDS targets... [SOURCES more files...] [TIMEOUT seconds])
-# A GoogleTest program from tests/tst_name.cpp, for code that knows no Qt.
+# kiv_add_gtest(tst_name DEPENDS targets... [TESTS tst_one...] [SOURCES more files...]
+#               [TIMEOUT seconds])
+# A GoogleTest program from tests/tst_name.cpp, or from the files that TESTS names in its place, for
+# code that knows no Qt.
 function(kiv_add_gtest name)
-  cmake_parse_arguments(arg "" "TIMEOUT" "DEPENDS;SOURCES" ${ARGN})
+  cmake_parse_arguments(arg "" "TIMEOUT" "DEPENDS;SOURCES;TESTS" ${ARGN})
+  if(NOT arg_TESTS)
+    set(arg_TESTS ${name})
+  endif()
+  list(TRANSFORM arg_TESTS REPLACE "(.+)" "tests/\\1.cpp")
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
   find_package(GTest REQUIRED)
-  add_executable(${name} tests/${name}.cpp ${arg_SOURCES})
+  add_executable(${name} ${arg_TESTS} ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_DEPENDS} GTest::gtest_main KIV::Warnings)
   add_test(NAME ${name} COMMAND ${name})

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"
 #include "raster/CSurface.h"
+
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdint>
@@ -48,6 +51,22 @@ struct SSheet
     CRasterizer raster;
 };
 
+/// The levels of all pixels; `expected(x, y)` gives 0 .. 1.
+template<class Expected>
+void expectLevels(const SSheet &sheet, Expected expected, double within = 0)
+{
+    for (int y = 0; y < sheet.surface.height(); ++y)
+        for (int x = 0; x < sheet.surface.width(); ++x)
+            ASSERT_NEAR(sheet.level(x, y), 255 * expected(x, y), within) << x << ", " << y;
+}
+
+/// Two sheets whose levels differ by no more than `within`.
+inline void expectSame(const SSheet &sheet, const SSheet &other, double within = 1e-9)
+{
+    expectLevels(
+        sheet, [&](int x, int y) { return other.level(x, y) / 255.0; }, within);
+}
+
 /// Numbers that are the same in every run.
 class CNumbers
 {
@@ -63,5 +82,18 @@ public:
 private:
     std::mt19937 m_engine;
 };
+
+/// Random colours, multiplied by random alphas where the image is not opaque.
+inline void fillWithNoise(SBitmapImage &image, CNumbers &numbers)
+{
+    for (int y = 0; y < image.height; ++y)
+        for (int x = 0; x < image.width; ++x) {
+            const uint32_t alpha = image.opaque ? 255 : numbers.bits() >> 24;
+            uint32_t texel = alpha << 24;
+            for (int shift = 0; shift < 24; shift += 8)
+                texel |= numbers.bits() % (alpha + 1) << shift;
+            *image.at(x, y) = texel;
+        }
+}
 
 } // namespace rastertest

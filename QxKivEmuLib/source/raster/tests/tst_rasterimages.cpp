@@ -1,12 +1,10 @@
 // Bitmaps, glyphs and gradients against straightforward references.
 
-#include "RandomShapes.h"
-
+#include "RasterTestSupport.h"
 #include "RomFonts.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -30,14 +28,7 @@ SBitmapImage noise(int width, int height, bool isOpaque, uint32_t seed)
     CNumbers numbers(seed);
     SBitmapImage image(width, height);
     image.opaque = isOpaque;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            const uint32_t alpha = isOpaque ? 255 : numbers.bits() >> 24;
-            uint32_t texel = alpha << 24;
-            for (int shift = 0; shift < 24; shift += 8)
-                texel |= numbers.bits() % (alpha + 1) << shift;
-            *image.at(x, y) = texel;
-        }
+    fillWithNoise(image, numbers);
     return image;
 }
 
@@ -161,58 +152,34 @@ TEST(Bitmap, copiedRowsAreThoseThatAreLookedUpTexelByTexel)
 TEST(Bitmap, rectanglesWithFractionsTakeThePixelsWithCentresInside)
 {
     SBitmapPlacement placement = placed(5.5, 7.5625, 9.0, 3.9375);
-    const SBitmapImage white = [] {
-        SBitmapImage image(40, 40);
-        image.opaque = true;
-        for (int y = 0; y < 40; ++y)
-            std::fill_n(image.at(0, y), 40, White);
-        return image;
-    }();
+    SBitmapImage white(40, 40);
+    white.opaque = true;
+    for (int y = 0; y < 40; ++y)
+        std::fill_n(white.at(0, y), 40, White);
     SSheet sheet(40, 30);
     sheet.raster.drawBitmap(white, placement, {White});
-    for (int y = 0; y < 30; ++y)
-        for (int x = 0; x < 40; ++x)
-            ASSERT_EQ(sheet.level(x, y), x >= 5 && x < 14 && y >= 8 && y < 11 ? 255 : 0)
-                << x << ", " << y;
+    expectLevels(sheet, [](int x, int y) { return x >= 5 && x < 14 && y >= 8 && y < 11; });
 }
 
-TEST(Bitmap, scaledAndTurnedNearest)
+TEST(Bitmap, scaledAndTurned)
 {
-    const SBitmapImage image = noise(20, 16, false, 3);
-    SBitmapPlacement placement = placed(3.25, 2.125, 50, 40);
-    placement.a = 40000;
-    placement.b = -23456;
-    placement.d = 23457;
-    placement.e = 40001;
-    placement.c = 3 * 65536 + 77;
-    placement.f = -7 * 65536 - 5;
-    for (const auto wrapX : {EBitmapWrap::Border, EBitmapWrap::Repeat})
-        for (const auto wrapY : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
-            placement.wrapX = wrapX;
-            placement.wrapY = wrapY;
-            expectBitmap(image, placement, 1);
-        }
-}
-
-TEST(Bitmap, scaledAndTurnedBilinear)
-{
-    // Positions are kept to 1/128 texel, so a step of 255 levels moves by at most 2 in each
-    // direction; smooth pictures would hide faults, noise does not.
-    const SBitmapImage image = noise(20, 16, false, 4);
-    SBitmapPlacement placement = placed(3.25, 2.125, 50, 40);
-    placement.filter = EBitmapFilter::Bilinear;
-    placement.a = -30000;
-    placement.b = 13456;
-    placement.d = -13457;
-    placement.e = -30001;
-    placement.c = 18 * 65536 + 77;
-    placement.f = 21 * 65536 - 5;
-    for (const auto wrapX : {EBitmapWrap::Border, EBitmapWrap::Repeat})
-        for (const auto wrapY : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
-            placement.wrapX = wrapX;
-            placement.wrapY = wrapY;
-            expectBitmap(image, placement, 6);
-        }
+    // Bilinear positions are kept to 1/128 texel, so a step of 255 levels moves by at most 2 in
+    // each direction; smooth pictures would hide faults, noise does not.
+    SBitmapPlacement nearest = placed(3.25, 2.125, 50, 40);
+    SBitmapPlacement bilinear = nearest;
+    std::tie(nearest.a, nearest.b, nearest.c) = std::tuple(40000, -23456, 3 * 65536 + 77);
+    std::tie(nearest.d, nearest.e, nearest.f) = std::tuple(23457, 40001, -7 * 65536 - 5);
+    std::tie(bilinear.a, bilinear.b, bilinear.c) = std::tuple(-30000, 13456, 18 * 65536 + 77);
+    std::tie(bilinear.d, bilinear.e, bilinear.f) = std::tuple(-13457, -30001, 21 * 65536 - 5);
+    bilinear.filter = EBitmapFilter::Bilinear;
+    for (SBitmapPlacement placement : {nearest, bilinear})
+        for (const auto wrapX : {EBitmapWrap::Border, EBitmapWrap::Repeat})
+            for (const auto wrapY : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
+                placement.wrapX = wrapX;
+                placement.wrapY = wrapY;
+                expectBitmap(noise(20, 16, false, 3), placement,
+                             placement.filter == EBitmapFilter::Bilinear ? 6 : 1);
+            }
 }
 
 TEST(Bitmap, tintMultipliesColourAndAlpha)
@@ -241,14 +208,11 @@ TEST(Bitmap, withoutBlendingColoursReplaceWhatIsThere)
     EXPECT_EQ(sheet.surface.row(0)[0], 0xFF804020u);
     EXPECT_EQ(sheet.surface.row(0)[1], 0xFF123456u);
     EXPECT_EQ(sheet.surface.row(0)[2], 0xFF808080u) << "beside the bitmap";
-}
-
-TEST(Bitmap, withoutPixelsDrawsNothing)
-{
-    SSheet sheet(4, 4);
-    sheet.raster.drawBitmap(SBitmapImage(0, 3), placed(0, 0, 4, 4), {White});
-    sheet.raster.drawBitmap(SBitmapImage(-3, 3), placed(0, 0, 4, 4), {White});
-    EXPECT_EQ(sheet.area(), 0);
+    for (const int width : {0, -3}) {
+        SSheet empty(4, 4);
+        empty.raster.drawBitmap(SBitmapImage(width, 3), placed(0, 0, 4, 4), {White});
+        EXPECT_EQ(empty.area(), 0) << "a bitmap without pixels";
+    }
 }
 
 TEST(Glyph, masksLieAtThePenAndAreCutByTheClip)
@@ -266,40 +230,36 @@ TEST(Glyph, masksLieAtThePenAndAreCutByTheClip)
             SSheet sheet(40, 30);
             sheet.raster.setClip(clip);
             sheet.raster.drawGlyph(glyph, 10, 13, {static_cast<uint32_t>(alpha) << 24 | 0xFFFFFF});
-            for (int y = 0; y < 30; ++y)
-                for (int x = 0; x < 40; ++x) {
+            expectLevels(
+                sheet,
+                [&](int x, int y) {
                     const int mx = x - 9;
                     const int my = y - 6;
                     const bool isSeen = mx >= 0 && mx < Width && my >= 0 && my < Height &&
                                         x >= clip.left && x < clip.right && y >= clip.top &&
                                         y < clip.bottom;
                     const int cover = isSeen ? mask[static_cast<size_t>(my * 16 + mx)] : 0;
-                    ASSERT_EQ(sheet.level(x, y), (cover * alpha + 127) / 255) << x << ", " << y;
-                }
+                    return (cover * alpha + 127) / 255 / 255.0;
+                },
+                1e-9);
         }
 }
-
-struct SGradientCase
-{
-    int angle; ///< degrees
-    double ux;
-    double uy;
-};
 
 TEST(Gradient, runsFromSideToSide)
 {
     const double half = std::sqrt(0.5);
-    for (const SGradientCase &c : {SGradientCase{0, 1, 0}, SGradientCase{90, 0, 1},
-                                   SGradientCase{180, -1, 0}, SGradientCase{-90, 0, -1},
-                                   SGradientCase{45, half, half}, SGradientCase{405, half, half}}) {
+    const std::tuple<int, double, double> cases[] = {
+        // degrees and direction
+        {0, 1, 0}, {90, 0, 1}, {180, -1, 0}, {-90, 0, -1}, {45, half, half}, {405, half, half}};
+    for (const auto &[angle, ux, uy] : cases) {
         SSheet sheet(70, 50);
-        sheet.raster.fillGradient(at(5, 4), at(60, 40), 0, c.angle * 64, 0xFF0040C0u, 0xFFFF4000u,
+        sheet.raster.fillGradient(at(5, 4), at(60, 40), 0, angle * 64, 0xFF0040C0u, 0xFFFF4000u,
                                   true);
-        const double extent = 60 * std::fabs(c.ux) + 40 * std::fabs(c.uy);
+        const double extent = 60 * std::fabs(ux) + 40 * std::fabs(uy);
         for (int y = 0; y < 50; ++y)
             for (int x = 0; x < 70; ++x) {
                 const bool isInside = x >= 5 && x < 65 && y >= 4 && y < 44;
-                const double t = 0.5 + ((x + 0.5 - 35) * c.ux + (y + 0.5 - 24) * c.uy) / extent;
+                const double t = 0.5 + ((x + 0.5 - 35) * ux + (y + 0.5 - 24) * uy) / extent;
                 const uint32_t pixel = sheet.surface.row(y)[x];
                 ASSERT_NEAR(channel(pixel, 16), isInside ? 255 * t : 0, 0.51) << x << ", " << y;
                 ASSERT_EQ(channel(pixel, 8), isInside ? 0x40 : 0);
@@ -316,9 +276,7 @@ TEST(Gradient, hasTheShapeOfTheRectangle)
             gradient.raster.fillGradient(at(5.25, 4.5), at(40.5, 30.25), radius, angle * 64,
                                          0x80FFFFFFu, 0x80FFFFFFu, true);
             rect.raster.fillRect(at(5.25, 4.5), at(40.5, 30.25), radius, {0x80FFFFFFu});
-            for (int y = 0; y < 50; ++y)
-                for (int x = 0; x < 70; ++x)
-                    ASSERT_NEAR(gradient.level(x, y), rect.level(x, y), 1) << x << ", " << y;
+            expectSame(gradient, rect, 1);
         }
 }
 

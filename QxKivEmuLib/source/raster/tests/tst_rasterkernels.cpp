@@ -29,7 +29,7 @@ void fillWithNoise(CSurface &surface, uint32_t seed)
             surface.row(y)[x] = numbers.bits() | Black;
 }
 
-class SameBytes : public testing::TestWithParam<EKernelSet>
+class EverySet : public testing::TestWithParam<EKernelSet>
 {
 protected:
     void SetUp() override
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_P(SameBytes, randomShapes)
+TEST_P(EverySet, givesTheBytesOfThePlainOne)
 {
     constexpr int Frames = 600;
     constexpr int ShapesPerFrame = 16;
@@ -61,18 +61,6 @@ TEST_P(SameBytes, randomShapes)
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sets, SameBytes, testing::Values(EKernelSet::Sse2, EKernelSet::Avx2));
-
-class EverySet : public testing::TestWithParam<EKernelSet>
-{
-protected:
-    void SetUp() override
-    {
-        if (!CRasterizer::hasKernels(GetParam()))
-            GTEST_SKIP() << "this processor lacks the kernels";
-    }
-};
 
 TEST_P(EverySet, drawsInsideTheClipOnly)
 {
