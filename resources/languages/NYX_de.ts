@@ -1565,6 +1565,36 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>QtBoolEdit</name>
+    <message>
+        <source>True</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>False</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>QtColorPropertyManager</name>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>Deckkraft</translation>
+    </message>
+</context>
+<context>
     <name>ScreenDocuments</name>
     <message>
         <source>The document has no element %1.</source>

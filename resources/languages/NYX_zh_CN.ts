@@ -1565,6 +1565,36 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>QtBoolEdit</name>
+    <message>
+        <source>True</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>False</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>QtColorPropertyManager</name>
+    <message>
+        <source>Red</source>
+        <translation>红</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝</translation>
+    </message>
+    <message>
+        <source>Alpha</source>
+        <translation>不透明度</translation>
+    </message>
+</context>
+<context>
     <name>ScreenDocuments</name>
     <message>
         <source>The document has no element %1.</source>

@@ -240,12 +240,16 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
         CScreenModel *screen = m_project->screen(row);
         if (!screen || screen->name() != screenName)
             continue;
+        CItemModel *item = findItem(screen, id);
+        if (!item)
+            continue;                  // another screen may have the same name
+        CItemModel *selectable = item; // a member of a group is found through its group
+        while (selectable->parent() != screen)
+            selectable = static_cast<CItemModel *>(selectable->parent());
         m_screens->openScreen(screen);
-        if (CItemModel *item = findItem(screen, id)) {
-            m_screens->selectItems({item});
-            m_explorer->selectItems({item});
-            showSelection({item});
-        }
+        m_screens->selectItems({selectable});
+        m_explorer->selectItems({selectable});
+        showSelection({item});
         return;
     }
 }

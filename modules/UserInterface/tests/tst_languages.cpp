@@ -19,6 +19,8 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
+#include <QTreeWidget>
 #include <QXmlStreamReader>
 
 #include <memory>
@@ -86,6 +88,13 @@ QStringList textsOn(const QObject *object)
         texts << box->title();
     if (const auto *line = qobject_cast<const QLineEdit *>(object))
         texts << line->placeholderText();
+    if (const auto *pane = qobject_cast<const QTextEdit *>(object))
+        texts << pane->placeholderText();
+    if (const auto *tree = qobject_cast<const QTreeWidget *>(object)) {
+        texts << tree->headerItem()->text(0) << tree->headerItem()->text(1);
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            texts << tree->topLevelItem(i)->text(0);
+    }
     if (const auto *box = qobject_cast<const QComboBox *>(object)) {
         for (int i = 0; i < box->count(); ++i)
             texts << box->itemText(i);

@@ -1,5 +1,6 @@
 #include "CStatusBar.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QMainWindow>
 
@@ -35,37 +36,55 @@ CStatusBar::~CStatusBar()
     delete m_bar;
 }
 
-void CStatusBar::show(Field field, const QString &text)
+/// Shows what a field says, and says it again in another language.
+void CStatusBar::show(Field field, const std::function<QString()> &text)
 {
-    m_texts[field] = text;
-    m_labels[field]->setText(text);
+    m_sayings[field] = text;
+    m_texts[field] = text ? text() : QString();
+    m_labels[field]->setText(m_texts[field]);
 }
 
 void CStatusBar::receiveMouseMoveUpdate(QPoint point)
 {
-    show(Cursor, tr("Cursor position: ") + QString::number(point.x()) + QStringLiteral(", ") +
-                     QString::number(point.y()));
-    show(Widgets, m_texts[Widgets]);
+    show(Cursor, [point] {
+        return tr("Cursor position: ") + QString::number(point.x()) + QStringLiteral(", ") +
+               QString::number(point.y());
+    });
+    m_labels[Widgets]->setText(m_texts[Widgets]);
 }
 
 void CStatusBar::receiveWidgetCountUpdate(int widgetCount)
 {
-    show(Widgets, QString::number(widgetCount) + tr(" widgets"));
+    show(Widgets, [widgetCount] { return QString::number(widgetCount) + tr(" widgets"); });
 }
 
 void CStatusBar::receiveBitmapCountUpdate(int bitmapCount)
 {
-    show(Bitmaps, QString::number(bitmapCount) + tr(" bitmaps"));
+    show(Bitmaps, [bitmapCount] { return QString::number(bitmapCount) + tr(" bitmaps"); });
 }
 
 void CStatusBar::receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage)
 {
-    show(Memory, QString::number(dlBinBufferSize) + tr(" bytes RAM_DL used,") +
-                     QString::number(RAM_G_Usage) + tr(" bytes RAM_G used"));
+    show(Memory, [dlBinBufferSize, RAM_G_Usage] {
+        return QString::number(dlBinBufferSize) + tr(" bytes RAM_DL used,") +
+               QString::number(RAM_G_Usage) + tr(" bytes RAM_G used");
+    });
 }
 
 void CStatusBar::resetStatusBar()
 {
     for (size_t field = 0; field < FieldCount; ++field)
-        show(static_cast<Field>(field), QString());
+        show(static_cast<Field>(field), nullptr);
+}
+
+void CStatusBar::changeEvent(QEvent *event)
+{
+    QStatusBar::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange || !m_bar)
+        return;
+    m_labels[Cursor]->setMinimumWidth(cursorWidth(*m_labels[Cursor]));
+    for (size_t field = 0; field < FieldCount; ++field) {
+        const std::function<QString()> saying = m_sayings[field]; // which it is put back to
+        show(static_cast<Field>(field), saying);
+    }
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 
 class QLabel;
 class QMainWindow;
@@ -30,13 +31,17 @@ public Q_SLOTS:
     void receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage); ///< bytes
     void resetStatusBar();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     enum Field { Cursor, Widgets, Bitmaps, Memory, FieldCount };
 
-    void show(Field field, const QString &text);
+    void show(Field field, const std::function<QString()> &text);
 
     QMainWindow *const m_window; ///< not owned
     QPointer<QStatusBar> m_bar;  ///< the window deletes it with itself
     std::array<QLabel *, FieldCount> m_labels;
     std::array<QString, FieldCount> m_texts;
+    std::array<std::function<QString()>, FieldCount> m_sayings; ///< how the texts are made
 };

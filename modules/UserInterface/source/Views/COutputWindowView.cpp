@@ -36,7 +36,7 @@ COutputWindowView::COutputWindowView(QWidget *parent)
 {
     setReadOnly(true);
     setUndoRedoEnabled(false);
-    setPlaceholderText(tr("No messages"));
+    retranslate();
     viewport()->setMouseTracking(true);
 }
 
@@ -157,8 +157,16 @@ const COutputWindowView::SMessage *COutputWindowView::messageAt(const QPoint &po
 void COutputWindowView::changeEvent(QEvent *event)
 {
     QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
         rewriteAll();
+}
+
+void COutputWindowView::retranslate()
+{
+    setPlaceholderText(tr("No messages"));
+    rewriteAll();
 }
 
 void COutputWindowView::mouseMoveEvent(QMouseEvent *event)

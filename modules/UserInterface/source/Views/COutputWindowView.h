@@ -51,6 +51,7 @@ private:
     void writeRenderError(const QString &screenName, const QString &error);
     void rewriteBlock(int index);
     void rewriteAll();
+    void retranslate();
     void keepAtEnd(const std::function<void()> &change);
     const SMessage *messageAt(const QPoint &position) const;
 

@@ -3,6 +3,7 @@
 #include "CProjectExplorerView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "FileNames.h"
 
 #include <QClipboard>
 #include <QFileDialog>
@@ -74,10 +75,23 @@ void CProjectExplorerView::paste()
 {
     if (!m_project)
         return;
+    const int before = m_project->rowCount();
     const QString error =
         CPageOperations(m_project).paste(QGuiApplication::clipboard()->mimeData());
     if (!error.isEmpty())
         Q_EMIT message(error);
+    selectPagesFrom(before);
+}
+
+/// What was just added is behind all others, often out of sight.
+void CProjectExplorerView::selectPagesFrom(int row)
+{
+    const int last = m_project->rowCount() - 1;
+    if (row > last)
+        return;
+    const QItemSelection added(m_project->index(row, 0), m_project->index(last, 0));
+    selectionModel()->setCurrentIndex(m_project->index(last, 0), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(added, QItemSelectionModel::ClearAndSelect);
 }
 
 void CProjectExplorerView::saveScreen()
@@ -85,7 +99,8 @@ void CProjectExplorerView::saveScreen()
     const QVector<CScreenModel *> screens = selectedScreens();
     if (screens.isEmpty())
         return;
-    const QString path = askForPageFile(QFileDialog::AcceptSave);
+    const QString proposed = FileNames::safe(screens.first()->name(), QStringLiteral(".page"));
+    const QString path = askForPageFile(QFileDialog::AcceptSave, proposed);
     if (path.isEmpty())
         return;
     const QString error = CPageOperations::save(readOnly(screens), path);
@@ -100,12 +115,14 @@ void CProjectExplorerView::loadScreen()
     const QString path = askForPageFile(QFileDialog::AcceptOpen);
     if (path.isEmpty() || !m_project)
         return;
+    const int before = m_project->rowCount();
     const QString error = CPageOperations(m_project).load(path);
     if (!error.isEmpty())
         Q_EMIT message(error);
+    selectPagesFrom(before);
 }
 
-QString CProjectExplorerView::askForPageFile(QFileDialog::AcceptMode mode)
+QString CProjectExplorerView::askForPageFile(QFileDialog::AcceptMode mode, const QString &proposed)
 {
     const bool isForSaving = mode == QFileDialog::AcceptSave;
     QFileDialog dialog(this, isForSaving ? tr("Save Page") : tr("Load Page"),
@@ -116,5 +133,7 @@ QString CProjectExplorerView::askForPageFile(QFileDialog::AcceptMode mode)
     dialog.setViewMode(QFileDialog::Detail);
     dialog.setNameFilter(tr("Project Files (*.xml *.page)"));
     dialog.setDefaultSuffix(QStringLiteral("page"));
+    if (!proposed.isEmpty())
+        dialog.selectFile(proposed);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

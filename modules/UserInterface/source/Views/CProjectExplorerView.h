@@ -81,8 +81,9 @@ private:
     int bottomOf(QModelIndex item) const;
     void followPointer(const QPoint &position);
     void parkIndicator();
+    void selectPagesFrom(int row);
     void toClipboard(QMimeData *pages, const QString &error);
-    QString askForPageFile(QFileDialog::AcceptMode mode);
+    QString askForPageFile(QFileDialog::AcceptMode mode, const QString &proposed = {});
 
     QPointer<CProjectModel> m_project;
     QItemSelection m_reportedSelected;

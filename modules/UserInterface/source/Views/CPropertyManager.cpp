@@ -20,6 +20,15 @@ const QString readOnlyAttribute = QStringLiteral("readOnly");
 const QString decimalsAttribute = QStringLiteral("decimals");
 const QString entriesAttribute = QStringLiteral("enumNames");
 
+/// What the property browser looks up by itself; named here for the translations.
+[[maybe_unused]] const char *const browserTexts[] = {
+    QT_TRANSLATE_NOOP("QtColorPropertyManager", "Red"),
+    QT_TRANSLATE_NOOP("QtColorPropertyManager", "Green"),
+    QT_TRANSLATE_NOOP("QtColorPropertyManager", "Blue"),
+    QT_TRANSLATE_NOOP("QtColorPropertyManager", "Alpha"),
+    QT_TRANSLATE_NOOP("QtBoolEdit", "True"),
+    QT_TRANSLATE_NOOP("QtBoolEdit", "False")};
+
 int editorType(PropertyType type)
 {
     switch (type) {
@@ -175,6 +184,9 @@ QString CPropertyManager::valueText(const QtProperty *property) const
         return numberText(value(property).toDouble());
     case QVariant::Int:
         return QString::number(value(property).toInt());
+    case QVariant::Bool: // as its editor says it, also in another language
+        return QCoreApplication::translate("QtBoolEdit",
+                                           value(property).toBool() ? "True" : "False");
     case QVariant::Time:
         return value(property).toTime().toString(QStringLiteral("HH:mm:ss"));
     default:

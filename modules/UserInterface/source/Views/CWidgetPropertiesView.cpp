@@ -123,12 +123,18 @@ void CWidgetPropertiesView::showItems(const QList<CItemModel *> &items)
     if (item != m_item || !item) {
         m_factory->commitPending();
         m_item = item;
-        if (item)
-            rebuild();
-        else
-            showText(items.isEmpty() ? tr("No Item Selected") : tr("Multiple Items Selected"));
+        m_areSeveral = items.size() > 1;
+        showState();
     }
     showLock();
+}
+
+void CWidgetPropertiesView::showState()
+{
+    if (m_item)
+        rebuild();
+    else
+        showText(m_areSeveral ? tr("Multiple Items Selected") : tr("No Item Selected"));
 }
 
 void CWidgetPropertiesView::showLock()
@@ -355,8 +361,11 @@ void CWidgetPropertiesView::resizeEvent(QResizeEvent *event)
 void CWidgetPropertiesView::changeEvent(QEvent *event)
 {
     QtTreePropertyBrowser::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        showHeader();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    showHeader();
+    m_factory->commitPending();
+    showState();
 }
 
 void CWidgetPropertiesView::showHeader()

@@ -53,6 +53,7 @@ private Q_SLOTS:
 
 private:
     void clearRows();
+    void showState();
     void showText(const QString &text);
     void rebuild();
     void addScreenRows();
@@ -76,6 +77,7 @@ private:
     CPointListRows m_points;
     QPointer<CProjectModel> m_project;
     CItemModel *m_item = nullptr; ///< null unless exactly one item is shown
+    bool m_areSeveral = false;    ///< more items than one are selected
     QString m_currentKey;         ///< of the row that the user was at, for the next item
     bool m_updating = false;      ///< rows are being set from the model, not by the user
 };

@@ -3,6 +3,15 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QTest>
+#include <QTranslator>
+
+/// Says the same for everything.
+class COtherLanguage : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *, const char *, int) const override { return "@"; }
+};
 
 class tst_StatusBar : public QObject
 {
@@ -32,6 +41,13 @@ void tst_StatusBar::textsOfAllFields()
     bar.receiveMemoryUsage(1024, 2048);
     QCOMPARE(texts(), (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
                                    "1024 bytes RAM_DL used,2048 bytes RAM_G used"}));
+    {
+        COtherLanguage other;
+        QCoreApplication::installTranslator(&other);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(texts(), (QStringList{"@-3, 7", "12@", "0@", "1024@2048@"}));
+    }
+    QCoreApplication::sendPostedEvents();
     bar.resetStatusBar();
     QCOMPARE(texts(), (QStringList{"", "", "", ""}));
     bar.receiveMouseMoveUpdate({1, 2}); // the count that was reset does not come back

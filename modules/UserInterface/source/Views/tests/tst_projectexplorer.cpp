@@ -326,6 +326,8 @@ void tst_ProjectExplorer::cutAndPasteAreOneStepEach()
     m_view->paste();
     QCOMPARE(screenNames(*m_project), (QStringList{"Page 3", "Page 1", "Page 2"}));
     QCOMPARE(m_project->screen(1)->rowCount(), 2);
+    QCOMPARE(m_view->selectionModel()->selectedIndexes(),
+             (QModelIndexList{m_project->index(1, 0), m_project->index(2, 0)}));
     QCOMPARE(stack.count(), 2);
     QCOMPARE(stack.undoText(), QStringLiteral("Paste Page"));
     stack.undo();
