@@ -371,13 +371,14 @@ void CWidgetPropertiesView::changeEvent(QEvent *event)
 void CWidgetPropertiesView::showHeader()
 {
     findChild<QTreeWidget *>()->setHeaderLabels({tr("Property"), tr("Value")});
+    fitColumns();
 }
 
 /// Names as wide as they need, but never more than half of the panel.
 void CWidgetPropertiesView::fitColumns()
 {
     auto *tree = findChild<QTreeWidget *>();
-    int widest = 0;
+    int widest = tree->fontMetrics().horizontalAdvance(tree->headerItem()->text(0));
     for (auto row = m_rows.constBegin(); row != m_rows.constEnd(); ++row)
         widest = std::max(widest, tree->fontMetrics().horizontalAdvance(row.key()));
     constexpr int padding = 16;
