@@ -75,6 +75,8 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
             &CWidgetPropertiesView::chooseFile);
     connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
+    const QAbstractItemModel *rows = findChild<QTreeWidget *>()->model();
+    connect(rows, &QAbstractItemModel::rowsInserted, this, &CWidgetPropertiesView::spaceRows);
     showHeader();
     showItems({});
 }
@@ -372,6 +374,16 @@ void CWidgetPropertiesView::showHeader()
 {
     findChild<QTreeWidget *>()->setHeaderLabels({tr("Property"), tr("Value")});
     fitColumns();
+}
+
+/// Rows high enough for the frames of their editors; the browser leaves them 2 above and below.
+void CWidgetPropertiesView::spaceRows(const QModelIndex &parent, int first, int last)
+{
+    constexpr int more = 3;
+    const auto *tree = findChild<QTreeWidget *>();
+    const QSize size(0, tree->fontMetrics().height() + more);
+    for (int row = first; row <= last; ++row)
+        tree->model()->setData(tree->model()->index(row, 0, parent), size, Qt::SizeHintRole);
 }
 
 /// Names as wide as they need, but never more than half of the panel.

@@ -68,6 +68,7 @@ private:
     void showLock();
     void forgetRemoved(const QModelIndex &parent, int first, int last);
     void showHeader();
+    void spaceRows(const QModelIndex &parent, int first, int last);
     void fitColumns();
 
     CPropertyManager *m_manager;
