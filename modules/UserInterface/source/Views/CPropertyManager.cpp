@@ -196,8 +196,13 @@ QString CPropertyManager::valueText(const QtProperty *property) const
 
 QIcon CPropertyManager::valueIcon(const QtProperty *property) const
 {
-    return propertyType(property) == QVariant::Bool ? checkIcon(value(property).toBool())
-                                                    : QtVariantPropertyManager::valueIcon(property);
+    if (propertyType(property) == QVariant::Bool)
+        return checkIcon(value(property).toBool());
+    QIcon icon = QtVariantPropertyManager::valueIcon(property);
+    const QList<QSize> sizes = icon.availableSizes();
+    if (!sizes.isEmpty()) // a colour, which stays the same in a selected row
+        icon.addPixmap(icon.pixmap(sizes.first()), QIcon::Selected);
+    return icon;
 }
 
 QString CPropertyManager::rangeText(const CWidgetProperty &property)
