@@ -223,6 +223,8 @@ private Q_SLOTS:
             QCOMPARE(box->standardButtons(),
                      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
             QCOMPARE(box->defaultButton(), box->button(QMessageBox::Save));
+            const auto *text = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+            QVERIFY(text->wordWrap() || text->width() >= text->sizeHint().width()); // not cut off
             click(dialog, QMessageBox::Cancel);
         });
         QVERIFY(!m_window->close());
