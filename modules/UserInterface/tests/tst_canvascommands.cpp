@@ -2,6 +2,7 @@
 // what its name says, is one undo step, and does nothing harmful when there is nothing to do it to.
 #include "CDialogAnswers.h"
 #include "CEditorState.h"
+#include "CEmulatorAdapter.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectExplorerView.h"
@@ -20,6 +21,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTest>
 #include <QUndoStack>
 
@@ -281,6 +283,33 @@ private Q_SLOTS:
         Q_EMIT explorer->customContextMenuRequested(QPoint(5, 5));
         QCOMPARE(explorer->findChildren<QMenu *>().size(), 1);
         explorer->findChild<QMenu *>()->close();
+    }
+
+    /// A drag is painted with its frame; without one it must not freeze the canvas.
+    void dragsArePaintedWithAndWithoutFrames()
+    {
+        m_window->resize(1600, 1000);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        CScreenView *view = m_screens->currentView();
+        QWidget *canvas = view->viewport();
+        const auto moveTo = [view, canvas](int x, int y, QEvent::Type type) {
+            const QPoint pos = view->mapFromScene(x, y);
+            QMouseEvent event(type, pos, canvas->mapToGlobal(pos), Qt::LeftButton, Qt::LeftButton,
+                              Qt::NoModifier);
+            QCoreApplication::sendEvent(canvas, &event);
+        };
+        moveTo(30, 30, QEvent::MouseButtonPress);
+        for (const bool isStopped : {false, true}) {
+            QTRY_VERIFY(!CEmulatorAdapter::instance()->isBusy());
+            moveTo(isStopped ? 90 : 60, 30, QEvent::MouseMove);
+            QVERIFY(!canvas->updatesEnabled());
+            if (isStopped)
+                CEmulatorAdapter::instance()->emulatorStop();
+            QTRY_VERIFY(canvas->updatesEnabled());
+        }
+        moveTo(90, 30, QEvent::MouseButtonRelease);
+        QCOMPARE(m_window->project()->screen(0)->childItem(0)->x(), 70.0);
     }
 
 private:
