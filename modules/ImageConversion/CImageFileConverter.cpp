@@ -67,11 +67,8 @@ QString CImageFileConverter::convertedImagesFolder()
     if (!project)
         return {};
     const QString workingFolder = project->workingDirectory();
-    const QString name = project->propertyText(PropertyKey::ProjectName);
-    const QString ending = QStringLiteral("_ConvertedImages");
-    // safe(): a project's name must not lead out of its folder.
     return (workingFolder.isEmpty() ? QDir::currentPath() : workingFolder) + QLatin1Char('/') +
-           (name.isEmpty() ? ending : FileNames::safe(name, ending));
+           FileNames::convertedImages(project->propertyText(PropertyKey::ProjectName));
 }
 
 bool CImageFileConverter::aviFrameSize(const QString &file, quint32 &width, quint32 &height)

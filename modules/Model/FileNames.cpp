@@ -83,6 +83,12 @@ QString FileNames::safe(const QString &name, const QString &suffix)
     return safeWithTail(name, suffix);
 }
 
+QString FileNames::convertedImages(const QString &projectName)
+{
+    const QString ending = QStringLiteral("_ConvertedImages");
+    return projectName.isEmpty() ? ending : safe(projectName, ending);
+}
+
 QString FileNames::unused(const QString &name, const QString &suffix,
                           const std::function<bool(const QString &)> &isTaken)
 {

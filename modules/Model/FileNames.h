@@ -13,6 +13,9 @@ namespace FileNames {
 /// nothing of the name can be kept.
 QString safe(const QString &name, const QString &suffix = {});
 
+/// Name of the folder in a project's folder that holds its converted images.
+QString convertedImages(const QString &projectName);
+
 /// As safe(), with " (1)", " (2)", ... behind the name for as long as `isTaken` says so.
 QString unused(const QString &name, const QString &suffix,
                const std::function<bool(const QString &fileName)> &isTaken);

@@ -2,6 +2,7 @@
 
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "FileNames.h"
 #include "PropertyKey.h"
 
 #include <QCoreApplication>
@@ -39,8 +40,7 @@ void forEachItem(QStandardItem *parent, const std::function<void(CItemModel *)> 
 QString CConvertedFolder::path(const QString &workingDirectory, const QString &projectName)
 {
     const QDir folder(workingDirectory.isEmpty() ? QDir::currentPath() : workingDirectory);
-    return QDir::cleanPath(
-        folder.absoluteFilePath(projectName + QStringLiteral("_ConvertedImages")));
+    return QDir::cleanPath(folder.absoluteFilePath(FileNames::convertedImages(projectName)));
 }
 
 QString CConvertedFolder::copy(const QString &from, const QString &to)

@@ -287,13 +287,13 @@ private Q_SLOTS:
                                   "</Kiv_Screen_T></Kiv_Project_T>"));
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("target")));
         QVERIFY(m_session->openFile(m_file));
-        m_user->savePath = at("target/Second.v2.nyx");
+        m_user->savePath = at("target/Second:1.v2.nyx");
         QVERIFY(m_session->saveAs());
         QCOMPARE(m_user->offeredName, QStringLiteral("demo"));
-        QCOMPARE(m_session->title(), QStringLiteral("Second for QX110"));
-        QCOMPARE(m_session->path(), at("target/Second.v2.nyx"));
+        QCOMPARE(m_session->title(), QStringLiteral("Second:1 for QX110"));
+        QCOMPARE(m_session->path(), at("target/Second:1.v2.nyx"));
         QCOMPARE(m_session->workingDirectory(), at("target"));
-        QCOMPARE(readFile(at("target/Second_ConvertedImages/sky_DXT1/sky.raw")),
+        QCOMPARE(readFile(at("target/Second_1_ConvertedImages/sky_DXT1/sky.raw")),
                  QByteArray("pixels"));
         QVERIFY(QFile::exists(at("demo_ConvertedImages/sky_DXT1/sky.raw")));
         const CScreenModel *screen = m_session->project()->screen(0);
@@ -301,11 +301,11 @@ private Q_SLOTS:
             return m_session->project()->absoluteFolder(
                 screen->childItem(row)->propertyText(QStringLiteral("bfolder")));
         };
-        QCOMPARE(folder(0), at("target/Second_ConvertedImages/sky_DXT1"));
+        QCOMPARE(folder(0), at("target/Second_1_ConvertedImages/sky_DXT1"));
         QCOMPARE(folder(1), at("photos"));
         QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
-        QVERIFY(QFile::exists(at("target/.Second.v2.nyx.lock")));
-        QCOMPARE(m_recent->paths(), QStringList({m_file, at("target/Second.v2.nyx")}));
+        QVERIFY(QFile::exists(at("target/.Second:1.v2.nyx.lock")));
+        QCOMPARE(m_recent->paths(), QStringList({m_file, at("target/Second:1.v2.nyx")}));
         QVERIFY(!m_session->isDirty());
     }
 
