@@ -304,8 +304,10 @@ private Q_SLOTS:
             QTRY_VERIFY(!CEmulatorAdapter::instance()->isBusy());
             moveTo(isStopped ? 90 : 60, 30, QEvent::MouseMove);
             QVERIFY(!canvas->updatesEnabled());
-            if (isStopped)
+            if (isStopped) { // the frame has been asked for and will not come
+                QCoreApplication::sendPostedEvents(m_screens->currentWidget(), QEvent::MetaCall);
                 CEmulatorAdapter::instance()->emulatorStop();
+            }
             QTRY_VERIFY(canvas->updatesEnabled());
         }
         moveTo(90, 30, QEvent::MouseButtonRelease);
