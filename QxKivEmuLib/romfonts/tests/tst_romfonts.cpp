@@ -124,19 +124,12 @@ TEST(RomFontText, widthIsTheSumOfItsPieces)
     EXPECT_EQ(romfonts::textWidth16(27, ""), 0);
     EXPECT_EQ(romfonts::textWidth16(27, "Speed"),
               romfonts::textWidth16(27, "Spe") + romfonts::textWidth16(27, "ed"));
-    EXPECT_EQ(romfonts::textWidth16(18, "\xE4"
-                                        "bc d"),
-              5 * romfonts::textWidth16(18, "x"));
+    EXPECT_EQ(romfonts::textWidth16(18, "b\xE4z d"), 5 * romfonts::textWidth16(18, "x"));
 }
 
 TEST(RomFontText, utf8BecomesLatin1)
 {
-    const struct
-    {
-        const char *name;
-        std::string utf8;
-        std::string latin1;
-    } cases[] = {
+    const std::tuple<const char *, std::string, std::string> cases[] = {
         {"ascii", "Speed 5 m/s\n", "Speed 5 m/s\n"},
         {"accents", "\xC3\xA4\xC3\xBF\xC2\xA0\xC2\xB0", "\xE4\xFF\xA0\xB0"},
         {"ellipsis", "a\xE2\x80\xA6", "a\x85"},
@@ -152,6 +145,6 @@ TEST(RomFontText, utf8BecomesLatin1)
         {"too large", "\xF4\x90\x80\x80\xFF", "?????"},
         {"broken, then good", "\xC3(\xC3\xA4", "?(\xE4"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(romfonts::toLatin1(c.utf8), c.latin1) << c.name;
+    for (const auto &[name, utf8, latin1] : cases)
+        EXPECT_EQ(romfonts::toLatin1(utf8), latin1) << name;
 }

@@ -35,11 +35,7 @@ void expectLossless(const std::vector<uint32_t> &words)
 
 TEST(DisplayListText, knownForms)
 {
-    const struct
-    {
-        std::vector<uint32_t> words;
-        const char *text;
-    } cases[] = {
+    const std::pair<std::vector<uint32_t>, const char *> cases[] = {
         {{0x00000000}, "END();"},
         {{0x01102030}, "CLEAR(0x102030);"},
         {{0x02FF8000}, "COLOR(0xff8000);"},
@@ -62,17 +58,10 @@ TEST(DisplayListText, knownForms)
         {{0x09000001, 5}, "WORD(0x09000001);WORD(0x00000005);"},
         {{0x11000000, 0x07000000}, "WORD(0x11000000);WORD(0x07000000);"}, // an operand is missing
     };
-    for (const auto &one : cases) {
-        EXPECT_EQ(text(one.words), one.text);
-        EXPECT_EQ(assemble(one.text, nullptr), one.words) << one.text;
+    for (const auto &[words, form] : cases) {
+        EXPECT_EQ(text(words), form);
+        EXPECT_EQ(assemble(form, nullptr), words) << form;
     }
-}
-
-TEST(DisplayListText, bytesAreLittleEndian)
-{
-    EXPECT_EQ(toBytes({0x01020304}), (std::vector<uint8_t>{4, 3, 2, 1}));
-    const uint8_t bytes[] = {4, 3, 2, 1, 9, 9, 9};
-    EXPECT_EQ(fromBytes(bytes, sizeof bytes), (std::vector<uint32_t>{0x01020304}));
 }
 
 TEST(DisplayListText, anyWordsSurviveText)
@@ -118,15 +107,14 @@ TEST(DisplayListText, blanksAndHexadecimalAreAccepted)
     EXPECT_EQ(assemble(" DISC ( 0x10 ,\t-0x10 ,\n80 ) ;\r\n", nullptr),
               (std::vector<uint32_t>{0x10000050, 0xFFF00010}));
     EXPECT_EQ(assemble(" \n", nullptr), std::vector<uint32_t>{});
+    EXPECT_EQ(toBytes({0x01020304}), (std::vector<uint8_t>{4, 3, 2, 1})) << "little-endian";
+    const uint8_t bytes[] = {4, 3, 2, 1, 9, 9, 9};
+    EXPECT_EQ(fromBytes(bytes, sizeof bytes), (std::vector<uint32_t>{0x01020304}));
 }
 
 TEST(DisplayListText, malformedTextIsRefusedWithItsLine)
 {
-    const struct
-    {
-        const char *text;
-        const char *error;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"NOTHING();", "line 1: unknown command NOTHING"},
         {"END();\n\n;", "line 3: a command's name is expected"},
         {"END()", "line 1: \";\" is expected"},
@@ -150,9 +138,9 @@ TEST(DisplayListText, malformedTextIsRefusedWithItsLine)
         {"CHARS(\"\\x5\");", "line 1: \\ must be followed by x and two hexadecimal digits"},
         {"CHARS(\"\\x", "line 1: \\ must be followed by x and two hexadecimal digits"},
     };
-    for (const auto &one : cases) {
+    for (const auto &[form, expected] : cases) {
         std::string error;
-        EXPECT_FALSE(assemble(one.text, &error)) << one.text;
-        EXPECT_EQ(error, one.error) << one.text;
+        EXPECT_FALSE(assemble(form, &error)) << form;
+        EXPECT_EQ(error, expected) << form;
     }
 }

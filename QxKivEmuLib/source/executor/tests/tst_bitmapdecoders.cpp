@@ -13,6 +13,7 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 using Texels = std::vector<uint32_t>;
+using F = EBitmapFormat;
 
 uint32_t code(EBitmapFormat format)
 {
@@ -34,118 +35,100 @@ Texels texels(const SBitmapImage &image)
     return all;
 }
 
-const EBitmapFormat AllFormats[] = {
-    EBitmapFormat::Argb1555,     EBitmapFormat::L1,        EBitmapFormat::L2,
-    EBitmapFormat::L4,           EBitmapFormat::L8,        EBitmapFormat::Rgb332,
-    EBitmapFormat::Argb2,        EBitmapFormat::Argb4,     EBitmapFormat::Rgb565,
-    EBitmapFormat::Paletted,     EBitmapFormat::Paletted8, EBitmapFormat::Paletted565,
-    EBitmapFormat::Paletted4444, EBitmapFormat::Dxt1};
+struct SFormat
+{
+    const char *name;
+    int code;
+    uint32_t stride;  ///< of 9 texels
+    uint64_t size;    ///< of 9 x 5
+    uint32_t palette; ///< bytes
+};
+
+constexpr SFormat Formats[] = {{"ARGB1555", 0, 18, 90, 0},
+                               {"L1", 1, 2, 10, 0},
+                               {"L4", 2, 5, 25, 0},
+                               {"L8", 3, 9, 45, 0},
+                               {"RGB332", 4, 9, 45, 0},
+                               {"ARGB2", 5, 9, 45, 0},
+                               {"ARGB4", 6, 18, 90, 0},
+                               {"RGB565", 7, 18, 90, 0},
+                               {"PALETTED", 8, 9, 45, 1024},
+                               {"L2", 9, 3, 15, 0},
+                               {"PALETTED8", 12, 9, 45, 1024},
+                               {"PALETTED4444", 13, 9, 45, 512},
+                               {"PALETTED565", 14, 9, 45, 512},
+                               {"DXT1", 255, 24, 48, 0}};
 
 } // namespace
 
 // Expected values are worked out by hand: bits repeated up to 8, then multiplied by alpha.
 TEST(BitmapDecoders, texelsOfFormatsWithoutPalette)
 {
-    const struct
-    {
-        EBitmapFormat format;
-        int width;
-        int height;
-        Bytes bytes;
-        Texels expected;
-    } cases[] = {
+    const std::tuple<EBitmapFormat, int, int, Bytes, Texels> cases[] = {
         // Opaque red; blue without its alpha bit; green 10000 grows to 10000100.
-        {EBitmapFormat::Argb1555,
-         3,
-         1,
-         {0x00, 0xFC, 0x1F, 0x00, 0x00, 0x82},
-         {0xFFFF0000, 0, 0xFF008400}},
-        {EBitmapFormat::L1,
+        {F::Argb1555, 3, 1, {0, 0xFC, 0x1F, 0, 0, 0x82}, {0xFFFF0000, 0, 0xFF008400}},
+        {F::L1,
          9,
          2,
-         {0xA0, 0x80, 0x01, 0x00},
+         {0xA0, 0x80, 1, 0},
          {~0U, 0, ~0U, 0, 0, 0, 0, 0, ~0U, 0, 0, 0, 0, 0, 0, 0, ~0U, 0}},
-        {EBitmapFormat::L2, 5, 1, {0x1B, 0x40}, {0, 0x55555555, 0xAAAAAAAA, ~0U, 0x55555555}},
-        {EBitmapFormat::L4, 3, 1, {0xF1, 0x80}, {~0U, 0x11111111, 0x88888888}},
-        {EBitmapFormat::L8, 2, 2, {0, 1, 128, 255}, {0, 0x01010101, 0x80808080, ~0U}},
+        {F::L2, 5, 1, {0x1B, 0x40}, {0, 0x55555555, 0xAAAAAAAA, ~0U, 0x55555555}},
+        {F::L4, 3, 1, {0xF1, 0x80}, {~0U, 0x11111111, 0x88888888}},
+        {F::L8, 2, 2, {0, 1, 128, 255}, {0, 0x01010101, 0x80808080, ~0U}},
         // 101 -> 10110110, 010 -> 01001001, 10 -> 10101010.
-        {EBitmapFormat::Rgb332, 2, 1, {0xAA, 0x1C}, {0xFFB649AA, 0xFF00FF00}},
+        {F::Rgb332, 2, 1, {0xAA, 0x1C}, {0xFFB649AA, 0xFF00FF00}},
         // Alpha 01 is 85: 255 becomes 85, 170 becomes 56.67.
-        {EBitmapFormat::Argb2, 3, 1, {0xE4, 0x7B, 0x3F}, {0xFFAA5500, 0x55553955, 0}},
+        {F::Argb2, 3, 1, {0xE4, 0x7B, 0x3F}, {0xFFAA5500, 0x55553955, 0}},
         // Alpha 8 is 136: 255 becomes 136, 17 becomes 9.07.
-        {EBitmapFormat::Argb4, 2, 1, {0x1F, 0x8F, 0x23, 0xF1}, {0x88880988, 0xFF112233}},
-        {EBitmapFormat::Rgb565,
+        {F::Argb4, 2, 1, {0x1F, 0x8F, 0x23, 0xF1}, {0x88880988, 0xFF112233}},
+        {F::Rgb565,
          2,
          2,
-         {0x00, 0xF8, 0xE0, 0x07, 0x1F, 0x00, 0x10, 0x84},
+         {0, 0xF8, 0xE0, 7, 0x1F, 0, 0x10, 0x84},
          {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF848284}},
-        // Thirds of 255 between red and blue.
-        {EBitmapFormat::Dxt1,
+        // Thirds of 255 between red and blue: 0 1 2 3, then all 0, all 1, all 3.
+        {F::Dxt1,
          4,
          4,
-         {0x00, 0xF8, 0x1F, 0x00, 0xE4, 0x00, 0x55, 0xFF},
-         {0xFFFF0000, 0xFF0000FF, 0xFFAA0055, 0xFF5500AA, // row 0: 0 1 2 3
-          0xFFFF0000, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000, //
-          0xFF0000FF, 0xFF0000FF, 0xFF0000FF, 0xFF0000FF, //
-          0xFF5500AA, 0xFF5500AA, 0xFF5500AA, 0xFF5500AA}},
-        // The ends the other way round: a half and transparent.
-        {EBitmapFormat::Dxt1,
-         4,
-         1,
-         {0x1F, 0x00, 0x00, 0xF8, 0xE4, 0, 0, 0},
-         {0xFF0000FF, 0xFFFF0000, 0xFF7F007F, 0}},
-        // Equal ends count as the second kind.
-        {EBitmapFormat::Dxt1, 2, 1, {0xFF, 0xFF, 0xFF, 0xFF, 0x0E, 0, 0, 0}, {0xFFFFFFFF, 0}},
+         {0, 0xF8, 0x1F, 0, 0xE4, 0, 0x55, 0xFF},
+         {0xFFFF0000, 0xFF0000FF, 0xFFAA0055, 0xFF5500AA, 0xFFFF0000, 0xFFFF0000, 0xFFFF0000,
+          0xFFFF0000, 0xFF0000FF, 0xFF0000FF, 0xFF0000FF, 0xFF0000FF, 0xFF5500AA, 0xFF5500AA,
+          0xFF5500AA, 0xFF5500AA}},
+        // The ends the other way round: a half and transparent. Equal ends count as that kind.
+        {F::Dxt1, 4, 1, {0x1F, 0, 0, 0xF8, 0xE4, 0, 0, 0}, {0xFF0000FF, 0xFFFF0000, 0xFF7F007F, 0}},
+        {F::Dxt1, 2, 1, {0xFF, 0xFF, 0xFF, 0xFF, 0x0E, 0, 0, 0}, {0xFFFFFFFF, 0}},
     };
-    for (const auto &one : cases) {
-        const auto image = decode(one.bytes, one.format, one.width, one.height);
-        ASSERT_TRUE(image) << code(one.format);
-        EXPECT_EQ(texels(*image), one.expected) << code(one.format);
-        const bool opaque = std::all_of(one.expected.begin(), one.expected.end(),
+    for (const auto &[format, width, height, bytes, expected] : cases) {
+        const auto image = decode(bytes, format, width, height);
+        ASSERT_TRUE(image) << code(format);
+        EXPECT_EQ(texels(*image), expected) << code(format);
+        const bool opaque = std::all_of(expected.begin(), expected.end(),
                                         [](uint32_t texel) { return texel >> 24 == 255; });
-        EXPECT_EQ(image->opaque, opaque) << code(one.format);
+        EXPECT_EQ(image->opaque, opaque) << code(format);
     }
 }
 
 TEST(BitmapDecoders, texelsOfPalettes)
 {
     // The texels stand before the palette, of which entries 1 and 255 are set.
-    const struct
-    {
-        EBitmapFormat format;
-        size_t entryBytes;
-        Bytes first;
-        Bytes last;
-        Texels expected;
-    } cases[] = {
-        {EBitmapFormat::Paletted,
-         4,
-         {0x30, 0x20, 0x10, 0xFF},
-         {0, 0xFF, 0, 0x80},
-         {0xFF102030, 0x80008000, 0}},
-        {EBitmapFormat::Paletted8,
-         4,
-         {0x30, 0x20, 0x10, 0xFF},
-         {0, 0xFF, 0, 0x80},
-         {0xFF102030, 0x80008000, 0}},
-        {EBitmapFormat::Paletted565,
-         2,
-         {0x00, 0xF8},
-         {0x1F, 0x00},
-         {0xFFFF0000, 0xFF0000FF, 0xFF000000}},
-        {EBitmapFormat::Paletted4444, 2, {0x23, 0xF1}, {0xFF, 0x8F}, {0xFF112233, 0x88888888, 0}},
+    const Bytes blue = {0x30, 0x20, 0x10, 0xFF};
+    const Bytes green = {0, 0xFF, 0, 0x80};
+    const std::tuple<EBitmapFormat, Bytes, Bytes, Texels> cases[] = {
+        {F::Paletted, blue, green, {0xFF102030, 0x80008000, 0}},
+        {F::Paletted8, blue, green, {0xFF102030, 0x80008000, 0}},
+        {F::Paletted565, {0x00, 0xF8}, {0x1F, 0x00}, {0xFFFF0000, 0xFF0000FF, 0xFF000000}},
+        {F::Paletted4444, {0x23, 0xF1}, {0xFF, 0x8F}, {0xFF112233, 0x88888888, 0}},
     };
-    for (const auto &one : cases) {
+    for (const auto &[format, first, last, expected] : cases) {
         Bytes memory = {1, 255, 0, 0};
-        memory.resize(4 + 256 * one.entryBytes);
-        std::copy(one.first.begin(), one.first.end(), memory.begin() + 4 + one.entryBytes);
-        std::copy(one.last.begin(), one.last.end(), memory.end() - one.entryBytes);
-        const auto image = decode(memory, one.format, 3, 1, 0, 4);
-        ASSERT_TRUE(image) << code(one.format);
-        EXPECT_EQ(texels(*image), one.expected) << code(one.format);
-        EXPECT_EQ(paletteSize(code(one.format)), 256 * one.entryBytes);
-        EXPECT_FALSE(decode(memory, one.format, 3, 1, 0, 5)) << "the palette ends too late";
-        EXPECT_FALSE(decode(memory, one.format, 3, 1, 0, 0xFFFFFFFF));
+        memory.resize(4 + 256 * first.size());
+        std::copy(first.begin(), first.end(), memory.begin() + 4 + first.size());
+        std::copy(last.begin(), last.end(), memory.end() - last.size());
+        const auto image = decode(memory, format, 3, 1, 0, 4);
+        ASSERT_TRUE(image) << code(format);
+        EXPECT_EQ(texels(*image), expected) << code(format);
+        EXPECT_FALSE(decode(memory, format, 3, 1, 0, 5)) << "the palette ends too late";
+        EXPECT_FALSE(decode(memory, format, 3, 1, 0, 0xFFFFFFFF));
     }
 }
 
@@ -158,53 +141,37 @@ TEST(BitmapDecoders, addressAndStrideChooseTheRows)
     EXPECT_EQ(texels(*image), (Texels{0x0A0A0A0A, 0x14141414, 0x1E1E1E1E, 0x28282828}));
 }
 
-TEST(BitmapDecoders, sizesOfPackedBitmaps)
+TEST(BitmapDecoders, namesAndSizesOfFormats)
 {
-    const struct
-    {
-        EBitmapFormat format;
-        uint32_t stride; ///< of 9 texels
-        uint64_t size;   ///< of 9 x 5
-    } cases[] = {
-        {EBitmapFormat::Argb1555, 18, 90},    {EBitmapFormat::L1, 2, 10},
-        {EBitmapFormat::L2, 3, 15},           {EBitmapFormat::L4, 5, 25},
-        {EBitmapFormat::L8, 9, 45},           {EBitmapFormat::Rgb332, 9, 45},
-        {EBitmapFormat::Argb2, 9, 45},        {EBitmapFormat::Argb4, 18, 90},
-        {EBitmapFormat::Rgb565, 18, 90},      {EBitmapFormat::Paletted, 9, 45},
-        {EBitmapFormat::Paletted8, 9, 45},    {EBitmapFormat::Paletted565, 9, 45},
-        {EBitmapFormat::Paletted4444, 9, 45}, {EBitmapFormat::Dxt1, 24, 48},
-    };
-    for (const auto &one : cases) {
-        EXPECT_EQ(bitmapStride(code(one.format), 9), one.stride) << code(one.format);
-        EXPECT_EQ(bitmapSize(code(one.format), 9, 5), one.size) << code(one.format);
+    for (const auto &[name, number, stride, size, palette] : Formats) {
+        const auto format = static_cast<uint32_t>(number);
+        EXPECT_EQ(bitmapFormatCode(name), number);
+        EXPECT_EQ(bitmapStride(format, 9), stride) << name;
+        EXPECT_EQ(bitmapSize(format, 9, 5), size) << name;
+        EXPECT_EQ(paletteSize(format), palette) << name;
     }
+    for (const char *name : {"argb4", "", "L3"})
+        EXPECT_EQ(bitmapFormatCode(name), -1) << name;
+    const Bytes memory(64);
     for (const uint32_t format : {10U, 11U, 15U, 254U, 256U, 0xFFFFFFFFU}) {
         EXPECT_EQ(bitmapStride(format, 9), 0U);
         EXPECT_EQ(bitmapSize(format, 9, 5), 0U);
         EXPECT_EQ(paletteSize(format), 0U);
+        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), format, 0, 4, 0, 1, 1)) << format;
     }
-    EXPECT_EQ(bitmapStride(code(EBitmapFormat::Rgb565), -1), 0U);
-    EXPECT_EQ(bitmapSize(code(EBitmapFormat::Rgb565), 4, 0), 0U);
-}
-
-TEST(BitmapDecoders, namesOfFormats)
-{
-    const struct
-    {
-        const char *name;
-        int code;
-    } cases[] = {{"ARGB1555", 0},     {"L1", 1},     {"L4", 2},         {"L8", 3},
-                 {"RGB332", 4},       {"ARGB2", 5},  {"ARGB4", 6},      {"RGB565", 7},
-                 {"PALETTED", 8},     {"L2", 9},     {"PALETTED8", 12}, {"PALETTED4444", 13},
-                 {"PALETTED565", 14}, {"DXT1", 255}, {"argb4", -1},     {"", -1},
-                 {"L3", -1}};
-    for (const auto &one : cases)
-        EXPECT_EQ(bitmapFormatCode(one.name), one.code) << one.name;
+    EXPECT_EQ(bitmapStride(code(F::Rgb565), -1), 0U);
+    EXPECT_EQ(bitmapSize(code(F::Rgb565), 4, 0), 0U);
+    for (const int side : {0, -1, 2049, INT32_MAX, INT32_MIN}) {
+        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, side, 1)) << side;
+        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, 1, side)) << side;
+    }
+    EXPECT_FALSE(decodeBitmap(nullptr, 0, 3, 0, 1, 0, 1, 1));
 }
 
 TEST(BitmapDecoders, memoryIsReadToItsLastByteAndNoFurther)
 {
-    for (const EBitmapFormat format : AllFormats) {
+    for (const SFormat &row : Formats) {
+        const auto format = static_cast<EBitmapFormat>(row.code);
         const uint32_t palette = paletteSize(code(format));
         for (const int side : {1, 3, 4, 5, 17}) {
             const uint64_t size = bitmapSize(code(format), side, side);
@@ -221,21 +188,10 @@ TEST(BitmapDecoders, memoryIsReadToItsLastByteAndNoFurther)
     EXPECT_TRUE(decodeBitmap(memory.data(), 64, 3, 0, 0xFFFFFFFF, 0, 64, 1)) << "one row only";
 }
 
-TEST(BitmapDecoders, unknownFormatsAndSizesAreRefused)
-{
-    const Bytes memory(64);
-    for (const uint32_t format : {10U, 11U, 15U, 254U, 256U, 0xFFFFFFFFU})
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), format, 0, 4, 0, 1, 1)) << format;
-    for (const int side : {0, -1, 2049, INT32_MAX, INT32_MIN}) {
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, side, 1)) << side;
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, 1, side)) << side;
-    }
-    EXPECT_FALSE(decodeBitmap(nullptr, 0, 3, 0, 1, 0, 1, 1));
-}
-
 TEST(BitmapDecoders, theBorderStaysTransparent)
 {
-    for (const EBitmapFormat format : AllFormats) {
+    for (const SFormat &row : Formats) {
+        const auto format = static_cast<EBitmapFormat>(row.code);
         const int side = 6;
         Bytes memory(paletteSize(code(format)) + bitmapSize(code(format), side, side), 0xFF);
         const auto image = decode(memory, format, side, side, paletteSize(code(format)));
@@ -258,7 +214,8 @@ TEST(BitmapDecoders, anyBytesGiveMultipliedColours)
     Bytes memory(1024 + 64 * 64 * 2);
     for (uint8_t &byte : memory)
         byte = static_cast<uint8_t>(random());
-    for (const EBitmapFormat format : AllFormats) {
+    for (const SFormat &row : Formats) {
+        const auto format = static_cast<EBitmapFormat>(row.code);
         const auto image = decode(memory, format, 61, 63, 1024);
         ASSERT_TRUE(image);
         for (const uint32_t texel : texels(*image)) {

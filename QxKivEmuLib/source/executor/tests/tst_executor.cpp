@@ -5,7 +5,6 @@
 #include "executor/CExecutor.h"
 #include "executor/CRamG.h"
 #include "raster/BitmapImage.h"
-#include "raster/CRasterizer.h"
 #include "raster/CSurface.h"
 #include "support/ExampleLists.h"
 #include "support/Replay.h"
@@ -159,12 +158,8 @@ TEST(BitmapCache, isBounded)
 
 TEST(Executor, everyShapeDrawsWhereItsOperandsSay)
 {
-    const struct
-    {
-        const char *list;
-        int insideX, insideY;
-        int outsideX, outsideY;
-    } cases[] = {
+    // Commands, then a point that they cover and one that they leave.
+    const std::tuple<const char *, int, int, int, int> cases[] = {
         {"DISC(320, 320, 80);", 23, 20, 26, 20},
         {"LINE_WIDTH(64);LINE(160, 160, 480, 160);", 29, 11, 29, 13},
         {"FILL_RECT(160, 320, 128, 64, 0);", 17, 23, 18, 23},
@@ -183,10 +178,10 @@ TEST(Executor, everyShapeDrawsWhereItsOperandsSay)
         {"LINE_WIDTH(64);ARC(320, 320, 160, 0, 5760, 0);", 29, 19, 29, 16},
         {"GRADIENT(160, 160, 320, 160, 0, 0, 0xffffffff, 0xffffffff);", 29, 19, 30, 19},
     };
-    for (const auto &one : cases) {
-        const auto frame = frameOf(std::string("CLEAR(0x102030);") + one.list + "END();");
-        EXPECT_EQ(pixel(frame, one.insideX, one.insideY), 0xFFFFFFFF) << one.list;
-        EXPECT_EQ(pixel(frame, one.outsideX, one.outsideY), 0xFF102030) << one.list;
+    for (const auto &[list, insideX, insideY, outsideX, outsideY] : cases) {
+        const auto frame = frameOf(std::string("CLEAR(0x102030);") + list + "END();");
+        EXPECT_EQ(pixel(frame, insideX, insideY), 0xFFFFFFFF) << list;
+        EXPECT_EQ(pixel(frame, outsideX, outsideY), 0xFF102030) << list;
     }
 }
 
@@ -194,24 +189,16 @@ TEST(Executor, theFrameStartsBlackAndClearKeepsToTheScissor)
 {
     EXPECT_EQ(pixel(frameOf("END();"), 5, 5), 0xFF000000);
     const auto frame = frameOf("SCISSOR(4, 6, 10, 8);CLEAR(0xabcdef);END();");
-    const struct
-    {
-        int x, y;
-        uint32_t expected;
-    } cases[] = {{4, 6, 0xFFABCDEF},   {13, 13, 0xFFABCDEF}, {3, 6, 0xFF000000},
-                 {14, 13, 0xFF000000}, {4, 5, 0xFF000000},   {13, 14, 0xFF000000}};
-    for (const auto &one : cases)
-        EXPECT_EQ(pixel(frame, one.x, one.y), one.expected) << one.x << ", " << one.y;
+    for (int y = 0; y < Height; ++y)
+        for (int x = 0; x < Width; ++x)
+            ASSERT_EQ(pixel(frame, x, y),
+                      x >= 4 && x < 14 && y >= 6 && y < 14 ? 0xFFABCDEF : 0xFF000000);
 }
 
 TEST(Executor, alphaAndBlendDecideHowAColourLands)
 {
     const std::string square = "FILL_RECT(0, 0, 160, 160, 0);END();";
-    const struct
-    {
-        const char *setup;
-        uint32_t expected;
-    } cases[] = {
+    const std::pair<const char *, uint32_t> cases[] = {
         {"", 0xFFFFFFFF},
         {"COLOR(0xff8000);", 0xFFFF8000},
         {"COLOR(0xff8000);ALPHA(0);", 0xFF004080},
@@ -220,10 +207,9 @@ TEST(Executor, alphaAndBlendDecideHowAColourLands)
         {"COLOR(0xff4080);ALPHA(51);BLEND(0);", 0xFFFF4080},
         {"COLOR(0xff4080);ALPHA(51);BLEND(0);BLEND(1);", 0xFF334080},
     };
-    for (const auto &one : cases) {
-        const auto frame = frameOf(std::string("CLEAR(0x004080);") + one.setup + square);
-        EXPECT_TRUE(isNear(pixel(frame, 5, 5), one.expected, 1))
-            << one.setup << std::hex << pixel(frame, 5, 5);
+    for (const auto &[setup, expected] : cases) {
+        const auto frame = frameOf(std::string("CLEAR(0x004080);") + setup + square);
+        EXPECT_TRUE(isNear(pixel(frame, 5, 5), expected, 1)) << setup;
     }
 }
 
@@ -292,21 +278,17 @@ TEST(Executor, zeroCharactersAreNone)
 
 TEST(Executor, bitmapsAreMultipliedByColourAndAlpha)
 {
-    const struct
-    {
-        const char *setup;
-        uint32_t left, right;
-    } cases[] = {
+    const std::tuple<const char *, uint32_t, uint32_t> cases[] = {
         {"", 0xFFFFFFFF, 0xFF808080},
         {"COLOR(0xff8000);", 0xFFFF8000, 0xFF804000},
         {"ALPHA(128);", 0xFF808080, 0xFF404040},
         {"COLOR(0xff8000);ALPHA(128);", 0xFF804000, 0xFF402000},
     };
     const CRamG memory = memoryOf({255, 128});
-    for (const auto &one : cases) {
-        const auto frame = frameOf(twoTexels(one.setup), memory);
-        EXPECT_TRUE(isNear(pixel(frame, 2, 8), one.left, 1)) << one.setup;
-        EXPECT_TRUE(isNear(pixel(frame, 13, 8), one.right, 1)) << one.setup;
+    for (const auto &[setup, left, right] : cases) {
+        const auto frame = frameOf(twoTexels(setup), memory);
+        EXPECT_TRUE(isNear(pixel(frame, 2, 8), left, 1)) << setup;
+        EXPECT_TRUE(isNear(pixel(frame, 13, 8), right, 1)) << setup;
         EXPECT_EQ(pixel(frame, 16, 8), 0xFF000000) << "beside it";
     }
 }
@@ -322,11 +304,7 @@ TEST(Executor, eachBitmapRegisterChangesTheNextBitmap)
     const std::string setup = "BITMAP_SOURCE(3, 0);BITMAP_LAYOUT(1, 1, 1);BITMAP_PALETTE(8);"
                               "BITMAP_MODE(6);";
     const std::string draw = "BITMAP(0, 0, 256, 256);";
-    const struct
-    {
-        const char *before;
-        const char *after;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"", "BITMAP_SOURCE(3, 1);"},
         {"BITMAP_SOURCE(3, 1);", "BITMAP_SOURCE(4, 1);"},
         {"", "BITMAP_LAYOUT(1, 2, 1);"},
@@ -334,12 +312,12 @@ TEST(Executor, eachBitmapRegisterChangesTheNextBitmap)
         {"BITMAP_LAYOUT(1, 1, 3);", "BITMAP_LAYOUT(2, 1, 3);"},
         {"BITMAP_SOURCE(14, 3);", "BITMAP_PALETTE(520);"},
     };
-    for (const auto &one : cases) {
-        const std::string before = setup + one.before;
+    for (const auto &[first, after] : cases) {
+        const std::string before = setup + first;
         const auto changed =
-            frameOf(before + draw + "CLEAR(0x000000);" + one.after + draw + "END();", memory);
-        EXPECT_EQ(changed, frameOf(before + one.after + draw + "END();", memory)) << one.after;
-        EXPECT_NE(changed, frameOf(before + draw + "END();", memory)) << one.after;
+            frameOf(before + draw + "CLEAR(0x000000);" + after + draw + "END();", memory);
+        EXPECT_EQ(changed, frameOf(before + after + draw + "END();", memory)) << after;
+        EXPECT_NE(changed, frameOf(before + draw + "END();", memory)) << after;
     }
 }
 
@@ -395,22 +373,4 @@ TEST(Executor, examplesDrawWithoutErrorsAndTheSameFromTheirBytes)
         }
     }
     EXPECT_EQ(used.size(), commandTable().size()) << "every command is in an example";
-}
-
-TEST(Executor, everySetOfKernelsGivesTheSameFrame)
-{
-    for (const SExample &example : exampleLists()) {
-        const auto bytes = toBytes(example.words);
-        const SReplay plain =
-            replay(bytes, example.memory, ExampleWidth, ExampleHeight, EKernelSet::Plain);
-        for (const EKernelSet kernels : {EKernelSet::Sse2, EKernelSet::Avx2}) {
-            if (!CRasterizer::hasKernels(kernels))
-                continue;
-            const SReplay other =
-                replay(bytes, example.memory, ExampleWidth, ExampleHeight, kernels);
-            EXPECT_TRUE(other.frame == plain.frame)
-                << example.name << " with kernels " << static_cast<int>(kernels);
-            EXPECT_EQ(other.difference, "") << example.name;
-        }
-    }
 }

@@ -39,11 +39,7 @@ std::string messages(const std::vector<SExecutionError> &errors)
 
 TEST(ExecutorErrors, eachKindIsReported)
 {
-    const struct
-    {
-        const char *list;
-        const char *message;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"END();", ""},
         {"SAVE();SAVE();RESTORE();END();", ""},
         {"WORD(0x0a000000);END();", "WORD: there is no opcode 10\n"},
@@ -84,8 +80,8 @@ TEST(ExecutorErrors, eachKindIsReported)
          "BITMAP: the bitmap at 0 or its palette reaches beyond the 100 bytes of RAM_G that are in "
          "use\n"},
     };
-    for (const auto &one : cases)
-        EXPECT_EQ(messages(errorsOfText(one.list)), one.message) << one.list;
+    for (const auto &[list, message] : cases)
+        EXPECT_EQ(messages(errorsOfText(list)), message) << list;
 }
 
 TEST(ExecutorErrors, everyCommandOfTheTableIsKnown)

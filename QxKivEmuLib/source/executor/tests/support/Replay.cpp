@@ -6,7 +6,6 @@
 #include "raster/CSurface.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace kivemu {
 
@@ -36,14 +35,12 @@ std::string difference(const SFrame &a, const SFrame &b, int width)
     return a.errors == b.errors ? "" : "the errors differ";
 }
 
-SReplay replay(const std::vector<uint8_t> &bytes, const CRamG &memory, int width, int height,
-               std::optional<EKernelSet> kernels)
+SReplay replay(const std::vector<uint8_t> &bytes, const CRamG &memory, int width, int height)
 {
     const std::vector<uint32_t> words = fromBytes(bytes.data(), bytes.size());
-    const auto executor =
-        kernels ? std::make_unique<CExecutor>(*kernels) : std::make_unique<CExecutor>();
-    SFrame first = execute(*executor, words, memory, width, height, 0xFF000000);
-    const SFrame second = execute(*executor, words, memory, width, height, 0xFFC0FFEE);
+    CExecutor executor;
+    SFrame first = execute(executor, words, memory, width, height, 0xFF000000);
+    const SFrame second = execute(executor, words, memory, width, height, 0xFFC0FFEE);
     const std::string differs = difference(first, second, width);
     return {std::move(first.pixels), std::move(first.errors), differs};
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "raster/RasterTypes.h"
-
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,7 +33,6 @@ struct SReplay
 };
 
 /// Executes the bytes of a display list, as an export holds them, twice.
-SReplay replay(const std::vector<uint8_t> &bytes, const CRamG &memory, int width, int height,
-               std::optional<EKernelSet> kernels = std::nullopt);
+SReplay replay(const std::vector<uint8_t> &bytes, const CRamG &memory, int width, int height);
 
 } // namespace kivemu
