@@ -21,11 +21,7 @@ std::string assigned(const std::string &chunk)
 // and loops are left out keeps the quick way for most chunks.
 TEST(ChunkAssignments, noGlobalAssignmentIsMissed)
 {
-    const struct
-    {
-        const char *chunk;
-        const char *names;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"", ""},
         {"disc(x, y, 3) if a == b or a <= b or a ~= b then line(1, 2, 3, 4) end", ""},
         {"a = 1", "a "},
@@ -64,6 +60,6 @@ TEST(ChunkAssignments, noGlobalAssignmentIsMissed)
         {"f(_ENV)", "_ENV "},
         {"goto a ::b:: c = 1", "c "},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(assigned(c.chunk), c.names) << c.chunk;
+    for (const auto &[chunk, names] : cases)
+        EXPECT_EQ(assigned(chunk), names) << chunk;
 }

@@ -9,15 +9,25 @@
 
 namespace {
 
-/// The display list of one item's commands, without its tag and the end.
-std::string drawn(const std::string &commands)
+SHostRun runOf(const std::string &commands)
 {
     kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
     EXPECT_TRUE(
         host.loadText("function render(screen, items) draw_item(items[1]) end", "render.lua"));
     CTestModel model;
     model.add(commands);
-    const SHostRun run(host, model, 100, 80);
+    return {host, model, 100, 80};
+}
+
+std::string errorOf(const std::string &commands)
+{
+    return runOf(commands).errors;
+}
+
+/// The display list of one item's commands, without its tag and the end.
+std::string drawn(const std::string &commands)
+{
+    const SHostRun run = runOf(commands);
     EXPECT_EQ(run.errors, "") << commands;
     std::string list = run.list;
     for (const char *part : {"ITEM(1);", "END();"}) {
@@ -27,24 +37,11 @@ std::string drawn(const std::string &commands)
     return list;
 }
 
-std::string errorOf(const std::string &commands)
-{
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), PatientLimits);
-    EXPECT_TRUE(host.loadText(PlainScript, "render.lua"));
-    CTestModel model;
-    model.add(commands);
-    return SHostRun(host, model).errors;
-}
-
 } // namespace
 
 TEST(DrawApi, callsBecomeCommands)
 {
-    const struct
-    {
-        const char *commands;
-        const char *list;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"clear('#102030')", "CLEAR(0x102030);"},
         {"disc(10, 20, 5)", "DISC(160, 320, 80);"},
         {"disc('10', '20.5', 5)", "DISC(160, 328, 80);"},
@@ -100,8 +97,8 @@ TEST(DrawApi, callsBecomeCommands)
          "GRADIENT(0, 0, 160, 320, 0, 5760, 0xff0000ff, 0xff00ff00);"},
         {"save() rotate(90, 0, 0) restore() disc(5, 0, 1)", "DISC(80, 0, 16);"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(drawn(c.commands), c.list) << c.commands;
+    for (const auto &[commands, list] : cases)
+        EXPECT_EQ(drawn(commands), list) << commands;
 }
 
 TEST(DrawApi, turnedRectangleIsAPolygonOfItsCorners)
@@ -161,63 +158,30 @@ TEST(DrawApi, valueFunctions)
 
 TEST(DrawApi, wrongArgumentsAreErrors)
 {
-    const char *const commands[] = {
-        "disc()",
-        "disc(1, 2, {})",
-        "disc(1, 2, 0/0)",
-        "line(1, 2, 3)",
-        "fill_rect(1, 2, 3)",
-        "color()",
-        "color(nil)",
-        "color(-1)",
-        "color(0x1000000)",
-        "color('')",
-        "color('#12345')",
-        "color('112233')",
-        "color('#1122334')",
-        "color(true)",
-        "color(1.5)",
-        "color('#112233', 256)",
-        "blend()",
-        "blend('on')",
-        "line_width()",
-        "scissor(1, 2)",
-        "rotate(1)",
-        "polygon()",
-        "polygon('x')",
-        "polygon({1, 2, 3})",
-        "arc(1, 2, 3, 4)",
-        "arc(1, 2, 3, 4, 5, 'pointed')",
-        "gradient(1, 2, 3, 4, 0)",
-        "text(1, 2)",
-        "text(1, 2, 15, 'x')",
-        "text(1, 2, 20.5, 'x')",
-        "text(1, 2, 20)",
-        "text(1, 2, 20, 'x', 'middle')",
-        "text(1, 2, 20, 'x', 'left', 'center')",
-        "text_width(20)",
-        "font_height(99)",
-        "mix('#000000')",
-        "mix('#000000', '#000000')",
-        "split_points('1')",
-        "split_points('1;2')",
-        "split_points('1,2,3')",
-        "split_points('a,b')",
-        "split_points('inf,0')",
-        "bitmap()",
-        "bitmap({}, 1, 2)",
-        "bitmap(item, 1, 2)",
-        "load_bitmap('x', 'NOFORMAT', 1, 1)",
-        "load_bitmap('x', 99, 1, 1)",
-        "load_bitmap('x', 'L8', 0, 1)",
-        "load_bitmap('x', 'L8', 1, 4096)",
-        "load_bitmap('x')",
-        "draw_item()",
-        "draw_item({})",
-        "draw_item('x')",
-    };
-    for (const char *command : commands)
+    const std::string commands = R"(
+        disc() | disc(1, 2, {}) | disc(1, 2, 0/0) | line(1, 2, 3) | fill_rect(1, 2, 3) |
+        color() | color(nil) | color(-1) | color(0x1000000) | color('') | color('#12345') |
+        color('112233') | color('#1122334') | color(true) | color(1.5) |
+        color('#112233', 256) | blend() | blend('on') | line_width() | scissor(1, 2) |
+        rotate(1) | polygon() | polygon('x') | polygon({1, 2, 3}) | arc(1, 2, 3, 4) |
+        arc(1, 2, 3, 4, 5, 'pointed') | gradient(1, 2, 3, 4, 0) | text(1, 2) |
+        text(1, 2, 15, 'x') | text(1, 2, 20.5, 'x') | text(1, 2, 20) |
+        text(1, 2, 20, 'x', 'middle') | text(1, 2, 20, 'x', 'left', 'center') |
+        text_width(20) | font_height(99) | mix('#000000') | mix('#000000', '#000000') |
+        split_points('1') | split_points('1;2') | split_points('1,2,3') |
+        split_points('a,b') | split_points('inf,0') | bitmap() | bitmap({}, 1, 2) |
+        bitmap(item, 1, 2) | load_bitmap('x', 'NOFORMAT', 1, 1) |
+        load_bitmap('x', 99, 1, 1) | load_bitmap('x', 'L8', 0, 1) |
+        load_bitmap('x', 'L8', 1, 4096) | load_bitmap('x') | draw_item() | draw_item({}) |
+        draw_item('x'))";
+    size_t count = 0;
+    for (size_t from = 0; from < commands.size(); ++count) {
+        const size_t end = std::min(commands.find('|', from), commands.size());
+        const std::string command = commands.substr(from, end - from);
         EXPECT_NE(errorOf(command), "") << command;
+        from = end + 1;
+    }
+    EXPECT_GT(count, 50U);
 }
 
 TEST(DrawApi, textsOfColoursAreParsedWhole)

@@ -11,31 +11,21 @@ constexpr char NeighbourList[] = "FILL_RECT(16, 32, 48, 64, 0);";
 class ItemErrors : public testing::Test
 {
 protected:
-    explicit ItemErrors(uint32_t chip = 0x110) : m_host(kivemu::chipLimits(chip), PatientLimits)
+    ItemErrors()
     {
         EXPECT_TRUE(m_host.loadText(PlainScript, "kiv_render.lua")) << m_host.loadError();
     }
     SHostRun run() { return {m_host, m_model}; }
 
-    kivemu::CLuaHost m_host;
+    kivemu::CLuaHost m_host{kivemu::chipLimits(0x110), PatientLimits};
     CTestModel m_model;
-};
-
-class SmallChip : public ItemErrors
-{
-protected:
-    SmallChip() : ItemErrors(0x100) {}
 };
 
 } // namespace
 
 TEST_F(ItemErrors, nameTypeIdLineAndCause)
 {
-    const struct
-    {
-        const char *commands;
-        const char *error;
-    } cases[] = {
+    const std::pair<const char *, const char *> cases[] = {
         {"\n\ncolour('#ffffff')",
          "Kiv_Test_T 1: line 3: attempt to call a nil value (global 'colour')"},
         {"disc(1, 2", "Kiv_Test_T 1: line 1: ')' expected near <eof>"},
@@ -59,13 +49,13 @@ TEST_F(ItemErrors, nameTypeIdLineAndCause)
     };
     ASSERT_TRUE(m_host.loadText(std::string("function helper() return x + 1 end") + PlainScript,
                                 "kiv_render.lua"));
-    for (const auto &c : cases) {
+    for (const auto &[commands, error] : cases) {
         m_model = CTestModel();
-        m_model.add(c.commands);
+        m_model.add(commands);
         m_model.add(Neighbour);
         const SHostRun result = run();
-        EXPECT_EQ(result.errors, c.error);
-        EXPECT_TRUE(result.has(NeighbourList)) << c.commands;
+        EXPECT_EQ(result.errors, error);
+        EXPECT_TRUE(result.has(NeighbourList)) << commands;
     }
 }
 
@@ -83,8 +73,9 @@ TEST_F(ItemErrors, stayOneShortLineWhateverTheItemHolds)
 
 TEST_F(ItemErrors, brokenItemIsAHatchedBoxWhereItLies)
 {
-    STestItem &item = m_model.add("error('x')");
+    STestItem &item = m_model.add("disc(7, 7, 7) error('x')");
     EXPECT_TRUE(run().has("STROKE_RECT(160, 320, 320, 160, 0)")) << run().list;
+    EXPECT_TRUE(run().has("DISC(112, 112, 112)")) << "what it drew before its error stays";
     item.set("radius", 5);
     EXPECT_TRUE(run().has("STROKE_RECT(80, 240, 160, 160, 0)")) << run().list;
     item.properties.clear();
@@ -113,12 +104,6 @@ TEST_F(ItemErrors, groupsDrawNothingAndUnknownKindsAHatchedBox)
     EXPECT_TRUE(result.has("STROKE_RECT"));
 }
 
-TEST_F(ItemErrors, whatAnItemDrewBeforeItsErrorStays)
-{
-    m_model.add("disc(7, 7, 7) error('x')");
-    EXPECT_TRUE(run().has("DISC(112, 112, 112)"));
-}
-
 TEST_F(ItemErrors, manyErrorsAreCounted)
 {
     for (int i = 0; i < 150; ++i)
@@ -141,11 +126,13 @@ TEST_F(ItemErrors, stateOfTheScriptHoldsForItemsAndComesBack)
               "ITEM(0);SCISSOR(10, 10, 50, 50);COLOR(0x0000ff);DISC(32, 32, 32);END();");
 }
 
-TEST_F(SmallChip, fullDisplayListNamesTheItemAndBothNumbers)
+TEST_F(ItemErrors, fullDisplayListNamesTheItemAndBothNumbers)
 {
+    kivemu::CLuaHost small(kivemu::chipLimits(0x100), PatientLimits);
+    ASSERT_TRUE(small.loadText(PlainScript, "kiv_render.lua"));
     m_model.add(Neighbour);
     m_model.add("for i = 1, 3000 do disc(i, i, 5) end");
-    const SHostRun result = run();
+    const SHostRun result(small, m_model);
     EXPECT_LE(result.words.size() * 4, 8192U);
     EXPECT_GT(result.words.size() * 4, 8192U - 12);
     // clear, tag and rectangle; tag and 3,000 discs of two words; end.
@@ -158,15 +145,13 @@ TEST_F(SmallChip, fullDisplayListNamesTheItemAndBothNumbers)
 
 TEST(ChipLimits, followTheCode)
 {
-    for (const uint32_t chip : {0x100U, 0x101U, 0U, 0x114U, 0x10FU, 0xFFFFFFFFU}) {
-        EXPECT_EQ(kivemu::chipLimits(chip).ramG, 262144U) << chip;
-        EXPECT_EQ(kivemu::chipLimits(chip).ramDl, 8192U) << chip;
-        EXPECT_EQ(kivemu::chipLimits(chip).maxSide, 512U) << chip;
-    }
-    for (const uint32_t chip : {0x110U, 0x111U, 0x112U, 0x113U}) {
-        EXPECT_EQ(kivemu::chipLimits(chip).ramG, 1048576U) << chip;
-        EXPECT_EQ(kivemu::chipLimits(chip).ramDl, 32768U) << chip;
-        EXPECT_EQ(kivemu::chipLimits(chip).maxSide, 2048U) << chip;
+    for (const uint32_t chip :
+         {0x100U, 0x101U, 0U, 0x114U, 0x10FU, 0xFFFFFFFFU, 0x110U, 0x111U, 0x112U, 0x113U}) {
+        const bool isLarge = chip >= 0x110 && chip <= 0x113;
+        const kivemu::SChipLimits limits = kivemu::chipLimits(chip);
+        EXPECT_EQ(limits.ramG, isLarge ? 1048576U : 262144U) << chip;
+        EXPECT_EQ(limits.ramDl, isLarge ? 32768U : 8192U) << chip;
+        EXPECT_EQ(limits.maxSide, isLarge ? 2048U : 512U) << chip;
     }
 }
 

@@ -151,9 +151,6 @@ TEST(Snapshot, walkWithoutAnEndIsCutAndReported)
 
 TEST(Snapshot, nullsAreEmptyTexts)
 {
-    SNullItem item;
-    CEndlessIterator endless(item);
-    CTestModel model;
     kivemu::CSnapshot snapshot;
     snapshot.take(nullptr);
     EXPECT_NE(snapshot.problem(), "");

@@ -1,0 +1,207 @@
+#include "CTestFolder.h"
+#include "host/CAviReader.h"
+#include "host/ImageFile.h"
+
+#include <gtest/gtest.h>
+#include <png.h>
+
+using kivemu::EImageFile;
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+std::string decode(EImageFile kind, const Bytes &bytes, bool mono, kivemu::SDecodedImage &image,
+                   size_t budget = 1 << 20)
+{
+    return kivemu::decodeImage(kind, bytes.data(), bytes.size(), mono, budget, image);
+}
+
+uint16_t pixel565(const kivemu::SDecodedImage &image, int x, int y)
+{
+    const auto at = static_cast<size_t>(y * image.width + x) * 2;
+    return static_cast<uint16_t>(image.pixels[at] | image.pixels[at + 1] << 8);
+}
+
+Bytes chunk(const std::string &id, const Bytes &contents, int64_t claimed = -1)
+{
+    Bytes bytes(id.begin(), id.end());
+    const auto size = static_cast<uint32_t>(claimed < 0 ? int64_t(contents.size()) : claimed);
+    for (int shift = 0; shift < 32; shift += 8)
+        bytes.push_back(static_cast<uint8_t>(size >> shift));
+    bytes.insert(bytes.end(), contents.begin(), contents.end());
+    if (contents.size() % 2)
+        bytes.push_back(0);
+    return bytes;
+}
+
+Bytes operator+(Bytes a, const Bytes &b)
+{
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+Bytes textBytes(const std::string &text)
+{
+    return {text.begin(), text.end()};
+}
+
+Bytes avi(const Bytes &movie, int64_t claimed = -1)
+{
+    return chunk("RIFF",
+                 textBytes("AVI ") + chunk("LIST", textBytes("hdrl") + chunk("avih", Bytes(57))) +
+                     chunk("JUNK", Bytes(3)) + chunk("LIST", textBytes("movi") + movie, claimed));
+}
+
+} // namespace
+
+TEST(Images, pngAndJpegBecomeRgb565OrGrey)
+{
+    const Bytes png = makePng(5, 3, 0xFF0000);
+    kivemu::SDecodedImage image;
+    ASSERT_EQ(decode(EImageFile::Png, png, false, image), "");
+    EXPECT_EQ(image.width, 5);
+    EXPECT_EQ(image.height, 3);
+    ASSERT_EQ(image.pixels.size(), 30U);
+    EXPECT_EQ(pixel565(image, 4, 2), 0xF800);
+    const Bytes jpeg = makeJpeg(16, 8, 0x0000FF);
+    ASSERT_EQ(decode(EImageFile::Jpeg, jpeg, false, image), "");
+    ASSERT_EQ(image.pixels.size(), 256U);
+    EXPECT_NEAR(pixel565(image, 3, 3) & 0x1F, 0x1F, 1);
+    EXPECT_NEAR(pixel565(image, 3, 3) >> 11, 0, 1);
+    ASSERT_EQ(decode(EImageFile::Jpeg, makeJpeg(16, 8, 0x808080), true, image), "");
+    ASSERT_EQ(image.pixels.size(), 128U);
+    EXPECT_NEAR(image.pixels[64], 0x80, 2);
+    ASSERT_EQ(
+        decode(EImageFile::Avi, avi(chunk("01wb", Bytes(5)) + chunk("00dc", jpeg)), false, image),
+        "");
+    EXPECT_EQ(image.width, 16);
+}
+
+// By the weights of JPEG and of the converted luminance formats: the same photo is as bright in any
+// file.
+TEST(Images, greyIsTheSameFromEveryKindOfFile)
+{
+    const std::pair<uint32_t, int> cases[] = {{0xFF0000, 76},  {0x00FF00, 150}, {0x0000FF, 29},
+                                              {0xFFFFFF, 255}, {0x000000, 0},   {0x808080, 128},
+                                              {0x204060, 58},  {0xFFA000, 170}};
+    for (const auto &[colour, grey] : cases) {
+        kivemu::SDecodedImage image;
+        ASSERT_EQ(decode(EImageFile::Png, makePng(9, 8, colour), true, image), "");
+        ASSERT_EQ(image.pixels.size(), 72U);
+        EXPECT_NEAR(image.pixels[30], grey, 1) << std::hex << colour;
+        ASSERT_EQ(decode(EImageFile::Jpeg, makeJpeg(9, 8, colour), true, image), "");
+        EXPECT_NEAR(image.pixels[30], grey, 2) << std::hex << colour;
+    }
+}
+
+// As the chip blends: half of white is grey of half the code, not of half the light.
+TEST(Images, translucentPixelsLieOverBlack)
+{
+    png_image png = {};
+    png.version = PNG_IMAGE_VERSION;
+    png.width = 3;
+    png.height = 1;
+    png.format = PNG_FORMAT_RGBA;
+    const Bytes pixels = {255, 255, 255, 128, 0, 255, 0, 64, 255, 0, 0, 0};
+    Bytes bytes(1000);
+    png_alloc_size_t size = bytes.size();
+    ASSERT_TRUE(png_image_write_to_memory(&png, bytes.data(), &size, 0, pixels.data(), 0, nullptr));
+    kivemu::SDecodedImage image;
+    ASSERT_EQ(decode(EImageFile::Png, bytes, false, image), "");
+    EXPECT_EQ(pixel565(image, 0, 0), 0x8410);
+    EXPECT_EQ(pixel565(image, 1, 0), 0x0200);
+    EXPECT_EQ(pixel565(image, 2, 0), 0);
+    ASSERT_EQ(decode(EImageFile::Png, bytes, true, image), "");
+    EXPECT_EQ(image.pixels, (Bytes{128, 38, 0}));
+}
+
+TEST(Images, sizeIsAskedBeforeDecoding)
+{
+    kivemu::SDecodedImage image;
+    EXPECT_NE(decode(EImageFile::Png, makePng(2049, 2, 0), false, image), "");
+    EXPECT_TRUE(image.pixels.empty());
+    EXPECT_NE(decode(EImageFile::Png, makePng(100, 100, 0), false, image, 19999), "");
+    EXPECT_EQ(image.neededBytes, 20000U);
+    EXPECT_TRUE(image.pixels.empty());
+    EXPECT_EQ(decode(EImageFile::Png, makePng(100, 100, 0), true, image, 19999), "");
+    EXPECT_NE(decode(EImageFile::Jpeg, makeJpeg(100, 100, 0), false, image, 19999), "");
+    EXPECT_EQ(decode(EImageFile::Jpeg, makeJpeg(100, 100, 0), false, image, 20000), "");
+}
+
+TEST(Images, signatureAndSuffixMustAgree)
+{
+    const CTestFolder folder;
+    const Bytes png = makePng(2, 2, 0);
+    const Bytes jpeg = makeJpeg(8, 8, 0);
+    for (const char *name : {"a.png", "A.PNG"})
+        folder.write(name, png);
+    for (const char *name : {"a.jpg", "a.gif", "a", "a.avi", "png"})
+        folder.write(name, png);
+    folder.write("b.jpeg", jpeg);
+    folder.write("b.png", jpeg);
+    const auto problem = [&](const std::string &name) {
+        kivemu::SDecodedImage image;
+        return kivemu::decodeImageFile(folder.path() + '/' + name, false, 1 << 20, image);
+    };
+    for (const char *name : {"a.png", "A.PNG", "b.jpeg"})
+        EXPECT_EQ(problem(name), "");
+    for (const char *name : {"a.jpg", "a.gif", "a", "a.avi", "png", "b.png", "none.png"})
+        EXPECT_NE(problem(name), "") << name;
+}
+
+TEST(Images, everyTruncationIsAnErrorOrAPicture)
+{
+    const Bytes png = makePng(9, 9, 0x123456);
+    const Bytes jpeg = makeJpeg(24, 24, 0x123456);
+    const std::pair<EImageFile, Bytes> files[] = {{EImageFile::Png, png},
+                                                  {EImageFile::Jpeg, jpeg},
+                                                  {EImageFile::Avi, avi(chunk("00db", jpeg))}};
+    for (const auto &[kind, bytes] : files) {
+        for (size_t length = 0; length < bytes.size(); ++length) {
+            const Bytes cut(bytes.begin(), bytes.begin() + static_cast<int64_t>(length));
+            kivemu::SDecodedImage image;
+            const std::string problem = decode(kind, cut, false, image);
+            const auto whole = static_cast<size_t>(image.width * image.height * 2);
+            EXPECT_TRUE(!problem.empty() || image.pixels.size() == whole) << length;
+        }
+    }
+}
+
+TEST(AviReader, findsTheFirstJpegAndBelievesNoSize)
+{
+    const Bytes jpeg = {0xFF, 0xD8, 0xFF, 0xE0, 1, 2, 3};
+    const Bytes frame = chunk("00dc", jpeg);
+    const std::tuple<const char *, Bytes, int> files[] = {
+        // size of the frame; -1: none
+
+        {"plain", avi(frame), 7},
+        {"odd chunk before", avi(chunk("00wb", Bytes(5)) + frame), 7},
+        {"record list", avi(chunk("LIST", textBytes("rec ") + frame)), 7},
+        {"other codec first", avi(chunk("00dc", Bytes(8)) + frame), 7},
+        {"empty frame first", avi(chunk("00dc", {}) + frame), 7},
+        {"frame claims too much", avi(chunk("00dc", jpeg, 0xFFFFFFFF)), 7 + 1},
+        {"list claims too much", avi(frame, 0x7FFFFFFF), 7},
+        {"list claims nothing", avi(frame, 0), -1},
+        {"no movie", chunk("RIFF", textBytes("AVI ")), -1},
+        {"no frame", avi(chunk("01wb", jpeg)), -1},
+        {"not AVI", chunk("RIFF", textBytes("WAVE") + frame), -1},
+        {"empty", {}, -1},
+        {"header only", textBytes("RIFF"), -1},
+    };
+    for (const auto &[name, bytes, size] : files) {
+        kivemu::CAviReader reader(bytes.data(), bytes.size());
+        ASSERT_EQ(reader.findFirstFrame(), size >= 0) << name;
+        EXPECT_EQ(reader.error().empty(), size >= 0) << name;
+        if (size >= 0) {
+            EXPECT_EQ(reader.frameSize(), static_cast<size_t>(size)) << name;
+            EXPECT_EQ(reader.frame()[1], 0xD8) << name;
+        }
+    }
+    Bytes nested = frame;
+    for (int i = 0; i < 1000; ++i)
+        nested = chunk("LIST", textBytes("rec ") + nested);
+    const Bytes deep = avi(nested);
+    kivemu::CAviReader reader(deep.data(), deep.size());
+    EXPECT_FALSE(reader.findFirstFrame());
+}
