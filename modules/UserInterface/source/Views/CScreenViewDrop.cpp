@@ -181,12 +181,13 @@ bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)
 std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString file)
 {
     const bool isMedia = item.itemTypeName() == MediaType;
-    if (file.isEmpty())
-        file = isMedia
-                   ? QFileDialog::getOpenFileName(this, tr("Select media file to use"), QString(),
-                                                  tr("Media Files (*.jpg *.png *.avi)"))
-                   : QFileDialog::getOpenFileName(this, tr("Select image file to use"), QString(),
-                                                  tr("Image Files (*.png *.jpg *.bmp *.raw)"));
+    if (file.isEmpty()) {
+        const QString folder = screen()->project()->workingDirectory();
+        file = isMedia ? QFileDialog::getOpenFileName(this, tr("Select media file to use"), folder,
+                                                      tr("Media Files (*.jpg *.png *.avi)"))
+                       : QFileDialog::getOpenFileName(this, tr("Select image file to use"), folder,
+                                                      tr("Image Files (*.png *.jpg *.bmp *.raw)"));
+    }
     if (file.isEmpty())
         return {};
     set(item, PropertyKey::FileName, file);
