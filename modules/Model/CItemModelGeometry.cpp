@@ -145,14 +145,15 @@ QRectF CItemModel::bounds() const
 {
     QRectF rect(x(), y(), width(), height());
     if (m_kind == Kind::Group) {
-        rect = QRectF(); // empty members count by their position
+        bool isFirst = true; // empty members count by their position
         for (int row = 0; row < rowCount(); ++row) {
             const CItemModel *member = childItem(row);
             if (!member)
                 continue;
             const QRectF part = member->bounds();
-            if (rect.isNull())
+            if (isFirst)
                 rect = part;
+            isFirst = false;
             rect.setCoords(std::min(rect.left(), part.left()), std::min(rect.top(), part.top()),
                            std::max(rect.right(), part.right()),
                            std::max(rect.bottom(), part.bottom()));

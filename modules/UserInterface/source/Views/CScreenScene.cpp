@@ -172,7 +172,8 @@ void CScreenScene::collectOrder(const QStandardItem *parent)
     }
 }
 
-/// Brings the stacking into the order of the rows; all between the frame and the snap cross.
+/// Brings the stacking into the order of the rows, all between the frame and the snap cross, and
+/// groups about their members.
 void CScreenScene::restack()
 {
     m_order.clear();
@@ -181,6 +182,10 @@ void CScreenScene::restack()
     double z = 1.0;
     for (CItemView *view : qAsConst(m_order))
         view->setZValue(z -= step);
+    for (auto view = m_order.crbegin(); view != m_order.crend(); ++view) { // members first
+        if ((*view)->item()->kind() == CItemModel::Kind::Group)
+            (*view)->updateBounds();
+    }
 }
 
 QVector<CItemModel *> CScreenScene::selectedModelItems() const

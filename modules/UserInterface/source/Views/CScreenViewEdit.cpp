@@ -1,6 +1,7 @@
 // What the user does to the selection of a screen by menu, keys and clipboard.
 #include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
+#include "CItemView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
@@ -14,6 +15,7 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 /// One coordinate and, of items between two points, its companion at the other end.
@@ -120,7 +122,17 @@ void CScreenView::orderingBackward()
 
 void CScreenView::group()
 {
-    if (CItemModel *made = ItemOperations::group(*screen(), selectedItems()))
+    const QVector<CItemModel *> items = selectedItems();
+    QPoint corner; // of all that they cover
+    for (const CItemModel *each : items) {
+        const QPointF its = m_scene->viewOf(each)->sceneRect().topLeft();
+        const QPoint whole(static_cast<int>(std::floor(its.x())),
+                           static_cast<int>(std::floor(its.y())));
+        corner = each == items.constFirst()
+                     ? whole
+                     : QPoint(std::min(corner.x(), whole.x()), std::min(corner.y(), whole.y()));
+    }
+    if (CItemModel *made = ItemOperations::group(*screen(), items, corner))
         selectCreated({made});
 }
 

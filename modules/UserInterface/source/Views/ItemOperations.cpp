@@ -148,23 +148,17 @@ void ItemOperations::backward(CScreenModel &screen, const Items &items)
     order(screen, moves, QObject::tr("Send Backward Selected Items"));
 }
 
-CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items)
+CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, const QPoint &position)
 {
     if (items.size() < 2)
         return nullptr;
-    QRectF bounds = items.constFirst()->bounds();
     int front = items.constFirst()->row();
-    for (const CItemModel *each : items) {
-        const QRectF its = each->bounds();
-        bounds.setCoords(std::min(bounds.left(), its.left()), std::min(bounds.top(), its.top()),
-                         std::max(bounds.right(), its.right()),
-                         std::max(bounds.bottom(), its.bottom()));
+    for (const CItemModel *each : items)
         front = std::min(front, each->row());
-    }
     auto *made = new CWidgetGroupModel(screen.library(), screen.observer());
     const auto quiet = CItemModel::Notify::No; // it is in no tree yet
-    made->setProperty(PropertyKey::X, static_cast<int>(std::floor(bounds.left())), quiet);
-    made->setProperty(PropertyKey::Y, static_cast<int>(std::floor(bounds.top())), quiet);
+    made->setProperty(PropertyKey::X, position.x(), quiet);
+    made->setProperty(PropertyKey::Y, position.y(), quiet);
 
     QUndoStack &stack = stackOf(screen);
     stack.beginMacro(QObject::tr("Group Selected Items"));

@@ -5,6 +5,7 @@
 class CItemModel;
 class CScreenModel;
 class QMimeData;
+class QPoint;
 class QUndoStack;
 
 /// What a user does to the selected items of one screen, recorded on its project's undo stack.
@@ -18,8 +19,8 @@ void toBack(CScreenModel &screen, const Items &items);
 void forward(CScreenModel &screen, const Items &items);
 void backward(CScreenModel &screen, const Items &items);
 
-/// The new group; null for fewer than two items.
-CItemModel *group(CScreenModel &screen, const Items &items);
+/// The new group, which stands at `position`; null for fewer than two items.
+CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
 /// What were members of the groups among the items.
 Items ungroup(CScreenModel &screen, const Items &items);
 void remove(CScreenModel &screen, const Items &items, const QString &macroText);

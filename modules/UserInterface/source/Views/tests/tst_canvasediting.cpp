@@ -53,6 +53,8 @@ void tst_CanvasEditing::clicksSelect()
         QTest::keyClick(canvas.view.get(), Qt::Key_Tab);
         QCOMPARE(selected(), Items({expected}));
     }
+    QTest::keyClick(canvas.view.get(), Qt::Key_Tab, Qt::ShiftModifier); // leaves the canvas
+    QCOMPARE(selected(), Items({front}));
     canvas.drag({50, 50}, {190, 190}); // a rubber band
     QCOMPARE(selected(), Items({front, middle, back}));
     canvas.view->selectInverse();
@@ -196,7 +198,15 @@ void tst_CanvasEditing::screenAndViewFollowEachOther()
 
     QSignalSpy zoomed(canvas.view.get(), QOverload<int>::of(&CScreenView::zoomChanged));
     canvas.view->resize(800, 400);
+    const auto bars = [&canvas] {
+        return qMakePair(canvas.view->horizontalScrollBarPolicy(),
+                         canvas.view->verticalScrollBarPolicy());
+    };
+    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAsNeeded, Qt::ScrollBarAsNeeded));
+    canvas.view->zoom(100, 2);
+    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAsNeeded));
     canvas.view->zoom(100, 1);
+    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff));
     QCOMPARE(canvas.view->zoomPercent(), 147);
     QCOMPARE(canvas.view->scale(), 1.47);
     canvas.view->resize(96, 400);

@@ -1,7 +1,7 @@
 // The rules of the canvas, without a window: geometries, angles, snapping, zoom, points.
 #include "CFrameItem.h"
-#include "CHeightFromFontItemView.h"
 #include "CResizeGesture.h"
+#include "CResizeHandle.h"
 #include "CRotateGesture.h"
 #include "CRuler.h"
 #include "PointList.h"
@@ -28,7 +28,7 @@ private Q_SLOTS:
     void snapping();
     void zoom();
     void points();
-    void heightsOfFonts();
+    void cursors();
     void enlargedPixels();
     void rulerLabels();
 };
@@ -231,13 +231,16 @@ void tst_CanvasRules::points()
     QVERIFY(PointList::insertionIndex(square, {2, 50}, false) != 4);
 }
 
-void tst_CanvasRules::heightsOfFonts()
+void tst_CanvasRules::cursors()
 {
-    QCOMPARE(CHeightFromFontItemView::heightOfFont(15), 49);
-    QCOMPARE(CHeightFromFontItemView::heightOfFont(16), 8);
-    QCOMPARE(CHeightFromFontItemView::heightOfFont(24), 29);
-    QCOMPARE(CHeightFromFontItemView::heightOfFont(34), 108);
-    QCOMPARE(CHeightFromFontItemView::heightOfFont(35), 49);
+    QCOMPARE(CResizeHandle::cursorFor(0, 0), Qt::SizeVerCursor);
+    QCOMPARE(CResizeHandle::cursorFor(1, 0), Qt::SizeBDiagCursor);
+    QCOMPARE(CResizeHandle::cursorFor(6, 0), Qt::SizeHorCursor);
+    QCOMPARE(CResizeHandle::cursorFor(7, 0), Qt::SizeFDiagCursor);
+    // They follow the item: its top faces right, its top left corner left, its right side down.
+    QCOMPARE(CResizeHandle::cursorFor(0, 90), Qt::SizeHorCursor);
+    QCOMPARE(CResizeHandle::cursorFor(7, 315), Qt::SizeHorCursor);
+    QCOMPARE(CResizeHandle::cursorFor(2, 100), Qt::SizeVerCursor);
 }
 
 void tst_CanvasRules::enlargedPixels()
