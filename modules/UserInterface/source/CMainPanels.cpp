@@ -9,6 +9,7 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
+#include "CScreenScene.h"
 #include "CScreenView.h"
 #include "CStatusBar.h"
 #include "CWidgetLibraryManager.h"
@@ -257,6 +258,14 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
 bool CMainPanels::isGestureActive() const
 {
     return m_screens->isGestureActive() || m_explorer->isDragging();
+}
+
+void CMainPanels::cancelGestures()
+{
+    if (CScreenView *view = m_screens->currentView())
+        view->screenScene()->cancelGesture();
+    if (m_explorer->isDragging())
+        m_explorer->setProject(m_project); // puts the page back that is out of the model
 }
 
 void CMainPanels::setSnapToGrid(bool enabled)

@@ -44,6 +44,8 @@ public:
     void renew();
     /// Whether the user is in the middle of something that must not be saved half done.
     bool isGestureActive() const;
+    /// Takes that back, for a project that is about to be saved and closed without a question.
+    void cancelGestures();
     void retranslate();
 
 public Q_SLOTS:

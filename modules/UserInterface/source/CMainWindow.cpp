@@ -266,6 +266,7 @@ void CMainWindow::closeEvent(QCloseEvent *event)
 void CMainWindow::closeUnattended()
 {
     m_export->cancel();
+    m_panels->cancelGestures();
     if (m_session->project() && !m_session->path().isEmpty() && m_autosaveInterval > 0)
         m_session->autosave();
     m_session->closeWithoutQuestions();

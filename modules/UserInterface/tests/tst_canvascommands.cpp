@@ -9,6 +9,7 @@
 #include "CProjectModel.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenScene.h"
 #include "CScreenView.h"
 #include "CWidgetPropertiesView.h"
 #include "CZoomComboWidget.h"
@@ -147,6 +148,22 @@ private Q_SLOTS:
         while (project->undoStack()->canUndo())
             trigger(CMenuBar::Undo);
         QCOMPARE(names(project->screen(0)), QStringLiteral("ABC"));
+    }
+
+    /// The signal to end comes while the user drags an item: what is saved is no half a drag.
+    void unattendedCloseInTheMiddleOfADrag()
+    {
+        const QString key = QStringLiteral("x_coordinate");
+        CItemModel *item = m_window->project()->screen(0)->childItem(0);
+        trigger(CMenuBar::NewPage);
+        m_screens->setCurrentIndex(0);
+        m_screens->currentView()->screenScene()->beginGesture({item}, {key});
+        item->setProperty(key, 77);
+        m_window->closeUnattended();
+        const QByteArray saved = readFile(m_folder->path("demo.nyx"));
+        QCOMPARE(saved.count("Kiv_Screen_T name="), 3);
+        QVERIFY(saved.contains("x_coordinate=\"10\""));
+        QVERIFY(!saved.contains("77"));
     }
 
     void selection()
