@@ -86,6 +86,8 @@ CWidgetPropertiesView::~CWidgetPropertiesView()
     m_factory->discardPending();
     m_item = nullptr;
     clear();
+    // Else the browser's tables keep the pointers, and a later view at the same address stumbles.
+    unsetFactoryForManager(m_manager);
     delete m_factory;
     delete m_manager;
 }
@@ -289,12 +291,23 @@ void CWidgetPropertiesView::changeFormat(const QString &format)
     const QString before = item->propertyText(PropertyKey::Format);
     if (!m_images->change(item, CImageChooser::sourceOf(*item), format))
         propertyChanged(item, PropertyKey::Format, before);
+    takeFocusBack();
 }
 
 void CWidgetPropertiesView::chooseFile()
 {
     if (m_item && m_project)
         m_images->choose(m_item);
+    takeFocusBack();
+}
+
+/// The box of a conversion may have closed the editor that had the focus; without any, the window's
+/// shortcuts would be dead.
+void CWidgetPropertiesView::takeFocusBack()
+{
+    const QWidget *focused = window()->focusWidget();
+    if (!focused || !focused->isVisible())
+        findChild<QTreeWidget *>()->setFocus();
 }
 
 void CWidgetPropertiesView::propertyChanged(CItemModel *item, const QString &key,

@@ -64,6 +64,7 @@ private:
     void insertRow(QtProperty *row, const QString &key);
     void commit(const QString &key, const QVariant &value);
     void chooseFile();
+    void takeFocusBack();
     void changeFormat(const QString &format);
     void showLock();
     void forgetRemoved(const QModelIndex &parent, int first, int last);
