@@ -1,17 +1,28 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "PropertyKey.h"
 
 #include <memory>
 
-class CItemModel;
-class CProjectModel;
-class CScreenModel;
+inline CScreenModel *appendTestScreen(CProjectModel *project, const QString &name)
+{
+    auto *screen = new CScreenModel(project); // the project takes it over
+    screen->setProperty(PropertyKey::Name, name);
+    project->appendRow(screen);
+    return screen;
+}
 
-/// A project with empty screens of these names.
-std::unique_ptr<CProjectModel> testProject(const QStringList &screens,
-                                           const QString &platform = QStringLiteral("QX110"));
-CScreenModel *appendTestScreen(CProjectModel *project, const QString &name);
-/// Adds groups of these names below an item, in this order; they need no widget library.
-void addTestItems(CItemModel *parent, const QStringList &names);
+/// A project of 480 x 272 with empty screens of these names.
+inline std::unique_ptr<CProjectModel> testProject(const QStringList &screens,
+                                                  const QString &platform = "QX110")
+{
+    auto project = std::make_unique<CProjectModel>();
+    project->setProjectProperties({{PropertyKey::Platform, platform},
+                                   {PropertyKey::Width, "480"},
+                                   {PropertyKey::Height, "272"}});
+    for (const QString &name : screens)
+        appendTestScreen(project.get(), name);
+    return project;
+}

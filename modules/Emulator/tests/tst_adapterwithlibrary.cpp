@@ -3,9 +3,6 @@
 #include "CModelIterator.h"
 #include "CProgramData.h"
 #include "CProjectExporter.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
-#include "PropertyKey.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>

@@ -1,8 +1,7 @@
 #include "CEmulatorAdapter.h"
 #include "CFakeEmulator.h"
 #include "CModelIterator.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
+#include "CWidgetGroupModel.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>
@@ -330,7 +329,11 @@ void tst_EmulatorAdapter::emptyAnswersCompleteTheRequest()
 
 void tst_EmulatorAdapter::walksTheItemsOfTheScreen()
 {
-    addTestItems(screen("B"), {QStringLiteral("front"), QStringLiteral("back")});
+    for (const char *name : {"front", "back"}) { // groups need no widget library
+        auto *group = new CWidgetGroupModel(m_project->library(), m_project.get());
+        group->setProperty(PropertyKey::Name, name);
+        screen("B")->appendRow(group);
+    }
     run("fg A");
     run("fg B");
     run("answer");

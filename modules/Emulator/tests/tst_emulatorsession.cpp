@@ -3,9 +3,6 @@
 #include "CFakeEmulator.h"
 #include "CPlatformTable.h"
 #include "CProgramData.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
-#include "PropertyKey.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>

@@ -2,8 +2,6 @@
 #include "CFakeEmulator.h"
 #include "CModelIterator.h"
 #include "CProjectExporter.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>

@@ -222,19 +222,13 @@ void tst_ItemModel::cloneEqualsOriginal()
 {
     auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T"));
     circle->setProperty(PropertyKey::Radius, 16.5); // as a gesture may leave it for a moment
-    circle->setProperty(PropertyKey::Angle, 45);
-    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
-    box->setProperty(PropertyKey::Width, 77);
-    box->setProperty(PropertyKey::Id, 12);
-    box->setProperty(QStringLiteral("extra"), QStringLiteral("kept"));
-    auto *alien = newWidget(*m_project, QStringLiteral("Alien_T"));
-    alien->setProperty(PropertyKey::X, QStringLiteral("3"));
     auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T"));
-    auto *group = newGroup(*m_project, {circle, newGroup(*m_project, {line})});
-    group->setProperty(PropertyKey::X, 5);
-    add(group);
-    add(box);
-    add(alien);
+    add(newGroup(*m_project, {circle, newGroup(*m_project, {line})}));
+    auto *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
+    box->setProperty(PropertyKey::Width, 77);
+    box->setProperty(QStringLiteral("extra"), QStringLiteral("kept"));
+    add(newWidget(*m_project, QStringLiteral("Alien_T")))
+        ->setProperty(PropertyKey::X, QStringLiteral("3"));
     add(newWidget(*m_project, QStringLiteral("Test_Poly_T")))->setLocked(true);
 
     const std::unique_ptr<CItemModel> copy(screen()->clone());

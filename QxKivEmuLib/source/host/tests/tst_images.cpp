@@ -2,7 +2,9 @@
 #include "host/CAviReader.h"
 #include "host/ImageFile.h"
 
+#include <cstdio>
 #include <gtest/gtest.h>
+#include <jpeglib.h>
 #include <png.h>
 
 using kivemu::EImageFile;
@@ -10,6 +12,64 @@ using kivemu::EImageFile;
 namespace {
 
 using Bytes = std::vector<uint8_t>;
+
+Bytes rgbRow(uint32_t width, uint32_t colour)
+{
+    Bytes row;
+    for (uint32_t x = 0; x < width; ++x) {
+        for (const int shift : {16, 8, 0})
+            row.push_back(static_cast<uint8_t>(colour >> shift));
+    }
+    return row;
+}
+
+/// A picture of a single colour, as a file.
+Bytes makePng(uint32_t width, uint32_t height, uint32_t colour)
+{
+    const Bytes row = rgbRow(width, colour);
+    Bytes pixels;
+    for (uint32_t y = 0; y < height; ++y)
+        pixels.insert(pixels.end(), row.begin(), row.end());
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = width;
+    image.height = height;
+    image.format = PNG_FORMAT_RGB;
+    png_alloc_size_t size = 0;
+    png_image_write_to_memory(&image, nullptr, &size, 0, pixels.data(), 0, nullptr);
+    Bytes bytes(size);
+    png_image_write_to_memory(&image, bytes.data(), &size, 0, pixels.data(), 0, nullptr);
+    bytes.resize(size);
+    return bytes;
+}
+
+Bytes makeJpeg(uint32_t width, uint32_t height, uint32_t colour)
+{
+    jpeg_compress_struct jpeg = {};
+    jpeg_error_mgr errors = {};
+    jpeg.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&jpeg);
+    unsigned char *bytes = nullptr;
+    unsigned long size = 0;
+    jpeg_mem_dest(&jpeg, &bytes, &size);
+    jpeg.image_width = width;
+    jpeg.image_height = height;
+    jpeg.input_components = 3;
+    jpeg.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&jpeg);
+    jpeg_set_quality(&jpeg, 95, TRUE);
+    jpeg_start_compress(&jpeg, TRUE);
+    Bytes row = rgbRow(width, colour);
+    for (uint32_t y = 0; y < height; ++y) {
+        JSAMPROW rows[1] = {row.data()};
+        jpeg_write_scanlines(&jpeg, rows, 1);
+    }
+    jpeg_finish_compress(&jpeg);
+    Bytes result(bytes, bytes + size);
+    jpeg_destroy_compress(&jpeg);
+    std::free(bytes);
+    return result;
+}
 
 std::string decode(EImageFile kind, const Bytes &bytes, bool mono, kivemu::SDecodedImage &image,
                    size_t budget = 1 << 20)

@@ -4,6 +4,7 @@
 #include "IModelIterator.h"
 #include "IModelProperty.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -44,8 +45,18 @@ struct STestItem final : IModelItem
     IModelProperty *property(int index) override { return &properties[static_cast<size_t>(index)]; }
     const char *renderCommands() override { return commands.c_str(); }
 
-    STestItem &set(const std::string &key, int32_t value);
-    STestItem &set(const std::string &key, const std::string &value);
+    /// Sets a property, of an int32_t or a text; an old one keeps its place.
+    template<typename Value>
+    STestItem &set(const std::string &key, const Value &value)
+    {
+        const auto known = std::find_if(properties.begin(), properties.end(),
+                                        [&](const STestProperty &p) { return p.key == key; });
+        if (known == properties.end())
+            properties.emplace_back(key, value);
+        else
+            *known = STestProperty(key, value);
+        return *this;
+    }
 
     std::string type;
     std::string id;
@@ -56,16 +67,24 @@ struct STestItem final : IModelItem
 class CTestModel
 {
 public:
-    CTestModel();
+    CTestModel() { m_screen.set("name", "Page 1").set("color", "#102030"); }
 
     STestItem &screen() { return m_screen; }
-    /// A box of 20 x 10 at (x, y) with render commands; ids count from 1.
-    STestItem &add(const std::string &commands, const std::string &type = "Kiv_Test_T");
+    /// A box of 20 x 10 at (10, 20) with render commands; ids count from 1.
+    STestItem &add(const std::string &commands, const std::string &type = "Kiv_Test_T")
+    {
+        const std::string id = std::to_string(m_items.size() + 1);
+        STestItem &item = *m_items.emplace_back(std::make_unique<STestItem>(type, id, commands));
+        return item.set("x_coordinate", 10)
+            .set("y_coordinate", 20)
+            .set("width", 20)
+            .set("height", 10);
+    }
     STestItem &item(size_t index) { return *m_items[index]; }
     size_t itemCount() const { return m_items.size(); }
 
 private:
-    STestItem m_screen;
+    STestItem m_screen{"Kiv_Screen_T", "", ""};
     std::vector<std::unique_ptr<STestItem>> m_items;
 };
 
