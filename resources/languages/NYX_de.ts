@@ -892,6 +892,10 @@
         <source>(%1 times)</source>
         <translation>(%1-mal)</translation>
     </message>
+    <message>
+        <source>and %1 more errors</source>
+        <translation>und %1 weitere Fehler</translation>
+    </message>
 </context>
 <context>
     <name>CPageOperations</name>

@@ -892,6 +892,10 @@
         <source>(%1 times)</source>
         <translation>（%1 次）</translation>
     </message>
+    <message>
+        <source>and %1 more errors</source>
+        <translation>以及另外 %1 个错误</translation>
+    </message>
 </context>
 <context>
     <name>CPageOperations</name>

@@ -7,9 +7,9 @@
 #include <QTextBlock>
 #include <QTime>
 
-#include <algorithm>
-
 namespace {
+
+constexpr int CountsDelay = 200; ///< milliseconds
 
 /// The id in "<type> <id>: what is wrong", or -1.
 qint64 itemNamedBy(const QString &error)
@@ -19,6 +19,11 @@ qint64 itemNamedBy(const QString &error)
     bool isNumber = false;
     const quint32 id = match.captured(1).toUInt(&isNumber);
     return isNumber ? qint64(id) : -1;
+}
+
+QString keyOf(const QString &screen, const QString &error)
+{
+    return screen + QChar(QChar::LineSeparator) + error;
 }
 
 /// Red with at least 4.5 : 1 on the pane's ground.
@@ -36,6 +41,9 @@ COutputWindowView::COutputWindowView(QWidget *parent)
 {
     setReadOnly(true);
     setUndoRedoEnabled(false);
+    m_showCounts.setSingleShot(true);
+    m_showCounts.setInterval(CountsDelay);
+    connect(&m_showCounts, &QTimer::timeout, this, &COutputWindowView::showCounts);
     retranslate();
     viewport()->setMouseTracking(true);
 }
@@ -43,6 +51,8 @@ COutputWindowView::COutputWindowView(QWidget *parent)
 void COutputWindowView::clear()
 {
     m_messages.clear();
+    m_known.clear();
+    m_gone = 0;
     QTextEdit::clear();
 }
 
@@ -56,21 +66,31 @@ void COutputWindowView::writeMessage(const QString &text)
 
 void COutputWindowView::writeRenderErrors(const QString &screenName, const QString &errors)
 {
-    const QStringList lines = errors.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : lines)
-        writeRenderError(screenName, line.trimmed());
+    QStringList lines = errors.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (lines.size() > MaxErrorsOfAFrame) {
+        const int more = lines.size() - MaxErrorsOfAFrame;
+        lines = lines.mid(0, MaxErrorsOfAFrame) << tr("and %1 more errors").arg(more);
+    }
+    keepAtEnd([&] {
+        QTextCursor all(document());
+        all.beginEditBlock(); // laid out once
+        for (const QString &line : qAsConst(lines))
+            writeRenderError(screenName, line.trimmed());
+        all.endEditBlock();
+    });
 }
 
 void COutputWindowView::writeRenderError(const QString &screenName, const QString &error)
 {
-    const auto known =
-        std::find_if(m_messages.begin(), m_messages.end(), [&](const SMessage &each) {
-            return each.text == error && each.screen == screenName;
-        });
-    if (known != m_messages.end()) {
-        ++known->count;
-        known->time = m_clock();
-        rewriteBlock(static_cast<int>(known - m_messages.begin()));
+    const QString key = keyOf(screenName, error);
+    const auto known = m_known.constFind(key);
+    if (known != m_known.constEnd()) {
+        SMessage &message = m_messages[*known - m_gone];
+        ++message.count;
+        message.time = m_clock();
+        message.isStale = true;
+        if (!m_showCounts.isActive())
+            m_showCounts.start();
         return;
     }
     SMessage message;
@@ -79,17 +99,28 @@ void COutputWindowView::writeRenderError(const QString &screenName, const QStrin
     message.text = error;
     message.itemId = itemNamedBy(error);
     append(message);
+    m_known.insert(key, m_gone + m_messages.size() - 1);
+}
+
+void COutputWindowView::showCounts()
+{
+    keepAtEnd([this] {
+        QTextCursor all(document());
+        all.beginEditBlock();
+        for (int index = 0; index < m_messages.size(); ++index) {
+            if (m_messages.at(index).isStale)
+                rewriteBlock(index);
+            m_messages[index].isStale = false;
+        }
+        all.endEditBlock();
+    });
 }
 
 void COutputWindowView::append(const SMessage &message)
 {
     keepAtEnd([&] {
-        if (m_messages.size() == MaxMessages) {
-            m_messages.removeFirst();
-            QTextCursor first(document()->firstBlock());
-            first.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
-            first.removeSelectedText();
-        }
+        if (m_messages.size() == MaxMessages)
+            removeFirst();
         if (!m_messages.isEmpty()) {
             QTextCursor end(document());
             end.movePosition(QTextCursor::End);
@@ -98,6 +129,16 @@ void COutputWindowView::append(const SMessage &message)
         m_messages.append(message);
         rewriteBlock(m_messages.size() - 1);
     });
+}
+
+void COutputWindowView::removeFirst()
+{
+    m_known.remove(keyOf(m_messages.first().screen, m_messages.first().text));
+    m_messages.removeFirst();
+    ++m_gone;
+    QTextCursor first(document()->firstBlock());
+    first.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
+    first.removeSelectedText();
 }
 
 void COutputWindowView::rewriteBlock(int index)
