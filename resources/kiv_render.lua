@@ -31,6 +31,7 @@ palette = {
 local ELLIPSIS = "\u{2026}" -- all that is left of a text without room
 local DISABLED = "#2c3946" -- what a disabled part fades to
 local SHADE = "#05080b" -- what a pressed part darkens to
+local DEGREE = math.pi / 180
 local MAX_ITEMS = 512 -- entries of a list or points of a chart that are looked at
 
 -- The frame -------------------------------------------------------------------------------------
@@ -183,6 +184,9 @@ local rom_font = rom_font
 -- h high; nil when none is.
 function font_within(font, h)
   font = rom_font(font)
+  if HEIGHT[font] <= h then
+    return font
+  end
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
   while HEIGHT[font] > h do
     if font == smallest then
@@ -197,9 +201,11 @@ local font_within = font_within
 -- Where the baseline of a line stands in a box: centred on the capitals where there is room, moved
 -- inwards in a tight box.
 local function baseline(font, y, h)
-  local base = floor(y + (h + CAP[font]) / 2 + 0.5)
-  local descent = HEIGHT[font] - ASCENT[font]
-  return max(min(base, floor(y + h) - descent), y + ASCENT[font])
+  local ascent = ASCENT[font]
+  local lowest, highest = (y + h) // 1 - (HEIGHT[font] - ascent), y + ascent
+  local base = (y + (h + CAP[font]) / 2 + 0.5) // 1
+  base = base < lowest and base or lowest
+  return base > highest and base or highest
 end
 
 -- How far a text's first letter reaches to the left of its pen. Only "j" does.
@@ -208,16 +214,16 @@ local function overhang(font, s)
 end
 
 -- One line of text in a box, on the middle of its capitals, cut with an ellipsis.
--- halign is "left", "center" or "right". Gives the right end of what was drawn.
+-- halign is "left", "center" or "right". Gives the text and the font that were drawn, or nothing.
 function label(s, x, y, w, h, font, c, halign)
   font = s ~= "" and w >= 4 and font_within(font, h)
   if not font then
-    return x
+    return
   end
   local whole = s
   s = text_fit(font, s, w)
   if s == "" or s == ELLIPSIS and s ~= whole then
-    return x
+    return
   end
   local base = baseline(font, y, h)
   color(c)
@@ -228,7 +234,7 @@ function label(s, x, y, w, h, font, c, halign)
   else
     text(x + overhang(font, s), base, font, s)
   end
-  return x + text_width(font, s)
+  return s, font
 end
 local label = label
 
@@ -404,11 +410,11 @@ function ticks(x, y, inner, outer, start, sweep, count, width, c)
   color(c)
   line_width(width)
   local last = abs(sweep) >= 360 and count - 1 or count
-  local half = width / 2 -- round ends stay between the radii
+  inner, outer = inner + width / 2, outer - width / 2 -- round ends stay between the radii
   for i = 0, last do
-    local a = rad(start + sweep * i / count)
+    local a = (start + sweep * i / count) * DEGREE
     local ca, sa = cos(a), sin(a)
-    line(x + (inner + half) * ca, y + (inner + half) * sa, x + (outer - half) * ca, y + (outer - half) * sa)
+    line(x + inner * ca, y + inner * sa, x + outer * ca, y + outer * sa)
   end
 end
 
@@ -493,20 +499,18 @@ end
 
 -- The points of a "pointlist" moved to their widget's position. What is no point is left out.
 function placed_points(list, x, y)
-  local well_formed, points = pcall(split_points, list)
-  if not well_formed then
-    points = {}
-    local pairs_of = split_list(list, ";")
-    for i = 1, #pairs_of do
-      local px, py = split_once(pairs_of[i], ",")
-      px, py = tonumber(px), tonumber(py)
-      if px and py then
-        points[#points + 1], points[#points + 2] = number(px), number(py)
-      end
-    end
+  local well_formed, points = pcall(split_points, list, x, y)
+  if well_formed then
+    return points
   end
-  for i = 1, #points, 2 do
-    points[i], points[i + 1] = points[i] + x, points[i + 1] + y
+  points = {}
+  local pairs_of = split_list(list, ";")
+  for i = 1, #pairs_of do
+    local px, py = split_once(pairs_of[i], ",")
+    px, py = tonumber(px), tonumber(py)
+    if px and py then
+      points[#points + 1], points[#points + 2] = number(px) + x, number(py) + y
+    end
   end
   return points
 end

@@ -28,6 +28,21 @@ bool isInteger(const char *storageType)
            storageType[3] == '\0';
 }
 
+/// One text over the limit is cut, so that no offset can leave 32 bits.
+std::string_view cut(const char *zeroTerminated)
+{
+    zeroTerminated = orEmpty(zeroTerminated);
+    return {zeroTerminated, std::min(std::strlen(zeroTerminated), CSnapshot::MaxBytes)};
+}
+
+/// Writes a text with its zero; gives what is behind it.
+char *write(char *at, std::string_view text)
+{
+    std::memcpy(at, text.data(), text.size());
+    at[text.size()] = '\0';
+    return at + text.size() + 1;
+}
+
 uint32_t parseId(std::string_view text)
 {
     uint32_t id = 0;
@@ -102,7 +117,7 @@ void CSnapshot::takeCommands(IModelItem &item, SItem &entry)
             return candidate.text.length == text.size() && this->text(candidate.text) == text;
         });
         if (same == m_commands.end())
-            same = m_commands.insert(same, {commands, add(text.data(), text.size())});
+            same = m_commands.insert(same, {commands, add(text)});
         same->pointer = commands;
     }
     entry.commandsIndex = static_cast<size_t>(same - m_commands.begin());
@@ -118,13 +133,17 @@ CSnapshot::SText CSnapshot::takeProperties(IModelItem &item)
         if (!property)
             continue;
         const bool isNumber = isInteger(orEmpty(property->storageTypeName()));
-        *room(1) = isNumber ? NumberTag : TextTag;
-        add(property->name());
+        const std::string_view name = cut(property->name());
         if (isNumber) {
             const int32_t number = property->valueAsInteger();
-            std::memcpy(room(sizeof number), &number, sizeof number);
+            char *at = room(1 + name.size() + 1 + sizeof number);
+            *at = NumberTag;
+            std::memcpy(write(at + 1, name), &number, sizeof number);
         } else {
-            add(property->valueText());
+            const std::string_view value = cut(property->valueText());
+            char *at = room(1 + name.size() + 1 + value.size() + 1);
+            *at = TextTag;
+            write(write(at + 1, name), value);
         }
     }
     return {static_cast<uint32_t>(start), static_cast<uint32_t>(m_used - start)};
@@ -142,17 +161,13 @@ char *CSnapshot::room(size_t size)
 
 CSnapshot::SText CSnapshot::add(const char *zeroTerminated)
 {
-    zeroTerminated = orEmpty(zeroTerminated);
-    // One text over the limit is cut, so that no offset can leave 32 bits.
-    return add(zeroTerminated, std::min(std::strlen(zeroTerminated), MaxBytes));
+    return add(cut(zeroTerminated));
 }
 
-CSnapshot::SText CSnapshot::add(const char *text, size_t length)
+CSnapshot::SText CSnapshot::add(std::string_view text)
 {
-    const SText where{static_cast<uint32_t>(m_used), static_cast<uint32_t>(length)};
-    char *bytes = room(length + 1);
-    std::memcpy(bytes, text, length);
-    bytes[length] = '\0';
+    const SText where{static_cast<uint32_t>(m_used), static_cast<uint32_t>(text.size())};
+    write(room(text.size() + 1), text);
     return where;
 }
 

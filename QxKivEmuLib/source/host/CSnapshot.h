@@ -101,7 +101,7 @@ private:
     void takeCommands(IModelItem &item, SItem &entry);
     SText takeProperties(IModelItem &item);
     SText add(const char *zeroTerminated);
-    SText add(const char *text, size_t length);
+    SText add(std::string_view text);
     std::string_view text(SText where) const
     {
         return {m_bytes.data() + where.offset, where.length};

@@ -1,6 +1,7 @@
 #include "DrawApi.h"
 #include "LuaColour.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kivemu {
@@ -125,23 +126,41 @@ int hatchedBox(lua_State *state)
     return 0;
 }
 
+/// The number that a text begins with. Whole ones, as the editor writes them, are taken directly.
+double numberAt(const char *text, char **end)
+{
+    constexpr int MostDigits = 9;
+    const char *at = *text == '-' ? text + 1 : text;
+    const char *const first = at;
+    int32_t whole = 0;
+    while (at - first < MostDigits && *at >= '0' && *at <= '9')
+        whole = whole * 10 + (*at++ - '0');
+    if (at == first || (*at != ',' && *at != ';' && *at != '\0'))
+        return std::strtod(text, end);
+    *end = const_cast<char *>(at); // as strtod does
+    const double size = whole;
+    return *text == '-' ? -size : size;
+}
+
 int splitPoints(lua_State *state)
 {
     size_t length = 0;
     const char *at = luaL_checklstring(state, 1, &length);
+    const double offsets[] = {optNumber(state, 2, 0), optNumber(state, 3, 0)};
     contextOf(state).watchdog.charge(state, length * 8);
-    lua_newtable(state);
+    constexpr size_t Expected = 512; // numbers, of some three bytes each; more make the table grow
+    lua_createtable(state, static_cast<int>(std::min(length / 3, Expected)), 0);
     lua_Integer count = 0;
     while (*at != '\0') {
         char *end = nullptr;
-        const double number = std::strtod(at, &end);
+        const double number = numberAt(at, &end);
         // x is followed by ",", y by ";" or the end of the text.
         const bool isX = count % 2 == 0;
         const bool isEnded = isX ? *end == ',' : *end == ';' || *end == '\0';
         if (end == at || !isEnded || !std::isfinite(number))
             luaL_error(state, "point %d of the list is not of the form x,y",
                        static_cast<int>(count / 2 + 1));
-        lua_pushnumber(state, number);
+        lua_pushnumber(state, number + offsets[isX ? 0 : 1]);
         lua_rawseti(state, -2, ++count);
         at = *end == '\0' ? end : end + 1;
     }

@@ -147,6 +147,8 @@ TEST(DrawApi, valueFunctions)
         "assert(font_height(31) == 49 and font_ascent(31) < 49 and font_cap_height(31) > 20)",
         "local p = split_points('10,20;-30.5,40') assert(#p == 4 and p[3] == -30.5 and p[4] == 40)",
         "assert(#split_points('') == 0 and #split_points('1,2;') == 2)",
+        "local p = split_points('-7,1234567890;1e2, 4', 0.5, -1) "
+        "assert(p[1] == -6.5 and p[2] == 1234567889 and p[3] == 100.5 and p[4] == 3)",
         "assert(mix('#000000', '#ffffff', 0.5) == '#ff808080')",
         "assert(mix('#00ff0000', 0x0000ff, 0.25) == '#40bf0040')",
         "assert(mix(0, 0xffffff, -1) == '#ff000000' and mix(0, 0xffffff, 7) == '#ffffffff')",
@@ -169,7 +171,8 @@ TEST(DrawApi, wrongArgumentsAreErrors)
         text(1, 2, 20, 'x', 'middle') | text(1, 2, 20, 'x', 'left', 'center') |
         text_width(20) | font_height(99) | mix('#000000') | mix('#000000', '#000000') |
         split_points('1') | split_points('1;2') | split_points('1,2,3') |
-        split_points('a,b') | split_points('inf,0') | bitmap() | bitmap({}, 1, 2) |
+        split_points('a,b') | split_points('inf,0') | split_points('-,2') |
+        split_points('1,2x') | bitmap() | bitmap({}, 1, 2) |
         bitmap(item, 1, 2) | load_bitmap('x', 'NOFORMAT', 1, 1) |
         load_bitmap('x', 99, 1, 1) | load_bitmap('x', 'L8', 0, 1) |
         load_bitmap('x', 'L8', 1, 4096) | load_bitmap('x') | draw_item() | draw_item({}) |
