@@ -139,6 +139,9 @@ void CMenuBar::connectWindow()
     for (const EAction id : {ZoomReset, FitToPage, FitToWidth})
         connect(m_actions[id], &QAction::triggered, this,
                 [this] { updateZoomMenu(m_zoomWidget->zoomPercent(), m_zoomWidget->zoomType()); });
+    connect(m_window, &CMainWindow::projectLoaded, this, [this] { setProjectOpen(true); });
+    connect(m_window, &CMainWindow::projectClosed, this, [this] { setProjectOpen(false); });
+    setProjectOpen(false);
     const QUndoGroup *undo = m_window->undoGroup();
     connect(undo, &QUndoGroup::undoTextChanged, this, &CMenuBar::updateUndoTexts);
     connect(undo, &QUndoGroup::redoTextChanged, this, &CMenuBar::updateUndoTexts);
@@ -178,6 +181,14 @@ void CMenuBar::updateUndoTexts()
 void CMenuBar::setChecked(EAction id, bool checked)
 {
     m_actions[id]->setChecked(checked);
+}
+
+void CMenuBar::setProjectOpen(bool isOpen)
+{
+    for (int id = CloseProject; id <= Ungroup; ++id) {
+        if (id != Exit && id != Undo && id != Redo) // the latter two follow their stack
+            m_actions[size_t(id)]->setEnabled(isOpen);
+    }
 }
 
 void CMenuBar::setSnapToGrid()

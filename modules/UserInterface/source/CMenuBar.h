@@ -112,6 +112,8 @@ public:
     /// Sets all texts again in the language that is now in force.
     void retranslate();
     void setChecked(EAction id, bool checked);
+    /// Enables what there is to do with a project, or disables it.
+    void setProjectOpen(bool isOpen);
 
     /// A file name as the recent projects show it: long ones without their middle.
     static QString shortened(const QString &fileName);

@@ -64,12 +64,16 @@ void readRect(const QSettings &settings, const QString &key, QRect *value)
 
 void readColour(const QSettings &settings, const QString &key, QColor *value)
 {
-    // Kept as text: of binary data that was cut off Qt makes a colour that no one may look at.
+    // Written as text, but one that was written as a colour is taken as well. Of binary data that
+    // was cut off Qt makes a colour that no one may look at closer.
     const QVariant read = settings.value(key);
-    const QColor colour(read.type() == QVariant::String ? read.toString() : QString());
+    QColor colour(read.type() == QVariant::String ? read.toString() : QString());
+    if (read.type() == QVariant::Color && read.value<QColor>().spec() == QColor::Rgb)
+        colour = read.value<QColor>();
     if (colour.isValid() && colour.alpha() > 0)
         *value = colour;
 }
+
 /// The file is parsed when its keys are asked for, not before.
 bool isSettingsFile(const QString &path)
 {

@@ -129,6 +129,8 @@ private Q_SLOTS:
         row("gridColor=nothing", [](const SSettings &s) { return s.gridColor == Qt::white; });
         row("gridColor=#102030",
             [](const SSettings &s) { return s.gridColor == QColor(16, 32, 48); });
+        row("gridColor=@Variant(\\0\\0\\0\\x43\\x1\\xff\\xff\\x10\\x10\\x20\\x20\\x30\\x30\\0\\0)",
+            [](const SSettings &s) { return s.gridColor == QColor(16, 32, 48); });
         row("gridColor=@Variant(\\0\\0\\0\\x43)",
             [](const SSettings &s) { return s.gridColor == Qt::white; });
         row("gridType=0", [](const SSettings &s) { return s.gridType == Qt::SolidLine; });
