@@ -18,10 +18,12 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QLabel>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QStatusBar>
 #include <QMouseEvent>
 #include <QTest>
 #include <QUndoStack>
@@ -295,6 +297,18 @@ private Q_SLOTS:
         QCOMPARE(m_screens->currentScreen(), second);
         QCOMPARE(explorer->selectionModel()->selectedIndexes(), QModelIndexList{second->index()});
         QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), second);
+    }
+
+    void theStatusBarIsAboutTheShownPage()
+    {
+        const auto text = [this] {
+            return m_window->statusBar()->findChild<QLabel *>(QStringLiteral("widgets"))->text();
+        };
+        m_window->show();
+        QTRY_COMPARE(text(), QStringLiteral("3 widgets"));
+        Q_EMIT m_screens->tabCloseRequested(0);
+        QCOMPARE(m_screens->count(), 0);
+        QCOMPARE(text(), QString());
     }
 
     void theExplorerHasOneContextMenu()
