@@ -2,7 +2,6 @@
 #include "CEmulatorSession.h"
 #include "CModelIterator.h"
 #include "CProgramData.h"
-#include "CProjectExporter.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>
@@ -22,7 +21,6 @@ private Q_SLOTS:
     void cleanup();
 
     void showsTheScreen();
-    void exportsWhatIsThere();
     void stopsWhileBusy();
     void survivesRandomInterleaving();
 
@@ -91,24 +89,6 @@ void tst_AdapterWithLibrary::showsTheScreen()
     QTRY_COMPARE(m_shown.size(), 2);
     QCOMPARE(m_shown[1].corner, 0xFF654321u);
     QCOMPARE(m_shown[1].size, QSize(320, 272));
-}
-
-void tst_AdapterWithLibrary::exportsWhatIsThere()
-{
-    setColour(0, "#102030");
-    setColour(2, "#405060");
-    CProjectExporter exporter(m_adapter);
-    const auto screens =
-        exporter.collect(m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames);
-    QVERIFY(screens);
-    QCOMPARE(screens->size(), 3);
-    QCOMPARE(screens->at(0).text, QStringLiteral("CLEAR(0x102030);\nEND();\n"));
-    QCOMPARE(screens->at(2).frame.pixel(479, 271), 0xFF405060u);
-    for (const SScreenExport &screen : *screens) {
-        QCOMPARE(screen.bytes.size(), 8); // two commands without operand words
-        QCOMPARE(screen.ramDl, size_t{8});
-        QCOMPARE(screen.errors, QStringList());
-    }
 }
 
 void tst_AdapterWithLibrary::stopsWhileBusy()

@@ -31,7 +31,6 @@ private Q_SLOTS:
     void whatCannotBeAFolder();
     void sourceThatLiesThereAlready();
     void largeImagesAreRefused();
-    void realTools();
     void oddNames();
     void mediaFacts();
 
@@ -348,43 +347,6 @@ void tst_ImageFileConverter::largeImagesAreRefused()
     CToolStubs::write(raw, QByteArray(4000, 'x'));
     CToolStubs::write(m_stubs->path("wide.json"), R"({"width":4000,"height":1,"bytes":4000})");
     QVERIFY(verifyRefused(raw, CBitmapFormatTable::code("L8")).contains("2048"));
-}
-
-void tst_ImageFileConverter::realTools()
-{
-    const std::tuple<QString, int, int> cases[] = {// bytes of a 13 x 6 image, and of its palette
-                                                   {"ARGB1555", 13 * 6 * 2, 0},
-                                                   {"L1", 2 * 6, 0},
-                                                   {"L2", 4 * 6, 0},
-                                                   {"L4", 7 * 6, 0},
-                                                   {"L8", 13 * 6, 0},
-                                                   {"RGB332", 13 * 6, 0},
-                                                   {"ARGB2", 13 * 6, 0},
-                                                   {"ARGB4", 13 * 6 * 2, 0},
-                                                   {"RGB565", 13 * 6 * 2, 0},
-                                                   {"PALETTED", 13 * 6, 1024},
-                                                   {"PALETTED8", 13 * 6, 1024},
-                                                   {"PALETTED565", 13 * 6, 512},
-                                                   {"PALETTED4444", 13 * 6, 512},
-                                                   {"DXT1", 4 * 2 * 8, 0}};
-    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
-    for (const QString name : {"photo.png", "photo.jpg"}) {
-        const QString photo = makeImage(name);
-        for (const auto &[format, bytes, paletteBytes] : cases) {
-            const auto image = converted(photo, format);
-            QVERIFY2(image, qPrintable(format));
-            QCOMPARE(image->path, project() + folderOf(format) + "/photo_" + format + ".raw");
-            QCOMPARE(image->bfolder, "demo_ConvertedImages" + folderOf(format));
-            QCOMPARE(image->basename, QString("photo"));
-            QCOMPARE(image->suffix, QFileInfo(name).suffix());
-            QCOMPARE(image->format, format);
-            QCOMPARE(QSize(image->bwidth, image->bheight), QSize(13, 6));
-            QCOMPARE(QFileInfo(image->path).size(), bytes);
-            const QFileInfo palette(project() + folderOf(format) + "/photo_" + format + ".lut");
-            QCOMPARE(palette.exists(), paletteBytes > 0);
-            QCOMPARE(palette.size(), paletteBytes);
-        }
-    }
 }
 
 void tst_ImageFileConverter::oddNames()

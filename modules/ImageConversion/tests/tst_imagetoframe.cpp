@@ -22,22 +22,27 @@ private Q_SLOTS:
 void tst_ImageToFrame::everyFormat_data()
 {
     QTest::addColumn<QString>("platform");
-    QTest::addColumn<int>("gap"); // widest between two values of a colour
-    QTest::newRow("ARGB1555") << "QX100" << 9;
-    QTest::newRow("L1") << "QX100" << 255;
-    QTest::newRow("L2") << "QX113" << 85;
-    QTest::newRow("L4") << "QX100" << 17;
-    QTest::newRow("L8") << "QX100" << 1;
-    QTest::newRow("RGB332") << "QX113" << 85;
-    QTest::newRow("ARGB2") << "QX113" << 85;
-    QTest::newRow("ARGB4") << "QX113" << 17;
-    QTest::newRow("RGB565") << "QX113" << 9;
+    QTest::addColumn<int>("gap");          // widest between two values of a colour
+    QTest::addColumn<int>("bytes");        // of 40 x 30 pixels
+    QTest::addColumn<int>("paletteBytes"); // 256 entries
+    const auto row = [](const char *format, const char *platform, int gap, int bytes, int palette) {
+        QTest::newRow(format) << platform << gap << bytes << palette;
+    };
+    row("ARGB1555", "QX100", 9, 2400, 0);
+    row("L1", "QX100", 255, 150, 0);
+    row("L2", "QX113", 85, 300, 0);
+    row("L4", "QX100", 17, 600, 0);
+    row("L8", "QX100", 1, 1200, 0);
+    row("RGB332", "QX113", 85, 1200, 0);
+    row("ARGB2", "QX113", 85, 1200, 0);
+    row("ARGB4", "QX113", 17, 2400, 0);
+    row("RGB565", "QX113", 9, 2400, 0);
     // 256 colours for 1,200 pixels; never worse than a fixed palette of as many.
-    QTest::newRow("PALETTED") << "QX100" << 37;
-    QTest::newRow("PALETTED8") << "QX113" << 37;
-    QTest::newRow("PALETTED565") << "QX113" << 37 + 9;
-    QTest::newRow("PALETTED4444") << "QX113" << 37 + 17;
-    QTest::newRow("DXT1") << "QX113" << 37;
+    row("PALETTED", "QX100", 37, 1200, 1024);
+    row("PALETTED8", "QX113", 37, 1200, 1024);
+    row("PALETTED565", "QX113", 37 + 9, 1200, 512);
+    row("PALETTED4444", "QX113", 37 + 17, 1200, 512);
+    row("DXT1", "QX113", 37, 640, 0);
 }
 
 void tst_ImageToFrame::everyFormat()
@@ -57,11 +62,27 @@ void tst_ImageToFrame::everyFormat()
     for (int y = 0; y < photo.height(); ++y)
         for (int x = 0; x < photo.width(); ++x)
             photo.setPixel(x, y, qRgb(x * 6, y * 8, 200 - x * 4));
-    const QString file = place.path("photo.png");
-    QVERIFY(photo.save(file));
+    const QString suffix = format == "RGB565" ? "jpg" : "png";
+    const QString file = place.path("photo." + suffix);
+    QVERIFY(photo.save(file, nullptr, 95));
     QVERIFY(CImageFileConverter().convert(file, format));
     const auto image = CImageFileConverter::convertedImage(file, format);
     QVERIFY(image);
+    const QString folder = format == "DXT1"                ? "/photo_DXT1"
+                           : format.startsWith("PALETTED") ? "/photo_PALETTED"
+                                                           : "";
+    QFETCH(int, bytes);
+    QFETCH(int, paletteBytes);
+    const QString base =
+        place.projectFolder() + "/demo_ConvertedImages" + folder + "/photo_" + format;
+    QCOMPARE(image->path, base + ".raw");
+    QCOMPARE(image->bfolder, "demo_ConvertedImages" + folder);
+    QCOMPARE(image->basename + '.' + image->suffix, "photo." + suffix);
+    QCOMPARE(image->format, format);
+    QCOMPARE(QSize(image->bwidth, image->bheight), photo.size());
+    QCOMPARE(QFileInfo(image->path).size(), bytes);
+    QCOMPARE(QFileInfo::exists(base + ".lut"), paletteBytes > 0);
+    QCOMPARE(QFileInfo(base + ".lut").size(), paletteBytes);
 
     const QString xml =
         QString("<Kiv_Project_T project_name=\"demo\" platform=\"%1\" width=\"320\" height=\"240\">"

@@ -188,38 +188,25 @@ TEST(DisplayListWriter, whateverTheLimitTheListIsWholeAndFits)
     ASSERT_EQ(whole.words().size(), 29U);
     const auto &all = whole.words();
 
-    // Behind each unit: words so far, without END.
-    const size_t ends[] = {0, 1, 3, 10, 12, 17, 25, 28};
+    // The words before each unit, without END, and the item that the unit belongs to.
+    const std::pair<size_t, uint32_t> units[] = {{0, 0},  {1, 5},  {3, 5}, {10, 9},
+                                                 {12, 9}, {17, 9}, {25, 9}};
     for (size_t limit = 1; limit <= 29; ++limit) {
         CDisplayListWriter writer(limit * 4);
         write(writer);
         const auto &words = writer.words();
-        size_t expected = 0;
-        for (const size_t end : ends)
-            expected = end + 1 <= limit ? end : expected;
+        size_t expected = 28;
+        std::optional<uint32_t> overflow;
+        if (limit < 29) {
+            const auto lost = std::find_if(std::rbegin(units), std::rend(units),
+                                           [&](const auto &unit) { return unit.first < limit; });
+            expected = lost->first;
+            overflow = lost->second;
+        }
         ASSERT_EQ(words.size(), expected + 1) << limit;
         EXPECT_EQ(words.back(), 0U);
         EXPECT_TRUE(std::equal(words.begin(), words.end() - 1, all.begin()));
         EXPECT_EQ(writer.bytesWanted(), 29U * 4);
-        EXPECT_EQ(writer.overflowItem().has_value(), limit < 29);
+        EXPECT_EQ(writer.overflowItem(), overflow) << limit;
     }
-}
-
-TEST(DisplayListWriter, theFirstItemThatDidNotFitIsNamed)
-{
-    const auto overflow = [](size_t words) {
-        CDisplayListWriter writer(words * 4);
-        writer.clear(0);
-        writer.item(5);
-        writer.disc({0, 0}, 16);
-        writer.item(9);
-        writer.disc({0, 0}, 16);
-        writer.finish();
-        return writer.overflowItem();
-    };
-    EXPECT_EQ(overflow(1), 0U) << "before the first item";
-    EXPECT_EQ(overflow(2), 5U) << "its tag";
-    EXPECT_EQ(overflow(4), 5U) << "its disc";
-    EXPECT_EQ(overflow(6), 9U);
-    EXPECT_EQ(overflow(10), std::nullopt);
 }

@@ -193,38 +193,38 @@ TEST(Symmetry, roundShapesAboutTheirCentre)
 
 // --- Arcs
 
+/// A piece of a ring, 80 x 80 pixels.
+struct SRing : SSheet
+{
+    SRing(Angle64 start, Angle64 sweep, EArcCaps caps = EArcCaps::Butt) : SSheet(80, 80)
+    {
+        raster.strokeArc(at(40, 40), 400, start, sweep, 100, caps, {White});
+    }
+};
+
 TEST(Arc, wholeCircleHasNoSeamWhereverItStarts)
 {
-    SSheet ring(80, 80);
-    ring.raster.strokeArc(at(40, 40), 400, 0, 360 * 64, 100, EArcCaps::Butt, {White});
     for (int start : {90 * 64, -1234, 7777})
-        for (int sweep : {360 * 64, -360 * 64, 1000 * 64}) {
-            SSheet other(80, 80);
-            other.raster.strokeArc(at(40, 40), 400, start, sweep, 100, EArcCaps::Round, {White});
-            expectSame(other, ring);
-        }
+        for (int sweep : {360 * 64, -360 * 64, 1000 * 64})
+            expectSame(SRing(start, sweep, EArcCaps::Round), SRing(0, 360 * 64));
 }
 
 TEST(Arc, twoPiecesMakeTheWhole)
 {
+    const SRing whole(0, 360 * 64);
     for (int first : {10 * 64, 89 * 64, 90 * 64, 180 * 64, 200 * 64, 271 * 64, 359 * 64}) {
-        SSheet ring(80, 80), one(80, 80), two(80, 80);
-        ring.raster.strokeArc(at(40, 40), 400, 0, 360 * 64, 100, EArcCaps::Butt, {White});
-        one.raster.strokeArc(at(40, 40), 400, 333, first, 100, EArcCaps::Butt, {White});
-        two.raster.strokeArc(at(40, 40), 400, 333, first - 360 * 64, 100, EArcCaps::Butt, {White});
+        const SRing one(333, first), two(333, first - 360 * 64);
         for (int y = 0; y < 80; ++y)
             for (int x = 0; x < 80; ++x)
-                ASSERT_NEAR(one.level(x, y) + two.level(x, y), ring.level(x, y), 1)
+                ASSERT_NEAR(one.level(x, y) + two.level(x, y), whole.level(x, y), 1)
                     << first / 64 << " degrees at " << x << ", " << y;
     }
 }
 
 TEST(Arc, negativeSweepIsTheSamePieceFromItsOtherEnd)
 {
-    SSheet one(80, 80), two(80, 80);
-    one.raster.strokeArc(at(40, 40), 400, 30 * 64, 100 * 64, 100, EArcCaps::Round, {White});
-    two.raster.strokeArc(at(40, 40), 400, 130 * 64, -100 * 64, 100, EArcCaps::Round, {White});
-    expectSame(two, one);
+    const SRing one(30 * 64, 100 * 64, EArcCaps::Round);
+    expectSame(SRing(130 * 64, -100 * 64, EArcCaps::Round), one);
     EXPECT_EQ(one.level(39, 65), 255) << "90 degrees point down";
     EXPECT_EQ(one.level(39, 14), 0);
 }
