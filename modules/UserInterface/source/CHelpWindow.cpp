@@ -1,9 +1,13 @@
 #include "CHelpWindow.h"
 
+#include "CTheme.h"
+#include "CThemeIcons.h"
 #include "ProgramInfo.h"
 
 #include <QDesktopServices>
 #include <QEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -11,11 +15,11 @@
 #include <QWebView>
 
 namespace {
-constexpr QSize FirstSize(960, 720);
+constexpr QSize FirstSize(1040, 760);
 }
 
 CHelpWindow::CHelpWindow(const QString &page, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_view(new QWebView(this))
+    : QWidget(parent, Qt::Window), m_folder(QFileInfo(page).path()), m_view(new QWebView(this))
 {
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(tr("%1 Help").arg(ProgramInfo::Name));
@@ -27,7 +31,20 @@ CHelpWindow::CHelpWindow(const QString &page, QWidget *parent)
     m_view->settings()->setAttribute(QWebSettings::JavascriptEnabled, false);
     m_view->settings()->setAttribute(QWebSettings::PluginsEnabled, false);
     connect(m_view, &QWebView::linkClicked, this, &CHelpWindow::follow);
+    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CHelpWindow::showTheme);
+    showTheme(); // before the page is there, so that it never flashes
     m_view->load(QUrl::fromLocalFile(page));
+}
+
+/// The page is light by itself; a second sheet makes it dark.
+void CHelpWindow::showTheme()
+{
+    const bool isDark = CThemeIcons::theme() == CTheme::nameOf(CTheme::Kind::Dark);
+    m_view->settings()->setUserStyleSheetUrl(
+        isDark ? QUrl::fromLocalFile(m_folder + QStringLiteral("/help-dark.css")) : QUrl());
+    QPalette ground = QGuiApplication::palette();
+    ground.setColor(QPalette::Base, ground.color(QPalette::Window));
+    m_view->page()->setPalette(ground);
 }
 
 void CHelpWindow::follow(const QUrl &url)

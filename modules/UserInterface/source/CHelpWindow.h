@@ -20,7 +20,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void showTheme();
     void follow(const QUrl &url);
 
+    const QString m_folder; ///< of the page
     QWebView *const m_view;
 };

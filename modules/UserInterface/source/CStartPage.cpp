@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QEvent>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -32,11 +33,15 @@ QString paragraph(const QString &html)
     return QStringLiteral("<p style=\"margin:0 0 6px 0\">%1</p>").arg(html);
 }
 
-/// With its colour: a document takes that of links from the palette only when it is read.
-QString link(const QString &target, const QString &text)
+/// With its colour: a document takes that of links from the palette only when it is read. Under the
+/// picture, if there is such a file.
+QString link(const QString &target, const QString &text, const QString &picture = {})
 {
-    return QStringLiteral("<a style=\"text-decoration:none;color:%1\" href=\"%2\">%3</a>")
-        .arg(QGuiApplication::palette().color(QPalette::Link).name(), target.toHtmlEscaped(),
+    const QString image = QFile::exists(picture)
+                              ? QStringLiteral("<img src=\"%1\"><br>").arg(picture.toHtmlEscaped())
+                              : QString();
+    return QStringLiteral("<a style=\"text-decoration:none;color:%1\" href=\"%2\">%3%4</a>")
+        .arg(QGuiApplication::palette().color(QPalette::Link).name(), target.toHtmlEscaped(), image,
              text.toHtmlEscaped());
 }
 } // namespace
@@ -89,10 +94,20 @@ void CStartPage::showTexts()
                 .arg(quiet.name(), QDir::toNativeSeparators(info.path()).toHtmlEscaped()));
     }
     if (!m_examples.isEmpty())
-        html += heading(tr("Examples"));
-    for (const QString &path : qAsConst(m_examples))
-        html += paragraph(link(FileLink + path, QFileInfo(path).completeBaseName()));
+        html += heading(tr("Examples")) + examplesInARow();
     m_label->setText(html);
+}
+
+QString CStartPage::examplesInARow() const
+{
+    QString cells;
+    for (const QString &path : m_examples)
+        cells += QStringLiteral("<td style=\"padding-right:16px\">%1</td>")
+                     .arg(link(FileLink + path, QFileInfo(path).completeBaseName(),
+                               QFileInfo(path).path() + QStringLiteral("/preview.png")));
+    return QStringLiteral("<table style=\"margin-top:4px\" cellspacing=\"0\" "
+                          "cellpadding=\"0\"><tr>%1</tr></table>")
+        .arg(cells);
 }
 
 void CStartPage::follow(const QString &link)

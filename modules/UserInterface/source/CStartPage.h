@@ -27,6 +27,7 @@ protected:
 
 private:
     void showTexts();
+    QString examplesInARow() const;
     void follow(const QString &link);
 
     QStringList m_examples; ///< paths of project files
