@@ -71,7 +71,7 @@ constexpr std::array<unsigned char, 256> makeByteClasses()
     std::array<unsigned char, 256> classes{};
     for (unsigned i = 0; i < 0x20; ++i)
         classes[i] = Forbidden;
-    for (const char c : {'\t', '\n', '\r', '<', '>', '&', '"'})
+    for (const char c : {'\t', '\n', '\r', '<', '&', '"'})
         classes[static_cast<unsigned char>(c)] = Escaped;
     classes[0xEF] = MayBeForbidden; // U+FFFE and U+FFFF are EF BF BE and EF BF BF
     return classes;
@@ -83,59 +83,22 @@ bool isNonCharacter(const char *at, const char *end)
     return end - at >= 3 && at[1] == '\xBF' && (at[2] == '\xBE' || at[2] == '\xBF');
 }
 
-/// What to write for a character of class Escaped, `written` being what stands before it; null
-/// where it may stand as it is.
-const char *escapeOf(char c, const QByteArray &written, XmlText::Place place)
+const char *escapeOf(char c)
 {
-    const bool inAttribute = place == XmlText::Place::Attribute;
     switch (c) {
     case '<':
         return "&lt;";
     case '&':
         return "&amp;";
-    case '>': // only the end of a CDATA section may not stand in text
-        return written.endsWith("]]") ? "&gt;" : nullptr;
     case '"':
-        return inAttribute ? "&quot;" : nullptr;
+        return "&quot;";
     case '\n':
-        return inAttribute ? "&#xa;" : nullptr;
+        return "&#xa;";
     case '\t':
-        return inAttribute ? "&#x9;" : nullptr;
+        return "&#x9;";
     default:
         return "&#xd;";
     }
-}
-
-/// Appends the text, runs that need no work as wholes. `escape` gives what to write for a
-/// character of class Escaped, or null to keep it.
-template<class Escape>
-void appendRuns(QByteArray &target, const QByteArray &text, Escape escape)
-{
-    const char *const end = text.constData() + text.size();
-    const char *run = text.constData();
-    const char *at = run;
-    const auto flush = [&] {
-        target.append(run, static_cast<int>(at - run));
-        run = at;
-    };
-    while (at != end) {
-        const unsigned char byteClass = ByteClasses[static_cast<unsigned char>(*at)];
-        if (byteClass == Forbidden || (byteClass == MayBeForbidden && isNonCharacter(at, end))) {
-            flush();
-            run += byteClass == Forbidden ? 1 : 3;
-            at = run;
-            continue;
-        }
-        if (byteClass == Escaped) {
-            flush();
-            if (const char *replacement = escape(*at)) {
-                target.append(replacement);
-                ++run;
-            }
-        }
-        ++at;
-    }
-    flush();
 }
 } // namespace
 
@@ -156,12 +119,21 @@ bool XmlText::isAttributeName(const QByteArray &text)
     return isAsciiName(text) || isName(QString::fromUtf8(text.constData(), text.size()));
 }
 
-void XmlText::appendEscaped(QByteArray &target, const QByteArray &text, Place place)
+void XmlText::appendEscaped(QByteArray &target, const QByteArray &text)
 {
-    appendRuns(target, text, [&target, place](char c) { return escapeOf(c, target, place); });
-}
-
-void XmlText::appendCleaned(QByteArray &target, const QByteArray &text)
-{
-    appendRuns(target, text, [](char) -> const char * { return nullptr; });
+    const char *const end = text.constData() + text.size();
+    const char *run = text.constData(); // what needs no work is appended as a whole
+    for (const char *at = run; at != end;) {
+        const unsigned char byteClass = ByteClasses[static_cast<unsigned char>(*at)];
+        if (byteClass == Plain || (byteClass == MayBeForbidden && !isNonCharacter(at, end))) {
+            ++at;
+            continue;
+        }
+        target.append(run, static_cast<int>(at - run));
+        if (byteClass == Escaped)
+            target.append(escapeOf(*at));
+        at += byteClass == MayBeForbidden ? 3 : 1;
+        run = at;
+    }
+    target.append(run, static_cast<int>(end - run));
 }

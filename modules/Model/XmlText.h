@@ -5,18 +5,13 @@
 
 /// What XML can hold: names and characters. Byte arrays are UTF-8.
 namespace XmlText {
-enum class Place { Attribute, Content };
-
 /// Whether the text can be the name of an element as it stands. Stricter than for attributes:
 /// readers follow an older edition of XML there.
 bool isElementName(const QString &text);
 /// Whether the text can be the name of an attribute as it stands.
 bool isAttributeName(const QByteArray &text);
 
-/// Appends the text with markup escaped and without the characters that XML cannot hold. In an
-/// attribute, line breaks and tabulators are escaped too, since readers would turn them to spaces.
-void appendEscaped(QByteArray &target, const QByteArray &text, Place place);
-
-/// Appends the text without the characters that XML cannot hold, markup as it stands.
-void appendCleaned(QByteArray &target, const QByteArray &text);
+/// Appends the value of an attribute, markup escaped and without the characters that XML cannot
+/// hold. Line breaks and tabulators are escaped too, since readers would turn them to spaces.
+void appendEscaped(QByteArray &target, const QByteArray &text);
 } // namespace XmlText
