@@ -65,7 +65,6 @@ public:
     void finish();
 
     const std::vector<uint32_t> &words() const { return m_words; }
-    size_t bytesUsed() const { return m_words.size() * 4; }
     /// Bytes that the whole list would have needed, left-out commands included.
     size_t bytesWanted() const { return m_wantedWords * 4; }
     /// The item of the first command that did not fit (0 before the first item); nothing when all

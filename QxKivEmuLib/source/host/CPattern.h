@@ -34,7 +34,6 @@ public:
     /// Where a match that starts at `from` ends; null when there is none.
     const char *match(const char *from);
 
-    int captureCount() const { return m_captureCount; }
     /// Pushes a capture of the last match; number 0 is the whole match, and so is 1 when the
     /// pattern has no captures.
     void pushCapture(int number, const char *from, const char *to) const;
