@@ -60,15 +60,18 @@ int main(int argc, char **argv)
     QObject::connect(&termination, &CTerminationSignals::endWanted, qApp, [&] {
         isEnding = true;
         if (made)
-            made->closeUnattended();
-        QCoreApplication::exit(0); // also out of the loop of a dialog that is open
+            made->saveUnattended();
+        // Also out of the loop of a dialog that is open; whoever opened it still needs the project.
+        QCoreApplication::exit(0);
     });
     CMainWindow window(file);
     made = &window;
-    if (isEnding) {
-        window.closeUnattended();
-        return 0;
+    int code = 0;
+    if (!isEnding) {
+        window.show();
+        code = QApplication::exec();
     }
-    window.show();
-    return QApplication::exec();
+    if (isEnding)
+        window.closeUnattended();
+    return code;
 }

@@ -263,12 +263,17 @@ void CMainWindow::closeEvent(QCloseEvent *event)
     event->accept();
 }
 
-void CMainWindow::closeUnattended()
+void CMainWindow::saveUnattended()
 {
     m_export->cancel();
     m_panels->cancelGestures();
     if (m_session->project() && !m_session->path().isEmpty() && m_autosaveInterval > 0)
         m_session->autosave();
+}
+
+void CMainWindow::closeUnattended()
+{
+    saveUnattended();
     m_session->closeWithoutQuestions();
     writeSettings();
 }

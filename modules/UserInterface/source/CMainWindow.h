@@ -59,8 +59,10 @@ public:
     void setAutosaveInterval(int seconds);
     bool snapToGrid() const { return m_snapToGrid; }
 
-    /// The end of the program from outside: saves automatically if that is switched on, closes
-    /// without a question, keeps the settings.
+    /// The end of the program from outside. The first breaks off what is under way and saves
+    /// automatically, if that is switched on; it may be called in the middle of a dialog. The
+    /// second, when no dialog is open any more, closes without a question and keeps the settings.
+    void saveUnattended();
     void closeUnattended();
     void projectOptionsChanged() override;
 
