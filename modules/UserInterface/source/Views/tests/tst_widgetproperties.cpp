@@ -66,6 +66,8 @@ private:
     template<typename Editor>
     Editor *edit(QTreeWidgetItem *row) const
     {
+        tree()->scrollToItem(row);
+        QCoreApplication::processEvents(); // what is still to be laid out would move it
         const QRect cell = tree()->visualItemRect(row);
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
                           {tree()->columnViewportPosition(1) + 20, cell.center().y()});
