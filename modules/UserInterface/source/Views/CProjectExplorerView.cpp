@@ -4,6 +4,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 
+#include <QHeaderView>
 #include <QPainter>
 
 #include <algorithm>
@@ -51,9 +52,15 @@ void CProjectExplorerView::setProject(CProjectModel *project)
     m_reportedSelected.clear();
     m_reportedDeselected.clear();
     m_project = project;
-    QItemSelectionModel *old = selectionModel();
+    const QItemSelectionModel *old = selectionModel();
     setModel(project);
     delete old; // the view leaves it to the caller
+    // The header has made one as well and has then been given the view's.
+    const auto ofHeader = header()->findChildren<QItemSelectionModel *>();
+    for (const QItemSelectionModel *each : ofHeader) {
+        if (each != header()->selectionModel())
+            delete each;
+    }
     expandAll();
 }
 

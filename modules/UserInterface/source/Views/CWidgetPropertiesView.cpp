@@ -159,6 +159,7 @@ void CWidgetPropertiesView::clearRows()
     m_points.forget();
     clear();
     m_manager->clear();
+    findChild<QTreeWidget *>()->reset(); // it would remember rows that were expanded for ever
     m_currentKey = key; // clearing has made no row current
 }
 

@@ -1,0 +1,124 @@
+// A program that runs all day: examples are opened, drawn and closed again and again, and neither
+// memory nor files are kept.
+#include "CEmulatorAdapter.h"
+#include "CMainWindow.h"
+#include "CProjectModel.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "ProgramFolder.h"
+
+#include <QDirIterator>
+#include <QPixmapCache>
+#include <QTest>
+
+#include <malloc.h>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/allocator_interface.h>
+#endif
+
+namespace {
+qint64 bytesInUse()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return qint64(__sanitizer_get_current_allocated_bytes());
+#else
+    const struct mallinfo2 info = mallinfo2();
+    return qint64(info.uordblks + info.hblkhd);
+#endif
+}
+
+int openFiles()
+{
+    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System).size();
+}
+
+qint64 residentKilobytes()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray status = file.readAll();
+    return status.mid(status.indexOf("VmRSS:") + 6, 12)
+        .simplified()
+        .split(' ')
+        .first()
+        .toLongLong();
+}
+
+int rounds()
+{
+    bool given = false;
+    const int count = qEnvironmentVariableIntValue("KIV_ROUNDS", &given);
+    return given ? count : 20;
+}
+} // namespace
+
+class tst_LongLife : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    /// KIV_ROUNDS says how often; 20 unless given.
+    void examplesOpenedAndClosed()
+    {
+        constexpr int warmUp = 15;              // rounds in which caches are filled
+        constexpr qint64 allowedOfRound = 3072; // bytes; less than any page takes
+        QPixmapCache::setCacheLimit(0);         // it is emptied by a timer, after half a minute
+        const CProgramFolder folder;
+        const QStringList examples = copiedExamples(folder);
+        QCOMPARE(examples.size(), 3);
+        CMainWindow window;
+        window.setAutosaveInterval(0);
+        window.show();
+        qint64 bytes = 0;
+        int files = 0;
+        for (int round = 0; round < warmUp + rounds(); ++round) {
+            if (round == warmUp) {
+                bytes = bytesInUse();
+                files = openFiles();
+                qInfo("warm: %lld bytes, %lld kB resident", bytes, residentKilobytes());
+            }
+            for (const QString &each : examples)
+                openAndClose(&window, each);
+        }
+        qInfo("%d rounds later: %lld bytes more, %lld kB resident", rounds(), bytesInUse() - bytes,
+              residentKilobytes());
+        QVERIFY(bytesInUse() - bytes < allowedOfRound * rounds());
+        QCOMPARE(openFiles(), files);
+    }
+
+private:
+    static QStringList copiedExamples(const CProgramFolder &folder)
+    {
+        const QString from = qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/examples");
+        QStringList projects;
+        QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString to = folder.path("examples") + files.next().mid(from.size());
+            QDir().mkpath(QFileInfo(to).path());
+            QFile::copy(files.filePath(), to);
+            if (to.endsWith(QLatin1String(".nyx")))
+                projects.append(to);
+        }
+        return projects;
+    }
+
+    /// Every page is shown, and drawn by the emulator.
+    static void openAndClose(CMainWindow *window, const QString &path)
+    {
+        QVERIFY(window->openProjectFile(path));
+        auto *screens = window->findChild<CScreen *>();
+        for (int row = 0; row < window->project()->screenCount(); ++row) {
+            screens->openScreen(window->project()->screen(row));
+            QCoreApplication::processEvents();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!CEmulatorAdapter::instance()->isBusy(), 60'000);
+        QVERIFY(window->closeProject());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+};
+
+QTEST_MAIN(tst_LongLife)
+#include "tst_longlife.moc"
