@@ -4,6 +4,11 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <unistd.h>
+#endif
+
 namespace {
 /// Writes until all is written or the device says why not: a disk that gets full takes a part of
 /// the bytes first, without an error.
@@ -19,6 +24,23 @@ bool writeAll(QIODevice &device, const QByteArray &bytes)
     return true;
 }
 
+/// Empty when the bytes are on the disk. One that gives out its space late, or is reached over a
+/// network, says only here that it is full; QSaveFile does not listen to it.
+QString flushToDisk(const QFileDevice &file)
+{
+#ifdef Q_OS_UNIX
+    while (fsync(file.handle()) != 0) {
+        if (errno == EINVAL || errno == ENOSYS || errno == ENOTSUP)
+            return {}; // cannot say
+        if (errno != EINTR)
+            return qt_error_string(errno);
+    }
+#else
+    Q_UNUSED(file)
+#endif
+    return {};
+}
+
 /// For a target in a folder that takes no second file; it stays torn only if the disk refuses its
 /// old bytes too.
 QString writeDirectly(const QString &path, const QByteArray &bytes)
@@ -28,9 +50,9 @@ QString writeDirectly(const QString &path, const QByteArray &bytes)
         return file.errorString();
     const QByteArray old = file.readAll();
     const bool written = file.seek(0) && writeAll(file, bytes) && file.resize(bytes.size());
-    if (written)
+    const QString reason = written ? flushToDisk(file) : file.errorString();
+    if (reason.isEmpty())
         return {};
-    const QString reason = file.errorString();
     if (file.seek(0) && writeAll(file, old))
         file.resize(old.size());
     return reason;
@@ -42,8 +64,8 @@ QString writeBeside(const QString &path, const QByteArray &bytes, bool *couldBeg
     *couldBegin = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
     if (!*couldBegin)
         return file.errorString();
-    if (!writeAll(file, bytes)) {
-        const QString reason = file.errorString();
+    const QString reason = writeAll(file, bytes) ? flushToDisk(file) : file.errorString();
+    if (!reason.isEmpty()) {
         file.cancelWriting();
         return reason;
     }

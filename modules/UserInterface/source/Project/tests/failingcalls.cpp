@@ -1,7 +1,8 @@
 // The system calls that a save is made of, defined by this program itself so that the libraries
 // call them here, where one of them can be made to fail. The test in main() saves over and over,
 // letting the first call fail, then the second, ..., until a save gets by without meeting it.
-//   failingcalls FILE CONTENT
+//   failingcalls FILE
+#include "CFileWriter.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
@@ -10,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <cerrno>
 #include <cstdarg>
@@ -24,6 +26,13 @@ using namespace ProjectTestSupport;
 namespace {
 constexpr int ShortWrite = -1; // in place of an error number
 
+enum class EKind {
+    Save,
+    Autosave,
+    NewFile, // a page, an export, a picture: all are written by the same routine
+    Replacement,
+};
+
 struct
 {
     bool armed = false;
@@ -31,6 +40,7 @@ struct
     int error = 0;
     int failAt = 0;
     int count = 0;
+    bool isOnDisk = false;
 } plan;
 
 bool failsNow()
@@ -56,6 +66,12 @@ Result callOrFail(const char *name, Arguments... arguments)
         return Result(-1);
     }
     return next<Function>(name)(arguments...);
+}
+
+int noteOnDisk(int result)
+{
+    plan.isOnDisk |= result == 0;
+    return result;
 }
 
 mode_t modeOf(int flags, va_list arguments)
@@ -103,12 +119,12 @@ ssize_t write(int file, const void *bytes, size_t count)
 
 int fsync(int file)
 {
-    return callOrFail<int, int (*)(int)>("fsync", file);
+    return noteOnDisk(callOrFail<int, int (*)(int)>("fsync", file));
 }
 
 int fdatasync(int file)
 {
-    return callOrFail<int, int (*)(int)>("fdatasync", file);
+    return noteOnDisk(callOrFail<int, int (*)(int)>("fdatasync", file));
 }
 
 int rename(const char *from, const char *to) noexcept
@@ -129,9 +145,40 @@ void check(bool holds, const char *what)
               << (plan.persistent ? " from then on" : " once") << std::endl;
 }
 
-/// One save with one plan. True when the save has met the call that was to fail.
-bool saveOnce(const QString &path, bool automatic)
+template<typename Function>
+bool underPlan(Function function)
 {
+    plan.count = 0;
+    plan.isOnDisk = false;
+    plan.armed = true;
+    const bool done = function();
+    plan.armed = false;
+    check(!done || plan.isOnDisk, "done without being on the disk");
+    return done;
+}
+
+/// As saveOnce(), for a file that is no project.
+bool writeOnce(EKind kind)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("file"));
+    const bool isThere = kind == EKind::Replacement;
+    const QByteArray before(isThere ? 5'000 : 0, 'o');
+    if (isThere)
+        writeFile(path, before);
+    const QByteArray wanted(20'000, 'n');
+    const bool written = underPlan([&] { return CFileWriter::write(path, wanted).isEmpty(); });
+    check(readFile(path) == (written ? wanted : before), "the file is neither old nor new");
+    check(filesIn(folder.path()).size() == (written || isThere), "one file too many or too few");
+    return plan.count >= plan.failAt;
+}
+
+/// One save with one plan. True when the save has met the call that was to fail.
+bool saveOnce(const QString &path, EKind kind)
+{
+    if (kind == EKind::NewFile || kind == EKind::Replacement)
+        return writeOnce(kind);
+    const bool automatic = kind == EKind::Autosave;
     CScriptedUser user;
     CRecentProjects recent;
     CProjectSession session(&user, &recent);
@@ -141,11 +188,9 @@ bool saveOnce(const QString &path, bool automatic)
     change(session.project(), QStringLiteral("#%1").arg(++colour, 6, 16, QLatin1Char('0')));
     const QByteArray wanted = session.project()->saveToBytes(nullptr, path);
 
-    plan.count = 0;
-    plan.armed = true;
-    const bool saved =
-        automatic ? session.autosave() == CProjectSession::EAutosave::Saved : session.save();
-    plan.armed = false;
+    const bool saved = underPlan([&] {
+        return automatic ? session.autosave() == CProjectSession::EAutosave::Saved : session.save();
+    });
 
     check(readFile(path) == (saved ? wanted : before), "the file is neither old nor new");
     check(session.isDirty() != saved, "clean without being saved");
@@ -176,7 +221,7 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QString path = application.arguments().value(1);
     int saves = 0;
-    for (const bool automatic : {false, true}) {
+    for (const EKind kind : {EKind::Save, EKind::Autosave, EKind::NewFile, EKind::Replacement}) {
         for (const int error : {ENOSPC, EIO, EACCES, EINTR, ShortWrite}) {
             for (const bool persistent : {false, true}) {
                 if (persistent && error == EINTR)
@@ -184,7 +229,7 @@ int main(int argc, char **argv)
                 plan.error = error;
                 plan.persistent = persistent;
                 plan.failAt = 1;
-                while (saveOnce(path, automatic)) {
+                while (saveOnce(path, kind)) {
                     ++plan.failAt;
                     ++saves;
                 }
