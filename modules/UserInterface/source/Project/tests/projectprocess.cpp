@@ -2,8 +2,9 @@
 //   projectprocess lock FILE              locks, says "taken" or "held", waits for a line, releases
 //   projectprocess takeover FILE          as lock, taking over what is held; waits before each step
 //   projectprocess save FILE              opens FILE, saves it in two versions in turn, for ever
-//   projectprocess crash FILE             locks and ends without releasing
-//   projectprocess nobody FILE            as a user without rights: opens, changes, saves, says how
+//   projectprocess saveall FILE           as save; by hand, automatically and under two names in
+//   turn projectprocess crash FILE             locks and ends without releasing projectprocess
+//   nobody FILE            as a user without rights: opens, changes, saves, says how
 #include "CProjectLock.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
@@ -60,8 +61,9 @@ int holdLock(const QString &file, bool takeOver)
 }
 
 /// Two documents in turn: as it was opened, and with the change of one property.
-int saveForever(const QString &path)
+int saveForever(const QString &path, bool inEveryWay)
 {
+    const QString otherPath = path.chopped(4) + QStringLiteral("2.nyx");
     CScriptedUser user;
     CRecentProjects recent;
     CProjectSession session(&user, &recent);
@@ -71,7 +73,12 @@ int saveForever(const QString &path)
     ProjectTestSupport::change(session.project(), ProjectTestSupport::largeText());
     stack->undo();
     for (int round = 0;; ++round) {
-        if (!session.save())
+        user.savePath = round % 2 == 0 ? otherPath : path;
+        const int way = inEveryWay ? round % 3 : 0;
+        const bool saved = way == 0   ? session.save()
+                           : way == 1 ? session.autosave() == CProjectSession::EAutosave::Saved
+                                      : session.saveAs();
+        if (!saved)
             return 1;
         if (round == 0)
             say("saving");
@@ -107,8 +114,8 @@ int main(int argc, char **argv)
     const QString file = arguments.value(2);
     if (task == QLatin1String("lock") || task == QLatin1String("takeover"))
         return holdLock(file, task == QLatin1String("takeover"));
-    if (task == QLatin1String("save"))
-        return saveForever(file);
+    if (task.startsWith(QLatin1String("save")))
+        return saveForever(file, task == QLatin1String("saveall"));
     if (task == QLatin1String("nobody"))
         return openAsNobody(file);
     CProjectLock lock(file);
