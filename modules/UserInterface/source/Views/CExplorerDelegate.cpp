@@ -48,9 +48,12 @@ void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,
     if (const CItemModel *item = itemOf(index)) {
         option->features |= QStyleOptionViewItem::HasDecoration;
         option->icon = iconOf(*item);
-        // One green cannot be read on both themes' grounds; names have the colour of all text.
+        // One green cannot be read on both themes' grounds; names have the colour of all text, and
+        // those that cannot be selected by themselves that of hints.
         const QPalette &palette = option->widget ? option->widget->palette() : option->palette;
-        option->palette.setBrush(QPalette::Text, palette.brush(QPalette::Text));
+        option->palette.setBrush(
+            QPalette::Text,
+            palette.brush(item->isGrouped() ? QPalette::PlaceholderText : QPalette::Text));
         if (item->isGrouped()) // it is selected through its group, but is not disabled
             option->state |= QStyle::State_Enabled;
     }
