@@ -8,7 +8,10 @@
 #include "CScreenView.h"
 #include "CanvasTestSupport.h"
 
+#include <QApplication>
+#include <QInputDialog>
 #include <QTabBar>
+#include <QTimer>
 #include <QUndoStack>
 
 class tst_ScreenTabs : public QObject
@@ -105,6 +108,37 @@ private Q_SLOTS:
         QVERIFY(texts(tabs).contains("Home"));
         stack.undo();
         QVERIFY(!texts(tabs).contains("Home"));
+    }
+
+    void aDoubleClickRenamesTheScreen()
+    {
+        const auto project = newTestProject(2);
+        CScreen tabs;
+        tabs.setProject(project.get());
+        tabs.openScreen(project->screen(0));
+        tabs.openScreen(project->screen(1));
+        tabs.resize(600, 400);
+        tabs.show();
+        const auto rename = [&tabs, this](const QString &name, QDialog::DialogCode answer) {
+            QTimer::singleShot(0, this, [name, answer] {
+                auto *dialog = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
+                QVERIFY(dialog);
+                QCOMPARE(dialog->textValue(), QString("Page 2"));
+                dialog->setTextValue(name);
+                dialog->done(answer);
+            });
+            QTest::mouseDClick(tabs.tabBar(), Qt::LeftButton, {},
+                               tabs.tabBar()->tabRect(1).center());
+        };
+        rename("Home", QDialog::Rejected);
+        rename("  ", QDialog::Accepted);
+        rename("Page 2", QDialog::Accepted);
+        QCOMPARE(project->undoStack()->count(), 0);
+        rename(" Home ", QDialog::Accepted);
+        QCOMPARE(project->screen(1)->name(), QString("Home"));
+        QCOMPARE(texts(tabs), QStringList({"Page 1", "Home"}));
+        project->undoStack()->undo();
+        QCOMPARE(texts(tabs), QStringList({"Page 1", "Page 2"}));
     }
 
     void selectionIsToldByTheCurrentTabOnly()
