@@ -117,6 +117,7 @@ private:
     void selectUnder(const QPoint &position);
     void selectCovered(const QPoint &position);
     void cancelRubberBand();
+    void dropGesture();
     bool dropItems(const QMimeData &dropped, const QPointF &scenePos);
     bool dropFiles(const QMimeData &dropped, const QPointF &scenePos);
     void create(const QString &type, const QPointF &scenePos, const QString &file);
@@ -144,6 +145,7 @@ private:
     size_t m_graphicsMemory = 0;
     QVector<CItemModel *> m_selectedAtPress; ///< only compared, since items may have gone since
     QPoint m_panPos;
+    Qt::MouseButton m_panButton = Qt::NoButton; ///< whose release ends the panning
     bool m_panning = false;
     bool m_spaceHeld = false;
 };

@@ -111,9 +111,10 @@ void CScreenView::selectNext()
 bool CScreenView::beginPan(const QMouseEvent &event)
 {
     const bool isSpaceDrag = m_spaceHeld && event.button() == Qt::LeftButton;
-    if (event.button() != Qt::MiddleButton && !isSpaceDrag)
+    if (m_panning || (event.button() != Qt::MiddleButton && !isSpaceDrag))
         return false;
     m_panning = true;
+    m_panButton = event.button();
     m_panPos = event.pos();
     viewport()->setCursor(Qt::ClosedHandCursor);
     return true;
@@ -167,12 +168,13 @@ void CScreenView::cancelRubberBand()
 
 void CScreenView::mousePressEvent(QMouseEvent *event)
 {
+    if (isGestureActive() && event->button() == Qt::LeftButton)
+        dropGesture();
     m_selectedAtPress = selectedItems();
-    if (beginPan(*event))
+    if (isGestureActive() || beginPan(*event))
         return;
     if (event->button() == Qt::RightButton) {
-        if (!isGestureActive())
-            selectUnder(event->pos());
+        selectUnder(event->pos());
         return;
     }
     const bool isOnHandle =
@@ -196,12 +198,22 @@ void CScreenView::mouseMoveEvent(QMouseEvent *event)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
         return;
     }
+    if (isGestureActive() && !event->buttons().testFlag(Qt::LeftButton))
+        dropGesture();
     QGraphicsView::mouseMoveEvent(event);
+}
+
+/// The button was released where the view has not heard of it.
+void CScreenView::dropGesture()
+{
+    m_scene->cancelGesture();
+    if (QGraphicsItem *grabber = m_scene->mouseGrabberItem())
+        grabber->ungrabMouse();
 }
 
 void CScreenView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_panning) {
+    if (m_panning && event->button() == m_panButton) {
         endPan();
         return;
     }

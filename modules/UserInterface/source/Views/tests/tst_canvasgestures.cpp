@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aLockedItemStays();
     void escapeRestoresTheStart();
     void aClickChangesNothing();
+    void otherButtonsAndLostReleases();
     void rotation();
     void aTurnedItemIsTakenWhereItIsSeen();
     void pointsOfALine();
@@ -241,6 +242,42 @@ void tst_CanvasGestures::aClickChangesNothing()
     QCOMPARE(savedBytes(*canvas.project), before);
     QCOMPARE(canvas.stack.count(), 0);
     QVERIFY(canvas.viewOf(item)->isSelected());
+}
+
+void tst_CanvasGestures::otherButtonsAndLostReleases()
+{
+    Canvas canvas;
+    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+    canvas.show();
+    const QByteArray before = savedBytes(*canvas.project);
+    const QPointF to(160, 120);
+    for (const Qt::MouseButton other : {Qt::MiddleButton, Qt::RightButton}) {
+        canvas.press({120, 115});
+        canvas.move(to);
+        canvas.mouse(QEvent::MouseButtonPress, to, other, Qt::LeftButton | other);
+        canvas.mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, other);
+        canvas.mouse(QEvent::MouseButtonRelease, to, other, Qt::NoButton);
+        QVERIFY(!canvas.view->isGestureActive());
+        QCOMPARE(item->x(), 140.0);
+        canvas.checkOneStep(before);
+        canvas.stack.undo();
+    }
+    // A window that comes up in between takes the release; the drag is over all the same.
+    const QVector<QPointF> grips = {{120, 115}, {140, 130}}; // body and handle
+    for (const QPointF &grip : grips) {
+        canvas.press(grip);
+        canvas.move(grip + QPointF(40, 40));
+        QVERIFY(savedBytes(*canvas.project) != before);
+        if (grip == grips.first())
+            canvas.mouse(QEvent::MouseMove, {300, 200}, Qt::NoButton, Qt::NoButton);
+        else
+            canvas.press({300, 200});
+        QVERIFY(!canvas.view->isGestureActive());
+        QCOMPARE(savedBytes(*canvas.project), before);
+        canvas.click({400, 20});
+        QVERIFY(canvas.view->selectedItems().isEmpty());
+        canvas.select({item});
+    }
 }
 
 void tst_CanvasGestures::rotation()
