@@ -39,10 +39,6 @@
 <context>
     <name>CConvertedFolder</name>
     <message>
-        <source>%1 could not be replaced</source>
-        <translation>%1 konnte nicht ersetzt werden</translation>
-    </message>
-    <message>
         <source>%1 could not be copied: %2</source>
         <translation>%1 konnte nicht kopiert werden: %2</translation>
     </message>

@@ -39,10 +39,6 @@
 <context>
     <name>CConvertedFolder</name>
     <message>
-        <source>%1 could not be replaced</source>
-        <translation>无法替换 %1</translation>
-    </message>
-    <message>
         <source>%1 could not be copied: %2</source>
         <translation>无法复制 %1：%2</translation>
     </message>

@@ -1,5 +1,6 @@
 #include "CConvertedFolder.h"
 
+#include "CFileWriter.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "FileNames.h"
@@ -13,16 +14,15 @@
 #include <functional>
 
 namespace {
+/// An image that lies there already stays whole until the new one is.
 QString copyFile(const QString &source, const QString &target)
 {
-    if (QFile::exists(target) && !QFile::remove(target))
-        return QCoreApplication::translate("CConvertedFolder", "%1 could not be replaced")
-            .arg(target);
     QFile file(source);
-    return file.copy(target)
-               ? QString()
-               : QCoreApplication::translate("CConvertedFolder", "%1 could not be copied: %2")
-                     .arg(source, file.errorString());
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (file.error() != QFileDevice::NoError)
+        return QCoreApplication::translate("CConvertedFolder", "%1 could not be copied: %2")
+            .arg(source, file.errorString());
+    return CFileWriter::write(target, bytes);
 }
 
 void forEachItem(QStandardItem *parent, const std::function<void(CItemModel *)> &visit)
