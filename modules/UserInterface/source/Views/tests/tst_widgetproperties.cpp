@@ -1,31 +1,21 @@
-#include "CImageChooser.h"
 #include "CPropertyManager.h"
-#include "CWidgetPropertiesView.h"
-#include "PanelTestSupport.h"
+#include "PropertiesTestSupport.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTimeEdit>
 #include <QTimer>
-#include <QTreeWidget>
-#include <QUndoStack>
 
 /// Edits go through the editors that a click or a key opens, as a user's do.
-class tst_WidgetProperties : public QObject
+class tst_WidgetProperties : public CPropertiesTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { loadProgramLibrary(); }
-    void init();
-    void cleanup();
-
     void rowsOfEachKindOfItem();
     void screensThatWereReadHaveAColourToo();
     void noneAndSeveralItemsShowAText();
@@ -50,69 +40,7 @@ private Q_SLOTS:
     void valuesBeyondTheirLimitsAreShownAsTheyAre();
     void removedItemsAreForgotten();
     void unknownKindsShowTheirAttributes();
-    void filesAreChosenInTheirRow();
-    void anotherFormatConvertsTheImageAnew_data();
-    void anotherFormatConvertsTheImageAnew();
-    void formatStaysWhenTheImageCannotBeConverted();
-
-private:
-    QTreeWidget *tree() const { return m_view->findChild<QTreeWidget *>(); }
-    QTreeWidgetItem *treeRow(const QString &key) const
-    {
-        return tree()->findItems(key, Qt::MatchExactly).value(0);
-    }
-    QString shown(const QString &key) const { return treeRow(key)->text(1); }
-    /// Opens the editor of a row by a click into its value.
-    template<typename Editor>
-    Editor *edit(QTreeWidgetItem *row) const
-    {
-        tree()->scrollToItem(row);
-        QCoreApplication::processEvents(); // what is still to be laid out would move it
-        const QRect cell = tree()->visualItemRect(row);
-        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
-                          {tree()->columnViewportPosition(1) + 20, cell.center().y()});
-        Editor *editor = nullptr;
-        const auto found = tree()->viewport()->findChildren<Editor *>();
-        for (Editor *each : found) {
-            if (each->isVisible())
-                editor = each;
-        }
-        return editor;
-    }
-    template<typename Editor>
-    Editor *edit(const QString &key) const
-    {
-        return edit<Editor>(treeRow(key));
-    }
-    QUndoStack &stack() const { return *m_project->undoStack(); }
-    CWidgetModel *show(const QString &type)
-    {
-        CWidgetModel *widget = addWidget(*m_project, type);
-        m_view->showItems({widget});
-        QCoreApplication::processEvents();
-        return widget;
-    }
-
-    std::unique_ptr<CProjectModel> m_project;
-    std::unique_ptr<CWidgetPropertiesView> m_view;
 };
-
-void tst_WidgetProperties::init()
-{
-    m_project = newProject();
-    m_view = std::make_unique<CWidgetPropertiesView>();
-    m_view->setProject(m_project.get());
-    m_view->resize(360, 700);
-    m_view->show();
-    m_view->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
-}
-
-void tst_WidgetProperties::cleanup()
-{
-    m_view.reset();
-    m_project.reset();
-}
 
 void tst_WidgetProperties::rowsOfEachKindOfItem()
 {
@@ -605,140 +533,6 @@ void tst_WidgetProperties::unknownKindsShowTheirAttributes()
     m_view->showItems({screen->childItem(0)});
     QVERIFY(treeRow("glow"));
     QCOMPARE(shown("glow"), QStringLiteral("7"));
-}
-
-void tst_WidgetProperties::filesAreChosenInTheirRow()
-{
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    QFile raw(folder.filePath("picture.raw"));
-    QVERIFY(raw.open(QIODevice::WriteOnly));
-    raw.write(QByteArray(64, 'x'));
-    raw.close();
-
-    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-    const QByteArray before = document(*m_project);
-    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
-    auto *line = edit<QLineEdit>("filename");
-    QVERIFY(line);
-    QVERIFY(line->isReadOnly());
-    auto *choose = line->findChild<QAction *>("chooseFile");
-    QVERIFY(choose);
-    const auto answer = [&](const QString &file) {
-        QTimer::singleShot(0, this, [file] {
-            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->setDirectory(QFileInfo(file).path());
-            dialog->selectFile(file);
-            if (QFile::exists(file))
-                QMetaObject::invokeMethod(dialog, "accept");
-            else
-                dialog->reject();
-        });
-        choose->trigger();
-    };
-    answer(folder.filePath("missing.raw"));
-    QCOMPARE(stack().count(), 0);
-    answer(raw.fileName());
-    QCOMPARE(bitmap->propertyText("filename"), raw.fileName());
-    QCOMPARE(bitmap->propertyText("basename"), QStringLiteral("picture"));
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
-    QCOMPARE(shown("basename"), QStringLiteral("picture"));
-    QVERIFY(
-        QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) + "/picture.raw"));
-    QCOMPARE(stack().count(), 1);
-    QVERIFY(messages.last().first().toString().contains("size is not known"));
-    // A raw file has no other format to be converted into; it is only told what it holds.
-    static_cast<QtVariantProperty *>(m_view->row("format"))->setValue(5);
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
-    QCOMPARE(stack().count(), 2);
-    stack().undo();
-    stack().undo();
-    QCOMPARE(document(*m_project), before);
-    CProjectModel::setCurrent(nullptr);
-    show("Kiv_ImageButton_T");
-    line = edit<QLineEdit>("basename");
-    QVERIFY(line->findChild<QAction *>("chooseFile"));
-}
-
-/// With the program's own tools.
-void tst_WidgetProperties::anotherFormatConvertsTheImageAnew_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::newRow("with its file name") << "Kiv_Bitmap_T";
-    QTest::newRow("from the copy of its file") << "Kiv_ImageButton_T";
-}
-
-void tst_WidgetProperties::anotherFormatConvertsTheImageAnew()
-{
-    QFETCH(QString, kind);
-    const QString before = QDir::currentPath();
-    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    const QString photo = folder.filePath("photo.png");
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QVERIFY(image.save(photo));
-
-    CWidgetModel *bitmap = show(kind);
-    bitmap->setProperty("format", "None"); // as it is after a raw file
-    auto *chooser = m_view->findChild<CImageChooser *>();
-    QTimer::singleShot(0, this, [photo] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        dialog->setDirectory(QFileInfo(photo).path());
-        dialog->selectFile(photo);
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
-    chooser->choose(bitmap);
-    const auto size = [&](const QString &format) {
-        const QString converted = m_project->absoluteFolder(bitmap->propertyText("bfolder"));
-        return QFileInfo(converted + "/photo_" + format + ".raw").size();
-    };
-    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
-    QCOMPARE(shown("bwidth") + "x" + shown("bheight"), QStringLiteral("40x30"));
-    QCOMPARE(size("ARGB4"), qint64(40 * 30 * 2));
-
-    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
-    const QStringList formats = format->attributeValue("enumNames").toStringList();
-    format->setValue(formats.indexOf("L8"));
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
-    QCOMPARE(size("L8"), qint64(40 * 30));
-    QCOMPARE(stack().count(), 2);
-    stack().undo();
-    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
-    stack().undo();
-    QCOMPARE(shown("basename"), QString());
-    CProjectModel::setCurrent(nullptr);
-    QDir::setCurrent(before);
-}
-
-void tst_WidgetProperties::formatStaysWhenTheImageCannotBeConverted()
-{
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    QFile noImage(folder.filePath("picture.png"));
-    QVERIFY(noImage.open(QIODevice::WriteOnly));
-    noImage.write("no picture");
-    noImage.close();
-
-    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
-    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
-    format->setValue(0); // without a file it is a plain change
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
-    QCOMPARE(stack().count(), 1);
-    bitmap->setProperty("filename", noImage.fileName());
-    format->setValue(3);
-    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
-    QCOMPARE(shown("format"), QStringLiteral("None"));
-    QCOMPARE(stack().count(), 1);
-    QVERIFY(!messages.isEmpty());
-    CProjectModel::setCurrent(nullptr);
 }
 
 QTEST_MAIN(tst_WidgetProperties)

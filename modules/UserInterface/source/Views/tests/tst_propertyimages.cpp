@@ -1,0 +1,158 @@
+#include "CImageChooser.h"
+#include "PropertiesTestSupport.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtVariantPropertyManager>
+
+/// Images are chosen and converted from the rows of the property panel.
+class tst_PropertyImages : public CPropertiesTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void filesAreChosenInTheirRow();
+    void anotherFormatConvertsTheImageAnew_data();
+    void anotherFormatConvertsTheImageAnew();
+    void formatStaysWhenTheImageCannotBeConverted();
+
+private:
+    /// Takes the file in the dialog that opens next, or closes it when there is no such file.
+    void answerWith(const QString &file)
+    {
+        QTimer::singleShot(0, this, [file] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->setDirectory(QFileInfo(file).path());
+            dialog->selectFile(file);
+            if (QFile::exists(file))
+                QMetaObject::invokeMethod(dialog, "accept");
+            else
+                dialog->reject();
+        });
+    }
+};
+
+void tst_PropertyImages::filesAreChosenInTheirRow()
+{
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    QFile raw(folder.filePath("picture.raw"));
+    QVERIFY(raw.open(QIODevice::WriteOnly));
+    raw.write(QByteArray(64, 'x'));
+    raw.close();
+
+    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
+    const QByteArray before = document(*m_project);
+    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
+    auto *line = edit<QLineEdit>("filename");
+    QVERIFY(line);
+    QVERIFY(line->isReadOnly());
+    auto *choose = line->findChild<QAction *>("chooseFile");
+    QVERIFY(choose);
+    answerWith(folder.filePath("missing.raw"));
+    choose->trigger();
+    QCOMPARE(stack().count(), 0);
+    answerWith(raw.fileName());
+    choose->trigger();
+    QCOMPARE(bitmap->propertyText("filename"), raw.fileName());
+    QCOMPARE(bitmap->propertyText("basename"), QStringLiteral("picture"));
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(shown("basename"), QStringLiteral("picture"));
+    QVERIFY(
+        QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) + "/picture.raw"));
+    QCOMPARE(stack().count(), 1);
+    QVERIFY(messages.last().first().toString().contains("size is not known"));
+    // A raw file has no other format to be converted into; it is only told what it holds.
+    static_cast<QtVariantProperty *>(m_view->row("format"))->setValue(5);
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    stack().undo();
+    QCOMPARE(document(*m_project), before);
+    CProjectModel::setCurrent(nullptr);
+    show("Kiv_ImageButton_T");
+    line = edit<QLineEdit>("basename");
+    QVERIFY(line->findChild<QAction *>("chooseFile"));
+}
+
+/// With the program's own tools.
+void tst_PropertyImages::anotherFormatConvertsTheImageAnew_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("with its file name") << "Kiv_Bitmap_T";
+    QTest::newRow("from the copy of its file") << "Kiv_ImageButton_T";
+}
+
+void tst_PropertyImages::anotherFormatConvertsTheImageAnew()
+{
+    QFETCH(QString, kind);
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    const QString photo = folder.filePath("photo.png");
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(photo));
+
+    CWidgetModel *bitmap = show(kind);
+    bitmap->setProperty("format", "None"); // as it is after a raw file
+    auto *chooser = m_view->findChild<CImageChooser *>();
+    answerWith(photo);
+    chooser->choose(bitmap);
+    const auto size = [&](const QString &format) {
+        const QString converted = m_project->absoluteFolder(bitmap->propertyText("bfolder"));
+        return QFileInfo(converted + "/photo_" + format + ".raw").size();
+    };
+    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
+    QCOMPARE(shown("bwidth") + "x" + shown("bheight"), QStringLiteral("40x30"));
+    QCOMPARE(size("ARGB4"), qint64(40 * 30 * 2));
+
+    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    const QStringList formats = format->attributeValue("enumNames").toStringList();
+    format->setValue(formats.indexOf("L8"));
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
+    QCOMPARE(size("L8"), qint64(40 * 30));
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
+    stack().undo();
+    QCOMPARE(shown("basename"), QString());
+    CProjectModel::setCurrent(nullptr);
+    QDir::setCurrent(before);
+}
+
+void tst_PropertyImages::formatStaysWhenTheImageCannotBeConverted()
+{
+    QTemporaryDir folder;
+    m_project->setWorkingDirectory(folder.path());
+    CProjectModel::setCurrent(m_project.get());
+    QFile noImage(folder.filePath("picture.png"));
+    QVERIFY(noImage.open(QIODevice::WriteOnly));
+    noImage.write("no picture");
+    noImage.close();
+
+    CWidgetModel *bitmap = show("Kiv_Bitmap_T");
+    QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
+    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    format->setValue(0); // without a file it is a plain change
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(stack().count(), 1);
+    bitmap->setProperty("filename", noImage.fileName());
+    format->setValue(3);
+    QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
+    QCOMPARE(shown("format"), QStringLiteral("None"));
+    QCOMPARE(stack().count(), 1);
+    QVERIFY(!messages.isEmpty());
+    CProjectModel::setCurrent(nullptr);
+}
+
+QTEST_MAIN(tst_PropertyImages)
+#include "tst_propertyimages.moc"
