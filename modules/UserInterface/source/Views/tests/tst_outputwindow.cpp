@@ -39,6 +39,8 @@ void tst_OutputWindow::messagesAreOneLineEach()
                                          QStringLiteral("12:34:56  <b>first</b>") +
                                              QChar(QChar::LineSeparator) + "second"}));
     QVERIFY(view.isReadOnly());
+    view.writeRenderErrors(QString(100000, 'N'), QString(100000, 'x')); // not laid out as it is
+    QVERIFY(linesOf(view).last().size() < 3000);
 }
 
 void tst_OutputWindow::repeatedErrorsAreCounted()
