@@ -121,14 +121,13 @@ public:
         send(QEvent::MouseMove, from + QPointF(8, 8), Qt::NoButton);
         settle();
         begin();
-        for (int step = 1; step <= Moves; ++step) {
+        for (int step = 1; step <= Moves; ++step)
             move(from + QPointF(step * 23 % 700, step * 31 % 400));
-        }
-        send(QEvent::MouseButtonRelease, from, Qt::LeftButton);
         print(QStringLiteral("drag %1 of %2%3")
                   .arg(selected)
                   .arg(m_widgets)
                   .arg(snapping ? QStringLiteral(", snapping") : QString()));
+        drop(from);
         m_window.project()->undoStack()->undo();
         scene->clearSelection();
         settle();
@@ -151,6 +150,15 @@ private:
         start();
         send(QEvent::MouseMove, scenePos, Qt::NoButton);
         finish();
+    }
+
+    /// What is written to the model at the end of a drag.
+    void drop(const QPointF &scenePos)
+    {
+        send(QEvent::MouseButtonRelease, scenePos, Qt::LeftButton);
+        const CTimedApplication::Handler release = m_application->takeHandlers().front();
+        std::printf("  drop                               %7.2f ms, processor time %.2f ms\n",
+                    release.milliseconds, release.processor);
     }
 
     /// Until the emulator and the window have nothing to do.
