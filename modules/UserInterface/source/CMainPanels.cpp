@@ -17,6 +17,7 @@
 #include "CWidgetSelectionPanel.h"
 #include "CWidgetSelectionView.h"
 
+#include <QAbstractItemView>
 #include <QDockWidget>
 #include <QItemSelectionModel>
 
@@ -257,6 +258,17 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
         showSelection({item});
         return;
     }
+}
+
+void CMainPanels::finishEdits()
+{
+    QWidget *above = m_window->focusWidget();
+    if (qobject_cast<QAbstractItemView *>(above))
+        return; // no editor is open
+    while (above && !qobject_cast<QAbstractItemView *>(above))
+        above = above->parentWidget();
+    if (above)
+        above->setFocus(); // its editor commits when it is left
 }
 
 bool CMainPanels::isGestureActive() const

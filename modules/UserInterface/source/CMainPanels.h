@@ -42,6 +42,8 @@ public:
     void clear();
     /// Platform or resolution have changed.
     void renew();
+    /// What is typed in a panel but not committed yet counts: for what reads the whole project.
+    void finishEdits();
     /// Whether the user is in the middle of something that must not be saved half done.
     bool isGestureActive() const;
     /// Takes that back, for a project that is about to be saved and closed without a question.

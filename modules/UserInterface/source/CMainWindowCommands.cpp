@@ -82,11 +82,13 @@ void CMainWindow::toggleProjectWindow()
 
 void CMainWindow::newProject()
 {
+    m_panels->finishEdits();
     m_session->newProject();
 }
 
 void CMainWindow::openProject()
 {
+    m_panels->finishEdits();
     m_session->open();
 }
 
@@ -107,22 +109,26 @@ void CMainWindow::showProjectName()
 
 void CMainWindow::openRecent(QAction *action)
 {
+    m_panels->finishEdits();
     const QString path = action->whatsThis();
     m_session->open(path);
 }
 
 bool CMainWindow::closeProject()
 {
+    m_panels->finishEdits();
     return m_session->close();
 }
 
 bool CMainWindow::saveProject()
 {
+    m_panels->finishEdits();
     return m_session->save();
 }
 
 bool CMainWindow::saveProjectAs()
 {
+    m_panels->finishEdits();
     return m_session->saveAs();
 }
 
@@ -134,12 +140,14 @@ void CMainWindow::autosave()
 
 void CMainWindow::exportProjectDL()
 {
+    m_panels->finishEdits();
     if (project())
         m_export->exportProjectDL(project(), m_session->workingDirectory());
 }
 
 void CMainWindow::exportProjectBin()
 {
+    m_panels->finishEdits();
     if (project())
         m_export->exportProjectBin(project(), m_session->workingDirectory());
 }

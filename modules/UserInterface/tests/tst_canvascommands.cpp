@@ -18,14 +18,16 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QFileDialog>
-#include <QLabel>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QStatusBar>
 #include <QMouseEvent>
+#include <QSpinBox>
+#include <QStatusBar>
 #include <QTest>
+#include <QTreeWidget>
 #include <QUndoStack>
 
 #include <memory>
@@ -309,6 +311,22 @@ private Q_SLOTS:
         Q_EMIT m_screens->tabCloseRequested(0);
         QCOMPARE(m_screens->count(), 0);
         QCOMPARE(text(), QString());
+    }
+
+    void whatIsTypedInThePropertyPanelIsSaved()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        auto *panel = m_window->findChild<CWidgetPropertiesView *>();
+        panel->showItems({select("A")});
+        auto *tree = panel->findChild<QTreeWidget *>();
+        tree->editItem(tree->findItems("x_coordinate", Qt::MatchExactly).value(0), 1);
+        auto *box = tree->viewport()->findChild<QSpinBox *>();
+        QVERIFY(box);
+        box->selectAll();
+        QTest::keyClicks(box, "77"); // and no Enter
+        trigger(CMenuBar::SaveProject);
+        QVERIFY(readFile(m_folder->path("demo.nyx")).contains("x_coordinate=\"77\""));
     }
 
     void theExplorerHasOneContextMenu()
