@@ -31,6 +31,8 @@ CProjectExplorerView::CProjectExplorerView(QWidget *parent)
     QPalette ground;
     ground.setBrush(QPalette::Window, QColor(128, 128, 128, 180));
     m_indicator->setPalette(ground);
+    // The theme's style sheet gives every widget a ground of its own and would hide the bar.
+    m_indicator->setStyleSheet(QStringLiteral("background-color: rgba(128, 128, 128, 180);"));
     parkIndicator();
 
     connect(this, &QTreeView::clicked, this, &CProjectExplorerView::processDoubleClickedItem);

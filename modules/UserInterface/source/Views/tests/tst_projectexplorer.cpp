@@ -231,6 +231,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
     CScreenModel *target = m_project->screen(before);
     QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
     QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
+    m_view->setStyleSheet("QWidget { background-color: white; }"); // as a theme does
     QSignalSpy shown(m_view.get(), &CProjectExplorerView::screenActivated);
     CScreenModel *dragged = m_project->screen(from);
     m_view->setShownScreen(dragged);
@@ -244,6 +245,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
         const QPoint place = target ? upperHalfOf(target->row()) : below();
         m_view->move(data, place);
         QVERIFY(m_view->viewport()->rect().intersects(indicator->geometry()));
+        QVERIFY(indicator->grab().toImage().pixelColor(2, 1) != QColor(Qt::white));
         m_view->drop(data, place);
         QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
         QCOMPARE(m_view->selectionModel()->selectedIndexes(), QModelIndexList{dragged->index()});
