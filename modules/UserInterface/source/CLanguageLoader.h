@@ -17,12 +17,12 @@ public:
     bool load(const QString &language);
     /// The language of the system, if there is a file for it.
     void loadSystemLanguage();
-    QString language() const { return m_language; } ///< empty: that of the sources
+    QString language() const { return m_language; }
     const QString &folder() const { return m_folder; }
 
 private:
     QString m_folder;
-    QString m_language;
+    QString m_language = QStringLiteral("en"); ///< at first that of the sources
     QTranslator m_program;
     QTranslator m_qt;
 };
