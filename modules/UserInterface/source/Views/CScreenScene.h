@@ -48,7 +48,8 @@ public:
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
     void highlightObjectBehind(bool repaint);
-    /// Where something dropped at a place lands; what moves there is not snapped to.
+    /// Where something dropped at a place lands; what moves there is not snapped to. Shows the snap
+    /// cross there and the guide lines, until hideGuides().
     QPointF snapped(const QPointF &proposed, const QVector<CItemModel *> &moving = {});
     void hideGuides();
 

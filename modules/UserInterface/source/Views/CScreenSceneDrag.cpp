@@ -201,7 +201,10 @@ QPointF CScreenScene::snappedPosition(const QPointF &proposed, const QVector<CIt
 
 QPointF CScreenScene::snapped(const QPointF &proposed, const QVector<CItemModel *> &moving)
 {
-    return snappedPosition(proposed, moving);
+    const QPointF place = snappedPosition(proposed, moving);
+    m_snapCross->setPos(place);
+    m_snapCross->show();
+    return place;
 }
 
 void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)

@@ -112,6 +112,7 @@ private:
     void nudge(int dx, int dy);
     void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
     void selectNext();
+    void reportPointer(const QPoint &position);
     bool beginPan(const QMouseEvent &event);
     void endPan();
     void selectUnder(const QPoint &position);

@@ -110,10 +110,9 @@ void CScreenView::dragEnterEvent(QDragEnterEvent *event)
 void CScreenView::dragMoveEvent(QDragMoveEvent *event)
 {
     event->setAccepted(isWelcome(*event->mimeData()));
-    const QPointF scenePos = mapToScene(event->pos());
-    Q_EMIT mouseMovedSC(scenePos.toPoint());
+    reportPointer(event->pos());
     if (event->isAccepted() && CEditorState::instance()->isSnapToGrid())
-        m_scene->snapped(scenePos); // shows what it would snap to
+        m_scene->snapped(mapToScene(event->pos())); // shows where it would land
 }
 
 void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)

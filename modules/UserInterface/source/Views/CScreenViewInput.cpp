@@ -103,7 +103,10 @@ void CScreenView::selectNext()
         return;
     const QVector<CItemModel *> selected = selectedItems();
     const int next = selected.isEmpty() ? 0 : (selected.constLast()->row() + 1) % rows;
-    selectCreated({screen()->childItem(next)});
+    CItemModel *item = screen()->childItem(next);
+    selectCreated({item});
+    if (const CItemView *itemView = m_scene->viewOf(item))
+        ensureVisible(itemView->sceneRect());
 }
 
 // --- mouse ---
@@ -186,11 +189,16 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
     QGraphicsView::mousePressEvent(event);
 }
 
-void CScreenView::mouseMoveEvent(QMouseEvent *event)
+void CScreenView::reportPointer(const QPoint &position)
 {
-    const QPointF scenePos = mapToScene(event->pos());
+    const QPointF scenePos = mapToScene(position);
     Q_EMIT mouseMovedSC(QPoint(static_cast<int>(std::floor(scenePos.x())),
                                static_cast<int>(std::floor(scenePos.y()))));
+}
+
+void CScreenView::mouseMoveEvent(QMouseEvent *event)
+{
+    reportPointer(event->pos());
     if (m_panning) {
         const QPoint by = event->pos() - m_panPos;
         m_panPos = event->pos();

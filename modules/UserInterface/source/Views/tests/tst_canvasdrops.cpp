@@ -1,6 +1,7 @@
 // What is dropped on a canvas: kinds from the palette, items from the explorer, files.
 #include "CWidgetSelectionView.h"
 #include "CanvasFixture.h"
+#include "CanvasRoles.h"
 #include "ItemDrag.h"
 
 #include <QApplication>
@@ -20,6 +21,9 @@ bool drop(const Canvas &canvas, const QMimeData &dropped, QPointF scenePos)
     QDragEnterEvent enter(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped,
                           Qt::LeftButton, {});
     QCoreApplication::sendEvent(canvas.view->viewport(), &enter);
+    QDragMoveEvent move(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped,
+                        Qt::LeftButton, {});
+    QCoreApplication::sendEvent(canvas.view->viewport(), &move);
     QDropEvent event(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton,
                      {});
     event.ignore();
@@ -83,6 +87,10 @@ void tst_CanvasDrops::kindsFromThePalette()
     dropKind("Kiv_Arrow_T", {131, 49});
     CItemModel *arrow = canvas.screen->childItem(0);
     QVERIFY(arrow);
+    for (const QGraphicsItem *each : canvas.view->scene()->items()) {
+        const int role = each->data(CanvasRole::RoleKey).toInt();
+        QVERIFY(role != CanvasRole::SnapCross || !each->isVisible()); // only during the drag
+    }
     QCOMPARE(placeOf(arrow), QPointF(140, 40));
     QCOMPARE(QPointF(arrow->x2(), arrow->y2()), QPointF(260, 40)); // it keeps its length
     QCOMPARE(arrow->id(), 1u);

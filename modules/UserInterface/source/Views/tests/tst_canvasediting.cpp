@@ -280,6 +280,10 @@ void tst_CanvasEditing::panning()
     viewportDrag(Qt::LeftButton, {300, 300}, {-40, 10}); // Space is up again: this moves the item
     QCOMPARE(origin(), start + QPoint(-10, -10));
     QVERIFY(savedBytes(*canvas.project) != before);
+    CItemModel *far = appendBox(canvas.screen, 440, 250, 20, 10);
+    QTest::keyClick(canvas.view.get(), Qt::Key_Tab); // what it selects comes into sight
+    QVERIFY(canvas.viewOf(far)->isSelected());
+    QVERIFY(canvas.view->viewport()->rect().contains(canvas.at({450, 255})));
 }
 
 void tst_CanvasEditing::contextMenu()
