@@ -23,6 +23,7 @@ int wholeFactor(double scale)
 CFrameItem::CFrameItem()
 {
     setZValue(-1.0);
+    setFlag(ItemUsesExtendedStyleOption); // else all of the frame is to be painted, at any zoom
     setAcceptedMouseButtons(Qt::NoButton);
     setShapeMode(QGraphicsPixmapItem::BoundingRectShape);
 }
