@@ -49,6 +49,7 @@ private Q_SLOTS:
     void grid();
     void outlines();
     void guidesDuringADrag();
+    void theFrameAtEveryZoom();
     void frames_data();
     void frames();
 };
@@ -153,6 +154,31 @@ void tst_CanvasPainting::guidesDuringADrag()
     picture = pictureOf(canvas);
     QCOMPARE(countOf(picture, GuideColour), 0);
     QCOMPARE(countOf(picture, CrossColour), 0);
+}
+
+/// Also where only a part of it is in sight and painted.
+void tst_CanvasPainting::theFrameAtEveryZoom()
+{
+    CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
+    Canvas canvas;
+    canvas.show();
+    QImage frame(1024, 768, QImage::Format_RGB32);
+    for (int y = 0; y < frame.height(); ++y) {
+        for (int x = 0; x < frame.width(); ++x)
+            frame.setPixel(x, y, qRgb(std::min(x, 255), std::min(y, 255), 90));
+    }
+    canvas.view->setFrame(QPixmap::fromImage(frame));
+    for (const int percent : {100, 150, 400, 3000}) {
+        canvas.view->zoom(percent, 0);
+        const QImage picture = pictureOf(canvas);
+        for (const QPoint at : {QPoint(200, 200), QPoint(350, 333)}) {
+            const QPointF seen = canvas.view->viewportTransform().inverted().map(QPointF(at));
+            const QColor colour = picture.pixelColor(at); // its place in the frame
+            QCOMPARE(colour.blue(), 90);
+            QVERIFY(std::abs(colour.red() - seen.x()) < 2 &&
+                    std::abs(colour.green() - seen.y()) < 2);
+        }
+    }
 }
 
 void tst_CanvasPainting::frames_data()
