@@ -108,6 +108,11 @@ void CMainPanels::connectPanels()
     connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
             &CMainPanels::selectionChanged);
     connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
+    connect(m_explorer, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
+        CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(index));
+        if (item && item->isGrouped())
+            reveal(item);
+    });
     connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_screens, &CScreen::viewResized, m_navigator->viewport(),
@@ -248,16 +253,23 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
             continue;
         CItemModel *item = findItem(screen, id);
         if (!item)
-            continue;                  // another screen may have the same name
-        CItemModel *selectable = item; // a member of a group is found through its group
-        while (selectable->parent() != screen)
-            selectable = static_cast<CItemModel *>(selectable->parent());
+            continue; // another screen may have the same name
         m_screens->openScreen(screen);
-        m_screens->selectItems({selectable});
-        m_explorer->selectItems({selectable});
-        showSelection({item});
+        reveal(item);
         return;
     }
+}
+
+/// A member of a group is selected only through its group; its properties can be edited all the
+/// same.
+void CMainPanels::reveal(CItemModel *item)
+{
+    CItemModel *selectable = item;
+    while (selectable->isGrouped())
+        selectable = static_cast<CItemModel *>(selectable->parent());
+    m_screens->selectItems({selectable});
+    m_explorer->selectItems({selectable});
+    showSelection({item});
 }
 
 void CMainPanels::finishEdits()

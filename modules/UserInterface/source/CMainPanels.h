@@ -63,6 +63,7 @@ private:
     void showScreen(CScreenModel *screen);
     QList<CItemModel *> itemsAt(const QModelIndexList &indexes) const;
     void showSelection(const QList<CItemModel *> &items);
+    void reveal(CItemModel *item);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
     void layOut();

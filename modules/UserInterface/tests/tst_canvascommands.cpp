@@ -329,6 +329,22 @@ private Q_SLOTS:
         QVERIFY(readFile(m_folder->path("demo.nyx")).contains("x_coordinate=\"77\""));
     }
 
+    /// A member cannot be selected by itself, but its properties are what the click asked for.
+    void aClickOnAMemberOfAGroupShowsItsPropertiesAndSelectsTheGroup()
+    {
+        m_window->show();
+        CItemModel *member = select("AB");
+        trigger(CMenuBar::Group);
+        auto *group = static_cast<CItemModel *>(member->parent());
+        auto *explorer = m_window->findChild<CProjectExplorerView *>();
+        explorer->expandAll();
+        QTest::mouseClick(explorer->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          explorer->visualRect(member->index()).center());
+        QCOMPARE(m_screens->selectedItems(), QList<CItemModel *>{group});
+        QCOMPARE(explorer->selectionModel()->selectedIndexes(), QModelIndexList{group->index()});
+        QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), member);
+    }
+
     void theExplorerHasOneContextMenu()
     {
         auto *explorer = m_window->findChild<CProjectExplorerView *>();
