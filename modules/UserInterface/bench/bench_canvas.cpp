@@ -12,6 +12,7 @@
 #include "CScreenScene.h"
 #include "CScreenView.h"
 #include "CTimedApplication.h"
+#include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
 
 #include <QElapsedTimer>
@@ -109,8 +110,9 @@ public:
         print(QStringLiteral("open %1").arg(m_widgets));
     }
 
-    void drag(int selected, bool snapping)
+    void drag(int selected, bool snapping, int percent = 100)
     {
+        CEditorState::instance()->setZoom(percent, CZoomComboWidget::FreeValue);
         CEditorState::instance()->setSnapToGrid(snapping);
         CScreenScene *scene = m_screens->currentView()->screenScene();
         for (int row = 0; row < selected; ++row)
@@ -123,9 +125,10 @@ public:
         begin();
         for (int step = 1; step <= Moves; ++step)
             move(from + QPointF(step * 23 % 700, step * 31 % 400));
-        print(QStringLiteral("drag %1 of %2%3")
+        print(QStringLiteral("drag %1 of %2 at %3 %%4")
                   .arg(selected)
                   .arg(m_widgets)
+                  .arg(percent)
                   .arg(snapping ? QStringLiteral(", snapping") : QString()));
         drop(from);
         m_window.project()->undoStack()->undo();
@@ -257,6 +260,8 @@ int main(int argc, char **argv)
     bench.opening();
     bench.drag(1, false);
     bench.drag(1, true);
+    bench.drag(1, false, 150);
+    bench.drag(1, false, 400);
     bench.drag(100, false);
     bench.drag(100, true);
     return 0;
