@@ -106,6 +106,7 @@ TEST(DisplayListText, blanksAndHexadecimalAreAccepted)
 {
     EXPECT_EQ(assemble(" DISC ( 0x10 ,\t-0x10 ,\n80 ) ;\r\n", nullptr),
               (std::vector<uint32_t>{0x10000050, 0xFFF00010}));
+    EXPECT_EQ(assemble("CLEAR(0xAF09af);", nullptr), std::vector<uint32_t>{0x01AF09AF});
     EXPECT_EQ(assemble(" \n", nullptr), std::vector<uint32_t>{});
     EXPECT_EQ(toBytes({0x01020304}), (std::vector<uint8_t>{4, 3, 2, 1})) << "little-endian";
     const uint8_t bytes[] = {4, 3, 2, 1, 9, 9, 9};

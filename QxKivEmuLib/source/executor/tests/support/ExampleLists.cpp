@@ -1,6 +1,7 @@
 #include "ExampleLists.h"
 
 #include "displaylist/CDisplayListWriter.h"
+#include "displaylist/DisplayListText.h"
 #include "executor/BitmapFormats.h"
 
 #include <cmath>
@@ -18,33 +19,32 @@ SExample finished(const char *name, CDisplayListWriter &writer, CRamG memory)
     return {name, writer.words(), std::move(memory)};
 }
 
-SExample shapes()
-{
-    CDisplayListWriter writer(DisplayListBytes);
-    writer.clear(0xFF203040);
-    writer.item(1);
-    writer.gradient({0, 0}, {160 * 16, 60 * 16}, 0, 90 * 64, 0xFF24476B, 0xFF0B1622);
-    writer.gradient({100 * 16, 70 * 16}, {40 * 16 + 5, 30 * 16 + 9}, 100, 30 * 64, 0x80FF0000,
-                    0xFF00FF00);
-    writer.item(2);
-    writer.setColour(0xFFFF8000);
-    writer.disc({20 * 16 + 3, 20 * 16 + 7}, 150);
-    writer.setColour(0x60FFFFFF);
-    writer.disc({30 * 16, 25 * 16}, 200);
-    writer.item(3);
-    writer.setLineWidth(40);
-    writer.line({5 * 16, 100 * 16}, {70 * 16 + 4, 60 * 16 + 9});
-    writer.setBlend(false);
-    writer.fillRect({60 * 16 + 5, 10 * 16 + 3}, {50 * 16, 30 * 16}, 90);
-    writer.setBlend(true);
-    writer.setLineWidth(24);
-    writer.setColour(0xFF9FC3E6);
-    writer.strokeRect({60 * 16 + 5, 10 * 16 + 3}, {50 * 16, 30 * 16}, 90);
-    writer.item(4);
-    writer.arc({130 * 16, 30 * 16}, 20 * 16, 140 * 64, 260 * 64, EArcCaps::Round);
-    writer.arc({130 * 16, 30 * 16}, 12 * 16, 0, -100 * 64, EArcCaps::Butt);
-    return finished("shapes", writer, CRamG(MemoryBytes));
-}
+// Shapes; texts, one of them clipped at both sides; and states within states.
+const std::pair<const char *, const char *> Texts[] = {
+    {"shapes", R"(
+    CLEAR(0x203040); ITEM(1); GRADIENT(0, 0, 2560, 960, 0, 5760, 0xff24476b, 0xff0b1622);
+    GRADIENT(1600, 1120, 645, 489, 100, 1920, 0x80ff0000, 0xff00ff00); ITEM(2);
+    COLOR(0xff8000); DISC(323, 327, 150); COLOR(0xffffff); ALPHA(96); DISC(480, 400, 200);
+    ITEM(3); LINE_WIDTH(40); LINE(80, 1600, 1124, 969); BLEND(0);
+    FILL_RECT(965, 163, 800, 480, 90); BLEND(1); LINE_WIDTH(24); COLOR(0x9fc3e6); ALPHA(255);
+    STROKE_RECT(965, 163, 800, 480, 90); ITEM(4); ARC(2080, 480, 320, 8960, 16640, 0);
+    ARC(2080, 480, 192, 0, -6400, 1); END();)"},
+    {"texts", R"(
+    ITEM(21); COLOR(0xd0e4ff); ALPHA(144); TEXT(80, 224, 16); CHARS("Tan"); CHARS("k 4");
+    CHARS("2 \xb0"); CHARS("C\x3b "); CHARS("\x22\x5c"); TEXT(84, 640, 20); CHARS("Tan");
+    CHARS("k 4"); CHARS("2 \xb0"); CHARS("C\x3b "); CHARS("\x22\x5c"); COLOR(0xffffff);
+    ALPHA(255); TEXT(90, 1056, 26); CHARS("Tan"); CHARS("k 4"); CHARS("2 \xb0");
+    CHARS("C\x3b "); CHARS("\x22\x5c"); COLOR(0xd0e4ff); ALPHA(144); TEXT(92, 1472, 28);
+    CHARS("Tan"); CHARS("k 4"); CHARS("2 \xb0"); CHARS("C\x3b "); CHARS("\x22\x5c");
+    TEXT(-100, 1760, 34); CHARS("cli"); CHARS("ppe"); CHARS("d a"); CHARS("t b");
+    CHARS("oth"); CHARS(" si"); CHARS("des"); END();)"},
+    {"states", R"(
+    CLEAR(0x102030); SAVE(); SCISSOR(20, 10, 90, 70); COLOR(0xff0000);
+    FILL_RECT(0, 0, 2560, 1920, 0); SAVE(); SCISSOR(40, 30, 200, 20); COLOR(0x00ff00);
+    ALPHA(128); BLEND(0); DISC(960, 640, 480); TEXT(480, 768, 30); CHARS("cli"); CHARS("p");
+    RESTORE(); DISC(1440, 1280, 480); CLEAR(0x0000ff); RESTORE(); SCISSOR(-5, 100, 50, 1000);
+    DISC(320, 1600, 480); END();)"},
+};
 
 SExample paths()
 {
@@ -73,20 +73,6 @@ SExample paths()
     writer.setColour(0x40FF00FF);
     writer.polygon(far, 4);
     return finished("paths", writer, CRamG(MemoryBytes));
-}
-
-SExample texts()
-{
-    CDisplayListWriter writer(DisplayListBytes);
-    writer.item(21);
-    int y = 14;
-    for (const int font : {16, 20, 26, 28}) {
-        writer.setColour(font % 4 ? 0xFFFFFFFF : 0x90D0E4FF);
-        writer.text(font, {4 * 16 + font, y * 16}, "Tank 42 \xB0\x43; \"\\");
-        y += 26;
-    }
-    writer.text(34, {-100, 110 * 16}, "clipped at both sides");
-    return finished("texts", writer, CRamG(MemoryBytes));
 }
 
 SExample bitmaps()
@@ -126,36 +112,13 @@ SExample bitmaps()
     return finished("bitmaps", writer, std::move(memory));
 }
 
-SExample states()
-{
-    CDisplayListWriter writer(DisplayListBytes);
-    writer.clear(0xFF102030);
-    writer.save();
-    writer.setScissor(20, 10, 90, 70);
-    writer.setColour(0xFFFF0000);
-    writer.fillRect({0, 0}, {160 * 16, 120 * 16}, 0);
-    writer.save();
-    writer.setScissor(40, 30, 200, 20);
-    writer.setColour(0x8000FF00);
-    writer.setBlend(false);
-    writer.disc({60 * 16, 40 * 16}, 30 * 16);
-    writer.text(30, {30 * 16, 48 * 16}, "clip");
-    writer.restore();
-    writer.disc({90 * 16, 80 * 16}, 30 * 16);
-    writer.clear(0xFF0000FF);
-    writer.restore();
-    writer.setScissor(-5, 100, 50, 1000);
-    writer.disc({20 * 16, 100 * 16}, 30 * 16);
-    return finished("states", writer, CRamG(MemoryBytes));
-}
-
 } // namespace
 
 std::vector<SExample> exampleLists()
 {
-    std::vector<SExample> examples;
-    for (const auto make : {shapes, paths, texts, bitmaps, states})
-        examples.push_back(make());
+    std::vector<SExample> examples = {paths(), bitmaps()};
+    for (const auto &[name, text] : Texts)
+        examples.push_back({name, assemble(text, nullptr).value(), CRamG(MemoryBytes)});
     return examples;
 }
 
