@@ -120,6 +120,9 @@ TEST(Crisp, rectanglesOnWholePixels)
     SSheet sheet(40, 30);
     sheet.raster.fillRect(at(3, 4), at(20, 11), 0, {White});
     expectLevels(sheet, [](int x, int y) { return x >= 3 && x < 23 && y >= 4 && y < 15; });
+    SSheet corners(40, 30);
+    polygon(corners.raster, 0, 0, {at(3, 4), at(23, 4), at(23, 15), at(3, 15)});
+    expectSame(corners, sheet);
     SSheet frame(40, 30);
     frame.raster.strokeRect(at(3.5, 4.5), at(19, 10), 0, 16, {White});
     expectLevels(frame, [](int x, int y) {
@@ -155,13 +158,6 @@ TEST(Crisp, fractionsOfPixelsAreExactAreas)
                    overlap(x, 11, 60) * overlap(y, 9.25, 27.75);
         },
         0.51);
-}
-
-TEST(Crisp, polygonOfWholePixelsEqualsTheRectangle)
-{
-    SSheet sheet(40, 30);
-    polygon(sheet.raster, 0, 0, {at(3, 4), at(23, 4), at(23, 15), at(3, 15)});
-    expectLevels(sheet, [](int x, int y) { return x >= 3 && x < 23 && y >= 4 && y < 15; });
 }
 
 // --- Symmetry
