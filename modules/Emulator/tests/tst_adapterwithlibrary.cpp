@@ -2,6 +2,7 @@
 #include "CEmulatorSession.h"
 #include "CModelIterator.h"
 #include "CProgramData.h"
+#include "CProjectExporter.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>
@@ -89,6 +90,12 @@ void tst_AdapterWithLibrary::showsTheScreen()
     QTRY_COMPARE(m_shown.size(), 2);
     QCOMPARE(m_shown[1].corner, 0xFF654321u);
     QCOMPARE(m_shown[1].size, QSize(320, 272));
+
+    const auto screens = CProjectExporter(m_adapter).collect(
+        m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames);
+    QCOMPARE(screens->size(), 3);
+    QCOMPARE(screens->at(1).text, QString("CLEAR(0x654321);\nEND();\n"));
+    QCOMPARE(screens->at(1).frame.pixel(319, 271), 0xFF654321u);
 }
 
 void tst_AdapterWithLibrary::stopsWhileBusy()
