@@ -25,9 +25,7 @@ QIcon iconOf(const QPixmap &picture, double ratio)
         QPixmap fitting =
             picture.scaled(IconSize * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         fitting.setDevicePixelRatio(ratio);
-        QIcon icon(fitting);
-        icon.addPixmap(fitting, QIcon::Selected); // picked ones keep their colours
-        return icon;
+        return CThemeIcons::untinted(fitting);
     }
     QPixmap frame(IconSize.width(), IconSize.width() * 9 / 16);
     frame.fill(Qt::transparent);

@@ -41,3 +41,10 @@ QIcon CThemeIcons::icon(const QString &resource)
     }
     return QFile::exists(resource) ? QIcon(resource) : QIcon();
 }
+
+QIcon CThemeIcons::untinted(const QPixmap &picture)
+{
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
+}

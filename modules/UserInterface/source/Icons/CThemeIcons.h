@@ -15,4 +15,7 @@ public:
     /// The icon with the given resource name, e.g. ":/images/Save.png". A picture that has no
     /// variants for the themes comes as it is; a name that does not exist gives a null icon.
     static QIcon icon(const QString &resource);
+
+    /// A picture as an icon whose colours stay the same in a selected row.
+    static QIcon untinted(const QPixmap &picture);
 };

@@ -2,8 +2,11 @@
 
 #include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
+#include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CThemeIcons.h"
+#include "CToolboxModel.h"
+#include "CWidgetLibraryManager.h"
 #include "PropertyKey.h"
 
 #include <QLineEdit>
@@ -11,6 +14,8 @@
 #include <QUndoStack>
 
 namespace {
+
+constexpr QSize IconSize(16, 16);
 
 const CItemModel *itemOf(const QModelIndex &index)
 {
@@ -29,7 +34,7 @@ CExplorerDelegate::CExplorerDelegate(QObject *parent)
 {
 }
 
-const QIcon &CExplorerDelegate::iconOf(const CItemModel &item) const
+QIcon CExplorerDelegate::iconOf(const CItemModel &item) const
 {
     switch (item.kind()) {
     case CItemModel::Kind::Screen:
@@ -37,8 +42,30 @@ const QIcon &CExplorerDelegate::iconOf(const CItemModel &item) const
     case CItemModel::Kind::Group:
         return m_groupIcon;
     default:
-        return m_widgetIcon;
+        return kindIcon(item.itemTypeName());
     }
+}
+
+/// The picture that the palette has for a kind, small.
+QIcon CExplorerDelegate::kindIcon(const QString &type) const
+{
+    const auto known = m_kindIcons.constFind(type);
+    if (known != m_kindIcons.constEnd())
+        return *known;
+    const CWidgetLibraryManager &manager = CWidgetLibraryManager::instance();
+    const CToolboxModel *palette = manager.toolboxModel(CPlatformTable::chipCode(QString()));
+    QIcon icon = m_widgetIcon;
+    for (int row = 0; palette && row < palette->rowCount(); ++row) {
+        const QModelIndexList found =
+            palette->match(palette->index(0, 0, palette->index(row, 0)), CToolboxModel::TypeRole,
+                           type, 1, Qt::MatchExactly);
+        if (!found.isEmpty())
+            icon = CThemeIcons::untinted(
+                found.first().data(Qt::DecorationRole).value<QIcon>().pixmap(IconSize));
+    }
+    if (palette)
+        m_kindIcons.insert(type, icon);
+    return icon;
 }
 
 void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,

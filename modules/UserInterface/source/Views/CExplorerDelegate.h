@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QIcon>
 #include <QStyledItemDelegate>
 
@@ -23,10 +24,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
-    const QIcon &iconOf(const CItemModel &item) const;
+    QIcon iconOf(const CItemModel &item) const;
+    QIcon kindIcon(const QString &type) const;
 
     const QIcon m_screenIcon;
     const QIcon m_groupIcon;
-    const QIcon m_widgetIcon;
+    const QIcon m_widgetIcon; ///< of kinds that are not in the palette
+    mutable QHash<QString, QIcon> m_kindIcons;
     const QIcon m_lockIcon;
 };

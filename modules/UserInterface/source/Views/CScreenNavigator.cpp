@@ -3,6 +3,7 @@
 #include "CEmulatorAdapter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CThemeIcons.h"
 #include "PropertyKey.h"
 
 #include <QPainter>
@@ -181,9 +182,7 @@ void CScreenNavigator::showThumbnail(QListWidgetItem *entry, const QPixmap &fram
     else
         thumbnail = frame.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     thumbnail.setDevicePixelRatio(ratio);
-    QIcon icon(thumbnail);
-    icon.addPixmap(thumbnail, QIcon::Selected); // else the style would tint it, and colours matter
-    entry->setIcon(icon);
+    entry->setIcon(CThemeIcons::untinted(thumbnail));
     entry->setToolTip(entry->text());
 }
 
