@@ -28,7 +28,8 @@ QDomNodeList elements(const QString &path, const char *kind)
 }
 } // namespace
 
-CEditor::CEditor(CDisplay *display, const QByteArray &project) : m_display(display)
+CEditor::CEditor(CDisplay *display, const QByteArray &project, int autosaveInterval)
+    : m_display(display)
 {
     // The program writes its settings beside itself; links would lead it to the build's folder.
     const QDir bin(qEnvironmentVariable("KIV_BIN_DIR"));
@@ -38,7 +39,8 @@ CEditor::CEditor(CDisplay *display, const QByteArray &project) : m_display(displ
     for (const char *name : {"widget-library.xml", "kiv_render.lua"})
         QVERIFY(
             QFile::link(bin.filePath(QLatin1String(name)), m_folder.filePath(QLatin1String(name))));
-    write(m_folder.filePath(QStringLiteral("config.ini")), "[General]\nautosaveInterval=0\n");
+    write(m_folder.filePath(QStringLiteral("config.ini")),
+          "[General]\nautosaveInterval=" + QByteArray::number(autosaveInterval) + '\n');
     write(projectFile(), project);
 
     QProcessEnvironment environment = display->environment();
@@ -47,9 +49,20 @@ CEditor::CEditor(CDisplay *display, const QByteArray &project) : m_display(displ
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("endtoendprobe"));
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    start();
+    activate();
+}
+
+void CEditor::start()
+{
     m_process.start(m_folder.filePath(QStringLiteral("panel-composer")), {projectFile()});
     QVERIFY(m_process.waitForStarted(PatientTime));
-    activate();
+}
+
+void CEditor::kill()
+{
+    m_process.kill();
+    QVERIFY(m_process.waitForFinished(PatientTime));
 }
 
 CEditor::~CEditor()
@@ -113,6 +126,18 @@ void CEditor::focus(const QString &question, const char *widgetClass)
         return QTest::qWaitFor(isThere, ClickTime);
     };
     QVERIFY2(QTest::qWaitFor(clickThere, PatientTime), widgetClass);
+}
+
+void CEditor::clickAway(const QString &question)
+{
+    place(question);
+    const auto isGone = [&] { return ask(question) == QLatin1String("none"); };
+    const auto clickThere = [&] {
+        if (!isGone())
+            m_display->click(place(question));
+        return QTest::qWaitFor(isGone, ClickTime);
+    };
+    QVERIFY2(QTest::qWaitFor(clickThere, PatientTime), qPrintable(question));
 }
 
 void CEditor::picture(const char *name)

@@ -14,8 +14,13 @@ class CDisplay;
 class CEditor
 {
 public:
-    CEditor(CDisplay *display, const QByteArray &project);
+    /// `autosaveInterval` in seconds; 0: off.
+    CEditor(CDisplay *display, const QByteArray &project, int autosaveInterval = 0);
     ~CEditor();
+
+    /// Starts the program; the constructor has done so once.
+    void start();
+    void kill(); ///< as a crash does
 
     /// Brings its window to the front and gives it the focus.
     void activate();
@@ -27,6 +32,8 @@ public:
     /// Clicks at a place until the widget there, of that class, has the focus. The window may still
     /// be on its way when the first click comes.
     void focus(const QString &question, const char *widgetClass);
+    /// Clicks on what goes away when it is clicked, such as the button of a dialog.
+    void clickAway(const QString &question);
     void picture(const char *name);
     /// Ctrl+Q, and the way to the end.
     void quit();

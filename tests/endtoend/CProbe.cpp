@@ -1,5 +1,6 @@
 #include "CProbe.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
@@ -91,6 +92,13 @@ QString answerTo(const QString &question)
         const QWidget *widget =
             visibleWidget([&rest](const QWidget *each) { return each->objectName() == rest; });
         return widget ? placeOf(widget, widget->rect()) : QStringLiteral("none");
+    }
+    if (subject == QLatin1String("button")) {
+        const QWidget *button = visibleWidget([&rest](const QWidget *each) {
+            const auto *candidate = qobject_cast<const QAbstractButton *>(each);
+            return candidate && candidate->text().remove(QLatin1Char('&')) == rest;
+        });
+        return button ? placeOf(button, button->rect()) : QStringLiteral("none");
     }
     if (subject == QLatin1String("row"))
         return row(rest.section(QLatin1Char(' '), 0, 0), rest.section(QLatin1Char(' '), 1));

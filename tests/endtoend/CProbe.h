@@ -9,6 +9,7 @@
 /// standard input each, with a line on the standard output.
 ///   scene X Y        where a point of the shown page lies
 ///   widget NAME      the middle of the visible widget of that object name
+///   button TEXT      the middle of the visible button with that text
 ///   row CLASS TEXT   the middle of the row of a view
 ///   menu TEXT        the middle of the entry of the open menu
 ///   windows          the classes of the visible top-level windows
