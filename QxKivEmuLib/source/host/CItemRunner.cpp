@@ -109,7 +109,8 @@ void CItemRunner::draw(lua_State *state, size_t item)
 bool CItemRunner::run(lua_State *state, size_t item)
 {
     if (m_snapshot->kind(item) == CSnapshot::EKind::Unknown) {
-        m_errors->add(m_snapshot->label(item), "the widget library has no such kind");
+        m_errors->add(m_snapshot->label(item),
+                      "the widget library has no such kind, or no render commands for it");
         return false;
     }
     const SChunk &chunk = chunkOf(state, item);

@@ -97,8 +97,9 @@ TEST_F(ItemErrors, groupsDrawNothingAndUnknownKindsAHatchedBox)
     m_model.add("", "Kiv_Unknown_T");
     m_model.add("", "Kiv_Nameless_T").id.clear();
     const SHostRun result = run();
-    EXPECT_EQ(result.errors, "Kiv_Unknown_T 2: the widget library has no such kind\n"
-                             "Kiv_Nameless_T: the widget library has no such kind");
+    EXPECT_EQ(result.errors,
+              "Kiv_Unknown_T 2: the widget library has no such kind, or no render commands for it\n"
+              "Kiv_Nameless_T: the widget library has no such kind, or no render commands for it");
     EXPECT_FALSE(result.has("ITEM(1)"));
     EXPECT_TRUE(result.has("ITEM(2)"));
     EXPECT_TRUE(result.has("STROKE_RECT"));
