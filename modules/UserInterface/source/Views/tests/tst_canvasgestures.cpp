@@ -16,6 +16,7 @@ private Q_SLOTS:
     void everyHandleIsOneStep();
     void aDragSnaps_data();
     void aDragSnaps();
+    void noHalfUnitsAreLeft();
     void severalItemsMoveTogether();
     void aGroupMovesItsMembers();
     void aLockedItemStays();
@@ -122,6 +123,28 @@ void tst_CanvasGestures::aDragSnaps()
     } else {
         canvas.checkOneStep(before);
         QCOMPARE(canvas.stack.text(0), QString("Move Selected Items"));
+    }
+}
+
+void tst_CanvasGestures::noHalfUnitsAreLeft()
+{
+    Canvas canvas;
+    CItemModel *item = appendBox(canvas.screen, 244, 100, 40, 30);
+    appendBox(canvas.screen, 223, 47, 41, 30); // its centre lies at 243.5
+    canvas.show();
+    const QByteArray before = savedBytes(*canvas.project);
+    for (const bool cancelled : {true, false}) {
+        canvas.press({250, 110});
+        canvas.move({270, 110});
+        canvas.move({249, 110});
+        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(243.5, 100));
+        if (cancelled)
+            QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+        else
+            canvas.release({249, 110});
+        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(244, 100));
+        QCOMPARE(savedBytes(*canvas.project), before);
+        canvas.release({249, 110});
     }
 }
 
