@@ -46,5 +46,6 @@ QIcon CThemeIcons::untinted(const QPixmap &picture)
 {
     QIcon icon(picture);
     icon.addPixmap(picture, QIcon::Selected);
+    icon.addPixmap(picture, QIcon::Disabled);
     return icon;
 }

@@ -16,6 +16,6 @@ public:
     /// variants for the themes comes as it is; a name that does not exist gives a null icon.
     static QIcon icon(const QString &resource);
 
-    /// A picture as an icon whose colours stay the same in a selected row.
+    /// A picture as an icon whose colours stay the same in selected and in disabled rows.
     static QIcon untinted(const QPixmap &picture);
 };

@@ -1,5 +1,6 @@
 #include "CPropertyManager.h"
 
+#include "CThemeIcons.h"
 #include "CWidgetProperty.h"
 
 #include <QApplication>
@@ -198,11 +199,9 @@ QIcon CPropertyManager::valueIcon(const QtProperty *property) const
 {
     if (propertyType(property) == QVariant::Bool)
         return checkIcon(value(property).toBool());
-    QIcon icon = QtVariantPropertyManager::valueIcon(property);
-    const QList<QSize> sizes = icon.availableSizes();
-    if (!sizes.isEmpty()) // a colour, which stays the same in a selected row
-        icon.addPixmap(icon.pixmap(sizes.first()), QIcon::Selected);
-    return icon;
+    const QIcon icon = QtVariantPropertyManager::valueIcon(property);
+    const QList<QSize> sizes = icon.availableSizes(); // none for most types
+    return sizes.isEmpty() ? icon : CThemeIcons::untinted(icon.pixmap(sizes.first()));
 }
 
 QString CPropertyManager::rangeText(const CWidgetProperty &property)
