@@ -2,13 +2,13 @@
 #include "ScreenDocuments.h"
 
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include <memory>
 
-/// Damaged documents through all readers: nothing crashes, and what is accepted can be saved and
-/// read back as the same. A failure prints the seed of its round.
+/// Documents of screens and items outside a project, and damaged documents through all readers:
+/// nothing crashes, and what is accepted can be saved and read back as the same. A failure prints
+/// the seed of its round.
 class tst_ModelFuzz : public QObject
 {
     Q_OBJECT
@@ -18,6 +18,10 @@ private Q_SLOTS:
     void projects();
     void copies();
     void libraries();
+    void copiedScreens();
+    void copiedItems();
+    void pageFile();
+    void malformedCopies();
 
 private:
     QByteArray mutated(const QByteArray &source, QRandomGenerator &random) const;
@@ -186,6 +190,92 @@ void tst_ModelFuzz::libraries()
     }
     qInstallMessageHandler(nullptr);
     QVERIFY2(accepted > 200, qPrintable(QString::number(accepted)));
+}
+
+void tst_ModelFuzz::copiedScreens()
+{
+    const auto project = randomProject(5, 60);
+    const QByteArray xml =
+        ScreenDocuments::ofCopiedScreens({project->screen(0), project->screen(1)});
+    const QDomElement root = ScreenDocuments::copiedScreens(
+        ScreenDocuments::fromClipboard(ScreenDocuments::toClipboard(xml)));
+    QCOMPARE(root.tagName(), QStringLiteral("CopyScreenXML"));
+    QCOMPARE(root.firstChildElement().tagName(), QStringLiteral("Screen"));
+
+    CProjectModel target;
+    target.newProject({{PropertyKey::Platform, project->platform()}});
+    CScreenModel *second = target.buildScreen(root.firstChildElement().nextSiblingElement(), 0);
+    CScreenModel *first = target.buildScreen(root.firstChildElement(), -1);
+    QCOMPARE(target.screen(0), second);
+    QCOMPARE(target.screen(2), first);
+    QCOMPARE(first->rowCount(), project->screen(0)->rowCount());
+    QCOMPARE(first->text(), project->screen(0)->text());
+    QVERIFY(first->project() == &target);
+
+    QSet<quint32> ids; // all different
+    int withId = 0;
+    const std::function<void(const CItemModel *)> collect = [&](const CItemModel *item) {
+        if (item->hasProperty(PropertyKey::Id)) {
+            ids.insert(item->id());
+            ++withId;
+        }
+        for (int row = 0; row < item->rowCount(); ++row)
+            collect(item->childItem(row));
+    };
+    for (int row = 0; row < 3; ++row)
+        collect(target.screen(row));
+    QVERIFY(withId > 10);
+    QCOMPARE(ids.size(), withId);
+    QVERIFY(!ids.contains(0));
+}
+
+void tst_ModelFuzz::copiedItems()
+{
+    const auto project = randomProject(6, 60);
+    QVector<const CItemModel *> items;
+    for (int row = 0; row < project->screen(0)->rowCount(); ++row)
+        items.append(project->screen(0)->childItem(row));
+    const QDomElement root = ScreenDocuments::copiedItems(ScreenDocuments::ofCopiedItems(items));
+    QCOMPARE(root.tagName(), QStringLiteral("CopyXML"));
+    CScreenModel holding(project.get()); // as a paste does
+    holding.loadFromElement(root);
+    QCOMPARE(holding.rowCount(), items.size());
+    for (int row = 0; row < items.size(); ++row)
+        QCOMPARE(describe(*holding.childItem(row)), describe(*items.at(row)));
+}
+
+void tst_ModelFuzz::pageFile()
+{
+    const auto project = randomProject(7, 20);
+    const QByteArray xml = ScreenDocuments::ofPageFile({project->screen(0)});
+    QVERIFY(xml.startsWith("<ScreenSave>\n <Screen "));
+    QVERIFY(ScreenDocuments::copiedScreens(xml).isNull());
+    QString error;
+    QVERIFY(!ScreenDocuments::pageFile(xml, &error).isNull());
+    QVERIFY(error.isEmpty());
+    QVERIFY(ScreenDocuments::copiedItems(xml, &error).isNull());
+    QVERIFY(error.contains(QStringLiteral("CopyXML")));
+}
+
+void tst_ModelFuzz::malformedCopies()
+{
+    for (const QByteArray &xml :
+         {QByteArray(), QByteArray("<CopyXML><Test_Box_T"), // cut
+          QByteArray("<a><CopyXML/><ScreenSave/><CopyScreenXML/></a>"),
+          QByteArray("<!DOCTYPE a><CopyXML/>"),
+          "<CopyXML>" + QByteArray("<Widget_Group_T>").repeated(1000) +
+              QByteArray("</Widget_Group_T>").repeated(1000) + "</CopyXML>"}) {
+        for (const auto read : {ScreenDocuments::copiedScreens, ScreenDocuments::pageFile,
+                                ScreenDocuments::copiedItems}) {
+            QString error;
+            QVERIFY2(read(xml, &error).isNull(), xml.left(80).constData());
+            QVERIFY(!error.isEmpty());
+        }
+    }
+    const QByteArray data = ScreenDocuments::toClipboard("<a/>");
+    for (int size = 0; size < data.size(); ++size)
+        QCOMPARE(ScreenDocuments::fromClipboard(data.left(size)), QByteArray());
+    QCOMPARE(ScreenDocuments::fromClipboard(QByteArray("\xff\xff\xff\xf0 rest", 9)), QByteArray());
 }
 
 QTEST_MAIN(tst_ModelFuzz)

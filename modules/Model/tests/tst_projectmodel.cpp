@@ -4,14 +4,13 @@
 
 #include <QDomDocument>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QUndoStack>
 
 #include <memory>
 
-/// The project, its document, and the documents of screens and widgets outside a project.
+/// The project and its document.
 class tst_ProjectModel : public QObject
 {
     Q_OBJECT
@@ -31,10 +30,6 @@ private Q_SLOTS:
     void tooDeepToBeReadBack();
     void filesAndFolders();
     void ids();
-    void copiedScreens();
-    void copiedItems();
-    void pageFile();
-    void malformedCopies();
 };
 
 namespace {
@@ -52,54 +47,6 @@ bool load(CProjectModel &project, const QByteArray &xml)
     return loaded && error.isEmpty();
 }
 
-/// A project with an item of every kind, groups in groups, and awkward texts.
-std::unique_ptr<CProjectModel> randomProject(uint seed, int items)
-{
-    QRandomGenerator random(seed);
-    auto project = std::make_unique<CProjectModel>();
-    project->newProject({{PropertyKey::Platform, QStringLiteral("QX11%1").arg(seed % 4)},
-                         {PropertyKey::ProjectName, QStringLiteral("Prüfung <%1>").arg(seed)},
-                         {PropertyKey::Width, QStringLiteral("800")}});
-    project->appendRow(new CScreenModel(project.get()));
-    const QString types[] = {"Test_Box_T",  "Test_Circle_T", "Test_Dot_T",
-                             "Test_Line_T", "Test_Poly_T",   "Alien_T"};
-    const QString texts[] = {"",    "plain", "a<b>&\"'", "line\nbreak\ttab\r", "ä台\U0001F600",
-                             "]]>", "  "};
-    const QString extras[] = {"note", "x-1", "zzz", "ä"};
-    QVector<CItemModel *> parents = {project->screen(0), project->screen(1)};
-    for (int i = 0; i < items; ++i) {
-        CItemModel *parent = parents.at(random.bounded(parents.size()));
-        CItemModel *item = nullptr;
-        if (random.bounded(8) == 0)
-            parents.append(item = newGroup(*project, {}));
-        else
-            item = newWidget(*project, types[random.bounded(6)]);
-        const auto set = [&](const QString &key, int value) {
-            if (item->hasProperty(key))
-                item->setProperty(key, value, CItemModel::Notify::No);
-        };
-        item->setProperty(PropertyKey::Name, texts[random.bounded(7)], CItemModel::Notify::No);
-        for (const QString &key :
-             {PropertyKey::X, PropertyKey::Y, PropertyKey::X2, PropertyKey::Y2, PropertyKey::Id})
-            set(key, random.bounded(-999, 999));
-        set(random.bounded(2) ? PropertyKey::Radius : PropertyKey::PointSize, random.bounded(500));
-        set(PropertyKey::Angle, random.bounded(360));
-        if (item->geometryMode() == GeometryMode::Box)
-            set(PropertyKey::Width, random.bounded(500));
-        if (item->hasProperty(QStringLiteral("fill"))) {
-            item->setProperty(QStringLiteral("text"), texts[random.bounded(7)]);
-            item->setProperty(QStringLiteral("opacity"), random.generateDouble());
-            item->setProperty(QStringLiteral("visible"), random.bounded(2));
-        }
-        if (random.bounded(4) == 0)
-            item->setProperty(extras[random.bounded(4)], texts[random.bounded(7)]);
-        if (parent->kind() == CItemModel::Kind::Group)
-            parent->appendChildren({item});
-        else
-            parent->insertRow(random.bounded(parent->rowCount() + 1), item);
-    }
-    return project;
-}
 } // namespace
 
 void tst_ProjectModel::newProject()
@@ -416,92 +363,6 @@ void tst_ProjectModel::ids()
     QCOMPARE(copy->childItem(2)->id(), 6u);
     QVERIFY(!copy->childItem(1)->hasProperty(PropertyKey::Id));
     QCOMPARE(project.screen(0)->childItem(2)->id(), 5u);
-}
-
-void tst_ProjectModel::copiedScreens()
-{
-    const auto project = randomProject(5, 60);
-    const QByteArray xml =
-        ScreenDocuments::ofCopiedScreens({project->screen(0), project->screen(1)});
-    const QDomElement root = ScreenDocuments::copiedScreens(
-        ScreenDocuments::fromClipboard(ScreenDocuments::toClipboard(xml)));
-    QCOMPARE(root.tagName(), QStringLiteral("CopyScreenXML"));
-    QCOMPARE(root.firstChildElement().tagName(), QStringLiteral("Screen"));
-
-    CProjectModel target;
-    target.newProject({{PropertyKey::Platform, project->platform()}});
-    CScreenModel *second = target.buildScreen(root.firstChildElement().nextSiblingElement(), 0);
-    CScreenModel *first = target.buildScreen(root.firstChildElement(), -1);
-    QCOMPARE(target.screen(0), second);
-    QCOMPARE(target.screen(2), first);
-    QCOMPARE(first->rowCount(), project->screen(0)->rowCount());
-    QCOMPARE(first->text(), project->screen(0)->text());
-    QVERIFY(first->project() == &target);
-
-    QSet<quint32> ids; // all different
-    int withId = 0;
-    const std::function<void(const CItemModel *)> collect = [&](const CItemModel *item) {
-        if (item->hasProperty(PropertyKey::Id)) {
-            ids.insert(item->id());
-            ++withId;
-        }
-        for (int row = 0; row < item->rowCount(); ++row)
-            collect(item->childItem(row));
-    };
-    for (int row = 0; row < 3; ++row)
-        collect(target.screen(row));
-    QVERIFY(withId > 10);
-    QCOMPARE(ids.size(), withId);
-    QVERIFY(!ids.contains(0));
-}
-
-void tst_ProjectModel::copiedItems()
-{
-    const auto project = randomProject(6, 60);
-    QVector<const CItemModel *> items;
-    for (int row = 0; row < project->screen(0)->rowCount(); ++row)
-        items.append(project->screen(0)->childItem(row));
-    const QDomElement root = ScreenDocuments::copiedItems(ScreenDocuments::ofCopiedItems(items));
-    QCOMPARE(root.tagName(), QStringLiteral("CopyXML"));
-    CScreenModel holding(project.get()); // as a paste does
-    holding.loadFromElement(root);
-    QCOMPARE(holding.rowCount(), items.size());
-    for (int row = 0; row < items.size(); ++row)
-        QCOMPARE(describe(*holding.childItem(row)), describe(*items.at(row)));
-}
-
-void tst_ProjectModel::pageFile()
-{
-    const auto project = randomProject(7, 20);
-    const QByteArray xml = ScreenDocuments::ofPageFile({project->screen(0)});
-    QVERIFY(xml.startsWith("<ScreenSave>\n <Screen "));
-    QVERIFY(ScreenDocuments::copiedScreens(xml).isNull());
-    QString error;
-    QVERIFY(!ScreenDocuments::pageFile(xml, &error).isNull());
-    QVERIFY(error.isEmpty());
-    QVERIFY(ScreenDocuments::copiedItems(xml, &error).isNull());
-    QVERIFY(error.contains(QStringLiteral("CopyXML")));
-}
-
-void tst_ProjectModel::malformedCopies()
-{
-    for (const QByteArray &xml :
-         {QByteArray(), QByteArray("<CopyXML><Test_Box_T"), // cut
-          QByteArray("<a><CopyXML/><ScreenSave/><CopyScreenXML/></a>"),
-          QByteArray("<!DOCTYPE a><CopyXML/>"),
-          "<CopyXML>" + QByteArray("<Widget_Group_T>").repeated(1000) +
-              QByteArray("</Widget_Group_T>").repeated(1000) + "</CopyXML>"}) {
-        for (const auto read : {ScreenDocuments::copiedScreens, ScreenDocuments::pageFile,
-                                ScreenDocuments::copiedItems}) {
-            QString error;
-            QVERIFY2(read(xml, &error).isNull(), xml.left(80).constData());
-            QVERIFY(!error.isEmpty());
-        }
-    }
-    const QByteArray data = ScreenDocuments::toClipboard("<a/>");
-    for (int size = 0; size < data.size(); ++size)
-        QCOMPARE(ScreenDocuments::fromClipboard(data.left(size)), QByteArray());
-    QCOMPARE(ScreenDocuments::fromClipboard(QByteArray("\xff\xff\xff\xf0 rest", 9)), QByteArray());
 }
 
 QTEST_MAIN(tst_ProjectModel)
