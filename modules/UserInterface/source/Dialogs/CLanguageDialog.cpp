@@ -19,7 +19,7 @@ QString captionOf(const QString &localeName)
 {
     const QLocale locale(localeName);
     QString caption = locale.nativeLanguageName();
-    if (caption.isEmpty())
+    if (caption.isEmpty() || locale.language() == QLocale::English) // would be American English
         caption = QLocale::languageToString(locale.language());
     if (!caption.isEmpty())
         caption.replace(0, 1, locale.toUpper(caption.left(1)));
