@@ -113,7 +113,7 @@ void CMainPanels::connectPanels()
         if (item && item->isGrouped())
             reveal(item);
     });
-    connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::write);
+    connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::report);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_screens, &CScreen::viewResized, m_navigator->viewport(),
             QOverload<>::of(&QWidget::update));
@@ -131,8 +131,8 @@ void CMainPanels::connectPanels()
             });
     connect(m_screens, &CScreen::liveGeometry, m_properties,
             &CWidgetPropertiesView::geometryChanged);
-    connect(m_screens, &CScreen::message, this, &CMainPanels::write);
-    connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::write);
+    connect(m_screens, &CScreen::message, this, &CMainPanels::report);
+    connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::report);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
 
@@ -305,4 +305,11 @@ void CMainPanels::setSnapToGrid(bool enabled)
 void CMainPanels::write(const QString &text)
 {
     m_output->writeMessage(text);
+}
+
+void CMainPanels::report(const QString &text)
+{
+    write(text);
+    if (m_outputDock->isHidden())
+        m_outputDock->show();
 }

@@ -52,6 +52,8 @@ public:
 
 public Q_SLOTS:
     void write(const QString &text); ///< into the output window
+    /// Why something that the user asked for was not done: seen also when that window was closed.
+    void report(const QString &text);
     void setSnapToGrid(bool enabled);
     /// Of the explorer: selects the items on the canvas too.
     void selectionChanged(const QModelIndexList &selected);

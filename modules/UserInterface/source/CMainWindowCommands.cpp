@@ -329,7 +329,7 @@ void CMainWindow::printScreen()
     CScreenNavigator *navigator = m_panels->navigator();
     CPrintScreenDialog dialog([navigator] { return navigator->getScreenPixmaps(); },
                               m_screenshotFolder, this);
-    connect(&dialog, &CPrintScreenDialog::message, m_panels, &CMainPanels::write);
+    connect(&dialog, &CPrintScreenDialog::message, m_panels, &CMainPanels::report);
     connect(navigator, &CScreenNavigator::frameTaken, &dialog, &CPrintScreenDialog::refresh);
     navigator->setAllWanted(true); // the dialog shows screens that were never visited too
     dialog.exec();

@@ -345,6 +345,16 @@ private Q_SLOTS:
         QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), member);
     }
 
+    void aRefusalIsSeenAlthoughTheOutputWindowWasClosed()
+    {
+        m_window->show();
+        auto *output = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"));
+        output->close();
+        Q_EMIT m_screens->message(QStringLiteral("not taken"));
+        QVERIFY(output->isVisible());
+        QVERIFY(m_window->actions()->action(CMenuBar::OutputWindow)->isChecked());
+    }
+
     void theExplorerHasOneContextMenu()
     {
         auto *explorer = m_window->findChild<CProjectExplorerView *>();
