@@ -2,9 +2,9 @@
 //   projectprocess lock FILE              locks, says "taken" or "held", waits for a line, releases
 //   projectprocess takeover FILE          as lock, taking over what is held; waits before each step
 //   projectprocess save FILE              opens FILE, saves it in two versions in turn, for ever
-//   projectprocess saveall FILE           as save; by hand, automatically and under two names in
-//   turn projectprocess crash FILE             locks and ends without releasing projectprocess
-//   nobody FILE            as a user without rights: opens, changes, saves, says how
+//   projectprocess saveall FILE           as save: by hand, automatically and under another name
+//   projectprocess crash FILE             locks and ends without releasing
+//   projectprocess nobody FILE            as a user without rights: opens, changes, saves, says how
 #include "CProjectLock.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
