@@ -186,6 +186,13 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
         selectCovered(event->pos());
         return;
     }
+    if (event->modifiers() == Qt::ShiftModifier && !isOnHandle &&
+        m_scene->selectableViewsAt(mapToScene(event->pos()), viewportTransform()).isEmpty()) {
+        QMouseEvent adding(event->type(), event->localPos(), event->windowPos(), event->screenPos(),
+                           event->button(), event->buttons(), Qt::ControlModifier);
+        QGraphicsView::mousePressEvent(&adding); // a rubber band knows only Control
+        return;
+    }
     QGraphicsView::mousePressEvent(event);
 }
 

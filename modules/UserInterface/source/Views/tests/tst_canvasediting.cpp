@@ -57,6 +57,12 @@ void tst_CanvasEditing::clicksSelect()
     QCOMPARE(selected(), Items({front}));
     canvas.drag({50, 50}, {190, 190}); // a rubber band
     QCOMPARE(selected(), Items({front, middle, back}));
+    for (const Qt::KeyboardModifier adds : {Qt::ShiftModifier, Qt::ControlModifier}) {
+        canvas.select({front});
+        canvas.drag({10, 10}, {62, 62}, adds); // reaches no more than the corner of one
+        QCOMPARE(selected(), Items({front, back}));
+    }
+    canvas.view->selectAll();
     canvas.view->selectInverse();
     QCOMPARE(selected(), Items());
     canvas.mouse(QEvent::MouseButtonPress, {70, 70}, Qt::RightButton, Qt::RightButton);
