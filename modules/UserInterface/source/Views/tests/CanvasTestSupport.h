@@ -17,7 +17,8 @@ inline void loadWidgetLibrary()
     const QString file =
         qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/resources/widget-library.xml");
     auto &manager = CWidgetLibraryManager::instance();
-    QVERIFY2(manager.initialise(file, {0x100, 0x110}), qPrintable(manager.errorText()));
+    QVERIFY2(manager.initialise(file, {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}),
+             qPrintable(manager.errorText()));
 }
 
 inline std::unique_ptr<CProjectModel> newTestProject(int screens = 1)
@@ -40,6 +41,12 @@ inline CItemModel *appendWidget(CItemModel *parent, const QString &type,
         item->setProperty(each.key(), each.value(), CItemModel::Notify::No);
     parent->appendRow(item);
     return item;
+}
+
+/// The same on a screen, with the values of its definition.
+inline CWidgetModel *addWidget(CProjectModel &project, const QString &type, int screen = 0)
+{
+    return static_cast<CWidgetModel *>(appendWidget(project.screen(screen), type, {}));
 }
 
 inline CItemModel *appendBox(CItemModel *parent, int x, int y, int width, int height)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "CWidgetPropertiesView.h"
-#include "PanelTestSupport.h"
+#include "CanvasTestSupport.h"
 
+#include <QLineEdit>
 #include <QTreeWidget>
 #include <QUndoStack>
+#include <QtVariantPropertyManager>
 
 /// A property panel on a project of its own, which a test of it drives as a user does: through the
 /// editors that a click opens.
@@ -13,10 +15,10 @@ class CPropertiesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { loadProgramLibrary(); }
+    void initTestCase() { loadWidgetLibrary(); }
     void init()
     {
-        m_project = newProject();
+        m_project = newTestProject();
         m_view = std::make_unique<CWidgetPropertiesView>();
         m_view->setProject(m_project.get());
         m_view->resize(360, 700);
@@ -58,6 +60,19 @@ protected:
     Editor *edit(const QString &key) const
     {
         return edit<Editor>(treeRow(key));
+    }
+    /// Types in place of what is there, and confirms.
+    template<typename Editor>
+    static void enter(Editor *editor, const QString &text)
+    {
+        editor->selectAll();
+        QTest::keyClick(editor, Qt::Key_Delete);
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+    }
+    QtVariantProperty *variantRow(const QString &key) const
+    {
+        return static_cast<QtVariantProperty *>(m_view->row(key));
     }
     QUndoStack &stack() const { return *m_project->undoStack(); }
     CWidgetModel *show(const QString &type)

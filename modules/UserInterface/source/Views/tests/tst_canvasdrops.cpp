@@ -18,16 +18,15 @@ namespace {
 /// Whether the canvas took it.
 bool drop(const Canvas &canvas, const QMimeData &dropped, QPointF scenePos)
 {
-    QDragEnterEvent enter(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped,
-                          Qt::LeftButton, {});
-    QCoreApplication::sendEvent(canvas.view->viewport(), &enter);
-    QDragMoveEvent move(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped,
-                        Qt::LeftButton, {});
-    QCoreApplication::sendEvent(canvas.view->viewport(), &move);
-    QDropEvent event(canvas.at(scenePos), Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton,
-                     {});
+    const QPoint at = canvas.at(scenePos);
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(at, actions, &dropped, Qt::LeftButton, {});
+    QDragMoveEvent move(at, actions, &dropped, Qt::LeftButton, {});
+    QDropEvent event(at, actions, &dropped, Qt::LeftButton, {});
     event.ignore();
-    QCoreApplication::sendEvent(canvas.view->viewport(), &event);
+    for (QEvent *each : {static_cast<QEvent *>(&enter), static_cast<QEvent *>(&move),
+                         static_cast<QEvent *>(&event)})
+        QCoreApplication::sendEvent(canvas.view->viewport(), each);
     return event.isAccepted();
 }
 
@@ -51,6 +50,12 @@ private Q_SLOTS:
     void itemsOfAnotherScreen();
 
 private:
+    void showInFolder(Canvas &canvas) const
+    {
+        CProjectModel::setCurrent(canvas.project.get());
+        canvas.project->setWorkingDirectory(m_folder.path());
+        canvas.show();
+    }
     bool dropFile(const Canvas &canvas, const QString &name, QPointF scenePos) const
     {
         QMimeData files;
@@ -110,9 +115,7 @@ void tst_CanvasDrops::kindsFromThePalette()
 void tst_CanvasDrops::imageFiles()
 {
     Canvas canvas;
-    CProjectModel::setCurrent(canvas.project.get());
-    canvas.project->setWorkingDirectory(m_folder.path());
-    canvas.show();
+    showInFolder(canvas);
     writeRaw("logo.raw", 300);
     QVERIFY(dropFile(canvas, "logo.raw", {58, 41}));
     const CItemModel *bitmap = canvas.screen->childItem(0);
@@ -137,9 +140,7 @@ void tst_CanvasDrops::imageFiles()
 void tst_CanvasDrops::filesTooLargeForTheChip()
 {
     Canvas canvas;
-    CProjectModel::setCurrent(canvas.project.get());
-    canvas.project->setWorkingDirectory(m_folder.path());
-    canvas.show();
+    showInFolder(canvas);
     constexpr int GraphicsMemory = 1024 * 1024; // of a QX110
     writeRaw("half.raw", GraphicsMemory / 2);
     QString warning;

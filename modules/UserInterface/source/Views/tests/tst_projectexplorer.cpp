@@ -1,5 +1,5 @@
 #include "CProjectExplorerView.h"
-#include "PanelTestSupport.h"
+#include "CanvasTestSupport.h"
 #include "ScreenDocuments.h"
 
 #include <QClipboard>
@@ -32,16 +32,8 @@ public:
     std::function<void(QMimeData *)> user;
     int drags = 0;
 
-    void enter(QMimeData *payload, const QPoint &at)
-    {
-        QDragEnterEvent event(at, Qt::MoveAction, payload, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &event);
-    }
-    void move(QMimeData *payload, const QPoint &at)
-    {
-        QDragMoveEvent event(at, Qt::MoveAction, payload, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &event);
-    }
+    void enter(QMimeData *payload, const QPoint &at) { send<QDragEnterEvent>(payload, at); }
+    void move(QMimeData *payload, const QPoint &at) { send<QDragMoveEvent>(payload, at); }
     void leave()
     {
         QDragLeaveEvent event;
@@ -49,9 +41,7 @@ public:
     }
     void drop(QMimeData *payload, const QPoint &at)
     {
-        QDropEvent event(at, Qt::MoveAction, payload, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &event);
-        QCOMPARE(event.dropAction(), Qt::MoveAction);
+        QCOMPARE(send<QDropEvent>(payload, at), Qt::MoveAction);
     }
     /// Presses the row and moves far enough for a drag.
     void dragFrom(const QModelIndex &index)
@@ -73,6 +63,15 @@ protected:
         if (user)
             user(drag->mimeData());
         drag->deleteLater();
+    }
+
+private:
+    template<typename Event>
+    Qt::DropAction send(QMimeData *payload, const QPoint &at)
+    {
+        Event event(at, Qt::MoveAction, payload, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport(), &event);
+        return event.dropAction();
     }
 };
 
@@ -111,6 +110,13 @@ private:
     {
         return m_view->visualRect(m_project->index(screen, 0)).topLeft() + QPoint(20, 2);
     }
+    void pasteCopied(const QByteArray &bytes)
+    {
+        auto *data = new QMimeData;
+        data->setData("screen-copy", bytes);
+        QGuiApplication::clipboard()->setMimeData(data);
+        m_view->paste();
+    }
     QPoint below() const { return {20, m_view->viewport()->height() - 30}; }
 
     std::unique_ptr<CProjectModel> m_project;
@@ -120,14 +126,12 @@ private:
 void tst_ProjectExplorer::initTestCase()
 {
     qRegisterMetaType<CScreenModel *>();
-    loadProgramLibrary();
+    loadWidgetLibrary();
 }
 
 void tst_ProjectExplorer::init()
 {
-    m_project = newProject(); // Page 1, Page 2, Page 3
-    for (int page = 2; page <= 3; ++page)
-        m_project->appendRow(new CScreenModel(m_project.get()));
+    m_project = newTestProject(3); // Page 1, Page 2, Page 3
     addWidget(*m_project, "Kiv_Text_T", 0);
     addWidget(*m_project, "Kiv_Line_T", 0);
     addWidget(*m_project, "Kiv_Circle_T", 1);
@@ -226,7 +230,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
     QFETCH(int, from);
     QFETCH(int, before);
     QFETCH(QStringList, order);
-    const QByteArray start = document(*m_project);
+    const QByteArray start = savedBytes(*m_project);
     const QStringList startNames = screenNames(*m_project);
     CScreenModel *target = m_project->screen(before);
     QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
@@ -262,12 +266,12 @@ void tst_ProjectExplorer::dragMovesAScreen()
         QCOMPARE(m_project->undoStack()->undoText(), QStringLiteral("Order Item"));
         m_project->undoStack()->undo();
     }
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
 }
 
 void tst_ProjectExplorer::dragOutsidePutsTheScreenBack()
 {
-    const QByteArray start = document(*m_project);
+    const QByteArray start = savedBytes(*m_project);
     m_view->user = [this](QMimeData *data) {
         for (int time = 0; time < 2; ++time) { // out, in again, out
             m_view->enter(data, below());
@@ -277,11 +281,11 @@ void tst_ProjectExplorer::dragOutsidePutsTheScreenBack()
         }
     };
     m_view->dragFrom(m_project->index(0, 0));
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
     m_view->user = [this](QMimeData *data) { m_view->enter(data, below()); }; // broken off
     m_view->dragFrom(m_project->index(1, 0));
     QCOMPARE(m_view->drags, 2);
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
     QCOMPARE(m_project->undoStack()->count(), 0);
     QVERIFY(m_view->isExpanded(m_project->index(1, 0)));
 }
@@ -318,7 +322,7 @@ void tst_ProjectExplorer::copyTakesTheScreensOfAMixedSelection()
 
 void tst_ProjectExplorer::cutAndPasteAreOneStepEach()
 {
-    const QByteArray start = document(*m_project);
+    const QByteArray start = savedBytes(*m_project);
     QUndoStack &stack = *m_project->undoStack();
     m_view->selectItems({m_project->screen(0), m_project->screen(1)});
     m_view->cut();
@@ -335,7 +339,7 @@ void tst_ProjectExplorer::cutAndPasteAreOneStepEach()
     stack.undo();
     QCOMPARE(screenNames(*m_project), QStringList{"Page 3"});
     stack.undo();
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
 }
 
 void tst_ProjectExplorer::pasteMakesValuesCanonical()
@@ -345,11 +349,8 @@ void tst_ProjectExplorer::pasteMakesValuesCanonical()
                         "<Kiv_Rectangle_T name='b' angle='1.50' width='30'/>"
                         "<Kiv_Arrow_T name='c' ends='2' head='12'/>"
                         "</Screen></CopyScreenXML>";
-    auto *data = new QMimeData;
-    data->setData("screen-copy", ScreenDocuments::toClipboard(xml.toUtf8()));
-    QGuiApplication::clipboard()->setMimeData(data);
-    const QByteArray start = document(*m_project);
-    m_view->paste();
+    const QByteArray start = savedBytes(*m_project);
+    pasteCopied(ScreenDocuments::toClipboard(xml.toUtf8()));
     QCOMPARE(m_project->screenCount(), 4);
     const CItemModel *screen = m_project->screen(3);
     QCOMPARE(screen->childItem(0)->propertyText("thickness"), QStringLiteral("7"));
@@ -359,7 +360,7 @@ void tst_ProjectExplorer::pasteMakesValuesCanonical()
     QCOMPARE(screen->childItem(2)->propertyText("ends"), QStringLiteral("none"));
     QCOMPARE(m_project->undoStack()->count(), 1);
     m_project->undoStack()->undo();
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
 }
 
 void tst_ProjectExplorer::malformedPagesChangeNothing_data()
@@ -379,16 +380,10 @@ void tst_ProjectExplorer::malformedPagesChangeNothing_data()
 void tst_ProjectExplorer::malformedPagesChangeNothing()
 {
     QFETCH(QByteArray, xml);
-    const QByteArray start = document(*m_project);
-    auto *data = new QMimeData;
-    data->setData("screen-copy", ScreenDocuments::toClipboard(
-                                     QByteArray(xml).replace("ScreenSave", "CopyScreenXML")));
-    QGuiApplication::clipboard()->setMimeData(data);
-    m_view->paste();
-    data = new QMimeData;
-    data->setData("screen-copy", xml); // no streamed string at all
-    QGuiApplication::clipboard()->setMimeData(data);
-    m_view->paste();
+    const QByteArray start = savedBytes(*m_project);
+    pasteCopied(
+        ScreenDocuments::toClipboard(QByteArray(xml).replace("ScreenSave", "CopyScreenXML")));
+    pasteCopied(xml); // no streamed string at all
 
     QTemporaryDir folder;
     QFile file(folder.filePath("broken.page"));
@@ -403,7 +398,7 @@ void tst_ProjectExplorer::malformedPagesChangeNothing()
         dialog->QDialog::accept();
     });
     m_view->loadScreen();
-    QCOMPARE(document(*m_project), start);
+    QCOMPARE(savedBytes(*m_project), start);
     QCOMPARE(m_project->undoStack()->count(), 0);
 }
 

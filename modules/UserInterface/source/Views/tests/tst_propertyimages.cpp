@@ -7,7 +7,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QtVariantPropertyManager>
 
 /// Images are chosen and converted from the rows of the property panel.
 class tst_PropertyImages : public CPropertiesTest
@@ -21,6 +20,16 @@ private Q_SLOTS:
     void formatStaysWhenTheImageCannotBeConverted();
 
 private:
+    void openIn(const QTemporaryDir &folder) const
+    {
+        m_project->setWorkingDirectory(folder.path());
+        CProjectModel::setCurrent(m_project.get()); // until it is destroyed
+    }
+    static QString written(const QString &path, const QByteArray &bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) > 0 ? path : QString();
+    }
     /// Takes the file in the dialog that opens next, or closes it when there is no such file.
     void answerWith(const QString &file)
     {
@@ -39,16 +48,12 @@ private:
 
 void tst_PropertyImages::filesAreChosenInTheirRow()
 {
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    QFile raw(folder.filePath("picture.raw"));
-    QVERIFY(raw.open(QIODevice::WriteOnly));
-    raw.write(QByteArray(64, 'x'));
-    raw.close();
+    const QTemporaryDir folder;
+    openIn(folder);
+    const QString raw = written(folder.filePath("picture.raw"), QByteArray(64, 'x'));
 
     CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-    const QByteArray before = document(*m_project);
+    const QByteArray before = savedBytes(*m_project);
     QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
     auto *line = edit<QLineEdit>("filename");
     QVERIFY(line);
@@ -58,9 +63,9 @@ void tst_PropertyImages::filesAreChosenInTheirRow()
     answerWith(folder.filePath("missing.raw"));
     choose->trigger();
     QCOMPARE(stack().count(), 0);
-    answerWith(raw.fileName());
+    answerWith(raw);
     choose->trigger();
-    QCOMPARE(bitmap->propertyText("filename"), raw.fileName());
+    QCOMPARE(bitmap->propertyText("filename"), raw);
     QCOMPARE(bitmap->propertyText("basename"), QStringLiteral("picture"));
     QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
     QCOMPARE(shown("basename"), QStringLiteral("picture"));
@@ -69,13 +74,12 @@ void tst_PropertyImages::filesAreChosenInTheirRow()
     QCOMPARE(stack().count(), 1);
     QVERIFY(messages.last().first().toString().contains("size is not known"));
     // A raw file has no other format to be converted into; it is only told what it holds.
-    static_cast<QtVariantProperty *>(m_view->row("format"))->setValue(5);
+    variantRow("format")->setValue(5);
     QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
     QCOMPARE(stack().count(), 2);
     stack().undo();
     stack().undo();
-    QCOMPARE(document(*m_project), before);
-    CProjectModel::setCurrent(nullptr);
+    QCOMPARE(savedBytes(*m_project), before);
     show("Kiv_ImageButton_T");
     line = edit<QLineEdit>("basename");
     QVERIFY(line->findChild<QAction *>("chooseFile"));
@@ -94,9 +98,8 @@ void tst_PropertyImages::anotherFormatConvertsTheImageAnew()
     QFETCH(QString, kind);
     const QString before = QDir::currentPath();
     QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
+    const QTemporaryDir folder;
+    openIn(folder);
     const QString photo = folder.filePath("photo.png");
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -115,7 +118,7 @@ void tst_PropertyImages::anotherFormatConvertsTheImageAnew()
     QCOMPARE(shown("bwidth") + "x" + shown("bheight"), QStringLiteral("40x30"));
     QCOMPARE(size("ARGB4"), qint64(40 * 30 * 2));
 
-    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    auto *format = variantRow("format");
     const QStringList formats = format->attributeValue("enumNames").toStringList();
     format->setValue(formats.indexOf("L8"));
     QCOMPARE(bitmap->propertyText("format"), QStringLiteral("L8"));
@@ -125,33 +128,26 @@ void tst_PropertyImages::anotherFormatConvertsTheImageAnew()
     QCOMPARE(shown("format"), QStringLiteral("ARGB4"));
     stack().undo();
     QCOMPARE(shown("basename"), QString());
-    CProjectModel::setCurrent(nullptr);
     QDir::setCurrent(before);
 }
 
 void tst_PropertyImages::formatStaysWhenTheImageCannotBeConverted()
 {
-    QTemporaryDir folder;
-    m_project->setWorkingDirectory(folder.path());
-    CProjectModel::setCurrent(m_project.get());
-    QFile noImage(folder.filePath("picture.png"));
-    QVERIFY(noImage.open(QIODevice::WriteOnly));
-    noImage.write("no picture");
-    noImage.close();
-
+    const QTemporaryDir folder;
+    openIn(folder);
+    const QString noImage = written(folder.filePath("picture.png"), "no picture");
     CWidgetModel *bitmap = show("Kiv_Bitmap_T");
     QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
-    auto *format = static_cast<QtVariantProperty *>(m_view->row("format"));
+    auto *format = variantRow("format");
     format->setValue(0); // without a file it is a plain change
     QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
     QCOMPARE(stack().count(), 1);
-    bitmap->setProperty("filename", noImage.fileName());
+    bitmap->setProperty("filename", noImage);
     format->setValue(3);
     QCOMPARE(bitmap->propertyText("format"), QStringLiteral("None"));
     QCOMPARE(shown("format"), QStringLiteral("None"));
     QCOMPARE(stack().count(), 1);
     QVERIFY(!messages.isEmpty());
-    CProjectModel::setCurrent(nullptr);
 }
 
 QTEST_MAIN(tst_PropertyImages)

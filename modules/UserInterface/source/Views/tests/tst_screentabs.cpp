@@ -14,6 +14,21 @@
 #include <QTimer>
 #include <QUndoStack>
 
+/// The tab area of a project, with the first screens open.
+struct OpenTabs
+{
+    OpenTabs(int screens, int opened) : project(newTestProject(screens))
+    {
+        tabs.setProject(project.get());
+        for (int row = 0; row < opened; ++row)
+            tabs.openScreen(project->screen(row));
+        tabs.resize(600, 400);
+        tabs.show();
+    }
+    std::unique_ptr<CProjectModel> project;
+    CScreen tabs;
+};
+
 class tst_ScreenTabs : public QObject
 {
     Q_OBJECT
@@ -32,9 +47,8 @@ private Q_SLOTS:
 
     void screensAreOpenedOnceAndClosedWithoutLoss()
     {
-        const auto project = newTestProject(3);
-        CScreen tabs;
-        tabs.setProject(project.get());
+        OpenTabs open(3, 0);
+        auto &[project, tabs] = open;
         QCOMPARE(tabs.count(), 0);
         QVERIFY(!tabs.currentView());
         QVector<CScreenModel *> shown;
@@ -56,13 +70,8 @@ private Q_SLOTS:
 
     void middleClickClosesATab()
     {
-        const auto project = newTestProject(2);
-        CScreen tabs;
-        tabs.setProject(project.get());
-        tabs.openScreen(project->screen(0));
-        tabs.openScreen(project->screen(1));
-        tabs.resize(600, 400);
-        tabs.show();
+        OpenTabs open(2, 2);
+        auto &[project, tabs] = open;
         QTest::mouseClick(tabs.tabBar(), Qt::MiddleButton, {}, tabs.tabBar()->tabRect(0).center());
         QCOMPARE(texts(tabs), QStringList({"Page 2"}));
         QCOMPARE(project->screenCount(), 2);
@@ -70,9 +79,8 @@ private Q_SLOTS:
 
     void aNewTabIsOneUndoStep()
     {
-        const auto project = newTestProject();
-        CScreen tabs;
-        tabs.setProject(project.get());
+        OpenTabs open(1, 0);
+        auto &[project, tabs] = open;
         tabs.newTab();
         QCOMPARE(project->undoStack()->count(), 1);
         QCOMPARE(project->screenCount(), 2);
@@ -85,12 +93,9 @@ private Q_SLOTS:
 
     void tabsFollowRemovedMovedAndRenamedScreens()
     {
-        const auto project = newTestProject(3);
+        OpenTabs open(3, 3);
+        auto &[project, tabs] = open;
         QUndoStack &stack = *project->undoStack();
-        CScreen tabs;
-        tabs.setProject(project.get());
-        for (int row = 0; row < 3; ++row)
-            tabs.openScreen(project->screen(row));
         QWidget *const page = tabs.widget(0);
 
         stack.push(new CCommandOrderItem(project->screen(0), 2));
@@ -112,14 +117,9 @@ private Q_SLOTS:
 
     void aDoubleClickRenamesTheScreen()
     {
-        const auto project = newTestProject(2);
-        CScreen tabs;
-        tabs.setProject(project.get());
-        tabs.openScreen(project->screen(0));
-        tabs.openScreen(project->screen(1));
-        tabs.resize(600, 400);
-        tabs.show();
-        const auto rename = [&tabs, this](const QString &name, QDialog::DialogCode answer) {
+        OpenTabs open(2, 2);
+        auto &[project, tabs] = open;
+        const auto rename = [&tabs = tabs, this](const QString &name, QDialog::DialogCode answer) {
             QTimer::singleShot(0, this, [name, answer] {
                 auto *dialog = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
                 QVERIFY(dialog);
@@ -143,11 +143,9 @@ private Q_SLOTS:
 
     void selectionIsToldByTheCurrentTabOnly()
     {
-        const auto project = newTestProject(2);
+        OpenTabs open(2, 1);
+        auto &[project, tabs] = open;
         CItemModel *box = appendBox(project->screen(0), 10, 10, 40, 30);
-        CScreen tabs;
-        tabs.setProject(project.get());
-        tabs.openScreen(project->screen(0));
         int told = 0;
         connect(&tabs, &CScreen::selectionChanged, this, [&told] { ++told; });
         tabs.selectItems({box});
@@ -184,13 +182,11 @@ private Q_SLOTS:
 
     void aProjectGoesWhileItsTabsAreOpen()
     {
-        auto project = newTestProject(2);
+        OpenTabs open(2, 1);
+        auto &[project, tabs] = open;
         appendBox(project->screen(0), 10, 10, 40, 30);
-        CScreen tabs;
         CScreenNavigator navigator;
-        tabs.setProject(project.get());
         navigator.setProject(project.get());
-        tabs.openScreen(project->screen(0));
         tabs.setProject(nullptr);
         navigator.setProject(nullptr);
         project.reset();

@@ -47,7 +47,6 @@ private Q_SLOTS:
     void zoomControlsStayInStep();
     void gridSettings();
     void gridToggleDisablesTheControls();
-    void gridTypeDialog_data();
     void gridTypeDialog();
     void gridColourDialog();
 };
@@ -62,28 +61,24 @@ void tst_ZoomGridControls::zoomSteps_data()
     const Step none = [](CZoomComboWidget &) {};
     const Step page = [](CZoomComboWidget &w) { w.zoomFitToPage(); };
     const Step page150 = [](CZoomComboWidget &w) { w.setZoom(150, 1); };
+    const Step combo2 = [](CZoomComboWidget &w) { w.findChild<QComboBox *>()->setCurrentIndex(2); };
     const Step spin20 = [](CZoomComboWidget &w) { w.findChild<QSpinBox *>()->setValue(20); };
 
-    QTest::newRow("setZoom of what holds is announced")
-        << none << Step([](CZoomComboWidget &w) { w.setZoom(100, 0); }) << 1 << 100 << 0;
-    QTest::newRow("valueChanged of what holds is not")
-        << none << Step([](CZoomComboWidget &w) { w.valueChanged(100); }) << 0 << 100 << 0;
-    QTest::newRow("reset at 100 percent leaves the fit unannounced")
-        << page << Step([](CZoomComboWidget &w) { w.resetZoom(); }) << 0 << 100 << 0;
-    QTest::newRow("reset from another percentage")
-        << page150 << Step([](CZoomComboWidget &w) { w.resetZoom(); }) << 1 << 100 << 0;
-    QTest::newRow("fit to page twice is announced once")
-        << none << Step([&page](CZoomComboWidget &w) { w.zoomFitToPage(), w.zoomFitToPage(); }) << 1
-        << 100 << 1;
-    QTest::newRow("fit to width after page")
-        << page << Step([](CZoomComboWidget &w) { w.zoomFitToWidth(); }) << 1 << 100 << 2;
-    QTest::newRow("a typed value under the range is the lower end")
-        << none << spin20 << 1 << 50 << 0;
-    QTest::newRow("a fitted value under the range is kept")
-        << page << Step([](CZoomComboWidget &w) { w.valueChanged(20); }) << 1 << 20 << 1;
-    QTest::newRow("the combo box changes the type")
-        << none << Step([](CZoomComboWidget &w) { w.findChild<QComboBox *>()->setCurrentIndex(2); })
-        << 1 << 100 << 2;
+    const auto row = [](const char *name, const Step &prepare, int signalCount, int percent,
+                        int type, const Step &step) {
+        QTest::newRow(name) << prepare << step << signalCount << percent << type;
+    };
+    using W = CZoomComboWidget;
+    row("setZoom of what holds is announced", none, 1, 100, 0, [](W &w) { w.setZoom(100, 0); });
+    row("valueChanged of what holds is not", none, 0, 100, 0, [](W &w) { w.valueChanged(100); });
+    row("reset of a fit at 100 percent is not", page, 0, 100, 0, [](W &w) { w.resetZoom(); });
+    row("reset from another percentage", page150, 1, 100, 0, [](W &w) { w.resetZoom(); });
+    row("fit to page", none, 1, 100, 1, page);
+    row("fit to page a second time is not", page, 0, 100, 1, page);
+    row("fit to width after page", page, 1, 100, 2, [](W &w) { w.zoomFitToWidth(); });
+    row("a typed value under the range is the lower end", none, 1, 50, 0, spin20);
+    row("a fitted value under the range is kept", page, 1, 20, 1, [](W &w) { w.valueChanged(20); });
+    row("the combo box changes the type", none, 1, 100, 2, combo2);
 }
 
 void tst_ZoomGridControls::zoomSteps()
@@ -151,27 +146,20 @@ void tst_ZoomGridControls::gridToggleDisablesTheControls()
     }
 }
 
-void tst_ZoomGridControls::gridTypeDialog_data()
-{
-    QTest::addColumn<bool>("accept");
-    QTest::addColumn<int>("style");
-    QTest::newRow("dots") << true << int(Qt::DotLine);
-    QTest::newRow("cancelled") << false << int(Qt::SolidLine);
-}
-
 void tst_ZoomGridControls::gridTypeDialog()
 {
-    QFETCH(bool, accept);
     CGridComboWidget widget;
     QSignalSpy spy(&widget, &CGridComboWidget::gridChanged);
-    answerDialog<QInputDialog>(&widget, [accept](QInputDialog &dialog) {
-        QCOMPARE(dialog.comboBoxItems(), QStringList({"Line", "Dashes", "Dots"}));
-        dialog.setTextValue(QStringLiteral("Dots"));
-        accept ? dialog.accept() : dialog.reject();
-    });
-    widget.chooseType();
-    QCOMPARE(spy.count(), 1); // announced in both cases
-    QTEST(int(spy.first().at(3).value<Qt::PenStyle>()), "style");
+    for (const bool accept : {false, true}) {
+        answerDialog<QInputDialog>(&widget, [accept](QInputDialog &dialog) {
+            QCOMPARE(dialog.comboBoxItems(), QStringList({"Line", "Dashes", "Dots"}));
+            dialog.setTextValue(QStringLiteral("Dots"));
+            accept ? dialog.accept() : dialog.reject();
+        });
+        widget.chooseType();
+        QCOMPARE(spy.count(), 1); // announced in both cases
+        QCOMPARE(spy.takeFirst().at(3).value<Qt::PenStyle>(), accept ? Qt::DotLine : Qt::SolidLine);
+    }
 }
 
 void tst_ZoomGridControls::gridColourDialog()
