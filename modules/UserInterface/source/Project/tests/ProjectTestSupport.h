@@ -24,6 +24,9 @@ inline QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// The lock file of a process on another host, dead there or not.
+const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
+
 inline QStringList filesIn(const QString &folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,

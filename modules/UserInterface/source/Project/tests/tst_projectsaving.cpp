@@ -43,6 +43,15 @@ private:
     void (*m_oldHandler)(int) = nullptr;
 };
 
+/// A session in which a file has been opened; without a project when that failed.
+struct Opened
+{
+    explicit Opened(const QString &file) { session.openFile(file); }
+    CScriptedUser user;
+    CRecentProjects recent;
+    CProjectSession session{&user, &recent};
+};
+
 int killCount()
 {
     bool given = false;
@@ -118,10 +127,10 @@ private Q_SLOTS:
     void fullDiskAtEveryKilobyte()
     {
         QVERIFY(writeFile(m_file, document(QStringLiteral("demo"), LargeProject)));
-        CScriptedUser user;
-        CRecentProjects recent;
-        CProjectSession session(&user, &recent);
-        QVERIFY(session.openFile(m_file));
+        Opened opened(m_file);
+        CScriptedUser &user = opened.user;
+        CProjectSession &session = opened.session;
+        QVERIFY(session.project());
         const QByteArray before = readFile(m_file);
         change(session.project());
         const int size = session.project()->saveToBytes(nullptr, m_file).size();
@@ -158,10 +167,10 @@ private Q_SLOTS:
                               QByteArray(50'000, project.at(0).toLatin1())));
             QVERIFY(writeFile(m_folder->filePath(project + ".nyx"), document(project)));
         }
-        CScriptedUser user;
-        CRecentProjects recent;
-        CProjectSession session(&user, &recent);
-        QVERIFY(session.openFile(m_file));
+        Opened opened(m_file);
+        CScriptedUser &user = opened.user;
+        CProjectSession &session = opened.session;
+        QVERIFY(session.project());
         const QByteArray before = session.project()->saveToBytes(nullptr, m_file);
         user.savePath = m_folder->filePath(QStringLiteral("other.nyx"));
         {
@@ -218,10 +227,10 @@ private Q_SLOTS:
     void fileBecomesAFolderAndFolderGoes()
     {
         QVERIFY(writeFile(m_file, document(QStringLiteral("demo"))));
-        CScriptedUser user;
-        CRecentProjects recent;
-        CProjectSession session(&user, &recent);
-        QVERIFY(session.openFile(m_file));
+        Opened opened(m_file);
+        CScriptedUser &user = opened.user;
+        CProjectSession &session = opened.session;
+        QVERIFY(session.project());
         change(session.project());
         QVERIFY(QFile::remove(m_file) && QDir().mkdir(m_file));
         QVERIFY(!session.save());
@@ -259,13 +268,13 @@ private:
             isWhole = isWhole && model.loadFromBytes(bytes, nullptr);
             model.setWorkingDirectory(m_folder->path());
             isWhole = isWhole && model.saveToBytes(nullptr, m_file) == bytes;
-            CScriptedUser user;
-            CRecentProjects recent;
-            CProjectSession session(&user, &recent);
-            if (name.endsWith(QLatin1String(".nyx")))
-                isWhole = isWhole && session.openFile(m_folder->filePath(name)) &&
-                          (user.errors + user.notices).isEmpty() &&
-                          (user.asked.isEmpty() || user.asked == QStringList("autosaved"));
+            if (!name.endsWith(QLatin1String(".nyx")))
+                continue;
+            const Opened opened(m_folder->filePath(name));
+            const CScriptedUser &user = opened.user;
+            isWhole = isWhole && opened.session.project() &&
+                      (user.errors + user.notices).isEmpty() &&
+                      (user.asked.isEmpty() || user.asked == QStringList("autosaved"));
         }
         return isWhole && temporaryFiles().isEmpty();
     }
