@@ -52,6 +52,14 @@ QStringList entries(const QComboBox *box)
     return texts;
 }
 
+void makeNew(CProjectModel *project, const QString &width, const QString &height)
+{
+    project->newProject({{PropertyKey::ProjectName, "before"},
+                         {PropertyKey::Platform, "QX110"},
+                         {PropertyKey::Width, width},
+                         {PropertyKey::Height, height}});
+}
+
 struct SObserver : IProjectOptionsObserver
 {
     void projectOptionsChanged() override { ++calls; }
@@ -143,21 +151,18 @@ void tst_ProjectDialogs::wrongFieldsAreRefusedBesideThem_data()
     QTest::addColumn<QString>("folder"); // below the test's own
     QTest::addColumn<bool>("nameIsWrong");
     QTest::addColumn<bool>("folderIsWrong");
-    QTest::newRow("both right") << "demo"
-                                << "" << false << false;
-    QTest::newRow("no name") << ""
-                             << "" << true << false;
-    QTest::newRow("blank name") << "   "
-                                << "" << true << false;
-    QTest::newRow("leaves its folder") << "../demo"
-                                       << "" << true << false;
-    QTest::newRow("reserved character") << "a:b"
-                                        << "" << true << false;
-    QTest::newRow("too long") << QString(300, 'a') << "" << true << false;
-    QTest::newRow("no such folder") << "demo"
-                                    << "/nowhere" << false << true;
-    QTest::newRow("a file as folder") << "demo"
-                                      << "/file" << false << true;
+    const auto row = [](const char *what, QString name, QString folder, bool nameIsWrong,
+                        bool folderIsWrong) {
+        QTest::newRow(what) << name << folder << nameIsWrong << folderIsWrong;
+    };
+    row("both right", "demo", "", false, false);
+    row("no name", "", "", true, false);
+    row("blank name", "   ", "", true, false);
+    row("leaves its folder", "../demo", "", true, false);
+    row("reserved character", "a:b", "", true, false);
+    row("too long", QString(300, 'a'), "", true, false);
+    row("no such folder", "demo", "/nowhere", false, true);
+    row("a file as folder", "demo", "/file", false, true);
 }
 
 void tst_ProjectDialogs::wrongFieldsAreRefusedBesideThem()
@@ -205,10 +210,7 @@ void tst_ProjectDialogs::theFolderIsChosenByADialog()
 void tst_ProjectDialogs::optionsAreOneStep()
 {
     CProjectModel project;
-    project.newProject({{PropertyKey::ProjectName, "before"},
-                        {PropertyKey::Platform, "QX110"},
-                        {PropertyKey::Width, "800"},
-                        {PropertyKey::Height, "480"}});
+    makeNew(&project, "800", "480");
     SObserver observer;
     COptionDialog dialog(m_platforms, &observer);
     dialog.fill(&project, 10);
@@ -242,10 +244,7 @@ void tst_ProjectDialogs::optionsAreOneStep()
 void tst_ProjectDialogs::customSizesUpToTheLargest()
 {
     CProjectModel project;
-    project.newProject({{PropertyKey::ProjectName, "p"},
-                        {PropertyKey::Platform, "QX110"},
-                        {PropertyKey::Width, "700"},
-                        {PropertyKey::Height, "30"}});
+    makeNew(&project, "700", "30");
     COptionDialog dialog(m_platforms, nullptr);
     dialog.fill(&project, 0);
     auto *width = field<QSpinBox>(dialog, "width");
@@ -277,7 +276,7 @@ void tst_ProjectDialogs::customSizesUpToTheLargest()
 void tst_ProjectDialogs::autosaveIsNoStep()
 {
     CProjectModel project;
-    project.newProject({{PropertyKey::Platform, "QX110"}, {PropertyKey::ProjectName, "p"}});
+    makeNew(&project, "480", "272");
     COptionDialog dialog(m_platforms, nullptr);
     QSignalSpy changed(&dialog, &COptionDialog::autosaveIntervalChanged);
     auto *enabled = field<QCheckBox>(dialog, "autosave");
@@ -315,7 +314,7 @@ void tst_ProjectDialogs::optionsWithoutAProject()
     QCOMPARE(changed.count(), 1);
     {
         CProjectModel project;
-        project.newProject({{PropertyKey::Platform, "QX110"}, {PropertyKey::ProjectName, "p"}});
+        makeNew(&project, "480", "272");
         dialog.fill(&project, 20);
     }
     dialog.accept(); // the project has been closed meanwhile
