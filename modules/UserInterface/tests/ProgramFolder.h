@@ -4,6 +4,19 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s cannot be written", qUtf8Printable(path));
+}
+
 /// A programs' folder of a test's own, with the data files of the build, as the current directory.
 class CProgramFolder
 {

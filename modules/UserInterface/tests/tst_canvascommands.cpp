@@ -33,12 +33,6 @@
 #include <memory>
 
 namespace {
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// Three boxes; A lies in front.
 const QByteArray threeBoxes =
     "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
@@ -59,12 +53,12 @@ private Q_SLOTS:
         m_folder = std::make_unique<CProgramFolder>();
         m_answers = std::make_unique<CDialogAnswers>();
         const QString path = m_folder->path("demo.nyx");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(threeBoxes) > 0);
-        file.close();
+        writeFile(path, threeBoxes);
         m_window = std::make_unique<CMainWindow>(path);
         QVERIFY(m_window->project());
         m_screens = m_window->findChild<CScreen *>();
+        QCOMPARE(m_screens->count(), 1); // the first page is open
+        QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(0));
     }
 
     void cleanup()
@@ -74,12 +68,6 @@ private Q_SLOTS:
         m_window.reset();
         m_answers.reset();
         m_folder.reset();
-    }
-
-    void firstPageIsOpen()
-    {
-        QCOMPARE(m_screens->count(), 1);
-        QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(0));
     }
 
     void commands_data()
@@ -182,22 +170,18 @@ private Q_SLOTS:
         QCOMPARE(count(), 2);
     }
 
-    void copyAndPaste()
+    void copyPasteAndLock()
     {
-        select(QStringLiteral("AC"));
+        CItemModel *item = select(QStringLiteral("AC"));
         trigger(CMenuBar::Copy);
         trigger(CMenuBar::Paste);
         QCOMPARE(m_window->project()->screen(0)->rowCount(), 5);
         QCOMPARE(m_window->project()->undoStack()->count(), 1);
-    }
-
-    void lockHoldsTheItem()
-    {
-        CItemModel *item = select(QStringLiteral("A"));
-        trigger(CMenuBar::LockUnlock);
-        QVERIFY(item->isLocked());
-        trigger(CMenuBar::LockUnlock);
-        QVERIFY(!item->isLocked());
+        m_screens->selectItems({item});
+        for (const bool locked : {true, false}) {
+            trigger(CMenuBar::LockUnlock);
+            QCOMPARE(item->isLocked(), locked);
+        }
     }
 
     void newPageAndNothingWithoutAProject()

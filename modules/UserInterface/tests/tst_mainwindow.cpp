@@ -33,19 +33,6 @@
 namespace {
 const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
 
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
 QByteArray twoPages()
 {
     return "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
@@ -119,57 +106,22 @@ private Q_SLOTS:
     /// The order of signals and slots in the meta-object is fixed.
     void metaObject()
     {
-        const QStringList expected = {"configChanged",
-                                      "setZoom",
-                                      "setGrid",
-                                      "listRecentProjectsUpdated",
-                                      "projectLoaded",
-                                      "projectClosed",
-                                      "darkStyle",
-                                      "lightStyle",
-                                      "toggleStatusBar",
-                                      "toggleOutputWindow",
-                                      "togglePropertiesWindow",
-                                      "toggleLibraryWindow",
-                                      "toggleProjectWindow",
-                                      "newProject",
-                                      "openProject",
-                                      "validateProjectFile",
-                                      "openProjectFile",
-                                      "showProjectName",
-                                      "openRecent",
-                                      "closeProject",
-                                      "saveProject",
-                                      "saveProjectAs",
-                                      "deleteSelectedItems",
-                                      "orderingToFront",
-                                      "orderingToBack",
-                                      "orderingForward",
-                                      "orderingBackward",
-                                      "showHelp",
-                                      "showAboutBox",
-                                      "showOptionDialog",
-                                      "showUpdateDialog",
-                                      "showLanguageDialog",
-                                      "autosave",
-                                      "exportProjectDL",
-                                      "exportTabDL",
-                                      "exportProjectBin",
-                                      "exportScreenBin",
-                                      "zoomChanged",
-                                      "gridChanged",
-                                      "savingPathChanged",
-                                      "setSnapToGrid",
-                                      "copy",
-                                      "cut",
-                                      "paste",
-                                      "printScreen",
-                                      "lockItems",
-                                      "loadLanguage"};
+        const auto expected =
+            QByteArray("configChanged setZoom setGrid listRecentProjectsUpdated projectLoaded "
+                       "projectClosed darkStyle lightStyle toggleStatusBar toggleOutputWindow "
+                       "togglePropertiesWindow toggleLibraryWindow toggleProjectWindow "
+                       "newProject openProject validateProjectFile openProjectFile "
+                       "showProjectName openRecent closeProject saveProject saveProjectAs "
+                       "deleteSelectedItems orderingToFront orderingToBack orderingForward "
+                       "orderingBackward showHelp showAboutBox showOptionDialog "
+                       "showUpdateDialog showLanguageDialog autosave exportProjectDL "
+                       "exportTabDL exportProjectBin exportScreenBin zoomChanged gridChanged "
+                       "savingPathChanged setSnapToGrid copy cut paste printScreen lockItems "
+                       "loadLanguage")
+                .split(' ');
         const QMetaObject *meta = m_window->metaObject();
         for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(QString::fromLatin1(meta->method(meta->methodOffset() + i).name()),
-                     expected[i]);
+            QCOMPARE(meta->method(meta->methodOffset() + i).name(), expected[i]);
     }
 
     void startPageLeadsToAProject()
@@ -381,13 +333,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("filter");
         QTest::addColumn<QString>("suffix");
-        QTest::newRow("project text") << int(CMenuBar::ProjectToDL) << "Export project to DL"
-                                      << "Display Lists (*.dl)"
-                                      << "dl";
-        QTest::newRow("project bytes")
-            << int(CMenuBar::ProjectToBinary) << "Export project to binary"
-            << "Display Lists Binary(*.bin)"
-            << "bin";
+        const auto row = [](CMenuBar::EAction action, QString title, QString filter,
+                            QString suffix) {
+            QTest::newRow(qPrintable(suffix)) << int(action) << title << filter << suffix;
+        };
+        row(CMenuBar::ProjectToDL, "Export project to DL", "Display Lists (*.dl)", "dl");
+        row(CMenuBar::ProjectToBinary, "Export project to binary", "Display Lists Binary(*.bin)",
+            "bin");
     }
 
     void exports()
