@@ -1,5 +1,6 @@
 #include "CSettings.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -62,13 +63,25 @@ void readRect(const QSettings &settings, const QString &key, QRect *value)
         *value = read;
 }
 
+/// Of binary data that was cut off Qt makes a colour of no known kind: not even a copy of it is
+/// defined, so its kind is taken from the bytes that Qt itself would write for it.
+bool isRgbColour(const QVariant &value)
+{
+    if (value.type() != QVariant::Color)
+        return false;
+    constexpr int kindAt = 5; // after the type's number and the mark for null
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << value;
+    return bytes.size() > kindAt && bytes.at(kindAt) == char(QColor::Rgb);
+}
+
+/// Written as text, but one that was written as a colour is taken as well.
 void readColour(const QSettings &settings, const QString &key, QColor *value)
 {
-    // Written as text, but one that was written as a colour is taken as well. Of binary data that
-    // was cut off Qt makes a colour that no one may look at closer.
     const QVariant read = settings.value(key);
     QColor colour(read.type() == QVariant::String ? read.toString() : QString());
-    if (read.type() == QVariant::Color && read.value<QColor>().spec() == QColor::Rgb)
+    if (isRgbColour(read))
         colour = read.value<QColor>();
     if (colour.isValid() && colour.alpha() > 0)
         *value = colour;
