@@ -1,0 +1,74 @@
+#include "PanelCheck.h"
+
+#include "kiv_panel.h"
+#include "support/CChip.h"
+#include "support/TestPackage.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr int MostScreens = 8; ///< that are shown; a list may take long to draw
+constexpr int FrameSide = 32;  ///< pixels of what is drawn
+
+std::string checkShown(kiv_panel &panel, const STestPackage &package, int screen, CChip &chip)
+{
+    if (kiv_panel_show(&panel, screen) != 0)
+        return "a screen of an open package is not shown";
+    const STestPackage::SScreen &shown = package.screens[static_cast<size_t>(screen)];
+    for (const uint16_t load : shown.loads) {
+        const STestPackage::SBlock &block = package.blocks[load];
+        if (std::memcmp(chip.ramG().data() + block.address, block.bytes.data(),
+                        block.bytes.size()) != 0)
+            return "a block of the screen is not in RAM_G";
+    }
+    if (!chip.errors().empty())
+        return chip.errors().front();
+    for (const int at : {-1, 0, 15, 2047, INT32_MAX}) {
+        for (int hit = kiv_panel_hit(&panel, at, at / 2); hit >= 0;) {
+            if (kiv_panel_item_name(&panel, hit) == nullptr)
+                return "what is hit is no item";
+            const int next = kiv_panel_hit_behind(&panel, at, at / 2, hit);
+            if (next >= 0 && next <= hit)
+                return "what lies behind an item is in front of it";
+            hit = next;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string checkPanel(const uint8_t *data, size_t size)
+{
+    std::vector<uint8_t> blob(data, data + size);
+    if (size >= 12)
+        seal(blob);
+    // At an odd address, and at the end of its memory, where a sanitizer sees a read past it.
+    std::vector<uint8_t> memory = {0xFF};
+    memory.insert(memory.end(), blob.begin(), blob.end());
+
+    CChip chip(size >= 20 ? numberAt(blob, 16) : 0);
+    const kiv_bus bus = chip.bus();
+    kiv_panel panel;
+    const int error = kiv_panel_open(&panel, memory.data() + 1, static_cast<uint32_t>(size), &bus);
+    if (error != 0) {
+        return error < 0 && kiv_panel_screen_count(&panel) == 0 && kiv_panel_show(&panel, 0) < 0
+                   ? ""
+                   : "a refused package has screens";
+    }
+    const STestPackage package = STestPackage::fromBytes(blob);
+    std::vector<std::string> listErrors; // of no interest here
+    const int count = std::min(kiv_panel_screen_count(&panel), MostScreens);
+    for (int i = 0; i < 2 * count; ++i) {
+        const int screen = i < count ? i : 2 * count - 1 - i;
+        const std::string wrong = checkShown(panel, package, screen, chip);
+        if (!wrong.empty())
+            return wrong;
+        if (i < count)
+            chip.draw(FrameSide, FrameSide, &listErrors);
+    }
+    return {};
+}
