@@ -907,6 +907,10 @@
         <source>Load Page</source>
         <translation>Seite laden</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 <context>
     <name>CPrintScreenDialog</name>
@@ -937,6 +941,10 @@
     <message>
         <source>Save Location: </source>
         <translation>Speicherort: </translation>
+    </message>
+    <message>
+        <source>No page was picked, so no picture was saved.</source>
+        <translation>Es war keine Seite ausgewählt, daher wurde kein Bild gespeichert.</translation>
     </message>
 </context>
 <context>
@@ -1207,6 +1215,10 @@
     <message>
         <source>Ungroup</source>
         <translation>Gruppierung aufheben</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
     </message>
 </context>
 <context>

@@ -907,6 +907,10 @@
         <source>Load Page</source>
         <translation>载入页面</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
 </context>
 <context>
     <name>CPrintScreenDialog</name>
@@ -937,6 +941,10 @@
     <message>
         <source>Save Location: </source>
         <translation>保存位置：</translation>
+    </message>
+    <message>
+        <source>No page was picked, so no picture was saved.</source>
+        <translation>未选择任何页面，因此没有保存图片。</translation>
     </message>
 </context>
 <context>
@@ -1207,6 +1215,10 @@
     <message>
         <source>Ungroup</source>
         <translation>取消组合</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>添加文件</translation>
     </message>
 </context>
 <context>

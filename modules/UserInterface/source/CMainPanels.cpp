@@ -6,6 +6,7 @@
 #include "CPlatformTable.h"
 #include "CProjectExplorerView.h"
 #include "CProjectModel.h"
+#include "CProjectSelection.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
@@ -18,8 +19,10 @@
 #include "CWidgetSelectionView.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QDockWidget>
-#include <QItemSelectionModel>
+#include <QScopedValueRollback>
+#include <QSet>
 
 #include <algorithm>
 #include <functional>
@@ -44,22 +47,28 @@ CItemModel *findItem(QStandardItem *parent, quint32 id)
     return nullptr;
 }
 
-bool isBelowOneOf(const QList<CItemModel *> &items, const CItemModel *item)
+CItemModel *pageOf(CItemModel *item)
 {
-    for (const QStandardItem *above = item->parent(); above; above = above->parent()) {
-        if (std::find(items.begin(), items.end(), above) != items.end())
-            return true;
-    }
-    return false;
+    while (item->parentItem())
+        item = item->parentItem();
+    return item;
+}
+
+bool areSame(const QList<CItemModel *> &left, const QList<CItemModel *> &right)
+{
+    using Set = QSet<CItemModel *>;
+    return Set(left.begin(), left.end()) == Set(right.begin(), right.end());
 }
 } // namespace
 
-CMainPanels::CMainPanels(CMainWindow *window) : QObject(window), m_window(window)
+CMainPanels::CMainPanels(CMainWindow *window)
+    : QObject(window), m_window(window), m_selection(new CProjectSelection(this))
 {
     window->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     makePanels();
     layOut();
     connectPanels();
+    connectSelection();
     retranslate();
     showPalette();
 }
@@ -105,14 +114,6 @@ void CMainPanels::layOut()
 
 void CMainPanels::connectPanels()
 {
-    connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
-            &CMainPanels::selectionChanged);
-    connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
-    connect(m_explorer, &QAbstractItemView::clicked, this, [this](const QModelIndex &index) {
-        CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(index));
-        if (item && item->isGrouped())
-            reveal(item);
-    });
     connect(m_explorer, &CProjectExplorerView::message, this, &CMainPanels::report);
     connect(m_navigator, &CScreenNavigator::screenActivated, m_screens, &CScreen::openScreen);
     connect(m_screens, &CScreen::viewResized, m_navigator->viewport(),
@@ -121,10 +122,6 @@ void CMainPanels::connectPanels()
             &CScreenNavigator::setCurrentScreen);
     connect(m_screens, &CScreen::currentScreenChanged, m_explorer,
             &CProjectExplorerView::setShownScreen);
-    connect(m_screens, &CScreen::selectionChanged, this, [this](const QList<CItemModel *> &items) {
-        m_explorer->selectItems(items);
-        showSelection(items);
-    });
     connect(m_screens, &CScreen::renderErrors, this,
             [this](const CScreenModel *screen, const QString &errors) {
                 m_output->writeRenderErrors(screen->name(), errors);
@@ -134,6 +131,17 @@ void CMainPanels::connectPanels()
     connect(m_screens, &CScreen::message, this, &CMainPanels::report);
     connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::report);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
+}
+
+void CMainPanels::connectSelection()
+{
+    connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
+            &CMainPanels::selectionChanged);
+    connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
+    connect(m_explorer, &QAbstractItemView::clicked, this, &CMainPanels::explorerClicked);
+    connect(m_screens, &CScreen::selectionChanged, this, &CMainPanels::takeFromCanvas);
+    connect(m_screens, &CScreen::canvasEntered, this, &CMainPanels::enterCanvas);
+    connect(m_selection, &CProjectSelection::stepDone, this, &CMainPanels::showStep);
 }
 
 void CMainPanels::connectStatusBar(CStatusBar *bar)
@@ -160,6 +168,7 @@ void CMainPanels::retranslate()
 void CMainPanels::showProject(CProjectModel *project)
 {
     m_project = project;
+    m_selection->setProject(project);
     m_explorer->setProject(project);
     m_screens->setProject(project);
     m_navigator->setProject(project);
@@ -171,6 +180,7 @@ void CMainPanels::showProject(CProjectModel *project)
 void CMainPanels::clear()
 {
     m_project = nullptr;
+    m_selection->setProject(nullptr);
     m_screens->setProject(nullptr);
     m_navigator->setProject(nullptr);
     m_properties->setProject(nullptr);
@@ -191,57 +201,127 @@ void CMainPanels::showPalette()
     m_palette->view()->setToolbox(manager.toolboxModel(CPlatformTable::chipCode(QString())));
 }
 
-void CMainPanels::selectionChanged(const QModelIndexList &selected)
+CItemModel *CMainPanels::itemAt(const QModelIndex &index) const
 {
-    const QList<CItemModel *> items = itemsAt(selected);
-    m_screens->selectItems(items);
-    showSelection(items);
+    return m_project ? CItemModel::fromItem(m_project->itemFromIndex(index)) : nullptr;
 }
 
-QList<CItemModel *> CMainPanels::itemsAt(const QModelIndexList &indexes) const
+/// What was chosen last decides which page is shown, so that no command is for something unseen.
+void CMainPanels::selectionChanged(const QModelIndexList &selected)
 {
+    CItemModel *current = itemAt(m_explorer->currentIndex());
+    if (selected.isEmpty() && current && current->isGrouped()) { // the keys have come to a member
+        reveal(current);
+        return;
+    }
     QList<CItemModel *> items;
-    for (const QModelIndex &each : indexes) {
-        if (CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(each)))
+    for (const QModelIndex &each : selected) {
+        if (CItemModel *item = itemAt(each))
             items.append(item);
     }
-    return items;
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_selection->select(items);
+    if (items.contains(current))
+        openPageOf(current);
+    m_screens->selectItems(items);
+    m_properties->showItems(items);
+}
+
+void CMainPanels::explorerClicked(const QModelIndex &index)
+{
+    CItemModel *item = itemAt(index);
+    if (item && item->isGrouped()) {
+        reveal(item);
+        return;
+    }
+    m_selection->forgetMember();
+    m_properties->showItems(m_selection->shownItems());
+}
+
+void CMainPanels::takeFromCanvas(const QList<CItemModel *> &items)
+{
+    if (m_isShowing)
+        return;
+    m_selection->select(items);
+    m_explorer->selectItems(items);
+    m_properties->showItems(items);
+}
+
+/// From here on keys are for what is selected there: a page that was chosen in the explorer, or a
+/// member of the group that is clicked, is no longer meant.
+void CMainPanels::enterCanvas()
+{
+    const QList<CItemModel *> items = m_screens->selectedItems();
+    if (!areSame(m_selection->shownItems(), items))
+        takeFromCanvas(items);
 }
 
 QList<CItemModel *> CMainPanels::selectedItems() const
 {
-    QList<CItemModel *> items = m_screens->selectedItems();
+    return m_selection->topmostItems();
+}
+
+void CMainPanels::select(const QList<CItemModel *> &items)
+{
+    m_selection->select(items);
+    showSelection();
+}
+
+/// What came back on another page is shown there. A page is not selected behind the back of who
+/// works on a canvas.
+void CMainPanels::showStep()
+{
+    QList<CItemModel *> items = m_selection->items();
     const CScreenView *view = m_screens->currentView();
-    const QItemSelectionModel *rows = m_explorer->selectionModel();
-    if (!m_project || !rows || (view && view->hasFocus()))
-        return items;
-    const QModelIndexList selected = rows->selectedIndexes();
-    for (const QModelIndex &each : selected) {
-        CItemModel *item = CItemModel::fromItem(m_project->itemFromIndex(each));
-        if (item && !items.contains(item))
-            items.append(item);
+    if (view && view->hasFocus()) {
+        const auto isScreen = [](const CItemModel *each) {
+            return each->kind() == CItemModel::Kind::Screen;
+        };
+        items.erase(std::remove_if(items.begin(), items.end(), isScreen), items.end());
     }
-    QList<CItemModel *> topmost;
-    std::copy_if(items.begin(), items.end(), std::back_inserter(topmost),
-                 [&](const CItemModel *each) { return !isBelowOneOf(items, each); });
-    return topmost;
+    m_selection->select(items);
+    const CItemModel *shown = m_screens->currentScreen();
+    const bool isSeen = std::any_of(items.begin(), items.end(), [shown](CItemModel *each) {
+        return pageOf(each) == shown;
+    });
+    if (!isSeen && !items.isEmpty())
+        openPageOf(items.first());
+    showSelection();
 }
 
 /// Of the explorer, whose selection stays: the canvas of another screen has one of its own, which
 /// it tells when it comes forward.
 void CMainPanels::showScreen(CScreenModel *screen)
 {
-    const QModelIndexList selected = m_explorer->selectionModel()->selectedIndexes();
-    m_screens->openScreen(screen);
-    const QList<CItemModel *> items = itemsAt(selected);
-    m_screens->selectItems(items);
-    m_explorer->selectItems(items);
-    showSelection(items);
+    {
+        const QScopedValueRollback<bool> showing(m_isShowing, true);
+        m_screens->openScreen(screen);
+    }
+    showSelection();
 }
 
-void CMainPanels::showSelection(const QList<CItemModel *> &items)
+void CMainPanels::showSelection()
 {
-    m_properties->showItems(items);
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_screens->selectItems(m_selection->items());
+    m_explorer->selectItems(m_selection->items());
+    m_properties->showItems(m_selection->shownItems());
+}
+
+/// Of an item; choosing a page itself leads nowhere until it is clicked.
+void CMainPanels::openPageOf(CItemModel *item)
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    CItemModel *page = pageOf(item);
+    if (page != item && page != m_screens->currentScreen())
+        m_screens->openScreen(static_cast<CScreenModel *>(page));
+}
+
+void CMainPanels::addDeselectAction(QAction *action)
+{
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // elsewhere Esc has other uses
+    m_screens->addAction(action);
+    m_explorer->addAction(action);
 }
 
 /// Leads from an error message to the item that it is about.
@@ -254,7 +334,6 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
         CItemModel *item = findItem(screen, id);
         if (!item)
             continue; // another screen may have the same name
-        m_screens->openScreen(screen);
         reveal(item);
         return;
     }
@@ -264,12 +343,9 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
 /// same.
 void CMainPanels::reveal(CItemModel *item)
 {
-    CItemModel *selectable = item;
-    while (selectable->isGrouped())
-        selectable = static_cast<CItemModel *>(selectable->parent());
-    m_screens->selectItems({selectable});
-    m_explorer->selectItems({selectable});
-    showSelection({item});
+    openPageOf(item);
+    m_selection->selectMember(item);
+    showSelection();
 }
 
 void CMainPanels::finishEdits()

@@ -9,12 +9,14 @@ class CMainWindow;
 class COutputWindowView;
 class CProjectExplorerView;
 class CProjectModel;
+class CProjectSelection;
 class CScreen;
 class CScreenModel;
 class CScreenNavigator;
 class CStatusBar;
 class CWidgetPropertiesView;
 class CWidgetSelectionPanel;
+class QAction;
 class QDockWidget;
 
 /// The docks around the screens and the screens themselves: makes them, lays them out, shows the
@@ -33,9 +35,14 @@ public:
     QDockWidget *outputDock() const { return m_outputDock; }
     CScreen *screens() const { return m_screens; }
     CScreenNavigator *navigator() const { return m_navigator; }
-    /// Items and screens that a command is for: what is selected on the shown canvas, and unless
-    /// the user is working there, in the explorer. Nothing that lies below another of them.
+    CProjectExplorerView *explorer() const { return m_explorer; }
+    /// Items and screens that a command is for, the same that all panels show as selected. Nothing
+    /// that lies below another of them.
     QList<CItemModel *> selectedItems() const;
+    /// Selects exactly these in all panels.
+    void select(const QList<CItemModel *> &items);
+    /// Where the keys of the action mean the selection: on a canvas and in the explorer.
+    void addDeselectAction(QAction *action);
 
     void connectStatusBar(CStatusBar *bar);
     void showProject(CProjectModel *project);
@@ -55,7 +62,7 @@ public Q_SLOTS:
     /// Why something that the user asked for was not done: seen also when that window was closed.
     void report(const QString &text);
     void setSnapToGrid(bool enabled);
-    /// Of the explorer: selects the items on the canvas too.
+    /// Of the explorer: selects the items on the canvas too, on their own page.
     void selectionChanged(const QModelIndexList &selected);
 
 private:
@@ -63,8 +70,14 @@ private:
     void connectPanels();
     void showPalette();
     void showScreen(CScreenModel *screen);
-    QList<CItemModel *> itemsAt(const QModelIndexList &indexes) const;
-    void showSelection(const QList<CItemModel *> &items);
+    void connectSelection();
+    CItemModel *itemAt(const QModelIndex &index) const;
+    void takeFromCanvas(const QList<CItemModel *> &items);
+    void enterCanvas();
+    void explorerClicked(const QModelIndex &index);
+    void showStep();
+    void showSelection();
+    void openPageOf(CItemModel *item);
     void reveal(CItemModel *item);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
@@ -82,5 +95,7 @@ private:
     QDockWidget *m_paletteDock;
     QDockWidget *m_propertiesDock;
     QDockWidget *m_outputDock;
+    CProjectSelection *m_selection;
     CProjectModel *m_project = nullptr; ///< the one that is shown; not owned
+    bool m_isShowing = false;           ///< the views are being brought in step with the selection
 };

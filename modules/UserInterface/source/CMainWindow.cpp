@@ -3,6 +3,7 @@
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
 #include "CDialogQuestions.h"
+#include "CEditCommands.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
@@ -72,8 +73,10 @@ CMainWindow::CMainWindow(const QString &file)
     m_languages->loadSystemLanguage();
     startSubsystems();
     m_panels = new CMainPanels(this);
+    m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
+    m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
     connectSession();
     connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),

@@ -14,6 +14,7 @@
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
+class CEditCommands;
 class CEmulatorSession;
 class CExportController;
 class CHelpWindow;
@@ -141,9 +142,6 @@ private:
     void connectSession();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
-    void tellView(void (CScreenView::*command)());
-    using Ordering = void (*)(CScreenModel &screen, const QVector<CItemModel *> &items);
-    void orderSelected(Ordering ordering);
     std::optional<SShownScreen> shownScreen() const;
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();
@@ -167,6 +165,7 @@ private:
     QTimer *m_autosaveRetry = nullptr;
     CExportController *m_export = nullptr;
     CMainPanels *m_panels = nullptr;
+    std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;

@@ -1,7 +1,6 @@
 // The slots of CMainWindow that carry out the commands of the menus.
 #include "CAutosaver.h"
-#include "CCommandDeleteItem.h"
-#include "CCommandDeleteScreen.h"
+#include "CEditCommands.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
@@ -20,20 +19,15 @@
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CUpdater.h"
-#include "ItemOperations.h"
 #include "ProgramInfo.h"
 
 #include <QAction>
 #include <QDockWidget>
 #include <QFile>
 #include <QLocale>
-#include <QMap>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
-#include <QUndoStack>
-
-#include <algorithm>
 
 namespace {
 constexpr int AutosaveRetryTime = 1000; // ms
@@ -158,13 +152,6 @@ void CMainWindow::setSnapToGrid(bool enabled)
     m_panels->setSnapToGrid(enabled);
 }
 
-/// The commands for the canvas go to the one that is shown, if any.
-void CMainWindow::tellView(void (CScreenView::*command)())
-{
-    if (CScreenView *view = m_panels->screens()->currentView())
-        (view->*command)();
-}
-
 std::optional<SShownScreen> CMainWindow::shownScreen() const
 {
     const CScreenView *view = m_panels->screens()->currentView();
@@ -212,58 +199,29 @@ void CMainWindow::gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt:
     CEditorState::instance()->setGrid(showGrid, gridSize, gridColor, gridType);
 }
 
-/// Screens too, and what is selected on a page that is not shown.
 void CMainWindow::deleteSelectedItems()
 {
-    const QList<CItemModel *> items = m_panels->selectedItems();
-    if (items.isEmpty())
-        return;
-    QUndoStack *stack = project()->undoStack();
-    stack->beginMacro(tr("Delete Selected Items"));
-    for (CItemModel *each : items) {
-        if (each->kind() == CItemModel::Kind::Screen)
-            stack->push(new CCommandDeleteScreen(static_cast<CScreenModel *>(each)));
-        else
-            stack->push(new CCommandDeleteItem(each));
-    }
-    stack->endMacro();
-}
-
-/// Screens have an order of their own; the commands are about the items on them.
-void CMainWindow::orderSelected(Ordering ordering)
-{
-    QMap<CScreenModel *, QVector<CItemModel *>> items;
-    for (CItemModel *each : m_panels->selectedItems()) {
-        auto *screen = CItemModel::fromItem(each->parent());
-        if (screen && screen->kind() == CItemModel::Kind::Screen)
-            items[static_cast<CScreenModel *>(screen)].append(each);
-    }
-    for (auto it = items.begin(); it != items.end(); ++it) {
-        std::sort(it->begin(), it->end(), [](const CItemModel *left, const CItemModel *right) {
-            return left->row() < right->row();
-        });
-        ordering(*it.key(), *it);
-    }
+    m_edit->remove();
 }
 
 void CMainWindow::orderingToFront()
 {
-    orderSelected(&ItemOperations::toFront);
+    m_edit->order(ItemOperations::EOrder::ToFront);
 }
 
 void CMainWindow::orderingToBack()
 {
-    orderSelected(&ItemOperations::toBack);
+    m_edit->order(ItemOperations::EOrder::ToBack);
 }
 
 void CMainWindow::orderingForward()
 {
-    orderSelected(&ItemOperations::forward);
+    m_edit->order(ItemOperations::EOrder::Forward);
 }
 
 void CMainWindow::orderingBackward()
 {
-    orderSelected(&ItemOperations::backward);
+    m_edit->order(ItemOperations::EOrder::Backward);
 }
 
 void CMainWindow::showHelp()
@@ -309,17 +267,17 @@ void CMainWindow::exportScreenBin()
 
 void CMainWindow::copy()
 {
-    tellView(&CScreenView::copy);
+    m_edit->copy();
 }
 
 void CMainWindow::cut()
 {
-    tellView(&CScreenView::cut);
+    m_edit->cut();
 }
 
 void CMainWindow::paste()
 {
-    tellView(&CScreenView::paste);
+    m_edit->paste();
 }
 
 void CMainWindow::printScreen()
@@ -339,7 +297,7 @@ void CMainWindow::printScreen()
 
 void CMainWindow::lockItems()
 {
-    tellView(&CScreenView::lockItems);
+    m_edit->tellView(&CScreenView::lockItems);
 }
 
 void CMainWindow::newTab()
@@ -350,30 +308,30 @@ void CMainWindow::newTab()
 
 void CMainWindow::selectAll()
 {
-    tellView(&CScreenView::selectAll);
+    m_edit->selectAll();
 }
 
 void CMainWindow::selectNone()
 {
-    tellView(&CScreenView::selectNone);
+    m_edit->selectNone();
 }
 
 void CMainWindow::selectInverse()
 {
-    tellView(&CScreenView::selectInverse);
+    m_edit->tellView(&CScreenView::selectInverse);
 }
 
 void CMainWindow::group()
 {
-    tellView(&CScreenView::group);
+    m_edit->tellView(&CScreenView::group);
 }
 
 void CMainWindow::ungroup()
 {
-    tellView(&CScreenView::ungroup);
+    m_edit->tellView(&CScreenView::ungroup);
 }
 
 void CMainWindow::updateRepaint()
 {
-    tellView(&CScreenView::updateRepaint);
+    m_edit->tellView(&CScreenView::updateRepaint);
 }

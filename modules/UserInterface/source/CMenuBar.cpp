@@ -9,11 +9,9 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
-#include <QShortcutEvent>
 #include <QToolBar>
 #include <QUndoGroup>
 
@@ -53,9 +51,6 @@ void CMenuBar::makeActions()
     m_themeGroup = new QActionGroup(this);
     m_themeGroup->addAction(m_actions[Dark]);
     m_themeGroup->addAction(m_actions[Light]);
-    // Some systems have the same keys for these two.
-    m_actions[SelectNone]->installEventFilter(this);
-    m_actions[SelectInverse]->installEventFilter(this);
 }
 
 QAction *CMenuBar::makeAction(int id)
@@ -68,10 +63,7 @@ QAction *CMenuBar::makeAction(int id)
                                    : new QAction(m_window);
     if (row.icon)
         action->setIcon(CThemeIcons::icon(QStringLiteral(":/images/%1.png").arg(row.icon)));
-    if (row.keys)
-        action->setShortcut(QKeySequence(QString::fromLatin1(row.keys)));
-    else if (row.key != QKeySequence::UnknownKey)
-        action->setShortcuts(row.key);
+    action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(row.keys)));
     action->setCheckable(row.check != ECheck::None);
     action->setChecked(row.check == ECheck::On);
     if (const auto trigger = row.trigger)
@@ -233,16 +225,4 @@ void CMenuBar::updateZoomMenu(int percent, int type)
 void CMenuBar::updateGridMenu(bool on, int, QColor, Qt::PenStyle)
 {
     setChecked(GridToggle, on);
-}
-
-/// Where "deselect" has the keys of the inverse selection, neither would do anything; the keys were
-/// given to the latter on purpose.
-bool CMenuBar::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::Shortcut &&
-        static_cast<const QShortcutEvent *>(event)->isAmbiguous()) {
-        m_actions[SelectInverse]->trigger();
-        return true;
-    }
-    return QObject::eventFilter(watched, event);
 }

@@ -124,9 +124,6 @@ public Q_SLOTS:
     void updateZoomMenu(int percent, int type);
     void updateGridMenu(bool on, int spacing, QColor colour, Qt::PenStyle style);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void makeActions();
     QAction *makeAction(int id);

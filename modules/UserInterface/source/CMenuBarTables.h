@@ -2,8 +2,6 @@
 
 #include "CMenuBar.h"
 
-#include <QKeySequence>
-
 #include <vector>
 
 /// What CMenuBar makes its actions, menus and tool bar from.
@@ -16,8 +14,9 @@ struct SAction
     const char *text;
     const char *icon; ///< name of a picture below ":/images/", or null
     const char *tip;  ///< or null
-    QKeySequence::StandardKey key;
-    const char *keys; ///< in place of a standard key, or null
+    /// Separated by "; ", the one that the menu shows first; or null. Spelt out: what a system binds
+    /// to a standard key may have company, like a second key that deletes.
+    const char *keys;
     ECheck check;
     void (*trigger)(CMainWindow &window, const CMenuBar &bar); ///< or null
 };

@@ -3,6 +3,7 @@
 #include "CDialogAnswers.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
+#include "CItemView.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectExplorerView.h"
@@ -16,6 +17,7 @@
 #include "ProgramFolder.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QItemSelectionModel>
@@ -27,6 +29,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextEdit>
 #include <QTreeWidget>
 #include <QUndoStack>
 
@@ -57,6 +60,7 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(path);
         QVERIFY(m_window->project());
         m_screens = m_window->findChild<CScreen *>();
+        m_explorer = m_window->findChild<CProjectExplorerView *>();
         QCOMPARE(m_screens->count(), 1); // the first page is open
         QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(0));
     }
@@ -112,14 +116,202 @@ private Q_SLOTS:
         QCOMPARE(names(m_window->project()->screen(0)), rows);
     }
 
+    void selectionAfterCommands_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QVector<int>>("counts"); // of selected items, by state; -1: the same ones
+        const auto row = [](const char *name, CMenuBar::EAction action, const QVector<int> &counts) {
+            QTest::newRow(name) << int(action) << counts;
+        };
+        const QVector<int> same(4, -1);
+        row("front", CMenuBar::BringToFront, same);
+        row("back", CMenuBar::SendToBack, same);
+        row("forward", CMenuBar::BringForward, same);
+        row("backward", CMenuBar::SendBackward, same);
+        row("lock", CMenuBar::LockUnlock, same);
+        row("copy", CMenuBar::Copy, same);
+        row("cut", CMenuBar::Cut, {0, 0, 0, 0});
+        row("delete", CMenuBar::Delete, {0, 0, 0, 0});
+        row("paste", CMenuBar::Paste, {1, 2, 1, 1});
+        row("group", CMenuBar::Group, {-1, 1, -1, -1});
+        row("ungroup", CMenuBar::Ungroup, {-1, -1, 2, 2});
+    }
+
+    /// Canvas, explorer and property panel agree after the command, its undo and its redo.
+    void selectionAfterCommands()
+    {
+        QFETCH(int, action);
+        QFETCH(QVector<int>, counts);
+        const auto id = CMenuBar::EAction(action);
+        CProjectModel *project = m_window->project();
+        QUndoStack *stack = project->undoStack();
+        const QStringList states = {"B", "AC", "AB grouped", "AB grouped, a member shown"};
+        for (const QString &state : states) {
+            CItemModel *member = select(state.section(' ', 0, 0));
+            if (state.contains("grouped"))
+                trigger(CMenuBar::Group);
+            const bool isMember = state.contains("member");
+            if (isMember)
+                Q_EMIT m_explorer->clicked(member->index());
+            const QList<CItemModel *> items = m_screens->selectedItems();
+            const Items before(items.begin(), items.end());
+            trigger(CMenuBar::Copy);
+            const QByteArray bytes = project->saveToBytes(nullptr);
+            const int steps = stack->index();
+            trigger(id);
+            if (stack->index() > steps) {
+                const int count = counts.at(states.indexOf(state));
+                const Items after = selected();
+                QCOMPARE(after.size(), count < 0 ? before.size() : count);
+                QVERIFY(count >= 0 || after == before);
+                trigger(CMenuBar::Undo);
+                QCOMPARE(selected(), id == CMenuBar::Paste ? Items() : before);
+                QCOMPARE(project->saveToBytes(nullptr), bytes);
+                trigger(CMenuBar::Redo);
+                QCOMPARE(selected(), after);
+            } else if (!isMember) { // which the panel still shows
+                QCOMPARE(selected(), before);
+            }
+            if (id == CMenuBar::LockUnlock && stack->index() == steps)
+                trigger(id);
+            while (stack->canUndo())
+                trigger(CMenuBar::Undo);
+        }
+    }
+
+    /// Who has chosen something there sees it, and commands are for all of it, in one step.
+    void itemsOfAnotherPage_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<QString>("first"); // names on the pages afterwards
+        QTest::addColumn<QString>("second");
+        QTest::newRow("front") << int(CMenuBar::BringToFront) << "BAC" << "ED";
+        QTest::newRow("back") << int(CMenuBar::SendToBack) << "ACB" << "DE";
+        QTest::newRow("cut") << int(CMenuBar::Cut) << "AC" << "D";
+        QTest::newRow("delete") << int(CMenuBar::Delete) << "AC" << "D";
+    }
+
+    void itemsOfAnotherPage()
+    {
+        QFETCH(int, action);
+        QFETCH(QString, first);
+        QFETCH(QString, second);
+        CProjectModel *project = m_window->project();
+        for (const char *name : {"E", "D"}) {
+            auto *item = select("A")->clone();
+            item->setProperty("name", name);
+            project->screen(1)->insertRow(0, item);
+        }
+        CItemModel *other = project->screen(1)->childItem(1);
+        chooseInExplorer({other});
+        QCOMPARE(m_screens->currentScreen(), project->screen(1));
+        QCOMPARE(selected(), Items{other});
+        chooseInExplorer({project->screen(0)->childItem(1), other});
+        const QByteArray before = project->saveToBytes(nullptr);
+        trigger(CMenuBar::EAction(action));
+        QCOMPARE(names(project->screen(0)), first);
+        QCOMPARE(names(project->screen(1)), second);
+        QCOMPARE(project->undoStack()->count(), 1);
+        trigger(CMenuBar::Undo);
+        QCOMPARE(project->saveToBytes(nullptr), before);
+        m_screens->openScreen(project->screen(0)); // what comes back elsewhere is shown there
+        trigger(CMenuBar::Redo);
+        trigger(CMenuBar::Undo);
+        QCOMPARE(project->saveToBytes(nullptr), before);
+    }
+
+    void undoShowsThePageOnWhichItIs()
+    {
+        CScreenModel *first = m_window->project()->screen(0);
+        CItemModel *item = select("B");
+        trigger(CMenuBar::Delete);
+        m_screens->openScreen(m_window->project()->screen(1));
+        trigger(CMenuBar::Undo);
+        QCOMPARE(m_screens->currentScreen(), first);
+        QCOMPARE(selected(), Items{item});
+    }
+
+    /// After its member, a press on the group that is selected already.
+    void aPressOnTheGroupIsForTheGroup()
+    {
+        CItemModel *member = select("AB");
+        trigger(CMenuBar::Group);
+        Q_EMIT m_explorer->clicked(member->index());
+        auto *panel = m_window->findChild<CWidgetPropertiesView *>();
+        QCOMPARE(panel->currentItemModel(), member);
+        CScreenView *view = m_screens->currentView();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(12, 12));
+        QCOMPARE(panel->currentItemModel(), member->parentItem());
+        Q_EMIT m_explorer->clicked(member->index());
+        Q_EMIT m_explorer->clicked(member->parent()->index());
+        QCOMPARE(selected(), Items{member->parentItem()});
+    }
+
+    /// Keys are for what has the focus.
+    void keysInOtherPanels()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        CProjectModel *project = m_window->project();
+        const QByteArray before = project->saveToBytes(nullptr);
+        select("B");
+        trigger(CMenuBar::Copy);
+        auto *output = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"))
+                           ->findChild<QTextEdit *>();
+        output->setPlainText(QStringLiteral("a message"));
+        auto *rows = m_window->findChild<CWidgetPropertiesView *>()->findChild<QTreeWidget *>();
+        for (QWidget *panel : {static_cast<QWidget *>(output), static_cast<QWidget *>(rows)}) {
+            panel->setFocus();
+            for (const int key : {Qt::Key_A, Qt::Key_C, Qt::Key_X, Qt::Key_V})
+                QTest::keyClick(panel, Qt::Key(key), Qt::ControlModifier);
+            QTest::keyClick(panel, Qt::Key_Delete);
+            QTest::keyClick(panel, Qt::Key_D, Qt::ControlModifier);
+            QCOMPARE(selected().size(), 1);
+            QCOMPARE(project->saveToBytes(nullptr), before);
+        }
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("a message"));
+        m_screens->currentView()->setFocus();
+        for (const int key : {Qt::Key_D, Qt::Key_A})
+            QTest::keyClick(m_screens->currentView(), Qt::Key(key), Qt::ControlModifier);
+        QCOMPARE(selected().size(), 3);
+        QTest::keyClick(m_screens->currentView(), Qt::Key_Escape);
+        QCOMPARE(selected().size(), 0);
+        QCOMPARE(project->saveToBytes(nullptr), before);
+    }
+
+    /// In the explorer a page is copied by the keys too; what was copied last is pasted, and the
+    /// names count up.
+    void pagesByKeys()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        CProjectModel *project = m_window->project();
+        select("B");
+        trigger(CMenuBar::Copy);
+        chooseInExplorer({project->screen(0)});
+        QTest::keyClick(m_explorer, Qt::Key_C, Qt::ControlModifier);
+        m_screens->currentView()->setFocus();
+        QTest::keyClick(m_screens->currentView(), Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(m_window->focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(project->screenCount(), 4);
+        QCOMPARE(project->screen(2)->name(), QStringLiteral("First 2"));
+        QCOMPARE(project->screen(3)->name(), QStringLiteral("First 3"));
+        QCOMPARE(names(project->screen(3)), names(project->screen(0)));
+        QTest::keyClick(m_window->focusWidget(), Qt::Key_X, Qt::ControlModifier); // the last one
+        QCOMPARE(project->screenCount(), 3);
+        m_screens->currentView()->setFocus(); // keys are no longer for pages
+        trigger(CMenuBar::Undo);
+        trigger(CMenuBar::Delete);
+        QCOMPARE(project->screenCount(), 4);
+    }
+
     /// Pages, and what lies on a page that is not shown; a page and an item on it are one.
     void deleteWhatTheExplorerHasSelected()
     {
         CProjectModel *project = m_window->project();
-        auto *explorer = m_window->findChild<CProjectExplorerView *>();
         const QModelIndex first = project->index(0, 0);
-        explorer->selectionModel()->select(project->index(1, 0), QItemSelectionModel::Select);
-        explorer->selectionModel()->select(project->index(1, 0, first),
+        m_explorer->selectionModel()->select(project->index(1, 0), QItemSelectionModel::Select);
+        m_explorer->selectionModel()->select(project->index(1, 0, first),
                                            QItemSelectionModel::Select);
         trigger(CMenuBar::Delete);
         QCOMPARE(project->screenCount(), 1);
@@ -129,11 +321,11 @@ private Q_SLOTS:
         QCOMPARE(project->screenCount(), 2);
 
         m_screens->closeScreen(project->screen(0));
-        explorer->selectionModel()->select(project->index(2, 0, project->index(0, 0)),
+        m_explorer->selectionModel()->select(project->index(2, 0, project->index(0, 0)),
                                            QItemSelectionModel::ClearAndSelect);
         trigger(CMenuBar::BringToFront);
         QCOMPARE(names(project->screen(0)), QStringLiteral("CAB"));
-        explorer->selectAll();
+        m_explorer->selectAll();
         trigger(CMenuBar::Delete);
         QCOMPARE(project->screenCount(), 0);
         QCOMPARE(m_screens->count(), 0);
@@ -177,7 +369,7 @@ private Q_SLOTS:
         trigger(CMenuBar::Paste);
         QCOMPARE(m_window->project()->screen(0)->rowCount(), 5);
         QCOMPARE(m_window->project()->undoStack()->count(), 1);
-        m_screens->selectItems({item});
+        choose({item});
         for (const bool locked : {true, false}) {
             trigger(CMenuBar::LockUnlock);
             QCOMPARE(item->isLocked(), locked);
@@ -275,13 +467,12 @@ private Q_SLOTS:
 
     void theExplorersSelectionStaysWhenAnotherPageIsShown()
     {
-        auto *explorer = m_window->findChild<CProjectExplorerView *>();
         CScreenModel *second = m_window->project()->screen(1);
         select("A");
-        explorer->selectionModel()->select(second->index(), QItemSelectionModel::ClearAndSelect);
-        Q_EMIT explorer->clicked(second->index());
+        m_explorer->selectionModel()->select(second->index(), QItemSelectionModel::ClearAndSelect);
+        Q_EMIT m_explorer->clicked(second->index());
         QCOMPARE(m_screens->currentScreen(), second);
-        QCOMPARE(explorer->selectionModel()->selectedIndexes(), QModelIndexList{second->index()});
+        QCOMPARE(m_explorer->selectionModel()->selectedIndexes(), QModelIndexList{second->index()});
         QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), second);
     }
 
@@ -320,12 +511,11 @@ private Q_SLOTS:
         CItemModel *member = select("AB");
         trigger(CMenuBar::Group);
         auto *group = static_cast<CItemModel *>(member->parent());
-        auto *explorer = m_window->findChild<CProjectExplorerView *>();
-        explorer->expandAll();
-        QTest::mouseClick(explorer->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          explorer->visualRect(member->index()).center());
+        m_explorer->expandAll();
+        QTest::mouseClick(m_explorer->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          m_explorer->visualRect(member->index()).center());
         QCOMPARE(m_screens->selectedItems(), QList<CItemModel *>{group});
-        QCOMPARE(explorer->selectionModel()->selectedIndexes(), QModelIndexList{group->index()});
+        QCOMPARE(m_explorer->selectionModel()->selectedIndexes(), QModelIndexList{group->index()});
         QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), member);
     }
 
@@ -341,10 +531,9 @@ private Q_SLOTS:
 
     void theExplorerHasOneContextMenu()
     {
-        auto *explorer = m_window->findChild<CProjectExplorerView *>();
-        Q_EMIT explorer->customContextMenuRequested(QPoint(5, 5));
-        QCOMPARE(explorer->findChildren<QMenu *>().size(), 1);
-        explorer->findChild<QMenu *>()->close();
+        Q_EMIT m_explorer->customContextMenuRequested(QPoint(5, 5));
+        QCOMPARE(m_explorer->findChildren<QMenu *>().size(), 1);
+        m_explorer->findChild<QMenu *>()->close();
     }
 
     /// A drag is painted with its frame; without one it must not freeze the canvas.
@@ -387,8 +576,44 @@ private:
             if (wanted.contains(screen->childItem(row)->name()))
                 items << screen->childItem(row);
         }
-        m_screens->selectItems(items);
+        choose(items);
         return items.value(0);
+    }
+
+    /// As a user does on the canvas.
+    void choose(const QList<CItemModel *> &items)
+    {
+        const CScreenScene *scene = m_screens->currentView()->screenScene();
+        for (CItemView *each : scene->itemViews())
+            each->setSelected(items.contains(each->item()));
+    }
+
+    /// As a user does in the explorer.
+    void chooseInExplorer(const QList<CItemModel *> &items)
+    {
+        QItemSelection chosen;
+        for (const CItemModel *each : items)
+            chosen.select(each->index(), each->index());
+        m_explorer->setFocus();
+        m_explorer->selectionModel()->setCurrentIndex(items.last()->index(),
+                                                      QItemSelectionModel::NoUpdate);
+        m_explorer->selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+    }
+
+    using Items = QSet<CItemModel *>;
+
+    /// What canvas, explorer and property panel show as selected, which must be the same.
+    Items selected()
+    {
+        const QList<CItemModel *> items = m_screens->selectedItems();
+        const Items onCanvas(items.begin(), items.end());
+        Items inExplorer;
+        for (const QModelIndex &each : m_explorer->selectionModel()->selectedIndexes())
+            inExplorer.insert(CItemModel::fromItem(m_window->project()->itemFromIndex(each)));
+        [&] { QCOMPARE(inExplorer, onCanvas); }();
+        CItemModel *inPanel = m_window->findChild<CWidgetPropertiesView *>()->currentItemModel();
+        [&] { QCOMPARE(inPanel, items.size() == 1 ? items.first() : nullptr); }();
+        return onCanvas;
     }
 
     static QString names(const CItemModel *parent)
@@ -407,6 +632,7 @@ private:
     std::unique_ptr<CDialogAnswers> m_answers;
     std::unique_ptr<CMainWindow> m_window;
     CScreen *m_screens = nullptr;
+    CProjectExplorerView *m_explorer = nullptr;
 };
 
 QTEST_MAIN(tst_CanvasCommands)

@@ -155,5 +155,7 @@ void CPrintScreenDialog::saveImages()
     const QStringList skipped = writer.skipped();
     for (const QString &each : skipped)
         Q_EMIT message(each);
+    if (m_screens->selectedItems().isEmpty()) // the dialog closes as after a success
+        Q_EMIT message(tr("No page was picked, so no picture was saved."));
     accept();
 }

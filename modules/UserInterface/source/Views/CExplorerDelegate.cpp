@@ -7,6 +7,7 @@
 #include "CThemeIcons.h"
 #include "CToolboxModel.h"
 #include "CWidgetLibraryManager.h"
+#include "ItemNames.h"
 #include "PropertyKey.h"
 
 #include <QLineEdit>
@@ -110,8 +111,9 @@ void CExplorerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
     CProjectModel *project = qobject_cast<CProjectModel *>(model);
     if (!line || !item || !project)
         return;
-    const QString name = line->text().trimmed();
-    if (name.isEmpty() || name == item->name())
+    const QString typed = line->text().trimmed();
+    const QString name = ItemNames::wanted(*item, typed);
+    if (typed.isEmpty() || name == item->name())
         return;
     project->undoStack()->push(
         new CCommandChangeItemProperty(item, PropertyKey::Name, name, item->name()));

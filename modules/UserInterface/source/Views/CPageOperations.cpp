@@ -8,6 +8,8 @@
 #include "CScreenModel.h"
 #include "CXmlGuard.h"
 #include "CanonicalValue.h"
+#include "ItemNames.h"
+#include "PropertyKey.h"
 #include "ScreenDocuments.h"
 
 #include <QDomElement>
@@ -96,7 +98,7 @@ QString CPageOperations::load(const QString &path)
     const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
     if (!root.isNull())
         addScreens(root, tr("Load Page"), Values::AsTheyAre);
-    return error;
+    return error.isEmpty() ? error : tr("%1: %2").arg(path, error);
 }
 
 void CPageOperations::addScreens(const QDomElement &root, const QString &macroText, Values values)
@@ -105,9 +107,16 @@ void CPageOperations::addScreens(const QDomElement &root, const QString &macroTe
     if (element.isNull())
         return;
     QUndoStack *stack = m_project->undoStack();
+    ItemNames::Names taken = ItemNames::ofScreens(*m_project);
     stack->beginMacro(macroText);
-    for (; !element.isNull(); element = element.nextSiblingElement())
+    for (; !element.isNull(); element = element.nextSiblingElement()) {
+        const QString name = ItemNames::unused(element.attribute(PropertyKey::Name), taken);
+        if (!name.isEmpty()) { // else the project gives one
+            element.setAttribute(PropertyKey::Name, name);
+            taken.insert(name);
+        }
         stack->push(new CCommandPasteScreen(m_project, element, m_project->rowCount()));
+    }
     if (values == Values::Canonical)
         makeValuesCanonical();
     stack->endMacro();

@@ -65,6 +65,7 @@ void CProjectExplorerView::execute(QDrag *drag)
 void CProjectExplorerView::takeDraggedScreen()
 {
     m_takenRow = m_dragged->row();
+    m_takenRect = visualRect(m_dragged->index()).translated(0, verticalOffset());
     m_wasShown = m_dragged == m_shownScreen;
     m_wasExpanded = isExpanded(m_dragged->index());
     m_dragged->setMoving(true);
@@ -160,7 +161,8 @@ int CProjectExplorerView::bottomOf(QModelIndex item) const
 }
 
 /// The gap between screens that is nearest: above the screen under the pointer, or below all that
-/// belongs to it.
+/// belongs to it. Where the dragged screen's own row was, it is the gap that it left, although the
+/// next screen has moved up there.
 void CProjectExplorerView::followPointer(const QPoint &position)
 {
     QModelIndex screen = indexAt(QPoint(viewport()->rect().left() + 1, position.y()));
@@ -168,7 +170,11 @@ void CProjectExplorerView::followPointer(const QPoint &position)
         screen = screen.parent();
 
     int y = 0;
-    if (!screen.isValid()) {
+    const QRect left = m_takenRect.translated(0, -verticalOffset());
+    if (position.y() >= left.top() && position.y() <= left.bottom()) {
+        m_targetRow = m_takenRow;
+        y = left.top();
+    } else if (!screen.isValid()) {
         m_targetRow = -1;
         y = bottomOf(m_project->index(m_project->rowCount() - 1, 0));
     } else {

@@ -50,10 +50,13 @@ void CProjectExplorerView::setProject(CProjectModel *project)
 {
     putScreenBack();
     m_dragged = nullptr;
+    if (project && project == m_project)
+        return;
     m_shownScreen = nullptr;
     m_reportedSelected.clear();
     m_reportedDeselected.clear();
     m_project = project;
+    watchRemovals(); // ahead of the selection model, which comes with the model
     const QItemSelectionModel *old = selectionModel();
     setModel(project);
     delete old; // the view leaves it to the caller
@@ -64,6 +67,19 @@ void CProjectExplorerView::setProject(CProjectModel *project)
             delete each;
     }
     expandAll();
+}
+
+void CProjectExplorerView::watchRemovals()
+{
+    m_rowsLeaving = false;
+    disconnect(m_removalBegins);
+    disconnect(m_removalEnds);
+    if (!m_project)
+        return;
+    m_removalBegins = connect(m_project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+                              [this] { m_rowsLeaving = true; });
+    m_removalEnds = connect(m_project, &QAbstractItemModel::rowsRemoved, this,
+                            [this] { m_rowsLeaving = false; });
 }
 
 CItemModel *CProjectExplorerView::itemAt(const QModelIndex &index) const
@@ -82,7 +98,7 @@ void CProjectExplorerView::selectionChanged(const QItemSelection &selected,
                                             const QItemSelection &deselected)
 {
     QTreeView::selectionChanged(selected, deselected);
-    if (m_syncing)
+    if (m_syncing || m_rowsLeaving)
         return;
     if (selected != m_reportedSelected || deselected != m_reportedDeselected) {
         m_reportedSelected = selected;

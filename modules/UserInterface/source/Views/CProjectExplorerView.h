@@ -51,6 +51,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void screenActivated(CScreenModel *screen);
+    /// By the user. That rows have left the project or moved within it is no choice of his.
     void onSelectionChanged(const QModelIndexList &selected);
     /// Something for the output window.
     void message(const QString &text);
@@ -72,6 +73,7 @@ protected:
     virtual void execute(QDrag *drag);
 
 private:
+    void watchRemovals();
     CItemModel *itemAt(const QModelIndex &index) const;
     QVector<CScreenModel *> selectedScreens() const;
     QVector<CItemModel *> draggedItems(CItemModel *pressed) const;
@@ -88,12 +90,16 @@ private:
     QPointer<CProjectModel> m_project;
     QItemSelection m_reportedSelected;
     QItemSelection m_reportedDeselected;
-    bool m_syncing = false; ///< a selection of the canvas is being applied
+    QMetaObject::Connection m_removalBegins;
+    QMetaObject::Connection m_removalEnds;
+    bool m_syncing = false;     ///< a selection of the canvas is being applied
+    bool m_rowsLeaving = false; ///< what is deselected meanwhile nobody has chosen
 
     QWidget *const m_indicator;
     CItemModel *m_dragged = nullptr; ///< set from the start of a drag to its end
     std::unique_ptr<CItemModel> m_taken;
     int m_takenRow = -1;
+    QRect m_takenRect;    ///< of its row, in a tree that is not scrolled
     int m_targetRow = -1; ///< as if the taken row were not there; -1: behind all
     bool m_wasShown = false;
     bool m_wasExpanded = false;

@@ -7,6 +7,7 @@
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "ItemNames.h"
 #include "PropertyKey.h"
 
 #include <QEvent>
@@ -148,6 +149,8 @@ void CScreen::connectView(CScreenCompositeView *page)
             Q_EMIT liveGeometry(item);
     });
     connect(scene, &CScreenScene::gestureEnded, this, &CScreen::gestureEnded);
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
 }
 
 /// Closes a tab. The page may be in the middle of an event, so it goes later.
@@ -244,10 +247,13 @@ void CScreen::renameTab(int index)
     CScreenModel *screen = renamed->screen();
     const QString old = screen->name();
     bool accepted = false;
-    const QString name = QInputDialog::getText(this, tr("Rename Screen"), tr("Name"),
-                                               QLineEdit::Normal, old, &accepted)
-                             .trimmed();
-    if (accepted && !name.isEmpty() && name != old && m_project)
+    const QString typed = QInputDialog::getText(this, tr("Rename Screen"), tr("Name"),
+                                                QLineEdit::Normal, old, &accepted)
+                              .trimmed();
+    if (!accepted || typed.isEmpty() || !m_project)
+        return;
+    const QString name = ItemNames::wanted(*screen, typed);
+    if (name != old)
         m_project->undoStack()->push(
             new CCommandChangeItemProperty(screen, PropertyKey::Name, name, old));
 }
@@ -275,7 +281,10 @@ void CScreen::showTabMenu(const QPoint &position)
 
 bool CScreen::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == tabBar() && event->type() == QEvent::MouseButtonRelease) {
+    if (watched != tabBar()) { // a canvas
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)
+            Q_EMIT canvasEntered();
+    } else if (event->type() == QEvent::MouseButtonRelease) {
         const auto *mouse = static_cast<QMouseEvent *>(event);
         CScreenCompositeView *clicked = page(tabBar()->tabAt(mouse->pos()));
         if (mouse->button() == Qt::MiddleButton && clicked) {

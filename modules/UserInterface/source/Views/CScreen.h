@@ -54,6 +54,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     void currentScreenChanged(CScreenModel *screen);
     void selectionChanged(const QList<CItemModel *> &items);
+    /// The user turns to the canvas of the current screen, by a press or with the keys.
+    void canvasEntered();
     void cursorMoved(QPoint position); ///< scene units
     void viewResized();
     void widgetCountChanged(int widgets);

@@ -3,7 +3,9 @@
 #include <QGraphicsView>
 
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <vector>
 
 class CGestureReadout;
 class CImageFileConverter;
@@ -121,9 +123,13 @@ private:
     void dropGesture();
     bool dropItems(const QMimeData &dropped, const QPointF &scenePos);
     bool dropFiles(const QMimeData &dropped, const QPointF &scenePos);
-    void create(const QString &type, const QPointF &scenePos, const QString &file);
+    using Made = std::vector<std::unique_ptr<CItemModel>>;
+    void create(const QString &type, const QPointF &scenePos);
+    std::unique_ptr<CItemModel> make(const QString &type, const QPointF &scenePos,
+                                     const QString &file, size_t &memory);
+    void add(Made made);
     std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
-    bool fitsMemory(const SConvertedImage &image);
+    bool fitsMemory(const SConvertedImage &image, size_t &memory);
     int fitted(int percent) const;
     void setZoom(int percent);
     void applyZoom(int percent);

@@ -11,6 +11,7 @@
 #include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
 #include "ItemDrag.h"
+#include "ItemNames.h"
 #include "ItemOperations.h"
 #include "PropertyKey.h"
 
@@ -128,7 +129,7 @@ void CScreenView::dropEvent(QDropEvent *event)
     const QMimeData &dropped = *event->mimeData();
     if (dropped.hasFormat(CreateMime)) {
         event->acceptProposedAction();
-        create(draggedKind(dropped), scenePos, QString());
+        create(draggedKind(dropped), scenePos);
     } else if (dropItems(dropped, scenePos) || dropFiles(dropped, scenePos)) {
         event->acceptProposedAction();
     } else {
@@ -165,13 +166,17 @@ bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
 
 bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)
 {
+    const double apart = CEditorState::instance()->gridSpacing();
     QPointF place = scenePos;
     const QStringList files = droppedFiles(dropped);
+    Made made;
+    size_t memory = m_graphicsMemory;
     for (const QString &file : files) {
-        create(isMediaFile(file) ? MediaType : BitmapType, place, file);
-        place += QPointF(CEditorState::instance()->gridSpacing(),
-                         CEditorState::instance()->gridSpacing());
+        if (auto item = make(isMediaFile(file) ? MediaType : BitmapType, place, file, memory))
+            made.push_back(std::move(item));
+        place += QPointF(apart, apart);
     }
+    add(std::move(made));
     return !files.isEmpty();
 }
 
@@ -198,39 +203,70 @@ std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString f
     return CImageFileConverter::convertedImage(file, format);
 }
 
-bool CScreenView::fitsMemory(const SConvertedImage &image)
+bool CScreenView::fitsMemory(const SConvertedImage &image, size_t &memory)
 {
     const auto needed = static_cast<size_t>(QFileInfo(image.path).size());
-    if (needed + m_graphicsMemory < screen()->project()->graphicsMemorySize())
+    if (needed + memory < screen()->project()->graphicsMemorySize()) {
+        memory += needed;
         return true;
+    }
     QMessageBox::warning(this, tr("RAM_G size is limited!"), tr("File size is too big"),
                          QMessageBox::Ok);
     return false;
 }
 
-void CScreenView::create(const QString &type, const QPointF &scenePos, const QString &file)
+void CScreenView::create(const QString &type, const QPointF &scenePos)
+{
+    size_t memory = m_graphicsMemory;
+    Made made;
+    if (auto item = make(type, scenePos, QString(), memory))
+        made.push_back(std::move(item));
+    add(std::move(made));
+}
+
+/// Null when there is nothing to add, which has been told. `memory`: bytes of the chip that are in
+/// use, to which the item's are added.
+std::unique_ptr<CItemModel> CScreenView::make(const QString &type, const QPointF &scenePos,
+                                              const QString &file, size_t &memory)
 {
     CProjectModel *project = screen()->project();
     if (!project->library() || !project->library()->contains(type)) {
         Q_EMIT message(tr("There is no widget kind %1.").arg(type));
-        return;
+        return nullptr;
     }
     auto item = std::make_unique<CWidgetModel>(type, project->library(), project);
     const bool snaps = CEditorState::instance()->isSnapToGrid();
     placeAt(*item, snaps ? m_scene->snapped(scenePos) : scenePos);
     m_scene->hideGuides();
-    set(*item, PropertyKey::Id, static_cast<int>(project->unusedId()));
     if (type == BitmapType || type == MediaType) {
         const std::optional<SConvertedImage> image = imageFor(*item, file);
         if (!image) {
             Q_EMIT message(tr("No image was added."));
-            return;
+            return nullptr;
         }
-        if (!fitsMemory(*image))
-            return;
+        if (!fitsMemory(*image, memory))
+            return nullptr;
         takeImage(*item, *image);
     }
-    CItemModel *made = item.release();
-    project->undoStack()->push(new CCommandAddItem(screen(), made));
-    selectCreated({made});
+    return item;
+}
+
+/// All that one drop has brought is one step.
+void CScreenView::add(Made made)
+{
+    CProjectModel &project = *screen()->project();
+    const bool areSeveral = made.size() > 1;
+    if (areSeveral)
+        project.undoStack()->beginMacro(tr("Add Files"));
+    QVector<CItemModel *> added;
+    for (auto &each : made) {
+        set(*each, PropertyKey::Id, static_cast<int>(project.unusedId()));
+        set(*each, PropertyKey::Name, ItemNames::unused(each->name(), ItemNames::below(*screen())));
+        added.append(each.release());
+        project.undoStack()->push(new CCommandAddItem(screen(), added.constLast()));
+    }
+    if (areSeveral)
+        project.undoStack()->endMacro();
+    if (!added.isEmpty())
+        selectCreated(added);
 }

@@ -62,7 +62,7 @@ void CScreenView::cut()
 {
     const QVector<CItemModel *> items = selectedItems();
     copy();
-    ItemOperations::remove(*screen(), items, tr("Cut"));
+    ItemOperations::remove(items, tr("Cut"));
 }
 
 void CScreenView::paste()
@@ -102,22 +102,22 @@ void CScreenView::selectInverse()
 
 void CScreenView::orderingToFront()
 {
-    ItemOperations::toFront(*screen(), selectedItems());
+    ItemOperations::order(selectedItems(), ItemOperations::EOrder::ToFront);
 }
 
 void CScreenView::orderingToBack()
 {
-    ItemOperations::toBack(*screen(), selectedItems());
+    ItemOperations::order(selectedItems(), ItemOperations::EOrder::ToBack);
 }
 
 void CScreenView::orderingForward()
 {
-    ItemOperations::forward(*screen(), selectedItems());
+    ItemOperations::order(selectedItems(), ItemOperations::EOrder::Forward);
 }
 
 void CScreenView::orderingBackward()
 {
-    ItemOperations::backward(*screen(), selectedItems());
+    ItemOperations::order(selectedItems(), ItemOperations::EOrder::Backward);
 }
 
 void CScreenView::group()

@@ -6,6 +6,7 @@
 #include "CProjectModel.h"
 #include "CPropertyEditorFactory.h"
 #include "CPropertyManager.h"
+#include "ItemNames.h"
 #include "PropertyKey.h"
 
 #include <QEvent>
@@ -281,8 +282,13 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         changeFormat(value.toString());
         return;
     }
-    m_project->undoStack()->push(
-        new CCommandChangeItemProperty(m_item, key, value, m_item->propertyValue(key)));
+    const QVariant old = m_item->propertyValue(key);
+    const QVariant kept =
+        key == PropertyKey::Name ? ItemNames::wanted(*m_item, value.toString()) : value;
+    if (kept != old)
+        m_project->undoStack()->push(new CCommandChangeItemProperty(m_item, key, kept, old));
+    else
+        propertyChanged(m_item, key, old);
 }
 
 /// Another format needs the image converted into it; when that fails, the format stays.

@@ -1,8 +1,8 @@
 #include "ItemOperations.h"
 
 #include "CCommandAddItem.h"
-#include "CCommandChangeItemProperty.h"
 #include "CCommandDeleteItem.h"
+#include "CCommandDeleteScreen.h"
 #include "CCommandGroupItem.h"
 #include "CCommandInsertItem.h"
 #include "CCommandOrderItem.h"
@@ -12,15 +12,16 @@
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
 #include "CXmlGuard.h"
+#include "ItemNames.h"
+#include "PastePlace.h"
 #include "PropertyKey.h"
 #include "ScreenDocuments.h"
 
 #include <QMimeData>
-#include <QSet>
 #include <QUndoStack>
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace {
 using ItemOperations::Items;
@@ -37,13 +38,13 @@ struct Move
 };
 
 /// Records the moves that are some, in their order.
-void order(CScreenModel &screen, const QVector<Move> &moves, const QString &macroText)
+void record(const QVector<Move> &moves, const QString &macroText)
 {
     const bool any = std::any_of(moves.begin(), moves.end(),
                                  [](const Move &each) { return each.item->row() != each.row; });
     if (!any)
         return;
-    QUndoStack &stack = stackOf(screen);
+    QUndoStack &stack = *moves.constFirst().item->project()->undoStack();
     stack.beginMacro(macroText);
     for (const Move &each : moves) {
         if (each.item->row() != each.row)
@@ -52,14 +53,105 @@ void order(CScreenModel &screen, const QVector<Move> &moves, const QString &macr
     stack.endMacro();
 }
 
-void collectNames(const CItemModel &parent, QSet<QString> &names)
+QVector<Move> movesToFront(const Items &items)
 {
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        if (const CItemModel *item = parent.childItem(row)) {
-            names.insert(item->name());
-            collectNames(*item, names);
-        }
+    QVector<Move> moves; // the backmost first, so that they keep their order
+    if (items.constLast()->row() == items.size() - 1)
+        return moves; // they are there
+    for (auto each = items.crbegin(); each != items.crend(); ++each)
+        moves.append({*each, 0});
+    return moves;
+}
+
+QVector<Move> movesToBack(const CItemModel &screen, const Items &items)
+{
+    QVector<Move> moves;
+    if (items.constFirst()->row() == screen.rowCount() - items.size())
+        return moves;
+    for (CItemModel *each : items)
+        moves.append({each, screen.rowCount() - 1});
+    return moves;
+}
+
+QVector<Move> movesForward(const Items &items)
+{
+    QVector<Move> moves;
+    int limit = 0; // items that are in front already stay there, in their order
+    for (CItemModel *each : items) {
+        moves.append({each, std::max(each->row() - 1, limit)});
+        ++limit;
     }
+    return moves;
+}
+
+QVector<Move> movesBackward(const CItemModel &screen, const Items &items)
+{
+    QVector<Move> moves;
+    int limit = screen.rowCount() - 1;
+    for (auto each = items.crbegin(); each != items.crend(); ++each) {
+        moves.append({*each, std::min((*each)->row() + 1, limit)});
+        --limit;
+    }
+    return moves;
+}
+
+QVector<Move> movesOf(const Items &items, ItemOperations::EOrder where)
+{
+    const CItemModel &screen = *items.constFirst()->parentItem();
+    switch (where) {
+    case ItemOperations::EOrder::ToFront:
+        return movesToFront(items);
+    case ItemOperations::EOrder::ToBack:
+        return movesToBack(screen, items);
+    case ItemOperations::EOrder::Forward:
+        return movesForward(items);
+    default:
+        return movesBackward(screen, items);
+    }
+}
+
+QString textOf(ItemOperations::EOrder where)
+{
+    switch (where) {
+    case ItemOperations::EOrder::ToFront:
+        return QObject::tr("Bring To Front Selected Items");
+    case ItemOperations::EOrder::ToBack:
+        return QObject::tr("Send To Back Selected Items");
+    case ItemOperations::EOrder::Forward:
+        return QObject::tr("Bring Forward Selected Items");
+    default:
+        return QObject::tr("Send Backward Selected Items");
+    }
+}
+
+/// The items of each screen, front first.
+QVector<Items> byScreen(Items items)
+{
+    const auto isNoScreensItem = [](const CItemModel *each) {
+        return !each->parentItem() || each->isGrouped();
+    };
+    items.erase(std::remove_if(items.begin(), items.end(), isNoScreensItem), items.end());
+    std::sort(items.begin(), items.end(), [](const CItemModel *left, const CItemModel *right) {
+        return std::make_pair(left->parent()->row(), left->row()) <
+               std::make_pair(right->parent()->row(), right->row());
+    });
+    QVector<Items> screens;
+    for (CItemModel *each : qAsConst(items)) {
+        if (screens.isEmpty() || screens.constLast().constFirst()->parent() != each->parent())
+            screens.append(Items());
+        screens.last().append(each);
+    }
+    return screens;
+}
+
+/// Of the page that items were copied from; its width and height. What reads only the items does
+/// without.
+const QString PageSizeMime = QStringLiteral("widget-copy-page-size");
+
+QSize pageSizeOf(const QMimeData &data)
+{
+    const QList<QByteArray> sides = data.data(PageSizeMime).split(' ');
+    return sides.size() == 2 ? QSize(sides.first().toInt(), sides.last().toInt()) : QSize();
 }
 
 /// How many elements deep a document has an item with all below it.
@@ -73,79 +165,14 @@ int depthOf(const CItemModel &item)
     return deepest + 1;
 }
 
-/// "Button", "Button 2", "Button 3", …: the first that is not taken.
-QString unusedName(const QString &name, const QSet<QString> &taken)
-{
-    if (!taken.contains(name))
-        return name;
-    QString stem = name;
-    int end = stem.size();
-    while (end > 0 && stem.at(end - 1).isDigit())
-        --end;
-    if (end > 1 && end < stem.size() && stem.at(end - 1) == QLatin1Char(' '))
-        stem.truncate(end - 1);
-    int number = 2;
-    while (taken.contains(QStringLiteral("%1 %2").arg(stem).arg(number)))
-        ++number;
-    return QStringLiteral("%1 %2").arg(stem).arg(number);
-}
-
-/// Gives an item and its members names that are not taken, recorded one by one.
-void makeNamesUnique(CItemModel &item, QSet<QString> &taken, QUndoStack &stack)
-{
-    const QString name = unusedName(item.name(), taken);
-    if (name != item.name() && item.hasProperty(PropertyKey::Name))
-        stack.push(new CCommandChangeItemProperty(&item, PropertyKey::Name, name, item.name()));
-    taken.insert(name);
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (CItemModel *member = item.childItem(row))
-            makeNamesUnique(*member, taken, stack);
-    }
-}
 } // namespace
 
-void ItemOperations::toFront(CScreenModel &screen, const Items &items)
-{
-    QVector<Move> moves; // the backmost first, so that they keep their order
-    for (auto each = items.crbegin(); each != items.crend(); ++each)
-        moves.append({*each, 0});
-    const bool alreadyThere = !items.isEmpty() && items.constLast()->row() == items.size() - 1;
-    if (!alreadyThere)
-        order(screen, moves, QObject::tr("Bring To Front Selected Items"));
-}
-
-void ItemOperations::toBack(CScreenModel &screen, const Items &items)
-{
-    const int last = screen.rowCount() - 1;
-    QVector<Move> moves;
-    for (CItemModel *each : items)
-        moves.append({each, last});
-    const bool alreadyThere =
-        !items.isEmpty() && items.constFirst()->row() == screen.rowCount() - items.size();
-    if (!alreadyThere)
-        order(screen, moves, QObject::tr("Send To Back Selected Items"));
-}
-
-void ItemOperations::forward(CScreenModel &screen, const Items &items)
+void ItemOperations::order(const Items &items, EOrder where)
 {
     QVector<Move> moves;
-    int limit = 0; // items that are in front already stay there, in their order
-    for (CItemModel *each : items) {
-        moves.append({each, std::max(each->row() - 1, limit)});
-        ++limit;
-    }
-    order(screen, moves, QObject::tr("Bring Forward Selected Items"));
-}
-
-void ItemOperations::backward(CScreenModel &screen, const Items &items)
-{
-    QVector<Move> moves;
-    int limit = screen.rowCount() - 1;
-    for (auto each = items.crbegin(); each != items.crend(); ++each) {
-        moves.append({*each, std::min((*each)->row() + 1, limit)});
-        --limit;
-    }
-    order(screen, moves, QObject::tr("Send Backward Selected Items"));
+    for (const Items &each : byScreen(items))
+        moves += movesOf(each, where);
+    record(moves, textOf(where));
 }
 
 CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, const QPoint &position)
@@ -157,6 +184,8 @@ CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, cons
         front = std::min(front, each->row());
     auto *made = new CWidgetGroupModel(screen.library(), screen.observer());
     const auto quiet = CItemModel::Notify::No; // it is in no tree yet
+    made->setProperty(PropertyKey::Name, ItemNames::unused(made->name(), ItemNames::below(screen)),
+                      quiet);
     made->setProperty(PropertyKey::X, position.x(), quiet);
     made->setProperty(PropertyKey::Y, position.y(), quiet);
 
@@ -192,22 +221,25 @@ Items ItemOperations::ungroup(CScreenModel &screen, const Items &items)
     return members;
 }
 
-void ItemOperations::remove(CScreenModel &screen, const Items &items, const QString &macroText)
+void ItemOperations::remove(const Items &items, const QString &macroText)
 {
     if (items.isEmpty())
         return;
-    QUndoStack &stack = stackOf(screen);
+    QUndoStack &stack = *items.constFirst()->project()->undoStack();
     stack.beginMacro(macroText);
-    for (CItemModel *each : items)
-        stack.push(new CCommandDeleteItem(each));
+    for (CItemModel *each : items) {
+        if (each->kind() == CItemModel::Kind::Screen)
+            stack.push(new CCommandDeleteScreen(static_cast<CScreenModel *>(each)));
+        else
+            stack.push(new CCommandDeleteItem(each));
+    }
     stack.endMacro();
 }
 
 Items ItemOperations::bringTo(CScreenModel &screen, const Items &items)
 {
     QUndoStack &stack = stackOf(screen);
-    QSet<QString> taken;
-    collectNames(screen, taken);
+    ItemNames::Names taken = ItemNames::below(screen);
     Items brought = items;
     for (auto each = brought.rbegin(); each != brought.rend(); ++each) { // each goes to the front
         if ((*each)->parentItem() == &screen)
@@ -215,7 +247,7 @@ Items ItemOperations::bringTo(CScreenModel &screen, const Items &items)
         CItemModel *const here = (*each)->clone(); // what was deleted belongs to its command
         stack.push(new CCommandDeleteItem(*each));
         stack.push(new CCommandAddItem(&screen, here));
-        makeNamesUnique(*here, taken, stack);
+        ItemNames::makeUnique(*here, taken, stack);
         *each = here;
     }
     return brought;
@@ -231,6 +263,8 @@ QMimeData *ItemOperations::toMimeData(const Items &items)
         return nullptr;
     auto *data = new QMimeData;
     data->setData(ScreenDocuments::CopiedItemsMime, ScreenDocuments::toClipboard(xml));
+    const QSize page = items.constFirst()->project()->resolution();
+    data->setData(PageSizeMime, QStringLiteral("%1 %2").arg(page.width()).arg(page.height()).toLatin1());
     return data;
 }
 
@@ -246,7 +280,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data)
     const QDomElement copied = ScreenDocuments::copiedItems(xml);
     if (copied.isNull())
         return {};
-    // The ids are settled before the command is made: they are no change of the pasted items.
+    // Ids and place are settled before the command is made: they are no change of the pasted items.
     CScreenModel holding(screen.project());
     holding.loadFromElement(copied);
     screen.project()->assignFreshIds(&holding);
@@ -255,19 +289,24 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data)
     // can be saved.
     if (count == 0 || depthOf(holding) + 1 > CXmlGuard::MaxDepth)
         return {};
+    Items copies;
+    for (int row = 0; row < count; ++row)
+        copies.append(holding.childItem(row));
+    const QPoint by = PastePlace::offset(copies, screen, pageSizeOf(data));
+    for (CItemModel *each : qAsConst(copies))
+        PastePlace::move(*each, by);
     QDomDocument document;
     QDomElement renumbered = document.createElement(copied.tagName());
     holding.saveToElement(renumbered);
 
-    QSet<QString> taken;
-    collectNames(screen, taken);
+    ItemNames::Names taken = ItemNames::below(screen);
     QUndoStack &stack = stackOf(screen);
     Items pasted;
     stack.beginMacro(QObject::tr("Paste"));
     stack.push(new CCommandPaste(&screen, renumbered));
     for (int row = 0; row < count; ++row) {
         CItemModel *item = screen.childItem(row);
-        makeNamesUnique(*item, taken, stack);
+        ItemNames::makeUnique(*item, taken, stack);
         pasted.append(item);
     }
     stack.endMacro();

@@ -6,24 +6,23 @@ class CItemModel;
 class CScreenModel;
 class QMimeData;
 class QPoint;
-class QUndoStack;
 
-/// What a user does to the selected items of one screen, recorded on its project's undo stack.
-/// The items are direct rows of the screen, front first. An operation that changes nothing records
+/// What a user does to the selected items, recorded on their project's undo stack: one step each.
+/// The items are direct rows of a screen, front first. An operation that changes nothing records
 /// nothing.
 namespace ItemOperations {
 using Items = QVector<CItemModel *>;
 
-void toFront(CScreenModel &screen, const Items &items);
-void toBack(CScreenModel &screen, const Items &items);
-void forward(CScreenModel &screen, const Items &items);
-void backward(CScreenModel &screen, const Items &items);
+enum class EOrder { ToFront, ToBack, Forward, Backward };
+/// Items of any screens, in any order; each stays on its screen. Screens among them are left alone.
+void order(const Items &items, EOrder where);
 
 /// The new group, which stands at `position`; null for fewer than two items.
 CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
 /// What were members of the groups among the items.
 Items ungroup(CScreenModel &screen, const Items &items);
-void remove(CScreenModel &screen, const Items &items, const QString &macroText);
+/// Items of any screens, and screens.
+void remove(const Items &items, const QString &macroText);
 
 /// Makes items of any screen of the project the foremost ones of this screen; those that are its
 /// own stay where they are. What they are on this screen, in the order of `items`. To be called

@@ -359,9 +359,11 @@ void tst_ProjectDialogs::screenshotsOfTheSelection()
     touch(folder.filePath("Page 1.png"));
 
     CPrintScreenDialog none(source, folder.path());
+    QSignalSpy told(&none, &CPrintScreenDialog::message);
     field<QPushButton>(none, "save")->click();
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"Page 1.png"});
     QCOMPARE(none.result(), int(QDialog::Accepted));
+    QCOMPARE(told.count(), 1);
 
     CPrintScreenDialog dialog(source, folder.path());
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Save Screenshots"));

@@ -58,8 +58,15 @@ private:
     }
     bool dropFile(const Canvas &canvas, const QString &name, QPointF scenePos) const
     {
+        return dropFiles(canvas, {name}, scenePos);
+    }
+    bool dropFiles(const Canvas &canvas, const QStringList &names, QPointF scenePos) const
+    {
         QMimeData files;
-        files.setUrls({QUrl::fromLocalFile(m_folder.filePath(name))});
+        QList<QUrl> urls;
+        for (const QString &each : names)
+            urls.append(QUrl::fromLocalFile(m_folder.filePath(each)));
+        files.setUrls(urls);
         return drop(canvas, files, scenePos);
     }
     void writeRaw(const QString &name, int bytes) const
@@ -135,6 +142,14 @@ void tst_CanvasDrops::imageFiles()
     QCOMPARE(canvas.stack.count(), 1);
     canvas.stack.undo();
     QCOMPARE(canvas.screen->rowCount(), 0);
+
+    const QByteArray before = savedBytes(*canvas.project);
+    writeRaw("other.raw", 200);
+    QVERIFY(dropFiles(canvas, {"logo.raw", "missing.raw", "other.raw"}, {58, 41}));
+    QCOMPARE(canvas.view->selectedItems().size(), 2);
+    QVERIFY(canvas.screen->childItem(0)->id() != canvas.screen->childItem(1)->id());
+    QVERIFY(canvas.screen->childItem(0)->name() != canvas.screen->childItem(1)->name());
+    canvas.checkOneStep(before);
 }
 
 void tst_CanvasDrops::filesTooLargeForTheChip()

@@ -175,12 +175,26 @@ void tst_CanvasEditing::clipboard()
     CItemModel *pasted = canvas.screen->childItem(0);
     QCOMPARE(pasted->name(), QString("Lamp 2"));
     QCOMPARE(pasted->id(), 1u);
-    QCOMPARE(rectOf(pasted), rectOf(item));
+    QCOMPARE(rectOf(pasted), rectOf(item).translated(10, 10)); // the same lies there
     QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({pasted}));
     canvas.checkOneStep(before);
     canvas.view->paste();
     QCOMPARE(canvas.screen->childItem(0)->name(), QString("Lamp 3"));
     QCOMPARE(canvas.screen->childItem(0)->id(), 2u);
+    QCOMPARE(rectOf(canvas.screen->childItem(0)), rectOf(item).translated(20, 20));
+    item->setProperty(PropertyKey::X, 200);
+    canvas.view->paste(); // now its place is free
+    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(100, 100, 40, 30));
+    canvas.stack.undo();
+    canvas.project->setProjectProperty("width", "120");
+    canvas.view->paste(); // the page is smaller than the one that it comes from
+    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(80, 100, 40, 30));
+    canvas.view->paste(); // aside, where there is room
+    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(70, 90, 40, 30));
+    canvas.stack.undo();
+    canvas.stack.undo();
+    canvas.project->setProjectProperty("width", "480");
+    item->setProperty(PropertyKey::X, 100);
     canvas.select({item});
     canvas.view->cut();
     QCOMPARE(canvas.screen->rowCount(), 2);

@@ -216,12 +216,13 @@ void tst_ProjectExplorer::renamingIsOneUndoStep()
 void tst_ProjectExplorer::dragMovesAScreen_data()
 {
     QTest::addColumn<int>("from");
-    QTest::addColumn<int>("before"); // the screen above which it is dropped; -1: below all
+    QTest::addColumn<int>("before"); // the screen above which it is dropped; -1: below all, -2: where it was
     QTest::addColumn<QStringList>("order");
     QTest::newRow("up") << 2 << 0 << QStringList{"Page 3", "Page 1", "Page 2"};
     QTest::newRow("down") << 0 << 2 << QStringList{"Page 2", "Page 1", "Page 3"};
     QTest::newRow("to the end") << 0 << -1 << QStringList{"Page 2", "Page 3", "Page 1"};
     QTest::newRow("to its own place") << 1 << 2 << QStringList();
+    QTest::newRow("where it was, which the next one now covers") << 0 << -2 << QStringList();
     QTest::newRow("last one below all") << 2 << -1 << QStringList();
 }
 
@@ -233,6 +234,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
     const QByteArray start = savedBytes(*m_project);
     const QStringList startNames = screenNames(*m_project);
     CScreenModel *target = m_project->screen(before);
+    const QPoint ownPlace = m_view->visualRect(m_project->index(from, 0)).bottomLeft();
     QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
     QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
     m_view->setStyleSheet("QWidget { background-color: white; }"); // as a theme does
@@ -246,7 +248,9 @@ void tst_ProjectExplorer::dragMovesAScreen()
         QCOMPARE(m_project->screenCount(), 2);
         QVERIFY(m_view->isDragging());
         QVERIFY(dragged->isMoving());
-        const QPoint place = target ? upperHalfOf(target->row()) : below();
+        const QPoint place = target         ? upperHalfOf(target->row())
+                             : before == -2 ? ownPlace
+                                            : below();
         m_view->move(data, place);
         QVERIFY(m_view->viewport()->rect().intersects(indicator->geometry()));
         QVERIFY(indicator->grab().toImage().pixelColor(2, 1) != QColor(Qt::white));
@@ -430,7 +434,7 @@ void tst_ProjectExplorer::pageFilesThroughTheDialogs()
     answer("two.page", true);
     m_view->loadScreen();
     QCOMPARE(screenNames(*m_project),
-             (QStringList{"Page 1", "Page 2", "Page 3", "Page 1", "Page 2"}));
+             (QStringList{"Page 1", "Page 2", "Page 3", "Page 4", "Page 5"}));
     QCOMPARE(m_project->screen(3)->rowCount(), 2);
     QCOMPARE(m_project->undoStack()->count(), 1);
     QCOMPARE(m_project->undoStack()->undoText(), QStringLiteral("Load Page"));

@@ -1,0 +1,183 @@
+#include "CEditCommands.h"
+
+#include "CItemModel.h"
+#include "CMainPanels.h"
+#include "CPageOperations.h"
+#include "CProjectExplorerView.h"
+#include "CScreen.h"
+#include "CScreenView.h"
+
+#include <QAbstractSpinBox>
+#include <QClipboard>
+#include <QDockWidget>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+/// A line or a text: what has the focus, or is the text of what has it.
+QWidget *textIn(QWidget *focused)
+{
+    if (qobject_cast<QAbstractSpinBox *>(focused))
+        return focused->findChild<QLineEdit *>();
+    const bool isText = qobject_cast<QLineEdit *>(focused) || qobject_cast<QTextEdit *>(focused) ||
+                        qobject_cast<QPlainTextEdit *>(focused);
+    return isText ? focused : nullptr;
+}
+
+void removeSelected(QWidget *text)
+{
+    if (auto *line = qobject_cast<QLineEdit *>(text)) {
+        if (line->hasSelectedText() && !line->isReadOnly())
+            line->del();
+    } else if (auto *rich = qobject_cast<QTextEdit *>(text)) {
+        if (!rich->isReadOnly())
+            rich->textCursor().removeSelectedText();
+    } else if (auto *plain = qobject_cast<QPlainTextEdit *>(text)) {
+        if (!plain->isReadOnly())
+            plain->textCursor().removeSelectedText();
+    }
+}
+
+template<typename Edit>
+void deselect(Edit *edit)
+{
+    QTextCursor cursor = edit->textCursor();
+    cursor.clearSelection();
+    edit->setTextCursor(cursor);
+}
+
+void deselectIn(QWidget *text)
+{
+    if (auto *line = qobject_cast<QLineEdit *>(text))
+        line->deselect();
+    else if (auto *rich = qobject_cast<QTextEdit *>(text))
+        deselect(rich);
+    else if (auto *plain = qobject_cast<QPlainTextEdit *>(text))
+        deselect(plain);
+}
+} // namespace
+
+/// Whether it was for the text that has the focus, or for the property panel.
+bool CEditCommands::isForFocused(EText what) const
+{
+    QWidget *const focused = m_window->focusWidget();
+    QWidget *const text = textIn(focused);
+    if (!text)
+        return focused && m_panels->propertiesDock()->isAncestorOf(focused);
+    switch (what) { // slots of all three kinds of text; where one must not be written, they know
+    case EText::Cut:
+        QMetaObject::invokeMethod(text, "cut");
+        break;
+    case EText::Copy:
+        QMetaObject::invokeMethod(text, "copy");
+        break;
+    case EText::Paste:
+        QMetaObject::invokeMethod(text, "paste");
+        break;
+    case EText::SelectAll:
+        QMetaObject::invokeMethod(text, "selectAll");
+        break;
+    case EText::Delete:
+        removeSelected(text);
+        break;
+    case EText::SelectNone:
+        deselectIn(text);
+        break;
+    }
+    return true;
+}
+
+ItemOperations::Items CEditCommands::items() const
+{
+    ItemOperations::Items selected = m_panels->selectedItems().toVector();
+    std::sort(selected.begin(), selected.end(), [](const CItemModel *left, const CItemModel *right) {
+        const auto placeOf = [](const CItemModel *item) { // front first, page by page
+            return std::make_pair(item->parent() ? item->parent()->row() : item->row(), item->row());
+        };
+        return placeOf(left) < placeOf(right);
+    });
+    return selected;
+}
+
+bool CEditCommands::arePagesSelected() const
+{
+    const QList<CItemModel *> selected = m_panels->selectedItems();
+    return std::any_of(selected.begin(), selected.end(), [](const CItemModel *each) {
+        return each->kind() == CItemModel::Kind::Screen;
+    });
+}
+
+void CEditCommands::copy()
+{
+    if (isForFocused(EText::Copy))
+        return;
+    if (arePagesSelected())
+        m_panels->explorer()->copy();
+    else if (QMimeData *copied = ItemOperations::toMimeData(items()))
+        QGuiApplication::clipboard()->setMimeData(copied);
+}
+
+void CEditCommands::cut()
+{
+    if (isForFocused(EText::Cut))
+        return;
+    if (arePagesSelected()) {
+        m_panels->explorer()->cut();
+        return;
+    }
+    const ItemOperations::Items selected = items();
+    QMimeData *copied = ItemOperations::toMimeData(selected);
+    if (!copied)
+        return; // nothing is taken away that could not be pasted
+    QGuiApplication::clipboard()->setMimeData(copied);
+    ItemOperations::remove(selected, CScreenView::tr("Cut"));
+}
+
+/// What was copied last is pasted, widgets or pages.
+void CEditCommands::paste()
+{
+    if (isForFocused(EText::Paste))
+        return;
+    if (!CPageOperations::canPaste(QGuiApplication::clipboard()->mimeData())) {
+        tellView(&CScreenView::paste);
+        return;
+    }
+    m_panels->explorer()->setFocus(); // the pages will be selected there
+    m_panels->explorer()->paste();
+}
+
+void CEditCommands::remove()
+{
+    if (!isForFocused(EText::Delete))
+        ItemOperations::remove(items(), tr("Delete Selected Items"));
+}
+
+void CEditCommands::selectAll()
+{
+    if (!isForFocused(EText::SelectAll))
+        tellView(&CScreenView::selectAll);
+}
+
+void CEditCommands::selectNone()
+{
+    if (!isForFocused(EText::SelectNone))
+        m_panels->select({});
+}
+
+void CEditCommands::order(ItemOperations::EOrder where)
+{
+    ItemOperations::order(items(), where);
+}
+
+void CEditCommands::tellView(void (CScreenView::*command)())
+{
+    if (CScreenView *view = m_panels->screens()->currentView())
+        (view->*command)();
+}

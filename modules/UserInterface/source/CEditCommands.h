@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ItemOperations.h"
+
+#include <QCoreApplication>
+
+class CMainPanels;
+class CScreenView;
+class QMainWindow;
+
+/// The commands of the Edit menu. Who has the focus decides what the clipboard, Delete and Select
+/// All are for: a text has them for itself, in the property panel they are for the editor or for
+/// nothing, and everywhere else for what is selected in the project, on whatever page.
+class CEditCommands
+{
+    Q_DECLARE_TR_FUNCTIONS(CMainWindow)
+
+public:
+    /// Neither is owned.
+    CEditCommands(QMainWindow *window, CMainPanels *panels) : m_window(window), m_panels(panels) {}
+
+    void cut();
+    void copy();
+    /// Onto the page that is shown; whole pages behind all others.
+    void paste();
+    void remove();
+    void selectAll();
+    void selectNone();
+    void order(ItemOperations::EOrder where);
+    /// The commands for the canvas that is shown, if any.
+    void tellView(void (CScreenView::*command)());
+
+private:
+    enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone };
+
+    bool isForFocused(EText what) const;
+    ItemOperations::Items items() const;
+    bool arePagesSelected() const;
+
+    QMainWindow *const m_window;
+    CMainPanels *const m_panels;
+};

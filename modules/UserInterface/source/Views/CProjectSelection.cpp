@@ -1,0 +1,119 @@
+#include "CProjectSelection.h"
+
+#include "CItemModel.h"
+#include "CProjectModel.h"
+
+#include <QSet>
+#include <QUndoStack>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+bool isBelow(const QStandardItem *item, const QStandardItem *above)
+{
+    while (item && item != above)
+        item = item->parent();
+    return item != nullptr;
+}
+} // namespace
+
+CProjectSelection::CProjectSelection(QObject *parent) : QObject(parent)
+{
+}
+
+void CProjectSelection::setProject(CProjectModel *project)
+{
+    if (m_project) {
+        m_project->disconnect(this);
+        m_project->undoStack()->disconnect(this);
+    }
+    select({});
+    m_arrived.clear();
+    m_haveRowsChanged = false;
+    m_project = project;
+    if (!project)
+        return;
+    connect(project, &QAbstractItemModel::rowsInserted, this, &CProjectSelection::rowsInserted);
+    connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &CProjectSelection::rowsAboutToBeRemoved);
+    connect(project->undoStack(), &QUndoStack::indexChanged, this, &CProjectSelection::endStep);
+}
+
+QList<CItemModel *> CProjectSelection::topmostItems() const
+{
+    const QSet<const QStandardItem *> selected(m_items.begin(), m_items.end());
+    const auto isTopmost = [&selected](const CItemModel *each) {
+        const QStandardItem *above = each->parent();
+        while (above && !selected.contains(above))
+            above = above->parent();
+        return !above;
+    };
+    QList<CItemModel *> topmost;
+    std::copy_if(m_items.begin(), m_items.end(), std::back_inserter(topmost), isTopmost);
+    return topmost;
+}
+
+QList<CItemModel *> CProjectSelection::shownItems() const
+{
+    return m_member ? QList<CItemModel *>{m_member} : m_items;
+}
+
+void CProjectSelection::select(const QList<CItemModel *> &items)
+{
+    m_items = items;
+    m_member = nullptr;
+}
+
+void CProjectSelection::selectMember(CItemModel *member)
+{
+    CItemModel *selectable = member;
+    while (selectable->isGrouped())
+        selectable = selectable->parentItem();
+    m_items = {selectable};
+    m_member = member == selectable ? nullptr : member;
+}
+
+CItemModel *CProjectSelection::itemAt(const QModelIndex &parent, int row) const
+{
+    return CItemModel::fromItem(m_project->itemFromIndex(m_project->index(row, 0, parent)));
+}
+
+void CProjectSelection::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    m_haveRowsChanged = true;
+    for (int row = first; row <= last; ++row) {
+        CItemModel *item = itemAt(parent, row);
+        if (item && !item->isMoving() && !item->isGrouped())
+            m_arrived.append(item);
+    }
+}
+
+void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
+{
+    m_haveRowsChanged = true;
+    for (int row = first; row <= last; ++row) {
+        const CItemModel *item = itemAt(parent, row);
+        if (item && !item->isMoving())
+            forget(item);
+    }
+}
+
+void CProjectSelection::forget(const CItemModel *gone)
+{
+    const auto isGone = [gone](const CItemModel *each) { return isBelow(each, gone); };
+    for (QList<CItemModel *> *items : {&m_items, &m_arrived})
+        items->erase(std::remove_if(items->begin(), items->end(), isGone), items->end());
+    if (m_member && isGone(m_member))
+        m_member = nullptr;
+}
+
+void CProjectSelection::endStep()
+{
+    if (!std::exchange(m_haveRowsChanged, false))
+        return;
+    const QList<CItemModel *> arrived = std::exchange(m_arrived, {});
+    select(arrived.isEmpty() ? m_items : arrived);
+    Q_EMIT stepDone();
+}

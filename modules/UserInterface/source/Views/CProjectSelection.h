@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+class CItemModel;
+class CProjectModel;
+class QModelIndex;
+
+/// What is selected in the open project: the one answer that canvas, explorer and property panel
+/// show and that commands are for.
+/// It follows the project. What leaves it is selected no more, what only changes its place still
+/// is, and what a step of the undo stack brings in (a paste, a new group, an undone deletion) is
+/// selected in place of the rest when the step is over.
+class CProjectSelection : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CProjectSelection(QObject *parent = nullptr);
+
+    /// Nothing of it is selected at first. Not owned; null for none.
+    void setProject(CProjectModel *project);
+
+    const QList<CItemModel *> &items() const { return m_items; } ///< screens too
+    /// The same without what lies below another of them.
+    QList<CItemModel *> topmostItems() const;
+    /// What there is to edit: the items, or the one member of a group whose group is selected.
+    QList<CItemModel *> shownItems() const;
+
+    /// Exactly these from now on; told by no signal.
+    void select(const QList<CItemModel *> &items);
+    /// The topmost group of a member of a group, which cannot be selected by itself, while its
+    /// properties are shown until the next choice.
+    void selectMember(CItemModel *member);
+    /// The group that is selected is meant, no longer a member of it.
+    void forgetMember() { m_member = nullptr; }
+
+Q_SIGNALS:
+    /// A step that took rows away, moved them or brought them in is over; the views, which have
+    /// lost rows on the way, are to show this selection again.
+    void stepDone();
+
+private:
+    void rowsInserted(const QModelIndex &parent, int first, int last);
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
+    void endStep();
+    CItemModel *itemAt(const QModelIndex &parent, int row) const;
+    void forget(const CItemModel *gone);
+
+    QPointer<CProjectModel> m_project;
+    QList<CItemModel *> m_items;
+    QList<CItemModel *> m_arrived; ///< by the step under way
+    CItemModel *m_member = nullptr;
+    bool m_haveRowsChanged = false; ///< in the step under way
+};

@@ -1,0 +1,72 @@
+#include "ItemNames.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "PropertyKey.h"
+
+#include <QUndoStack>
+
+namespace {
+void collectNames(const CItemModel &parent, ItemNames::Names &names)
+{
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        if (const CItemModel *item = parent.childItem(row)) {
+            names.insert(item->name());
+            collectNames(*item, names);
+        }
+    }
+}
+} // namespace
+
+ItemNames::Names ItemNames::below(const CItemModel &parent)
+{
+    Names names;
+    collectNames(parent, names);
+    return names;
+}
+
+ItemNames::Names ItemNames::ofScreens(const CProjectModel &project, const CItemModel *except)
+{
+    Names names;
+    for (int row = 0; row < project.screenCount(); ++row) {
+        const CScreenModel *screen = project.screen(row);
+        if (screen && screen != except)
+            names.insert(screen->name());
+    }
+    return names;
+}
+
+QString ItemNames::unused(const QString &name, const Names &taken)
+{
+    if (!taken.contains(name))
+        return name;
+    QString stem = name;
+    int end = stem.size();
+    while (end > 0 && stem.at(end - 1).isDigit())
+        --end;
+    if (end > 1 && end < stem.size() && stem.at(end - 1) == QLatin1Char(' '))
+        stem.truncate(end - 1);
+    int number = 2;
+    while (taken.contains(QStringLiteral("%1 %2").arg(stem).arg(number)))
+        ++number;
+    return QStringLiteral("%1 %2").arg(stem).arg(number);
+}
+
+QString ItemNames::wanted(const CItemModel &item, const QString &name)
+{
+    const bool isScreen = item.kind() == CItemModel::Kind::Screen && item.project();
+    return isScreen ? unused(name, ofScreens(*item.project(), &item)) : name;
+}
+
+void ItemNames::makeUnique(CItemModel &item, Names &taken, QUndoStack &stack)
+{
+    const QString name = unused(item.name(), taken);
+    if (name != item.name() && item.hasProperty(PropertyKey::Name))
+        stack.push(new CCommandChangeItemProperty(&item, PropertyKey::Name, name, item.name()));
+    taken.insert(name);
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (CItemModel *member = item.childItem(row))
+            makeUnique(*member, taken, stack);
+    }
+}

@@ -1,0 +1,116 @@
+#include "PastePlace.h"
+
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "PropertyKey.h"
+
+#include <QRectF>
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+using Content = QPair<QString, QPair<double, double>>; ///< what it is, and where
+
+/// All that is seen of an item, its place left out: equal texts look the same.
+QString lookOf(const CItemModel &item, const QPointF &origin)
+{
+    static const QSet<QString> apart = {PropertyKey::Id,           PropertyKey::Name,
+                                        PropertyKey::Locked,       PropertyKey::FileName,
+                                        PropertyKey::BitmapFolder, PropertyKey::X,
+                                        PropertyKey::Y,            PropertyKey::X2,
+                                        PropertyKey::Y2};
+    const QPointF from = QPointF(item.x(), item.y()) - origin;
+    const QPointF to = item.hasProperty(PropertyKey::X2) ? QPointF(item.x2(), item.y2()) - origin
+                                                         : QPointF();
+    QString look = QStringLiteral("%1 %2 %3 %4 %5\n")
+                       .arg(item.itemTypeName())
+                       .arg(from.x())
+                       .arg(from.y())
+                       .arg(to.x())
+                       .arg(to.y());
+    for (const CWidgetProperty *each : item.savedProperties()) {
+        if (!apart.contains(each->key()))
+            look += each->key() + QLatin1Char('=') + each->text() + QLatin1Char('\n');
+    }
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (const CItemModel *member = item.childItem(row))
+            look += QLatin1Char('{') + lookOf(*member, origin) + QLatin1Char('}');
+    }
+    return look;
+}
+
+Content contentOf(const CItemModel &item)
+{
+    return {lookOf(item, {item.x(), item.y()}), {item.x(), item.y()}};
+}
+
+/// How far a span must move to lie in 0..length; one that is longer begins where the page does.
+double inward(double first, double last, double length)
+{
+    const double back = std::min(0.0, length - last);
+    return std::max(back, -first);
+}
+
+void shift(CItemModel &item, const QString &key, int by)
+{
+    if (by == 0 || !item.hasProperty(key))
+        return;
+    const double moved = item.propertyValue(key).toDouble() + by;
+    const bool isWhole = moved == std::floor(moved);
+    item.setProperty(key, isWhole ? QVariant(static_cast<int>(moved)) : QVariant(moved),
+                     CItemModel::Notify::No);
+}
+} // namespace
+
+QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel &screen,
+                          const QSize &from)
+{
+    const QRectF page(QPointF(), QSizeF(screen.project()->resolution()));
+    QRectF box;
+    QVector<Content> pasted;
+    for (const CItemModel *each : items) {
+        box = box.isNull() ? each->bounds() : box.united(each->bounds());
+        pasted.append(contentOf(*each));
+    }
+    QPoint base;
+    if (from.isEmpty() || from.width() > page.width() || from.height() > page.height())
+        base = QPointF(std::floor(inward(box.left(), box.right(), page.width())),
+                       std::floor(inward(box.top(), box.bottom(), page.height())))
+                   .toPoint();
+
+    QSet<Content> present;
+    for (int row = 0; row < screen.rowCount(); ++row)
+        present.insert(contentOf(*screen.childItem(row)));
+    const auto isThere = [&](const QPoint &by) {
+        return std::all_of(pasted.begin(), pasted.end(), [&](const Content &each) {
+            return present.contains(
+                {each.first, {each.second.first + by.x(), each.second.second + by.y()}});
+        });
+    };
+    const bool staysOnPage = page.contains(box.translated(base));
+    for (int count = 0; count <= screen.rowCount(); ++count) {
+        for (const int away : {Step, -Step}) {
+            const QPoint by = base + QPoint(away, away) * count;
+            if ((!staysOnPage || page.contains(box.translated(by))) && !isThere(by))
+                return by;
+        }
+    }
+    QPoint by = base; // it fills the page, so that it must overhang to be seen
+    while (isThere(by))
+        by += QPoint(Step, Step);
+    return by;
+}
+
+void PastePlace::move(CItemModel &item, const QPoint &by)
+{
+    shift(item, PropertyKey::X, by.x());
+    shift(item, PropertyKey::X2, by.x());
+    shift(item, PropertyKey::Y, by.y());
+    shift(item, PropertyKey::Y2, by.y());
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (CItemModel *member = item.childItem(row))
+            move(*member, by);
+    }
+}
