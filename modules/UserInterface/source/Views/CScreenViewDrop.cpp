@@ -23,6 +23,8 @@
 #include <QMimeData>
 #include <QUndoStack>
 
+#include <algorithm>
+
 namespace {
 const QString CreateMime = QStringLiteral("widget-create");
 const QString BitmapType = QStringLiteral("Kiv_Bitmap_T");
@@ -155,6 +157,13 @@ bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
     QVector<QPointF> positions;
     for (const CItemModel *each : qAsConst(items))
         positions.append(QPointF(each->x(), each->y()) + by);
+    const bool areHere = std::all_of(items.begin(), items.end(), [this](const CItemModel *each) {
+        return each->parentItem() == screen();
+    });
+    if (areHere && by.isNull()) {
+        selectCreated(items);
+        return true; // dropped where they are
+    }
     QUndoStack &stack = *screen()->project()->undoStack();
     stack.beginMacro(tr("Move Selected Items"));
     const QVector<CItemModel *> moved = ItemOperations::bringTo(*screen(), items);

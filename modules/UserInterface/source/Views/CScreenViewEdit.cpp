@@ -61,7 +61,10 @@ void CScreenView::copy()
 void CScreenView::cut()
 {
     const QVector<CItemModel *> items = selectedItems();
-    copy();
+    QMimeData *copied = ItemOperations::toMimeData(items);
+    if (!copied)
+        return; // nothing is taken away that could not be pasted
+    QGuiApplication::clipboard()->setMimeData(copied);
     ItemOperations::remove(items, tr("Cut"));
 }
 

@@ -89,15 +89,15 @@ QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel
                 {each.first, {each.second.first + by.x(), each.second.second + by.y()}});
         });
     };
-    const bool staysOnPage = page.contains(box.translated(base));
-    for (int count = 0; count <= screen.rowCount(); ++count) {
+    if (page.contains(box.translated(base))) { // and it stays there
         for (const int away : {Step, -Step}) {
-            const QPoint by = base + QPoint(away, away) * count;
-            if ((!staysOnPage || page.contains(box.translated(by))) && !isThere(by))
-                return by;
+            for (QPoint by = base; page.contains(box.translated(by)); by += QPoint(away, away)) {
+                if (!isThere(by))
+                    return by;
+            }
         }
     }
-    QPoint by = base; // it fills the page, so that it must overhang to be seen
+    QPoint by = base; // there is no room but over the edge
     while (isThere(by))
         by += QPoint(Step, Step);
     return by;

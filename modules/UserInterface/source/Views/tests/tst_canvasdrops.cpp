@@ -198,6 +198,8 @@ void tst_CanvasDrops::itemsOfThisScreen()
     QCOMPARE(placeOf(locked), QPointF(300, 200));
     QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({box, line}));
     canvas.checkOneStep(before);
+    QVERIFY(drop(canvas, *items, placeOf(box))); // where they are: no step
+    QCOMPARE(canvas.stack.count(), 1);
 
     QMimeData foreign; // of another run of the program
     foreign.setData("widget-move", "1 0/0");
