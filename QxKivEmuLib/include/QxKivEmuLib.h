@@ -63,7 +63,7 @@ QXKIVEMULIB_API int Emu_ConfigScreen(uint32_t width, uint32_t height);
 QXKIVEMULIB_API int Emu_RenderObjects(IModelIterator *iterator, void *observer,
                                       uint32_t background);
 
-/// Stops the emulator: waits until the worker is idle. Requests not yet begun are dropped
-/// unanswered, and nothing calls back after the return.
+/// Stops the emulator: waits until the worker is idle. Requests not yet answered are dropped, also
+/// the one whose frame is being made, and nothing calls back after the return.
 QXKIVEMULIB_API int Emu_Stop();
 }

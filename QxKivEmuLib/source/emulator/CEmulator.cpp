@@ -34,6 +34,7 @@ void CEmulator::endWorker()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_quit = true;
+        m_isCancelled = true;
         m_queue.clear();
         m_wake.notify_all();
     }
@@ -69,7 +70,7 @@ bool CEmulator::start(const std::string &scriptPath, uint32_t chipCode)
 {
     if (!finishRequests())
         return false;
-    auto maker = std::make_unique<CFrameMaker>(chipCode);
+    auto maker = std::make_unique<CFrameMaker>(chipCode, m_isCancelled);
     const bool isLoaded = maker->loadScript(scriptPath);
     std::unique_lock<std::mutex> lock(m_mutex);
     m_idle.wait(lock, [this] { return !m_isServing; });
@@ -99,7 +100,9 @@ bool CEmulator::stop()
     if (isWorker())
         return false;
     m_isStopping = true;
+    m_isCancelled = true;
     m_idle.wait(lock, [this] { return !m_isServing; });
+    m_isCancelled = m_quit;
     m_answered += m_queue.size();
     m_queue.clear(); // what the last callbacks have asked for, too
     m_maker.reset();
@@ -163,10 +166,12 @@ void CEmulator::work()
 void CEmulator::serve(const SRequest &request)
 {
     if (!m_maker && !m_blackMaker)
-        m_blackMaker = std::make_unique<CFrameMaker>(LargestChip);
+        m_blackMaker = std::make_unique<CFrameMaker>(LargestChip, m_isCancelled);
     const SFrame &frame = m_maker ? m_maker->make(request.snapshot, request.width, request.height)
                                   : m_blackMaker->makeBlack(request.width, request.height,
                                                             "the emulator is not started");
+    if (m_isCancelled)
+        return; // the frame may have ended anywhere
     std::string errors = frame.errors;
     if (request.displayList)
         request.displayList(frame.displayListText.c_str(), frame.displayList.data(),

@@ -3,6 +3,7 @@
 #include "QxKivEmuLib.h"
 #include "host/CSnapshot.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <memory>
@@ -68,9 +69,10 @@ private:
     uint32_t m_width = 480;
     uint32_t m_height = 272;
     std::deque<RequestPtr> m_queue;
-    std::vector<RequestPtr> m_spare; ///< served ones, whose buffers are used again
-    uint64_t m_accepted = 0;         ///< requests so far
-    uint64_t m_answered = 0;         ///< of these, answered or dropped
+    std::vector<RequestPtr> m_spare;        ///< served ones, whose buffers are used again
+    uint64_t m_accepted = 0;                ///< requests so far
+    uint64_t m_answered = 0;                ///< of these, answered or dropped
+    std::atomic<bool> m_isCancelled{false}; ///< what is being served is not wanted any more
     bool m_isServing = false;
     bool m_isStopping = false;
     bool m_quit = false;

@@ -30,8 +30,11 @@ std::string sizeText(uint32_t width, uint32_t height)
 
 } // namespace
 
-CFrameMaker::CFrameMaker(uint32_t chipCode) : m_host(chipLimits(chipCode))
+CFrameMaker::CFrameMaker(uint32_t chipCode, const std::atomic<bool> &cancelled)
+    : m_host(chipLimits(chipCode))
 {
+    m_host.followCancel(cancelled);
+    m_executor.followCancel(cancelled);
 }
 
 CFrameMaker::~CFrameMaker() = default;

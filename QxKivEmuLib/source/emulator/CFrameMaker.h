@@ -3,6 +3,7 @@
 #include "executor/CExecutor.h"
 #include "host/CLuaHost.h"
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -31,7 +32,9 @@ struct SFrame
 class CFrameMaker
 {
 public:
-    explicit CFrameMaker(uint32_t chipCode);
+    /// `cancelled` ends the frame that is being made when it becomes true; it must outlive the
+    /// maker.
+    CFrameMaker(uint32_t chipCode, const std::atomic<bool> &cancelled);
     ~CFrameMaker();
 
     /// False when the script cannot be used; every frame then says so and is black.

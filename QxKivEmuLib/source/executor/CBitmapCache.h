@@ -37,11 +37,12 @@ public:
 
     size_t bytes() const { return m_bytes; }
 
-private:
     struct SHash
     {
         size_t operator()(const SBitmapKey &key) const;
     };
+
+private:
     void clear();
 
     uint64_t m_generation = 0;

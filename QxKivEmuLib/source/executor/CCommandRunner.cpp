@@ -11,6 +11,11 @@ namespace kivemu {
 namespace {
 
 constexpr Argb Black = 0xFF000000;
+/// Work is about a pixel that is filled. A frame has what fills the largest screen a hundred times,
+/// which no chip could draw in time; an item half of that, so that one leaves room for the others.
+constexpr uint64_t MostWork = 400'000'000;
+constexpr uint64_t MostItemWork = MostWork / 2;
+constexpr uint64_t WorkPerDecodedPixel = 2;
 constexpr int NoText = -1;
 constexpr int UnknownFont = 0;
 constexpr Sub16 Pixel = 16;
@@ -55,14 +60,35 @@ EBitmapWrap wrap(uint32_t mode, EBitmapModeBit bit)
     return mode & bit ? EBitmapWrap::Repeat : EBitmapWrap::Border;
 }
 
+bool isDrawing(EOpcode opcode)
+{
+    switch (opcode) {
+    case EOpcode::Clear:
+    case EOpcode::Disc:
+    case EOpcode::Line:
+    case EOpcode::FillRect:
+    case EOpcode::StrokeRect:
+    case EOpcode::Polyline:
+    case EOpcode::Polygon:
+    case EOpcode::Arc:
+    case EOpcode::Gradient:
+    case EOpcode::Chars:
+    case EOpcode::Bitmap:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 CCommandRunner::CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, CBitmapCache &bitmaps,
-                               std::vector<SPoint> &vertices)
+                               std::vector<SPoint> &vertices, const std::atomic<bool> *cancelled)
     : m_rasterizer(rasterizer),
       m_memory(memory),
       m_bitmaps(bitmaps),
       m_vertices(vertices),
+      m_cancelled(cancelled),
       m_pen{NoText, 0, 0}
 {
     m_vertices.clear();
@@ -85,7 +111,7 @@ std::array<CCommandRunner::SEntry, 256> CCommandRunner::makeEntries()
     const auto add = [&](EOpcode opcode, Function function) {
         const auto code = static_cast<uint8_t>(opcode);
         const SCommand *command = findCommand(code);
-        entries[code] = {function, command->headerMax, command->operandWords()};
+        entries[code] = {function, isDrawing(opcode), command->headerMax, command->operandWords()};
     };
     add(O::End, call<&R::end>);
     add(O::Clear, call<&R::clear>);
@@ -154,7 +180,7 @@ size_t CCommandRunner::step(const uint32_t *words, size_t count)
     if (operand(header) > entry.headerMax)
         fail(opcode, "the header's operand " + std::to_string(operand(header)) + " is above " +
                          std::to_string(entry.headerMax));
-    else
+    else if (!entry.draws || !isTooMuch(opcode))
         entry.function(*this, words);
     return 1 + entry.operandWords;
 }
@@ -162,6 +188,33 @@ size_t CCommandRunner::step(const uint32_t *words, size_t count)
 void CCommandRunner::fail(EOpcode opcode, const std::string &what)
 {
     m_errors.add(findCommand(static_cast<uint8_t>(opcode))->name, what);
+}
+
+uint64_t CCommandRunner::work() const
+{
+    return m_rasterizer.work() + m_decodingWork;
+}
+
+/// True when a drawing command is to be left out, because the item or the frame has drawn too much
+/// already. It is told once for each item.
+bool CCommandRunner::isTooMuch(EOpcode opcode)
+{
+    if (m_cancelled && m_cancelled->load(std::memory_order_relaxed)) {
+        m_ended = true;
+        return true;
+    }
+    const bool isFrame = work() > MostWork;
+    if (!isFrame && work() - m_itemWork <= MostItemWork)
+        return false;
+    if (!m_isWorkDone)
+        fail(opcode, std::string("left out from here on, because ") +
+                         (isFrame ? "the frame" : "the item") + " has drawn more than " +
+                         std::to_string((isFrame ? MostWork : MostItemWork) / 1'000'000) +
+                         " million pixels");
+    m_isWorkDone = true;
+    m_vertices.clear();
+    m_pathTooLong = false;
+    return true;
 }
 
 /// A path that nothing has drawn must not become part of the next one.
@@ -234,6 +287,8 @@ void CCommandRunner::item(const uint32_t *words)
 {
     dropVertices();
     m_errors.setItem(words[1]);
+    m_itemWork = work();
+    m_isWorkDone = false;
 }
 
 void CCommandRunner::disc(const uint32_t *words)
@@ -392,9 +447,25 @@ void CCommandRunner::bitmap(const uint32_t *words)
 
 const SBitmapImage *CCommandRunner::image()
 {
-    if (!m_image)
-        m_image = m_bitmaps.find(m_memory, m_bitmapKey);
+    if (m_image)
+        return m_image.get();
+    m_image = m_bitmaps.find(m_memory, m_bitmapKey);
+    if (m_image)
+        countDecoding();
     return m_image.get();
+}
+
+/// Counts as if nothing had been decoded before this execution, so that a frame does not depend on
+/// those before it. More than the cache holds may have to be decoded again and again.
+void CCommandRunner::countDecoding()
+{
+    const auto pixels =
+        static_cast<uint64_t>(m_bitmapKey.width) * static_cast<uint64_t>(m_bitmapKey.height);
+    const bool isNew = m_decoded.insert(m_bitmapKey).second;
+    if (isNew)
+        m_decodedPixels += pixels;
+    if (isNew || m_decodedPixels * sizeof(uint32_t) > CBitmapCache::MaxBytes)
+        m_decodingWork += pixels * WorkPerDecodedPixel;
 }
 
 std::string CCommandRunner::bitmapFault() const

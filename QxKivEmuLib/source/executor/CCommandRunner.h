@@ -7,9 +7,11 @@
 #include "raster/RasterTypes.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 namespace kivemu {
@@ -23,9 +25,9 @@ class CCommandRunner
 {
 public:
     /// All must outlive the runner. `vertices` is working memory, kept by the caller so that it
-    /// need not grow anew in every frame.
+    /// need not grow anew in every frame. `cancelled` may be null.
     CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, CBitmapCache &bitmaps,
-                   std::vector<SPoint> &vertices);
+                   std::vector<SPoint> &vertices, const std::atomic<bool> *cancelled);
 
     /// Draws onto a black frame until the end command; gives what is wrong in the list.
     std::vector<SExecutionError> run(const uint32_t *words, size_t count);
@@ -49,6 +51,7 @@ private:
     struct SEntry
     {
         Function function; ///< null: no such opcode
+        bool draws;
         uint32_t headerMax;
         size_t operandWords;
     };
@@ -59,7 +62,10 @@ private:
     size_t step(const uint32_t *words, size_t count);
     void fail(EOpcode opcode, const std::string &what);
     void dropVertices();
+    uint64_t work() const;
+    bool isTooMuch(EOpcode opcode);
     const SBitmapImage *image();
+    void countDecoding();
     std::string bitmapFault() const;
 
     // The commands; `words` starts with the header.
@@ -95,9 +101,15 @@ private:
     const CRamG &m_memory;
     CBitmapCache &m_bitmaps;
     std::vector<SPoint> &m_vertices;
+    const std::atomic<bool> *const m_cancelled;
     CErrorLog m_errors;
     bool m_ended = false;
     bool m_pathTooLong = false;
+    bool m_isWorkDone = false; ///< what draws is left out until the next item
+    uint64_t m_itemWork = 0;   ///< work() when the item began
+    uint64_t m_decodingWork = 0;
+    std::unordered_set<SBitmapKey, CBitmapCache::SHash> m_decoded;
+    uint64_t m_decodedPixels = 0; ///< of all in m_decoded
     SState m_state;
     std::array<SState, MaxSavedStates> m_saved;
     size_t m_savedCount = 0;

@@ -14,6 +14,7 @@ struct CExecutor::SState
     std::optional<EKernelSet> kernels; ///< nothing: the fastest that there is
     CBitmapCache bitmaps;
     std::vector<SPoint> vertices;
+    const std::atomic<bool> *cancelled = nullptr;
 };
 
 CExecutor::CExecutor() : m_state(std::make_unique<SState>())
@@ -27,12 +28,18 @@ CExecutor::CExecutor(EKernelSet kernels) : CExecutor()
 
 CExecutor::~CExecutor() = default;
 
+void CExecutor::followCancel(const std::atomic<bool> &cancelled)
+{
+    m_state->cancelled = &cancelled;
+}
+
 std::vector<SExecutionError> CExecutor::execute(const uint32_t *words, size_t count,
                                                 const CRamG &memory, CSurface &surface)
 {
     CRasterizer rasterizer =
         m_state->kernels ? CRasterizer(surface, *m_state->kernels) : CRasterizer(surface);
-    CCommandRunner runner(rasterizer, memory, m_state->bitmaps, m_state->vertices);
+    CCommandRunner runner(rasterizer, memory, m_state->bitmaps, m_state->vertices,
+                          m_state->cancelled);
     return runner.run(words, count);
 }
 

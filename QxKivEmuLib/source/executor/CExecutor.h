@@ -2,6 +2,7 @@
 
 #include "raster/RasterTypes.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -34,6 +35,10 @@ public:
     CExecutor();
     explicit CExecutor(EKernelSet kernels);
     ~CExecutor();
+
+    /// A flag that ends an execution when it becomes true, wherever the frame then is; it must
+    /// outlive the executor.
+    void followCancel(const std::atomic<bool> &cancelled);
 
     /// Draws onto a black frame until the end command (a missing one is an error) and gives what
     /// is wrong. The same words and memory give the same frame, whatever was on the surface.

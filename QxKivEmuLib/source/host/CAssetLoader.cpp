@@ -13,6 +13,8 @@ namespace {
 constexpr uint64_t FramesKept = 120; ///< frames that may pass before an unused file is forgotten
 constexpr uint64_t Alignment = 4;    ///< of addresses in RAM_G
 constexpr size_t MaxPath = 1024;     ///< bytes of a path as it is given
+constexpr uint64_t BytesPerWork = 2; ///< of a file that is read
+constexpr uint64_t WorkPerPixelByte = 8; ///< of a picture that is decoded
 
 uint64_t aligned(uint64_t size)
 {
@@ -164,6 +166,7 @@ bool CAssetLoader::append(const AssetPtr &asset)
 bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width, int height,
                               SLoadedBitmap &bitmap)
 {
+    m_lastWork = 0;
     std::string file;
     if (!resolve(path, file))
         return false;
@@ -196,6 +199,7 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         return fail(lut + ": has " + std::to_string(paletteStamp.size) +
                     " bytes, but the palette has " + std::to_string(palette));
 
+    m_lastWork = size / BytesPerWork;
     AssetPtr &known = m_files[key];
     if (!known || !(known->stamp == stamp) || !(known->paletteStamp == paletteStamp)) {
         auto asset = std::make_shared<SAsset>();
@@ -220,6 +224,7 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
 
 bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap)
 {
+    m_lastWork = 0;
     std::string file;
     if (!resolve(path, file))
         return false;
@@ -227,12 +232,15 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
     std::string problem = stampOfFile(file, stamp);
     if (!problem.empty())
         return fail(problem);
+    m_lastWork = stamp.size / BytesPerWork;
     const std::string key = (mono ? "mono " : "image ") + identity(stamp);
     AssetPtr &known = m_files[key];
     if (!known || !(known->stamp == stamp)) {
         SDecodedImage image;
         problem = decodeImageFile(file, mono, m_memory.capacity(), image);
         if (!problem.empty()) {
+            if (image.neededBytes <= m_memory.capacity())
+                m_lastWork += image.neededBytes * WorkPerPixelByte;
             m_files.erase(key);
             if (image.neededBytes > m_memory.capacity())
                 return failFull(key, aligned(image.neededBytes));
@@ -246,6 +254,7 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         asset->pixels = std::move(image.pixels);
         known = asset;
     }
+    m_lastWork += known->pixels.size() * WorkPerPixelByte;
     return place(key, known, bitmap);
 }
 

@@ -43,6 +43,9 @@ public:
     bool loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap);
 
     const std::string &error() const { return m_error; }
+    /// What the last load counts as, in the script's units of work: from the file's bytes and the
+    /// picture's pixels, so that it is the same whether the file was at hand or had to be read.
+    uint64_t lastWork() const { return m_lastWork; }
 
     const CRamG &memory() const { return m_memory; }
 
@@ -67,6 +70,7 @@ private:
     CRamG m_memory;
     std::string m_workingDirectory;
     std::string m_error;
+    uint64_t m_lastWork = 0;
     std::vector<SPlaced> m_placed;   ///< in the order of their addresses
     size_t m_used = 0;               ///< of these, asked for in this frame
     std::set<std::string> m_refused; ///< keys of this frame's assets for which there was no room

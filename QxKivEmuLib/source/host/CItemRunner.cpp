@@ -13,7 +13,8 @@ namespace {
 constexpr char EnvironmentKey[] = "kiv.environment";
 constexpr size_t MostChunks = 2000; ///< texts that are kept; far more than any widget library has
 constexpr size_t MaxCommands = 64 * 1024; ///< bytes; the compiler cannot be stopped
-constexpr int MostVariables = 200;        ///< of a chunk, before its table is thrown away
+constexpr uint64_t WorkPerItem = 1000;
+constexpr int MostVariables = 200; ///< of a chunk, before its table is thrown away
 
 /// Makes the table that a chunk's own variables go into, the properties and globals behind it.
 void makeEnvironment(lua_State *state)
@@ -28,8 +29,7 @@ void makeEnvironment(lua_State *state)
 
 } // namespace
 
-CItemRunner::CItemRunner(CLuaSandbox &sandbox, std::chrono::milliseconds itemLimit)
-    : m_sandbox(sandbox), m_itemLimit(itemLimit)
+CItemRunner::CItemRunner(CLuaSandbox &sandbox) : m_sandbox(sandbox)
 {
 }
 
@@ -80,10 +80,9 @@ int CItemRunner::drawItem(lua_State *state)
     lua_settop(state, 0);
     luaL_checkstack(state, LUA_MINSTACK, nullptr);
     runner->draw(state, item);
-    // An item that used up the frame's time ends the frame.
-    contextOf(state).watchdog.charge(state, 64);
-    if (contextOf(state).watchdog.isExpired())
-        luaL_error(state, "the frame's time is over; the items from here on are not drawn");
+    // An item that used up what the frame has ends the frame.
+    if (CWatchdog &watchdog = contextOf(state).watchdog; watchdog.add(WorkPerItem))
+        luaL_error(state, "%s; the items from here on are not drawn", watchdog.reason());
     return 0;
 }
 
@@ -118,10 +117,8 @@ bool CItemRunner::run(lua_State *state, size_t item)
         m_errors->add(m_snapshot->label(item), chunk.error);
         return false;
     }
-    if (const std::string &name = m_tables.leftOutProperty(item); !name.empty()) {
-        m_errors->add(m_snapshot->label(item), "the property '" + name + "' is longer than " +
-                                                   std::to_string(CLuaAllocator::MaxString) +
-                                                   " bytes");
+    if (const std::string &problem = m_tables.problem(item); !problem.empty()) {
+        m_errors->add(m_snapshot->label(item), problem);
         return false;
     }
     SLuaContext &context = contextOf(state);
@@ -134,7 +131,7 @@ bool CItemRunner::run(lua_State *state, size_t item)
     else
         pushEnvironment(state, item);
     lua_setupvalue(state, -2, 1);
-    context.watchdog.beginPart(m_itemLimit);
+    context.watchdog.beginPart();
     const int status = lua_pcall(state, 0, 0, 0);
     if (status != LUA_OK)
         m_errors->add(m_snapshot->label(item), m_sandbox.popError(status));

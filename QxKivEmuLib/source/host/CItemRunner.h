@@ -3,7 +3,6 @@
 #include "CItemTables.h"
 #include "ChunkAssignments.h"
 
-#include <chrono>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -18,8 +17,8 @@ class CLuaSandbox;
 class CItemRunner
 {
 public:
-    /// The sandbox must outlive the runner. `itemLimit`: what one item may take of a frame's time.
-    CItemRunner(CLuaSandbox &sandbox, std::chrono::milliseconds itemLimit);
+    /// The sandbox must outlive the runner.
+    explicit CItemRunner(CLuaSandbox &sandbox);
 
     /// Snapshot and errors must live until endFrame().
     void beginFrame(const CSnapshot &snapshot, CErrorList &errors);
@@ -50,7 +49,6 @@ private:
     void clearEnvironment(lua_State *state);
 
     CLuaSandbox &m_sandbox;
-    std::chrono::milliseconds m_itemLimit;
     CItemTables m_tables;
     const CSnapshot *m_snapshot = nullptr;
     CErrorList *m_errors = nullptr;

@@ -14,6 +14,7 @@ constexpr char ItemType[] = "kiv.item";
 constexpr int PropertiesValue = 1; ///< user values of an item object
 constexpr int ViewValue = 2;
 constexpr size_t LongestShownName = 60;
+constexpr size_t MostProperties = 2000; ///< well within the keys of a Lua table
 
 const char *kindName(CSnapshot::EKind kind)
 {
@@ -32,16 +33,20 @@ void pushText(lua_State *state, std::string_view text)
     lua_pushlstring(state, text.data(), text.size());
 }
 
-/// Sets the properties in the table at the top of the stack. Gives the name of one that is too long
-/// to be a Lua text and was left out; empty when all are there.
-std::string_view setProperties(lua_State *state, CSnapshot::CProperties properties)
+/// Sets the properties in the table at the top of the stack. Says why when one was left out; empty
+/// when all are there.
+std::string setProperties(lua_State *state, CSnapshot::CProperties properties)
 {
-    std::string_view leftOut;
+    std::string problem;
+    size_t count = 0;
     for (CSnapshot::SProperty property; properties.next(property);) {
         if (std::max(property.name.size(), property.text.size()) > CLuaAllocator::MaxString) {
-            leftOut = property.name.substr(0, LongestShownName);
+            problem = "the property '" + std::string(property.name.substr(0, LongestShownName)) +
+                      "' is longer than " + std::to_string(CLuaAllocator::MaxString) + " bytes";
             continue;
         }
+        if (++count > MostProperties)
+            return "it has more than " + std::to_string(MostProperties) + " properties";
         pushText(state, property.name);
         if (property.isNumber)
             lua_pushinteger(state, property.number);
@@ -49,7 +54,7 @@ std::string_view setProperties(lua_State *state, CSnapshot::CProperties properti
             pushText(state, property.text);
         lua_rawset(state, -3);
     }
-    return leftOut;
+    return problem;
 }
 
 int readOnlyItem(lua_State *state)
@@ -129,7 +134,8 @@ CItemTables::SEntry &CItemTables::entryOf(size_t item)
 void CItemTables::pushItems(lua_State *state)
 {
     const size_t count = m_snapshot->itemCount();
-    lua_createtable(state, static_cast<int>(count), 0);
+    // An odd number, so that it cannot be taken for a table of keys.
+    lua_createtable(state, static_cast<int>(count | 1), 0);
     for (size_t item = 0; item < count; ++item) {
         SEntry &entry = entryOf(item);
         pushObject(state, item, entry);
@@ -168,7 +174,7 @@ void CItemTables::build(lua_State *state, size_t item, SEntry &entry)
     }
     lua_setmetatable(state, -2);
     lua_newtable(state);
-    const std::string_view leftOut = setProperties(state, m_snapshot->properties(item));
+    std::string problem = setProperties(state, m_snapshot->properties(item));
     lua_pushvalue(state, -2);
     lua_setfield(state, -2, "item");
     if (luaL_newmetatable(state, "kiv.properties")) {
@@ -180,7 +186,7 @@ void CItemTables::build(lua_State *state, size_t item, SEntry &entry)
     lua_setiuservalue(state, -3, PropertiesValue);
     entry.properties = m_snapshot->propertyBytes(item);
     entry.type = m_snapshot->typeName(item);
-    entry.leftOut = leftOut;
+    entry.problem = std::move(problem);
     entry.table = luaL_ref(state, LUA_REGISTRYINDEX);
     entry.object = luaL_ref(state, LUA_REGISTRYINDEX);
     entry.handle = handle;

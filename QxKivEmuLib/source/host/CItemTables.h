@@ -26,9 +26,8 @@ public:
     /// Pushes the table that holds the properties of an item, and the item itself as "item". The
     /// globals lie behind it.
     void pushProperties(lua_State *state, size_t item) const;
-    /// The name of a property that is too long for Lua, and therefore missing; empty when all are
-    /// there.
-    const std::string &leftOutProperty(size_t item) const { return m_ofItem[item]->leftOut; }
+    /// Why a property is missing (too long for Lua, or one too many); empty when all are there.
+    const std::string &problem(size_t item) const { return m_ofItem[item]->problem; }
 
 private:
     /// What an item object holds.
@@ -41,7 +40,7 @@ private:
     {
         std::string type;
         std::string properties;    ///< the bytes that the tables were made from
-        std::string leftOut;       ///< a property that is too long for Lua; empty: none
+        std::string problem;       ///< why a property was left out; empty: none was
         SHandle *handle = nullptr; ///< null before the first complete build
         int object = 0;            ///< references in the registry
         int table = 0;

@@ -8,8 +8,25 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t LargeBlock = 4096;   ///< from here on the clock is worth a look
+constexpr size_t LargeBlock = 4096; ///< smaller ones count as the instructions that ask for them
+constexpr size_t BytesPerWork = 4;
+constexpr size_t FewKeys = 64;
 constexpr size_t StringOverhead = 64; ///< at least the header that Lua puts before a string's bytes
+
+/// How many keys of a table a fresh block without a kind holds: of these there is always a power of
+/// two, and Lua asks for them at once. A list whose first size is exactly that is taken for one.
+size_t keysIn(size_t size)
+{
+    constexpr size_t KeySize = 3 * sizeof(void *); // a value, a key, their types and a link
+    const size_t count = size / KeySize;
+    return size % KeySize == 0 && (count & (count - 1)) == 0 ? count : 0;
+}
+
+/// Putting all keys of a table into a larger place, when all of them collide.
+uint64_t workToGrow(size_t keys)
+{
+    return uint64_t{keys} * keys / 2;
+}
 
 bool isAllowed(SLuaContext &context, size_t oldSize, size_t newSize, bool isString)
 {
@@ -19,7 +36,7 @@ bool isAllowed(SLuaContext &context, size_t oldSize, size_t newSize, bool isStri
         return false;
     if (newSize - oldSize > context.memoryLimit - context.memoryUsed)
         return false;
-    return newSize < LargeBlock || !context.watchdog.look();
+    return newSize < LargeBlock || !context.watchdog.add((newSize - oldSize) / BytesPerWork);
 }
 
 } // namespace
@@ -29,6 +46,7 @@ void *CLuaAllocator::allocate(void *user, void *block, size_t oldSize, size_t ne
     auto &context = *static_cast<SLuaContext *>(user);
     // Without a block, Lua passes the kind of the object in place of the old size.
     const bool isString = !block && oldSize == LUA_TSTRING;
+    const bool isVector = !block && oldSize == 0;
     if (!block)
         oldSize = 0;
     if (newSize == 0) {
@@ -36,7 +54,10 @@ void *CLuaAllocator::allocate(void *user, void *block, size_t oldSize, size_t ne
         context.memoryUsed -= oldSize;
         return nullptr;
     }
-    if (!isAllowed(context, oldSize, newSize, isString)) {
+    const size_t keys = isVector ? keysIn(newSize) : 0;
+    const bool isTooMuch =
+        keys > CLuaAllocator::MaxKeys || (keys > FewKeys && context.watchdog.add(workToGrow(keys)));
+    if (isTooMuch || !isAllowed(context, oldSize, newSize, isString)) {
         context.memoryRefused = true;
         return nullptr;
     }

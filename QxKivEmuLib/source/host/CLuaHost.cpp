@@ -75,11 +75,13 @@ bool CLuaHost::startState()
         m_loadError = "not enough memory for the render script";
         return false;
     }
-    m_items = std::make_unique<CItemRunner>(*m_sandbox, m_limits.item);
+    m_items = std::make_unique<CItemRunner>(*m_sandbox);
     SLuaContext &context = m_sandbox->context();
     context.itemTables = &m_items->tables();
     context.assets = &m_assets;
-    context.watchdog.start(state, m_limits.frame);
+    if (m_cancelled)
+        context.watchdog.followCancel(*m_cancelled);
+    context.watchdog.start(state, m_limits);
     m_loadError = m_sandbox->compile(m_script, m_name.c_str());
     if (m_loadError.empty()) {
         lua_pushcfunction(state, finishLoading);
@@ -148,7 +150,7 @@ void CLuaHost::runRender(const CSnapshot &snapshot, CDrawContext &drawing, int w
     context.items = m_items.get();
     context.frameNumber = ++m_frameNumber;
     context.memoryRefused = false;
-    context.watchdog.start(state, m_limits.frame);
+    context.watchdog.start(state, m_limits);
     SFrame frame{this, width, height};
     lua_pushcfunction(state, callRender);
     lua_pushlightuserdata(state, &frame);

@@ -4,8 +4,9 @@
 #include "CErrorList.h"
 #include "CSnapshot.h"
 #include "ChipLimits.h"
+#include "ScriptLimits.h"
 
-#include <chrono>
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,15 +18,6 @@ namespace kivemu {
 class CDrawContext;
 class CItemRunner;
 class CLuaSandbox;
-
-/// What Lua code may use of a frame.
-struct SScriptLimits
-{
-    std::chrono::milliseconds frame{500};
-    std::chrono::milliseconds item{
-        200}; ///< a single item, so that one that hangs leaves the others time
-    size_t memory = size_t{64} << 20;
-};
 
 /// What a frame's script run gives: a whole display list in any case.
 struct SDrawing
@@ -50,6 +42,9 @@ public:
     /// The same from a text; `name` is what messages call it.
     bool loadText(const std::string &text, const std::string &name);
     const std::string &loadError() const { return m_loadError; }
+    /// A flag that ends the frame that is being drawn when it becomes true; it must outlive the
+    /// host. To be given before the script.
+    void followCancel(const std::atomic<bool> &cancelled) { m_cancelled = &cancelled; }
 
     /// Width and height must be within the chip's largest screen.
     SDrawing draw(const CSnapshot &snapshot, int width, int height);
@@ -67,6 +62,7 @@ private:
 
     SChipLimits m_chip;
     SScriptLimits m_limits;
+    const std::atomic<bool> *m_cancelled = nullptr;
     std::string m_script;
     std::string m_name;
     std::string m_loadError;

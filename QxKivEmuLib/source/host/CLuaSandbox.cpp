@@ -51,12 +51,12 @@ std::string CLuaSandbox::popError(int status)
 {
     std::string message;
     if (status == LUA_ERRMEM && m_context.watchdog.isExpired()) {
-        message =
-            "stopped, because it takes too long"; // the allocator was asked after the deadline
+        message = m_context.watchdog.reason(); // the allocator was asked after the end
     } else if (status == LUA_ERRMEM) {
         message = "not enough memory: a frame has " +
                   std::to_string(m_context.memoryLimit / (1024 * 1024)) + " MiB, a text " +
-                  std::to_string(CLuaAllocator::MaxString / 1024) + " KiB";
+                  std::to_string(CLuaAllocator::MaxString / 1024) + " KiB, a table " +
+                  std::to_string(CLuaAllocator::MaxKeys) + " keys";
     } else if (lua_type(m_state, -1) == LUA_TSTRING) {
         size_t length = 0;
         const char *text = lua_tolstring(m_state, -1, &length);

@@ -13,6 +13,7 @@ namespace {
 constexpr int MaxDepth = 200;
 constexpr unsigned StepsPerCharge = 1024;
 constexpr size_t WorkPerStep = 4; ///< nanoseconds
+constexpr size_t WorkToCompile = 200;
 constexpr char ClassLetters[] = "acdglpsuwx";
 
 bool isInClass(char letter, int c)
@@ -73,6 +74,7 @@ void addEscape(std::bitset<256> &set, uint8_t c)
 CPattern::CPattern(lua_State *state, std::string_view pattern, bool isAnchorAllowed)
     : m_state(state), m_pattern(pattern)
 {
+    contextOf(state).watchdog.charge(state, WorkToCompile);
     if (isAnchorAllowed && !pattern.empty() && pattern[0] == '^') {
         m_isAnchored = true;
         m_at = 1;

@@ -3,9 +3,26 @@
 #include "SLuaContext.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <ctime>
 #include <lua.hpp>
 
 namespace kivemu {
+
+namespace {
+
+constexpr uint64_t InstructionWork = 8;
+/// Asking for the processor time is a system call, the time of day is not.
+constexpr std::chrono::milliseconds TimeInterval{4};
+
+std::chrono::nanoseconds processorTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+} // namespace
 
 CWatchdog &CWatchdog::of(lua_State *state)
 {
@@ -17,13 +34,17 @@ void CWatchdog::arm(int interval)
     lua_sethook(m_state, interval > 0 ? hook : nullptr, interval > 0 ? LUA_MASKCOUNT : 0, interval);
 }
 
-void CWatchdog::start(lua_State *state, std::chrono::milliseconds frameLimit)
+void CWatchdog::start(lua_State *state, const SScriptLimits &limits)
 {
     m_state = state;
-    m_frameDeadline = Clock::now() + frameLimit;
-    m_deadline = m_frameDeadline;
+    m_limits = limits;
     m_work = 0;
-    m_expired = false;
+    m_workLimit = limits.frameWork;
+    m_nextLook = 0;
+    m_frameTimeEnd = processorTime() + limits.frameTime;
+    m_timeEnd = m_frameTimeEnd;
+    m_nextTime = Clock::now() + TimeInterval;
+    m_end = EEnd::None;
     arm(HookInterval);
 }
 
@@ -32,50 +53,90 @@ void CWatchdog::stop()
     if (m_state)
         arm(0);
     m_state = nullptr;
-    m_expired = false;
+    m_end = EEnd::None;
 }
 
-void CWatchdog::beginPart(std::chrono::milliseconds limit)
+void CWatchdog::beginPart()
 {
-    if (!m_expired)
-        m_deadline = std::min(m_frameDeadline, Clock::now() + limit);
+    if (isExpired())
+        return;
+    m_workLimit = std::min(m_limits.frameWork, m_work + m_limits.itemWork);
+    m_nextLook = std::min(m_nextLook, m_workLimit);
+    m_timeEnd = std::min(m_frameTimeEnd, processorTime() + m_limits.itemTime);
 }
 
 bool CWatchdog::endPart()
 {
-    const bool partOnly = m_expired && Clock::now() < m_frameDeadline;
-    m_deadline = m_frameDeadline;
+    const bool partOnly = (m_end == EEnd::Work && m_work < m_limits.frameWork) ||
+                          (m_end == EEnd::Clock && processorTime() < m_frameTimeEnd);
+    m_workLimit = m_limits.frameWork;
+    m_timeEnd = m_frameTimeEnd;
     if (partOnly) {
-        m_expired = false;
+        m_end = EEnd::None;
+        m_nextLook = m_work;
         arm(HookInterval);
     }
     return partOnly;
 }
 
-bool CWatchdog::look()
+const char *CWatchdog::reason() const
 {
-    m_work = 0;
-    if (m_state && !m_expired && Clock::now() >= m_deadline) {
-        m_expired = true;
-        arm(1);
+    switch (m_end) {
+    case EEnd::Clock:
+        return "stopped by the clock, because it takes too long; another time it may get further";
+    case EEnd::Cancelled:
+        return "stopped, because the frame is not wanted any more";
+    default:
+        return "stopped, because it takes too long";
     }
-    return m_expired;
 }
 
-void CWatchdog::check(lua_State *state, int level)
+bool CWatchdog::look()
 {
-    if (!look())
-        return;
+    if (!m_state || isExpired())
+        return isExpired();
+    m_end = findEnd();
+    m_nextLook = std::min(m_workLimit, m_work + LookInterval);
+    if (isExpired())
+        arm(1);
+    return isExpired();
+}
+
+CWatchdog::EEnd CWatchdog::findEnd()
+{
+    if (m_work >= m_workLimit)
+        return EEnd::Work;
+    if (m_cancelled && m_cancelled->load(std::memory_order_relaxed))
+        return EEnd::Cancelled;
+    return isClockOver() ? EEnd::Clock : EEnd::None;
+}
+
+bool CWatchdog::isClockOver()
+{
+    const Clock::time_point now = Clock::now();
+    if (now < m_nextTime)
+        return false;
+    m_nextTime = now + TimeInterval;
+    return processorTime() >= m_timeEnd;
+}
+
+void CWatchdog::fail(lua_State *state, int level)
+{
     luaL_where(state, level);
-    lua_pushliteral(state, "stopped, because it takes too long");
+    lua_pushstring(state, of(state).reason());
     lua_concat(state, 2);
     lua_error(state);
+    std::abort(); // lua_error does not return, which its declaration does not say
 }
 
 void CWatchdog::hook(lua_State *state, lua_Debug *)
 {
     constexpr int RunningFunction = 0;
-    of(state).check(state, RunningFunction);
+    CWatchdog &watchdog = of(state);
+    if (!watchdog.isExpired())
+        watchdog.m_work += HookInterval * InstructionWork;
+    if (watchdog.look())
+        fail(state, RunningFunction);
 }
 
 } // namespace kivemu

@@ -1,59 +1,78 @@
 #pragma once
 
-#include <chrono>
-#include <cstdint>
+#include "ScriptLimits.h"
+
+#include <atomic>
 
 struct lua_Debug;
 struct lua_State;
 
 namespace kivemu {
 
-/// Stops Lua code that runs too long. Three things look at the clock: a hook every HookInterval
-/// instructions, C functions that charge() for work which the hook does not see, and the allocator.
-/// Once the deadline has passed, the hook is armed for every instruction until stop(), so that
-/// pcall cannot swallow the error.
+/// Stops Lua code that does too much. Work is counted by a hook every HookInterval instructions, by
+/// C functions that charge() for what the hook does not see, and by the allocator. The clock is
+/// looked at besides; only work that nothing counts ever gets that far.
+/// Once a limit has passed, the hook is armed for every instruction until stop(), so that pcall
+/// cannot swallow the error.
 class CWatchdog
 {
 public:
-    using Clock = std::chrono::steady_clock;
     static constexpr int HookInterval = 1000; ///< Lua instructions
 
-    /// Watches one state from now on; `frameLimit` counts from here.
-    void start(lua_State *state, std::chrono::milliseconds frameLimit);
+    /// Watches one state from now on; the frame's limits count from here.
+    void start(lua_State *state, const SScriptLimits &limits);
     void stop();
+    /// A flag that ends the frame when it becomes true; it must outlive the watchdog.
+    void followCancel(const std::atomic<bool> &cancelled) { m_cancelled = &cancelled; }
 
-    /// Within the frame's time, gives what runs until endPart() at most `limit`.
-    void beginPart(std::chrono::milliseconds limit);
-    /// True when the part was stopped because its own time was over; what follows may run on.
+    /// What runs until endPart() gets at most an item's share of the frame's limits.
+    void beginPart();
+    /// True when only the part was stopped; what follows may run on.
     bool endPart();
 
-    /// True from when the deadline was seen to have passed.
-    bool isExpired() const { return m_expired; }
-    /// Looks at the clock. True when the deadline has passed; the hook is then armed.
-    bool look();
+    /// True from when a limit was seen to have passed.
+    bool isExpired() const { return m_end != EEnd::None; }
+    /// Why the code was stopped, for its error message.
+    const char *reason() const;
 
-    /// For C functions: `work` is about a nanosecond's worth. Raises the Lua error when time is up.
-    void charge(lua_State *state, size_t work)
+    /// Counts work. True when a limit has passed; the hook is then armed.
+    bool add(uint64_t work)
     {
         m_work += work;
-        if (m_work > WorkInterval)
-            check(state, Caller);
+        return m_work >= m_nextLook ? look() : isExpired();
+    }
+    /// For C functions: counts, and raises the Lua error when it was too much.
+    void charge(lua_State *state, uint64_t work)
+    {
+        if (add(work))
+            fail(state, Caller);
     }
 
     static CWatchdog &of(lua_State *state);
 
 private:
-    static constexpr size_t WorkInterval = 65536;
+    enum class EEnd { None, Work, Clock, Cancelled };
+    using Nanoseconds = std::chrono::nanoseconds;
+    using Clock = std::chrono::steady_clock;
+    static constexpr uint64_t LookInterval = 65536;
     static constexpr int Caller = 1; ///< level of the function that the message names
-    void check(lua_State *state, int level);
+    bool look();
+    EEnd findEnd();
+    bool isClockOver();
+    [[noreturn]] static void fail(lua_State *state, int level);
     static void hook(lua_State *state, lua_Debug *);
     void arm(int interval);
 
     lua_State *m_state = nullptr;
-    Clock::time_point m_frameDeadline;
-    Clock::time_point m_deadline;
-    size_t m_work = 0;
-    bool m_expired = false;
+    const std::atomic<bool> *m_cancelled = nullptr;
+    SScriptLimits m_limits;
+    uint64_t m_work = 0;      ///< since start()
+    uint64_t m_workLimit = 0; ///< of the frame or, within a part, of the part
+    uint64_t m_nextLook = 0;
+    Nanoseconds m_frameTimeEnd{}; ///< in the thread's processor time
+    Nanoseconds m_timeEnd{};      ///< of the frame or, within a part, of the part
+    Clock::time_point m_nextTime; ///< the processor time is not asked for before
+    EEnd m_end = EEnd::None;
 };
 
 } // namespace kivemu

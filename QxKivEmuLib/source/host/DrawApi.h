@@ -26,6 +26,8 @@ void addDrawApi(lua_State *state);
 /// The frame that is being drawn; a Lua error outside of one.
 inline CDrawContext &drawingOf(lua_State *state)
 {
+    constexpr uint64_t WorkPerCall = 64;
+    contextOf(state).watchdog.charge(state, WorkPerCall);
     CDrawContext *drawing = contextOf(state).drawing;
     if (!drawing)
         luaL_error(state, "drawing is possible only while a frame is drawn");

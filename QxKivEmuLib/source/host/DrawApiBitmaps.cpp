@@ -13,7 +13,7 @@ namespace kivemu {
 namespace {
 
 constexpr char BitmapType[] = "kiv.bitmap";
-constexpr size_t FileWork = 100'000; ///< so that the clock is read before each file
+constexpr size_t FileWork = 20'000; ///< to look a file up, beside reading it
 
 /// What a script holds: the place in RAM_G, which is another one in the next frame.
 struct SBitmapHandle
@@ -90,6 +90,7 @@ int loadBitmap(lua_State *state)
     SLoadedBitmap bitmap{};
     const bool loaded = contextOf(state).assets->loadBitmap({path, length}, format, sideOf(width),
                                                             sideOf(height), bitmap);
+    contextOf(state).watchdog.charge(state, contextOf(state).assets->lastWork());
     return pushLoaded(state, loaded, bitmap);
 }
 
@@ -102,6 +103,7 @@ int loadImage(lua_State *state)
     contextOf(state).watchdog.charge(state, FileWork);
     SLoadedBitmap bitmap{};
     const bool loaded = contextOf(state).assets->loadImage({path, length}, mono, bitmap);
+    contextOf(state).watchdog.charge(state, contextOf(state).assets->lastWork());
     return pushLoaded(state, loaded, bitmap);
 }
 

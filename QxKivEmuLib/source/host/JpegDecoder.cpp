@@ -10,7 +10,10 @@ namespace kivemu {
 namespace {
 
 constexpr int MostWarnings = 100;
-constexpr int MostScans = 100; ///< a small file may hold millions, each as slow as a whole picture
+/// A small file may hold millions of scans, each as slow as a whole picture.
+constexpr int MostScans = 100;
+constexpr int FewScans = 16; ///< an ordinary progressive picture has about ten
+constexpr int64_t MostScannedPixels = 20'000'000;
 
 /// libjpeg reports by calls and expects a fatal one not to return.
 struct SErrorHandler
@@ -36,10 +39,14 @@ void countWarning(j_common_ptr decoder, int level)
 
 void countScans(j_common_ptr decoder)
 {
-    if (reinterpret_cast<j_decompress_ptr>(decoder)->input_scan_number <= MostScans)
+    const auto &jpeg = *reinterpret_cast<j_decompress_ptr>(decoder);
+    const int64_t pixels = int64_t{jpeg.image_width} * int64_t{jpeg.image_height};
+    const bool isLong =
+        jpeg.input_scan_number > FewScans && jpeg.input_scan_number * pixels > MostScannedPixels;
+    if (jpeg.input_scan_number <= MostScans && !isLong)
         return;
     auto *handler = reinterpret_cast<SErrorHandler *>(decoder->err);
-    std::snprintf(handler->message, sizeof handler->message, "has more than %d scans", MostScans);
+    std::snprintf(handler->message, sizeof handler->message, "%s", "has too many scans");
     std::longjmp(handler->escape, 1);
 }
 

@@ -2,6 +2,7 @@
 #include "SLuaContext.h"
 #include "SandboxLibraries.h"
 
+#include <algorithm>
 #include <cctype>
 #include <lua.hpp>
 
@@ -22,7 +23,8 @@ int boundedRep(lua_State *state)
     if (each > 0 && count > static_cast<lua_Integer>(CLuaAllocator::MaxString / each))
         luaL_error(state, "the text would be longer than %d characters",
                    int{CLuaAllocator::MaxString});
-    contextOf(state).watchdog.charge(state, CLuaAllocator::MaxString / 16);
+    contextOf(state).watchdog.charge(
+        state, each * static_cast<size_t>(std::max<lua_Integer>(count, 0)) / 8);
     // Nothing, any number of times: without this it would be counted out.
     if (each == 0)
         lua_settop(state, 1);

@@ -10,9 +10,8 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t WorkPerKey = 64; ///< nanoseconds to collect and sort one
-constexpr size_t WorkPerNext =
-    16'384; ///< so that the clock is read every few calls, whatever they cost
+constexpr size_t WorkPerKey = 64;    ///< nanoseconds to collect and sort one
+constexpr size_t WorkPerNext = 8192; ///< a call may look through a whole table that was emptied
 
 /// Where a key stands: numbers, texts, others.
 int rank(lua_State *state, int index)

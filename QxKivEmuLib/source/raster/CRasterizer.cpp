@@ -2,6 +2,8 @@
 
 #include "BitmapImage.h"
 #include "CSurface.h"
+#include "DrawingWork.h"
+#include "RomFonts.h"
 #include "kernels/Kernels.h"
 #include "shapes/Shapes.h"
 #include "shapes/TouchedGrids.h"
@@ -12,6 +14,8 @@ namespace kivemu {
 namespace {
 
 constexpr Argb OpaqueBits = 0xFF000000u;
+constexpr int GradientWeight = 2;
+constexpr int BitmapWeight = 4;
 
 SInk inkOf(const SPaint &paint)
 {
@@ -26,6 +30,7 @@ struct CRasterizer::SState
     SCanvas canvas;
     CCellGrid cells;
     CMaskGrid mask;
+    uint64_t work = 0;
 
     bool canDraw(const SInk &ink) const { return ink.alpha > 0 && hasArea(); }
     bool hasArea() const
@@ -66,6 +71,11 @@ const SClip &CRasterizer::clip() const
     return m_state->canvas.clip;
 }
 
+uint64_t CRasterizer::work() const
+{
+    return m_state->work;
+}
+
 void CRasterizer::clear(Argb colour)
 {
     if (!m_state->hasArea())
@@ -73,6 +83,8 @@ void CRasterizer::clear(Argb colour)
     const SCanvas &canvas = m_state->canvas;
     const SClip &clip = canvas.clip;
     const SInk ink{colour | OpaqueBits, 255};
+    m_state->work += static_cast<uint64_t>(clip.right - clip.left) *
+                     static_cast<uint64_t>(clip.bottom - clip.top);
     for (int y = clip.top; y < clip.bottom; ++y) {
         const SRun run{y, clip.left, clip.right - clip.left};
         canvas.kernels->fillRuns(canvas.target, &run, 1, ink);
@@ -82,76 +94,105 @@ void CRasterizer::clear(Argb colour)
 void CRasterizer::fillDisc(SPoint centre, Sub16 radius, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (radius > 0 && m_state->canDraw(ink))
+    if (radius > 0 && m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofBox(
+            m_state->canvas.clip, {centre.x - radius, centre.y - radius}, {2 * radius, 2 * radius});
         kivemu::fillDisc(m_state->canvas, centre, radius, ink);
+    }
 }
 
 void CRasterizer::drawLine(SPoint from, SPoint to, Sub16 lineWidth, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (lineWidth > 0 && m_state->canDraw(ink))
+    if (lineWidth > 0 && m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofLine(m_state->canvas.clip, from, to, lineWidth);
         kivemu::drawLine(m_state->canvas, from, to, lineWidth, ink);
+    }
 }
 
 void CRasterizer::fillRect(SPoint topLeft, SPoint size, Sub16 radius, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (m_state->canDraw(ink))
+    if (m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, topLeft, size);
         kivemu::fillRect(m_state->canvas, topLeft, size, radius, ink);
+    }
 }
 
 void CRasterizer::strokeRect(SPoint topLeft, SPoint size, Sub16 radius, Sub16 lineWidth,
                              const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (lineWidth > 0 && m_state->canDraw(ink))
+    if (lineWidth > 0 && m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofStroke(m_state->canvas.clip, topLeft,
+                                               {topLeft.x + size.x, topLeft.y + size.y},
+                                               2.0 * size.x + 2.0 * size.y, lineWidth);
         kivemu::strokeRect(m_state->canvas, topLeft, size, radius, lineWidth, ink);
+    }
 }
 
 void CRasterizer::fillPolygon(const SPoint *points, int count, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (count > 2 && m_state->canDraw(ink))
+    if (count > 2 && m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofPolygon(m_state->canvas.clip, points, count);
         kivemu::fillPolygon(m_state->canvas, m_state->cells, points, count, ink);
+    }
 }
 
 void CRasterizer::strokePolyline(const SPoint *points, int count, bool closed, Sub16 lineWidth,
                                  const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (count > 0 && lineWidth > 0 && m_state->canDraw(ink))
+    if (count > 0 && lineWidth > 0 && m_state->canDraw(ink)) {
+        m_state->work +=
+            drawingwork::ofPolyline(m_state->canvas.clip, points, count, closed, lineWidth);
         kivemu::strokePolyline(m_state->canvas, m_state->mask, points, count, closed, lineWidth,
                                ink);
+    }
 }
 
 void CRasterizer::strokeArc(SPoint centre, Sub16 radius, Angle64 start, Angle64 sweep,
                             Sub16 lineWidth, EArcCaps caps, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (radius > 0 && lineWidth > 0 && m_state->canDraw(ink))
+    if (radius > 0 && lineWidth > 0 && m_state->canDraw(ink)) {
+        m_state->work +=
+            drawingwork::ofStroke(m_state->canvas.clip, {centre.x - radius, centre.y - radius},
+                                  {centre.x + radius, centre.y + radius}, 6.3 * radius, lineWidth);
         kivemu::strokeArc(m_state->canvas, centre, radius, start, sweep, lineWidth, caps, ink);
+    }
 }
 
 void CRasterizer::fillGradient(SPoint topLeft, SPoint size, Sub16 radius, Angle64 direction,
                                Argb from, Argb to, bool blend)
 {
-    if (m_state->hasArea())
+    if (m_state->hasArea()) {
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, topLeft, size, GradientWeight);
         kivemu::fillGradient(m_state->canvas, topLeft, size, radius, direction, from, to, blend);
+    }
 }
 
 void CRasterizer::drawGlyph(const romfonts::SGlyph &glyph, int penX, int baselineY,
                             const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
-    if (m_state->canDraw(ink))
+    if (m_state->canDraw(ink)) {
+        m_state->work += drawingwork::ofBox(
+            m_state->canvas.clip, {(penX + glyph.left) * 16, (baselineY - glyph.top) * 16},
+            {glyph.width * 16, glyph.height * 16});
         kivemu::drawGlyph(m_state->canvas, glyph, penX, baselineY, ink);
+    }
 }
 
 void CRasterizer::drawBitmap(const SBitmapImage &image, const SBitmapPlacement &placement,
                              const SPaint &paint)
 {
-    if (m_state->canDraw(inkOf(paint)))
+    if (m_state->canDraw(inkOf(paint))) {
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, placement.topLeft, placement.size,
+                                            BitmapWeight);
         kivemu::drawBitmap(m_state->canvas, image, placement, paint);
+    }
 }
 
 } // namespace kivemu

@@ -34,6 +34,8 @@ public:
     /// Limits all drawing to a rectangle, itself cut to the surface.
     void setClip(const SClip &clip);
     const SClip &clip() const;
+    /// What has been drawn so far, as work: see DrawingWork.h.
+    uint64_t work() const;
 
     void clear(Argb colour);
     void fillDisc(SPoint centre, Sub16 radius, const SPaint &paint);

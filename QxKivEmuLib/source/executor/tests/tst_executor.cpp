@@ -374,3 +374,21 @@ TEST(Executor, examplesDrawWithoutErrorsAndTheSameFromTheirBytes)
     }
     EXPECT_EQ(used.size(), commandTable().size()) << "every command is in an example";
 }
+
+// The limits stand for what no chip could draw in time; a hundred layers of the largest screen.
+TEST(Executor, whatDrawsTooMuchIsLeftOutAndItsNeighbourDrawn)
+{
+    const size_t layers = 210'000'000 / (Width * Height);
+    std::vector<uint32_t> words = assemble("CLEAR(0x000000);ITEM(1);", nullptr).value();
+    words.insert(words.end(), layers, uint32_t{static_cast<uint8_t>(EOpcode::Clear)} << 24 | 0xFF);
+    const auto rest = assemble("COLOR(0xff0000);FILL_RECT(0, 0, 160, 160, 0);ITEM(2);"
+                               "COLOR(0x00ff00);FILL_RECT(160, 0, 160, 160, 0);END();", nullptr);
+    words.insert(words.end(), rest->begin(), rest->end());
+    CSurface surface(Width, Height);
+    const auto errors = CExecutor().execute(words.data(), words.size(), NoMemory, surface);
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors[0].item, 1U);
+    EXPECT_NE(errors[0].message.find("200 million pixels"), std::string::npos);
+    EXPECT_EQ(surface.row(5)[5], 0xFF0000FFU) << "left out";
+    EXPECT_EQ(surface.row(5)[15], 0xFF00FF00U) << "the neighbour";
+}

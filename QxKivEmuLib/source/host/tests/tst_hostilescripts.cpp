@@ -8,11 +8,12 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr size_t Memory = size_t{16} << 20;
-/// What should be stopped by the clock is stopped soon; what should end by another limit has time
-/// for that, also on a slow machine.
-constexpr kivemu::SScriptLimits ShortTime{60ms, 30ms, Memory};
-constexpr kivemu::SScriptLimits ShortItemTime{10s, 30ms, Memory}; ///< the neighbour has time
-constexpr kivemu::SScriptLimits LongTime{20s, 10s, Memory};
+constexpr uint64_t Much = 4'000'000'000;
+/// What does too much is stopped soon; what should end by another limit may do a lot. The clock
+/// should stop none of them.
+constexpr kivemu::SScriptLimits LittleWork{8'000'000, 4'000'000, Memory, 60s, 30s};
+constexpr kivemu::SScriptLimits LittleItemWork{Much, 4'000'000, Memory, 60s, 30s};
+constexpr kivemu::SScriptLimits MuchWork{Much, Much, Memory, 60s, 30s};
 
 constexpr char Neighbour[] = "color('#00ff00') fill_rect(1, 2, 3, 4)";
 constexpr char NeighbourList[] = "FILL_RECT(16, 32, 48, 64, 0);";
@@ -83,12 +84,18 @@ const SHostileScript Scripts[] = {
      "local s = (' '):rep(250000) while true do tonumber(s) pcall(function() return s + 1 end) end",
      TooLong},
     {"next_of_emptied_table",
-     "local t = {} for i = 1, 100000 do t['k' .. i] = 1 end for i = 1, 100000 do t['k' .. i] = nil "
+     "local t = {} for i = 1, 4000 do t['k' .. i] = 1 end for i = 1, 4000 do t['k' .. i] = nil "
      "end "
      "while true do next(t) end",
      TooLong},
     {"pairs_of_large_table",
-     "local t = {} for i = 1, 90000 do t[i * 2.5] = i end while true do pairs(t) end", TooLong},
+     "local t = {} for i = 1, 4000 do t[i * 2.5] = i end while true do pairs(t) end", TooLong},
+    {"colliding_keys",
+     "while true do local t = {} for i = 1, 4000 do t[i * 4095 * 2047] = 1 end end", TooLong},
+    {"colliding_lookups",
+     "local t = {} for i = 1, 4000 do t[i * 4095 * 2047] = 1 end "
+     "while true do local x = t[4000 * 4095 * 2047] end",
+     TooLong},
     {"api_flood", "while true do disc(1, 2, 3) end", TooLong},
     {"text_flood", "local s = ('W'):rep(4000) while true do text_fit(34, s, 5) end", TooLong},
     {"utf8_flood",
@@ -112,6 +119,9 @@ const SHostileScript Scripts[] = {
     {"table_growth_in_pcall",
      "while true do pcall(function() local t = {} for i = 1, 1e9 do t[i] = i end end) end",
      TooLong},
+    {"many_keys", "local t = {} for i = 1, 1e9 do t[i * 4095 * 2047] = 1 end", NoMemory},
+    {"many_fractions", "local t = {} for i = 1, 1e9 do t[2.0 ^ -(i % 1000) * i] = 1 end", NoMemory},
+    {"many_names", "local t = {} for i = 1, 1e9 do t['k' .. i] = 1 end", NoMemory},
     {"closures", "local t = {} while true do t[#t + 1] = function() return t end end",
      "Kiv_Test_T 1: "},
     {"concat_huge",
@@ -185,7 +195,7 @@ class HostileScript : public testing::TestWithParam<SHostileScript>
 protected:
     static const kivemu::SScriptLimits &limits(const kivemu::SScriptLimits &ifTooLong)
     {
-        return GetParam().error == TooLong ? ifTooLong : LongTime;
+        return GetParam().error == TooLong ? ifTooLong : MuchWork;
     }
     void expectNextFrameWorks(kivemu::CLuaHost &host)
     {
@@ -206,7 +216,7 @@ size_t lineCount(const std::string &text)
 
 TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortItemTime));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(LittleItemWork));
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua")) << host.loadError();
     CTestModel model;
     model.add(GetParam().code);
@@ -214,6 +224,7 @@ TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
     const SHostRun run(host, model);
     EXPECT_NE(run.errors.find(GetParam().error), std::string::npos) << run.errors;
     EXPECT_EQ(run.errors.rfind("Kiv_Test_T 1: ", 0), 0U) << run.errors;
+    EXPECT_EQ(run.errors.find("by the clock"), std::string::npos) << run.errors;
     EXPECT_LE(lineCount(run.errors), 2U) << run.errors; // the second one for a full RAM_DL
     EXPECT_EQ(run.words.back(), 0U) << "no end";
     const bool isFull = run.errors.find("RAM_DL is full") != std::string::npos;
@@ -224,7 +235,7 @@ TEST_P(HostileScript, asRenderCommandsHarmsNoOtherItem)
 
 TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortTime));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(LittleWork));
     const std::string code = GetParam().code;
     const std::string script = std::string("local attack = true\nlocal function run(item)\n") +
                                code +
@@ -251,7 +262,7 @@ TEST_P(HostileScript, inRenderEndsTheFrameWithAnError)
 
 TEST_P(HostileScript, whenTheScriptIsLoadedEndsWithAnError)
 {
-    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(ShortTime));
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits(LittleWork));
     const std::string script =
         std::string("local item = 1\n") + "do\n" + GetParam().code + "\nend\n" + PlainScript;
     host.loadText(script, "kiv_render.lua");
@@ -267,9 +278,20 @@ TEST_P(HostileScript, whenTheScriptIsLoadedEndsWithAnError)
 INSTANTIATE_TEST_SUITE_P(All, HostileScript, testing::ValuesIn(Scripts),
                          [](const auto &test) { return std::string(test.param.name); });
 
+TEST(HostileScripts, frameThatIsNotWantedAnyMoreEnds)
+{
+    const std::atomic<bool> cancelled{true};
+    kivemu::CLuaHost host(kivemu::chipLimits(0x110), MuchWork);
+    host.followCancel(cancelled);
+    host.loadText(PlainScript, "kiv_render.lua");
+    CTestModel model;
+    model.add("while true do end");
+    EXPECT_NE(SHostRun(host, model).errors.find("not wanted"), std::string::npos);
+}
+
 TEST(HostileScripts, severalHangingItemsLeaveAFrame)
 {
-    constexpr kivemu::SScriptLimits limits{600ms, 300ms, Memory};
+    constexpr kivemu::SScriptLimits limits{8'000'000, 4'000'000, Memory, 60s, 30s};
     kivemu::CLuaHost host(kivemu::chipLimits(0x110), limits);
     ASSERT_TRUE(host.loadText(PlainScript, "kiv_render.lua"));
     CTestModel model;

@@ -12,8 +12,15 @@ function render(screen, items)
 end
 )lua";
 
-/// For tests that are not about time: enough also for a sanitizer on a busy machine.
-constexpr kivemu::SScriptLimits PatientLimits{std::chrono::seconds(60), std::chrono::seconds(30)};
+/// For tests that are not about the clock: enough also for a sanitizer on a busy machine.
+constexpr kivemu::SScriptLimits patientLimits()
+{
+    kivemu::SScriptLimits limits;
+    limits.frameTime = std::chrono::seconds(60);
+    limits.itemTime = std::chrono::seconds(30);
+    return limits;
+}
+constexpr kivemu::SScriptLimits PatientLimits = patientLimits();
 
 /// One frame of a model, as text.
 struct SHostRun
