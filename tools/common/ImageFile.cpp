@@ -1,5 +1,6 @@
 #include "ImageFile.h"
 
+#include <QColorSpace>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -44,7 +45,8 @@ QImage loadImage(const QString &path, const QByteArray &format, QString *error)
                         .arg(size.width())
                         .arg(size.height())
                         .arg(MaxImageSide));
-    const QImage image = reader.read();
+    QImage image = reader.read();
+    image.setColorSpace(QColorSpace()); // else the quantiser would apply the file's gamma
     return image.isNull() ? fail(error, path, reader.errorString()) : image;
 }
 

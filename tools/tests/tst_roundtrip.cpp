@@ -1,7 +1,9 @@
 #include "ToolRun.h"
 #include "executor/BitmapFormats.h"
+#include "host/ImageFile.h"
 #include "raster/BitmapImage.h"
 
+#include <QColorSpace>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
@@ -180,6 +182,7 @@ private Q_SLOTS:
     void faintPixelsGiveLittleAway();
     void alphaOfOneBitIsAThreshold();
     void rowsAndBits();
+    void samplesCountAsTheyAreCoded();
     void palettes();
     void indexOrderAndUnusedEntries();
     void tooManyColours();
@@ -358,6 +361,61 @@ void tst_RoundTrip::rowsAndBits()
     QCOMPARE(folder.read("x_ARGB1555.raw").toHex(), QByteArray("00fce0831f80ffff"));
     QCOMPARE(folder.read("x_ARGB4.raw").toHex(), QByteArray("00fff0f00ff0ff8f"));
     QCOMPARE(folder.read("x_RGB565.raw").toHex(), QByteArray("00f8e0071f001084"));
+}
+
+/// Whatever a file says of its gamma, profile or depth: its samples, brought to 8 bits, are what is
+/// converted, and media are decoded into the same codes.
+void tst_RoundTrip::samplesCountAsTheyAreCoded()
+{
+    const auto nearest = [](int value, int bits) { // by trying all codes
+        int best = 0;
+        for (int code = 1; code < 1 << bits; ++code) {
+            const auto shown = [bits](int c) { return c << (8 - bits) | c >> (2 * bits - 8); };
+            if (std::abs(shown(code) - value) <= std::abs(shown(best) - value))
+                best = code;
+        }
+        return best;
+    };
+    const auto deep = [](int i) { // 64 x 64 of them
+        return QRgba64::fromRgba64(quint16(i * 16 + 7), quint16(i * 48), quint16(65535 - i * 5),
+                                   65535);
+    };
+    const auto to8 = [](int value) { return int(std::lround(value / 257.0)); };
+    const QByteArray linear = QByteArray::fromHex("0000000467414d41000186a031e8965f"); // gAMA of 1
+    for (const bool isDeep : {false, true}) {
+        QImage image(64, 64, isDeep ? QImage::Format_RGBA64 : QImage::Format_RGB32);
+        QByteArray expected;
+        for (int i = 0; i < 64 * 64; ++i) {
+            const QRgba64 p = deep(i);
+            const int red = to8(p.red()), green = to8(p.green()), blue = to8(p.blue());
+            image.setPixelColor(i % 64, i / 64, isDeep ? QColor(p) : QColor(red, green, blue));
+            const int code = nearest(red, 5) << 11 | nearest(green, 6) << 5 | nearest(blue, 5);
+            expected.append(char(code)).append(char(code >> 8));
+        }
+        QImage flat(8, 8, image.format());
+        flat.fill(QColor(130, 133, 214));
+        for (const auto &[chunk, space] :
+             {std::pair(QByteArray(), QColorSpace()), std::pair(linear, QColorSpace()),
+              std::pair(QByteArray(), QColorSpace(QColorSpace::SRgbLinear))}) {
+            CToolFolder folder;
+            for (const auto &[each, name] :
+                 {std::pair(&image, "x.png"), std::pair(&flat, "y.png")}) {
+                each->setColorSpace(space);
+                QVERIFY(each->save(folder.path(name)));
+                folder.write(name, folder.read(name).insert(33, chunk)); // behind the header
+            }
+            QVERIFY(
+                folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.png", "-f", "7", "--no-dither"}));
+            QVERIFY(folder.read("x_RGB565.raw") == expected);
+            kivemu::SDecodedImage media;
+            const std::string file = folder.path("x.png").toStdString();
+            QVERIFY(kivemu::decodeImageFile(file, false, 1 << 20, media).empty());
+            QVERIFY(QByteArray(reinterpret_cast<const char *>(media.pixels.data()),
+                               int(media.pixels.size())) == expected);
+            QVERIFY(folder.succeeds("Palette/pngquant.exe", {"-f", "y.png"}));
+            QCOMPARE(QImage(folder.path("y-fs8.png")).pixel(3, 3), qRgb(130, 133, 214));
+        }
+    }
 }
 
 void tst_RoundTrip::palettes()

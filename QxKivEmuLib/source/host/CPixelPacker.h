@@ -1,10 +1,29 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace kivemu {
 
-/// Turns rows of 8-bit RGB or grey samples into the chip's pixels.
+/// The code of `bits` bits, 5 or 6, for each sample from 0 to 255. The chip shows a code by
+/// repeating its highest bits.
+constexpr std::array<uint8_t, 256> nearestCodes(int bits)
+{
+    std::array<uint8_t, 256> codes{};
+    int code = 0;
+    for (int sample = 0; sample < 256; ++sample) {
+        const auto value = [bits](int c) { return c << (8 - bits) | c >> (2 * bits - 8); };
+        while (code + 1 < 1 << bits && value(code + 1) - sample <= sample - value(code))
+            ++code;
+        codes[static_cast<size_t>(sample)] = static_cast<uint8_t>(code);
+    }
+    return codes;
+}
+
+/// Turns rows of 8-bit RGB or grey samples into the chip's pixels. Each sample gets the code whose
+/// value, as the chip shows it, is nearest; of two equally near ones the higher. The tool that
+/// converts bitmaps rounds by the same rule.
 class CPixelPacker
 {
 public:
@@ -16,15 +35,17 @@ public:
 
     void packRow(const uint8_t *source, int width, uint8_t *target) const
     {
+        static constexpr auto Five = nearestCodes(5);
+        static constexpr auto Six = nearestCodes(6);
         for (int x = 0; x < width; ++x) {
             if (m_mono) {
                 target[x] = source[x];
                 continue;
             }
-            const uint32_t red = source[3 * x];
-            const uint32_t green = source[3 * x + 1];
-            const uint32_t blue = source[3 * x + 2];
-            const uint32_t pixel = (red >> 3) << 11 | (green >> 2) << 5 | blue >> 3;
+            const uint32_t red = Five[source[3 * x]];
+            const uint32_t green = Six[source[3 * x + 1]];
+            const uint32_t blue = Five[source[3 * x + 2]];
+            const uint32_t pixel = red << 11 | green << 5 | blue;
             target[2 * x] = static_cast<uint8_t>(pixel);
             target[2 * x + 1] = static_cast<uint8_t>(pixel >> 8);
         }
