@@ -921,6 +921,7 @@ function seven_segments(s, x, y, w, h, on, off, halign)
   local t = unit * 1.25
   local left = x + (halign == "right" and w - units * unit or halign == "center" and (w - units * unit) / 2 or 0)
   local top = y + (h - height) / 2
+  local lost = ""
   for ch in s:gmatch(".") do
     if ch == "." or ch == ":" then
       color(on)
@@ -932,9 +933,14 @@ function seven_segments(s, x, y, w, h, on, off, halign)
       end
       left = left + 2 * unit
     else
-      digit(SEGMENTS[ch] or SEGMENTS[ch:upper()] or SEGMENTS[ch:lower()] or 0, left + unit * 0.75, top, unit * 5.5, height, t, on, off)
+      local lit = SEGMENTS[ch] or SEGMENTS[ch:upper()] or SEGMENTS[ch:lower()]
+      lost = lit and lost or lost .. ch
+      digit(lit or 0, left + unit * 0.75, top, unit * 5.5, height, t, on, off)
       left = left + 7 * unit
     end
+  end
+  if lost ~= "" then
+    report("seven segments cannot show '" .. lost .. "'")
   end
 end
 
@@ -959,10 +965,25 @@ function placeholder(x, y, w, h, name, caption)
   end
 end
 
--- A converted image, or nil when none is set or it cannot be loaded (which is reported).
+-- A converted image, or nil when there is none; the reason is reported.
 function converted_image(folder, basename, format, suffix, w, h)
-  if basename ~= "" and format ~= "None" and w >= 1 and h >= 1 then
+  if basename == "" then
+    report("no image is set")
+  elseif format == "None" then
+    report("the format None shows no image")
+  elseif w < 1 or h < 1 then
+    report("the width and height of the image '" .. basename .. "' are not known")
+  else
     return load_bitmap(asset_path(folder, basename, format, suffix), format, w, h)
+  end
+end
+
+-- A picture or the first frame of a film, decoded by the chip; nil as above.
+function media_image(folder, basename, suffix, mono)
+  if basename == "" then
+    report("no picture or film is set")
+  else
+    return load_image(asset_path(folder, basename, nil, suffix), mono)
   end
 end
 

@@ -23,7 +23,9 @@ using argb8888 = uint32_t;
 /// buffer         hsize * vsize pixels, rows packed, top row first; valid during the call.
 /// observer       the pointer that was given to Emu_RenderObjects.
 /// flags          bit 0: the frame is complete; it ends its request.
-/// RAM_DL_Usage   bytes of display-list memory that the frame's display list uses.
+/// RAM_DL_Usage   bytes of display-list memory that the whole screen needs; when it is more than
+/// the
+///                chip has, the list that came before was cut and an error said so.
 /// The result is not looked at.
 using EmuFrameCallback = int (*)(bool output, const argb8888 *buffer, uint32_t hsize,
                                  uint32_t vsize, void *observer, uint32_t flags,
@@ -32,7 +34,8 @@ using EmuFrameCallback = int (*)(bool output, const argb8888 *buffer, uint32_t h
 /// Takes the display list of the request whose complete frame follows.
 /// dlTextBuffer   one line of commands, each ended by ";"; zero-terminated.
 /// dlBinBuffer    dlBinSize bytes: little-endian 32-bit words, as they go into RAM_DL.
-/// RAM_G_Usage    bytes of graphics memory that the screen's assets use.
+/// RAM_G_Usage    bytes of graphics memory that the screen's assets need; when it is more than the
+///                chip has, an error names what was left out.
 /// errorMessages  one message a line, empty when all went well; zero-terminated.
 /// All pointers are valid during the call only. The result is not looked at.
 using EmuDisplayListCallback = int (*)(const char *dlTextBuffer, const unsigned char *dlBinBuffer,

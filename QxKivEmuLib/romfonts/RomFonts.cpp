@@ -41,6 +41,18 @@ char latin1Of(char32_t codePoint)
     return standIn(codePoint);
 }
 
+/// Whether it is drawn as itself.
+bool hasGlyph(char character)
+{
+    return character != Unknown && glyphIndex(static_cast<uint8_t>(character)) >= 0;
+}
+
+void addOnce(std::u32string &codePoints, char32_t codePoint)
+{
+    if (codePoints.size() < MostMissing && codePoints.find(codePoint) == std::u32string::npos)
+        codePoints.push_back(codePoint);
+}
+
 /// Length of the well-formed UTF-8 sequence at the start of `text`, and its code point; 0 when the
 /// first byte starts none.
 size_t decode(std::string_view text, char32_t &codePoint)
@@ -116,14 +128,17 @@ int textWidth16(int font, std::string_view latin1)
     return width;
 }
 
-std::string toLatin1(std::string_view utf8)
+std::string toLatin1(std::string_view utf8, std::u32string *missing)
 {
     std::string latin1;
     latin1.reserve(utf8.size());
     while (!utf8.empty()) {
         char32_t codePoint = 0;
         const size_t length = decode(utf8, codePoint);
-        latin1 += length ? latin1Of(codePoint) : Unknown;
+        const char character = length ? latin1Of(codePoint) : Unknown;
+        latin1 += character;
+        if (missing && length && codePoint != Unknown && !hasGlyph(character))
+            addOnce(*missing, codePoint);
         utf8.remove_prefix(length ? length : 1);
     }
     return latin1;

@@ -44,7 +44,9 @@ int textWidth16(int font, std::string_view latin1);
 
 /// UTF-8 as Latin-1. Typographic dashes and quotes become their ASCII forms, the ellipsis 0x85;
 /// what else Latin-1 lacks becomes "?", each malformed byte and the control characters from 0x7F on
-/// too.
-std::string toLatin1(std::string_view utf8);
+/// too. `missing` gets the well-formed code points whose glyph will be that of "?", each once, and
+/// no more when it has MostMissing.
+constexpr size_t MostMissing = 32;
+std::string toLatin1(std::string_view utf8, std::u32string *missing = nullptr);
 
 } // namespace romfonts

@@ -1,5 +1,8 @@
 #include "RomFonts.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace {
@@ -106,6 +109,29 @@ TEST(RomFontTable, TwentyToTwentyFiveAreBold)
     EXPECT_GT(weight(21), 1.3 * weight(26));
 }
 
+TEST(RomFontTable, metricsStandInTheDocumentation)
+{
+    std::ifstream page(std::string(std::getenv("KIV_SOURCE_DIR")) + "/docs/chips.md");
+    const std::string text(std::istreambuf_iterator<char>(page), {});
+    for (int font = 16; font <= 34; ++font) {
+        int widest = 0;
+        for (int c = 0; c < 256; ++c)
+            widest = std::max(widest, romfonts::glyph(font, static_cast<uint8_t>(c))->advance16);
+        for (int c = '0'; c <= '9'; ++c)
+            EXPECT_EQ(romfonts::textWidth16(font, std::string(1, static_cast<char>(c))),
+                      romfonts::textWidth16(font, "0"));
+        std::string row = "\n| " + std::to_string(font) +
+                          (font < 20   ? " | fixed"
+                           : font < 26 ? " | bold"
+                                       : " | regular");
+        for (const int figure :
+             {romfonts::height(font), romfonts::ascent(font), romfonts::capHeight(font),
+              romfonts::emSize(font), romfonts::textWidth16(font, "0") / 16, widest / 16})
+            row += " | " + std::to_string(figure);
+        EXPECT_NE(text.find(row + " |\n"), std::string::npos) << row;
+    }
+}
+
 TEST(RomFontTable, UnknownFontsHaveNothing)
 {
     for (const int font : {-1, 0, 15, 35, 1 << 30}) {
@@ -129,22 +155,28 @@ TEST(RomFontText, widthIsTheSumOfItsPieces)
 
 TEST(RomFontText, utf8BecomesLatin1)
 {
-    const std::tuple<const char *, std::string, std::string> cases[] = {
-        {"ascii", "Speed 5 m/s\n", "Speed 5 m/s\n"},
-        {"accents", "\xC3\xA4\xC3\xBF\xC2\xA0\xC2\xB0", "\xE4\xFF\xA0\xB0"},
-        {"ellipsis", "a\xE2\x80\xA6", "a\x85"},
-        {"dashes", "\xE2\x80\x93\xE2\x80\x94", "--"},
-        {"quotes", "\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9C\xE2\x80\x9D", "''\"\""},
-        {"outside Latin-1", "\xC4\x80 \xE2\x82\xAC \xF0\x9F\x98\x80", "? ? ?"},
-        {"control characters of Latin-1", "\x7F\xC2\x85", "??"},
-        {"zero byte", std::string("a\0b", 3), "a?b"},
-        {"stray continuation", "a\x80z", "a?z"},
-        {"truncated", "a\xE2\x82", "a??"},
-        {"overlong", "\xC0\xAF\xE0\x80\xAF", "?????"},
-        {"surrogate", "\xED\xA0\x80", "???"},
-        {"too large", "\xF4\x90\x80\x80\xFF", "?????"},
-        {"broken, then good", "\xC3(\xC3\xA4", "?(\xE4"},
+    const std::tuple<const char *, std::string, std::string, std::u32string> cases[] = {
+        // with what is drawn as "?" without being one
+        {"ascii", "Speed 5 m/s?", "Speed 5 m/s?", U""},
+        {"controls", "\n a\tb\t", "\n a\tb\t", U"\n\t"},
+        {"accents", "\xC3\xA4\xC3\xBF\xC2\xA0\xC2\xB0", "\xE4\xFF\xA0\xB0", U""},
+        {"ellipsis", "a\xE2\x80\xA6", "a\x85", U""},
+        {"dashes", "\xE2\x80\x93\xE2\x80\x94", "--", U""},
+        {"quotes", "\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9C\xE2\x80\x9D", "''\"\"", U""},
+        {"outside Latin-1", "\xC4\x80 \xE2\x82\xAC \xF0\x9F\x98\x80", "? ? ?",
+         U"\u0100\u20AC\U0001F600"},
+        {"control characters of Latin-1", "\x7F\xC2\x85", "??", U"\x7F\x85"},
+        {"zero byte", std::string("a\0b", 3), "a?b", std::u32string(1, 0)},
+        {"stray continuation", "a\x80z", "a?z", U""},
+        {"truncated", "a\xE2\x82", "a??", U""},
+        {"overlong", "\xC0\xAF\xE0\x80\xAF", "?????", U""},
+        {"surrogate", "\xED\xA0\x80", "???", U""},
+        {"too large", "\xF4\x90\x80\x80\xFF", "?????", U""},
+        {"broken, then good", "\xC3(\xC3\xA4", "?(\xE4", U""},
     };
-    for (const auto &[name, utf8, latin1] : cases)
-        EXPECT_EQ(romfonts::toLatin1(utf8), latin1) << name;
+    for (const auto &[name, utf8, latin1, missing] : cases) {
+        std::u32string found;
+        EXPECT_EQ(romfonts::toLatin1(utf8, &found), latin1) << name;
+        EXPECT_EQ(found, missing) << name;
+    }
 }

@@ -181,8 +181,7 @@ void CEmulator::serve(const SRequest &request)
     static const argb8888 NoPixel = 0;
     if (request.frame)
         request.frame(request.isForeground, frame.pixels.empty() ? &NoPixel : frame.pixels.data(),
-                      frame.width, frame.height, request.observer, CompleteFrame,
-                      frame.displayList.size());
+                      frame.width, frame.height, request.observer, CompleteFrame, frame.ramDlUsage);
 }
 
 } // namespace kivemu

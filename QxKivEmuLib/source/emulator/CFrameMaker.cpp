@@ -51,6 +51,8 @@ const SFrame &CFrameMaker::make(const CSnapshot &snapshot, uint32_t width, uint3
     const SDrawing drawing =
         m_host.draw(snapshot, static_cast<int>(m_frame.width), static_cast<int>(m_frame.height));
     execute(drawing.words, &snapshot);
+    m_frame.ramDlUsage = drawing.ramDlNeeded;
+    m_frame.ramGUsage = drawing.ramGNeeded;
     addLines(m_frame.errors, drawing.errors.text());
     addLines(m_frame.errors, m_executionErrors);
     return m_frame;
@@ -66,6 +68,8 @@ const SFrame &CFrameMaker::makeBlack(uint32_t width, uint32_t height, const std:
     writer.clear(0xFF000000);
     writer.finish();
     execute(writer.words(), nullptr);
+    m_frame.ramDlUsage = m_frame.displayList.size();
+    m_frame.ramGUsage = m_host.memory().used();
     return m_frame;
 }
 
@@ -74,7 +78,6 @@ void CFrameMaker::execute(const std::vector<uint32_t> &words, const CSnapshot *s
     const int width = static_cast<int>(m_frame.width);
     const int height = static_cast<int>(m_frame.height);
     const CRamG &memory = m_host.memory();
-    m_frame.ramGUsage = memory.used();
     const bool isSameSize =
         m_surface && m_surface->width() == width && m_surface->height() == height;
     if (isSameSize && words == m_words && memory.generation() == m_generation)

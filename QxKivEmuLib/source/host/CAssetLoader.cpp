@@ -94,6 +94,11 @@ bool CAssetLoader::failFull(const std::string &key, uint64_t size)
     return false;
 }
 
+size_t CAssetLoader::bytesNeeded() const
+{
+    return m_refused.empty() ? m_memory.used() : static_cast<size_t>(m_wanted);
+}
+
 bool CAssetLoader::resolve(std::string_view path, std::string &resolved)
 {
     if (path.empty())

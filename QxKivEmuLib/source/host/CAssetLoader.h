@@ -48,6 +48,8 @@ public:
     uint64_t lastWork() const { return m_lastWork; }
 
     const CRamG &memory() const { return m_memory; }
+    /// Bytes that all of the frame's assets need, also those for which there was no room.
+    size_t bytesNeeded() const;
 
 private:
     struct SAsset;

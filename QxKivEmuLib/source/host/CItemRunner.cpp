@@ -5,6 +5,7 @@
 #include "CLuaAllocator.h"
 #include "CLuaSandbox.h"
 #include "ItemBox.h"
+#include "UnknownCharacters.h"
 
 namespace kivemu {
 
@@ -44,6 +45,7 @@ void CItemRunner::beginFrame(const CSnapshot &snapshot, CErrorList &errors)
 
 void CItemRunner::endFrame()
 {
+    reportMissing();
     m_snapshot = nullptr;
     m_errors = nullptr;
     m_frameChunks.clear();
@@ -91,6 +93,7 @@ void CItemRunner::draw(lua_State *state, size_t item)
     CDrawContext &drawing = *contextOf(state).drawing;
     if (m_snapshot->kind(item) == CSnapshot::EKind::Group)
         return;
+    reportMissing(); // what the script drew itself
     m_current = item;
     drawing.beginItem(m_snapshot->id(item));
     const bool isDrawn = run(state, item);
@@ -101,7 +104,15 @@ void CItemRunner::draw(lua_State *state, size_t item)
         drawing.hatchedBox(box.x, box.y, box.width, box.height);
         drawing.endItem();
     }
+    reportMissing();
     m_current = NoItem;
+}
+
+void CItemRunner::reportMissing()
+{
+    if (!m_missing.empty())
+        noteCurrent(messageOfUnknown(m_missing));
+    m_missing.clear();
 }
 
 /// False when the commands failed; the message is then noted.

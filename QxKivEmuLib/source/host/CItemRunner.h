@@ -28,6 +28,8 @@ public:
 
     /// Adds a message that concerns the item that is being drawn, or the script when there is none.
     void noteCurrent(std::string_view message);
+    /// Characters that were drawn as "?"; reported once for each item, and for the script.
+    std::u32string &missingCharacters() { return m_missing; }
 
     /// Adds draw_item to the globals.
     static void addFunctions(lua_State *state);
@@ -43,6 +45,7 @@ private:
     static int drawItem(lua_State *state);
     void draw(lua_State *state, size_t item);
     bool run(lua_State *state, size_t item);
+    void reportMissing();
     SChunk &chunkOf(lua_State *state, size_t item);
     bool leavesProperties(lua_State *state, const SChunk &chunk) const;
     void pushEnvironment(lua_State *state, size_t item);
@@ -53,6 +56,7 @@ private:
     const CSnapshot *m_snapshot = nullptr;
     CErrorList *m_errors = nullptr;
     size_t m_current = NoItem;
+    std::u32string m_missing; ///< of the item that is drawn, or of the script
     std::unordered_map<std::string, SChunk> m_chunks; ///< by text
     std::vector<SChunk *> m_frameChunks;              ///< by the snapshot's index of the text
 };

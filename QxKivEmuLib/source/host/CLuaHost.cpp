@@ -129,6 +129,8 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
     writer.finish();
     reportOverflow(writer, m_chip.ramDl, snapshot, result.errors);
     result.words = writer.words();
+    result.ramDlNeeded = writer.bytesWanted();
+    result.ramGNeeded = m_assets.bytesNeeded();
     return result;
 }
 

@@ -23,6 +23,9 @@ class CLuaSandbox;
 struct SDrawing
 {
     std::vector<uint32_t> words;
+    size_t ramDlNeeded = 0; ///< bytes of the whole list; more than those of `words` when it was cut
+    size_t ramGNeeded =
+        0; ///< bytes of all assets; more than the memory holds when some are missing
     CErrorList errors;
 };
 

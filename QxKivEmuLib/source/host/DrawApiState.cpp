@@ -1,3 +1,4 @@
+#include "CItemRunner.h"
 #include "DrawApi.h"
 #include "LuaColour.h"
 
@@ -71,12 +72,22 @@ int rotate(lua_State *state)
     return 0;
 }
 
+int report(lua_State *state)
+{
+    drawingOf(state);
+    size_t length = 0;
+    const char *message = luaL_checklstring(state, 1, &length);
+    contextOf(state).watchdog.charge(state, 1000 + length);
+    contextOf(state).items->noteCurrent({message, length});
+    return 0;
+}
+
 } // namespace
 
 const luaL_Reg DrawApiState[] = {
-    {"clear", clear},          {"color", color},     {"blend", blend},
-    {"line_width", lineWidth}, {"scissor", scissor}, {"save", save},
-    {"restore", restore},      {"rotate", rotate},   {nullptr, nullptr},
+    {"clear", clear},     {"color", color},   {"blend", blend},     {"line_width", lineWidth},
+    {"scissor", scissor}, {"save", save},     {"restore", restore}, {"rotate", rotate},
+    {"report", report},   {nullptr, nullptr},
 };
 
 void addDrawApi(lua_State *state)

@@ -1,3 +1,4 @@
+#include "CItemRunner.h"
 #include "DrawApi.h"
 #include "RomFonts.h"
 
@@ -20,14 +21,15 @@ int checkFont(lua_State *state, int argument)
 class CLatin1
 {
 public:
-    CLatin1(lua_State *state, int argument)
+    /// `missing` gets the characters that no font has.
+    CLatin1(lua_State *state, int argument, std::u32string *missing = nullptr)
     {
         size_t length = 0;
         const char *utf8 = luaL_checklstring(state, argument, &length);
         if (length > 4 * MaxText)
             luaL_error(state, "the text is longer than %d characters", int{MaxText});
         contextOf(state).watchdog.charge(state, length * 4);
-        m_length = romfonts::toLatin1({utf8, length}).copy(m_characters, MaxText);
+        m_length = romfonts::toLatin1({utf8, length}, missing).copy(m_characters, MaxText);
     }
     std::string_view view() const { return {m_characters, m_length}; }
 
@@ -43,7 +45,8 @@ int text(lua_State *state)
     double x = checkNumber(state, 1);
     double y = checkNumber(state, 2);
     const int font = checkFont(state, 3);
-    const CLatin1 latin1(state, 4);
+    CItemRunner *items = contextOf(state).items;
+    const CLatin1 latin1(state, 4, items ? &items->missingCharacters() : nullptr);
     // 0 left, 1 half of the width, 2 all of it.
     const int halves = luaL_checkoption(state, 5, "left", Horizontal);
     if (halves > 0)

@@ -199,6 +199,10 @@ TEST_F(Assets, fullMemoryGivesBothNumbersAndKeepsWhatFits)
     EXPECT_EQ(load("small.raw", L8, 1024, 1), 200 * 1024);
     EXPECT_EQ(load("large.raw", L8, 2048, 2048), -1);
     EXPECT_NE(m_loader.error().find("4604928"), std::string::npos) << m_loader.error();
+    EXPECT_EQ(m_loader.bytesNeeded(), 4604928U);
+    nextFrame();
+    EXPECT_EQ(load("small.raw", L8, 1024, 1), 0);
+    EXPECT_EQ(m_loader.bytesNeeded(), 1024U);
 }
 
 TEST_F(Assets, scriptGetsTheBitmapAndTheErrorNamesTheItem)

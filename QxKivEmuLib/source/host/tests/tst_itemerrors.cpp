@@ -39,6 +39,17 @@ TEST_F(ItemErrors, nameTypeIdLineAndCause)
                              "\"#rrggbb\", \"#aarrggbb\" or 0xRRGGBB"},
         {"text(0, 0, 35, 'x')", "Kiv_Test_T 1: line 1: font 35 is not one of 16 to 34"},
         {"restore()", "Kiv_Test_T 1: line 1: restore() without save()"},
+        {"report('too dark') disc(7, 7, 7)", "Kiv_Test_T 1: too dark"},
+        {"text(0, 0, 20, '5 \u20AC\t') text(0, 9, 20, '\u20AC')",
+         "Kiv_Test_T 1: no font has U+20AC '\u20AC', U+0009; \"?\" is drawn instead"},
+        {"text(0, 0, 20, '\u0411\U0001F600\u202E\u0301?\u00FF\u2026')",
+         "Kiv_Test_T 1: no font has U+0411 '\u0411', U+1F600 '\U0001F600', U+202E, U+0301; "
+         "\"?\" is drawn instead"},
+        {"for i = 1040, 1100 do text(0, 0, 20, utf8.char(i)) end",
+         "Kiv_Test_T 1: no font has U+0410 '\u0410', U+0411 '\u0411', U+0412 '\u0412', U+0413 "
+         "'\u0413', U+0414 '\u0414', U+0415 '\u0415', U+0416 '\u0416', U+0417 '\u0417' and "
+         "others; \"?\" is drawn instead"},
+        {"text_width(20, '\u20AC') text_fit(20, '\u20AC', 9)", ""}, // nothing is drawn
         {"polygon({1, 2, 3})", "Kiv_Test_T 1: line 1: bad argument #1 to 'polygon' (points are "
                                "{x1, y1, x2, y2, ...}: a number is missing)"},
         {"polyline({1, 2, 3, 'x'})", "Kiv_Test_T 1: line 1: point 2 is not a pair of numbers"},
@@ -142,6 +153,9 @@ TEST_F(ItemErrors, fullDisplayListNamesTheItemAndBothNumbers)
                                  std::to_string(words * 4) + " bytes, the chip has 8192");
     EXPECT_TRUE(result.has(NeighbourList));
     EXPECT_EQ(result.list.substr(result.list.size() - 6), "END();");
+    EXPECT_EQ(result.ramDlNeeded, words * 4U);
+    EXPECT_EQ(run().ramDlNeeded, words * 4U) << "what the large chip uses is what the small needs";
+    EXPECT_EQ(run().words.size(), words * 1U);
 }
 
 TEST(ChipLimits, followTheCode)

@@ -32,6 +32,7 @@ struct SHostRun
         snapshot.take(&iterator);
         const kivemu::SDrawing drawing = host.draw(snapshot, width, height);
         words = drawing.words;
+        ramDlNeeded = drawing.ramDlNeeded;
         list = kivemu::disassemble(words.data(), words.size());
         errors = drawing.errors.text();
     }
@@ -40,4 +41,5 @@ struct SHostRun
     std::vector<uint32_t> words;
     std::string list;
     std::string errors;
+    size_t ramDlNeeded;
 };
