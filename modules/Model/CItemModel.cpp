@@ -187,6 +187,11 @@ void CItemModel::setGrouped(bool grouped)
 void CItemModel::setLibrary(const CWidgetLibraryModel *library)
 {
     m_library = library;
+    const PropertySet definitions = library ? library->propertySet(m_typeName) : PropertySet();
+    for (auto definition = definitions.begin(); definition != definitions.end(); ++definition) {
+        if (CWidgetProperty *property = findProperty(definition.key()))
+            property->takeDefinition(*definition);
+    }
     for (int row = 0; row < rowCount(); ++row) {
         if (CItemModel *member = childItem(row))
             member->setLibrary(library);

@@ -120,7 +120,7 @@ public:
     void setMoving(bool moving) { m_moving = moving; }
 
     const CWidgetLibraryModel *library() const { return m_library; }
-    /// For the item and all below it.
+    /// For the item and all below it: values stay, limits and entries become the library's.
     void setLibrary(const CWidgetLibraryModel *library);
     IPropertyChangeObserver *observer() const { return m_observer; }
     /// The project that observes the item; null for items of none.

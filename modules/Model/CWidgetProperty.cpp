@@ -239,6 +239,12 @@ const QStringList &CWidgetProperty::enumerationEntries() const
     return m_definition->enumerationEntries;
 }
 
+void CWidgetProperty::takeDefinition(const CWidgetProperty &other)
+{
+    if (key() == other.key() && propertyType() == other.propertyType())
+        m_definition = other.m_definition;
+}
+
 void CWidgetProperty::setEnumerationEntries(const QStringList &entries)
 {
     m_definition->enumerationEntries = entries;

@@ -63,6 +63,8 @@ public:
     void setReadOnly(bool readOnly);
     void setInternal(bool internal);
     const QStringList &enumerationEntries() const;
+    /// Limits, flags and entries of another property of the same name and type; of any other, none.
+    void takeDefinition(const CWidgetProperty &other);
     void setEnumerationEntries(const QStringList &entries);
 
 private:

@@ -77,9 +77,19 @@ void tst_ProjectModel::platformRelinksEveryItem()
     project.screen(0)->appendRow(newGroup(project, {box}));
     const auto &manager = CWidgetLibraryManager::instance();
     QCOMPARE(box->library(), manager.libraryModel(0x100));
+    const auto definition = [box] { // of what differs between the chips
+        const CItemModel::PropertySet &all = box->properties();
+        return QString("%1 %2 %3 %4=%5")
+            .arg(all["x_coordinate"].maximum().toString(), all["y_coordinate"].maximum().toString(),
+                 all["align"].enumerationEntries().join('|'), all["hush"].isHidden() ? "-" : "hush",
+                 all["align"].text());
+    };
+    box->setProperty("align", "Right");
+    QCOMPARE(definition(), QString("2048 1024 Left|Right hush=Right"));
     project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX112"));
     QCOMPARE(box->library(), manager.libraryModel(0x112));
     QCOMPARE(project.screen(0)->library(), manager.libraryModel(0x112));
+    QCOMPARE(definition(), QString("4096 2048 Left|Middle|Right -=Right"));
     project.setProjectProperty(PropertyKey::Platform, QStringLiteral("unheard of"));
     QCOMPARE(box->library(), manager.libraryModel(0x100));
     project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX1zz"));

@@ -161,7 +161,7 @@ void CWidgetPropertiesView::clearRows()
     clear();
     m_manager->clear();
     findChild<QTreeWidget *>()->reset(); // it would remember rows that were expanded for ever
-    m_currentKey = key; // clearing has made no row current
+    m_currentKey = key;                  // clearing has made no row current
 }
 
 void CWidgetPropertiesView::rebuild()
@@ -394,6 +394,12 @@ void CWidgetPropertiesView::showHeader()
 {
     findChild<QTreeWidget *>()->setHeaderLabels({tr("Property"), tr("Value")});
     fitColumns();
+}
+
+void CWidgetPropertiesView::renew()
+{
+    m_factory->discardPending(); // a text that was being typed may be none on another chip
+    showState();
 }
 
 /// Rows high enough for the frames of their editors; the browser leaves them 2 above and below.

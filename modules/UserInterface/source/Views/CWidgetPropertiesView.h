@@ -32,6 +32,9 @@ public:
     void showIndexes(const QModelIndexList &indexes);
     CItemModel *currentItemModel() const { return m_item; }
 
+    /// The limits and entries of the item's properties may be others now.
+    void renew();
+
     QtProperty *row(const QString &key) const { return m_rows.value(key); }
 
 public Q_SLOTS:

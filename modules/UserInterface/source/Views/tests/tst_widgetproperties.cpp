@@ -473,6 +473,11 @@ void tst_WidgetProperties::valuesBeyondTheirLimitsAreShownAsTheyAre()
     QCOMPARE(shown("thickness"), QStringLiteral("900"));
     line->setProperty("x_coordinate", -9000);
     QCOMPARE(shown("x_coordinate"), QStringLiteral("-9000"));
+    QCOMPARE(treeRow("x_coordinate")->toolTip(1), QStringLiteral("-2048 to 2048"));
+    m_project->setProjectProperty(PropertyKey::Platform, "QX100");
+    m_view->renew();
+    QCOMPARE(treeRow("x_coordinate")->toolTip(1), QStringLiteral("-512 to 512"));
+    QCOMPARE(shown("x_coordinate"), QStringLiteral("-9000"));
     QCOMPARE(stack().count(), 0);
     QCOMPARE(line->propertyText("thickness"), QStringLiteral("900"));
 }
