@@ -143,6 +143,7 @@ void CExportJob::addToReport(const QList<int> &rows)
         report.name = screen->name();
         report.widgets = counts.widgets;
         report.bitmaps = counts.bitmaps;
+        report.ramDlBudget = CPlatformTable::ramDlBudget(m_project->platform());
         report.ramGBudget = CPlatformTable::ramGBudget(m_project->platform());
         const auto rendered =
             std::find_if(m_screens.begin(), m_screens.end(),
@@ -160,13 +161,21 @@ void CExportJob::addToReport(const QList<int> &rows)
                 warn(QStringLiteral("%1: screen \"%2\": %3")
                          .arg(m_options.project, report.name, error));
         }
-        if (report.exceedsBudget())
-            warn(QStringLiteral("%1: screen \"%2\": Uses %3 bytes of RAM_G; the budget is %4.")
-                     .arg(m_options.project, report.name)
-                     .arg(report.ramG)
-                     .arg(report.ramGBudget));
+        warnOver(report.name, "RAM_DL", report.ramDl, report.ramDlBudget);
+        warnOver(report.name, "RAM_G", report.ramG, report.ramGBudget);
         m_report->add(report);
     }
+}
+
+void CExportJob::warnOver(const QString &screen, const char *memory, size_t needed,
+                          size_t budget) const
+{
+    if (needed > budget)
+        warn(QStringLiteral("%1: screen \"%2\": Needs %3 bytes of %4; the chip has %5.")
+                 .arg(m_options.project, screen)
+                 .arg(needed)
+                 .arg(QLatin1String(memory))
+                 .arg(budget));
 }
 
 void CExportJob::writeOutputs()
@@ -186,10 +195,8 @@ void CExportJob::writeOutputs()
 
 void CExportJob::writePictures()
 {
-    if (!QDir().mkpath(m_options.pngFolder)) {
-        fail(QStringLiteral("%1: The folder could not be made.").arg(m_options.pngFolder));
+    if (!makeFolder(m_options.pngFolder, m_options.pngFolder))
         return;
-    }
     QStringList names;
     for (const SScreenExport &screen : m_screens)
         names.append(screen.name);
@@ -218,8 +225,18 @@ void CExportJob::writeReport()
         fail(QStringLiteral("The report could not be written to the standard output."));
 }
 
+bool CExportJob::makeFolder(const QString &folder, const QString &output)
+{
+    if (QDir().mkpath(folder))
+        return true;
+    fail(QStringLiteral("%1: The folder could not be made.").arg(output));
+    return false;
+}
+
 void CExportJob::writeFile(const QString &path, const QByteArray &bytes, const QString &content)
 {
+    if (!makeFolder(QFileInfo(path).path(), path))
+        return;
     const QString problem = CFileWriter::write(path, bytes);
     if (!problem.isEmpty())
         fail(problem);
@@ -235,7 +252,7 @@ void CExportJob::fail(const QString &message)
 
 void CExportJob::warn(const QString &message) const
 {
-    print(stderr, QStringLiteral("panel-export: ") + message);
+    print(stderr, QStringLiteral("panel-export: ") + CProjectExporter::oneLine(message));
 }
 
 void CExportJob::tell(const QString &message) const

@@ -35,10 +35,12 @@ private:
     void writeOutputs();
     void writePictures();
     void writeReport();
+    bool makeFolder(const QString &folder, const QString &output);
     void writeFile(const QString &path, const QByteArray &bytes, const QString &content);
 
     void fail(const QString &message);
     void warn(const QString &message) const;
+    void warnOver(const QString &screen, const char *memory, size_t needed, size_t budget) const;
     void tell(const QString &message) const;
 
     const CExportOptions m_options;

@@ -11,11 +11,13 @@ namespace {
 const char *const helpEnd = R"(
 Screens are rendered by the emulator, in the order of the project. Text files hold each screen's
 display list under a line "===name==="; byte files hold the lists one after the other, nothing
-between them. Pictures are named after their screens. Files that exist are replaced.
+between them. Pictures are named after their screens. Folders that are missing are made; files that
+exist are replaced.
 
 Exit codes:
   0  all was done
-  1  with --strict: there were render errors, or a memory budget was exceeded
+  1  with --strict: something is not drawn as designed, lies outside the chip's limits or does not
+     fit into its memory
   2  the command line is wrong
   3  the project could not be opened, a screen not rendered, or an output not written
 )";
@@ -43,7 +45,7 @@ struct SOptions
                               QStringLiteral("FILE|-")};
     QCommandLineOption strict{
         QStringLiteral("strict"),
-        QStringLiteral("Fails on render errors and exceeded memory budgets.")};
+        QStringLiteral("Fails on render errors, exceeded limits and memory budgets.")};
 
     QList<QCommandLineOption> all() const
     {

@@ -15,6 +15,7 @@ QJsonObject toObject(const SScreenReport &screen)
             {QStringLiteral("widgets"), screen.widgets},
             {QStringLiteral("bitmaps"), screen.bitmaps},
             {QStringLiteral("ram_dl_bytes"), static_cast<qint64>(screen.ramDl)},
+            {QStringLiteral("ram_dl_budget"), static_cast<qint64>(screen.ramDlBudget)},
             {QStringLiteral("ram_g_bytes"), static_cast<qint64>(screen.ramG)},
             {QStringLiteral("ram_g_budget"), static_cast<qint64>(screen.ramGBudget)},
             {QStringLiteral("errors"), QJsonArray::fromStringList(screen.errors)}};

@@ -9,14 +9,15 @@
 struct SScreenReport
 {
     QString name;
-    int widgets = 0;       ///< all below the screen, groups not counted
-    int bitmaps = 0;       ///< those of the widgets that show a bitmap or a video
-    size_t ramDl = 0;      ///< bytes
-    size_t ramG = 0;       ///< bytes
-    size_t ramGBudget = 0; ///< bytes
-    QStringList errors;    ///< of the render, or that there was no answer
+    int widgets = 0;        ///< all below the screen, groups not counted
+    int bitmaps = 0;        ///< those of the widgets that show a bitmap or a video
+    size_t ramDl = 0;       ///< bytes that the whole screen needs, as all of these
+    size_t ramDlBudget = 0; ///< bytes
+    size_t ramG = 0;        ///< bytes
+    size_t ramGBudget = 0;  ///< bytes
+    QStringList errors;     ///< of the render, or that there was no answer
 
-    bool exceedsBudget() const { return ramG > ramGBudget; }
+    bool exceedsBudget() const { return ramDl > ramDlBudget || ramG > ramGBudget; }
 };
 
 /// Collects what became of all screens. The same project gives the same bytes: the report holds no
@@ -32,7 +33,7 @@ public:
     /// Nothing to report: no errors and every screen within its budget.
     bool isClean() const;
     /// {"project", "platform", "errors", "screens": [{"name", "widgets", "bitmaps",
-    /// "ram_dl_bytes", "ram_g_bytes", "ram_g_budget", "errors"}]}, UTF-8.
+    /// "ram_dl_bytes", "ram_dl_budget", "ram_g_bytes", "ram_g_budget", "errors"}]}, UTF-8.
     QByteArray toJson() const;
 
 private:

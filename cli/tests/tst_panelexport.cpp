@@ -65,6 +65,22 @@ const QByteArray testLibrary = R"(<widgetlibrary><toolboxgroup name="Test">
     <properties><property name="id" type="int" value="0"/></properties>
     <rendercmds>assert(load_bitmap("big.raw", "RGB565", 400, 400))</rendercmds>
   </widget>
+  <widget type="Long_T" name="Long">
+    <properties><property name="id" type="int" value="0"/></properties>
+    <rendercmds>for i = 1, 3000 do disc(i, 9, 5) end</rendercmds>
+  </widget>
+  <widget type="Limited_T" name="Limited">
+    <properties><property name="id" type="int" value="0"/>
+      <property name="width" type="int" value="9" min="1" max="2048@QX110..|512"/>
+      <property name="padding" type="int" value="0" min="0" max="200"/>
+      <property name="format" type="enum:L1|L2@QX110.." value="L1"/>
+      <property name="video" type="bool" value="false" hidden="true@..QX101"/></properties>
+    <rendercmds>disc(9, 9, 5)</rendercmds>
+  </widget>
+  <widget type="Euro_T" name="Euro">
+    <properties><property name="id" type="int" value="0"/></properties>
+    <rendercmds>text(9, 9, 20, "5 &#8364;")</rendercmds>
+  </widget>
 </toolboxgroup></widgetlibrary>)";
 
 QByteArray projectOf(const QByteArray &screens, const QByteArray &platform = "QX110")
@@ -168,11 +184,11 @@ void tst_PanelExport::wrongCommandLines()
 
 void tst_PanelExport::exportsAnExample()
 {
-    const SResult result =
-        run(m_example + " --dl e.dl --bin e.bin --png made/png --report e.json --strict");
+    const SResult result = run(
+        m_example + " --dl e.dl --bin new/bin/e.bin --png made/png --report new/e.json --strict");
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QCOMPARE(result.errors, QString());
-    const QJsonArray screens = report("e.json")["screens"].toArray();
+    const QJsonArray screens = report("new/e.json")["screens"].toArray();
     QVERIFY(screens.size() >= 3);
     QByteArrayList headers;
     for (const QByteArray &line : read("e.dl").split('\n'))
@@ -189,7 +205,7 @@ void tst_PanelExport::exportsAnExample()
         bytes += screen["ram_dl_bytes"].toInt();
         QCOMPARE(QImage(path("made/png/" + name + ".png")).size(), QSize(480, 272));
     }
-    QCOMPARE(read("e.bin").size(), bytes);
+    QCOMPARE(read("new/bin/e.bin").size(), bytes);
     QCOMPARE(result.out.count('\n'), 3 + screens.size()); // a line for each output
 }
 
@@ -275,8 +291,8 @@ void tst_PanelExport::outputsThatCannotBeWritten()
         return QDir(m_folder->path())
             .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
     };
-    for (const QString option : {"--dl file/p.dl", "--bin folder", "--bin no/p.bin", "--png file/p",
-                                 "--png file", "--report folder", "--png taken"}) {
+    for (const QString option : {"--dl file/p.dl", "--bin folder", "--bin file/x/p.bin",
+                                 "--png file/p", "--png file", "--report folder", "--png taken"}) {
         const SResult result = run("p.nyx --screen A " + option);
         QVERIFY2(result.exitCode == 3, qPrintable(option));
         QVERIFY2(result.errors.contains(option.section(' ', 1)), qPrintable(result.errors));
@@ -309,6 +325,19 @@ void tst_PanelExport::findings()
         {with("<Big_T id=\"8\"/>"), "QX100", "Big_T 8: "}, // more than RAM_G holds
         {with("<Big_T id=\"8\"/>"), "QX110", ""},
         {with("<Alien_T id=\"9\"/>"), "QX110", "Alien_T 9: "}, // not in the library
+        {with("<Long_T id=\"8\"/>"), "QX100", "Long_T 8: "},   // more than RAM_DL holds
+        {with("<Long_T id=\"8\"/>"), "QX110", ""},
+        {with("<Euro_T id=\"5\"/>"), "QX110", "Euro_T 5: no font has U+20AC"},
+        {with("<Limited_T id=\"3\" width=\"900\" padding=\"201\" format=\"L2\" video=\"1\"/>"),
+         "QX110", ""}, // what is over the limits of every chip alike is not the chip's business
+        {with("<Limited_T id=\"3\" width=\"900\"/>"), "QX100",
+         "Limited_T 3: width 900 is over the maximum of QX100, 512"},
+        {with("<Widget_Group_T><Limited_T id=\"3\" width=\"2049\"/></Widget_Group_T>"), "QX113",
+         "Limited_T 3: width 2049 is over the maximum of QX113, 2048"},
+        {with("<Limited_T id=\"3\" width=\"-1\"/>"), "QX100", "under the minimum of QX100, 1"},
+        {with("<Limited_T id=\"3\" format=\"L2\"/>"), "QX101",
+         "Limited_T 3: format \"L2\" is not available on QX101"},
+        {with("<Limited_T id=\"3\" video=\"1\"/>"), "QX101", "3: video is not available on QX101"},
         {screenOf("A"), "ABC", "\"ABC\" is not known"},
         {screenOf("A"), "QX1ZZ", "\"QX1ZZ\" is not known"},
     };
@@ -327,6 +356,11 @@ void tst_PanelExport::findings()
         const QJsonObject screen = json["screens"].toArray().at(0).toObject();
         const int errors = json["errors"].toArray().size() + screen["errors"].toArray().size();
         QCOMPARE(errors > 0, *told != '\0');
+        const bool isLarge = platform.startsWith("QX11"); // what is needed counts, not what fits
+        QCOMPARE(screen["ram_dl_budget"].toInt(), isLarge ? 32768 : 8192);
+        QCOMPARE(screen["ram_g_bytes"].toInt(), screens.contains("Big_T") ? 320000 : 0);
+        if (screens.contains("Long_T")) // clear, tag, 3,000 discs of two words, end
+            QCOMPARE(screen["ram_dl_bytes"].toInt(), (1 + 2 + 6000 + 1) * 4);
         QCOMPARE(run(program, "p.nyx --report p.json --png . --strict").exitCode, *told ? 1 : 0);
     }
 }

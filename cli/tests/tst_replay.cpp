@@ -27,6 +27,7 @@ class tst_Replay : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void budgetsAreTheChips();
     void bytesGiveThePicture_data() { examples(); }
     void bytesGiveThePicture();
     void textAndBytesAreTheSame_data() { examples(); }
@@ -116,6 +117,26 @@ QList<QPair<QString, QByteArray>> tst_Replay::screensOfText(const QString &name)
             screens.last().second += line.toLatin1() + '\n';
     }
     return screens;
+}
+
+/// The editor's table, the emulator's and the documentation's.
+void tst_Replay::budgetsAreTheChips()
+{
+    const QByteArray page =
+        contentOf(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/docs/chips.md"));
+    const CPlatformTable table;
+    for (const QString &name : table.platforms()) {
+        const SChipLimits chip = chipLimits(CPlatformTable::chipCode(name));
+        QCOMPARE(size_t{CPlatformTable::ramGBudget(name)}, chip.ramG);
+        QCOMPARE(size_t{CPlatformTable::ramDlBudget(name)}, chip.ramDl);
+        QCOMPARE(table.largestSize(name).width(), int(chip.maxSide));
+        const QString row = QStringLiteral("| %1 | 0x%2 | %3 | %4 | %5 x %5 | -%5 to %5 |\n")
+                                .arg(name, name.mid(2))
+                                .arg(chip.ramG)
+                                .arg(chip.ramDl)
+                                .arg(chip.maxSide);
+        QVERIFY2(page.contains(row.toUtf8()), qPrintable(row));
+    }
 }
 
 void tst_Replay::bytesGiveThePicture()

@@ -72,6 +72,13 @@ uint32_t CPlatformTable::ramGBudget(const QString &platform)
                                                     : CProjectModel::SmallGraphicsMemory;
 }
 
+uint32_t CPlatformTable::ramDlBudget(const QString &platform)
+{
+    constexpr uint32_t Small = 8 * 1024;
+    constexpr uint32_t Large = 32 * 1024;
+    return ramGBudget(platform) == CProjectModel::LargeGraphicsMemory ? Large : Small;
+}
+
 QString CPlatformTable::sizeText(const QSize &size)
 {
     return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height());

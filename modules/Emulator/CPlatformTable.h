@@ -35,6 +35,9 @@ public:
     /// Bytes of graphics memory that the assets of one screen may use: 1 MiB for names that contain
     /// "QX11", otherwise 256 KiB.
     static uint32_t ramGBudget(const QString &platform);
+    /// Bytes of display-list memory that one screen may use: 32 KiB where ramGBudget() is 1 MiB,
+    /// otherwise 8 KiB.
+    static uint32_t ramDlBudget(const QString &platform);
 
 private:
     struct SPlatform

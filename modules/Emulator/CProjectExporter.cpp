@@ -5,6 +5,7 @@
 #include "CFileWriter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ChipFindings.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -13,6 +14,7 @@
 #include <QScopeGuard>
 #include <QThread>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -62,6 +64,11 @@ void CProjectExporter::setErrorReport(std::function<void(const QString &)> repor
     m_report = std::move(report);
 }
 
+void CProjectExporter::setFindings(std::function<void(const QString &, const QString &)> findings)
+{
+    m_findings = std::move(findings);
+}
+
 void CProjectExporter::setProgress(std::function<bool(int, int)> progress)
 {
     m_progress = std::move(progress);
@@ -98,7 +105,11 @@ CProjectExporter::collect(CProjectModel *project, EContent content, const QList<
         if (waitForAnswer(render, screen, content)) {
             CScreenModel *item = project->screen(screen.row());
             collected.append({item, item->name(), render.text(), render.bytes(), render.frame(),
-                              render.ramDl(), render.ramG(), render.errors()});
+                              render.ramDl(), render.ramG(),
+                              render.errors() + chipFindings(*item)});
+            const QStringList &errors = collected.last().errors;
+            if (m_findings && !errors.isEmpty())
+                m_findings(item->name(), errors.join(QLatin1Char('\n')));
             continue;
         }
         render.giveUp();
@@ -151,9 +162,19 @@ CProjectExporter::exportProject(CProjectModel *project, const QString &path,
     return result;
 }
 
+QString CProjectExporter::oneLine(QString text)
+{
+    const auto breaksLine = [](QChar c) {
+        return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
+               c.category() == QChar::Separator_Paragraph;
+    };
+    std::replace_if(text.begin(), text.end(), breaksLine, QLatin1Char(' '));
+    return text;
+}
+
 QByteArray CProjectExporter::textForm(const QString &screenName, const QString &dlText)
 {
-    return (QStringLiteral("===") + screenName + QStringLiteral("===\n") + dlText +
+    return (QStringLiteral("===") + oneLine(screenName) + QStringLiteral("===\n") + dlText +
             QLatin1Char('\n'))
         .toUtf8();
 }

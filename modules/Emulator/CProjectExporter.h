@@ -24,9 +24,9 @@ struct SScreenExport
     QString text;       ///< display list, one command a line
     QByteArray bytes;   ///< display list, little-endian words
     QImage frame;       ///< null unless frames were asked for
-    size_t ramDl = 0;   ///< bytes; 0 unless frames were asked for
-    size_t ramG = 0;    ///< bytes
-    QStringList errors; ///< of the render
+    size_t ramDl = 0;   ///< bytes that the whole list needs; 0 unless frames were asked for
+    size_t ramG = 0;    ///< bytes that all assets need
+    QStringList errors; ///< of the render, and what the chip cannot do; see chipFindings()
 };
 
 /// Renders the screens of a project again, in the background, and brings them into the two forms
@@ -51,6 +51,8 @@ public:
 
     /// Called with a text for the user for each screen that gave no answer.
     void setErrorReport(std::function<void(const QString &)> report);
+    /// Called with the errors of each screen that has some, a line each.
+    void setFindings(std::function<void(const QString &screen, const QString &errors)> findings);
     /// Called before each screen with how many are done, and with their total; false cancels.
     void setProgress(std::function<bool(int done, int total)> progress);
     /// What one step of waiting does, for tests; otherwise it processes events and sleeps.
@@ -66,7 +68,9 @@ public:
     /// All screens into a file of their bytes, nothing between them.
     EResult exportProjectBin(CProjectModel *project, const QString &path, QString *error = nullptr);
 
-    /// "===name===", the commands, an empty line; UTF-8.
+    /// The text with a space for each character that ends or disturbs a line.
+    static QString oneLine(QString text);
+    /// "===name===", the name on one line, the commands, an empty line; UTF-8.
     static QByteArray textForm(const QString &screenName, const QString &dlText);
     static QByteArray textForm(const QList<SScreenExport> &screens);
     static QByteArray binaryForm(const QList<SScreenExport> &screens);
@@ -79,6 +83,7 @@ private:
 
     CEmulatorAdapter *const m_adapter;
     std::function<void(const QString &)> m_report;
+    std::function<void(const QString &, const QString &)> m_findings;
     std::function<bool(int, int)> m_progress;
     std::function<void()> m_waitStep;
     bool m_cancelled = false; ///< by the progress of the last collection

@@ -152,6 +152,10 @@
         <source>The export was cancelled.</source>
         <translation>Das Exportieren wurde abgebrochen.</translation>
     </message>
+    <message>
+        <source>Exported to %1; see the messages above it: not all is as designed</source>
+        <translation>Exportiert nach %1; siehe die Meldungen darüber: nicht alles ist wie entworfen</translation>
+    </message>
 </context>
 <context>
     <name>CFileWriter</name>
@@ -1461,6 +1465,25 @@ Installierte Version: </translation>
     <message>
         <source>Width</source>
         <translation>Breite</translation>
+    </message>
+</context>
+<context>
+    <name>ChipFindings</name>
+    <message>
+        <source>%1 is not available on %2</source>
+        <translation>%1 gibt es auf %2 nicht</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not available on %3</source>
+        <translation>%1 „%2“ gibt es auf %3 nicht</translation>
+    </message>
+    <message>
+        <source>%1 %2 is over the maximum of %3, %4</source>
+        <translation>%1 %2 liegt über dem Höchstwert von %3, %4</translation>
+    </message>
+    <message>
+        <source>%1 %2 is under the minimum of %3, %4</source>
+        <translation>%1 %2 liegt unter dem Mindestwert von %3, %4</translation>
     </message>
 </context>
 <context>

@@ -152,6 +152,10 @@
         <source>The export was cancelled.</source>
         <translation>导出已取消。</translation>
     </message>
+    <message>
+        <source>Exported to %1; see the messages above it: not all is as designed</source>
+        <translation>已导出到 %1；请查看上方的消息：部分内容与设计不符</translation>
+    </message>
 </context>
 <context>
     <name>CFileWriter</name>
@@ -1461,6 +1465,25 @@ Installed version: </source>
     <message>
         <source>Width</source>
         <translation>宽度</translation>
+    </message>
+</context>
+<context>
+    <name>ChipFindings</name>
+    <message>
+        <source>%1 is not available on %2</source>
+        <translation>%2 不支持 %1</translation>
+    </message>
+    <message>
+        <source>%1 &quot;%2&quot; is not available on %3</source>
+        <translation>%3 不支持 %1“%2”</translation>
+    </message>
+    <message>
+        <source>%1 %2 is over the maximum of %3, %4</source>
+        <translation>%1 %2 超过 %3 的最大值 %4</translation>
+    </message>
+    <message>
+        <source>%1 %2 is under the minimum of %3, %4</source>
+        <translation>%1 %2 低于 %3 的最小值 %4</translation>
     </message>
 </context>
 <context>

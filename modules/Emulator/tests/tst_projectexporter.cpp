@@ -136,6 +136,8 @@ void tst_ProjectExporter::writesBothForms()
     });
     m_exporter->exportProjectDL(m_project.get(), dl);
     QCOMPARE(contentOf("p.dl"), QByteArray("===A===\nnothing\n"));
+    QCOMPARE(CProjectExporter::textForm("A===\r\n===B\u2028\u0085\t", "X;"),
+             QByteArray("===A===  ===B   ===\nX;\n"));
 }
 
 void tst_ProjectExporter::aProjectWithoutScreensGivesAnEmptyFile()

@@ -56,7 +56,7 @@ void CExportController::exportScreenDL(const SShownScreen &screen, const QString
 {
     const QString path = askPath(
         {tr("Export screen to DL"), tr("Display Lists (*.dl)"), QStringLiteral("dl")}, folder);
-    writeScreen(path, CProjectExporter::textForm(screen.name, screen.text));
+    writeScreen(path, screen, CProjectExporter::textForm(screen.name, screen.text));
 }
 
 void CExportController::exportScreenBin(const SShownScreen &screen, const QString &folder)
@@ -64,7 +64,7 @@ void CExportController::exportScreenBin(const SShownScreen &screen, const QStrin
     const QString path = askPath(
         {tr("Export Page to binary"), tr("Display Lists Binary(*.bin)"), QStringLiteral("bin")},
         folder);
-    writeScreen(path, screen.bytes);
+    writeScreen(path, screen, screen.bytes);
 }
 
 void CExportController::exportProject(CProjectModel *project, const QString &path, Export form)
@@ -79,6 +79,11 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
     progress.setAutoReset(false);
     CProjectExporter exporter(m_adapter);
     exporter.setErrorReport([this](const QString &text) { m_user->showError(text, QString()); });
+    bool hasFindings = false;
+    exporter.setFindings([&](const QString &screen, const QString &errors) {
+        hasFindings = true;
+        Q_EMIT findings(screen, errors);
+    });
     exporter.setProgress([&](int done, int total) {
         progress.setMaximum(total);
         progress.setValue(done);
@@ -90,7 +95,7 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
     QString reason;
     switch ((exporter.*form)(project, path, &reason)) {
     case CProjectExporter::EResult::Written:
-        m_user->showNotice(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
+        tellExported(path, hasFindings);
         break;
     case CProjectExporter::EResult::NotOpened:
         m_user->showNotice(reason);
@@ -118,11 +123,26 @@ void CExportController::waitForEmulator() const
     }
 }
 
-void CExportController::writeScreen(const QString &path, const QByteArray &bytes)
+void CExportController::writeScreen(const QString &path, const SShownScreen &screen,
+                                    const QByteArray &bytes)
 {
     if (path.isEmpty())
         return;
     const QString reason = CFileWriter::write(path, bytes);
-    m_user->showNotice(reason.isEmpty() ? tr("Exported to %1").arg(QDir::toNativeSeparators(path))
-                                        : reason);
+    if (!reason.isEmpty()) {
+        m_user->showNotice(reason);
+        return;
+    }
+    if (!screen.findings.isEmpty())
+        Q_EMIT findings(screen.name, screen.findings);
+    tellExported(path, !screen.findings.isEmpty());
+}
+
+void CExportController::tellExported(const QString &path, bool hasFindings)
+{
+    const QString shown = QDir::toNativeSeparators(path);
+    m_user->showNotice(
+        hasFindings
+            ? tr("Exported to %1; see the messages above it: not all is as designed").arg(shown)
+            : tr("Exported to %1").arg(shown));
 }

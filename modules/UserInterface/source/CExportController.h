@@ -17,6 +17,7 @@ struct SShownScreen
     QString name;
     QString text; ///< display list, one command a line
     QByteArray bytes;
+    QString findings; ///< what is not drawn as designed or not for the chip, a line each
 };
 
 /// The four exports of the menu: the file dialog, the progress with its Cancel, the messages.
@@ -39,6 +40,8 @@ public:
     void cancel() { m_isCancelled = true; }
 
 Q_SIGNALS:
+    /// Of a screen that is exported all the same, a line each.
+    void findings(const QString &screen, const QString &errors);
     void finished();
 
 private:
@@ -54,7 +57,8 @@ private:
     QString askPath(const SDialogTexts &texts, const QString &folder) const;
     void exportProject(CProjectModel *project, const QString &path, Export form);
     void waitForEmulator() const;
-    void writeScreen(const QString &path, const QByteArray &bytes);
+    void writeScreen(const QString &path, const SShownScreen &screen, const QByteArray &bytes);
+    void tellExported(const QString &path, bool hasFindings);
 
     QWidget *const m_window;
     CEmulatorAdapter *const m_adapter;

@@ -192,6 +192,7 @@ void CMainPanels::renew()
 {
     m_screens->updateRepaint();
     m_navigator->renewAll();
+    m_properties->renew();
 }
 
 /// The kinds of the first chip, whatever the project's: the palette is the same for all projects.
@@ -386,6 +387,13 @@ void CMainPanels::write(const QString &text)
 void CMainPanels::report(const QString &text)
 {
     write(text);
+    if (m_outputDock->isHidden())
+        m_outputDock->show();
+}
+
+void CMainPanels::showFindings(const QString &screenName, const QString &errors)
+{
+    m_output->writeRenderErrors(screenName, errors);
     if (m_outputDock->isHidden())
         m_outputDock->show();
 }

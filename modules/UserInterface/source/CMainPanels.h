@@ -61,6 +61,8 @@ public Q_SLOTS:
     void write(const QString &text); ///< into the output window
     /// Why something that the user asked for was not done: seen also when that window was closed.
     void report(const QString &text);
+    /// What an exported screen lacks, a line each: as errors of its render, and always seen.
+    void showFindings(const QString &screenName, const QString &errors);
     void setSnapToGrid(bool enabled);
     /// Of the explorer: selects the items on the canvas too, on their own page.
     void selectionChanged(const QModelIndexList &selected);

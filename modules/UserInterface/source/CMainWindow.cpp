@@ -130,6 +130,7 @@ void CMainWindow::makeProjectParts()
     m_autosaveRetry->setSingleShot(true);
     connect(m_autosaveRetry, &QTimer::timeout, this, &CMainWindow::autosave);
     m_export = new CExportController(this, CEmulatorAdapter::instance(), m_user.get());
+    connect(m_export, &CExportController::findings, m_panels, &CMainPanels::showFindings);
     connect(m_export, &CExportController::finished, this, [this] {
         if (m_closeAfterExport)
             QTimer::singleShot(0, this, &QWidget::close);

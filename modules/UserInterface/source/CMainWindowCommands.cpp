@@ -19,6 +19,7 @@
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CUpdater.h"
+#include "ChipFindings.h"
 #include "ProgramInfo.h"
 
 #include <QAction>
@@ -157,8 +158,11 @@ std::optional<SShownScreen> CMainWindow::shownScreen() const
     const CScreenView *view = m_panels->screens()->currentView();
     if (!view || !view->screen())
         return std::nullopt;
+    QStringList findings = chipFindings(*view->screen());
+    findings.prepend(m_panels->screens()->currentErrors());
+    findings.removeAll(QString());
     return SShownScreen{view->screen()->name(), view->lastDisplayListText(),
-                        view->lastDisplayListBytes()};
+                        view->lastDisplayListBytes(), findings.join(QLatin1Char('\n'))};
 }
 
 void CMainWindow::loadLanguage(const QString &rLanguage)
@@ -235,6 +239,7 @@ void CMainWindow::showHelp()
 
 void CMainWindow::showOptionDialog()
 {
+    m_panels->finishEdits();
     m_options->fill(project(), m_autosaveInterval);
     m_options->exec();
 }

@@ -6,7 +6,9 @@
 #include "CMenuBar.h"
 #include "CProjectModel.h"
 #include "CRecentProjects.h"
+#include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenView.h"
 #include "CSettings.h"
 #include "CStartPage.h"
 #include "CZoomComboWidget.h"
@@ -374,6 +376,45 @@ private Q_SLOTS:
         } else {
             QVERIFY(bytes.size() > 0 && bytes.size() % 4 == 0);
         }
+    }
+
+    /// Also of pages that were never shown, and by the item's name, which leads to the item.
+    void exportsTellWhatIsNotAsDesigned_data()
+    {
+        QTest::addColumn<int>("action");
+        QTest::addColumn<bool>("isWhole");
+        QTest::newRow("project") << int(CMenuBar::ProjectToDL) << true;
+        QTest::newRow("page") << int(CMenuBar::PageToBinary) << false;
+    }
+
+    void exportsTellWhatIsNotAsDesigned()
+    {
+        QFETCH(int, action);
+        QFETCH(bool, isWhole);
+        writeFile(m_project,
+                  twoPages()
+                      .replace("QX110", "QX100")
+                      .replace("color=\"#000000\"/>", "><Kiv_Bitmap_T id=\"7\"/></Kiv_Screen_T>")
+                      .replace("color=\"#102030\"/>",
+                               "><Kiv_Text_T id=\"8\" text=\"5 \u20AC\" width=\"900\"/>"
+                               "</Kiv_Screen_T>"));
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->show();
+        auto *pages = m_window->findChild<CScreen *>();
+        QTRY_VERIFY(pages->currentView() &&
+                    !pages->currentView()->lastDisplayListBytes().isEmpty());
+        auto *output = m_window->findChild<QTextEdit *>("outputWindow");
+        auto *dock = m_window->findChild<QDockWidget *>("outputWindow");
+        dock->close();
+        m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
+        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
+        const QString told = (output ? output : dock->findChild<QTextEdit *>())->toPlainText();
+        QVERIFY2(told.contains("Kiv_Text_T 8: no font has U+20AC") &&
+                     told.contains("Kiv_Text_T 8: width 900 is over the maximum of QX100, 512") &&
+                     told.contains("not all is as designed"),
+                 qPrintable(told));
+        QCOMPARE(told.contains("Kiv_Bitmap_T 7: no image is set"), isWhole);
+        QVERIFY(!dock->isHidden());
     }
 
     /// No page is left out because the canvas or a thumbnail was being drawn when its turn came.

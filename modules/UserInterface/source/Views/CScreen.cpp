@@ -88,6 +88,12 @@ CScreenModel *CScreen::currentScreen() const
     return current ? current->screen() : nullptr;
 }
 
+QString CScreen::currentErrors() const
+{
+    const CScreenCompositeView *current = page(currentIndex());
+    return current ? current->errors() : QString();
+}
+
 QList<CItemModel *> CScreen::selectedItems() const
 {
     const CScreenView *view = currentView();

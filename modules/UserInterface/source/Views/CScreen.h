@@ -36,6 +36,7 @@ public:
 
     CScreenView *currentView() const; ///< null when no tab is open
     CScreenModel *currentScreen() const;
+    QString currentErrors() const;             ///< of its last render, a line each
     QList<CItemModel *> selectedItems() const; ///< of the current screen
     /// Whether something is being dragged on a canvas.
     bool isGestureActive() const;

@@ -23,6 +23,7 @@ public:
 
     CScreenView *view() const { return m_view; }
     CScreenModel *screen() const;
+    const QString &errors() const { return m_errors; } ///< of the last render, a line each
     /// Lets go of the screen, which is about to go.
     void detach();
 

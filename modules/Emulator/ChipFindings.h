@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+class CItemModel;
+
+/// What of a screen's items the project's chip cannot do, a message each: "<type> <id>: what".
+/// Nothing is cut or changed; the emulator draws it all the same.
+/// - an entry of an enumeration, a bitmap format for instance, that this chip lacks;
+/// - a coordinate or size outside the widget library's limits. Only limits that chips differ in
+///   are a chip's; all others are the editor's own;
+/// - a property that other chips have, set to something else than its default.
+/// Items of kinds that the library lacks have none; the emulator reports them.
+QStringList chipFindings(const CItemModel &screen);
