@@ -6,11 +6,25 @@
 
 namespace kivtools {
 
+/// Whether all is with the system. A disk that gets full takes a part of the bytes first, without
+/// an error; a buffer would hide that until the file has its name.
+static bool writeAll(QSaveFile &file, const QByteArray &bytes)
+{
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 step = file.write(bytes.constData() + written, bytes.size() - written);
+        if (step <= 0)
+            return false;
+        written += step;
+    }
+    return true;
+}
+
 QString saveFile(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    // The count is compared because a full disk can shorten one big write without an error.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
+        !file.commit())
         return QStringLiteral("%1: cannot be written: %2")
             .arg(path, file.error() == QFileDevice::NoError ? QStringLiteral("the disk is full")
                                                             : file.errorString());
