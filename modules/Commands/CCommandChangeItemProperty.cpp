@@ -1,6 +1,7 @@
 #include "CCommandChangeItemProperty.h"
 
 #include "CItemModel.h"
+#include "CProjectModel.h"
 #include "PropertyKey.h"
 
 CCommandChangeItemProperty::CCommandChangeItemProperty(CItemModel *item, const QString &key,
@@ -19,5 +20,7 @@ CCommandChangeItemProperty::CCommandChangeItemProperty(CItemModel *item, const Q
 
 void CCommandChangeItemProperty::apply(const QVariant &value)
 {
-    m_item->setProperty(m_key, value, CItemModel::Notify::Yes);
+    // The project may have gone to another folder since the value was taken.
+    const CProjectModel *project = CImagePlaces::isPlace(m_key) ? m_item->project() : nullptr;
+    m_item->setProperty(m_key, project ? project->today(value) : value, CItemModel::Notify::Yes);
 }

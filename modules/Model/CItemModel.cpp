@@ -211,7 +211,7 @@ void CItemModel::load(const ItemAttributes &attributes)
 
 QString CItemModel::savedText(const CWidgetProperty &property, FolderForm folders) const
 {
-    const CProjectModel *owner = property.key() == PropertyKey::BitmapFolder ? project() : nullptr;
+    const CProjectModel *owner = CImagePlaces::isPlace(property.key()) ? project() : nullptr;
     if (!owner)
         return property.text();
     return folders == FolderForm::Relative ? owner->storedFolder(property.text())
@@ -220,8 +220,8 @@ QString CItemModel::savedText(const CWidgetProperty &property, FolderForm folder
 
 QByteArray CItemModel::savedTextUtf8(const CWidgetProperty &property, FolderForm folders) const
 {
-    return property.key() == PropertyKey::BitmapFolder ? savedText(property, folders).toUtf8()
-                                                       : property.textUtf8();
+    return CImagePlaces::isPlace(property.key()) ? savedText(property, folders).toUtf8()
+                                                 : property.textUtf8();
 }
 
 CItemModel *CItemModel::makeChild(const QString &tag) const

@@ -66,6 +66,8 @@ CProjectModel::CProjectModel(QObject *parent)
 {
     qRegisterMetaType<CItemModel *>(); // for signals that are queued or spied upon
     reset();
+    // Before any view is connected: they must see an item as it is now.
+    connect(this, &QAbstractItemModel::rowsInserted, this, &CProjectModel::takeIn);
 }
 
 CProjectModel::~CProjectModel()
@@ -91,6 +93,7 @@ void CProjectModel::reset()
     clear();
     invisibleRootItem()->setText(TypeName::Project);
     m_properties.clear();
+    m_imagePlaces = {};
     m_resolution = DefaultResolution;
     m_library = CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(QString()));
 }
@@ -186,6 +189,19 @@ QString CProjectModel::absoluteFolder(const QString &stored) const
     return QDir::cleanPath(QDir(workingDirectory()).filePath(stored));
 }
 
+QString CProjectModel::placeText(const QString &place) const
+{
+    const QString text = storedFolder(absoluteFolder(place));
+    return m_imagePlaces.today(text) == text ? text : absoluteFolder(place);
+}
+
+QVariant CProjectModel::today(const QVariant &place) const
+{
+    const QString text = place.toString();
+    const QString now = m_imagePlaces.today(text);
+    return now == text ? place : QVariant(now);
+}
+
 CScreenModel *CProjectModel::screen(int row) const
 {
     CItemModel *found = CItemModel::fromItem(item(row));
@@ -235,8 +251,23 @@ void CProjectModel::newProject(const QHash<QString, QString> &texts)
     appendRow(new CScreenModel(this));
 }
 
+/// What comes in may have been away while the project went to another folder.
+void CProjectModel::takeIn(const QModelIndex &parent, int first, int last)
+{
+    const QStandardItem *holder = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
+    for (int row = first; row <= last; ++row) {
+        CItemModel *item = CItemModel::fromItem(holder->child(row));
+        if (item && m_imagePlaces.hasMoved())
+            m_imagePlaces.update(item);
+        if (item)
+            m_imagePlaces.noteAll(*item);
+    }
+}
+
 void CProjectModel::onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value)
 {
+    if (key == PropertyKey::BaseName || CImagePlaces::isPlace(key))
+        m_imagePlaces.note(key, item->propertyText(key));
     Q_EMIT propertyChanged(item, key, value);
 }
 

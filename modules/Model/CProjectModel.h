@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CImagePlaces.h"
 #include "CWidgetProperty.h"
 #include "IPropertyChangeObserver.h"
 
@@ -57,10 +58,18 @@ public:
     /// Size of the chip's general-purpose graphics memory in bytes.
     quint32 graphicsMemorySize() const;
 
-    /// A folder as it is kept in documents: relative to the working directory when it lies in it.
+    /// A folder or file as it is kept in documents: relative to the working directory when it lies
+    /// in it.
     QString storedFolder(const QString &folder) const;
-    /// The folder that a document's text means.
+    /// The folder or file that a document's text means.
     QString absoluteFolder(const QString &stored) const;
+    /// A folder or file as an item is to call it from now on: as storedFolder(), unless an older
+    /// command means something else by that.
+    QString placeText(const QString &place) const;
+    /// A value that names a place, as it is called today.
+    QVariant today(const QVariant &place) const;
+    const CImagePlaces &imagePlaces() const { return m_imagePlaces; }
+    void setImagePlaces(const CImagePlaces &places) { m_imagePlaces = places; }
 
     // Screens and items.
     int screenCount() const { return rowCount(); }
@@ -114,8 +123,10 @@ private:
     void appendLoadedScreens(const QVector<CScreenModel *> &screens);
     QVector<const CWidgetProperty *> savedProperties() const;
     QString savedText(const CWidgetProperty &property, const QString &filePath) const;
+    void takeIn(const QModelIndex &parent, int first, int last);
 
     PropertySet m_properties;
+    CImagePlaces m_imagePlaces;
     QSize m_resolution;
     const CWidgetLibraryModel *m_library = nullptr;
     std::unique_ptr<QUndoStack> m_undoStack;

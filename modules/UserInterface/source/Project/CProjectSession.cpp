@@ -1,6 +1,6 @@
 #include "CProjectSession.h"
 
-#include "CConvertedFolder.h"
+#include "CImageMove.h"
 #include "CProjectFile.h"
 #include "CProjectLock.h"
 #include "CProjectModel.h"
@@ -252,19 +252,17 @@ bool CProjectSession::moveTo(const QString &path)
 {
     const QFileInfo target(path);
     const QString folder = target.absolutePath();
-    const auto oldImages = CConvertedFolder::path(
-        m_project->workingDirectory(), m_project->propertyText(PropertyKey::ProjectName));
-    QString reason =
-        CConvertedFolder::copy(oldImages, CConvertedFolder::path(folder, target.baseName()));
+    CImageMove images(m_project.get(), folder, target.baseName());
+    QString reason = images.copy();
     if (!reason.isEmpty()) {
         fail(reason);
         return false;
     }
-    const auto putBack = CConvertedFolder::rename(m_project.get(), folder, target.baseName());
+    images.apply();
     auto file = std::make_unique<CProjectFile>(path);
     reason = write(file.get(), CProjectFile::EWrite::ByUser);
     if (!reason.isEmpty()) {
-        putBack();
+        images.takeBack();
         fail(reason);
         return false;
     }

@@ -1,10 +1,14 @@
 #include "CAutosaver.h"
+#include "CCommandChangeItemProperty.h"
+#include "CCommandDeleteItem.h"
 #include "CProjectLock.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScriptedUser.h"
 #include "ProjectTestSupport.h"
+#include "PropertyKey.h"
 
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSignalSpy>
@@ -271,35 +275,80 @@ private Q_SLOTS:
 
     void saveAsCarriesEverythingAlong()
     {
-        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("demo_ConvertedImages/sky_DXT1")));
-        QVERIFY(writeFile(at("demo_ConvertedImages/sky_DXT1/sky.raw"), "pixels"));
-        QVERIFY(writeFile(m_file, "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\">"
-                                  "<Kiv_Screen_T name=\"P\">"
-                                  "<Kiv_Bitmap_T bfolder=\"demo_ConvertedImages/sky_DXT1\"/>"
-                                  "<Kiv_Bitmap_T bfolder=\"photos\"/>"
-                                  "</Kiv_Screen_T></Kiv_Project_T>"));
-        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("target")));
+        const auto put = [this](const char *name, const QByteArray &bytes) {
+            QVERIFY(QDir().mkpath(QFileInfo(at(name)).path()));
+            QVERIFY(writeFile(at(name), bytes));
+        };
+        put("demo_ConvertedImages/sky_DXT1/sky_DXT1.raw", "pixels");
+        put("older_ConvertedImages/sun_L8.raw", "sun"); // the project was called so once
+        put("photos/lake.jpg", "lake");
+        put("photos/private.jpg", "private");
+        put("sky.png", "sky");
+        put("target/photos/lake.jpg", "another lake");
+        put("target/Second_1_ConvertedImages/sky_DXT1/sky_DXT1.raw", "another sky");
+        QVERIFY(writeFile(
+            m_file,
+            "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\"><Kiv_Screen_T name=\"P\">"
+            "<Kiv_Bitmap_T bfolder=\"demo_ConvertedImages/sky_DXT1\" filename=\"sky.png\"/>"
+            "<Kiv_Bitmap_T bfolder=\"photos\" basename=\"lake\"/>"
+            "<Kiv_Bitmap_T bfolder=\"older_ConvertedImages\"/>"
+            "<Kiv_Bitmap_T bfolder=\"/elsewhere\"/></Kiv_Screen_T></Kiv_Project_T>"));
         QVERIFY(m_session->openFile(m_file));
+        CProjectModel *project = m_session->project();
+        CScreenModel *screen = project->screen(0);
+        // Undoing brings back an item that was away, and a value of the old folder.
+        project->undoStack()->push(new CCommandDeleteItem(screen->childItem(2)));
+        CItemModel *sky = screen->childItem(0);
+        project->undoStack()->push(
+            new CCommandChangeItemProperty(sky, PropertyKey::BitmapFolder, "older_ConvertedImages",
+                                           sky->propertyValue(PropertyKey::BitmapFolder)));
+
+        const QStringList before = allFiles();
+        m_user->savePath = at("missing/Second.nyx");
+        QVERIFY(writeFile(at("missing"), "in the way"));
+        QVERIFY(!m_session->saveAs());
+        QVERIFY(QFile::remove(at("missing")));
+        QCOMPARE(allFiles(), before);
+        QCOMPARE(sky->propertyText(PropertyKey::BitmapFolder), "older_ConvertedImages");
+
         m_user->savePath = at("target/Second:1.v2.nyx");
         QVERIFY(m_session->saveAs());
         QCOMPARE(m_user->offeredName, QStringLiteral("demo"));
         QCOMPARE(m_session->title(), QStringLiteral("Second:1 for QX110"));
         QCOMPARE(m_session->path(), at("target/Second:1.v2.nyx"));
         QCOMPARE(m_session->workingDirectory(), at("target"));
-        QCOMPARE(readFile(at("target/Second_1_ConvertedImages/sky_DXT1/sky.raw")),
-                 QByteArray("pixels"));
-        QVERIFY(QFile::exists(at("demo_ConvertedImages/sky_DXT1/sky.raw")));
-        const CScreenModel *screen = m_session->project()->screen(0);
-        const auto folder = [&](int row) {
-            return m_session->project()->absoluteFolder(
-                screen->childItem(row)->propertyText(QStringLiteral("bfolder")));
-        };
-        QCOMPARE(folder(0), at("target/Second_1_ConvertedImages/sky_DXT1"));
-        QCOMPARE(folder(1), at("photos"));
         QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
         QVERIFY(QFile::exists(at("target/.Second:1.v2.nyx.lock")));
         QCOMPARE(m_recent->paths(), QStringList({m_file, at("target/Second:1.v2.nyx")}));
         QVERIFY(!m_session->isDirty());
+
+        project->undoStack()->undo();
+        project->undoStack()->undo();
+        const auto read = [&](int row, const QString &key, const QString &file) {
+            const QString place = screen->childItem(row)->propertyText(key);
+            return readFile(at("target/") + place + file);
+        };
+        QCOMPARE(read(0, PropertyKey::BitmapFolder, "/sky_DXT1.raw"), QByteArray("pixels"));
+        QCOMPARE(read(0, PropertyKey::FileName, ""), QByteArray("sky"));
+        QCOMPARE(read(1, PropertyKey::BitmapFolder, "/lake.jpg"), QByteArray("lake"));
+        QCOMPARE(read(2, PropertyKey::BitmapFolder, "/sun_L8.raw"), QByteArray("sun"));
+        QCOMPARE(screen->childItem(3)->propertyText(PropertyKey::BitmapFolder), "/elsewhere");
+        QCOMPARE(readFile(at("target/photos/lake.jpg")), QByteArray("another lake"));
+        QCOMPARE(readFile(at("target/Second_1_ConvertedImages/sky_DXT1/sky_DXT1.raw")),
+                 QByteArray("another sky"));
+        QVERIFY(allFiles().filter("private").size() == 1); // nobody uses it
+        for (const QString &each : before)
+            QVERIFY2(each.endsWith(".lock") || allFiles().contains(each), qPrintable(each));
+
+        m_user->savePath = m_file; // and back again
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(screen->childItem(0)->propertyText(PropertyKey::FileName), "sky.png");
+        project->undoStack()->redo();
+        project->undoStack()->redo();
+        project->undoStack()->undo();
+        QCOMPARE(readFile(project->absoluteFolder(sky->propertyText(PropertyKey::BitmapFolder)) +
+                          "/sky_DXT1.raw"),
+                 QByteArray("pixels"));
     }
 
     void saveAsThatFailsChangesNothing()
@@ -533,6 +582,16 @@ private Q_SLOTS:
     }
 
 private:
+    QStringList allFiles() const
+    {
+        QStringList files;
+        QDirIterator each(m_folder->path(), QDir::Files | QDir::Hidden,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext())
+            files.append(each.next());
+        files.sort();
+        return files;
+    }
     QString at(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
