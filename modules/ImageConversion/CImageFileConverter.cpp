@@ -2,12 +2,13 @@
 
 #include "CAviReader.h"
 #include "CBitmapFormatTable.h"
-#include "CConversionPaths.h"
+#include "CFileCopies.h"
 #include "CFileStamp.h"
 #include "CProjectModel.h"
 #include "CToolRunner.h"
 #include "ConvertedImageFacts.h"
 #include "FileNames.h"
+#include "ImageNames.h"
 #include "PropertyKey.h"
 
 #include <QDir>
@@ -40,19 +41,11 @@ bool isWithinLimit(const QSize &size)
     return !size.isEmpty() && size.width() <= most && size.height() <= most;
 }
 
-/// Also when two names lead to it: removing the one would then remove the other.
-bool isSameFile(const QString &one, const QString &other)
-{
-    const QString canonical = QFileInfo(one).canonicalFilePath();
-    return QFileInfo(one).absoluteFilePath() == QFileInfo(other).absoluteFilePath() ||
-           (!canonical.isEmpty() && canonical == QFileInfo(other).canonicalFilePath());
-}
-
 /// As a property keeps it, so that the project's folder can be moved.
 QString storedFolder(const QString &folder)
 {
     const CProjectModel *project = CProjectModel::current();
-    return project ? project->storedFolder(folder) : folder;
+    return project ? project->placeText(folder) : folder;
 }
 
 } // namespace
@@ -64,11 +57,21 @@ CImageFileConverter::CImageFileConverter(QObject *parent) : QObject(parent)
 QString CImageFileConverter::convertedImagesFolder()
 {
     const CProjectModel *project = CProjectModel::current();
-    if (!project)
-        return {};
-    const QString workingFolder = project->workingDirectory();
+    return project ? convertedImagesFolder(*project) : QString();
+}
+
+QString CImageFileConverter::convertedImagesFolder(const CProjectModel &project)
+{
+    const QString workingFolder = project.workingDirectory();
     return (workingFolder.isEmpty() ? QDir::currentPath() : workingFolder) + QLatin1Char('/') +
-           FileNames::convertedImages(project->propertyText(PropertyKey::ProjectName));
+           FileNames::convertedImages(project.propertyText(PropertyKey::ProjectName));
+}
+
+QString CImageFileConverter::usualFormat(const QString &source, const QString &ofItsKind)
+{
+    const QString suffix = QFileInfo(source).suffix().toLower();
+    const bool isJpeg = suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg");
+    return isJpeg ? QStringLiteral("RGB565") : ofItsKind;
 }
 
 bool CImageFileConverter::aviFrameSize(const QString &file, quint32 &width, quint32 &height)
@@ -83,86 +86,133 @@ bool CImageFileConverter::convert(const QString &source, const QString &formatNa
 
 bool CImageFileConverter::convert(const QString &source, int formatCode)
 {
+    return place(source, formatCode).has_value();
+}
+
+CImageFileConverter::Paths CImageFileConverter::place(const QString &source, int formatCode)
+{
+    const auto refuse = [this](const QString &reason) { return fail(reason), Paths(); };
     const QFileInfo info(source);
     if (!info.isFile())
-        return fail(tr("%1: there is no such file").arg(source));
+        return refuse(tr("%1: there is no such file").arg(source));
     if (info.size() > MaxSourceBytes)
-        return fail(tr("%1: the file is too big").arg(source));
+        return refuse(tr("%1: the file is too big").arg(source));
     const QString folder = convertedImagesFolder();
     if (folder.isEmpty())
-        return fail(tr("no project is open"));
-
-    const CConversionPaths paths(folder, info.absoluteFilePath());
-    if (paths.isRaw())
-        return convertRaw(source, paths);
+        return refuse(tr("no project is open"));
+    const QFileInfo parts[] = {QFileInfo(folder), QFileInfo(QFileInfo(folder).path())};
+    if (parts[0].exists() ? !parts[0].isDir() : parts[1].exists() && !parts[1].isDir())
+        return refuse(tr("%1: the folder cannot be made").arg(folder));
+    if (CConversionPaths(folder, info.fileName()).isRaw())
+        return placeRaw(source);
+    if (CBitmapFormatTable::path(formatCode) == CBitmapFormatTable::EPath::None)
+        return refuse(tr("there is no such bitmap format"));
     const QSize size =
         imageFileSize(source, ETurn::AsMarked); // what cannot be told here, the tool decides
     if (!size.isEmpty() && !isWithinLimit(size))
-        return failAsTooLarge(source);
-    switch (CBitmapFormatTable::path(formatCode)) {
-    case CBitmapFormatTable::EPath::General:
-        return convertGeneral(source, formatCode, paths);
-    case CBitmapFormatTable::EPath::Palette:
-        return convertPaletted(source, formatCode, paths);
-    case CBitmapFormatTable::EPath::Dxt1:
-        return convertDxt1(source, formatCode, paths);
-    case CBitmapFormatTable::EPath::None:
-        break;
+        return failAsTooLarge(source), Paths();
+
+    QVector<CConversionPaths> candidates;
+    for (int number = 1;; ++number) {
+        const CConversionPaths paths(folder, ImageNames::numbered(info.fileName(), number));
+        switch (ImageNames::stateOf(paths, formatCode, info.absoluteFilePath())) {
+        case ImageNames::EState::Free:
+            return run(info.absoluteFilePath(), paths, formatCode, candidates);
+        case ImageNames::EState::Made:
+            candidates.append(paths);
+            break;
+        case ImageNames::EState::Taken:
+            break;
+        }
     }
-    return fail(tr("there is no such bitmap format"));
 }
 
-bool CImageFileConverter::convertRaw(const QString &source, const CConversionPaths &paths)
+/// What the tool makes anew tells whether one of the candidates is the same: what lies there may be
+/// of an earlier source, or of a program that replaced files.
+CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
+                                                    const CConversionPaths &paths, int formatCode,
+                                                    const QVector<CConversionPaths> &candidates)
 {
+    const QString folder = paths.folder(formatCode);
+    const bool isNew = ImageNames::filesOf(folder, paths.baseName(formatCode)).isEmpty();
+    CFileCopies copies;
+    copies.add(source, folder + QLatin1Char('/') + paths.fileName());
+    const QString reason = copies.copy();
+    if (!reason.isEmpty())
+        return fail(reason), Paths();
+    Paths result;
+    if (runTools(paths, formatCode)) {
+        const QStringList made = ImageNames::outputs(paths, formatCode);
+        if (QFileInfo(made.at(1)).isFile() && describedSize(made.at(0)).isEmpty()) // cut short
+            fail(tr("%1: was not written").arg(made.at(0)));
+        else
+            result = paths;
+    }
+    for (const CConversionPaths &each : candidates) {
+        if (result && ImageNames::areOutputsEqual(each, paths, formatCode)) {
+            result = each;
+            break;
+        }
+    }
+    if (!result || result->output(formatCode) != paths.output(formatCode)) {
+        for (const QString &each : ImageNames::outputs(paths, formatCode))
+            QFile::remove(each);
+        if (isNew)
+            QFile::remove(paths.quantised());
+        copies.takeBack();
+    }
+    return result;
+}
+
+CImageFileConverter::Paths CImageFileConverter::placeRaw(const QString &source)
+{
+    const QFileInfo info(source);
     const QSize size = describedSize(source);
     if (!size.isEmpty() && !isWithinLimit(size))
-        return failAsTooLarge(source);
-    const QString folder = paths.folder(CBitmapFormatTable::UnknownCode);
-    if (!placeSource(source, folder))
-        return false;
-    // What the image tools write beside a raw file goes along, so that size and palette are known.
-    const QFileInfo info(source);
-    for (const QString &suffix : {QStringLiteral(".json"), QStringLiteral(".lut")}) {
-        const QString name = info.completeBaseName() + suffix;
-        const QString companion = info.absolutePath() + QLatin1Char('/') + name;
-        if (QFileInfo(companion).isFile() && !copyFile(companion, folder + QLatin1Char('/') + name))
-            return false;
+        return failAsTooLarge(source), Paths();
+    for (int number = 1;; ++number) {
+        const CConversionPaths paths(convertedImagesFolder(),
+                                     ImageNames::numbered(info.fileName(), number));
+        const QStringList places = ImageNames::outputs(paths, CBitmapFormatTable::UnknownCode);
+        CFileCopies copies;
+        // What the image tools write beside a raw file goes along, for its size and palette.
+        for (const QString &place : places)
+            copies.add(info.absolutePath() + QLatin1Char('/') + info.completeBaseName() +
+                           QLatin1Char('.') + QFileInfo(place).suffix(),
+                       place);
+        if (copies.meetOthers())
+            continue;
+        const QString reason = copies.copy();
+        if (!reason.isEmpty())
+            return fail(reason), Paths();
+        if (size.isEmpty())
+            Q_EMIT warned(tr("%1: nothing is shown, because its size is not known. The .json file "
+                             "that the image tools write beside it tells the size.")
+                              .arg(source));
+        return paths;
     }
-    if (size.isEmpty())
-        Q_EMIT warned(tr("%1: nothing is shown, because its size is not known. The .json file that "
-                         "the image tools write beside it tells the size.")
-                          .arg(source));
-    return true;
 }
 
-bool CImageFileConverter::convertGeneral(const QString &source, int formatCode,
-                                         const CConversionPaths &paths)
+bool CImageFileConverter::runTools(const CConversionPaths &paths, int formatCode)
 {
     const QString folder = paths.folder(formatCode);
-    const QStringList arguments{QStringLiteral("-i"), asArgument(paths.fileName()),
-                                QStringLiteral("-f"), QString::number(formatCode)};
-    return placeSource(source, folder) &&
-           runTool({toolPath(GeneralTool), arguments, folder}, paths.output(formatCode));
-}
-
-bool CImageFileConverter::convertDxt1(const QString &source, int formatCode,
-                                      const CConversionPaths &paths)
-{
-    const QString folder = paths.folder(formatCode);
-    const QStringList arguments{QStringLiteral("-i"), asArgument(paths.fileName())};
-    return placeSource(source, folder) &&
-           runTool({toolPath(Dxt1Tool), arguments, folder}, paths.output(formatCode));
-}
-
-bool CImageFileConverter::convertPaletted(const QString &source, int formatCode,
-                                          const CConversionPaths &paths)
-{
-    const QString folder = paths.folder(formatCode);
+    QStringList arguments{QStringLiteral("-i"), asArgument(paths.fileName())};
+    switch (CBitmapFormatTable::path(formatCode)) {
+    case CBitmapFormatTable::EPath::General:
+        arguments += {QStringLiteral("-f"), QString::number(formatCode)};
+        return runTool({toolPath(GeneralTool), arguments, folder}, paths.output(formatCode));
+    case CBitmapFormatTable::EPath::Dxt1:
+        return runTool({toolPath(Dxt1Tool), arguments, folder}, paths.output(formatCode));
+    case CBitmapFormatTable::EPath::Palette:
+        break;
+    case CBitmapFormatTable::EPath::None:
+        return false;
+    }
     const QString splitter = QLatin1Char('"') + toolPath(PaletteSplitter) + QLatin1Char('"');
-    const QStringList arguments{QStringLiteral("-i"),
-                                asArgument(QFileInfo(paths.quantised()).fileName()),
-                                QStringLiteral("-f"), CBitmapFormatTable::paletteKind(formatCode)};
-    return placeSource(source, folder) && quantise(folder, paths) &&
+    arguments =
+        QStringList{QStringLiteral("-i"), asArgument(QFileInfo(paths.quantised()).fileName()),
+                    QStringLiteral("-f"), CBitmapFormatTable::paletteKind(formatCode)};
+    return quantise(folder, paths) &&
            runTool({splitter, arguments, folder}, paths.output(formatCode));
 }
 
@@ -202,24 +252,6 @@ bool CImageFileConverter::runTool(const SToolCall &call, const QString &output)
     return stamp.isRewritten() || fail(tr("%1: was not written").arg(output));
 }
 
-bool CImageFileConverter::placeSource(const QString &source, const QString &folder)
-{
-    if (!QDir().mkpath(folder))
-        return fail(tr("%1: the folder cannot be made").arg(folder));
-    return copyFile(source, folder + QLatin1Char('/') + QFileInfo(source).fileName());
-}
-
-bool CImageFileConverter::copyFile(const QString &source, const QString &target)
-{
-    if (isSameFile(source, target))
-        return true;
-    if (QFileInfo(target).isFile() || QFileInfo(target).isSymLink())
-        QFile::remove(target);
-    QFile file(source);
-    return file.copy(target) ||
-           fail(tr("%1: cannot be copied to %2: %3").arg(source, target, file.errorString()));
-}
-
 bool CImageFileConverter::failAsTooLarge(const QString &source)
 {
     return fail(
@@ -235,19 +267,18 @@ bool CImageFileConverter::fail(const QString &reason)
 std::optional<SConvertedImage> CImageFileConverter::convertedImage(const QString &source,
                                                                    const QString &formatName)
 {
-    const QString folder = convertedImagesFolder();
     const int code = CBitmapFormatTable::code(formatName);
-    const CConversionPaths paths(folder, source);
-    if (folder.isEmpty() || (code == CBitmapFormatTable::UnknownCode && !paths.isRaw()))
+    const Paths placed = place(source, code);
+    if (!placed)
         return std::nullopt;
-
+    const CConversionPaths &paths = *placed;
     SConvertedImage image;
     image.path = QFileInfo(paths.output(code)).absoluteFilePath();
-    if (!QFileInfo(image.path).isFile())
-        return std::nullopt;
     const QSize size = describedSize(image.path);
-    if (!isWithinLimit(size) && !paths.isRaw())
+    if (!isWithinLimit(size) && !paths.isRaw()) {
+        fail(tr("%1: its size cannot be read").arg(image.path));
         return std::nullopt;
+    }
     image.basename = paths.baseName(code);
     image.suffix = paths.suffix();
     image.bfolder = storedFolder(QFileInfo(image.path).path());

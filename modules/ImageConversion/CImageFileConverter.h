@@ -1,18 +1,21 @@
 #pragma once
 
+#include "CConversionPaths.h"
 #include "SConvertedImage.h"
 
 #include <QObject>
+#include <QVector>
 #include <optional>
 
-class CConversionPaths;
+class CProjectModel;
 struct SToolCall;
 
 /// Turns images into the chip's bitmap formats by the tools beside the program, into the folder of
 /// converted images of the open project. A conversion takes as long as its tool, under a modal box
 /// with a Cancel button; the event loop runs on meanwhile. Every failure is a false result, and
-/// failed() says why.
-/// A source file of the same name replaces the one converted before.
+/// failed() says why; it leaves nothing behind.
+/// No file of an earlier conversion is ever replaced: an image that was converted already is
+/// shared, and another one of the same name gets a base name of its own (see ImageNames).
 class CImageFileConverter : public QObject
 {
     Q_OBJECT
@@ -24,10 +27,9 @@ public:
     /// The same by the format's code.
     bool convert(const QString &source, int formatCode);
 
-    /// What the conversion of this source into this format has left; nothing when its output is
-    /// not there or its size is not known or not in 1 .. MaxImageSide.
-    static std::optional<SConvertedImage> convertedImage(const QString &source,
-                                                         const QString &formatName);
+    /// Converts, and tells what an item has to know of the outcome; nothing also when its size is
+    /// not known or not in 1 .. MaxImageSide (a raw file's may be unknown).
+    std::optional<SConvertedImage> convertedImage(const QString &source, const QString &formatName);
     /// The same for a media file (.jpg, .png, .avi), which stays where it is; the format is
     /// "RGB565", as the chip decodes it unless it is mono. failed() says why there is nothing.
     std::optional<SConvertedImage> mediaImage(const QString &file);
@@ -35,8 +37,13 @@ public:
     /// Frame size of an AVI video; see CAviReader.
     static bool aviFrameSize(const QString &file, quint32 &width, quint32 &height);
 
-    /// Absolute path; empty when no project is open.
+    /// The format for an image of a widget that has none yet: its kind's usual one, or, since a
+    /// JPEG has no transparent parts, "RGB565".
+    static QString usualFormat(const QString &source, const QString &ofItsKind);
+
+    /// Absolute path; of the open project, empty when none is open.
     static QString convertedImagesFolder();
+    static QString convertedImagesFolder(const CProjectModel &project);
 
     static constexpr int MaxImageSide = 2048;                   ///< pixels; the most that is drawn
     static constexpr qint64 MaxSourceBytes = 256 * 1024 * 1024; ///< far above any image for a chip
@@ -47,18 +54,18 @@ Q_SIGNALS:
     void warned(const QString &text);
 
 private:
-    bool convertRaw(const QString &source, const CConversionPaths &paths);
-    bool convertGeneral(const QString &source, int formatCode, const CConversionPaths &paths);
-    bool convertPaletted(const QString &source, int formatCode, const CConversionPaths &paths);
-    bool convertDxt1(const QString &source, int formatCode, const CConversionPaths &paths);
+    using Paths = std::optional<CConversionPaths>;
+
+    /// Where the image is in this format now.
+    Paths place(const QString &source, int formatCode);
+    Paths placeRaw(const QString &source);
+    Paths run(const QString &source, const CConversionPaths &paths, int formatCode,
+              const QVector<CConversionPaths> &candidates);
+    bool runTools(const CConversionPaths &paths, int formatCode);
     /// Leaves the quantised image under the name that the splitter is given.
     bool quantise(const QString &folder, const CConversionPaths &paths);
-
     /// Runs a tool that must leave this file, made anew.
     bool runTool(const SToolCall &call, const QString &output);
-    /// Makes the folder and puts the source into it.
-    bool placeSource(const QString &source, const QString &folder);
-    bool copyFile(const QString &source, const QString &target);
     bool failAsTooLarge(const QString &source);
     bool fail(const QString &reason);
 };

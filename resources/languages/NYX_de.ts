@@ -37,17 +37,6 @@
     </message>
 </context>
 <context>
-    <name>CConvertedFolder</name>
-    <message>
-        <source>%1 could not be copied: %2</source>
-        <translation>%1 konnte nicht kopiert werden: %2</translation>
-    </message>
-    <message>
-        <source>The folder %1 could not be made</source>
-        <translation>Der Ordner %1 konnte nicht angelegt werden</translation>
-    </message>
-</context>
-<context>
     <name>CDialogQuestions</name>
     <message>
         <source>Do you want to save the current project before closing it?</source>
@@ -158,6 +147,21 @@
     </message>
 </context>
 <context>
+    <name>CFileCopies</name>
+    <message>
+        <source>%1 could not be copied: %2</source>
+        <translation>%1 konnte nicht kopiert werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1 holds something else already</source>
+        <translation>%1 enthält schon etwas anderes</translation>
+    </message>
+</context>
+<context>
     <name>CFileWriter</name>
     <message>
         <source>this is not the name of a file</source>
@@ -208,6 +212,10 @@
 </context>
 <context>
     <name>CImageChooser</name>
+    <message>
+        <source>%1 stays as it is: the image file that it was made of is gone, so it cannot be converted into another format. Choose the file anew.</source>
+        <translation>%1 bleibt, wie es ist: Die Bilddatei, aus der es gemacht wurde, ist nicht mehr da, deshalb lässt es sich nicht in ein anderes Format umwandeln. Wählen Sie die Datei neu.</translation>
+    </message>
     <message>
         <source>Select media file to use</source>
         <translation>Mediendatei wählen</translation>
@@ -272,16 +280,23 @@
         <translation>%1: der Ordner kann nicht angelegt werden</translation>
     </message>
     <message>
-        <source>%1: cannot be copied to %2: %3</source>
-        <translation>%1: kann nicht nach %2 kopiert werden: %3</translation>
-    </message>
-    <message>
         <source>%1: nothing is shown, because its size is not known. The .json file that the image tools write beside it tells the size.</source>
         <translation>%1: Es wird nichts gezeigt, weil die Größe nicht bekannt ist. Sie steht in der .json-Datei, die die Bildwerkzeuge daneben schreiben.</translation>
     </message>
     <message>
         <source>%1: its size cannot be read</source>
         <translation>%1: Die Größe kann nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
+    <name>CImageImport</name>
+    <message>
+        <source>These images were not found: %1</source>
+        <translation>Diese Bilder wurden nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>%1: the file is too big</source>
+        <translation>%1: die Datei ist zu groß</translation>
     </message>
 </context>
 <context>

@@ -37,17 +37,6 @@
     </message>
 </context>
 <context>
-    <name>CConvertedFolder</name>
-    <message>
-        <source>%1 could not be copied: %2</source>
-        <translation>无法复制 %1：%2</translation>
-    </message>
-    <message>
-        <source>The folder %1 could not be made</source>
-        <translation>无法创建文件夹 %1</translation>
-    </message>
-</context>
-<context>
     <name>CDialogQuestions</name>
     <message>
         <source>Do you want to save the current project before closing it?</source>
@@ -158,6 +147,21 @@
     </message>
 </context>
 <context>
+    <name>CFileCopies</name>
+    <message>
+        <source>%1 could not be copied: %2</source>
+        <translation>无法复制 %1：%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>无法创建文件夹 %1</translation>
+    </message>
+    <message>
+        <source>%1 holds something else already</source>
+        <translation>%1 已有其他内容</translation>
+    </message>
+</context>
+<context>
     <name>CFileWriter</name>
     <message>
         <source>this is not the name of a file</source>
@@ -208,6 +212,10 @@
 </context>
 <context>
     <name>CImageChooser</name>
+    <message>
+        <source>%1 stays as it is: the image file that it was made of is gone, so it cannot be converted into another format. Choose the file anew.</source>
+        <translation>%1 保持不变：生成它的图像文件已不存在，因此无法转换为其他格式。请重新选择文件。</translation>
+    </message>
     <message>
         <source>Select media file to use</source>
         <translation>选择要使用的媒体文件</translation>
@@ -272,16 +280,23 @@
         <translation>%1：无法创建文件夹</translation>
     </message>
     <message>
-        <source>%1: cannot be copied to %2: %3</source>
-        <translation>%1：无法复制到 %2：%3</translation>
-    </message>
-    <message>
         <source>%1: nothing is shown, because its size is not known. The .json file that the image tools write beside it tells the size.</source>
         <translation>%1：大小未知，因此不显示。图像工具在其旁写入的 .json 文件中有大小。</translation>
     </message>
     <message>
         <source>%1: its size cannot be read</source>
         <translation>%1：无法读取其大小</translation>
+    </message>
+</context>
+<context>
+    <name>CImageImport</name>
+    <message>
+        <source>These images were not found: %1</source>
+        <translation>找不到这些图像：%1</translation>
+    </message>
+    <message>
+        <source>%1: the file is too big</source>
+        <translation>%1：文件太大</translation>
     </message>
 </context>
 <context>

@@ -2,18 +2,46 @@
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
 #include "CToolStubs.h"
+#include "ImageNames.h"
 #include "PropertyKey.h"
 
+#include <QDirIterator>
 #include <QImage>
 #include <QImageReader>
 #include <QSignalSpy>
 #include <QTextCodec>
 #include <QtTest>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 // How the converter finds, calls and believes its tools; with stubs, and with the real ones.
 
 using Names = QStringList;
+
+namespace {
+/// Lets no file of this process and its tools grow beyond a size, until it goes.
+class CFileSizeLimit
+{
+public:
+    explicit CFileSizeLimit(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{bytes, m_old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~CFileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+
+private:
+    rlimit m_old{};
+    void (*m_oldHandler)(int) = nullptr;
+};
+} // namespace
 
 class tst_ImageFileConverter : public QObject
 {
@@ -30,6 +58,8 @@ private Q_SLOTS:
     void foldersWithoutWorkingDirectory();
     void whatCannotBeAFolder();
     void sourceThatLiesThereAlready();
+    void namesakes_data();
+    void namesakes();
     void largeImagesAreRefused();
     void oddNames();
     void mediaFacts();
@@ -115,8 +145,7 @@ std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &
     CImageFileConverter converter;
     connect(&converter, &CImageFileConverter::failed,
             [](const QString &text) { qWarning() << text; });
-    return converter.convert(photo, format) ? CImageFileConverter::convertedImage(photo, format)
-                                            : std::nullopt;
+    return converter.convertedImage(photo, format);
 }
 
 void tst_ImageFileConverter::formatNamesAndCodes()
@@ -191,12 +220,10 @@ void tst_ImageFileConverter::successNeedsItsOutput()
     const std::pair<const char *, bool> ways[] = {
         {"echo new > $OUT", true},
         {"echo new > $OUT; touch -d '2001-01-01' $OUT", true},
-        {"cp -p $OUT t; mv t $OUT", true},
         {"exit 0", false},
         {"echo new > other.raw", false},
         {": > $OUT", false},
-        {"rm $OUT", false},
-        {"rm $OUT; mkdir $OUT", false},
+        {"mkdir $OUT", false},
         {"echo new > $OUT; exit 1", false},
         {"echo new > $OUT; kill -KILL $$", false},
     };
@@ -210,14 +237,14 @@ void tst_ImageFileConverter::successNeedsItsOutput()
         for (const auto &[tool, format, path] : tools) {
             m_stubs->addTool("Palette/pngquant.exe", "echo x > photo-fs8.png");
             m_stubs->addTool("Palette/palsplit.exe", "echo x > photo_PALETTED.raw");
-            const QFileInfo output(project() + "/" + path);
-            QDir().mkpath(output.path());
-            CToolStubs::write(output.filePath(), "old");
-            m_stubs->addTool(tool, "OUT=" + output.fileName().toUtf8() + "\n" + commands);
+            const QString output = path.section('/', -1);
+            m_stubs->addTool(tool, "OUT=" + output.toUtf8() + "\n" + commands);
             CImageFileConverter converter;
             QSignalSpy failures(&converter, &CImageFileConverter::failed);
             QVERIFY2(converter.convert(photo, format) == expected, commands);
             QCOMPARE(failures.count(), expected ? 0 : 1);
+            // What has failed leaves nothing behind that the next attempt would meet.
+            QVERIFY(expected || !QFile::exists(project() + folderOf(format) + "/photo.png"));
             QVERIFY(QDir(project()).removeRecursively());
         }
     }
@@ -232,14 +259,14 @@ void tst_ImageFileConverter::quantisedFileUnderAnotherName()
     for (const auto &[source, written, expectedInput] : cases) {
         const QByteArray base = source.section('.', 0, 0).toUtf8();
         m_stubs->addTool("Palette/pngquant.exe", "date +%N > '" + written + "'");
-        m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
-        const QString output = project() + "/" + base + "_PALETTED/" + base + "_PALETTED8.raw";
+        const QString output = project() + "/" + base + "_PALETTED/" + base + "_PALETTED";
         const QString photo = makeImage(source);
-        QVERIFY(QDir(project()).removeRecursively());
+        QDir(project()).removeRecursively();
+        m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
         QVERIFY(CImageFileConverter().convert(photo, "PALETTED8"));
-        const QByteArray first = CToolStubs::read(output);
-        QVERIFY(CImageFileConverter().convert(photo, "PALETTED8")); // the renamed one lies there
-        QVERIFY(CToolStubs::read(output) != first);
+        m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED565.raw");
+        QVERIFY(CImageFileConverter().convert(photo, "PALETTED565")); // the renamed one lies there
+        QVERIFY(CToolStubs::read(output + "8.raw") != CToolStubs::read(output + "565.raw"));
         QVERIFY(QFile::exists(QFileInfo(output).path() + "/" + expectedInput));
     }
 }
@@ -255,15 +282,15 @@ void tst_ImageFileConverter::rawFilesAreCopied()
     CToolStubs::write(raw, "other bytes");
     CToolStubs::write(m_stubs->path("photos/photo.json"),
                       R"({"format":"L8","width":4,"height":2,"bytes":11})");
-    QVERIFY(CImageFileConverter().convert(raw, "L8"));
-    QCOMPARE(CToolStubs::read(copy), QByteArray("other bytes"));
-
-    const auto image = CImageFileConverter::convertedImage(raw, "L8");
-    QVERIFY(image);
-    QCOMPARE(image->path, copy);
-    QCOMPARE(image->format, QString("None"));
-    QCOMPARE(image->suffix, QString("raw"));
-    QCOMPARE(QSize(image->bwidth, image->bheight), QSize(4, 2));
+    for (int time = 0; time < 2; ++time) { // the second one is shared
+        const auto image = CImageFileConverter().convertedImage(raw, "L8");
+        QVERIFY(image);
+        QCOMPARE(image->path, project() + "/photo_2_RAW/photo_2.raw");
+        QCOMPARE(CToolStubs::read(image->path), QByteArray("other bytes"));
+        QCOMPARE(image->basename + image->format + image->suffix, QString("photo_2Noneraw"));
+        QCOMPARE(QSize(image->bwidth, image->bheight), QSize(4, 2));
+    }
+    QCOMPARE(CToolStubs::read(copy), QByteArray("bytes"));
 
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw"); // only the lower case is raw
     QVERIFY(CImageFileConverter().convert(makeImage("photo.RAW"), "L8"));
@@ -292,8 +319,6 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
     QDir().mkpath(project());
     CToolStubs::write(project() + "/photo_DXT1", "in the way");
     verifyRefused(photo, CBitmapFormatTable::code("DXT1"));
-    QDir().mkpath(project() + "/photo.png"); // the copy cannot replace a folder
-    verifyRefused(photo, L8);
     QVERIFY(QDir(project()).removeRecursively());
     CToolStubs::write(project(), "in the way");
     verifyRefused(photo, L8);
@@ -309,7 +334,7 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
 
 void tst_ImageFileConverter::sourceThatLiesThereAlready()
 {
-    addRecorder("bmpconv/bmpconv.exe", "date +%N > photo_L8.raw");
+    addRecorder("bmpconv/bmpconv.exe", "echo x > ${2%.png}_L8.raw");
     const QString photo = makeImage("photo.png");
     const QByteArray bytes = CToolStubs::read(photo);
     CImageFileConverter converter;
@@ -320,6 +345,94 @@ void tst_ImageFileConverter::sourceThatLiesThereAlready()
     QVERIFY(QFile::link(project(), m_stubs->path("link")));
     QVERIFY(converter.convert(m_stubs->path("link/photo.png"), "L8"));
     QCOMPARE(CToolStubs::read(project() + "/photo.png"), bytes);
+}
+
+void tst_ImageFileConverter::namesakes_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::addColumn<QString>("base");
+    QTest::newRow("general tool") << "ARGB4"
+                                  << "logo.png"
+                                  << "x/logo.png"
+                                  << "logo_2";
+    QTest::newRow("another kind of file") << "ARGB4"
+                                          << "logo.png"
+                                          << "x/logo.bmp"
+                                          << "logo_2";
+    QTest::newRow("other format") << "L8"
+                                  << "logo.jpg"
+                                  << "x/logo.png"
+                                  << "logo_2";
+    QTest::newRow("compressed") << "DXT1"
+                                << "logo.png"
+                                << "x/logo.png"
+                                << "logo_2";
+    QTest::newRow("equal up to the first dot") << "PALETTED8"
+                                               << "icon.home.png"
+                                               << "x/icon.menu.png"
+                                               << "icon_2";
+    QTest::newRow("different dots") << "ARGB4"
+                                    << "icon.png"
+                                    << "x/icon.menu.png"
+                                    << "icon.menu";
+}
+
+/// With the real tools: equal images are shared, different ones never meet, and what is there stays
+/// as it is, also when the disk is full.
+void tst_ImageFileConverter::namesakes()
+{
+    QFETCH(QString, format);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    QFETCH(QString, base);
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
+    const auto makeColoured = [this](const QString &name, Qt::GlobalColor colour) {
+        const QString file = m_stubs->path(name);
+        QDir().mkpath(QFileInfo(file).path());
+        QImage picture(64, 64, QImage::Format_RGB32);
+        picture.fill(colour);
+        if (!picture.save(file))
+            qFatal("cannot write %s", qPrintable(file));
+        return file;
+    };
+    const auto files = [this] {
+        QMap<QString, QByteArray> all;
+        QDirIterator each(project(), QDir::Files, QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            const QString file = each.next();
+            all.insert(file, CToolStubs::read(file));
+        }
+        return all;
+    };
+    const QString red = makeColoured(first, Qt::red);
+    const QString blue = makeColoured(second, Qt::blue);
+    const auto one = converted(red, format);
+    QVERIFY(one);
+    const auto before = files();
+    for (const rlim_t bytes : {50u, 1000u}) { // less than the source, less than what is made of it
+        const CFileSizeLimit full(bytes);
+        QVERIFY(!CImageFileConverter().convert(blue, format));
+        QCOMPARE(files(), before);
+    }
+    const auto two = converted(blue, format);
+    QVERIFY(two);
+    QCOMPARE(two->basename, base);
+    const auto after = files();
+    for (auto file = before.begin(); file != before.end(); ++file)
+        QVERIFY2(after.value(file.key()) == file.value(), qPrintable(file.key()));
+    const auto pixels = [&after](const SConvertedImage &made) { // with their palette
+        return after.value(made.path) + after.value(made.path.chopped(3) + "lut");
+    };
+    QVERIFY(pixels(*two) != pixels(*one));
+    // Again, from elsewhere, and from the copies that were left.
+    const QString third = makeColoured("y/" + first, Qt::red);
+    for (const QString &again :
+         {red, third, ImageNames::sourceIn(QFileInfo(one->path).path(), one->basename)})
+        QCOMPARE(converted(again, format)->path, one->path);
+    QCOMPARE(converted(blue, format)->path, two->path);
+    QCOMPARE(files(), after);
 }
 
 /// No larger image is drawn; the user hears of it when it is chosen, before it is decoded.

@@ -6,6 +6,7 @@
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "CWidgetLibraryModel.h"
+#include "ImageNames.h"
 #include "PropertyKey.h"
 
 #include <QFileDialog>
@@ -19,14 +20,31 @@ bool isMedia(const CItemModel &item)
     return item.itemTypeName() == QStringLiteral("Kiv_Media_T");
 }
 
-/// What an image is converted into: the item's format, or the usual one of its kind if it has none.
-QString formatFor(const CItemModel &item)
+/// What an image is converted into: the item's format, or the usual one if nobody chose it.
+QString formatFor(const CItemModel &item, const QString &file)
 {
     const QString format = item.propertyText(PropertyKey::Format);
     const CWidgetLibraryModel *library = item.library();
-    if (!library || CBitmapFormatTable::code(format) != CBitmapFormatTable::UnknownCode)
+    if (!library)
         return format;
-    return library->propertySet(item.itemTypeName()).value(PropertyKey::Format).text();
+    const QString usual =
+        library->propertySet(item.itemTypeName()).value(PropertyKey::Format).text();
+    const bool isChosen = CBitmapFormatTable::code(format) != CBitmapFormatTable::UnknownCode &&
+                          (format != usual || !item.propertyText(PropertyKey::BaseName).isEmpty());
+    return isChosen ? format : CImageFileConverter::usualFormat(file, usual);
+}
+
+QString folderOf(const CItemModel &item)
+{
+    const QString folder = item.propertyText(PropertyKey::BitmapFolder);
+    return item.project() ? item.project()->absoluteFolder(folder) : folder;
+}
+
+/// The file that the item would show in this format, made already.
+bool isMade(const CItemModel &item, const QString &format)
+{
+    const QString name = item.propertyText(PropertyKey::BaseName) + QLatin1Char('_') + format;
+    return QFileInfo(QDir(folderOf(item)).filePath(name + QStringLiteral(".raw"))).isFile();
 }
 
 QHash<QString, QVariant> valuesOf(const SConvertedImage &image, const QString &file)
@@ -57,25 +75,36 @@ bool CImageChooser::showsImage(const CItemModel &item)
 
 QString CImageChooser::sourceOf(const CItemModel &item)
 {
-    const QString file = item.propertyText(PropertyKey::FileName);
-    if (QFileInfo(file).isFile())
+    const QString stored = item.propertyText(PropertyKey::FileName);
+    // Never looked up from the current folder, which is the program's.
+    const QString file = item.project() ? item.project()->absoluteFolder(stored) : stored;
+    if (QDir::isAbsolutePath(file) && QFileInfo(file).isFile())
         return file;
-    const QString name = item.propertyText(PropertyKey::BaseName);
-    if (name.isEmpty() || !item.project())
-        return {};
-    const QDir folder(item.project()->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder)));
-    for (const char *suffix : {".png", ".jpg", ".jpeg", ".bmp"}) {
-        if (folder.exists(name + QLatin1String(suffix)))
-            return folder.filePath(name + QLatin1String(suffix));
-    }
-    return {};
+    return ImageNames::sourceIn(folderOf(item), item.propertyText(PropertyKey::BaseName));
 }
 
-bool CImageChooser::isConverted(const CItemModel &item, const QString &format)
+CImageChooser::EFormat CImageChooser::changeOf(const CItemModel &item, const QString &format)
 {
     const QString source = sourceOf(item);
-    return !source.isEmpty() && QFileInfo(source).suffix() != QLatin1String("raw") &&
-           CBitmapFormatTable::code(format) != CBitmapFormatTable::UnknownCode;
+    const bool showsNone = item.propertyText(PropertyKey::BaseName).isEmpty() && source.isEmpty();
+    const bool isRaw = item.propertyText(PropertyKey::Suffix) == QLatin1String("raw") ||
+                       QFileInfo(source).suffix() == QLatin1String("raw");
+    if (showsNone || isRaw || isMedia(item) ||
+        CBitmapFormatTable::code(format) == CBitmapFormatTable::UnknownCode)
+        return EFormat::Value;
+    if (source.isEmpty())
+        return isMade(item, format) ? EFormat::Value : EFormat::Lost;
+    return EFormat::Conversion;
+}
+
+bool CImageChooser::changeFormat(CItemModel *item, const QString &format)
+{
+    if (changeOf(*item, format) == EFormat::Conversion)
+        return change(item, sourceOf(*item), format);
+    Q_EMIT message(tr("%1 stays as it is: the image file that it was made of is gone, so it cannot "
+                      "be converted into another format. Choose the file anew.")
+                       .arg(item->name()));
+    return false;
 }
 
 void CImageChooser::choose(CItemModel *item)
@@ -90,17 +119,15 @@ void CImageChooser::choose(CItemModel *item)
     dialog.setDirectory(before.isEmpty() && item->project() ? item->project()->workingDirectory()
                                                             : QFileInfo(before).path());
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-        change(item, dialog.selectedFiles().first(), formatFor(*item));
+        change(item, dialog.selectedFiles().first(),
+               formatFor(*item, dialog.selectedFiles().first()));
 }
 
 std::optional<SConvertedImage> CImageChooser::convert(const CItemModel &item, const QString &file,
                                                       const QString &format)
 {
-    if (isMedia(item))
-        return m_converter->mediaImage(file);
-    if (!m_converter->convert(file, format))
-        return {};
-    return CImageFileConverter::convertedImage(file, format);
+    return isMedia(item) ? m_converter->mediaImage(file)
+                         : m_converter->convertedImage(file, format);
 }
 
 bool CImageChooser::change(CItemModel *item, const QString &file, const QString &format)
@@ -118,7 +145,9 @@ bool CImageChooser::change(CItemModel *item, const QString &file, const QString 
     }
     QUndoStack *stack = item->project()->undoStack();
     stack->beginMacro(tr("Change Image"));
-    const QHash<QString, QVariant> values = valuesOf(*image, file);
+    QHash<QString, QVariant> values = valuesOf(*image, file);
+    if (file == sourceOf(*item)) // another format only; the source is called as before
+        values.remove(PropertyKey::FileName);
     for (auto value = values.begin(); value != values.end(); ++value) {
         const QString &key = value.key();
         if (item->hasProperty(key) && item->propertyValue(key) != value.value())

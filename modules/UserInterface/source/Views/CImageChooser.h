@@ -23,16 +23,23 @@ public:
     /// Whether the item shows an image of a file.
     static bool showsImage(const CItemModel &item);
     /// The file that the item's image was made of, or the copy that the converter has left beside
-    /// what it made; empty when both are gone.
+    /// what it made; an absolute path, empty when both are gone.
     static QString sourceOf(const CItemModel &item);
-    /// Whether another format of the item needs its image converted anew. A raw file stays what it
-    /// is; its format only says what it holds.
-    static bool isConverted(const CItemModel &item, const QString &format);
+    /// What another format means for an item.
+    enum class EFormat {
+        Value,      ///< nothing but another value: it shows no image, or a raw file, whose format
+                    ///< only says what it holds
+        Conversion, ///< its image is converted anew
+        Lost        ///< it cannot be: what the image was made of is gone
+    };
+    static EFormat changeOf(const CItemModel &item, const QString &format);
 
     /// Asks the user for the file.
     void choose(CItemModel *item);
     /// Takes a file, in the format of this name. False when the item stays as it is.
     bool change(CItemModel *item, const QString &file, const QString &format);
+    /// Converts the item's image anew. False, with a message, when the item stays as it is.
+    bool changeFormat(CItemModel *item, const QString &format);
 
 Q_SIGNALS:
     void message(const QString &text); ///< why an image could not be taken

@@ -4,6 +4,7 @@
 #include "CCommandDeleteScreen.h"
 #include "CCommandPasteScreen.h"
 #include "CFileWriter.h"
+#include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CXmlGuard.h"
@@ -77,9 +78,7 @@ QString CPageOperations::paste(const QMimeData *data)
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data->data(ScreenDocuments::CopiedScreensMime));
     const QDomElement root = ScreenDocuments::copiedScreens(xml, &error);
-    if (!root.isNull())
-        addScreens(root, tr("Paste Page"), Values::Canonical);
-    return error;
+    return root.isNull() ? error : addScreens(root, tr("Paste Page"), Values::Canonical);
 }
 
 QString CPageOperations::save(const Screens &screens, const QString &path)
@@ -97,15 +96,20 @@ QString CPageOperations::load(const QString &path)
         return error;
     const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
     if (!root.isNull())
-        addScreens(root, tr("Load Page"), Values::AsTheyAre);
+        error = addScreens(root, tr("Load Page"), Values::AsTheyAre);
     return error.isEmpty() ? error : tr("%1: %2").arg(path, error);
 }
 
-void CPageOperations::addScreens(const QDomElement &root, const QString &macroText, Values values)
+QString CPageOperations::addScreens(const QDomElement &root, const QString &macroText,
+                                    Values values)
 {
     QDomElement element = root.firstChildElement();
     if (element.isNull())
-        return;
+        return {};
+    CImageImport images(m_project);
+    const QString error = images.bring(root);
+    if (!error.isEmpty())
+        return error;
     QUndoStack *stack = m_project->undoStack();
     ItemNames::Names taken = ItemNames::ofScreens(*m_project);
     stack->beginMacro(macroText);
@@ -120,6 +124,7 @@ void CPageOperations::addScreens(const QDomElement &root, const QString &macroTe
     if (values == Values::Canonical)
         makeValuesCanonical();
     stack->endMacro();
+    return images.missing();
 }
 
 void CPageOperations::makeValuesCanonical()

@@ -13,7 +13,8 @@ class QMimeData;
 /// What is done with whole screens ("pages") of a project: clipboard and page files. Knows no
 /// window and no clipboard.
 /// Errors:  documents that cannot be read or written change nothing; the reason is the result,
-///          which is empty when all went well.
+///          which is empty when all went well. Images of another project come along with its pages;
+///          pages whose images are missing are added all the same, and the result says which.
 class CPageOperations
 {
     Q_DECLARE_TR_FUNCTIONS(CPageOperations)
@@ -39,7 +40,7 @@ public:
 private:
     enum class Values { AsTheyAre, Canonical };
 
-    void addScreens(const QDomElement &root, const QString &macroText, Values values);
+    QString addScreens(const QDomElement &root, const QString &macroText, Values values);
     void makeValuesCanonical();
 
     CProjectModel *const m_project; ///< not owned

@@ -206,10 +206,8 @@ std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString f
     set(item, PropertyKey::FileName, file);
     if (isMedia)
         return m_converter->mediaImage(file);
-    const QString format = item.propertyText(PropertyKey::Format);
-    if (!m_converter->convert(file, format))
-        return {};
-    return CImageFileConverter::convertedImage(file, format);
+    const QString usual = item.propertyText(PropertyKey::Format);
+    return m_converter->convertedImage(file, CImageFileConverter::usualFormat(file, usual));
 }
 
 bool CScreenView::fitsMemory(const SConvertedImage &image, size_t &memory)

@@ -73,7 +73,10 @@ void CScreenView::paste()
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
     if (!ItemOperations::canPaste(copied))
         return;
-    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied);
+    QString problem;
+    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied, &problem);
+    if (!problem.isEmpty())
+        Q_EMIT message(problem);
     if (!pasted.isEmpty())
         selectCreated(pasted);
 }

@@ -278,7 +278,8 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         propertyChanged(m_item, key, m_item->name()); // everything has a name
         return;
     }
-    if (key == PropertyKey::Format && CImageChooser::isConverted(*m_item, value.toString())) {
+    if (key == PropertyKey::Format &&
+        CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value) {
         changeFormat(value.toString());
         return;
     }
@@ -296,7 +297,7 @@ void CWidgetPropertiesView::changeFormat(const QString &format)
 {
     CItemModel *const item = m_item;
     const QString before = item->propertyText(PropertyKey::Format);
-    if (!m_images->change(item, CImageChooser::sourceOf(*item), format))
+    if (!m_images->changeFormat(item, format))
         propertyChanged(item, PropertyKey::Format, before);
     takeFocusBack();
 }

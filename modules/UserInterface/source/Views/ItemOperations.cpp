@@ -8,6 +8,7 @@
 #include "CCommandOrderItem.h"
 #include "CCommandPaste.h"
 #include "CCommandUngroupItem.h"
+#include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
@@ -273,12 +274,18 @@ bool ItemOperations::canPaste(const QMimeData *data)
     return data && data->hasFormat(ScreenDocuments::CopiedItemsMime);
 }
 
-Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data)
+Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem)
 {
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data.data(ScreenDocuments::CopiedItemsMime));
     const QDomElement copied = ScreenDocuments::copiedItems(xml);
     if (copied.isNull())
+        return {};
+    CImageImport images(screen.project());
+    const QString error = images.bring(copied);
+    if (problem)
+        *problem = error.isEmpty() ? images.missing() : error;
+    if (!error.isEmpty())
         return {};
     // Ids and place are settled before the command is made: they are no change of the pasted items.
     CScreenModel holding(screen.project());
@@ -287,8 +294,10 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data)
     const int count = holding.rowCount();
     // In the project the items stand one element deeper, below its screen: it must remain one that
     // can be saved.
-    if (count == 0 || depthOf(holding) + 1 > CXmlGuard::MaxDepth)
+    if (count == 0 || depthOf(holding) + 1 > CXmlGuard::MaxDepth) {
+        images.takeBack();
         return {};
+    }
     Items copies;
     for (int row = 0; row < count; ++row)
         copies.append(holding.childItem(row));

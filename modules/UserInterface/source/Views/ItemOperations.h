@@ -32,6 +32,8 @@ Items bringTo(CScreenModel &screen, const Items &items);
 /// The items as clipboard data, owned by the caller; null for no items.
 QMimeData *toMimeData(const Items &items);
 bool canPaste(const QMimeData *data);
-/// The pasted items. They get unused ids, and names that no other item of the screen has.
-Items paste(CScreenModel &screen, const QMimeData &data);
+/// The pasted items. They get unused ids, and names that no other item of the screen has; images
+/// of another project come along. `problem` says why nothing was pasted, or which images are
+/// missing.
+Items paste(CScreenModel &screen, const QMimeData &data, QString *problem = nullptr);
 } // namespace ItemOperations

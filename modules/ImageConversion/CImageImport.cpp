@@ -1,0 +1,172 @@
+#include "CImageImport.h"
+
+#include "CBitmapFormatTable.h"
+#include "CConversionPaths.h"
+#include "CImageFileConverter.h"
+#include "CProjectModel.h"
+#include "ImageNames.h"
+#include "PropertyKey.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QVector>
+
+namespace {
+const QString MediaType = QStringLiteral("Kiv_Media_T");
+
+bool mayBeBrought(const QFileInfo &file)
+{
+    static const QStringList suffixes = {QStringLiteral("raw"), QStringLiteral("json"),
+                                         QStringLiteral("lut"), QStringLiteral("png"),
+                                         QStringLiteral("jpg"), QStringLiteral("jpeg"),
+                                         QStringLiteral("bmp"), QStringLiteral("avi")};
+    return file.isFile() && suffixes.contains(file.suffix().toLower());
+}
+} // namespace
+
+/// What belongs to one image: where it lies, and what its name has behind the base name.
+struct CImageImport::SFiles
+{
+    struct SFile
+    {
+        QString path;
+        QString ending;
+    };
+    QVector<SFile> all;
+    QString sourceEnding; ///< of the one that the others were made of; empty when there is none
+};
+
+CImageImport::CImageImport(const CProjectModel *project) : m_project(project)
+{
+}
+
+QString CImageImport::missing() const
+{
+    return m_missing.isEmpty()
+               ? QString()
+               : tr("These images were not found: %1").arg(m_missing.join(QStringLiteral(", ")));
+}
+
+QString CImageImport::bring(QDomElement root)
+{
+    for (QDomElement item = root.firstChildElement(); !item.isNull() && m_error.isEmpty();
+         item = item.nextSiblingElement()) {
+        settle(item);
+        bring(item);
+    }
+    return m_error;
+}
+
+void CImageImport::settle(QDomElement &item)
+{
+    const QString text = item.attribute(PropertyKey::BitmapFolder);
+    const QString base = item.attribute(PropertyKey::BaseName);
+    if (text.isEmpty())
+        return;
+    const QString folder = m_project->placeText(text);
+    if (QDir::isAbsolutePath(folder) && !m_project->imagePlaces().folders().contains(folder) &&
+        !base.isEmpty()) {
+        bringItem(item, folder, base);
+        return;
+    }
+    item.setAttribute(PropertyKey::BitmapFolder, folder);
+    if (item.hasAttribute(PropertyKey::FileName))
+        item.setAttribute(PropertyKey::FileName,
+                          m_project->placeText(item.attribute(PropertyKey::FileName)));
+}
+
+void CImageImport::bringItem(QDomElement &item, const QString &folder, const QString &base)
+{
+    const SFiles files = filesOf(item, folder, base);
+    if (files.all.isEmpty()) {
+        m_missing.append(QDir::toNativeSeparators(folder + QLatin1Char('/') + base));
+        return;
+    }
+    for (const SFiles::SFile &each : files.all) {
+        if (QFileInfo(each.path).size() > CImageFileConverter::MaxSourceBytes)
+            m_error = tr("%1: the file is too big").arg(QDir::toNativeSeparators(each.path));
+    }
+    const QString suffix = item.attribute(PropertyKey::Suffix, QStringLiteral("png"));
+    const int code = item.tagName() == MediaType
+                         ? CBitmapFormatTable::UnknownCode
+                         : CBitmapFormatTable::code(item.attribute(PropertyKey::Format));
+    const QString root = CImageFileConverter::convertedImagesFolder(*m_project);
+    for (int number = 1; m_error.isEmpty(); ++number) {
+        const QString name = ImageNames::numbered(base, number);
+        const QString target =
+            CConversionPaths(root, name + QLatin1Char('.') + suffix).folder(code);
+        CFileCopies copies;
+        for (const SFiles::SFile &each : files.all)
+            copies.add(each.path, target + QLatin1Char('/') + name + each.ending);
+        if (copies.meetOthers() || !fits(files, target, name))
+            continue;
+        m_error = copies.copy();
+        if (!m_error.isEmpty())
+            break;
+        m_copies.add(copies);
+        item.setAttribute(PropertyKey::BaseName, name);
+        item.setAttribute(PropertyKey::BitmapFolder, m_project->placeText(target));
+        const QString source = target + QLatin1Char('/') + name + files.sourceEnding;
+        if (item.hasAttribute(PropertyKey::FileName))
+            item.setAttribute(PropertyKey::FileName, files.sourceEnding.isEmpty()
+                                                         ? QString()
+                                                         : m_project->placeText(source));
+        return;
+    }
+    m_copies.takeBack();
+}
+
+/// None when what the item shows is not there.
+CImageImport::SFiles CImageImport::filesOf(const QDomElement &item, const QString &folder,
+                                           const QString &base)
+{
+    const QString start = folder + QLatin1Char('/');
+    const QString suffix = item.attribute(PropertyKey::Suffix);
+    const QString format = item.attribute(PropertyKey::Format);
+    const bool isMedia = item.tagName() == MediaType;
+    const bool isAsItIs = isMedia || suffix == QLatin1String("raw");
+    const QString shown = isAsItIs ? start + base + QLatin1Char('.') + suffix
+                                   : start + base + QLatin1Char('_') + format + ".raw";
+    const bool showsNothing = !isAsItIs && format == QLatin1String("None");
+    SFiles files;
+    if (base.contains(QLatin1Char('/')) || !(showsNothing || mayBeBrought(QFileInfo(shown))))
+        return files;
+
+    QString source = isAsItIs ? shown : ImageNames::sourceIn(folder, base);
+    for (const QString &each : ImageNames::filesOf(folder, base)) {
+        if (isMedia ? start + each == shown : mayBeBrought(QFileInfo(start + each)))
+            files.all.append({start + each, each.mid(base.size())});
+    }
+    const QFileInfo original(item.attribute(PropertyKey::FileName));
+    if (source.isEmpty() && original.isAbsolute() && mayBeBrought(original)) {
+        source = original.filePath();
+        files.all.append({source, QLatin1Char('.') + original.suffix()});
+    }
+    for (const SFiles::SFile &each : qAsConst(files.all)) {
+        if (each.path == source)
+            files.sourceEnding = each.ending;
+    }
+    return files;
+}
+
+/// Whether the base name is free there, or belongs to the same image.
+bool CImageImport::fits(const SFiles &files, const QString &folder, const QString &base) const
+{
+    const QStringList there = ImageNames::filesOf(folder, base);
+    if (there.isEmpty())
+        return true;
+    if (!files.sourceEnding.isEmpty() && !there.contains(base + files.sourceEnding))
+        return false;
+    QStringList brought;
+    for (const SFiles::SFile &each : files.all)
+        brought.append(base + each.ending);
+    for (const QString &each : brought) {
+        if (files.sourceEnding.isEmpty() && !there.contains(each))
+            return false; // nobody knows whether it was made of the same image
+    }
+    for (const QString &each : there) {
+        if (!brought.contains(each) && !ImageNames::isOutput(each, base))
+            return false; // another image's source
+    }
+    return true;
+}
