@@ -1651,4 +1651,419 @@ Installierte Version: </translation>
         <translation>Das Dokument hat kein Element %1.</translation>
     </message>
 </context>
+<context>
+    <name>WidgetLibrary</name>
+    <message>
+        <source>A row of keys, their texts separated by commas</source>
+        <translation>Eine Reihe von Tasten, ihre Texte durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>Analogue clock</source>
+        <translation>Uhr mit Zeigern</translation>
+    </message>
+    <message>
+        <source>Arc from a measured to a wanted value, with a knob at the wanted one</source>
+        <translation>Bogen vom gemessenen zum gewünschten Wert, mit einem Knopf am gewünschten</translation>
+    </message>
+    <message>
+        <source>Arc gauge</source>
+        <translation>Bogenanzeige</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Pfeil</translation>
+    </message>
+    <message>
+        <source>Arrow from the first to the second point</source>
+        <translation>Pfeil vom ersten zum zweiten Punkt</translation>
+    </message>
+    <message>
+        <source>Badge</source>
+        <translation>Plakette</translation>
+    </message>
+    <message>
+        <source>Bar chart</source>
+        <translation>Balkendiagramm</translation>
+    </message>
+    <message>
+        <source>Bar that fills, upwards when it is higher than wide</source>
+        <translation>Balken, der sich füllt; nach oben, wenn er höher als breit ist</translation>
+    </message>
+    <message>
+        <source>Bars of a radio signal</source>
+        <translation>Balken eines Funksignals</translation>
+    </message>
+    <message>
+        <source>Basic Shapes</source>
+        <translation>Grundformen</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>Batterie</translation>
+    </message>
+    <message>
+        <source>Battery with its charge; turns to the warning colour when low</source>
+        <translation>Batterie mit Ladestand; nimmt bei niedrigem Stand die Warnfarbe an</translation>
+    </message>
+    <message>
+        <source>Bitmap</source>
+        <translation>Bitmap</translation>
+    </message>
+    <message>
+        <source>Box to tick, with a text</source>
+        <translation>Kästchen zum Ankreuzen, mit einem Text</translation>
+    </message>
+    <message>
+        <source>Button</source>
+        <translation>Schaltfläche</translation>
+    </message>
+    <message>
+        <source>Button whose face is a converted image</source>
+        <translation>Schaltfläche, deren Gesicht ein konvertiertes Bild ist</translation>
+    </message>
+    <message>
+        <source>Button with a text, a symbol or both</source>
+        <translation>Schaltfläche mit Text, Symbol oder beidem</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Checkbox</source>
+        <translation>Kontrollkästchen</translation>
+    </message>
+    <message>
+        <source>Choice among a few options side by side</source>
+        <translation>Auswahl unter wenigen Möglichkeiten nebeneinander</translation>
+    </message>
+    <message>
+        <source>Chosen entry of a list that opens</source>
+        <translation>Gewählter Eintrag einer Liste, die aufklappt</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>Kreis</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Bedienelemente</translation>
+    </message>
+    <message>
+        <source>Converted image in one of the chip&apos;s formats</source>
+        <translation>Konvertiertes Bild in einem der Formate des Chips</translation>
+    </message>
+    <message>
+        <source>Decoration</source>
+        <translation>Dekoration</translation>
+    </message>
+    <message>
+        <source>Dial</source>
+        <translation>Drehknopf</translation>
+    </message>
+    <message>
+        <source>Digital clock</source>
+        <translation>Digitaluhr</translation>
+    </message>
+    <message>
+        <source>Disc sized by its point size, in sixteenths of a pixel</source>
+        <translation>Scheibe, deren Größe die Punktgröße in sechzehntel Pixeln bestimmt</translation>
+    </message>
+    <message>
+        <source>Drop-down</source>
+        <translation>Aufklappliste</translation>
+    </message>
+    <message>
+        <source>Field for a text, with a hint while it is empty</source>
+        <translation>Feld für einen Text, mit einem Hinweis, solange es leer ist</translation>
+    </message>
+    <message>
+        <source>Figures of seven segments, as large as the box allows</source>
+        <translation>Ziffern aus sieben Segmenten, so groß wie der Rahmen erlaubt</translation>
+    </message>
+    <message>
+        <source>Filled rectangle with rounded corners and a border</source>
+        <translation>Gefülltes Rechteck mit runden Ecken und Rand</translation>
+    </message>
+    <message>
+        <source>Filled shape through points; Shift + click adds a point</source>
+        <translation>Gefüllte Form durch Punkte; Umschalt + Klick fügt einen Punkt hinzu</translation>
+    </message>
+    <message>
+        <source>Gauge</source>
+        <translation>Rundinstrument</translation>
+    </message>
+    <message>
+        <source>Gradient</source>
+        <translation>Farbverlauf</translation>
+    </message>
+    <message>
+        <source>Horizontal slider</source>
+        <translation>Waagerechter Schieberegler</translation>
+    </message>
+    <message>
+        <source>Image button</source>
+        <translation>Bildschaltfläche</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Indicators</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Key row</source>
+        <translation>Tastenreihe</translation>
+    </message>
+    <message>
+        <source>Keypad</source>
+        <translation>Tastenfeld</translation>
+    </message>
+    <message>
+        <source>Knob to turn, with its value around it</source>
+        <translation>Knopf zum Drehen, mit seinem Wert ringsum</translation>
+    </message>
+    <message>
+        <source>LED</source>
+        <translation>LED</translation>
+    </message>
+    <message>
+        <source>Level in segments; the last ones warn</source>
+        <translation>Pegel in Segmenten; die letzten warnen</translation>
+    </message>
+    <message>
+        <source>Level meter</source>
+        <translation>Pegelanzeige</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Line between two points</source>
+        <translation>Linie zwischen zwei Punkten</translation>
+    </message>
+    <message>
+        <source>Line chart</source>
+        <translation>Liniendiagramm</translation>
+    </message>
+    <message>
+        <source>Line drawing from a fixed set</source>
+        <translation>Strichzeichnung aus einem festen Satz</translation>
+    </message>
+    <message>
+        <source>Line through points; Shift + click adds a point</source>
+        <translation>Linie durch Punkte; Umschalt + Klick fügt einen Punkt hinzu</translation>
+    </message>
+    <message>
+        <source>Line through the values of a list</source>
+        <translation>Linie durch die Werte einer Liste</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>Medien</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>Number with a fixed count of decimals and a unit</source>
+        <translation>Zahl mit fester Anzahl von Nachkommastellen und einer Einheit</translation>
+    </message>
+    <message>
+        <source>One bar for each value of a list</source>
+        <translation>Ein Balken für jeden Wert einer Liste</translation>
+    </message>
+    <message>
+        <source>One choice of several, with a text</source>
+        <translation>Eine von mehreren Möglichkeiten, mit einem Text</translation>
+    </message>
+    <message>
+        <source>One line of text, cut with an ellipsis when it is too long</source>
+        <translation>Eine Zeile Text, bei Überlänge mit Auslassungspunkten gekürzt</translation>
+    </message>
+    <message>
+        <source>Page dots</source>
+        <translation>Seitenpunkte</translation>
+    </message>
+    <message>
+        <source>Panel that holds other widgets, with a title and a symbol</source>
+        <translation>Fläche für andere Widgets, mit Titel und Symbol</translation>
+    </message>
+    <message>
+        <source>Paragraph</source>
+        <translation>Absatz</translation>
+    </message>
+    <message>
+        <source>Photo or film that the chip decodes itself (JPEG, PNG, AVI)</source>
+        <translation>Foto oder Film, den der Chip selbst dekodiert (JPEG, PNG, AVI)</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>Polygon</translation>
+    </message>
+    <message>
+        <source>Polyline</source>
+        <translation>Linienzug</translation>
+    </message>
+    <message>
+        <source>Progress bar</source>
+        <translation>Fortschrittsbalken</translation>
+    </message>
+    <message>
+        <source>Radio button</source>
+        <translation>Optionsfeld</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Rectangle filled from one colour to another</source>
+        <translation>Rechteck, gefüllt von einer Farbe zur anderen</translation>
+    </message>
+    <message>
+        <source>Ring</source>
+        <translation>Ring</translation>
+    </message>
+    <message>
+        <source>Ring or arc around a centre; the angle turns its start</source>
+        <translation>Ring oder Bogen um einen Mittelpunkt; der Winkel dreht seinen Anfang</translation>
+    </message>
+    <message>
+        <source>Round gauge with ticks, figures and a needle</source>
+        <translation>Rundinstrument mit Teilstrichen, Ziffern und Zeiger</translation>
+    </message>
+    <message>
+        <source>Rows of a text and its detail: commas separate the two, semicolons rows</source>
+        <translation>Zeilen aus Text und Angabe: Kommas trennen die beiden, Semikolons die Zeilen</translation>
+    </message>
+    <message>
+        <source>Rows of keys: commas separate keys, semicolons rows</source>
+        <translation>Reihen von Tasten: Kommas trennen Tasten, Semikolons Reihen</translation>
+    </message>
+    <message>
+        <source>Scroll bar</source>
+        <translation>Bildlaufleiste</translation>
+    </message>
+    <message>
+        <source>Scroll bar, upright when it is higher than wide</source>
+        <translation>Bildlaufleiste; senkrecht, wenn sie höher als breit ist</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>Segmente</translation>
+    </message>
+    <message>
+        <source>Separator</source>
+        <translation>Trennlinie</translation>
+    </message>
+    <message>
+        <source>Seven segments</source>
+        <translation>Siebensegmentanzeige</translation>
+    </message>
+    <message>
+        <source>Short status on a pill</source>
+        <translation>Kurzer Zustand auf einer Plakette</translation>
+    </message>
+    <message>
+        <source>Signal lamp, sized by its point size in sixteenths of a pixel</source>
+        <translation>Signallampe, deren Größe die Punktgröße in sechzehntel Pixeln bestimmt</translation>
+    </message>
+    <message>
+        <source>Signal strength</source>
+        <translation>Signalstärke</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>Schieberegler</translation>
+    </message>
+    <message>
+        <source>Spinner</source>
+        <translation>Wartekreis</translation>
+    </message>
+    <message>
+        <source>Stepper</source>
+        <translation>Schrittschalter</translation>
+    </message>
+    <message>
+        <source>Switch whose height follows its font</source>
+        <translation>Schalter, dessen Höhe der Schrift folgt</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>Tabelle</translation>
+    </message>
+    <message>
+        <source>Table with a head row: commas separate columns, semicolons rows</source>
+        <translation>Tabelle mit Kopfzeile: Kommas trennen Spalten, Semikolons Zeilen</translation>
+    </message>
+    <message>
+        <source>Target dial</source>
+        <translation>Sollwertbogen</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Text field</source>
+        <translation>Textfeld</translation>
+    </message>
+    <message>
+        <source>Text that breaks into lines</source>
+        <translation>Text, der in Zeilen umbricht</translation>
+    </message>
+    <message>
+        <source>Thin line, upright when it is higher than wide</source>
+        <translation>Dünne Linie; senkrecht, wenn sie höher als breit ist</translation>
+    </message>
+    <message>
+        <source>Time of day in figures</source>
+        <translation>Uhrzeit in Ziffern</translation>
+    </message>
+    <message>
+        <source>Toggle</source>
+        <translation>Umschalter</translation>
+    </message>
+    <message>
+        <source>Turning arc while something is under way; the angle is its phase</source>
+        <translation>Drehender Bogen, während etwas im Gange ist; der Winkel ist seine Phase</translation>
+    </message>
+    <message>
+        <source>Value as an arc, with its figure in the middle</source>
+        <translation>Wert als Bogen, mit der Ziffer in der Mitte</translation>
+    </message>
+    <message>
+        <source>Value between a minus and a plus key</source>
+        <translation>Wert zwischen einer Minus- und einer Plustaste</translation>
+    </message>
+    <message>
+        <source>Vertical slider</source>
+        <translation>Senkrechter Schieberegler</translation>
+    </message>
+    <message>
+        <source>Vertical slider, largest value on top</source>
+        <translation>Senkrechter Schieberegler, größter Wert oben</translation>
+    </message>
+    <message>
+        <source>Which page of several is shown</source>
+        <translation>Welche von mehreren Seiten gezeigt wird</translation>
+    </message>
+</context>
 </TS>

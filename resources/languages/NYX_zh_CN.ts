@@ -1651,4 +1651,419 @@ Installed version: </source>
         <translation>文档没有元素 %1。</translation>
     </message>
 </context>
+<context>
+    <name>WidgetLibrary</name>
+    <message>
+        <source>A row of keys, their texts separated by commas</source>
+        <translation>一排按键，文字以逗号分隔</translation>
+    </message>
+    <message>
+        <source>Analogue clock</source>
+        <translation>指针时钟</translation>
+    </message>
+    <message>
+        <source>Arc from a measured to a wanted value, with a knob at the wanted one</source>
+        <translation>从测量值到目标值的圆弧，目标值处有旋钮</translation>
+    </message>
+    <message>
+        <source>Arc gauge</source>
+        <translation>弧形仪表</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>箭头</translation>
+    </message>
+    <message>
+        <source>Arrow from the first to the second point</source>
+        <translation>从第一点指向第二点的箭头</translation>
+    </message>
+    <message>
+        <source>Badge</source>
+        <translation>徽标</translation>
+    </message>
+    <message>
+        <source>Bar chart</source>
+        <translation>柱状图</translation>
+    </message>
+    <message>
+        <source>Bar that fills, upwards when it is higher than wide</source>
+        <translation>逐渐填满的条；高大于宽时向上填充</translation>
+    </message>
+    <message>
+        <source>Bars of a radio signal</source>
+        <translation>无线信号强度条</translation>
+    </message>
+    <message>
+        <source>Basic Shapes</source>
+        <translation>基本形状</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>电池</translation>
+    </message>
+    <message>
+        <source>Battery with its charge; turns to the warning colour when low</source>
+        <translation>显示电量的电池；电量低时变为警告色</translation>
+    </message>
+    <message>
+        <source>Bitmap</source>
+        <translation>位图</translation>
+    </message>
+    <message>
+        <source>Box to tick, with a text</source>
+        <translation>带文字的勾选框</translation>
+    </message>
+    <message>
+        <source>Button</source>
+        <translation>按钮</translation>
+    </message>
+    <message>
+        <source>Button whose face is a converted image</source>
+        <translation>以转换后的图像为外观的按钮</translation>
+    </message>
+    <message>
+        <source>Button with a text, a symbol or both</source>
+        <translation>带文字、符号或两者的按钮</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>卡片</translation>
+    </message>
+    <message>
+        <source>Checkbox</source>
+        <translation>复选框</translation>
+    </message>
+    <message>
+        <source>Choice among a few options side by side</source>
+        <translation>在并排的几个选项中选择</translation>
+    </message>
+    <message>
+        <source>Chosen entry of a list that opens</source>
+        <translation>展开列表中选定的条目</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>圆</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>控件</translation>
+    </message>
+    <message>
+        <source>Converted image in one of the chip&apos;s formats</source>
+        <translation>转换为芯片格式之一的图像</translation>
+    </message>
+    <message>
+        <source>Decoration</source>
+        <translation>装饰</translation>
+    </message>
+    <message>
+        <source>Dial</source>
+        <translation>旋钮</translation>
+    </message>
+    <message>
+        <source>Digital clock</source>
+        <translation>数字时钟</translation>
+    </message>
+    <message>
+        <source>Disc sized by its point size, in sixteenths of a pixel</source>
+        <translation>圆盘，大小由点大小决定（单位为十六分之一像素）</translation>
+    </message>
+    <message>
+        <source>Drop-down</source>
+        <translation>下拉列表</translation>
+    </message>
+    <message>
+        <source>Field for a text, with a hint while it is empty</source>
+        <translation>文本输入框，为空时显示提示</translation>
+    </message>
+    <message>
+        <source>Figures of seven segments, as large as the box allows</source>
+        <translation>七段数码，大小随边框而定</translation>
+    </message>
+    <message>
+        <source>Filled rectangle with rounded corners and a border</source>
+        <translation>带圆角和边框的填充矩形</translation>
+    </message>
+    <message>
+        <source>Filled shape through points; Shift + click adds a point</source>
+        <translation>经过各点的填充形状；Shift + 单击添加一点</translation>
+    </message>
+    <message>
+        <source>Gauge</source>
+        <translation>仪表盘</translation>
+    </message>
+    <message>
+        <source>Gradient</source>
+        <translation>渐变</translation>
+    </message>
+    <message>
+        <source>Horizontal slider</source>
+        <translation>水平滑块</translation>
+    </message>
+    <message>
+        <source>Image button</source>
+        <translation>图像按钮</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>Indicators</source>
+        <translation>指示器</translation>
+    </message>
+    <message>
+        <source>Key row</source>
+        <translation>按键行</translation>
+    </message>
+    <message>
+        <source>Keypad</source>
+        <translation>键盘</translation>
+    </message>
+    <message>
+        <source>Knob to turn, with its value around it</source>
+        <translation>可旋转的旋钮，数值环绕四周</translation>
+    </message>
+    <message>
+        <source>LED</source>
+        <translation>LED</translation>
+    </message>
+    <message>
+        <source>Level in segments; the last ones warn</source>
+        <translation>分段的电平；最后几段为警告</translation>
+    </message>
+    <message>
+        <source>Level meter</source>
+        <translation>电平表</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>Line between two points</source>
+        <translation>两点之间的直线</translation>
+    </message>
+    <message>
+        <source>Line chart</source>
+        <translation>折线图</translation>
+    </message>
+    <message>
+        <source>Line drawing from a fixed set</source>
+        <translation>固定集合中的线条图形</translation>
+    </message>
+    <message>
+        <source>Line through points; Shift + click adds a point</source>
+        <translation>经过各点的线；Shift + 单击添加一点</translation>
+    </message>
+    <message>
+        <source>Line through the values of a list</source>
+        <translation>经过列表各数值的线</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Media</source>
+        <translation>媒体</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>Number with a fixed count of decimals and a unit</source>
+        <translation>小数位数固定并带单位的数字</translation>
+    </message>
+    <message>
+        <source>One bar for each value of a list</source>
+        <translation>列表中每个数值一根柱</translation>
+    </message>
+    <message>
+        <source>One choice of several, with a text</source>
+        <translation>多选一，带文字</translation>
+    </message>
+    <message>
+        <source>One line of text, cut with an ellipsis when it is too long</source>
+        <translation>单行文字，过长时以省略号截断</translation>
+    </message>
+    <message>
+        <source>Page dots</source>
+        <translation>页面圆点</translation>
+    </message>
+    <message>
+        <source>Panel that holds other widgets, with a title and a symbol</source>
+        <translation>容纳其他部件的面板，带标题和符号</translation>
+    </message>
+    <message>
+        <source>Paragraph</source>
+        <translation>段落</translation>
+    </message>
+    <message>
+        <source>Photo or film that the chip decodes itself (JPEG, PNG, AVI)</source>
+        <translation>由芯片自行解码的照片或影片（JPEG、PNG、AVI）</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>多边形</translation>
+    </message>
+    <message>
+        <source>Polyline</source>
+        <translation>折线</translation>
+    </message>
+    <message>
+        <source>Progress bar</source>
+        <translation>进度条</translation>
+    </message>
+    <message>
+        <source>Radio button</source>
+        <translation>单选按钮</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Rectangle filled from one colour to another</source>
+        <translation>由一种颜色过渡到另一种颜色的矩形</translation>
+    </message>
+    <message>
+        <source>Ring</source>
+        <translation>圆环</translation>
+    </message>
+    <message>
+        <source>Ring or arc around a centre; the angle turns its start</source>
+        <translation>围绕中心的圆环或圆弧；角度决定其起点</translation>
+    </message>
+    <message>
+        <source>Round gauge with ticks, figures and a needle</source>
+        <translation>带刻度、数字和指针的圆形仪表</translation>
+    </message>
+    <message>
+        <source>Rows of a text and its detail: commas separate the two, semicolons rows</source>
+        <translation>由文字及其说明组成的行：逗号分隔两者，分号分隔各行</translation>
+    </message>
+    <message>
+        <source>Rows of keys: commas separate keys, semicolons rows</source>
+        <translation>多排按键：逗号分隔按键，分号分隔各排</translation>
+    </message>
+    <message>
+        <source>Scroll bar</source>
+        <translation>滚动条</translation>
+    </message>
+    <message>
+        <source>Scroll bar, upright when it is higher than wide</source>
+        <translation>滚动条；高大于宽时为竖直</translation>
+    </message>
+    <message>
+        <source>Segments</source>
+        <translation>分段选择</translation>
+    </message>
+    <message>
+        <source>Separator</source>
+        <translation>分隔线</translation>
+    </message>
+    <message>
+        <source>Seven segments</source>
+        <translation>七段数码</translation>
+    </message>
+    <message>
+        <source>Short status on a pill</source>
+        <translation>胶囊形的简短状态</translation>
+    </message>
+    <message>
+        <source>Signal lamp, sized by its point size in sixteenths of a pixel</source>
+        <translation>信号灯，大小由点大小决定（单位为十六分之一像素）</translation>
+    </message>
+    <message>
+        <source>Signal strength</source>
+        <translation>信号强度</translation>
+    </message>
+    <message>
+        <source>Slider</source>
+        <translation>滑块</translation>
+    </message>
+    <message>
+        <source>Spinner</source>
+        <translation>等待圈</translation>
+    </message>
+    <message>
+        <source>Stepper</source>
+        <translation>步进器</translation>
+    </message>
+    <message>
+        <source>Switch whose height follows its font</source>
+        <translation>高度随字体变化的开关</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>符号</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>表格</translation>
+    </message>
+    <message>
+        <source>Table with a head row: commas separate columns, semicolons rows</source>
+        <translation>带表头的表格：逗号分隔列，分号分隔行</translation>
+    </message>
+    <message>
+        <source>Target dial</source>
+        <translation>目标刻度盘</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Text field</source>
+        <translation>文本框</translation>
+    </message>
+    <message>
+        <source>Text that breaks into lines</source>
+        <translation>自动换行的文字</translation>
+    </message>
+    <message>
+        <source>Thin line, upright when it is higher than wide</source>
+        <translation>细线；高大于宽时为竖直</translation>
+    </message>
+    <message>
+        <source>Time of day in figures</source>
+        <translation>以数字显示的时间</translation>
+    </message>
+    <message>
+        <source>Toggle</source>
+        <translation>切换开关</translation>
+    </message>
+    <message>
+        <source>Turning arc while something is under way; the angle is its phase</source>
+        <translation>进行中时旋转的圆弧；角度为其相位</translation>
+    </message>
+    <message>
+        <source>Value as an arc, with its figure in the middle</source>
+        <translation>以圆弧表示的数值，中间为数字</translation>
+    </message>
+    <message>
+        <source>Value between a minus and a plus key</source>
+        <translation>位于减号键与加号键之间的数值</translation>
+    </message>
+    <message>
+        <source>Vertical slider</source>
+        <translation>垂直滑块</translation>
+    </message>
+    <message>
+        <source>Vertical slider, largest value on top</source>
+        <translation>垂直滑块，最大值在上</translation>
+    </message>
+    <message>
+        <source>Which page of several is shown</source>
+        <translation>显示多页中的哪一页</translation>
+    </message>
+</context>
 </TS>

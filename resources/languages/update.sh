@@ -1,9 +1,18 @@
 #!/usr/bin/env bash
 # Takes new and changed texts of the sources over into the .ts files; what is no longer used goes.
 #   resources/languages/update.sh [FOLDER]     into the files of another folder
+# The texts of the widget library are taken as if they stood in a source file: groups, names and
+# tool tips, which stand in one line of it each.
 set -eu -o pipefail
 cd "$(dirname "$0")/../.."
 folder=${1:-resources/languages}
-find modules app -name '*.cpp' -o -name '*.h' | grep -v /tests/ | LC_ALL=C sort >"$folder/sources.lst"
-trap 'rm -f "$folder/sources.lst"' EXIT
+trap 'rm -f "$folder/sources.lst" "$folder/library.cpp"' EXIT
+sed -nE 's/.*<(toolboxgroup|widget) .*name="([^"]*)".*/\2/p; s/.*<tooltip>(.*)<\/tooltip>.*/\1/p' \
+  resources/widget-library.xml | LC_ALL=C sort -u |
+  sed -E 's/&lt;/</g; s/&gt;/>/g; s/&quot;/\\"/g; s/&amp;/\&/g; s/.*/QT_TRANSLATE_NOOP("WidgetLibrary", "&")/' \
+    >"$folder/library.cpp"
+{
+  find modules app -name '*.cpp' -o -name '*.h' | grep -v /tests/ | LC_ALL=C sort
+  echo "$folder/library.cpp"
+} >"$folder/sources.lst"
 lupdate -silent -no-obsolete -locations none "@$folder/sources.lst" -ts "$folder"/NYX_{de,zh_CN}.ts

@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
@@ -94,6 +95,10 @@ QStringList textsOn(const QObject *object)
         texts << tree->headerItem()->text(0) << tree->headerItem()->text(1);
         for (int i = 0; i < tree->topLevelItemCount(); ++i)
             texts << tree->topLevelItem(i)->text(0);
+    }
+    if (const auto *list = qobject_cast<const QListWidget *>(object)) { // the palette
+        for (int i = 0; i < list->count(); ++i)
+            texts << list->item(i)->text() << list->item(i)->toolTip();
     }
     if (const auto *box = qobject_cast<const QComboBox *>(object)) {
         for (int i = 0; i < box->count(); ++i)

@@ -4,8 +4,10 @@
 #include "CWidgetLibraryManager.h"
 #include "CWidgetLibraryModel.h"
 
+#include <QCoreApplication>
 #include <QDataStream>
 #include <QDrag>
+#include <QEvent>
 #include <QMimeData>
 #include <QPainter>
 
@@ -15,9 +17,18 @@ namespace {
 
 constexpr int HeaderHeight = 20;
 constexpr int HeaderMargin = 30; ///< left free beside a header, so that it never wraps the view
-constexpr int GroupRole = Qt::UserRole + 1;
+// As the library has them, untranslated:
+constexpr int NameRole = Qt::UserRole + 1;
+constexpr int TipRole = Qt::UserRole + 2;
+constexpr int GroupRole = Qt::UserRole + 3;
 constexpr quint32 FirstChipCode = 0x100;
 const QSize EntryIconSize(64, 64);
+
+/// A text of the library, which the user may have extended: one without a translation stays.
+QString translated(const QVariant &text)
+{
+    return QCoreApplication::translate("WidgetLibrary", text.toString().toUtf8().constData());
+}
 
 bool isHeader(const QListWidgetItem *item)
 {
@@ -59,11 +70,30 @@ void CWidgetSelectionView::setToolbox(const CToolboxModel *toolbox,
         for (int row = 0; row < toolbox->rowCount(groupRow); ++row)
             addEntry(toolbox->index(row, 0, groupRow), library, caption);
     }
+    retranslate();
+}
+
+void CWidgetSelectionView::retranslate()
+{
+    for (int row = 0; row < count(); ++row) {
+        item(row)->setText(translated(item(row)->data(NameRole)));
+        const QVariant tip = item(row)->data(TipRole);
+        if (!tip.toString().isEmpty())
+            item(row)->setToolTip(translated(tip));
+    }
+}
+
+void CWidgetSelectionView::changeEvent(QEvent *event)
+{
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
 }
 
 void CWidgetSelectionView::addHeader(const QString &text)
 {
-    auto *header = new QListWidgetItem(text, this);
+    auto *header = new QListWidgetItem(this);
+    header->setData(NameRole, text);
     header->setFlags(Qt::NoItemFlags);
     header->setSizeHint(QSize(width() - HeaderMargin, HeaderHeight));
     QFont bold = font();
@@ -76,13 +106,14 @@ void CWidgetSelectionView::addEntry(const QModelIndex &row, const CWidgetLibrary
                                     const QString &group)
 {
     const QString type = row.data(CToolboxModel::TypeRole).toString();
-    auto *entry = new QListWidgetItem(row.data(Qt::DecorationRole).value<QIcon>(),
-                                      row.data().toString(), this);
+    auto *entry = new QListWidgetItem(this);
+    entry->setIcon(row.data(Qt::DecorationRole).value<QIcon>());
+    entry->setData(NameRole, row.data());
     entry->setData(TypeRole, type);
     entry->setData(GroupRole, group);
     entry->setFlags(Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsEnabled);
     if (library)
-        entry->setToolTip(library->tooltip(type));
+        entry->setData(TipRole, library->tooltip(type));
 }
 
 void CWidgetSelectionView::setFilter(const QString &text)
@@ -97,9 +128,10 @@ void CWidgetSelectionView::setFilter(const QString &text)
             header->setHidden(true); // until an entry of its group is shown
             continue;
         }
-        const QString searched = each->text() + QLatin1Char(' ') + each->data(TypeRole).toString() +
-                                 QLatin1Char(' ') + each->data(GroupRole).toString() +
-                                 QLatin1Char(' ') + each->toolTip();
+        QStringList texts = {each->data(TypeRole).toString()};
+        for (const int role : {NameRole, GroupRole, TipRole})
+            texts << each->data(role).toString() << translated(each->data(role));
+        const QString searched = texts.join(QLatin1Char(' '));
         const bool isShown =
             std::all_of(words.begin(), words.end(), [&searched](const QString &word) {
                 return searched.contains(word, Qt::CaseInsensitive);

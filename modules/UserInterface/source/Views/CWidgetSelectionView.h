@@ -21,7 +21,8 @@ public:
     void setToolbox(const CToolboxModel *toolbox, const CWidgetLibraryModel *library);
     /// The same with the toolbox and library of the first platform, which serve all platforms.
     void setToolbox(const CToolboxModel *toolbox);
-    /// Shows only entries that have all words of the text in their name, type or group.
+    /// Shows only entries that have all words of the text in their name, type, group or tool tip,
+    /// as these read in the library or in the language in force.
     void setFilter(const QString &text);
 
     /// What a drag of the current entry carries; null when it is not one. Owned by the caller.
@@ -38,9 +39,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
+    void changeEvent(QEvent *event) override;
     QSize viewportSizeHint() const override;
 
 private:
+    void retranslate();
     void addHeader(const QString &text);
     void addEntry(const QModelIndex &row, const CWidgetLibraryModel *library, const QString &group);
 
