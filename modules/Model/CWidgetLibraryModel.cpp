@@ -31,6 +31,7 @@ CWidgetProperty readProperty(const QDomElement &element, quint32 chipCode)
     property.setHidden(flagOf(element, QStringLiteral("hidden"), chipCode));
     property.setReadOnly(flagOf(element, QStringLiteral("readonly"), chipCode));
     property.setInternal(flagOf(element, QStringLiteral("internal"), chipCode));
+    property.setMultiLine(flagOf(element, QStringLiteral("multiline"), chipCode));
     if (property.propertyType() == PropertyType::Enum)
         property.setEnumerationEntries(PlatformFilter::enumerationEntries(type, chipCode));
     return property;

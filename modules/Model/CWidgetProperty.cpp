@@ -18,6 +18,7 @@ struct CWidgetProperty::Definition : QSharedData
     bool hidden = false;
     bool readOnly = false;
     bool internal = false;
+    bool multiLine = false;
 };
 
 namespace {
@@ -217,6 +218,16 @@ bool CWidgetProperty::isReadOnly() const
 bool CWidgetProperty::isInternal() const
 {
     return m_definition->internal;
+}
+
+bool CWidgetProperty::isMultiLine() const
+{
+    return m_definition->multiLine;
+}
+
+void CWidgetProperty::setMultiLine(bool multiLine)
+{
+    m_definition->multiLine = multiLine;
 }
 
 void CWidgetProperty::setHidden(bool hidden)

@@ -59,9 +59,11 @@ public:
     bool isReadOnly() const; ///< shown, not edited
     bool
     isInternal() const; ///< of the program, not of the user; not saved with widgets and screens
+    bool isMultiLine() const; ///< a text that may have line ends
     void setHidden(bool hidden);
     void setReadOnly(bool readOnly);
     void setInternal(bool internal);
+    void setMultiLine(bool multiLine);
     const QStringList &enumerationEntries() const;
     /// Limits, flags and entries of another property of the same name and type; of any other, none.
     void takeDefinition(const CWidgetProperty &other);

@@ -2,7 +2,7 @@
 
 #include <QDoubleSpinBox>
 
-/// A spin box for real numbers that shows no idle zeros.
+/// A spin box for real numbers that shows no idle zeros and rounds what is typed.
 class CNumberSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -12,4 +12,6 @@ public:
 
 protected:
     QString textFromValue(double value) const override;
+    double valueFromText(const QString &text) const override;
+    QValidator::State validate(QString &text, int &position) const override;
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QWidget>
 
 CPendingEdit::CPendingEdit(QWidget *editor, std::function<void()> commit,
@@ -26,9 +27,15 @@ void CPendingEdit::touch()
     m_rest.start();
 }
 
+void CPendingEdit::change()
+{
+    m_isPending = true;
+}
+
 void CPendingEdit::commit()
 {
     m_rest.stop();
+    m_hasSteps = false;
     if (!m_isPending)
         return;
     m_isPending = false;
@@ -43,19 +50,52 @@ void CPendingEdit::discard()
 
 void CPendingEdit::commitWhenAtRest()
 {
-    if (m_isKeyHeld || QApplication::mouseButtons() != Qt::NoButton)
+    if (m_isKeyHeld || QApplication::mouseButtons() != Qt::NoButton) {
         m_rest.start();
-    else
-        commit();
+        return;
+    }
+    const QPointer<CPendingEdit> self(this); // a commit may end the editor
+    Q_EMIT stepping(!m_hasSteps);
+    commit();
+    if (!self)
+        return;
+    m_hasSteps = true;
+    Q_EMIT stepped();
 }
 
 bool CPendingEdit::leavesToWindow(const QKeyEvent &shortcut) const
 {
+    if (const auto *text = qobject_cast<const QPlainTextEdit *>(m_editor))
+        return (shortcut.matches(QKeySequence::Undo) && !text->document()->isUndoAvailable()) ||
+               (shortcut.matches(QKeySequence::Redo) && !text->document()->isRedoAvailable());
     const auto *line = qobject_cast<const QLineEdit *>(m_editor);
     if (!line)
         line = m_editor->findChild<const QLineEdit *>();
     return (shortcut.matches(QKeySequence::Undo) && !(line && line->isUndoAvailable())) ||
            (shortcut.matches(QKeySequence::Redo) && !(line && line->isRedoAvailable()));
+}
+
+/// True when the editor is not to see it.
+bool CPendingEdit::pressKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Escape:
+        discard();
+        if (m_hasSteps) {
+            m_hasSteps = false;
+            Q_EMIT takenBack();
+        }
+        m_revert();
+        return false;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        m_isKeyHeld = false;
+        Q_EMIT left(key == Qt::Key_Tab);
+        return true;
+    default:
+        m_isKeyHeld = true;
+        return false;
+    }
 }
 
 bool CPendingEdit::eventFilter(QObject *, QEvent *event)
@@ -72,12 +112,7 @@ bool CPendingEdit::eventFilter(QObject *, QEvent *event)
         m_editor->installEventFilter(this);
         break;
     case QEvent::KeyPress:
-        m_isKeyHeld = true;
-        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
-            discard();
-            m_revert();
-        }
-        break;
+        return pressKey(static_cast<QKeyEvent *>(event)->key());
     case QEvent::KeyRelease:
         if (!static_cast<QKeyEvent *>(event)->isAutoRepeat())
             m_isKeyHeld = false;

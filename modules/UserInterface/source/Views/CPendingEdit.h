@@ -11,7 +11,7 @@ class QWidget;
 
 /// An edit that is under way in one editor, so that it becomes one change: stepping a spin box,
 /// turning the wheel or holding a key commits once, after a short rest or when the editor loses
-/// the focus. Escape takes the edit back. Undo and Redo are the project's unless there is typed
+/// the focus. Escape takes the edit back, also the steps that were committed at a rest. Undo and Redo are the project's unless there is typed
 /// text to take back. Lives as a child of its editor.
 class CPendingEdit : public QObject
 {
@@ -24,8 +24,16 @@ public:
     CPendingEdit(QWidget *editor, std::function<void()> commit, std::function<void()> revert);
 
     void touch(); ///< the value has changed and may change again soon
+    void change(); ///< the value has changed; it is committed when the editor is left
     void commit();
     void discard();
+
+Q_SIGNALS:
+    /// Around the commit of a step; `isFirst`: since the last commit that was wanted.
+    void stepping(bool isFirst);
+    void stepped();
+    void takenBack();        ///< by Escape, after steps
+    void left(bool forward); ///< by Tab
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -33,6 +41,7 @@ protected:
 private:
     void commitWhenAtRest();
     bool leavesToWindow(const QKeyEvent &shortcut) const;
+    bool pressKey(int key);
 
     QWidget *const m_editor; ///< the parent
     const std::function<void()> m_commit;
@@ -40,4 +49,5 @@ private:
     QTimer m_rest;
     bool m_isPending = false;
     bool m_isKeyHeld = false;
+    bool m_hasSteps = false; ///< committed at a rest
 };

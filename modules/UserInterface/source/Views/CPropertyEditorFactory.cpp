@@ -2,15 +2,17 @@
 
 #include "CNumberSpinBox.h"
 #include "CPendingEdit.h"
+#include "CTextBox.h"
 #include "CThemeIcons.h"
+#include "CTimeEdit.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
-#include <QTimeEdit>
 #include <QtVariantPropertyManager>
 
 namespace {
@@ -82,6 +84,20 @@ void CPropertyEditorFactory::setFileRow(QtProperty *property)
     m_fileRow = property;
 }
 
+void CPropertyEditorFactory::setMultiLine(QtProperty *property)
+{
+    m_multiLineRows.insert(property);
+}
+
+void CPropertyEditorFactory::use(QtProperty *property)
+{
+    QWidget *editor = m_editors.value(property).widget;
+    if (auto *box = qobject_cast<QCheckBox *>(editor))
+        box->click();
+    else if (auto *list = qobject_cast<QComboBox *>(editor))
+        list->showPopup();
+}
+
 void CPropertyEditorFactory::refresh(QtProperty *property)
 {
     const auto editor = m_editors.constFind(property);
@@ -98,6 +114,7 @@ void CPropertyEditorFactory::forget(QtProperty *property)
     const SEditor editor = m_editors.take(property);
     if (editor.pending)
         delete editor.pending;
+    m_multiLineRows.remove(property);
     if (m_fileRow == property)
         m_fileRow = nullptr;
 }
@@ -115,6 +132,10 @@ CPendingEdit *CPropertyEditorFactory::follow(QtVariantPropertyManager *manager,
     auto *pending = new CPendingEdit(
         widget, [manager, property, value] { manager->setValue(property, value()); }, show);
     m_editors.insert(property, {widget, pending, showValue});
+    connect(pending, &CPendingEdit::stepping, this, &CPropertyEditorFactory::stepping);
+    connect(pending, &CPendingEdit::stepped, this, &CPropertyEditorFactory::stepped);
+    connect(pending, &CPendingEdit::takenBack, this, &CPropertyEditorFactory::stepsTakenBack);
+    connect(pending, &CPendingEdit::left, this, &CPropertyEditorFactory::nextWanted);
     return pending;
 }
 
@@ -127,7 +148,10 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
     case QVariant::Double:
         return makeNumberBox(manager, property, parent);
     case QVariant::String:
-        return makeLineEdit(manager, property, parent);
+        return m_multiLineRows.contains(property) ? makeTextBox(manager, property, parent)
+                                                  : makeLineEdit(manager, property, parent);
+    case QVariant::Bool:
+        return makeCheckBox(manager, property, parent);
     case QVariant::Color:
         return makeColourEdit(manager, property, parent);
     case QVariant::Time:
@@ -202,6 +226,40 @@ QWidget *CPropertyEditorFactory::makeLineEdit(QtVariantPropertyManager *manager,
     return line;
 }
 
+QWidget *CPropertyEditorFactory::makeTextBox(QtVariantPropertyManager *manager,
+                                             QtProperty *property, QWidget *parent)
+{
+    auto *box = new CTextBox(parent);
+    box->setReadOnly(attribute(manager, property, "readOnly").toBool());
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->toPlainText(); },
+        [manager, property, box] {
+            if (box->toPlainText() != manager->value(property).toString())
+                box->setPlainText(manager->value(property).toString());
+        });
+    connect(box, &QPlainTextEdit::textChanged, pending, &CPendingEdit::change);
+    connect(box, &CTextBox::confirmed, pending, &CPendingEdit::commit);
+    return box;
+}
+
+/// A switch is turned over at once.
+QWidget *CPropertyEditorFactory::makeCheckBox(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    auto *box = new QCheckBox(parent);
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->isChecked(); },
+        [manager, property, box] {
+            box->setChecked(manager->value(property).toBool());
+            box->setText(property->valueText());
+        });
+    connect(box, &QCheckBox::toggled, pending, [pending] {
+        pending->touch();
+        pending->commit();
+    });
+    return box;
+}
+
 /// A colour is typed as its name, or chosen in a dialog.
 QWidget *CPropertyEditorFactory::makeColourEdit(QtVariantPropertyManager *manager,
                                                 QtProperty *property, QWidget *parent)
@@ -246,8 +304,7 @@ void CPropertyEditorFactory::chooseColour(QtVariantPropertyManager *manager, QtP
 QWidget *CPropertyEditorFactory::makeTimeEdit(QtVariantPropertyManager *manager,
                                               QtProperty *property, QWidget *parent)
 {
-    auto *edit = new QTimeEdit(parent);
-    edit->setDisplayFormat(QStringLiteral("HH:mm:ss"));
+    auto *edit = new CTimeEdit(parent);
     edit->setKeyboardTracking(false);
     CPendingEdit *pending = follow(
         manager, property, edit, [edit] { return edit->time(); },

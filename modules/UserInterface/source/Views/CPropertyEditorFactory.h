@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QSet>
 #include <QWidget>
 #include <QtVariantEditorFactory>
 
@@ -23,9 +24,18 @@ public:
     void discardPending();
     /// Rows that get a button for choosing a file.
     void setFileRow(QtProperty *property);
+    /// Rows whose text may have line ends.
+    void setMultiLine(QtProperty *property);
+    /// A click that has opened the row's editor: turns a switch over, opens a list.
+    void use(QtProperty *property);
 
 Q_SIGNALS:
     void fileWanted(QtProperty *property);
+    void nextWanted(bool forward); ///< the editor of the next row, in place of the open one
+    /// Of the open editor, around the commit of a step; and when its steps are not wanted.
+    void stepping(bool isFirst);
+    void stepped();
+    void stepsTakenBack();
 
 protected:
     void connectPropertyManager(QtVariantPropertyManager *manager) override;
@@ -48,6 +58,8 @@ private:
     QWidget *makeColourEdit(QtVariantPropertyManager *manager, QtProperty *property,
                             QWidget *parent);
     QWidget *makeTimeEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeTextBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeCheckBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeComboBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     /// Keeps a new editor in step with its row. `value` gives what the widget shows.
     CPendingEdit *follow(QtVariantPropertyManager *manager, QtProperty *property, QWidget *widget,
@@ -60,4 +72,5 @@ private:
 
     QHash<QtProperty *, SEditor> m_editors;
     QtProperty *m_fileRow = nullptr;
+    QSet<QtProperty *> m_multiLineRows;
 };

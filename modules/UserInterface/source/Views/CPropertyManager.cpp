@@ -94,11 +94,17 @@ QString CPropertyManager::colourText(const QColor &colour)
     return colour.name(colour.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
 }
 
-QString CPropertyManager::numberText(double number)
+double CPropertyManager::rounded(double number)
 {
     const double unit = std::pow(10.0, Decimals);
-    const double rounded = std::round(number * unit) / unit;
-    return QString::number(std::isfinite(rounded) ? rounded : number, 'g', 15);
+    constexpr double noise = 1e-12; // 1.00005 is a little less than what was typed
+    const double rounded = std::round(number * unit * (1 + noise)) / unit;
+    return std::isfinite(rounded) ? rounded : number;
+}
+
+QString CPropertyManager::numberText(double number)
+{
+    return QString::number(rounded(number), 'g', 15);
 }
 
 QtVariantProperty *CPropertyManager::addRow(const CWidgetProperty &property)
@@ -185,6 +191,8 @@ QString CPropertyManager::valueText(const QtProperty *property) const
         return numberText(value(property).toDouble());
     case QVariant::Int:
         return QString::number(value(property).toInt());
+    case QVariant::String: // in one line
+        return value(property).toString().replace(QLatin1Char('\n'), QStringLiteral(" \u21b5 "));
     case QVariant::Bool: // as its editor says it, also in another language
         return QCoreApplication::translate("QtBoolEdit",
                                            value(property).toBool() ? "True" : "False");

@@ -17,6 +17,8 @@ public:
     /// A colour's name as documents have it, with alpha where it is not opaque.
     static QString colourText(const QColor &colour);
     static QString numberText(double number);
+    /// To as many decimals as are shown, halves away from zero.
+    static double rounded(double number);
 
     explicit CPropertyManager(QObject *parent = nullptr);
 

@@ -6,6 +6,7 @@
 #include "CProjectModel.h"
 #include "CPropertyEditorFactory.h"
 #include "CPropertyManager.h"
+#include "CPropertyRows.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
 
@@ -75,6 +76,14 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
             SLOT(onCurrentItemChanged(QtBrowserItem *)));
     connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
             &CWidgetPropertiesView::chooseFile);
+    connect(m_factory, &CPropertyEditorFactory::stepping, this,
+            [this](bool isFirst) { m_steps.begin(isFirst); });
+    connect(m_factory, &CPropertyEditorFactory::stepped, this, [this] { m_steps.end(); });
+    connect(m_factory, &CPropertyEditorFactory::stepsTakenBack, this, [this] {
+        if (m_project)
+            m_steps.takeBack(m_project->undoStack());
+    });
+    new CPropertyRows(this, m_factory);
     connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
     const QAbstractItemModel *rows = findChild<QTreeWidget *>()->model();
     connect(rows, &QAbstractItemModel::rowsInserted, this, &CWidgetPropertiesView::spaceRows);
@@ -239,6 +248,8 @@ void CWidgetPropertiesView::addRow(const CWidgetProperty &property)
     }
     QtVariantProperty *added = m_manager->addRow(property);
     insertRow(added, key);
+    if (property.isMultiLine())
+        m_factory->setMultiLine(added);
     if (added->propertyType() == QVariant::Color)
         setExpanded(topLevelItem(added), false);
     // A picture is chosen where its file's name stands, or its base name where there is no other.
@@ -278,18 +289,22 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         propertyChanged(m_item, key, m_item->name()); // everything has a name
         return;
     }
+    QUndoStack *stack = m_project->undoStack();
+    const int before = stack->index();
     if (key == PropertyKey::Format &&
         CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value) {
         changeFormat(value.toString());
+        m_steps.pushed(before, stack->index());
         return;
     }
     const QVariant old = m_item->propertyValue(key);
     const QVariant kept =
         key == PropertyKey::Name ? ItemNames::wanted(*m_item, value.toString()) : value;
     if (kept != old)
-        m_project->undoStack()->push(new CCommandChangeItemProperty(m_item, key, kept, old));
+        stack->push(new CCommandChangeItemProperty(m_item, key, kept, old));
     else
         propertyChanged(m_item, key, old);
+    m_steps.pushed(before, stack->index());
 }
 
 /// Another format needs the image converted into it; when that fails, the format stays.

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QtTreePropertyBrowser>
 
+#include "CEditSteps.h"
 #include "CPointListRows.h"
 
 class CImageChooser;
@@ -80,6 +81,7 @@ private:
     CImageChooser *const m_images;
     QHash<QString, QtProperty *> m_rows; ///< by property key
     CPointListRows m_points;
+    CEditSteps m_steps;
     QPointer<CProjectModel> m_project;
     CItemModel *m_item = nullptr; ///< null unless exactly one item is shown
     bool m_areSeveral = false;    ///< more items than one are selected

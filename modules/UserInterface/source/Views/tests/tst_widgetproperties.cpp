@@ -1,14 +1,18 @@
 #include "CPropertyManager.h"
 #include "PropertiesTestSupport.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTimeEdit>
 #include <QTimer>
+
+#include <algorithm>
 
 /// Edits go through the editors that a click or a key opens, as a user's do.
 class tst_WidgetProperties : public CPropertiesTest
@@ -24,10 +28,12 @@ private Q_SLOTS:
     void steppingIsOneStep();
     void escapeTakesTheEditBack();
     void leavingForAnotherItemCommitsToTheFirst();
-    void textTimeAndBool();
+    void switchesAndListsTakeOneClick();
+    void textsOfSeveralLines();
+    void tabLeadsThroughThePanel();
     void undoIsTheProjectsUnlessTextIsTyped();
-    void textTyped_data();
-    void textTyped();
+    void typed_data();
+    void typed();
     void entriesOfAnEnumeration();
     void colourByChannelAndByDialog();
     void smallDifferencesAreNoEdit();
@@ -177,6 +183,18 @@ void tst_WidgetProperties::escapeTakesTheEditBack()
     QCOMPARE(line->propertyText("thickness"), QStringLiteral("2"));
     QCOMPARE(line->name(), QStringLiteral("Line"));
     QCOMPARE(stack().count(), 0);
+
+    enter(edit<QSpinBox>("thickness"), "5"); // this is wanted
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
+    box = edit<QSpinBox>("thickness");
+    for (int index = 2; index <= 3; ++index) { // steps that come to rest, each a command
+        QTest::keyClick(box, Qt::Key_Up);
+        QTRY_COMPARE(stack().index(), index);
+    }
+    QTest::keyClick(box, Qt::Key_Escape);
+    QCOMPARE(line->propertyText("thickness"), QStringLiteral("5"));
+    QCOMPARE(stack().index(), 1);
+    QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
 }
 
 void tst_WidgetProperties::leavingForAnotherItemCommitsToTheFirst()
@@ -191,34 +209,76 @@ void tst_WidgetProperties::leavingForAnotherItemCommitsToTheFirst()
     QCOMPARE(stack().count(), 1);
 }
 
-void tst_WidgetProperties::textTimeAndBool()
+void tst_WidgetProperties::switchesAndListsTakeOneClick()
 {
     CWidgetModel *clock = show("Kiv_DigitalClock_T");
-    auto *text = edit<QLineEdit>("name");
-    text->selectAll();
-    QTest::keyClicks(text, "Wall clock");
-    QCOMPARE(stack().count(), 0);
-    QTest::keyClick(text, Qt::Key_Return);
-    QCOMPARE(clock->name(), QStringLiteral("Wall clock"));
-    QCOMPARE(stack().count(), 1);
-
-    auto *time = edit<QTimeEdit>("time");
-    QVERIFY(time);
-    time->setTime(QTime(7, 8, 9));
-    QTest::keyClick(time, Qt::Key_Return);
-    QCOMPARE(clock->propertyText("time"), QStringLiteral("07:08:09"));
-    QCOMPARE(stack().count(), 2);
-    QCOMPARE(shown("time"), QStringLiteral("07:08:09"));
-
-    const QString old = clock->propertyText("seconds");
     auto *box = edit<QCheckBox>("seconds");
-    QVERIFY(box);
-    box->click();
-    QVERIFY(clock->propertyText("seconds") != old);
-    QCOMPARE(stack().count(), 3);
+    QVERIFY(box && box->isChecked());
+    QCOMPARE(clock->propertyText("seconds"), QStringLiteral("1"));
+    QCOMPARE(stack().count(), 1);
+    QTest::keyClick(box, Qt::Key_Space);
+    QCOMPARE(clock->propertyText("seconds"), QStringLiteral("0"));
     stack().undo();
-    QCOMPARE(box->isChecked(), old == "1");
-    QCOMPARE(stack().count(), 3);
+    QVERIFY(box->isChecked());
+    QCOMPARE(stack().count(), 2);
+
+    auto *list = edit<QComboBox>("align");
+    QVERIFY(list && list->view()->isVisible());
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    QTRY_COMPARE(clock->propertyText("align"), QStringLiteral("center"));
+    QCOMPARE(stack().count(), 2);
+}
+
+void tst_WidgetProperties::textsOfSeveralLines()
+{
+    CWidgetModel *paragraph = show("Kiv_Paragraph_T");
+    auto *box = edit<QPlainTextEdit>("text");
+    QVERIFY(box);
+    QVERIFY(box->height() > 3 * box->fontMetrics().lineSpacing());
+    QVERIFY(tree()->viewport()->rect().contains(box->geometry()));
+    box->selectAll();
+    QTest::keyClicks(box, "one");
+    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClicks(box, "two");
+    QCOMPARE(stack().count(), 0);
+    QTest::keyClick(box, Qt::Key_Tab);
+    QCOMPARE(paragraph->propertyText("text"), QStringLiteral("one\ntwo"));
+    QCOMPARE(stack().count(), 1);
+    QVERIFY(shown("text").startsWith("one ") && !shown("text").contains('\n')); // in its one line
+    QVERIFY(!edit<QPlainTextEdit>("name"));
+}
+
+/// Through every editor of the clock, over rows that have none, and out at both ends.
+void tst_WidgetProperties::tabLeadsThroughThePanel()
+{
+    const auto isInside = [this] { return tree()->viewport()->isAncestorOf(qApp->focusWidget()); };
+    const auto currentRow = [this] { return tree()->currentItem()->text(0); };
+    QLineEdit after(m_view.get());
+    after.show();
+    for (const char *type : {"Kiv_DigitalClock_T", "Kiv_Polyline_T"}) {
+        show(type);
+        QStringList rows;
+        for (QTreeWidgetItem *row = tree()->topLevelItem(0); row; row = tree()->itemBelow(row)) {
+            if (row->text(0) != "pointlist" && row->text(0) != "point")
+                rows.append(row->text(0));
+        }
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            edit<QLineEdit>(tree()->topLevelItem(0));
+            while (key == Qt::Key_Backtab && currentRow() != rows.last())
+                QTest::keyClick(qApp->focusWidget(), Qt::Key_Tab);
+            QStringList met;
+            while (isInside() && met.size() < 100) {
+                met.append(currentRow());
+                QTest::keyClick(qApp->focusWidget(), key);
+            }
+            if (key == Qt::Key_Backtab)
+                std::reverse(met.begin(), met.end());
+            QCOMPARE(met, rows);
+            QVERIFY(qApp->focusWidget() != tree());
+        }
+        QCOMPARE(stack().count(), 0);
+    }
 }
 
 /// The stack's action stands for the one in the window's menu.
@@ -245,14 +305,22 @@ void tst_WidgetProperties::undoIsTheProjectsUnlessTextIsTyped()
     QCOMPARE(stack().index(), 1);
 }
 
-void tst_WidgetProperties::textTyped_data()
+void tst_WidgetProperties::typed_data()
 {
-    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("key"); // of a line, unless another kind has it
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("expected"); // nothing: what was there stays
     const auto row = [](const char *name, QString key, QString typed, QString expected) {
         QTest::newRow(name) << key << typed << expected;
     };
+    row("time", "time", "23:59:58", "23:59:58");
+    row("time without colons", "time", "235958", "23:59:58");
+    row("time of single figures", "time", "07:08:09", "07:08:09");
+    row("rounded up", "value", "12.34567", "12.3457");
+    row("rounded down", "value", "12.34561", "12.3456");
+    row("half away from zero", "value", "1.00005", "1.0001");
+    row("half below zero away from it", "value", "-1.00005", "-1.0001");
+    row("text", "name", "Wall", "Wall");
     row("opaque", "line_color", "#FF8000", "#ff8000");
     row("without its mark", "line_color", "ff8000", "#ff8000");
     row("with alpha", "line_color", "#80ff8000", "#80ff8000");
@@ -262,18 +330,29 @@ void tst_WidgetProperties::textTyped_data()
     row("blank name", "name", "  ", "");
 }
 
-void tst_WidgetProperties::textTyped()
+void tst_WidgetProperties::typed()
 {
     QFETCH(QString, key);
     QFETCH(QString, typed);
     QFETCH(QString, expected);
-    CWidgetModel *line = show("Kiv_Line_T");
-    line->setProperty("line_color", "#102030");
+    CWidgetModel *line = show(key == "time"    ? "Kiv_DigitalClock_T"
+                              : key == "value" ? "Kiv_Number_T"
+                                               : "Kiv_Line_T");
+    if (line->hasProperty("line_color"))
+        line->setProperty("line_color", "#102030");
     const QString before = line->propertyText(key);
-    auto *text = edit<QLineEdit>(key);
-    QVERIFY(text);
-    QCOMPARE(text->text(), before);
-    enter(text, typed);
+    QVERIFY(edit<QWidget>(key));
+    QWidget *editor = qApp->focusWidget();
+    if (key != "time") // which is typed over without being selected
+        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    if (typed.isEmpty())
+        QTest::keyClick(editor, Qt::Key_Delete);
+    for (const QChar each : qAsConst(typed)) {
+        if (each == ':')
+            QTest::keyClick(editor, Qt::Key_Shift);
+        QTest::keyClick(editor, each.toLatin1());
+    }
+    QTest::keyClick(editor, Qt::Key_Return);
     QCOMPARE(line->propertyText(key), expected.isEmpty() ? before : expected);
     QCOMPARE(shown(key), expected.isEmpty() ? before : expected);
     QCOMPARE(stack().count(), expected.isEmpty() ? 0 : 1);
