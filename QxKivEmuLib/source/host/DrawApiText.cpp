@@ -38,6 +38,25 @@ private:
     size_t m_length;
 };
 
+/// From a text's pen to what is seen as its middle: that of its ink, but figures count with the
+/// space about them, so that a reading stands still while they change.
+double middleOf(int font, std::string_view latin1)
+{
+    double middle = romfonts::textWidth16(font, latin1) / 32.0;
+    if (latin1.empty())
+        return middle;
+    const auto seen = [font](char character) {
+        const auto *glyph = romfonts::glyph(font, static_cast<uint8_t>(character));
+        const bool isFigure = character >= '0' && character <= '9';
+        return isFigure || !glyph->coverage ? nullptr : glyph;
+    };
+    if (const romfonts::SGlyph *first = seen(latin1.front()))
+        middle += first->left / 2.0;
+    if (const romfonts::SGlyph *last = seen(latin1.back()))
+        middle -= (last->advance16 / 16.0 - last->left - last->width) / 2.0;
+    return middle;
+}
+
 int text(lua_State *state)
 {
     static const char *const Horizontal[] = {"left", "center", "right", nullptr};
@@ -47,10 +66,11 @@ int text(lua_State *state)
     const int font = checkFont(state, 3);
     CItemRunner *items = contextOf(state).items;
     const CLatin1 latin1(state, 4, items ? &items->missingCharacters() : nullptr);
-    // 0 left, 1 half of the width, 2 all of it.
-    const int halves = luaL_checkoption(state, 5, "left", Horizontal);
-    if (halves > 0)
-        x -= romfonts::textWidth16(font, latin1.view()) / 32.0 * halves;
+    const int align = luaL_checkoption(state, 5, "left", Horizontal);
+    if (align == 1)
+        x -= middleOf(font, latin1.view());
+    else if (align == 2)
+        x -= romfonts::textWidth16(font, latin1.view()) / 16.0;
     switch (luaL_checkoption(state, 6, "baseline", Vertical)) {
     case 1:
         y += romfonts::capHeight(font) / 2.0;
