@@ -1262,6 +1262,10 @@
 <context>
     <name>CStatusBar</name>
     <message>
+        <source>RAM_G budget: %1 bytes, %2 % used</source>
+        <translation>RAM_G-Budget: %1 Bytes, %2 % belegt</translation>
+    </message>
+    <message>
         <source>Cursor position: </source>
         <translation>Zeigerposition: </translation>
     </message>

@@ -1262,6 +1262,10 @@
 <context>
     <name>CStatusBar</name>
     <message>
+        <source>RAM_G budget: %1 bytes, %2 % used</source>
+        <translation>RAM_G 预算：%1 字节，已用 %2 %</translation>
+    </message>
+    <message>
         <source>Cursor position: </source>
         <translation>光标位置：</translation>
     </message>

@@ -24,6 +24,7 @@
 #include "CStatusBar.h"
 #include "CThemeIcons.h"
 #include "CUpdater.h"
+#include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramInfo.h"
 
@@ -36,7 +37,6 @@
 #include <QFile>
 #include <QLocale>
 #include <QMessageBox>
-#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoGroup>
@@ -44,16 +44,11 @@
 namespace {
 constexpr QSize FirstSize(1440, 900);
 
-bool isOnAScreen(const QRect &geometry)
+/// Frame and all on a screen, as far as the frame is known before the window is shown.
+QRect placed(const QRect &wanted, const QWidget &window)
 {
-    constexpr int least = 100; // pixels of the title that must be in reach
-    const auto screens = QGuiApplication::screens();
-    for (const QScreen *each : screens) {
-        const QRect seen = each->availableGeometry().intersected(geometry);
-        if (seen.width() >= least && seen.height() >= least)
-            return true;
-    }
-    return false;
+    return CWindowPlacement::placed(wanted, CWindowPlacement::likelyFrame(window),
+                                    CWindowPlacement::screensOf(window));
 }
 } // namespace
 
@@ -69,8 +64,13 @@ CMainWindow::CMainWindow(const QString &file)
       m_languages(std::make_unique<CLanguageLoader>(m_folder))
 {
     m_theme.apply(CTheme::Kind::Dark); // what is made from here on is made for a theme at once
-    resize(FirstSize.boundedTo(screen()->availableSize()));
-    m_languages->loadSystemLanguage();
+    resize(placed({QPoint(), FirstSize}, *this).size());
+    new CWindowPlacement(this);
+    const SSettings settings = m_settings->read();
+    if (m_languages->load(settings.language))
+        m_chosenLanguage = settings.language;
+    else
+        m_languages->loadSystemLanguage();
     startSubsystems();
     m_panels = new CMainPanels(this);
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
@@ -81,15 +81,15 @@ CMainWindow::CMainWindow(const QString &file)
     connectSession();
     connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),
             &CZoomComboWidget::valueChanged); // the wheel over a canvas
-    setSnapToGrid(false);
-    const bool showStatusBar = readSettings();
+    useSettings(settings);
     m_statusBar = new CStatusBar(this);
     m_panels->connectStatusBar(m_statusBar);
-    statusBar()->setVisible(showStatusBar);
+    statusBar()->setVisible(settings.statusBar);
     setWindowIcon(CThemeIcons::icon(QStringLiteral(":/images/icon.png")));
     showWindowToggles();
     m_updater = new CUpdater(ProgramInfo::Version, this);
     m_updater->check(CUpdater::EMode::Silent);
+    m_menuBar->action(CMenuBar::Updates)->setEnabled(m_updater->isConfigured());
     QFile named(file);
     if (named.exists() && validateProjectFile(named))
         openProjectFile(file);
@@ -186,6 +186,7 @@ void CMainWindow::activate(CProjectModel *project)
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
     m_panels->screens()->setHint(QString());
+    m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project->platform()));
 }
 
 void CMainWindow::deactivate(CProjectModel *project)
@@ -200,16 +201,18 @@ void CMainWindow::projectOptionsChanged()
 {
     m_emulator->applyOptions(project(), [this] { updateRepaint(); });
     m_panels->renew();
+    m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project()->platform()));
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
     showProjectName();
 }
 
-bool CMainWindow::readSettings()
+void CMainWindow::useSettings(const SSettings &values)
 {
-    const SSettings values = m_settings->read();
-    if (!values.mainWindow.isNull() && isOnAScreen(values.mainWindow))
-        setGeometry(values.mainWindow);
+    if (!values.mainWindow.isNull())
+        setGeometry(placed(values.mainWindow, *this));
+    if (values.isMaximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
     restoreState(values.windowState);
     Q_EMIT setZoom(values.zoomPercent, values.zoomType);
     Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
@@ -217,15 +220,18 @@ bool CMainWindow::readSettings()
     m_screenshotFolder = values.screenshotDir;
     showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
     savingPathChanged(values.savingFolderPath);
-    m_session->setWorkingDirectory(m_savingFolder);
+    m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
+                                                                        : m_savingFolder);
+    setSnapToGrid(values.snapToGrid);
+    m_menuBar->setChecked(CMenuBar::SnapToGrid, values.snapToGrid);
     setAutosaveInterval(values.autosaveInterval);
-    return values.statusBar;
 }
 
 void CMainWindow::writeSettings()
 {
     SSettings values;
-    values.mainWindow = geometry();
+    values.mainWindow = isMaximized() ? normalGeometry() : geometry();
+    values.isMaximized = isMaximized();
     values.windowState = saveState();
     values.zoomPercent = m_menuBar->zoomWidget()->zoomPercent();
     values.zoomType = m_menuBar->zoomWidget()->zoomType();
@@ -239,6 +245,9 @@ void CMainWindow::writeSettings()
     values.statusBar = !statusBar()->isHidden();
     values.savingFolderPath = m_savingFolder;
     values.autosaveInterval = m_autosaveInterval;
+    values.language = m_chosenLanguage;
+    values.lastFolder = m_session->workingDirectory();
+    values.snapToGrid = m_snapToGrid;
     m_settings->write(values);
 }
 

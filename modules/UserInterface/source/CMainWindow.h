@@ -37,6 +37,7 @@ class QFile;
 class QMessageBox;
 class QTimer;
 class QUndoGroup;
+struct SSettings;
 struct SShownScreen;
 
 /// The frame of the application: makes the parts, connects them, and hands each command of the
@@ -136,7 +137,7 @@ private:
     void startSubsystems();
     void makeProjectParts();
     void makeOptionDialog();
-    bool readSettings(); ///< whether the status bar is to be shown
+    void useSettings(const SSettings &values);
     void writeSettings();
     void showStartPage();
     void connectSession();
@@ -174,6 +175,7 @@ private:
     CHelpWindow *m_help = nullptr; ///< null until it is wanted
     QString m_screenshotFolder;
     QString m_savingFolder;
+    QString m_chosenLanguage; ///< empty: the system's
     int m_autosaveInterval = 0;
     bool m_snapToGrid = false;
     bool m_closeAfterExport = false;

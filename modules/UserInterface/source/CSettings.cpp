@@ -23,6 +23,10 @@ const QString theme = QStringLiteral("theme");
 const QString statusBar = QStringLiteral("statusBar");
 const QString savingFolderPath = QStringLiteral("savingFolderPath");
 const QString autosaveInterval = QStringLiteral("autosaveInterval");
+const QString language = QStringLiteral("language");
+const QString lastFolder = QStringLiteral("lastFolder");
+const QString snapToGrid = QStringLiteral("snapToGrid");
+const QString isMaximized = QStringLiteral("isMaximized");
 } // namespace Key
 
 constexpr qint64 MaxBytes = 1024 * 1024;
@@ -151,6 +155,10 @@ SSettings CSettings::read() const
     if (!folder.isEmpty())
         values.savingFolderPath = folder;
     readInt(file, Key::autosaveInterval, -MaxInterval, MaxInterval, &values.autosaveInterval);
+    values.language = file.value(Key::language).toString();
+    values.lastFolder = file.value(Key::lastFolder).toString();
+    readBool(file, Key::snapToGrid, &values.snapToGrid);
+    readBool(file, Key::isMaximized, &values.isMaximized);
     return values;
 }
 
@@ -171,6 +179,10 @@ bool CSettings::write(const SSettings &values) const
     file.setValue(Key::statusBar, values.statusBar);
     file.setValue(Key::savingFolderPath, values.savingFolderPath);
     file.setValue(Key::autosaveInterval, values.autosaveInterval);
+    file.setValue(Key::language, values.language);
+    file.setValue(Key::lastFolder, values.lastFolder);
+    file.setValue(Key::snapToGrid, values.snapToGrid);
+    file.setValue(Key::isMaximized, values.isMaximized);
     file.sync();
     if (file.status() == QSettings::NoError)
         return true;

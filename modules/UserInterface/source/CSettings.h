@@ -23,6 +23,10 @@ struct SSettings
     bool statusBar = false;
     QString savingFolderPath;
     int autosaveInterval = 10; ///< seconds; 0 or less: off
+    QString language;          ///< as the user chose it; empty: the system's
+    QString lastFolder;        ///< of the project that was opened or saved last
+    bool snapToGrid = false;
+    bool isMaximized = false;
 };
 
 /// The settings file. A key that is missing, or whose value makes no sense, gets its default and

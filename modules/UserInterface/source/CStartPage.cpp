@@ -8,15 +8,20 @@
 #include <QEvent>
 #include <QFile>
 #include <QGuiApplication>
+#include <QImageReader>
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 const QString NewLink = QStringLiteral("new:");
 const QString OpenLink = QStringLiteral("open:");
 const QString FileLink = QStringLiteral("project:");
-constexpr int Margin = 48;
-constexpr int MaxWidth = 640;
+constexpr int MaxMargin = 48;
+constexpr int MaxWidth = 640; // pixels, of the texts
+constexpr int Gap = 16;
 
 QStringList projectsBelow(const QString &folder)
 {
@@ -33,6 +38,11 @@ QString paragraph(const QString &html)
     return QStringLiteral("<p style=\"margin:0 0 6px 0\">%1</p>").arg(html);
 }
 
+QString pictureOf(const QString &project)
+{
+    return QFileInfo(project).path() + QStringLiteral("/preview.png");
+}
+
 /// With its colour: a document takes that of links from the palette only when it is read. Under the
 /// picture, if there is such a file.
 QString link(const QString &target, const QString &text, const QString &picture = {})
@@ -47,7 +57,7 @@ QString link(const QString &target, const QString &text, const QString &picture 
 } // namespace
 
 CStartPage::CStartPage(const QString &examples, QWidget *parent)
-    : QWidget(parent), m_examples(projectsBelow(examples)), m_label(new QLabel(this))
+    : QWidget(parent), m_examples(projectsBelow(examples)), m_area(new QScrollArea(this)), m_label(new QLabel)
 {
     setObjectName(QStringLiteral("startPage"));
     setAutoFillBackground(true);
@@ -56,10 +66,13 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
     m_label->setFocusPolicy(Qt::StrongFocus);
     m_label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     m_label->setWordWrap(true);
-    m_label->setMaximumWidth(MaxWidth);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setFocusPolicy(Qt::NoFocus);
+    m_area->setWidgetResizable(true);
+    m_area->setWidget(m_label);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->addWidget(m_label);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_area);
     connect(m_label, &QLabel::linkActivated, this, &CStartPage::follow);
     connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CStartPage::showTexts);
     parent->installEventFilter(this);
@@ -94,20 +107,37 @@ void CStartPage::showTexts()
                 .arg(quiet.name(), QDir::toNativeSeparators(info.path()).toHtmlEscaped()));
     }
     if (!m_examples.isEmpty())
-        html += heading(tr("Examples")) + examplesInARow();
-    m_label->setText(html);
+        html += heading(tr("Examples")) + examples();
+    if (m_label->text() != html)
+        m_label->setText(html);
 }
 
-QString CStartPage::examplesInARow() const
+/// Pictures side by side, in as many rows as the width asks for.
+QString CStartPage::examples() const
 {
+    const int room = std::min(width() - 2 * m_label->margin(), MaxWidth);
+    const auto row = [](const QString &cells) {
+        return QStringLiteral("<table style=\"margin:4px 0 12px 0\" cellspacing=\"0\" "
+                              "cellpadding=\"0\"><tr>%1</tr></table>")
+            .arg(cells);
+    };
+    QString rows;
     QString cells;
-    for (const QString &path : m_examples)
-        cells += QStringLiteral("<td style=\"padding-right:16px\">%1</td>")
+    int used = 0;
+    for (const QString &path : m_examples) {
+        const int width = QImageReader(pictureOf(path)).size().width() + Gap;
+        if (used > 0 && used + width > room) {
+            rows += row(cells);
+            cells.clear();
+            used = 0;
+        }
+        used += width;
+        cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
+                     .arg(Gap)
                      .arg(link(FileLink + path, QFileInfo(path).completeBaseName(),
-                               QFileInfo(path).path() + QStringLiteral("/preview.png")));
-    return QStringLiteral("<table style=\"margin-top:4px\" cellspacing=\"0\" "
-                          "cellpadding=\"0\"><tr>%1</tr></table>")
-        .arg(cells);
+                               pictureOf(path)));
+    }
+    return rows + row(cells);
 }
 
 void CStartPage::follow(const QString &link)
@@ -125,6 +155,15 @@ void CStartPage::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         showTexts();
+}
+
+void CStartPage::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const int margin = std::min(width() / 12, MaxMargin);
+    m_label->setMargin(margin);
+    m_label->setMaximumWidth(MaxWidth + 2 * margin);
+    showTexts();
 }
 
 bool CStartPage::eventFilter(QObject *watched, QEvent *event)

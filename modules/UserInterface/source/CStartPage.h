@@ -4,8 +4,10 @@
 #include <QWidget>
 
 class QLabel;
+class QScrollArea;
 
-/// What the central area shows while no project is open: ways to one, as links. Covers its parent.
+/// What the central area shows while no project is open: ways to one, as links. Covers its parent;
+/// scrolls where that is too small for it.
 class CStartPage final : public QWidget
 {
     Q_OBJECT
@@ -23,14 +25,16 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void showTexts();
-    QString examplesInARow() const;
+    QString examples() const;
     void follow(const QString &link);
 
     QStringList m_examples; ///< paths of project files
     QStringList m_recent;
+    QScrollArea *m_area;
     QLabel *m_label;
 };

@@ -44,3 +44,11 @@ QIcon CThemeStyle::standardIcon(StandardPixmap which, const QStyleOption *option
     return name.isEmpty() ? QProxyStyle::standardIcon(which, option, widget)
                           : CThemeIcons::icon(QStringLiteral(":/images/%1.png").arg(name));
 }
+
+int CThemeStyle::pixelMetric(PixelMetric which, const QStyleOption *option,
+                             const QWidget *widget) const
+{
+    constexpr int withFrame = 26; // pixels; a mark of 16 in the frame of a tool button
+    return which == PM_ToolBarExtensionExtent ? withFrame
+                                              : QProxyStyle::pixelMetric(which, option, widget);
+}

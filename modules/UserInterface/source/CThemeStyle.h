@@ -4,7 +4,7 @@
 
 /// The Fusion style with the editor's own pictures where no style sheet reaches: those of files and
 /// folders, for which file dialogs ask the application's style, and of the button that clears a
-/// line of text.
+/// line of text. The button for what does not fit on a tool bar is wide enough for its picture.
 class CThemeStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -14,4 +14,6 @@ public:
 
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
+    int pixelMetric(PixelMetric which, const QStyleOption *option = nullptr,
+                    const QWidget *widget = nullptr) const override;
 };

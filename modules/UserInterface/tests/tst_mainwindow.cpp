@@ -11,6 +11,7 @@
 #include "CScreenView.h"
 #include "CSettings.h"
 #include "CStartPage.h"
+#include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
 
@@ -105,6 +106,32 @@ private Q_SLOTS:
         QCOMPARE(m_window->windowTitle(), QString());
     }
 
+    void placedOnAScreen_data()
+    {
+        QTest::addColumn<QRect>("wanted");
+        QTest::addColumn<QRect>("placed");
+        const auto row = [](const char *name, const QRect &wanted, const QRect &placed) {
+            QTest::newRow(name) << wanted << placed;
+        };
+        // Two screens side by side, a panel of 40 on the left one, frames of 1 and a title of 20.
+        row("as it is", {100, 100, 800, 600}, {100, 100, 800, 600});
+        row("as large as the screen", {0, 40, 1600, 960}, {1, 60, 1598, 939});
+        row("lower than the screen", {100, 900, 800, 600}, {100, 399, 800, 600});
+        row("above the screen", {100, -30, 800, 600}, {100, 60, 800, 600});
+        row("half on the second", {1300, 100, 800, 600}, {1601, 100, 800, 600});
+        row("on neither", {5000, 5000, 800, 600}, {799, 399, 800, 600});
+        row("larger than the second", {1700, 100, 4000, 4000}, {1601, 20, 1022, 747});
+    }
+
+    void placedOnAScreen()
+    {
+        QFETCH(QRect, wanted);
+        QFETCH(QRect, placed);
+        const QVector<QRect> screens = {{0, 40, 1600, 960}, {1600, 0, 1024, 768}};
+        QCOMPARE(CWindowPlacement::placed(wanted, {1, 20, 1, 1}, screens), placed);
+        QCOMPARE(CWindowPlacement::placed(wanted, {1, 20, 1, 1}, {}), wanted);
+    }
+
     /// The order of signals and slots in the meta-object is fixed.
     void metaObject()
     {
@@ -132,6 +159,15 @@ private Q_SLOTS:
         QVERIFY(page && !page->isHidden());
         m_window->recentProjects()->add(QFileInfo(m_project));
         auto *label = page->findChild<QLabel *>();
+        for (int number = 0; number < 9; ++number)
+            m_window->recentProjects()->add(QFileInfo(QStringLiteral("/%1.nyx").arg(number)));
+        for (const QSize size : {QSize(1400, 900), QSize(700, 400)}) { // all of it is in reach
+            m_window->resize(size);
+            m_window->show();
+            QCoreApplication::processEvents();
+            QVERIFY(label->width() >= label->minimumSizeHint().width());
+            QVERIFY(label->height() >= label->heightForWidth(label->width()));
+        }
         QVERIFY(label->text().contains(QStringLiteral("project:") + m_project));
         QSignalSpy loaded(m_window.get(), &CMainWindow::projectLoaded);
         Q_EMIT label->linkActivated(QStringLiteral("project:") + m_project);
@@ -276,6 +312,8 @@ private Q_SLOTS:
     {
         m_window->lightStyle();
         m_window->toggleStatusBar();
+        m_window->actions()->action(CMenuBar::SnapToGrid)->trigger();
+        m_window->loadLanguage(QStringLiteral("de"));
         m_window->toggleLibraryWindow();
         m_window->setAutosaveInterval(33);
         m_window->savingPathChanged(QStringLiteral("/somewhere"));
@@ -283,6 +321,10 @@ private Q_SLOTS:
         m_window->actions()->gridWidget()->setGrid(false, 8, Qt::blue, Qt::DotLine);
         m_window->recentProjects()->add(QFileInfo(m_project));
         m_window->recentProjects()->add(QFileInfo(m_folder->file("gone.nyx")));
+        QDir(m_folder->path()).mkdir(QStringLiteral("work"));
+        writeFile(m_folder->path("work/other.nyx"), twoPages());
+        const QString other = m_folder->path("work/other.nyx");
+        QVERIFY(m_window->openProjectFile(other));
         QVERIFY(m_window->close());
         QFile::remove(m_folder->path("gone.nyx"));
         m_window.reset();
@@ -298,10 +340,20 @@ private Q_SLOTS:
         QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 250);
         QCOMPARE(m_window->actions()->gridWidget()->gridSize(), 8);
         QVERIFY(!m_window->actions()->gridWidget()->isGridShown());
-        QCOMPARE(m_window->recentProjects()->paths(), QStringList(m_project));
+        QCOMPARE(m_window->recentProjects()->paths(), QStringList({m_project, other}));
+        QVERIFY(m_window->snapToGrid());
+        const QAction *snap = m_window->actions()->action(CMenuBar::SnapToGrid);
+        QVERIFY(snap->isChecked());
+        QCOMPARE(snap->text(), QStringLiteral("Am &Raster ausrichten"));
+        QVERIFY(!m_window->actions()->action(CMenuBar::Updates)->isEnabled()); // no address
+        m_answers->expect([](QDialog *dialog) {
+            const QFileInfo folder(qobject_cast<QFileDialog *>(dialog)->directory().path());
+            QCOMPARE(folder.fileName(), QStringLiteral("work"));
+        });
+        m_window->openProject();
         QVERIFY(m_window->close());
         const SSettings kept = CSettings(m_folder->path()).read();
-        QCOMPARE(kept.latestProjects, QStringList(m_project)); // the other is not written back
+        QCOMPARE(kept.latestProjects, QStringList({m_project, other})); // the other is not written back
         QCOMPARE(kept.savingFolderPath, QStringLiteral("/somewhere"));
         QCOMPARE(kept.theme, QStringLiteral("light"));
     }
@@ -449,8 +501,13 @@ private Q_SLOTS:
             const QString text = qobject_cast<QMessageBox *>(dialog)->text();
             QVERIFY(text.contains(QStringLiteral("KIV Panel Composer")));
             QVERIFY(text.contains(QStringLiteral("2.06")));
-            const QRegularExpression built(QStringLiteral("Built at: \\d\\d \\w+ \\d{4}"));
+            const QRegularExpression built(QStringLiteral("Built at: \\d\\d [A-Z][a-z]+ \\d{4}"));
             QVERIFY(built.match(text).hasMatch());
+        });
+        m_window->showAboutBox();
+        m_window->loadLanguage(QStringLiteral("zh_CN"));
+        m_answers->expect([](QDialog *dialog) {
+            QVERIFY(qobject_cast<QMessageBox *>(dialog)->text().contains(QStringLiteral("\u6708")));
         });
         m_window->showAboutBox();
     }

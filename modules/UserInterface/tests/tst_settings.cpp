@@ -69,6 +69,10 @@ private Q_SLOTS:
         row("statusBar", true);
         row("savingFolderPath", QStringLiteral("/projects"));
         row("autosaveInterval", -3);
+        row("language", QStringLiteral("zh_CN"));
+        row("lastFolder", QStringLiteral("/work"));
+        row("snapToGrid", true);
+        row("isMaximized", true);
     }
 
     void writtenUnderItsName()
@@ -90,11 +94,15 @@ private Q_SLOTS:
                                  QStringLiteral("light"),
                                  true,
                                  QStringLiteral("/projects"),
-                                 -3};
+                                 -3,
+                                 QStringLiteral("zh_CN"),
+                                 QStringLiteral("/work"),
+                                 true,
+                                 true};
         QVERIFY(settings.write(other));
         {
             const QSettings file(m_file, QSettings::IniFormat);
-            QCOMPARE(file.allKeys().size(), 14);
+            QCOMPARE(file.allKeys().size(), 18);
             QVariant read = file.value(key);
             QVERIFY(read.convert(int(kept.type())));
             QCOMPARE(read, kept);

@@ -22,7 +22,7 @@ CStatusBar::CStatusBar(QMainWindow *window)
 {
     hide(); // the inner bar is the one that is seen
     m_window->setStatusBar(m_bar);
-    const char *const names[] = {"cursor", "widgets", "bitmaps", "memory"};
+    const char *const names[] = {"cursor", "widgets", "bitmaps", "memory", "budget"};
     for (size_t field = 0; field < FieldCount; ++field) {
         m_labels[field] = new QLabel(m_bar);
         m_labels[field]->setObjectName(QLatin1String(names[field]));
@@ -69,6 +69,18 @@ void CStatusBar::receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage)
         return QString::number(dlBinBufferSize) + tr(" bytes RAM_DL used,") +
                QString::number(RAM_G_Usage) + tr(" bytes RAM_G used");
     });
+    if (m_memoryBudget == 0)
+        return;
+    show(Budget, [budget = m_memoryBudget, RAM_G_Usage] {
+        return tr("RAM_G budget: %1 bytes, %2 % used")
+            .arg(budget)
+            .arg((uint64_t(RAM_G_Usage) * 100 + budget - 1) / budget);
+    });
+}
+
+void CStatusBar::setMemoryBudget(uint32_t bytes)
+{
+    m_memoryBudget = bytes;
 }
 
 void CStatusBar::resetStatusBar()

@@ -34,24 +34,26 @@ void tst_StatusBar::textsOfAllFields()
             all.append(label->text());
         return all;
     };
-    QCOMPARE(texts(), (QStringList{"", "", "", ""}));
+    QCOMPARE(texts(), (QStringList{"", "", "", "", ""}));
     bar.receiveMouseMoveUpdate({-3, 7});
     bar.receiveWidgetCountUpdate(12);
     bar.receiveBitmapCountUpdate(0);
+    bar.setMemoryBudget(262144);
     bar.receiveMemoryUsage(1024, 2048);
     QCOMPARE(texts(), (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
-                                   "1024 bytes RAM_DL used,2048 bytes RAM_G used"}));
+                                   "1024 bytes RAM_DL used,2048 bytes RAM_G used",
+                                   "RAM_G budget: 262144 bytes, 1 % used"}));
     {
         COtherLanguage other;
         QCoreApplication::installTranslator(&other);
         QCoreApplication::sendPostedEvents();
-        QCOMPARE(texts(), (QStringList{"@-3, 7", "12@", "0@", "1024@2048@"}));
+        QCOMPARE(texts(), (QStringList{"@-3, 7", "12@", "0@", "1024@2048@", "@"}));
     }
     QCoreApplication::sendPostedEvents();
     bar.resetStatusBar();
-    QCOMPARE(texts(), (QStringList{"", "", "", ""}));
+    QCOMPARE(texts(), (QStringList{"", "", "", "", ""}));
     bar.receiveMouseMoveUpdate({1, 2}); // the count that was reset does not come back
-    QCOMPARE(texts(), (QStringList{"Cursor position: 1, 2", "", "", ""}));
+    QCOMPARE(texts(), (QStringList{"Cursor position: 1, 2", "", "", "", ""}));
 }
 
 void tst_StatusBar::theWindowMayGoFirst()
