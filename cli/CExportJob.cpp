@@ -3,6 +3,7 @@
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
 #include "CFileWriter.h"
+#include "CPackageBuilder.h"
 #include "CPlatformTable.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
@@ -86,7 +87,7 @@ bool CExportJob::openProject()
         return false;
     }
     const QString platform = m_project->platform();
-    m_report = std::make_unique<CExportReport>(path, platform);
+    m_report = std::make_unique<CExportReport>(path, platform, m_project->workingDirectory());
     const CPlatformTable platforms;
     if (!platforms.isKnown(platform)) {
         const QString problem =
@@ -130,6 +131,7 @@ void CExportJob::render(const QList<int> &rows)
         exporter.collect(m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames, &rows)
             .value_or(QList<SScreenExport>());
     session.close();
+    m_isComplete = m_screens.size() == rows.size();
     addToReport(rows);
 }
 
@@ -157,6 +159,7 @@ void CExportJob::addToReport(const QList<int> &rows)
             report.ramDl = rendered->ramDl;
             report.ramG = rendered->ramG;
             report.errors = rendered->errors;
+            report.assets = rendered->memory.assets;
             for (const QString &error : rendered->errors)
                 warn(QStringLiteral("%1: screen \"%2\": %3")
                          .arg(m_options.project, report.name, error));
@@ -189,8 +192,46 @@ void CExportJob::writeOutputs()
         writeFile(m_options.binFile, CProjectExporter::binaryForm(m_screens), screens);
     if (!m_options.pngFolder.isEmpty())
         writePictures();
+    if (!m_options.packageFolder.isEmpty())
+        writePackage();
+    if (!m_options.ramGFolder.isEmpty())
+        writeRamG();
     if (!m_options.reportFile.isEmpty())
         writeReport();
+}
+
+void CExportJob::writePackage()
+{
+    if (!m_isComplete) {
+        warn(QStringLiteral("%1: The package is not written.").arg(m_options.packageFolder));
+        return; // why was told with the screen
+    }
+    CPackageBuilder builder;
+    if (!builder.build(packageSource(*m_project, m_screens))) {
+        for (const QString &problem : builder.problems())
+            fail(QStringLiteral("%1: %2").arg(m_options.project, problem));
+        return;
+    }
+    const QString problem = writePackageFiles(m_options.packageFolder, builder.package());
+    if (!problem.isEmpty())
+        fail(problem);
+    else
+        tell(QStringLiteral("%1: %2").arg(m_options.packageFolder, builder.package().summary));
+}
+
+void CExportJob::writeRamG()
+{
+    if (!QDir().mkpath(m_options.ramGFolder)) {
+        fail(QStringLiteral("%1: The folder could not be made.").arg(m_options.ramGFolder));
+        return;
+    }
+    QStringList names;
+    for (const SScreenExport &screen : m_screens)
+        names.append(screen.name);
+    const QStringList files = FileNames::unusedForAll(names, QStringLiteral(".ramg"));
+    for (int i = 0; i < files.size(); ++i)
+        writeFile(QDir(m_options.ramGFolder).filePath(files[i]), m_screens[i].memory.bytes,
+                  QStringLiteral("RAM_G"));
 }
 
 void CExportJob::writePictures()

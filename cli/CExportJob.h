@@ -34,6 +34,8 @@ private:
     void addToReport(const QList<int> &rows);
     void writeOutputs();
     void writePictures();
+    void writePackage();
+    void writeRamG();
     void writeReport();
     bool makeFolder(const QString &folder, const QString &output);
     void writeFile(const QString &path, const QByteArray &bytes, const QString &content);
@@ -47,5 +49,6 @@ private:
     std::unique_ptr<CProjectModel> m_project;
     std::unique_ptr<CExportReport> m_report;
     QList<SScreenExport> m_screens;
+    bool m_isComplete = false; ///< all screens that were wanted are there
     EExit m_exit = EExit::Done;
 };

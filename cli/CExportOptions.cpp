@@ -11,8 +11,9 @@ namespace {
 const char *const helpEnd = R"(
 Screens are rendered by the emulator, in the order of the project. Text files hold each screen's
 display list under a line "===name==="; byte files hold the lists one after the other, nothing
-between them. Pictures are named after their screens. Folders that are missing are made; files that
-exist are replaced.
+between them. Pictures are named after their screens, and so are images of RAM_G. A package
+(panel.bin, panel.h, panel.c, manifest.json) holds all screens and is written whole or not at all.
+Folders that are missing are made; files that exist are replaced.
 
 Exit codes:
   0  all was done
@@ -36,6 +37,14 @@ struct SOptions
     QCommandLineOption png{QStringLiteral("png"),
                            QStringLiteral("Writes a picture of each screen into a folder."),
                            QStringLiteral("DIR")};
+    QCommandLineOption package{
+        QStringLiteral("package"),
+        QStringLiteral("Writes the package that a firmware draws from into a folder."),
+        QStringLiteral("DIR")};
+    QCommandLineOption ramG{
+        QStringLiteral("ramg"),
+        QStringLiteral("Writes the contents of RAM_G for each screen into a folder."),
+        QStringLiteral("DIR")};
     QCommandLineOption screen{
         QStringLiteral("screen"),
         QStringLiteral("Exports only the screen of this name; may be given several times."),
@@ -49,7 +58,7 @@ struct SOptions
 
     QList<QCommandLineOption> all() const
     {
-        return {dl, bin, png, screen, report, strict, help, version};
+        return {dl, bin, png, package, ramG, screen, report, strict, help, version};
     }
 };
 
@@ -77,13 +86,16 @@ CExportOptions::EParsed CExportOptions::parse(const QStringList &arguments)
     }
     if (!parsed)
         return wrong(parser.errorText());
-    for (const QCommandLineOption &option : {options.dl, options.bin, options.png, options.report})
+    for (const QCommandLineOption &option :
+         {options.dl, options.bin, options.png, options.package, options.ramG, options.report})
         if (parser.values(option).size() > 1)
             return wrong(QStringLiteral("--%1 may be given only once.").arg(option.names()[0]));
-    for (const QCommandLineOption &option :
-         {options.dl, options.bin, options.png, options.report, options.screen})
+    for (const QCommandLineOption &option : {options.dl, options.bin, options.png, options.package,
+                                             options.ramG, options.report, options.screen})
         if (parser.values(option).contains(QString()))
             return wrong(QStringLiteral("--%1 needs a value.").arg(option.names()[0]));
+    if (parser.isSet(options.package) && parser.isSet(options.screen))
+        return wrong(QStringLiteral("--package takes all screens; --screen cannot be given too."));
     const QStringList projects = parser.positionalArguments();
     if (projects.isEmpty() || projects[0].isEmpty())
         return wrong(QStringLiteral("The project file is missing."));
@@ -96,6 +108,8 @@ CExportOptions::EParsed CExportOptions::parse(const QStringList &arguments)
     dlFile = parser.value(options.dl);
     binFile = parser.value(options.bin);
     pngFolder = parser.value(options.png);
+    packageFolder = parser.value(options.package);
+    ramGFolder = parser.value(options.ramG);
     reportFile = parser.value(options.report);
     screens = parser.values(options.screen);
     strict = parser.isSet(options.strict);

@@ -22,6 +22,8 @@ struct CExportOptions
     QString dlFile; ///< empty: not wanted, as all below
     QString binFile;
     QString pngFolder;
+    QString packageFolder;
+    QString ramGFolder;
     QString reportFile;  ///< "-" is the standard output
     QStringList screens; ///< names; empty: all screens
     bool strict = false;

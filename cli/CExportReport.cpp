@@ -1,5 +1,7 @@
 #include "CExportReport.h"
 
+#include "PackagePaths.h"
+
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -9,7 +11,24 @@
 
 namespace {
 
-QJsonObject toObject(const SScreenReport &screen)
+QJsonArray memoryMap(const SScreenReport &screen, const QString &folder)
+{
+    QJsonArray map;
+    for (const SGraphicsMemory::SAsset &asset : screen.assets)
+        map.append(QJsonObject{
+            {QStringLiteral("file"), fileInPackage(asset.file, folder)},
+            {QStringLiteral("format"), formatInPackage(asset.format)},
+            {QStringLiteral("width"), static_cast<qint64>(asset.width)},
+            {QStringLiteral("height"), static_cast<qint64>(asset.height)},
+            {QStringLiteral("stride"), static_cast<qint64>(asset.stride)},
+            {QStringLiteral("address"), static_cast<qint64>(asset.address)},
+            {QStringLiteral("bytes"), static_cast<qint64>(asset.bytes)},
+            {QStringLiteral("palette_address"), static_cast<qint64>(asset.paletteAddress)},
+            {QStringLiteral("palette_bytes"), static_cast<qint64>(asset.paletteBytes)}});
+    return map;
+}
+
+QJsonObject toObject(const SScreenReport &screen, const QString &folder)
 {
     return {{QStringLiteral("name"), screen.name},
             {QStringLiteral("widgets"), screen.widgets},
@@ -18,13 +37,15 @@ QJsonObject toObject(const SScreenReport &screen)
             {QStringLiteral("ram_dl_budget"), static_cast<qint64>(screen.ramDlBudget)},
             {QStringLiteral("ram_g_bytes"), static_cast<qint64>(screen.ramG)},
             {QStringLiteral("ram_g_budget"), static_cast<qint64>(screen.ramGBudget)},
+            {QStringLiteral("ram_g_map"), memoryMap(screen, folder)},
             {QStringLiteral("errors"), QJsonArray::fromStringList(screen.errors)}};
 }
 
 } // namespace
 
-CExportReport::CExportReport(const QString &projectFile, const QString &platform)
-    : m_project(QFileInfo(projectFile).fileName()), m_platform(platform)
+CExportReport::CExportReport(const QString &projectFile, const QString &platform,
+                             const QString &folder)
+    : m_project(QFileInfo(projectFile).fileName()), m_platform(platform), m_folder(folder)
 {
 }
 
@@ -50,7 +71,7 @@ QByteArray CExportReport::toJson() const
 {
     QJsonArray screens;
     for (const SScreenReport &screen : m_screens)
-        screens.append(toObject(screen));
+        screens.append(toObject(screen, m_folder));
     return QJsonDocument(
                QJsonObject{{QStringLiteral("project"), m_project},
                            {QStringLiteral("platform"), m_platform},

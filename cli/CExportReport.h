@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SScreenExport.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -9,13 +11,14 @@
 struct SScreenReport
 {
     QString name;
-    int widgets = 0;        ///< all below the screen, groups not counted
-    int bitmaps = 0;        ///< those of the widgets that show a bitmap or a video
-    size_t ramDl = 0;       ///< bytes that the whole screen needs, as all of these
-    size_t ramDlBudget = 0; ///< bytes
-    size_t ramG = 0;        ///< bytes
-    size_t ramGBudget = 0;  ///< bytes
-    QStringList errors;     ///< of the render, or that there was no answer
+    int widgets = 0;                       ///< all below the screen, groups not counted
+    int bitmaps = 0;                       ///< those of the widgets that show a bitmap or a video
+    size_t ramDl = 0;                      ///< bytes that the whole screen needs, as all of these
+    size_t ramDlBudget = 0;                ///< bytes
+    size_t ramG = 0;                       ///< bytes
+    size_t ramGBudget = 0;                 ///< bytes
+    QList<SGraphicsMemory::SAsset> assets; ///< in RAM_G
+    QStringList errors;                    ///< of the render, or that there was no answer
 
     bool exceedsBudget() const { return ramDl > ramDlBudget || ramG > ramGBudget; }
 };
@@ -25,7 +28,8 @@ struct SScreenReport
 class CExportReport
 {
 public:
-    CExportReport(const QString &projectFile, const QString &platform);
+    /// `folder`: the project's, from which its files are named.
+    CExportReport(const QString &projectFile, const QString &platform, const QString &folder);
 
     void addError(const QString &message); ///< one that concerns the project
     void add(const SScreenReport &screen);
@@ -33,12 +37,14 @@ public:
     /// Nothing to report: no errors and every screen within its budget.
     bool isClean() const;
     /// {"project", "platform", "errors", "screens": [{"name", "widgets", "bitmaps",
-    /// "ram_dl_bytes", "ram_dl_budget", "ram_g_bytes", "ram_g_budget", "errors"}]}, UTF-8.
+    /// "ram_dl_bytes", "ram_dl_budget", "ram_g_bytes", "ram_g_budget", "ram_g_map", "errors"}]},
+    /// UTF-8.
     QByteArray toJson() const;
 
 private:
     QString m_project; ///< the file's name
     QString m_platform;
+    QString m_folder;
     QStringList m_errors;
     QList<SScreenReport> m_screens;
 };

@@ -15,6 +15,12 @@ class IModelIterator;
 #define QXKIVEMULIB_API __attribute__((visibility("default")))
 #endif
 
+#if defined(QXKIVEMULIB_BUILD) || defined(_WIN32)
+#define QXKIVEMULIB_OPTIONAL QXKIVEMULIB_API
+#else
+#define QXKIVEMULIB_OPTIONAL QXKIVEMULIB_API __attribute__((weak))
+#endif
+
 /// One pixel: 0xAARRGGBB in host byte order.
 using argb8888 = uint32_t;
 
@@ -40,6 +46,27 @@ using EmuFrameCallback = int (*)(bool output, const argb8888 *buffer, uint32_t h
 /// All pointers are valid during the call only. The result is not looked at.
 using EmuDisplayListCallback = int (*)(const char *dlTextBuffer, const unsigned char *dlBinBuffer,
                                        int dlBinSize, size_t RAM_G_Usage, char *errorMessages);
+
+/// One bitmap or picture that lies in graphics memory, as the chip reads it.
+struct EmuAsset
+{
+    const char *file; ///< what it was read from, in the local 8-bit encoding; zero-terminated
+    uint32_t format;  ///< code of the bitmap format, as in the display list
+    uint32_t width;   ///< texels
+    uint32_t height;  ///< texels
+    uint32_t stride;  ///< bytes from row to row
+    uint32_t address; ///< of the texels
+    uint32_t bytes;   ///< of the texels
+    uint32_t paletteAddress; ///< 0 for formats without a palette, as the next
+    uint32_t paletteBytes;
+};
+
+/// Takes the graphics memory of the request whose display list follows.
+/// memory  `size` bytes from address 0 on, as the display list's addresses mean them.
+/// assets  what lies there, `assetCount` of them, by ascending addresses.
+/// All pointers are valid during the call only. The result is not looked at.
+using EmuMemoryCallback = int (*)(const unsigned char *memory, size_t size, const EmuAsset *assets,
+                                  size_t assetCount);
 
 // All functions may be called from one thread (the "caller's thread"); callbacks arrive on the
 // library's own worker thread. A callback may call Emu_RenderObjects, but not Emu_Stop.
@@ -69,4 +96,10 @@ QXKIVEMULIB_API int Emu_RenderObjects(IModelIterator *iterator, void *observer,
 /// Stops the emulator: waits until the worker is idle. Requests not yet answered are dropped, also
 /// the one whose frame is being made, and nothing calls back after the return.
 QXKIVEMULIB_API int Emu_Stop();
+
+/// Sets the callback that is told the graphics memory, before the display list's, for all requests
+/// from now on. May be null, as it is at the start.
+/// Optional: a library that takes this one's place need not have it. A caller that links it weakly
+/// finds a null function then, and does without what only the memory tells.
+QXKIVEMULIB_OPTIONAL int Emu_RegisterMemory(EmuMemoryCallback memory);
 }

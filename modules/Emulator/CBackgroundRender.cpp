@@ -9,6 +9,8 @@ CBackgroundRender::CBackgroundRender(CEmulatorAdapter *adapter, CProjectModel *p
 {
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, this,
             &CBackgroundRender::takeDisplayList);
+    connect(adapter, &CEmulatorAdapter::emulatorBackgroundMemory, this,
+            &CBackgroundRender::takeMemory);
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, this,
             [this](bool, const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
                    size_t ramDl) { takeFrame(buffer, width, height, observer, ramDl); });
@@ -36,6 +38,7 @@ void CBackgroundRender::ask(const QPersistentModelIndex &screen)
     m_ramDl = 0;
     m_ramG = 0;
     m_errors.clear();
+    m_memory = {};
     m_screen = screen;
 
     const auto *project = qobject_cast<const CProjectModel *>(screen.model());
@@ -56,6 +59,12 @@ void CBackgroundRender::takeDisplayList(const QString &text, const QByteArray &b
     m_handler.emulatorFrameDLCallback(text, bytes, observer, ramG, errors);
     m_ramG = ramG;
     m_errors = QString::fromUtf8(errors).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+void CBackgroundRender::takeMemory(const SGraphicsMemory &memory, void *observer)
+{
+    if (observer == &m_handler)
+        m_memory = memory;
 }
 
 void CBackgroundRender::takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height,

@@ -2,6 +2,7 @@
 
 #include "CModelIterator.h"
 #include "QxKivEmuLib.h"
+#include "SScreenExport.h"
 #include "SaveRenderHandler.h"
 
 #include <QImage>
@@ -41,10 +42,12 @@ public:
     size_t ramDl() const { return m_ramDl; } ///< bytes
     size_t ramG() const { return m_ramG; }   ///< bytes
     QStringList errors() const { return m_errors; }
+    SGraphicsMemory memory() const { return m_memory; }
 
 private:
     void takeDisplayList(const QString &text, const QByteArray &bytes, void *observer, size_t ramG,
                          char *errors);
+    void takeMemory(const SGraphicsMemory &memory, void *observer);
     void takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
                    size_t ramDl);
 
@@ -57,4 +60,5 @@ private:
     size_t m_ramDl = 0;
     size_t m_ramG = 0;
     QStringList m_errors;
+    SGraphicsMemory m_memory;
 };

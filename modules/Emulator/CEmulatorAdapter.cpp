@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QMetaMethod>
 
 #include <algorithm>
 #include <cstring>
@@ -61,6 +62,8 @@ bool CEmulatorAdapter::registerEmulator(const QString &scriptPath)
         return false;
     m_scriptPath = scriptPath;
     Emu_Register(&CEmulatorAdapter::libraryFrame, &CEmulatorAdapter::libraryDisplayList);
+    if (&Emu_RegisterMemory) // not every library has it
+        Emu_RegisterMemory(&CEmulatorAdapter::libraryMemory);
     m_registered = true;
     return true;
 }
@@ -167,9 +170,25 @@ int CEmulatorAdapter::libraryDisplayList(const char *text, const unsigned char *
     const QByteArray copiedBytes =
         bytes && byteCount > 0 ? QByteArray(reinterpret_cast<const char *>(bytes), byteCount)
                                : QByteArray();
-    instance()->post(
-        &CEmulatorAdapter::takeDisplayList,
-        SDisplayList{QString::fromLatin1(text), copiedBytes, ramG, QByteArray(errors)});
+    instance()->post(&CEmulatorAdapter::takeDisplayList,
+                     SDisplayList{QString::fromLatin1(text), copiedBytes, ramG, QByteArray(errors),
+                                  std::exchange(instance()->m_memory, {})});
+    return 1;
+}
+
+int CEmulatorAdapter::libraryMemory(const unsigned char *memory, size_t size,
+                                    const EmuAsset *assets, size_t assetCount)
+{
+    if (!instance()->m_memoryWanted)
+        return 1;
+    SGraphicsMemory copy;
+    copy.isKnown = true;
+    copy.bytes = QByteArray(reinterpret_cast<const char *>(memory), static_cast<int>(size));
+    for (const EmuAsset *asset = assets; asset != assets + assetCount; ++asset)
+        copy.assets.append({QFile::decodeName(asset->file), asset->format, asset->width,
+                            asset->height, asset->stride, asset->address, asset->bytes,
+                            asset->paletteAddress, asset->paletteBytes});
+    instance()->m_memory = copy;
     return 1;
 }
 
@@ -204,6 +223,8 @@ void CEmulatorAdapter::takeDisplayList(const SDisplayList &list)
 {
     if (!m_answerWanted)
         return;
+    if (m_backgroundInFlight && list.memory.isKnown)
+        Q_EMIT emulatorBackgroundMemory(list.memory, m_currentObserver);
     QByteArray errors = list.errors; // receivers get a pointer that they could write through
     if (m_backgroundInFlight)
         Q_EMIT emulatorBackgroundFrameDLCallback(list.text, list.bytes, m_currentObserver,
@@ -243,6 +264,9 @@ void CEmulatorAdapter::issue(IModelIterator *iterator, void *observer, ERequest 
     m_currentObserver = observer;
     m_busy = true;
     m_answerWanted = true;
+    m_memoryWanted =
+        request == ERequest::Background &&
+        isSignalConnected(QMetaMethod::fromSignal(&CEmulatorAdapter::emulatorBackgroundMemory));
     Emu_RenderObjects(iterator, observer, static_cast<uint32_t>(request));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QxKivEmuLib.h"
+#include "SScreenExport.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -79,6 +80,8 @@ Q_SIGNALS:
                                          uint32_t vsize, void *observer, size_t RAM_DL_Usage);
     void emulatorBackgroundFrameDLCallback(QString dlTextBuffer, QByteArray dlBinBuffer,
                                            void *observer, size_t RAM_G_Usage, char *errorMessages);
+    /// Before the display list of a background request, where the library tells it.
+    void emulatorBackgroundMemory(const SGraphicsMemory &memory, void *observer);
 
 private:
     enum class ERequest : uint32_t { Foreground = 0, Background = 1 };
@@ -97,6 +100,7 @@ private:
         QByteArray bytes;
         size_t ramG;
         QByteArray errors;
+        SGraphicsMemory memory;
     };
     struct SBackgroundRequest
     {
@@ -111,6 +115,8 @@ private:
                             void *observer, uint32_t flags, size_t ramDl);
     static int libraryDisplayList(const char *text, const unsigned char *bytes, int byteCount,
                                   size_t ramG, char *errors);
+    static int libraryMemory(const unsigned char *memory, size_t size, const EmuAsset *assets,
+                             size_t assetCount);
     template<typename Answer>
     void post(void (CEmulatorAdapter::*receiver)(const Answer &), Answer answer);
 
@@ -125,6 +131,8 @@ private:
 
     QString m_scriptPath;
     uint32_t m_chipCode = 0;
+    std::atomic<bool> m_memoryWanted{false};
+    SGraphicsMemory m_memory;       ///< of the frame under way; the library's thread only
     std::atomic<uint64_t> m_run{0}; ///< told apart by it: answers of this run and of stopped ones
     void *m_currentObserver = nullptr;
     bool m_registered = false;

@@ -30,6 +30,33 @@ QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList
     return screens;
 }
 
+/// Where the middle of a box is turned; the angle of round items turns what they show.
+double turnOf(const CItemModel &item)
+{
+    return item.hasAngle() && item.geometryMode() == GeometryMode::Box ? item.angle() : 0;
+}
+
+void addItems(const CItemModel &parent, QList<SExportedItem> &items)
+{
+    const QString group = parent.kind() == CItemModel::Kind::Group ? parent.name() : QString();
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        const CItemModel *item = parent.childItem(row);
+        if (!item)
+            continue;
+        if (item->kind() == CItemModel::Kind::Widget)
+            items.append({item->name(), item->itemTypeName(), item->idString(), item->id(), group,
+                          item->bounds(), turnOf(*item)});
+        addItems(*item, items);
+    }
+}
+
+QList<SExportedItem> exportedItems(const CItemModel &screen)
+{
+    QList<SExportedItem> items;
+    addItems(screen, items);
+    return items;
+}
+
 /// Found out before the screens are rendered, without touching what is there.
 QString whyNotOpened(const QString &path)
 {
@@ -102,11 +129,14 @@ CProjectExporter::collect(CProjectModel *project, EContent content, const QList<
         if (!screen.isValid())
             continue;
         render.ask(screen);
+        const QList<SExportedItem> items = content == EContent::DisplayLists
+                                               ? QList<SExportedItem>()
+                                               : exportedItems(*project->screen(screen.row()));
         if (waitForAnswer(render, screen, content)) {
             CScreenModel *item = project->screen(screen.row());
             collected.append({item, item->name(), render.text(), render.bytes(), render.frame(),
                               render.ramDl(), render.ramG(),
-                              render.errors() + chipFindings(*item)});
+                              render.errors() + chipFindings(*item), render.memory(), items});
             const QStringList &errors = collected.last().errors;
             if (m_findings && !errors.isEmpty())
                 m_findings(item->name(), errors.join(QLatin1Char('\n')));

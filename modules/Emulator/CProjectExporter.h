@@ -1,33 +1,18 @@
 #pragma once
 
+#include "SScreenExport.h"
+
 #include <QByteArray>
-#include <QImage>
 #include <QList>
 #include <QString>
-#include <QStringList>
 
-#include <cstddef>
 #include <functional>
 #include <optional>
 
 class CBackgroundRender;
 class CEmulatorAdapter;
 class CProjectModel;
-class CScreenModel;
 class QPersistentModelIndex;
-
-/// What the render of one screen brought.
-struct SScreenExport
-{
-    CScreenModel *screen = nullptr; ///< the project's; not followed here, it may be gone by now
-    QString name;
-    QString text;       ///< display list, one command a line
-    QByteArray bytes;   ///< display list, little-endian words
-    QImage frame;       ///< null unless frames were asked for
-    size_t ramDl = 0;   ///< bytes that the whole list needs; 0 unless frames were asked for
-    size_t ramG = 0;    ///< bytes that all assets need
-    QStringList errors; ///< of the render, and what the chip cannot do; see chipFindings()
-};
 
 /// Renders the screens of a project again, in the background, and brings them into the two forms
 /// of a display-list file. Knows no dialog: the window and the command line give it their own ways

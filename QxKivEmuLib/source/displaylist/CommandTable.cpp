@@ -141,7 +141,7 @@ std::vector<SCommand> makeTable()
          Any24},
         {O::BitmapSource,
          "BITMAP_SOURCE",
-         {E::Header, E::Word},
+         {E::Header, E::WordAddress},
          {"format", "address"},
          "Code of the bitmap format, and where in RAM_G the texels lie.",
          Any24},
@@ -153,7 +153,7 @@ std::vector<SCommand> makeTable()
          0},
         {O::BitmapPalette,
          "BITMAP_PALETTE",
-         {E::Header},
+         {E::HeaderAddress},
          {"address"},
          "Where in RAM_G the palette lies, for formats with one.",
          Any24},
@@ -217,7 +217,12 @@ const SCommand *findCommand(std::string_view name)
     return found == table.end() ? nullptr : &*found;
 }
 
-size_t listLength(const uint32_t *words, size_t count)
+namespace {
+
+/// Calls `visit` with each whole command before the first END and the index of its header; gives
+/// the length as listLength().
+template<typename Visit>
+size_t walk(const uint32_t *words, size_t count, Visit visit)
 {
     for (size_t i = 0; i < count;) {
         const SCommand *command = findCommand(static_cast<uint8_t>(words[i] >> 24));
@@ -226,9 +231,40 @@ size_t listLength(const uint32_t *words, size_t count)
             return i + 1;
         if (length > count - i)
             return count;
+        if (command)
+            visit(*command, i);
         i += length;
     }
     return count;
+}
+
+} // namespace
+
+size_t listLength(const uint32_t *words, size_t count)
+{
+    return walk(words, count, [](const SCommand &, size_t) {});
+}
+
+void walkCommands(const uint32_t *words, size_t count,
+                  const std::function<void(const SCommand &, size_t)> &visit)
+{
+    walk(words, count, visit);
+}
+
+void replaceAddresses(uint32_t *words, size_t count,
+                      const std::function<uint32_t(EOpcode, uint32_t)> &address)
+{
+    walk(words, count, [&](const SCommand &command, size_t header) {
+        size_t word = header;
+        for (const EOperand operand : command.operands) {
+            word += isWordOperand(operand) ? 1 : 0;
+            if (operand == EOperand::WordAddress)
+                words[word] = address(command.opcode, words[word]);
+            else if (operand == EOperand::HeaderAddress)
+                words[header] = headerWord(
+                    command.opcode, address(command.opcode, words[header] & HeaderOperandMask));
+        }
+    });
 }
 
 } // namespace kivemu

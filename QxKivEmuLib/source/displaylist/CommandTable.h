@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -56,14 +57,16 @@ enum EBitmapModeBit : uint32_t {
 
 /// Where an operand lies and how its text is written.
 enum class EOperand : uint8_t {
-    Header,       ///< the header's 24 bits, unsigned decimal
-    HeaderColour, ///< the header's 24 bits as 0xRRGGBB
-    HeaderChars,  ///< up to three Latin-1 characters in the header, written "abc"; 0 is none
-    Word,         ///< a whole word, unsigned decimal
-    WordHex,      ///< a whole word as 0xAARRGGBB
-    WordSigned,   ///< a whole word, signed decimal
-    PairSigned,   ///< two signed 16-bit numbers in one word (low half first): two arguments
-    PairUnsigned, ///< two unsigned 16-bit numbers in one word (low half first): two arguments
+    Header,        ///< the header's 24 bits, unsigned decimal
+    HeaderColour,  ///< the header's 24 bits as 0xRRGGBB
+    HeaderAddress, ///< the header's 24 bits, an address in RAM_G
+    HeaderChars,   ///< up to three Latin-1 characters in the header, written "abc"; 0 is none
+    Word,          ///< a whole word, unsigned decimal
+    WordAddress,   ///< a whole word, an address in RAM_G
+    WordHex,       ///< a whole word as 0xAARRGGBB
+    WordSigned,    ///< a whole word, signed decimal
+    PairSigned,    ///< two signed 16-bit numbers in one word (low half first): two arguments
+    PairUnsigned,  ///< two unsigned 16-bit numbers in one word (low half first): two arguments
 };
 
 constexpr uint32_t HeaderOperandMask = 0xFFFFFF;
@@ -110,5 +113,16 @@ const SCommand *findCommand(std::string_view name);
 /// Words up to and with the first END, so that lists behind each other can be cut apart; `count`
 /// when there is none. END's value within another command's operands does not count.
 size_t listLength(const uint32_t *words, size_t count);
+
+/// Calls `visit` with each command before the first END and the index of its header. Words that are
+/// no command, and a command that is cut off, are passed over.
+void walkCommands(const uint32_t *words, size_t count,
+                  const std::function<void(const SCommand &, size_t)> &visit);
+
+/// Puts another address in the place of each operand that is one in RAM_G. `address` is told the
+/// command and the address that stands there, and gives the new one, of which a header keeps 24
+/// bits.
+void replaceAddresses(uint32_t *words, size_t count,
+                      const std::function<uint32_t(EOpcode, uint32_t)> &address);
 
 } // namespace kivemu

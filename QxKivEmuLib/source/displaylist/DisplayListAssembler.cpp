@@ -120,11 +120,13 @@ bool CAssembler::operand(EOperand operand, uint32_t &value)
 {
     switch (operand) {
     case EOperand::Header:
+    case EOperand::HeaderAddress:
     case EOperand::HeaderColour:
         return number(0, HeaderOperandMask, value);
     case EOperand::HeaderChars:
         return characters(value);
     case EOperand::Word:
+    case EOperand::WordAddress:
     case EOperand::WordHex:
         return number(0, std::numeric_limits<uint32_t>::max(), value);
     case EOperand::WordSigned:

@@ -61,6 +61,7 @@ void addOperand(std::string &text, EOperand operand, uint32_t header, uint32_t w
 {
     switch (operand) {
     case EOperand::Header:
+    case EOperand::HeaderAddress:
         addDecimal(text, header);
         break;
     case EOperand::HeaderColour:
@@ -70,6 +71,7 @@ void addOperand(std::string &text, EOperand operand, uint32_t header, uint32_t w
         addCharacters(text, header);
         break;
     case EOperand::Word:
+    case EOperand::WordAddress:
         addDecimal(text, word);
         break;
     case EOperand::WordHex:

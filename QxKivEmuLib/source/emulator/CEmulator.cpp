@@ -12,6 +12,18 @@ constexpr uint32_t LargestChip = 0x113;
 constexpr uint32_t CompleteFrame = 1;
 constexpr size_t MostSpare = 4;
 
+void tellMemory(const CFrameMaker &maker, EmuMemoryCallback callback)
+{
+    const std::vector<SPlacedAsset> placed = maker.assets();
+    std::vector<EmuAsset> assets;
+    assets.reserve(placed.size());
+    for (const SPlacedAsset &asset : placed)
+        assets.push_back({asset.file.c_str(), asset.source.format, asset.source.width,
+                          asset.source.height, asset.source.stride, asset.source.address,
+                          asset.bytes, asset.source.palette, asset.paletteBytes});
+    callback(maker.memory().data(), maker.memory().used(), assets.data(), assets.size());
+}
+
 } // namespace
 
 /// The emulator itself is never destroyed: when a callback ends the process, the caller's thread
@@ -57,6 +69,12 @@ void CEmulator::setCallbacks(EmuFrameCallback frame, EmuDisplayListCallback disp
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_frame = frame;
     m_displayList = displayList;
+}
+
+void CEmulator::setMemoryCallback(EmuMemoryCallback memory)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_memory = memory;
 }
 
 void CEmulator::configure(uint32_t width, uint32_t height)
@@ -132,6 +150,7 @@ void CEmulator::render(IModelIterator *iterator, void *observer, bool isForegrou
         request->height = m_height;
         request->frame = m_frame;
         request->displayList = m_displayList;
+        request->memory = m_memory;
         m_queue.push_back(std::move(request));
         ++m_accepted;
         if (!m_worker.joinable())
@@ -173,6 +192,8 @@ void CEmulator::serve(const SRequest &request)
     if (m_isCancelled)
         return; // the frame may have ended anywhere
     std::string errors = frame.errors;
+    if (request.memory)
+        tellMemory(*(m_maker ? m_maker : m_blackMaker), request.memory);
     if (request.displayList)
         request.displayList(frame.displayListText.c_str(), frame.displayList.data(),
                             static_cast<int>(frame.displayList.size()), frame.ramGUsage,

@@ -34,6 +34,7 @@ public:
     CEmulator &operator=(const CEmulator &) = delete;
 
     void setCallbacks(EmuFrameCallback frame, EmuDisplayListCallback displayList);
+    void setMemoryCallback(EmuMemoryCallback memory);
     /// False when the script cannot be used (the emulator then runs, and every frame says so), and
     /// in a callback.
     bool start(const std::string &scriptPath, uint32_t chipCode);
@@ -52,6 +53,7 @@ private:
         uint32_t height = 0;
         EmuFrameCallback frame = nullptr;
         EmuDisplayListCallback displayList = nullptr;
+        EmuMemoryCallback memory = nullptr;
     };
     using RequestPtr = std::unique_ptr<SRequest>;
 
@@ -66,6 +68,7 @@ private:
     std::condition_variable m_idle;
     EmuFrameCallback m_frame = nullptr;
     EmuDisplayListCallback m_displayList = nullptr;
+    EmuMemoryCallback m_memory = nullptr;
     uint32_t m_width = 480;
     uint32_t m_height = 272;
     std::deque<RequestPtr> m_queue;

@@ -46,6 +46,10 @@ public:
     /// A black frame with an error text, made without a script.
     const SFrame &makeBlack(uint32_t width, uint32_t height, const std::string &error);
 
+    /// What the last frame's display list was made for.
+    const CRamG &memory() const { return m_host.memory(); }
+    std::vector<SPlacedAsset> assets() const { return m_host.assets(); }
+
 private:
     void execute(const std::vector<uint32_t> &words, const CSnapshot *snapshot);
     void copyPixels();

@@ -27,6 +27,14 @@ int Emu_Register(EmuFrameCallback frame, EmuDisplayListCallback displayList)
     });
 }
 
+int Emu_RegisterMemory(EmuMemoryCallback memory)
+{
+    return guarded([&] {
+        CEmulator::instance().setMemoryCallback(memory);
+        return true;
+    });
+}
+
 int Emu_Start(const char *scriptPath, uint32_t chipCode)
 {
     return guarded(

@@ -85,4 +85,10 @@ int bitmapFormatCode(std::string_view name)
     return -1;
 }
 
+const char *bitmapFormatName(uint32_t code)
+{
+    const SFormat *row = findFormat(code);
+    return row ? row->name : nullptr;
+}
+
 } // namespace kivemu

@@ -39,6 +39,8 @@ uint64_t bitmapSize(uint32_t format, int width, int height);
 uint32_t paletteSize(uint32_t format);
 /// The code of a format name such as "ARGB4" (case-sensitive); -1 for others.
 int bitmapFormatCode(std::string_view name);
+/// The name of a format's code; null for others.
+const char *bitmapFormatName(uint32_t code);
 
 /// Decodes a bitmap that lies in `memory`. Null when the format is not known, a side is not in
 /// 1 .. MaxBitmapSide, or anything lies outside the memory.

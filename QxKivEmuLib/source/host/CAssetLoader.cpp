@@ -119,7 +119,8 @@ bool CAssetLoader::resolve(std::string_view path, std::string &resolved)
 
 /// Puts an asset into the memory unless this frame has it there already. As long as a frame asks
 /// for the same assets in the same order as the one before, nothing is written.
-bool CAssetLoader::place(const std::string &key, const AssetPtr &asset, SLoadedBitmap &bitmap)
+bool CAssetLoader::place(const std::string &key, const std::string &file, const AssetPtr &asset,
+                         SLoadedBitmap &bitmap)
 {
     asset->frame = m_frame;
     const auto used = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
@@ -130,16 +131,33 @@ bool CAssetLoader::place(const std::string &key, const AssetPtr &asset, SLoadedB
         if (!isAsBefore && !append(asset))
             return failFull(key, asset->ramSize());
         place = m_placed.begin() + static_cast<std::ptrdiff_t>(m_used);
+        place->file = file;
         ++m_used;
         m_wanted += asset->ramSize();
     }
-    bitmap.source = {place->address,
-                     asset->format,
-                     bitmapStride(asset->format, asset->width),
-                     static_cast<uint16_t>(asset->width),
-                     static_cast<uint16_t>(asset->height),
-                     place->palette};
+    bitmap.source = sourceOf(*place);
     return true;
+}
+
+CDisplayListWriter::SBitmapSource CAssetLoader::sourceOf(const SPlaced &placed)
+{
+    const SAsset &asset = *placed.asset;
+    return {placed.address,
+            asset.format,
+            bitmapStride(asset.format, asset.width),
+            static_cast<uint16_t>(asset.width),
+            static_cast<uint16_t>(asset.height),
+            placed.palette};
+}
+
+std::vector<SPlacedAsset> CAssetLoader::placed() const
+{
+    std::vector<SPlacedAsset> assets;
+    for (const SPlaced &placed : m_placed)
+        assets.push_back({placed.file, sourceOf(placed),
+                          static_cast<uint32_t>(placed.asset->pixels.size()),
+                          static_cast<uint32_t>(placed.asset->palette.size())});
+    return assets;
 }
 
 void CAssetLoader::keepFirst(size_t count)
@@ -149,7 +167,8 @@ void CAssetLoader::keepFirst(size_t count)
     m_placed.clear();
     m_memory.clear();
     for (const SPlaced &placed : kept)
-        append(placed.asset);
+        if (append(placed.asset)) // they fitted before
+            m_placed.back().file = placed.file;
 }
 
 /// Writes an asset behind those of this frame, whole or not at all.
@@ -160,7 +179,7 @@ bool CAssetLoader::append(const AssetPtr &asset)
     if (aligned(m_memory.used()) + aligned(asset->pixels.size()) + asset->palette.size() >
         m_memory.capacity())
         return false;
-    SPlaced placed{asset, 0, 0};
+    SPlaced placed{asset, 0, 0, {}};
     placed.address = m_memory.append(asset->pixels.data(), asset->pixels.size()).value_or(0);
     if (!asset->palette.empty())
         placed.palette = m_memory.append(asset->palette.data(), asset->palette.size()).value_or(0);
@@ -224,7 +243,7 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         }
         known = asset;
     }
-    return place(key, known, bitmap);
+    return place(key, file, known, bitmap);
 }
 
 bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap)
@@ -260,7 +279,7 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         known = asset;
     }
     m_lastWork += known->pixels.size() * WorkPerPixelByte;
-    return place(key, known, bitmap);
+    return place(key, file, known, bitmap);
 }
 
 } // namespace kivemu

@@ -20,6 +20,16 @@ struct SLoadedBitmap
     CDisplayListWriter::SBitmapSource source;
 };
 
+/// One asset of the frame: where it lies, and what it came from.
+struct SPlacedAsset
+{
+    std::string
+        file; ///< as the script named it first in the frame, the working directory before it
+    CDisplayListWriter::SBitmapSource source;
+    uint32_t bytes; ///< of the texels
+    uint32_t paletteBytes;
+};
+
 /// Brings the assets of a screen into RAM_G: each once, in the order in which the script asks for
 /// them, so that the same screen always gives the same bytes. Files are read again only when they
 /// have changed; a frame with the assets of the one before leaves the memory untouched.
@@ -50,24 +60,28 @@ public:
     const CRamG &memory() const { return m_memory; }
     /// Bytes that all of the frame's assets need, also those for which there was no room.
     size_t bytesNeeded() const;
+    /// The assets of the last frame, by ascending addresses.
+    std::vector<SPlacedAsset> placed() const;
 
 private:
     struct SAsset;
     using AssetPtr = std::shared_ptr<const SAsset>;
-
-    bool fail(const std::string &message);
-    bool failFull(const std::string &key, uint64_t size);
-    bool resolve(std::string_view path, std::string &resolved);
-    bool place(const std::string &key, const AssetPtr &asset, SLoadedBitmap &bitmap);
-    void keepFirst(size_t count);
-    bool append(const AssetPtr &asset);
-
     struct SPlaced
     {
         AssetPtr asset;
         uint32_t address;
         uint32_t palette;
+        std::string file;
     };
+
+    bool fail(const std::string &message);
+    bool failFull(const std::string &key, uint64_t size);
+    bool resolve(std::string_view path, std::string &resolved);
+    bool place(const std::string &key, const std::string &file, const AssetPtr &asset,
+               SLoadedBitmap &bitmap);
+    static CDisplayListWriter::SBitmapSource sourceOf(const SPlaced &placed);
+    void keepFirst(size_t count);
+    bool append(const AssetPtr &asset);
 
     CRamG m_memory;
     std::string m_workingDirectory;

@@ -52,6 +52,7 @@ public:
     /// Width and height must be within the chip's largest screen.
     SDrawing draw(const CSnapshot &snapshot, int width, int height);
     const CRamG &memory() const { return m_assets.memory(); }
+    std::vector<SPlacedAsset> assets() const { return m_assets.placed(); }
     const SChipLimits &chip() const { return m_chip; }
 
 private:

@@ -97,9 +97,9 @@ void addEncoding(std::string &page, const SCommand &command)
     for (const EOperand operand : command.operands) {
         if (!isWordOperand(operand)) {
             const std::string format = headerFormat(operand);
-            row("word 0, bits 23 to 0", operand == EOperand::Header
-                                            ? format + "0 to " + std::to_string(command.headerMax)
-                                            : format);
+            const bool isNumber = operand == EOperand::Header || operand == EOperand::HeaderAddress;
+            row("word 0, bits 23 to 0",
+                isNumber ? format + "0 to " + std::to_string(command.headerMax) : format);
             continue;
         }
         const std::string place = "word " + std::to_string(++word);

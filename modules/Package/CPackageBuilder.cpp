@@ -1,0 +1,332 @@
+#include "CPackageBuilder.h"
+
+#include "CProjectModel.h"
+#include "Identifiers.h"
+#include "PackageBlob.h"
+#include "PackageCode.h"
+#include "PackageFiles.h"
+#include "PackageManifest.h"
+#include "PackagePaths.h"
+#include "PlatformFilter.h"
+#include "PropertyKey.h"
+#include "displaylist/CommandTable.h"
+#include "displaylist/DisplayListText.h"
+#include "host/ChipLimits.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTransform>
+
+#include <algorithm>
+
+using namespace kivemu;
+
+namespace {
+
+uint32_t aligned(uint32_t bytes)
+{
+    return (bytes + CRamGPlan::Alignment - 1) / CRamGPlan::Alignment * CRamGPlan::Alignment;
+}
+
+QStringList findingsInPackage(const QStringList &errors, const QString &folder)
+{
+    QStringList findings = errors;
+    if (!folder.isEmpty())
+        findings.replaceInStrings(QDir(folder).absolutePath() + QLatin1Char('/'), QString());
+    return findings;
+}
+
+std::array<QPointF, 4> outlineOf(const SExportedItem &item)
+{
+    const QPointF middle = item.bounds.center();
+    QTransform turn;
+    turn.translate(middle.x(), middle.y()).rotate(item.turn).translate(-middle.x(), -middle.y());
+    return {turn.map(item.bounds.topLeft()), turn.map(item.bounds.topRight()),
+            turn.map(item.bounds.bottomRight()), turn.map(item.bounds.bottomLeft())};
+}
+
+SPackageItem packageItem(const SExportedItem &item)
+{
+    SPackageItem result;
+    result.name = item.name;
+    result.type = item.type;
+    result.id = item.id;
+    result.tag = item.tag;
+    result.group = item.group;
+    result.bounds = item.bounds;
+    result.turn = item.turn;
+    result.outline = outlineOf(item);
+    return result;
+}
+
+/// Tells each item which words draw it, and which assets these show.
+class CItemWords
+{
+public:
+    explicit CItemWords(QList<SPackageItem> &items) : m_items(items) {}
+
+    void takeCommand(const SCommand &command, const uint32_t *words, size_t header)
+    {
+        const size_t length = 1 + command.operandWords();
+        if (command.opcode == EOpcode::Item) {
+            m_tag = words[header + 1];
+            forTagged([header](SPackageItem &item) { item.words.append({header, 0}); });
+        }
+        forTagged([length](SPackageItem &item) { item.words.last().count += length; });
+    }
+    void takeAsset(size_t asset)
+    {
+        forTagged([asset](SPackageItem &item) {
+            if (!item.assets.contains(asset))
+                item.assets.append(asset);
+        });
+    }
+
+private:
+    template<typename Change>
+    void forTagged(Change change)
+    {
+        for (SPackageItem &item : m_items)
+            if (m_tag != 0 && item.tag == m_tag)
+                change(item);
+    }
+
+    QList<SPackageItem> &m_items;
+    uint32_t m_tag = 0;
+};
+
+} // namespace
+
+SPackageSource packageSource(const CProjectModel &project, const QList<SScreenExport> &screens)
+{
+    SPackageSource source;
+    source.project = project.propertyText(PropertyKey::Name);
+    source.platform = project.platform();
+    source.chipCode = chipCodeOfPlatform(source.platform);
+    source.folder = project.workingDirectory();
+    source.frame = project.resolution();
+    source.screens = screens;
+    return source;
+}
+
+QString writePackageFiles(const QString &folder, const SPackage &package)
+{
+    return writeTogether(folder, {{QStringLiteral("panel.bin"), package.bin},
+                                  {QStringLiteral("panel.h"), package.header},
+                                  {QStringLiteral("panel.c"), package.code},
+                                  {QStringLiteral("manifest.json"), package.manifest}});
+}
+
+bool CPackageBuilder::build(const SPackageSource &source)
+{
+    m_package = {};
+    m_content = {};
+    m_problems.clear();
+    m_placed.clear();
+    if (!check(source))
+        return false;
+    for (const SScreenExport &screen : source.screens)
+        addScreen(source, screen);
+    if (!m_problems.isEmpty())
+        return false;
+    nameAll();
+    plan();
+    if (!m_problems.isEmpty())
+        return false;
+    m_package.bin = packageBlob(m_content);
+    m_package.header = packageHeader(m_content);
+    m_package.code = packageCode(m_content, m_package.bin);
+    m_package.manifest = packageManifest(m_content, m_package.bin);
+    m_package.summary = tr("%n screen(s)", nullptr, m_content.screens.size()) +
+                        QLatin1String(", ") + tr("%n asset(s)", nullptr, m_content.assets.size()) +
+                        QLatin1String(", ") + tr("%1 bytes").arg(m_package.bin.size());
+    return true;
+}
+
+bool CPackageBuilder::check(const SPackageSource &source)
+{
+    const SChipLimits chip = chipLimits(source.chipCode);
+    const int largest = static_cast<int>(chip.maxSide);
+    m_content.project = source.project;
+    m_content.platform = source.platform;
+    m_content.chipCode = source.chipCode;
+    m_content.ramGBudget = static_cast<uint32_t>(chip.ramG);
+    m_content.ramDlBudget = static_cast<uint32_t>(chip.ramDl);
+    m_content.frame = source.frame.boundedTo(QSize(largest, largest));
+    if (source.screens.isEmpty())
+        m_problems.append(tr("The project has no screen to pack."));
+    if (source.frame.isEmpty())
+        m_problems.append(tr("A screen without width or height cannot be packed."));
+    for (const SScreenExport &screen : source.screens)
+        checkMemory(screen);
+    return m_problems.isEmpty();
+}
+
+/// What does not fit was left out of the picture, so it would be missing on the device too.
+void CPackageBuilder::checkMemory(const SScreenExport &screen)
+{
+    const auto refuse = [&](const QString &memory, size_t needed, uint32_t budget) {
+        const QStringList told = screen.errors.filter(memory + QLatin1String(" is full"));
+        m_problems.append(tr("Screen \"%1\" does not fit into the chip: it needs %2 bytes of %3, "
+                             "the chip has %4.")
+                              .arg(screen.name)
+                              .arg(needed)
+                              .arg(memory)
+                              .arg(budget) +
+                          (told.isEmpty() ? QString() : QLatin1Char(' ') + told.last()));
+    };
+    if (!screen.memory.isKnown)
+        m_problems.append(
+            tr("Screen \"%1\": the emulator does not tell what lies in RAM_G.").arg(screen.name));
+    if (screen.ramG > m_content.ramGBudget)
+        refuse(QStringLiteral("RAM_G"), screen.ramG, m_content.ramGBudget);
+    if (screen.ramDl > m_content.ramDlBudget)
+        refuse(QStringLiteral("RAM_DL"), screen.ramDl, m_content.ramDlBudget);
+}
+
+void CPackageBuilder::addScreen(const SPackageSource &source, const SScreenExport &screen)
+{
+    SPackageScreen result;
+    result.name = screen.name;
+    result.words = fromBytes(reinterpret_cast<const uint8_t *>(screen.bytes.constData()),
+                             static_cast<size_t>(screen.bytes.size()));
+    result.ramGBefore = static_cast<uint32_t>(screen.memory.bytes.size());
+    result.findings = findingsInPackage(screen.errors, source.folder);
+    for (const SExportedItem &item : screen.items)
+        result.items.append(packageItem(item));
+
+    CItemWords itemWords(result.items);
+    QList<SPlaced> placed;
+    size_t current = 0;
+    walkCommands(result.words.data(), result.words.size(),
+                 [&](const SCommand &command, size_t header) {
+                     itemWords.takeCommand(command, result.words.data(), header);
+                     if (command.opcode == EOpcode::Bitmap && !placed.isEmpty())
+                         itemWords.takeAsset(current);
+                     if (command.opcode != EOpcode::BitmapSource)
+                         return;
+                     const uint32_t address = result.words[header + 1];
+                     const auto &assets = screen.memory.assets;
+                     const auto found =
+                         std::find_if(assets.begin(), assets.end(),
+                                      [&](const auto &each) { return each.address == address; });
+                     if (found == assets.end()) {
+                         m_problems.append(tr("Screen \"%1\" draws a bitmap from address %2, where "
+                                              "none lies.")
+                                               .arg(screen.name)
+                                               .arg(address));
+                         return;
+                     }
+                     current = assetIndex(source, screen.memory, *found);
+                     placed.append({*found, current});
+                     result.assets.push_back(current);
+                 });
+    std::sort(result.assets.begin(), result.assets.end());
+    result.assets.erase(std::unique(result.assets.begin(), result.assets.end()),
+                        result.assets.end());
+    m_content.screens.append(result);
+    m_placed.append(placed);
+}
+
+/// The asset of the same content; a new one when there is none.
+size_t CPackageBuilder::assetIndex(const SPackageSource &source, const SGraphicsMemory &memory,
+                                   const SGraphicsMemory::SAsset &asset)
+{
+    const auto piece = [&](uint32_t address, uint32_t bytes) {
+        return memory.bytes.mid(static_cast<int>(address), static_cast<int>(bytes));
+    };
+    SPackageAsset candidate;
+    candidate.format = asset.format;
+    candidate.width = asset.width;
+    candidate.height = asset.height;
+    candidate.stride = asset.stride;
+    candidate.texelBytes = asset.bytes;
+    candidate.paletteBytes = asset.paletteBytes;
+    candidate.bytes = piece(asset.address, asset.bytes);
+    if (asset.paletteBytes > 0) {
+        candidate.paletteOffset = aligned(asset.bytes);
+        const int gap = static_cast<int>(candidate.paletteOffset - asset.bytes);
+        candidate.bytes += QByteArray(gap, '\0');
+        candidate.bytes += piece(asset.paletteAddress, asset.paletteBytes);
+    }
+    const auto isSame = [&](const SPackageAsset &other) {
+        return other.format == candidate.format && other.width == candidate.width &&
+               other.height == candidate.height && other.stride == candidate.stride &&
+               other.paletteBytes == candidate.paletteBytes && other.bytes == candidate.bytes;
+    };
+    auto known = std::find_if(m_content.assets.begin(), m_content.assets.end(), isSame);
+    if (known == m_content.assets.end())
+        known = m_content.assets.insert(known, candidate);
+    const QString file = fileInPackage(asset.file, source.folder);
+    if (!known->files.contains(file))
+        known->files.append(file);
+    return static_cast<size_t>(known - m_content.assets.begin());
+}
+
+void CPackageBuilder::nameAll()
+{
+    QStringList screens;
+    for (const SPackageScreen &screen : m_content.screens)
+        screens.append(screen.name);
+    screens =
+        Identifiers::unique(QStringLiteral("PANEL_SCREEN_"), screens, QStringLiteral("UNNAMED"));
+
+    QStringList items;
+    for (int i = 0; i < m_content.screens.size(); ++i) {
+        m_content.screens[i].identifier = screens[i];
+        const QString screen = screens[i].mid(QStringLiteral("PANEL_SCREEN_").size());
+        for (const SPackageItem &item : m_content.screens[i].items)
+            items.append(
+                screen + QLatin1Char(' ') +
+                (item.name.isEmpty() ? item.type + QLatin1Char(' ') + item.id : item.name));
+    }
+    items = Identifiers::unique(QStringLiteral("PANEL_ITEM_"), items, QStringLiteral("UNNAMED"));
+    for (SPackageScreen &screen : m_content.screens)
+        for (SPackageItem &item : screen.items)
+            item.identifier = items.takeFirst();
+
+    QStringList assets;
+    for (const SPackageAsset &asset : m_content.assets)
+        assets.append(QFileInfo(asset.files[0]).completeBaseName());
+    assets = Identifiers::unique(QStringLiteral("PANEL_ASSET_"), assets, QStringLiteral("UNNAMED"));
+    for (SPackageAsset &asset : m_content.assets)
+        asset.identifier = assets.takeFirst();
+}
+
+void CPackageBuilder::plan()
+{
+    std::vector<uint32_t> assetBytes;
+    for (const SPackageAsset &asset : m_content.assets)
+        assetBytes.push_back(static_cast<uint32_t>(asset.bytes.size()));
+    std::vector<std::vector<size_t>> screens;
+    for (const SPackageScreen &screen : m_content.screens)
+        screens.push_back(screen.assets);
+    m_content.plan = std::make_shared<CRamGPlan>(assetBytes, screens, m_content.ramGBudget);
+    const size_t blocks = m_content.plan->blocks().size();
+    if (blocks > CRamGPlan::MaxBlocks)
+        m_problems.append(tr("The plan of RAM_G has %1 blocks; a package can hold %2.")
+                              .arg(blocks)
+                              .arg(CRamGPlan::MaxBlocks));
+    for (size_t screen = 0; screen < screens.size(); ++screen)
+        relocate(screen);
+}
+
+void CPackageBuilder::relocate(size_t screen)
+{
+    const QList<SPlaced> &placed = m_placed[static_cast<int>(screen)];
+    std::vector<uint32_t> &words = m_content.screens[static_cast<int>(screen)].words;
+    const SPlaced *current = nullptr; // its palette is set after the source
+    replaceAddresses(words.data(), words.size(), [&](EOpcode command, uint32_t address) {
+        if (command == EOpcode::BitmapSource)
+            current = &*std::find_if(placed.begin(), placed.end(), [&](const SPlaced &each) {
+                return each.asset.address == address;
+            });
+        if (!current)
+            return address;
+        const uint32_t planned = m_content.plan->address(screen, current->index);
+        if (command == EOpcode::BitmapSource)
+            return planned;
+        const uint32_t palette = m_content.assets[static_cast<int>(current->index)].paletteOffset;
+        return palette > 0 ? planned + palette : 0; // a format without one does not look at it
+    });
+}

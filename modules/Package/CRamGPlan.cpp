@@ -1,0 +1,285 @@
+#include "CRamGPlan.h"
+
+#include <algorithm>
+#include <cassert>
+#include <limits>
+#include <map>
+#include <numeric>
+
+namespace {
+
+constexpr size_t NoGroup = std::numeric_limits<size_t>::max();
+
+uint32_t aligned(uint32_t bytes)
+{
+    return (bytes + CRamGPlan::Alignment - 1) / CRamGPlan::Alignment * CRamGPlan::Alignment;
+}
+
+bool haveCommon(const std::vector<size_t> &a, const std::vector<size_t> &b)
+{
+    for (auto i = a.begin(), j = b.begin(); i != a.end() && j != b.end();) {
+        if (*i == *j)
+            return true;
+        *i < *j ? ++i : ++j;
+    }
+    return false;
+}
+
+bool overlap(const CRamGPlan::SBlock &block, uint32_t address, uint32_t bytes)
+{
+    return block.address < address + bytes && address < block.address + block.bytes;
+}
+
+std::vector<size_t> all(size_t count)
+{
+    std::vector<size_t> numbers(count);
+    std::iota(numbers.begin(), numbers.end(), size_t{0});
+    return numbers;
+}
+
+} // namespace
+
+CRamGPlan::CRamGPlan(const std::vector<uint32_t> &assetBytes,
+                     const std::vector<std::vector<size_t>> &screens, uint32_t capacity)
+    : m_loads(screens.size()), m_groupOf(assetBytes.size(), NoGroup), m_offsetOf(assetBytes.size())
+{
+    std::vector<bool> isUsed(assetBytes.size());
+    for (const auto &assets : screens)
+        for (const size_t asset : assets)
+            isUsed[asset] = true;
+    std::vector<size_t> used;
+    uint64_t total = 0;
+    for (size_t asset = 0; asset < assetBytes.size(); ++asset) {
+        if (!isUsed[asset])
+            continue;
+        used.push_back(asset);
+        total += aligned(assetBytes[asset]);
+    }
+    m_fits = total <= capacity;
+    if (used.empty())
+        return;
+    if (m_fits) {
+        addGroup(used, assetBytes, all(screens.size()));
+        m_named = m_users;
+    } else {
+        makeGroups(assetBytes, screens);
+        choosePermanent(screens.size(), capacity);
+    }
+    placeGroups(screens.size(), capacity);
+    sortBlocks();
+}
+
+/// Assets in the order of their first one, so that the order of the blocks' data follows the
+/// project's.
+void CRamGPlan::makeGroups(const std::vector<uint32_t> &assetBytes,
+                           const std::vector<std::vector<size_t>> &screens)
+{
+    std::vector<Screens> users(assetBytes.size());
+    for (size_t screen = 0; screen < screens.size(); ++screen)
+        for (const size_t asset : screens[screen])
+            users[asset].push_back(screen);
+    std::map<Screens, std::vector<size_t>> byUsers;
+    for (size_t asset = 0; asset < assetBytes.size(); ++asset)
+        if (!users[asset].empty())
+            byUsers[users[asset]].push_back(asset);
+    std::map<size_t, Screens> byFirst;
+    for (const auto &[screensOfGroup, assets] : byUsers)
+        byFirst[assets.front()] = screensOfGroup;
+    for (const auto &[first, screensOfGroup] : byFirst)
+        addGroup(byUsers[screensOfGroup], assetBytes, screensOfGroup);
+    m_named = m_users;
+}
+
+void CRamGPlan::addGroup(const std::vector<size_t> &assets, const std::vector<uint32_t> &assetBytes,
+                         const Screens &users)
+{
+    SGroup group{assets, {}, 0};
+    for (const size_t asset : assets) {
+        m_groupOf[asset] = m_groups.size();
+        m_offsetOf[asset] = group.bytes;
+        group.offsets.push_back(group.bytes);
+        group.bytes += aligned(assetBytes[asset]);
+    }
+    m_groups.push_back(group);
+    m_users.push_back(users);
+}
+
+/// Groups that more than half of the screens show become named by all, those of the most screens
+/// first, as long as every screen keeps room for what else it shows.
+void CRamGPlan::choosePermanent(size_t screenCount, uint32_t capacity)
+{
+    std::vector<uint64_t> needed(screenCount); // bytes of what a screen names
+    for (size_t group = 0; group < m_groups.size(); ++group)
+        for (const size_t screen : m_named[group])
+            needed[screen] += m_groups[group].bytes;
+    std::vector<size_t> order = all(m_groups.size());
+    std::stable_sort(order.begin(), order.end(),
+                     [this](size_t a, size_t b) { return m_users[a].size() > m_users[b].size(); });
+    for (const size_t group : order) {
+        const Screens &users = m_users[group];
+        if (users.size() * 2 <= screenCount)
+            break;
+        const auto hasRoom = [&](size_t screen) {
+            return std::binary_search(users.begin(), users.end(), screen) ||
+                   needed[screen] + m_groups[group].bytes <= capacity;
+        };
+        const Screens everyOne = all(screenCount);
+        if (!std::all_of(everyOne.begin(), everyOne.end(), hasRoom))
+            continue;
+        for (const size_t screen : everyOne)
+            if (!std::binary_search(users.begin(), users.end(), screen))
+                needed[screen] += m_groups[group].bytes;
+        m_named[group] = everyOne;
+    }
+}
+
+/// Large groups of many screens first, each at one place for all of its screens. A screen for which
+/// the rest is too scattered gets places of its own.
+void CRamGPlan::placeGroups(size_t screenCount, uint32_t capacity)
+{
+    std::vector<size_t> order = all(m_groups.size());
+    std::stable_sort(order.begin(), order.end(), [this](size_t a, size_t b) {
+        return m_named[a].size() != m_named[b].size() ? m_named[a].size() > m_named[b].size()
+                                                      : m_groups[a].bytes > m_groups[b].bytes;
+    });
+    std::vector<bool> isScattered(screenCount);
+    for (const size_t group : order) {
+        uint32_t address = 0;
+        if (findPlace(group, capacity, address)) {
+            const size_t block = blockAt(group, address);
+            for (const size_t screen : m_named[group])
+                m_loads[screen].push_back(block);
+        } else {
+            for (const size_t screen : m_users[group])
+                isScattered[screen] = true;
+        }
+    }
+    for (size_t screen = 0; screen < screenCount; ++screen)
+        if (isScattered[screen])
+            packScreen(screen);
+}
+
+/// The place for which the fewest bytes have to be loaded again: next to nothing when it is free in
+/// all screens, otherwise what lies there and the group itself. The lowest of equal ones.
+bool CRamGPlan::findPlace(size_t group, uint32_t capacity, uint32_t &address) const
+{
+    const uint32_t bytes = m_groups[group].bytes;
+    std::vector<uint32_t> candidates{0};
+    for (const SBlock &block : m_blocks) {
+        candidates.push_back(block.address + block.bytes);
+        if (block.address >= bytes)
+            candidates.push_back(block.address - bytes);
+    }
+    std::sort(candidates.begin(), candidates.end());
+    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
+    std::vector<bool> isNeededTogether;
+    for (const SBlock &block : m_blocks)
+        isNeededTogether.push_back(haveCommon(m_named[block.group], m_named[group]));
+    uint64_t best = std::numeric_limits<uint64_t>::max();
+    for (const uint32_t candidate : candidates) {
+        if (candidate > capacity || bytes > capacity - candidate)
+            break;
+        uint64_t cost = 0;
+        bool isFree = true;
+        for (size_t block = 0; block < m_blocks.size() && isFree; ++block) {
+            if (!overlap(m_blocks[block], candidate, bytes))
+                continue;
+            isFree = !isNeededTogether[block];
+            cost += uint64_t{m_blocks[block].bytes} + bytes;
+        }
+        if (isFree && cost < best) {
+            best = cost;
+            address = candidate;
+        }
+    }
+    return best != std::numeric_limits<uint64_t>::max();
+}
+
+/// All that the screen shows, without gaps from 0 on, and nothing else. What has a place comes in
+/// its order, so that the groups at the bottom of the memory stay where they are.
+void CRamGPlan::packScreen(size_t screen)
+{
+    std::vector<std::pair<uint32_t, size_t>> groups; // place, group
+    for (size_t group = 0; group < m_groups.size(); ++group) {
+        if (!std::binary_search(m_users[group].begin(), m_users[group].end(), screen))
+            continue;
+        const auto placed = std::find_if(m_blocks.begin(), m_blocks.end(),
+                                         [&](const SBlock &block) { return block.group == group; });
+        groups.push_back(
+            {placed == m_blocks.end() ? std::numeric_limits<uint32_t>::max() : placed->address,
+             group});
+    }
+    std::sort(groups.begin(), groups.end());
+    m_loads[screen].clear();
+    uint32_t address = 0;
+    for (const auto &[place, group] : groups) {
+        m_loads[screen].push_back(blockAt(group, address));
+        address += m_groups[group].bytes;
+    }
+}
+
+size_t CRamGPlan::blockAt(size_t group, uint32_t address)
+{
+    const auto known = std::find_if(m_blocks.begin(), m_blocks.end(), [&](const SBlock &block) {
+        return block.group == group && block.address == address;
+    });
+    if (known != m_blocks.end())
+        return static_cast<size_t>(known - m_blocks.begin());
+    m_blocks.push_back({address, m_groups[group].bytes, group});
+    return m_blocks.size() - 1;
+}
+
+/// Blocks that no screen loads are left out; the others are ordered by address and group.
+void CRamGPlan::sortBlocks()
+{
+    std::vector<bool> isLoaded(m_blocks.size());
+    for (const auto &blocks : m_loads)
+        for (const size_t block : blocks)
+            isLoaded[block] = true;
+    std::vector<size_t> order;
+    for (size_t block = 0; block < m_blocks.size(); ++block)
+        if (isLoaded[block])
+            order.push_back(block);
+    std::sort(order.begin(), order.end(), [this](size_t a, size_t b) {
+        return std::pair(m_blocks[a].address, m_blocks[a].group) <
+               std::pair(m_blocks[b].address, m_blocks[b].group);
+    });
+    std::vector<SBlock> sorted;
+    std::vector<size_t> newIndex(m_blocks.size());
+    for (const size_t block : order) {
+        newIndex[block] = sorted.size();
+        sorted.push_back(m_blocks[block]);
+    }
+    m_blocks = sorted;
+    for (auto &blocks : m_loads) {
+        for (size_t &block : blocks)
+            block = newIndex[block];
+        std::sort(blocks.begin(), blocks.end());
+    }
+}
+
+uint32_t CRamGPlan::address(size_t screen, size_t asset) const
+{
+    for (const size_t block : m_loads[screen])
+        if (m_blocks[block].group == m_groupOf[asset])
+            return m_blocks[block].address + m_offsetOf[asset];
+    assert(!"the screen shows the asset");
+    return 0;
+}
+
+uint64_t CRamGPlan::bytesOfChange(size_t from, size_t to) const
+{
+    uint64_t bytes = 0;
+    for (const size_t block : m_loads[to])
+        if (!std::binary_search(m_loads[from].begin(), m_loads[from].end(), block))
+            bytes += m_blocks[block].bytes;
+    return bytes;
+}
+
+uint64_t CRamGPlan::bytesOfFirst(size_t screen) const
+{
+    uint64_t bytes = 0;
+    for (const size_t block : m_loads[screen])
+        bytes += m_blocks[block].bytes;
+    return bytes;
+}
