@@ -1,0 +1,252 @@
+#include "CPackageBuilder.h"
+#include "CRamGPlan.h"
+#include "Identifiers.h"
+#include "PackageFiles.h"
+#include "PackagePaths.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+/// The rules of the package that need no emulator: names, the plan of RAM_G, files. That packages
+/// show the emulator's pictures is tested by playing them, in firmware/.
+class tst_Package : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void identifiers_data();
+    void identifiers();
+    void pathsOfTheMachineStayOut_data();
+    void pathsOfTheMachineStayOut();
+    void planKeepsItsPromises();
+    void planOfSharedAssetsReloadsLittle();
+    void filesAreWrittenTogetherOrNotAtAll_data();
+    void filesAreWrittenTogetherOrNotAtAll();
+    void screensThatDoNotFitAreRefused();
+};
+
+void tst_Package::identifiers_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *title, const QString &names, const QString &expected) {
+        QTest::newRow(title) << names << expected;
+    };
+    row("plain", "Start|Main menu|0.55 EUR", "P_START|P_MAIN_MENU|P_0_55_EUR");
+    row("clashes are numbered", "Main menu|main_menu|MAIN-MENU!",
+        "P_MAIN_MENU|P_MAIN_MENU_2|P_MAIN_MENU_3");
+    row("a clash takes no one else's name", "a|A|a 2", "P_A|P_A_3|P_A_2");
+    row("nothing left", "|***|_", "P_NONE|P_NONE_2|P_NONE_3");
+    row("letters of other scripts", QString::fromUtf8("Größe|é|é|主|菜"),
+        "P_GROSSE|P_E|P_E_2|P_U4E3B|P_U83DC");
+    row("ends of lines and comments", "a\nb|*/ c /*|d\\", "P_A_B|P_C|P_D");
+    const QString many(80, 'x');
+    row("long ones stay apart in 63 characters", many + '|' + many + 'y',
+        "P_" + QString(61, 'X') + "|P_" + QString(59, 'X') + "_2");
+}
+
+void tst_Package::identifiers()
+{
+    QFETCH(QString, names);
+    QFETCH(QString, expected);
+    QCOMPARE(Identifiers::unique("P_", names.split('|'), "NONE"), expected.split('|'));
+}
+
+void tst_Package::pathsOfTheMachineStayOut_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("below") << "/work/p/img/a.raw"
+                           << "img/a.raw";
+    QTest::newRow("untidy") << "/work/p/x/../img/a.raw"
+                            << "img/a.raw";
+    QTest::newRow("beside") << "/work/q/a.raw"
+                            << "a.raw";
+    QTest::newRow("begins alike") << "/work/p2/a.raw"
+                                  << "a.raw";
+}
+
+void tst_Package::pathsOfTheMachineStayOut()
+{
+    QFETCH(QString, path);
+    QTEST(fileInPackage(path, "/work/p"), "expected");
+}
+
+namespace {
+
+struct SPlanCase
+{
+    std::vector<uint32_t> assets;
+    std::vector<std::vector<size_t>> screens;
+    uint32_t capacity;
+};
+
+uint32_t rounded(uint32_t bytes)
+{
+    return (bytes + 3) / 4 * 4;
+}
+
+/// Screens that fit, some of them to the last byte.
+SPlanCase randomCase(uint32_t seed)
+{
+    std::mt19937 engine(seed);
+    const auto random = [&engine] { return static_cast<uint32_t>(engine()); };
+    SPlanCase result{{}, {}, 4096 + 4 * (random() % 1000)};
+    const uint32_t largest = seed % 3 == 0 ? 64 : result.capacity / (1 + random() % 8);
+    for (uint32_t count = random() % 60; count > 0; --count)
+        result.assets.push_back(1 + random() % largest);
+    for (uint32_t count = 1 + random() % 12; count > 0; --count) {
+        std::vector<size_t> screen;
+        uint32_t used = 0;
+        for (size_t asset = 0; asset < result.assets.size(); ++asset) {
+            const uint32_t bytes = rounded(result.assets[asset]);
+            if (random() % 3 == 0 || used + bytes > result.capacity)
+                continue;
+            used += bytes;
+            screen.push_back(asset);
+        }
+        if (used < result.capacity && seed % 2 == 0) { // an asset of its own takes the rest
+            screen.push_back(result.assets.size());
+            result.assets.push_back(result.capacity - used);
+        }
+        result.screens.push_back(screen);
+    }
+    return result;
+}
+
+} // namespace
+
+void tst_Package::planKeepsItsPromises()
+{
+    int whole = 0;
+    int moved = 0;
+    for (uint32_t seed = 0; seed < 400; ++seed) {
+        const SPlanCase one = randomCase(seed);
+        const CRamGPlan plan(one.assets, one.screens, one.capacity);
+        const CRamGPlan again(one.assets, one.screens, one.capacity);
+        whole += plan.fitsAsAWhole() ? 1 : 0;
+        moved += plan.blocks().size() > plan.groups().size() ? 1 : 0;
+        uint64_t total = 0;
+        for (size_t asset = 0; asset < one.assets.size(); ++asset) {
+            const bool isUsed =
+                std::any_of(one.screens.begin(), one.screens.end(), [&](const auto &screen) {
+                    return std::find(screen.begin(), screen.end(), asset) != screen.end();
+                });
+            total += isUsed ? rounded(one.assets[asset]) : 0;
+        }
+        QCOMPARE(plan.fitsAsAWhole(), total <= one.capacity);
+        for (size_t screen = 0; screen < one.screens.size(); ++screen) {
+            QVERIFY(plan.loads()[screen] == again.loads()[screen]);
+            uint32_t end = 0;
+            for (const size_t block : plan.loads()[screen]) {
+                const CRamGPlan::SBlock &place = plan.blocks()[block];
+                QVERIFY(place.address >= end && place.address % 4 == 0 && place.bytes % 4 == 0);
+                end = place.address + place.bytes;
+            }
+            QVERIFY(end <= one.capacity);
+            for (const size_t asset : one.screens[screen]) {
+                const uint32_t from = plan.address(screen, asset);
+                QVERIFY(std::any_of(
+                    plan.loads()[screen].begin(), plan.loads()[screen].end(), [&](size_t block) {
+                        const auto &place = plan.blocks()[block];
+                        return place.address <= from &&
+                               from + one.assets[asset] <= place.address + place.bytes;
+                    }));
+            }
+            for (size_t from = 0; from < one.screens.size(); ++from)
+                if (plan.fitsAsAWhole())
+                    QCOMPARE(plan.bytesOfChange(from, screen), uint64_t{0});
+        }
+    }
+    QVERIFY(whole > 20 && whole < 380);
+    QVERIFY2(moved > 5, "no screen was too scattered, so nothing was packed anew");
+}
+
+void tst_Package::planOfSharedAssetsReloadsLittle()
+{
+    // One large picture a screen (0 to 3), and symbols (4, 5) that most screens show.
+    const std::vector<uint32_t> assets{600, 600, 600, 600, 200, 100};
+    const std::vector<std::vector<size_t>> screens{{0, 4, 5}, {1, 4}, {2, 4, 5}, {3, 5}};
+    const CRamGPlan plan(assets, screens, 1000);
+    for (size_t from = 0; from < 4; ++from)
+        for (size_t to = 0; to < 4; ++to)
+            QCOMPARE(plan.bytesOfChange(from, to), uint64_t{from == to ? 0U : 600U});
+    QCOMPARE(plan.bytesOfFirst(3), uint64_t{900}); // the symbol that only others show is there too
+
+    const CRamGPlan wide(assets, screens, 2100); // room for three of four pictures
+    QVERIFY(!wide.fitsAsAWhole());
+    std::set<uint32_t> places;
+    for (size_t screen = 0; screen < 4; ++screen)
+        places.insert(wide.address(screen, screen));
+    QCOMPARE(places.size(), size_t{3});
+}
+
+void tst_Package::filesAreWrittenTogetherOrNotAtAll_data()
+{
+    QTest::addColumn<QString>("obstacle"); // what stands in the place of the third file
+    QTest::addColumn<bool>("isWritten");
+    QTest::newRow("nothing") << "" << true;
+    QTest::newRow("a folder") << "folder" << false;
+    QTest::newRow("a link") << "link" << false;
+}
+
+void tst_Package::filesAreWrittenTogetherOrNotAtAll()
+{
+    QFETCH(QString, obstacle);
+    QFETCH(bool, isWritten);
+    QTemporaryDir base;
+    const QDir folder(base.filePath("new/package"));
+    const auto files = [](const QByteArray &content) {
+        return QVector<QPair<QString, QByteArray>>{
+            {"a", content + "a"}, {"b", content + "b"}, {"c", content + "c"}};
+    };
+    const auto content = [&](const QString &name) {
+        QFile file(folder.filePath(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QCOMPARE(writeTogether(folder.path(), files("old")), QString());
+    if (!obstacle.isEmpty())
+        QVERIFY(QFile::remove(folder.filePath("c")));
+    if (obstacle == "folder")
+        QVERIFY(folder.mkdir("c"));
+    if (obstacle == "link")
+        QVERIFY(QFile::link(base.path(), folder.filePath("c")));
+    QCOMPARE(writeTogether(folder.path(), files("new")).isEmpty(), isWritten);
+    const QByteArray expected = isWritten ? "new" : "old";
+    QCOMPARE(content("a"), expected + "a");
+    QCOMPARE(content("b"), expected + "b");
+    QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 3);
+}
+
+void tst_Package::screensThatDoNotFitAreRefused()
+{
+    SScreenExport screen;
+    screen.name = "Full";
+    screen.bytes = QByteArray(4, '\0');
+    screen.memory.isKnown = true;
+    SPackageSource source{"P", "QX100", 0x100, "/p", QSize(320, 240), {screen}};
+    CPackageBuilder builder;
+    QVERIFY(builder.build(source));
+    source.screens[0].ramG = 300000;
+    source.screens[0].errors = QStringList{
+        "Kiv_Bitmap_T 7: RAM_G is full: the screen needs 300000 bytes, the chip has 262144"};
+    QVERIFY(!builder.build(source));
+    QCOMPARE(builder.problems().size(), 1);
+    for (const char *part : {"Full", "Kiv_Bitmap_T 7", "300000", "262144"})
+        QVERIFY2(builder.problems()[0].contains(part), part);
+    source.screens[0].ramG = 0;
+    source.screens[0].memory.isKnown = false;
+    QVERIFY(!builder.build(source));
+    source.screens.clear();
+    QVERIFY(!builder.build(source));
+}
+
+QTEST_GUILESS_MAIN(tst_Package)
+
+#include "tst_package.moc"
