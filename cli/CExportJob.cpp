@@ -216,7 +216,11 @@ void CExportJob::writePackage()
     if (!problem.isEmpty())
         fail(problem);
     else
-        tell(QStringLiteral("%1: %2").arg(m_options.packageFolder, builder.package().summary));
+        tell(QStringLiteral("%1: package, %2 screens, %3 assets, %4 bytes")
+                 .arg(m_options.packageFolder)
+                 .arg(builder.content().screens.size())
+                 .arg(builder.content().assets.size())
+                 .arg(builder.package().bin.size()));
 }
 
 void CExportJob::writeRamG()

@@ -137,9 +137,6 @@ bool CPackageBuilder::build(const SPackageSource &source)
     m_package.header = packageHeader(m_content);
     m_package.code = packageCode(m_content, m_package.bin);
     m_package.manifest = packageManifest(m_content, m_package.bin);
-    m_package.summary = tr("%n screen(s)", nullptr, m_content.screens.size()) +
-                        QLatin1String(", ") + tr("%n asset(s)", nullptr, m_content.assets.size()) +
-                        QLatin1String(", ") + tr("%1 bytes").arg(m_package.bin.size());
     return true;
 }
 
@@ -165,23 +162,20 @@ bool CPackageBuilder::check(const SPackageSource &source)
 /// What does not fit was left out of the picture, so it would be missing on the device too.
 void CPackageBuilder::checkMemory(const SScreenExport &screen)
 {
-    const auto refuse = [&](const QString &memory, size_t needed, uint32_t budget) {
+    const auto check = [&](const QString &memory, size_t needed, uint32_t budget) {
         const QStringList told = screen.errors.filter(memory + QLatin1String(" is full"));
-        m_problems.append(tr("Screen \"%1\" does not fit into the chip: it needs %2 bytes of %3, "
-                             "the chip has %4.")
-                              .arg(screen.name)
-                              .arg(needed)
-                              .arg(memory)
-                              .arg(budget) +
-                          (told.isEmpty() ? QString() : QLatin1Char(' ') + told.last()));
+        if (needed <= budget && told.isEmpty())
+            return;
+        const QString problem = tr("Screen \"%1\" does not fit into the chip.").arg(screen.name);
+        const QString sizes =
+            tr("It needs %1 bytes of %2, the chip has %3.").arg(needed).arg(memory).arg(budget);
+        m_problems.append(problem + QLatin1Char(' ') + (told.isEmpty() ? sizes : told.last()));
     };
     if (!screen.memory.isKnown)
         m_problems.append(
             tr("Screen \"%1\": the emulator does not tell what lies in RAM_G.").arg(screen.name));
-    if (screen.ramG > m_content.ramGBudget)
-        refuse(QStringLiteral("RAM_G"), screen.ramG, m_content.ramGBudget);
-    if (screen.ramDl > m_content.ramDlBudget)
-        refuse(QStringLiteral("RAM_DL"), screen.ramDl, m_content.ramDlBudget);
+    check(QStringLiteral("RAM_G"), screen.ramG, m_content.ramGBudget);
+    check(QStringLiteral("RAM_DL"), screen.ramDl, m_content.ramDlBudget);
 }
 
 void CPackageBuilder::addScreen(const SPackageSource &source, const SScreenExport &screen)

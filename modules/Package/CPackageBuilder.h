@@ -28,7 +28,6 @@ struct SPackage
     QByteArray header;   ///< panel.h
     QByteArray code;     ///< panel.c
     QByteArray manifest; ///< manifest.json
-    QString summary;     ///< for people: one line
 };
 
 class CProjectModel;

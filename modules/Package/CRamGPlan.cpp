@@ -1,5 +1,7 @@
 #include "CRamGPlan.h"
 
+#include "CBlockPlacer.h"
+
 #include <algorithm>
 #include <cassert>
 #include <limits>
@@ -13,21 +15,6 @@ constexpr size_t NoGroup = std::numeric_limits<size_t>::max();
 uint32_t aligned(uint32_t bytes)
 {
     return (bytes + CRamGPlan::Alignment - 1) / CRamGPlan::Alignment * CRamGPlan::Alignment;
-}
-
-bool haveCommon(const std::vector<size_t> &a, const std::vector<size_t> &b)
-{
-    for (auto i = a.begin(), j = b.begin(); i != a.end() && j != b.end();) {
-        if (*i == *j)
-            return true;
-        *i < *j ? ++i : ++j;
-    }
-    return false;
-}
-
-bool overlap(const CRamGPlan::SBlock &block, uint32_t address, uint32_t bytes)
-{
-    return block.address < address + bytes && address < block.address + block.bytes;
 }
 
 std::vector<size_t> all(size_t count)
@@ -133,100 +120,14 @@ void CRamGPlan::choosePermanent(size_t screenCount, uint32_t capacity)
     }
 }
 
-/// Large groups of many screens first, each at one place for all of its screens. A screen for which
-/// the rest is too scattered gets places of its own.
 void CRamGPlan::placeGroups(size_t screenCount, uint32_t capacity)
 {
-    std::vector<size_t> order = all(m_groups.size());
-    std::stable_sort(order.begin(), order.end(), [this](size_t a, size_t b) {
-        return m_named[a].size() != m_named[b].size() ? m_named[a].size() > m_named[b].size()
-                                                      : m_groups[a].bytes > m_groups[b].bytes;
-    });
-    std::vector<bool> isScattered(screenCount);
-    for (const size_t group : order) {
-        uint32_t address = 0;
-        if (findPlace(group, capacity, address)) {
-            const size_t block = blockAt(group, address);
-            for (const size_t screen : m_named[group])
-                m_loads[screen].push_back(block);
-        } else {
-            for (const size_t screen : m_users[group])
-                isScattered[screen] = true;
-        }
-    }
-    for (size_t screen = 0; screen < screenCount; ++screen)
-        if (isScattered[screen])
-            packScreen(screen);
-}
-
-/// The place for which the fewest bytes have to be loaded again: next to nothing when it is free in
-/// all screens, otherwise what lies there and the group itself. The lowest of equal ones.
-bool CRamGPlan::findPlace(size_t group, uint32_t capacity, uint32_t &address) const
-{
-    const uint32_t bytes = m_groups[group].bytes;
-    std::vector<uint32_t> candidates{0};
-    for (const SBlock &block : m_blocks) {
-        candidates.push_back(block.address + block.bytes);
-        if (block.address >= bytes)
-            candidates.push_back(block.address - bytes);
-    }
-    std::sort(candidates.begin(), candidates.end());
-    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
-    std::vector<bool> isNeededTogether;
-    for (const SBlock &block : m_blocks)
-        isNeededTogether.push_back(haveCommon(m_named[block.group], m_named[group]));
-    uint64_t best = std::numeric_limits<uint64_t>::max();
-    for (const uint32_t candidate : candidates) {
-        if (candidate > capacity || bytes > capacity - candidate)
-            break;
-        uint64_t cost = 0;
-        bool isFree = true;
-        for (size_t block = 0; block < m_blocks.size() && isFree; ++block) {
-            if (!overlap(m_blocks[block], candidate, bytes))
-                continue;
-            isFree = !isNeededTogether[block];
-            cost += uint64_t{m_blocks[block].bytes} + bytes;
-        }
-        if (isFree && cost < best) {
-            best = cost;
-            address = candidate;
-        }
-    }
-    return best != std::numeric_limits<uint64_t>::max();
-}
-
-/// All that the screen shows, without gaps from 0 on, and nothing else. What has a place comes in
-/// its order, so that the groups at the bottom of the memory stay where they are.
-void CRamGPlan::packScreen(size_t screen)
-{
-    std::vector<std::pair<uint32_t, size_t>> groups; // place, group
-    for (size_t group = 0; group < m_groups.size(); ++group) {
-        if (!std::binary_search(m_users[group].begin(), m_users[group].end(), screen))
-            continue;
-        const auto placed = std::find_if(m_blocks.begin(), m_blocks.end(),
-                                         [&](const SBlock &block) { return block.group == group; });
-        groups.push_back(
-            {placed == m_blocks.end() ? std::numeric_limits<uint32_t>::max() : placed->address,
-             group});
-    }
-    std::sort(groups.begin(), groups.end());
-    m_loads[screen].clear();
-    uint32_t address = 0;
-    for (const auto &[place, group] : groups) {
-        m_loads[screen].push_back(blockAt(group, address));
-        address += m_groups[group].bytes;
-    }
-}
-
-size_t CRamGPlan::blockAt(size_t group, uint32_t address)
-{
-    const auto known = std::find_if(m_blocks.begin(), m_blocks.end(), [&](const SBlock &block) {
-        return block.group == group && block.address == address;
-    });
-    if (known != m_blocks.end())
-        return static_cast<size_t>(known - m_blocks.begin());
-    m_blocks.push_back({address, m_groups[group].bytes, group});
-    return m_blocks.size() - 1;
+    std::vector<CBlockPlacer::SGroup> groups;
+    for (size_t group = 0; group < m_groups.size(); ++group)
+        groups.push_back({m_groups[group].bytes, m_users[group], m_named[group]});
+    const CBlockPlacer::SPlacement placement = CBlockPlacer(groups, screenCount, capacity).best();
+    m_blocks = placement.blocks;
+    m_loads = placement.loads;
 }
 
 /// Blocks that no screen loads are left out; the others are ordered by address and group.

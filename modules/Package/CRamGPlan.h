@@ -58,9 +58,6 @@ private:
                   const Screens &users);
     void choosePermanent(size_t screenCount, uint32_t capacity);
     void placeGroups(size_t screenCount, uint32_t capacity);
-    bool findPlace(size_t group, uint32_t capacity, uint32_t &address) const;
-    void packScreen(size_t screen);
-    size_t blockAt(size_t group, uint32_t address);
     void sortBlocks();
 
     bool m_fits = false;

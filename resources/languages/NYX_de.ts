@@ -142,6 +142,18 @@
         <translation>Das Exportieren wurde abgebrochen.</translation>
     </message>
     <message>
+        <source>Export package into a folder</source>
+        <translation>Paket in einen Ordner exportieren</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Not all pages could be drawn.</source>
+        <translation>Nicht alle Seiten konnten gezeichnet werden.</translation>
+    </message>
+    <message>
         <source>Exported to %1; see the messages above it: not all is as designed</source>
         <translation>Exportiert nach %1; siehe die Meldungen darüber: nicht alles ist wie entworfen</translation>
     </message>
@@ -822,6 +834,14 @@
         <source>Windows</source>
         <translation>Fenster</translation>
     </message>
+    <message>
+        <source>Export &amp;Package...</source>
+        <translation>&amp;Paket exportieren...</translation>
+    </message>
+    <message>
+        <source>Export all that a firmware needs to draw the pages</source>
+        <translation>Alles exportieren, was eine Firmware zum Zeichnen der Seiten braucht</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -910,6 +930,37 @@
     <message>
         <source>and %1 more errors</source>
         <translation>und %1 weitere Fehler</translation>
+    </message>
+</context>
+<context>
+    <name>CPackageBuilder</name>
+    <message>
+        <source>The project has no screen to pack.</source>
+        <translation>Das Projekt hat keine Seite, die gepackt werden kann.</translation>
+    </message>
+    <message>
+        <source>A screen without width or height cannot be packed.</source>
+        <translation>Eine Seite ohne Breite oder Höhe kann nicht gepackt werden.</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot; does not fit into the chip.</source>
+        <translation>Seite „%1“ passt nicht in den Chip.</translation>
+    </message>
+    <message>
+        <source>It needs %1 bytes of %2, the chip has %3.</source>
+        <translation>Sie braucht %1 Bytes von %2, der Chip hat %3.</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot;: the emulator does not tell what lies in RAM_G.</source>
+        <translation>Seite „%1“: Der Emulator sagt nicht, was in RAM_G liegt.</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot; draws a bitmap from address %2, where none lies.</source>
+        <translation>Seite „%1“ zeichnet ein Bild von Adresse %2, an der keines liegt.</translation>
+    </message>
+    <message>
+        <source>The plan of RAM_G has %1 blocks; a package can hold %2.</source>
+        <translation>Der Plan von RAM_G hat %1 Blöcke; ein Paket fasst %2.</translation>
     </message>
 </context>
 <context>
@@ -1537,6 +1588,25 @@ Installierte Version: </translation>
     <message>
         <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
         <translation>Widget-Bibliothek, Zeile %1: „%2“ kann keine Widget-Art sein.</translation>
+    </message>
+</context>
+<context>
+    <name>PackageFiles</name>
+    <message>
+        <source>%1 is not a regular file</source>
+        <translation>%1 ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 could not be kept aside</source>
+        <translation>%1 konnte nicht beiseitegelegt werden</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made.</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden.</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,18 @@
         <translation>导出已取消。</translation>
     </message>
     <message>
+        <source>Export package into a folder</source>
+        <translation>将程序包导出到文件夹</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Not all pages could be drawn.</source>
+        <translation>并非所有页面都能绘制。</translation>
+    </message>
+    <message>
         <source>Exported to %1; see the messages above it: not all is as designed</source>
         <translation>已导出到 %1；请查看上方的消息：部分内容与设计不符</translation>
     </message>
@@ -822,6 +834,14 @@
         <source>Windows</source>
         <translation>窗口</translation>
     </message>
+    <message>
+        <source>Export &amp;Package...</source>
+        <translation>导出程序包(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Export all that a firmware needs to draw the pages</source>
+        <translation>导出固件绘制页面所需的全部内容</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -910,6 +930,37 @@
     <message>
         <source>and %1 more errors</source>
         <translation>以及另外 %1 个错误</translation>
+    </message>
+</context>
+<context>
+    <name>CPackageBuilder</name>
+    <message>
+        <source>The project has no screen to pack.</source>
+        <translation>项目没有可打包的页面。</translation>
+    </message>
+    <message>
+        <source>A screen without width or height cannot be packed.</source>
+        <translation>没有宽度或高度的页面无法打包。</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot; does not fit into the chip.</source>
+        <translation>页面“%1”超出芯片容量。</translation>
+    </message>
+    <message>
+        <source>It needs %1 bytes of %2, the chip has %3.</source>
+        <translation>需要 %1 字节的 %2，芯片只有 %3。</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot;: the emulator does not tell what lies in RAM_G.</source>
+        <translation>页面“%1”：模拟器没有给出 RAM_G 的内容。</translation>
+    </message>
+    <message>
+        <source>Screen &quot;%1&quot; draws a bitmap from address %2, where none lies.</source>
+        <translation>页面“%1”从地址 %2 绘制位图，但该处没有位图。</translation>
+    </message>
+    <message>
+        <source>The plan of RAM_G has %1 blocks; a package can hold %2.</source>
+        <translation>RAM_G 规划有 %1 个块；程序包最多容纳 %2 个。</translation>
     </message>
 </context>
 <context>
@@ -1537,6 +1588,25 @@ Installed version: </source>
     <message>
         <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
         <translation>控件库第 %1 行：“%2”不能作为控件类型。</translation>
+    </message>
+</context>
+<context>
+    <name>PackageFiles</name>
+    <message>
+        <source>%1 is not a regular file</source>
+        <translation>%1 不是普通文件</translation>
+    </message>
+    <message>
+        <source>%1 could not be kept aside</source>
+        <translation>%1 无法暂存</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made.</source>
+        <translation>无法创建文件夹 %1。</translation>
     </message>
 </context>
 <context>

@@ -2,15 +2,19 @@
 
 #include "CEmulatorAdapter.h"
 #include "CFileWriter.h"
+#include "CPackageBuilder.h"
 #include "CProjectModel.h"
 #include "IUserQuestions.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QPointer>
 #include <QProgressDialog>
 #include <QThread>
+
+#include <memory>
 
 namespace {
 constexpr int ProgressDelay = 500;  // ms; short exports show nothing
@@ -52,6 +56,50 @@ void CExportController::exportProjectBin(CProjectModel *project, const QString &
     exportProject(still, path, &CProjectExporter::exportProjectBin);
 }
 
+void CExportController::exportPackage(CProjectModel *project, const QString &folder)
+{
+    const QPointer<CProjectModel> still(project);
+    QFileDialog dialog(m_window, tr("Export package into a folder"), folder);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setLabelText(QFileDialog::Accept, tr("Export"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    exportProject(still, dialog.selectedFiles().value(0),
+                  [this](CProjectExporter *exporter, CProjectModel *pages, const QString &path,
+                         QString *reason) { return writePackage(exporter, pages, path, reason); });
+}
+
+/// Packing and writing take a while for large projects, so another thread does it.
+CProjectExporter::EResult CExportController::writePackage(CProjectExporter *exporter,
+                                                          CProjectModel *project,
+                                                          const QString &folder,
+                                                          QString *reason) const
+{
+    const QPointer<CProjectModel> still(project);
+    const auto screens =
+        exporter->collect(project, CProjectExporter::EContent::DisplayListsAndFrames);
+    if (!screens || !still)
+        return CProjectExporter::EResult::Cancelled;
+    if (screens->size() != project->screenCount()) {
+        *reason = tr("Not all pages could be drawn.");
+        return CProjectExporter::EResult::NotWritten;
+    }
+    const std::unique_ptr<QThread> packing(
+        QThread::create([source = packageSource(*project, *screens), folder, reason] {
+            CPackageBuilder builder;
+            *reason = builder.build(source) ? writePackageFiles(folder, builder.package())
+                                            : builder.problems().join(QLatin1Char('\n'));
+        }));
+    QEventLoop loop;
+    connect(packing.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    packing->start();
+    loop.exec();
+    packing->wait();
+    return reason->isEmpty() ? CProjectExporter::EResult::Written
+                             : CProjectExporter::EResult::NotWritten;
+}
+
 void CExportController::exportScreenDL(const SShownScreen &screen, const QString &folder)
 {
     const QString path = askPath(
@@ -67,7 +115,8 @@ void CExportController::exportScreenBin(const SShownScreen &screen, const QStrin
     writeScreen(path, screen, screen.bytes);
 }
 
-void CExportController::exportProject(CProjectModel *project, const QString &path, Export form)
+void CExportController::exportProject(CProjectModel *project, const QString &path,
+                                      const Export &form)
 {
     if (path.isEmpty() || m_isRunning)
         return;
@@ -93,7 +142,7 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
     });
 
     QString reason;
-    switch ((exporter.*form)(project, path, &reason)) {
+    switch (form(&exporter, project, path, &reason)) {
     case CProjectExporter::EResult::Written:
         tellExported(path, hasFindings);
         break;

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 #include "CProjectExporter.h"
 
 class CEmulatorAdapter;
@@ -20,7 +22,7 @@ struct SShownScreen
     QString findings; ///< what is not drawn as designed or not for the chip, a line each
 };
 
-/// The four exports of the menu: the file dialog, the progress with its Cancel, the messages.
+/// The exports of the menu: the file dialog, the progress with its Cancel, the messages.
 /// A second export cannot begin while one runs; the window can be used meanwhile.
 class CExportController : public QObject
 {
@@ -32,6 +34,7 @@ public:
 
     void exportProjectDL(CProjectModel *project, const QString &folder);
     void exportProjectBin(CProjectModel *project, const QString &folder);
+    void exportPackage(CProjectModel *project, const QString &folder);
     void exportScreenDL(const SShownScreen &screen, const QString &folder);
     void exportScreenBin(const SShownScreen &screen, const QString &folder);
 
@@ -45,8 +48,9 @@ Q_SIGNALS:
     void finished();
 
 private:
-    using Export = CProjectExporter::EResult (CProjectExporter::*)(CProjectModel *, const QString &,
-                                                                   QString *);
+    /// Into the path; the text gets the reason when it fails.
+    using Export = std::function<CProjectExporter::EResult(CProjectExporter *, CProjectModel *,
+                                                           const QString &, QString *)>;
     struct SDialogTexts
     {
         QString title;
@@ -55,7 +59,9 @@ private:
     };
 
     QString askPath(const SDialogTexts &texts, const QString &folder) const;
-    void exportProject(CProjectModel *project, const QString &path, Export form);
+    void exportProject(CProjectModel *project, const QString &path, const Export &form);
+    CProjectExporter::EResult writePackage(CProjectExporter *exporter, CProjectModel *project,
+                                           const QString &folder, QString *reason) const;
     void waitForEmulator() const;
     void writeScreen(const QString &path, const SShownScreen &screen, const QByteArray &bytes);
     void tellExported(const QString &path, bool hasFindings);

@@ -108,6 +108,7 @@ public Q_SLOTS:
     void exportTabDL();
     void exportProjectBin();
     void exportScreenBin();
+    void exportPackage();
     void zoomChanged(int zoomPercent, int zoomType);
     void gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType);
     void savingPathChanged(const QString &path);

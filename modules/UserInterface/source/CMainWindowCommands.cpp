@@ -147,6 +147,13 @@ void CMainWindow::exportProjectBin()
         m_export->exportProjectBin(project(), m_session->workingDirectory());
 }
 
+void CMainWindow::exportPackage()
+{
+    m_panels->finishEdits();
+    if (project())
+        m_export->exportPackage(project(), m_session->workingDirectory());
+}
+
 void CMainWindow::setSnapToGrid(bool enabled)
 {
     m_snapToGrid = enabled;

@@ -34,6 +34,7 @@ public:
         PageToDL,
         ProjectToBinary,
         PageToBinary,
+        ExportPackage,
         PrintScreen,
         Exit,
         BringToFront,

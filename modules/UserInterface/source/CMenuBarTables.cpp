@@ -39,6 +39,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.exportProjectBin(); }},
         {CMenuBar::PageToBinary, QT_TRANSLATE_NOOP("CMenuBar", "&Page to Binary"), "exportprojbin", QT_TRANSLATE_NOOP("CMenuBar", "Export page in Binary format"), nullptr, No,
          [](W &w, B &) { w.exportScreenBin(); }},
+        {CMenuBar::ExportPackage, QT_TRANSLATE_NOOP("CMenuBar", "Export &Package..."), "exportproj", QT_TRANSLATE_NOOP("CMenuBar", "Export all that a firmware needs to draw the pages"), nullptr, No,
+         [](W &w, B &) { w.exportPackage(); }},
         {CMenuBar::PrintScreen, QT_TRANSLATE_NOOP("CMenuBar", "&Print Screen"), "print", QT_TRANSLATE_NOOP("CMenuBar", "Print Screen"), "Ctrl+P", No,
          [](W &w, B &) { w.printScreen(); }},
         {CMenuBar::Exit, QT_TRANSLATE_NOOP("CMenuBar", "&Exit"), "Exit", QT_TRANSLATE_NOOP("CMenuBar", "Exit"), "Ctrl+Q", No,
@@ -125,7 +127,7 @@ const std::vector<SMenu> &menus()
     static const std::vector<SMenu> table = {
         {M::FileMenu, QT_TRANSLATE_NOOP("CMenuBar", "&File"), true,
          {M::New, M::Open, M::RecentMenu, M::CloseProject, M::SaveProject, M::SaveAs, M::Separator,
-          M::NewPage, M::ExportMenu, M::PrintScreen, M::Separator, M::Exit}},
+          M::NewPage, M::ExportMenu, M::ExportPackage, M::PrintScreen, M::Separator, M::Exit}},
         {M::EditMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Edit"), true,
          {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},

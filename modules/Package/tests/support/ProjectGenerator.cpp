@@ -110,8 +110,8 @@ void CGenerator::addBitmap(uint32_t largest)
     const uint32_t palette = kivemu::paletteSize(code);
     uint64_t texels = 0;
     do {
-        asset.width = between(1, 400);
-        asset.height = between(1, 300);
+        asset.width = between(1, m_isLarge ? 800 : 400);
+        asset.height = between(1, m_isLarge ? 500 : 300);
         texels = kivemu::bitmapSize(code, asset.width, asset.height);
     } while (aligned(texels) + palette > std::max(largest, palette + 64));
     asset.bytes = aligned(texels) + palette;
@@ -146,8 +146,8 @@ void CGenerator::addFile(uint32_t largest)
     SAsset asset{QStringLiteral("media%1").arg(m_assets.size()), {}, suffix, 0, 0, false, 0};
     asset.isMono = below(3) == 0;
     do {
-        asset.width = between(1, 300);
-        asset.height = between(1, 200);
+        asset.width = between(1, m_isLarge ? 500 : 300);
+        asset.height = between(1, m_isLarge ? 400 : 200);
         asset.bytes = aligned(static_cast<uint64_t>(asset.width) *
                               static_cast<uint64_t>(asset.height) * (asset.isMono ? 1 : 2));
     } while (asset.bytes > largest);
