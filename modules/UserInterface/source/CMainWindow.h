@@ -108,7 +108,6 @@ public Q_SLOTS:
     void exportTabDL();
     void exportProjectBin();
     void exportScreenBin();
-    void exportPackage();
     void zoomChanged(int zoomPercent, int zoomType);
     void gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType);
     void savingPathChanged(const QString &path);
@@ -119,6 +118,7 @@ public Q_SLOTS:
     void printScreen();
     void lockItems();
     void loadLanguage(const QString &rLanguage);
+    void exportPackage();
 
     // What the menus command besides.
     void newTab();
