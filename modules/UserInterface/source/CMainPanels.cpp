@@ -141,6 +141,7 @@ void CMainPanels::connectSelection()
     connect(m_explorer, &QAbstractItemView::clicked, this, &CMainPanels::explorerClicked);
     connect(m_screens, &CScreen::selectionChanged, this, &CMainPanels::takeFromCanvas);
     connect(m_screens, &CScreen::canvasEntered, this, &CMainPanels::enterCanvas);
+    connect(m_selection, &CProjectSelection::pagesTouched, this, &CMainPanels::showPage);
     connect(m_selection, &CProjectSelection::stepDone, this, &CMainPanels::showStep);
 }
 
@@ -268,8 +269,15 @@ void CMainPanels::select(const QList<CItemModel *> &items)
     showSelection();
 }
 
-/// What came back on another page is shown there. A page is not selected behind the back of who
-/// works on a canvas.
+/// Undo and redo are seen.
+void CMainPanels::showPage(const QList<CItemModel *> &touched)
+{
+    if (touched.contains(m_screens->currentScreen()))
+        return;
+    m_screens->openScreen(static_cast<CScreenModel *>(touched.last()));
+}
+
+/// A page is not selected behind the back of who works on a canvas.
 void CMainPanels::showStep()
 {
     QList<CItemModel *> items = m_selection->items();
@@ -280,14 +288,7 @@ void CMainPanels::showStep()
         };
         items.erase(std::remove_if(items.begin(), items.end(), isScreen), items.end());
     }
-    m_selection->select(items);
-    const CItemModel *shown = m_screens->currentScreen();
-    const bool isSeen = std::any_of(items.begin(), items.end(), [shown](CItemModel *each) {
-        return pageOf(each) == shown;
-    });
-    if (!isSeen && !items.isEmpty())
-        openPageOf(items.first());
-    showSelection();
+    select(items);
 }
 
 /// Of the explorer, whose selection stays: the canvas of another screen has one of its own, which

@@ -77,6 +77,7 @@ private:
     void takeFromCanvas(const QList<CItemModel *> &items);
     void enterCanvas();
     void explorerClicked(const QModelIndex &index);
+    void showPage(const QList<CItemModel *> &touched);
     void showStep();
     void showSelection();
     void openPageOf(CItemModel *item);

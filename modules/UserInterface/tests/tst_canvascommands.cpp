@@ -229,6 +229,13 @@ private Q_SLOTS:
         trigger(CMenuBar::Undo);
         QCOMPARE(m_screens->currentScreen(), first);
         QCOMPARE(selected(), Items{item});
+        QTest::keyClick(m_screens->currentView(), Qt::Key_Left);
+        for (const auto id : {CMenuBar::Undo, CMenuBar::Redo}) { // also of what stays
+            m_screens->openScreen(m_window->project()->screen(1));
+            trigger(id);
+            QCOMPARE(m_screens->currentScreen(), first);
+            QCOMPARE(selected(), Items{item});
+        }
     }
 
     /// After its member, a press on the group that is selected already.
@@ -495,13 +502,20 @@ private Q_SLOTS:
         auto *panel = m_window->findChild<CWidgetPropertiesView *>();
         panel->showItems({select("A")});
         auto *tree = panel->findChild<QTreeWidget *>();
-        tree->editItem(tree->findItems("x_coordinate", Qt::MatchExactly).value(0), 1);
-        auto *box = tree->viewport()->findChild<QSpinBox *>();
-        QVERIFY(box);
-        box->selectAll();
-        QTest::keyClicks(box, "77"); // and no Enter
+        const auto type = [this, tree](const char *key, const char *text) { // and no Enter
+            tree->editItem(tree->findItems(key, Qt::MatchExactly).value(0), 1);
+            auto *box = qobject_cast<QSpinBox *>(m_window->focusWidget());
+            QVERIFY2(box, key);
+            box->selectAll();
+            QTest::keyClicks(box, text);
+        };
+        type("x_coordinate", "77");
         trigger(CMenuBar::SaveProject);
         QVERIFY(readFile(m_folder->path("demo.nyx")).contains("x_coordinate=\"77\""));
+        type("y_coordinate", "78");
+        m_screens->openScreen(m_window->project()->screen(1)); // which stays, although it is kept
+        QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(1));
+        QCOMPARE(m_window->project()->screen(0)->childItem(0)->y(), 78.0);
     }
 
     /// A member cannot be selected by itself, but its properties are what the click asked for.

@@ -31,13 +31,16 @@ void CProjectSelection::setProject(CProjectModel *project)
     }
     select({});
     m_arrived.clear();
+    m_touched.clear();
     m_haveRowsChanged = false;
     m_project = project;
     if (!project)
         return;
+    isReplayed(project->undoStack()->index());
     connect(project, &QAbstractItemModel::rowsInserted, this, &CProjectSelection::rowsInserted);
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
             &CProjectSelection::rowsAboutToBeRemoved);
+    connect(project, &CProjectModel::propertyChanged, this, &CProjectSelection::touch);
     connect(project->undoStack(), &QUndoStack::indexChanged, this, &CProjectSelection::endStep);
 }
 
@@ -83,6 +86,7 @@ CItemModel *CProjectSelection::itemAt(const QModelIndex &parent, int row) const
 void CProjectSelection::rowsInserted(const QModelIndex &parent, int first, int last)
 {
     m_haveRowsChanged = true;
+    touch(itemAt(parent, first));
     for (int row = first; row <= last; ++row) {
         CItemModel *item = itemAt(parent, row);
         if (item && !item->isMoving() && !item->isGrouped())
@@ -93,6 +97,7 @@ void CProjectSelection::rowsInserted(const QModelIndex &parent, int first, int l
 void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
 {
     m_haveRowsChanged = true;
+    touch(itemAt(parent, first));
     for (int row = first; row <= last; ++row) {
         const CItemModel *item = itemAt(parent, row);
         if (item && !item->isMoving())
@@ -103,14 +108,40 @@ void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int firs
 void CProjectSelection::forget(const CItemModel *gone)
 {
     const auto isGone = [gone](const CItemModel *each) { return isBelow(each, gone); };
-    for (QList<CItemModel *> *items : {&m_items, &m_arrived})
+    for (QList<CItemModel *> *items : {&m_items, &m_arrived, &m_touched})
         items->erase(std::remove_if(items->begin(), items->end(), isGone), items->end());
     if (m_member && isGone(m_member))
         m_member = nullptr;
 }
 
-void CProjectSelection::endStep()
+/// Of an item the page, where it is seen. What a page itself is like is seen in the explorer.
+void CProjectSelection::touch(CItemModel *item)
 {
+    if (!item || !item->parentItem())
+        return;
+    while (item->parentItem())
+        item = item->parentItem();
+    if (!m_touched.isEmpty() && m_touched.constLast() == item)
+        return;
+    m_touched.removeOne(item);
+    m_touched.append(item);
+}
+
+/// Whether the step that has led to this index is an old one. A new one is made before it takes the
+/// place of what could have been redone, so that the two cannot be mistaken for each other.
+bool CProjectSelection::isReplayed(int index)
+{
+    const QUndoStack &stack = *m_project->undoStack();
+    const int before = std::exchange(m_index, index);
+    const QUndoCommand *next = std::exchange(m_next, stack.command(index));
+    return index < before || (next && stack.command(before) == next);
+}
+
+void CProjectSelection::endStep(int index)
+{
+    const QList<CItemModel *> touched = std::exchange(m_touched, {});
+    if (isReplayed(index) && !touched.isEmpty())
+        Q_EMIT pagesTouched(touched);
     if (!std::exchange(m_haveRowsChanged, false))
         return;
     const QList<CItemModel *> arrived = std::exchange(m_arrived, {});

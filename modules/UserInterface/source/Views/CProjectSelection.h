@@ -7,6 +7,7 @@
 class CItemModel;
 class CProjectModel;
 class QModelIndex;
+class QUndoCommand;
 
 /// What is selected in the open project: the one answer that canvas, explorer and property panel
 /// show and that commands are for.
@@ -38,6 +39,9 @@ public:
     void forgetMember() { m_member = nullptr; }
 
 Q_SIGNALS:
+    /// Undo or redo has changed something on these pages, the last one last; told ahead of
+    /// stepDone().
+    void pagesTouched(const QList<CItemModel *> &pages);
     /// A step that took rows away, moved them or brought them in is over; the views, which have
     /// lost rows on the way, are to show this selection again.
     void stepDone();
@@ -45,13 +49,18 @@ Q_SIGNALS:
 private:
     void rowsInserted(const QModelIndex &parent, int first, int last);
     void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
-    void endStep();
+    void touch(CItemModel *item);
+    void endStep(int index);
+    bool isReplayed(int index);
     CItemModel *itemAt(const QModelIndex &parent, int row) const;
     void forget(const CItemModel *gone);
 
     QPointer<CProjectModel> m_project;
     QList<CItemModel *> m_items;
     QList<CItemModel *> m_arrived; ///< by the step under way
+    QList<CItemModel *> m_touched; ///< pages, by the step under way
     CItemModel *m_member = nullptr;
     bool m_haveRowsChanged = false; ///< in the step under way
+    int m_index = 0;                ///< of the undo stack after the last step
+    const QUndoCommand *m_next = nullptr; ///< that a redo would do then; only compared
 };

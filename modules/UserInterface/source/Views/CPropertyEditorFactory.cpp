@@ -66,6 +66,8 @@ void CPropertyEditorFactory::commitPending()
 {
     const QHash<QtProperty *, SEditor> editors = m_editors; // a commit may change them
     for (const SEditor &editor : editors) {
+        if (auto *box = qobject_cast<QAbstractSpinBox *>(editor.widget))
+            box->interpretText(); // what is being typed becomes its value only when it is left
         if (editor.pending)
             editor.pending->commit();
     }
