@@ -65,12 +65,15 @@ void CProjectExplorerView::execute(QDrag *drag)
 void CProjectExplorerView::takeDraggedScreen()
 {
     m_takenRow = m_dragged->row();
-    m_takenRect = visualRect(m_dragged->index()).translated(0, verticalOffset());
+    const QRect row = visualRect(m_dragged->index());
     m_wasShown = m_dragged == m_shownScreen;
     m_wasExpanded = isExpanded(m_dragged->index());
     m_dragged->setMoving(true);
     m_project->takeRow(m_takenRow);
     m_taken.reset(m_dragged);
+    executeDelayedItemsLayout(); // a shorter tree may not be scrolled as far
+    updateGeometries();
+    m_takenRect = row.translated(0, verticalOffset()); // under the pointer all the same
 }
 
 /// The screen that was out of the model, if one was, and is now in it again.

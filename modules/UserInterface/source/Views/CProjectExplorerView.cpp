@@ -76,10 +76,14 @@ void CProjectExplorerView::watchRemovals()
     disconnect(m_removalEnds);
     if (!m_project)
         return;
+    const auto setLeaving = [this](bool areLeaving) {
+        m_rowsLeaving = areLeaving;
+        setAutoScroll(!areLeaving); // to the row that becomes the current one, for want of a better
+    };
     m_removalBegins = connect(m_project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-                              [this] { m_rowsLeaving = true; });
+                              [setLeaving] { setLeaving(true); });
     m_removalEnds = connect(m_project, &QAbstractItemModel::rowsRemoved, this,
-                            [this] { m_rowsLeaving = false; });
+                            [setLeaving] { setLeaving(false); });
 }
 
 CItemModel *CProjectExplorerView::itemAt(const QModelIndex &index) const

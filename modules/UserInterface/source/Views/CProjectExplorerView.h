@@ -99,7 +99,7 @@ private:
     CItemModel *m_dragged = nullptr; ///< set from the start of a drag to its end
     std::unique_ptr<CItemModel> m_taken;
     int m_takenRow = -1;
-    QRect m_takenRect;    ///< of its row, in a tree that is not scrolled
+    QRect m_takenRect;    ///< where its row was seen, in a tree that is not scrolled
     int m_targetRow = -1; ///< as if the taken row were not there; -1: behind all
     bool m_wasShown = false;
     bool m_wasExpanded = false;

@@ -226,6 +226,7 @@ void tst_ProjectExplorer::dragMovesAScreen_data()
     QTest::newRow("to the end") << 0 << -1 << QStringList{"Page 2", "Page 3", "Page 1"};
     QTest::newRow("to its own place") << 1 << 2 << QStringList();
     QTest::newRow("where it was, which the next one now covers") << 0 << -2 << QStringList();
+    QTest::newRow("where it was, at the end of a scrolled tree") << 2 << -2 << QStringList();
     QTest::newRow("last one below all") << 2 << -1 << QStringList();
 }
 
@@ -237,6 +238,12 @@ void tst_ProjectExplorer::dragMovesAScreen()
     const QByteArray start = savedBytes(*m_project);
     const QStringList startNames = screenNames(*m_project);
     CScreenModel *target = m_project->screen(before);
+    if (before == -2) {
+        m_view->resize(240, m_view->height() - m_view->viewport()->height() + 70); // scrolls
+        m_view->scrollTo(m_project->index(from, 0));
+        m_view->setCurrentIndex(m_project->index(1, 0, m_project->index(0, 0)));
+        m_view->scrollTo(m_project->index(from, 0));
+    }
     const QPoint ownPlace = m_view->visualRect(m_project->index(from, 0)).bottomLeft();
     QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
     QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
@@ -247,7 +254,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
 
     m_view->user = [&](QMimeData *data) {
         QCOMPARE(data->formats(), QStringList{"drag-drop-explorer"});
-        m_view->enter(data, {20, 5});
+        m_view->enter(data, before == -2 ? ownPlace : QPoint(20, 5));
         QCOMPARE(m_project->screenCount(), 2);
         QVERIFY(m_view->isDragging());
         QVERIFY(dragged->isMoving());
