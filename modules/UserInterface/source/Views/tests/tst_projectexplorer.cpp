@@ -239,7 +239,7 @@ void tst_ProjectExplorer::dragMovesAScreen()
     const QStringList startNames = screenNames(*m_project);
     CScreenModel *target = m_project->screen(before);
     if (before == -2) {
-        m_view->resize(240, m_view->height() - m_view->viewport()->height() + 70); // scrolls
+        m_view->resize(240, m_view->height() - m_view->viewport()->height() + 40); // scrolls
         m_view->scrollTo(m_project->index(from, 0));
         m_view->setCurrentIndex(m_project->index(1, 0, m_project->index(0, 0)));
         m_view->scrollTo(m_project->index(from, 0));
