@@ -139,6 +139,7 @@ void CMainPanels::connectSelection()
             &CMainPanels::selectionChanged);
     connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
     connect(m_explorer, &QAbstractItemView::clicked, this, &CMainPanels::explorerClicked);
+    connect(m_explorer, &CProjectExplorerView::memberReached, this, &CMainPanels::reveal);
     connect(m_screens, &CScreen::selectionChanged, this, &CMainPanels::takeFromCanvas);
     connect(m_screens, &CScreen::canvasEntered, this, &CMainPanels::enterCanvas);
     connect(m_selection, &CProjectSelection::pagesTouched, this, &CMainPanels::showPage);
@@ -212,7 +213,7 @@ CItemModel *CMainPanels::itemAt(const QModelIndex &index) const
 void CMainPanels::selectionChanged(const QModelIndexList &selected)
 {
     CItemModel *current = itemAt(m_explorer->currentIndex());
-    if (selected.isEmpty() && current && current->isGrouped()) { // the keys have come to a member
+    if (selected.isEmpty() && current && current->isGrouped()) { // pressed, but not selectable
         reveal(current);
         return;
     }

@@ -249,7 +249,13 @@ private Q_SLOTS:
         CScreenView *view = m_screens->currentView();
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(12, 12));
         QCOMPARE(panel->currentItemModel(), member->parentItem());
-        Q_EMIT m_explorer->clicked(member->index());
+        m_explorer->expandAll();
+        CItemModel *next = member->parentItem()->childItem(1);
+        for (CItemModel *each : {member, next}) { // the keys walk through the members
+            QTest::keyClick(m_explorer, Qt::Key_Down);
+            QCOMPARE(panel->currentItemModel(), each);
+            QCOMPARE(m_screens->selectedItems(), QList<CItemModel *>{member->parentItem()});
+        }
         Q_EMIT m_explorer->clicked(member->parent()->index());
         QCOMPARE(selected(), Items{member->parentItem()});
     }

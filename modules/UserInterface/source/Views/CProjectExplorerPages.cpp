@@ -83,7 +83,7 @@ void CProjectExplorerView::paste()
     selectPagesFrom(before);
 }
 
-/// What was just added is behind all others, often out of sight.
+/// What was just added is behind all others, often out of sight; the last one is shown.
 void CProjectExplorerView::selectPagesFrom(int row)
 {
     const int last = m_project->rowCount() - 1;
@@ -92,6 +92,7 @@ void CProjectExplorerView::selectPagesFrom(int row)
     const QItemSelection added(m_project->index(row, 0), m_project->index(last, 0));
     selectionModel()->setCurrentIndex(m_project->index(last, 0), QItemSelectionModel::NoUpdate);
     selectionModel()->select(added, QItemSelectionModel::ClearAndSelect);
+    Q_EMIT screenActivated(m_project->screen(last));
 }
 
 void CProjectExplorerView::saveScreen()

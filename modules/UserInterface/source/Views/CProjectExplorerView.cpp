@@ -9,6 +9,15 @@
 
 #include <algorithm>
 
+namespace {
+bool isAncestor(const QModelIndex &above, QModelIndex index)
+{
+    while (index.isValid() && index != above)
+        index = index.parent();
+    return index.isValid();
+}
+} // namespace
+
 CProjectExplorerView::CProjectExplorerView(QWidget *parent)
     : QTreeView(parent), m_indicator(new QWidget(viewport()))
 {
@@ -137,7 +146,9 @@ void CProjectExplorerView::selectItems(const QList<CItemModel *> &items)
 
     m_syncing = true;
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (indexes.size() == 1) {
+    const CItemModel *current = itemAt(currentIndex());
+    const bool isAtMember = current && current->isGrouped(); // from where the keys go on
+    if (indexes.size() == 1 && !(isAtMember && isAncestor(indexes.first(), currentIndex()))) {
         selectionModel()->setCurrentIndex(indexes.first(), QItemSelectionModel::NoUpdate);
         scrollTo(indexes.first());
     }
@@ -145,6 +156,15 @@ void CProjectExplorerView::selectItems(const QList<CItemModel *> &items)
     m_reportedDeselected.clear();
     m_syncing = false;
     viewport()->update();
+}
+
+void CProjectExplorerView::keyPressEvent(QKeyEvent *event)
+{
+    const QModelIndex before = currentIndex();
+    QTreeView::keyPressEvent(event);
+    CItemModel *current = itemAt(currentIndex());
+    if (current && current->isGrouped() && currentIndex() != before)
+        Q_EMIT memberReached(current);
 }
 
 QVector<CScreenModel *> CProjectExplorerView::selectedScreens() const

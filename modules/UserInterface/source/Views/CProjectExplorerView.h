@@ -53,6 +53,8 @@ Q_SIGNALS:
     void screenActivated(CScreenModel *screen);
     /// By the user. That rows have left the project or moved within it is no choice of his.
     void onSelectionChanged(const QModelIndexList &selected);
+    /// The keys have come to a member of a group, which cannot be selected.
+    void memberReached(CItemModel *member);
     /// Something for the output window.
     void message(const QString &text);
 
@@ -62,6 +64,7 @@ protected Q_SLOTS:
 protected:
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
