@@ -26,6 +26,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QRandomGenerator>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
@@ -33,6 +34,7 @@
 #include <QTreeWidget>
 #include <QUndoStack>
 
+#include <iterator>
 #include <memory>
 
 namespace {
@@ -177,6 +179,68 @@ private Q_SLOTS:
             while (stack->canUndo())
                 trigger(CMenuBar::Undo);
         }
+    }
+
+    void randomCommands_data()
+    {
+        QTest::addColumn<uint>("seed");
+        for (const uint seed : {1U, 2U, 3U})
+            QTest::addRow("seed %u", seed) << seed;
+    }
+
+    /// Whatever is chosen and done, in whatever panel: the panels agree, and all of it is undone.
+    void randomCommands()
+    {
+        QFETCH(uint, seed);
+        QRandomGenerator random(seed);
+        CProjectModel *project = m_window->project();
+        const QByteArray before = project->saveToBytes(nullptr);
+        constexpr CMenuBar::EAction actions[] = {
+            CMenuBar::BringToFront, CMenuBar::SendToBack,   CMenuBar::BringForward,
+            CMenuBar::SendBackward, CMenuBar::Cut,          CMenuBar::Copy,
+            CMenuBar::Paste,        CMenuBar::Paste,        CMenuBar::SelectAll,
+            CMenuBar::SelectNone,   CMenuBar::Delete,       CMenuBar::SelectInverse,
+            CMenuBar::Undo,         CMenuBar::Redo,         CMenuBar::Undo,
+            CMenuBar::Group,        CMenuBar::Ungroup,      CMenuBar::NewPage};
+        for (int step = 0; step < 300; ++step) {
+            QVector<CItemModel *> all;
+            for (int row = 0; row < project->screenCount(); ++row)
+                collect(*project->screen(row), all);
+            const auto any = [&] { return all.at(int(random.bounded(uint(all.size())))); };
+            const quint32 what = all.isEmpty() ? 9 : random.bounded(10U);
+            if (what < 2) {
+                m_explorer->expandAll();
+                Q_EMIT m_explorer->clicked(any()->index());
+            } else if (what == 2) {
+                chooseInExplorer(Items{any(), any()}.values());
+            } else if (what == 3) {
+                m_screens->openScreen(project->screen(int(random.bounded(uint(project->screenCount())))));
+            } else if (what == 4 && m_screens->currentView()) {
+                const auto views = m_screens->currentView()->screenScene()->itemViews();
+                for (CItemView *each : views)
+                    each->setSelected(random.bounded(2U) && !each->item()->isGrouped());
+            } else {
+                trigger(actions[random.bounded(uint(std::size(actions)))]);
+            }
+            Items inExplorer;
+            Items onPage;
+            for (const QModelIndex &each : m_explorer->selectionModel()->selectedIndexes()) {
+                CItemModel *item = CItemModel::fromItem(project->itemFromIndex(each));
+                inExplorer.insert(item);
+                if (item->parentItem() && item->parentItem() == m_screens->currentScreen())
+                    onPage.insert(item);
+            }
+            const QList<CItemModel *> shown = m_screens->selectedItems();
+            QCOMPARE(onPage, Items(shown.begin(), shown.end()));
+            const CItemModel *inPanel =
+                m_window->findChild<CWidgetPropertiesView *>()->currentItemModel();
+            while (inPanel && inPanel->isGrouped())
+                inPanel = inPanel->parentItem();
+            QCOMPARE(inPanel, inExplorer.size() == 1 ? *inExplorer.begin() : nullptr);
+        }
+        while (project->undoStack()->canUndo())
+            trigger(CMenuBar::Undo);
+        QCOMPARE(project->saveToBytes(nullptr), before);
     }
 
     /// Who has chosen something there sees it, and commands are for all of it, in one step.
@@ -598,6 +662,13 @@ private:
         }
         choose(items);
         return items.value(0);
+    }
+
+    static void collect(CItemModel &item, QVector<CItemModel *> &items)
+    {
+        items.append(&item);
+        for (int row = 0; row < item.rowCount(); ++row)
+            collect(*item.childItem(row), items);
     }
 
     /// As a user does on the canvas.
