@@ -48,6 +48,7 @@ void CChip::write(int memory, uint32_t offset, const uint8_t *bytes, uint32_t co
     std::copy_n(bytes, count, target.begin() + offset);
     if (memory == KIV_RAM_G) {
         m_loadedBytes += count;
+        m_loadedEnd = std::max<size_t>(m_loadedEnd, offset + count);
         ++m_loads;
     } else {
         m_isListWritten = true;
@@ -64,9 +65,8 @@ void CChip::show()
 
 std::vector<uint32_t> CChip::draw(int width, int height, std::vector<std::string> *errors) const
 {
-    const std::vector<uint8_t> &assets = m_memories[KIV_RAM_G];
-    kivemu::CRamG memory(assets.size());
-    memory.append(assets.data(), assets.size());
+    kivemu::CRamG memory(m_loadedEnd); // what lies behind is an error, not garbage
+    memory.append(ramG().data(), m_loadedEnd);
     const std::vector<uint8_t> &list = m_memories[KIV_RAM_DL];
     kivemu::CExecutor executor;
     kivemu::SFrame frame = kivemu::execute(executor, kivemu::fromBytes(list.data(), list.size()),

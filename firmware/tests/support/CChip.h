@@ -33,6 +33,7 @@ private:
     std::vector<uint8_t> m_memories[2];
     std::vector<std::string> m_errors;
     uint64_t m_loadedBytes = 0;
+    size_t m_loadedEnd = 0;
     int m_loads = 0;
     bool m_isListWritten = false;
     bool m_isDrawing = false;
