@@ -15,11 +15,15 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineF>
+#include <QPolygonF>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTransform>
 #include <QtTest>
 
+#include <algorithm>
 #include <random>
 
 /// What panel-export --package writes is enough by itself: from these files alone the player shows
@@ -37,12 +41,15 @@ private Q_SLOTS:
     void theSingleExportsAreTheSame();
     void aChangeLoadsWhatTheManifestSays_data() { projects(); }
     void aChangeLoadsWhatTheManifestSays();
+    void aTouchHitsTheItemThatIsThere_data() { projects(); }
+    void aTouchHitsTheItemThatIsThere();
     void theGuidesProgramGivesThePicture();
 
 private:
     void projects();
     QDir exported() const; ///< of the row's project
     STestPackage::Bytes blob() const;
+    QJsonArray screensOfManifest() const;
     QImage picture(int screen) const;
 
     const QDir m_sources{qEnvironmentVariable("KIV_SOURCE_DIR")};
@@ -125,6 +132,33 @@ int differentPixels(const std::vector<uint32_t> &shown, int width, int height, c
     return different;
 }
 
+/// The corners of an item of the manifest, turned about its middle.
+QPolygonF outline(const QJsonObject &item)
+{
+    const QRectF box(item["x"].toDouble(), item["y"].toDouble(), item["width"].toDouble(),
+                     item["height"].toDouble());
+    QTransform turn;
+    turn.translate(box.center().x(), box.center().y());
+    turn.rotate(item["angle"].toDouble());
+    turn.translate(-box.center().x(), -box.center().y());
+    return turn.map(QPolygonF(
+        QVector<QPointF>{box.topLeft(), box.topRight(), box.bottomRight(), box.bottomLeft()}));
+}
+
+/// Whether a point is so near to the edge of an outline that rounding may decide.
+bool isOnEdge(const QPolygonF &outline, const QPointF &point)
+{
+    for (int i = 0; i < outline.size(); ++i) {
+        const QLineF edge(outline[i], outline[(i + 1) % outline.size()]);
+        const QPointF along = edge.p2() - edge.p1();
+        const double share = QPointF::dotProduct(point - edge.p1(), along) /
+                             std::max(1e-9, QPointF::dotProduct(along, along));
+        if (QLineF(edge.pointAt(std::clamp(share, 0.0, 1.0)), point).length() < 0.2)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void tst_PackageProof::initTestCase()
@@ -181,6 +215,12 @@ STestPackage::Bytes tst_PackageProof::blob() const
 {
     const QByteArray bytes = contentOf(exported().filePath(QStringLiteral("panel.bin")));
     return {bytes.begin(), bytes.end()};
+}
+
+QJsonArray tst_PackageProof::screensOfManifest() const
+{
+    const QByteArray text = contentOf(exported().filePath(QStringLiteral("manifest.json")));
+    return QJsonDocument::fromJson(text).object()[QStringLiteral("screens")].toArray();
 }
 
 QImage tst_PackageProof::picture(int screen) const
@@ -263,10 +303,7 @@ void tst_PackageProof::theSingleExportsAreTheSame()
 void tst_PackageProof::aChangeLoadsWhatTheManifestSays()
 {
     const STestPackage::Bytes bytes = blob();
-    const QJsonArray screens =
-        QJsonDocument::fromJson(contentOf(exported().filePath(QStringLiteral("manifest.json"))))
-            .object()[QStringLiteral("screens")]
-            .toArray();
+    const QJsonArray screens = screensOfManifest();
     const auto number = [](const QJsonValue &value) {
         return static_cast<uint64_t>(value.toDouble());
     };
@@ -280,6 +317,42 @@ void tst_PackageProof::aChangeLoadsWhatTheManifestSays()
             open.play.show(&open.panel, to);
             QCOMPARE(open.chip.loadedBytes() - first,
                      number(screens[to].toObject()["bytes_loaded_after"].toArray()[from]));
+        }
+    }
+}
+
+void tst_PackageProof::aTouchHitsTheItemThatIsThere()
+{
+    const STestPackage::Bytes bytes = blob();
+    const QJsonArray screens = screensOfManifest();
+    SPlay open(m_players.front(), bytes);
+    std::mt19937 random(3);
+    for (int screen = 0; screen < screens.size(); ++screen) {
+        open.play.show(&open.panel, screen);
+        const QJsonArray items = screens[screen].toObject()["items"].toArray(); // front-most first
+        for (int touch = 0; touch < 300; ++touch) {
+            const int x = static_cast<int>(random() >> 1) % kiv_panel_width(&open.panel);
+            const int y = static_cast<int>(random() >> 1) % kiv_panel_height(&open.panel);
+            const QPointF centre(x + 0.5, y + 0.5);
+            bool isUncertain = false;
+            int wanted = -1;
+            for (const QJsonValue &value : items) {
+                const QJsonObject item = value.toObject();
+                const QPolygonF corners = outline(item);
+                isUncertain = isUncertain || isOnEdge(corners, centre);
+                if (wanted < 0 && corners.containsPoint(centre, Qt::OddEvenFill))
+                    wanted = item["index"].toInt();
+            }
+            const int hit = open.play.hit(&open.panel, x, y);
+            if (isUncertain)
+                continue;
+            QCOMPARE(hit, wanted);
+            if (hit >= 0) {
+                const QJsonObject item =
+                    items[hit - items[0].toObject()["index"].toInt()].toObject();
+                QCOMPARE(QString::fromUtf8(kiv_panel_item_name(&open.panel, hit)),
+                         item["name"].toString());
+            }
         }
     }
 }
