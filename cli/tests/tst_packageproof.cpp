@@ -102,9 +102,9 @@ private:
 struct SPlay
 {
     SPlay(const player &functions, const STestPackage::Bytes &blob)
-        : play(functions), chip(numberAt(blob, 16)), memory(blob), bus(chip.bus())
+        : play(functions), chip(numberAt(blob, 16)), memory(1, 0xFF), bus(chip.bus())
     {
-        memory.insert(memory.begin(), 0xFF);
+        memory.insert(memory.end(), blob.begin(), blob.end()); // as much as needed, no more
         error = play.open(&panel, memory.data() + 1, static_cast<uint32_t>(blob.size()), &bus);
     }
     SPlay(const SPlay &) = delete;

@@ -27,9 +27,9 @@ class COpenPanel
 {
 public:
     COpenPanel(const player &functions, const Bytes &blob)
-        : play(functions), chip(0x110), m_memory(blob), m_bus(chip.bus())
+        : play(functions), chip(0x110), m_memory(1, 0xFF), m_bus(chip.bus())
     {
-        m_memory.insert(m_memory.begin(), 0xFF);
+        m_memory.insert(m_memory.end(), blob.begin(), blob.end()); // as much as needed, no more
         error = play.open(&panel, m_memory.data() + 1, static_cast<uint32_t>(blob.size()), &m_bus);
     }
     COpenPanel(const COpenPanel &) = delete;
@@ -129,9 +129,8 @@ TEST(Panel, SaysWhatIsWrong)
         seal(blob);
         EXPECT_EQ(openError(blob), fault.error) << fault.what;
     }
-    for (const size_t bytes : {0, 31, 32, 127})
-        EXPECT_EQ(openError(Bytes(good.begin(), good.begin() + static_cast<long>(bytes))),
-                  KIV_ERROR_SIZE);
+    for (const std::ptrdiff_t bytes : {0, 31, 32, 127})
+        EXPECT_EQ(openError(Bytes(good.begin(), good.begin() + bytes)), KIV_ERROR_SIZE);
     STestPackage many = STestPackage::example();
     many.blocks.resize(513, many.blocks[0]);
     EXPECT_EQ(openError(many.toBytes()), KIV_ERROR_BLOCK);
