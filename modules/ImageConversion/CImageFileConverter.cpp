@@ -150,6 +150,7 @@ CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
     }
     for (const CConversionPaths &each : candidates) {
         if (result && ImageNames::areOutputsEqual(each, paths, formatCode)) {
+            ImageNames::completeSource(each, formatCode, source);
             result = each;
             break;
         }

@@ -149,24 +149,25 @@ CImageImport::SFiles CImageImport::filesOf(const QDomElement &item, const QStrin
     return files;
 }
 
-/// Whether the base name is free there, or belongs to the same image.
+/// Whether the base name is free there, or belongs to the same image; what lies there under the
+/// names of the files is equal to them.
 bool CImageImport::fits(const SFiles &files, const QString &folder, const QString &base) const
 {
-    const QStringList there = ImageNames::filesOf(folder, base);
-    if (there.isEmpty())
-        return true;
-    if (!files.sourceEnding.isEmpty() && !there.contains(base + files.sourceEnding))
-        return false;
     QStringList brought;
     for (const SFiles::SFile &each : files.all)
         brought.append(base + each.ending);
-    for (const QString &each : brought) {
-        if (files.sourceEnding.isEmpty() && !there.contains(each))
-            return false; // nobody knows whether it was made of the same image
-    }
+    const QStringList there = ImageNames::filesOf(folder, base);
+    bool hasMore = false;
     for (const QString &each : there) {
-        if (!brought.contains(each) && !ImageNames::isOutput(each, base))
+        if (brought.contains(each))
+            brought.removeOne(each);
+        else if (ImageNames::isOutput(each, base))
+            hasMore = true;
+        else
             return false; // another image's source
     }
-    return true;
+    // Other formats beside them were made of the same image if their source is the same.
+    const bool isSameSource =
+        !files.sourceEnding.isEmpty() && there.contains(base + files.sourceEnding);
+    return !hasMore || isSameSource || (files.sourceEnding.isEmpty() && brought.isEmpty());
 }

@@ -89,6 +89,20 @@ bool ImageNames::areOutputsEqual(const CConversionPaths &one, const CConversionP
     return true;
 }
 
+void ImageNames::completeSource(const CConversionPaths &paths, int formatCode,
+                                const QString &source)
+{
+    const QString start = paths.folder(formatCode) + QLatin1Char('/');
+    const QStringList made = outputs(paths, formatCode);
+    for (const QString &each : filesOf(paths.folder(formatCode), paths.baseName(formatCode))) {
+        if (!made.contains(start + each))
+            return;
+    }
+    CFileCopies copy;
+    copy.add(source, start + paths.fileName());
+    copy.copy(); // a convenience; without it another format is refused
+}
+
 ImageNames::EState ImageNames::stateOf(const CConversionPaths &paths, int formatCode,
                                        const QString &source)
 {

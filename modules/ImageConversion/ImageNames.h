@@ -23,6 +23,9 @@ QString sourceIn(const QString &folder, const QString &base);
 /// The files of the image in one format, with their paths, whether they are there or not.
 QStringList outputs(const CConversionPaths &paths, int formatCode);
 bool areOutputsEqual(const CConversionPaths &one, const CConversionPaths &other, int formatCode);
+/// Puts the source beside what was made of it in this format alone, if no source lies there: else
+/// it could not be converted into another one.
+void completeSource(const CConversionPaths &paths, int formatCode, const QString &source);
 
 enum class EState {
     Free, ///< nothing is there, or the same source, in other formats

@@ -41,6 +41,13 @@ void CImagePlaces::move(const QHash<QString, QString> &texts)
         m_moved.insert(it.key(), it.value());
     for (auto it = m_moved.begin(); it != m_moved.end();)
         it = it.key() == it.value() ? m_moved.erase(it) : std::next(it);
+    // Of what was called otherwise before, nothing is in use any more.
+    for (QSet<QString> *each : {&m_folders, &m_files}) {
+        QSet<QString> now;
+        for (const QString &text : qAsConst(*each))
+            now.insert(today(text));
+        *each = now;
+    }
 }
 
 void CImagePlaces::update(CItemModel *item) const

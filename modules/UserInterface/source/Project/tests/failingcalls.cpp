@@ -2,6 +2,7 @@
 // call them here, where one of them can be made to fail. The test in main() saves over and over,
 // letting the first call fail, then the second, ..., until a save gets by without meeting it.
 //   failingcalls FILE
+#include "CFileCopies.h"
 #include "CFileWriter.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
@@ -31,6 +32,7 @@ enum class EKind {
     Autosave,
     NewFile, // a page, an export, a picture: all are written by the same routine
     Replacement,
+    Images, // several files that arrive together or not at all
 };
 
 struct
@@ -173,11 +175,32 @@ bool writeOnce(EKind kind)
     return plan.count >= plan.failAt;
 }
 
+/// As saveOnce(), for images that are taken along or made.
+bool copyOnce()
+{
+    const QTemporaryDir folder;
+    CFileCopies copies;
+    for (const char *name : {"a.raw", "a.png"}) {
+        writeFile(folder.filePath(QLatin1String(name)), QByteArray(20'000, name[2]));
+        copies.add(folder.filePath(QLatin1String(name)),
+                   folder.filePath(QStringLiteral("to/here/") + QLatin1String(name)));
+    }
+    const bool copied = underPlan([&] { return copies.copy().isEmpty(); });
+    check(filesIn(folder.filePath(QStringLiteral("to/here"))).size() == (copied ? 2 : 0),
+          "some images and not others");
+    check(QFileInfo::exists(folder.filePath(QStringLiteral("to"))) == copied, "a folder is left");
+    check(!copied || readFile(folder.filePath(QStringLiteral("to/here/a.png"))).size() == 20'000,
+          "an image is cut short");
+    return plan.count >= plan.failAt;
+}
+
 /// One save with one plan. True when the save has met the call that was to fail.
 bool saveOnce(const QString &path, EKind kind)
 {
     if (kind == EKind::NewFile || kind == EKind::Replacement)
         return writeOnce(kind);
+    if (kind == EKind::Images)
+        return copyOnce();
     const bool automatic = kind == EKind::Autosave;
     CScriptedUser user;
     CRecentProjects recent;
@@ -221,7 +244,8 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QString path = application.arguments().value(1);
     int saves = 0;
-    for (const EKind kind : {EKind::Save, EKind::Autosave, EKind::NewFile, EKind::Replacement}) {
+    for (const EKind kind :
+         {EKind::Save, EKind::Autosave, EKind::NewFile, EKind::Replacement, EKind::Images}) {
         for (const int error : {ENOSPC, EIO, EACCES, EINTR, ShortWrite}) {
             for (const bool persistent : {false, true}) {
                 if (persistent && error == EINTR)
