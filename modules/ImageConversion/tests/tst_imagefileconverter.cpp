@@ -1,4 +1,5 @@
 #include "CBitmapFormatTable.h"
+#include "CFileSizeLimit.h"
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
 #include "CToolStubs.h"
@@ -11,37 +12,11 @@
 #include <QSignalSpy>
 #include <QTextCodec>
 #include <QtTest>
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 // How the converter finds, calls and believes its tools; with stubs, and with the real ones.
 
 using Names = QStringList;
-
-namespace {
-/// Lets no file of this process and its tools grow beyond a size, until it goes.
-class CFileSizeLimit
-{
-public:
-    explicit CFileSizeLimit(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~CFileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int) = nullptr;
-};
-} // namespace
 
 class tst_ImageFileConverter : public QObject
 {
@@ -49,7 +24,7 @@ class tst_ImageFileConverter : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void formatNamesAndCodes();
+    void unknownFormats();
     void callsOfTheTools();
     void optionsAsFileNames();
     void successNeedsItsOutput();
@@ -148,20 +123,10 @@ std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &
     return converter.convertedImage(photo, format);
 }
 
-void tst_ImageFileConverter::formatNamesAndCodes()
+void tst_ImageFileConverter::unknownFormats()
 {
-    const QList<QPair<QString, int>> required = {
-        {"ARGB1555", 0},     {"L1", 1},         {"L4", 2},
-        {"L8", 3},           {"RGB332", 4},     {"ARGB2", 5},
-        {"ARGB4", 6},        {"RGB565", 7},     {"PALETTED", 8},
-        {"L2", 9},           {"PALETTED8", 12}, {"PALETTED4444", 13},
-        {"PALETTED565", 14}, {"DXT1", 255},     {"argb4", -1},
-        {"L16", -1},         {"", -1},          {"None", -1}};
-    for (const auto &row : required) {
-        QCOMPARE(CBitmapFormatTable::code(row.first), row.second);
-        if (row.second >= 0)
-            QCOMPARE(CBitmapFormatTable::name(row.second), row.first);
-    }
+    for (const char *name : {"argb4", "L16", "", "None"})
+        QCOMPARE(CBitmapFormatTable::code(name), -1);
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_.raw");
     for (const int code : {-1, -255, 10, 11, 15, 254, 256, 1000})
         verifyRefused(makeImage("photo.png"), code);

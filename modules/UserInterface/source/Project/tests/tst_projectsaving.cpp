@@ -1,5 +1,6 @@
 // What is on the disk when a save is killed, runs out of space, is refused, or meets a system call
 // that fails.
+#include "CFileSizeLimit.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScriptedUser.h"
@@ -12,36 +13,12 @@
 #include <QTest>
 #include <QThread>
 
-#include <csignal>
 #include <memory>
-#include <sys/resource.h>
 
 using namespace ProjectTestSupport;
 
 namespace {
 constexpr int LargeProject = 3000; // items; about 200 kB
-
-/// Lets no file of this process grow beyond a size, until it goes.
-class CFileSizeLimit
-{
-public:
-    explicit CFileSizeLimit(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~CFileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int) = nullptr;
-};
 
 /// A session in which a file has been opened; without a project when that failed.
 struct Opened

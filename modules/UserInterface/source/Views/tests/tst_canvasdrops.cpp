@@ -134,12 +134,28 @@ void tst_CanvasDrops::imageFiles()
     QCOMPARE(bitmap->propertyText("filename"), m_folder.filePath("logo.raw"));
     QVERIFY(QDir(m_folder.path()).exists(bitmap->propertyText("bfolder") + "/logo.raw"));
 
+    // With the program's own tools, images of one name side by side; a JPEG has no alpha.
+    const QString current = QDir::currentPath();
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR"));
+    for (const char *file : {"logo.jpg", "one/logo.png", "two/logo.png"}) {
+        QDir(m_folder.path()).mkpath(QFileInfo(file).path());
+        QImage image(8, 8, QImage::Format_RGB32);
+        image.fill(canvas.screen->rowCount() * 80);
+        QVERIFY(image.save(m_folder.filePath(file)) && dropFile(canvas, file, {100, 100}));
+    }
+    QDir::setCurrent(current);
+    for (const char *expected : {"logo_3 ARGB4", "logo_2 ARGB4", "logo RGB565"}) {
+        const CItemModel *item = canvas.screen->childItem(0);
+        QCOMPARE(item->propertyText("basename") + ' ' + item->propertyText("format"), expected);
+        canvas.stack.undo();
+    }
+
     QVERIFY(!dropFile(canvas, "notes.txt", {10, 10}));
     QSignalSpy messages(canvas.view.get(), &CScreenView::message);
     dropFile(canvas, "missing.raw", {10, 10});
     QVERIFY(messages.count() > 0);
     QCOMPARE(canvas.screen->rowCount(), 1);
-    QCOMPARE(canvas.stack.count(), 1);
+    QCOMPARE(canvas.stack.index(), 1);
     canvas.stack.undo();
     QCOMPARE(canvas.screen->rowCount(), 0);
 
