@@ -981,6 +981,10 @@
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>There is no page in it.</source>
+        <translation>Sie enthält keine Seite.</translation>
+    </message>
 </context>
 <context>
     <name>CPrintScreenDialog</name>

@@ -76,48 +76,6 @@ private Q_SLOTS:
         m_folder.reset();
     }
 
-    void commands_data()
-    {
-        QTest::addColumn<int>("action");
-        QTest::addColumn<QString>("selected"); // names of items
-        QTest::addColumn<QString>("rows");     // names afterwards, front first; groups in brackets
-        QTest::addColumn<int>("steps");
-        const auto row = [](const char *name, CMenuBar::EAction action, const char *selected,
-                            const char *rows, int steps) {
-            QTest::newRow(name) << int(action) << selected << rows << steps;
-        };
-        row("to back", CMenuBar::SendToBack, "A", "BCA", 1);
-        row("to front", CMenuBar::BringToFront, "C", "CAB", 1);
-        row("backward", CMenuBar::SendBackward, "A", "BAC", 1);
-        row("forward", CMenuBar::BringForward, "C", "ACB", 1);
-        row("delete", CMenuBar::Delete, "AC", "B", 1);
-        row("delete nothing", CMenuBar::Delete, "", "ABC", 0);
-        row("cut", CMenuBar::Cut, "B", "AC", 1);
-        row("copy", CMenuBar::Copy, "B", "ABC", 0);
-        row("group", CMenuBar::Group, "AB", "(AB)C", 1);
-        row("ungroup nothing", CMenuBar::Ungroup, "", "ABC", 0);
-    }
-
-    void commands()
-    {
-        QFETCH(int, action);
-        QFETCH(QString, selected);
-        QFETCH(QString, rows);
-        QFETCH(int, steps);
-        QUndoStack *stack = m_window->project()->undoStack();
-        const QByteArray before = m_window->project()->saveToBytes(nullptr);
-        select(selected);
-        trigger(CMenuBar::EAction(action));
-        QCOMPARE(names(m_window->project()->screen(0)), rows);
-        QCOMPARE(stack->count(), steps);
-        while (stack->canUndo())
-            trigger(CMenuBar::Undo);
-        QCOMPARE(m_window->project()->saveToBytes(nullptr), before);
-        while (stack->canRedo())
-            trigger(CMenuBar::Redo);
-        QCOMPARE(names(m_window->project()->screen(0)), rows);
-    }
-
     void selectionAfterCommands_data()
     {
         QTest::addColumn<int>("action");
@@ -251,6 +209,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("second");
         QTest::newRow("front") << int(CMenuBar::BringToFront) << "BAC" << "ED";
         QTest::newRow("back") << int(CMenuBar::SendToBack) << "ACB" << "DE";
+        QTest::newRow("forward") << int(CMenuBar::BringForward) << "BAC" << "ED";
+        QTest::newRow("backward") << int(CMenuBar::SendBackward) << "ACB" << "DE";
         QTest::newRow("cut") << int(CMenuBar::Cut) << "AC" << "D";
         QTest::newRow("delete") << int(CMenuBar::Delete) << "AC" << "D";
     }
@@ -305,15 +265,20 @@ private Q_SLOTS:
     /// After its member, a press on the group that is selected already.
     void aPressOnTheGroupIsForTheGroup()
     {
+        m_window->show();
         CItemModel *member = select("AB");
         trigger(CMenuBar::Group);
-        Q_EMIT m_explorer->clicked(member->index());
+        m_explorer->expandAll();
+        QTest::mouseClick(m_explorer->viewport(), Qt::LeftButton, {},
+                          m_explorer->visualRect(member->index()).center());
+        QCOMPARE(m_explorer->selectionModel()->selectedIndexes(),
+                 QModelIndexList{member->parent()->index()});
         auto *panel = m_window->findChild<CWidgetPropertiesView *>();
         QCOMPARE(panel->currentItemModel(), member);
         CScreenView *view = m_screens->currentView();
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(12, 12));
         QCOMPARE(panel->currentItemModel(), member->parentItem());
-        m_explorer->expandAll();
+        m_explorer->setCurrentIndex(member->parent()->index());
         CItemModel *next = member->parentItem()->childItem(1);
         for (CItemModel *each : {member, next}) { // the keys walk through the members
             QTest::keyClick(m_explorer, Qt::Key_Down);
@@ -425,18 +390,6 @@ private Q_SLOTS:
         QCOMPARE(saved.count("Kiv_Screen_T name="), 3);
         QVERIFY(saved.contains("x_coordinate=\"10\""));
         QVERIFY(!saved.contains("77"));
-    }
-
-    void selection()
-    {
-        const auto count = [this] { return m_screens->selectedItems().size(); };
-        trigger(CMenuBar::SelectAll);
-        QCOMPARE(count(), 3);
-        trigger(CMenuBar::SelectNone);
-        QCOMPARE(count(), 0);
-        select(QStringLiteral("B"));
-        trigger(CMenuBar::SelectInverse);
-        QCOMPARE(count(), 2);
     }
 
     void copyPasteAndLock()
@@ -586,21 +539,6 @@ private Q_SLOTS:
         m_screens->openScreen(m_window->project()->screen(1)); // which stays, although it is kept
         QCOMPARE(m_screens->currentScreen(), m_window->project()->screen(1));
         QCOMPARE(m_window->project()->screen(0)->childItem(0)->y(), 78.0);
-    }
-
-    /// A member cannot be selected by itself, but its properties are what the click asked for.
-    void aClickOnAMemberOfAGroupShowsItsPropertiesAndSelectsTheGroup()
-    {
-        m_window->show();
-        CItemModel *member = select("AB");
-        trigger(CMenuBar::Group);
-        auto *group = static_cast<CItemModel *>(member->parent());
-        m_explorer->expandAll();
-        QTest::mouseClick(m_explorer->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          m_explorer->visualRect(member->index()).center());
-        QCOMPARE(m_screens->selectedItems(), QList<CItemModel *>{group});
-        QCOMPARE(m_explorer->selectionModel()->selectedIndexes(), QModelIndexList{group->index()});
-        QCOMPARE(m_window->findChild<CWidgetPropertiesView *>()->currentItemModel(), member);
     }
 
     void aRefusalIsSeenAlthoughTheOutputWindowWasClosed()

@@ -95,7 +95,9 @@ QString CPageOperations::load(const QString &path)
     if (!xml)
         return error;
     const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
-    if (!root.isNull())
+    if (!root.isNull() && root.firstChildElement().isNull())
+        error = tr("There is no page in it.");
+    else if (!root.isNull())
         error = addScreens(root, tr("Load Page"), Values::AsTheyAre);
     return error.isEmpty() ? error : tr("%1: %2").arg(path, error);
 }

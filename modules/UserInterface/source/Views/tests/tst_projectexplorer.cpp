@@ -411,7 +411,9 @@ void tst_ProjectExplorer::malformedPagesChangeNothing()
         dialog->selectFile(file.fileName());
         dialog->QDialog::accept();
     });
+    QSignalSpy told(m_view.get(), &CProjectExplorerView::message);
     m_view->loadScreen();
+    QVERIFY(told.value(0).value(0).toString().contains("broken.page: "));
     QCOMPARE(savedBytes(*m_project), start);
     QCOMPARE(m_project->undoStack()->count(), 0);
 }
