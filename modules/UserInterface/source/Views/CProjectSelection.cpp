@@ -29,19 +29,25 @@ void CProjectSelection::setProject(CProjectModel *project)
         m_project->disconnect(this);
         m_project->undoStack()->disconnect(this);
     }
-    select({});
-    m_arrived.clear();
-    m_touched.clear();
-    m_haveRowsChanged = false;
+    clear();
     m_project = project;
     if (!project)
         return;
     isReplayed(project->undoStack()->index());
+    connect(project, &QAbstractItemModel::modelAboutToBeReset, this, &CProjectSelection::clear);
     connect(project, &QAbstractItemModel::rowsInserted, this, &CProjectSelection::rowsInserted);
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
             &CProjectSelection::rowsAboutToBeRemoved);
     connect(project, &CProjectModel::propertyChanged, this, &CProjectSelection::touch);
     connect(project->undoStack(), &QUndoStack::indexChanged, this, &CProjectSelection::endStep);
+}
+
+void CProjectSelection::clear()
+{
+    select({});
+    m_arrived.clear();
+    m_touched.clear();
+    m_haveRowsChanged = false;
 }
 
 QList<CItemModel *> CProjectSelection::topmostItems() const

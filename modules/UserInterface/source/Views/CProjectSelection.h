@@ -47,6 +47,7 @@ Q_SIGNALS:
     void stepDone();
 
 private:
+    void clear();
     void rowsInserted(const QModelIndex &parent, int first, int last);
     void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
     void touch(CItemModel *item);
