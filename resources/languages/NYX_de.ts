@@ -75,20 +75,51 @@
         <translation>%1 wurde von einer anderen Instanz dieses Programms übernommen und kann hier nicht gespeichert werden. Sie können Ihre Fassung unter einem anderen Namen speichern.</translation>
     </message>
     <message>
-        <source>Automatically saved version</source>
-        <translation>Automatisch gespeicherte Fassung</translation>
-    </message>
-    <message>
-        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. The file stays as it is until you change or save the project.</source>
-        <translation>Das Programm wurde unerwartet beendet, während %1 geöffnet war, und hatte Änderungen automatisch gespeichert. Möchten Sie die Fassung mit diesen Änderungen öffnen? Mit Nein wird die Fassung geöffnet, die Sie zuletzt selbst gespeichert haben. Die Datei bleibt, wie sie ist, bis Sie das Projekt ändern oder speichern.</translation>
-    </message>
-    <message>
         <source>Project Files (*.xml *.nyx)</source>
         <translation>Projektdateien (*.xml *.nyx)</translation>
     </message>
     <message>
         <source>Save As</source>
         <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Automatically saved changes</source>
+        <translation>Automatisch gespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>The program ended while %1 was open. The file holds changes that were saved automatically after you had saved it last. Do you want to go back to the version that you saved? With No, the project is opened as the file has it.</source>
+        <translation>Das Programm endete, während %1 geöffnet war. Die Datei enthält Änderungen, die nach Ihrem letzten Speichern automatisch gespeichert wurden. Möchten Sie zu der Fassung zurückkehren, die Sie selbst gespeichert haben? Mit „Nein“ wird das Projekt so geöffnet, wie es in der Datei steht.</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Do you want to give up all changes since you last saved %1? This cannot be undone: the list of steps to undo begins anew.</source>
+        <translation>Möchten Sie alle Änderungen verwerfen, seit Sie %1 zuletzt gespeichert haben? Das lässt sich nicht rückgängig machen: Die Liste der Schritte beginnt von vorn.</translation>
+    </message>
+    <message>
+        <source>Unsaved work</source>
+        <translation>Nicht gespeicherte Arbeit</translation>
+    </message>
+    <message>
+        <source>Do you want to delete the recovery copy of &quot;%1&quot;? The project was never saved.</source>
+        <translation>Möchten Sie die Sicherungskopie von „%1“ löschen? Ihr Stand wurde nie gespeichert.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 ist bereits vorhanden. Möchten Sie die Datei ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>CErrorBox</name>
+    <message>
+        <source>Save As...</source>
+        <translation>Speichern unter...</translation>
     </message>
 </context>
 <context>
@@ -374,6 +405,14 @@
     <message>
         <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
         <translation>Gestaltet die Bildschirme eingebetteter Bedienoberflächen für KIV-Grafikcontroller.</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>Saved automatically: %1</source>
+        <translation>Automatisch gespeichert: %1</translation>
     </message>
 </context>
 <context>
@@ -842,6 +881,18 @@
         <source>Export all that a firmware needs to draw the pages</source>
         <translation>Alles exportieren, was eine Firmware zum Zeichnen der Seiten braucht</translation>
     </message>
+    <message>
+        <source>%1 (there are unsaved changes)</source>
+        <translation>%1 (es gibt ungespeicherte Änderungen)</translation>
+    </message>
+    <message>
+        <source>&amp;Revert</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Go back to what you saved last</source>
+        <translation>Zum zuletzt gespeicherten Stand zurückkehren</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1131,6 +1182,22 @@
         <source>%1 is not saved automatically: it was changed by another program. Save it to decide which version stays.</source>
         <translation>%1 wird nicht automatisch gespeichert: Die Datei wurde von einem anderen Programm geändert. Speichern Sie, um zu entscheiden, welche Fassung bleibt.</translation>
     </message>
+    <message>
+        <source>%1 has no name in front of its suffix.</source>
+        <translation>%1 hat keinen Namen vor der Endung.</translation>
+    </message>
+    <message>
+        <source>Until the project is saved, a recovery copy is kept, which is offered at the next start should the program end unexpectedly.</source>
+        <translation>Bis das Projekt gespeichert ist, wird eine Sicherungskopie gehalten. Sie wird beim nächsten Start angeboten, falls das Programm unerwartet endet.</translation>
+    </message>
+    <message>
+        <source>A recovery copy cannot be kept either: %1</source>
+        <translation>Auch eine Sicherungskopie kann nicht gehalten werden: %1</translation>
+    </message>
+    <message>
+        <source>The recovery copy is in use, or no longer there.</source>
+        <translation>Die Sicherungskopie wird gerade benutzt oder ist nicht mehr da.</translation>
+    </message>
 </context>
 <context>
     <name>CPropertyEditorFactory</name>
@@ -1160,6 +1227,13 @@
     <message>
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>CRecoveryCopy</name>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden</translation>
     </message>
 </context>
 <context>
@@ -1312,6 +1386,18 @@
     <message>
         <source>Examples</source>
         <translation>Beispiele</translation>
+    </message>
+    <message>
+        <source>Unsaved work of a session that ended unexpectedly</source>
+        <translation>Nicht gespeicherte Arbeit einer unerwartet beendeten Sitzung</translation>
+    </message>
+    <message>
+        <source>Recover &quot;%1&quot;</source>
+        <translation>„%1“ wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
     </message>
 </context>
 <context>

@@ -75,20 +75,51 @@
         <translation>%1 已被本程序的另一个实例接管，无法在此保存。您可以用其他名称保存您的版本。</translation>
     </message>
     <message>
-        <source>Automatically saved version</source>
-        <translation>自动保存的版本</translation>
-    </message>
-    <message>
-        <source>The program ended unexpectedly while %1 was open, and had saved changes automatically. Do you want to open the version with these changes? With No, the version that you saved last is opened. The file stays as it is until you change or save the project.</source>
-        <translation>程序在 %1 打开期间意外结束，并已自动保存了更改。是否打开包含这些更改的版本？选择“否”将打开您上次自己保存的版本。在您更改或保存项目之前，文件保持不变。</translation>
-    </message>
-    <message>
         <source>Project Files (*.xml *.nyx)</source>
         <translation>项目文件 (*.xml *.nyx)</translation>
     </message>
     <message>
         <source>Save As</source>
         <translation>另存为</translation>
+    </message>
+    <message>
+        <source>Automatically saved changes</source>
+        <translation>自动保存的更改</translation>
+    </message>
+    <message>
+        <source>The program ended while %1 was open. The file holds changes that were saved automatically after you had saved it last. Do you want to go back to the version that you saved? With No, the project is opened as the file has it.</source>
+        <translation>程序在 %1 打开期间结束。文件中含有您上次保存之后自动保存的更改。是否返回您自己保存的版本？选择“否”将按文件现有内容打开项目。</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>还原</translation>
+    </message>
+    <message>
+        <source>Do you want to give up all changes since you last saved %1? This cannot be undone: the list of steps to undo begins anew.</source>
+        <translation>是否放弃自您上次保存 %1 以来的所有更改？此操作无法撤销：撤销列表将重新开始。</translation>
+    </message>
+    <message>
+        <source>Unsaved work</source>
+        <translation>未保存的工作</translation>
+    </message>
+    <message>
+        <source>Do you want to delete the recovery copy of &quot;%1&quot;? The project was never saved.</source>
+        <translation>是否删除“%1”的恢复副本？该内容从未保存过。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Do you want to replace it?</source>
+        <translation>%1 已存在。是否替换？</translation>
+    </message>
+</context>
+<context>
+    <name>CErrorBox</name>
+    <message>
+        <source>Save As...</source>
+        <translation>另存为...</translation>
     </message>
 </context>
 <context>
@@ -374,6 +405,14 @@
     <message>
         <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
         <translation>为 KIV 图形控制器设计嵌入式用户界面的屏幕。</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存 %1</translation>
+    </message>
+    <message>
+        <source>Saved automatically: %1</source>
+        <translation>已自动保存：%1</translation>
     </message>
 </context>
 <context>
@@ -842,6 +881,18 @@
         <source>Export all that a firmware needs to draw the pages</source>
         <translation>导出固件绘制页面所需的全部内容</translation>
     </message>
+    <message>
+        <source>%1 (there are unsaved changes)</source>
+        <translation>%1（有未保存的更改）</translation>
+    </message>
+    <message>
+        <source>&amp;Revert</source>
+        <translation>还原(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Go back to what you saved last</source>
+        <translation>返回上次保存的内容</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1131,6 +1182,22 @@
         <source>%1 is not saved automatically: it was changed by another program. Save it to decide which version stays.</source>
         <translation>%1 不会自动保存：它已被其他程序更改。请保存以决定保留哪个版本。</translation>
     </message>
+    <message>
+        <source>%1 has no name in front of its suffix.</source>
+        <translation>%1 的扩展名之前没有名称。</translation>
+    </message>
+    <message>
+        <source>Until the project is saved, a recovery copy is kept, which is offered at the next start should the program end unexpectedly.</source>
+        <translation>在项目保存之前会保留一份恢复副本；如果程序意外结束，下次启动时将提供该副本。</translation>
+    </message>
+    <message>
+        <source>A recovery copy cannot be kept either: %1</source>
+        <translation>也无法保留恢复副本：%1</translation>
+    </message>
+    <message>
+        <source>The recovery copy is in use, or no longer there.</source>
+        <translation>恢复副本正在使用或已不存在。</translation>
+    </message>
 </context>
 <context>
     <name>CPropertyEditorFactory</name>
@@ -1160,6 +1227,13 @@
     <message>
         <source>%1 to %2</source>
         <translation>%1 到 %2</translation>
+    </message>
+</context>
+<context>
+    <name>CRecoveryCopy</name>
+    <message>
+        <source>The folder %1 could not be made</source>
+        <translation>无法创建文件夹 %1</translation>
     </message>
 </context>
 <context>
@@ -1312,6 +1386,18 @@
     <message>
         <source>Examples</source>
         <translation>示例</translation>
+    </message>
+    <message>
+        <source>Unsaved work of a session that ended unexpectedly</source>
+        <translation>意外结束的会话中未保存的工作</translation>
+    </message>
+    <message>
+        <source>Recover &quot;%1&quot;</source>
+        <translation>恢复“%1”</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
     </message>
 </context>
 <context>

@@ -44,6 +44,7 @@ CEditor::CEditor(CDisplay *display, const QByteArray &project, int autosaveInter
     write(projectFile(), project);
 
     QProcessEnvironment environment = display->environment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), m_folder.filePath(QStringLiteral("data")));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGINS));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("endtoendprobe"));

@@ -127,9 +127,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("answer");
         QTest::addColumn<QString>("position");
-        QTest::newRow("the version that was saved automatically") << "Yes"
+        QTest::newRow("the version that was saved automatically") << "No"
                                                                   << "50 40";
-        QTest::newRow("the version that the user saved") << "No"
+        QTest::newRow("the version that the user saved") << "Yes"
                                                          << "30 40";
     }
 

@@ -1,15 +1,17 @@
 #include "CDialogQuestions.h"
 
 #include "CConfigurationDialog.h"
+#include "CErrorBox.h"
+#include "CProjectFile.h"
 #include "FileNames.h"
 
 #include <QDir>
-#include <QErrorMessage>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 
-CDialogQuestions::CDialogQuestions(QWidget *window, QErrorMessage *errors,
+CDialogQuestions::CDialogQuestions(QWidget *window, CErrorBox *errors,
                                    const CPlatformTable *platforms)
     : m_window(window), m_errors(errors), m_platforms(platforms)
 {
@@ -69,16 +71,41 @@ bool CDialogQuestions::saveElsewhere(const QString &projectFile)
     return box.clickedButton() == saveAs;
 }
 
-bool CDialogQuestions::openAutosaved(const QString &projectFile)
+bool CDialogQuestions::openSavedVersion(const QString &projectFile)
 {
     return QMessageBox::question(
-               m_window, tr("Automatically saved version"),
-               tr("The program ended unexpectedly while %1 was open, and had saved changes "
-                  "automatically. Do you want to open the version with these changes? With No, "
-                  "the version that you saved last is opened. The file stays as it is until you "
-                  "change or save the project.")
+               m_window, tr("Automatically saved changes"),
+               tr("The program ended while %1 was open. The file holds changes that were saved "
+                  "automatically after you had saved it last. Do you want to go back to the "
+                  "version that you saved? With No, the project is opened as the file has it.")
                    .arg(QDir::toNativeSeparators(projectFile)),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes) == QMessageBox::Yes;
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool CDialogQuestions::revert(const QString &projectFile)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Revert"),
+                    tr("Do you want to give up all changes since you last saved %1? This cannot be "
+                       "undone: the list of steps to undo begins anew.")
+                        .arg(QDir::toNativeSeparators(projectFile)),
+                    QMessageBox::Cancel, m_window);
+    const QAbstractButton *revert = box.addButton(tr("Revert"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == revert;
+}
+
+bool CDialogQuestions::forgetLeftWork(const QString &projectName)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Unsaved work"),
+                    tr("Do you want to delete the recovery copy of \"%1\"? The project was never "
+                       "saved.")
+                        .arg(projectName),
+                    QMessageBox::Cancel, m_window);
+    const QAbstractButton *remove = box.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == remove;
 }
 
 QString CDialogQuestions::projectToOpen(const QString &folder)
@@ -95,8 +122,27 @@ QString CDialogQuestions::projectToSave(const QString &folder, const QString &na
     QFileDialog dialog(m_window, tr("Save As"), folder, tr("Project Files (*.xml *.nyx)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("nyx"));
-    dialog.selectFile(FileNames::safe(name));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // it would ask about another name
+    const QString offered = FileNames::safe(name);
+    // The name of a folder would lead into it.
+    const bool isFolder = QFileInfo(QDir(folder).filePath(offered)).isDir();
+    dialog.selectFile(isFolder ? CProjectFile::withSuffix(offered) : offered);
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString path = CProjectFile::withSuffix(dialog.selectedFiles().value(0));
+        if (mayReplace(path))
+            return path;
+    }
+    return {};
+}
+
+bool CDialogQuestions::mayReplace(const QString &path)
+{
+    return !QFileInfo::exists(path) ||
+           QMessageBox::warning(m_window, tr("Save As"),
+                                tr("%1 already exists. Do you want to replace it?")
+                                    .arg(QDir::toNativeSeparators(path)),
+                                QMessageBox::Yes | QMessageBox::No,
+                                QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::optional<IUserQuestions::ProjectOptions> CDialogQuestions::newProject()
@@ -122,10 +168,21 @@ void CDialogQuestions::setReport(Report report)
 
 void CDialogQuestions::showError(const QString &text, const QString &reason)
 {
+    report(text, reason);
+    m_errors->tell(text, reason);
+}
+
+void CDialogQuestions::showAutosaveError(const QString &text, const QString &reason)
+{
+    report(text, reason);
+    m_errors->tellQuietly(text, reason);
+}
+
+void CDialogQuestions::report(const QString &text, const QString &reason)
+{
     showNotice(text);
     if (!reason.isEmpty())
         showNotice(reason);
-    m_errors->showMessage(text);
 }
 
 void CDialogQuestions::showNotice(const QString &text)

@@ -7,8 +7,8 @@
 
 #include <functional>
 
+class CErrorBox;
 class CPlatformTable;
-class QErrorMessage;
 class QWidget;
 
 /// Asks and tells the user with dialogs.
@@ -20,7 +20,7 @@ public:
     using Report = std::function<void(const QString &)>;
 
     /// `window`: parent of all dialogs. `errors`: the one box for errors. Both live longer.
-    CDialogQuestions(QWidget *window, QErrorMessage *errors, const CPlatformTable *platforms);
+    CDialogQuestions(QWidget *window, CErrorBox *errors, const CPlatformTable *platforms);
 
     /// Where errors, their reasons and notices go; also those of before.
     void setReport(Report report);
@@ -31,16 +31,22 @@ public:
     bool takeOverLock(const QString &projectFile) override;
     EOverwrite overwriteChanged(const QString &projectFile) override;
     bool saveElsewhere(const QString &projectFile) override;
-    bool openAutosaved(const QString &projectFile) override;
+    bool openSavedVersion(const QString &projectFile) override;
+    bool revert(const QString &projectFile) override;
+    bool forgetLeftWork(const QString &projectName) override;
     QString projectToOpen(const QString &folder) override;
     QString projectToSave(const QString &folder, const QString &name) override;
     std::optional<ProjectOptions> newProject() override;
     void showError(const QString &text, const QString &reason) override;
+    void showAutosaveError(const QString &text, const QString &reason) override;
     void showNotice(const QString &text) override;
 
 private:
+    bool mayReplace(const QString &path);
+    void report(const QString &text, const QString &reason);
+
     QWidget *const m_window;
-    QErrorMessage *const m_errors;
+    CErrorBox *const m_errors;
     const CPlatformTable *const m_platforms;
     Report m_report;
     QStringList m_early; ///< told before there was a place for it

@@ -362,6 +362,19 @@ void CMainPanels::finishEdits()
         above->setFocus(); // its editor commits when it is left
 }
 
+/// The palette's filter is no editor: nothing of the project is typed there.
+bool CMainPanels::isEditorOpen() const
+{
+    const QWidget *focus = m_window->focusWidget();
+    if (!focus || qobject_cast<const QAbstractItemView *>(focus))
+        return false;
+    for (const QWidget *above = focus; above; above = above->parentWidget()) {
+        if (qobject_cast<const QAbstractItemView *>(above))
+            return true;
+    }
+    return false;
+}
+
 bool CMainPanels::isGestureActive() const
 {
     return m_screens->isGestureActive() || m_explorer->isDragging();

@@ -53,6 +53,8 @@ public:
     void finishEdits();
     /// Whether the user is in the middle of something that must not be saved half done.
     bool isGestureActive() const;
+    /// Whether a value is being typed in a panel.
+    bool isEditorOpen() const;
     /// Takes that back, for a project that is about to be saved and closed without a question.
     void cancelGestures();
     void retranslate();

@@ -7,6 +7,7 @@
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
+#include "CErrorBox.h"
 #include "CExportController.h"
 #include "CGridComboWidget.h"
 #include "CLanguageLoader.h"
@@ -19,6 +20,7 @@
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenView.h"
 #include "CSettings.h"
 #include "CStartPage.h"
 #include "CStatusBar.h"
@@ -33,16 +35,17 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
-#include <QErrorMessage>
 #include <QFile>
 #include <QLocale>
 #include <QMessageBox>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoGroup>
 
 namespace {
 constexpr QSize FirstSize(1440, 900);
+constexpr int SavedTime = 5000; // ms, for which a save is told of
 
 /// Frame and all on a screen, as far as the frame is known before the window is shown.
 QRect placed(const QRect &wanted, const QWidget &window)
@@ -55,7 +58,7 @@ QRect placed(const QRect &wanted, const QWidget &window)
 CMainWindow::CMainWindow(const QString &file)
     : m_folder(QDir::currentPath()),
       m_theme(this),
-      m_errorMessage(new QErrorMessage(this)),
+      m_errorMessage(new CErrorBox(this)),
       m_aboutBox(new QMessageBox(this)),
       m_undoGroup(new QUndoGroup(this)),
       m_recent(new CRecentProjects(this)),
@@ -123,8 +126,12 @@ void CMainWindow::makeProjectParts()
     m_user->setReport([this](const QString &text) { m_panels->write(text); });
     m_session = new CProjectSession(m_user.get(), m_recent, this);
     m_session->setProgramVersion(ProgramInfo::Version);
+    m_session->setRecoveryRoot(
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+        QStringLiteral("/kiv-panel-composer/unsaved"));
     m_autosaver = std::make_unique<CAutosaver>(m_session);
     m_autosaver->setBusyCheck([this] { return isBusy(); });
+    m_autosaver->setEditorCheck([this] { return m_panels->isEditorOpen(); });
     m_autosaveTimer = new CAutosaveTimer(this);
     m_autosaveRetry = new QTimer(this);
     m_autosaveRetry->setSingleShot(true);
@@ -141,6 +148,7 @@ void CMainWindow::makeProjectParts()
 
 void CMainWindow::showStartPage()
 {
+    m_startPage->setLeftWork(m_session->leftWork());
     m_startPage->show();
     m_panels->screens()->setHint(QStringLiteral(" ")); // what there is to say stands on the page
 }
@@ -161,13 +169,32 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::projectLoaded, this, [this] {
         if (CScreenModel *first = project()->screen(0))
             m_panels->screens()->openScreen(first);
+        if (CScreenView *view = m_panels->screens()->currentView())
+            view->setFocus(); // what had it belonged to the start page, or to another project
+        m_autosaveRetry->stop();
+        m_autosaveTimer->restart();
         Q_EMIT projectLoaded();
     });
     connect(m_session, &CProjectSession::projectClosed, this, [this] {
         m_emulator->close();
+        m_errorMessage->withdrawQuiet();
         showStartPage();
         Q_EMIT projectClosed();
     });
+    connect(m_session, &CProjectSession::saved, this,
+            [this](const QString &path, CProjectFile::EWrite kind) {
+                m_errorMessage->withdrawQuiet();
+                statusBar()->showMessage((kind == CProjectFile::EWrite::ByUser
+                                              ? tr("Saved %1")
+                                              : tr("Saved automatically: %1"))
+                                             .arg(QDir::toNativeSeparators(path)),
+                                         SavedTime);
+                showSaveState();
+            });
+    connect(m_undoGroup, &QUndoGroup::cleanChanged, this, &CMainWindow::showSaveState);
+    connect(this, &CMainWindow::projectLoaded, this, &CMainWindow::showSaveState);
+    connect(this, &CMainWindow::projectClosed, this, &CMainWindow::showSaveState);
+    connect(m_errorMessage, &CErrorBox::saveAsWanted, this, &CMainWindow::saveProjectAs);
     connect(m_recent, &CRecentProjects::changed, this, [this] {
         m_startPage->setRecentProjects(m_recent->paths());
         Q_EMIT listRecentProjectsUpdated();
@@ -176,6 +203,12 @@ void CMainWindow::connectSession()
     connect(m_startPage, &CStartPage::openWanted, this, &CMainWindow::openProject);
     connect(m_startPage, &CStartPage::projectWanted, m_session,
             qOverload<const QString &>(&CProjectSession::open));
+    connect(m_startPage, &CStartPage::exampleWanted, m_session, &CProjectSession::openCopy);
+    connect(m_startPage, &CStartPage::recoveryWanted, m_session, &CProjectSession::recover);
+    connect(m_startPage, &CStartPage::forgetWanted, this, [this](const CRecoveryCopy::SLeft &left) {
+        m_session->forget(left);
+        m_startPage->setLeftWork(m_session->leftWork());
+    });
 }
 
 void CMainWindow::activate(CProjectModel *project)
@@ -195,6 +228,12 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_undoGroup->removeStack(project->undoStack());
     m_panels->clear();
     m_statusBar->resetStatusBar();
+}
+
+void CMainWindow::showSaveState()
+{
+    m_menuBar->setUnsaved(m_session->isDirty());
+    m_menuBar->action(CMenuBar::Revert)->setEnabled(m_session->canRevert());
 }
 
 void CMainWindow::projectOptionsChanged()
@@ -280,7 +319,7 @@ void CMainWindow::saveUnattended()
 {
     m_export->cancel();
     m_panels->cancelGestures();
-    if (m_session->project() && !m_session->path().isEmpty() && m_autosaveInterval > 0)
+    if (m_session->project() && m_autosaveInterval > 0)
         m_session->autosave();
 }
 
@@ -297,6 +336,8 @@ void CMainWindow::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange || !m_menuBar)
         return;
     m_menuBar->retranslate();
+    m_errorMessage->retranslate();
+    showSaveState();
     m_panels->retranslate();
     makeOptionDialog(); // in the new language
     showProjectName();

@@ -16,6 +16,7 @@ class CAutosaveTimer;
 class CDialogQuestions;
 class CEditCommands;
 class CEmulatorSession;
+class CErrorBox;
 class CExportController;
 class CHelpWindow;
 class CItemModel;
@@ -32,7 +33,6 @@ class CSettings;
 class CStartPage;
 class CStatusBar;
 class CUpdater;
-class QErrorMessage;
 class QFile;
 class QMessageBox;
 class QTimer;
@@ -121,6 +121,7 @@ public Q_SLOTS:
     void exportPackage();
 
     // What the menus command besides.
+    void revertProject();
     void newTab();
     void selectAll();
     void selectNone();
@@ -141,6 +142,7 @@ private:
     void useSettings(const SSettings &values);
     void writeSettings();
     void showStartPage();
+    void showSaveState();
     void connectSession();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
@@ -153,7 +155,7 @@ private:
     const QString m_folder; ///< of the programs and their data
     const CPlatformTable m_platforms;
     CTheme m_theme;
-    QErrorMessage *m_errorMessage;
+    CErrorBox *m_errorMessage;
     QMessageBox *m_aboutBox;
     QUndoGroup *m_undoGroup;
     CRecentProjects *m_recent;

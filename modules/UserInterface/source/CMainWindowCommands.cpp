@@ -127,6 +127,12 @@ bool CMainWindow::saveProjectAs()
     return m_session->saveAs();
 }
 
+void CMainWindow::revertProject()
+{
+    m_panels->finishEdits();
+    m_session->revert();
+}
+
 void CMainWindow::autosave()
 {
     if (m_autosaver->tick() == CAutosaver::ETick::Postponed)

@@ -134,6 +134,7 @@ void CMenuBar::connectWindow()
     connect(m_window, &CMainWindow::projectLoaded, this, [this] { setProjectOpen(true); });
     connect(m_window, &CMainWindow::projectClosed, this, [this] { setProjectOpen(false); });
     setProjectOpen(false);
+    m_actions[Revert]->setEnabled(false);
     const QUndoGroup *undo = m_window->undoGroup();
     connect(undo, &QUndoGroup::undoTextChanged, this, &CMenuBar::updateUndoTexts);
     connect(undo, &QUndoGroup::redoTextChanged, this, &CMenuBar::updateUndoTexts);
@@ -173,6 +174,15 @@ void CMenuBar::updateUndoTexts()
 void CMenuBar::setChecked(EAction id, bool checked)
 {
     m_actions[id]->setChecked(checked);
+}
+
+void CMenuBar::setUnsaved(bool isUnsaved)
+{
+    const QString picture = QStringLiteral(":/images/%1.png").arg(actions()[SaveProject].icon);
+    QAction *save = m_actions[SaveProject];
+    save->setIcon(isUnsaved ? CThemeIcons::marked(picture) : CThemeIcons::icon(picture));
+    const QString text = plain(tr(actions()[SaveProject].text));
+    save->setToolTip(isUnsaved ? tr("%1 (there are unsaved changes)").arg(text) : text);
 }
 
 void CMenuBar::setProjectOpen(bool isOpen)

@@ -77,6 +77,7 @@ public:
         Help,
         About,
         Updates,
+        Revert,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };
@@ -113,6 +114,8 @@ public:
     /// Sets all texts again in the language that is now in force.
     void retranslate();
     void setChecked(EAction id, bool checked);
+    /// Marks the way to save while there is something to save.
+    void setUnsaved(bool isUnsaved);
     /// Enables what there is to do with a project, or disables it.
     void setProjectOpen(bool isOpen);
 

@@ -117,6 +117,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.showAboutBox(); }},
         {CMenuBar::Updates, QT_TRANSLATE_NOOP("CMenuBar", "&Updates"), "Up", QT_TRANSLATE_NOOP("CMenuBar", "Check for updates"), nullptr, No,
          [](W &w, B &) { w.showUpdateDialog(); }},
+        {CMenuBar::Revert, QT_TRANSLATE_NOOP("CMenuBar", "&Revert"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Go back to what you saved last"), nullptr, No,
+         [](W &w, B &) { w.revertProject(); }},
     };
     return table;
 }
@@ -126,8 +128,8 @@ const std::vector<SMenu> &menus()
     using M = CMenuBar;
     static const std::vector<SMenu> table = {
         {M::FileMenu, QT_TRANSLATE_NOOP("CMenuBar", "&File"), true,
-         {M::New, M::Open, M::RecentMenu, M::CloseProject, M::SaveProject, M::SaveAs, M::Separator,
-          M::NewPage, M::ExportMenu, M::ExportPackage, M::PrintScreen, M::Separator, M::Exit}},
+         {M::New, M::Open, M::RecentMenu, M::CloseProject, M::SaveProject, M::SaveAs, M::Revert,
+          M::Separator, M::NewPage, M::ExportMenu, M::ExportPackage, M::PrintScreen, M::Separator, M::Exit}},
         {M::EditMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Edit"), true,
          {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
+#include <QLocale>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -19,6 +20,9 @@ namespace {
 const QString NewLink = QStringLiteral("new:");
 const QString OpenLink = QStringLiteral("open:");
 const QString FileLink = QStringLiteral("project:");
+const QString ExampleLink = QStringLiteral("example:");
+const QString RecoverLink = QStringLiteral("recover:"); // and the index
+const QString ForgetLink = QStringLiteral("forget:");
 constexpr int MaxMargin = 48;
 constexpr int MaxWidth = 640; // pixels, of the texts
 constexpr int Gap = 16;
@@ -86,6 +90,12 @@ void CStartPage::setRecentProjects(const QStringList &paths)
     showTexts();
 }
 
+void CStartPage::setLeftWork(const QVector<CRecoveryCopy::SLeft> &left)
+{
+    m_left = left;
+    showTexts();
+}
+
 void CStartPage::showTexts()
 {
     const QColor quiet = QGuiApplication::palette().color(QPalette::PlaceholderText);
@@ -97,6 +107,8 @@ void CStartPage::showTexts()
                        .arg(ProgramInfo::Name) +
                    paragraph(link(NewLink, tr("New project..."))) +
                    paragraph(link(OpenLink, tr("Open a project...")));
+    if (!m_left.isEmpty())
+        html += heading(tr("Unsaved work of a session that ended unexpectedly")) + leftWorkInRows();
     if (!m_recent.isEmpty())
         html += heading(tr("Recent projects"));
     for (const QString &path : qAsConst(m_recent)) {
@@ -110,6 +122,20 @@ void CStartPage::showTexts()
         html += heading(tr("Examples")) + examples();
     if (m_label->text() != html)
         m_label->setText(html);
+}
+
+QString CStartPage::leftWorkInRows() const
+{
+    QString rows;
+    for (int i = 0; i < m_left.size(); ++i) {
+        const QString index = QString::number(i);
+        const QString when = QLocale().toString(m_left[i].written, QLocale::ShortFormat);
+        rows +=
+            paragraph(link(RecoverLink + index, tr("Recover \"%1\"").arg(m_left[i].projectName)) +
+                      QStringLiteral("&nbsp;&nbsp;%1&nbsp;&nbsp;").arg(when.toHtmlEscaped()) +
+                      link(ForgetLink + index, tr("Delete")));
+    }
+    return rows;
 }
 
 /// Pictures side by side, in as many rows as the width asks for.
@@ -134,7 +160,7 @@ QString CStartPage::examples() const
         used += width;
         cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
                      .arg(Gap)
-                     .arg(link(FileLink + path, QFileInfo(path).completeBaseName(),
+                     .arg(link(ExampleLink + path, QFileInfo(path).completeBaseName(),
                                pictureOf(path)));
     }
     return rows + row(cells);
@@ -146,6 +172,12 @@ void CStartPage::follow(const QString &link)
         Q_EMIT newProjectWanted();
     else if (link == OpenLink)
         Q_EMIT openWanted();
+    else if (link.startsWith(ExampleLink))
+        Q_EMIT exampleWanted(link.mid(ExampleLink.size()));
+    else if (link.startsWith(RecoverLink))
+        Q_EMIT recoveryWanted(m_left.value(link.midRef(RecoverLink.size()).toInt()));
+    else if (link.startsWith(ForgetLink))
+        Q_EMIT forgetWanted(m_left.value(link.midRef(ForgetLink.size()).toInt()));
     else
         Q_EMIT projectWanted(link.mid(FileLink.size()));
 }

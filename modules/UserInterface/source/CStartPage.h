@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CRecoveryCopy.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -17,11 +19,15 @@ public:
     CStartPage(const QString &examples, QWidget *parent);
 
     void setRecentProjects(const QStringList &paths);
+    void setLeftWork(const QVector<CRecoveryCopy::SLeft> &left);
 
 Q_SIGNALS:
     void newProjectWanted();
     void openWanted();
     void projectWanted(const QString &path);
+    void exampleWanted(const QString &path); ///< as a copy
+    void recoveryWanted(const CRecoveryCopy::SLeft &left);
+    void forgetWanted(const CRecoveryCopy::SLeft &left);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -31,10 +37,12 @@ protected:
 private:
     void showTexts();
     QString examples() const;
+    QString leftWorkInRows() const;
     void follow(const QString &link);
 
     QStringList m_examples; ///< paths of project files
     QStringList m_recent;
+    QVector<CRecoveryCopy::SLeft> m_left;
     QScrollArea *m_area;
     QLabel *m_label;
 };

@@ -27,6 +27,7 @@ public:
         for (const char *name : {"widget-library.xml", "kiv_render.lua", "languages", "html"})
             QFile::link(bin.filePath(QLatin1String(name)), path(name));
         QDir::setCurrent(m_folder.path());
+        qputenv("XDG_DATA_HOME", path("data").toUtf8());
     }
     ~CProgramFolder() { QDir::setCurrent(m_before); }
 

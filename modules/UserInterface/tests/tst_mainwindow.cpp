@@ -16,6 +16,7 @@
 #include "ProgramFolder.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDockWidget>
 #include <QErrorMessage>
 #include <QFileDialog>
@@ -538,7 +539,55 @@ private Q_SLOTS:
         m_window->closeUnattended();
         QVERIFY(!m_window->project());
         QVERIFY(readFile(m_project).contains("#0a0b0c"));
-        QCOMPARE(readFile(m_folder->path(".demo.nyx.saved")), twoPages());
+        QVERIFY(readFile(m_folder->path(".demo.nyx.saved")).startsWith(twoPages()));
+    }
+
+    /// Told once, without taking the keys from what is being typed, and with the way out.
+    void autosaveWithoutAFile()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        auto *label = m_window->findChild<CStartPage *>()->findChild<QLabel *>();
+        const QString example = m_folder->path("shipped/demo.nyx");
+        QVERIFY(QDir().mkdir(m_folder->path("shipped")) && QFile::rename(m_project, example));
+        Q_EMIT label->linkActivated(QStringLiteral("example:") + example);
+        const QAction *save = m_window->actions()->action(CMenuBar::SaveProject);
+        const QString nothingToSave = save->toolTip();
+        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        QVERIFY(save->toolTip() != nothingToSave);
+        auto *typed = m_window->findChild<QLineEdit *>(QStringLiteral("widgetFilter"));
+        typed->setFocus();
+        auto *box = m_window->findChild<QErrorMessage *>();
+        for (const bool isFirst : {true, false}) {
+            m_window->autosave();
+            QCOMPARE(box->isVisible(), isFirst);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
+            QVERIFY(QApplication::activeWindow() == m_window.get() && typed->hasFocus());
+            if (isFirst)
+                box->accept();
+        }
+        QCOMPARE(typed->text(), QStringLiteral("aa"));
+        m_answers->expect([this](QDialog *dialog) { choose(dialog, m_folder->path("mine.1")); });
+        box->findChild<QPushButton *>(QStringLiteral("errorSaveAs"))->click();
+        QCOMPARE(m_window->projectPath(), m_folder->path("mine.1.nyx"));
+        QCOMPARE(save->toolTip(), nothingToSave);
+        QVERIFY(m_window->statusBar()->currentMessage().contains(QStringLiteral("mine.1.nyx")));
+        QCOMPARE(readFile(example), twoPages());
+    }
+
+    /// Each time, with its reason; there is nothing to silence it with.
+    void failedSavesAreShown()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        QVERIFY(QFile::remove(m_project) && QDir().mkdir(m_project));
+        auto *box = m_window->findChild<QErrorMessage *>();
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(!m_window->saveProject());
+            QVERIFY(box->isVisible() && !box->findChild<QCheckBox *>()->isVisible());
+            QVERIFY(!box->findChild<QLabel *>(QStringLiteral("errorReason"))->text().isEmpty());
+            box->accept();
+            QVERIFY(!box->isVisible());
+        }
     }
 
 private:

@@ -49,9 +49,25 @@ QPixmap draw(const QString &theme, const QString &name, int pixels, QIcon::Mode 
     return picture;
 }
 
+/// In the upper right corner, with a gap around it that sets it off from the strokes.
+void drawDot(QPixmap *picture, const QString &theme)
+{
+    const qreal side = picture->width();
+    const QPointF centre(side * 0.78, side * 0.22);
+    QPainter painter(picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setBrush(Qt::transparent);
+    painter.drawEllipse(centre, side * 0.3, side * 0.3);
+    painter.setBrush(theme == QStringLiteral("light") ? QColor(0x8a, 0x4b, 0x00)
+                                                      : QColor(0xf2, 0xb3, 0x3d));
+    painter.drawEllipse(centre, side * 0.2, side * 0.2);
+}
+
 } // namespace
 
-CThemeIconEngine::CThemeIconEngine(const QString &name) : m_name(name)
+CThemeIconEngine::CThemeIconEngine(const QString &name, EMark mark) : m_name(name), m_mark(mark)
 {
 }
 
@@ -78,14 +94,18 @@ QPixmap CThemeIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::Sta
     if (pixels <= 0)
         return {};
     const QString theme = CThemeIcons::theme();
-    const QString key = QStringLiteral("kiv-icon %1 %2 %3 %4")
+    const bool isMarked = m_mark == EMark::Dot && mode != QIcon::Disabled;
+    const QString key = QStringLiteral("kiv-icon %1 %2 %3 %4 %5")
                             .arg(theme)
                             .arg(pixels)
                             .arg(int(mode == QIcon::Disabled))
+                            .arg(int(isMarked))
                             .arg(m_name);
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
         picture = draw(theme, m_name, pixels, mode);
+        if (isMarked)
+            drawDot(&picture, theme);
         QPixmapCache::insert(key, picture);
     }
     return picture;

@@ -9,7 +9,9 @@
 class CThemeIconEngine final : public QIconEngine
 {
 public:
-    explicit CThemeIconEngine(const QString &name);
+    enum class EMark { None, Dot };
+
+    explicit CThemeIconEngine(const QString &name, EMark mark = EMark::None);
     static bool exists(const QString &name);
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
@@ -18,8 +20,9 @@ public:
     QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
     QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) const override;
     QString iconName() const override { return m_name; }
-    QIconEngine *clone() const override { return new CThemeIconEngine(m_name); }
+    QIconEngine *clone() const override { return new CThemeIconEngine(m_name, m_mark); }
 
 private:
     const QString m_name;
+    const EMark m_mark;
 };

@@ -42,6 +42,14 @@ QIcon CThemeIcons::icon(const QString &resource)
     return QFile::exists(resource) ? QIcon(resource) : QIcon();
 }
 
+QIcon CThemeIcons::marked(const QString &resource)
+{
+    const QString name = QFileInfo(resource).completeBaseName();
+    return CThemeIconEngine::exists(name)
+               ? QIcon(new CThemeIconEngine(name, CThemeIconEngine::EMark::Dot))
+               : icon(resource);
+}
+
 QIcon CThemeIcons::untinted(const QPixmap &picture)
 {
     QIcon icon(picture);

@@ -16,6 +16,9 @@ public:
     /// variants for the themes comes as it is; a name that does not exist gives a null icon.
     static QIcon icon(const QString &resource);
 
+    /// The icon with a dot in its corner: there is something to do with it.
+    static QIcon marked(const QString &resource);
+
     /// A picture as an icon whose colours stay the same in selected and in disabled rows.
     static QIcon untinted(const QPixmap &picture);
 };

@@ -12,6 +12,9 @@ CAutosaver::ETick CAutosaver::tick()
 {
     if (isMacroOpen(m_session->project()) || (m_isBusy && m_isBusy()))
         return ETick::Postponed;
+    if (m_isEditing && m_isEditing() && ++m_editorWaits <= MaxEditorWaits)
+        return ETick::Postponed;
+    m_editorWaits = 0;
     m_session->autosave();
     return ETick::Done;
 }

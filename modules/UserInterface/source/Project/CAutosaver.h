@@ -14,8 +14,13 @@ public:
 
     explicit CAutosaver(CProjectSession *session);
 
+    /// Ticks for which an open editor is waited for: one that was forgotten holds nothing back.
+    static constexpr int MaxEditorWaits = 30;
+
     /// Asked at each tick; true while a gesture, an export or a modal question is under way.
     void setBusyCheck(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
+    /// True while a value is being typed.
+    void setEditorCheck(std::function<bool()> isEditing) { m_isEditing = std::move(isEditing); }
 
     ETick tick();
 
@@ -25,4 +30,6 @@ public:
 private:
     CProjectSession *const m_session;
     std::function<bool()> m_isBusy;
+    std::function<bool()> m_isEditing;
+    int m_editorWaits = 0;
 };

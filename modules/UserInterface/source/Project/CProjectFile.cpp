@@ -11,14 +11,33 @@
 #include <QRegularExpression>
 
 namespace {
+const QByteArray RecordStart = "\n<!-- saved last; automatically since then: ";
+const QByteArray RecordEnd = " -->\n";
+
+struct SBackup
+{
+    QByteArray bytes;             ///< what the user saved
+    QList<QByteArray> successors; ///< hashes of what the file may hold in its place
+};
+
 QByteArray hashOf(const QByteArray &bytes)
 {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex();
 }
 
 QByteArray bytesOf(const QString &path)
 {
     return CXmlGuard::readFile(path).value_or(QByteArray());
+}
+std::optional<SBackup> readBackup(const QString &path)
+{
+    const QByteArray all = bytesOf(path);
+    const int record = all.lastIndexOf(RecordStart);
+    if (record < 0 || !all.endsWith(RecordEnd))
+        return std::nullopt;
+    const int hashes = record + RecordStart.size();
+    return SBackup{all.left(record),
+                   all.mid(hashes, all.size() - hashes - RecordEnd.size()).split(' ')};
 }
 } // namespace
 
@@ -32,9 +51,17 @@ QString CProjectFile::backupPath() const
     return info.absolutePath() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".saved");
 }
 
-bool CProjectFile::hasBackup() const
+QString CProjectFile::withSuffix(const QString &chosen)
 {
-    return QFileInfo(backupPath()).isFile();
+    const QString suffix = QFileInfo(chosen).suffix();
+    const bool isThere = suffix.compare(QLatin1String("nyx"), Qt::CaseInsensitive) == 0 ||
+                         suffix.compare(QLatin1String("xml"), Qt::CaseInsensitive) == 0;
+    return isThere || chosen.isEmpty() ? chosen : chosen + QStringLiteral(".nyx");
+}
+
+QString CProjectFile::projectName(const QString &path)
+{
+    return QFileInfo(path).completeBaseName().trimmed();
 }
 
 std::optional<QByteArray> CProjectFile::read(QString *error)
@@ -45,15 +72,21 @@ std::optional<QByteArray> CProjectFile::read(QString *error)
     return bytes;
 }
 
-std::optional<QByteArray> CProjectFile::readBackup(QString *error) const
+std::optional<QByteArray> CProjectFile::savedVersion() const
 {
-    return CXmlGuard::readFile(backupPath(), error);
+    const auto backup = readBackup(backupPath());
+    if (!backup)
+        return std::nullopt;
+    const auto bytes = CXmlGuard::readFile(m_path);
+    if (!bytes || *bytes == backup->bytes || !backup->successors.contains(hashOf(*bytes)))
+        return std::nullopt;
+    return backup->bytes;
 }
 
 QString CProjectFile::write(const QByteArray &bytes, EWrite kind)
 {
     if (kind == EWrite::Automatic) {
-        const QString reason = keepBackup();
+        const QString reason = keepBackup(bytes);
         if (!reason.isEmpty())
             return reason;
     }
@@ -62,23 +95,37 @@ QString CProjectFile::write(const QByteArray &bytes, EWrite kind)
         return reason;
     m_knownHash = hashOf(bytes);
     if (kind == EWrite::ByUser)
-        QFile::remove(backupPath());
+        dropBackup();
     return {};
 }
 
-/// A backup that is there already stays: it is what the user saved, the file is not.
-QString CProjectFile::keepBackup() const
+/// The backup names both, what lies there and what comes next: whichever of the two a crash leaves,
+/// it belongs to it.
+QString CProjectFile::keepBackup(const QByteArray &next) const
 {
-    if (hasBackup() || !QFileInfo::exists(m_path))
+    if (!QFileInfo::exists(m_path))
         return {};
     QString reason;
-    const auto saved = CXmlGuard::readFile(m_path, &reason);
-    if (!saved)
+    const auto current = CXmlGuard::readFile(m_path, &reason);
+    if (!current)
         return reason;
-    reason = CFileWriter::write(backupPath(), *saved);
+    const QByteArray record = RecordStart + hashOf(*current) + ' ' + hashOf(next) + RecordEnd;
+    reason = CFileWriter::write(backupPath(), savedVersion().value_or(*current) + record);
     if (reason.isEmpty())
         hideFile(backupPath());
     return reason;
+}
+
+void CProjectFile::dropBackup() const
+{
+    QFile::remove(backupPath());
+}
+
+void CProjectFile::putBackSaved()
+{
+    const auto saved = savedVersion();
+    if (saved && !isChangedByOthers())
+        write(*saved, EWrite::ByUser);
 }
 
 bool CProjectFile::isChangedByOthers() const

@@ -19,14 +19,24 @@ public:
     const QString &path() const { return m_path; }
     /// "/folder/.name.nyx.saved"
     QString backupPath() const;
-    bool hasBackup() const;
+
+    /// A file name that was chosen for a project, with the suffix of projects unless it has one.
+    /// Dots in a name are part of it.
+    static QString withSuffix(const QString &chosen);
+    /// The name of the project in such a file; empty when only a suffix is there.
+    static QString projectName(const QString &path);
 
     /// The bytes of the file, which is from now on known.
     std::optional<QByteArray> read(QString *error);
-    std::optional<QByteArray> readBackup(QString *error) const;
-    /// Empty, or why nothing was written. What the user saves drops the backup; the first
-    /// automatic write after that keeps the bytes that it replaces.
+    /// The version that the user saved last, when the file holds another one that was saved
+    /// automatically since.
+    std::optional<QByteArray> savedVersion() const;
+    /// Empty, or why nothing was written.
     QString write(const QByteArray &bytes, EWrite kind);
+    void dropBackup() const;
+    /// Puts the saved version back into the file, for what was saved automatically lies elsewhere
+    /// now. A file that others have changed since stays as it is.
+    void putBackSaved();
     /// Whether the file has other bytes than were last read or written here. A file that is gone
     /// has not.
     bool isChangedByOthers() const;
@@ -36,7 +46,7 @@ public:
     void removeOrphans(const QDateTime &begun) const;
 
 private:
-    QString keepBackup() const;
+    QString keepBackup(const QByteArray &next) const;
 
     QString m_path;
     QByteArray m_knownHash; ///< empty before the first read or write

@@ -41,6 +41,8 @@ public:
     /// Whether another process took it over.
     bool isOusted() const;
     bool isTaken() const { return m_lock != nullptr; }
+    /// Whether its owner of before may still be at work.
+    bool isTakenOver() const { return m_lock && m_foreign; }
     /// When the process ended whose dead lock was taken over silently had begun its session.
     std::optional<QDateTime> deadSession() const { return m_deadSession; }
 

@@ -72,7 +72,7 @@ bool CProjectSession::openFile(const QString &path)
 {
     auto file = std::make_unique<CProjectFile>(path);
     if (isSameFile(file->path(), this->path()))
-        discard(); // its lock would be in its own way
+        discard(EEnd::BrokenOff); // its lock would be in its own way
     bool given = false;
     auto lock = lockFor(file->path(), &given);
     if (!given)
@@ -82,7 +82,7 @@ bool CProjectSession::openFile(const QString &path)
     if (!load(project.get(), file.get(), *lock, &isRecovered))
         return false;
 
-    discard();
+    discard(EEnd::BrokenOff);
     m_lock = std::move(lock);
     m_file = std::move(file);
     activate(std::move(project));
@@ -123,15 +123,15 @@ std::unique_ptr<CProjectLock> CProjectSession::lockFor(const QString &path, bool
 bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
                            bool *isRecovered)
 {
-    const bool afterCrash = lock.deadSession().has_value();
-    if (afterCrash)
+    if (lock.deadSession())
         file->removeOrphans(*lock.deadSession());
 
     QString reason;
     auto bytes = file->read(&reason);
-    *isRecovered = bytes && afterCrash && file->hasBackup();
-    if (*isRecovered && !m_user->openAutosaved(file->path()))
-        bytes = file->readBackup(&reason);
+    const auto saved = lock.isTaken() && !lock.isTakenOver() ? file->savedVersion() : std::nullopt;
+    *isRecovered = bytes && saved && m_user->openSavedVersion(file->path());
+    if (*isRecovered)
+        bytes = saved;
     if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
         m_user->showError(tr("Could not open specified project file."), reason);
         return false;
@@ -143,6 +143,9 @@ bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CPr
 void CProjectSession::activate(std::unique_ptr<CProjectModel> project)
 {
     m_project = std::move(project);
+    m_isCopyDue = false;
+    connect(m_project->undoStack(), &QUndoStack::indexChanged, this,
+            [this] { m_isCopyDue = true; });
     CProjectModel::setCurrent(m_project.get());
     Q_EMIT projectOpened(m_project.get());
 }
@@ -216,6 +219,8 @@ QString CProjectSession::write(CProjectFile *file, CProjectFile::EWrite kind)
     if (reason.isEmpty()) {
         m_project->undoStack()->setClean();
         m_autosaveComplaint.clear();
+        dropCopy();
+        Q_EMIT saved(file->path(), kind);
     }
     return reason;
 }
@@ -229,10 +234,14 @@ bool CProjectSession::saveAs()
 {
     if (!m_project)
         return false;
-    const QString path = m_user->projectToSave(m_workingDirectory,
-                                               m_project->propertyText(PropertyKey::ProjectName));
+    const QString path = CProjectFile::withSuffix(m_user->projectToSave(
+        m_workingDirectory, m_project->propertyText(PropertyKey::ProjectName)));
     if (path.isEmpty())
         return false;
+    if (CProjectFile::projectName(path).isEmpty()) {
+        fail(tr("%1 has no name in front of its suffix.").arg(QDir::toNativeSeparators(path)));
+        return false;
+    }
     if (isSameFile(path, this->path()) && !isOusted())
         return moveTo(this->path());
 
@@ -252,7 +261,7 @@ bool CProjectSession::moveTo(const QString &path)
 {
     const QFileInfo target(path);
     const QString folder = target.absolutePath();
-    CImageMove images(m_project.get(), folder, target.baseName());
+    CImageMove images(m_project.get(), folder, CProjectFile::projectName(path));
     QString reason = images.copy();
     if (!reason.isEmpty()) {
         fail(reason);
@@ -266,6 +275,8 @@ bool CProjectSession::moveTo(const QString &path)
         fail(reason);
         return false;
     }
+    if (m_file && !isSameFile(m_file->path(), path) && !isOusted())
+        m_file->putBackSaved();
     m_file = std::move(file);
     m_workingDirectory = folder;
     Q_EMIT titleChanged(title());
@@ -289,54 +300,34 @@ bool CProjectSession::close()
             break;
         }
     }
-    discard();
+    discard(EEnd::Closed);
     return true;
 }
 
 void CProjectSession::closeWithoutQuestions()
 {
-    discard();
+    discard(EEnd::BrokenOff);
 }
 
-void CProjectSession::discard()
+void CProjectSession::discard(EEnd end)
 {
     if (!m_project)
         return;
-    Q_EMIT projectAboutToClose(m_project.get());
-    m_project.reset();
+    if (end == EEnd::Closed && m_file && !isOusted())
+        m_file->dropBackup();
+    if (end == EEnd::Closed || !isDirty())
+        dropCopy();
+    letGo();
     m_file.reset();
     m_lock.reset();
-    m_autosaveComplaint.clear();
+    m_copy.reset();
     Q_EMIT titleChanged(QString());
     Q_EMIT projectClosed();
 }
 
-CProjectSession::EAutosave CProjectSession::autosave()
+void CProjectSession::letGo()
 {
-    if (!m_project)
-        return EAutosave::NoProject;
-    QString reason;
-    if (!m_file)
-        reason = tr("The project was never saved, so it has no file that could be saved to "
-                    "automatically.");
-    else if (!isDirty() || m_project->undoStack()->count() == 0) // dirty as opened: recovered
-        return EAutosave::Unchanged;
-    else if (isOusted())
-        reason = tr("%1 is not saved automatically: another copy of the program has taken it "
-                    "over. Use Save As.")
-                     .arg(QDir::toNativeSeparators(m_file->path()));
-    else if (m_file->isChangedByOthers())
-        reason = tr("%1 is not saved automatically: it was changed by another program. Save it "
-                    "to decide which version stays.")
-                     .arg(QDir::toNativeSeparators(m_file->path()));
-    else
-        reason = write(m_file.get(), CProjectFile::EWrite::Automatic);
-    if (reason.isEmpty()) {
-        m_recent->add(QFileInfo(m_file->path()));
-        return EAutosave::Saved;
-    }
-    if (reason != m_autosaveComplaint)
-        fail(reason);
-    m_autosaveComplaint = reason;
-    return EAutosave::Failed;
+    Q_EMIT projectAboutToClose(m_project.get());
+    m_project.reset();
+    m_autosaveComplaint.clear();
 }

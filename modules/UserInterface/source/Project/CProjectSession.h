@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CProjectFile.h"
+#include "CRecoveryCopy.h"
 
 #include <QObject>
 #include <QString>
@@ -14,6 +15,10 @@ class IUserQuestions;
 class QFile;
 
 /// The one open project and its way from new or open to closed: questions, lock, saving.
+/// Recovery: however the process ends, what the last autosave() has met is there again: in the
+///          project's file, with the version of the user beside it (CProjectFile), or, as long as
+///          there is no file or it cannot be written, in a recovery copy (CRecoveryCopy). Both go
+///          when the project is saved or closed.
 /// Errors:  are shown through IUserQuestions; a false result then says that nothing was done.
 /// Owns:    the project model. Who shows it listens to the signals and lets go of it at
 ///          projectAboutToClose().
@@ -44,6 +49,8 @@ public:
     void setWorkingDirectory(const QString &folder);
     /// Kept as "NYXVersion" in new projects.
     void setProgramVersion(const QString &version) { m_programVersion = version; }
+    /// Where recovery copies lie; empty: there are none.
+    void setRecoveryRoot(const QString &folder) { m_recoveryRoot = folder; }
 
     /// Whether the file is a project document; shows an error otherwise.
     bool validate(const QFile &file) const;
@@ -53,13 +60,28 @@ public:
     /// Validates, asks about the open project, opens.
     void open(const QString &path);
     void newProject();
+    /// Asks about the open project and opens a copy of the file, with the images that lie beside
+    /// it, as a project that was never saved. Nothing is written where the file lies.
+    void openCopy(const QString &path);
+    /// What an ended process has left in recovery copies, newest first.
+    QVector<CRecoveryCopy::SLeft> leftWork() const { return CRecoveryCopy::left(m_recoveryRoot); }
+    /// Asks about the open project and goes on with left work, which stays unsaved.
+    void recover(const CRecoveryCopy::SLeft &left);
+    /// Asks, and removes it.
+    void forget(const CRecoveryCopy::SLeft &left);
+
     bool save();
     bool saveAs();
+    /// Whether the file's user has changed it since the last save of his own.
+    bool canRevert() const;
+    /// Asks, and goes back to what the user saved last. Cannot be undone: the undo history begins
+    /// anew.
+    bool revert();
     /// False when the user has cancelled, or saving has failed.
     bool close();
     /// For the end of the program from outside: asks nothing.
     void closeWithoutQuestions();
-    /// Writes the project's file without asking anything.
+    /// Writes the project's file, or else the recovery copy, without asking anything.
     EAutosave autosave();
 
 Q_SIGNALS:
@@ -71,23 +93,38 @@ Q_SIGNALS:
     void projectAboutToClose(CProjectModel *project);
     void projectClosed();
     void titleChanged(const QString &title);
+    void saved(const QString &path, CProjectFile::EWrite kind);
 
 private:
+    enum class EEnd {
+        Closed,
+        BrokenOff, ///< nobody was asked: what is not saved must be offered again
+    };
+
     std::unique_ptr<CProjectLock> lockFor(const QString &path, bool *given);
     bool load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
               bool *isRecovered);
     void activate(std::unique_ptr<CProjectModel> project);
-    void discard();
+    void activateUnsaved(std::unique_ptr<CProjectModel> project,
+                         std::unique_ptr<CRecoveryCopy> copy);
+    void letGo();
+    void discard(EEnd end);
     bool moveTo(const QString &path);
     bool isOusted() const;
     QString write(CProjectFile *file, CProjectFile::EWrite kind);
     void fail(const QString &reason) const;
+    QString writeAutomatically();
+    QString keepCopy();
+    void dropCopy();
 
     IUserQuestions *const m_user;
     CRecentProjects *const m_recent;
     std::unique_ptr<CProjectModel> m_project;
     std::unique_ptr<CProjectFile> m_file; ///< null when the project was never saved
     std::unique_ptr<CProjectLock> m_lock;
+    std::unique_ptr<CRecoveryCopy> m_copy; ///< null until there is something to keep in it
+    bool m_isCopyDue = false;              ///< the project has changed since it was written
+    QString m_recoveryRoot;
     QString m_workingDirectory;
     QString m_programVersion;
     QString m_autosaveComplaint; ///< told already

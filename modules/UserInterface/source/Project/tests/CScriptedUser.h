@@ -12,7 +12,9 @@ public:
     EOverwrite overwriteAnswer = EOverwrite::Cancel;
     bool takeOverAnswer = false;
     bool saveElsewhereAnswer = false;
-    bool openAutosavedAnswer = true;
+    bool openSavedAnswer = false;
+    bool revertAnswer = false;
+    bool forgetAnswer = false;
     QString openPath;
     QString savePath;
     std::optional<ProjectOptions> newOptions;
@@ -31,7 +33,9 @@ public:
         return note("overwrite"), overwriteAnswer;
     }
     bool saveElsewhere(const QString &) override { return note("elsewhere"), saveElsewhereAnswer; }
-    bool openAutosaved(const QString &) override { return note("autosaved"), openAutosavedAnswer; }
+    bool openSavedVersion(const QString &) override { return note("autosaved"), openSavedAnswer; }
+    bool revert(const QString &) override { return note("revert"), revertAnswer; }
+    bool forgetLeftWork(const QString &) override { return note("forget"), forgetAnswer; }
     QString projectToOpen(const QString &folder) override
     {
         note("open");
@@ -50,6 +54,10 @@ public:
     {
         errors.append(text);
         reasons.append(reason);
+    }
+    void showAutosaveError(const QString &text, const QString &reason) override
+    {
+        showError(text, reason);
     }
     void showNotice(const QString &text) override { notices.append(text); }
 

@@ -4,6 +4,8 @@
 //   projectprocess save FILE              opens FILE, saves it in two versions in turn, for ever
 //   projectprocess saveall FILE           as save: by hand, automatically and under another name
 //   projectprocess crash FILE             locks and ends without releasing
+//   projectprocess unsaved FOLDER         makes a new project, changes it, and is killed when the
+//                                         recovery copy lies in FOLDER
 //   projectprocess nobody FILE            as a user without rights: opens, changes, saves, says how
 #include "CProjectLock.h"
 #include "CProjectModel.h"
@@ -86,6 +88,21 @@ int saveForever(const QString &path, bool inEveryWay)
     }
 }
 
+void leaveUnsaved(const QString &folder)
+{
+    CScriptedUser user;
+    user.newOptions =
+        IUserQuestions::ProjectOptions{{QStringLiteral("project_name"), QStringLiteral("fresh")},
+                                       {QStringLiteral("working_directory"), folder}};
+    CRecentProjects recent;
+    CProjectSession session(&user, &recent);
+    session.setRecoveryRoot(folder);
+    session.newProject();
+    ProjectTestSupport::change(session.project());
+    session.autosave();
+    std::raise(SIGKILL);
+}
+
 int openAsNobody(const QString &path)
 {
     constexpr uid_t nobody = 65534;
@@ -118,6 +135,8 @@ int main(int argc, char **argv)
         return saveForever(file, task == QLatin1String("saveall"));
     if (task == QLatin1String("nobody"))
         return openAsNobody(file);
+    if (task == QLatin1String("unsaved"))
+        leaveUnsaved(file);
     CProjectLock lock(file);
     const auto result = lock.tryLock();
     std::cout << nameOf(result) << std::endl;

@@ -244,7 +244,9 @@ private:
             CProjectModel model;
             isWhole = isWhole && model.loadFromBytes(bytes, nullptr);
             model.setWorkingDirectory(m_folder->path());
-            isWhole = isWhole && model.saveToBytes(nullptr, m_file) == bytes;
+            const QByteArray whole = model.saveToBytes(nullptr, m_file);
+            isWhole = isWhole && bytes.startsWith(whole); // a backup says whose it is at its end
+            isWhole = isWhole && (bytes == whole || !name.endsWith(QLatin1String(".nyx")));
             if (!name.endsWith(QLatin1String(".nyx")))
                 continue;
             const Opened opened(m_folder->filePath(name));

@@ -51,6 +51,7 @@ private Q_SLOTS:
         m_user = std::make_unique<CScriptedUser>();
         m_recent = std::make_unique<CRecentProjects>();
         m_session = std::make_unique<CProjectSession>(m_user.get(), m_recent.get());
+        m_session->setRecoveryRoot(at("unsaved"));
     }
 
     void cleanup()
@@ -314,7 +315,7 @@ private Q_SLOTS:
         m_user->savePath = at("target/Second:1.v2.nyx");
         QVERIFY(m_session->saveAs());
         QCOMPARE(m_user->offeredName, QStringLiteral("demo"));
-        QCOMPARE(m_session->title(), QStringLiteral("Second:1 for QX110"));
+        QCOMPARE(m_session->title(), QStringLiteral("Second:1.v2 for QX110"));
         QCOMPARE(m_session->path(), at("target/Second:1.v2.nyx"));
         QCOMPARE(m_session->workingDirectory(), at("target"));
         QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
@@ -453,7 +454,7 @@ private Q_SLOTS:
             QCOMPARE(m_session->autosave(), EAutosave::Saved);
             QVERIFY(!m_session->isDirty());
             QVERIFY(readFile(m_file).contains(colour));
-            QCOMPARE(readFile(backup), original);
+            QVERIFY(readFile(backup).startsWith(original));
         }
         QCOMPARE(m_session->autosave(), EAutosave::Unchanged);
         QCOMPARE(m_session->project()->undoStack()->count(), 2);
@@ -467,12 +468,17 @@ private Q_SLOTS:
     {
         m_user->newOptions = newOptions(m_folder->path());
         m_session->newProject();
+        QCOMPARE(m_session->autosave(), EAutosave::Unchanged);
         for (int i = 0; i < 3; ++i) {
             change(m_session->project(), QStringLiteral("#00000%1").arg(i));
             QCOMPARE(m_session->autosave(), EAutosave::Failed);
         }
         QCOMPARE(m_user->errors, QStringList(saveText));
         QCOMPARE(m_user->asked, QStringList("new")); // no Save As
+        QCOMPARE(m_session->leftWork().size(), 0);   // somebody is at work on it
+        m_user->closeAnswer = EClose::Discard;
+        QVERIFY(m_session->close());
+        QCOMPARE(filesIn(at("unsaved")), QStringList());
     }
 
     void autosaveWaits()
@@ -495,8 +501,12 @@ private Q_SLOTS:
         QCOMPARE(autosaver.tick(), CAutosaver::ETick::Postponed);
         QCOMPARE(readFile(m_file), original);
         busy = false;
+        autosaver.setEditorCheck([] { return true; });
+        for (int i = 0; i < CAutosaver::MaxEditorWaits; ++i)
+            QCOMPARE(autosaver.tick(), CAutosaver::ETick::Postponed);
         QCOMPARE(autosaver.tick(), CAutosaver::ETick::Done);
         QVERIFY(readFile(m_file) != original);
+        autosaver.setEditorCheck({});
         stack->undo(); // a command that could be redone is no open macro
         QCOMPARE(autosaver.tick(), CAutosaver::ETick::Done);
         QVERIFY(readFile(m_file).contains("#000000"));
@@ -505,22 +515,37 @@ private Q_SLOTS:
     void crash_data()
     {
         QTest::addColumn<bool>("autosaved");
-        QTest::addColumn<bool>("recover");
-        QTest::newRow("nothing was saved automatically") << false << true;
-        QTest::newRow("autosaved, taken") << true << true;
-        QTest::newRow("autosaved, refused") << true << false;
+        QTest::addColumn<QByteArray>("replaced"); // the file, by others
+        QTest::addColumn<bool>("goBack");
+        QTest::addColumn<bool>("isAsked");
+        QTest::addColumn<QString>("colour");
+        const auto row = [](const char *name, bool autosaved, const QByteArray &replaced,
+                            bool goBack, bool isAsked, const char *colour) {
+            QTest::newRow(name) << autosaved << replaced << goBack << isAsked
+                                << QString::fromLatin1(colour);
+        };
+        row("nothing was saved automatically", false, {}, true, false, "#000000");
+        row("autosaved, left as it is", true, {}, false, true, "#112233");
+        row("autosaved, back to what the user saved", true, {}, true, true, "#000000");
+        row("autosaved, then replaced", true, document(QStringLiteral("theirs")), true, false,
+            "#000000");
     }
 
     void crash()
     {
         QFETCH(bool, autosaved);
-        QFETCH(bool, recover);
+        QFETCH(QByteArray, replaced);
+        QFETCH(bool, goBack);
+        QFETCH(bool, isAsked);
+        QFETCH(QString, colour);
         if (autosaved) {
             QVERIFY(m_session->openFile(m_file));
             change(m_session->project());
             QCOMPARE(m_session->autosave(), EAutosave::Saved);
-            QVERIFY(m_session->close());
+            m_session->closeWithoutQuestions();
         }
+        if (!replaced.isEmpty())
+            QVERIFY(writeFile(m_file, replaced));
         const QByteArray left = readFile(m_file);
         QProcess dead;
         dead.start(QStringLiteral(PROJECT_PROCESS), {QStringLiteral("crash"), m_file});
@@ -534,22 +559,161 @@ private Q_SLOTS:
         for (const QString &each : others)
             QVERIFY(writeFile(m_folder->filePath(each), left)); // copies made by hand
 
-        m_user->openAutosavedAnswer = recover;
+        m_user->openSavedAnswer = goBack;
         QVERIFY(m_session->openFile(m_file));
-        QCOMPARE(m_user->asked, autosaved ? QStringList("autosaved") : QStringList());
-        QCOMPARE(m_session->isDirty(), autosaved);
+        QCOMPARE(m_user->asked, isAsked ? QStringList("autosaved") : QStringList());
+        QCOMPARE(m_session->isDirty(), isAsked && goBack);
         QCOMPARE(m_session->autosave(), EAutosave::Unchanged); // not before the user has worked
         QCOMPARE(readFile(m_file), left);
-        const QString colour =
-            m_session->project()->screen(0)->propertyText(QStringLiteral("color"));
-        QCOMPARE(colour, QString::fromLatin1(autosaved && recover ? "#112233" : "#000000"));
+        QCOMPARE(shownColour(), colour);
         const QStringList found = filesIn(m_folder->path());
         for (const QString &each : orphans)
             QVERIFY2(!found.contains(each), qPrintable(each));
         for (const QString &each : others)
             QVERIFY2(found.contains(each), qPrintable(each));
-        QVERIFY(m_session->save());
+        QVERIFY(m_session->close() || (m_session->save() && m_session->close()));
         QVERIFY(!QFile::exists(at(".demo.nyx.saved")));
+    }
+
+    void neverSavedWorkSurvivesAKill()
+    {
+        QProcess dead;
+        dead.start(QStringLiteral(PROJECT_PROCESS), {QStringLiteral("unsaved"), at("unsaved")});
+        QVERIFY(dead.waitForFinished());
+        for (const char *round : {"killed", "broken off"}) {
+            const auto left = m_session->leftWork();
+            QVERIFY2(left.size() == 1 && left[0].projectName == QLatin1String("fresh"), round);
+            m_session->recover(left[0]);
+            QVERIFY(m_session->isDirty() && m_session->path().isEmpty());
+            QCOMPARE(shownColour(), QStringLiteral("#112233"));
+            QCOMPARE(m_session->autosave(), EAutosave::Unchanged); // not before the user has worked
+            QCOMPARE(m_session->leftWork().size(), 0);
+            m_session->closeWithoutQuestions();
+        }
+        m_session->forget(m_session->leftWork().value(0)); // refused
+        m_session->recover(m_session->leftWork().value(0));
+        m_user->savePath = at("kept");
+        QVERIFY(m_session->save());
+        QVERIFY(readFile(at("kept.nyx")).contains("#112233"));
+        QCOMPARE(filesIn(at("unsaved")), QStringList());
+        QCOMPARE(m_user->errors, QStringList());
+    }
+
+    /// The example stays as it is, whatever is done to its copy, which takes the images along.
+    void copyLeavesItsOriginalAlone()
+    {
+        const QByteArray example =
+            "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" working_directory=\".\">"
+            "<Kiv_Screen_T name=\"P\"><Kiv_Bitmap_T bfolder=\"demo_ConvertedImages/sky\" "
+            "filename=\"images/sky.png\"/><Kiv_Bitmap_T bfolder=\"images\"/>"
+            "</Kiv_Screen_T></Kiv_Project_T>";
+        const QDir folder(m_folder->path());
+        QVERIFY(folder.mkpath("shipped/demo_ConvertedImages/sky") &&
+                folder.mkpath("shipped/images") && folder.mkdir("mine"));
+        QVERIFY(writeFile(at("shipped/demo.nyx"), example));
+        QVERIFY(writeFile(at("shipped/demo_ConvertedImages/sky/sky.raw"), "pixels"));
+        QVERIFY(writeFile(at("shipped/images/sky.png"), "source"));
+        m_session->openCopy(at("shipped/demo.nyx"));
+        QVERIFY(m_session->project() && !m_session->isDirty());
+        change(m_session->project());
+        QCOMPARE(m_session->autosave(), EAutosave::Failed);
+        m_user->savePath = at("mine/Küche.1");
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(filesIn(at("unsaved")), QStringList());
+        QCOMPARE(readFile(at("shipped/demo.nyx")), example);
+        QCOMPARE(filesIn(at("shipped")),
+                 QStringList({"demo.nyx", "demo_ConvertedImages", "images"}));
+        const CProjectModel *project = m_session->project();
+        const auto place = [&](int row, const char *key) {
+            return project->absoluteFolder(
+                project->screen(0)->childItem(row)->propertyText(QString::fromLatin1(key)));
+        };
+        QVERIFY(place(0, "bfolder").startsWith(at("mine/Küche.1_ConvertedImages")));
+        QCOMPARE(readFile(place(0, "bfolder") + "/sky.raw"), QByteArray("pixels"));
+        QCOMPARE(readFile(place(0, "filename")), QByteArray("source"));
+        QCOMPARE(readFile(place(1, "bfolder") + "/sky.png"), QByteArray("source"));
+        m_session->openCopy(at("shipped/demo.nyx")); // looked at only
+        QVERIFY(m_session->close());
+        QCOMPARE(filesIn(at("unsaved")), QStringList());
+    }
+
+    void saveAsNames_data()
+    {
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("name");
+        const auto row = [](const char *chosen, const char *file, const char *name) {
+            QTest::newRow(chosen) << QString::fromUtf8(chosen) << QString::fromUtf8(file)
+                                  << QString::fromUtf8(name);
+        };
+        row("Panel v1.2", "Panel v1.2.nyx", "Panel v1.2");
+        row("Größe.ä.NYX", "Größe.ä.NYX", "Größe.ä");
+        row("old.xml", "old.xml", "old");
+        row(".nyx", "", "");
+        row(" .nyx", "", "");
+    }
+
+    void saveAsNames()
+    {
+        QFETCH(QString, chosen);
+        QFETCH(QString, file);
+        QFETCH(QString, name);
+        QVERIFY(m_session->openFile(m_file));
+        const QStringList before = filesIn(m_folder->path());
+        m_user->savePath = m_folder->filePath(chosen);
+        QCOMPARE(m_session->saveAs(), !file.isEmpty());
+        if (file.isEmpty()) {
+            QCOMPARE(filesIn(m_folder->path()), before);
+            QVERIFY(m_user->reasons.value(0).contains(chosen.trimmed()));
+            return;
+        }
+        QCOMPARE(m_session->path(), m_folder->filePath(file));
+        QCOMPARE(m_session->title(), name + QStringLiteral(" for QX110"));
+        QVERIFY(QFile::exists(m_session->path()));
+    }
+
+    /// What was saved automatically into a file of before goes along to the new one.
+    void saveAsLeavesTheOldFileAsItWasSaved()
+    {
+        const QByteArray original = readFile(m_file);
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        QCOMPARE(m_session->autosave(), EAutosave::Saved);
+        m_user->savePath = at("new");
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(readFile(m_file), original);
+        QVERIFY(readFile(at("new.nyx")).contains("#112233"));
+        QCOMPARE(filesIn(m_folder->path()), QStringList({".new.nyx.lock", "demo.nyx", "new.nyx"}));
+    }
+
+    void revert_data()
+    {
+        QTest::addColumn<bool>("autosaved");
+        QTest::addColumn<bool>("answer");
+        QTest::newRow("refused") << true << false;
+        QTest::newRow("changed") << false << true;
+        QTest::newRow("changed and saved automatically") << true << true;
+    }
+
+    void revert()
+    {
+        QFETCH(bool, autosaved);
+        QFETCH(bool, answer);
+        const QByteArray original = readFile(m_file);
+        QVERIFY(m_session->openFile(m_file));
+        QVERIFY(!m_session->canRevert() && !m_session->revert());
+        change(m_session->project());
+        if (autosaved)
+            QCOMPARE(m_session->autosave(), EAutosave::Saved);
+        QVERIFY(m_session->canRevert());
+        m_user->revertAnswer = answer;
+        QCOMPARE(m_session->revert(), answer);
+        QCOMPARE(m_user->asked, QStringList("revert"));
+        QCOMPARE(shownColour(), QString::fromLatin1(answer ? "#000000" : "#112233"));
+        QCOMPARE(m_session->canRevert(), !answer);
+        QCOMPARE(readFile(m_file) == original, answer);
+        QVERIFY(!m_session->isDirty());
+        QCOMPARE(m_session->project()->undoStack()->count(), answer ? 0 : 1);
     }
 
     void recentProjects()
@@ -591,6 +755,10 @@ private:
             files.append(each.next());
         files.sort();
         return files;
+    }
+    QString shownColour() const
+    {
+        return m_session->project()->screen(0)->propertyText(QStringLiteral("color"));
     }
     QString at(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
 

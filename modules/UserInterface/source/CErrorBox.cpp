@@ -1,0 +1,129 @@
+#include "CErrorBox.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QTextEdit>
+
+namespace {
+constexpr int QuietWidth = 420; // pixels
+constexpr int CornerGap = 16;   // pixels
+constexpr int LineGap = 8;      // pixels, around a line of text
+} // namespace
+
+CErrorBox::CErrorBox(QWidget *window)
+    : QErrorMessage(window),
+      m_text(findChild<QTextEdit *>()),
+      m_reason(new QLabel),
+      m_saveAs(new QPushButton)
+{
+    m_reason->setObjectName(QStringLiteral("errorReason"));
+    m_reason->setWordWrap(true);
+    m_reason->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_saveAs->setObjectName(QStringLiteral("errorSaveAs"));
+    m_saveAs->setAutoDefault(false);
+    m_saveAs->hide();
+    findChild<QCheckBox *>()->hide();
+    auto *grid = qobject_cast<QGridLayout *>(layout());
+    grid->addWidget(m_reason, 1, 1);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_saveAs);
+    buttons->addWidget(findChild<QPushButton *>());
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    connect(m_text, &QTextEdit::textChanged, this, &CErrorBox::showReason);
+    connect(m_saveAs, &QPushButton::clicked, this, &CErrorBox::saveAsWanted);
+    window->installEventFilter(this);
+    retranslate();
+}
+
+void CErrorBox::retranslate()
+{
+    m_saveAs->setText(tr("Save As..."));
+}
+
+void CErrorBox::tell(const QString &text, const QString &reason)
+{
+    if (m_isQuiet)
+        hide(); // it has been seen, and this one is to be answered
+    if (!isVisible())
+        setQuiet(false);
+    m_reasons.insert(text, reason);
+    showMessage(text.toHtmlEscaped());
+    showReason();
+}
+
+void CErrorBox::tellQuietly(const QString &text, const QString &reason)
+{
+    if (!parentWidget()->isVisible()) {
+        tell(text, reason);
+        return;
+    }
+    m_reasons.insert(text, reason);
+    if (isVisible() && m_isQuiet) {
+        showReason();
+        return;
+    }
+    if (!isVisible())
+        setQuiet(true);
+    showMessage(text.toHtmlEscaped());
+    showReason();
+}
+
+void CErrorBox::withdrawQuiet()
+{
+    if (m_isQuiet)
+        hide();
+}
+
+/// A child of the window can take neither its activity nor its focus, whatever the window manager
+/// makes of new windows.
+void CErrorBox::setQuiet(bool isQuiet)
+{
+    if (isQuiet == m_isQuiet)
+        return;
+    m_isQuiet = isQuiet;
+    setWindowFlags(isQuiet ? Qt::Widget : Qt::Dialog);
+    setAutoFillBackground(isQuiet);
+    m_saveAs->setVisible(isQuiet);
+    const int oneLine = m_text->fontMetrics().height() + 4 * m_text->frameWidth() + LineGap;
+    m_text->setMaximumHeight(isQuiet ? oneLine : QWIDGETSIZE_MAX);
+}
+
+void CErrorBox::showReason()
+{
+    const QString reason = m_reasons.value(m_text->toPlainText());
+    m_reason->setText(reason.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+    m_reason->setVisible(!reason.isEmpty());
+    stayInCorner();
+}
+
+void CErrorBox::stayInCorner()
+{
+    if (!m_isQuiet)
+        return;
+    resize(QuietWidth, std::max(sizeHint().height(), heightForWidth(QuietWidth)));
+    move(parentWidget()->rect().bottomRight() - QPoint(width() + CornerGap, height() + CornerGap));
+    raise();
+}
+
+void CErrorBox::paintEvent(QPaintEvent *event)
+{
+    QErrorMessage::paintEvent(event);
+    if (!m_isQuiet)
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+bool CErrorBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == parent() && event->type() == QEvent::Resize)
+        stayInCorner();
+    return QErrorMessage::eventFilter(watched, event);
+}
