@@ -12,7 +12,7 @@
 namespace {
 constexpr int QuietWidth = 420; // pixels
 constexpr int CornerGap = 16;   // pixels
-constexpr int LineGap = 8;      // pixels, around a line of text
+constexpr int TextLines = 3;    // the fixed texts take one, and the margins the rest
 } // namespace
 
 CErrorBox::CErrorBox(QWidget *window)
@@ -27,13 +27,17 @@ CErrorBox::CErrorBox(QWidget *window)
     m_saveAs->setObjectName(QStringLiteral("errorSaveAs"));
     m_saveAs->setAutoDefault(false);
     m_saveAs->hide();
+    m_text->setMaximumHeight(TextLines * fontMetrics().height());
     findChild<QCheckBox *>()->hide();
     auto *grid = qobject_cast<QGridLayout *>(layout());
     grid->addWidget(m_reason, 1, 1);
+    auto *ok = findChild<QPushButton *>();
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(m_saveAs);
-    buttons->addWidget(findChild<QPushButton *>());
+    for (QPushButton *each : {m_saveAs, ok}) {
+        each->setFocusPolicy(Qt::TabFocus); // a click in the corner leaves the canvas its focus
+        buttons->addWidget(each);
+    }
     grid->addLayout(buttons, 2, 0, 1, 2);
     connect(m_text, &QTextEdit::textChanged, this, &CErrorBox::showReason);
     connect(m_saveAs, &QPushButton::clicked, this, &CErrorBox::saveAsWanted);
@@ -90,8 +94,7 @@ void CErrorBox::setQuiet(bool isQuiet)
     setWindowFlags(isQuiet ? Qt::Widget : Qt::Dialog);
     setAutoFillBackground(isQuiet);
     m_saveAs->setVisible(isQuiet);
-    const int oneLine = m_text->fontMetrics().height() + 4 * m_text->frameWidth() + LineGap;
-    m_text->setMaximumHeight(isQuiet ? oneLine : QWIDGETSIZE_MAX);
+    setAttribute(Qt::WA_Moved, false); // as a dialog, in the middle of the window again
 }
 
 void CErrorBox::showReason()

@@ -583,6 +583,7 @@ private Q_SLOTS:
         auto *box = m_window->findChild<QErrorMessage *>();
         for (int i = 0; i < 2; ++i) {
             QVERIFY(!m_window->saveProject());
+            QVERIFY(!m_window->project()->undoStack()->isClean());
             QVERIFY(box->isVisible() && !box->findChild<QCheckBox *>()->isVisible());
             QVERIFY(!box->findChild<QLabel *>(QStringLiteral("errorReason"))->text().isEmpty());
             box->accept();

@@ -202,6 +202,7 @@ bool CProjectSession::save()
     }
     const QString reason = write(m_file.get(), CProjectFile::EWrite::ByUser);
     if (!reason.isEmpty()) {
+        m_project->undoStack()->resetClean(); // whatever it was, the file is not known to hold it
         fail(reason);
         return false;
     }
