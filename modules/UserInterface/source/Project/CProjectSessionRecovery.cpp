@@ -1,6 +1,6 @@
 // What CProjectSession does so that no work is lost: automatic saves, recovery copies, copies of
 // projects that stay as they are, and the way back to what was saved last.
-#include "CConvertedFolder.h"
+#include "CImageMove.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
