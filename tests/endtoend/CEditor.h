@@ -18,8 +18,10 @@ public:
     CEditor(CDisplay *display, const QByteArray &project, int autosaveInterval = 0);
     ~CEditor();
 
-    /// Starts the program; the constructor has done so once.
+    /// Starts the program with the project file; the constructor has done so once.
     void start();
+    /// Saves under another name, whose file is the project file from now on.
+    void saveAs(const QString &name);
     void kill(); ///< as a crash does
 
     /// Brings its window to the front and gives it the focus.
@@ -39,7 +41,7 @@ public:
     void quit();
 
     QString folder() const { return m_folder.path(); }
-    QString projectFile() const { return m_folder.filePath(QStringLiteral("demo.nyx")); }
+    QString projectFile() const { return m_folder.filePath(m_name + QStringLiteral(".nyx")); }
     /// The values of the attributes, one space between them, of the n-th element of that kind in
     /// the project as it is saved.
     QString saved(const char *kind, const QStringList &attributes, int n = 0) const;
@@ -48,5 +50,6 @@ public:
 private:
     CDisplay *const m_display;
     QTemporaryDir m_folder;
+    QString m_name = QStringLiteral("demo");
     CChildProcess m_process;
 };

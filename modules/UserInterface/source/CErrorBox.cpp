@@ -30,7 +30,9 @@ CErrorBox::CErrorBox(QWidget *window)
     m_text->setMaximumHeight(TextLines * fontMetrics().height());
     findChild<QCheckBox *>()->hide();
     auto *grid = qobject_cast<QGridLayout *>(layout());
-    grid->addWidget(m_reason, 1, 1);
+    grid->addWidget(m_reason, 1, 1, Qt::AlignTop);
+    grid->setRowStretch(0, 0);
+    grid->setRowStretch(1, 1);
     auto *ok = findChild<QPushButton *>();
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
