@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <iterator>
 #include <limits>
 #include <map>
 #include <numeric>
@@ -45,50 +46,108 @@ CRamGPlan::CRamGPlan(const std::vector<uint32_t> &assetBytes,
     m_fits = total <= capacity;
     if (used.empty())
         return;
-    if (m_fits) {
-        addGroup(used, assetBytes, all(screens.size()));
-        m_named = m_users;
-    } else {
-        makeGroups(assetBytes, screens);
-        choosePermanent(screens.size(), capacity);
+    const size_t count = screens.size();
+    std::vector<SDraft> drafts = draftsOf(assetBytes, screens);
+    if (m_fits)
+        drafts = {{used, all(count), total}};
+    for (size_t most = MaxBlocks; most > 0; most /= 2) { // scattered groups are several blocks
+        mergeSmall(drafts, count, capacity, most);
+        makeGroups(drafts, assetBytes);
+        choosePermanent(count, capacity);
+        placeGroups(count, capacity);
+        sortBlocks();
+        if (m_blocks.size() <= MaxBlocks)
+            break;
     }
-    placeGroups(screens.size(), capacity);
-    sortBlocks();
 }
 
-/// Assets in the order of their first one, so that the order of the blocks' data follows the
-/// project's.
-void CRamGPlan::makeGroups(const std::vector<uint32_t> &assetBytes,
-                           const std::vector<std::vector<size_t>> &screens)
+/// Assets of the same screens, in the order of their first one, so that the order of the blocks'
+/// data follows the project's.
+std::vector<CRamGPlan::SDraft> CRamGPlan::draftsOf(const std::vector<uint32_t> &assetBytes,
+                                                   const std::vector<std::vector<size_t>> &screens)
 {
     std::vector<Screens> users(assetBytes.size());
     for (size_t screen = 0; screen < screens.size(); ++screen)
         for (const size_t asset : screens[screen])
             users[asset].push_back(screen);
-    std::map<Screens, std::vector<size_t>> byUsers;
-    for (size_t asset = 0; asset < assetBytes.size(); ++asset)
-        if (!users[asset].empty())
-            byUsers[users[asset]].push_back(asset);
-    std::map<size_t, Screens> byFirst;
-    for (const auto &[screensOfGroup, assets] : byUsers)
-        byFirst[assets.front()] = screensOfGroup;
-    for (const auto &[first, screensOfGroup] : byFirst)
-        addGroup(byUsers[screensOfGroup], assetBytes, screensOfGroup);
-    m_named = m_users;
+    std::vector<SDraft> drafts;
+    std::map<Screens, size_t> known;
+    for (size_t asset = 0; asset < assetBytes.size(); ++asset) {
+        if (users[asset].empty())
+            continue;
+        const size_t draft = known.emplace(users[asset], drafts.size()).first->second;
+        if (draft == drafts.size())
+            drafts.push_back({{}, users[asset], 0});
+        drafts[draft].assets.push_back(asset);
+        drafts[draft].bytes += aligned(assetBytes[asset]);
+    }
+    return drafts;
 }
 
-void CRamGPlan::addGroup(const std::vector<size_t> &assets, const std::vector<uint32_t> &assetBytes,
-                         const Screens &users)
+/// Puts the smallest groups together, as long as there are more than `most` and the screens of
+/// either have room for both.
+void CRamGPlan::mergeSmall(std::vector<SDraft> &drafts, size_t screenCount, uint32_t capacity,
+                           size_t most)
 {
-    SGroup group{assets, {}, 0};
-    for (const size_t asset : assets) {
-        m_groupOf[asset] = m_groups.size();
-        m_offsetOf[asset] = group.bytes;
-        group.offsets.push_back(group.bytes);
-        group.bytes += aligned(assetBytes[asset]);
+    std::vector<uint64_t> needed(screenCount);
+    for (const SDraft &draft : drafts)
+        for (const size_t screen : draft.users)
+            needed[screen] += draft.bytes;
+    const auto takes = [&](const SDraft &host, const SDraft &guest) {
+        return std::all_of(host.users.begin(), host.users.end(), [&](size_t screen) {
+            return std::binary_search(guest.users.begin(), guest.users.end(), screen) ||
+                   needed[screen] + guest.bytes <= capacity;
+        });
+    };
+    const auto settle = [&](const SDraft &host, const SDraft &guest) {
+        for (const size_t screen : host.users)
+            if (!std::binary_search(guest.users.begin(), guest.users.end(), screen))
+                needed[screen] += guest.bytes;
+    };
+    const auto mergeOne = [&] {
+        std::vector<size_t> order = all(drafts.size());
+        std::stable_sort(order.begin(), order.end(),
+                         [&](size_t a, size_t b) { return drafts[a].bytes < drafts[b].bytes; });
+        for (size_t i = 0; i < order.size(); ++i)
+            for (size_t j = i + 1; j < order.size(); ++j) {
+                SDraft &first = drafts[std::min(order[i], order[j])];
+                SDraft &second = drafts[std::max(order[i], order[j])];
+                if (!takes(first, second) || !takes(second, first))
+                    continue;
+                settle(first, second);
+                settle(second, first);
+                SDraft merged{{}, {}, first.bytes + second.bytes};
+                std::merge(first.assets.begin(), first.assets.end(), second.assets.begin(),
+                           second.assets.end(), std::back_inserter(merged.assets));
+                std::set_union(first.users.begin(), first.users.end(), second.users.begin(),
+                               second.users.end(), std::back_inserter(merged.users));
+                first = merged;
+                drafts.erase(drafts.begin() + (&second - drafts.data()));
+                return true;
+            }
+        return false;
+    };
+    while (drafts.size() > most && mergeOne()) {
     }
-    m_groups.push_back(group);
-    m_users.push_back(users);
+}
+
+void CRamGPlan::makeGroups(const std::vector<SDraft> &drafts,
+                           const std::vector<uint32_t> &assetBytes)
+{
+    m_groups.clear();
+    m_users.clear();
+    for (const SDraft &draft : drafts) {
+        SGroup group{draft.assets, {}, 0};
+        for (const size_t asset : draft.assets) {
+            m_groupOf[asset] = m_groups.size();
+            m_offsetOf[asset] = group.bytes;
+            group.offsets.push_back(group.bytes);
+            group.bytes += aligned(assetBytes[asset]);
+        }
+        m_groups.push_back(group);
+        m_users.push_back(draft.users);
+    }
+    m_named = m_users;
 }
 
 /// Groups that more than half of the screens show become named by all, those of the most screens

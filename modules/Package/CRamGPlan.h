@@ -52,10 +52,17 @@ public:
 private:
     using Screens = std::vector<size_t>; ///< ascending
 
-    void makeGroups(const std::vector<uint32_t> &assetBytes,
-                    const std::vector<std::vector<size_t>> &screens);
-    void addGroup(const std::vector<size_t> &assets, const std::vector<uint32_t> &assetBytes,
-                  const Screens &users);
+    struct SDraft
+    {
+        std::vector<size_t> assets; ///< ascending
+        Screens users;
+        uint64_t bytes;
+    };
+    static std::vector<SDraft> draftsOf(const std::vector<uint32_t> &assetBytes,
+                                        const std::vector<std::vector<size_t>> &screens);
+    static void mergeSmall(std::vector<SDraft> &drafts, size_t screenCount, uint32_t capacity,
+                           size_t most);
+    void makeGroups(const std::vector<SDraft> &drafts, const std::vector<uint32_t> &assetBytes);
     void choosePermanent(size_t screenCount, uint32_t capacity);
     void placeGroups(size_t screenCount, uint32_t capacity);
     void sortBlocks();
