@@ -21,7 +21,6 @@ private Q_SLOTS:
     void showsHelpAndVersion();
     void wrongCommandLines();
     void exportsAnExample();
-    void twoRunsGiveTheSameBytes();
     void picksScreens();
     void namesOfScreensStayInTheFolder();
     void reportsToStandardOutput();
@@ -207,22 +206,6 @@ void tst_PanelExport::exportsAnExample()
     }
     QCOMPARE(read("new/bin/e.bin").size(), bytes);
     QCOMPARE(result.out.count('\n'), 3 + screens.size()); // a line for each output
-}
-
-void tst_PanelExport::twoRunsGiveTheSameBytes()
-{
-    QMap<QString, QByteArray> first;
-    for (int round = 0; round < 2; ++round) { // the second replaces the files of the first
-        QCOMPARE(run(m_example + " --dl e.dl --bin e.bin --png png --report e.json").exitCode, 0);
-        QMap<QString, QByteArray> files;
-        for (const QString &folder : {QString(), QString("png/")})
-            for (const QString &name : QDir(path(folder)).entryList(QDir::Files))
-                files[folder + name] = read(folder + name);
-        QVERIFY(files.size() >= 7);
-        if (round > 0)
-            QCOMPARE(files, first);
-        first = files;
-    }
 }
 
 void tst_PanelExport::picksScreens()
