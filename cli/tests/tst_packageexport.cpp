@@ -12,6 +12,9 @@
 #include <QtEndian>
 #include <QtTest>
 
+#include <algorithm>
+#include <set>
+
 using namespace kivemu;
 
 /// The packages of the examples: what their files say agrees, and compilers take them.
@@ -70,14 +73,15 @@ QByteArray section(const QByteArray &blob, int kind)
                     static_cast<int>(qFromLittleEndian<quint32>(entry + 8)));
 }
 
-std::vector<uint32_t> words(const QByteArray &bytes, std::vector<uint32_t> *addresses = nullptr)
+std::vector<uint32_t> words(const QByteArray &bytes,
+                            std::set<std::pair<EOpcode, uint32_t>> *addresses = nullptr)
 {
     std::vector<uint32_t> all = fromBytes(reinterpret_cast<const uint8_t *>(bytes.constData()),
                                           static_cast<size_t>(bytes.size()));
     for (size_t at = 0; at < all.size(); at += listLength(all.data() + at, all.size() - at))
-        replaceAddresses(all.data() + at, all.size() - at, [&](EOpcode, uint32_t address) {
+        replaceAddresses(all.data() + at, all.size() - at, [&](EOpcode command, uint32_t address) {
             if (addresses)
-                addresses->push_back(address);
+                addresses->insert({command, address});
             return 0;
         });
     return all;
@@ -173,20 +177,20 @@ void tst_PackageExport::listsAreTheExportedOnesRelocated()
 {
     QFETCH(QString, project);
     const QString folder = pack(project, QTest::currentDataTag());
-    std::vector<uint32_t> planned;
+    std::set<std::pair<EOpcode, uint32_t>> planned;
     const auto packed = words(section(read(folder + "/panel.bin"), 7), &planned);
     QVERIFY(!packed.empty());
     QVERIFY(packed == words(read(folder + "/lists")));
-    const QByteArray assets = section(read(folder + "/panel.bin"), 4);
-    for (const uint32_t address : planned) {
-        bool isKnown = address == 0; // no palette
-        for (int at = 0; at < assets.size(); at += 12) {
-            const auto from = qFromLittleEndian<quint32>(assets.constData() + at + 4);
-            const auto bytes = qFromLittleEndian<quint32>(assets.constData() + at + 8);
-            isKnown = isKnown || (from <= address && address < from + bytes);
+    std::set<std::pair<EOpcode, uint32_t>> known{{EOpcode::BitmapPalette, 0}}; // of none
+    for (const QJsonValue asset : json(folder + "/manifest.json")["assets"].toArray())
+        for (const QJsonValue address : asset["addresses"].toArray()) {
+            const auto place = static_cast<uint32_t>(address.toInt());
+            const auto palette = static_cast<uint32_t>(asset["palette_offset"].toInt());
+            known.insert({EOpcode::BitmapSource, place});
+            if (palette > 0)
+                known.insert({EOpcode::BitmapPalette, place + palette});
         }
-        QVERIFY2(isKnown, qPrintable(QString::number(address)));
-    }
+    QVERIFY(std::includes(known.begin(), known.end(), planned.begin(), planned.end()));
 }
 
 /// The images of RAM_G hold at each address of the report's map what the package has as the asset.
