@@ -38,6 +38,9 @@ CBlockPlacer::CBlockPlacer(const std::vector<SGroup> &groups, size_t screenCount
 
 CBlockPlacer::SPlacement CBlockPlacer::best() const
 {
+    constexpr size_t MostToTry = 200; // groups; what is tried takes the third power of their number
+    if (m_groups.size() > MostToTry)
+        return place(EOrder::ManyScreensFirst, EFit::Lowest);
     SPlacement best;
     uint64_t least = std::numeric_limits<uint64_t>::max();
     for (const EOrder order : {EOrder::ManyScreensFirst, EOrder::LargeFirst})

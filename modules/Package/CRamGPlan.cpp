@@ -5,13 +5,10 @@
 #include <algorithm>
 #include <cassert>
 #include <iterator>
-#include <limits>
 #include <map>
 #include <numeric>
 
 namespace {
-
-constexpr size_t NoGroup = std::numeric_limits<size_t>::max();
 
 uint32_t aligned(uint32_t bytes)
 {
@@ -29,7 +26,7 @@ std::vector<size_t> all(size_t count)
 
 CRamGPlan::CRamGPlan(const std::vector<uint32_t> &assetBytes,
                      const std::vector<std::vector<size_t>> &screens, uint32_t capacity)
-    : m_loads(screens.size()), m_groupOf(assetBytes.size(), NoGroup), m_offsetOf(assetBytes.size())
+    : m_loads(screens.size())
 {
     std::vector<bool> isUsed(assetBytes.size());
     for (const auto &assets : screens)
@@ -50,15 +47,29 @@ CRamGPlan::CRamGPlan(const std::vector<uint32_t> &assetBytes,
     std::vector<SDraft> drafts = draftsOf(assetBytes, screens);
     if (m_fits)
         drafts = {{used, all(count), total}};
-    for (size_t most = MaxBlocks; most > 0; most /= 2) { // scattered groups are several blocks
+    bool isMerging = true;
+    for (size_t most = MaxBlocks; isMerging; most /= 2) { // scattered groups are several blocks
+        const size_t before = drafts.size();
         mergeSmall(drafts, count, capacity, most);
-        makeGroups(drafts, assetBytes);
-        choosePermanent(count, capacity);
-        placeGroups(count, capacity);
-        sortBlocks();
-        if (m_blocks.size() <= MaxBlocks)
-            break;
+        place(drafts, assetBytes, count, capacity);
+        isMerging = m_blocks.size() > MaxBlocks && (most == MaxBlocks || drafts.size() < before);
     }
+    if (m_blocks.size() > MaxBlocks) { // too full to be put together: no screen shares anything
+        drafts.clear();
+        for (size_t screen = 0; screen < count; ++screen)
+            if (!screens[screen].empty())
+                drafts.push_back({screens[screen], {screen}, 0});
+        place(drafts, assetBytes, count, capacity);
+    }
+}
+
+void CRamGPlan::place(const std::vector<SDraft> &drafts, const std::vector<uint32_t> &assetBytes,
+                      size_t screenCount, uint32_t capacity)
+{
+    makeGroups(drafts, assetBytes);
+    choosePermanent(screenCount, capacity);
+    placeGroups(screenCount, capacity);
+    sortBlocks();
 }
 
 /// Assets of the same screens, in the order of their first one, so that the order of the blocks'
@@ -139,8 +150,6 @@ void CRamGPlan::makeGroups(const std::vector<SDraft> &drafts,
     for (const SDraft &draft : drafts) {
         SGroup group{draft.assets, {}, 0};
         for (const size_t asset : draft.assets) {
-            m_groupOf[asset] = m_groups.size();
-            m_offsetOf[asset] = group.bytes;
             group.offsets.push_back(group.bytes);
             group.bytes += aligned(assetBytes[asset]);
         }
@@ -220,9 +229,13 @@ void CRamGPlan::sortBlocks()
 
 uint32_t CRamGPlan::address(size_t screen, size_t asset) const
 {
-    for (const size_t block : m_loads[screen])
-        if (m_blocks[block].group == m_groupOf[asset])
-            return m_blocks[block].address + m_offsetOf[asset];
+    for (const size_t block : m_loads[screen]) {
+        const SGroup &group = m_groups[m_blocks[block].group];
+        const auto found = std::lower_bound(group.assets.begin(), group.assets.end(), asset);
+        if (found != group.assets.end() && *found == asset)
+            return m_blocks[block].address +
+                   group.offsets[static_cast<size_t>(found - group.assets.begin())];
+    }
     assert(!"the screen shows the asset");
     return 0;
 }

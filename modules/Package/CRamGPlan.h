@@ -22,7 +22,8 @@ public:
         uint32_t bytes; ///< a multiple of Alignment
         size_t group;   ///< blocks of the same group hold the same assets, at another address
     };
-    /// Assets that lie behind each other wherever they lie.
+    /// Assets that lie behind each other wherever they lie. An asset is in more than one group
+    /// only where the memory is too full for fewer than MaxBlocks blocks.
     struct SGroup
     {
         std::vector<size_t> assets;    ///< ascending
@@ -62,6 +63,8 @@ private:
                                         const std::vector<std::vector<size_t>> &screens);
     static void mergeSmall(std::vector<SDraft> &drafts, size_t screenCount, uint32_t capacity,
                            size_t most);
+    void place(const std::vector<SDraft> &drafts, const std::vector<uint32_t> &assetBytes,
+               size_t screenCount, uint32_t capacity);
     void makeGroups(const std::vector<SDraft> &drafts, const std::vector<uint32_t> &assetBytes);
     void choosePermanent(size_t screenCount, uint32_t capacity);
     void placeGroups(size_t screenCount, uint32_t capacity);
@@ -73,6 +76,4 @@ private:
     std::vector<Screens> m_named; ///< of each group: screens that load it
     std::vector<SBlock> m_blocks;
     std::vector<std::vector<size_t>> m_loads;
-    std::vector<size_t> m_groupOf;    ///< of each asset; NoGroup when no screen shows it
-    std::vector<uint32_t> m_offsetOf; ///< of each asset in its group
 };

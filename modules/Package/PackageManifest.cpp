@@ -10,6 +10,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -140,16 +141,17 @@ QJsonObject assetObject(const SPackageContent &content, int index, uint32_t data
 
 QJsonArray assetArray(const SPackageContent &content)
 {
-    std::vector<uint32_t> offsets(static_cast<size_t>(content.assets.size()));
+    std::vector<std::optional<uint32_t>> offsets(static_cast<size_t>(content.assets.size()));
     uint32_t start = 0;
     for (const CRamGPlan::SGroup &group : content.plan->groups()) {
         for (size_t i = 0; i < group.assets.size(); ++i)
-            offsets[group.assets[i]] = start + group.offsets[i];
+            if (!offsets[group.assets[i]])
+                offsets[group.assets[i]] = start + group.offsets[i];
         start += group.bytes;
     }
     QJsonArray assets;
     for (int i = 0; i < content.assets.size(); ++i)
-        assets.append(assetObject(content, i, offsets[static_cast<size_t>(i)]));
+        assets.append(assetObject(content, i, offsets[static_cast<size_t>(i)].value_or(0)));
     return assets;
 }
 

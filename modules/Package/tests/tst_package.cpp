@@ -97,8 +97,8 @@ SPlanCase randomCase(uint32_t seed)
 {
     std::mt19937 engine(seed);
     const auto random = [&engine] { return static_cast<uint32_t>(engine()); };
-    SPlanCase result{{}, {}, 4096 + 4 * (random() % 1000)};
-    const bool isCrowded = seed % 100 == 99; // more kinds of use than a package has blocks
+    const bool isCrowded = seed == 99; // more kinds of use than a package has blocks
+    SPlanCase result{{}, {}, isCrowded ? 10000 : 4096 + 4 * (random() % 1000)};
     const uint32_t largest = isCrowded       ? 8
                              : seed % 3 == 0 ? 64
                                              : result.capacity / (1 + random() % 8);
