@@ -4,6 +4,7 @@
 #include "CConversionPaths.h"
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
+#include "FileNames.h"
 #include "ImageNames.h"
 #include "PropertyKey.h"
 
@@ -16,11 +17,7 @@ const QString MediaType = QStringLiteral("Kiv_Media_T");
 
 bool mayBeBrought(const QFileInfo &file)
 {
-    static const QStringList suffixes = {QStringLiteral("raw"), QStringLiteral("json"),
-                                         QStringLiteral("lut"), QStringLiteral("png"),
-                                         QStringLiteral("jpg"), QStringLiteral("jpeg"),
-                                         QStringLiteral("bmp"), QStringLiteral("avi")};
-    return file.isFile() && suffixes.contains(file.suffix().toLower());
+    return file.isFile() && FileNames::isImage(file.fileName());
 }
 } // namespace
 

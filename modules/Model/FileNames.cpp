@@ -89,6 +89,15 @@ QString FileNames::convertedImages(const QString &projectName)
     return projectName.isEmpty() ? ending : safe(projectName, ending);
 }
 
+bool FileNames::isImage(const QString &fileName)
+{
+    static const QStringList suffixes = {QStringLiteral("raw"), QStringLiteral("json"),
+                                         QStringLiteral("lut"), QStringLiteral("png"),
+                                         QStringLiteral("jpg"), QStringLiteral("jpeg"),
+                                         QStringLiteral("bmp"), QStringLiteral("avi")};
+    return suffixes.contains(fileName.section(QLatin1Char('.'), -1).toLower());
+}
+
 QString FileNames::unused(const QString &name, const QString &suffix,
                           const std::function<bool(const QString &)> &isTaken)
 {

@@ -16,6 +16,9 @@ QString safe(const QString &name, const QString &suffix = {});
 /// Name of the folder in a project's folder that holds its converted images.
 QString convertedImages(const QString &projectName);
 
+/// Whether a file of this name can be an image, or be made of one.
+bool isImage(const QString &fileName);
+
 /// As safe(), with " (1)", " (2)", ... behind the name for as long as `isTaken` says so.
 QString unused(const QString &name, const QString &suffix,
                const std::function<bool(const QString &fileName)> &isTaken);

@@ -45,7 +45,9 @@ QStringList filesOf(const QString &folder, const QSet<QString> &names)
     const QStringList all = QDir(folder).entryList(QDir::Files | QDir::Hidden);
     for (const QString &each : all) {
         const QString name = QFileInfo(each).completeBaseName();
-        if (names.contains(name) || names.contains(name.section(QLatin1Char('_'), 0, -2)))
+        const bool isUsed =
+            names.contains(name) || names.contains(name.section(QLatin1Char('_'), 0, -2));
+        if (isUsed && FileNames::isImage(each))
             files.append(each);
     }
     return files;
@@ -97,7 +99,7 @@ void CImageMove::planOthers()
     }
     for (const QString &text : m_oldPlaces.files()) {
         const QFileInfo file(absolute(text));
-        if (isInside(file.filePath()))
+        if (isInside(file.filePath()) && FileNames::isImage(file.fileName()))
             folders[parentOf(file.filePath())].append(file.fileName());
     }
     for (auto each = folders.begin(); each != folders.end(); ++each) {
@@ -141,8 +143,9 @@ void CImageMove::planTexts()
     }
     for (const QString &text : m_oldPlaces.files()) {
         const QString file = absolute(text);
-        if (isInside(file))
-            plan(text, below(moved(parentOf(file)), QFileInfo(file).fileName()));
+        const QString folder = isInside(file) ? moved(parentOf(file)) : QString();
+        if (!folder.isEmpty())
+            plan(text, below(folder, QFileInfo(file).fileName()));
         else if (QDir::isRelativePath(text))
             plan(text, file);
     }
@@ -150,7 +153,7 @@ void CImageMove::planTexts()
     CImagePlaces places = m_oldPlaces;
     places.move(m_texts);
     for (QString &each : m_texts) {
-        if (places.today(each) != each)
+        if (QDir::isRelativePath(each) && places.today(each) != each)
             each = below(m_to, each);
     }
 }

@@ -11,6 +11,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -284,6 +285,7 @@ private Q_SLOTS:
         put("older_ConvertedImages/sun_L8.raw", "sun"); // the project was called so once
         put("photos/lake.jpg", "lake");
         put("photos/private.jpg", "private");
+        put("photos/lake.nyx", "a private project");
         put("sky.png", "sky");
         put("target/photos/lake.jpg", "another lake");
         put("target/Second_1_ConvertedImages/sky_DXT1/sky_DXT1.raw", "another sky");
@@ -337,7 +339,7 @@ private Q_SLOTS:
         QCOMPARE(readFile(at("target/photos/lake.jpg")), QByteArray("another lake"));
         QCOMPARE(readFile(at("target/Second_1_ConvertedImages/sky_DXT1/sky_DXT1.raw")),
                  QByteArray("another sky"));
-        QVERIFY(allFiles().filter("private").size() == 1); // nobody uses it
+        QCOMPARE(allFiles().filter(QRegularExpression("private|lake.nyx")).size(), 2); // stay
         for (const QString &each : before)
             QVERIFY2(each.endsWith(".lock") || allFiles().contains(each), qPrintable(each));
 
