@@ -32,7 +32,6 @@ private Q_SLOTS:
     void rawFilesAreCopied();
     void foldersWithoutWorkingDirectory();
     void whatCannotBeAFolder();
-    void sourceThatLiesThereAlready();
     void namesakes_data();
     void namesakes();
     void largeImagesAreRefused();
@@ -297,21 +296,6 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
     verifyRefused(QString(), L8);
 }
 
-void tst_ImageFileConverter::sourceThatLiesThereAlready()
-{
-    addRecorder("bmpconv/bmpconv.exe", "echo x > ${2%.png}_L8.raw");
-    const QString photo = makeImage("photo.png");
-    const QByteArray bytes = CToolStubs::read(photo);
-    CImageFileConverter converter;
-    QVERIFY(converter.convert(photo, "L8"));
-    QVERIFY(converter.convert(project() + "/photo.png", "L8"));
-    QCOMPARE(CToolStubs::read(project() + "/photo.png"), bytes);
-    // Another name for the very same file: replacing the copy would destroy the source.
-    QVERIFY(QFile::link(project(), m_stubs->path("link")));
-    QVERIFY(converter.convert(m_stubs->path("link/photo.png"), "L8"));
-    QCOMPARE(CToolStubs::read(project() + "/photo.png"), bytes);
-}
-
 void tst_ImageFileConverter::namesakes_data()
 {
     QTest::addColumn<QString>("format");
@@ -393,8 +377,10 @@ void tst_ImageFileConverter::namesakes()
     QVERIFY(pixels(*two) != pixels(*one));
     // Again, from elsewhere, and from the copies that were left.
     const QString third = makeColoured("y/" + first, Qt::red);
+    const QFileInfo copy(ImageNames::sourceIn(QFileInfo(one->path).path(), one->basename));
+    QVERIFY(QFile::link(copy.path(), m_stubs->path("link"))); // the very same file
     for (const QString &again :
-         {red, third, ImageNames::sourceIn(QFileInfo(one->path).path(), one->basename)})
+         {red, third, copy.filePath(), m_stubs->path("link/" + copy.fileName())})
         QCOMPARE(converted(again, format)->path, one->path);
     QCOMPARE(converted(blue, format)->path, two->path);
     QCOMPARE(files(), after);

@@ -134,35 +134,6 @@ private Q_SLOTS:
         QCOMPARE(readFile(m_file).size(), size);
     }
 
-    /// The images of the project that would have been replaced are as whole as the project.
-    void fullDiskAtSaveAs()
-    {
-        const QString images = QStringLiteral("_ConvertedImages/sky/");
-        for (const QString &project : {QString("demo"), QString("other")}) {
-            QVERIFY(QDir(m_folder->path()).mkpath(project + images));
-            QVERIFY(writeFile(m_folder->filePath(project + images + "sky.raw"),
-                              QByteArray(50'000, project.at(0).toLatin1())));
-            QVERIFY(writeFile(m_folder->filePath(project + ".nyx"), document(project)));
-        }
-        Opened opened(m_file);
-        CScriptedUser &user = opened.user;
-        CProjectSession &session = opened.session;
-        QVERIFY(session.project());
-        const QByteArray before = session.project()->saveToBytes(nullptr, m_file);
-        user.savePath = m_folder->filePath(QStringLiteral("other.nyx"));
-        {
-            const CFileSizeLimit full(40'000);
-            QVERIFY(!session.saveAs());
-        }
-        QCOMPARE(user.errors, QStringList("An error occurred during saving the project"));
-        QCOMPARE(readFile(user.savePath), document(QStringLiteral("other")));
-        const QString image = m_folder->filePath("other" + images + "sky.raw");
-        QCOMPARE(readFile(image), QByteArray(50'000, 'o'));
-        QCOMPARE(filesIn(QFileInfo(image).path()).size(), 1);
-        QCOMPARE(session.project()->saveToBytes(nullptr, m_file), before);
-        QCOMPARE(session.path(), m_file);
-    }
-
     void everyCallFailsInTurn()
     {
         QVERIFY(writeFile(m_file, document(QStringLiteral("demo"), 20)));
