@@ -240,13 +240,14 @@ local label = label
 
 -- The font, or the largest smaller one of its family in which a text is at most w wide; the
 -- smallest when none is.
-local function font_across(font, s, w)
+function font_across(font, s, w)
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
   while font > smallest and text_width(font, s) > w do
     font = font - 1
   end
   return font
 end
+local font_across = font_across
 
 -- A figure with its unit behind it on the same baseline, in a font and colour of its own. A figure
 -- without room gets a smaller font, since a cut one would lie; the unit is left out instead.

@@ -121,6 +121,14 @@ TEST(DrawApi, textIsPlacedByItsMetrics)
     };
     EXPECT_EQ(drawn("text(10, 20, 27, 'Abc')"), textAt(160, 320));
     EXPECT_EQ(drawn("text(10, 20, 27, 'Abc', 'center')"), textAt(160 - width16 / 2, 320));
+    // A letter is centred by its ink, a figure by the place that all figures take.
+    const romfonts::SGlyph *letter = romfonts::glyph(34, 'L');
+    EXPECT_EQ(drawn("text(10, 20, 34, 'L', 'center')"),
+              "TEXT(" + std::to_string(160 - 16 * letter->left - 8 * letter->width) +
+                  ", 320, 34);CHARS(\"L\");");
+    EXPECT_EQ(drawn("text(10, 20, 34, '1', 'center')"),
+              "TEXT(" + std::to_string(160 - romfonts::textWidth16(34, "1") / 2) +
+                  ", 320, 34);CHARS(\"1\");");
     EXPECT_EQ(drawn("text(10, 20, 27, 'Abc', 'right')"), textAt(160 - width16, 320));
     EXPECT_EQ(drawn("text(10, 20, 27, 'Abc', 'left', 'middle')"),
               textAt(160, 320 + romfonts::capHeight(27) * 8));
