@@ -1403,8 +1403,8 @@
 <context>
     <name>CStatusBar</name>
     <message>
-        <source>RAM_G budget: %1 bytes, %2 % used</source>
-        <translation>RAM_G-Budget: %1 Bytes, %2 % belegt</translation>
+        <source>of %1 (%2 %)</source>
+        <translation>von %1 (%2 %)</translation>
     </message>
     <message>
         <source>Cursor position: </source>

@@ -1403,8 +1403,8 @@
 <context>
     <name>CStatusBar</name>
     <message>
-        <source>RAM_G budget: %1 bytes, %2 % used</source>
-        <translation>RAM_G 预算：%1 字节，已用 %2 %</translation>
+        <source>of %1 (%2 %)</source>
+        <translation>共 %1（%2 %）</translation>
     </message>
     <message>
         <source>Cursor position: </source>

@@ -19,6 +19,7 @@
 #include "CWidgetSelectionView.h"
 
 #include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QDockWidget>
 #include <QScopedValueRollback>
@@ -32,6 +33,7 @@ constexpr int SideWidth = 308;       // pixels; three columns of the palette
 constexpr int PropertiesWidth = 288; // pixels
 constexpr int NavigatorHeight = 220;
 constexpr int OutputHeight = 120;
+constexpr int LeastHeight = 24; // of a list or text, so that the window fits on a small screen
 
 CItemModel *findItem(QStandardItem *parent, quint32 id)
 {
@@ -95,21 +97,26 @@ QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockW
     auto *dock = new QDockWidget(m_window);
     dock->setObjectName(QString::fromLatin1(name));
     dock->setWidget(content);
+    for (QAbstractScrollArea *each : dock->findChildren<QAbstractScrollArea *>())
+        each->setMinimumHeight(LeastHeight);
     m_window->addDockWidget(area, dock);
     return dock;
 }
 
-/// What a first start shows; the settings put back what the user has made of it.
+/// What a first start shows, with half of a narrow window for the canvas; the settings put back what the user has made of it.
 void CMainPanels::layOut()
 {
     m_window->splitDockWidget(m_propertiesDock, m_navigatorDock, Qt::Vertical);
     const int half = m_window->height() / 2;
-    m_window->resizeDocks({m_explorerDock, m_propertiesDock}, {SideWidth, PropertiesWidth},
+    const int quarter = m_window->width() / 4;
+    m_window->resizeDocks({m_explorerDock, m_propertiesDock},
+                          {std::min(SideWidth, quarter), std::min(PropertiesWidth, quarter)},
                           Qt::Horizontal);
     m_window->resizeDocks({m_explorerDock, m_paletteDock}, {half, half}, Qt::Vertical);
     m_window->resizeDocks({m_propertiesDock, m_navigatorDock},
                           {m_window->height() - NavigatorHeight, NavigatorHeight}, Qt::Vertical);
-    m_window->resizeDocks({m_outputDock}, {OutputHeight}, Qt::Vertical);
+    m_window->resizeDocks({m_outputDock}, {std::min(OutputHeight, m_window->height() / 6)},
+                          Qt::Vertical);
 }
 
 void CMainPanels::connectPanels()

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -48,11 +49,13 @@ QString pictureOf(const QString &project)
 }
 
 /// With its colour: a document takes that of links from the palette only when it is read. Under the
-/// picture, if there is such a file.
-QString link(const QString &target, const QString &text, const QString &picture = {})
+/// picture, if there is such a file, in that width.
+QString link(const QString &target, const QString &text, const QString &picture = {}, int width = 0)
 {
     const QString image = QFile::exists(picture)
-                              ? QStringLiteral("<img src=\"%1\"><br>").arg(picture.toHtmlEscaped())
+                              ? QStringLiteral("<img src=\"%1\" width=\"%2\"><br>")
+                                    .arg(picture.toHtmlEscaped())
+                                    .arg(width)
                               : QString();
     return QStringLiteral("<a style=\"text-decoration:none;color:%1\" href=\"%2\">%3%4</a>")
         .arg(QGuiApplication::palette().color(QPalette::Link).name(), target.toHtmlEscaped(), image,
@@ -141,7 +144,8 @@ QString CStartPage::leftWorkInRows() const
 /// Pictures side by side, in as many rows as the width asks for.
 QString CStartPage::examples() const
 {
-    const int room = std::min(width() - 2 * m_label->margin(), MaxWidth);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int room = std::min(width() - 2 * m_label->margin() - bar, MaxWidth);
     const auto row = [](const QString &cells) {
         return QStringLiteral("<table style=\"margin:4px 0 12px 0\" cellspacing=\"0\" "
                               "cellpadding=\"0\"><tr>%1</tr></table>")
@@ -151,17 +155,17 @@ QString CStartPage::examples() const
     QString cells;
     int used = 0;
     for (const QString &path : m_examples) {
-        const int width = QImageReader(pictureOf(path)).size().width() + Gap;
+        const int width = std::min(QImageReader(pictureOf(path)).size().width(), room - Gap);
         if (used > 0 && used + width > room) {
             rows += row(cells);
             cells.clear();
             used = 0;
         }
-        used += width;
+        used += width + Gap;
         cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
                      .arg(Gap)
                      .arg(link(ExampleLink + path, QFileInfo(path).completeBaseName(),
-                               pictureOf(path)));
+                               pictureOf(path), width));
     }
     return rows + row(cells);
 }

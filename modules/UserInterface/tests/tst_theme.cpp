@@ -123,8 +123,6 @@ class tst_Theme : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void palette_data();
-    void palette();
     void unreadableStyleSheetIsEmpty();
     void styleSheetIsComplete_data();
     void styleSheetIsComplete();
@@ -140,43 +138,6 @@ private Q_SLOTS:
     void control_data();
     void control();
 };
-
-void tst_Theme::palette_data()
-{
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QColor>("darkColour");
-    QTest::addColumn<QColor>("lightColour");
-    const QColor white(255, 255, 255);
-    const QColor black(0, 0, 0);
-    const QColor red(255, 0, 0);
-    const QColor window64(64, 64, 64);
-    const QColor window192(192, 192, 192);
-    QTest::newRow("Window") << int(QPalette::Window) << window64 << window192;
-    QTest::newRow("WindowText") << int(QPalette::WindowText) << white << black;
-    QTest::newRow("Base") << int(QPalette::Base) << QColor(48, 48, 48) << QColor(208, 208, 208);
-    QTest::newRow("AlternateBase") << int(QPalette::AlternateBase) << window64 << window192;
-    QTest::newRow("ToolTipBase") << int(QPalette::ToolTipBase) << white << black;
-    QTest::newRow("ToolTipText") << int(QPalette::ToolTipText) << white << black;
-    QTest::newRow("Text") << int(QPalette::Text) << white << black;
-    QTest::newRow("Button") << int(QPalette::Button) << window64 << window192;
-    QTest::newRow("ButtonText") << int(QPalette::ButtonText) << white << black;
-    QTest::newRow("BrightText") << int(QPalette::BrightText) << red << red;
-    QTest::newRow("Highlight") << int(QPalette::Highlight) << QColor(64, 96, 128)
-                               << QColor(128, 160, 192);
-    QTest::newRow("HighlightedText") << int(QPalette::HighlightedText) << white << black;
-}
-
-void tst_Theme::palette()
-{
-    QFETCH(int, role);
-    QFETCH(QColor, darkColour);
-    QFETCH(QColor, lightColour);
-    const auto colourRole = QPalette::ColorRole(role);
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        QCOMPARE(CTheme::palette(CTheme::Kind::Dark).color(group, colourRole), darkColour);
-        QCOMPARE(CTheme::palette(CTheme::Kind::Light).color(group, colourRole), lightColour);
-    }
-}
 
 void tst_Theme::unreadableStyleSheetIsEmpty()
 {

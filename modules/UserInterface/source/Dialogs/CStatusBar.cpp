@@ -26,6 +26,7 @@ CStatusBar::CStatusBar(QMainWindow *window)
     for (size_t field = 0; field < FieldCount; ++field) {
         m_labels[field] = new QLabel(m_bar);
         m_labels[field]->setObjectName(QLatin1String(names[field]));
+        m_labels[field]->setMinimumWidth(1); // the window may be narrower than the texts
         m_bar->addWidget(m_labels[field], 0);
     }
     m_labels[Cursor]->setMinimumWidth(cursorWidth(*m_labels[Cursor]));
@@ -42,6 +43,7 @@ void CStatusBar::show(Field field, const std::function<QString()> &text)
     m_sayings[field] = text;
     m_texts[field] = text ? text() : QString();
     m_labels[field]->setText(m_texts[field]);
+    m_labels[field]->setToolTip(m_texts[field]);
 }
 
 void CStatusBar::receiveMouseMoveUpdate(QPoint point)
@@ -72,7 +74,7 @@ void CStatusBar::receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage)
     if (m_memoryBudget == 0)
         return;
     show(Budget, [budget = m_memoryBudget, RAM_G_Usage] {
-        return tr("RAM_G budget: %1 bytes, %2 % used")
+        return tr("of %1 (%2 %)")
             .arg(budget)
             .arg((uint64_t(RAM_G_Usage) * 100 + budget - 1) / budget);
     });

@@ -42,7 +42,7 @@ void tst_StatusBar::textsOfAllFields()
     bar.receiveMemoryUsage(1024, 2048);
     QCOMPARE(texts(), (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
                                    "1024 bytes RAM_DL used,2048 bytes RAM_G used",
-                                   "RAM_G budget: 262144 bytes, 1 % used"}));
+                                   "of 262144 (1 %)"}));
     {
         COtherLanguage other;
         QCoreApplication::installTranslator(&other);
