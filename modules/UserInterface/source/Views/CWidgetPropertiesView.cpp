@@ -289,22 +289,25 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         propertyChanged(m_item, key, m_item->name()); // everything has a name
         return;
     }
-    QUndoStack *stack = m_project->undoStack();
-    const int before = stack->index();
+    const int before = m_project->undoStack()->index();
     if (key == PropertyKey::Format &&
-        CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value) {
+        CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value)
         changeFormat(value.toString());
-        m_steps.pushed(before, stack->index());
-        return;
-    }
+    else
+        change(key, value);
+    if (m_project) // a conversion runs the event loop
+        m_steps.pushed(before, m_project->undoStack()->index());
+}
+
+void CWidgetPropertiesView::change(const QString &key, const QVariant &value)
+{
     const QVariant old = m_item->propertyValue(key);
     const QVariant kept =
         key == PropertyKey::Name ? ItemNames::wanted(*m_item, value.toString()) : value;
     if (kept != old)
-        stack->push(new CCommandChangeItemProperty(m_item, key, kept, old));
+        m_project->undoStack()->push(new CCommandChangeItemProperty(m_item, key, kept, old));
     else
         propertyChanged(m_item, key, old);
-    m_steps.pushed(before, stack->index());
 }
 
 /// Another format needs the image converted into it; when that fails, the format stays.

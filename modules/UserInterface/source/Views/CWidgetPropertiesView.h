@@ -67,6 +67,7 @@ private:
     void addRow(const QString &key);
     void insertRow(QtProperty *row, const QString &key);
     void commit(const QString &key, const QVariant &value);
+    void change(const QString &key, const QVariant &value);
     void chooseFile();
     void takeFocusBack();
     void changeFormat(const QString &format);
