@@ -1831,7 +1831,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Arc gauge</source>
-        <translation>Bogenanzeige</translation>
+        <translation>Bogen­anzeige</translation>
     </message>
     <message>
         <source>Arrow</source>
@@ -1847,7 +1847,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Bar chart</source>
-        <translation>Balkendiagramm</translation>
+        <translation>Balken­diagramm</translation>
     </message>
     <message>
         <source>Bar that fills, upwards when it is higher than wide</source>
@@ -1879,7 +1879,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Button</source>
-        <translation>Schaltfläche</translation>
+        <translation>Schalt­fläche</translation>
     </message>
     <message>
         <source>Button whose face is a converted image</source>
@@ -1895,7 +1895,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Checkbox</source>
-        <translation>Kontrollkästchen</translation>
+        <translation>Kontroll­kästchen</translation>
     </message>
     <message>
         <source>Choice among a few options side by side</source>
@@ -1939,7 +1939,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Drop-down</source>
-        <translation>Aufklappliste</translation>
+        <translation>Aufklapp­liste</translation>
     </message>
     <message>
         <source>Field for a text, with a hint while it is empty</source>
@@ -1959,7 +1959,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Gauge</source>
-        <translation>Rundinstrument</translation>
+        <translation>Rund­instrument</translation>
     </message>
     <message>
         <source>Gradient</source>
@@ -1971,7 +1971,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Image button</source>
-        <translation>Bildschaltfläche</translation>
+        <translation>Bild­schalt­fläche</translation>
     </message>
     <message>
         <source>Images</source>
@@ -1983,7 +1983,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Key row</source>
-        <translation>Tastenreihe</translation>
+        <translation>Tasten­reihe</translation>
     </message>
     <message>
         <source>Keypad</source>
@@ -2003,7 +2003,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Level meter</source>
-        <translation>Pegelanzeige</translation>
+        <translation>Pegel­anzeige</translation>
     </message>
     <message>
         <source>Line</source>
@@ -2015,7 +2015,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Line chart</source>
-        <translation>Liniendiagramm</translation>
+        <translation>Linien­diagramm</translation>
     </message>
     <message>
         <source>Line drawing from a fixed set</source>
@@ -2059,7 +2059,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Page dots</source>
-        <translation>Seitenpunkte</translation>
+        <translation>Seiten­punkte</translation>
     </message>
     <message>
         <source>Panel that holds other widgets, with a title and a symbol</source>
@@ -2083,11 +2083,11 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Progress bar</source>
-        <translation>Fortschrittsbalken</translation>
+        <translation>Fort­schritts­balken</translation>
     </message>
     <message>
         <source>Radio button</source>
-        <translation>Optionsfeld</translation>
+        <translation>Options­feld</translation>
     </message>
     <message>
         <source>Rectangle</source>
@@ -2119,7 +2119,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Scroll bar</source>
-        <translation>Bildlaufleiste</translation>
+        <translation>Bildlauf­leiste</translation>
     </message>
     <message>
         <source>Scroll bar, upright when it is higher than wide</source>
@@ -2135,7 +2135,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Seven segments</source>
-        <translation>Siebensegmentanzeige</translation>
+        <translation>Sieben­segment­anzeige</translation>
     </message>
     <message>
         <source>Short status on a pill</source>
@@ -2147,11 +2147,11 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Signal strength</source>
-        <translation>Signalstärke</translation>
+        <translation>Signal­stärke</translation>
     </message>
     <message>
         <source>Slider</source>
-        <translation>Schieberegler</translation>
+        <translation>Schiebe­regler</translation>
     </message>
     <message>
         <source>Spinner</source>
@@ -2159,7 +2159,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Stepper</source>
-        <translation>Schrittschalter</translation>
+        <translation>Schritt­schalter</translation>
     </message>
     <message>
         <source>Switch whose height follows its font</source>
@@ -2179,7 +2179,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Target dial</source>
-        <translation>Sollwertbogen</translation>
+        <translation>Sollwert­bogen</translation>
     </message>
     <message>
         <source>Text</source>
@@ -2219,7 +2219,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Vertical slider</source>
-        <translation>Senkrechter Schieberegler</translation>
+        <translation>Senkrechter Schiebe­regler</translation>
     </message>
     <message>
         <source>Vertical slider, largest value on top</source>

@@ -131,7 +131,7 @@ void CWidgetSelectionView::setFilter(const QString &text)
         QStringList texts = {each->data(TypeRole).toString()};
         for (const int role : {NameRole, GroupRole, TipRole})
             texts << each->data(role).toString() << translated(each->data(role));
-        const QString searched = texts.join(QLatin1Char(' '));
+        const QString searched = texts.join(QLatin1Char(' ')).remove(QChar(QChar::SoftHyphen));
         const bool isShown =
             std::all_of(words.begin(), words.end(), [&searched](const QString &word) {
                 return searched.contains(word, Qt::CaseInsensitive);
