@@ -115,7 +115,7 @@ void CMainPanels::layOut()
     m_window->resizeDocks({m_explorerDock, m_paletteDock}, {half, half}, Qt::Vertical);
     m_window->resizeDocks({m_propertiesDock, m_navigatorDock},
                           {m_window->height() - NavigatorHeight, NavigatorHeight}, Qt::Vertical);
-    m_window->resizeDocks({m_outputDock}, {std::min(OutputHeight, m_window->height() / 6)},
+    m_window->resizeDocks({m_outputDock}, {std::min(OutputHeight, m_window->height() / 5)},
                           Qt::Vertical);
 }
 
