@@ -318,8 +318,8 @@ void tst_WidgetProperties::typed_data()
     row("time of single figures", "time", "07:08:09", "07:08:09");
     row("rounded up", "value", "12.34567", "12.3457");
     row("rounded down", "value", "12.34561", "12.3456");
-    row("half away from zero", "value", "1.00005", "1.0001");
-    row("half below zero away from it", "value", "-1.00005", "-1.0001");
+    row("half away from zero", "value", "1.00185", "1.0019");
+    row("half below zero away from it", "value", "-1.00185", "-1.0019");
     row("text", "name", "Wall", "Wall");
     row("opaque", "line_color", "#FF8000", "#ff8000");
     row("without its mark", "line_color", "ff8000", "#ff8000");
