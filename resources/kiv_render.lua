@@ -125,7 +125,11 @@ end
 -- The parts of a text between separators, without blanks around them; none for an empty text.
 function split_list(s, separator)
   local parts, n, from = {}, 0, 1
-  while s ~= "" and n < MAX_ITEMS do
+  while s ~= "" do
+    if n == MAX_ITEMS then
+      report("only the first " .. MAX_ITEMS .. " parts of a list or text are drawn")
+      break
+    end
     local at = s:find(separator, from, true)
     n = n + 1
     parts[n] = trimmed(s:sub(from, at and at - 1))

@@ -21,6 +21,8 @@ void tst_Chips::budgetsAreTheChips()
     QFile file(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/docs/chips.md"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray page = file.readAll();
+    for (const uint32_t unknown : {0U, 0x102U, 0x10FU, 0x114U, 0xFFFFFFFFU})
+        QCOMPARE(chipLimits(unknown).ramDl, chipLimits(0x100).ramDl);
     const CPlatformTable table;
     for (const QString &name : table.platforms()) {
         const SChipLimits chip = chipLimits(CPlatformTable::chipCode(name));

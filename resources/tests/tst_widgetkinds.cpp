@@ -437,6 +437,7 @@ void tst_WidgetKinds::whatIsNotShownIsReported()
         {"Kiv_ImageButton_T", {}, "no image is set"},
         {"Kiv_Bitmap_T", {gone[0], {PropertyKey::Suffix, "raw"}}, "image 'gone' are not known"},
         {"Kiv_Bitmap_T", gone + Values{{PropertyKey::Format, "None"}}, "None shows no image"},
+        {"Kiv_Paragraph_T", {{"text", QString("w ").repeated(600)}}, "only the first 512 parts"},
         {"Kiv_SevenSegment_T", {{"text", "5K"}}, "seven segments cannot show 'K'"},
     };
     for (const auto &[kind, values, told] : cases) {

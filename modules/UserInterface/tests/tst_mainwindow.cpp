@@ -1,3 +1,4 @@
+#include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
 #include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
@@ -8,9 +9,9 @@
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
-#include "CScreenView.h"
 #include "CSettings.h"
 #include "CStartPage.h"
+#include "CWidgetPropertiesView.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
@@ -29,6 +30,7 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QTextEdit>
+#include <QTreeWidget>
 #include <QUndoGroup>
 #include <QUndoStack>
 
@@ -431,43 +433,41 @@ private Q_SLOTS:
         }
     }
 
-    /// Also of pages that were never shown, and by the item's name, which leads to the item.
-    void exportsTellWhatIsNotAsDesigned_data()
-    {
-        QTest::addColumn<int>("action");
-        QTest::addColumn<bool>("isWhole");
-        QTest::newRow("project") << int(CMenuBar::ProjectToDL) << true;
-        QTest::newRow("page") << int(CMenuBar::PageToBinary) << false;
-    }
-
+    /// For the chip that was just chosen; also of pages that were never shown, and by the name that
+    /// leads to the item.
     void exportsTellWhatIsNotAsDesigned()
     {
-        QFETCH(int, action);
-        QFETCH(bool, isWhole);
         writeFile(m_project,
                   twoPages()
-                      .replace("QX110", "QX100")
                       .replace("color=\"#000000\"/>", "><Kiv_Bitmap_T id=\"7\"/></Kiv_Screen_T>")
                       .replace("color=\"#102030\"/>",
                                "><Kiv_Text_T id=\"8\" text=\"5 \u20AC\" width=\"900\"/>"
                                "</Kiv_Screen_T>"));
         QVERIFY(m_window->openProjectFile(m_project));
+        CProjectModel *project = m_window->project();
+        auto *panel = m_window->findChild<CWidgetPropertiesView *>();
+        panel->showItems({project->screen(0)->childItem(0)});
+        project->undoStack()->push(
+            new CCommandChangeOptions(project, {{"platform", "QX100"}}, m_window.get()));
+        const auto rows = panel->findChild<QTreeWidget *>()->findItems("width", Qt::MatchExactly);
+        QCOMPARE(rows.value(0)->toolTip(1), QStringLiteral("1 to 512"));
         m_window->show();
-        auto *pages = m_window->findChild<CScreen *>();
-        QTRY_VERIFY(pages->currentView() &&
-                    !pages->currentView()->lastDisplayListBytes().isEmpty());
-        auto *output = m_window->findChild<QTextEdit *>("outputWindow");
-        auto *dock = m_window->findChild<QDockWidget *>("outputWindow");
-        dock->close();
-        m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
-        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
-        const QString told = (output ? output : dock->findChild<QTextEdit *>())->toPlainText();
-        QVERIFY2(told.contains("Kiv_Text_T 8: no font has U+20AC") &&
-                     told.contains("Kiv_Text_T 8: width 900 is over the maximum of QX100, 512") &&
-                     told.contains("not all is as designed"),
-                 qPrintable(told));
-        QCOMPARE(told.contains("Kiv_Bitmap_T 7: no image is set"), isWhole);
-        QVERIFY(!dock->isHidden());
+        QTRY_VERIFY(!m_window->findChild<CScreen *>()->currentErrors().isEmpty());
+        auto *dock = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"));
+        const auto *output = dock->findChild<QTextEdit *>();
+        const QString onPage = QStringLiteral("Kiv_Bitmap_T 7: no image is set");
+        for (const auto &[action, isWhole] :
+             {std::pair(CMenuBar::PageToBinary, false), std::pair(CMenuBar::ProjectToDL, true)}) {
+            dock->close();
+            m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
+            m_window->actions()->action(action)->trigger();
+            const QString told = output->toPlainText();
+            for (const char *each : {"Kiv_Text_T 8: no font has U+20AC", "not all is as designed",
+                                     "Kiv_Text_T 8: width 900 is over the maximum of QX100, 512"})
+                QVERIFY2(told.contains(each), qPrintable(told));
+            QCOMPARE(told.contains(onPage), isWhole);
+            QVERIFY(!dock->isHidden());
+        }
     }
 
     void exportsThePackage()

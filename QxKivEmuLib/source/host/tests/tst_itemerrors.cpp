@@ -158,18 +158,6 @@ TEST_F(ItemErrors, fullDisplayListNamesTheItemAndBothNumbers)
     EXPECT_EQ(run().words.size(), words * 1U);
 }
 
-TEST(ChipLimits, followTheCode)
-{
-    for (const uint32_t chip :
-         {0x100U, 0x101U, 0U, 0x114U, 0x10FU, 0xFFFFFFFFU, 0x110U, 0x111U, 0x112U, 0x113U}) {
-        const bool isLarge = chip >= 0x110 && chip <= 0x113;
-        const kivemu::SChipLimits limits = kivemu::chipLimits(chip);
-        EXPECT_EQ(limits.ramG, isLarge ? 1048576U : 262144U) << chip;
-        EXPECT_EQ(limits.ramDl, isLarge ? 32768U : 8192U) << chip;
-        EXPECT_EQ(limits.maxSide, isLarge ? 2048U : 512U) << chip;
-    }
-}
-
 TEST_F(ItemErrors, propertiesAreVariables)
 {
     m_model
