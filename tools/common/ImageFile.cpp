@@ -46,7 +46,7 @@ QImage loadImage(const QString &path, const QByteArray &format, QString *error)
                         .arg(size.height())
                         .arg(MaxImageSide));
     QImage image = reader.read();
-    image.setColorSpace(QColorSpace()); // else the quantiser would apply the file's gamma
+    image.setColorSpace(QColorSpace()); // a quantiser that knows profiles would apply it
     return image.isNull() ? fail(error, path, reader.errorString()) : image;
 }
 
