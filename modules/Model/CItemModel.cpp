@@ -170,12 +170,17 @@ void CItemModel::notifyGeometryChanged()
         m_observer->onGeometryChanged(this);
 }
 
-void CItemModel::setLocked(bool locked)
+bool CItemModel::isUnderLock() const
 {
-    m_locked = locked;
-    emitDataChanged(); // views show a lock
-    if (hasProperty(PropertyKey::Locked))
-        setProperty(PropertyKey::Locked, locked ? 1 : 0);
+    const CItemModel *item = this;
+    while (item && !item->m_locked)
+        item = item->parentItem();
+    return item != nullptr;
+}
+
+QVariant CItemModel::lockValue(bool locked) const
+{
+    return locked || isBuiltIn(PropertyKey::Locked) ? QVariant(locked ? 1 : 0) : QVariant();
 }
 
 void CItemModel::setGrouped(bool grouped)

@@ -4,6 +4,7 @@
 #include "IModelItem.h"
 #include "ItemAttributes.h"
 #include "ItemGeometry.h"
+#include "PropertyKey.h"
 
 #include <QRectF>
 #include <QStandardItem>
@@ -108,10 +109,15 @@ public:
     /// Tells the observer that a gesture has changed the geometry.
     void notifyGeometryChanged();
 
-    /// Never moved, resized or rotated by the canvas. Kept in documents only by items that have a
-    /// "locked" property.
+    /// Never moved, resized or rotated by the canvas, and left where it is by a group that moves.
+    /// Widgets and groups only.
     bool isLocked() const { return m_locked; }
-    void setLocked(bool locked);
+    /// Locked itself or by a group that it is in: nothing of it is to be edited.
+    bool isUnderLock() const;
+    void setLocked(bool locked) { setProperty(PropertyKey::Locked, lockValue(locked)); }
+    /// What the property of that name is set to for a lock. Documents have it only where there is
+    /// one, unless the kind itself has the property.
+    QVariant lockValue(bool locked) const;
     /// Member of a group; then not selectable by itself.
     bool isGrouped() const { return m_grouped; }
     void setGrouped(bool grouped);

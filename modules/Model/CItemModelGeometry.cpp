@@ -136,7 +136,8 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
         m_geometry.fontHandle = value.toInt();
         break;
     case Derived::Locked:
-        m_locked = value.toBool();
+        m_locked = m_kind != Kind::Screen && value.toBool();
+        emitDataChanged(); // views show a lock
         break;
     }
 }

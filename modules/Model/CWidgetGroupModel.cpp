@@ -81,7 +81,7 @@ void CWidgetGroupModel::setProperty(const QString &name, const QVariant &value, 
         return;
     for (int row = 0; row < rowCount(); ++row) {
         CItemModel *member = childItem(row);
-        if (!member)
+        if (!member || member->isLocked())
             continue;
         if (x() != oldX) {
             moveProperty(*member, PropertyKey::X, x() - oldX, notify);

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void newScreensHaveUnusedNames();
     void editedTextIsTheName();
     void cloneEqualsOriginal();
-    void lockedFollowsItsProperty();
+    void aLockIsAPropertyAndHoldsInAGroup();
     void groupMovesItsMembers();
     void groupMovesWithoutDrift();
     void boundsOfGroup();
@@ -240,16 +240,31 @@ void tst_ItemModel::cloneEqualsOriginal()
     QCOMPARE(circle->radius(), 16.5);
 }
 
-void tst_ItemModel::lockedFollowsItsProperty()
+void tst_ItemModel::aLockIsAPropertyAndHoldsInAGroup()
 {
-    CWidgetModel *poly = add(newWidget(*m_project, QStringLiteral("Test_Poly_T")));
-    CWidgetModel *dot = add(newWidget(*m_project, QStringLiteral("Test_Dot_T")));
-    poly->setLocked(true);
-    dot->setLocked(true);
-    QCOMPARE(poly->propertyText(PropertyKey::Locked), QStringLiteral("1"));
-    QVERIFY(dot->isLocked() && !dot->hasProperty(PropertyKey::Locked));
-    poly->setProperty(PropertyKey::Locked, false);
-    QVERIFY(!poly->isLocked());
+    CWidgetModel *poly = newWidget(*m_project, QStringLiteral("Test_Poly_T")); // has it by its kind
+    CWidgetModel *dot = newWidget(*m_project, QStringLiteral("Test_Dot_T"));
+    auto *inner = newGroup(*m_project, {newWidget(*m_project, QStringLiteral("Test_Box_T"))});
+    auto *group = add(newGroup(*m_project, {poly, dot, inner}));
+    const QString before = describe(*group);
+    for (CItemModel *each : {static_cast<CItemModel *>(poly), static_cast<CItemModel *>(inner)}) {
+        each->setLocked(true);
+        QCOMPARE(each->propertyText(PropertyKey::Locked), QStringLiteral("1"));
+    }
+    QVERIFY(inner->childItem(0)->isUnderLock() && !inner->childItem(0)->isLocked());
+    QVERIFY(!dot->isUnderLock());
+    const double x = dot->x();
+    const QString lockedBox = describe(*inner);
+    group->setProperty(PropertyKey::X, group->x() + 5);
+    QCOMPARE(dot->x(), x + 5);
+    QCOMPARE(describe(*inner), lockedBox);
+    group->setProperty(PropertyKey::X, group->x() - 5);
+    poly->setLocked(false);
+    inner->setLocked(false);
+    QVERIFY(poly->hasProperty(PropertyKey::Locked) && !inner->hasProperty(PropertyKey::Locked));
+    QCOMPARE(describe(*group), before);
+    screen()->setProperty(PropertyKey::Locked, 1); // by hand, in a file: nothing could undo it
+    QVERIFY(!dot->isUnderLock());
 }
 
 void tst_ItemModel::groupMovesItsMembers()
