@@ -1281,6 +1281,10 @@
 <context>
     <name>CScreenView</name>
     <message>
+        <source>A locked group stays together. Unlock it to ungroup it.</source>
+        <translation>Eine gesperrte Gruppe bleibt zusammen. Entsperren Sie sie, um die Gruppierung aufzuheben.</translation>
+    </message>
+    <message>
         <source>Select media file to use</source>
         <translation>Mediendatei wählen</translation>
     </message>

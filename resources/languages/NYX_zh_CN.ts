@@ -1281,6 +1281,10 @@
 <context>
     <name>CScreenView</name>
     <message>
+        <source>A locked group stays together. Unlock it to ungroup it.</source>
+        <translation>已锁定的组保持不变。请先解锁再取消组合。</translation>
+    </message>
+    <message>
         <source>Select media file to use</source>
         <translation>选择要使用的媒体文件</translation>
     </message>

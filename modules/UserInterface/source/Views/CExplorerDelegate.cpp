@@ -91,7 +91,7 @@ void CExplorerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
                               const QModelIndex &index) const
 {
     const CItemModel *item = itemOf(index);
-    if (!item || !item->isLocked()) {
+    if (!item || !item->isUnderLock()) {
         QStyledItemDelegate::paint(painter, option, index);
         return;
     }
@@ -100,7 +100,9 @@ void CExplorerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
     QStyledItemDelegate::paint(painter, option, index);
     const QRect place(option.rect.right() - size.width() - gap,
                       option.rect.center().y() - size.height() / 2, size.width(), size.height());
+    painter->setOpacity(item->isLocked() ? 1.0 : 0.4); // faint for what its group locks
     m_lockIcon.paint(painter, place);
+    painter->setOpacity(1.0);
 }
 
 void CExplorerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,

@@ -1,6 +1,7 @@
 #include "CItemView.h"
 
 #include "CItemModel.h"
+#include "CLockMark.h"
 #include "CResizeHandle.h"
 #include "CRotateHandle.h"
 #include "CRotationOutline.h"
@@ -8,6 +9,7 @@
 #include "CanvasRoles.h"
 #include "PropertyKey.h"
 
+#include <QGraphicsView>
 #include <QPainter>
 
 #include <algorithm>
@@ -40,7 +42,7 @@ bool isSizeKey(const QString &key)
 }
 } // namespace
 
-CItemView::CItemView(CItemModel *item) : m_item(item)
+CItemView::CItemView(CItemModel *item) : m_item(item), m_lockMark(new CLockMark(this))
 {
     setData(CanvasRole::RoleKey, CanvasRole::ItemView);
     setData(CanvasRole::HighlightKey, 0);
@@ -93,25 +95,89 @@ QTransform CItemView::turn() const
         .translate(-centre.x(), -centre.y());
 }
 
+bool CItemView::isDrawnByLines() const
+{
+    return m_item->geometryMode() == GeometryMode::TwoCorners || m_item->hasPointList();
+}
+
+double CItemView::lineWidth() const
+{
+    return std::max(ThinFrame, m_item->propertyValue(QStringLiteral("thickness")).toDouble());
+}
+
 QRectF CItemView::boundingRect() const
 {
-    const QRectF rect = hitRect(); // the outline of a turned item is drawn unturned as well
+    QRectF rect = hitRect(); // the outline of a turned item is drawn unturned as well
+    if (isDrawnByLines()) {  // their ends stick out, slanted ones by their corners
+        const double end = lineWidth() * 0.75;
+        rect.adjust(-end, -end, end, end);
+    }
     return shownAngle() == 0 ? rect : rect.united(turn().mapRect(rect));
+}
+
+QVector<QPainterPath> CItemView::hitParts() const
+{
+    QPainterPath path;
+    if (m_item->geometryMode() != GeometryMode::TwoCorners) {
+        path.addRect(hitRect());
+        return {path};
+    }
+    path.moveTo(m_frame.topLeft());
+    path.lineTo(m_frame.bottomRight());
+    return {alongPath(path)};
+}
+
+/// Where the item is seen.
+QVector<QPainterPath> CItemView::turnedParts() const
+{
+    QVector<QPainterPath> parts = hitParts();
+    if (shownAngle() == 0 || m_item->geometryMode() == GeometryMode::TwoCorners)
+        return parts;
+    for (QPainterPath &part : parts)
+        part = turn().map(part);
+    return parts;
 }
 
 QPainterPath CItemView::shape() const
 {
     QPainterPath path;
-    if (m_item->geometryMode() != GeometryMode::TwoCorners) {
-        path.addRect(hitRect());
-        return shownAngle() == 0 ? path : turn().map(path); // where the item is seen
+    path.setFillRule(Qt::WindingFill);
+    for (const QPainterPath &part : turnedParts())
+        path.addPath(part);
+    return path;
+}
+
+/// Part by part: in one path, parts that run in opposite directions would leave a hole where they
+/// overlap.
+bool CItemView::contains(const QPointF &point) const
+{
+    const QVector<QPainterPath> parts = turnedParts();
+    return std::any_of(parts.begin(), parts.end(),
+                       [&point](const QPainterPath &part) { return part.contains(point); });
+}
+
+bool CItemView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const
+{
+    if (mode != Qt::IntersectsItemShape)
+        return QGraphicsObject::collidesWithPath(path, mode);
+    const QVector<QPainterPath> parts = turnedParts();
+    return std::any_of(parts.begin(), parts.end(),
+                       [&path](const QPainterPath &part) { return part.intersects(path); });
+}
+
+QPainterPath CItemView::alongPath(const QPainterPath &path) const
+{
+    const QRectF rect = path.boundingRect();
+    if (rect.isNull()) { // all in one point, which has no stroke
+        const double reach = lineWidth() / 2;
+        QPainterPath spot;
+        spot.addRect(rect.adjusted(-reach, -reach, reach, reach));
+        return spot;
     }
-    path.moveTo(m_frame.topLeft());
-    path.lineTo(m_frame.bottomRight());
     QPainterPathStroker stroker;
-    stroker.setWidth(
-        std::max(ThinFrame, m_item->propertyValue(QStringLiteral("thickness")).toDouble()));
+    stroker.setWidth(lineWidth());
     stroker.setCapStyle(Qt::SquareCap);
+    stroker.setJoinStyle(Qt::RoundJoin); // the tips of points as well
     return stroker.createStroke(path);
 }
 
@@ -145,7 +211,8 @@ void CItemView::updatePosition()
 void CItemView::updateBounds()
 {
     const QRectF frame = frameOfItem();
-    if (frame != m_frame || (m_outline && m_outline->rotation() != m_item->angle())) {
+    if (frame != m_frame || m_item->kind() == CItemModel::Kind::Group || // turned members
+        (m_outline && m_outline->rotation() != m_item->angle())) {
         prepareGeometryChange(); // before the change: the scene still needs the old rectangle
         m_frame = frame;
         if (m_outline)
@@ -231,6 +298,7 @@ void CItemView::updateHandles()
         m_outline->setFrame(m_frame);
     if (!isSelected())
         return;
+    m_lockMark->setFrame(m_frame);
     const QTransform turned = turn();
     for (CResizeHandle *handle : m_handles)
         handle->place(m_frame, turned, shownAngle());
@@ -246,6 +314,17 @@ void CItemView::showHandles(bool visible)
         m_rotateHandle->setVisible(visible && isRotatable());
     if (m_outline)
         m_outline->setVisible(visible);
+    m_lockMark->setVisible(visible && m_item->isLocked());
+}
+
+QPointF CItemView::handleStandOff() const
+{
+    const QGraphicsView *view = scene() ? scene()->views().value(0) : nullptr;
+    const double zoom = view ? view->transform().m11() : 1.0;
+    const auto off = [zoom](double side) {
+        return std::max(0.0, HandleReach - std::abs(side) * zoom / 2);
+    };
+    return {off(m_frame.width()), off(m_frame.height())};
 }
 
 QGraphicsItem *CItemView::handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const

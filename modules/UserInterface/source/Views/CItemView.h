@@ -6,6 +6,7 @@
 #include <memory>
 
 class CItemModel;
+class CLockMark;
 class CResizeHandle;
 class CRotateHandle;
 class CRotationOutline;
@@ -21,6 +22,7 @@ class CItemView : public QGraphicsObject
 public:
     static constexpr int HandleCount = 8;
     static constexpr int GuideCount = 12;
+    static constexpr double HandleReach = 12; ///< screen pixels from the centre, at least
 
     explicit CItemView(CItemModel *item);
     ~CItemView() override;
@@ -30,6 +32,8 @@ public:
 
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
+    bool contains(const QPointF &point) const override;
+    bool collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
     /// The rectangle of the model item about its position, unrotated. Its width and height are
@@ -55,11 +59,19 @@ public:
     bool isRotatable() const;
     double shownAngle() const; ///< degrees, of the frame as it is drawn
     CRotationOutline *rotationOutline() const { return m_outline; }
+    /// How far handles stand off the frame, in screen pixels across and down: those of a small
+    /// frame leave room between them to take hold of the item itself.
+    QPointF handleStandOff() const;
     /// The visible handle of this view at a scene position; null when there is none.
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
 
 protected:
     virtual QRectF frameOfItem() const;
+    /// Where a press takes the item, before it is turned. They may overlap.
+    virtual QVector<QPainterPath> hitParts() const;
+    QRectF hitRect() const;
+    /// Along a line that the item draws, thick enough to be hit.
+    QPainterPath alongPath(const QPainterPath &path) const;
     /// Handles where the frame is now.
     virtual void updateHandles();
     virtual void showHandles(bool visible);
@@ -70,8 +82,10 @@ protected:
 
 private:
     void createGuides();
-    QRectF hitRect() const;
-    QTransform turn() const; ///< from the frame to where it is seen
+    bool isDrawnByLines() const;
+    double lineWidth() const; ///< scene units, enough to be hit
+    QTransform turn() const;  ///< from the frame to where it is seen
+    QVector<QPainterPath> turnedParts() const;
 
     CItemModel *const m_item; ///< not owned
     QRectF m_frame;           ///< what handles and the scene were last told
@@ -81,4 +95,5 @@ private:
     std::array<QGraphicsLineItem *, GuideCount> m_guides{};
     CRotateHandle *m_rotateHandle = nullptr;
     CRotationOutline *m_outline = nullptr;
+    CLockMark *m_lockMark; ///< a child
 };

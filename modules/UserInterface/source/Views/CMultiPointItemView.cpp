@@ -27,6 +27,20 @@ QRectF CMultiPointItemView::frameOfItem() const
     return points.size() < 2 ? CItemView::frameOfItem() : QPolygonF(points).boundingRect();
 }
 
+/// The line that is drawn, and what a closed one holds; the rest of the frame is not the item's.
+QVector<QPainterPath> CMultiPointItemView::hitParts() const
+{
+    const PointList::Points points = PointList::ofItem(*item());
+    if (points.size() < 2)
+        return CItemView::hitParts();
+    QPainterPath path;
+    path.addPolygon(points);
+    if (!PointList::isClosed(*item()))
+        return {alongPath(path)};
+    path.closeSubpath();
+    return {path, alongPath(path)};
+}
+
 void CMultiPointItemView::onPropertyChanged(const QString &key)
 {
     if (key == PropertyKey::PointList)
@@ -121,4 +135,11 @@ void CMultiPointItemView::keyReleaseEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Control)
         setCursor(Qt::ArrowCursor);
     event->ignore();
+}
+
+void CMultiPointItemView::focusOutEvent(QFocusEvent *event)
+{
+    if (hasCursor())
+        setCursor(Qt::ArrowCursor); // the release of the key goes elsewhere
+    CItemView::focusOutEvent(event);
 }

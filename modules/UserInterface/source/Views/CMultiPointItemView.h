@@ -22,6 +22,7 @@ public:
 
 protected:
     QRectF frameOfItem() const override;
+    QVector<QPainterPath> hitParts() const override;
     void updateHandles() override;
     void showHandles(bool visible) override;
 
@@ -29,6 +30,7 @@ protected:
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void updatePoints();

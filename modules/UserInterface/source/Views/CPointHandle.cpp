@@ -47,7 +47,7 @@ void CPointHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
 
 void CPointHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (!view()->isResizable()) {
+    if (!view()->isResizable() || !view()->screenScene()->isPressedHandle(this)) {
         event->ignore();
         return;
     }

@@ -40,6 +40,8 @@ void CResizeHandle::place(const QRectF &frame, const QTransform &turn, double de
     const double down = (1 + CResizeGesture::verticalSide(m_index)) / 2.0;
     const QPointF place(frame.x() + across * frame.width(), frame.y() + down * frame.height());
     m_degrees = degrees;
+    m_outward = {std::copysign(1.0, frame.width()) * CResizeGesture::horizontalSide(m_index),
+                 std::copysign(1.0, frame.height()) * CResizeGesture::verticalSide(m_index)};
     setPos(turn.map(place));
     setRotation(degrees);
 }
@@ -52,9 +54,24 @@ bool CResizeHandle::isOfUseFor(const CItemModel &item) const
     return sideways || ItemResize::kindOf(item) != ResizeKind::WidthOnly;
 }
 
+/// Where it is, in screen pixels about its place on the frame.
+QPointF CResizeHandle::centre() const
+{
+    const QPointF off = view()->handleStandOff();
+    return {m_outward.x() * off.x(), m_outward.y() * off.y()};
+}
+
 QRectF CResizeHandle::boundingRect() const
 {
-    return {-HitSide / 2, -HitSide / 2, HitSide, HitSide};
+    constexpr double reach = CItemView::HandleReach + HitSide / 2; // of every stand-off
+    return {-reach, -reach, 2 * reach, 2 * reach};
+}
+
+QPainterPath CResizeHandle::shape() const
+{
+    QPainterPath path;
+    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre()));
+    return path;
 }
 
 void CResizeHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
@@ -62,7 +79,8 @@ void CResizeHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, Q
     if (!view()->isResizable())
         return;
     painter->setPen(QPen(CanvasColour::Handle, 0));
-    painter->drawRect(QRectF(-Side / 2, -Side / 2, Side, Side).adjusted(0, 0, -1, -1));
+    painter->drawRect(
+        QRectF(-Side / 2, -Side / 2, Side, Side).adjusted(0, 0, -1, -1).translated(centre()));
 }
 
 Qt::CursorShape CResizeHandle::cursorFor(int index, double degrees)
@@ -83,7 +101,7 @@ void CResizeHandle::hoverEnterEvent(QGraphicsSceneHoverEvent *)
 
 void CResizeHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (!view()->isResizable()) {
+    if (!view()->isResizable() || !view()->screenScene()->isPressedHandle(this)) {
         event->ignore();
         return;
     }

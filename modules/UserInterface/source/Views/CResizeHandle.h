@@ -23,6 +23,7 @@ public:
     bool isOfUseFor(const CItemModel &item) const;
 
     QRectF boundingRect() const override;
+    QPainterPath shape() const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
     /// The cursor for a handle of an item turned by so many degrees.
@@ -36,9 +37,11 @@ protected:
 
 private:
     CItemView *view() const;
+    QPointF centre() const;
 
     const int m_index;
     double m_degrees = 0;
+    QPointF m_outward;                         ///< away from the frame: -1, 0 or 1 each way
     QPointF m_pressPos;                        ///< scene
     std::unique_ptr<CResizeGesture> m_gesture; ///< set exactly while it is dragged
 };

@@ -45,7 +45,21 @@ void CRotateHandle::place(const QRectF &frame, const QTransform &turn, double de
 
 QRectF CRotateHandle::boundingRect() const
 {
-    return {-HitSide / 2, -Distance - HitSide / 2, HitSide, HitSide};
+    constexpr double most = Distance + CItemView::HandleReach;
+    return {-HitSide / 2, -most - HitSide / 2, HitSide, HitSide + CItemView::HandleReach};
+}
+
+/// Above the frame, in screen pixels.
+QPointF CRotateHandle::centre() const
+{
+    return {0, -Distance - view()->handleStandOff().y()};
+}
+
+QPainterPath CRotateHandle::shape() const
+{
+    QPainterPath path;
+    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre()));
+    return path;
 }
 
 void CRotateHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
@@ -54,12 +68,13 @@ void CRotateHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, Q
         return;
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(CanvasColour::Handle, 0));
-    painter->drawEllipse(QPointF(0, -Distance), Diameter / 2, Diameter / 2);
+    painter->drawEllipse(centre(), Diameter / 2, Diameter / 2);
 }
 
 void CRotateHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (!view()->isSelected() || !view()->isRotatable()) {
+    if (!view()->isSelected() || !view()->isRotatable() ||
+        !view()->screenScene()->isPressedHandle(this)) {
         event->ignore();
         return;
     }

@@ -18,6 +18,7 @@ public:
     void place(const QRectF &frame, const QTransform &turn, double degrees);
 
     QRectF boundingRect() const override;
+    QPainterPath shape() const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 protected:
@@ -27,6 +28,7 @@ protected:
 
 private:
     CItemView *view() const;
+    QPointF centre() const;
 
     std::unique_ptr<CRotateGesture> m_gesture; ///< set exactly while it is dragged
 };

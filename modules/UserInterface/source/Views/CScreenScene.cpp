@@ -158,7 +158,22 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
         if (CItemView *groupView = viewOf(group))
             groupView->updateBounds();
     }
+    highlightSoon();
     Q_EMIT contentChanged();
+}
+
+/// Once for all changes of a command.
+void CScreenScene::highlightSoon()
+{
+    if (std::exchange(m_highlightIsDue, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_highlightIsDue = false;
+            highlightObjectBehind(true);
+        },
+        Qt::QueuedConnection);
 }
 
 void CScreenScene::collectOrder(const QStandardItem *parent)
@@ -186,6 +201,7 @@ void CScreenScene::restack()
         if ((*view)->item()->kind() == CItemModel::Kind::Group)
             (*view)->updateBounds();
     }
+    highlightSoon();
 }
 
 QVector<CItemModel *> CScreenScene::selectedModelItems() const
@@ -316,8 +332,10 @@ void CScreenScene::finishGesture(const QString &macroText)
 
 void CScreenScene::cancelGesture()
 {
-    if (!isGestureActive())
+    if (!isGestureActive()) {
+        m_cancelled = m_cancelled || m_pressed;
         return;
+    }
     const QVector<CItemChanges> gesture = std::exchange(m_gesture, {});
     m_move.reset();
     m_cancelled = true;

@@ -44,6 +44,8 @@ public:
                                          const QTransform &deviceTransform) const;
     /// The handle of a selected view at a place, also where other items cover it.
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
+    /// Whether the press that is being handled is meant for this handle.
+    bool isPressedHandle(const QGraphicsItem *handle) const { return handle == m_pressedHandle; }
 
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
@@ -59,7 +61,7 @@ public:
     void reportGesture(const QString &readout);
     /// Records what has changed as one macro; without a text, as single commands.
     void finishGesture(const QString &macroText);
-    /// Puts everything back as it was when the gesture began.
+    /// Puts everything back as it was when the gesture began; what is pressed is not dragged then.
     void cancelGesture();
 
 public Q_SLOTS:
@@ -90,10 +92,10 @@ private:
     void addViews(CItemModel *item);
     void removeViews(const CItemModel *item);
     void restack();
+    void highlightSoon();
     void collectOrder(const QStandardItem *parent);
     static bool isUnderSelection(const CItemModel *item, const QVector<CItemModel *> &selection);
     QRectF visibleRect() const;
-    CItemView *pressedViewFor(const QPointF &scenePos, const QTransform &transform) const;
     void beginMove(CItemView *pressed, const QPointF &scenePos);
     void snapMove(const QPointF &scenePos);
     void finishMove();
@@ -119,4 +121,6 @@ private:
     QVector<CItemChanges> m_gesture;
     std::unique_ptr<CMoveGesture> m_move; ///< set exactly while items are dragged
     bool m_cancelled = false;             ///< the rest of the drag until the release is ignored
+    bool m_highlightIsDue = false;
+    QGraphicsItem *m_pressedHandle = nullptr; ///< only compared, and only during a press
 };

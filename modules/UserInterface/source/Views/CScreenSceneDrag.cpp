@@ -10,18 +10,20 @@
 
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
+#include <QPointer>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
 namespace {
 constexpr int DragDistance = 3; ///< screen pixels; a press that trembles is no drag
 
-/// Raises the item under a handle for one press, so that the press reaches the handle also where
-/// other items cover it.
+/// Raises a view for one press, so that the press reaches it, or its handle, also where other items
+/// cover it.
 class CRaised
 {
 public:
-    explicit CRaised(QGraphicsItem *handle) : m_view(handle ? handle->parentItem() : nullptr)
+    explicit CRaised(CItemView *view) : m_view(view)
     {
         if (!m_view)
             return;
@@ -36,9 +38,15 @@ public:
     Q_DISABLE_COPY(CRaised)
 
 private:
-    QGraphicsItem *const m_view;
+    const QPointer<CItemView> m_view; ///< what the press selects may have it deleted
     double m_z = 0;
 };
+
+bool isDrag(const QGraphicsSceneMouseEvent &event)
+{
+    const QPoint travelled = event.screenPos() - event.buttonDownScreenPos(Qt::LeftButton);
+    return travelled.manhattanLength() >= DragDistance;
+}
 
 QTransform transformOf(const QGraphicsSceneMouseEvent &event)
 {
@@ -47,20 +55,6 @@ QTransform transformOf(const QGraphicsSceneMouseEvent &event)
     return view ? view->viewportTransform() : QTransform();
 }
 } // namespace
-
-/// The view that a press acts on: the topmost one, or the group that it belongs to.
-CItemView *CScreenScene::pressedViewFor(const QPointF &scenePos, const QTransform &transform) const
-{
-    QGraphicsItem *top = itemAt(scenePos, transform);
-    if (top && top->data(CanvasRole::RoleKey).toInt() == CanvasRole::PartOfParent)
-        top = top->parentItem();
-    if (!top || top->data(CanvasRole::RoleKey).toInt() != CanvasRole::ItemView)
-        return nullptr;
-    auto *view = static_cast<CItemView *>(top);
-    while (view && view->item()->isGrouped())
-        view = viewOf(view->item()->parentItem());
-    return view;
-}
 
 void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
@@ -71,18 +65,26 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     }
     const QTransform transform = transformOf(*event);
+    // What a drag will act on is settled before the press selects anything: handles that come with
+    // the selection were not there to be taken hold of.
     QGraphicsItem *handle = handleAt(event->scenePos(), transform);
+    const QPointer<CItemView> pressed(
+        handle ? nullptr : selectableViewsAt(event->scenePos(), transform).value(0));
+    if (!handle && !pressed) {
+        setFocusItem(nullptr);
+        event->ignore(); // a rubber band begins
+        return;
+    }
     const bool isShift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (isShift && !handle)
         event->setModifiers(event->modifiers() | Qt::ControlModifier); // adds to the selection
     {
-        const CRaised raised(handle);
+        const QScopedValueRollback<QGraphicsItem *> meant(m_pressedHandle, handle);
+        const CRaised raised(handle ? static_cast<CItemView *>(handle->parentItem())
+                                    : pressed.data());
         QGraphicsScene::mousePressEvent(event);
     }
-    if (isShift || handle || isGestureActive())
-        return;
-    CItemView *pressed = pressedViewFor(event->scenePos(), transform);
-    if (pressed)
+    if (pressed && !isShift && !isGestureActive())
         beginMove(pressed, event->scenePos());
 }
 
@@ -118,14 +120,15 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     if (grabber)
         highlightObjectBehind(false);
     if (!m_pressed) {
-        QGraphicsScene::mouseMoveEvent(event);
+        if (!grabber) // a pressed view would move itself, and its item would not know
+            QGraphicsScene::mouseMoveEvent(event);
         return;
     }
-    if (m_pressed->item()->isLocked())
-        return;
     if (!m_move) {
-        const QPoint travelled = event->screenPos() - event->buttonDownScreenPos(Qt::LeftButton);
-        if (travelled.manhattanLength() < DragDistance)
+        if (!isDrag(*event))
+            return;
+        m_pressed->setSelected(true); // a press with Control has left that to the release
+        if (m_pressed->item()->isLocked())
             return;
         QVector<CItemModel *> moving{m_pressed->item()};
         for (const auto &other : qAsConst(m_others)) {
@@ -135,14 +138,10 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
         m_move = std::make_unique<CMoveGesture>(moving);
         beginGesture(moving, CItemChanges::geometryKeys());
     }
-    if (m_snapping) {
+    if (m_snapping)
         snapMove(event->scenePos());
-    } else {
-        QGraphicsScene::mouseMoveEvent(event);
-        m_move->moveBy(m_pressed->pos() - m_pressedStart);
-        for (const CItemModel *item : m_move->items())
-            viewOf(item)->updatePosition(); // whole units, also where the model did not change
-    }
+    else
+        m_move->moveBy(event->scenePos() - m_pressPos);
     const CItemModel *item = m_pressed->item();
     reportGesture(tr("%1, %2").arg(item->x()).arg(item->y()));
 }
@@ -212,6 +211,8 @@ void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     if (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
         !isGestureActive())
         event->setModifiers(event->modifiers() | Qt::ControlModifier);
+    if (!m_move && !isDrag(*event)) // a trembling hand has clicked all the same
+        event->setScenePos(event->buttonDownScenePos(Qt::LeftButton));
     QGraphicsScene::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton)
         return;

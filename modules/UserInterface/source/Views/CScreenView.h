@@ -115,6 +115,7 @@ private:
     void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
     void selectNext();
     void reportPointer(const QPoint &position);
+    bool isPointerHeld() const;
     bool beginPan(const QMouseEvent &event);
     void endPan();
     void selectUnder(const QPoint &position);
@@ -154,5 +155,6 @@ private:
     QPoint m_panPos;
     Qt::MouseButton m_panButton = Qt::NoButton; ///< whose release ends the panning
     bool m_panning = false;
+    bool m_leftHeld = false; ///< pressed here and, as far as is known, not released yet
     bool m_spaceHeld = false;
 };

@@ -87,6 +87,16 @@ QStringList droppedFiles(const QMimeData &data)
     return files;
 }
 
+bool holdsLock(const CItemModel &item)
+{
+    for (int row = 0; row < item.rowCount(); ++row) {
+        const CItemModel *member = item.childItem(row);
+        if (member && (member->isLocked() || holdsLock(*member)))
+            return true;
+    }
+    return false;
+}
+
 /// The kind that a drag from the palette carries: as its text, and streamed under its own format.
 QString draggedKind(const QMimeData &data)
 {
@@ -145,7 +155,8 @@ bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
 {
     QVector<CItemModel *> items;
     for (CItemModel *each : ItemDrag::fromMimeData(dropped, *screen()->project())) {
-        if (!each->isLocked())
+        // A locked member would stay at its place on another screen.
+        if (!each->isLocked() && (each->parentItem() == screen() || !holdsLock(*each)))
             items.append(each);
     }
     if (items.isEmpty())

@@ -144,7 +144,13 @@ void CScreenView::group()
 
 void CScreenView::ungroup()
 {
-    const QVector<CItemModel *> members = ItemOperations::ungroup(*screen(), selectedItems());
+    const QVector<CItemModel *> items = selectedItems();
+    const bool anyLocked = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
+        return each->kind() == CItemModel::Kind::Group && each->isLocked();
+    });
+    if (anyLocked)
+        Q_EMIT message(tr("A locked group stays together. Unlock it to ungroup it."));
+    const QVector<CItemModel *> members = ItemOperations::ungroup(*screen(), items);
     if (!members.isEmpty())
         selectCreated(members);
 }
@@ -154,22 +160,17 @@ void CScreenView::lockItems()
     const QVector<CItemModel *> items = selectedItems();
     const bool lock = !std::all_of(items.begin(), items.end(),
                                    [](const CItemModel *each) { return each->isLocked(); });
+    if (items.isEmpty())
+        return;
     QUndoStack &stack = *screen()->project()->undoStack();
-    const bool isKept = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
-        return each->hasProperty(PropertyKey::Locked);
-    });
-    if (isKept)
-        stack.beginMacro(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"));
+    stack.beginMacro(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"));
     for (CItemModel *each : items) {
-        if (each->hasProperty(PropertyKey::Locked)) // it is part of the document
-            stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked, lock ? 1 : 0,
+        if (each->isLocked() != lock)
+            stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked,
+                                                      each->lockValue(lock),
                                                       each->propertyValue(PropertyKey::Locked)));
-        else
-            each->setLocked(lock);
-        each->notifyGeometryChanged(); // panels look at the lock as well
     }
-    if (isKept)
-        stack.endMacro();
+    stack.endMacro();
 }
 
 // --- moving ---

@@ -26,7 +26,7 @@ constexpr int FineNudgeStep = 1;
 
 bool CScreenView::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isGestureActive()) {
+    if (event->type() == QEvent::ShortcutOverride && isPointerHeld()) {
         event->accept(); // an undo in the middle of a drag would pull the ground from under it
         return true;
     }
@@ -42,7 +42,11 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
 {
     const bool isShiftAlone = event->modifiers() == Qt::ShiftModifier;
     const int step = isShiftAlone ? FineNudgeStep : NudgeStep;
-    if (isGestureActive() && event->key() != Qt::Key_Escape) {
+    if (isPointerHeld()) {
+        if (event->key() == Qt::Key_Escape) {
+            m_scene->cancelGesture();
+            cancelRubberBand();
+        }
         event->accept();
         return;
     }
@@ -61,13 +65,6 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
             return;
         }
         selectNext();
-        event->accept();
-        return;
-    case Qt::Key_Escape:
-        if (!isGestureActive() && rubberBandRect().isEmpty())
-            break;
-        m_scene->cancelGesture();
-        cancelRubberBand();
         event->accept();
         return;
     case Qt::Key_Space:
@@ -110,6 +107,13 @@ void CScreenView::selectNext()
 }
 
 // --- mouse ---
+
+/// Something is dragged, or may be with the next move. Until it is over, no other button, key or
+/// menu reaches the items, but for the key that breaks it off.
+bool CScreenView::isPointerHeld() const
+{
+    return m_leftHeld || m_panning || isGestureActive();
+}
 
 bool CScreenView::beginPan(const QMouseEvent &event)
 {
@@ -171,11 +175,15 @@ void CScreenView::cancelRubberBand()
 
 void CScreenView::mousePressEvent(QMouseEvent *event)
 {
-    if (isGestureActive() && event->button() == Qt::LeftButton)
+    if (isPointerHeld() && !m_panning &&
+        (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)))
         dropGesture();
-    m_selectedAtPress = selectedItems();
-    if (isGestureActive() || beginPan(*event))
+    if (isPointerHeld())
         return;
+    m_selectedAtPress = selectedItems();
+    if (beginPan(*event))
+        return;
+    m_leftHeld = event->button() == Qt::LeftButton;
     if (event->button() == Qt::RightButton) {
         selectUnder(event->pos());
         return;
@@ -206,6 +214,8 @@ void CScreenView::reportPointer(const QPoint &position)
 void CScreenView::mouseMoveEvent(QMouseEvent *event)
 {
     reportPointer(event->pos());
+    if (m_panning && !event->buttons().testFlag(m_panButton))
+        endPan();
     if (m_panning) {
         const QPoint by = event->pos() - m_panPos;
         m_panPos = event->pos();
@@ -213,7 +223,9 @@ void CScreenView::mouseMoveEvent(QMouseEvent *event)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
         return;
     }
-    if (isGestureActive() && !event->buttons().testFlag(Qt::LeftButton))
+    if (m_spaceHeld && event->buttons() == Qt::NoButton)
+        return; // the cursors of items would take the hand for their ground and put it back later
+    if (isPointerHeld() && !event->buttons().testFlag(Qt::LeftButton))
         dropGesture();
     QGraphicsView::mouseMoveEvent(event);
 }
@@ -221,6 +233,7 @@ void CScreenView::mouseMoveEvent(QMouseEvent *event)
 /// The button was released where the view has not heard of it.
 void CScreenView::dropGesture()
 {
+    m_leftHeld = false;
     m_scene->cancelGesture();
     if (QGraphicsItem *grabber = m_scene->mouseGrabberItem())
         grabber->ungrabMouse();
@@ -234,6 +247,8 @@ void CScreenView::mouseReleaseEvent(QMouseEvent *event)
     }
     if (event->button() == Qt::RightButton)
         return;
+    if (event->button() == Qt::LeftButton)
+        m_leftHeld = false;
     QGraphicsView::mouseReleaseEvent(event);
 }
 
@@ -250,6 +265,10 @@ void CScreenView::leaveEvent(QEvent *event)
 
 void CScreenView::focusOutEvent(QFocusEvent *event)
 {
+    if (m_leftHeld) { // whatever has the keys now may change the items
+        cancelRubberBand();
+        dropGesture();
+    }
     QGraphicsView::focusOutEvent(event);
     m_spaceHeld = false; // its release will go elsewhere
     if (!m_panning)
@@ -285,10 +304,12 @@ void CScreenView::wheelEvent(QWheelEvent *event)
 
 void CScreenView::contextMenuEvent(QContextMenuEvent *event)
 {
+    if (isPointerHeld())
+        return;
     const QVector<CItemModel *> selected = selectedItems();
     const bool any = !selected.isEmpty();
     const bool anyGroup = std::any_of(selected.begin(), selected.end(), [](const CItemModel *each) {
-        return each->kind() == CItemModel::Kind::Group;
+        return each->kind() == CItemModel::Kind::Group && !each->isLocked();
     });
     QMenu menu(this);
     const auto add = [this, &menu](const QString &text, void (CScreenView::*slot)(), bool enabled) {

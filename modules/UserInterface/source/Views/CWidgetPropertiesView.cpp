@@ -153,7 +153,7 @@ void CWidgetPropertiesView::showState()
 
 void CWidgetPropertiesView::showLock()
 {
-    setEnabled(!m_item || !m_item->isLocked());
+    setEnabled(!m_item || !m_item->isUnderLock());
 }
 
 void CWidgetPropertiesView::showText(const QString &text)

@@ -19,6 +19,7 @@ const QColor Outline(33, 232, 255);
 const QColor Guide(255, 232, 32);
 const QColor SnapCross(255, 32, 0);
 const QColor Handle(33, 255, 200);
+const QColor LockGround(0, 0, 0, 190);
 
 /// One pixel wide at every zoom.
 inline QPen outlinePen(const QColor &colour)

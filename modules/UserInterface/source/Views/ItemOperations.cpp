@@ -155,6 +155,19 @@ QSize pageSizeOf(const QMimeData &data)
     return sides.size() == 2 ? QSize(sides.first().toInt(), sides.last().toInt()) : QSize();
 }
 
+/// A copy is there to be put somewhere.
+void unlockMembers(CItemModel &parent)
+{
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        CItemModel *item = parent.childItem(row);
+        if (!item)
+            continue;
+        if (item->isLocked())
+            item->setProperty(PropertyKey::Locked, item->lockValue(false), CItemModel::Notify::No);
+        unlockMembers(*item);
+    }
+}
+
 /// How many elements deep a document has an item with all below it.
 int depthOf(const CItemModel &item)
 {
@@ -203,7 +216,7 @@ Items ItemOperations::ungroup(CScreenModel &screen, const Items &items)
 {
     Items groups;
     for (CItemModel *each : items) {
-        if (each->kind() == CItemModel::Kind::Group)
+        if (each->kind() == CItemModel::Kind::Group && !each->isLocked())
             groups.append(each);
     }
     Items members;
@@ -290,6 +303,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     // Ids and place are settled before the command is made: they are no change of the pasted items.
     CScreenModel holding(screen.project());
     holding.loadFromElement(copied);
+    unlockMembers(holding);
     screen.project()->assignFreshIds(&holding);
     const int count = holding.rowCount();
     // In the project the items stand one element deeper, below its screen: it must remain one that
