@@ -103,8 +103,8 @@
         <translation>Nicht gespeicherte Arbeit</translation>
     </message>
     <message>
-        <source>Do you want to delete the recovery copy of &quot;%1&quot;? The project was never saved.</source>
-        <translation>Möchten Sie die Sicherungskopie von „%1“ löschen? Ihr Stand wurde nie gespeichert.</translation>
+        <source>Do you want to delete the recovery copy of &quot;%1&quot;? What it holds was not saved.</source>
+        <translation>Möchten Sie die Sicherungskopie von „%1“ löschen? Was sie enthält, wurde nicht gespeichert.</translation>
     </message>
     <message>
         <source>Delete</source>

@@ -103,7 +103,7 @@
         <translation>未保存的工作</translation>
     </message>
     <message>
-        <source>Do you want to delete the recovery copy of &quot;%1&quot;? The project was never saved.</source>
+        <source>Do you want to delete the recovery copy of &quot;%1&quot;? What it holds was not saved.</source>
         <translation>是否删除“%1”的恢复副本？该内容从未保存过。</translation>
     </message>
     <message>

@@ -98,7 +98,7 @@ bool CDialogQuestions::revert(const QString &projectFile)
 bool CDialogQuestions::forgetLeftWork(const QString &projectName)
 {
     QMessageBox box(QMessageBox::Warning, tr("Unsaved work"),
-                    tr("Do you want to delete the recovery copy of \"%1\"? The project was never "
+                    tr("Do you want to delete the recovery copy of \"%1\"? What it holds was not "
                        "saved.")
                         .arg(projectName),
                     QMessageBox::Cancel, m_window);
