@@ -19,7 +19,6 @@
 #include "CWidgetSelectionView.h"
 
 #include <QAbstractItemView>
-#include <QAbstractScrollArea>
 #include <QAction>
 #include <QDockWidget>
 #include <QScopedValueRollback>
@@ -33,7 +32,7 @@ constexpr int SideWidth = 308;       // pixels; three columns of the palette
 constexpr int PropertiesWidth = 288; // pixels
 constexpr int NavigatorHeight = 220;
 constexpr int OutputHeight = 120;
-constexpr int LeastHeight = 24; // of a list or text, so that the window fits on a small screen
+constexpr int LeastHeight = 24; // of a list, so that the window fits on a small screen
 
 CItemModel *findItem(QStandardItem *parent, quint32 id)
 {
@@ -97,7 +96,7 @@ QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockW
     auto *dock = new QDockWidget(m_window);
     dock->setObjectName(QString::fromLatin1(name));
     dock->setWidget(content);
-    for (QAbstractScrollArea *each : dock->findChildren<QAbstractScrollArea *>())
+    for (QAbstractItemView *each : dock->findChildren<QAbstractItemView *>())
         each->setMinimumHeight(LeastHeight);
     m_window->addDockWidget(area, dock);
     return dock;
