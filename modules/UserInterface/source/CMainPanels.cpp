@@ -302,10 +302,8 @@ void CMainPanels::showStep()
 /// it tells when it comes forward.
 void CMainPanels::showScreen(CScreenModel *screen)
 {
-    {
-        const QScopedValueRollback<bool> showing(m_isShowing, true);
-        m_screens->openScreen(screen);
-    }
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_screens->openScreen(screen);
     showSelection();
 }
 
