@@ -97,12 +97,14 @@ bool CEditCommands::isForFocused(EText what) const
 ItemOperations::Items CEditCommands::items() const
 {
     ItemOperations::Items selected = m_panels->selectedItems().toVector();
-    std::sort(selected.begin(), selected.end(), [](const CItemModel *left, const CItemModel *right) {
-        const auto placeOf = [](const CItemModel *item) { // front first, page by page
-            return std::make_pair(item->parent() ? item->parent()->row() : item->row(), item->row());
-        };
-        return placeOf(left) < placeOf(right);
-    });
+    std::sort(selected.begin(), selected.end(),
+              [](const CItemModel *left, const CItemModel *right) {
+                  const auto placeOf = [](const CItemModel *item) { // front first, page by page
+                      return std::make_pair(item->parent() ? item->parent()->row() : item->row(),
+                                            item->row());
+                  };
+                  return placeOf(left) < placeOf(right);
+              });
     return selected;
 }
 
@@ -169,6 +171,14 @@ void CEditCommands::selectNone()
 {
     if (!isForFocused(EText::SelectNone))
         m_panels->select({});
+}
+
+void CEditCommands::lock()
+{
+    ItemOperations::Items selected = items();
+    const auto isScreen = [](const CItemModel *each) { return !each->parentItem(); };
+    selected.erase(std::remove_if(selected.begin(), selected.end(), isScreen), selected.end());
+    ItemOperations::toggleLock(selected);
 }
 
 void CEditCommands::order(ItemOperations::EOrder where)

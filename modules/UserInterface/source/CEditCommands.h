@@ -26,6 +26,7 @@ public:
     void remove();
     void selectAll();
     void selectNone();
+    void lock();
     void order(ItemOperations::EOrder where);
     /// The commands for the canvas that is shown, if any.
     void tellView(void (CScreenView::*command)());

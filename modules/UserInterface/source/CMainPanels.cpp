@@ -102,7 +102,8 @@ QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockW
     return dock;
 }
 
-/// What a first start shows, with half of a narrow window for the canvas; the settings put back what the user has made of it.
+/// What a first start shows, with half of a narrow window for the canvas; the settings put back
+/// what the user has made of it.
 void CMainPanels::layOut()
 {
     m_window->splitDockWidget(m_propertiesDock, m_navigatorDock, Qt::Vertical);

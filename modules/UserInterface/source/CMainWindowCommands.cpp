@@ -317,7 +317,7 @@ void CMainWindow::printScreen()
 
 void CMainWindow::lockItems()
 {
-    m_edit->tellView(&CScreenView::lockItems);
+    m_edit->lock();
 }
 
 void CMainWindow::newTab()

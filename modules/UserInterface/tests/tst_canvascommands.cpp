@@ -80,7 +80,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("action");
         QTest::addColumn<QVector<int>>("counts"); // of selected items, by state; -1: the same ones
-        const auto row = [](const char *name, CMenuBar::EAction action, const QVector<int> &counts) {
+        const auto row = [](const char *name, CMenuBar::EAction action,
+                            const QVector<int> &counts) {
             QTest::newRow(name) << int(action) << counts;
         };
         const QVector<int> same(4, -1);
@@ -154,12 +155,12 @@ private Q_SLOTS:
         CProjectModel *project = m_window->project();
         const QByteArray before = project->saveToBytes(nullptr);
         constexpr CMenuBar::EAction actions[] = {
-            CMenuBar::BringToFront, CMenuBar::SendToBack,   CMenuBar::BringForward,
-            CMenuBar::SendBackward, CMenuBar::Cut,          CMenuBar::Copy,
-            CMenuBar::Paste,        CMenuBar::Paste,        CMenuBar::SelectAll,
-            CMenuBar::SelectNone,   CMenuBar::Delete,       CMenuBar::SelectInverse,
-            CMenuBar::Undo,         CMenuBar::Redo,         CMenuBar::Undo,
-            CMenuBar::Group,        CMenuBar::Ungroup,      CMenuBar::NewPage};
+            CMenuBar::BringToFront, CMenuBar::SendToBack, CMenuBar::BringForward,
+            CMenuBar::SendBackward, CMenuBar::Cut,        CMenuBar::Copy,
+            CMenuBar::Paste,        CMenuBar::Paste,      CMenuBar::SelectAll,
+            CMenuBar::SelectNone,   CMenuBar::Delete,     CMenuBar::SelectInverse,
+            CMenuBar::Undo,         CMenuBar::Redo,       CMenuBar::Undo,
+            CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::NewPage};
         for (int step = 0; step < 300; ++step) {
             QVector<CItemModel *> all;
             for (int row = 0; row < project->screenCount(); ++row)
@@ -172,7 +173,8 @@ private Q_SLOTS:
             } else if (what == 2) {
                 chooseInExplorer(Items{any(), any()}.values());
             } else if (what == 3) {
-                m_screens->openScreen(project->screen(int(random.bounded(uint(project->screenCount())))));
+                m_screens->openScreen(
+                    project->screen(int(random.bounded(uint(project->screenCount())))));
             } else if (what == 4 && m_screens->currentView()) {
                 const auto views = m_screens->currentView()->screenScene()->itemViews();
                 for (CItemView *each : views)
@@ -207,12 +209,20 @@ private Q_SLOTS:
         QTest::addColumn<int>("action");
         QTest::addColumn<QString>("first"); // names on the pages afterwards
         QTest::addColumn<QString>("second");
-        QTest::newRow("front") << int(CMenuBar::BringToFront) << "BAC" << "ED";
-        QTest::newRow("back") << int(CMenuBar::SendToBack) << "ACB" << "DE";
-        QTest::newRow("forward") << int(CMenuBar::BringForward) << "BAC" << "ED";
-        QTest::newRow("backward") << int(CMenuBar::SendBackward) << "ACB" << "DE";
-        QTest::newRow("cut") << int(CMenuBar::Cut) << "AC" << "D";
-        QTest::newRow("delete") << int(CMenuBar::Delete) << "AC" << "D";
+        QTest::newRow("front") << int(CMenuBar::BringToFront) << "BAC"
+                               << "ED";
+        QTest::newRow("back") << int(CMenuBar::SendToBack) << "ACB"
+                              << "DE";
+        QTest::newRow("forward") << int(CMenuBar::BringForward) << "BAC"
+                                 << "ED";
+        QTest::newRow("backward") << int(CMenuBar::SendBackward) << "ACB"
+                                  << "DE";
+        QTest::newRow("lock") << int(CMenuBar::LockUnlock) << "ABC"
+                              << "DE";
+        QTest::newRow("cut") << int(CMenuBar::Cut) << "AC"
+                             << "D";
+        QTest::newRow("delete") << int(CMenuBar::Delete) << "AC"
+                                << "D";
     }
 
     void itemsOfAnotherPage()
@@ -236,6 +246,7 @@ private Q_SLOTS:
         QCOMPARE(names(project->screen(0)), first);
         QCOMPARE(names(project->screen(1)), second);
         QCOMPARE(project->undoStack()->count(), 1);
+        QVERIFY(project->saveToBytes(nullptr) != before);
         trigger(CMenuBar::Undo);
         QCOMPARE(project->saveToBytes(nullptr), before);
         m_screens->openScreen(project->screen(0)); // what comes back elsewhere is shown there
@@ -354,7 +365,7 @@ private Q_SLOTS:
         const QModelIndex first = project->index(0, 0);
         m_explorer->selectionModel()->select(project->index(1, 0), QItemSelectionModel::Select);
         m_explorer->selectionModel()->select(project->index(1, 0, first),
-                                           QItemSelectionModel::Select);
+                                             QItemSelectionModel::Select);
         trigger(CMenuBar::Delete);
         QCOMPARE(project->screenCount(), 1);
         QCOMPARE(names(project->screen(0)), QStringLiteral("AC"));
@@ -364,7 +375,7 @@ private Q_SLOTS:
 
         m_screens->closeScreen(project->screen(0));
         m_explorer->selectionModel()->select(project->index(2, 0, project->index(0, 0)),
-                                           QItemSelectionModel::ClearAndSelect);
+                                             QItemSelectionModel::ClearAndSelect);
         trigger(CMenuBar::BringToFront);
         QCOMPARE(names(project->screen(0)), QStringLiteral("CAB"));
         m_explorer->selectAll();

@@ -61,7 +61,7 @@ private:
     QList<CItemModel *> m_arrived; ///< by the step under way
     QList<CItemModel *> m_touched; ///< pages, by the step under way
     CItemModel *m_member = nullptr;
-    bool m_haveRowsChanged = false; ///< in the step under way
-    int m_index = 0;                ///< of the undo stack after the last step
+    bool m_haveRowsChanged = false;       ///< in the step under way
+    int m_index = 0;                      ///< of the undo stack after the last step
     const QUndoCommand *m_next = nullptr; ///< that a redo would do then; only compared
 };

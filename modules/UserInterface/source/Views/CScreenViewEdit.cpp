@@ -157,20 +157,7 @@ void CScreenView::ungroup()
 
 void CScreenView::lockItems()
 {
-    const QVector<CItemModel *> items = selectedItems();
-    const bool lock = !std::all_of(items.begin(), items.end(),
-                                   [](const CItemModel *each) { return each->isLocked(); });
-    if (items.isEmpty())
-        return;
-    QUndoStack &stack = *screen()->project()->undoStack();
-    stack.beginMacro(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"));
-    for (CItemModel *each : items) {
-        if (each->isLocked() != lock)
-            stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked,
-                                                      each->lockValue(lock),
-                                                      each->propertyValue(PropertyKey::Locked)));
-    }
-    stack.endMacro();
+    ItemOperations::toggleLock(selectedItems());
 }
 
 // --- moving ---

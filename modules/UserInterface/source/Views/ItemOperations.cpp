@@ -1,6 +1,7 @@
 #include "ItemOperations.h"
 
 #include "CCommandAddItem.h"
+#include "CCommandChangeItemProperty.h"
 #include "CCommandDeleteItem.h"
 #include "CCommandDeleteScreen.h"
 #include "CCommandGroupItem.h"
@@ -11,6 +12,7 @@
 #include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CScreenView.h"
 #include "CWidgetGroupModel.h"
 #include "CXmlGuard.h"
 #include "ItemNames.h"
@@ -189,6 +191,24 @@ void ItemOperations::order(const Items &items, EOrder where)
     record(moves, textOf(where));
 }
 
+void ItemOperations::toggleLock(const Items &items)
+{
+    if (items.isEmpty())
+        return;
+    const bool lock = !std::all_of(items.begin(), items.end(),
+                                   [](const CItemModel *each) { return each->isLocked(); });
+    QUndoStack &stack = *items.constFirst()->project()->undoStack();
+    stack.beginMacro(items.size() > 1 ? CScreenView::tr("Lock/Unlock Multiple")
+                                      : CScreenView::tr("Lock/Unlock"));
+    for (CItemModel *each : items) {
+        if (each->isLocked() != lock)
+            stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked,
+                                                      each->lockValue(lock),
+                                                      each->propertyValue(PropertyKey::Locked)));
+    }
+    stack.endMacro();
+}
+
 CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, const QPoint &position)
 {
     if (items.size() < 2)
@@ -278,7 +298,8 @@ QMimeData *ItemOperations::toMimeData(const Items &items)
     auto *data = new QMimeData;
     data->setData(ScreenDocuments::CopiedItemsMime, ScreenDocuments::toClipboard(xml));
     const QSize page = items.constFirst()->project()->resolution();
-    data->setData(PageSizeMime, QStringLiteral("%1 %2").arg(page.width()).arg(page.height()).toLatin1());
+    data->setData(PageSizeMime,
+                  QStringLiteral("%1 %2").arg(page.width()).arg(page.height()).toLatin1());
     return data;
 }
 

@@ -17,6 +17,9 @@ enum class EOrder { ToFront, ToBack, Forward, Backward };
 /// Items of any screens, in any order; each stays on its screen. Screens among them are left alone.
 void order(const Items &items, EOrder where);
 
+/// Unlocks items of any screens when all are locked, and locks them otherwise.
+void toggleLock(const Items &items);
+
 /// The new group, which stands at `position`; null for fewer than two items.
 CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
 /// What were members of the groups among the items.

@@ -16,14 +16,13 @@ using Content = QPair<QString, QPair<double, double>>; ///< what it is, and wher
 /// All that is seen of an item, its place left out: equal texts look the same.
 QString lookOf(const CItemModel &item, const QPointF &origin)
 {
-    static const QSet<QString> apart = {PropertyKey::Id,           PropertyKey::Name,
-                                        PropertyKey::Locked,       PropertyKey::FileName,
-                                        PropertyKey::BitmapFolder, PropertyKey::X,
-                                        PropertyKey::Y,            PropertyKey::X2,
-                                        PropertyKey::Y2};
+    static const QSet<QString> apart = {
+        PropertyKey::Id,       PropertyKey::Name,         PropertyKey::Locked,
+        PropertyKey::FileName, PropertyKey::BitmapFolder, PropertyKey::X,
+        PropertyKey::Y,        PropertyKey::X2,           PropertyKey::Y2};
     const QPointF from = QPointF(item.x(), item.y()) - origin;
-    const QPointF to = item.hasProperty(PropertyKey::X2) ? QPointF(item.x2(), item.y2()) - origin
-                                                         : QPointF();
+    const QPointF to =
+        item.hasProperty(PropertyKey::X2) ? QPointF(item.x2(), item.y2()) - origin : QPointF();
     QString look = QStringLiteral("%1 %2 %3 %4 %5\n")
                        .arg(item.itemTypeName())
                        .arg(from.x())

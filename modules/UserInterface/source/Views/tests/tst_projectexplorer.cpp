@@ -219,7 +219,8 @@ void tst_ProjectExplorer::renamingIsOneUndoStep()
 void tst_ProjectExplorer::dragMovesAScreen_data()
 {
     QTest::addColumn<int>("from");
-    QTest::addColumn<int>("before"); // the screen above which it is dropped; -1: below all, -2: where it was
+    QTest::addColumn<int>(
+        "before"); // the screen above which it is dropped; -1: below all, -2: where it was
     QTest::addColumn<QStringList>("order");
     QTest::newRow("up") << 2 << 0 << QStringList{"Page 3", "Page 1", "Page 2"};
     QTest::newRow("down") << 0 << 2 << QStringList{"Page 2", "Page 1", "Page 3"};
