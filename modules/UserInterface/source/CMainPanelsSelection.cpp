@@ -1,0 +1,174 @@
+// How CMainPanels keeps canvas, explorer and property panel in step with what is selected.
+#include "CItemModel.h"
+#include "CMainPanels.h"
+#include "CProjectExplorerView.h"
+#include "CProjectModel.h"
+#include "CProjectSelection.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "CScreenView.h"
+#include "CWidgetPropertiesView.h"
+
+#include <QAction>
+#include <QScopedValueRollback>
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+CItemModel *pageOf(CItemModel *item)
+{
+    while (item->parentItem())
+        item = item->parentItem();
+    return item;
+}
+
+bool areSame(const QList<CItemModel *> &left, const QList<CItemModel *> &right)
+{
+    using Set = QSet<CItemModel *>;
+    return Set(left.begin(), left.end()) == Set(right.begin(), right.end());
+}
+} // namespace
+
+void CMainPanels::connectSelection()
+{
+    connect(m_explorer, &CProjectExplorerView::onSelectionChanged, this,
+            &CMainPanels::selectionChanged);
+    connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
+    connect(m_explorer, &QAbstractItemView::clicked, this, &CMainPanels::explorerClicked);
+    connect(m_explorer, &CProjectExplorerView::memberReached, this, &CMainPanels::reveal);
+    connect(m_screens, &CScreen::selectionChanged, this, &CMainPanels::takeFromCanvas);
+    connect(m_screens, &CScreen::canvasEntered, this, &CMainPanels::enterCanvas);
+    connect(m_selection, &CProjectSelection::pagesTouched, this, &CMainPanels::showPage);
+    connect(m_selection, &CProjectSelection::stepDone, this, &CMainPanels::showStep);
+}
+
+CItemModel *CMainPanels::itemAt(const QModelIndex &index) const
+{
+    return m_project ? CItemModel::fromItem(m_project->itemFromIndex(index)) : nullptr;
+}
+
+/// What was chosen last decides which page is shown, so that no command is for something unseen.
+void CMainPanels::selectionChanged(const QModelIndexList &selected)
+{
+    CItemModel *current = itemAt(m_explorer->currentIndex());
+    if (selected.isEmpty() && current && current->isGrouped()) { // pressed, but not selectable
+        reveal(current);
+        return;
+    }
+    QList<CItemModel *> items;
+    for (const QModelIndex &each : selected) {
+        if (CItemModel *item = itemAt(each))
+            items.append(item);
+    }
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_selection->select(items);
+    if (items.contains(current))
+        openPageOf(current);
+    m_screens->selectItems(items);
+    m_properties->showItems(items);
+}
+
+void CMainPanels::explorerClicked(const QModelIndex &index)
+{
+    CItemModel *item = itemAt(index);
+    if (item && item->isGrouped()) {
+        reveal(item);
+        return;
+    }
+    m_selection->forgetMember();
+    m_properties->showItems(m_selection->shownItems());
+}
+
+void CMainPanels::takeFromCanvas(const QList<CItemModel *> &items)
+{
+    if (m_isShowing)
+        return;
+    m_selection->select(items);
+    m_explorer->selectItems(items);
+    m_properties->showItems(items);
+}
+
+/// From here on keys are for what is selected there: a page that was chosen in the explorer, or a
+/// member of the group that is clicked, is no longer meant.
+void CMainPanels::enterCanvas()
+{
+    const QList<CItemModel *> items = m_screens->selectedItems();
+    if (!areSame(m_selection->shownItems(), items))
+        takeFromCanvas(items);
+}
+
+QList<CItemModel *> CMainPanels::selectedItems() const
+{
+    return m_selection->topmostItems();
+}
+
+void CMainPanels::select(const QList<CItemModel *> &items)
+{
+    m_selection->select(items);
+    showSelection();
+}
+
+/// Undo and redo are seen.
+void CMainPanels::showPage(const QList<CItemModel *> &touched)
+{
+    if (touched.contains(m_screens->currentScreen()))
+        return;
+    m_screens->openScreen(static_cast<CScreenModel *>(touched.last()));
+}
+
+/// A page is not selected behind the back of who works on a canvas.
+void CMainPanels::showStep()
+{
+    QList<CItemModel *> items = m_selection->items();
+    const CScreenView *view = m_screens->currentView();
+    if (view && view->hasFocus()) {
+        const auto isScreen = [](const CItemModel *each) {
+            return each->kind() == CItemModel::Kind::Screen;
+        };
+        items.erase(std::remove_if(items.begin(), items.end(), isScreen), items.end());
+    }
+    select(items);
+}
+
+/// Of the explorer, whose selection stays: the canvas of another screen has one of its own, which
+/// it tells when it comes forward.
+void CMainPanels::showScreen(CScreenModel *screen)
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_screens->openScreen(screen);
+    showSelection();
+}
+
+void CMainPanels::showSelection()
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    m_screens->selectItems(m_selection->items());
+    m_explorer->selectItems(m_selection->items());
+    m_properties->showItems(m_selection->shownItems());
+}
+
+/// Of an item; choosing a page itself leads nowhere until it is clicked.
+void CMainPanels::openPageOf(CItemModel *item)
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    CItemModel *page = pageOf(item);
+    if (page != item && page != m_screens->currentScreen())
+        m_screens->openScreen(static_cast<CScreenModel *>(page));
+}
+
+/// A member of a group is selected only through its group; its properties can be edited all the
+/// same.
+void CMainPanels::reveal(CItemModel *item)
+{
+    openPageOf(item);
+    m_selection->selectMember(item);
+    showSelection();
+}
+
+void CMainPanels::addDeselectAction(QAction *action)
+{
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // elsewhere Esc has other uses
+    m_screens->addAction(action);
+    m_explorer->addAction(action);
+}
