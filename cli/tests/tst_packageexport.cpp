@@ -1,5 +1,4 @@
 #include "displaylist/CommandTable.h"
-#include "displaylist/DisplayListText.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -28,8 +27,6 @@ private Q_SLOTS:
     void manifestFollowsItsSchema();
     void equalProjectsGiveEqualBytes_data() { examples(); }
     void equalProjectsGiveEqualBytes();
-    void listsAreTheExportedOnesRelocated_data() { examples(); }
-    void listsAreTheExportedOnesRelocated();
     void memoryIsWhatTheReportSays_data() { examples(); }
     void memoryIsWhatTheReportSays();
     void codeCompilesAndHoldsTheBlob_data();
@@ -71,20 +68,6 @@ QByteArray section(const QByteArray &blob, int kind)
     const char *entry = blob.constData() + 32 + (kind - 1) * 12;
     return blob.mid(static_cast<int>(qFromLittleEndian<quint32>(entry + 4)),
                     static_cast<int>(qFromLittleEndian<quint32>(entry + 8)));
-}
-
-std::vector<uint32_t> words(const QByteArray &bytes,
-                            std::set<std::pair<EOpcode, uint32_t>> *addresses = nullptr)
-{
-    std::vector<uint32_t> all = fromBytes(reinterpret_cast<const uint8_t *>(bytes.constData()),
-                                          static_cast<size_t>(bytes.size()));
-    for (size_t at = 0; at < all.size(); at += listLength(all.data() + at, all.size() - at))
-        replaceAddresses(all.data() + at, all.size() - at, [&](EOpcode command, uint32_t address) {
-            if (addresses)
-                addresses->insert({command, address});
-            return 0;
-        });
-    return all;
 }
 
 } // namespace
@@ -171,26 +154,6 @@ void tst_PackageExport::equalProjectsGiveEqualBytes()
     QCOMPARE(filesBelow(second), files);
     for (const QString &file : files)
         QVERIFY2(read(first + file) == read(second + file), qPrintable(file));
-}
-
-void tst_PackageExport::listsAreTheExportedOnesRelocated()
-{
-    QFETCH(QString, project);
-    const QString folder = pack(project, QTest::currentDataTag());
-    std::set<std::pair<EOpcode, uint32_t>> planned;
-    const auto packed = words(section(read(folder + "/panel.bin"), 7), &planned);
-    QVERIFY(!packed.empty());
-    QVERIFY(packed == words(read(folder + "/lists")));
-    std::set<std::pair<EOpcode, uint32_t>> known{{EOpcode::BitmapPalette, 0}}; // of none
-    for (const QJsonValue asset : json(folder + "/manifest.json")["assets"].toArray())
-        for (const QJsonValue address : asset["addresses"].toArray()) {
-            const auto place = static_cast<uint32_t>(address.toInt());
-            const auto palette = static_cast<uint32_t>(asset["palette_offset"].toInt());
-            known.insert({EOpcode::BitmapSource, place});
-            if (palette > 0)
-                known.insert({EOpcode::BitmapPalette, place + palette});
-        }
-    QVERIFY(std::includes(known.begin(), known.end(), planned.begin(), planned.end()));
 }
 
 /// The images of RAM_G hold at each address of the report's map what the package has as the asset.

@@ -330,6 +330,10 @@ void tst_PackageProof::aTouchHitsTheItemThatIsThere()
     for (int screen = 0; screen < screens.size(); ++screen) {
         open.play.show(&open.panel, screen);
         const QJsonArray items = screens[screen].toObject()["items"].toArray(); // front-most first
+        for (const QJsonValue item : items)
+            QVERIFY2(item["words"].toArray().isEmpty() ||
+                         (item["width"].toDouble() > 0 && item["height"].toDouble() > 0),
+                     qPrintable("what is seen can be touched: " + item["name"].toString()));
         for (int touch = 0; touch < 300; ++touch) {
             const int x = static_cast<int>(random() >> 1) % kiv_panel_width(&open.panel);
             const int y = static_cast<int>(random() >> 1) % kiv_panel_height(&open.panel);

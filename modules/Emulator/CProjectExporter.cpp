@@ -6,6 +6,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "ChipFindings.h"
+#include "ItemOutline.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -30,12 +31,6 @@ QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList
     return screens;
 }
 
-/// Where the middle of a box is turned; the angle of round items turns what they show.
-double turnOf(const CItemModel &item)
-{
-    return item.hasAngle() && item.geometryMode() == GeometryMode::Box ? item.angle() : 0;
-}
-
 void addItems(const CItemModel &parent, QList<SExportedItem> &items)
 {
     const QString group = parent.kind() == CItemModel::Kind::Group ? parent.name() : QString();
@@ -43,9 +38,11 @@ void addItems(const CItemModel &parent, QList<SExportedItem> &items)
         const CItemModel *item = parent.childItem(row);
         if (!item)
             continue;
-        if (item->kind() == CItemModel::Kind::Widget)
+        if (item->kind() == CItemModel::Kind::Widget) {
+            const SItemOutline outline = itemOutline(*item);
             items.append({item->name(), item->itemTypeName(), item->idString(), item->id(), group,
-                          item->bounds(), turnOf(*item)});
+                          outline.box, outline.turn});
+        }
         addItems(*item, items);
     }
 }
@@ -135,8 +132,8 @@ CProjectExporter::collect(CProjectModel *project, EContent content, const QList<
         if (waitForAnswer(render, screen, content)) {
             CScreenModel *item = project->screen(screen.row());
             collected.append({item, item->name(), render.text(), render.bytes(), render.frame(),
-                              render.ramDl(), render.ramG(),
-                              render.errors() + chipFindings(*item), render.memory(), items});
+                              render.ramDl(), render.ramG(), render.errors() + chipFindings(*item),
+                              render.memory(), items});
             const QStringList &errors = collected.last().errors;
             if (m_findings && !errors.isEmpty())
                 m_findings(item->name(), errors.join(QLatin1Char('\n')));

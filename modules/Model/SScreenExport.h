@@ -41,7 +41,7 @@ struct SExportedItem
     QString id;      ///< as text; empty when it has none
     quint32 tag = 0; ///< the id in the display list; 0: the list does not name it
     QString group;   ///< name of the group that it is a member of; empty when it is none
-    QRectF bounds;   ///< pixels, before it is turned
+    QRectF bounds;   ///< what it covers, in pixels, before it is turned
     double turn = 0; ///< degrees clockwise about the middle of the bounds
 };
 

@@ -48,8 +48,9 @@ QStringList Identifiers::unique(const QString &prefix, const QStringList &names,
     QStringList result;
     for (const QString &name : names)
         result.append(cut(prefix + capitals(name, otherwise), MaxLength));
-    QSet<QString> taken(result.begin(), result.end()); // a clash takes no other name's own
-    QSet<QString> seen;
+    QSet<QString> taken(result.begin(), result.end());   // a clash takes no other name's own
+    QSet<QString> seen{prefix + QLatin1String("COUNT")}; // panel.h says how many there are
+    taken.unite(seen);
     for (QString &identifier : result) {
         const QString base = identifier;
         const bool isClash = seen.contains(base);

@@ -2,6 +2,7 @@
 #include "CWidgetLibraryManager.h"
 #include "CWidgetModel.h"
 #include "FrameRecorder.h"
+#include "ItemOutline.h"
 #include "PropertyKey.h"
 
 #include <QDomDocument>
@@ -9,8 +10,7 @@
 #include <QIcon>
 #include <QRegularExpression>
 #include <QTest>
-
-#include <cmath>
+#include <QTransform>
 
 namespace {
 
@@ -81,51 +81,14 @@ private:
     CWidgetModel *m_widget;
 };
 
-QRectF boxOfPoints(const QString &points, const QPointF &origin)
-{
-    QRectF box;
-    for (const QString &point : points.split(QLatin1Char(';'))) {
-        const QStringList parts = point.split(QLatin1Char(','));
-        if (parts.size() == 2)
-            box |= QRectF(origin + QPointF(parts[0].toInt(), parts[1].toInt()), QSizeF(1, 1));
-    }
-    return box;
-}
-
-/// Where a widget may draw: its rectangle, and the stroke or border that lies about its outline.
+/// Where a widget may draw and can be touched: one outline for both, so that none is too small.
 QRectF allowedBox(const CWidgetModel &widget)
 {
-    const auto number = [&widget](const QString &key) {
-        return widget.propertyValue(key).toDouble();
-    };
-    const QPointF place(number(PropertyKey::X), number(PropertyKey::Y));
-    double border = 0;
-    QRectF box;
-    if (widget.hasProperty(PropertyKey::PointList)) {
-        box = boxOfPoints(widget.propertyText(PropertyKey::PointList), place);
-        border =
-            std::max(number(QStringLiteral("thickness")), number(QStringLiteral("border"))) / 2;
-    } else if (widget.hasProperty(PropertyKey::X2)) {
-        const QPointF second(number(PropertyKey::X2), number(PropertyKey::Y2));
-        box = QRectF(place, second).normalized();
-        border = number(QStringLiteral("thickness")) / 2 + number(QStringLiteral("head")) * 0.6;
-    } else if (widget.isHeightFromFont()) {
-        const int h = std::lround(number(PropertyKey::Font)) == 27 ? 20 : 108;
-        box = QRectF(place.x(), place.y() - 10 * h / 32, number(PropertyKey::Width), 20 * h / 16);
-    } else if (widget.hasProperty(PropertyKey::Radius)) {
-        const double r = number(PropertyKey::Radius);
-        box = QRectF(place - QPointF(r, r), QSizeF(2 * r, 2 * r));
-    } else if (widget.hasProperty(PropertyKey::PointSize)) {
-        const double r = number(PropertyKey::PointSize) / 16;
-        box = QRectF(place - QPointF(r, r), QSizeF(2 * r, 2 * r));
-    } else {
-        box = QRectF(place, QSizeF(number(PropertyKey::Width), number(PropertyKey::Height)));
-        if (std::fmod(number(PropertyKey::Angle), 360) != 0) { // whatever the turn
-            const double half = std::hypot(box.width(), box.height()) / 2;
-            box = QRectF(box.center() - QPointF(half, half), QSizeF(2 * half, 2 * half));
-        }
-    }
-    return box.adjusted(-border, -border, border, border);
+    const SItemOutline outline = itemOutline(widget);
+    const QPointF middle = outline.box.center();
+    QTransform turn;
+    turn.translate(middle.x(), middle.y()).rotate(outline.turn);
+    return turn.mapRect(outline.box.translated(-middle));
 }
 
 /// The pixels that differ from the ground, as the smallest rectangle about them.

@@ -42,6 +42,7 @@ void tst_Package::identifiers_data()
     row("clashes are numbered", "Main menu|main_menu|MAIN-MENU!",
         "P_MAIN_MENU|P_MAIN_MENU_2|P_MAIN_MENU_3");
     row("a clash takes no one else's name", "a|A|a 2", "P_A|P_A_3|P_A_2");
+    row("what counts them keeps its name", "Count|count 2", "P_COUNT_3|P_COUNT_2");
     row("nothing left", "|***|_", "P_NONE|P_NONE_2|P_NONE_3");
     row("letters of other scripts", QString::fromUtf8("Größe|é|é|主|菜"),
         "P_GROSSE|P_E|P_E_2|P_U4E3B|P_U83DC");
