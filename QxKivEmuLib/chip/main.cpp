@@ -26,12 +26,11 @@ std::optional<Bytes> contents(const char *path)
 {
     std::ifstream stream(path, std::ios::binary);
     Bytes bytes(LargestMemory + 1);
-    if (stream
-            .read(reinterpret_cast<char *>(bytes.data()),
-                  static_cast<std::streamsize>(bytes.size()))
-            .bad() ||
-        stream.gcount() == 0) {
-        std::fprintf(stderr, "panel-chip: %s cannot be read or is empty\n", path);
+    if (!stream.is_open() || stream
+                                 .read(reinterpret_cast<char *>(bytes.data()),
+                                       static_cast<std::streamsize>(bytes.size()))
+                                 .bad()) {
+        std::fprintf(stderr, "panel-chip: %s cannot be read\n", path);
         return {};
     }
     bytes.resize(static_cast<size_t>(stream.gcount()));

@@ -101,6 +101,8 @@ SPackageSource packageSource(const CProjectModel &project, const QList<SScreenEx
 {
     SPackageSource source;
     source.project = project.propertyText(PropertyKey::Name);
+    if (source.project.isEmpty()) // the editor gives only this one
+        source.project = project.propertyText(PropertyKey::ProjectName);
     source.platform = project.platform();
     source.chipCode = chipCodeOfPlatform(source.platform);
     source.folder = project.workingDirectory();

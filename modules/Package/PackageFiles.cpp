@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <cerrno>
@@ -42,7 +43,8 @@ public:
         if (target.exists() && !QFile::copy(target.filePath(), oldPath(name)))
             return text(QT_TRANSLATE_NOOP("PackageFiles", "%1 could not be kept aside"))
                 .arg(target.filePath());
-        return CFileWriter::write(newPath(name), bytes);
+        return CFileWriter::write(newPath(name), bytes)
+            .replace(newPath(name), target.filePath()); // where it lies until then helps nobody
     }
     QString replace(const QString &name)
     {
@@ -72,6 +74,11 @@ private:
 
 QString writeTogether(const QString &folder, const QVector<QPair<QString, QByteArray>> &files)
 {
+    QString emptyIfFailed = QFileInfo::exists(folder) ? QString() : folder;
+    const auto tidy = qScopeGuard([&] {
+        if (!emptyIfFailed.isEmpty())
+            QDir().rmdir(emptyIfFailed);
+    });
     if (!QDir().mkpath(folder))
         return text(QT_TRANSLATE_NOOP("PackageFiles", "The folder %1 could not be made."))
             .arg(folder);
@@ -86,5 +93,6 @@ QString writeTogether(const QString &folder, const QVector<QPair<QString, QByteA
     for (const auto &[name, bytes] : files)
         if (const QString reason = replacement.replace(name); !reason.isEmpty())
             return reason;
+    emptyIfFailed.clear();
     return {};
 }

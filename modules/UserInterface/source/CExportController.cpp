@@ -2,6 +2,7 @@
 
 #include "CEmulatorAdapter.h"
 #include "CFileWriter.h"
+#include "CFolderDialog.h"
 #include "CPackageBuilder.h"
 #include "CProjectModel.h"
 #include "IUserQuestions.h"
@@ -59,13 +60,8 @@ void CExportController::exportProjectBin(CProjectModel *project, const QString &
 void CExportController::exportPackage(CProjectModel *project, const QString &folder)
 {
     const QPointer<CProjectModel> still(project);
-    QFileDialog dialog(m_window, tr("Export package into a folder"), folder);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setLabelText(QFileDialog::Accept, tr("Export"));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    exportProject(still, dialog.selectedFiles().value(0),
+    CFolderDialog dialog(m_window, tr("Export package into a folder"), folder, tr("Export"));
+    exportProject(still, dialog.ask(),
                   [this](CProjectExporter *exporter, CProjectModel *pages, const QString &path,
                          QString *reason) { return writePackage(exporter, pages, path, reason); });
 }

@@ -395,13 +395,15 @@ private Q_SLOTS:
     void exportsThePackage()
     {
         QVERIFY(m_window->openProjectFile(m_project));
-        QVERIFY(QDir().mkpath(m_folder->path("package")));
-        m_answers->expect([this](QDialog *dialog) { choose(dialog, m_folder->path("package")); });
+        m_answers->expect([this](QDialog *dialog) { // a folder that is not there yet
+            choose(dialog, m_folder->path("package"));
+        });
         m_window->actions()->action(CMenuBar::ExportPackage)->trigger();
         const QDir folder(m_folder->path("package"));
         QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList({"manifest.json", "panel.bin", "panel.c", "panel.h"}));
-        QVERIFY(readFile(folder.filePath("panel.h")).contains("PANEL_SCREEN_SECOND = 1"));
+        const QByteArray header = readFile(folder.filePath("panel.h"));
+        QVERIFY(header.contains("panel.h: demo,") && header.contains("PANEL_SCREEN_SECOND = 1"));
         QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
     }
 
