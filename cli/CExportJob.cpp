@@ -63,7 +63,8 @@ CExportJob::EExit CExportJob::run()
         return EExit::Usage;
     render(*rows);
     writeOutputs();
-    if (m_exit == EExit::Done && m_options.strict && !m_report->isClean())
+    const bool isFine = m_report->isRepeatable() && (!m_options.strict || m_report->isClean());
+    if (m_exit == EExit::Done && !isFine)
         m_exit = EExit::Findings;
     return m_exit;
 }

@@ -18,7 +18,7 @@ Folders that are missing are made; files that exist are replaced.
 Exit codes:
   0  all was done
   1  with --strict: something is not drawn as designed, lies outside the chip's limits or does not
-     fit into its memory
+     fit into its memory; always: an item was stopped by the clock, and may get further another time
   2  the command line is wrong
   3  the project could not be opened, a screen not rendered, or an output not written
 )";

@@ -1,6 +1,7 @@
 #include "CExportReport.h"
 
 #include "PackagePaths.h"
+#include "QxKivEmuLib.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -65,6 +66,13 @@ bool CExportReport::isClean() const
            std::all_of(m_screens.begin(), m_screens.end(), [](const SScreenReport &screen) {
                return screen.errors.isEmpty() && !screen.exceedsBudget();
            });
+}
+
+bool CExportReport::isRepeatable() const
+{
+    return std::all_of(m_screens.begin(), m_screens.end(), [](const SScreenReport &screen) {
+        return screen.errors.filter(QLatin1String(EMU_STOPPED_BY_CLOCK)).isEmpty();
+    });
 }
 
 QByteArray CExportReport::toJson() const

@@ -36,6 +36,8 @@ public:
 
     /// Nothing to report: no errors and every screen within its budget.
     bool isClean() const;
+    /// Another run gives the same bytes: nothing was stopped by the clock.
+    bool isRepeatable() const;
     /// {"project", "platform", "errors", "screens": [{"name", "widgets", "bitmaps",
     /// "ram_dl_bytes", "ram_dl_budget", "ram_g_bytes", "ram_g_budget", "ram_g_map", "errors"}]},
     /// UTF-8.

@@ -24,6 +24,10 @@ class IModelIterator;
 /// One pixel: 0xAARRGGBB in host byte order.
 using argb8888 = uint32_t;
 
+/// Part of the error message of an item or a frame that the clock has stopped. Everything else that
+/// ends a script early depends on the input alone; such a frame may get further another time.
+#define EMU_STOPPED_BY_CLOCK "stopped by the clock"
+
 /// Takes a frame.
 /// output         true for a frame that is meant to be shown (a foreground request).
 /// buffer         hsize * vsize pixels, rows packed, top row first; valid during the call.

@@ -1,5 +1,6 @@
 #include "CWatchdog.h"
 
+#include "QxKivEmuLib.h"
 #include "SLuaContext.h"
 
 #include <algorithm>
@@ -83,7 +84,7 @@ const char *CWatchdog::reason() const
 {
     switch (m_end) {
     case EEnd::Clock:
-        return "stopped by the clock, because it takes too long; another time it may get further";
+        return EMU_STOPPED_BY_CLOCK ", because it takes too long; another time it may get further";
     case EEnd::Cancelled:
         return "stopped, because the frame is not wanted any more";
     default:
