@@ -211,6 +211,12 @@ void COutputWindowView::changeEvent(QEvent *event)
         rewriteAll();
 }
 
+/// The end stays in view in a lower window: what comes next would be missed otherwise.
+void COutputWindowView::resizeEvent(QResizeEvent *event)
+{
+    keepAtEnd([this, event] { QTextEdit::resizeEvent(event); });
+}
+
 void COutputWindowView::retranslate()
 {
     setPlaceholderText(tr("No messages"));

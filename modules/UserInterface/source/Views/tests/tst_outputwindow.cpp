@@ -1,5 +1,6 @@
 #include "COutputWindowView.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void messagesAreOneLineEach();
     void repeatedErrorsAreCounted();
     void onlyTheNewestAreKept();
+    void theEndStaysInView();
     void clickOnAnErrorTellsItsItem();
     void clearForgetsTheCounts();
 };
@@ -78,6 +80,24 @@ void tst_OutputWindow::onlyTheNewestAreKept()
     QCOMPARE(linesOf(view).last(), QStringLiteral("12:34:56  Page 1  and 2900 more errors"));
     QCOMPARE(linesOf(view).at(COutputWindowView::MaxMessages - 102),
              QStringLiteral("12:34:56  Page 1  broken  (2 times)"));
+}
+
+void tst_OutputWindow::theEndStaysInView()
+{
+    COutputWindowView view;
+    view.resize(600, 300);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QScrollBar *bar = view.verticalScrollBar();
+    for (int n = 0; n < 9; ++n)
+        view.writeMessage("Exported");
+    view.resize(600, 40); // as low as the dock may be
+    view.writeMessage("Exported");
+    QTRY_VERIFY(bar->maximum() > 0 && bar->value() == bar->maximum());
+    bar->setValue(0); // reads what came before
+    view.resize(600, 50);
+    view.writeMessage("Exported");
+    QCOMPARE(bar->value(), 0);
 }
 
 void tst_OutputWindow::clickOnAnErrorTellsItsItem()
