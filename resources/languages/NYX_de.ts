@@ -399,6 +399,11 @@
         <translation>Erstellt am: </translation>
     </message>
     <message>
+        <source>dd MMMM yyyy</source>
+        <comment>form of a date</comment>
+        <translation>dd. MMMM yyyy</translation>
+    </message>
+    <message>
         <source>Version %1</source>
         <translation>Version %1</translation>
     </message>

@@ -399,6 +399,11 @@
         <translation>构建日期：</translation>
     </message>
     <message>
+        <source>dd MMMM yyyy</source>
+        <comment>form of a date</comment>
+        <translation>yyyy年M月d日</translation>
+    </message>
+    <message>
         <source>Version %1</source>
         <translation>版本 %1</translation>
     </message>

@@ -2,6 +2,7 @@
 
 #include "CTheme.h"
 #include "CThemeIcons.h"
+#include "CWindowPlacement.h"
 #include "ProgramInfo.h"
 
 #include <QDesktopServices>
@@ -23,7 +24,10 @@ CHelpWindow::CHelpWindow(const QString &page, QWidget *parent)
 {
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(tr("%1 Help").arg(ProgramInfo::Name));
-    resize(FirstSize);
+    resize(CWindowPlacement::placed(QRect({}, FirstSize), CWindowPlacement::likelyFrame(*this),
+                                    CWindowPlacement::screensOf(*this))
+               .size());
+    new CWindowPlacement(this);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);

@@ -199,8 +199,8 @@ QString CMainWindow::aboutText() const
                                             QStringLiteral("MMM d yyyy"));
     return QStringLiteral("<h3>%1</h3><p>%2</p><p>%3</p><p>%4</p>")
         .arg(ProgramInfo::Name,
-             tr("Built at: ") +
-                 QLocale(m_languages->language()).toString(built, QStringLiteral("dd MMMM yyyy")),
+             tr("Built at: ") + QLocale(m_languages->language())
+                                    .toString(built, tr("dd MMMM yyyy", "form of a date")),
              tr("Version %1").arg(ProgramInfo::Version),
              tr("Lays out the screens of embedded user interfaces for KIV graphics controllers."));
 }

@@ -1,18 +1,18 @@
 #include "CStatusBar.h"
 
+#include "CElidedLabel.h"
+
 #include <QEvent>
-#include <QLabel>
 #include <QMainWindow>
 
 namespace {
 
-/// Wide enough for four-digit coordinates, so that the other fields stay where they are while the
-/// pointer moves.
-int cursorWidth(const QLabel &label)
+/// Room for four-digit coordinates, so that the other fields stay where they are while the pointer
+/// moves; in a narrow window for the figures alone.
+void reserveForCursor(CElidedLabel *label)
 {
-    const QString widest = CStatusBar::tr("Cursor position: ") + QStringLiteral("-8888, -8888");
-    constexpr int padding = 16;
-    return label.fontMetrics().horizontalAdvance(widest) + padding;
+    const QString figures = QStringLiteral("8888, -8888");
+    label->reserve(CStatusBar::tr("Cursor position: ") + figures, figures);
 }
 
 } // namespace
@@ -24,12 +24,12 @@ CStatusBar::CStatusBar(QMainWindow *window)
     m_window->setStatusBar(m_bar);
     const char *const names[] = {"cursor", "widgets", "bitmaps", "memory", "budget"};
     for (size_t field = 0; field < FieldCount; ++field) {
-        m_labels[field] = new QLabel(m_bar);
+        m_labels[field] = new CElidedLabel(field == Cursor ? Qt::ElideLeft : Qt::ElideRight, m_bar);
         m_labels[field]->setObjectName(QLatin1String(names[field]));
-        m_labels[field]->setMinimumWidth(1); // the window may be narrower than the texts
         m_bar->addWidget(m_labels[field], 0);
     }
-    m_labels[Cursor]->setMinimumWidth(cursorWidth(*m_labels[Cursor]));
+    m_bar->setMinimumWidth(1); // the window may be narrower than the texts
+    reserveForCursor(m_labels[Cursor]);
 }
 
 CStatusBar::~CStatusBar()
@@ -96,7 +96,7 @@ void CStatusBar::changeEvent(QEvent *event)
     QStatusBar::changeEvent(event);
     if (event->type() != QEvent::LanguageChange || !m_bar)
         return;
-    m_labels[Cursor]->setMinimumWidth(cursorWidth(*m_labels[Cursor]));
+    reserveForCursor(m_labels[Cursor]);
     for (size_t field = 0; field < FieldCount; ++field) {
         const std::function<QString()> saying = m_sayings[field]; // which it is put back to
         show(static_cast<Field>(field), saying);

@@ -9,11 +9,12 @@
 #include <cstdint>
 #include <functional>
 
-class QLabel;
+class CElidedLabel;
 class QMainWindow;
 
 /// Tells about the shown screen: where the pointer is, how many widgets and bitmaps it has and how
-/// much of the chip's memory it takes, of how much. What is seen is an inner bar that belongs to the window.
+/// much of the chip's memory it takes, of how much. What is seen is an inner bar that belongs to
+/// the window.
 class CStatusBar : public QStatusBar
 {
     Q_OBJECT
@@ -45,7 +46,7 @@ private:
     QMainWindow *const m_window; ///< not owned
     QPointer<QStatusBar> m_bar;  ///< the window deletes it with itself
     uint32_t m_memoryBudget = 0; ///< bytes; 0: not known
-    std::array<QLabel *, FieldCount> m_labels;
+    std::array<CElidedLabel *, FieldCount> m_labels;
     std::array<QString, FieldCount> m_texts;
     std::array<std::function<QString()>, FieldCount> m_sayings; ///< how the texts are made
 };

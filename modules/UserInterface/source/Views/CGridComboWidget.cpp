@@ -41,6 +41,7 @@ CGridComboWidget::CGridComboWidget(QWidget *parent)
     m_slider->setSingleStep(5);
     m_slider->setPageStep(20);
     m_slider->setTickPosition(QSlider::TicksBothSides);
+    m_slider->setMinimumWidth(ControlWidth / 2);
     m_slider->setMaximumWidth(ControlWidth);
 
     m_colourButton->setObjectName(QStringLiteral("gridColourButton"));

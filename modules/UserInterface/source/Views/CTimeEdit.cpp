@@ -1,6 +1,7 @@
 #include "CTimeEdit.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 CTimeEdit::CTimeEdit(QWidget *parent) : QTimeEdit(parent)
 {
@@ -17,8 +18,20 @@ void CTimeEdit::keyPressEvent(QKeyEvent *event)
         m_hasLedOn = false;
         return;
     }
+    const bool isDigit = typed.size() == 1 && typed.at(0).isDigit();
+    if (isDigit && lineEdit()->cursorPosition() != m_editedAt)
+        selectPartAtCursor();
     const int before = currentSectionIndex();
     QTimeEdit::keyPressEvent(event);
-    const bool isDigit = typed.size() == 1 && typed.at(0).isDigit();
     m_hasLedOn = isDigit && currentSectionIndex() != before;
+    const bool isEdited =
+        isDigit || event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+    m_editedAt = isEdited ? lineEdit()->cursorPosition() : -1;
+}
+
+/// A part that is full takes no further digit. All of the text is typed anew from its first part.
+void CTimeEdit::selectPartAtCursor()
+{
+    const bool isAll = lineEdit()->selectedText() == lineEdit()->text();
+    setSelectedSection(isAll ? HourSection : currentSection());
 }

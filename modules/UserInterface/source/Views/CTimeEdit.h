@@ -15,5 +15,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void selectPartAtCursor();
+
     bool m_hasLedOn = false; ///< the digit typed last has
+    int m_editedAt = -1;     ///< place of the cursor behind the digits typed so far
 };

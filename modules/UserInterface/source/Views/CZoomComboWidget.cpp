@@ -33,6 +33,7 @@ CZoomComboWidget::CZoomComboWidget(QWidget *parent)
     m_slider->setSingleStep(10);
     m_slider->setPageStep(100);
     m_slider->setTickPosition(QSlider::TicksBothSides);
+    m_slider->setMinimumWidth(ControlWidth / 2);
     m_slider->setMaximumWidth(ControlWidth);
 
     m_typeCombo->setObjectName(QStringLiteral("zoomTypeCombo"));

@@ -19,6 +19,7 @@ class tst_StatusBar : public QObject
 
 private Q_SLOTS:
     void textsOfAllFields();
+    void aNarrowWindowKeepsTheFigures();
     void theWindowMayGoFirst();
 };
 
@@ -40,9 +41,9 @@ void tst_StatusBar::textsOfAllFields()
     bar.receiveBitmapCountUpdate(0);
     bar.setMemoryBudget(262144);
     bar.receiveMemoryUsage(1024, 2048);
-    QCOMPARE(texts(), (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
-                                   "1024 bytes RAM_DL used,2048 bytes RAM_G used",
-                                   "of 262144 (1 %)"}));
+    QCOMPARE(texts(),
+             (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
+                          "1024 bytes RAM_DL used,2048 bytes RAM_G used", "of 262144 (1 %)"}));
     {
         COtherLanguage other;
         QCoreApplication::installTranslator(&other);
@@ -54,6 +55,31 @@ void tst_StatusBar::textsOfAllFields()
     QCOMPARE(texts(), (QStringList{"", "", "", "", ""}));
     bar.receiveMouseMoveUpdate({1, 2}); // the count that was reset does not come back
     QCOMPARE(texts(), (QStringList{"Cursor position: 1, 2", "", "", "", ""}));
+}
+
+/// The words of the pointer's place go before a figure does, and neither widens the window.
+void tst_StatusBar::aNarrowWindowKeepsTheFigures()
+{
+    constexpr int Grip = 40; // to resize the window with, and gaps
+    QMainWindow window;
+    CStatusBar bar(&window);
+    bar.receiveMouseMoveUpdate({123, 45});
+    bar.receiveWidgetCountUpdate(26);
+    bar.receiveBitmapCountUpdate(0);
+    bar.setMemoryBudget(1048576);
+    bar.receiveMemoryUsage(2548, 0);
+    const auto labels = bar.bar()->findChildren<QLabel *>();
+    window.resize(2000, 200);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const int end = labels.last()->geometry().right();
+    window.resize(end - labels[0]->sizeHint().width() + labels[0]->minimumSizeHint().width() + Grip,
+                  200);
+    QTRY_VERIFY(labels.last()->geometry().right() < end);
+    for (const QLabel *label : labels.mid(1))
+        QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+    QVERIFY(labels[0]->width() < labels[0]->sizeHint().width());
+    QVERIFY(window.minimumSizeHint().width() < 100);
 }
 
 void tst_StatusBar::theWindowMayGoFirst()
