@@ -1381,6 +1381,11 @@
 <context>
     <name>CStartPage</name>
     <message>
+        <source>yyyy-MM-dd hh:mm</source>
+        <comment>form of a time</comment>
+        <translation>yyyy/MM/dd hh:mm</translation>
+    </message>
+    <message>
         <source>New project...</source>
         <translation>新建项目...</translation>
     </message>

@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QLabel>
-#include <QLocale>
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -64,7 +63,10 @@ QString link(const QString &target, const QString &text, const QString &picture 
 } // namespace
 
 CStartPage::CStartPage(const QString &examples, QWidget *parent)
-    : QWidget(parent), m_examples(projectsBelow(examples)), m_area(new QScrollArea(this)), m_label(new QLabel)
+    : QWidget(parent),
+      m_examples(projectsBelow(examples)),
+      m_area(new QScrollArea(this)),
+      m_label(new QLabel)
 {
     setObjectName(QStringLiteral("startPage"));
     setAutoFillBackground(true);
@@ -132,7 +134,7 @@ QString CStartPage::leftWorkInRows() const
     QString rows;
     for (int i = 0; i < m_left.size(); ++i) {
         const QString index = QString::number(i);
-        const QString when = QLocale().toString(m_left[i].written, QLocale::ShortFormat);
+        const QString when = m_left[i].written.toString(tr("yyyy-MM-dd hh:mm", "form of a time"));
         rows +=
             paragraph(link(RecoverLink + index, tr("Recover \"%1\"").arg(m_left[i].projectName)) +
                       QStringLiteral("&nbsp;&nbsp;%1&nbsp;&nbsp;").arg(when.toHtmlEscaped()) +
