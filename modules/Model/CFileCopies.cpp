@@ -78,8 +78,9 @@ QString CFileCopies::copyOne(const SCopy &copy)
         return {};
     if (isThere(copy.to))
         return tr("%1 holds something else already").arg(copy.to);
-    if (!makeFolder(QFileInfo(copy.to).path()))
-        return tr("The folder %1 could not be made").arg(QFileInfo(copy.to).path());
+    const QString obstacle = makeFolder(QFileInfo(copy.to).path());
+    if (!obstacle.isEmpty())
+        return obstacle;
     QFile file(copy.from);
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFileDevice::NoError || bytes.size() != file.size())
@@ -90,14 +91,20 @@ QString CFileCopies::copyOne(const SCopy &copy)
     return reason;
 }
 
-bool CFileCopies::makeFolder(const QString &path)
+/// Empty, or the reason.
+QString CFileCopies::makeFolder(const QString &path)
 {
     if (QFileInfo(path).isDir())
-        return true;
-    if (isThere(path) || !makeFolder(QFileInfo(path).path()) || !QDir().mkdir(path))
-        return false;
+        return {};
+    if (isThere(path))
+        return tr("%1 holds something else already").arg(path);
+    QString reason = makeFolder(QFileInfo(path).path());
+    if (!reason.isEmpty())
+        return reason;
+    if (!QDir().mkdir(path))
+        return tr("The folder %1 could not be made: %2").arg(path, qt_error_string());
     m_madeFolders.append(path);
-    return true;
+    return {};
 }
 
 void CFileCopies::takeBack()

@@ -35,7 +35,7 @@ private:
         QString to;
     };
     QString copyOne(const SCopy &copy);
-    bool makeFolder(const QString &path);
+    QString makeFolder(const QString &path);
 
     QVector<SCopy> m_copies;
     QStringList m_madeFiles;

@@ -196,8 +196,8 @@
         <translation>%1 konnte nicht kopiert werden: %2</translation>
     </message>
     <message>
-        <source>The folder %1 could not be made</source>
-        <translation>Der Ordner %1 konnte nicht angelegt werden</translation>
+        <source>The folder %1 could not be made: %2</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden: %2</translation>
     </message>
     <message>
         <source>%1 holds something else already</source>
@@ -410,6 +410,10 @@
     <message>
         <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
         <translation>Gestaltet die Bildschirme eingebetteter Bedienoberflächen für KIV-Grafikcontroller.</translation>
+    </message>
+    <message>
+        <source>Unsaved work of a session that ended unexpectedly is kept. The start page offers it: close the project to see it.</source>
+        <translation>Nicht gespeicherte Arbeit einer Sitzung, die unerwartet endete, ist noch da. Die Startseite bietet sie an: Schließen Sie das Projekt, um sie zu sehen.</translation>
     </message>
     <message>
         <source>Saved %1</source>

@@ -196,8 +196,8 @@
         <translation>无法复制 %1：%2</translation>
     </message>
     <message>
-        <source>The folder %1 could not be made</source>
-        <translation>无法创建文件夹 %1</translation>
+        <source>The folder %1 could not be made: %2</source>
+        <translation>无法创建文件夹 %1：%2</translation>
     </message>
     <message>
         <source>%1 holds something else already</source>
@@ -410,6 +410,10 @@
     <message>
         <source>Lays out the screens of embedded user interfaces for KIV graphics controllers.</source>
         <translation>为 KIV 图形控制器设计嵌入式用户界面的屏幕。</translation>
+    </message>
+    <message>
+        <source>Unsaved work of a session that ended unexpectedly is kept. The start page offers it: close the project to see it.</source>
+        <translation>意外结束的会话中未保存的工作仍然保留。起始页会提供恢复：请关闭项目以查看。</translation>
     </message>
     <message>
         <source>Saved %1</source>

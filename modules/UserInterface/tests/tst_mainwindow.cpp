@@ -34,6 +34,7 @@
 #include <QTreeWidget>
 #include <QUndoGroup>
 #include <QUndoStack>
+#include <QUuid>
 
 #include <memory>
 
@@ -228,9 +229,16 @@ private Q_SLOTS:
         auto *errors = m_window->findChild<QErrorMessage *>();
         QVERIFY2(!errors->isVisible(), qPrintable(errors->findChild<QTextEdit *>()->toPlainText()));
         m_window.reset();
-        m_window = std::make_unique<CMainWindow>(m_project);
-        QCOMPARE(m_window->projectPath(), m_project);
-        m_window.reset();
+        const QString left = m_folder->path("data/kiv-panel-composer/unsaved/") +
+                             QUuid::createUuid().toString(QUuid::WithoutBraces);
+        for (const bool isWorkLeft : {false, true}) { // the start page is not there to tell of it
+            if (isWorkLeft && QDir().mkpath(left))
+                writeFile(left + QStringLiteral("/project.nyx"), twoPages());
+            m_window = std::make_unique<CMainWindow>(m_project);
+            QCOMPARE(m_window->projectPath(), m_project);
+            QCOMPARE(outputText().contains(QStringLiteral("Unsaved work")), isWorkLeft);
+            m_window.reset();
+        }
         writeFile(m_folder->path("broken.nyx"), "<broken");
         m_window = std::make_unique<CMainWindow>(m_folder->path("broken.nyx"));
         QVERIFY(!m_window->project());
@@ -251,11 +259,8 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(m_project);
         QVERIFY(m_window->project()); // goes on without them
         QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
-        const QString output = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"))
-                                   ->findChild<QTextEdit *>()
-                                   ->toPlainText();
-        QVERIFY(output.contains(QStringLiteral("Could not initialise Widget Library Manager")));
-        QVERIFY(output.contains(QStringLiteral("Could not initialise emulator")));
+        QVERIFY(outputText().contains(QStringLiteral("Could not initialise Widget Library Manager")));
+        QVERIFY(outputText().contains(QStringLiteral("Could not initialise emulator")));
     }
 
     void settingsAreKept()
@@ -520,6 +525,13 @@ private Q_SLOTS:
     }
 
 private:
+    QString outputText() const
+    {
+        return m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"))
+            ->findChild<QTextEdit *>()
+            ->toPlainText();
+    }
+
     std::unique_ptr<CProgramFolder> m_folder;
     std::unique_ptr<CDialogAnswers> m_answers;
     QString m_project;

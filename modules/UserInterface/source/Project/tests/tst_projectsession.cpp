@@ -311,6 +311,9 @@ private Q_SLOTS:
         QVERIFY(writeFile(at("missing"), "in the way"));
         QVERIFY(!m_session->saveAs());
         QVERIFY(QFile::remove(at("missing")));
+        m_user->savePath = QStringLiteral("/proc/Second.nyx"); // takes no folder from anybody
+        QVERIFY(!m_session->saveAs());
+        QVERIFY(m_user->reasons.last().endsWith(qt_error_string(ENOENT)));
         QCOMPARE(allFiles(), before);
         QCOMPARE(sky->propertyText(PropertyKey::BitmapFolder), "older_ConvertedImages");
 
