@@ -17,6 +17,16 @@ constexpr Argb OpaqueBits = 0xFF000000u;
 constexpr int GradientWeight = 2;
 constexpr int BitmapWeight = 4;
 
+using drawingwork::SBox;
+
+SBox boxOf(const romfonts::SGlyph &glyph, int penX, int baselineY)
+{
+    constexpr double Pixel = 16;
+    const double left = static_cast<double>(penX) + glyph.left;
+    const double top = static_cast<double>(baselineY) - glyph.top;
+    return {left * Pixel, top * Pixel, (left + glyph.width) * Pixel, (top + glyph.height) * Pixel};
+}
+
 SInk inkOf(const SPaint &paint)
 {
     return {paint.colour | OpaqueBits, paint.blend ? static_cast<int>(paint.colour >> 24) : 255};
@@ -95,8 +105,7 @@ void CRasterizer::fillDisc(SPoint centre, Sub16 radius, const SPaint &paint)
 {
     const SInk ink = inkOf(paint);
     if (radius > 0 && m_state->canDraw(ink)) {
-        m_state->work += drawingwork::ofBox(
-            m_state->canvas.clip, {centre.x - radius, centre.y - radius}, {2 * radius, 2 * radius});
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, SBox::about(centre, radius));
         kivemu::fillDisc(m_state->canvas, centre, radius, ink);
     }
 }
@@ -114,7 +123,7 @@ void CRasterizer::fillRect(SPoint topLeft, SPoint size, Sub16 radius, const SPai
 {
     const SInk ink = inkOf(paint);
     if (m_state->canDraw(ink)) {
-        m_state->work += drawingwork::ofBox(m_state->canvas.clip, topLeft, size);
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, SBox::of(topLeft, size));
         kivemu::fillRect(m_state->canvas, topLeft, size, radius, ink);
     }
 }
@@ -124,8 +133,7 @@ void CRasterizer::strokeRect(SPoint topLeft, SPoint size, Sub16 radius, Sub16 li
 {
     const SInk ink = inkOf(paint);
     if (lineWidth > 0 && m_state->canDraw(ink)) {
-        m_state->work += drawingwork::ofStroke(m_state->canvas.clip, topLeft,
-                                               {topLeft.x + size.x, topLeft.y + size.y},
+        m_state->work += drawingwork::ofStroke(m_state->canvas.clip, SBox::of(topLeft, size),
                                                2.0 * size.x + 2.0 * size.y, lineWidth);
         kivemu::strokeRect(m_state->canvas, topLeft, size, radius, lineWidth, ink);
     }
@@ -157,9 +165,8 @@ void CRasterizer::strokeArc(SPoint centre, Sub16 radius, Angle64 start, Angle64 
 {
     const SInk ink = inkOf(paint);
     if (radius > 0 && lineWidth > 0 && m_state->canDraw(ink)) {
-        m_state->work +=
-            drawingwork::ofStroke(m_state->canvas.clip, {centre.x - radius, centre.y - radius},
-                                  {centre.x + radius, centre.y + radius}, 6.3 * radius, lineWidth);
+        m_state->work += drawingwork::ofStroke(m_state->canvas.clip, SBox::about(centre, radius),
+                                               6.3 * radius, lineWidth);
         kivemu::strokeArc(m_state->canvas, centre, radius, start, sweep, lineWidth, caps, ink);
     }
 }
@@ -168,7 +175,8 @@ void CRasterizer::fillGradient(SPoint topLeft, SPoint size, Sub16 radius, Angle6
                                Argb from, Argb to, bool blend)
 {
     if (m_state->hasArea()) {
-        m_state->work += drawingwork::ofBox(m_state->canvas.clip, topLeft, size, GradientWeight);
+        m_state->work +=
+            drawingwork::ofBox(m_state->canvas.clip, SBox::of(topLeft, size), GradientWeight);
         kivemu::fillGradient(m_state->canvas, topLeft, size, radius, direction, from, to, blend);
     }
 }
@@ -178,9 +186,7 @@ void CRasterizer::drawGlyph(const romfonts::SGlyph &glyph, int penX, int baselin
 {
     const SInk ink = inkOf(paint);
     if (m_state->canDraw(ink)) {
-        m_state->work += drawingwork::ofBox(
-            m_state->canvas.clip, {(penX + glyph.left) * 16, (baselineY - glyph.top) * 16},
-            {glyph.width * 16, glyph.height * 16});
+        m_state->work += drawingwork::ofBox(m_state->canvas.clip, boxOf(glyph, penX, baselineY));
         kivemu::drawGlyph(m_state->canvas, glyph, penX, baselineY, ink);
     }
 }
@@ -189,8 +195,8 @@ void CRasterizer::drawBitmap(const SBitmapImage &image, const SBitmapPlacement &
                              const SPaint &paint)
 {
     if (m_state->canDraw(inkOf(paint))) {
-        m_state->work += drawingwork::ofBox(m_state->canvas.clip, placement.topLeft, placement.size,
-                                            BitmapWeight);
+        m_state->work += drawingwork::ofBox(
+            m_state->canvas.clip, SBox::of(placement.topLeft, placement.size), BitmapWeight);
         kivemu::drawBitmap(m_state->canvas, image, placement, paint);
     }
 }

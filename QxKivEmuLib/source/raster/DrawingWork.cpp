@@ -18,9 +18,10 @@ double within(double first, double last, int from, int to)
                              std::max(std::floor(first / Pixel), double(from)));
 }
 
-double area(const SClip &clip, double left, double top, double right, double bottom)
+double area(const SClip &clip, const SBox &box)
 {
-    return within(left, right, clip.left, clip.right) * within(top, bottom, clip.top, clip.bottom);
+    return within(box.left, box.right, clip.left, clip.right) *
+           within(box.top, box.bottom, clip.top, clip.bottom);
 }
 
 uint64_t whole(double pixels)
@@ -30,30 +31,45 @@ uint64_t whole(double pixels)
 
 } // namespace
 
-uint64_t ofBox(const SClip &clip, SPoint topLeft, SPoint size, int weight)
+SBox SBox::of(SPoint topLeft, SPoint size)
 {
     const double left = topLeft.x;
     const double top = topLeft.y;
-    return whole(area(clip, left, top, left + size.x, top + size.y) * weight);
+    return {left, top, left + size.x, top + size.y};
 }
 
-uint64_t ofStroke(const SClip &clip, SPoint corner, SPoint opposite, double length, Sub16 lineWidth)
+SBox SBox::about(SPoint centre, Sub16 radius)
+{
+    const double x = centre.x;
+    const double y = centre.y;
+    return {x - radius, y - radius, x + radius, y + radius};
+}
+
+uint64_t ofBox(const SClip &clip, const SBox &box, int weight)
+{
+    return whole(area(clip, box) * weight);
+}
+
+uint64_t ofStroke(const SClip &clip, const SBox &box, double length, Sub16 lineWidth)
 {
     constexpr double Edges = 2; // pixels beside the line that are partly covered
-    const double half = lineWidth / 2.0;
-    const double box =
-        area(clip, std::min(corner.x, opposite.x) - half, std::min(corner.y, opposite.y) - half,
-             std::max(corner.x, opposite.x) + half, std::max(corner.y, opposite.y) + half);
-    const double path = (length + lineWidth) / Pixel * (lineWidth / Pixel + Edges);
-    return whole(std::min(box, path));
+    const double width = lineWidth;
+    const double half = width / 2;
+    const double filled =
+        area(clip, {box.left - half, box.top - half, box.right + half, box.bottom + half});
+    const double path = (length + width) / Pixel * (width / Pixel + Edges);
+    return whole(std::min(filled, path));
 }
 
 uint64_t ofLine(const SClip &clip, SPoint from, SPoint to, Sub16 lineWidth)
 {
-    const double dx = double(to.x) - from.x;
-    const double dy = double(to.y) - from.y;
+    const SBox box{
+        static_cast<double>(std::min(from.x, to.x)), static_cast<double>(std::min(from.y, to.y)),
+        static_cast<double>(std::max(from.x, to.x)), static_cast<double>(std::max(from.y, to.y))};
+    const double dx = box.right - box.left;
+    const double dy = box.bottom - box.top;
     const double length = std::sqrt(dx * dx + dy * dy); // not hypot, whose rounding is left open
-    return ofStroke(clip, from, to, length, lineWidth);
+    return ofStroke(clip, box, length, lineWidth);
 }
 
 uint64_t ofPolyline(const SClip &clip, const SPoint *points, int count, bool closed,
@@ -69,22 +85,19 @@ uint64_t ofPolyline(const SClip &clip, const SPoint *points, int count, bool clo
 uint64_t ofPolygon(const SClip &clip, const SPoint *points, int count)
 {
     uint64_t work = PerShape;
-    double left = points[0].x;
-    double top = points[0].y;
-    double right = left;
-    double bottom = top;
+    SBox box = SBox::of(points[0], {0, 0});
     for (int i = 0; i < count; ++i) {
         const SPoint &point = points[i];
         const SPoint &next = points[(i + 1) % count];
-        left = std::min<double>(left, point.x);
-        right = std::max<double>(right, point.x);
-        top = std::min<double>(top, point.y);
-        bottom = std::max<double>(bottom, point.y);
+        box.left = std::min<double>(box.left, point.x);
+        box.right = std::max<double>(box.right, point.x);
+        box.top = std::min<double>(box.top, point.y);
+        box.bottom = std::max<double>(box.bottom, point.y);
         const double rows =
             within(std::min(point.y, next.y), std::max(point.y, next.y), clip.top, clip.bottom);
         work += PerEdgeRow * (1 + static_cast<uint64_t>(rows));
     }
-    return work + static_cast<uint64_t>(area(clip, left, top, right, bottom));
+    return work + static_cast<uint64_t>(area(clip, box));
 }
 
 } // namespace kivemu::drawingwork

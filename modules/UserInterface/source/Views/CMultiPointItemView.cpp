@@ -14,6 +14,8 @@
 #include <QKeyEvent>
 #include <QUndoStack>
 
+#include <memory>
+
 CMultiPointItemView::CMultiPointItemView(CItemModel *item) : CItemView(item)
 {
     setFlag(ItemIsFocusable); // for the keys
@@ -58,9 +60,11 @@ void CMultiPointItemView::updatePoints()
         handle->setParentItem(nullptr);
         if (handle->scene())
             handle->scene()->removeItem(handle);
-        // It may be the one whose press is being handled.
+        // It may be the one whose press is being handled. The event owns it, also when it is never
+        // delivered because the program ends.
+        const std::shared_ptr<CPointHandle> owned(handle);
         QMetaObject::invokeMethod(
-            qApp, [handle] { delete handle; }, Qt::QueuedConnection);
+            qApp, [owned] {}, Qt::QueuedConnection);
     }
     while (m_points.size() < count)
         m_points.append(new CPointHandle(m_points.size(), this));
