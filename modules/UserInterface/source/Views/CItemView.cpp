@@ -158,11 +158,18 @@ bool CItemView::contains(const QPointF &point) const
 
 bool CItemView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const
 {
+    if (isLeftOutOfBand())
+        return false;
     if (mode != Qt::IntersectsItemShape)
         return QGraphicsObject::collidesWithPath(path, mode);
     const QVector<QPainterPath> parts = turnedParts();
     return std::any_of(parts.begin(), parts.end(),
                        [&path](const QPainterPath &part) { return part.intersects(path); });
+}
+
+bool CItemView::isLeftOutOfBand() const
+{
+    return m_item->isLocked() && scene() && screenScene()->isBandOnLocked();
 }
 
 QPainterPath CItemView::alongPath(const QPainterPath &path) const

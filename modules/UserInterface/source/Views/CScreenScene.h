@@ -46,6 +46,9 @@ public:
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
     /// Whether the press that is being handled is meant for this handle.
     bool isPressedHandle(const QGraphicsItem *handle) const { return handle == m_pressedHandle; }
+    /// Whether the rubber band leaves out locked items: it does when it began on one, which is then
+    /// the ground for what lies before it.
+    bool isBandOnLocked() const { return m_bandOnLocked; }
 
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
@@ -123,4 +126,5 @@ private:
     bool m_cancelled = false;             ///< the rest of the drag until the release is ignored
     bool m_highlightIsDue = false;
     QGraphicsItem *m_pressedHandle = nullptr; ///< only compared, and only during a press
+    bool m_bandOnLocked = false;
 };

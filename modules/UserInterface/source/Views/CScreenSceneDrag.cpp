@@ -59,6 +59,7 @@ QTransform transformOf(const QGraphicsSceneMouseEvent &event)
 void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     m_cancelled = false;
+    m_bandOnLocked = false;
     forgetPress();
     if (event->button() != Qt::LeftButton) {
         event->accept(); // else the selection would be lost
@@ -70,7 +71,10 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
     QGraphicsItem *handle = handleAt(event->scenePos(), transform);
     const QPointer<CItemView> pressed(
         handle ? nullptr : selectableViewsAt(event->scenePos(), transform).value(0));
-    if (!handle && !pressed) {
+    m_bandOnLocked = pressed && pressed->item()->isLocked() &&
+                     event->modifiers() == Qt::NoModifier &&
+                     (!pressed->isSelected() || selectedItems().size() == 1);
+    if (m_bandOnLocked || (!handle && !pressed)) {
         setFocusItem(nullptr);
         event->ignore(); // a rubber band begins
         return;
@@ -219,6 +223,7 @@ void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     finishMove();
     forgetPress();
     m_cancelled = false;
+    m_bandOnLocked = false;
     highlightObjectBehind(true);
 }
 

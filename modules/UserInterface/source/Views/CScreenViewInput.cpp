@@ -202,6 +202,8 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
         return;
     }
     QGraphicsView::mousePressEvent(event);
+    if (m_scene->isBandOnLocked()) // the band has cleared the selection; without a drag it is a click
+        selectUnder(event->pos());
 }
 
 void CScreenView::reportPointer(const QPoint &position)

@@ -51,7 +51,7 @@ bool CWidgetGroupView::contains(const QPointF &point) const
 
 bool CWidgetGroupView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const
 {
-    if (item()->rowCount() == 0 || mode != Qt::IntersectsItemShape)
+    if (item()->rowCount() == 0 || mode != Qt::IntersectsItemShape || isLeftOutOfBand())
         return CItemView::collidesWithPath(path, mode);
     const QRectF rect = path.boundingRect();
     bool any = false;

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void noHalfUnitsAreLeft();
     void severalItemsMoveTogether();
     void aLockIsOneStepAndIsKept();
+    void aLockedGroundIsNoObstacle();
     void escapeRestoresTheStart();
     void aClickChangesNothing();
     void nothingSticks();
@@ -178,6 +179,33 @@ void tst_CanvasGestures::severalItemsMoveTogether()
 
     canvas.drag({110, 110}, {150, 150}, Qt::ShiftModifier); // selects, moves nothing
     QCOMPARE(savedBytes(*canvas.project), before);
+}
+
+void tst_CanvasGestures::aLockedGroundIsNoObstacle()
+{
+    Canvas canvas;
+    CItemModel *item = appendBox(canvas.screen, 60, 60, 40, 30);
+    CItemModel *ground = appendBox(canvas.screen, 0, 0, 400, 250);
+    ground->setLocked(true);
+    canvas.show();
+    for (const int count : {1, 2}) { // also when the ground is selected
+        canvas.click({20, 20});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
+        canvas.press({20, 20});
+        canvas.move({110, 100});
+        if (count == 1)
+            canvas.release({110, 100});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+    }
+    QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+    canvas.release({110, 100});
+    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
+    canvas.select({item, ground});
+    canvas.press({20, 20}); // several that are selected stay so, and the locked one where it is
+    canvas.move({110, 100});
+    canvas.release({110, 100});
+    QCOMPARE(canvas.view->selectedItems().size(), 2);
+    QCOMPARE(canvas.stack.count(), 0);
 }
 
 void tst_CanvasGestures::aLockIsOneStepAndIsKept()
