@@ -9,6 +9,7 @@
 #include <QPolygonF>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -30,6 +31,12 @@ double strokeOf(const CItemModel &item)
     return std::clamp(number(item, ThicknessKey), 1.0, 128.0);
 }
 
+/// To a part of a unit, so that the last bit of a machine's arithmetic is not told.
+double rounded(double value, int parts)
+{
+    return std::round(value * parts) / parts;
+}
+
 SItemOutline outlineOfLine(const CItemModel &item)
 {
     const QLineF line(item.x(), item.y(), number(item, PropertyKey::X2),
@@ -42,8 +49,10 @@ SItemOutline outlineOfLine(const CItemModel &item)
                 std::clamp(number(item, HeadKey), 0.0, std::max(LeastHead, line.length() / 2));
     else if (int(stroke) % 2 != 0) // drawn on pixel centres
         middle += QPointF(0.5, 0.5);
-    const double half = (line.length() + stroke) / 2; // the ends are round
-    return {QRectF(middle - QPointF(half, side), middle + QPointF(half, side)), -line.angle()};
+    const double half = rounded((line.length() + stroke) / 2, 16); // the ends are round
+    side = rounded(side, 16);
+    const double turn = std::fmod(rounded(360 - line.angle(), 1000), 180); // either way round
+    return {QRectF(middle - QPointF(half, side), middle + QPointF(half, side)), turn};
 }
 
 SItemOutline outlineOfPoints(const CItemModel &item)
