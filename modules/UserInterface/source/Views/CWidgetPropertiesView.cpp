@@ -19,8 +19,6 @@
 #include <cmath>
 
 namespace {
-/// Narrower than the widest glyph of the font, for which the header would make the panel scroll.
-constexpr int MinColumn = 48;
 
 /// The largest difference of two real numbers that is no edit.
 constexpr double Tolerance = 0.0001;
@@ -73,7 +71,9 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     setFactoryForManager(static_cast<QtVariantPropertyManager *>(m_manager),
                          static_cast<QtVariantEditorFactory *>(m_factory));
     setResizeMode(Interactive);
-    findChild<QTreeWidget *>()->header()->setMinimumSectionSize(MinColumn);
+    auto *header = findChild<QTreeWidget *>()->header();
+    header->setStretchLastSection(false); // which takes no less than the width it had first
+    header->setSectionResizeMode(1, QHeaderView::Stretch);
     setPropertiesWithoutValueMarked(false);
     connect(this, SIGNAL(currentItemChanged(QtBrowserItem *)), this,
             SLOT(onCurrentItemChanged(QtBrowserItem *)));

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
@@ -111,6 +112,8 @@ void tst_WidgetProperties::noneAndSeveralItemsShowAText()
     m_view->showItems({});
     QCOMPARE(tree()->topLevelItemCount(), 1);
     QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("No Item Selected"));
+    m_view->resize(180, 300); // as a dock on a small screen: nothing is aside
+    QTRY_COMPARE(tree()->viewport()->width(), tree()->header()->length());
     line->setProperty("thickness", 5); // nobody looks
     m_view->setProject(nullptr);
     QCOMPARE(tree()->topLevelItem(0)->text(0), QStringLiteral("No Item Selected"));
