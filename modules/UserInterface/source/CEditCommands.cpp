@@ -90,6 +90,8 @@ bool CEditCommands::isForFocused(EText what) const
     case EText::SelectNone:
         deselectIn(text);
         break;
+    case EText::SelectInverse:
+        break; // a text has none, and what lies unseen behind it is not meant
     }
     return true;
 }
@@ -171,6 +173,12 @@ void CEditCommands::selectNone()
 {
     if (!isForFocused(EText::SelectNone))
         m_panels->select({});
+}
+
+void CEditCommands::selectInverse()
+{
+    if (!isForFocused(EText::SelectInverse))
+        tellView(&CScreenView::selectInverse);
 }
 
 void CEditCommands::lock()

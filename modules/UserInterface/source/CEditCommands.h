@@ -26,13 +26,14 @@ public:
     void remove();
     void selectAll();
     void selectNone();
+    void selectInverse();
     void lock();
     void order(ItemOperations::EOrder where);
     /// The commands for the canvas that is shown, if any.
     void tellView(void (CScreenView::*command)());
 
 private:
-    enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone };
+    enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone, SelectInverse };
 
     bool isForFocused(EText what) const;
     ItemOperations::Items items() const;

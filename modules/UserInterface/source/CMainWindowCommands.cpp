@@ -338,7 +338,7 @@ void CMainWindow::selectNone()
 
 void CMainWindow::selectInverse()
 {
-    m_edit->tellView(&CScreenView::selectInverse);
+    m_edit->selectInverse();
 }
 
 void CMainWindow::group()

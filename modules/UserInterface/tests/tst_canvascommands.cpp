@@ -319,6 +319,7 @@ private Q_SLOTS:
                 QTest::keyClick(panel, Qt::Key(key), Qt::ControlModifier);
             QTest::keyClick(panel, Qt::Key_Delete);
             QTest::keyClick(panel, Qt::Key_D, Qt::ControlModifier);
+            QTest::keyClick(panel, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
             QCOMPARE(selected().size(), 1);
             QCOMPARE(project->saveToBytes(nullptr), before);
         }
