@@ -7,6 +7,9 @@
 
 #include <QUndoStack>
 
+#include <algorithm>
+#include <limits>
+
 namespace {
 void collectNames(const CItemModel &parent, ItemNames::Names &names)
 {
@@ -39,15 +42,19 @@ ItemNames::Names ItemNames::ofScreens(const CProjectModel &project, const CItemM
 
 QString ItemNames::unused(const QString &name, const Names &taken)
 {
-    if (!taken.contains(name))
+    if (name.isEmpty() || !taken.contains(name)) // what has no name is not counted
         return name;
     QString stem = name;
     int end = stem.size();
     while (end > 0 && stem.at(end - 1).isDigit())
         --end;
-    if (end > 1 && end < stem.size() && stem.at(end - 1) == QLatin1Char(' '))
-        stem.truncate(end - 1);
     int number = 2;
+    if (end > 1 && end < stem.size() && stem.at(end - 1) == QLatin1Char(' ')) {
+        const int own = stem.midRef(end).toInt(); // 0 for more digits than are counted
+        if (own < std::numeric_limits<int>::max() / 2)
+            number = std::max(number, own + 1);
+        stem.truncate(end - 1);
+    }
     while (taken.contains(QStringLiteral("%1 %2").arg(stem).arg(number)))
         ++number;
     return QStringLiteral("%1 %2").arg(stem).arg(number);

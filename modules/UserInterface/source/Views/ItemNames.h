@@ -15,7 +15,7 @@ using Names = QSet<QString>;
 
 Names below(const CItemModel &parent); ///< of all items below, members of groups too
 Names ofScreens(const CProjectModel &project, const CItemModel *except = nullptr);
-/// The name, or the first number of it that is not taken.
+/// The name, or the next number of it that is not taken. What has no name gets none.
 QString unused(const QString &name, const Names &taken);
 /// What an item is called when a user renames it so: of a screen, a name that no other one has.
 QString wanted(const CItemModel &item, const QString &name);

@@ -180,6 +180,16 @@ void tst_CanvasEditing::clipboard()
     canvas.checkOneStep(before);
     canvas.view->paste();
     QCOMPARE(canvas.screen->childItem(0)->name(), QString("Lamp 3"));
+    using Names = std::pair<const char *, const char *>;
+    for (const auto &[name, next] :
+         {Names("Room 101", "Room 102"), Names("", ""), Names("Lamp", "Lamp 4")}) {
+        item->setProperty(PropertyKey::Name, name);
+        canvas.select({item});
+        canvas.view->copy();
+        canvas.view->paste();
+        QCOMPARE(canvas.screen->childItem(0)->name(), QString(next));
+        canvas.stack.undo();
+    }
     QCOMPARE(canvas.screen->childItem(0)->id(), 2u);
     QCOMPARE(rectOf(canvas.screen->childItem(0)), rectOf(item).translated(20, 20));
     item->setProperty(PropertyKey::X, 200);

@@ -210,7 +210,7 @@ void tst_ProjectExplorer::renamingIsOneUndoStep()
     rename("Settings");
     QCOMPARE(stack.count(), 1);
     rename("Page 3"); // which there is
-    QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Page 2"));
+    QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Page 4"));
     stack.undo();
     stack.undo();
     QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Page 2"));
