@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 class CProjectLock;
 class CProjectModel;
@@ -123,6 +124,7 @@ private:
     std::unique_ptr<CProjectFile> m_file; ///< null when the project was never saved
     std::unique_ptr<CProjectLock> m_lock;
     std::unique_ptr<CRecoveryCopy> m_copy; ///< null until there is something to keep in it
+    std::vector<std::unique_ptr<CRecoveryCopy>> m_pastCopies; ///< what the clipboard may refer to
     bool m_isCopyDue = false;              ///< the project has changed since it was written
     QString m_recoveryRoot;
     QString m_workingDirectory;

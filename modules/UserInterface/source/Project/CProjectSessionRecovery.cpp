@@ -69,11 +69,12 @@ QString CProjectSession::keepCopy()
                             : tr("A recovery copy cannot be kept either: %1").arg(reason);
 }
 
-/// The folder of a project that lies in it goes only when the project has got another one.
+/// The folder of a project that lies in it goes only when the project has got another one. Its
+/// images stay until the program ends: what was copied from it can still be pasted.
 void CProjectSession::dropCopy()
 {
-    if (m_copy)
-        m_copy->remove();
+    if (m_copy && m_copy->keepImagesOnly())
+        m_pastCopies.push_back(std::move(m_copy));
     m_copy.reset();
 }
 

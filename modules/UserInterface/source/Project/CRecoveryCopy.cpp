@@ -114,3 +114,9 @@ void CRecoveryCopy::remove()
     m_lock.reset();
     QDir(m_folder).removeRecursively();
 }
+
+bool CRecoveryCopy::keepImagesOnly()
+{
+    QFile::remove(file());
+    return !QDir(m_folder).isEmpty(QDir::Dirs | QDir::NoDotAndDotDot);
+}

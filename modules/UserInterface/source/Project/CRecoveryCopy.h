@@ -40,6 +40,8 @@ public:
     /// Empty, or why the copy is still the one of before.
     QString write(const QByteArray &project);
     void remove();
+    /// Leaves the images, for as long as this object lives. False when there are none.
+    bool keepImagesOnly();
 
 private:
     CRecoveryCopy(const QString &folder, std::unique_ptr<CProjectLock> lock);

@@ -624,7 +624,9 @@ private Q_SLOTS:
         QCOMPARE(m_session->autosave(), EAutosave::Failed);
         m_user->savePath = at("mine/Küche.1");
         QVERIFY(m_session->saveAs());
-        QCOMPARE(filesIn(at("unsaved")), QStringList());
+        const QDir copy(at("unsaved/") + filesIn(at("unsaved")).value(0));
+        QCOMPARE(filesIn(copy.path()), // what was copied before can be pasted now
+                 QStringList({".project.nyx.lock", "demo_ConvertedImages", "images"}));
         QCOMPARE(readFile(at("shipped/demo.nyx")), example);
         QCOMPARE(filesIn(at("shipped")),
                  QStringList({"demo.nyx", "demo_ConvertedImages", "images"}));
@@ -639,6 +641,8 @@ private Q_SLOTS:
         QCOMPARE(readFile(place(1, "bfolder") + "/sky.png"), QByteArray("source"));
         m_session->openCopy(at("shipped/demo.nyx")); // looked at only
         QVERIFY(m_session->close());
+        QCOMPARE(m_session->leftWork().size(), 0);
+        m_session.reset();
         QCOMPARE(filesIn(at("unsaved")), QStringList());
     }
 
