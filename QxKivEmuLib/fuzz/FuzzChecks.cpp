@@ -6,6 +6,8 @@
 #include "executor/CExecutor.h"
 #include "executor/CRamG.h"
 #include "host/ImageFile.h"
+#include "pictures/BitmapHead.h"
+#include "pictures/PictureReading.h"
 #include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"
 #include "support/ExampleLists.h"
@@ -161,6 +163,48 @@ void repairPng(std::vector<uint8_t> &file)
     }
 }
 
+/// As the editor and its tools take a picture: with its palette, its inks and its turn.
+class CPlainTarget final : public IPictureTarget
+{
+public:
+    std::string begin(const SPictureHead &head) override
+    {
+        constexpr uint32_t Most = 512;
+        if (head.width > Most || head.height > Most)
+            return "is too large";
+        isRight = head.width > 0 && head.height > 0 && head.palette.size() <= 256 &&
+                  head.orientation >= 1 && head.orientation <= 8;
+        m_row = size_t{head.width} * 4;
+        m_samples.resize(m_row * head.height);
+        return {};
+    }
+    uint8_t *row(int y) noexcept override
+    {
+        return m_samples.data() + static_cast<size_t>(y) * m_row;
+    }
+
+    bool isRight = true;
+
+private:
+    size_t m_row = 0;
+    std::vector<uint8_t> m_samples;
+};
+
+std::string checkPicture(EImageFile kind, const std::vector<uint8_t> &file)
+{
+    CMemorySource source(file.data(), file.size());
+    CPlainTarget target;
+    if (kind == EImageFile::Png)
+        readPng(source, EPngRows::Indices, target);
+    else if (kind == EImageFile::Jpeg)
+        readJpeg(source, EJpegRows::Colours, target);
+    SBitmapHead head;
+    const bool isBitmap = readBitmapHead(file.data(), file.size(), head);
+    return target.isRight && (!isBitmap || (head.width > 0 && head.height > 0))
+               ? ""
+               : "what is told of a picture is wrong";
+}
+
 } // namespace
 
 std::string checkDisplayList(const uint8_t *data, size_t size)
@@ -246,6 +290,9 @@ std::string checkImage(const uint8_t *data, size_t size)
     if (kind == EImageFile::Png)
         repairPng(file);
 
+    const std::string wrong = checkPicture(kind, file);
+    if (!wrong.empty())
+        return wrong;
     SDecodedImage image;
     const std::string problem = decodeImage(kind, file.data(), file.size(), mono, budget, image);
     if (image.pixels.size() > budget)

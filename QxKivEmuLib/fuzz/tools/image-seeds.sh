@@ -45,6 +45,14 @@ draw gamma.png -define png:color-type=2 -gamma 0.5 -set gamma 0.6 -define png:in
 for name in plain deep interlaced palette grey gamma; do
     seed "$name.png" 1 "$work/$name.png"
 done
+convert "$work/plain.png" -set comment "$(head -c 4000 /dev/zero | tr '\0' x)" "$work/text.png"
+seed text.png 1 "$work/text.png" # packed
+{ # turned by 90 degrees
+    head -c 2 "$work/plain.jpg"
+    printf '\377\341\0\042Exif\0\0MM\0\052\0\0\0\010\0\001\001\022\0\003\0\0\0\001\0\006\0\0\0\0\0\0'
+    tail -c +3 "$work/plain.jpg"
+} > "$work/turned.jpg"
+seed turned.jpg 0 "$work/turned.jpg"
 seed mono.png 4 "$work/plain.png"
 seed noroom.jpg 18 "$work/plain.jpg"
 seed noroom.png 19 "$work/plain.png"

@@ -1,8 +1,8 @@
 #include "CAssetLoader.h"
 
-#include "FileReading.h"
 #include "ImageFile.h"
 #include "executor/BitmapFormats.h"
+#include "pictures/FileReading.h"
 
 #include <algorithm>
 

@@ -4,8 +4,8 @@
 #include "CItemRunner.h"
 #include "CLuaSandbox.h"
 #include "CPlainLocale.h"
-#include "FileReading.h"
 #include "SandboxLibraries.h"
+#include "pictures/FileReading.h"
 
 namespace kivemu {
 

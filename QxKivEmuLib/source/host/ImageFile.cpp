@@ -1,12 +1,11 @@
 #include "ImageFile.h"
 
 #include "CAviReader.h"
-#include "FileReading.h"
-#include "ImageDecoders.h"
+#include "MediaTargets.h"
+#include "pictures/FileReading.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cstring>
 #include <optional>
 
 namespace kivemu {
@@ -31,47 +30,35 @@ std::optional<EImageFile> kindOf(const std::string &path)
     return suffix == "avi" ? std::optional(EImageFile::Avi) : std::nullopt;
 }
 
-bool startsWith(const uint8_t *bytes, size_t count, const char *signature, size_t length)
+std::string decode(EImageFile kind, IByteSource &source, bool mono, size_t budget,
+                   SDecodedImage &image)
 {
-    return count >= length && std::memcmp(bytes, signature, length) == 0;
+    if (kind == EImageFile::Jpeg) {
+        CJpegTarget target(mono, budget, image);
+        return readJpeg(source, mono ? EJpegRows::Grey : EJpegRows::Colours, target);
+    }
+    CPngTarget target(mono, budget, image);
+    const std::string problem = readPng(source, EPngRows::Colours, target);
+    if (problem.empty())
+        target.packRows();
+    return problem;
 }
 
 } // namespace
-
-std::string takeImageSize(uint64_t width, uint64_t height, bool mono, size_t budget,
-                          SDecodedImage &image)
-{
-    image.neededBytes = width * height * (mono ? 1 : 2);
-    const std::string size = std::to_string(width) + " x " + std::to_string(height);
-    if (width < 1 || height < 1 || width > MaxImageSide || height > MaxImageSide)
-        return "a picture of " + size + " pixels is larger than " + std::to_string(MaxImageSide) +
-               " x " + std::to_string(MaxImageSide);
-    if (image.neededBytes > budget)
-        return "a picture of " + size + " pixels does not fit into " + std::to_string(budget) +
-               " bytes";
-    image.width = static_cast<int>(width);
-    image.height = static_cast<int>(height);
-    return {};
-}
 
 std::string decodeImage(EImageFile kind, const uint8_t *bytes, size_t count, bool mono,
                         size_t budget, SDecodedImage &image)
 {
     image = {};
-    if (kind == EImageFile::Avi) {
-        CAviReader avi(bytes, count);
-        if (!avi.findFirstFrame())
-            return avi.error();
-        return decodeJpeg(avi.frame(), avi.frameSize(), mono, budget, image);
+    if (kind != EImageFile::Avi) {
+        CMemorySource source(bytes, count);
+        return decode(kind, source, mono, budget, image);
     }
-    if (kind == EImageFile::Jpeg) {
-        if (!startsWith(bytes, count, "\xFF\xD8\xFF", 3))
-            return "is not a JPEG file";
-        return decodeJpeg(bytes, count, mono, budget, image);
-    }
-    if (!startsWith(bytes, count, "\x89PNG\r\n\x1A\n", 8))
-        return "is not a PNG file";
-    return decodePng(bytes, count, mono, budget, image);
+    CAviReader avi(bytes, count);
+    if (!avi.findFirstFrame())
+        return avi.error();
+    CMemorySource frame(avi.frame(), avi.frameSize());
+    return decode(EImageFile::Jpeg, frame, mono, budget, image);
 }
 
 std::string decodeImageFile(const std::string &path, bool mono, size_t budget, SDecodedImage &image)
@@ -79,12 +66,23 @@ std::string decodeImageFile(const std::string &path, bool mono, size_t budget, S
     const std::optional<EImageFile> kind = kindOf(path);
     if (!kind)
         return path + ": is not named as a JPEG, PNG or AVI file";
-    std::vector<uint8_t> bytes;
-    std::string problem = *kind == EImageFile::Avi ? readFileStart(path, VideoStart, bytes)
-                                                   : readRegularFile(path, MaxFile, bytes);
-    if (!problem.empty())
-        return problem;
-    problem = decodeImage(*kind, bytes.data(), bytes.size(), mono, budget, image);
+    std::string problem;
+    if (*kind == EImageFile::Avi) {
+        std::vector<uint8_t> bytes;
+        problem = readFileStart(path, VideoStart, bytes);
+        if (!problem.empty())
+            return problem;
+        problem = decodeImage(*kind, bytes.data(), bytes.size(), mono, budget, image);
+    } else {
+        CFileSource file;
+        problem = file.open(path);
+        if (!problem.empty())
+            return problem;
+        if (file.size() > MaxFile)
+            return path + ": is larger than " + std::to_string(MaxFile) + " bytes";
+        image = {};
+        problem = decode(*kind, file, mono, budget, image);
+    }
     return problem.empty() ? problem : path + ": " + problem;
 }
 

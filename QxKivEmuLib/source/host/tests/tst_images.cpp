@@ -1,11 +1,18 @@
 #include "CTestFolder.h"
 #include "host/CAviReader.h"
 #include "host/ImageFile.h"
+#include "pictures/PictureReading.h"
 
 #include <cstdio>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <jpeglib.h>
+#include <malloc.h>
 #include <png.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <zlib.h>
 
 using kivemu::EImageFile;
 
@@ -43,7 +50,7 @@ Bytes makePng(uint32_t width, uint32_t height, uint32_t colour)
     return bytes;
 }
 
-Bytes makeJpeg(uint32_t width, uint32_t height, uint32_t colour)
+Bytes makeJpeg(uint32_t width, uint32_t height, uint32_t colour, bool progressive = false)
 {
     jpeg_compress_struct jpeg = {};
     jpeg_error_mgr errors = {};
@@ -58,6 +65,10 @@ Bytes makeJpeg(uint32_t width, uint32_t height, uint32_t colour)
     jpeg.in_color_space = JCS_RGB;
     jpeg_set_defaults(&jpeg);
     jpeg_set_quality(&jpeg, 95, TRUE);
+    if (progressive) {
+        jpeg.comp_info[0].h_samp_factor = jpeg.comp_info[0].v_samp_factor = 1;
+        jpeg_simple_progression(&jpeg);
+    }
     jpeg_start_compress(&jpeg, TRUE);
     Bytes row = rgbRow(width, colour);
     for (uint32_t y = 0; y < height; ++y) {
@@ -111,6 +122,72 @@ Bytes avi(const Bytes &movie, int64_t claimed = -1)
     return chunk("RIFF",
                  textBytes("AVI ") + chunk("LIST", textBytes("hdrl") + chunk("avih", Bytes(57))) +
                      chunk("JUNK", Bytes(3)) + chunk("LIST", textBytes("movi") + movie, claimed));
+}
+
+/// Takes a place in a PNG file, behind the head.
+void insertChunk(Bytes &png, const std::string &name, const Bytes &contents)
+{
+    constexpr int64_t BehindHead = 33;
+    const Bytes body = textBytes(name) + contents;
+    Bytes all;
+    const auto add = [&all](uint32_t number) {
+        for (const int shift : {24, 16, 8, 0})
+            all.push_back(static_cast<uint8_t>(number >> shift));
+    };
+    add(static_cast<uint32_t>(contents.size()));
+    all = all + body;
+    add(static_cast<uint32_t>(crc32(0, body.data(), static_cast<uInt>(body.size()))));
+    png.insert(png.begin() + BehindHead, all.begin(), all.end());
+}
+
+/// Chunks of some kilobytes, of which each unpacks to nearly as much as libpng lets a chunk hold.
+Bytes pngWithBombs(const std::string &name, const Bytes &start, int times)
+{
+    const Bytes same(7'900'000, 'a');
+    uLongf size = compressBound(same.size());
+    Bytes packed(size);
+    compress(packed.data(), &size, same.data(), same.size());
+    packed.resize(size);
+    Bytes png = makePng(8, 8, 0xFF0000);
+    for (int i = 0; i < times; ++i)
+        insertChunk(png, name, start + packed);
+    return png;
+}
+
+/// Bytes of address space: "VmSize" now, "VmPeak" the most so far.
+uint64_t memoryInUse(const std::string &kind)
+{
+    std::ifstream status("/proc/self/status");
+    uint64_t kilobytes = 0;
+    for (std::string word; status >> word;) {
+        if (word == kind + ':')
+            status >> kilobytes;
+    }
+    return kilobytes * 1024;
+}
+
+/// Does the work in a process of its own; true when it says so and never took more than `bytes`.
+/// Decoders may live on without memory that they do not get, so the limit lies above.
+template<typename Work>
+bool isDoneWithin(uint64_t bytes, const Work &work)
+{
+    mallopt(M_MMAP_THRESHOLD, 1 << 16); // what is taken is seen, and given back
+    malloc_trim(0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const uint64_t before = memoryInUse("VmSize");
+        const uint64_t spare = uint64_t{1} << 30;
+        const rlimit limit = {before + bytes + spare, before + bytes + spare};
+        setrlimit(RLIMIT_AS, &limit);
+        try {
+            const bool isDone = work();
+            _exit(isDone && memoryInUse("VmPeak") <= before + bytes ? 0 : 1);
+        } catch (const std::bad_alloc &) {
+            _exit(2);
+        }
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 } // namespace
@@ -225,6 +302,30 @@ TEST(Images, everyTruncationIsAnErrorOrAPicture)
             const auto whole = static_cast<size_t>(image.width * image.height * 2);
             EXPECT_TRUE(!problem.empty() || image.pixels.size() == whole) << length;
         }
+    }
+}
+
+// What a file holds besides its pixels costs nothing, and a picture no more than its size allows.
+TEST(Images, memoryIsBoundBySize)
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitizers take terabytes of address space";
+#endif
+    const auto named = [](std::string start) { return textBytes(start + '\0' + '\0'); };
+    const std::tuple<const char *, EImageFile, uint64_t, Bytes> files[] = {
+        {"text", EImageFile::Png, 64, pngWithBombs("zTXt", named("Comment"), 40)},
+        {"international text", EImageFile::Png, 64,
+         pngWithBombs("iTXt", textBytes(std::string("Comment\0\1\0\0\0", 12)), 40)},
+        {"profile", EImageFile::Png, 64, pngWithBombs("iCCP", named("Profile"), 1)},
+        {"full size", EImageFile::Png, 2048 * 2048, makePng(2048, 2048, 0xFF0000)},
+        {"all of it at once", EImageFile::Jpeg, 2048 * 2048, makeJpeg(2048, 2048, 0xFF0000, true)},
+    };
+    for (const auto &[name, kind, pixels, bytes] : files) {
+        EXPECT_TRUE(isDoneWithin(kivemu::memoryOfPicture(pixels), [kind = kind, &bytes = bytes] {
+            kivemu::SDecodedImage image;
+            return decode(kind, bytes, false, image, 1 << 23).empty() &&
+                   pixel565(image, 3, 3) >> 11 == 0x1F;
+        })) << name;
     }
 }
 
