@@ -9,6 +9,7 @@
 #include "ConvertedImageFacts.h"
 #include "FileNames.h"
 #include "ImageNames.h"
+#include "PictureFile.h"
 #include "PropertyKey.h"
 
 #include <QDir>
@@ -107,8 +108,9 @@ CImageFileConverter::Paths CImageFileConverter::place(const QString &source, int
         return placeRaw(source);
     if (CBitmapFormatTable::path(formatCode) == CBitmapFormatTable::EPath::None)
         return refuse(tr("there is no such bitmap format"));
+    // What cannot be told here, the tool decides.
     const QSize size =
-        imageFileSize(source, ETurn::AsMarked); // what cannot be told here, the tool decides
+        PictureFile::size(source, PictureFile::formatOf(source), PictureFile::ETurn::AsMarked);
     if (!size.isEmpty() && !isWithinLimit(size))
         return failAsTooLarge(source), Paths();
 
@@ -306,7 +308,7 @@ std::optional<SConvertedImage> CImageFileConverter::mediaImage(const QString &fi
     quint32 width = 0;
     quint32 height = 0;
     if (!image.video)
-        size = imageFileSize(file, ETurn::AsStored);
+        size = PictureFile::size(file, PictureFile::formatOf(file), PictureFile::ETurn::AsStored);
     else if (aviFrameSize(file, width, height))
         size = {static_cast<int>(qMin<quint32>(width, MaxImageSide + 1)),
                 static_cast<int>(qMin<quint32>(height, MaxImageSide + 1))};

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -19,22 +18,4 @@ QSize describedSize(const QString &rawFile)
         return {};
     return {object.value(QStringLiteral("width")).toInt(),
             object.value(QStringLiteral("height")).toInt()};
-}
-
-QSize imageFileSize(const QString &file, ETurn turn)
-{
-    const QFileInfo info(file);
-    if (!info.isFile()) // a pipe or a device could keep the editor waiting for ever
-        return {};
-    QByteArray format = info.suffix().toLower().toLatin1();
-    if (format == "jpeg")
-        format = "jpg";
-    if (format != "png" && format != "jpg" && format != "bmp")
-        return {};
-    QImageReader reader(file, format);
-    reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
-    const bool isTurned = turn == ETurn::AsMarked &&
-                          reader.transformation() & QImageIOHandler::TransformationRotate90;
-    return isTurned ? size.transposed() : size;
 }

@@ -1,14 +1,14 @@
 #include "CStartPage.h"
 
 #include "CMenuBar.h"
+#include "PictureFile.h"
 #include "ProgramInfo.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QDirIterator>
 #include <QEvent>
-#include <QFile>
 #include <QGuiApplication>
-#include <QImageReader>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStyle>
@@ -26,6 +26,7 @@ const QString ForgetLink = QStringLiteral("forget:");
 constexpr int MaxMargin = 48;
 constexpr int MaxWidth = 640; // pixels, of the texts
 constexpr int Gap = 16;
+constexpr PictureFile::SLimits PreviewLimits = {1024, 4 << 20};
 
 QStringList projectsBelow(const QString &folder)
 {
@@ -42,20 +43,25 @@ QString paragraph(const QString &html)
     return QStringLiteral("<p style=\"margin:0 0 6px 0\">%1</p>").arg(html);
 }
 
-QString pictureOf(const QString &project)
+/// The text of a rich text reads its images by itself, from anywhere and without limits; so it gets
+/// them as we have read them.
+QString addressOf(const QImage &image)
 {
-    return QFileInfo(project).path() + QStringLiteral("/preview.png");
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(bytes.toBase64());
 }
 
 /// With its colour: a document takes that of links from the palette only when it is read. Under the
-/// picture, if there is such a file, in that width.
+/// picture, if there is one, in that width.
 QString link(const QString &target, const QString &text, const QString &picture = {}, int width = 0)
 {
-    const QString image = QFile::exists(picture)
-                              ? QStringLiteral("<img src=\"%1\" width=\"%2\"><br>")
-                                    .arg(picture.toHtmlEscaped())
-                                    .arg(width)
-                              : QString();
+    const QString image =
+        picture.isEmpty()
+            ? QString()
+            : QStringLiteral("<img src=\"%1\" width=\"%2\"><br>").arg(picture).arg(width);
     return QStringLiteral("<a style=\"text-decoration:none;color:%1\" href=\"%2\">%3%4</a>")
         .arg(QGuiApplication::palette().color(QPalette::Link).name(), target.toHtmlEscaped(), image,
              text.toHtmlEscaped());
@@ -63,10 +69,7 @@ QString link(const QString &target, const QString &text, const QString &picture 
 } // namespace
 
 CStartPage::CStartPage(const QString &examples, QWidget *parent)
-    : QWidget(parent),
-      m_examples(projectsBelow(examples)),
-      m_area(new QScrollArea(this)),
-      m_label(new QLabel)
+    : QWidget(parent), m_area(new QScrollArea(this)), m_label(new QLabel)
 {
     setObjectName(QStringLiteral("startPage"));
     setAutoFillBackground(true);
@@ -86,7 +89,28 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
     connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CStartPage::showTexts);
     parent->installEventFilter(this);
     setGeometry(parent->rect());
+    findExamples(examples);
     showTexts();
+}
+
+void CStartPage::findExamples(const QString &folder)
+{
+    const QStringList projects = projectsBelow(folder);
+    for (const QString &project : projects) {
+        const QString start = QFileInfo(project).path() + QStringLiteral("/preview");
+        QString error; // then it is shown without
+        QImage image =
+            PictureFile::read(start + QStringLiteral(".png"), "png", PreviewLimits, &error);
+        SExample example{project, image.width(), {}};
+        if (!image.isNull() && devicePixelRatioF() > 1) {
+            const QImage fine =
+                PictureFile::read(start + QStringLiteral("@2x.png"), "png", PreviewLimits, &error);
+            image = fine.isNull() ? image : fine;
+        }
+        if (!image.isNull())
+            example.picture = addressOf(image);
+        m_examples.append(example);
+    }
 }
 
 void CStartPage::setRecentProjects(const QStringList &paths)
@@ -156,18 +180,18 @@ QString CStartPage::examples() const
     QString rows;
     QString cells;
     int used = 0;
-    for (const QString &path : m_examples) {
-        const int width = std::min(QImageReader(pictureOf(path)).size().width(), room - Gap);
+    for (const SExample &example : m_examples) {
+        const int width = std::min(example.width, room - Gap);
         if (used > 0 && used + width > room) {
             rows += row(cells);
             cells.clear();
             used = 0;
         }
         used += width + Gap;
+        const QString name = QFileInfo(example.project).completeBaseName();
         cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
                      .arg(Gap)
-                     .arg(link(ExampleLink + path, QFileInfo(path).completeBaseName(),
-                               pictureOf(path), width));
+                     .arg(link(ExampleLink + example.project, name, example.picture, width));
     }
     return rows + row(cells);
 }

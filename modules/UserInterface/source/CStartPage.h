@@ -35,12 +35,20 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct SExample
+    {
+        QString project; ///< path of its file
+        int width = 0;   ///< pixels of its picture, 0 without one
+        QString picture; ///< as an address that holds the picture itself
+    };
+
+    void findExamples(const QString &folder);
     void showTexts();
     QString examples() const;
     QString leftWorkInRows() const;
     void follow(const QString &link);
 
-    QStringList m_examples; ///< paths of project files
+    QVector<SExample> m_examples;
     QStringList m_recent;
     QVector<CRecoveryCopy::SLeft> m_left;
     QScrollArea *m_area;

@@ -29,6 +29,7 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
 #include <QTreeWidget>
@@ -37,6 +38,7 @@
 #include <QUuid>
 
 #include <memory>
+#include <sys/stat.h>
 
 namespace {
 const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
@@ -114,6 +116,25 @@ private Q_SLOTS:
             QCOMPARE(meta->method(meta->methodOffset() + i).name(), expected[i]);
     }
 
+    /// What is there instead of a picture neither keeps the program waiting nor hides the example.
+    void startPageWithoutPictures()
+    {
+        const QTemporaryDir folder;
+        for (const char *name : {"pipe", "picture", "other"}) {
+            QVERIFY(QDir(folder.path()).mkdir(name));
+            QFile project(folder.filePath(QStringLiteral("%1/%1.nyx").arg(name)));
+            QVERIFY(project.open(QIODevice::WriteOnly));
+        }
+        QCOMPARE(mkfifo(qPrintable(folder.filePath("pipe/preview.png")), 0600), 0);
+        QVERIFY(QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("picture/preview.png")));
+        QVERIFY(QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("other/preview.png"), "bmp"));
+        QWidget window;
+        const CStartPage page(folder.path(), &window);
+        const QString text = page.findChild<QLabel *>()->text();
+        QCOMPARE(text.count("<img"), 1);
+        QCOMPARE(text.count("<img src=\"data:"), 1);
+        QCOMPARE(text.count("example:"), 3);
+    }
     void startPageLeadsToAProject()
     {
         auto *page = m_window->findChild<CStartPage *>();
