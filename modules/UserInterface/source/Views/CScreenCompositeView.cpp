@@ -31,6 +31,8 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
     connect(m_view, &CScreenView::pointerLeft, this, &CScreenCompositeView::hidePointer);
     connect(m_view->screenScene(), &QGraphicsScene::selectionChanged, this,
             &CScreenCompositeView::updateExtent);
+    connect(m_view->screenScene(), &CScreenScene::selectionShown, this,
+            &CScreenCompositeView::updateExtent);
     const CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
     connect(adapter, &CEmulatorAdapter::emulatorFrameCallback, this,
             &CScreenCompositeView::emulatorFrameCallback);

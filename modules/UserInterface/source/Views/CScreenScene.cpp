@@ -216,11 +216,14 @@ QVector<CItemModel *> CScreenScene::selectedModelItems() const
 
 void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
 {
-    const QSignalBlocker quiet(this);
-    for (CItemView *view : qAsConst(m_order))
-        view->setSelected(items.contains(view->item()));
+    {
+        const QSignalBlocker quiet(this);
+        for (CItemView *view : qAsConst(m_order))
+            view->setSelected(items.contains(view->item()));
+    }
     highlightObjectBehind(true);
     update();
+    Q_EMIT selectionShown();
 }
 
 QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,

@@ -72,6 +72,7 @@ public Q_SLOTS:
     void selectionChanged();
 
 Q_SIGNALS:
+    void selectionShown(); ///< of what was chosen elsewhere; selectionChanged() tells the others
     void gestureReported(const QString &readout);
     void gestureEnded();
     /// A drag has moved items; they stand at their old positions again.

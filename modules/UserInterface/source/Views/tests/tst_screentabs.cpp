@@ -3,8 +3,11 @@
 #include "CCommandChangeItemProperty.h"
 #include "CCommandDeleteScreen.h"
 #include "CCommandOrderItem.h"
+#include "CItemView.h"
+#include "CRuler.h"
 #include "CScreen.h"
 #include "CScreenNavigator.h"
+#include "CScreenScene.h"
 #include "CScreenView.h"
 #include "CanvasTestSupport.h"
 
@@ -66,6 +69,22 @@ private Q_SLOTS:
         QCOMPARE(project->screenCount(), 3);
         tabs.setProject(nullptr);
         QCOMPARE(tabs.count(), 0);
+    }
+
+    void rulersShowTheExtentOfWhatIsSelected()
+    {
+        OpenTabs open(1, 1);
+        auto &[project, tabs] = open;
+        CItemModel *box = appendBox(project->screen(0), 100, 50, 80, 40);
+        CRuler *ruler = tabs.findChild<CRuler *>();
+        const QImage none = ruler->grab().toImage();
+        tabs.currentView()->screenScene()->viewOf(box)->setSelected(true); // as a click does
+        const QImage clicked = ruler->grab().toImage();
+        QVERIFY(clicked != none);
+        tabs.currentView()->selectNone();
+        QCOMPARE(ruler->grab().toImage(), none);
+        tabs.currentView()->selectAll();
+        QCOMPARE(ruler->grab().toImage(), clicked);
     }
 
     void middleClickClosesATab()
