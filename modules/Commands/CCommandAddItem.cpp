@@ -3,9 +3,10 @@
 #include "CItemModel.h"
 #include "PropertyKey.h"
 #include "RowOperations.h"
+#include "ShownText.h"
 
 CCommandAddItem::CCommandAddItem(QStandardItem *parentItem, CItemModel *item, QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Add %1").arg(item->propertyText(PropertyKey::Name)), parent),
+    : QUndoCommand(QObject::tr("Add %1").arg(ShownText::name(item->name())), parent),
       m_parentItem(parentItem),
       m_item(item)
 {

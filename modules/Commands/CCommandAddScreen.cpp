@@ -3,10 +3,11 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "RowOperations.h"
+#include "ShownText.h"
 
 CCommandAddScreen::CCommandAddScreen(CScreenModel *screen, CProjectModel *project,
                                      QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Add %1").arg(screen->text()), parent),
+    : QUndoCommand(QObject::tr("Add %1").arg(ShownText::name(screen->text())), parent),
       m_project(project),
       m_screen(screen)
 {

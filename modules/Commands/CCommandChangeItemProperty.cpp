@@ -3,14 +3,15 @@
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "PropertyKey.h"
+#include "ShownText.h"
 
 CCommandChangeItemProperty::CCommandChangeItemProperty(CItemModel *item, const QString &key,
                                                        const QVariant &newValue,
                                                        const QVariant &oldValue,
                                                        QUndoCommand *parent)
-    : QUndoCommand(
-          QObject::tr("Change Property %1 %2").arg(item->propertyText(PropertyKey::Name), key),
-          parent),
+    : QUndoCommand(QObject::tr("Change Property %1 %2")
+                       .arg(ShownText::name(item->name()), ShownText::name(key)),
+                   parent),
       m_item(item),
       m_key(key),
       m_newValue(newValue),

@@ -4,11 +4,12 @@
 #include "CRemovedItems.h"
 #include "PropertyKey.h"
 #include "RowOperations.h"
+#include "ShownText.h"
 
 #include <QStandardItemModel>
 
 CCommandDeleteItem::CCommandDeleteItem(CItemModel *item, QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Delete %1").arg(item->propertyText(PropertyKey::Name)), parent),
+    : QUndoCommand(QObject::tr("Delete %1").arg(ShownText::name(item->name())), parent),
       m_project(item->model()),
       m_parentItem(item->parent()),
       m_row(item->row())

@@ -3,11 +3,12 @@
 #include "CRemovedItems.h"
 #include "CScreenModel.h"
 #include "RowOperations.h"
+#include "ShownText.h"
 
 #include <QStandardItemModel>
 
 CCommandDeleteScreen::CCommandDeleteScreen(CScreenModel *screen, QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Delete %1").arg(screen->text()), parent),
+    : QUndoCommand(QObject::tr("Delete %1").arg(ShownText::name(screen->text())), parent),
       m_project(screen->model()),
       m_row(screen->row())
 {

@@ -3,10 +3,11 @@
 #include "CItemModel.h"
 #include "PropertyKey.h"
 #include "RowOperations.h"
+#include "ShownText.h"
 
 CCommandInsertItem::CCommandInsertItem(QStandardItem *parentItem, CItemModel *item, int row,
                                        QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Insert %1").arg(item->propertyText(PropertyKey::Name)), parent),
+    : QUndoCommand(QObject::tr("Insert %1").arg(ShownText::name(item->name())), parent),
       m_parentItem(parentItem),
       m_item(item),
       m_row(row)

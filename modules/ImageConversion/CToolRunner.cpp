@@ -1,6 +1,7 @@
 #include "CToolRunner.h"
 
 #include "CToolProcess.h"
+#include "ShownText.h"
 
 #include <QApplication>
 #include <QDir>
@@ -34,7 +35,8 @@ QMessageBox *makeBox(const QString &title, const QString &text)
 {
     auto *box = new QMessageBox(QApplication::activeWindow());
     box->setWindowTitle(title);
-    box->setText(text);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(ShownText::message(text));
     box->setStandardButtons(QMessageBox::Cancel);
     auto *busy = new QProgressBar(box);
     busy->setRange(0, 0);

@@ -4,12 +4,32 @@
 #include "CErrorBox.h"
 #include "CProjectFile.h"
 #include "FileNames.h"
+#include "ShownText.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+
+namespace {
+/// Names and paths are part of what it asks.
+class CPlainBox final : public QMessageBox
+{
+public:
+    CPlainBox(Icon icon, const QString &title, const QString &text, StandardButtons buttons,
+              QWidget *window)
+        : QMessageBox(icon, title, text, buttons, window)
+    {
+        setTextFormat(Qt::PlainText);
+    }
+};
+
+QString shownPath(const QString &path)
+{
+    return ShownText::message(QDir::toNativeSeparators(path));
+}
+} // namespace
 
 CDialogQuestions::CDialogQuestions(QWidget *window, CErrorBox *errors,
                                    const CPlatformTable *platforms)
@@ -19,9 +39,9 @@ CDialogQuestions::CDialogQuestions(QWidget *window, CErrorBox *errors,
 
 IUserQuestions::EClose CDialogQuestions::saveBeforeClosing()
 {
-    QMessageBox box(QMessageBox::Question, QString(),
-                    tr("Do you want to save the current project before closing it?"),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
+    CPlainBox box(QMessageBox::Question, QString(),
+                  tr("Do you want to save the current project before closing it?"),
+                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Save:
@@ -44,11 +64,11 @@ bool CDialogQuestions::takeOverLock(const QString &)
 
 IUserQuestions::EOverwrite CDialogQuestions::overwriteChanged(const QString &projectFile)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Project changed on disk"),
-                    tr("%1 was changed by another program since it was opened here. Do you want "
-                       "to replace those changes by yours?")
-                        .arg(QDir::toNativeSeparators(projectFile)),
-                    QMessageBox::Cancel, m_window);
+    CPlainBox box(QMessageBox::Warning, tr("Project changed on disk"),
+                  tr("%1 was changed by another program since it was opened here. Do you want "
+                     "to replace those changes by yours?")
+                      .arg(shownPath(projectFile)),
+                  QMessageBox::Cancel, m_window);
     const QAbstractButton *overwrite = box.addButton(tr("Replace"), QMessageBox::DestructiveRole);
     QPushButton *saveAs = box.addButton(tr("Save As..."), QMessageBox::AcceptRole);
     box.setDefaultButton(saveAs);
@@ -60,11 +80,11 @@ IUserQuestions::EOverwrite CDialogQuestions::overwriteChanged(const QString &pro
 
 bool CDialogQuestions::saveElsewhere(const QString &projectFile)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Project taken over"),
-                    tr("%1 was taken over by another instance of this application and cannot be "
-                       "saved here. You can save your version under another name.")
-                        .arg(QDir::toNativeSeparators(projectFile)),
-                    QMessageBox::Cancel, m_window);
+    CPlainBox box(QMessageBox::Warning, tr("Project taken over"),
+                  tr("%1 was taken over by another instance of this application and cannot be "
+                     "saved here. You can save your version under another name.")
+                      .arg(shownPath(projectFile)),
+                  QMessageBox::Cancel, m_window);
     QPushButton *saveAs = box.addButton(tr("Save As..."), QMessageBox::AcceptRole);
     box.setDefaultButton(saveAs);
     box.exec();
@@ -73,22 +93,23 @@ bool CDialogQuestions::saveElsewhere(const QString &projectFile)
 
 bool CDialogQuestions::openSavedVersion(const QString &projectFile)
 {
-    return QMessageBox::question(
-               m_window, tr("Automatically saved changes"),
-               tr("The program ended while %1 was open. The file holds changes that were saved "
-                  "automatically after you had saved it last. Do you want to go back to the "
-                  "version that you saved? With No, the project is opened as the file has it.")
-                   .arg(QDir::toNativeSeparators(projectFile)),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    CPlainBox box(QMessageBox::Question, tr("Automatically saved changes"),
+                  tr("The program ended while %1 was open. The file holds changes that were saved "
+                     "automatically after you had saved it last. Do you want to go back to the "
+                     "version that you saved? With No, the project is opened as the file has it.")
+                      .arg(shownPath(projectFile)),
+                  QMessageBox::Yes | QMessageBox::No, m_window);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 bool CDialogQuestions::revert(const QString &projectFile)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Revert"),
-                    tr("Do you want to give up all changes since you last saved %1? This cannot be "
-                       "undone: the list of steps to undo begins anew.")
-                        .arg(QDir::toNativeSeparators(projectFile)),
-                    QMessageBox::Cancel, m_window);
+    CPlainBox box(QMessageBox::Warning, tr("Revert"),
+                  tr("Do you want to give up all changes since you last saved %1? This cannot be "
+                     "undone: the list of steps to undo begins anew.")
+                      .arg(shownPath(projectFile)),
+                  QMessageBox::Cancel, m_window);
     const QAbstractButton *revert = box.addButton(tr("Revert"), QMessageBox::DestructiveRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
@@ -97,11 +118,11 @@ bool CDialogQuestions::revert(const QString &projectFile)
 
 bool CDialogQuestions::forgetLeftWork(const QString &projectName)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Unsaved work"),
-                    tr("Do you want to delete the recovery copy of \"%1\"? What it holds was not "
-                       "saved.")
-                        .arg(projectName),
-                    QMessageBox::Cancel, m_window);
+    CPlainBox box(QMessageBox::Warning, tr("Unsaved work"),
+                  tr("Do you want to delete the recovery copy of \"%1\"? What it holds was not "
+                     "saved.")
+                      .arg(ShownText::name(projectName)),
+                  QMessageBox::Cancel, m_window);
     const QAbstractButton *remove = box.addButton(tr("Delete"), QMessageBox::DestructiveRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.exec();
@@ -137,12 +158,13 @@ QString CDialogQuestions::projectToSave(const QString &folder, const QString &na
 
 bool CDialogQuestions::mayReplace(const QString &path)
 {
-    return !QFileInfo::exists(path) ||
-           QMessageBox::warning(m_window, tr("Save As"),
-                                tr("%1 already exists. Do you want to replace it?")
-                                    .arg(QDir::toNativeSeparators(path)),
-                                QMessageBox::Yes | QMessageBox::No,
-                                QMessageBox::No) == QMessageBox::Yes;
+    if (!QFileInfo::exists(path))
+        return true;
+    CPlainBox box(QMessageBox::Warning, tr("Save As"),
+                  tr("%1 already exists. Do you want to replace it?").arg(shownPath(path)),
+                  QMessageBox::Yes | QMessageBox::No, m_window);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 std::optional<IUserQuestions::ProjectOptions> CDialogQuestions::newProject()

@@ -1,5 +1,7 @@
 #include "CErrorBox.h"
 
+#include "ShownText.h"
+
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -22,6 +24,7 @@ CErrorBox::CErrorBox(QWidget *window)
       m_saveAs(new QPushButton)
 {
     m_reason->setObjectName(QStringLiteral("errorReason"));
+    m_reason->setTextFormat(Qt::PlainText);
     m_reason->setWordWrap(true);
     m_reason->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_saveAs->setObjectName(QStringLiteral("errorSaveAs"));
@@ -52,8 +55,9 @@ void CErrorBox::retranslate()
     m_saveAs->setText(tr("Save As..."));
 }
 
-void CErrorBox::tell(const QString &text, const QString &reason)
+void CErrorBox::tell(const QString &foreign, const QString &reason)
 {
+    const QString text = ShownText::message(foreign);
     if (m_isQuiet)
         hide(); // it has been seen, and this one is to be answered
     if (!isVisible())
@@ -63,8 +67,9 @@ void CErrorBox::tell(const QString &text, const QString &reason)
     showReason();
 }
 
-void CErrorBox::tellQuietly(const QString &text, const QString &reason)
+void CErrorBox::tellQuietly(const QString &foreign, const QString &reason)
 {
+    const QString text = ShownText::message(foreign);
     if (!parentWidget()->isVisible()) {
         tell(text, reason);
         return;
@@ -102,7 +107,7 @@ void CErrorBox::setQuiet(bool isQuiet)
 void CErrorBox::showReason()
 {
     const QString reason = m_reasons.value(m_text->toPlainText());
-    m_reason->setText(reason.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")));
+    m_reason->setText(ShownText::message(reason));
     m_reason->setVisible(!reason.isEmpty());
     stayInCorner();
 }

@@ -14,6 +14,7 @@
 #include "CMainPanels.h"
 #include "CMenuBar.h"
 #include "COptionDialog.h"
+#include "CPlainToolTips.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
@@ -29,6 +30,7 @@
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramInfo.h"
+#include "ShownText.h"
 
 #include <QAction>
 #include <QApplication>
@@ -69,6 +71,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_theme.apply(CTheme::Kind::Dark); // what is made from here on is made for a theme at once
     resize(placed({QPoint(), FirstSize}, *this).size());
     new CWindowPlacement(this);
+    new CPlainToolTips(this);
     const SSettings settings = m_settings->read();
     if (m_languages->load(settings.language))
         m_chosenLanguage = settings.language;
@@ -189,7 +192,7 @@ void CMainWindow::connectSession()
                 statusBar()->showMessage((kind == CProjectFile::EWrite::ByUser
                                               ? tr("Saved %1")
                                               : tr("Saved automatically: %1"))
-                                             .arg(QDir::toNativeSeparators(path)),
+                                             .arg(ShownText::name(QDir::toNativeSeparators(path))),
                                          SavedTime);
                 showSaveState();
             });

@@ -6,6 +6,7 @@
 #include "CRecentProjects.h"
 #include "CThemeIcons.h"
 #include "CZoomComboWidget.h"
+#include "ShownText.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -164,8 +165,11 @@ void CMenuBar::updateUndoTexts()
     const QUndoGroup *undo = m_window->undoGroup();
     const auto show = [this](EAction id, const QString &command) {
         const QString verb = tr(actions()[id].text);
-        m_actions[id]->setText(command.isEmpty() ? verb : verb + QLatin1Char(' ') + command);
-        m_actions[id]->setToolTip(plain(m_actions[id]->text()));
+        const auto with = [&command](const QString &text, const QString &shown) {
+            return command.isEmpty() ? text : text + QLatin1Char(' ') + shown;
+        };
+        m_actions[id]->setText(with(verb, ShownText::label(command)));
+        m_actions[id]->setToolTip(with(plain(verb), command));
     };
     show(Undo, undo->undoText());
     show(Redo, undo->redoText());
@@ -215,10 +219,9 @@ void CMenuBar::updateRecentSubMenu()
     m_recentActions.clear();
     for (const QFileInfo &each : m_window->recentProjects()->entries()) {
         // A mnemonic is not meant where a file name holds an ampersand.
-        QString text = shortened(each.fileName());
-        auto *action = new QAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")), m_window);
+        auto *action = new QAction(ShownText::label(shortened(each.fileName())), m_window);
         action->setWhatsThis(each.absoluteFilePath());
-        action->setStatusTip(each.absoluteFilePath());
+        action->setStatusTip(ShownText::name(each.absoluteFilePath()));
         m_recentActions.append(action);
         m_menus[RecentMenu]->addAction(action);
     }

@@ -3,6 +3,7 @@
 #include "CMenuBar.h"
 #include "PictureFile.h"
 #include "ProgramInfo.h"
+#include "ShownText.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -143,9 +144,10 @@ void CStartPage::showTexts()
     for (const QString &path : qAsConst(m_recent)) {
         const QFileInfo info(path);
         html += paragraph(
-            link(FileLink + path, CMenuBar::shortened(info.fileName())) +
+            link(FileLink + path, ShownText::name(CMenuBar::shortened(info.fileName()))) +
             QStringLiteral("&nbsp;&nbsp;<span style=\"color:%1\">%2</span>")
-                .arg(quiet.name(), QDir::toNativeSeparators(info.path()).toHtmlEscaped()));
+                .arg(quiet.name(),
+                     ShownText::name(QDir::toNativeSeparators(info.path())).toHtmlEscaped()));
     }
     if (!m_examples.isEmpty())
         html += heading(tr("Examples")) + examples();
@@ -159,10 +161,10 @@ QString CStartPage::leftWorkInRows() const
     for (int i = 0; i < m_left.size(); ++i) {
         const QString index = QString::number(i);
         const QString when = m_left[i].written.toString(tr("yyyy-MM-dd hh:mm", "form of a time"));
-        rows +=
-            paragraph(link(RecoverLink + index, tr("Recover \"%1\"").arg(m_left[i].projectName)) +
-                      QStringLiteral("&nbsp;&nbsp;%1&nbsp;&nbsp;").arg(when.toHtmlEscaped()) +
-                      link(ForgetLink + index, tr("Delete")));
+        rows += paragraph(link(RecoverLink + index,
+                               tr("Recover \"%1\"").arg(ShownText::name(m_left[i].projectName))) +
+                          QStringLiteral("&nbsp;&nbsp;%1&nbsp;&nbsp;").arg(when.toHtmlEscaped()) +
+                          link(ForgetLink + index, tr("Delete")));
     }
     return rows;
 }
@@ -188,7 +190,7 @@ QString CStartPage::examples() const
             used = 0;
         }
         used += width + Gap;
-        const QString name = QFileInfo(example.project).completeBaseName();
+        const QString name = ShownText::name(QFileInfo(example.project).completeBaseName());
         cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
                      .arg(Gap)
                      .arg(link(ExampleLink + example.project, name, example.picture, width));

@@ -1,5 +1,7 @@
+#include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
+#include "CDialogQuestions.h"
 #include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
 #include "CItemModel.h"
@@ -9,18 +11,21 @@
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenNavigator.h"
 #include "CSettings.h"
 #include "CStartPage.h"
 #include "CWidgetPropertiesView.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
+#include "PropertyKey.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QDockWidget>
 #include <QErrorMessage>
 #include <QFileDialog>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -29,9 +34,12 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -527,6 +535,63 @@ private Q_SLOTS:
         QCOMPARE(save->toolTip(), nothingToSave);
         QVERIFY(m_window->statusBar()->currentMessage().contains(QStringLiteral("mine.1.nyx")));
         QCOMPARE(readFile(example), twoPages());
+    }
+
+    void foreignTexts_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("shown");
+        const QString html = QStringLiteral("<img src=/nowhere> & <b>co</b>");
+        QTest::newRow("HTML") << html << html;
+        QTest::newRow("turned round, unseen")
+            << QStringLiteral("a\u202eb\u0085c") << QStringLiteral("a[U+202E]b[U+0085]c");
+        QTest::newRow("long") << QString(100000, 'x') << QString(250, 'x') + QChar(0x2026);
+    }
+
+    /// Names and values of a project are plain text wherever they are shown.
+    void foreignTexts()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, shown);
+        const QByteArray written = name.toHtmlEscaped().toUtf8();
+        writeFile(m_project, twoPages().replace("First", written).replace("demo", written));
+        QVERIFY(m_window->openProjectFile(m_project));
+        CScreenModel *page = m_window->project()->screen(0);
+        QCOMPARE(page->name(), name);
+        QVERIFY(m_window->windowTitle().startsWith(shown));
+        page->project()->undoStack()->push(
+            new CCommandChangeItemProperty(page, PropertyKey::Name, name, QString()));
+        QVERIFY(m_window->undoGroup()->undoText().contains(shown));
+
+        auto *tabs = m_window->findChild<CScreen *>()->tabBar();
+        QCOMPARE(tabs->tabText(0), QString(shown).replace("&", "&&"));
+        auto *navigator = m_window->findChild<CScreenNavigator *>();
+        QCOMPARE(navigator->item(0)->text(), shown);
+        auto *rows = m_window->findChild<CWidgetPropertiesView *>()->findChild<QTreeWidget *>();
+        QTRY_VERIFY(rows->topLevelItemCount() > 0);
+        rows->topLevelItem(0)->setToolTip(0, name);
+        const std::pair<QWidget *, QPoint> places[] = {
+            {tabs, tabs->tabRect(0).center()},
+            {navigator->viewport(), navigator->visualItemRect(navigator->item(0)).center()},
+            {rows->viewport(), rows->visualItemRect(rows->topLevelItem(0)).topLeft()},
+        };
+        for (const auto &[place, position] : places) {
+            QToolTip::hideText();
+            QHelpEvent hover(QEvent::ToolTip, position, place->mapToGlobal(position));
+            QCoreApplication::sendEvent(place, &hover);
+            const QString tip = QToolTip::text();
+            const QString seen =
+                Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip;
+            QVERIFY2(seen.startsWith(shown.left(250)), qPrintable(tip.left(99)));
+            QVERIFY(seen.size() <= 1001);
+        }
+        CDialogQuestions questions(m_window.get(), nullptr, nullptr);
+        m_answers->expect([&](QDialog *dialog) {
+            const auto *box = qobject_cast<QMessageBox *>(dialog);
+            QCOMPARE(box->textFormat(), Qt::PlainText);
+            QVERIFY(box->text().contains(shown));
+        });
+        QVERIFY(!questions.forgetLeftWork(name));
     }
 
     /// Each time, with its reason; there is nothing to silence it with.

@@ -2,6 +2,7 @@
 
 #include "CScreenshotWriter.h"
 #include "CThemeIcons.h"
+#include "ShownText.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -104,7 +105,8 @@ void CPrintScreenDialog::fill()
 {
     const Pictures pictures = m_pictures();
     for (const auto &[name, picture] : pictures) {
-        auto *item = new QListWidgetItem(iconOf(picture, devicePixelRatioF()), name, m_screens);
+        auto *item = new QListWidgetItem(iconOf(picture, devicePixelRatioF()),
+                                         ShownText::name(name), m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
         m_shown.append(picture.cacheKey());
@@ -126,7 +128,7 @@ void CPrintScreenDialog::refresh()
 
 void CPrintScreenDialog::showFolder()
 {
-    m_location->setText(tr("Save Location: ") + m_folder);
+    m_location->setText(tr("Save Location: ") + ShownText::message(m_folder));
     m_location->setToolTip(m_folder);
 }
 

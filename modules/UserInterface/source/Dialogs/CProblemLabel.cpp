@@ -1,5 +1,7 @@
 #include "CProblemLabel.h"
 
+#include "ShownText.h"
+
 #include <QApplication>
 #include <QEvent>
 
@@ -13,7 +15,7 @@ CProblemLabel::CProblemLabel(QWidget *parent) : QLabel(parent)
 
 void CProblemLabel::setProblem(const QString &text)
 {
-    setText(text);
+    setText(ShownText::message(text));
     setToolTip(text); // for a text that is longer than the line
 }
 

@@ -9,6 +9,7 @@
 #include "CWidgetLibraryManager.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
+#include "ShownText.h"
 
 #include <QLineEdit>
 #include <QPainter>
@@ -73,6 +74,7 @@ void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,
                                         const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = ShownText::name(option->text);
     if (const CItemModel *item = itemOf(index)) {
         option->features |= QStyleOptionViewItem::HasDecoration;
         option->icon = iconOf(*item);

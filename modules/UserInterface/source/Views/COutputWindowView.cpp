@@ -1,5 +1,7 @@
 #include "COutputWindowView.h"
 
+#include "ShownText.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
@@ -10,13 +12,6 @@
 namespace {
 
 constexpr int CountsDelay = 200; ///< milliseconds
-constexpr int MaxShown = 1000;   ///< characters of a text that is shown
-
-/// Laying out a text that has no spaces takes time with the square of its length.
-QString shortened(const QString &text)
-{
-    return text.size() <= MaxShown ? text : text.left(MaxShown) + QChar(0x2026);
-}
 
 /// The id in "<type> <id>: what is wrong", or -1.
 qint64 itemNamedBy(const QString &error)
@@ -164,10 +159,10 @@ void COutputWindowView::rewriteBlock(int index)
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     cursor.insertText(message.time + QStringLiteral("  "), quiet);
-    QString text = shortened(message.text);
+    QString text = ShownText::message(message.text);
     text.replace(QLatin1Char('\n'), QChar::LineSeparator); // a message stays one block
     if (!message.screen.isEmpty())
-        text.prepend(shortened(message.screen) + QStringLiteral("  "));
+        text.prepend(ShownText::name(message.screen) + QStringLiteral("  "));
     cursor.insertText(text, plain);
     if (message.count > 1)
         cursor.insertText(QStringLiteral("  ") + tr("(%1 times)").arg(message.count), quiet);

@@ -9,6 +9,7 @@
 #include "CScreenView.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
+#include "ShownText.h"
 
 #include <QEvent>
 #include <QInputDialog>
@@ -124,9 +125,15 @@ CScreenCompositeView *CScreen::addPage(CScreenModel *screen)
 {
     auto *added = new CScreenCompositeView(screen, this);
     connectView(added);
-    const int index = addTab(added, screen->name());
-    setTabToolTip(index, screen->name());
+    const int index = addTab(added, QString());
+    showName(index, *screen);
     return added;
+}
+
+void CScreen::showName(int index, const CItemModel &screen)
+{
+    setTabText(index, ShownText::label(screen.name()));
+    setTabToolTip(index, screen.name());
 }
 
 void CScreen::connectView(CScreenCompositeView *page)
@@ -217,8 +224,7 @@ void CScreen::propertyChanged(CItemModel *item, const QString &key)
     if (!opened)
         return;
     const int index = indexOf(opened);
-    setTabText(index, item->name());
-    setTabToolTip(index, item->name());
+    showName(index, *item);
 }
 
 void CScreen::selectItems(const QList<CItemModel *> &items)

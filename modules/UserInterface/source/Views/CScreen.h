@@ -79,6 +79,7 @@ private:
     CScreenCompositeView *page(int index) const;
     CScreenCompositeView *pageOf(const QStandardItem *screen) const;
     CScreenCompositeView *addPage(CScreenModel *screen);
+    void showName(int index, const CItemModel &screen);
     void connectView(CScreenCompositeView *page);
     void removePage(CScreenCompositeView *page);
     void rowsInserted(const QModelIndex &parent, int first, int last);

@@ -5,6 +5,7 @@
 #include "CScreenModel.h"
 #include "CThemeIcons.h"
 #include "PropertyKey.h"
+#include "ShownText.h"
 
 #include <QPainter>
 #include <QTimer>
@@ -76,7 +77,7 @@ void CScreenNavigator::rebuild()
     QList<CScreenModel *> changed;
     for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
         CScreenModel *screen = m_project->screen(row);
-        auto *entry = new QListWidgetItem(screen->name(), this);
+        auto *entry = new QListWidgetItem(ShownText::name(screen->name()), this);
         showThumbnail(entry, m_frames.value(screen));
         if (m_frames.contains(screen))
             frames.insert(screen, m_frames.value(screen));
@@ -136,7 +137,7 @@ void CScreenNavigator::propertyChanged(CItemModel *item, const QString &key)
 {
     if (item->kind() == CItemModel::Kind::Screen && key == PropertyKey::Name && item->model()) {
         if (QListWidgetItem *entry = entryOf(static_cast<CScreenModel *>(item)))
-            entry->setText(item->name());
+            entry->setText(ShownText::name(item->name()));
     }
     if (item->model() == m_project)
         markChanged(item);

@@ -3,6 +3,7 @@
 #include "CToolboxModel.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetLibraryModel.h"
+#include "ShownText.h"
 
 #include <QCoreApplication>
 #include <QDataStream>
@@ -76,7 +77,7 @@ void CWidgetSelectionView::setToolbox(const CToolboxModel *toolbox,
 void CWidgetSelectionView::retranslate()
 {
     for (int row = 0; row < count(); ++row) {
-        item(row)->setText(translated(item(row)->data(NameRole)));
+        item(row)->setText(ShownText::name(translated(item(row)->data(NameRole))));
         const QVariant tip = item(row)->data(TipRole);
         if (!tip.toString().isEmpty())
             item(row)->setToolTip(translated(tip));
