@@ -106,7 +106,7 @@ public:
     bool saveToFile(const QString &filePath, QString *error) const;
     bool loadFromFile(const QString &filePath, QString *error);
 
-    /// Whether the bytes are a project document; otherwise the reason.
+    /// Whether the bytes are a project document that can be saved again; otherwise the reason.
     static bool isProjectDocument(const QByteArray &xml, QString *error);
 
     void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) override;
@@ -120,6 +120,8 @@ private:
     void reset();
     void applyProjectProperty(const QString &name, const QString &text);
     CScreenModel *makeScreen() const;
+    void read(const QByteArray &xml);
+    static QString savingRefusal(const QByteArray &xml);
     void appendLoadedScreens(const QVector<CScreenModel *> &screens);
     QVector<const CWidgetProperty *> savedProperties() const;
     QString savedText(const CWidgetProperty &property, const QString &filePath) const;

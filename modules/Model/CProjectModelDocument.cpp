@@ -3,6 +3,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CXmlGuard.h"
+#include "CXmlTagScan.h"
 #include "CXmlWriter.h"
 #include "ItemXml.h"
 #include "PropertyKey.h"
@@ -146,8 +147,11 @@ bool CProjectModel::isProjectDocument(const QByteArray &xml, QString *error)
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
     reader.readNextStartElement();
-    if (reader.qualifiedName() == TypeName::Project)
-        return true;
+    if (reader.qualifiedName() == TypeName::Project) {
+        const QString unsaveable = savingRefusal(xml);
+        setError(error, unsaveable);
+        return unsaveable.isEmpty();
+    }
     setError(error, tr("The root element is %1 instead of %2.")
                         .arg(reader.qualifiedName().toString(), TypeName::Project));
     return false;
@@ -159,6 +163,34 @@ bool CProjectModel::loadFromBytes(const QByteArray &xml, QString *error)
     if (!isProjectDocument(xml, error))
         return false;
 
+    read(xml);
+    return true;
+}
+
+/// Items gain what their kind has and the document leaves out, so a document that may be read can
+/// become one that may not be written. A user must not learn that after hours of work.
+QString CProjectModel::savingRefusal(const QByteArray &xml)
+{
+    constexpr int ownAttributes = 200; // of an item; no kind has as many
+    constexpr qint64 ownBytes = 4096;  // what they take up
+    const CXmlTagScan tags(xml);
+    const qint64 elements = xml.count('<');
+    const bool isFarFromLimits =
+        tags.mostInOneElement() + ownAttributes <= CXmlGuard::MaxAttributesOfElement &&
+        tags.attributes() + elements * ownAttributes <= CXmlGuard::MaxAttributes &&
+        xml.size() + elements * ownBytes <= CXmlGuard::MaxBytes;
+    if (isFarFromLimits)
+        return {};
+    CProjectModel trial;
+    trial.read(xml);
+    QString refusal;
+    trial.saveToBytes(&refusal);
+    return refusal;
+}
+
+/// A document that was let through.
+void CProjectModel::read(const QByteArray &xml)
+{
     reset();
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
@@ -176,7 +208,6 @@ bool CProjectModel::loadFromBytes(const QByteArray &xml, QString *error)
         ItemXml::read(*screens.last(), reader);
     }
     appendLoadedScreens(screens);
-    return true;
 }
 
 bool CProjectModel::saveToFile(const QString &filePath, QString *error) const

@@ -140,7 +140,8 @@ std::optional<QDomDocument> CXmlGuard::parse(const QByteArray &xml, QString *err
 std::optional<QByteArray> CXmlGuard::readFile(const QString &path, QString *error)
 {
     // Anything but a regular file may never end or never begin.
-    if (!QFileInfo(path).isFile()) {
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) {
         setError(error, tr("%1 is not a file.").arg(path));
         return {};
     }

@@ -163,6 +163,23 @@ void tst_Files::readsRegularFilesOnly()
         QVERIFY(!CXmlGuard::readFile(path, &error));
         QVERIFY(error.contains(path));
     }
+    const auto refusedToOthers = [](const QString &path) {
+        return inChild([&] {
+            if (getuid() == 0 && setuid(65534) != 0) // root may read everything
+                return 2;
+            QString error;
+            CXmlGuard::readFile(path, &error);
+            return int(error.contains(QStringLiteral("Permission denied")));
+        });
+    };
+    const QString inner = folder.filePath(QStringLiteral("inner"));
+    QVERIFY(QDir().mkdir(inner) && chmod(qPrintable(folder.path()), 0755) == 0);
+    const QString hidden = inner + QStringLiteral("/a");
+    QVERIFY(QFile(hidden).open(QIODevice::WriteOnly) && chmod(qPrintable(hidden), 0) == 0);
+    QCOMPARE(refusedToOthers(hidden), 1);
+    QCOMPARE(chmod(qPrintable(inner), 0), 0); // nor the folder
+    QCOMPARE(refusedToOthers(hidden), 1);
+    QCOMPARE(chmod(qPrintable(inner), 0700), 0);
 }
 
 void tst_Files::safeNames()
