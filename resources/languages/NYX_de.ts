@@ -1168,6 +1168,10 @@
         <translation>Im Ordner von %1 kann keine Sperrdatei angelegt werden. Das Projekt ist deshalb nicht davor geschützt, zweimal geöffnet zu werden.</translation>
     </message>
     <message>
+        <source>%1 is not a lock file, so the project is not protected against being opened twice.</source>
+        <translation>%1 ist keine Sperrdatei. Das Projekt ist deshalb nicht davor geschützt, zweimal geöffnet zu werden.</translation>
+    </message>
+    <message>
         <source>Could not open specified project file.</source>
         <translation>Die angegebene Projektdatei konnte nicht geöffnet werden.</translation>
     </message>

@@ -1168,6 +1168,10 @@
         <translation>%1 所在的文件夹无法存放锁文件，因此该项目没有防止重复打开的保护。</translation>
     </message>
     <message>
+        <source>%1 is not a lock file, so the project is not protected against being opened twice.</source>
+        <translation>%1 不是锁文件，因此该项目没有防止重复打开的保护。</translation>
+    </message>
+    <message>
         <source>Could not open specified project file.</source>
         <translation>无法打开指定的项目文件。</translation>
     </message>

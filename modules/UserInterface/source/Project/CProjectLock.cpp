@@ -48,7 +48,12 @@ CProjectLock::~CProjectLock()
 
 QString CProjectLock::lockPath(const QString &projectFile)
 {
-    const QFileInfo info(projectFile);
+    const QFileInfo named(projectFile);
+    const QString file = named.canonicalFilePath(); // empty while there is none
+    const QString folder = QFileInfo(named.absolutePath()).canonicalFilePath();
+    const QFileInfo info(!file.isEmpty()     ? file
+                         : !folder.isEmpty() ? folder + QLatin1Char('/') + named.fileName()
+                                             : projectFile);
     return info.absolutePath() + QStringLiteral("/.") + info.fileName() + QStringLiteral(".lock");
 }
 
@@ -58,7 +63,7 @@ std::optional<CProjectLock::SIdentity> CProjectLock::identityOf(const QString &p
     SIdentity identity{0, 0, {}};
 #ifdef Q_OS_UNIX
     struct stat status;
-    if (stat(QFile::encodeName(path).constData(), &status) != 0)
+    if (lstat(QFile::encodeName(path).constData(), &status) != 0)
         return std::nullopt;
     identity.device = status.st_dev;
     identity.inode = status.st_ino;
@@ -97,8 +102,18 @@ CProjectLock::EResult CProjectLock::takeOver()
     return lock();
 }
 
+/// Whether something stands there that must not be read: a pipe would never end, and a link leads
+/// into another's file.
+bool CProjectLock::isBlocked() const
+{
+    const QFileInfo info(m_path);
+    return info.isSymLink() || (info.exists() && !info.isFile());
+}
+
 CProjectLock::EResult CProjectLock::lock()
 {
+    if (isBlocked())
+        return EResult::NotAFile;
     auto lock = std::make_unique<QLockFile>(m_path);
     lock->setStaleLockTime(0); // age proves nothing: a project may stay open for days
     if (!lock->tryLock(0))

@@ -21,7 +21,8 @@ public:
     enum class EResult {
         Taken,
         HeldElsewhere, ///< by another program, or by nobody knows whom
-        Unavailable    ///< the folder cannot hold a lock file
+        Unavailable,   ///< the folder cannot hold a lock file
+        NotAFile       ///< a folder, a pipe or a link stands in its place; it is left alone
     };
 
     explicit CProjectLock(const QString &projectFile);
@@ -29,7 +30,8 @@ public:
     CProjectLock(const CProjectLock &) = delete;
     CProjectLock &operator=(const CProjectLock &) = delete;
 
-    /// "/folder/.name.nyx.lock" for "/folder/name.nyx"
+    /// "/folder/.name.nyx.lock" for "/folder/name.nyx". Beside the file itself, through whatever
+    /// links it is reached.
     static QString lockPath(const QString &projectFile);
 
     EResult tryLock();
@@ -49,6 +51,7 @@ public:
 private:
     struct SIdentity; ///< tells a lock file from one that has replaced it
 
+    bool isBlocked() const;
     EResult lock();
     void release();
     static std::optional<SIdentity> identityOf(const QString &path);

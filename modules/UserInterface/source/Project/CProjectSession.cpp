@@ -2,12 +2,12 @@
 
 #include "CImageMove.h"
 #include "CProjectFile.h"
-#include "CProjectLock.h"
 #include "CProjectModel.h"
 #include "CRecentProjects.h"
 #include "CXmlGuard.h"
 #include "IUserQuestions.h"
 #include "PropertyKey.h"
+#include "ShownText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -50,7 +50,8 @@ QString CProjectSession::title() const
     if (!m_project)
         return {};
     return tr("%1 for %2")
-        .arg(m_project->propertyText(PropertyKey::ProjectName), m_project->platform());
+        .arg(ShownText::name(m_project->propertyText(PropertyKey::ProjectName)),
+             ShownText::name(m_project->platform()));
 }
 
 void CProjectSession::setWorkingDirectory(const QString &folder)
@@ -64,7 +65,9 @@ bool CProjectSession::validate(const QFile &file) const
     const auto bytes = CXmlGuard::readFile(file.fileName(), &reason);
     if (bytes && CProjectModel::isProjectDocument(*bytes, &reason))
         return true;
-    m_user->showError(tr("The specified file is not a valid project file."), reason);
+    m_user->showError(bytes ? tr("The specified file is not a valid project file.")
+                            : tr("Could not open specified project file."),
+                      reason);
     return false;
 }
 
@@ -113,11 +116,20 @@ std::unique_ptr<CProjectLock> CProjectSession::lockFor(const QString &path, bool
         }
     }
     *given = true;
+    tellIfUnprotected(result, path);
+    return lock;
+}
+
+void CProjectSession::tellIfUnprotected(CProjectLock::EResult result, const QString &path) const
+{
     if (result == CProjectLock::EResult::Unavailable)
         m_user->showNotice(tr("The folder of %1 cannot hold a lock file, so the project is not "
                               "protected against being opened twice.")
                                .arg(QDir::toNativeSeparators(path)));
-    return lock;
+    if (result == CProjectLock::EResult::NotAFile)
+        m_user->showNotice(tr("%1 is not a lock file, so the project is not protected against "
+                              "being opened twice.")
+                               .arg(QDir::toNativeSeparators(CProjectLock::lockPath(path))));
 }
 
 bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
@@ -247,12 +259,14 @@ bool CProjectSession::saveAs()
         return moveTo(this->path());
 
     auto lock = std::make_unique<CProjectLock>(path);
-    if (lock->tryLock() == CProjectLock::EResult::HeldElsewhere) {
+    const CProjectLock::EResult result = lock->tryLock();
+    if (result == CProjectLock::EResult::HeldElsewhere) {
         fail(tr("%1 is open in another copy of the program.").arg(QDir::toNativeSeparators(path)));
         return false;
     }
     if (!moveTo(path))
         return false;
+    tellIfUnprotected(result, path);
     m_lock = std::move(lock);
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CProjectFile.h"
+#include "CProjectLock.h"
 #include "CRecoveryCopy.h"
 
 #include <QObject>
@@ -9,7 +10,6 @@
 #include <memory>
 #include <vector>
 
-class CProjectLock;
 class CProjectModel;
 class CRecentProjects;
 class IUserQuestions;
@@ -102,6 +102,7 @@ private:
         BrokenOff, ///< nobody was asked: what is not saved must be offered again
     };
 
+    void tellIfUnprotected(CProjectLock::EResult result, const QString &path) const;
     std::unique_ptr<CProjectLock> lockFor(const QString &path, bool *given);
     bool load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
               bool *isRecovered);

@@ -41,6 +41,7 @@ const char *nameOf(CProjectLock::EResult result)
     case CProjectLock::EResult::HeldElsewhere:
         return "held";
     case CProjectLock::EResult::Unavailable:
+    case CProjectLock::EResult::NotAFile:
         break;
     }
     return "unavailable";

@@ -5,7 +5,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <memory>
+
+#include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 /// A second process that does one task; see projectprocess.cpp.
@@ -145,11 +150,38 @@ private Q_SLOTS:
         QCOMPARE(inFile.tryLock(), EResult::Unavailable);
         QVERIFY(!inFile.isTaken());
 
-        QVERIFY(QDir().mkdir(m_lockFile));
-        CProjectLock folder(m_file);
-        QCOMPARE(folder.tryLock(), EResult::HeldElsewhere);
-        QCOMPARE(folder.takeOver(), EResult::Unavailable);
-        QVERIFY(QFileInfo(m_lockFile).isDir());
+        QVERIFY(writeFile(m_folder->filePath(QStringLiteral("other")), foreignLock));
+        const QByteArray place = QFile::encodeName(m_lockFile);
+        const std::function<bool()> obstacles[] = {
+            [&] { return mkdir(place.constData(), 0700) == 0; },
+            [&] { return mkfifo(place.constData(), 0600) == 0; }, // reading it would never end
+            [&] { return symlink("other", place.constData()) == 0; },
+            [&] { return symlink("nowhere", place.constData()) == 0; },
+        };
+        for (const auto &make : obstacles) {
+            QVERIFY(make());
+            CProjectLock lock(m_file);
+            QCOMPARE(lock.tryLock(), EResult::NotAFile);
+            QVERIFY(!lock.isTaken() && !lock.isOusted());
+            QCOMPARE(::remove(place.constData()), 0); // it was left there
+        }
+        QCOMPARE(readFile(m_folder->filePath(QStringLiteral("other"))), foreignLock);
+    }
+
+    /// Whatever links lead to it.
+    void lockStandsForTheFileItself()
+    {
+        const QString real = m_folder->filePath(QStringLiteral("real"));
+        QVERIFY(QDir().mkdir(real) && writeFile(real + QStringLiteral("/demo.nyx"), "x"));
+        const QString linked = m_folder->filePath(QStringLiteral("linked"));
+        QVERIFY(QFile::link(real, linked) && QFile::link(real + "/demo.nyx", m_file));
+        CProjectLock lock(real + QStringLiteral("/demo.nyx"));
+        QCOMPARE(lock.tryLock(), EResult::Taken);
+        for (const QString &way : {m_file, linked + "/demo.nyx"})
+            QCOMPARE(CProjectLock(way).tryLock(), EResult::HeldElsewhere);
+        CProjectLock unwritten(linked + QStringLiteral("/new.nyx"));
+        QCOMPARE(unwritten.tryLock(), EResult::Taken);
+        QCOMPARE(CProjectLock(real + QStringLiteral("/new.nyx")).tryLock(), EResult::HeldElsewhere);
     }
 
     /// The one that was ousted knows it, and leaves the other's lock file in peace.

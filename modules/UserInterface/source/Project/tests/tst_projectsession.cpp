@@ -138,7 +138,8 @@ private Q_SLOTS:
         QVERIFY(writeFile(at("broken.nyx"), "<"));
         QVERIFY(!m_session->openFile(at("broken.nyx")));
         QVERIFY(!m_session->openFile(at("missing.nyx")));
-        QCOMPARE(m_user->errors, QStringList({openText, openText}));
+        m_session->open(m_folder->path()); // cannot be read, which says nothing about its content
+        QCOMPARE(m_user->errors, QStringList({openText, openText, openText}));
         QVERIFY(!m_user->reasons.contains(QString()));
         QCOMPARE(m_session->project(), before);
         QCOMPARE(filesIn(m_folder->path()),
@@ -173,6 +174,19 @@ private Q_SLOTS:
             QCOMPARE(QFile::exists(at(".other.nyx.lock")), !takeOver);
         }
         QCOMPARE(m_user->errors + m_user->notices, QStringList());
+    }
+
+    /// Said as it is, and nothing is asked about another copy.
+    void somethingElseInTheLocksPlace()
+    {
+        QVERIFY(QDir().mkdir(at(".demo.nyx.lock")));
+        QVERIFY(m_session->openFile(m_file));
+        QCOMPARE(m_user->asked + m_user->errors, QStringList());
+        QCOMPARE(m_user->notices.size(), 1);
+        QVERIFY(m_user->notices.first().contains(at(".demo.nyx.lock")));
+        QVERIFY(m_session->save());
+        QVERIFY(m_session->close());
+        QVERIFY(QDir().rmdir(at(".demo.nyx.lock")));
     }
 
     void sameFileIsOpenedAgain()
