@@ -93,10 +93,15 @@ private:
     }
 
     /// As the emulator calls items in its messages.
+    /// As the emulator library names an item.
     static QString labelOf(const CItemModel &item)
     {
-        return item.idString().isEmpty() ? item.itemTypeName()
-                                         : item.itemTypeName() + QLatin1Char(' ') + item.idString();
+        QString label = item.itemTypeName();
+        if (!item.idString().isEmpty())
+            label += QLatin1Char(' ') + item.idString();
+        if (!item.name().isEmpty())
+            label += QStringLiteral(" \"%1\"").arg(item.name());
+        return label;
     }
 
     const QString m_platform;

@@ -50,6 +50,21 @@ uint32_t parseId(std::string_view text)
     return error == std::errc() && end == text.data() + text.size() ? id : 0;
 }
 
+/// On one line and not longer than a message bears; a character of several bytes is not cut.
+std::string shownName(std::string_view name)
+{
+    constexpr size_t MostBytes = 60;
+    size_t length = std::min(name.size(), MostBytes);
+    while (length > 0 && length < name.size() &&
+           (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80)
+        --length;
+    std::string shown(name.substr(0, length));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; },
+        ' ');
+    return length < name.size() ? shown + "..." : shown;
+}
+
 } // namespace
 
 void CSnapshot::clear()
@@ -181,6 +196,11 @@ std::string CSnapshot::label(size_t item) const
     std::string label(typeName(item));
     if (!idText(item).empty())
         label.append(1, ' ').append(idText(item));
+    CProperties all = properties(item);
+    for (SProperty property; all.next(property);) {
+        if (property.name == "name" && !property.text.empty())
+            label.append(" \"").append(shownName(property.text)).append(1, '"');
+    }
     return label;
 }
 

@@ -45,7 +45,8 @@ public:
     std::string_view idText(size_t item) const { return text(m_items[item].idText); }
     /// The id text as a number; 0 when it is none of 0 .. 0xFFFFFFFF.
     uint32_t id(size_t item) const { return m_items[item].id; }
-    /// "<type> <id>", or the type alone: what messages call the item.
+    /// What messages call the item: "<type> <id> "<name>"", without the id or the name when it has
+    /// none.
     std::string label(size_t item) const;
     EKind kind(size_t item) const { return m_items[item].kind; }
     /// Zero-terminated. Items of the same kind share one text.

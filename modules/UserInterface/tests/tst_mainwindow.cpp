@@ -135,7 +135,8 @@ private Q_SLOTS:
         }
         QCOMPARE(mkfifo(qPrintable(folder.filePath("pipe/preview.png")), 0600), 0);
         QVERIFY(QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("picture/preview.png")));
-        QVERIFY(QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("other/preview.png"), "bmp"));
+        QVERIFY(
+            QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("other/preview.png"), "bmp"));
         QWidget window;
         const CStartPage page(folder.path(), &window);
         const QString text = page.findChild<QLabel *>()->text();
@@ -288,7 +289,8 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(m_project);
         QVERIFY(m_window->project()); // goes on without them
         QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
-        QVERIFY(outputText().contains(QStringLiteral("Could not initialise Widget Library Manager")));
+        QVERIFY(
+            outputText().contains(QStringLiteral("Could not initialise Widget Library Manager")));
         QVERIFY(outputText().contains(QStringLiteral("Could not initialise emulator")));
     }
 
@@ -415,15 +417,16 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_window->findChild<CScreen *>()->currentErrors().isEmpty());
         auto *dock = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"));
         const auto *output = dock->findChild<QTextEdit *>();
-        const QString onPage = QStringLiteral("Kiv_Bitmap_T 7: no image is set");
+        const QString onPage = QStringLiteral("Kiv_Bitmap_T 7 \"Bitmap\": no image is set");
         for (const auto &[action, isWhole] :
              {std::pair(CMenuBar::PageToBinary, false), std::pair(CMenuBar::ProjectToDL, true)}) {
             dock->close();
             m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
             m_window->actions()->action(action)->trigger();
             const QString told = output->toPlainText();
-            for (const char *each : {"Kiv_Text_T 8: no font has U+20AC", "not all is as designed",
-                                     "Kiv_Text_T 8: width 900 is over the maximum of QX100, 512"})
+            for (const char *each :
+                 {"Kiv_Text_T 8 \"Text\": no font has U+20AC", "not all is as designed",
+                  "Kiv_Text_T 8 \"Text\": width 900 is over the maximum of QX100, 512"})
                 QVERIFY2(told.contains(each), qPrintable(told));
             QCOMPARE(told.contains(onPage), isWhole);
             QVERIFY(!dock->isHidden());

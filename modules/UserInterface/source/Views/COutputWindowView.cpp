@@ -13,10 +13,10 @@ namespace {
 
 constexpr int CountsDelay = 200; ///< milliseconds
 
-/// The id in "<type> <id>: what is wrong", or -1.
+/// The id in "<type> <id> "<name>": what is wrong", where the name may be missing; or -1.
 qint64 itemNamedBy(const QString &error)
 {
-    static const QRegularExpression form(QStringLiteral("^\\S+ (\\d{1,10}): "));
+    static const QRegularExpression form(QStringLiteral("^\\S+ (\\d{1,10})(: | \")"));
     const QRegularExpressionMatch match = form.match(error);
     bool isNumber = false;
     const quint32 id = match.captured(1).toUInt(&isNumber);

@@ -105,7 +105,7 @@ void tst_OutputWindow::clickOnAnErrorTellsItsItem()
     COutputWindowView view;
     view.resize(600, 300);
     view.writeMessage("Kiv_Text_T 7: this is no render error");
-    view.writeRenderErrors("Page 1", "Kiv_Text_T 12: no font\nthe script ran out of time");
+    view.writeRenderErrors("Page 1", "Kiv_Text_T 12 \"A: b\": no font\nthe script ran out of time");
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));
 
