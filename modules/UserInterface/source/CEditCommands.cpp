@@ -2,6 +2,7 @@
 
 #include "CItemModel.h"
 #include "CMainPanels.h"
+#include "CMenuBar.h"
 #include "CPageOperations.h"
 #include "CProjectExplorerView.h"
 #include "CScreen.h"
@@ -64,13 +65,21 @@ void deselectIn(QWidget *text)
 }
 } // namespace
 
+void CEditCommands::watchKeysOf(const CMenuBar &menus)
+{
+    for (const CMenuBar::EAction each :
+         {CMenuBar::Cut, CMenuBar::Copy, CMenuBar::Paste, CMenuBar::Delete, CMenuBar::SelectAll,
+          CMenuBar::SelectNone, CMenuBar::SelectInverse})
+        m_keys.watch(menus.action(each));
+}
+
 /// Whether it was for the text that has the focus, or for the property panel.
 bool CEditCommands::isForFocused(EText what) const
 {
     QWidget *const focused = m_window->focusWidget();
     QWidget *const text = textIn(focused);
     if (!text)
-        return focused && m_panels->propertiesDock()->isAncestorOf(focused);
+        return m_keys.isByKey() && focused && m_panels->propertiesDock()->isAncestorOf(focused);
     switch (what) { // slots of all three kinds of text; where one must not be written, they know
     case EText::Cut:
         QMetaObject::invokeMethod(text, "cut");

@@ -1,16 +1,19 @@
 #pragma once
 
+#include "CShortcutWatch.h"
 #include "ItemOperations.h"
 
 #include <QCoreApplication>
 
 class CMainPanels;
+class CMenuBar;
 class CScreenView;
 class QMainWindow;
 
 /// The commands of the Edit menu. Who has the focus decides what the clipboard, Delete and Select
-/// All are for: a text has them for itself, in the property panel they are for the editor or for
-/// nothing, and everywhere else for what is selected in the project, on whatever page.
+/// All are for: a text has them for itself, in the property panel they are for the editor (keys
+/// without one for nothing), and everywhere else for what is selected in the project, on whatever
+/// page.
 class CEditCommands
 {
     Q_DECLARE_TR_FUNCTIONS(CMainWindow)
@@ -18,6 +21,9 @@ class CEditCommands
 public:
     /// Neither is owned.
     CEditCommands(QMainWindow *window, CMainPanels *panels) : m_window(window), m_panels(panels) {}
+
+    /// To be told which of the commands below come from their keys.
+    void watchKeysOf(const CMenuBar &menus);
 
     void cut();
     void copy();
@@ -41,4 +47,5 @@ private:
 
     QMainWindow *const m_window;
     CMainPanels *const m_panels;
+    CShortcutWatch m_keys;
 };

@@ -82,6 +82,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
+    m_edit->watchKeysOf(*m_menuBar);
     m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
     connectSession();

@@ -324,6 +324,11 @@ private Q_SLOTS:
             QCOMPARE(project->saveToBytes(nullptr), before);
         }
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("a message"));
+        rows->setFocus(); // where a typed value leaves it
+        trigger(CMenuBar::Delete);
+        QCOMPARE(selected().size(), 0);
+        trigger(CMenuBar::Undo);
+        QCOMPARE(project->saveToBytes(nullptr), before);
         m_screens->currentView()->setFocus();
         for (const int key : {Qt::Key_D, Qt::Key_A})
             QTest::keyClick(m_screens->currentView(), Qt::Key(key), Qt::ControlModifier);
