@@ -11,11 +11,6 @@ namespace kivemu {
 namespace {
 
 constexpr Argb Black = 0xFF000000;
-/// Work is about a pixel that is filled. A frame has what fills the largest screen a hundred times,
-/// which no chip could draw in time; an item half of that, so that one leaves room for the others.
-constexpr uint64_t MostWork = 400'000'000;
-constexpr uint64_t MostItemWork = MostWork / 2;
-constexpr uint64_t WorkPerDecodedPixel = 2;
 constexpr int NoText = -1;
 constexpr int UnknownFont = 0;
 constexpr Sub16 Pixel = 16;
@@ -180,7 +175,7 @@ size_t CCommandRunner::step(const uint32_t *words, size_t count)
     if (operand(header) > entry.headerMax)
         fail(opcode, "the header's operand " + std::to_string(operand(header)) + " is above " +
                          std::to_string(entry.headerMax));
-    else if (!entry.draws || !isTooMuch(opcode))
+    else if (!entry.draws || !isLeftOut(opcode))
         entry.function(*this, words);
     return 1 + entry.operandWords;
 }
@@ -190,28 +185,20 @@ void CCommandRunner::fail(EOpcode opcode, const std::string &what)
     m_errors.add(findCommand(static_cast<uint8_t>(opcode))->name, what);
 }
 
-uint64_t CCommandRunner::work() const
-{
-    return m_rasterizer.work() + m_decodingWork;
-}
-
-/// True when a drawing command is to be left out, because the item or the frame has drawn too much
-/// already. It is told once for each item.
-bool CCommandRunner::isTooMuch(EOpcode opcode)
+/// True when a drawing command is to be left out: the item or the frame has drawn too much already,
+/// which is told once for each item, or is not wanted any more.
+bool CCommandRunner::isLeftOut(EOpcode opcode)
 {
     if (m_cancelled && m_cancelled->load(std::memory_order_relaxed)) {
         m_ended = true;
         return true;
     }
-    const bool isFrame = work() > MostWork;
-    if (!isFrame && work() - m_itemWork <= MostItemWork)
+    const std::string excess = m_budget.excess(m_rasterizer.work());
+    if (excess.empty())
         return false;
-    if (!m_isWorkDone)
-        fail(opcode, std::string("left out from here on, because ") +
-                         (isFrame ? "the frame" : "the item") + " has drawn more than " +
-                         std::to_string((isFrame ? MostWork : MostItemWork) / 1'000'000) +
-                         " million pixels");
-    m_isWorkDone = true;
+    if (!m_isExcessTold)
+        fail(opcode, excess);
+    m_isExcessTold = true;
     m_vertices.clear();
     m_pathTooLong = false;
     return true;
@@ -287,8 +274,8 @@ void CCommandRunner::item(const uint32_t *words)
 {
     dropVertices();
     m_errors.setItem(words[1]);
-    m_itemWork = work();
-    m_isWorkDone = false;
+    m_budget.beginItem(m_rasterizer.work());
+    m_isExcessTold = false;
 }
 
 void CCommandRunner::disc(const uint32_t *words)
@@ -451,21 +438,8 @@ const SBitmapImage *CCommandRunner::image()
         return m_image.get();
     m_image = m_bitmaps.find(m_memory, m_bitmapKey);
     if (m_image)
-        countDecoding();
+        m_budget.countBitmap(m_bitmapKey);
     return m_image.get();
-}
-
-/// Counts as if nothing had been decoded before this execution, so that a frame does not depend on
-/// those before it. More than the cache holds may have to be decoded again and again.
-void CCommandRunner::countDecoding()
-{
-    const auto pixels =
-        static_cast<uint64_t>(m_bitmapKey.width) * static_cast<uint64_t>(m_bitmapKey.height);
-    const bool isNew = m_decoded.insert(m_bitmapKey).second;
-    if (isNew)
-        m_decodedPixels += pixels;
-    if (isNew || m_decodedPixels * sizeof(uint32_t) > CBitmapCache::MaxBytes)
-        m_decodingWork += pixels * WorkPerDecodedPixel;
 }
 
 std::string CCommandRunner::bitmapFault() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBitmapCache.h"
+#include "CDrawingBudget.h"
 #include "CErrorLog.h"
 #include "displaylist/CommandTable.h"
 #include "raster/BitmapImage.h"
@@ -11,7 +12,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
 namespace kivemu {
@@ -62,10 +62,8 @@ private:
     size_t step(const uint32_t *words, size_t count);
     void fail(EOpcode opcode, const std::string &what);
     void dropVertices();
-    uint64_t work() const;
-    bool isTooMuch(EOpcode opcode);
+    bool isLeftOut(EOpcode opcode);
     const SBitmapImage *image();
-    void countDecoding();
     std::string bitmapFault() const;
 
     // The commands; `words` starts with the header.
@@ -105,11 +103,8 @@ private:
     CErrorLog m_errors;
     bool m_ended = false;
     bool m_pathTooLong = false;
-    bool m_isWorkDone = false; ///< what draws is left out until the next item
-    uint64_t m_itemWork = 0;   ///< work() when the item began
-    uint64_t m_decodingWork = 0;
-    std::unordered_set<SBitmapKey, CBitmapCache::SHash> m_decoded;
-    uint64_t m_decodedPixels = 0; ///< of all in m_decoded
+    CDrawingBudget m_budget;
+    bool m_isExcessTold = false;
     SState m_state;
     std::array<SState, MaxSavedStates> m_saved;
     size_t m_savedCount = 0;
