@@ -1,6 +1,7 @@
 // What is on the disk when a save is killed, runs out of space, is refused, or meets a system call
 // that fails.
 #include "CFileSizeLimit.h"
+#include "CProjectLock.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScriptedUser.h"
@@ -94,7 +95,8 @@ private Q_SLOTS:
             changes += left == b;
             microseconds = qBound(1'000.0, microseconds * (left == b ? 0.97 : 1.1), 2'000'000.0);
             orphans += !temporaryFiles().isEmpty();
-            QVERIFY(allIsWholeAndTidiedUp());
+            const QString faults = whatIsNotWholeOrTidiedUp();
+            QVERIFY2(faults.isEmpty(), qPrintable(faults));
         }
         qInfo("%d kills: %d with a temporary file left, %d times the changed document", kills,
               orphans, changes);
@@ -203,30 +205,39 @@ private:
             .filter(QRegularExpression("\\.(nyx|saved)\\.[A-Za-z]{6}$"));
     }
 
-    /// Each project that lies there, and each backup, is as it was written, and stays so when it is
-    /// opened, which takes away what the killed process has left.
-    bool allIsWholeAndTidiedUp() const
+    /// Each project that lies there, and each backup, should be as it was written, and stay so when
+    /// it is opened, which takes away what the killed process has left. Empty when all is so.
+    QString whatIsNotWholeOrTidiedUp() const
     {
-        bool isWhole = true;
+        QStringList faults;
         for (const QString &name : filesIn(m_folder->path())) {
-            if (!name.endsWith(QLatin1String(".nyx")) && !name.endsWith(QLatin1String(".saved")))
+            const bool isProject = name.endsWith(QLatin1String(".nyx"));
+            if (!isProject && !name.endsWith(QLatin1String(".saved")))
                 continue;
             const QByteArray bytes = readFile(m_folder->filePath(name));
             CProjectModel model;
-            isWhole = isWhole && model.loadFromBytes(bytes, nullptr);
+            const bool isRead = model.loadFromBytes(bytes, nullptr);
             model.setWorkingDirectory(m_folder->path());
             const QByteArray whole = model.saveToBytes(nullptr, m_file);
-            isWhole = isWhole && bytes.startsWith(whole); // a backup says whose it is at its end
-            isWhole = isWhole && (bytes == whole || !name.endsWith(QLatin1String(".nyx")));
-            if (!name.endsWith(QLatin1String(".nyx")))
+            // A backup says whose it is at its end.
+            if (!isRead || !(isProject ? bytes == whole : bytes.startsWith(whole)))
+                faults.append(name + QStringLiteral(": torn"));
+            if (!isProject)
                 continue;
+            // Killed between making a lock and writing whose it is: that nobody holds it cannot be
+            // known, so the user would be asked.
+            QFile lock(CProjectLock::lockPath(m_folder->filePath(name)));
+            if (lock.size() == 0)
+                lock.remove();
             const Opened opened(m_folder->filePath(name));
             const CScriptedUser &user = opened.user;
-            isWhole = isWhole && opened.session.project() &&
-                      (user.errors + user.notices).isEmpty() &&
-                      (user.asked.isEmpty() || user.asked == QStringList("autosaved"));
+            if (!opened.session.project())
+                faults.append(name + QStringLiteral(": not opened"));
+            faults += user.errors + user.notices;
+            if (!user.asked.isEmpty() && user.asked != QStringList("autosaved"))
+                faults.append(name + QStringLiteral(": asks ") + user.asked.join(' '));
         }
-        return isWhole && temporaryFiles().isEmpty();
+        return (faults + temporaryFiles()).join('\n');
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
