@@ -44,6 +44,7 @@ void CWatchdog::start(lua_State *state, const SScriptLimits &limits)
     m_nextLook = 0;
     m_frameTimeEnd = processorTime() + limits.frameTime;
     m_timeEnd = m_frameTimeEnd;
+    m_isTimeKnown = true;
     m_nextTime = Clock::now() + TimeInterval;
     m_end = EEnd::None;
     arm(HookInterval);
@@ -63,7 +64,7 @@ void CWatchdog::beginPart()
         return;
     m_workLimit = std::min(m_limits.frameWork, m_work + m_limits.itemWork);
     m_nextLook = std::min(m_nextLook, m_workLimit);
-    m_timeEnd = std::min(m_frameTimeEnd, processorTime() + m_limits.itemTime);
+    m_isTimeKnown = false;
 }
 
 bool CWatchdog::endPart()
@@ -72,6 +73,7 @@ bool CWatchdog::endPart()
                           (m_end == EEnd::Clock && processorTime() < m_frameTimeEnd);
     m_workLimit = m_limits.frameWork;
     m_timeEnd = m_frameTimeEnd;
+    m_isTimeKnown = true;
     if (partOnly) {
         m_end = EEnd::None;
         m_nextLook = m_work;
@@ -118,7 +120,11 @@ bool CWatchdog::isClockOver()
     if (now < m_nextTime)
         return false;
     m_nextTime = now + TimeInterval;
-    return processorTime() >= m_timeEnd;
+    const Nanoseconds used = processorTime();
+    if (!m_isTimeKnown) // a part's time counts from here: most are over before it is asked for
+        m_timeEnd = std::min(m_frameTimeEnd, used + m_limits.itemTime);
+    m_isTimeKnown = true;
+    return used >= m_timeEnd;
 }
 
 void CWatchdog::fail(lua_State *state, int level)

@@ -71,6 +71,7 @@ private:
     uint64_t m_nextLook = 0;
     Nanoseconds m_frameTimeEnd{}; ///< in the thread's processor time
     Nanoseconds m_timeEnd{};      ///< of the frame or, within a part, of the part
+    bool m_isTimeKnown = true;    ///< m_timeEnd is that of the part, if one runs
     Clock::time_point m_nextTime; ///< the processor time is not asked for before
     EEnd m_end = EEnd::None;
 };
