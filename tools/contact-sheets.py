@@ -153,7 +153,7 @@ def main():
         with tempfile.TemporaryDirectory() as folder:
             file = Path(folder) / "sheet.nyx"
             ET.ElementTree(project).write(file, encoding="utf-8")
-            subprocess.run([programs / "panel-export", file, "--png", output, "--strict"], check=True)
+            subprocess.run([programs / "panel-export", file, "--png", output], check=True)
 
 
 if __name__ == "__main__":

@@ -8,7 +8,7 @@ cd "$(dirname "$0")/../.."
 folder=${1:-resources/languages}
 trap 'rm -f "$folder/sources.lst" "$folder/library.cpp"' EXIT
 sed -nE 's/.*<(toolboxgroup|widget) .*name="([^"]*)".*/\2/p; s/.*<tooltip>(.*)<\/tooltip>.*/\1/p' \
-  resources/widget-library.xml | LC_ALL=C sort -u |
+  resources/widgets.xml | LC_ALL=C sort -u |
   sed -E 's/&lt;/</g; s/&gt;/>/g; s/&quot;/\\"/g; s/&amp;/\&/g; s/.*/QT_TRANSLATE_NOOP("WidgetLibrary", "&")/' \
     >"$folder/library.cpp"
 {

@@ -15,7 +15,7 @@
 inline void loadWidgetLibrary()
 {
     const QString file =
-        qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/resources/widget-library.xml");
+        qEnvironmentVariable("KIV_BIN_DIR") + QStringLiteral("/widget-library.xml");
     auto &manager = CWidgetLibraryManager::instance();
     QVERIFY2(manager.initialise(file, {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}),
              qPrintable(manager.errorText()));

@@ -18,8 +18,8 @@ private Q_SLOTS:
 void tst_DocumentFuzz::documents_data()
 {
     const QString source = qEnvironmentVariable("KIV_SOURCE_DIR");
-    QVERIFY(CWidgetLibraryManager::instance().initialise(source + "/resources/widget-library.xml",
-                                                         {0x110}));
+    QVERIFY(CWidgetLibraryManager::instance().initialise(
+        qEnvironmentVariable("KIV_BIN_DIR") + "/widget-library.xml", {0x110}));
     QTest::addColumn<QByteArray>("seed");
     const QDir corpus(source + "/modules/UserInterface/source/Views/fuzz/corpus");
     const QStringList names = corpus.entryList(QDir::Files);
