@@ -72,8 +72,9 @@ struct EmuAsset
 using EmuMemoryCallback = int (*)(const unsigned char *memory, size_t size, const EmuAsset *assets,
                                   size_t assetCount);
 
-// All functions may be called from one thread (the "caller's thread"); callbacks arrive on the
-// library's own worker thread. A callback may call Emu_RenderObjects, but not Emu_Stop.
+// All functions may be called from one thread (the "caller's thread"); callbacks arrive on worker
+// threads of the library, one callback at a time and in the order of the requests, the callbacks of
+// one request from one thread. A callback may call Emu_RenderObjects, but not Emu_Stop.
 // The results are 1 for success and 0 for failure; a caller may ignore them, because what concerns
 // a frame arrives as error text with its display list.
 extern "C" {
@@ -97,8 +98,11 @@ QXKIVEMULIB_API int Emu_ConfigScreen(uint32_t width, uint32_t height);
 QXKIVEMULIB_API int Emu_RenderObjects(IModelIterator *iterator, void *observer,
                                       uint32_t background);
 
-/// Stops the emulator: waits until the worker is idle. Requests not yet answered are dropped, also
-/// the one whose frame is being made, and nothing calls back after the return.
+/// Stops the emulator: requests not yet answered are dropped, also those whose frames are being
+/// made, and nothing calls back after the return. Waits until the workers are idle, but not much
+/// longer than 0.4 s: one that hangs then, in a file of a disk that does not answer for instance,
+/// is left behind. The result is 0 then; end the process by _exit() when it is to end, since the
+/// worker may come back while what it uses is taken down.
 QXKIVEMULIB_API int Emu_Stop();
 
 /// Sets the callback that is told the graphics memory, before the display list's, for all requests
@@ -106,4 +110,9 @@ QXKIVEMULIB_API int Emu_Stop();
 /// Optional: a library that takes this one's place need not have it. A caller that links it weakly
 /// finds a null function then, and does without what only the memory tells.
 QXKIVEMULIB_OPTIONAL int Emu_RegisterMemory(EmuMemoryCallback memory);
+
+/// How many requests the library works on at once, a worker each. Whoever has more than one of them
+/// under way uses that many cores; the answers come in the order of the requests all the same, and
+/// are the same bytes. Optional, as the function before.
+QXKIVEMULIB_OPTIONAL uint32_t Emu_RequestsAtOnce();
 }

@@ -1,14 +1,20 @@
 #include "CEmulator.h"
 
 #include "CFrameMaker.h"
+#include "CRun.h"
 
+#include <algorithm>
 #include <exception>
+#include <utility>
+
+#if defined(__linux__)
+#include <sched.h>
+#endif
 
 namespace kivemu {
 
 namespace {
 
-constexpr uint32_t LargestChip = 0x113;
 constexpr uint32_t CompleteFrame = 1;
 constexpr size_t MostSpare = 4;
 
@@ -24,115 +30,154 @@ void tellMemory(const CFrameMaker &maker, EmuMemoryCallback callback)
     callback(maker.memory().data(), maker.memory().used(), assets.data(), assets.size());
 }
 
+/// Those that this process may use.
+size_t coreCount()
+{
+#if defined(__linux__)
+    cpu_set_t cores;
+    if (sched_getaffinity(0, sizeof(cores), &cores) == 0)
+        return static_cast<size_t>(std::max(1, CPU_COUNT(&cores)));
+#endif
+    return std::max(1U, std::thread::hardware_concurrency());
+}
+
 } // namespace
 
 /// The emulator itself is never destroyed: when a callback ends the process, the caller's thread
-/// may still be inside it. Only its worker is ended.
+/// may still be inside it, and a worker that was left behind may come back. Only its workers are
+/// ended.
 CEmulator &CEmulator::instance()
 {
     struct SEnd
     {
         CEmulator &emulator;
-        ~SEnd() { emulator.endWorker(); }
+        ~SEnd() { emulator.endWorkers(); }
     };
     static SEnd end{*new CEmulator};
     return end.emulator;
 }
 
-CEmulator::CEmulator() = default;
-
-void CEmulator::endWorker()
+CEmulator::CEmulator() : m_mostWorkers(coreCount()), m_run(std::make_shared<CRun>())
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_quit = true;
-        m_isCancelled = true;
-        m_queue.clear();
-        m_wake.notify_all();
-    }
-    if (!m_worker.joinable())
-        return;
-    // A callback that ends the process must not wait for its own thread.
-    if (isWorker())
-        m_worker.detach();
-    else
-        m_worker.join();
 }
 
-bool CEmulator::isWorker() const
+void CEmulator::endWorkers()
 {
-    return m_worker.get_id() == std::this_thread::get_id();
+    Lock lock(m_mutex);
+    m_quit = true;
+    m_run->cancel();
+    for (const RequestPtr &request : m_unanswered)
+        request->isDropped = true;
+    m_waiting.clear();
+    m_wake.notify_all();
+    m_turn.notify_all();
+    // A callback that ends the process must not wait for its own thread.
+    const auto isOwn = [](const SWorker &worker) {
+        return worker.thread.get_id() == std::this_thread::get_id();
+    };
+    waitForWorkers(lock, [&](const SWorker &worker) { return worker.hasEnded || isOwn(worker); });
+    for (const WorkerPtr &worker : m_workers) {
+        if (worker->hasEnded)
+            worker->thread.join();
+        else
+            worker->thread.detach();
+    }
+    m_workers.clear();
 }
 
 void CEmulator::setCallbacks(EmuFrameCallback frame, EmuDisplayListCallback displayList)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     m_frame = frame;
     m_displayList = displayList;
 }
 
 void CEmulator::setMemoryCallback(EmuMemoryCallback memory)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     m_memory = memory;
 }
 
 void CEmulator::configure(uint32_t width, uint32_t height)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     m_width = width;
     m_height = height;
 }
 
+/// Requests to a started emulator are dropped, as stop() does; those that were made before a start
+/// are answered.
 bool CEmulator::start(const std::string &scriptPath, uint32_t chipCode)
 {
-    if (!finishRequests())
-        return false;
-    auto maker = std::make_unique<CFrameMaker>(chipCode, m_isCancelled);
-    const bool isLoaded = maker->loadScript(scriptPath);
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_idle.wait(lock, [this] { return !m_isServing; });
-    m_maker = std::move(maker);
+    {
+        Lock lock(m_mutex);
+        if (isInCallback())
+            return false;
+        const bool isStarted = m_run->isStarted();
+        lock.unlock();
+        if (isStarted)
+            stop();
+    }
+    const auto run = std::make_shared<CRun>(SScriptText::read(scriptPath), chipCode);
+    bool isLoaded = false;
+    run->giveBack(run->newMaker(&isLoaded));
+    const Lock lock(m_mutex);
+    m_run = run;
     return isLoaded;
 }
 
-/// Requests to a started emulator are dropped, as stop() does; those that were made before a start
-/// are answered.
-bool CEmulator::finishRequests()
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    if (isWorker())
-        return false;
-    if (!m_maker) {
-        const uint64_t last = m_accepted;
-        m_idle.wait(lock, [&] { return m_answered >= last; });
-        return true;
-    }
-    lock.unlock();
-    return stop();
-}
-
+/// A callback that is under way is waited for however long it takes: its caller may free what it
+/// uses as soon as this returns.
 bool CEmulator::stop()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    if (isWorker())
+    auto next = std::make_shared<CRun>(); // and then the old one, let go without the lock
+    Lock lock(m_mutex);
+    if (isInCallback())
         return false;
-    m_isStopping = true;
-    m_isCancelled = true;
-    m_idle.wait(lock, [this] { return !m_isServing; });
-    m_isCancelled = m_quit;
-    m_answered += m_queue.size();
-    m_queue.clear(); // what the last callbacks have asked for, too
-    m_maker.reset();
-    m_isStopping = false;
-    return true;
+    m_run->cancel();
+    drop();
+    m_idle.wait(lock, [this] { return m_deliverer == std::thread::id(); });
+    drop(); // what the last callbacks have asked for, too
+    m_run.swap(next);
+    if (waitForWorkers(lock, [](const SWorker &worker) { return !worker.run; }))
+        return true;
+    for (const WorkerPtr &worker : m_workers)
+        if (worker->run) {
+            worker->isLeftBehind = true;
+            worker->thread.detach();
+        }
+    m_workers.erase(std::remove_if(m_workers.begin(), m_workers.end(),
+                                   [](const WorkerPtr &worker) { return worker->isLeftBehind; }),
+                    m_workers.end());
+    return false;
+}
+
+/// All requests but the one that is being answered.
+void CEmulator::drop()
+{
+    m_waiting.clear();
+    const bool isDelivering = m_deliverer != std::thread::id();
+    const auto first = m_unanswered.begin() + (isDelivering ? 1 : 0);
+    std::for_each(first, m_unanswered.end(),
+                  [](const RequestPtr &request) { request->isDropped = true; });
+    m_unanswered.erase(first, m_unanswered.end());
+    m_turn.notify_all();
+}
+
+/// True when all have done in time.
+bool CEmulator::waitForWorkers(Lock &lock, const std::function<bool(const SWorker &)> &hasDone)
+{
+    return m_idle.wait_for(lock, LongestStop, [&] {
+        return std::all_of(m_workers.begin(), m_workers.end(),
+                           [&](const WorkerPtr &worker) { return hasDone(*worker); });
+    });
 }
 
 CEmulator::RequestPtr CEmulator::newRequest()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     if (m_spare.empty())
-        return std::make_unique<SRequest>();
+        return std::make_shared<SRequest>();
     RequestPtr request = std::move(m_spare.back());
     m_spare.pop_back();
     return request;
@@ -140,60 +185,92 @@ CEmulator::RequestPtr CEmulator::newRequest()
 
 void CEmulator::render(IModelIterator *iterator, void *observer, bool isForeground)
 {
-    RequestPtr request = newRequest();
+    const RequestPtr request = newRequest();
     request->snapshot.take(iterator);
     request->observer = observer;
     request->isForeground = isForeground;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        request->width = m_width;
-        request->height = m_height;
-        request->frame = m_frame;
-        request->displayList = m_displayList;
-        request->memory = m_memory;
-        m_queue.push_back(std::move(request));
-        ++m_accepted;
-        if (!m_worker.joinable())
-            m_worker = std::thread(&CEmulator::work, this);
-        m_wake.notify_one(); // under the lock: a callback may end the process, and with it this
-                             // object
-    }
+    request->isDropped = false;
+    const Lock lock(m_mutex);
+    request->run = m_run;
+    request->width = m_width;
+    request->height = m_height;
+    request->frame = m_frame;
+    request->displayList = m_displayList;
+    request->memory = m_memory;
+    m_waiting.push_back(request);
+    m_unanswered.push_back(request);
+    // One whose answer is being given does not need its worker any more.
+    const size_t needed = m_unanswered.size() - (m_deliverer != std::thread::id() ? 1 : 0);
+    if (m_workers.size() < std::min(needed, m_mostWorkers) && !m_quit)
+        startWorker();
+    m_wake.notify_one(); // under the lock: a callback may end the process, and with it this object
 }
 
-void CEmulator::work()
+void CEmulator::startWorker()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    for (;;) {
-        m_wake.wait(lock, [this] { return m_quit || (!m_queue.empty() && !m_isStopping); });
+    const auto worker = std::make_shared<SWorker>();
+    worker->thread = std::thread(&CEmulator::work, this, worker);
+    m_workers.push_back(worker);
+}
+
+void CEmulator::work(const WorkerPtr &self)
+{
+    Lock lock(m_mutex);
+    while (!self->isLeftBehind) {
+        m_wake.wait(lock, [this] { return m_quit || !m_waiting.empty(); });
         if (m_quit)
-            return;
-        RequestPtr request = std::move(m_queue.front());
-        m_queue.pop_front();
-        m_isServing = true;
-        lock.unlock();
-        serve(*request);
-        lock.lock();
-        m_isServing = false;
-        ++m_answered;
+            break;
+        const RequestPtr request = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        std::shared_ptr<CRun> run = std::move(request->run);
+        self->run = run;
+        serve(lock, request, *run);
+        self->run.reset();
         if (m_spare.size() < MostSpare)
-            m_spare.push_back(std::move(request));
+            m_spare.push_back(request);
         m_idle.notify_all();
+        lock.unlock();
+        run.reset(); // which may take a while
+        lock.lock();
     }
+    self->hasEnded = true;
+    m_idle.notify_all();
 }
 
-/// Runs without the lock: start() and stop() leave the makers alone while something is served.
-void CEmulator::serve(const SRequest &request)
+void CEmulator::serve(Lock &lock, const RequestPtr &request, CRun &run)
 {
-    if (!m_maker && !m_blackMaker)
-        m_blackMaker = std::make_unique<CFrameMaker>(LargestChip, m_isCancelled);
-    const SFrame &frame = m_maker ? m_maker->make(request.snapshot, request.width, request.height)
-                                  : m_blackMaker->makeBlack(request.width, request.height,
-                                                            "the emulator is not started");
-    if (m_isCancelled)
+    CRun::MakerPtr maker = run.takeMaker();
+    lock.unlock();
+    if (!maker)
+        maker = run.newMaker();
+    const SFrame &frame = run.make(*maker, request->snapshot, request->width, request->height);
+    lock.lock();
+    deliver(lock, request, *maker, frame);
+    run.giveBack(std::move(maker));
+}
+
+void CEmulator::deliver(Lock &lock, const RequestPtr &request, const CFrameMaker &maker,
+                        const SFrame &frame)
+{
+    m_turn.wait(lock, [&] { return request->isDropped || m_unanswered.front() == request; });
+    if (request->isDropped)
         return; // the frame may have ended anywhere
+    m_deliverer = std::this_thread::get_id();
+    lock.unlock();
+    callBack(*request, maker, frame);
+    lock.lock();
+    m_deliverer = {};
+    m_unanswered.pop_front();
+    m_turn.notify_all();
+    m_idle.notify_all();
+}
+
+/// Runs without the lock; nobody else does meanwhile.
+void CEmulator::callBack(const SRequest &request, const CFrameMaker &maker, const SFrame &frame)
+{
     std::string errors = frame.errors;
     if (request.memory)
-        tellMemory(*(m_maker ? m_maker : m_blackMaker), request.memory);
+        tellMemory(maker, request.memory);
     if (request.displayList)
         request.displayList(frame.displayListText.c_str(), frame.displayList.data(),
                             static_cast<int>(frame.displayList.size()), frame.ramGUsage,

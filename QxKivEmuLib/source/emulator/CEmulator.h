@@ -3,9 +3,10 @@
 #include "QxKivEmuLib.h"
 #include "host/CSnapshot.h"
 
-#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -15,18 +16,26 @@
 namespace kivemu {
 
 class CFrameMaker;
+class CRun;
 struct SFrame;
 
-/// The emulator behind the five functions: one worker thread that takes requests in order and calls
-/// back, display list first, complete frame last, always both.
-/// Threads: the operations may be called from any thread; all callbacks come from the worker. A
+/// The emulator behind the C functions. Requests are begun and answered in their order, one answer
+/// at a time: display list first, complete frame last, always both. As many are worked on at once
+/// as there are cores, so whoever waits for each answer has one worker, and always the same caches.
+/// A worker that does not end, because a disk does not answer for instance, is left behind by
+/// stop(): it owns all that it uses together with others, and calls nobody back.
+/// Threads: the operations may be called from any thread; callbacks come from the workers. A
 /// callback may call render(), but neither start() nor stop(), which would wait for itself.
 class CEmulator
 {
 public:
+    /// How long stop() and the end of the process wait for workers, which look at short intervals
+    /// whether they are still wanted.
+    static constexpr std::chrono::milliseconds LongestStop{400};
+
     static CEmulator &instance();
-    /// At the end of the process: drops what is queued and waits for what is under way.
-    void endWorker();
+    /// At the end of the process: drops what is queued and ends the workers.
+    void endWorkers();
 
     CEmulator();
     ~CEmulator() = delete; // see instance()
@@ -40,48 +49,63 @@ public:
     bool start(const std::string &scriptPath, uint32_t chipCode);
     void configure(uint32_t width, uint32_t height);
     void render(IModelIterator *iterator, void *observer, bool isForeground);
-    /// False in a callback.
+    /// False in a callback, and when a worker was left behind.
     bool stop();
+    size_t mostWorkers() const { return m_mostWorkers; }
 
 private:
     struct SRequest
     {
         CSnapshot snapshot;
+        std::shared_ptr<CRun> run;
         void *observer = nullptr;
         bool isForeground = true;
+        bool isDropped = false;
         uint32_t width = 0;
         uint32_t height = 0;
         EmuFrameCallback frame = nullptr;
         EmuDisplayListCallback displayList = nullptr;
         EmuMemoryCallback memory = nullptr;
     };
-    using RequestPtr = std::unique_ptr<SRequest>;
+    using RequestPtr = std::shared_ptr<SRequest>;
+    struct SWorker
+    {
+        std::thread thread;
+        std::shared_ptr<CRun> run; ///< that it serves; null while it has nothing to do
+        bool isLeftBehind = false;
+        bool hasEnded = false;
+    };
+    using WorkerPtr = std::shared_ptr<SWorker>;
+    using Lock = std::unique_lock<std::mutex>;
 
     RequestPtr newRequest();
-    bool finishRequests();
-    void work();
-    void serve(const SRequest &request);
-    bool isWorker() const;
+    void drop();
+    bool waitForWorkers(Lock &lock, const std::function<bool(const SWorker &)> &hasDone);
+    void startWorker();
+    void work(const WorkerPtr &self);
+    void serve(Lock &lock, const RequestPtr &request, CRun &run);
+    void deliver(Lock &lock, const RequestPtr &request, const CFrameMaker &maker,
+                 const SFrame &frame);
+    static void callBack(const SRequest &request, const CFrameMaker &maker, const SFrame &frame);
+    bool isInCallback() const { return m_deliverer == std::this_thread::get_id(); }
 
-    mutable std::mutex m_mutex; ///< guards all below; the frame makers while nothing is served
-    std::condition_variable m_wake;
-    std::condition_variable m_idle;
+    const size_t m_mostWorkers;
+    mutable std::mutex m_mutex;     ///< guards all below
+    std::condition_variable m_wake; ///< a request waits, or the workers are to end
+    std::condition_variable m_turn; ///< the oldest request has been answered or dropped
+    std::condition_variable m_idle; ///< a worker has done, or a callback
     EmuFrameCallback m_frame = nullptr;
     EmuDisplayListCallback m_displayList = nullptr;
     EmuMemoryCallback m_memory = nullptr;
     uint32_t m_width = 480;
     uint32_t m_height = 272;
-    std::deque<RequestPtr> m_queue;
-    std::vector<RequestPtr> m_spare;        ///< served ones, whose buffers are used again
-    uint64_t m_accepted = 0;                ///< requests so far
-    uint64_t m_answered = 0;                ///< of these, answered or dropped
-    std::atomic<bool> m_isCancelled{false}; ///< what is being served is not wanted any more
-    bool m_isServing = false;
-    bool m_isStopping = false;
+    std::shared_ptr<CRun> m_run;
+    std::deque<RequestPtr> m_waiting;    ///< not begun
+    std::deque<RequestPtr> m_unanswered; ///< all, in their order
+    std::vector<RequestPtr> m_spare;     ///< answered ones, whose buffers are used again
+    std::vector<WorkerPtr> m_workers;
+    std::thread::id m_deliverer; ///< the worker that calls back now
     bool m_quit = false;
-    std::unique_ptr<CFrameMaker> m_maker;      ///< null while the emulator is stopped
-    std::unique_ptr<CFrameMaker> m_blackMaker; ///< for requests to a stopped emulator
-    std::thread m_worker;                      ///< started with the first request
 };
 
 } // namespace kivemu

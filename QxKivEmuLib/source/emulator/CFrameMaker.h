@@ -39,7 +39,7 @@ public:
     ~CFrameMaker();
 
     /// False when the script cannot be used; every frame then says so and is black.
-    bool loadScript(const std::string &path) { return m_host.loadFile(path); }
+    bool load(const SScriptText &script) { return m_host.load(script); }
 
     /// The result is valid until the next call.
     const SFrame &make(const CSnapshot &snapshot, uint32_t width, uint32_t height);

@@ -61,3 +61,8 @@ int Emu_Stop()
 {
     return guarded([] { return CEmulator::instance().stop(); });
 }
+
+uint32_t Emu_RequestsAtOnce()
+{
+    return static_cast<uint32_t>(CEmulator::instance().mostWorkers());
+}

@@ -42,24 +42,27 @@ CLuaHost::CLuaHost(const SChipLimits &chip, const SScriptLimits &limits)
 
 CLuaHost::~CLuaHost() = default;
 
-bool CLuaHost::loadFile(const std::string &path)
+SScriptText SScriptText::read(const std::string &path)
 {
+    SScriptText script;
     std::vector<uint8_t> bytes;
-    const std::string problem = readRegularFile(path, MaxScript, bytes);
-    if (problem.empty())
-        return loadText(std::string(bytes.begin(), bytes.end()), fileName(path));
-    m_sandbox.reset();
-    m_script.clear();
-    m_loadError = "the render script cannot be read: " + problem;
-    return false;
+    script.name = fileName(path);
+    script.problem = readRegularFile(path, MaxScript, bytes);
+    if (script.problem.empty())
+        script.text.assign(bytes.begin(), bytes.end());
+    return script;
 }
 
-bool CLuaHost::loadText(const std::string &text, const std::string &name)
+bool CLuaHost::load(const SScriptText &script)
 {
-    m_script = text;
-    m_name = name;
     m_items.reset();
     m_sandbox.reset();
+    m_script = script.text;
+    m_name = script.name;
+    if (!script.problem.empty()) {
+        m_loadError = "the render script cannot be read: " + script.problem;
+        return false;
+    }
     const CPlainLocale locale;
     return startState();
 }

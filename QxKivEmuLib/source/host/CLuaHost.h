@@ -29,6 +29,16 @@ struct SDrawing
     CErrorList errors;
 };
 
+/// A render script as it was read from its file.
+struct SScriptText
+{
+    std::string text;
+    std::string name;    ///< what messages call it
+    std::string problem; ///< why it could not be read; empty when it was
+
+    static SScriptText read(const std::string &path);
+};
+
 /// Runs the render script: turns a snapshot into a display list and the contents of RAM_G.
 /// A script that fails, hangs or eats memory ends in an error message, and the next frame starts
 /// from a fresh state.
@@ -39,11 +49,14 @@ public:
     explicit CLuaHost(const SChipLimits &chip, const SScriptLimits &limits = {});
     ~CLuaHost();
 
-    /// Takes the script from a file; false and loadError() when it cannot be read or run. The error
-    /// is then also reported with every frame, which is black.
-    bool loadFile(const std::string &path);
-    /// The same from a text; `name` is what messages call it.
-    bool loadText(const std::string &text, const std::string &name);
+    /// False and loadError() when the script could not be read or cannot be run. The error is then
+    /// also reported with every frame, which is black.
+    bool load(const SScriptText &script);
+    bool loadFile(const std::string &path) { return load(SScriptText::read(path)); }
+    bool loadText(const std::string &text, const std::string &name)
+    {
+        return load({text, name, {}});
+    }
     const std::string &loadError() const { return m_loadError; }
     /// A flag that ends the frame that is being drawn when it becomes true; it must outlive the
     /// host. To be given before the script.

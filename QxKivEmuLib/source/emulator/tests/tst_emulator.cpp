@@ -1,10 +1,12 @@
 #include "CAnswers.h"
 #include "CTestModel.h"
 #include "QxKivEmuLib.h"
+#include "StalledRead.h"
 
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -42,6 +44,18 @@ protected:
     {
         CTestIterator iterator(model);
         ASSERT_EQ(Emu_RenderObjects(&iterator, observer, background), 1);
+    }
+    /// Returns when the worker, the `count`th one, is stuck.
+    void renderStalled(int count)
+    {
+        const std::string picture = testing::TempDir() + "stalled.png";
+        std::ofstream(picture) << "no picture";
+        CTestModel model;
+        model.add("load_image('" + picture + "')");
+        ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1);
+        render(model);
+        while (stalledread::begun() < count)
+            std::this_thread::yield();
     }
     CAnswers &answers() { return CAnswers::instance(); }
 };
@@ -196,32 +210,58 @@ TEST_F(Emulator, theModelMayChangeAsSoonAsTheCallReturns)
     }
 }
 
+// However many of them are worked on at once.
 TEST_F(Emulator, sameModelGivesTheSameBytesInAnyOrder)
 {
-    CTestModel first;
-    first.add(RedBox);
-    first.add("text(5, 30, 27, 'Same') disc(40, 20, 7.3)");
-    CTestModel second;
-    second.add("rotate(30, 20, 20) gradient(10, 10, 20, 20, 0xff, 0xff00)");
+    CTestModel models[3];
+    models[0].add(RedBox);
+    models[0].add("text(5, 30, 27, 'Same') disc(40, 20, 7.3)");
+    models[1].add("rotate(30, 20, 20) gradient(10, 10, 20, 20, 0xff, 0xff00)");
+    models[2].add("for i = 1, 20000 do local a = i * 2 end disc(9, 9, 5)"); // others overtake it
     ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1);
-    for (CTestModel *model : {&first, &second, &first, &first, &second})
-        render(*model);
-    ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1) << "drops what is not drawn yet";
-    const size_t before = answers().count();
-    for (CTestModel *model : {&second, &first})
-        render(*model);
-    const std::vector<SAnswer> all = answers().wait(before + 2);
-    const SAnswer &secondAnswer = all[before];
-    const SAnswer &firstAnswer = all[before + 1];
-    EXPECT_EQ(firstAnswer.errors + secondAnswer.errors, "");
-    for (size_t i = 0; i < before; ++i) {
-        const SAnswer &expected = i == 1 || i == 4 ? secondAnswer : firstAnswer;
-        EXPECT_EQ(all[i].list, expected.list) << i;
-        EXPECT_EQ(all[i].pixels, expected.pixels) << i;
+    for (size_t i = 0; i < 3; ++i) {
+        render(models[i]);
+        answers().wait(i + 1);
     }
+    char observers[90];
+    for (int i = 0; i < 90; ++i)
+        render(models[i * i % 7 % 3], &observers[i]);
+    const std::vector<SAnswer> all = answers().wait(93);
+    for (int i = 0; i < 90; ++i) {
+        const SAnswer &answer = all[static_cast<size_t>(i + 3)];
+        const SAnswer &expected = all[static_cast<size_t>(i * i % 7 % 3)];
+        EXPECT_EQ(answer.observer, &observers[i]);
+        EXPECT_EQ(answer.errors, "");
+        EXPECT_EQ(answer.list, expected.list) << i;
+        EXPECT_EQ(answer.pixels, expected.pixels) << i;
+    }
+    EXPECT_NE(all[0].list, all[1].list);
+    EXPECT_EQ(answers().concurrent(), 1) << "callbacks overlapped";
 }
 
-// A process may end at any moment: while a frame is drawn, and in a callback.
+TEST_F(Emulator, workersThatHangAreLeftBehind)
+{
+    CTestModel plain;
+    plain.add(RedBox);
+    for (int i = 1; i <= 2; ++i) {
+        renderStalled(i);
+        render(plain); // behind it in the queue
+        EXPECT_EQ(Emu_Stop(), 0);
+    }
+    EXPECT_EQ(answers().count(), 0U);
+    ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1);
+    render(plain);
+    EXPECT_EQ(answers().wait(1)[0].pixel(10, 20), Red);
+    stalledread::release();
+    for (size_t i = 2; i < 50; ++i) {
+        render(plain);
+        EXPECT_EQ(answers().wait(i).back().pixel(10, 20), Red);
+    }
+    EXPECT_EQ(Emu_Stop(), 1);
+    EXPECT_EQ(answers().count(), 49U);
+}
+
+// A process may end at any moment: while a frame is drawn or a disk hangs, and in a callback.
 TEST_F(Emulator, processEndsCleanlyWhileTheWorkerIsBusy)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
@@ -242,6 +282,11 @@ TEST_F(Emulator, processEndsCleanlyWhileTheWorkerIsBusy)
         for (;;)
             pause(); // the callback ends the process
     };
+    const auto endWhileStalled = [&] {
+        renderStalled(1);
+        std::exit(9);
+    };
     EXPECT_EXIT(endWhileBusy(), testing::ExitedWithCode(7), "");
+    EXPECT_EXIT(endWhileStalled(), testing::ExitedWithCode(9), "");
     EXPECT_EXIT(endInCallback(), testing::ExitedWithCode(8), "");
 }
