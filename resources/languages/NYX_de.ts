@@ -379,6 +379,14 @@
 <context>
     <name>CMainWindow</name>
     <message>
+        <source>The program ended before its window was there when it was started last, so it starts with default settings. The settings of before are kept as %1.</source>
+        <translation>Beim letzten Start endete das Programm, bevor sein Fenster da war; deshalb beginnt es mit den Voreinstellungen. Die bisherigen Einstellungen sind als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The settings file could not be read, so the program starts with default settings. The file is kept as %1.</source>
+        <translation>Die Einstellungsdatei konnte nicht gelesen werden; deshalb beginnt das Programm mit den Voreinstellungen. Die Datei ist als %1 aufbewahrt.</translation>
+    </message>
+    <message>
         <source>Delete Selected Items</source>
         <translation>Ausgewählte Elemente löschen</translation>
     </message>

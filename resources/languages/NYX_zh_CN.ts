@@ -379,6 +379,14 @@
 <context>
     <name>CMainWindow</name>
     <message>
+        <source>The program ended before its window was there when it was started last, so it starts with default settings. The settings of before are kept as %1.</source>
+        <translation>上次启动时程序在窗口出现之前就已结束，因此现在使用默认设置启动。原来的设置保存为 %1。</translation>
+    </message>
+    <message>
+        <source>The settings file could not be read, so the program starts with default settings. The file is kept as %1.</source>
+        <translation>无法读取设置文件，因此程序使用默认设置启动。该文件保存为 %1。</translation>
+    </message>
+    <message>
         <source>Delete Selected Items</source>
         <translation>删除选中的项目</translation>
     </message>

@@ -17,6 +17,8 @@ CLanguageLoader::~CLanguageLoader()
 
 bool CLanguageLoader::load(const QString &language)
 {
+    if (language.contains(QLatin1Char('/')) || language.contains(QLatin1Char('\\')))
+        return false; // a file elsewhere, which nobody has installed
     const QString program = m_folder + QStringLiteral("NYX_%1.qm").arg(language);
     if (!QFile::exists(program))
         return false;

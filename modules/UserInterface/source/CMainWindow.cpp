@@ -9,7 +9,6 @@
 #include "CEmulatorSession.h"
 #include "CErrorBox.h"
 #include "CExportController.h"
-#include "CGridComboWidget.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMenuBar.h"
@@ -23,6 +22,7 @@
 #include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CSettings.h"
+#include "CStartMark.h"
 #include "CStartPage.h"
 #include "CStatusBar.h"
 #include "CThemeIcons.h"
@@ -72,11 +72,7 @@ CMainWindow::CMainWindow(const QString &file)
     resize(placed({QPoint(), FirstSize}, *this).size());
     new CWindowPlacement(this);
     new CPlainToolTips(this);
-    const SSettings settings = m_settings->read();
-    if (m_languages->load(settings.language))
-        m_chosenLanguage = settings.language;
-    else
-        m_languages->loadSystemLanguage();
+    const SSettings settings = readSettings();
     startSubsystems();
     m_panels = new CMainPanels(this);
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
@@ -100,8 +96,9 @@ CMainWindow::CMainWindow(const QString &file)
     QFile named(file);
     const bool isOpen = named.exists() && validateProjectFile(named) && openProjectFile(file);
     if (isOpen && !m_session->leftWork().isEmpty()) // the start page, which offers it, is not seen
-        m_user->showNotice(tr("Unsaved work of a session that ended unexpectedly is kept. The start "
-                              "page offers it: close the project to see it."));
+        m_user->showNotice(
+            tr("Unsaved work of a session that ended unexpectedly is kept. The start "
+               "page offers it: close the project to see it."));
 }
 
 CMainWindow::~CMainWindow()
@@ -250,50 +247,6 @@ void CMainWindow::projectOptionsChanged()
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
     showProjectName();
-}
-
-void CMainWindow::useSettings(const SSettings &values)
-{
-    if (!values.mainWindow.isNull())
-        setGeometry(placed(values.mainWindow, *this));
-    if (values.isMaximized)
-        setWindowState(windowState() | Qt::WindowMaximized);
-    restoreState(values.windowState);
-    Q_EMIT setZoom(values.zoomPercent, values.zoomType);
-    Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
-    m_recent->setPaths(values.latestProjects);
-    m_screenshotFolder = values.screenshotDir;
-    showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
-    savingPathChanged(values.savingFolderPath);
-    m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
-                                                                        : m_savingFolder);
-    setSnapToGrid(values.snapToGrid);
-    m_menuBar->setChecked(CMenuBar::SnapToGrid, values.snapToGrid);
-    setAutosaveInterval(values.autosaveInterval);
-}
-
-void CMainWindow::writeSettings()
-{
-    SSettings values;
-    values.mainWindow = isMaximized() ? normalGeometry() : geometry();
-    values.isMaximized = isMaximized();
-    values.windowState = saveState();
-    values.zoomPercent = m_menuBar->zoomWidget()->zoomPercent();
-    values.zoomType = m_menuBar->zoomWidget()->zoomType();
-    values.showGrid = m_menuBar->gridWidget()->isGridShown();
-    values.gridSize = m_menuBar->gridWidget()->gridSize();
-    values.gridColor = m_menuBar->gridWidget()->gridColor();
-    values.gridType = m_menuBar->gridWidget()->gridType();
-    values.latestProjects = m_recent->paths();
-    values.screenshotDir = m_screenshotFolder;
-    values.theme = m_theme.name();
-    values.statusBar = !statusBar()->isHidden();
-    values.savingFolderPath = m_savingFolder;
-    values.autosaveInterval = m_autosaveInterval;
-    values.language = m_chosenLanguage;
-    values.lastFolder = m_session->workingDirectory();
-    values.snapToGrid = m_snapToGrid;
-    m_settings->write(values);
 }
 
 /// What went wrong while the window was made is told on it, not below it: a window manager keeps a

@@ -30,6 +30,7 @@ class CRecentProjects;
 class CScreenModel;
 class CScreenView;
 class CSettings;
+class CStartMark;
 class CStartPage;
 class CStatusBar;
 class CUpdater;
@@ -136,6 +137,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    SSettings readSettings();
+    void tellOfSettings(const QString &given, const QString &broken);
     void startSubsystems();
     void makeProjectParts();
     void makeOptionDialog();
@@ -160,6 +163,7 @@ private:
     QUndoGroup *m_undoGroup;
     CRecentProjects *m_recent;
     std::unique_ptr<CSettings> m_settings;
+    std::unique_ptr<CStartMark> m_startMark;
     std::unique_ptr<CDialogQuestions> m_user;
     std::unique_ptr<CLanguageLoader> m_languages;
     std::unique_ptr<CEmulatorSession> m_emulator;

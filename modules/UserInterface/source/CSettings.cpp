@@ -1,32 +1,38 @@
 #include "CSettings.h"
 
-#include <QDataStream>
+#include "CFileWriter.h"
+#include "CIniText.h"
+#include "ShownText.h"
+
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
-#include <QVariant>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace {
 namespace Key {
-const QString mainWindow = QStringLiteral("mainWindow");
-const QString windowState = QStringLiteral("windowState");
-const QString zoomPercent = QStringLiteral("zoomPercent");
-const QString zoomType = QStringLiteral("zoomType");
-const QString showGrid = QStringLiteral("showGrid");
-const QString gridSize = QStringLiteral("gridSize");
-const QString gridColor = QStringLiteral("gridColor");
-const QString gridType = QStringLiteral("gridType");
-const QString latestProjects = QStringLiteral("latestProjects");
-const QString screenshotDir = QStringLiteral("screenshotDir");
-const QString theme = QStringLiteral("theme");
-const QString statusBar = QStringLiteral("statusBar");
-const QString savingFolderPath = QStringLiteral("savingFolderPath");
-const QString autosaveInterval = QStringLiteral("autosaveInterval");
-const QString language = QStringLiteral("language");
-const QString lastFolder = QStringLiteral("lastFolder");
-const QString snapToGrid = QStringLiteral("snapToGrid");
-const QString isMaximized = QStringLiteral("isMaximized");
+constexpr char mainWindow[] = "mainWindow";
+constexpr char windowState[] = "windowState";
+constexpr char windowStateCheck[] = "windowStateCheck";
+constexpr char zoomPercent[] = "zoomPercent";
+constexpr char zoomType[] = "zoomType";
+constexpr char showGrid[] = "showGrid";
+constexpr char gridSize[] = "gridSize";
+constexpr char gridColor[] = "gridColor";
+constexpr char gridType[] = "gridType";
+constexpr char latestProjects[] = "latestProjects";
+constexpr char screenshotDir[] = "screenshotDir";
+constexpr char theme[] = "theme";
+constexpr char statusBar[] = "statusBar";
+constexpr char savingFolderPath[] = "savingFolderPath";
+constexpr char autosaveInterval[] = "autosaveInterval";
+constexpr char language[] = "language";
+constexpr char lastFolder[] = "lastFolder";
+constexpr char snapToGrid[] = "snapToGrid";
+constexpr char isMaximized[] = "isMaximized";
 } // namespace Key
 
 constexpr qint64 MaxBytes = 1024 * 1024;
@@ -35,68 +41,126 @@ constexpr int MaxSpacing = 200;      // pixels
 constexpr int MaxInterval = 2000000; // seconds that a timer can hold as milliseconds
 constexpr int MinWindowSide = 200;   // pixels
 constexpr int MaxWindowSide = 32000;
+constexpr int MaxTextLength = 4096; // of a path; longer ones no system has
+constexpr int MaxProjects = 10;
 
-void readInt(const QSettings &settings, const QString &key, int smallest, int largest, int *value)
+void readInt(const CIniText &file, const char *key, int smallest, int largest, int *value)
 {
     bool isNumber = false;
-    const int read = settings.value(key).toInt(&isNumber);
+    const int read = file.text(key).value_or(QString()).toInt(&isNumber);
     if (isNumber && read >= smallest && read <= largest)
         *value = read;
 }
 
 /// A text such as "maybe" would count as true otherwise.
-void readBool(const QSettings &settings, const QString &key, bool *value)
+void readBool(const CIniText &file, const char *key, bool *value)
 {
-    const QString text = settings.value(key).toString().toLower();
+    const QString text = file.text(key).value_or(QString()).toLower();
     if (text == QLatin1String("true") || text == QLatin1String("1"))
         *value = true;
     else if (text == QLatin1String("false") || text == QLatin1String("0"))
         *value = false;
 }
 
-void readRect(const QSettings &settings, const QString &key, QRect *value)
+/// Whether it may name a file, a theme, a language.
+bool isPlain(const QString &text)
 {
-    const QRect read = settings.value(key).toRect();
-    const auto within = [](int number, int smallest, int largest) {
-        return number >= smallest && number <= largest;
+    return text.size() <= MaxTextLength && std::none_of(text.begin(), text.end(), [](QChar each) {
+               return each.category() == QChar::Other_Control;
+           });
+}
+
+void readText(const CIniText &file, const char *key, QString *value)
+{
+    const QString read = file.text(key).value_or(QString());
+    if (!read.isEmpty() && isPlain(read))
+        *value = read;
+}
+
+QStringList readProjects(const CIniText &file)
+{
+    QStringList paths = file.list(Key::latestProjects);
+    paths.erase(std::remove_if(paths.begin(), paths.end(),
+                               [](const QString &each) { return !isPlain(each); }),
+                paths.end());
+    return paths.mid(0, MaxProjects);
+}
+
+/// Written as "@Rect(x y width height)".
+void readRect(const CIniText &file, const char *key, QRect *value)
+{
+    static const QRegularExpression form(
+        QStringLiteral(R"(^@Rect\((-?\d{1,5}) (-?\d{1,5}) (\d{1,5}) (\d{1,5})\)$)"));
+    const auto match = form.match(file.text(key).value_or(QString()));
+    const auto number = [&match](int index) { return match.capturedRef(index).toInt(); };
+    const QRect read(number(1), number(2), number(3), number(4));
+    const auto within = [](int given, int smallest, int largest) {
+        return given >= smallest && given <= largest;
     };
-    if (within(read.x(), -MaxWindowSide, MaxWindowSide) &&
+    if (match.hasMatch() && within(read.x(), -MaxWindowSide, MaxWindowSide) &&
         within(read.y(), -MaxWindowSide, MaxWindowSide) &&
         within(read.width(), MinWindowSide, MaxWindowSide) &&
         within(read.height(), MinWindowSide, MaxWindowSide))
         *value = read;
 }
 
-/// Of binary data that was cut off Qt makes a colour of no known kind: not even a copy of it is
-/// defined, so its kind is taken from the bytes that Qt itself would write for it.
-bool isRgbColour(const QVariant &value)
+QString rectText(const QRect &rect)
 {
-    if (value.type() != QVariant::Color)
-        return false;
-    constexpr int kindAt = 5; // after the type's number and the mark for null
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << value;
-    return bytes.size() > kindAt && bytes.at(kindAt) == char(QColor::Rgb);
+    return QStringLiteral("@Rect(%1 %2 %3 %4)")
+        .arg(rect.x())
+        .arg(rect.y())
+        .arg(rect.width())
+        .arg(rect.height());
+}
+
+/// A colour as Qt streams it: the type's number, the kind RGB, and five numbers of two bytes, of
+/// which the first four are alpha, red, green and blue.
+QColor streamedColour(const QString &text)
+{
+    const QString start = QStringLiteral("@Variant(") + QChar(u'\0') + QChar(u'\0') + QChar(u'\0') +
+                          QLatin1Char('C') + QChar(u'\1');
+    const int size = start.size() + 10 + 1; // and the bracket
+    if (!text.startsWith(start) || text.size() != size || !text.endsWith(QLatin1Char(')')))
+        return {};
+    const auto part = [&](int index) { return text.at(start.size() + 2 * index).unicode() & 0xff; };
+    return {part(1), part(2), part(3), part(0)};
 }
 
 /// Written as text, but one that was written as a colour is taken as well.
-void readColour(const QSettings &settings, const QString &key, QColor *value)
+void readColour(const CIniText &file, const char *key, QColor *value)
 {
-    const QVariant read = settings.value(key);
-    QColor colour(read.type() == QVariant::String ? read.toString() : QString());
-    if (isRgbColour(read))
-        colour = read.value<QColor>();
+    const QString text = file.text(key).value_or(QString());
+    const QColor streamed = streamedColour(text);
+    const QColor colour = streamed.isValid() || !isPlain(text) ? streamed : QColor(text);
     if (colour.isValid() && colour.alpha() > 0)
         *value = colour;
 }
 
-/// The file is parsed when its keys are asked for, not before.
-bool isSettingsFile(const QString &path)
+/// To be raised when the window's parts change so that a layout of before does not fit them.
+const QByteArray StateVersion = "1";
+
+/// What stands beside a layout that this program has written, so that no other is taken.
+QByteArray checkOf(const QByteArray &state)
 {
-    const QSettings file(path, QSettings::IniFormat);
-    file.allKeys();
-    return file.status() != QSettings::FormatError;
+    return StateVersion + ':' +
+           QCryptographicHash::hash(StateVersion + state, QCryptographicHash::Sha256).toHex();
+}
+
+/// Qt believes what it reads of a layout, and comes to grief over one that was changed.
+QByteArray readState(const CIniText &file)
+{
+    const QByteArray state = file.bytes(Key::windowState);
+    const QString check = file.text(Key::windowStateCheck).value_or(QString());
+    return check == QLatin1String(checkOf(state)) ? state : QByteArray();
+}
+
+std::optional<CIniText> readFile(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = file.read(MaxBytes + 1);
+    return bytes.size() > MaxBytes ? std::nullopt : CIniText::parse(bytes);
 }
 } // namespace
 
@@ -115,30 +179,28 @@ QString CSettings::defaultSavingFolder() const
     return QFileInfo(examples).isDir() ? examples : m_folder;
 }
 
-void CSettings::setAsideIfBroken() const
+QString CSettings::setAside() const
 {
-    const QFileInfo info(path());
-    if (!info.exists())
-        return;
-    if (info.isFile() && info.size() <= MaxBytes && isSettingsFile(path()))
-        return;
     QString aside = path() + QStringLiteral(".broken");
-    for (int number = 1; QFile::exists(aside); ++number)
+    for (int number = 1; QFileInfo::exists(aside); ++number)
         aside = path() + QStringLiteral(".broken (%1)").arg(number);
-    if (QFile::rename(path(), aside))
-        qWarning("%s is no settings file; it is now %s", qUtf8Printable(path()),
-                 qUtf8Printable(aside));
+    return QFile::rename(path(), aside) ? aside : QString();
 }
 
-SSettings CSettings::read() const
+SSettings CSettings::read(QString *aside) const
 {
-    setAsideIfBroken();
     SSettings values;
     values.savingFolderPath = defaultSavingFolder();
-    const QSettings file(path(), QSettings::IniFormat);
-
+    const auto found = readFile(path());
+    if (!found) {
+        const QString renamed = setAside();
+        if (aside)
+            *aside = renamed;
+        return values;
+    }
+    const CIniText &file = *found;
     readRect(file, Key::mainWindow, &values.mainWindow);
-    values.windowState = file.value(Key::windowState).toByteArray();
+    values.windowState = readState(file);
     readInt(file, Key::zoomPercent, 1, MaxZoom, &values.zoomPercent);
     readInt(file, Key::zoomType, 0, 2, &values.zoomType);
     readBool(file, Key::showGrid, &values.showGrid);
@@ -147,16 +209,14 @@ SSettings CSettings::read() const
     int gridType = values.gridType;
     readInt(file, Key::gridType, Qt::SolidLine, Qt::DotLine, &gridType);
     values.gridType = static_cast<Qt::PenStyle>(gridType);
-    values.latestProjects = file.value(Key::latestProjects).toStringList();
-    values.screenshotDir = file.value(Key::screenshotDir).toString();
-    values.theme = file.value(Key::theme).toString();
+    values.latestProjects = readProjects(file);
+    readText(file, Key::screenshotDir, &values.screenshotDir);
+    readText(file, Key::theme, &values.theme);
     readBool(file, Key::statusBar, &values.statusBar);
-    const QString folder = file.value(Key::savingFolderPath).toString();
-    if (!folder.isEmpty())
-        values.savingFolderPath = folder;
+    readText(file, Key::savingFolderPath, &values.savingFolderPath);
     readInt(file, Key::autosaveInterval, -MaxInterval, MaxInterval, &values.autosaveInterval);
-    values.language = file.value(Key::language).toString();
-    values.lastFolder = file.value(Key::lastFolder).toString();
+    readText(file, Key::language, &values.language);
+    readText(file, Key::lastFolder, &values.lastFolder);
     readBool(file, Key::snapToGrid, &values.snapToGrid);
     readBool(file, Key::isMaximized, &values.isMaximized);
     return values;
@@ -164,28 +224,35 @@ SSettings CSettings::read() const
 
 bool CSettings::write(const SSettings &values) const
 {
-    QSettings file(path(), QSettings::IniFormat);
-    file.setValue(Key::mainWindow, values.mainWindow);
-    file.setValue(Key::windowState, values.windowState);
-    file.setValue(Key::zoomPercent, values.zoomPercent);
-    file.setValue(Key::zoomType, values.zoomType);
-    file.setValue(Key::showGrid, values.showGrid);
-    file.setValue(Key::gridSize, values.gridSize);
-    file.setValue(Key::gridColor, values.gridColor.name(QColor::HexArgb));
-    file.setValue(Key::gridType, static_cast<int>(values.gridType));
-    file.setValue(Key::latestProjects, values.latestProjects);
-    file.setValue(Key::screenshotDir, values.screenshotDir);
-    file.setValue(Key::theme, values.theme);
-    file.setValue(Key::statusBar, values.statusBar);
-    file.setValue(Key::savingFolderPath, values.savingFolderPath);
-    file.setValue(Key::autosaveInterval, values.autosaveInterval);
-    file.setValue(Key::language, values.language);
-    file.setValue(Key::lastFolder, values.lastFolder);
-    file.setValue(Key::snapToGrid, values.snapToGrid);
-    file.setValue(Key::isMaximized, values.isMaximized);
-    file.sync();
-    if (file.status() == QSettings::NoError)
+    CIniText file = readFile(path()).value_or(CIniText());
+    const auto setInt = [&file](const char *key, int value) {
+        file.setText(key, QString::number(value));
+    };
+    const auto setBool = [&file](const char *key, bool value) {
+        file.setText(key, value ? QStringLiteral("true") : QStringLiteral("false"));
+    };
+    file.setObject(Key::mainWindow, rectText(values.mainWindow));
+    file.setBytes(Key::windowState, values.windowState);
+    file.setText(Key::windowStateCheck, QString::fromLatin1(checkOf(values.windowState)));
+    setInt(Key::zoomPercent, values.zoomPercent);
+    setInt(Key::zoomType, values.zoomType);
+    setBool(Key::showGrid, values.showGrid);
+    setInt(Key::gridSize, values.gridSize);
+    file.setText(Key::gridColor, values.gridColor.name(QColor::HexArgb));
+    setInt(Key::gridType, values.gridType);
+    file.setList(Key::latestProjects, values.latestProjects);
+    file.setText(Key::screenshotDir, values.screenshotDir);
+    file.setText(Key::theme, values.theme);
+    setBool(Key::statusBar, values.statusBar);
+    file.setText(Key::savingFolderPath, values.savingFolderPath);
+    setInt(Key::autosaveInterval, values.autosaveInterval);
+    file.setText(Key::language, values.language);
+    file.setText(Key::lastFolder, values.lastFolder);
+    setBool(Key::snapToGrid, values.snapToGrid);
+    setBool(Key::isMaximized, values.isMaximized);
+    const QString problem = CFileWriter::write(path(), file.toText());
+    if (problem.isEmpty())
         return true;
-    qWarning("The settings could not be written into %s", qUtf8Printable(path()));
+    qWarning("%s", qUtf8Printable(ShownText::message(problem)));
     return false;
 }

@@ -9,8 +9,8 @@
 /// The user's preferences as the settings file keeps them.
 struct SSettings
 {
-    QRect mainWindow; ///< null: none was kept
-    QByteArray windowState;
+    QRect mainWindow;       ///< null: none was kept
+    QByteArray windowState; ///< only as write() was given it; else empty
     int zoomPercent = 100;
     int zoomType = 0; ///< CZoomComboWidget::Type
     bool showGrid = true;
@@ -39,16 +39,18 @@ public:
     explicit CSettings(const QString &folder);
 
     QString path() const;
-    SSettings read() const;
+    /// `aside`: the new path of a file that was no settings file.
+    SSettings read(QString *aside = nullptr) const;
     /// False when the file could not be written.
     bool write(const SSettings &settings) const;
+    /// Renames the file, so that there are none but the defaults. Its new path; empty when there
+    /// is none.
+    QString setAside() const;
 
     /// Where new projects are offered to be saved: the examples beside the programs, if there are
     /// any, otherwise the programs' folder.
     QString defaultSavingFolder() const;
 
 private:
-    void setAsideIfBroken() const;
-
     QString m_folder;
 };

@@ -4,6 +4,7 @@
 #include "CDialogQuestions.h"
 #include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
+#include "CIniText.h"
 #include "CItemModel.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
@@ -45,7 +46,9 @@
 #include <QUndoStack>
 #include <QUuid>
 
+#include <iterator>
 #include <memory>
+#include <random>
 #include <sys/stat.h>
 
 namespace {
@@ -56,6 +59,45 @@ QByteArray twoPages()
     return "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
            "<Kiv_Screen_T name=\"First\" color=\"#102030\"/>"
            "<Kiv_Screen_T name=\"Second\" color=\"#000000\"/></Kiv_Project_T>";
+}
+
+/// A settings file in which one line was changed, or the bytes of the layout, or that was cut off.
+QByteArray mutated(const QByteArray &settings, int line, std::mt19937 *random)
+{
+    const auto any = [random](int below) { return below > 0 ? int((*random)() % uint(below)) : 0; };
+    const QByteArray nested = QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(20000);
+    const QByteArray values[] = {"",
+                                 "@Variant(" + nested + ")",
+                                 "@Variant(\\0\\0\\0\\x41\\0\\0\\0\\x1\\x89PNG)",
+                                 "@Rect(-32000 32000 32000 32000)",
+                                 "2147483648",
+                                 "../../../../../dev/zero",
+                                 QByteArray(100000, 'a'),
+                                 "\\0\""};
+    QByteArrayList lines = settings.split('\n');
+    QByteArray &changed = lines[line % lines.size()];
+    const int value = changed.indexOf('=') + 1;
+    const int at = value + any(changed.size() - value);
+    CIniText text = *CIniText::parse(settings);
+    QByteArray layout = text.bytes("windowState");
+    switch (any(6)) {
+    case 0:
+        changed.insert(at, char(any(256)));
+        break;
+    case 1:
+        changed.remove(at, 1 + any(8));
+        break;
+    case 2:
+        changed = changed.left(value) + values[any(int(std::size(values)))];
+        break;
+    case 3:
+        return settings.left(settings.indexOf(changed) + at);
+    default:
+        layout[any(layout.size())] = char(any(256));
+        text.setBytes("windowState", layout);
+        return text.toText();
+    }
+    return lines.join('\n');
 }
 
 void click(QDialog *dialog, QMessageBox::StandardButton button)
@@ -340,6 +382,55 @@ private Q_SLOTS:
                  QStringList({m_project, other})); // the other is not written back
         QCOMPARE(kept.savingFolderPath, QStringLiteral("/somewhere"));
         QCOMPARE(kept.theme, QStringLiteral("light"));
+    }
+
+    /// Whatever became of the settings, the window is there. KIV_MUTATIONS tries more of them.
+    void startsWithMutatedSettings()
+    {
+        m_window->show();
+        QVERIFY(m_window->openProjectFile(m_project));
+        QVERIFY(m_window->close());
+        const QByteArray settings = readFile(m_folder->path("config.ini"));
+        const int count = qEnvironmentVariableIsSet("KIV_MUTATIONS")
+                              ? qEnvironmentVariableIntValue("KIV_MUTATIONS")
+                              : 15;
+        std::mt19937 random(1);
+        const auto marks = [this] {
+            return QDir(m_folder->path()).entryList({QStringLiteral("config.ini.starting-*")});
+        };
+        for (int i = 0; i < count; ++i) {
+            m_window.reset();
+            const QByteArray changed = mutated(settings, i, &random);
+            writeFile(m_folder->path("config.ini"), changed);
+            writeFile(m_folder->path("config.last"), changed); // to be found after a crash
+            m_window = std::make_unique<CMainWindow>();
+            QCOMPARE(marks().size(), 1);
+            m_window->show();
+            QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+            QTRY_COMPARE(marks(), QStringList());
+            QFile::remove(m_folder->path("config.ini.broken"));
+        }
+    }
+
+    /// A mark that nobody holds is that of a start which ended without its window; another copy
+    /// that is just starting holds its own.
+    void startAfterAFailedOne()
+    {
+        const QByteArray settings = "[General]\ntheme=light\n";
+        for (const bool isFailed : {false, true}) {
+            writeFile(m_folder->path("config.ini"), settings); // m_window has not been shown yet
+            if (isFailed)
+                writeFile(m_folder->path("config.ini.starting-1"), "");
+            const CMainWindow window;
+            QCOMPARE(window.actions()->action(CMenuBar::Light)->isChecked(), !isFailed);
+            QCOMPARE(readFile(m_folder->path("config.ini.broken")),
+                     isFailed ? settings : QByteArray());
+            const QString told = window.findChild<QDockWidget *>(QStringLiteral("outputWindow"))
+                                     ->findChild<QTextEdit *>()
+                                     ->toPlainText();
+            QCOMPARE(told.contains(QStringLiteral("config.ini.broken")), isFailed);
+        }
+        QVERIFY(!QFile::exists(m_folder->path("config.ini.starting-1")));
     }
 
     void windowTogglesFollowTheDocks()

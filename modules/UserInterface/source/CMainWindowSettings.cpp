@@ -1,0 +1,93 @@
+// What the window takes from the settings, and what it keeps there.
+#include "CDialogQuestions.h"
+#include "CGridComboWidget.h"
+#include "CLanguageLoader.h"
+#include "CMainWindow.h"
+#include "CMenuBar.h"
+#include "CProjectSession.h"
+#include "CRecentProjects.h"
+#include "CSettings.h"
+#include "CStartMark.h"
+#include "CWindowPlacement.h"
+#include "CZoomComboWidget.h"
+#include "ShownText.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStatusBar>
+
+SSettings CMainWindow::readSettings()
+{
+    m_startMark = std::make_unique<CStartMark>(m_settings->path(), this);
+    const QString given = m_startMark->isAfterFailure() ? m_settings->setAside() : QString();
+    QString broken;
+    const SSettings settings = m_settings->read(&broken);
+    if (m_languages->load(settings.language))
+        m_chosenLanguage = settings.language;
+    else
+        m_languages->loadSystemLanguage();
+    tellOfSettings(given, broken);
+    return settings;
+}
+
+/// Of the files that were renamed, because a start with it failed, or because it holds none.
+void CMainWindow::tellOfSettings(const QString &given, const QString &broken)
+{
+    const auto tell = [this](const QString &text, const QString &file) {
+        if (!file.isEmpty())
+            m_user->showNotice(text.arg(ShownText::message(QDir::toNativeSeparators(file))));
+    };
+    tell(tr("The program ended before its window was there when it was started last, so it starts "
+            "with default settings. The settings of before are kept as %1."),
+         given);
+    tell(tr("The settings file could not be read, so the program starts with default settings. The "
+            "file is kept as %1."),
+         broken);
+}
+
+void CMainWindow::useSettings(const SSettings &values)
+{
+    if (!values.mainWindow.isNull())
+        setGeometry(CWindowPlacement::placed(values.mainWindow,
+                                             CWindowPlacement::likelyFrame(*this),
+                                             CWindowPlacement::screensOf(*this)));
+    if (values.isMaximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    if (!values.windowState.isEmpty())
+        restoreState(values.windowState);
+    Q_EMIT setZoom(values.zoomPercent, values.zoomType);
+    Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
+    m_recent->setPaths(values.latestProjects);
+    m_screenshotFolder = values.screenshotDir;
+    showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
+    savingPathChanged(values.savingFolderPath);
+    m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
+                                                                        : m_savingFolder);
+    setSnapToGrid(values.snapToGrid);
+    m_menuBar->setChecked(CMenuBar::SnapToGrid, values.snapToGrid);
+    setAutosaveInterval(values.autosaveInterval);
+}
+
+void CMainWindow::writeSettings()
+{
+    SSettings values;
+    values.mainWindow = isMaximized() ? normalGeometry() : geometry();
+    values.isMaximized = isMaximized();
+    values.windowState = saveState();
+    values.zoomPercent = m_menuBar->zoomWidget()->zoomPercent();
+    values.zoomType = m_menuBar->zoomWidget()->zoomType();
+    values.showGrid = m_menuBar->gridWidget()->isGridShown();
+    values.gridSize = m_menuBar->gridWidget()->gridSize();
+    values.gridColor = m_menuBar->gridWidget()->gridColor();
+    values.gridType = m_menuBar->gridWidget()->gridType();
+    values.latestProjects = m_recent->paths();
+    values.screenshotDir = m_screenshotFolder;
+    values.theme = m_theme.name();
+    values.statusBar = !statusBar()->isHidden();
+    values.savingFolderPath = m_savingFolder;
+    values.autosaveInterval = m_autosaveInterval;
+    values.language = m_chosenLanguage;
+    values.lastFolder = m_session->workingDirectory();
+    values.snapToGrid = m_snapToGrid;
+    m_settings->write(values);
+}
