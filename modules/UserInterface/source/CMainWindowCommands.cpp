@@ -351,7 +351,9 @@ void CMainWindow::ungroup()
     m_edit->tellView(&CScreenView::ungroup);
 }
 
+/// The same frame in another way; who needs another frame asks the screens.
 void CMainWindow::updateRepaint()
 {
-    m_edit->tellView(&CScreenView::updateRepaint);
+    if (const CScreenView *view = m_panels->screens()->currentView())
+        view->viewport()->update();
 }

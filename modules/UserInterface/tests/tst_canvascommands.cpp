@@ -27,12 +27,14 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QUndoStack>
+#include <QWheelEvent>
 
 #include <iterator>
 #include <memory>
@@ -510,6 +512,24 @@ private Q_SLOTS:
         });
         m_window->printScreen();
         QVERIFY(m_answers->allGiven());
+    }
+
+    /// It is the same frame; the emulator is not asked for it again.
+    void zoomingAsksForNoFrame()
+    {
+        m_window->show();
+        const CScreenView *view = m_screens->currentView();
+        const QSignalSpy asked(view, &CScreenView::frameWanted);
+        for (const int type : {CZoomComboWidget::FitToPage, CZoomComboWidget::FreeValue}) {
+            const double before = view->scale();
+            Q_EMIT m_window->setZoom(213, type);
+            QVERIFY(view->scale() != before);
+        }
+        QWheelEvent notch({20, 20}, {20, 20}, {}, {0, 120}, {}, Qt::ControlModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view->viewport(), &notch);
+        QCOMPARE(view->scale(), 2.34);
+        QCOMPARE(asked.count(), 0);
     }
 
     void theExplorersSelectionStaysWhenAnotherPageIsShown()
