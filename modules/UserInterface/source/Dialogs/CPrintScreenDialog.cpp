@@ -1,5 +1,6 @@
 #include "CPrintScreenDialog.h"
 
+#include "BackgroundWork.h"
 #include "CScreenshotWriter.h"
 #include "CThemeIcons.h"
 #include "ShownText.h"
@@ -19,15 +20,9 @@ namespace {
 
 const QSize IconSize(256, 224);
 
-/// The picture as it fits; a frame for a screen that has none yet.
-QIcon iconOf(const QPixmap &picture, double ratio)
+/// A frame, for a screen that has no picture yet.
+QIcon emptyIcon()
 {
-    if (!picture.isNull()) {
-        QPixmap fitting =
-            picture.scaled(IconSize * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        fitting.setDevicePixelRatio(ratio);
-        return CThemeIcons::untinted(fitting);
-    }
     QPixmap frame(IconSize.width(), IconSize.width() * 9 / 16);
     frame.fill(Qt::transparent);
     QPainter painter(&frame);
@@ -52,7 +47,10 @@ CPrintScreenDialog::CPrintScreenDialog(const Source &pictures, const QString &fo
       m_pictures(pictures),
       m_folder(existingFolder(folder)),
       m_location(new QLabel(this)),
-      m_screens(new QListWidget(this))
+      m_screens(new QListWidget(this)),
+      m_choose(new QToolButton(this)),
+      m_save(new QPushButton(tr("Save Selection"), this)),
+      m_isStopped(std::make_shared<std::atomic<bool>>(false))
 {
     setWindowTitle(tr("Save Screenshots"));
     resize(830, 600);
@@ -71,18 +69,21 @@ CPrintScreenDialog::CPrintScreenDialog(const Source &pictures, const QString &fo
     showFolder();
 }
 
+CPrintScreenDialog::~CPrintScreenDialog()
+{
+    *m_isStopped = true;
+}
+
 void CPrintScreenDialog::layOut()
 {
-    auto *choose = new QToolButton(this);
-    choose->setObjectName(QStringLiteral("chooseFolder"));
-    choose->setIcon(CThemeIcons::icon(QStringLiteral(":/images/openProject.png")));
-    choose->setToolTip(tr("Select directory to save screens to"));
-    connect(choose, &QToolButton::clicked, this, &CPrintScreenDialog::selectFolder);
-    auto *save = new QPushButton(tr("Save Selection"), this);
-    save->setObjectName(QStringLiteral("save"));
-    save->setToolTip(tr("Save selected screens and return to editor"));
-    save->setDefault(true);
-    connect(save, &QPushButton::clicked, this, &CPrintScreenDialog::saveImages);
+    m_choose->setObjectName(QStringLiteral("chooseFolder"));
+    m_choose->setIcon(CThemeIcons::icon(QStringLiteral(":/images/openProject.png")));
+    m_choose->setToolTip(tr("Select directory to save screens to"));
+    connect(m_choose, &QToolButton::clicked, this, &CPrintScreenDialog::selectFolder);
+    m_save->setObjectName(QStringLiteral("save"));
+    m_save->setToolTip(tr("Save selected screens and return to editor"));
+    m_save->setDefault(true);
+    connect(m_save, &QPushButton::clicked, this, &CPrintScreenDialog::saveImages);
     auto *cancel = new QPushButton(tr("Cancel"), this);
     cancel->setToolTip(tr("Cancel and return to editor"));
     cancel->setAutoDefault(false);
@@ -90,9 +91,9 @@ void CPrintScreenDialog::layOut()
 
     auto *bottom = new QHBoxLayout;
     bottom->setSpacing(8);
-    bottom->addWidget(choose);
+    bottom->addWidget(m_choose);
     bottom->addWidget(m_location, 1);
-    bottom->addWidget(save);
+    bottom->addWidget(m_save);
     bottom->addWidget(cancel);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -104,12 +105,13 @@ void CPrintScreenDialog::layOut()
 void CPrintScreenDialog::fill()
 {
     const Pictures pictures = m_pictures();
+    const QIcon empty = emptyIcon();
     for (const auto &[name, picture] : pictures) {
-        auto *item = new QListWidgetItem(iconOf(picture, devicePixelRatioF()),
-                                         ShownText::name(name), m_screens);
+        auto *item = new QListWidgetItem(empty, ShownText::name(name), m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
         m_shown.append(picture.cacheKey());
+        showScaled(m_screens->count() - 1, picture);
     }
     m_screens->setCurrentRow(0, QItemSelectionModel::NoUpdate); // current, not picked
 }
@@ -122,8 +124,28 @@ void CPrintScreenDialog::refresh()
         if (m_shown.at(row) == picture.cacheKey())
             continue;
         m_shown[row] = picture.cacheKey();
-        m_screens->item(row)->setIcon(iconOf(picture, devicePixelRatioF()));
+        showScaled(row, picture);
     }
+}
+
+/// As it fits, unless a newer one comes meanwhile.
+void CPrintScreenDialog::showScaled(int row, const QPixmap &picture)
+{
+    if (picture.isNull())
+        return;
+    const double ratio = devicePixelRatioF();
+    BackgroundWork::run(
+        this,
+        [image = picture.toImage(), size = IconSize * ratio] {
+            return image.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        },
+        [this, row, ratio, key = picture.cacheKey()](const QImage &scaled) {
+            if (m_shown.at(row) != key)
+                return;
+            QPixmap fitting = QPixmap::fromImage(scaled);
+            fitting.setDevicePixelRatio(ratio);
+            m_screens->item(row)->setIcon(CThemeIcons::untinted(fitting));
+        });
 }
 
 void CPrintScreenDialog::showFolder()
@@ -149,15 +171,32 @@ void CPrintScreenDialog::selectFolder()
 void CPrintScreenDialog::saveImages()
 {
     const Pictures pictures = m_pictures();
-    CScreenshotWriter writer(m_folder);
+    QList<QPair<QString, QImage>> picked;
     for (int row = 0; row < qMin(pictures.size(), m_screens->count()); ++row) {
         if (m_screens->item(row)->isSelected())
-            writer.write(pictures.at(row).first, pictures.at(row).second.toImage());
+            picked.append({pictures.at(row).first, pictures.at(row).second.toImage()});
     }
-    const QStringList skipped = writer.skipped();
-    for (const QString &each : skipped)
-        Q_EMIT message(each);
-    if (m_screens->selectedItems().isEmpty()) // the dialog closes as after a success
+    if (picked.isEmpty()) { // the dialog closes as after a success
         Q_EMIT message(tr("No page was picked, so no picture was saved."));
-    accept();
+        accept();
+        return;
+    }
+    for (QWidget *each : QList<QWidget *>{m_screens, m_choose, m_save})
+        each->setEnabled(false);
+    BackgroundWork::run(
+        this,
+        [picked, folder = m_folder, isStopped = m_isStopped] {
+            CScreenshotWriter writer(folder);
+            for (const auto &[name, picture] : picked) {
+                if (*isStopped)
+                    break;
+                writer.write(name, picture);
+            }
+            return writer.skipped();
+        },
+        [this](const QStringList &skipped) {
+            for (const QString &each : skipped)
+                Q_EMIT message(each);
+            accept();
+        });
 }

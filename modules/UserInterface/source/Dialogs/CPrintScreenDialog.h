@@ -5,10 +5,14 @@
 #include <QPair>
 #include <QPixmap>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 
 class QLabel;
 class QListWidget;
+class QPushButton;
+class QToolButton;
 
 /// Shows all screens as pictures and saves those that the user picks as PNG files.
 class CPrintScreenDialog : public QDialog
@@ -22,6 +26,7 @@ public:
     /// `pictures` gives the current ones whenever it is asked. `folder` is where they are saved;
     /// when there is no such folder, the user's own is proposed.
     CPrintScreenDialog(const Source &pictures, const QString &folder, QWidget *parent = nullptr);
+    ~CPrintScreenDialog() override;
 
     const QString &saveFolder() const { return m_folder; }
 
@@ -36,16 +41,21 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void selectFolder();
+    /// Closes the dialog when all are written; a dialog that is closed before writes no more.
     void saveImages();
 
 private:
     void fill();
     void layOut();
+    void showScaled(int row, const QPixmap &picture);
     void showFolder();
 
     const Source m_pictures;
     QString m_folder;
     QLabel *const m_location;
     QListWidget *const m_screens;
+    QToolButton *const m_choose;
+    QPushButton *const m_save;
+    const std::shared_ptr<std::atomic<bool>> m_isStopped; ///< asked by the thread that writes
     QList<qint64> m_shown; ///< which picture each row shows, by its cache key
 };

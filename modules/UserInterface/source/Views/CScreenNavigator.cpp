@@ -1,5 +1,6 @@
 #include "CScreenNavigator.h"
 
+#include "BackgroundWork.h"
 #include "CEmulatorAdapter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -52,7 +53,7 @@ void CScreenNavigator::setProject(CProjectModel *project)
     m_requested = nullptr;
     m_current = nullptr;
     m_project = project;
-    m_frames.clear();
+    m_pictures.clear();
     m_changed.clear();
     if (project) {
         const auto rowsChanged = [this](const QModelIndex &parent) {
@@ -73,22 +74,22 @@ void CScreenNavigator::setProject(CProjectModel *project)
 void CScreenNavigator::rebuild()
 {
     clear();
-    QHash<const CScreenModel *, QPixmap> frames;
+    QHash<const CScreenModel *, SPicture> pictures;
     QList<CScreenModel *> changed;
     for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
         CScreenModel *screen = m_project->screen(row);
         auto *entry = new QListWidgetItem(ShownText::name(screen->name()), this);
-        showThumbnail(entry, m_frames.value(screen));
-        if (m_frames.contains(screen))
-            frames.insert(screen, m_frames.value(screen));
-        if (!m_frames.contains(screen) || m_changed.contains(screen))
+        showThumbnail(entry, m_pictures.value(screen).thumbnail);
+        if (m_pictures.contains(screen))
+            pictures.insert(screen, m_pictures.value(screen));
+        if (!m_pictures.contains(screen) || m_changed.contains(screen))
             changed.append(screen);
         if (screen == m_current)
             setCurrentItem(entry);
     }
-    m_frames = frames;
+    m_pictures = pictures;
     m_changed = changed;
-    if (!frames.contains(m_requested) && !changed.contains(m_requested))
+    if (!pictures.contains(m_requested) && !changed.contains(m_requested))
         m_requested = nullptr;
     m_timer->start();
 }
@@ -161,9 +162,9 @@ void CScreenNavigator::emulatorFrameCallback(bool output, QPixmap buffer, uint32
 {
     if (observer != this || !m_requested || !output)
         return;
-    if (QListWidgetItem *entry = entryOf(m_requested)) {
-        m_frames.insert(m_requested, buffer);
-        showThumbnail(entry, buffer);
+    if (entryOf(m_requested)) {
+        m_pictures[m_requested].frame = buffer;
+        scale(m_requested);
         Q_EMIT frameTaken();
     }
     m_requested = nullptr;
@@ -171,18 +172,38 @@ void CScreenNavigator::emulatorFrameCallback(bool output, QPixmap buffer, uint32
         m_timer->start();
 }
 
-/// The frame, or an empty page while there is none, within the icon's square.
-void CScreenNavigator::showThumbnail(QListWidgetItem *entry, const QPixmap &frame)
+QSize CScreenNavigator::thumbnailSize() const
 {
-    const double ratio = devicePixelRatioF();
     const QSize resolution = m_project ? m_project->resolution() : Largest;
-    const QSize size = resolution.scaled(Largest, Qt::KeepAspectRatio) * ratio;
-    QPixmap thumbnail(size);
-    if (frame.isNull())
+    return resolution.scaled(Largest, Qt::KeepAspectRatio) * devicePixelRatioF();
+}
+
+/// The frame of a screen becomes its thumbnail, unless a newer one comes or the screen goes.
+void CScreenNavigator::scale(const CScreenModel *screen)
+{
+    const QPixmap frame = m_pictures.value(screen).frame;
+    BackgroundWork::run(
+        this,
+        [image = frame.toImage(), size = thumbnailSize()] {
+            return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        },
+        [this, screen, key = frame.cacheKey()](const QImage &thumbnail) {
+            const auto picture = m_pictures.find(screen);
+            if (picture == m_pictures.end() || picture->frame.cacheKey() != key)
+                return;
+            picture->thumbnail = QPixmap::fromImage(thumbnail);
+            showThumbnail(entryOf(screen), picture->thumbnail);
+        });
+}
+
+/// An empty page while there is none.
+void CScreenNavigator::showThumbnail(QListWidgetItem *entry, QPixmap thumbnail)
+{
+    if (thumbnail.isNull()) {
+        thumbnail = QPixmap(thumbnailSize());
         thumbnail.fill(palette().color(QPalette::Mid));
-    else
-        thumbnail = frame.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    thumbnail.setDevicePixelRatio(ratio);
+    }
+    thumbnail.setDevicePixelRatio(devicePixelRatioF());
     entry->setIcon(CThemeIcons::untinted(thumbnail));
     entry->setToolTip(entry->text());
 }
@@ -192,7 +213,7 @@ QList<QPair<QString, QPixmap>> CScreenNavigator::getScreenPixmaps() const
     QList<QPair<QString, QPixmap>> pixmaps;
     for (int row = 0; m_project && row < m_project->screenCount(); ++row) {
         const CScreenModel *screen = m_project->screen(row);
-        pixmaps.append({screen->name(), m_frames.value(screen)});
+        pixmaps.append({screen->name(), m_pictures.value(screen).frame});
     }
     return pixmaps;
 }

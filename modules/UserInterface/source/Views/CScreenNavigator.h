@@ -44,16 +44,24 @@ Q_SIGNALS:
     void frameTaken(); ///< getScreenPixmaps() has a newer frame
 
 private:
+    struct SPicture
+    {
+        QPixmap frame;
+        QPixmap thumbnail; ///< null until it is scaled
+    };
+
     void rebuild();
     void markChanged(const QStandardItem *item);
     void requestNext();
     void propertyChanged(CItemModel *item, const QString &key);
-    void showThumbnail(QListWidgetItem *entry, const QPixmap &frame);
+    QSize thumbnailSize() const; ///< device pixels
+    void scale(const CScreenModel *screen);
+    void showThumbnail(QListWidgetItem *entry, QPixmap thumbnail);
     QListWidgetItem *entryOf(const CScreenModel *screen) const;
 
     QPointer<CProjectModel> m_project; ///< not owned
     QTimer *m_timer;
-    QHash<const CScreenModel *, QPixmap> m_frames;
+    QHash<const CScreenModel *, SPicture> m_pictures;
     QList<CScreenModel *> m_changed; ///< waiting for their frames, in order
     CScreenModel *m_requested = nullptr;
     const CScreenModel *m_current = nullptr; ///< the marked one; compared only

@@ -374,16 +374,16 @@ void tst_ProjectDialogs::screenshotsOfTheSelection()
     const qint64 empty = screens->item(2)->icon().cacheKey();
     pictures[2].second = QPixmap(16, 16);
     dialog.refresh();
-    QVERIFY(screens->item(2)->icon().cacheKey() != empty);
+    QTRY_VERIFY(screens->item(2)->icon().cacheKey() != empty);
     dialog.show();
     for (const int row : {0, 1, 1, 1}) // the second one on, off, on again
         QTest::mouseClick(screens->viewport(), Qt::LeftButton, {},
                           screens->visualItemRect(screens->item(row)).center());
     field<QPushButton>(dialog, "save")->click();
+    QTRY_VERIFY(!dialog.isVisible());
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
              (QStringList{"a_b.png", "Page 1 (1).png", "Page 1.png"}));
     QCOMPARE(QImage(folder.filePath("Page 1 (1).png")).pixelColor(3, 3), QColor(Qt::red));
-    QVERIFY(!dialog.isVisible());
 }
 
 void tst_ProjectDialogs::screenshotFolderIsRemembered()
