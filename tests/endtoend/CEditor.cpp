@@ -28,7 +28,7 @@ QDomNodeList elements(const QString &path, const char *kind)
 }
 } // namespace
 
-CEditor::CEditor(CDisplay *display, const QByteArray &project, int autosaveInterval)
+CEditor::CEditor(CDisplay *display, const QByteArray &project, const QByteArray &settings)
     : m_display(display)
 {
     // The program writes its settings beside itself; links would lead it to the build's folder.
@@ -36,11 +36,10 @@ CEditor::CEditor(CDisplay *display, const QByteArray &project, int autosaveInter
     for (const char *name : {"panel-composer", "libQxKivEmuLib.so"})
         QVERIFY(
             QFile::copy(bin.filePath(QLatin1String(name)), m_folder.filePath(QLatin1String(name))));
-    for (const char *name : {"widget-library.xml", "kiv_render.lua"})
+    for (const char *name : {"widget-library.xml", "kiv_render.lua", "examples"})
         QVERIFY(
             QFile::link(bin.filePath(QLatin1String(name)), m_folder.filePath(QLatin1String(name))));
-    write(m_folder.filePath(QStringLiteral("config.ini")),
-          "[General]\nautosaveInterval=" + QByteArray::number(autosaveInterval) + '\n');
+    write(m_folder.filePath(QStringLiteral("config.ini")), "[General]\n" + settings + '\n');
     write(projectFile(), project);
 
     QProcessEnvironment environment = display->environment();

@@ -14,8 +14,9 @@ class CDisplay;
 class CEditor
 {
 public:
-    /// `autosaveInterval` in seconds; 0: off.
-    CEditor(CDisplay *display, const QByteArray &project, int autosaveInterval = 0);
+    /// `settings`: lines of the settings file.
+    CEditor(CDisplay *display, const QByteArray &project,
+            const QByteArray &settings = "autosaveInterval=0");
     ~CEditor();
 
     /// Starts the program with the project file; the constructor has done so once.

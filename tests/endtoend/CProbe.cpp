@@ -82,7 +82,9 @@ QString visibleWindows()
     return classes.join(QLatin1Char(' '));
 }
 
-QString answerTo(const QString &question)
+} // namespace
+
+QString CProbe::answerTo(const QString &question)
 {
     const QString subject = question.section(QLatin1Char(' '), 0, 0);
     const QString rest = question.section(QLatin1Char(' '), 1);
@@ -121,11 +123,14 @@ QString answerTo(const QString &question)
         const bool saved = QGuiApplication::primaryScreen()->grabWindow(0).save(rest);
         return saved ? QStringLiteral("yes") : QStringLiteral("no");
     }
+    if (subject == QLatin1String("slowest"))
+        return m_watchdog.takeSlowest().join(QLatin1String(" | "));
+    if (subject == QLatin1String("quiet"))
+        return QString::number(m_watchdog.quietTime());
     return QStringLiteral("none");
 }
-} // namespace
 
-CProbe::CProbe()
+CProbe::CProbe() : m_watchdog(this)
 {
     auto *input = new QSocketNotifier(fileno(stdin), QSocketNotifier::Read, this);
     connect(input, &QSocketNotifier::activated, this, &CProbe::answer);

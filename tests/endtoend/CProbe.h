@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CWatchdog.h"
+
 #include <QGenericPlugin>
 #include <QObject>
 
@@ -17,6 +19,8 @@
 ///   focus            the class of the widget that has the focus
 ///   clipboard        the formats of what the clipboard holds
 ///   picture FILE     saves a picture of the whole screen
+///   slowest          what kept the GUI thread longest since it was last asked, see CWatchdog
+///   quiet            for how many milliseconds the GUI thread has had nothing to do
 /// Places are "x y" in pixels of the X screen; what is not to be seen is "none".
 class CProbe : public QObject
 {
@@ -27,6 +31,9 @@ public:
 
 private:
     void answer();
+    QString answerTo(const QString &question);
+
+    CWatchdog m_watchdog;
 };
 
 class CProbePlugin final : public QGenericPlugin

@@ -142,7 +142,7 @@ private Q_SLOTS:
         CEditor editor(&m_display,
                        project("First", "<Kiv_Button_T name=\"Stop\" id=\"7\" x_coordinate=\"30\" "
                                         "y_coordinate=\"40\" width=\"90\" height=\"50\"/>"),
-                       1);
+                       "autosaveInterval=1");
         editor.focus("scene 60 60", "CScreenView");
         m_display.key("Right");
         COMPARE_SOON(editor.saved("Kiv_Button_T", place), QString("50 40")); // by the timer
@@ -166,7 +166,7 @@ private Q_SLOTS:
         CEditor editor(&m_display,
                        project("First", "<Kiv_Button_T name=\"Stop\" id=\"7\" x_coordinate=\"30\" "
                                         "y_coordinate=\"40\" width=\"90\" height=\"50\"/>"),
-                       1);
+                       "autosaveInterval=1");
         editor.focus("scene 60 60", "CScreenView");
         editor.saveAs(QStringLiteral("Panel v1.2"));
         const QString first = editor.projectFile();
