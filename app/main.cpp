@@ -27,6 +27,15 @@ void handleStartMessages(QtMsgType type, const QMessageLogContext &context, cons
         usualHandler(type, context, text);
 }
 
+CMainWindow *openWindow = nullptr; ///< while it is made, it may ask about the file
+
+/// The program ends behind its own back when the display goes: with the session of the user, say.
+void keepWhatIsUnsaved()
+{
+    if (openWindow)
+        openWindow->keepUnsaved();
+}
+
 /// The project named last. A relative path is meant from where the user stands, or else from the
 /// programs' folder.
 QString fileFromCommandLine()
@@ -56,21 +65,30 @@ int main(int argc, char **argv)
 
     const CTerminationSignals termination; // before a project is opened: its lock is to be released
     bool isEnding = false;
-    CMainWindow *made = nullptr; // while it is made, it may ask about the file
     QObject::connect(&termination, &CTerminationSignals::endWanted, qApp, [&] {
         isEnding = true;
-        if (made)
-            made->saveUnattended();
+        if (openWindow)
+            openWindow->saveUnattended();
         // Also out of the loop of a dialog that is open; whoever opened it still needs the project.
         QCoreApplication::exit(0);
     });
+    // Before the user is asked about his changes: whoever ends the session may not wait for him.
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &application,
+        [] {
+            if (openWindow)
+                openWindow->saveUnattended();
+        },
+        Qt::DirectConnection);
     CMainWindow window(file);
-    made = &window;
+    openWindow = &window;
+    std::atexit(keepWhatIsUnsaved);
     int code = 0;
     if (!isEnding) {
         window.show();
         code = QApplication::exec();
     }
+    openWindow = nullptr;
     if (isEnding)
         window.closeUnattended();
     return code;

@@ -168,7 +168,7 @@ void CMainWindow::connectSession()
 {
     connect(m_session, &CProjectSession::projectOpened, this, &CMainWindow::activate);
     connect(m_session, &CProjectSession::projectAboutToClose, this, &CMainWindow::deactivate);
-    connect(m_session, &CProjectSession::titleChanged, this, &QWidget::setWindowTitle);
+    connect(m_session, &CProjectSession::titleChanged, this, &CMainWindow::showProjectName);
     connect(m_session, &CProjectSession::projectLoaded, this, [this] {
         if (CScreenModel *first = project()->screen(0))
             m_panels->screens()->openScreen(first);
@@ -278,8 +278,15 @@ void CMainWindow::saveUnattended()
 {
     m_export->cancel();
     m_panels->cancelGestures();
-    if (m_session->project() && m_autosaveInterval > 0)
+    if (m_autosaveInterval > 0)
         m_session->autosave();
+    else
+        m_session->keepUnsaved();
+}
+
+void CMainWindow::keepUnsaved()
+{
+    m_session->keepUnsaved();
 }
 
 void CMainWindow::closeUnattended()

@@ -63,10 +63,12 @@ public:
     bool snapToGrid() const { return m_snapToGrid; }
 
     /// The end of the program from outside. The first breaks off what is under way and saves
-    /// automatically, if that is switched on; it may be called in the middle of a dialog. The
-    /// second, when no dialog is open any more, closes without a question and keeps the settings.
+    /// automatically or, if that is switched off, keeps a recovery copy; it may be called in the
+    /// middle of a dialog. The second, when no dialog is open any more, closes without a question
+    /// and keeps the settings. The third only keeps a recovery copy, and touches no window.
     void saveUnattended();
     void closeUnattended();
+    void keepUnsaved();
     void projectOptionsChanged() override;
 
 Q_SIGNALS:

@@ -99,7 +99,8 @@ bool CMainWindow::openProjectFile(const QString &path)
 
 void CMainWindow::showProjectName()
 {
-    setWindowTitle(m_session->title());
+    const QString mark = QStringLiteral("[*]"); // which Qt takes for the place of its star
+    setWindowTitle(m_session->title().replace(mark, mark + mark));
 }
 
 void CMainWindow::openRecent(QAction *action)

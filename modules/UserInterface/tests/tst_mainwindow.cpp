@@ -10,6 +10,7 @@
 #include "CMenuBar.h"
 #include "CProjectModel.h"
 #include "CRecentProjects.h"
+#include "CRecoveryCopy.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
@@ -45,6 +46,7 @@
 #include <QUndoGroup>
 #include <QUndoStack>
 #include <QUuid>
+#include <QWindow>
 
 #include <iterator>
 #include <memory>
@@ -593,6 +595,22 @@ private Q_SLOTS:
         QVERIFY(!m_window->project());
         QVERIFY(readFile(m_project).contains("#0a0b0c"));
         QVERIFY(readFile(m_folder->path(".demo.nyx.saved")).startsWith(twoPages()));
+        // Without automatic saving the file stays as it is, and the changes are offered.
+        QVERIFY(QFile::remove(m_folder->path(".demo.nyx.saved")));
+        const QByteArray before = readFile(m_project);
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->setAutosaveInterval(0);
+        m_window->closeUnattended();
+        const QString root = m_folder->path("data/kiv-panel-composer/unsaved");
+        QVERIFY(CRecoveryCopy::left(root).isEmpty()); // there were none
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->project()->undoStack()->push(new CCommandChangeItemProperty(
+            m_window->project()->screen(0), PropertyKey::Name, "Later", "First"));
+        m_window->closeUnattended();
+        QCOMPARE(readFile(m_project), before);
+        const auto left = CRecoveryCopy::left(root);
+        QCOMPARE(left.size(), 1);
+        QVERIFY(readFile(left.first().file).contains("Later"));
     }
 
     /// Told once, without taking the keys from what is being typed, and with the way out.
@@ -636,6 +654,8 @@ private Q_SLOTS:
         QTest::newRow("HTML") << html << html;
         QTest::newRow("turned round, unseen")
             << QStringLiteral("a\u202eb\u0085c") << QStringLiteral("a[U+202E]b[U+0085]c");
+        const QString star = QStringLiteral("a[*]b[*][*]"); // the star of changed documents
+        QTest::newRow("the place of a star") << star << star;
         QTest::newRow("long") << QString(100000, 'x') << QString(250, 'x') + QChar(0x2026);
     }
 
@@ -649,7 +669,8 @@ private Q_SLOTS:
         QVERIFY(m_window->openProjectFile(m_project));
         CScreenModel *page = m_window->project()->screen(0);
         QCOMPARE(page->name(), name);
-        QVERIFY(m_window->windowTitle().startsWith(shown));
+        m_window->winId(); // has the title as it is shown
+        QVERIFY(m_window->windowHandle()->title().startsWith(shown));
         page->project()->undoStack()->push(
             new CCommandChangeItemProperty(page, PropertyKey::Name, name, QString()));
         QVERIFY(m_window->undoGroup()->undoText().contains(shown));

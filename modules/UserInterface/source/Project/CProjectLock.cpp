@@ -10,11 +10,43 @@
 #include <QVector>
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
 constexpr qint64 MaxLockBytes = 4096;
+
+constexpr qint64 WritingTime = 5; ///< s; far longer than a lock is there without saying whose it is
+
+/// Whether a process has the file open and locked, as the owner of a lock has; yes when in doubt.
+bool isHeld(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    const int file =
+        open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (file < 0)
+        return true;
+    struct flock others = {};
+    others.l_type = F_WRLCK;
+    const bool isFree = flock(file, LOCK_EX | LOCK_NB) == 0 && fcntl(file, F_GETLK, &others) == 0 &&
+                        others.l_type == F_UNLCK;
+    close(file);
+    return !isFree;
+#else
+    Q_UNUSED(path)
+    return true;
+#endif
+}
+
+/// Whether a lock was made by a process that ended before it was written, as all of it is zero.
+bool isNeverWritten(const QString &path, const QByteArray &content, const QDateTime &made)
+{
+    return content.count('\0') == content.size() &&
+           made.secsTo(QDateTime::currentDateTime()) >= WritingTime && !isHeld(path);
+}
 
 /// Locks whose file is no longer there, or another process's. Destroying them would remove the file
 /// of a new owner, so they are kept to the end of the process.
@@ -83,6 +115,8 @@ CProjectLock::EResult CProjectLock::tryLock()
     const CFolderGuard guard(QFileInfo(m_path).path());
     const auto before = identityOf(m_path);
     const QDateTime begun = QFileInfo(m_path).lastModified();
+    if (before && !isBlocked() && isNeverWritten(m_path, before->content, begun))
+        QFile::remove(m_path);
     const EResult result = lock();
     if (result == EResult::Taken && before)
         m_deadSession = begun;

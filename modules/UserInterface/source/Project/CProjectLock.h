@@ -13,7 +13,8 @@ class QLockFile;
 /// Owner:   at most one process at a time. Taking, taking over and releasing are each one step
 ///          towards other copies on this machine. Who was ousted finds out by isOusted(), to be
 ///          asked before each write.
-/// Dead:    the lock of a process that has ended is taken silently; nothing else is, however old.
+/// Dead:    the lock of a process that has ended is taken silently, also one that it had no time to
+///          write; nothing else is, however old.
 /// Release: on destruction; removes the lock file only while it is this one's.
 class CProjectLock
 {

@@ -84,6 +84,9 @@ public:
     void closeWithoutQuestions();
     /// Writes the project's file, or else the recovery copy, without asking anything.
     EAutosave autosave();
+    /// Keeps unsaved changes in the recovery copy alone, which the next start offers, for an end
+    /// from outside when nothing is saved automatically.
+    void keepUnsaved();
 
 Q_SIGNALS:
     /// A project is there; show it, start the emulator for it.
@@ -115,6 +118,7 @@ private:
     bool isOusted() const;
     QString write(CProjectFile *file, CProjectFile::EWrite kind);
     void fail(const QString &reason) const;
+    bool isChanged() const;
     QString writeAutomatically();
     QString keepCopy();
     void dropCopy();
@@ -126,7 +130,7 @@ private:
     std::unique_ptr<CProjectLock> m_lock;
     std::unique_ptr<CRecoveryCopy> m_copy; ///< null until there is something to keep in it
     std::vector<std::unique_ptr<CRecoveryCopy>> m_pastCopies; ///< what the clipboard may refer to
-    bool m_isCopyDue = false;              ///< the project has changed since it was written
+    bool m_isCopyDue = false; ///< the project has changed since it was written
     QString m_recoveryRoot;
     QString m_workingDirectory;
     QString m_programVersion;

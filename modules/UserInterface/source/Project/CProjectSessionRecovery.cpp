@@ -17,9 +17,8 @@ CProjectSession::EAutosave CProjectSession::autosave()
 {
     if (!m_project)
         return EAutosave::NoProject;
-    const bool isChanged = isDirty() && m_project->undoStack()->count() > 0; // else as recovered
     const bool isCopyOutdated = m_copy && m_copy->isWritten() && m_isCopyDue;
-    if (!isChanged && (m_file || !isCopyOutdated))
+    if (!isChanged() && (m_file || !isCopyOutdated))
         return EAutosave::Unchanged;
     const QString reason =
         m_file ? writeAutomatically()
@@ -29,7 +28,11 @@ CProjectSession::EAutosave CProjectSession::autosave()
         m_recent->add(QFileInfo(m_file->path()));
         return EAutosave::Saved;
     }
-    const QString kept = keepCopy();
+    const QString noCopy = keepCopy();
+    const QString kept = noCopy.isEmpty()
+                             ? tr("Until the project is saved, a recovery copy is kept, which is "
+                                  "offered at the next start should the program end unexpectedly.")
+                             : tr("A recovery copy cannot be kept either: %1").arg(noCopy);
     if (reason != m_autosaveComplaint)
         m_user->showAutosaveError(tr("An error occurred during saving the project"),
                                   reason + QLatin1Char('\n') + kept);
@@ -52,7 +55,20 @@ QString CProjectSession::writeAutomatically()
     return write(m_file.get(), CProjectFile::EWrite::Automatic);
 }
 
-/// What became of it, for the user.
+/// What was recovered counts as unsaved, but holds no work of this session.
+bool CProjectSession::isChanged() const
+{
+    return isDirty() && m_project->undoStack()->count() > 0;
+}
+
+void CProjectSession::keepUnsaved()
+{
+    const QString reason = isChanged() ? keepCopy() : QString();
+    if (!reason.isEmpty())
+        qWarning("A recovery copy cannot be kept: %s", qUtf8Printable(reason));
+}
+
+/// Empty when the copy holds the project as it is, otherwise the reason.
 QString CProjectSession::keepCopy()
 {
     QString reason;
@@ -64,9 +80,7 @@ QString CProjectSession::keepCopy()
             reason = m_copy->write(bytes);
         m_isCopyDue = !reason.isEmpty();
     }
-    return reason.isEmpty() ? tr("Until the project is saved, a recovery copy is kept, which is "
-                                 "offered at the next start should the program end unexpectedly.")
-                            : tr("A recovery copy cannot be kept either: %1").arg(reason);
+    return reason;
 }
 
 /// The folder of a project that lies in it goes only when the project has got another one. Its
