@@ -9,9 +9,7 @@
 #include "ItemOutline.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QPersistentModelIndex>
-#include <QSaveFile>
 #include <QScopeGuard>
 #include <QThread>
 
@@ -54,20 +52,14 @@ QList<SExportedItem> exportedItems(const CItemModel &screen)
     return items;
 }
 
-/// Found out before the screens are rendered, without touching what is there.
+/// Found out before the screens are rendered.
 QString whyNotOpened(const QString &path)
 {
-    const QFileInfo target(path);
-    if (target.exists() && !target.isFile())
-        return QCoreApplication::translate("CProjectExporter", "%1 is not a regular file")
-            .arg(path);
-    QSaveFile probe(path);
-    if (probe.open(QIODevice::WriteOnly))
-        return {}; // going out of scope takes the probe back
-    return target.isWritable()
+    const QString reason = CFileWriter::whyNot(path);
+    return reason.isEmpty()
                ? QString()
                : QCoreApplication::translate("CProjectExporter", "%1 could not be opened: %2")
-                     .arg(path, probe.errorString());
+                     .arg(path, reason);
 }
 
 void processAndSleep()

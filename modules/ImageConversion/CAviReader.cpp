@@ -1,7 +1,8 @@
 #include "CAviReader.h"
 
+#include "RegularFile.h"
+
 #include <QFile>
-#include <QFileInfo>
 #include <QtEndian>
 #include <algorithm>
 #include <optional>
@@ -67,7 +68,6 @@ bool CAviReader::frameSize(QIODevice &device, quint32 &width, quint32 &height)
 bool CAviReader::frameSize(const QString &file, quint32 &width, quint32 &height)
 {
     QFile device(file);
-    // A pipe or a device could keep the editor waiting for ever.
-    return QFileInfo(file).isFile() && device.open(QIODevice::ReadOnly) &&
+    return openRegularFile(device, file) &&
            frameSize(device, width, height);
 }

@@ -14,6 +14,11 @@ CConversionPaths::CConversionPaths(const QString &convertedImages, const QString
     m_suffix = info.suffix();
 }
 
+QString CConversionPaths::projectFolder() const
+{
+    return QFileInfo(m_root).path();
+}
+
 QString CConversionPaths::folder(int formatCode) const
 {
     using EPath = CBitmapFormatTable::EPath;

@@ -14,6 +14,8 @@ public:
     const QString &suffix() const { return m_suffix; }
     const QString &fileName() const { return m_fileName; } ///< of the source
 
+    /// The project's folder: nothing is written outside of it.
+    QString projectFolder() const;
     /// Folder for files of this format; of a raw source for any format.
     QString folder(int formatCode) const;
     /// Base name that the files of this format begin with. The palette tools keep only what stands

@@ -29,7 +29,7 @@ bool CFileStamp::isRewritten() const
 CFileStamp::SState CFileStamp::current() const
 {
     struct stat facts = {};
-    if (::stat(QFile::encodeName(m_path).constData(), &facts) != 0 || !S_ISREG(facts.st_mode))
+    if (::lstat(QFile::encodeName(m_path).constData(), &facts) != 0 || !S_ISREG(facts.st_mode))
         return {};
     return {true,
             facts.st_dev,

@@ -4,6 +4,7 @@
 #include "CBitmapFormatTable.h"
 #include "CFileCopies.h"
 #include "CFileStamp.h"
+#include "CFolder.h"
 #include "CProjectModel.h"
 #include "CToolRunner.h"
 #include "ConvertedImageFacts.h"
@@ -40,6 +41,40 @@ bool isWithinLimit(const QSize &size)
 {
     const int most = CImageFileConverter::MaxImageSide;
     return !size.isEmpty() && size.width() <= most && size.height() <= most;
+}
+
+/// A tool may open what lies in the place of its output: what would lead its bytes elsewhere, or
+/// hold it up, goes first. A file that is there alone stays, to be replaced once there is a new
+/// one.
+bool clear(const CFolder &folder, const QStringList &names)
+{
+    bool isClear = true;
+    for (const QString &each : names) {
+        const CFolder::EEntry entry = folder.entry(each);
+        const bool isInTheWay = entry == CFolder::EEntry::Link ||
+                                entry == CFolder::EEntry::SharedFile ||
+                                entry == CFolder::EEntry::Other;
+        isClear = (!isInTheWay || folder.remove(each)) && isClear;
+    }
+    return isClear;
+}
+
+/// The names under which quantisers leave their output: they always write PNG, and keep all of a
+/// name that has more than one dot, or not.
+QStringList quantisedNames(const CConversionPaths &paths)
+{
+    const QFileInfo source(paths.fileName());
+    const QString end = QStringLiteral("-fs8.png");
+    return {QFileInfo(paths.quantised()).fileName(), source.completeBaseName() + end,
+            source.baseName() + end};
+}
+
+QStringList namesOf(const QStringList &files)
+{
+    QStringList names;
+    for (const QString &each : files)
+        names.append(QFileInfo(each).fileName());
+    return names;
 }
 
 /// As a property keeps it, so that the project's folder can be moved.
@@ -135,13 +170,19 @@ CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
                                                     const CConversionPaths &paths, int formatCode,
                                                     const QVector<CConversionPaths> &candidates)
 {
-    const QString folder = paths.folder(formatCode);
-    const bool isNew = ImageNames::filesOf(folder, paths.baseName(formatCode)).isEmpty();
-    CFileCopies copies;
-    copies.add(source, folder + QLatin1Char('/') + paths.fileName());
+    const QString place = paths.folder(formatCode);
+    const bool isNew = ImageNames::filesOf(place, paths.baseName(formatCode)).isEmpty();
+    CFileCopies copies(paths.projectFolder());
+    copies.add(source, place + QLatin1Char('/') + paths.fileName());
     const QString reason = copies.copy();
     if (!reason.isEmpty())
         return fail(reason), Paths();
+    const CFolder folder = CFolder::below(paths.projectFolder(), place);
+    const QStringList outputs = namesOf(ImageNames::outputs(paths, formatCode));
+    if (!folder.isOpen())
+        return fail(folder.error()), Paths();
+    if (!clear(folder, outputs + quantisedNames(paths)))
+        return fail(tr("%1: cannot be written into").arg(place)), Paths();
     Paths result;
     if (runTools(paths, formatCode)) {
         const QStringList made = ImageNames::outputs(paths, formatCode);
@@ -158,10 +199,10 @@ CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
         }
     }
     if (!result || result->output(formatCode) != paths.output(formatCode)) {
-        for (const QString &each : ImageNames::outputs(paths, formatCode))
-            QFile::remove(each);
+        for (const QString &each : outputs)
+            folder.remove(each);
         if (isNew)
-            QFile::remove(paths.quantised());
+            folder.remove(quantisedNames(paths).first());
         copies.takeBack();
     }
     return result;
@@ -177,7 +218,7 @@ CImageFileConverter::Paths CImageFileConverter::placeRaw(const QString &source)
         const CConversionPaths paths(convertedImagesFolder(),
                                      ImageNames::numbered(info.fileName(), number));
         const QStringList places = ImageNames::outputs(paths, CBitmapFormatTable::UnknownCode);
-        CFileCopies copies;
+        CFileCopies copies(paths.projectFolder());
         // What the image tools write beside a raw file goes along, for its size and palette.
         for (const QString &place : places)
             copies.add(info.absolutePath() + QLatin1Char('/') + info.completeBaseName() +
@@ -221,29 +262,21 @@ bool CImageFileConverter::runTools(const CConversionPaths &paths, int formatCode
 
 bool CImageFileConverter::quantise(const QString &folder, const CConversionPaths &paths)
 {
-    const QString wanted = paths.quantised();
-    // The quantiser always writes PNG, and keeps all of a name that has more than one dot.
-    const QString start = folder + QLatin1Char('/');
-    const QString end = QStringLiteral("-fs8.png");
-    const CFileStamp candidates[] = {
-        CFileStamp(wanted),
-        CFileStamp(start + QFileInfo(paths.fileName()).completeBaseName() + end),
-        CFileStamp(start + QFileInfo(paths.fileName()).baseName() + end)};
-
+    const QStringList names = quantisedNames(paths);
+    QVector<CFileStamp> candidates;
+    for (const QString &each : names)
+        candidates.append(CFileStamp(folder + QLatin1Char('/') + each));
     const QString error = CToolRunner().run(
         {toolPath(Quantiser), {QStringLiteral("-f"), asArgument(paths.fileName())}, folder});
     if (!error.isEmpty())
         return fail(error);
-    for (const CFileStamp &candidate : candidates) {
-        if (!candidate.isRewritten())
-            continue;
-        if (candidate.path() == wanted)
-            return true;
-        QFile::remove(wanted);
-        return QFile::rename(candidate.path(), wanted) ||
-               fail(tr("%1: cannot be renamed").arg(candidate.path()));
+    for (int i = 0; i < names.size(); ++i) {
+        if (candidates.at(i).isRewritten())
+            return CFolder::below(paths.projectFolder(), folder)
+                       .rename(names.at(i), names.first()) ||
+                   fail(tr("%1: cannot be renamed").arg(candidates.at(i).path()));
     }
-    return fail(tr("%1: was not written").arg(wanted));
+    return fail(tr("%1: was not written").arg(paths.quantised()));
 }
 
 bool CImageFileConverter::runTool(const SToolCall &call, const QString &output)

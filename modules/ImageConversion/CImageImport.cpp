@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QVector>
 
+#include <algorithm>
+
 namespace {
 const QString MediaType = QStringLiteral("Kiv_Media_T");
 
@@ -29,11 +31,13 @@ struct CImageImport::SFiles
         QString path;
         QString ending;
     };
-    QVector<SFile> all;
+    QVector<SFile> all;   ///< the source first, so that nothing lies there without it
     QString sourceEnding; ///< of the one that the others were made of; empty when there is none
 };
 
-CImageImport::CImageImport(const CProjectModel *project) : m_project(project)
+CImageImport::CImageImport(const CProjectModel *project)
+    : m_project(project),
+      m_copies(QFileInfo(CImageFileConverter::convertedImagesFolder(*project)).path())
 {
 }
 
@@ -92,7 +96,7 @@ void CImageImport::bringItem(QDomElement &item, const QString &folder, const QSt
         const QString name = ImageNames::numbered(base, number);
         const QString target =
             CConversionPaths(root, name + QLatin1Char('.') + suffix).folder(code);
-        CFileCopies copies;
+        CFileCopies copies(QFileInfo(root).path());
         for (const SFiles::SFile &each : files.all)
             copies.add(each.path, target + QLatin1Char('/') + name + each.ending);
         if (copies.meetOthers() || !fits(files, target, name))
@@ -139,10 +143,10 @@ CImageImport::SFiles CImageImport::filesOf(const QDomElement &item, const QStrin
         source = original.filePath();
         files.all.append({source, QLatin1Char('.') + original.suffix()});
     }
-    for (const SFiles::SFile &each : qAsConst(files.all)) {
-        if (each.path == source)
-            files.sourceEnding = each.ending;
-    }
+    const auto isSource = [&source](const SFiles::SFile &each) { return each.path == source; };
+    std::stable_partition(files.all.begin(), files.all.end(), isSource);
+    if (!files.all.isEmpty() && isSource(files.all.first()))
+        files.sourceEnding = files.all.first().ending;
     return files;
 }
 

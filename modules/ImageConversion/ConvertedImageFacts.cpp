@@ -1,5 +1,7 @@
 #include "ConvertedImageFacts.h"
 
+#include "RegularFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -11,7 +13,7 @@ QSize describedSize(const QString &rawFile)
 {
     const QFileInfo raw(rawFile);
     QFile file(raw.path() + QLatin1Char('/') + raw.completeBaseName() + QStringLiteral(".json"));
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!openRegularFile(file, file.fileName()))
         return {};
     const QJsonObject object = QJsonDocument::fromJson(file.read(MaxDescriptionBytes)).object();
     if (object.value(QStringLiteral("bytes")).toDouble(-1) != static_cast<double>(raw.size()))

@@ -98,7 +98,7 @@ void ImageNames::completeSource(const CConversionPaths &paths, int formatCode,
         if (!made.contains(start + each))
             return;
     }
-    CFileCopies copy;
+    CFileCopies copy(paths.projectFolder());
     copy.add(source, start + paths.fileName());
     copy.copy(); // a convenience; without it another format is refused
 }
@@ -108,13 +108,13 @@ ImageNames::EState ImageNames::stateOf(const CConversionPaths &paths, int format
 {
     const QString folder = paths.folder(formatCode);
     const QString base = paths.baseName(formatCode);
-    const QString made = base + QLatin1Char('_') + CBitmapFormatTable::name(formatCode);
+    const QString raw = QFileInfo(paths.output(formatCode)).fileName();
     const QStringList files = filesOf(folder, base);
     bool isOwn = files.isEmpty();
     bool isMade = false;
     for (const QString &each : files) {
         if (isOutput(each, base))
-            isMade = isMade || QFileInfo(each).completeBaseName() == made;
+            isMade = isMade || each == raw;
         else if (each == paths.fileName() &&
                  CFileCopies::areEqual(source, folder + QLatin1Char('/') + each))
             isOwn = true;

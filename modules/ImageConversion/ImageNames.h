@@ -28,7 +28,9 @@ bool areOutputsEqual(const CConversionPaths &one, const CConversionPaths &other,
 void completeSource(const CConversionPaths &paths, int formatCode, const QString &source);
 
 enum class EState {
-    Free, ///< nothing is there, or the same source, in other formats
+    /// Nothing is there, or the same source, in other formats. The .raw file is made last: what a
+    /// killed conversion has left without it may be made anew.
+    Free,
     Made, ///< maybe the same: it was made in this format, of this source or of an unknown one
     Taken ///< belongs to another image
 };

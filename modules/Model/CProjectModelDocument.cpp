@@ -215,7 +215,7 @@ bool CProjectModel::saveToFile(const QString &filePath, QString *error) const
     QString reason;
     const QByteArray xml = saveToBytes(&reason, filePath);
     if (reason.isEmpty())
-        reason = CFileWriter::write(filePath, xml);
+        reason = CFileWriter::write(filePath, xml, CFileWriter::ELink::Keep);
     setError(error, reason);
     return reason.isEmpty();
 }

@@ -1,9 +1,9 @@
 #include "CXmlGuard.h"
 
 #include "CXmlTagScan.h"
+#include "RegularFile.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QXmlStreamReader>
 
 namespace {
@@ -139,15 +139,10 @@ std::optional<QDomDocument> CXmlGuard::parse(const QByteArray &xml, QString *err
 
 std::optional<QByteArray> CXmlGuard::readFile(const QString &path, QString *error)
 {
-    // Anything but a regular file may never end or never begin.
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile()) {
-        setError(error, tr("%1 is not a file.").arg(path));
-        return {};
-    }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        setError(error, tr("%1: %2").arg(path, file.errorString()));
+    QString reason;
+    if (!openRegularFile(file, path, &reason)) {
+        setError(error, tr("%1: %2").arg(path, reason));
         return {};
     }
     const QByteArray bytes = file.read(MaxBytes + 1); // the size may change while it is read

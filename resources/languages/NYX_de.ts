@@ -196,10 +196,6 @@
         <translation>%1 konnte nicht kopiert werden: %2</translation>
     </message>
     <message>
-        <source>The folder %1 could not be made: %2</source>
-        <translation>Der Ordner %1 konnte nicht angelegt werden: %2</translation>
-    </message>
-    <message>
         <source>%1 holds something else already</source>
         <translation>%1 enthält schon etwas anderes</translation>
     </message>
@@ -217,6 +213,21 @@
     <message>
         <source>%1 could not be written: %2</source>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>CFolder</name>
+    <message>
+        <source>%1 lies outside of %2</source>
+        <translation>%1 liegt außerhalb von %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made: %2</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 is a link, and nothing is written through links</source>
+        <translation>%1 ist eine Verknüpfung, und durch Verknüpfungen wird nichts geschrieben</translation>
     </message>
 </context>
 <context>
@@ -309,6 +320,10 @@
     <message>
         <source>there is no such bitmap format</source>
         <translation>dieses Bitmap-Format gibt es nicht</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written into</source>
+        <translation>%1: dort kann nicht geschrieben werden</translation>
     </message>
     <message>
         <source>%1: cannot be renamed</source>
@@ -1134,10 +1149,6 @@
 <context>
     <name>CProjectExporter</name>
     <message>
-        <source>%1 is not a regular file</source>
-        <translation>%1 ist keine gewöhnliche Datei</translation>
-    </message>
-    <message>
         <source>%1 could not be opened: %2</source>
         <translation>%1 konnte nicht geöffnet werden: %2</translation>
     </message>
@@ -1624,10 +1635,6 @@ Installierte Version: </translation>
     <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>
-    </message>
-    <message>
-        <source>%1 is not a file.</source>
-        <translation>%1 ist keine Datei.</translation>
     </message>
     <message>
         <source>%1: %2</source>

@@ -196,10 +196,6 @@
         <translation>无法复制 %1：%2</translation>
     </message>
     <message>
-        <source>The folder %1 could not be made: %2</source>
-        <translation>无法创建文件夹 %1：%2</translation>
-    </message>
-    <message>
         <source>%1 holds something else already</source>
         <translation>%1 已有其他内容</translation>
     </message>
@@ -217,6 +213,21 @@
     <message>
         <source>%1 could not be written: %2</source>
         <translation>无法写入 %1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>CFolder</name>
+    <message>
+        <source>%1 lies outside of %2</source>
+        <translation>%1 位于 %2 之外</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be made: %2</source>
+        <translation>无法创建文件夹 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is a link, and nothing is written through links</source>
+        <translation>%1 是链接，不会通过链接写入任何内容</translation>
     </message>
 </context>
 <context>
@@ -309,6 +320,10 @@
     <message>
         <source>there is no such bitmap format</source>
         <translation>没有这种位图格式</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written into</source>
+        <translation>%1：无法写入</translation>
     </message>
     <message>
         <source>%1: cannot be renamed</source>
@@ -1134,10 +1149,6 @@
 <context>
     <name>CProjectExporter</name>
     <message>
-        <source>%1 is not a regular file</source>
-        <translation>%1 不是普通文件</translation>
-    </message>
-    <message>
         <source>%1 could not be opened: %2</source>
         <translation>无法打开 %1：%2</translation>
     </message>
@@ -1624,10 +1635,6 @@ Installed version: </source>
     <message>
         <source>Line %1: %2</source>
         <translation>第 %1 行：%2</translation>
-    </message>
-    <message>
-        <source>%1 is not a file.</source>
-        <translation>%1 不是文件。</translation>
     </message>
     <message>
         <source>%1: %2</source>

@@ -1,35 +1,11 @@
 #include "ConvertedFiles.h"
 
+#include "CFileWriter.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 namespace kivtools {
-
-/// Whether all is with the system. A disk that gets full takes a part of the bytes first, without
-/// an error; a buffer would hide that until the file has its name.
-static bool writeAll(QSaveFile &file, const QByteArray &bytes)
-{
-    qint64 written = 0;
-    while (written < bytes.size()) {
-        const qint64 step = file.write(bytes.constData() + written, bytes.size() - written);
-        if (step <= 0)
-            return false;
-        written += step;
-    }
-    return true;
-}
-
-QString saveFile(const QString &path, const QByteArray &bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
-        !file.commit())
-        return QStringLiteral("%1: cannot be written: %2")
-            .arg(path, file.error() == QFileDevice::NoError ? QStringLiteral("the disk is full")
-                                                            : file.errorString());
-    return {};
-}
 
 static QByteArray description(const SConvertedBitmap &bitmap)
 {
@@ -49,11 +25,11 @@ QString saveConverted(const QString &baseName, const SConvertedBitmap &bitmap)
     const QString name = QStringLiteral("./%1_%2").arg(baseName, bitmap.format);
     QString error;
     if (!bitmap.palette.isEmpty())
-        error = saveFile(name + QStringLiteral(".lut"), bitmap.palette);
+        error = CFileWriter::write(name + QStringLiteral(".lut"), bitmap.palette);
     if (error.isEmpty())
-        error = saveFile(name + QStringLiteral(".json"), description(bitmap));
+        error = CFileWriter::write(name + QStringLiteral(".json"), description(bitmap));
     if (error.isEmpty())
-        error = saveFile(name + QStringLiteral(".raw"), bitmap.pixels);
+        error = CFileWriter::write(name + QStringLiteral(".raw"), bitmap.pixels);
     return error;
 }
 

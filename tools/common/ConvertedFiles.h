@@ -16,9 +16,6 @@ struct SConvertedBitmap
     QByteArray palette; ///< empty for formats without one
 };
 
-/// Writes a file as a whole or not at all. Gives an error text, empty when it is there.
-QString saveFile(const QString &path, const QByteArray &bytes);
-
 /// Writes NAME.lut (when there is a palette), NAME.json (the description) and NAME.raw into the
 /// current folder, where NAME is `baseName`, "_" and the format. The .raw comes last: when it is
 /// new, so are the others. Gives an error text, empty when all are there.

@@ -1,4 +1,4 @@
-#include "ConvertedFiles.h"
+#include "CFileWriter.h"
 #include "ImageFile.h"
 
 #include <QBuffer>
@@ -66,7 +66,7 @@ static int quantiseFile(const QString &path)
         return fail(error);
     const QFileInfo info(path);
     error =
-        saveFile(QStringLiteral("%1/%2-fs8.png").arg(info.path(), info.completeBaseName()), bytes);
+        CFileWriter::write(QStringLiteral("%1/%2-fs8.png").arg(info.path(), info.completeBaseName()), bytes);
     return error.isEmpty() ? 0 : fail(error);
 }
 

@@ -64,7 +64,8 @@ CImageMove::CImageMove(CProjectModel *project, const QString &workingDirectory,
       m_newDirectory(workingDirectory),
       m_oldName(project->propertyText(PropertyKey::ProjectName)),
       m_oldDirectory(project->workingDirectory()),
-      m_oldPlaces(project->imagePlaces())
+      m_oldPlaces(project->imagePlaces()),
+      m_copies(m_to)
 {
     planConverted();
     planOthers();

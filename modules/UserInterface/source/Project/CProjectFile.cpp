@@ -90,7 +90,7 @@ QString CProjectFile::write(const QByteArray &bytes, EWrite kind)
         if (!reason.isEmpty())
             return reason;
     }
-    const QString reason = CFileWriter::write(m_path, bytes);
+    const QString reason = CFileWriter::write(m_path, bytes, CFileWriter::ELink::Keep);
     if (!reason.isEmpty())
         return reason;
     m_knownHash = hashOf(bytes);
@@ -136,26 +136,28 @@ bool CProjectFile::isChangedByOthers() const
     return !bytes || hashOf(*bytes) != m_knownHash;
 }
 
-/// A temporary file has the name of its target, a dot and six letters at random. A file that a user
-/// has named so by hand, say "demo.nyx.backup", must stay: what is removed was written by the
-/// process that crashed, after its last whole save, and copies nothing that has a word as its
-/// suffix.
+/// A temporary file has the name of its target, maybe behind a dot, and behind it a dot and six
+/// letters at random. A file that a user has named so by hand, say "demo.nyx.backup", must stay:
+/// what is removed was written by the process that crashed, after its last whole save, and copies
+/// nothing that has a word as its suffix.
 void CProjectFile::removeOrphans(const QDateTime &begun) const
 {
-    const QFileInfo project(m_path);
+    const QDateTime saved = QFileInfo(m_path).lastModified();
     const QRegularExpression word(QStringLiteral("^([a-z]{6}|[A-Z]{6}|[A-Z][a-z]{5})$"));
-    for (const QString &target : {m_path, backupPath()}) {
-        const QString name = QFileInfo(target).fileName();
-        const QRegularExpression temporary(
-            QStringLiteral("^%1\\.[A-Za-z]{6}$").arg(QRegularExpression::escape(name)));
-        const auto entries = QDir(project.absolutePath())
+    QStringList targets = {m_path, backupPath(), QFileInfo(m_path).canonicalFilePath()};
+    targets.removeDuplicates();
+    for (const QString &target : qAsConst(targets)) {
+        const QString name = QRegularExpression::escape(QFileInfo(target).fileName());
+        const QRegularExpression temporary(QStringLiteral("^(\\.?)%1\\.[A-Za-z]{6}$").arg(name));
+        const auto entries = QDir(QFileInfo(target).path())
                                  .entryInfoList(QDir::Files | QDir::Hidden | QDir::NoSymLinks);
         for (const QFileInfo &each : entries) {
+            const auto match = temporary.match(each.fileName());
             const QDateTime written = each.lastModified();
-            if (!temporary.match(each.fileName()).hasMatch() || written < begun ||
-                written < project.lastModified())
+            if (!match.hasMatch() || written < begun || written < saved)
                 continue;
-            const bool mayBeCopy = word.match(each.suffix()).hasMatch() &&
+            const bool mayBeCopy = match.capturedLength(1) == 0 &&
+                                   word.match(each.suffix()).hasMatch() &&
                                    bytesOf(each.absoluteFilePath()) == bytesOf(m_path);
             if (!mayBeCopy)
                 QFile::remove(each.absoluteFilePath());

@@ -2,6 +2,7 @@
 
 #include "CFolderGuard.h"
 #include "HiddenFile.h"
+#include "RegularFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -103,7 +104,7 @@ std::optional<CProjectLock::SIdentity> CProjectLock::identityOf(const QString &p
         return identity;
 #endif
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
+    if (openRegularFile(file, path))
         identity.content = file.read(MaxLockBytes);
     else if (!file.exists())
         return std::nullopt;

@@ -3,6 +3,7 @@
 #include "CFileWriter.h"
 #include "CFolderGuard.h"
 #include "CProjectLock.h"
+#include "RegularFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,7 +20,7 @@ const QString FileName = QStringLiteral("project.nyx");
 QString nameOfProject(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!openRegularFile(file, path))
         return {};
     QXmlStreamReader xml(&file);
     xml.readNextStartElement();
@@ -51,7 +52,7 @@ QVector<CRecoveryCopy::SLeft> CRecoveryCopy::left(const QString &root)
     if (root.isEmpty() || !QFileInfo(root).isDir())
         return found;
     const CFolderGuard guard(root); // a folder that is just being made has no lock yet
-    const auto folders = QDir(root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const auto folders = QDir(root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QFileInfo &each : folders) {
         if (QUuid(each.fileName()).isNull())
             continue; // not made by this class

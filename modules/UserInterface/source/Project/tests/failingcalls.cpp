@@ -107,6 +107,18 @@ int open64(const char *path, int flags, ...)
     return callOrFail<int, F>("open64", path, flags, mode);
 }
 
+int openat(int folder, const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    using F = int (*)(int, const char *, int, mode_t);
+    if ((flags & O_ACCMODE) == O_RDONLY)
+        return next<F>("openat")(folder, path, flags, mode);
+    return callOrFail<int, F>("openat", folder, path, flags, mode);
+}
+
 ssize_t write(int file, const void *bytes, size_t count)
 {
     using F = ssize_t (*)(int, const void *, size_t);
@@ -132,6 +144,23 @@ int fdatasync(int file)
 int rename(const char *from, const char *to) noexcept
 {
     return callOrFail<int, int (*)(const char *, const char *)>("rename", from, to);
+}
+
+int renameat(int folder, const char *from, int other, const char *to) noexcept
+{
+    using F = int (*)(int, const char *, int, const char *);
+    return callOrFail<int, F>("renameat", folder, from, other, to);
+}
+
+int linkat(int folder, const char *from, int other, const char *to, int flags) noexcept
+{
+    using F = int (*)(int, const char *, int, const char *, int);
+    return callOrFail<int, F>("linkat", folder, from, other, to, flags);
+}
+
+int mkdirat(int folder, const char *path, mode_t mode) noexcept
+{
+    return callOrFail<int, int (*)(int, const char *, mode_t)>("mkdirat", folder, path, mode);
 }
 }
 
@@ -179,7 +208,7 @@ bool writeOnce(EKind kind)
 bool copyOnce()
 {
     const QTemporaryDir folder;
-    CFileCopies copies;
+    CFileCopies copies(folder.path());
     for (const char *name : {"a.raw", "a.png"}) {
         writeFile(folder.filePath(QLatin1String(name)), QByteArray(20'000, name[2]));
         copies.add(folder.filePath(QLatin1String(name)),

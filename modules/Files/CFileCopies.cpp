@@ -1,6 +1,8 @@
 #include "CFileCopies.h"
 
 #include "CFileWriter.h"
+#include "CFolder.h"
+#include "RegularFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,7 +27,7 @@ bool CFileCopies::areEqual(const QString &one, const QString &other)
         return true;
     QFile a(one);
     QFile b(other);
-    if (!a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly))
+    if (!openRegularFile(a, one) || !openRegularFile(b, other))
         return false;
     constexpr qint64 piece = 1 << 16;
     while (!a.atEnd()) {
@@ -78,40 +80,30 @@ QString CFileCopies::copyOne(const SCopy &copy)
         return {};
     if (isThere(copy.to))
         return tr("%1 holds something else already").arg(copy.to);
-    const QString obstacle = makeFolder(QFileInfo(copy.to).path());
-    if (!obstacle.isEmpty())
-        return obstacle;
+    const QFileInfo place(copy.to);
+    const CFolder folder = CFolder::madeBelow(m_root, place.path(), &m_madeFolders);
+    if (!folder.isOpen())
+        return folder.error();
     QFile file(copy.from);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    if (file.error() != QFileDevice::NoError || bytes.size() != file.size())
-        return tr("%1 could not be copied: %2").arg(copy.from, file.errorString());
-    const QString reason = CFileWriter::write(copy.to, bytes);
+    QString reason;
+    const QByteArray bytes =
+        openRegularFile(file, copy.from, &reason) ? file.readAll() : QByteArray();
+    if (reason.isEmpty() && (file.error() != QFileDevice::NoError || bytes.size() != file.size()))
+        reason = file.errorString();
+    if (!reason.isEmpty())
+        return tr("%1 could not be copied: %2").arg(copy.from, reason);
+    reason = CFileWriter::write(folder, place.fileName(), bytes);
     if (reason.isEmpty())
         m_madeFiles.append(copy.to);
     return reason;
 }
 
-/// Empty, or the reason.
-QString CFileCopies::makeFolder(const QString &path)
-{
-    if (QFileInfo(path).isDir())
-        return {};
-    if (isThere(path))
-        return tr("%1 holds something else already").arg(path);
-    QString reason = makeFolder(QFileInfo(path).path());
-    if (!reason.isEmpty())
-        return reason;
-    if (!QDir().mkdir(path))
-        return tr("The folder %1 could not be made: %2").arg(path, qt_error_string());
-    m_madeFolders.append(path);
-    return {};
-}
-
 void CFileCopies::takeBack()
 {
-    for (const QString &each : qAsConst(m_madeFiles))
-        QFile::remove(each);
+    while (!m_madeFiles.isEmpty()) {
+        const QFileInfo file(m_madeFiles.takeLast());
+        CFolder::below(m_root, file.path()).remove(file.fileName());
+    }
     while (!m_madeFolders.isEmpty())
         QDir().rmdir(m_madeFolders.takeLast()); // unless somebody has put something into it
-    m_madeFiles.clear();
 }

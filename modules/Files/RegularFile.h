@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+/// Opens a regular file for reading, whatever links lead to it. Anything else is refused without
+/// waiting for it: a pipe may never begin, a device never end.
+/// `reason`: why it is not open; without the path.
+bool openRegularFile(QFile &file, const QString &path, QString *reason = nullptr);
