@@ -8,10 +8,13 @@
 #include <QCoreApplication>
 #include <QDataStream>
 
+#include <algorithm>
+
 namespace {
 const QString CopiedScreensTag = QStringLiteral("CopyScreenXML");
 const QString PageFileTag = QStringLiteral("ScreenSave");
 const QString CopiedItemsTag = QStringLiteral("CopyXML");
+constexpr int MostOwnAttributes = 200;              ///< of an item's kind; none has as many
 const QString ScreenTag = QStringLiteral("Screen"); ///< of a screen outside a project
 
 void setError(QString *error, const QString &text)
@@ -38,9 +41,41 @@ QByteArray screensDocument(const QString &rootTag, const QVector<const CScreenMo
     return checked(writer, error);
 }
 
+struct SExtent
+{
+    int depth;      ///< elements below each other, the item's own among them
+    int attributes; ///< of the element that has most
+};
+
+/// What an item takes at most in a document.
+SExtent extentOf(const CItemModel &item)
+{
+    SExtent extent{0, int(item.properties().size())};
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (!item.childItem(row))
+            continue;
+        const SExtent child = extentOf(*item.childItem(row));
+        extent.depth = std::max(extent.depth, child.depth);
+        extent.attributes = std::max(extent.attributes, child.attributes);
+    }
+    ++extent.depth;
+    return extent;
+}
+
+int mostAttributes(const QDomElement &element)
+{
+    int most = element.attributes().count();
+    QDomElement child = element.firstChildElement();
+    for (; !child.isNull(); child = child.nextSiblingElement())
+        most = std::max(most, mostAttributes(child));
+    return most;
+}
+
 QDomElement rootOf(const QByteArray &xml, const QString &tag, QString *error)
 {
-    const auto document = CXmlGuard::parse(xml, error);
+    if (xml.isEmpty()) // as what was cut off on its way is, too
+        setError(error, QCoreApplication::translate("ScreenDocuments", "There is nothing in it."));
+    const auto document = xml.isEmpty() ? std::nullopt : CXmlGuard::parse(xml, error);
     if (!document)
         return {};
     const QDomElement root = document->firstChildElement(tag);
@@ -89,6 +124,30 @@ QDomElement ScreenDocuments::pageFile(const QByteArray &xml, QString *error)
 QDomElement ScreenDocuments::copiedItems(const QByteArray &xml, QString *error)
 {
     return rootOf(xml, CopiedItemsTag, error);
+}
+
+QString ScreenDocuments::savingRefusal(const QDomElement &screens, CProjectModel *project)
+{
+    QString reason;
+    QDomElement each = screens.firstChildElement();
+    for (; !each.isNull() && reason.isEmpty(); each = each.nextSiblingElement()) {
+        if (mostAttributes(each) + MostOwnAttributes <= CXmlGuard::MaxAttributesOfElement)
+            continue;
+        CScreenModel trial(project);
+        trial.loadFromElement(each);
+        reason = savingRefusal(trial);
+    }
+    return reason;
+}
+
+QString ScreenDocuments::savingRefusal(const CScreenModel &screen)
+{
+    QString reason;
+    const SExtent extent = extentOf(screen);
+    if (extent.depth + 1 > CXmlGuard::MaxDepth ||
+        extent.attributes > CXmlGuard::MaxAttributesOfElement)
+        ofPageFile({&screen}, &reason); // as deep as in a project
+    return reason;
 }
 
 QByteArray ScreenDocuments::toClipboard(const QByteArray &xml)

@@ -6,6 +6,7 @@
 #include <QVector>
 
 class CItemModel;
+class CProjectModel;
 class CScreenModel;
 
 /// Documents that hold screens or widgets outside a project: the clipboard's and page files.
@@ -23,6 +24,13 @@ QByteArray ofCopiedItems(const QVector<const CItemModel *> &items, QString *erro
 QDomElement copiedScreens(const QByteArray &xml, QString *error = nullptr);
 QDomElement pageFile(const QByteArray &xml, QString *error = nullptr);
 QDomElement copiedItems(const QByteArray &xml, QString *error = nullptr);
+
+/// Empty when a project can be saved with the screens in it that a page file's or a clipboard
+/// element holds, otherwise the reason: they gain what their kinds have and the document leaves
+/// out, so what may be read can become more than may be written.
+QString savingRefusal(const QDomElement &screens, CProjectModel *project);
+/// The same for a screen as it would stand in the project.
+QString savingRefusal(const CScreenModel &screen);
 
 /// What goes on the clipboard for a document: its text as one streamed string.
 QByteArray toClipboard(const QByteArray &xml);

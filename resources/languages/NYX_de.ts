@@ -1049,6 +1049,10 @@
 <context>
     <name>CPageOperations</name>
     <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>Das Kopierte kann nicht eingefügt werden: %1</translation>
+    </message>
+    <message>
         <source>Cut Page</source>
         <translation>Seite ausschneiden</translation>
     </message>
@@ -1312,6 +1316,18 @@
 </context>
 <context>
     <name>CScreenView</name>
+    <message>
+        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
+        <translation>Die Zwischenablage enthält weder Widgets noch Seiten; es wurde nichts eingefügt.</translation>
+    </message>
+    <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>Das Kopierte kann nicht eingefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>There is no widget in it.</source>
+        <translation>Es ist kein Widget darin.</translation>
+    </message>
     <message>
         <source>A locked group stays together. Unlock it to ungroup it.</source>
         <translation>Eine gesperrte Gruppe bleibt zusammen. Entsperren Sie sie, um die Gruppierung aufzuheben.</translation>
@@ -1847,6 +1863,10 @@ Installierte Version: </translation>
 </context>
 <context>
     <name>ScreenDocuments</name>
+    <message>
+        <source>There is nothing in it.</source>
+        <translation>Es ist nichts darin.</translation>
+    </message>
     <message>
         <source>The document has no element %1.</source>
         <translation>Das Dokument hat kein Element %1.</translation>

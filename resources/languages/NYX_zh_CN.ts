@@ -1049,6 +1049,10 @@
 <context>
     <name>CPageOperations</name>
     <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>无法粘贴复制的内容：%1</translation>
+    </message>
+    <message>
         <source>Cut Page</source>
         <translation>剪切页面</translation>
     </message>
@@ -1312,6 +1316,18 @@
 </context>
 <context>
     <name>CScreenView</name>
+    <message>
+        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
+        <translation>剪贴板中既没有控件也没有页面，因此没有粘贴任何内容。</translation>
+    </message>
+    <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>无法粘贴复制的内容：%1</translation>
+    </message>
+    <message>
+        <source>There is no widget in it.</source>
+        <translation>其中没有控件。</translation>
+    </message>
     <message>
         <source>A locked group stays together. Unlock it to ungroup it.</source>
         <translation>已锁定的组保持不变。请先解锁再取消组合。</translation>
@@ -1847,6 +1863,10 @@ Installed version: </source>
 </context>
 <context>
     <name>ScreenDocuments</name>
+    <message>
+        <source>There is nothing in it.</source>
+        <translation>其中没有内容。</translation>
+    </message>
     <message>
         <source>The document has no element %1.</source>
         <translation>文档没有元素 %1。</translation>

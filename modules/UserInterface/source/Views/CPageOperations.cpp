@@ -78,7 +78,10 @@ QString CPageOperations::paste(const QMimeData *data)
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data->data(ScreenDocuments::CopiedScreensMime));
     const QDomElement root = ScreenDocuments::copiedScreens(xml, &error);
-    return root.isNull() ? error : addScreens(root, tr("Paste Page"), Values::Canonical);
+    if (!root.isNull())
+        error = refusalOf(root);
+    return error.isEmpty() ? addScreens(root, tr("Paste Page"), Values::Canonical)
+                           : tr("What was copied cannot be pasted: %1").arg(error);
 }
 
 QString CPageOperations::save(const Screens &screens, const QString &path)
@@ -95,19 +98,24 @@ QString CPageOperations::load(const QString &path)
     if (!xml)
         return error;
     const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
-    if (!root.isNull() && root.firstChildElement().isNull())
-        error = tr("There is no page in it.");
-    else if (!root.isNull())
+    if (!root.isNull())
+        error = refusalOf(root);
+    if (error.isEmpty())
         error = addScreens(root, tr("Load Page"), Values::AsTheyAre);
     return error.isEmpty() ? error : tr("%1: %2").arg(path, error);
+}
+
+/// Empty, or why the pages cannot become some of the project's.
+QString CPageOperations::refusalOf(const QDomElement &root) const
+{
+    return root.firstChildElement().isNull() ? tr("There is no page in it.")
+                                             : ScreenDocuments::savingRefusal(root, m_project);
 }
 
 QString CPageOperations::addScreens(const QDomElement &root, const QString &macroText,
                                     Values values)
 {
     QDomElement element = root.firstChildElement();
-    if (element.isNull())
-        return {};
     CImageImport images(m_project);
     const QString error = images.bring(root);
     if (!error.isEmpty())

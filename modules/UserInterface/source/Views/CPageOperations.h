@@ -40,6 +40,7 @@ public:
 private:
     enum class Values { AsTheyAre, Canonical };
 
+    QString refusalOf(const QDomElement &root) const;
     QString addScreens(const QDomElement &root, const QString &macroText, Values values);
     void makeValuesCanonical();
 

@@ -71,8 +71,10 @@ void CScreenView::cut()
 void CScreenView::paste()
 {
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
-    if (!ItemOperations::canPaste(copied))
+    if (!ItemOperations::canPaste(copied)) {
+        Q_EMIT message(tr("The clipboard holds neither widgets nor pages, so nothing was pasted."));
         return;
+    }
     QString problem;
     const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied, &problem);
     if (!problem.isEmpty())

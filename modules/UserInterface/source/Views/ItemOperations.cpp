@@ -14,7 +14,6 @@
 #include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CWidgetGroupModel.h"
-#include "CXmlGuard.h"
 #include "ItemNames.h"
 #include "PastePlace.h"
 #include "PropertyKey.h"
@@ -169,18 +168,6 @@ void unlockMembers(CItemModel &parent)
         unlockMembers(*item);
     }
 }
-
-/// How many elements deep a document has an item with all below it.
-int depthOf(const CItemModel &item)
-{
-    int deepest = 0;
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (const CItemModel *child = item.childItem(row))
-            deepest = std::max(deepest, depthOf(*child));
-    }
-    return deepest + 1;
-}
-
 } // namespace
 
 void ItemOperations::order(const Items &items, EOrder where)
@@ -310,11 +297,17 @@ bool ItemOperations::canPaste(const QMimeData *data)
 
 Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem)
 {
+    QString reason;
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data.data(ScreenDocuments::CopiedItemsMime));
-    const QDomElement copied = ScreenDocuments::copiedItems(xml);
+    const QDomElement copied = ScreenDocuments::copiedItems(xml, &reason);
+    const auto refuse = [problem](const QString &why) {
+        if (problem)
+            *problem = CScreenView::tr("What was copied cannot be pasted: %1").arg(why);
+        return Items();
+    };
     if (copied.isNull())
-        return {};
+        return refuse(reason);
     CImageImport images(screen.project());
     const QString error = images.bring(copied);
     if (problem)
@@ -327,11 +320,11 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     unlockMembers(holding);
     screen.project()->assignFreshIds(&holding);
     const int count = holding.rowCount();
-    // In the project the items stand one element deeper, below its screen: it must remain one that
-    // can be saved.
-    if (count == 0 || depthOf(holding) + 1 > CXmlGuard::MaxDepth) {
+    reason = count == 0 ? CScreenView::tr("There is no widget in it.")
+                        : ScreenDocuments::savingRefusal(holding);
+    if (!reason.isEmpty()) {
         images.takeBack();
-        return {};
+        return refuse(reason);
     }
     Items copies;
     for (int row = 0; row < count; ++row)

@@ -1,11 +1,14 @@
 // What the user does to the selection and the view of a canvas: clicks, keys, menu, clipboard,
 // zoom.
+#include "CXmlGuard.h"
 #include "CanvasFixture.h"
+#include "ScreenDocuments.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
@@ -22,6 +25,8 @@ private Q_SLOTS:
     void nudges();
     void orderAndGroups();
     void clipboard();
+    void rejectedPastes_data();
+    void rejectedPastes();
     void screenAndViewFollowEachOther();
     void wheel();
     void panning();
@@ -211,6 +216,58 @@ void tst_CanvasEditing::clipboard()
     QVERIFY(!canvas.viewOf(item));
     canvas.stack.setIndex(0);
     QCOMPARE(savedBytes(*canvas.project), before);
+}
+
+void tst_CanvasEditing::rejectedPastes_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QString>("told");
+    const auto items = [](const char *name, const QByteArray &inside, const char *told) {
+        const QByteArray xml = "<CopyXML>" + inside + "</CopyXML>";
+        QTest::newRow(name) << QStringLiteral("widget-copy") << ScreenDocuments::toClipboard(xml)
+                            << QString::fromLatin1(told);
+    };
+    const auto withAttributes = [](int count) {
+        QByteArray element = "<Kiv_Rectangle_T";
+        for (int i = 0; i < count; ++i)
+            element += " a" + QByteArray::number(i) + "=''";
+        return element + "/>";
+    };
+    QTest::newRow("a text") << QStringLiteral("text/plain") << QByteArray("Lamp")
+                            << QStringLiteral("neither widgets nor pages");
+    QTest::newRow("damaged") << QStringLiteral("widget-copy") << QByteArray("\0\0\1\0a", 5)
+                             << QStringLiteral("nothing in it");
+    items("cut off", "<Kiv_Rectangle_T", "Line 1");
+    items("no widget", "", "no widget in it");
+    items("too large", QByteArray(CXmlGuard::MaxBytes, ' '), "64 MiB");
+    items("too deep",
+          QByteArray("<Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1) +
+              QByteArray("</Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1),
+          "256 levels");
+    items("more attributes than are read", withAttributes(513), "512 attributes");
+    items("more attributes than are saved", withAttributes(510), "512 attributes");
+}
+
+/// Nothing has changed then, and the user knows why.
+void tst_CanvasEditing::rejectedPastes()
+{
+    QFETCH(QString, format);
+    QFETCH(QByteArray, data);
+    QFETCH(QString, told);
+    Canvas canvas;
+    canvas.show();
+    const QByteArray before = savedBytes(*canvas.project);
+    auto *copied = new QMimeData;
+    copied->setData(format, data);
+    QGuiApplication::clipboard()->setMimeData(copied);
+    const QSignalSpy message(canvas.view.get(), &CScreenView::message);
+    canvas.view->paste();
+    QCOMPARE(message.count(), 1);
+    QVERIFY2(message.at(0).at(0).toString().contains(told),
+             qPrintable(message.at(0).at(0).toString()));
+    QCOMPARE(savedBytes(*canvas.project), before);
+    QCOMPARE(canvas.stack.count(), 0);
 }
 
 void tst_CanvasEditing::screenAndViewFollowEachOther()

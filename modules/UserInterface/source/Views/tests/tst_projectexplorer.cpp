@@ -390,15 +390,25 @@ void tst_ProjectExplorer::malformedPagesChangeNothing_data()
     QTest::newRow("no page in it") << QByteArray("<ScreenSave/>");
     QTest::newRow("too deep") << "<ScreenSave>" + QByteArray("<Screen>").repeated(300) +
                                      QByteArray("</Screen>").repeated(300) + "</ScreenSave>";
+    QByteArray attributes;
+    for (int i = 0; i < 510; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    QTest::newRow("more attributes than can be saved")
+        << "<ScreenSave><Screen/><Screen><Kiv_Rectangle_T" + attributes +
+               "/></Screen></ScreenSave>";
 }
 
 void tst_ProjectExplorer::malformedPagesChangeNothing()
 {
     QFETCH(QByteArray, xml);
     const QByteArray start = savedBytes(*m_project);
+    QSignalSpy told(m_view.get(), &CProjectExplorerView::message);
     pasteCopied(
         ScreenDocuments::toClipboard(QByteArray(xml).replace("ScreenSave", "CopyScreenXML")));
     pasteCopied(xml); // no streamed string at all
+    QCOMPARE(told.count(), 2);
+    QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
+    QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
 
     QTemporaryDir folder;
     QFile file(folder.filePath("broken.page"));
@@ -412,7 +422,6 @@ void tst_ProjectExplorer::malformedPagesChangeNothing()
         dialog->selectFile(file.fileName());
         dialog->QDialog::accept();
     });
-    QSignalSpy told(m_view.get(), &CProjectExplorerView::message);
     m_view->loadScreen();
     QVERIFY(told.value(0).value(0).toString().contains("broken.page: "));
     QCOMPARE(savedBytes(*m_project), start);
