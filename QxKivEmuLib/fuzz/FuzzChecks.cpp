@@ -7,6 +7,7 @@
 #include "executor/CRamG.h"
 #include "host/ImageFile.h"
 #include "pictures/BitmapHead.h"
+#include "pictures/CAviReader.h"
 #include "pictures/PictureReading.h"
 #include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"
@@ -194,10 +195,13 @@ std::string checkPicture(EImageFile kind, const std::vector<uint8_t> &file)
 {
     CMemorySource source(file.data(), file.size());
     CPlainTarget target;
+    uint32_t size[2] = {};
     if (kind == EImageFile::Png)
         readPng(source, EPngRows::Indices, target);
     else if (kind == EImageFile::Jpeg)
         readJpeg(source, EJpegRows::Colours, target);
+    else
+        CAviReader(file.data(), file.size()).readFrameSize(size[0], size[1]);
     SBitmapHead head;
     const bool isBitmap = readBitmapHead(file.data(), file.size(), head);
     return target.isRight && (!isBitmap || (head.width > 0 && head.height > 0))
@@ -277,7 +281,7 @@ std::string checkBitmap(const uint8_t *data, size_t size)
     return checkTexels(*image);
 }
 
-std::string checkImage(const uint8_t *data, size_t size)
+std::string checkImages(const uint8_t *data, size_t size)
 {
     constexpr EImageFile Kinds[] = {EImageFile::Jpeg, EImageFile::Png, EImageFile::Avi};
     constexpr size_t Budgets[] = {0x40000, 0x100000, 1000, 0};

@@ -30,6 +30,6 @@ std::string checkBitmap(const uint8_t *data, size_t size);
 /// Decodes an arbitrary JPEG, PNG or AVI file: it is refused with a reason and within its limits,
 /// or it is a picture that fills its size and fits the budget, the same each time. Input: a byte
 /// that chooses the kind, mono and the budget, the file (a PNG's check sums are put right).
-std::string checkImage(const uint8_t *data, size_t size);
+std::string checkImages(const uint8_t *data, size_t size);
 
 } // namespace kivemu

@@ -1,6 +1,4 @@
-#include "support/CChip.h"
-#include "support/Player.h"
-#include "support/TestPackage.h"
+#include "support/OpenPanel.h"
 
 #include "ProjectGenerator.h"
 #include "displaylist/CommandTable.h"
@@ -10,6 +8,7 @@
 #include "support/Replay.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
@@ -21,12 +20,14 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTransform>
+#include <QtEndian>
 #include <QtTest>
 
 #include <algorithm>
 #include <random>
 
-/// What panel-export --package writes is enough by itself: from these files alone the player shows
+/// What the files of panel-export --package say agrees and compilers take them, and they are enough
+/// by themselves: from these files alone the player shows
 /// on a chip, pixel by pixel, the pictures that panel-export drew, and loads what the manifest
 /// says.
 class tst_PackageProof : public QObject
@@ -44,9 +45,20 @@ private Q_SLOTS:
     void aTouchHitsTheItemThatIsThere_data() { projects(); }
     void aTouchHitsTheItemThatIsThere();
     void theGuidesProgramGivesThePicture();
+    void manifestFollowsItsSchema_data() { projects(); }
+    void manifestFollowsItsSchema();
+    void memoryIsWhatTheReportSays_data() { projects(); }
+    void memoryIsWhatTheReportSays();
+    void equalProjectsGiveEqualBytes();
+    void codeCompilesAndHoldsTheBlob();
+    void renamingAScreenChangesItsLinesOnly();
+    void failureLeavesTheOldPackage();
 
 private:
     void projects();
+    /// Packed and exported in all forms; what panel-export told.
+    QByteArray exportTo(const QString &folder, const QString &project, int expected = 0) const;
+    int validate(const QByteArray &manifest) const;
     QDir exported() const; ///< of the row's project
     STestPackage::Bytes blob() const;
     QJsonArray screensOfManifest() const;
@@ -71,51 +83,32 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Which block each byte of RAM_G is of; -1: none. A block that has to be loaded again is one of
-/// which anything has been written over.
-class COwners
+QJsonObject jsonOf(const QString &path)
 {
-public:
-    explicit COwners(size_t bytes) : m_owners(bytes, -1) {}
+    return QJsonDocument::fromJson(contentOf(path)).object();
+}
 
-    /// Bytes that showing a screen loads.
-    uint64_t show(const STestPackage &package, size_t screen)
-    {
-        uint64_t loaded = 0;
-        for (const uint16_t index : package.screens[screen].loads) {
-            const STestPackage::SBlock &block = package.blocks[index];
-            const auto begin = m_owners.begin() + block.address;
-            const auto end = begin + static_cast<std::ptrdiff_t>(block.bytes.size());
-            if (std::count(begin, end, index) == end - begin)
-                continue;
-            std::fill(begin, end, index);
-            loaded += block.bytes.size();
-        }
-        return loaded;
-    }
-
-private:
-    std::vector<int> m_owners;
-};
-
-/// A blob at an odd address, a chip and an open panel.
-struct SPlay
+bool write(const QString &path, const QByteArray &bytes)
 {
-    SPlay(const player &functions, const STestPackage::Bytes &blob)
-        : play(functions), chip(numberAt(blob, 16)), memory(1, 0xFF), bus(chip.bus())
-    {
-        memory.insert(memory.end(), blob.begin(), blob.end()); // as much as needed, no more
-        error = play.open(&panel, memory.data() + 1, static_cast<uint32_t>(blob.size()), &bus);
-    }
-    SPlay(const SPlay &) = delete;
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
 
-    const player play;
-    CChip chip;
-    STestPackage::Bytes memory;
-    kiv_bus bus;
-    kiv_panel panel;
-    int error;
-};
+QStringList filesBelow(const QString &folder)
+{
+    QStringList files;
+    for (QDirIterator each(folder, QDir::Files, QDirIterator::Subdirectories); each.hasNext();)
+        files.append(each.next().mid(folder.size()));
+    files.sort();
+    return files;
+}
+
+/// A section of a blob, by its kind.
+QByteArray section(const STestPackage::Bytes &blob, uint32_t kind)
+{
+    return {reinterpret_cast<const char *>(&blob[STestPackage::sectionBegin(blob, kind)]),
+            static_cast<int>(STestPackage::sectionBytes(blob, kind))};
+}
 
 /// How many pixels are not those of a picture; -1 for another size.
 int differentPixels(const std::vector<uint32_t> &shown, int width, int height, const QImage &wanted)
@@ -164,38 +157,46 @@ bool isOnEdge(const QPolygonF &outline, const QPointF &point)
 void tst_PackageProof::initTestCase()
 {
     QStringList files;
-    const QDir examples(m_sources.filePath(QStringLiteral("examples")));
+    const QDir examples(m_sources.filePath("examples"));
     for (const QString &name : examples.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        files += examples.filePath(name + QLatin1Char('/') + name + QStringLiteral(".nyx"));
+        files += examples.filePath(name + '/' + name + ".nyx");
     QVERIFY(files.size() >= 3);
     for (int seed = 1; seed <= GeneratedProjects; ++seed) {
-        const QString folder = m_folder.filePath(QStringLiteral("generated-%1").arg(seed));
+        const QString folder = m_folder.filePath(QString("generated-%1").arg(seed));
         QVERIFY(QDir().mkpath(folder));
         files += generateProject(static_cast<uint32_t>(seed), folder);
     }
     for (const QString &file : qAsConst(files)) {
         const QString name = QFileInfo(file).dir().dirName();
-        const QString into = m_folder.filePath(QStringLiteral("exported/") + name);
-        QVERIFY(QDir().mkpath(into));
-        QProcess process;
-        process.start(m_programs.filePath(QStringLiteral("panel-export")),
-                      {file, "--strict", "--package", into, "--png", into + "/png", "--ramg",
-                       into + "/ramg", "--bin", into + "/screens.bin", "--dl",
-                       into + "/screens.dl"});
-        QVERIFY(process.waitForFinished(120000));
-        QVERIFY2(process.exitCode() == 0, process.readAllStandardError());
+        const QString into = m_folder.filePath("exported/" + name);
+        const QByteArray output = exportTo(into, file);
         // Each file is told when it is written; its name follows from the screen's.
         QRegularExpressionMatchIterator told =
-            QRegularExpression(QStringLiteral("^(.*\\.(png|ramg)): "),
-                               QRegularExpression::MultilineOption)
-                .globalMatch(QString::fromUtf8(process.readAllStandardOutput()));
+            QRegularExpression("^(.*\\.(png|ramg)): ", QRegularExpression::MultilineOption)
+                .globalMatch(QString::fromUtf8(output));
         while (told.hasNext())
-            if (const auto match = told.next(); match.captured(2) == QLatin1String("png"))
+            if (const auto match = told.next(); match.captured(2) == "png")
                 m_pictures[name] += match.captured(1);
             else
                 m_memories[name] += match.captured(1);
         m_names += name;
     }
+}
+
+QByteArray tst_PackageProof::exportTo(const QString &folder, const QString &project,
+                                      int expected) const
+{
+    QDir().mkpath(folder);
+    QProcess process;
+    process.start(m_programs.filePath("panel-export"),
+                  {project, "--package", folder, "--png", folder + "/png", "--ramg",
+                   folder + "/ramg", "--bin", folder + "/screens.bin", "--dl",
+                   folder + "/screens.dl", "--report", folder + "/report.json"});
+    process.waitForFinished(120000);
+    const QByteArray errors = process.readAllStandardError();
+    if (process.exitCode() != expected || errors.isEmpty() != (expected == 0))
+        QTest::qFail(errors, __FILE__, __LINE__);
+    return process.readAllStandardOutput();
 }
 
 void tst_PackageProof::projects()
@@ -208,19 +209,18 @@ void tst_PackageProof::projects()
 QDir tst_PackageProof::exported() const
 {
     QFETCH(QString, name);
-    return QDir(m_folder.filePath(QStringLiteral("exported/") + name));
+    return QDir(m_folder.filePath("exported/" + name));
 }
 
 STestPackage::Bytes tst_PackageProof::blob() const
 {
-    const QByteArray bytes = contentOf(exported().filePath(QStringLiteral("panel.bin")));
+    const QByteArray bytes = contentOf(exported().filePath("panel.bin"));
     return {bytes.begin(), bytes.end()};
 }
 
 QJsonArray tst_PackageProof::screensOfManifest() const
 {
-    const QByteArray text = contentOf(exported().filePath(QStringLiteral("manifest.json")));
-    return QJsonDocument::fromJson(text).object()[QStringLiteral("screens")].toArray();
+    return jsonOf(exported().filePath("manifest.json"))["screens"].toArray();
 }
 
 QImage tst_PackageProof::picture(int screen) const
@@ -240,7 +240,7 @@ void tst_PackageProof::everyScreenIsItsPictureInAnyOrder()
         order.push_back(static_cast<int>(i % package.screens.size()));
     std::shuffle(order.begin(), order.end(), random);
 
-    SPlay open(m_players[static_cast<size_t>(row) % m_players.size()], bytes);
+    SOpenPanel open(m_players[static_cast<size_t>(row) % m_players.size()], bytes);
     QCOMPARE(open.error, 0);
     COwners owners(open.chip.ramG().size());
     for (const int screen : order) {
@@ -262,13 +262,12 @@ void tst_PackageProof::everyScreenIsItsPictureInAnyOrder()
 void tst_PackageProof::theSingleExportsAreTheSame()
 {
     const STestPackage package = STestPackage::fromBytes(blob());
-    const QByteArray bytes = contentOf(exported().filePath(QStringLiteral("screens.bin")));
+    const QByteArray bytes = contentOf(exported().filePath("screens.bin"));
     std::vector<uint32_t> words = kivemu::fromBytes(
         reinterpret_cast<const uint8_t *>(bytes.constData()), static_cast<size_t>(bytes.size()));
     const QStringList texts =
-        QString::fromUtf8(contentOf(exported().filePath(QStringLiteral("screens.dl"))))
-            .split(QRegularExpression(QStringLiteral("^===.*===$"),
-                                      QRegularExpression::MultilineOption));
+        QString::fromUtf8(contentOf(exported().filePath("screens.dl")))
+            .split(QRegularExpression("^===.*===$", QRegularExpression::MultilineOption));
     QCOMPARE(texts.size(), static_cast<int>(package.screens.size()) + 1);
     for (size_t i = 0; i < package.screens.size(); ++i) {
         const auto screen = static_cast<int>(i);
@@ -277,8 +276,7 @@ void tst_PackageProof::theSingleExportsAreTheSame()
         std::vector<uint32_t> single(words.begin(), end);
         words.erase(words.begin(), end);
         QString text = QString::fromStdString(kivemu::disassemble(single.data(), single.size()));
-        QCOMPARE(texts[screen + 1].trimmed(),
-                 text.replace(QLatin1String(";"), QLatin1String(";\n")).trimmed());
+        QCOMPARE(texts[screen + 1].trimmed(), text.replace(";", ";\n").trimmed());
         std::string error;
         QVERIFY(kivemu::assemble(texts[screen + 1].toStdString(), &error) == single);
 
@@ -309,7 +307,7 @@ void tst_PackageProof::aChangeLoadsWhatTheManifestSays()
     };
     for (int from = 0; from < screens.size(); ++from) {
         for (int to = 0; to < screens.size(); ++to) {
-            SPlay open(m_players.front(), bytes);
+            SOpenPanel open(m_players.front(), bytes);
             QCOMPARE(kiv_panel_screen_count(&open.panel), screens.size());
             open.play.show(&open.panel, from);
             const uint64_t first = open.chip.loadedBytes();
@@ -325,7 +323,7 @@ void tst_PackageProof::aTouchHitsTheItemThatIsThere()
 {
     const STestPackage::Bytes bytes = blob();
     const QJsonArray screens = screensOfManifest();
-    SPlay open(m_players.front(), bytes);
+    SOpenPanel open(m_players.front(), bytes);
     std::mt19937 random(3);
     for (int screen = 0; screen < screens.size(); ++screen) {
         open.play.show(&open.panel, screen);
@@ -365,24 +363,19 @@ void tst_PackageProof::aTouchHitsTheItemThatIsThere()
 // else.
 void tst_PackageProof::theGuidesProgramGivesThePicture()
 {
-    const QString guide =
-        QString::fromUtf8(contentOf(m_sources.filePath(QStringLiteral("docs/firmware.md"))));
-    const QString program = guide.section(QStringLiteral("```c\n"), 1, 1).section("```", 0, 0);
-    QVERIFY(program.contains(QStringLiteral("int main(")));
+    const QString guide = QString::fromUtf8(contentOf(m_sources.filePath("docs/firmware.md")));
+    const QString program = guide.section("```c\n", 1, 1).section("```", 0, 0);
+    QVERIFY(program.contains("int main("));
     QVERIFY2(program.count(QLatin1Char('\n')) < 60, "the program is as short as it is said to be");
-    for (const QString &name : {QStringLiteral("coffee-machine"), QStringLiteral("ev-charger"),
-                                QStringLiteral("thermostat")}) {
-        const QDir package(m_folder.filePath(QStringLiteral("exported/") + name));
-        const QDir folder(m_folder.filePath(QStringLiteral("stranger/") + name));
+    for (const QString &name : {"coffee-machine", "ev-charger", "thermostat"}) {
+        const QDir package(m_folder.filePath("exported/" + name));
+        const QDir folder(m_folder.filePath("stranger/" + name));
         QVERIFY(QDir().mkpath(folder.path()));
-        for (const QString &file : {QStringLiteral("panel.h"), QStringLiteral("panel.c")})
+        for (const QString &file : {"panel.h", "panel.c"})
             QVERIFY(QFile::copy(package.filePath(file), folder.filePath(file)));
-        for (const QString &file : {QStringLiteral("kiv_panel.h"), QStringLiteral("kiv_panel.c")})
-            QVERIFY(QFile::copy(m_sources.filePath(QStringLiteral("firmware/") + file),
-                                folder.filePath(file)));
-        QFile source(folder.filePath(QStringLiteral("main.c")));
-        QVERIFY(source.open(QIODevice::WriteOnly) && source.write(program.toUtf8()) > 0);
-        source.close();
+        for (const QString &file : {"kiv_panel.h", "kiv_panel.c"})
+            QVERIFY(QFile::copy(m_sources.filePath("firmware/" + file), folder.filePath(file)));
+        QVERIFY(write(folder.filePath("main.c"), program.toUtf8()));
 
         QProcess process;
         process.setWorkingDirectory(folder.path());
@@ -391,27 +384,161 @@ void tst_PackageProof::theGuidesProgramGivesThePicture()
             process.waitForFinished(120000);
             return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
         };
-        QCOMPARE(run(QStringLiteral("cc"),
-                     {"-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Werror",
-                      "main.c", "panel.c", "kiv_panel.c", "-o", "shown"}),
+        QCOMPARE(run("cc", {"-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Werror",
+                            "main.c", "panel.c", "kiv_panel.c", "-o", "shown"}),
                  0);
-        const QDir pictures(package.filePath(QStringLiteral("png")));
+        const QDir pictures(package.filePath("png"));
         for (const QString &file : pictures.entryList(QDir::Files)) {
             const QString screen = QFileInfo(file).completeBaseName();
             const QImage wanted(pictures.filePath(file));
-            QCOMPARE(run(folder.filePath(QStringLiteral("shown")), {screen}), 0);
+            QCOMPARE(run(folder.filePath("shown"), {screen}), 0);
             QVERIFY(
                 process.readAllStandardOutput().contains("in the middle of " + screen.toUtf8()));
-            QCOMPARE(run(m_programs.filePath(QStringLiteral("panel-chip")),
+            QCOMPARE(run(m_programs.filePath("panel-chip"),
                          {"ram_g.bin", "ram_dl.bin",
-                          QStringLiteral("%1x%2").arg(wanted.width()).arg(wanted.height()),
-                          "shown.png"}),
+                          "%1x%2".arg(wanted.width()).arg(wanted.height()), "shown.png"}),
                      0);
-            const QImage shown(folder.filePath(QStringLiteral("shown.png")));
+            const QImage shown(folder.filePath("shown.png"));
             QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
                      wanted.convertToFormat(QImage::Format_RGB32));
         }
     }
+}
+
+int tst_PackageProof::validate(const QByteArray &manifest) const
+{
+    const QString file = m_folder.filePath("manifest-to-check.json");
+    if (!write(file, manifest))
+        return -1;
+    return QProcess::execute("/usr/bin/python3",
+                             {"-c",
+                              "import json, jsonschema, sys\n"
+                              "schema, manifest = (json.load(open(f)) for f in sys.argv[1:])\n"
+                              "v = jsonschema.Draft7Validator(schema)\n"
+                              "v.check_schema(schema)\n"
+                              "sys.exit(0 if v.is_valid(manifest) else 9)",
+                              m_sources.filePath("docs/package-manifest.schema.json"), file});
+}
+
+void tst_PackageProof::manifestFollowsItsSchema()
+{
+    QJsonObject manifest = jsonOf(exported().filePath("manifest.json"));
+    QCOMPARE(validate(QJsonDocument(manifest).toJson()), 0);
+    QVERIFY(!QJsonDocument(manifest).toJson().contains(m_sources.path().toUtf8()));
+    QVERIFY(!QJsonDocument(manifest).toJson().contains(m_folder.path().toUtf8()));
+    manifest["more"] = 1; // the schema refuses what it does not know
+    QCOMPARE(validate(QJsonDocument(manifest).toJson()), 9);
+    // What it says about items and words is what the list says.
+    const QByteArray lists = section(blob(), 7);
+    for (const QJsonValue screen : manifest["screens"].toArray())
+        for (const QJsonValue item : screen["items"].toArray())
+            for (const QJsonValue piece : item["words"].toArray()) {
+                const int at =
+                    screen["ram_dl_offset_in_lists"].toInt() + piece["first"].toInt() * 4;
+                QCOMPARE(qFromLittleEndian<quint32>(lists.constData() + at),
+                         kivemu::headerWord(kivemu::EOpcode::Item, 0));
+                QCOMPARE(qFromLittleEndian<quint32>(lists.constData() + at + 4),
+                         item["id"].toString().toUInt());
+            }
+}
+
+/// The images of RAM_G hold at each address of the report's map what the package has as the asset.
+void tst_PackageProof::memoryIsWhatTheReportSays()
+{
+    const QByteArray data = section(blob(), 8);
+    const QJsonArray assets = jsonOf(exported().filePath("manifest.json"))["assets"].toArray();
+    const QJsonArray screens = jsonOf(exported().filePath("report.json"))["screens"].toArray();
+    for (int i = 0; i < screens.size(); ++i) {
+        const QByteArray image = contentOf(m_memories[exported().dirName()].value(i));
+        QCOMPARE(image.size(), screens[i]["ram_g_bytes"].toInt());
+        for (const QJsonValue place : screens[i]["ram_g_map"].toArray()) {
+            const auto asset =
+                std::find_if(assets.begin(), assets.end(), [&](const QJsonValue &each) {
+                    return each["files"].toArray().contains(place["file"]);
+                });
+            QVERIFY2(asset != assets.end(), qPrintable(place["file"].toString()));
+            const int bytes = place["bytes"].toInt();
+            QVERIFY(image.mid(place["address"].toInt(), bytes) ==
+                    data.mid((*asset)["data_offset"].toInt(), bytes));
+        }
+    }
+}
+
+void tst_PackageProof::equalProjectsGiveEqualBytes()
+{
+    for (const QString name : {"coffee-machine", "ev-charger", "thermostat"}) {
+        const QString copy = m_folder.filePath("copy of " + name);
+        QCOMPARE(QProcess::execute("cp", {"-r", m_sources.filePath("examples/" + name), copy}), 0);
+        const QString first = m_folder.filePath("exported/" + name);
+        const QString second = m_folder.filePath("again/" + name);
+        exportTo(second, copy + '/' + name + ".nyx");
+        const QStringList files = filesBelow(first);
+        QVERIFY(files.size() > 10);
+        QCOMPARE(filesBelow(second), files);
+        for (const QString &file : files)
+            QVERIFY2(contentOf(first + file) == contentOf(second + file), qPrintable(file));
+    }
+}
+
+void tst_PackageProof::codeCompilesAndHoldsTheBlob()
+{
+    const QString folder = m_folder.filePath("exported/thermostat");
+    const QString program = m_folder.filePath("holds");
+    const QString source = m_folder.filePath("main.c");
+    QVERIFY(write(source, "#include \"panel.h\"\n#include <stdio.h>\nint main(void) {\n"
+                          "    return fwrite(panel_blob, 1, panel_blob_size, stdout) =="
+                          " panel_blob_size\n        && PANEL_SCREEN_HOME == 0"
+                          " && PANEL_SCREEN_COUNT == 3 ? 0 : 1;\n}\n"));
+    for (const QString compiler : {"gcc -std=c99", "gcc -std=c11", "g++ -x c++ -std=c++17",
+                                   "clang-14 -std=c99", "clang-14 -x c++ -std=c++17"}) {
+        const QStringList arguments{
+            "-Wall", "-Wextra", "-Wpedantic",        "-Wconversion", "-Werror", "-I",
+            folder,  source,    folder + "/panel.c", "-o",           program};
+        QCOMPARE(QProcess::execute(compiler.section(' ', 0, 0),
+                                   compiler.section(' ', 1).split(' ') + arguments),
+                 0);
+        QProcess run;
+        run.start(program, QStringList());
+        QVERIFY(run.waitForFinished());
+        QCOMPARE(run.exitCode(), 0);
+        QVERIFY(run.readAllStandardOutput() == contentOf(folder + "/panel.bin"));
+    }
+}
+
+void tst_PackageProof::renamingAScreenChangesItsLinesOnly()
+{
+    const auto lines = [this](const QString &folder) {
+        return QString::fromUtf8(contentOf(m_folder.filePath(folder + "/panel.h"))).split('\n');
+    };
+    QByteArray project = contentOf(m_sources.filePath("examples/thermostat/thermostat.nyx"));
+    const QString renamed = m_folder.filePath("copy of thermostat/renamed.nyx");
+    QVERIFY(write(renamed, project.replace("name=\"Schedule\"", "name=\"*/ The \\ week\"")));
+    exportTo(m_folder.filePath("renamed"), renamed);
+    const QStringList before = lines("exported/thermostat");
+    const QStringList after = lines("renamed");
+    QCOMPARE(after.size(), before.size());
+    for (int i = 0; i < before.size(); ++i)
+        if (before[i].contains("_SCHEDULE"))
+            QVERIFY2(after[i].contains("_THE_WEEK"), qPrintable(after[i]));
+        else
+            QCOMPARE(after[i], before[i]);
+}
+
+/// A screen whose bitmaps do not fit into RAM_G.
+void tst_PackageProof::failureLeavesTheOldPackage()
+{
+    const QString folder = m_folder.filePath("again/thermostat/");
+    const QByteArray before = contentOf(folder + "panel.bin");
+    QVERIFY(write(m_folder.filePath("big_RGB565.raw"), QByteArray(2 * 512 * 300, 'x')));
+    const QString project = m_folder.filePath("big.nyx");
+    QVERIFY(write(project, "<Kiv_Project_T platform=\"QX100\" width=\"64\" height=\"48\">"
+                           "<Kiv_Screen_T name=\"A\"><Kiv_Bitmap_T id=\"7\" basename=\"big\" "
+                           "suffix=\"png\" bfolder=\"\" format=\"RGB565\" bwidth=\"512\" "
+                           "bheight=\"300\"/></Kiv_Screen_T></Kiv_Project_T>"));
+    exportTo(folder, project, 3);
+    for (const char *file : {"panel.h", "panel.c", "manifest.json"})
+        QVERIFY(QFile::exists(folder + file));
+    QVERIFY(contentOf(folder + "panel.bin") == before);
 }
 
 QTEST_GUILESS_MAIN(tst_PackageProof)

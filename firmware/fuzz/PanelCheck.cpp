@@ -1,8 +1,6 @@
 #include "PanelCheck.h"
 
-#include "kiv_panel.h"
-#include "support/CChip.h"
-#include "support/TestPackage.h"
+#include "support/OpenPanel.h"
 
 #include <algorithm>
 #include <cstring>
@@ -46,16 +44,12 @@ std::string checkPanel(const uint8_t *data, size_t size)
     std::vector<uint8_t> blob(data, data + size);
     if (size >= 12)
         seal(blob);
-    // At an odd address, and at the end of its memory, where a sanitizer sees a read past it.
-    std::vector<uint8_t> memory = {0xFF};
-    memory.insert(memory.end(), blob.begin(), blob.end());
-
-    CChip chip(size >= 20 ? numberAt(blob, 16) : 0);
-    const kiv_bus bus = chip.bus();
-    kiv_panel panel;
-    const int error = kiv_panel_open(&panel, memory.data() + 1, static_cast<uint32_t>(size), &bus);
-    if (error != 0) {
-        return error < 0 && kiv_panel_screen_count(&panel) == 0 && kiv_panel_show(&panel, 0) < 0
+    SOpenPanel open(players().front(), blob);
+    kiv_panel &panel = open.panel;
+    CChip &chip = open.chip;
+    if (open.error != 0) {
+        return open.error < 0 && kiv_panel_screen_count(&panel) == 0 &&
+                       kiv_panel_show(&panel, 0) < 0
                    ? ""
                    : "a refused package has screens";
     }

@@ -1,7 +1,5 @@
 #include "fuzz/PanelCheck.h"
-#include "support/CChip.h"
-#include "support/Player.h"
-#include "support/TestPackage.h"
+#include "support/OpenPanel.h"
 
 #include <gtest/gtest.h>
 
@@ -22,31 +20,9 @@ constexpr size_t entry(uint32_t kind, size_t field) ///< offset of a directory f
     return 32 + 12 * (kind - 1) + 4 * field;
 }
 
-/// A package at an odd address, a chip, and the panel that one build of the player opened.
-class COpenPanel
-{
-public:
-    COpenPanel(const player &functions, const Bytes &blob)
-        : play(functions), chip(0x110), m_memory(1, 0xFF), m_bus(chip.bus())
-    {
-        m_memory.insert(m_memory.end(), blob.begin(), blob.end()); // as much as needed, no more
-        error = play.open(&panel, m_memory.data() + 1, static_cast<uint32_t>(blob.size()), &m_bus);
-    }
-    COpenPanel(const COpenPanel &) = delete;
-
-    const player play;
-    CChip chip;
-    kiv_panel panel;
-    int error;
-
-private:
-    Bytes m_memory;
-    kiv_bus m_bus;
-};
-
 int openError(const Bytes &blob)
 {
-    return COpenPanel(players().front(), blob).error;
+    return SOpenPanel(players().front(), blob).error;
 }
 
 /// Sets one number of the example's blob and its check sum.
@@ -252,22 +228,14 @@ TEST(Panel, LoadsWhatIsMissingAndNothingElse)
             screen.list = {0};
         }
         const std::vector<player> builds = players();
-        COpenPanel open(builds[static_cast<size_t>(round) % builds.size()], package.toBytes());
+        SOpenPanel open(builds[static_cast<size_t>(round) % builds.size()], package.toBytes());
         ASSERT_EQ(open.error, 0);
-        std::vector<int> owners(0x40000, -1);
+        COwners owners(open.chip.ramG().size());
         uint64_t expected = 0;
         for (int change = 0; change < 20; ++change) {
             const size_t screen = random() % package.screens.size();
             ASSERT_EQ(open.play.show(&open.panel, static_cast<int>(screen)), 0);
-            for (const uint16_t index : package.screens[screen].loads) {
-                const auto &block = package.blocks[index];
-                const auto begin = owners.begin() + block.address;
-                const auto end = begin + static_cast<long>(block.bytes.size());
-                if (std::count(begin, end, index) != end - begin) {
-                    std::fill(begin, end, index);
-                    expected += block.bytes.size();
-                }
-            }
+            expected += owners.show(package, screen);
             ASSERT_EQ(open.chip.loadedBytes(), expected) << open.play.compiler;
             ASSERT_EQ(open.chip.errors(), std::vector<std::string>());
             for (const uint16_t index : package.screens[screen].loads) {
@@ -282,7 +250,7 @@ TEST(Panel, LoadsWhatIsMissingAndNothingElse)
 TEST(Panel, FindsScreensByNameAndRefusesOthers)
 {
     for (const player &build : players()) {
-        COpenPanel open(build, STestPackage::example().toBytes());
+        SOpenPanel open(build, STestPackage::example().toBytes());
         EXPECT_EQ(build.find_screen(&open.panel, "Screen 0"), 0) << "the first of that name";
         EXPECT_EQ(build.find_screen(&open.panel, "Screen 2"), 2);
         for (const char *none : {"Screen", "Screen 00", "screen 0", "", "front"})
@@ -293,7 +261,7 @@ TEST(Panel, FindsScreensByNameAndRefusesOthers)
             EXPECT_EQ(build.show(&open.panel, none), KIV_ERROR_ARGUMENT);
         EXPECT_EQ(open.chip.loads(), 0);
     }
-    COpenPanel open(players().front(), STestPackage::example().toBytes());
+    SOpenPanel open(players().front(), STestPackage::example().toBytes());
     EXPECT_STREQ(kiv_panel_screen_name(&open.panel, 1), "Screen 1");
     EXPECT_EQ(kiv_panel_screen_name(&open.panel, 4), nullptr);
     EXPECT_STREQ(kiv_panel_item_name(&open.panel, 2), "front");
@@ -333,7 +301,7 @@ TEST(Panel, HitsTheFrontmostItemUnderThePixel)
         {3, "not to be touched", {}},
         {4, "ground", {-32768, -32768, 32767, -32768, 32767, 32767, -32768, 32767}}};
     for (const player &build : players()) {
-        COpenPanel open(build, package.toBytes());
+        SOpenPanel open(build, package.toBytes());
         ASSERT_EQ(build.show(&open.panel, 0), 0);
         for (const STouch &touch : touches) {
             const int hit = build.hit(&open.panel, touch.x, touch.y);

@@ -1,6 +1,5 @@
 #include "CImageFileConverter.h"
 
-#include "CAviReader.h"
 #include "CBitmapFormatTable.h"
 #include "CFileCopies.h"
 #include "CFileStamp.h"
@@ -12,6 +11,8 @@
 #include "ImageNames.h"
 #include "PictureFile.h"
 #include "PropertyKey.h"
+#include "pictures/CAviReader.h"
+#include "pictures/FileReading.h"
 
 #include <QDir>
 #include <QFile>
@@ -112,7 +113,10 @@ QString CImageFileConverter::usualFormat(const QString &source, const QString &o
 
 bool CImageFileConverter::aviFrameSize(const QString &file, quint32 &width, quint32 &height)
 {
-    return CAviReader::frameSize(file, width, height);
+    constexpr size_t HeaderBytes = size_t{1} << 20; // lies in the first few hundred
+    std::vector<uint8_t> bytes;
+    return kivemu::readFileStart(file.toLocal8Bit().toStdString(), HeaderBytes, bytes).empty() &&
+           kivemu::CAviReader(bytes.data(), bytes.size()).readFrameSize(width, height);
 }
 
 bool CImageFileConverter::convert(const QString &source, const QString &formatName)

@@ -34,7 +34,8 @@ public:
     /// "RGB565", as the chip decodes it unless it is mono. failed() says why there is nothing.
     std::optional<SConvertedImage> mediaImage(const QString &file);
 
-    /// Frame size of an AVI video; see CAviReader.
+    /// Frame size of an AVI video as its header says, which may be anything; false, and the numbers
+    /// unchanged, when it has none or is no regular file.
     static bool aviFrameSize(const QString &file, quint32 &width, quint32 &height);
 
     /// The format for an image of a widget that has none yet: its kind's usual one, or, since a

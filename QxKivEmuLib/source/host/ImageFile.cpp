@@ -1,7 +1,7 @@
 #include "ImageFile.h"
 
-#include "CAviReader.h"
 #include "MediaTargets.h"
+#include "pictures/CAviReader.h"
 #include "pictures/FileReading.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "CTestFolder.h"
-#include "host/CAviReader.h"
 #include "host/ImageFile.h"
+#include "pictures/CAviReader.h"
 #include "pictures/PictureReading.h"
 
 #include <cstdio>
@@ -365,4 +365,56 @@ TEST(AviReader, findsTheFirstJpegAndBelievesNoSize)
     const Bytes deep = avi(nested);
     kivemu::CAviReader reader(deep.data(), deep.size());
     EXPECT_FALSE(reader.findFirstFrame());
+}
+
+TEST(AviReader, readsTheFrameSizeOfTheHeaderAndBelievesNoSize)
+{
+    const auto header = [](size_t bytes) {
+        Bytes all(100, 0x11);
+        std::fill_n(all.begin() + 32, 8, uint8_t{0});
+        all[33] = 1; // 256 x 7
+        all[36] = 7;
+        all.resize(bytes);
+        return all;
+    };
+    const auto file = [](const Bytes &contents, int64_t claimed = -1) {
+        return chunk("RIFF", textBytes("AVI ") + contents, claimed);
+    };
+    const auto list = [](const char *type, const Bytes &contents, int64_t claimed = -1) {
+        return chunk("LIST", textBytes(type) + contents, claimed);
+    };
+    const int64_t huge = 0xFFFFFFFF;
+    const Bytes avih = chunk("avih", header(56));
+    const Bytes hdrl = list("hdrl", avih + chunk("strl", Bytes(3)));
+    const std::tuple<const char *, Bytes, bool> files[] = {
+        {"plain", file(hdrl), true},
+        {"among others", file(chunk("JUNK", Bytes(3)) + list("INFO", avih) + hdrl), true},
+        {"of 40 bytes", file(list("hdrl", chunk("avih", header(40)))), true},
+        {"of 39 bytes", file(list("hdrl", chunk("avih", header(39)))), false},
+        {"that says 39 bytes", file(list("hdrl", chunk("avih", header(56), 39))), false},
+        {"that says 4 GB", file(list("hdrl", chunk("avih", header(56), huge))), true},
+        {"list of 40 bytes", file(list("hdrl", avih, 40)), false},
+        {"list of 3 bytes", file(list("hdrl", avih, 3)), false},
+        {"all say 4 GB", file(list("hdrl", chunk("avih", header(56), huge), huge), huge), true},
+        {"outside of its list", file(list("hdrl", Bytes()) + avih), false},
+        {"in a list within", file(list("hdrl", list("strl", avih))), false},
+        {"no list", file(chunk("hdrl", avih)), false},
+        {"not AVI", chunk("RIFF", textBytes("avi ") + hdrl), false},
+    };
+    const auto isRead = [](const Bytes &bytes) {
+        uint32_t width = 1;
+        uint32_t height = 2;
+        const bool isFound =
+            kivemu::CAviReader(bytes.data(), bytes.size()).readFrameSize(width, height);
+        EXPECT_EQ(width, isFound ? 256U : 1U);
+        EXPECT_EQ(height, isFound ? 7U : 2U);
+        return isFound;
+    };
+    for (const auto &[name, bytes, expected] : files)
+        EXPECT_EQ(isRead(bytes), expected) << name;
+    const Bytes whole = file(hdrl);
+    const size_t needed = 8 + 4 + 8 + 4 + 8 + 40; // RIFF, its form, LIST, its type, avih, 40 bytes
+    for (size_t length = 0; length < whole.size(); ++length)
+        EXPECT_EQ(isRead(Bytes(whole.begin(), whole.begin() + static_cast<int64_t>(length))),
+                  length >= needed);
 }

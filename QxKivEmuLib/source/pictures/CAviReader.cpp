@@ -17,6 +17,7 @@ constexpr uint32_t code(const char (&text)[5])
 constexpr size_t HeaderSize = 8; ///< of a chunk: its id and the size of its contents
 constexpr size_t TypeSize = 4;   ///< of a list, at the start of its contents
 constexpr int DeepestList = 4;
+constexpr size_t FrameSizeAt = 32; ///< in the main header: width, then height
 
 } // namespace
 
@@ -48,15 +49,44 @@ bool CAviReader::readChunk(size_t &at, size_t end, SChunk &chunk) const
     return true;
 }
 
+bool CAviReader::isAvi() const
+{
+    return m_count >= HeaderSize + TypeSize && word(0) == code("RIFF") && word(8) == code("AVI ");
+}
+
+bool CAviReader::isList(const SChunk &chunk, uint32_t type) const
+{
+    return chunk.id == code("LIST") && chunk.size >= TypeSize && word(chunk.at) == type;
+}
+
+bool CAviReader::readFrameSize(uint32_t &width, uint32_t &height) const
+{
+    if (!isAvi())
+        return false;
+    size_t at = HeaderSize + TypeSize;
+    size_t end = m_count;
+    bool isInHeader = false;
+    for (SChunk chunk{}; readChunk(at, end, chunk);) {
+        if (!isInHeader && isList(chunk, code("hdrl"))) {
+            at = chunk.at + TypeSize; // on within the list
+            end = chunk.at + chunk.size;
+            isInHeader = true;
+        } else if (isInHeader && chunk.id == code("avih") && chunk.size >= FrameSizeAt + 8) {
+            width = word(chunk.at + FrameSizeAt);
+            height = word(chunk.at + FrameSizeAt + 4);
+            return true;
+        }
+    }
+    return false;
+}
+
 bool CAviReader::findFirstFrame()
 {
-    if (m_count < HeaderSize + TypeSize || word(0) != code("RIFF") || word(8) != code("AVI "))
+    if (!isAvi())
         return fail("is not an AVI file");
     size_t at = HeaderSize + TypeSize;
     for (SChunk chunk{}; readChunk(at, m_count, chunk);) {
-        const bool isMovie =
-            chunk.id == code("LIST") && chunk.size >= TypeSize && word(chunk.at) == code("movi");
-        if (isMovie)
+        if (isList(chunk, code("movi")))
             return searchMovie(chunk.at + TypeSize, chunk.at + chunk.size, 0) ||
                    fail("has no JPEG frame");
     }
