@@ -6,15 +6,14 @@
 #include "executor/CExecutor.h"
 #include "executor/CRamG.h"
 #include "host/ImageFile.h"
-#include "pictures/BitmapHead.h"
 #include "pictures/CAviReader.h"
-#include "pictures/PictureReading.h"
 #include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"
 #include "support/ExampleLists.h"
 #include "support/Replay.h"
 
 #include <algorithm>
+#include <zlib.h>
 
 namespace kivemu {
 
@@ -133,18 +132,6 @@ std::string checkTexels(const SBitmapImage &image)
     return opaque == image.opaque ? "" : "opaque is wrong";
 }
 
-/// The check sum that ends a PNG chunk, of its name and contents.
-uint32_t pngCheckSum(const uint8_t *bytes, size_t count)
-{
-    uint32_t sum = 0xFFFFFFFF;
-    for (size_t i = 0; i < count; ++i) {
-        sum ^= bytes[i];
-        for (int bit = 0; bit < 8; ++bit)
-            sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
-    }
-    return ~sum;
-}
-
 /// Puts the check sums of a PNG file right. Otherwise most changes of a file would end there, and
 /// never come to what lies behind.
 void repairPng(std::vector<uint8_t> &file)
@@ -157,56 +144,11 @@ void repairPng(std::vector<uint8_t> &file)
             size = size << 8 | file[at + i];
         if (size > file.size() - at - Around)
             return;
-        const uint32_t sum = pngCheckSum(&file[at + 4], 4 + size_t{size});
+        const auto sum = static_cast<uint32_t>(crc32(0, &file[at + 4], 4 + size));
         at += Around + size;
         for (size_t i = 1; i <= 4; ++i)
             file[at - i] = static_cast<uint8_t>(sum >> (8 * (i - 1)));
     }
-}
-
-/// As the editor and its tools take a picture: with its palette, its inks and its turn.
-class CPlainTarget final : public IPictureTarget
-{
-public:
-    std::string begin(const SPictureHead &head) override
-    {
-        constexpr uint32_t Most = 512;
-        if (head.width > Most || head.height > Most)
-            return "is too large";
-        isRight = head.width > 0 && head.height > 0 && head.palette.size() <= 256 &&
-                  head.orientation >= 1 && head.orientation <= 8;
-        m_row = size_t{head.width} * 4;
-        m_samples.resize(m_row * head.height);
-        return {};
-    }
-    uint8_t *row(int y) noexcept override
-    {
-        return m_samples.data() + static_cast<size_t>(y) * m_row;
-    }
-
-    bool isRight = true;
-
-private:
-    size_t m_row = 0;
-    std::vector<uint8_t> m_samples;
-};
-
-std::string checkPicture(EImageFile kind, const std::vector<uint8_t> &file)
-{
-    CMemorySource source(file.data(), file.size());
-    CPlainTarget target;
-    uint32_t size[2] = {};
-    if (kind == EImageFile::Png)
-        readPng(source, EPngRows::Indices, target);
-    else if (kind == EImageFile::Jpeg)
-        readJpeg(source, EJpegRows::Colours, target);
-    else
-        CAviReader(file.data(), file.size()).readFrameSize(size[0], size[1]);
-    SBitmapHead head;
-    const bool isBitmap = readBitmapHead(file.data(), file.size(), head);
-    return target.isRight && (!isBitmap || (head.width > 0 && head.height > 0))
-               ? ""
-               : "what is told of a picture is wrong";
 }
 
 } // namespace
@@ -294,9 +236,8 @@ std::string checkImages(const uint8_t *data, size_t size)
     if (kind == EImageFile::Png)
         repairPng(file);
 
-    const std::string wrong = checkPicture(kind, file);
-    if (!wrong.empty())
-        return wrong;
+    uint32_t told[2] = {};
+    CAviReader(file.data(), file.size()).readFrameSize(told[0], told[1]);
     SDecodedImage image;
     const std::string problem = decodeImage(kind, file.data(), file.size(), mono, budget, image);
     if (image.pixels.size() > budget)

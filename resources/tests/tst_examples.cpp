@@ -13,7 +13,7 @@ class tst_Examples : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void cleanupTestCase() { FrameRecorder::stop(); }
+    void cleanupTestCase() { Emu_Stop(); }
     void example_data();
     void example();
 };

@@ -1,4 +1,3 @@
-#include "CFileSizeLimit.h"
 #include "ToolRun.h"
 
 #include <QBuffer>
@@ -45,28 +44,16 @@ class tst_ImageTools : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void usage();
     void wrongArguments();
     void files();
     void suffixDecides();
-    void oddNames();
     void outputThatCannotBeWritten();
-    void fullDisk();
     void pngquantPassesOtherCallsOn();
 };
 
 void tst_ImageTools::initTestCase()
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-}
-
-void tst_ImageTools::usage()
-{
-    CToolFolder folder;
-    for (const STool &tool : Tools) {
-        QVERIFY(folder.succeeds(tool.program, {"--help"}));
-        QVERIFY(folder.output.startsWith("usage: " + QFileInfo(tool.program).completeBaseName()));
-    }
 }
 
 void tst_ImageTools::wrongArguments()
@@ -156,20 +143,6 @@ void tst_ImageTools::suffixDecides()
     QVERIFY(!folder.read("y_PALETTED.raw").isEmpty());
 }
 
-void tst_ImageTools::oddNames()
-{
-    CToolFolder folder;
-    for (const char *base : {"a b", "it's \"x\"", "-f", "--help", "Größe", "two.dots", "%1"}) {
-        const QString name = QString::fromUtf8(base);
-        folder.write(name + ".png", pngBytes());
-        for (const STool &tool : Tools) {
-            QVERIFY2(folder.succeeds(tool.program, QStringList{"-i", name + ".png"} + tool.options),
-                     qPrintable(folder.error));
-            QVERIFY(!folder.read(name + QString(tool.output).mid(1)).isEmpty());
-        }
-    }
-}
-
 void tst_ImageTools::outputThatCannotBeWritten()
 {
     for (const STool &tool : Tools) {
@@ -179,27 +152,6 @@ void tst_ImageTools::outputThatCannotBeWritten()
         QVERIFY(!folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options));
         QVERIFY2(folder.error.contains(tool.output), qPrintable(folder.error));
     }
-}
-
-void tst_ImageTools::fullDisk()
-{
-    CToolFolder folder;
-    QImage image(60, 60, QImage::Format_ARGB32); // less than a buffer holds
-    image.fill(Qt::red);
-    QVERIFY(image.save(folder.path("x.png")));
-    QVERIFY(folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.png", "-f", "7"}));
-    const QByteArray before = folder.read("x_RGB565.raw");
-    image.fill(Qt::blue);
-    QVERIFY(image.save(folder.path("x.png")));
-    bool isConverted = true;
-    {
-        const CFileSizeLimit full(2000);
-        isConverted = folder.succeeds("bmpconv/bmpconv.exe", {"-i", "x.png", "-f", "7"});
-    }
-    QVERIFY(!isConverted);
-    QVERIFY2(folder.error.contains("x_RGB565.raw"), qPrintable(folder.error));
-    QCOMPARE(folder.read("x_RGB565.raw"), before);
-    QCOMPARE(folder.files(), (QStringList{"x.png", "x_RGB565.json", "x_RGB565.raw"}));
 }
 
 void tst_ImageTools::pngquantPassesOtherCallsOn()

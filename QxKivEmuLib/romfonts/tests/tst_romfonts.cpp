@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr int Heights[] = {8,  8,  16, 16, 13, 17, 20, 22, 29, 38,
-                           16, 20, 25, 28, 36, 49, 63, 83, 108};
-
 /// Sum of a glyph's coverage in pixels.
 double ink(const romfonts::SGlyph &glyph)
 {
@@ -24,20 +21,6 @@ class RomFonts : public testing::TestWithParam<int>
 };
 
 } // namespace
-
-TEST_P(RomFonts, hasTheLineHeightAndMetricsThatFit)
-{
-    const int font = GetParam();
-    ASSERT_TRUE(romfonts::isFont(font));
-    EXPECT_EQ(romfonts::height(font), Heights[font - 16]);
-    EXPECT_LE(romfonts::ascent(font), romfonts::height(font));
-    EXPECT_LT(romfonts::capHeight(font), romfonts::ascent(font));
-    // DejaVu's line is 1.164 em high: the em that fits is no smaller than a pixel less than that.
-    EXPECT_LE(romfonts::emSize(font) * 1.164, romfonts::height(font) + 1.0);
-    EXPECT_GE((romfonts::emSize(font) + 1) * 1.164, romfonts::height(font) - 0.5);
-    // Hinting moves the top of a capital to a whole pixel, and by one more at large sizes.
-    EXPECT_NEAR(romfonts::capHeight(font), romfonts::emSize(font) * 0.729, 1.3);
-}
 
 TEST_P(RomFonts, masksArePaddedAndOnlyBlanksHaveNone)
 {

@@ -13,10 +13,9 @@ struct SOpenPanel
         : play(functions),
           chip(blob.size() >= 20 ? numberAt(blob, 16) : 0),
           bus(chip.bus()),
-          memory(1, 0xFF)
+          memory(1 + blob.size(), 0xFF) // no more: a sanitizer sees a read past the end
     {
-        // As much as needed, no more: at the end a sanitizer sees a read past it.
-        memory.insert(memory.end(), blob.begin(), blob.end());
+        std::copy(blob.begin(), blob.end(), memory.begin() + 1);
         error = play.open(&panel, memory.data() + 1, static_cast<uint32_t>(blob.size()), &bus);
     }
     SOpenPanel(const SOpenPanel &) = delete;

@@ -24,7 +24,6 @@ class tst_ImageFileConverter : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void unknownFormats();
     void callsOfTheTools();
     void optionsAsFileNames();
     void successNeedsItsOutput();
@@ -120,15 +119,6 @@ std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &
     connect(&converter, &CImageFileConverter::failed,
             [](const QString &text) { qWarning() << text; });
     return converter.convertedImage(photo, format);
-}
-
-void tst_ImageFileConverter::unknownFormats()
-{
-    for (const char *name : {"argb4", "L16", "", "None"})
-        QCOMPARE(CBitmapFormatTable::code(name), -1);
-    addRecorder("bmpconv/bmpconv.exe", "echo x > photo_.raw");
-    for (const int code : {-1, -255, 10, 11, 15, 254, 256, 1000})
-        verifyRefused(makeImage("photo.png"), code);
 }
 
 void tst_ImageFileConverter::callsOfTheTools()
@@ -302,30 +292,16 @@ void tst_ImageFileConverter::namesakes_data()
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
     QTest::addColumn<QString>("base");
-    QTest::newRow("general tool") << "ARGB4"
-                                  << "logo.png"
-                                  << "x/logo.png"
-                                  << "logo_2";
-    QTest::newRow("another kind of file") << "ARGB4"
-                                          << "logo.png"
-                                          << "x/logo.bmp"
-                                          << "logo_2";
-    QTest::newRow("other format") << "L8"
-                                  << "logo.jpg"
-                                  << "x/logo.png"
-                                  << "logo_2";
-    QTest::newRow("compressed") << "DXT1"
-                                << "logo.png"
-                                << "x/logo.png"
-                                << "logo_2";
-    QTest::newRow("equal up to the first dot") << "PALETTED8"
-                                               << "icon.home.png"
-                                               << "x/icon.menu.png"
-                                               << "icon_2";
-    QTest::newRow("different dots") << "ARGB4"
-                                    << "icon.png"
-                                    << "x/icon.menu.png"
-                                    << "icon.menu";
+    const auto row = [](const char *fact, const char *format, const char *first, const char *second,
+                        const char *base) {
+        QTest::newRow(fact) << format << first << second << base;
+    };
+    row("general tool", "ARGB4", "logo.png", "x/logo.png", "logo_2");
+    row("another kind of file", "ARGB4", "logo.png", "x/logo.bmp", "logo_2");
+    row("other format", "L8", "logo.jpg", "x/logo.png", "logo_2");
+    row("compressed", "DXT1", "logo.png", "x/logo.png", "logo_2");
+    row("equal up to the first dot", "PALETTED8", "icon.home.png", "x/icon.menu.png", "icon_2");
+    row("different dots", "ARGB4", "icon.png", "x/icon.menu.png", "icon.menu");
 }
 
 /// With the real tools: equal images are shared, different ones never meet, and what is there stays

@@ -70,7 +70,6 @@ private Q_SLOTS:
     void init();
     void badTools();
     void goodToolsAreLeftToEnd();
-    void boxTellsTheTool();
     void waysToEndAHungTool_data();
     void waysToEndAHungTool();
     void whatAToolLeavesBehindIsEnded();
@@ -155,26 +154,6 @@ void tst_ToolRunner::goodToolsAreLeftToEnd()
              words.join('\n') + '\n' + m_stubs->projectFolder() + '\n');
     const QString missing = m_stubs->path("missing");
     QVERIFY(!CToolRunner().run({program, words, missing}).isEmpty());
-}
-
-void tst_ToolRunner::boxTellsTheTool()
-{
-    QString title;
-    QString text;
-    QList<QPushButton *> buttons;
-    bool isBusy = false;
-    CBoxWatcher watcher([&](QMessageBox *box) {
-        title = box->windowTitle();
-        text = box->text();
-        const auto *bar = box->findChild<QProgressBar *>();
-        isBusy = bar && bar->isVisible() && bar->minimum() == bar->maximum();
-        QCOMPARE(box->buttons().size(), 1);
-        box->button(QMessageBox::Cancel)->click();
-    });
-    QVERIFY(!run("sleep 1000").isEmpty());
-    QCOMPARE(title, QString("Converting Image"));
-    QCOMPARE(text, QString("Running tool stub"));
-    QVERIFY(isBusy);
 }
 
 void tst_ToolRunner::waysToEndAHungTool_data()

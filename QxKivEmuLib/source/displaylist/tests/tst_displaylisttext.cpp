@@ -80,17 +80,6 @@ TEST(DisplayListText, anyWordsSurviveText)
     }
 }
 
-TEST(DisplayListText, everyHeaderOfEveryOpcodeSurvives)
-{
-    for (uint32_t opcode = 0; opcode < 256; ++opcode) {
-        for (const uint32_t operand : {0U, 1U, 0xFFU, 0x100U, 0x5C223BU, 0xFFFFFFU}) {
-            const std::vector<uint32_t> words = {
-                opcode << 24 | operand, 0x80007FFF, 0xFFFFFFFF, 1, 2, 3, 4, 5};
-            expectLossless(words);
-        }
-    }
-}
-
 TEST(DisplayListText, blanksAndHexadecimalAreAccepted)
 {
     EXPECT_EQ(assemble(" DISC ( 0x10 ,\t-0x10 ,\n80 ) ;\r\n", nullptr),

@@ -18,37 +18,6 @@ std::string text(const CDisplayListWriter &writer)
 
 } // namespace
 
-TEST(DisplayListWriter, everyCommandHasItsEncoding)
-{
-    CDisplayListWriter writer(Plenty);
-    writer.clear(0xFF101112);
-    writer.item(7);
-    writer.setScissor(1, 2, 30, 40);
-    writer.setColour(0x80FF0000);
-    writer.setBlend(false);
-    writer.setLineWidth(24);
-    writer.disc({16, -32}, 80);
-    writer.line({0, 1}, {2, 3});
-    writer.fillRect({4, 5}, {60, 70}, 8);
-    writer.strokeRect({4, 5}, {60, 70}, 9);
-    const SPoint points[] = {{1, 2}, {3, 4}};
-    writer.polyline(points, 2, true);
-    writer.polygon(points, 2);
-    writer.arc({8, 9}, 100, -64, -128, EArcCaps::Butt);
-    writer.gradient({0, 0}, {16, 32}, 4, 90 * 64, 0xFF000000, 0x80FFFFFF);
-    writer.text(20, {16, 320}, "Tank");
-    writer.finish();
-    EXPECT_EQ(text(writer),
-              "CLEAR(0x101112);ITEM(7);SCISSOR(1, 2, 30, 40);COLOR(0xff0000);ALPHA(128);BLEND(0);"
-              "LINE_WIDTH(24);DISC(16, -32, 80);LINE(0, 1, 2, 3);FILL_RECT(4, 5, 60, 70, 8);"
-              "STROKE_RECT(4, 5, 60, 70, 9);VERTEX(1, 2);VERTEX(3, 4);POLYLINE(1);VERTEX(1, 2);"
-              "VERTEX(3, 4);POLYGON();ARC(8, 9, 100, 22976, -128, 1);"
-              "GRADIENT(0, 0, 16, 32, 4, 5760, 0xff000000, 0x80ffffff);TEXT(16, 320, 20);"
-              "CHARS(\"Tan\");CHARS(\"k\");END();");
-    EXPECT_EQ(writer.bytesWanted(), 4 * writer.words().size());
-    EXPECT_FALSE(writer.overflowItem());
-}
-
 TEST(DisplayListWriter, whatHoldsAlreadyAddsNothing)
 {
     CDisplayListWriter writer(Plenty);

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <vector>
 
 using namespace kivemu;
@@ -34,30 +33,6 @@ Texels texels(const SBitmapImage &image)
         all.insert(all.end(), image.at(0, y), image.at(0, y) + image.width);
     return all;
 }
-
-struct SFormat
-{
-    const char *name;
-    int code;
-    uint32_t stride;  ///< of 9 texels
-    uint64_t size;    ///< of 9 x 5
-    uint32_t palette; ///< bytes
-};
-
-constexpr SFormat Formats[] = {{"ARGB1555", 0, 18, 90, 0},
-                               {"L1", 1, 2, 10, 0},
-                               {"L4", 2, 5, 25, 0},
-                               {"L8", 3, 9, 45, 0},
-                               {"RGB332", 4, 9, 45, 0},
-                               {"ARGB2", 5, 9, 45, 0},
-                               {"ARGB4", 6, 18, 90, 0},
-                               {"RGB565", 7, 18, 90, 0},
-                               {"PALETTED", 8, 9, 45, 1024},
-                               {"L2", 9, 3, 15, 0},
-                               {"PALETTED8", 12, 9, 45, 1024},
-                               {"PALETTED4444", 13, 9, 45, 512},
-                               {"PALETTED565", 14, 9, 45, 512},
-                               {"DXT1", 255, 24, 48, 0}};
 
 } // namespace
 
@@ -139,74 +114,4 @@ TEST(BitmapDecoders, addressAndStrideChooseTheRows)
         decodeBitmap(memory.data(), memory.size(), code(EBitmapFormat::L8), 3, 4, 0xFFFFFFFF, 2, 2);
     ASSERT_TRUE(image) << "a palette's address does not matter without one";
     EXPECT_EQ(texels(*image), (Texels{0x0A0A0A0A, 0x14141414, 0x1E1E1E1E, 0x28282828}));
-}
-
-TEST(BitmapDecoders, namesAndSizesOfFormats)
-{
-    for (const auto &[name, number, stride, size, palette] : Formats) {
-        const auto format = static_cast<uint32_t>(number);
-        EXPECT_EQ(bitmapFormatCode(name), number);
-        EXPECT_EQ(bitmapStride(format, 9), stride) << name;
-        EXPECT_EQ(bitmapSize(format, 9, 5), size) << name;
-        EXPECT_EQ(paletteSize(format), palette) << name;
-    }
-    for (const char *name : {"argb4", "", "L3"})
-        EXPECT_EQ(bitmapFormatCode(name), -1) << name;
-    const Bytes memory(64);
-    for (const uint32_t format : {10U, 11U, 15U, 254U, 256U, 0xFFFFFFFFU}) {
-        EXPECT_EQ(bitmapStride(format, 9), 0U);
-        EXPECT_EQ(bitmapSize(format, 9, 5), 0U);
-        EXPECT_EQ(paletteSize(format), 0U);
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), format, 0, 4, 0, 1, 1)) << format;
-    }
-    EXPECT_EQ(bitmapStride(code(F::Rgb565), -1), 0U);
-    EXPECT_EQ(bitmapSize(code(F::Rgb565), 4, 0), 0U);
-    for (const int side : {0, -1, 2049, INT32_MAX, INT32_MIN}) {
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, side, 1)) << side;
-        EXPECT_FALSE(decodeBitmap(memory.data(), memory.size(), 1, 0, 0, 0, 1, side)) << side;
-    }
-    EXPECT_FALSE(decodeBitmap(nullptr, 0, 3, 0, 1, 0, 1, 1));
-}
-
-TEST(BitmapDecoders, memoryIsReadToItsLastByteAndNoFurther)
-{
-    for (const SFormat &row : Formats) {
-        const auto format = static_cast<EBitmapFormat>(row.code);
-        const uint32_t palette = paletteSize(code(format));
-        for (const int side : {1, 3, 4, 5, 17}) {
-            const uint64_t size = bitmapSize(code(format), side, side);
-            Bytes memory(palette + size);
-            EXPECT_TRUE(decode(memory, format, side, side, palette)) << code(format);
-            EXPECT_FALSE(decode(memory, format, side, side, palette + 1)) << code(format);
-            EXPECT_FALSE(decode(memory, format, side, side, 0xFFFFFFFF)) << code(format);
-            memory.pop_back();
-            EXPECT_FALSE(decode(memory, format, side, side, palette)) << code(format);
-        }
-    }
-    const Bytes memory(64);
-    EXPECT_FALSE(decodeBitmap(memory.data(), 64, 3, 0, 0xFFFFFFFF, 0, 1, 2048));
-    EXPECT_TRUE(decodeBitmap(memory.data(), 64, 3, 0, 0xFFFFFFFF, 0, 64, 1)) << "one row only";
-}
-
-// What the kernels rely on: no channel above its alpha, and nothing around the bitmap.
-TEST(BitmapDecoders, anyBytesGiveMultipliedColoursInATransparentBorder)
-{
-    std::mt19937 random(2);
-    Bytes memory(1024 + 64 * 64 * 2);
-    for (uint8_t &byte : memory)
-        byte = static_cast<uint8_t>(random());
-    constexpr int Border = SBitmapImage::Border;
-    for (const SFormat &row : Formats) {
-        const auto image = decode(memory, static_cast<EBitmapFormat>(row.code), 61, 63, 1024);
-        ASSERT_TRUE(image);
-        for (int y = -Border; y < 63 + Border; ++y) {
-            for (int x = -Border; x < 61 + Border; ++x) {
-                const uint32_t texel = *image->at(x, y);
-                const bool isOutside = x < 0 || y < 0 || x >= 61 || y >= 63;
-                const uint32_t most = isOutside ? 0 : texel >> 24;
-                for (int shift = isOutside ? 24 : 16; shift >= 0; shift -= 8)
-                    ASSERT_LE(texel >> shift & 0xFF, most) << row.name << " " << x << " " << y;
-            }
-        }
-    }
 }

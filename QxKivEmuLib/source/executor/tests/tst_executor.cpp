@@ -95,23 +95,6 @@ TEST(RamG, appendAlignsAndKeepsToTheCapacity)
     EXPECT_EQ(memory.used(), 0U);
 }
 
-TEST(RamG, everyWriteOfAnyMemoryHasItsOwnGeneration)
-{
-    std::set<uint64_t> seen{0};
-    const uint8_t byte = 1;
-    for (int i = 0; i < 3; ++i) {
-        CRamG memory(16);
-        memory.append(&byte, 1);
-        EXPECT_TRUE(seen.insert(memory.generation()).second);
-        memory.append(&byte, 1);
-        EXPECT_TRUE(seen.insert(memory.generation()).second);
-        memory.clear();
-        EXPECT_TRUE(seen.insert(memory.generation()).second);
-        const CRamG copy = memory;
-        EXPECT_EQ(copy.generation(), memory.generation());
-    }
-}
-
 TEST(BitmapCache, decodesOnceUntilTheMemoryChanges)
 {
     CRamG memory = memoryOf({10, 20, 30, 40});
@@ -382,7 +365,8 @@ TEST(Executor, whatDrawsTooMuchIsLeftOutAndItsNeighbourDrawn)
     std::vector<uint32_t> words = assemble("CLEAR(0x000000);ITEM(1);", nullptr).value();
     words.insert(words.end(), layers, uint32_t{static_cast<uint8_t>(EOpcode::Clear)} << 24 | 0xFF);
     const auto rest = assemble("COLOR(0xff0000);FILL_RECT(0, 0, 160, 160, 0);ITEM(2);"
-                               "COLOR(0x00ff00);FILL_RECT(160, 0, 160, 160, 0);END();", nullptr);
+                               "COLOR(0x00ff00);FILL_RECT(160, 0, 160, 160, 0);END();",
+                               nullptr);
     words.insert(words.end(), rest->begin(), rest->end());
     CSurface surface(Width, Height);
     const auto errors = CExecutor().execute(words.data(), words.size(), NoMemory, surface);

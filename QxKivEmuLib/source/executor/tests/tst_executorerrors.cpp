@@ -84,20 +84,6 @@ TEST(ExecutorErrors, eachKindIsReported)
         EXPECT_EQ(messages(errorsOfText(list)), message) << list;
 }
 
-TEST(ExecutorErrors, everyCommandOfTheTableIsKnown)
-{
-    for (const SCommand &command : commandTable()) {
-        std::vector<uint32_t> words(1 + command.operandWords());
-        words[0] = headerWord(command.opcode, 0);
-        words.push_back(0);
-        EXPECT_EQ(messages(errorsOf(words)).find("opcode"), std::string::npos) << command.name;
-        words.resize(command.operandWords());
-        if (words.empty())
-            continue;
-        EXPECT_NE(messages(errorsOf(words)).find("ends within"), std::string::npos) << command.name;
-    }
-}
-
 TEST(ExecutorErrors, itemAndPlaceAreNamed)
 {
     const auto errors = errorsOfText("RESTORE();ITEM(7);DISC(0, 0, 1);RESTORE();ITEM(9);"

@@ -1,6 +1,5 @@
 #include "RomFonts.h"
 #include "SHostRun.h"
-#include "host/CTransform.h"
 #include "host/LuaColour.h"
 
 #include <algorithm>
@@ -217,27 +216,4 @@ TEST(DrawApi, localeOfTheProgramChangesNothing)
         EXPECT_EQ(drawn(commands), expected) << name;
         std::setlocale(LC_ALL, "C");
     }
-}
-
-TEST(Transform, keepsItsCentreAndAddsUp)
-{
-    kivemu::CTransform transform;
-    EXPECT_TRUE(transform.isIdentity());
-    transform.rotate(30, 7, 9);
-    transform.rotate(40, -3, 5);
-    transform.rotate(-70, 100, 3);
-    EXPECT_TRUE(transform.keepsRectangles());
-    kivemu::CTransform single;
-    single.rotate(123, 40, 50);
-    EXPECT_NEAR(single.map(40, 50).x, 40, 1e-9);
-    EXPECT_NEAR(single.map(40, 50).y, 50, 1e-9);
-    EXPECT_FALSE(single.keepsRectangles());
-    // The second centre is given in turned coordinates.
-    kivemu::CTransform two;
-    two.rotate(90, 0, 0);
-    two.rotate(90, 10, 0);
-    EXPECT_NEAR(two.map(10, 0).x, 0, 1e-9);
-    EXPECT_NEAR(two.map(10, 0).y, 10, 1e-9);
-    EXPECT_NEAR(two.map(20, 0).x, -10, 1e-9);
-    EXPECT_NEAR(two.map(20, 0).y, 10, 1e-9);
 }

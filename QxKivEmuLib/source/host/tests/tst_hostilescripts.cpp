@@ -31,21 +31,12 @@ constexpr char NoMemory[] = "not enough memory";
 const SHostileScript Scripts[] = {
     // Time
     {"endless_loop", "while true do end", TooLong},
-    {"goto_loop", "::again:: goto again", TooLong},
-    {"repeat_loop", "repeat local x = 1 until false", TooLong},
-    {"endless_for", "for i = 1, math.huge do end", TooLong},
     {"pcall_loop", "while true do pcall(function() while true do end end) end", TooLong},
-    {"pcall_in_pcall",
-     "local function f() pcall(f) while true do end end while true do pcall(f) end", TooLong},
     {"xpcall_handler",
      "while true do xpcall(function() while true do end end, function() while true do end end) end",
      TooLong},
     {"metamethod_loop",
      "local t = setmetatable({}, {__index = function() while true do end end}) return t.x",
-     TooLong},
-    {"index_chain",
-     "local t = setmetatable({}, {__index = function(t, k) return t[k + 1] end}) while true do "
-     "pcall(function() return t[1] end) end",
      TooLong},
     {"sort_comparator", "table.sort({3, 2, 1}, function() while true do end end)", TooLong},
     {"sort_long_texts",
@@ -54,10 +45,7 @@ const SHostileScript Scripts[] = {
      "= a .. i end while true do table.sort(t) end",
      TooLong},
     {"gsub_callback", "('x'):gsub('x', function() while true do end end)", TooLong},
-    {"gmatch_forever", "while true do for w in ('a b c'):gmatch('%a') do end end", TooLong},
     {"pattern_blow_up", "return (('a'):rep(3000)):find(('a-'):rep(20) .. 'b')", TooLong},
-    {"pattern_optional_blow_up", "return (('a'):rep(60)):match(('a?'):rep(60) .. ('a'):rep(60))",
-     TooLong},
     {"pattern_plus_blow_up",
      "return (('a'):rep(5000)):match('(a+)+b') or (('a'):rep(5000)):match('a*a*a*a*b')", TooLong},
     {"plain_find_product",
@@ -67,15 +55,9 @@ const SHostileScript Scripts[] = {
      "tostring(setmetatable({}, {__tostring = function() while true do end end}))", TooLong},
     {"close_variable",
      "local x <close> = setmetatable({}, {__close = function() while true do end end})", TooLong},
-    {"close_after_error",
-     "local x <close> = setmetatable({}, {__close = function() while true do end end}) "
-     "error('first')",
-     TooLong},
     {"concat_metamethod",
      "local t = setmetatable({}, {__concat = function() while true do end end}) return t .. ''",
      TooLong},
-    {"len_metamethod",
-     "local t = setmetatable({}, {__len = function() while true do end end}) return #t", TooLong},
     {"compare_long_texts",
      "local a, b = ('x'):rep(250000) .. 'a', ('x'):rep(250000) .. 'a' while true do local c = a == "
      "b and a <= b end",
@@ -113,19 +95,13 @@ const SHostileScript Scripts[] = {
     {"rep_huge", "return ('x'):rep(1 << 40)", "longer than"},
     {"rep_of_nothing", "return #(''):rep(1 << 62) .. missing", "missing"},
     {"doubling", "local s = 'x' while true do s = s .. s end", NoMemory},
-    {"doubling_in_pcall",
-     "while true do pcall(function() local s = 'x' while true do s = s .. s end end) end", TooLong},
     {"table_growth", "local t = {} for i = 1, 1e9 do t[i] = i end", NoMemory},
     {"table_growth_in_pcall",
      "while true do pcall(function() local t = {} for i = 1, 1e9 do t[i] = i end end) end",
      TooLong},
     {"many_keys", "local t = {} for i = 1, 1e9 do t[i * 4095 * 2047] = 1 end", NoMemory},
-    {"many_fractions", "local t = {} for i = 1, 1e9 do t[2.0 ^ -(i % 1000) * i] = 1 end", NoMemory},
-    {"many_names", "local t = {} for i = 1, 1e9 do t['k' .. i] = 1 end", NoMemory},
     {"closures", "local t = {} while true do t[#t + 1] = function() return t end end",
      "Kiv_Test_T 1: "},
-    {"concat_huge",
-     "local t = {} for i = 1, 500 do t[i] = ('x'):rep(1000) end return table.concat(t)", NoMemory},
     {"concat_no_end", "return table.concat(setmetatable({}, {__index = rawlen}), '', 1, 1 << 60)",
      "too many"},
     {"concat_lying_length",
@@ -135,9 +111,7 @@ const SHostileScript Scripts[] = {
     {"insert_lying_length",
      "table.insert(setmetatable({}, {__len = function() return 1 << 60 end}), 1, 1)", "__len"},
     {"move_no_end", "table.move({}, 1, 1 << 60, 2)", "too many"},
-    {"unpack_no_end", "return table.unpack({}, 1, 1 << 60)", "too many"},
     {"unpack_wrapping", "return table.unpack({}, -(1 << 62), 1 << 62)", "too many"},
-    {"gsub_growth", "return (('x'):rep(10000)):gsub('x', ('y'):rep(10000))", "longer than"},
     {"format_width", "return string.format('%99999d', 1)", "invalid"},
     {"format_huge", "return string.format(('%s'):rep(3000), 1)", "longer than"},
     {"many_globals", "for i = 1, 1e9 do _ENV['v' .. i] = i end", "Kiv_Test_T 1: "},
@@ -147,7 +121,6 @@ const SHostileScript Scripts[] = {
     {"save_flood", "while true do save() end", "nested"},
 
     // Recursion
-    {"recursion", "local function f() return 1 + f() end f()", "Kiv_Test_T 1: "},
     {"recursion_in_pcall", "local function f() pcall(f) error('x') end f()", "Kiv_Test_T 1: "},
     {"tostring_recursion",
      "local t t = setmetatable({}, {__tostring = function() return tostring(t) end}) tostring(t)",
@@ -155,11 +128,7 @@ const SHostileScript Scripts[] = {
     {"pattern_recursion", "return (('('):rep(40)):find(('('):rep(40) .. (')'):rep(40))", "pattern"},
     {"parser_recursion_guard", "return ((((((((((((((((((((((((((((((((((((((((", "expected"},
 
-    // What must not be there; all of it is listed in the sandbox's own test.
-    {"io", "io.open('/etc/passwd')", "global 'io'"},
-    {"load", "load('return 1')()", "global 'load'"},
-    {"global_table", "_G.math = nil", "global '_G'"},
-    {"string_dump", "string.dump(function() end)", "field 'dump'"},
+    // What must not be there.
     {"finalizer", "setmetatable({}, {__gc = function() while true do end end})", "__gc"},
     {"finalizer_later",
      "local m = {} local t = setmetatable({}, m) m.__gc = function() while true do end end "
@@ -170,24 +139,18 @@ const SHostileScript Scripts[] = {
      "local m = {} local t = setmetatable({}, m) m.__mode = 'k' getmetatable(t).__mode = 'k' "
      "t[{}] = 1 while #t == 0 do local u = {} if not next(t) then error('collected') end end",
      TooLong},
-    {"finalizer_false", "setmetatable({}, {__gc = false})", "__gc"},
     {"bytecode", "\x1bLua\x54\x00\x19\x93", "binary chunk"},
     {"address", "return string.format('%p', {})", "%p"},
     {"own_draw_item", "draw_item(item)", "draw_item"},
 
     // Odd error values
     {"error_table", "error({})", "without a message"},
-    {"error_nil", "error(nil)", "without a message"},
-    {"error_function", "error(print)", "without a message"},
     {"error_empty", "error('', 0)", "without a message"},
-    {"error_number", "error(42)", "42"},
     {"error_tostring", "error(setmetatable({}, {__tostring = function() while true do end end}))",
      "without a message"},
     {"error_lines", "error('a\\nb\\0c')", "a b"},
     {"error_long", "error(('x'):rep(100000))", "..."},
     {"error_flood", "while true do pcall(error, {}) end", TooLong},
-    {"nan", "disc(0 / 0, 1, 1)", "finite"},
-    {"infinite", "line(0, 0, math.huge, 1)", "finite"},
 };
 
 class HostileScript : public testing::TestWithParam<SHostileScript>

@@ -287,24 +287,6 @@ TEST(Images, signatureAndSuffixMustAgree)
         EXPECT_NE(problem(name), "") << name;
 }
 
-TEST(Images, everyTruncationIsAnErrorOrAPicture)
-{
-    const Bytes png = makePng(9, 9, 0x123456);
-    const Bytes jpeg = makeJpeg(24, 24, 0x123456);
-    const std::pair<EImageFile, Bytes> files[] = {{EImageFile::Png, png},
-                                                  {EImageFile::Jpeg, jpeg},
-                                                  {EImageFile::Avi, avi(chunk("00db", jpeg))}};
-    for (const auto &[kind, bytes] : files) {
-        for (size_t length = 0; length < bytes.size(); ++length) {
-            const Bytes cut(bytes.begin(), bytes.begin() + static_cast<int64_t>(length));
-            kivemu::SDecodedImage image;
-            const std::string problem = decode(kind, cut, false, image);
-            const auto whole = static_cast<size_t>(image.width * image.height * 2);
-            EXPECT_TRUE(!problem.empty() || image.pixels.size() == whole) << length;
-        }
-    }
-}
-
 // What a file holds besides its pixels costs nothing, and a picture no more than its size allows.
 TEST(Images, memoryIsBoundBySize)
 {

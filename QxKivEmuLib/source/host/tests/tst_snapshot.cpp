@@ -103,23 +103,6 @@ TEST(Snapshot, keepsNothingOfTheModelOrOfTheWalkBefore)
     EXPECT_EQ(snapshot.screenText("color"), "");
 }
 
-TEST(Snapshot, sharesEqualCommandsOfAKindAndNoOthers)
-{
-    CTestModel model;
-    model.add("one", "A");
-    model.add("two", "B");
-    model.add("one", "A"); // another string with the same text
-    model.add("three", "A");
-    CTestIterator iterator(model);
-    kivemu::CSnapshot snapshot;
-    snapshot.take(&iterator);
-    EXPECT_EQ(snapshot.commandsIndex(0), snapshot.commandsIndex(2));
-    EXPECT_NE(snapshot.commandsIndex(0), snapshot.commandsIndex(1));
-    EXPECT_NE(snapshot.commandsIndex(0), snapshot.commandsIndex(3));
-    EXPECT_EQ(snapshot.renderCommands(1), "two");
-    EXPECT_EQ(snapshot.renderCommands(3), "three");
-}
-
 TEST(Snapshot, propertyBytesTellStatesApart)
 {
     const auto bytesOf = [](const std::function<void(STestItem &)> &change) {

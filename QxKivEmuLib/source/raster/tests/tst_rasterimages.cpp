@@ -99,22 +99,6 @@ SBitmapPlacement placed(double x, double y, double width, double height)
     return placement;
 }
 
-TEST(Bitmap, atItsOwnSize)
-{
-    const SBitmapImage soft = noise(17, 11, false, 1);
-    const SBitmapImage solid = noise(17, 11, true, 2);
-    for (const SBitmapImage *image : {&soft, &solid})
-        for (const auto filter : {EBitmapFilter::Nearest, EBitmapFilter::Bilinear})
-            for (const auto wrap : {EBitmapWrap::Border, EBitmapWrap::Repeat}) {
-                SBitmapPlacement placement = placed(5, 7, 45, 30);
-                placement.filter = filter;
-                placement.wrapX = placement.wrapY = wrap;
-                placement.c = -3 * 65536;
-                placement.f = 2 * 65536;
-                expectBitmap(*image, placement, 1);
-            }
-}
-
 /// A slant too small to reach another texel keeps the bitmap from being copied row by row.
 TEST(Bitmap, copiedRowsAreThoseThatAreLookedUpTexelByTexel)
 {
@@ -147,18 +131,6 @@ TEST(Bitmap, copiedRowsAreThoseThatAreLookedUpTexelByTexel)
             }
     }
     EXPECT_GT(drawn, 200000u) << "the bitmaps must show";
-}
-
-TEST(Bitmap, rectanglesWithFractionsTakeThePixelsWithCentresInside)
-{
-    SBitmapPlacement placement = placed(5.5, 7.5625, 9.0, 3.9375);
-    SBitmapImage white(40, 40);
-    white.opaque = true;
-    for (int y = 0; y < 40; ++y)
-        std::fill_n(white.at(0, y), 40, White);
-    SSheet sheet(40, 30);
-    sheet.raster.drawBitmap(white, placement, {White});
-    expectLevels(sheet, [](int x, int y) { return x >= 5 && x < 14 && y >= 8 && y < 11; });
 }
 
 TEST(Bitmap, scaledAndTurned)

@@ -293,18 +293,6 @@ TEST(Polyline, isAsWideAsALineAndClosesOnRequest)
     EXPECT_NEAR(dot.area(), Pi * 1.5 * 1.5, 0.4);
 }
 
-TEST(Polyline, goingBackAndForthCoversNoMoreThanOnce)
-{
-    SSheet once(200, 100), often(200, 100);
-    const std::vector<SPoint> there = {at(30.5, 50), at(170, 47.25)};
-    std::vector<SPoint> backAndForth;
-    for (int i = 0; i < 500; ++i)
-        backAndForth.push_back(there[static_cast<size_t>(i % 2)]);
-    once.raster.strokePolyline(there.data(), 2, false, 60 * 16, {0xC0FFFFFFu});
-    often.raster.strokePolyline(backAndForth.data(), 500, false, 60 * 16, {0xC0FFFFFFu});
-    expectSame(often, once, 1);
-}
-
 // --- Alpha
 
 int blended(int below, int colour, int alpha)
