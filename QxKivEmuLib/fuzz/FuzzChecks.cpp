@@ -168,19 +168,6 @@ std::string checkDisplayList(const uint8_t *data, size_t size)
                : wrong;
 }
 
-std::vector<uint8_t> displayListInput(const SExample &example)
-{
-    const size_t used = example.memory.used();
-    const std::vector<uint8_t> list = toBytes(example.words);
-    std::vector<uint8_t> input(3 + used + list.size());
-    input[0] = 1; // the size that the examples are made for
-    input[1] = static_cast<uint8_t>(used);
-    input[2] = static_cast<uint8_t>(used >> 8);
-    std::copy_n(example.memory.data(), used, input.begin() + 3);
-    std::copy(list.begin(), list.end(), input.end() - static_cast<std::ptrdiff_t>(list.size()));
-    return input;
-}
-
 std::string checkAssembler(const uint8_t *data, size_t size)
 {
     const std::string text(data, data + size);

@@ -3,20 +3,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 /// Properties that hold for any input. Each check gives what is wrong, or an empty text.
 namespace kivemu {
-
-struct SExample;
 
 /// Executes arbitrary words against arbitrary memory: the frame stays opaque, and is the same over
 /// another surface and with other kernels. The words also survive their text form.
 /// Input: a byte that chooses the frame's size and the kernels, two of the memory's length, the
 /// memory, the list.
 std::string checkDisplayList(const uint8_t *data, size_t size);
-/// The input that has the example's list and memory.
-std::vector<uint8_t> displayListInput(const SExample &example);
 
 /// Assembles arbitrary text: it is refused with a message, or its words survive their text form.
 std::string checkAssembler(const uint8_t *data, size_t size);

@@ -142,7 +142,6 @@ QByteArray described(const SError &error, size_t channel)
 }
 
 const QString Palsplit = "Palette/palsplit.exe";
-const QString Pngquant = "Palette/pngquant.exe";
 const QString Dxtpack = "DXT1/dxtpack.exe";
 
 /// Saves the image as NAME.png and has the tool convert it.
@@ -181,10 +180,8 @@ private Q_SLOTS:
     void alphaOfOneBitIsAThreshold();
     void rowsAndBits();
     void samplesCountAsTheyAreCoded();
-    void palettes();
     void indexOrderAndUnusedEntries();
     void tooManyColours();
-    void dxt1();
     void dxt1Alpha();
 
 private:
@@ -375,41 +372,6 @@ void tst_RoundTrip::samplesCountAsTheyAreCoded()
     }
 }
 
-void tst_RoundTrip::palettes()
-{
-    const std::tuple<const char *, const char *, int, std::array<int, 4>> cases[] = {
-        {"PALETTED", "0", 8, {0, 0, 0, 0}}, // gaps of alpha, red, green, blue
-        {"PALETTED8", "1", 12, {0, 0, 0, 0}},
-        {"PALETTED565", "2", 14, {0, gap(5), gap(6), gap(5)}},
-        {"PALETTED4444", "3", 13, {gap(4), gap(4), gap(4), gap(4)}},
-    };
-    // 256 different colours, some translucent; as indexed and as true-colour file.
-    QVector<QRgb> colours;
-    for (int i = 0; i < 256; ++i)
-        colours.append(qRgba(i, 255 - i, i * 3 % 256, i % 5 ? 255 : i));
-    QImage image(64, 12, QImage::Format_ARGB32);
-    for (int y = 0; y < 12; ++y)
-        for (int x = 0; x < 64; ++x)
-            image.setPixel(x, y, colours[(x * 7 + y * 64) % 256]);
-    for (const auto &[name, kind, code, gaps] : cases) {
-        for (const bool isIndexed : {false, true}) {
-            CToolFolder folder;
-            const QImage source =
-                isIndexed ? image.convertToFormat(QImage::Format_Indexed8, colours) : image;
-            QVERIFY2(convert(folder, source, "x-fs8", Palsplit, {"-f", kind}), name);
-            const auto pixels = decoded(folder, QString("x_") + name, code, image.size());
-            QVERIFY2(!pixels.empty(), name);
-            const SFormat format{"", code, {gaps[0] || gaps[1] == 0 ? 8 : 0, 8, 8, 8}, false};
-            for (size_t channel = 0; channel < 4; ++channel) {
-                const SError error =
-                    compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
-                const int both = gaps[0] + (channel ? gaps[channel] : 0);
-                QVERIFY2(error.most <= both / 2 + (gaps[0] ? 1 : 0), described(error, channel));
-            }
-        }
-    }
-}
-
 void tst_RoundTrip::indexOrderAndUnusedEntries()
 {
     QImage image(3, 1, QImage::Format_Indexed8);
@@ -439,33 +401,6 @@ void tst_RoundTrip::tooManyColours()
     QVERIFY(!convert(folder, image, "x-fs8", Palsplit, {"-f", "0"}));
     QVERIFY(folder.error.contains("256"));
     QCOMPARE(folder.files(), QStringList{"x-fs8.png"});
-}
-
-void tst_RoundTrip::dxt1()
-{
-    // Colours along a line: the ends are rounded to 5, 6, 5 bits (a quarter of a gap on average)
-    // and what lies between is drawn to the nearest of four places (a twelfth of the block's
-    // range). Two directions at once: half the block's range across the line is lost too.
-    const double range = 4 * 255.0 / 60;
-    const std::tuple<const char *, QSize, double> cases[] = {
-        // bounds of the mean error
-        {"flat", {16, 16}, gap(5) / 2.0},
-        {"flat", {1, 1}, gap(5) / 2.0},
-        {"flat", {5, 7}, gap(5) / 2.0},
-        {"gradient", {61, 47}, gap(5) / 4.0 + range / 12 + range / 4},
-    };
-    for (const auto &[kind, size, bound] : cases) {
-        const QImage image = makeImage(kind, size);
-        CToolFolder folder;
-        QVERIFY2(convert(folder, image, "x", Dxtpack), qPrintable(folder.error));
-        const auto pixels = decoded(folder, "x_DXT1", 255, size);
-        QVERIFY(!pixels.empty());
-        QCOMPARE(compare(pixels, image, 0, multiplied).most, 0);
-        for (size_t channel = 1; channel < 4; ++channel) {
-            const SError error = compare(pixels, image, channel, multiplied);
-            QVERIFY2(error.mean <= bound, described(error, channel));
-        }
-    }
 }
 
 void tst_RoundTrip::dxt1Alpha()

@@ -3,8 +3,6 @@
 
 #include "RasterTestSupport.h"
 
-#include "raster/shapes/Trigonometry.h"
-
 #include <array>
 #include <functional>
 #include <vector>
@@ -225,17 +223,6 @@ TEST(Arc, negativeSweepIsTheSamePieceFromItsOtherEnd)
     EXPECT_EQ(one.level(39, 14), 0);
 }
 
-TEST(Arc, directionsAreUnitVectors)
-{
-    for (int angle = -30000; angle < 30000; angle += 7) {
-        const SDirection d = direction(angle);
-        ASSERT_NEAR(d.x, std::cos(angle * Pi / (180 * 64)), 1e-14) << angle;
-        ASSERT_NEAR(d.y, std::sin(angle * Pi / (180 * 64)), 1e-14) << angle;
-    }
-    EXPECT_EQ(direction(90 * 64).x, 0);
-    EXPECT_EQ(direction(-180 * 64).y, 0);
-}
-
 // --- Filling rules and unions
 
 TEST(Polygon, evenOddLeavesHoles)
@@ -248,22 +235,6 @@ TEST(Polygon, evenOddLeavesHoles)
     EXPECT_EQ(sheet.level(30, 30), 0);
     EXPECT_EQ(sheet.level(10, 30), 255);
     EXPECT_NEAR(sheet.area(), 50 * 50 - 20 * 20, 0.01);
-}
-
-TEST(Polygon, isTheSameWhenMostOfItIsCutOff)
-{
-    const std::vector<SPoint> shape = {at(-300.25, 10), at(70, -90.5), at(400, 45), at(12, 300),
-                                       at(30, 20)};
-    SSheet whole(60, 60), part(60, 60);
-    polygon(whole.raster, 0, 0, shape);
-    part.raster.setClip({17, 21, 43, 52});
-    polygon(part.raster, 0, 0, shape);
-    expectLevels(
-        part,
-        [&](int x, int y) {
-            return x >= 17 && x < 43 && y >= 21 && y < 52 ? whole.level(x, y) / 255.0 : 0.0;
-        },
-        1);
 }
 
 TEST(Polyline, blendsNothingTwice)
