@@ -1,4 +1,6 @@
 #include "FuzzChecks.h"
+#include "displaylist/DisplayListText.h"
+#include "support/ExampleLists.h"
 
 #include <gtest/gtest.h>
 
@@ -107,5 +109,28 @@ TEST(Fuzz, inputsOfTheCorpusPassAlsoWhenMutated)
                     << subject.folder << " " << hex(changed);
             }
         }
+    }
+}
+
+// Words of known commands with any operands: most of them reach the rasterizer, by each of its sets
+// of kernels.
+TEST(Fuzz, randomCommandsPass)
+{
+    std::mt19937 random(7);
+    const std::vector<SExample> examples = exampleLists();
+    for (int round = 0; round < 600; ++round) {
+        const SExample &example = examples[random() % examples.size()];
+        std::vector<uint32_t> words = example.words;
+        for (uint32_t &word : words) {
+            if (random() % 8 == 0)
+                word ^= static_cast<uint32_t>(random() & random() & random() & 0xFFFFFF);
+        }
+        const Bytes list = toBytes(words);
+        const size_t used = example.memory.used();
+        Bytes input = {static_cast<uint8_t>(random()), static_cast<uint8_t>(used),
+                       static_cast<uint8_t>(used >> 8)};
+        input.insert(input.end(), example.memory.data(), example.memory.data() + used);
+        input.insert(input.end(), list.begin(), list.end());
+        ASSERT_EQ(checkDisplayList(input.data(), input.size()), "") << hex(input);
     }
 }

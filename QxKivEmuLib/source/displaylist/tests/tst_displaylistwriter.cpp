@@ -18,39 +18,6 @@ std::string text(const CDisplayListWriter &writer)
 
 } // namespace
 
-TEST(DisplayListWriter, whatHoldsAlreadyAddsNothing)
-{
-    CDisplayListWriter writer(Plenty);
-    writer.setColour(0xFFFFFFFF); // the chip's own start
-    writer.setBlend(true);
-    writer.setLineWidth(16);
-    EXPECT_EQ(text(writer), "");
-    writer.setColour(0xFF00FF00);
-    writer.setColour(0x4000FF00);
-    writer.setColour(0x4000FF00);
-    EXPECT_EQ(text(writer), "COLOR(0x00ff00);ALPHA(64);");
-    writer.item(3);
-    writer.item(3);
-    EXPECT_EQ(text(writer), "COLOR(0x00ff00);ALPHA(64);ITEM(3);");
-}
-
-TEST(DisplayListWriter, rememberedStateFollowsSaveAndRestore)
-{
-    CDisplayListWriter writer(Plenty);
-    writer.setColour(0xFF000001);
-    writer.save();
-    writer.setColour(0x10000002);
-    writer.setBlend(false);
-    writer.setLineWidth(5);
-    writer.restore();
-    writer.setColour(0xFF000001); // already back
-    writer.setBlend(true);
-    writer.setLineWidth(16);
-    writer.setColour(0xFF000002); // only the colour differs
-    EXPECT_EQ(text(writer), "COLOR(0x000001);SAVE();COLOR(0x000002);ALPHA(16);BLEND(0);"
-                            "LINE_WIDTH(5);RESTORE();COLOR(0x000002);");
-}
-
 TEST(DisplayListWriter, savesAreCounted)
 {
     CDisplayListWriter writer(Plenty);
