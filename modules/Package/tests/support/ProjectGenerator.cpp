@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QList>
 #include <QStringList>
 
 #include <random>
@@ -15,57 +14,49 @@ namespace {
 
 struct SAsset
 {
-    QString base;
-    QString format; ///< empty: a file that the chip decodes
-    QString suffix;
-    int width;
-    int height;
-    bool isMono;
-    uint32_t bytes; ///< in RAM_G
+    QString attributes; ///< of an item that shows it, behind its tag
+    uint32_t bytes;     ///< in RAM_G
 };
 
 class CGenerator
 {
 public:
     CGenerator(uint32_t seed, const QString &folder)
-        : m_random(seed * 2654435761U + 17),
-          m_seed(seed),
-          m_folder(folder),
-          m_isLarge(seed % 2 == 0),
-          m_memory(m_isLarge ? 1024 * 1024 : 256 * 1024)
+        : m_random(seed * 2654435761U + 17), m_seed(seed), m_folder(folder)
     {
     }
 
     QString write();
 
 private:
-    enum class EFill { AllFits, TooMuch, ToTheBrim };
-
-    uint32_t next() { return static_cast<uint32_t>(m_random()); }
-    uint32_t below(uint32_t limit) { return next() % limit; }
     int between(int least, int most)
     {
-        return least + static_cast<int>(below(static_cast<uint32_t>(most - least + 1)));
+        return least + static_cast<int>(m_random() % static_cast<uint32_t>(most - least + 1));
     }
-    QByteArray noise(int size);
-    QImage picture(int width, int height);
-    bool writeFile(const QString &name, const QByteArray &bytes);
+    bool oneIn(int n) { return between(1, n) == 1; }
+    template<class Type>
+    Type oneOf(const QList<Type> &list)
+    {
+        return list[between(0, list.size() - 1)];
+    }
+    void writeFile(const QString &name, const QByteArray &bytes)
+    {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(name));
+    }
     void addBitmap(uint32_t largest);
-    void addFile(uint32_t largest);
-    QByteArray film(const QByteArray &jpeg) const;
+    void addMedia(uint32_t largest);
+    QString item(const QString &tagAndAttributes);
     QString screen(int index);
-    QString assetItem(const SAsset &asset);
-    QString plainItem();
-    QString place(int width, int height);
 
     std::mt19937 m_random;
     const uint32_t m_seed;
     const QDir m_folder;
-    const bool m_isLarge;
-    const uint32_t m_memory;
+    const bool m_isLarge = m_seed % 2 == 0;
+    const uint32_t m_memory = m_isLarge ? 1024 * 1024 : 256 * 1024;
     QList<SAsset> m_assets;
     int m_nextId = 1;
-    bool m_isWritten = true;
 };
 
 uint32_t aligned(uint64_t bytes)
@@ -73,129 +64,90 @@ uint32_t aligned(uint64_t bytes)
     return static_cast<uint32_t>((bytes + 3) / 4 * 4);
 }
 
-QByteArray CGenerator::noise(int size)
-{
-    QByteArray bytes(size, '\0');
-    for (char &byte : bytes)
-        byte = static_cast<char>(next());
-    return bytes;
-}
-
-QImage CGenerator::picture(int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    const uint32_t first = next();
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            image.setPixel(x, y, first + static_cast<uint32_t>(x * 0x010305 + y * 0x050200));
-    return image;
-}
-
-bool CGenerator::writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(m_folder.filePath(name));
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    m_isWritten = m_isWritten && isWritten;
-    return isWritten;
-}
-
 void CGenerator::addBitmap(uint32_t largest)
 {
     QStringList formats{"ARGB1555", "L1", "L4", "L8", "RGB332", "ARGB2", "ARGB4", "RGB565", "DXT1"};
     formats += m_isLarge ? QStringList{"L2", "PALETTED8", "PALETTED565", "PALETTED4444"}
                          : QStringList{"PALETTED"};
-    SAsset asset{QStringLiteral("bitmap%1").arg(m_assets.size()), {}, "raw", 0, 0, false, 0};
-    asset.format = formats[between(0, formats.size() - 1)];
-    const auto code = static_cast<uint32_t>(kivemu::bitmapFormatCode(asset.format.toStdString()));
+    const QString format = oneOf<QString>(formats);
+    const auto code = static_cast<uint32_t>(kivemu::bitmapFormatCode(format.toStdString()));
     const uint32_t palette = kivemu::paletteSize(code);
+    int width = 0, height = 0;
     uint64_t texels = 0;
     do {
-        asset.width = between(1, m_isLarge ? 800 : 400);
-        asset.height = between(1, m_isLarge ? 500 : 300);
-        texels = kivemu::bitmapSize(code, asset.width, asset.height);
+        width = between(1, m_isLarge ? 800 : 400);
+        height = between(1, m_isLarge ? 500 : 300);
+        texels = kivemu::bitmapSize(code, width, height);
     } while (aligned(texels) + palette > std::max(largest, palette + 64));
-    asset.bytes = aligned(texels) + palette;
-    asset.suffix = QStringLiteral("png");
-    const QByteArray bytes = noise(static_cast<int>(texels));
-    const QByteArray lut = noise(static_cast<int>(palette));
-    const int copies = below(4) == 0 ? 2 : 1; // the same content under two names
-    for (int copy = 0; copy < copies; ++copy) {
-        const QString name = asset.base + QLatin1Char('_') + asset.format;
-        writeFile(name + ".raw", bytes);
+    QByteArray noise(static_cast<int>(texels + palette), '\0');
+    for (char &byte : noise)
+        byte = static_cast<char>(m_random());
+    QString base = QStringLiteral("bitmap%1").arg(m_assets.size());
+    for (int copies = oneIn(4) ? 2 : 1; copies > 0; --copies) { // equal ones under two names
+        writeFile(base + '_' + format + ".raw", noise.left(static_cast<int>(texels)));
         if (palette > 0)
-            writeFile(name + ".lut", lut);
-        m_assets.append(asset);
-        asset.base += QStringLiteral(" copy");
+            writeFile(base + '_' + format + ".lut", noise.mid(static_cast<int>(texels)));
+        m_assets.append({QStringLiteral("Kiv_Bitmap_T filename=\"%1.png\" basename=\"%1\" "
+                                        "suffix=\"png\" bwidth=\"%2\" bheight=\"%3\" format=\"%4\"")
+                             .arg(base)
+                             .arg(width)
+                             .arg(height)
+                             .arg(format),
+                         aligned(texels) + palette});
+        base += " copy";
     }
 }
 
-QByteArray CGenerator::film(const QByteArray &jpeg) const
-{
-    const auto chunk = [](const QByteArray &id, const QByteArray &content) {
-        QByteArray size(4, '\0');
-        for (int i = 0; i < 4; ++i)
-            size[i] = static_cast<char>(content.size() >> (8 * i));
-        return id + size + content + (content.size() % 2 != 0 ? QByteArray(1, '\0') : QByteArray());
-    };
-    return chunk("RIFF", "AVI " + chunk("LIST", "movi" + chunk("00dc", jpeg)));
-}
-
-void CGenerator::addFile(uint32_t largest)
+void CGenerator::addMedia(uint32_t largest)
 {
     const QString suffix = QStringList{"png", "jpg", "avi"}[between(0, m_isLarge ? 2 : 1)];
-    SAsset asset{QStringLiteral("media%1").arg(m_assets.size()), {}, suffix, 0, 0, false, 0};
-    asset.isMono = below(3) == 0;
+    const bool isMono = oneIn(3);
+    QImage picture;
+    uint32_t size = 0;
     do {
-        asset.width = between(1, m_isLarge ? 500 : 300);
-        asset.height = between(1, m_isLarge ? 400 : 200);
-        asset.bytes = aligned(static_cast<uint64_t>(asset.width) *
-                              static_cast<uint64_t>(asset.height) * (asset.isMono ? 1 : 2));
-    } while (asset.bytes > largest);
+        picture = QImage(between(1, m_isLarge ? 500 : 300), between(1, m_isLarge ? 400 : 200),
+                         QImage::Format_RGB32);
+        size =
+            aligned(static_cast<uint64_t>(picture.width() * picture.height()) * (isMono ? 1 : 2));
+    } while (size > largest);
+    const auto first = static_cast<uint32_t>(m_random());
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, first + static_cast<uint32_t>(x * 0x010305 + y * 0x050200));
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    const bool isPng = suffix == QLatin1String("png");
-    m_isWritten =
-        m_isWritten && picture(asset.width, asset.height).save(&buffer, isPng ? "PNG" : "JPG", 90);
-    writeFile(asset.base + '.' + suffix, suffix == QLatin1String("avi") ? film(bytes) : bytes);
-    m_assets.append(asset);
+    picture.save(&buffer, suffix == "png" ? "PNG" : "JPG", 90);
+    const auto chunk = [](const QByteArray &id, const QByteArray &content) {
+        QByteArray head = id + QByteArray(4, '\0');
+        for (int i = 0; i < 4; ++i)
+            head[4 + i] = static_cast<char>(content.size() >> (8 * i));
+        return head + content + QByteArray(content.size() % 2, '\0');
+    };
+    if (suffix == "avi")
+        bytes = chunk("RIFF", "AVI " + chunk("LIST", "movi" + chunk("00dc", bytes)));
+    const QString base = QStringLiteral("media%1").arg(m_assets.size());
+    writeFile(base + '.' + suffix, bytes);
+    m_assets.append({QStringLiteral("Kiv_Media_T basename=\"%1\" suffix=\"%2\" bwidth=\"%3\" "
+                                    "bheight=\"%4\" mono=\"%5\"")
+                         .arg(base, suffix)
+                         .arg(picture.width())
+                         .arg(picture.height())
+                         .arg(isMono),
+                     size});
 }
 
-QString CGenerator::place(int width, int height)
+QString CGenerator::item(const QString &tagAndAttributes)
 {
-    const int x = between(-40, 300);
-    const int y = between(-40, 200);
-    return QStringLiteral(" name=\"Item %1\" id=\"%2\" x_coordinate=\"%3\" y_coordinate=\"%4\" "
-                          "width=\"%5\" height=\"%6\" ")
+    return QStringLiteral("<%1 name=\"Item %2\" id=\"%3\" x_coordinate=\"%4\" y_coordinate=\"%5\" "
+                          "width=\"%6\" height=\"%7\"/>\n")
+        .arg(tagAndAttributes)
         .arg(between(1, 9))
         .arg(m_nextId++)
-        .arg(x)
-        .arg(y)
-        .arg(width)
-        .arg(height);
-}
-
-QString CGenerator::assetItem(const SAsset &asset)
-{
-    const QString tag = asset.format.isEmpty() ? "Kiv_Media_T" : "Kiv_Bitmap_T";
-    const QString size =
-        QStringLiteral("bwidth=\"%1\" bheight=\"%2\" ").arg(asset.width).arg(asset.height);
-    const QString angle =
-        below(3) == 0 ? QStringLiteral("angle=\"%1\" ").arg(between(1, 359)) : QString();
-    const QString format = asset.format.isEmpty() ? (asset.isMono ? "mono=\"1\"" : "mono=\"0\"")
-                                                  : "format=\"" + asset.format + '"';
-    const QString filter = below(2) == 0 || asset.format.isEmpty() ? "" : " filter=\"nearest\"";
-    return '<' + tag + place(between(1, 200), between(1, 150)) + "filename=\"" + asset.base +
-           ".png\" basename=\"" + asset.base + "\" suffix=\"" + asset.suffix +
-           "\" bfolder=\"\" image_tint=\"#" + QStringList{"ffffff", "80ff20"}[between(0, 1)] +
-           "\" " + size + angle + format + filter + "/>\n";
-}
-
-QString CGenerator::plainItem()
-{
-    const QString tag = QStringList{"Kiv_Rectangle_T", "Kiv_Text_T", "Kiv_Button_T",
-                                    "Kiv_Gradient_T", "Kiv_Gauge_T"}[between(0, 4)];
-    return '<' + tag + place(between(4, 120), between(4, 60)) + "/>\n";
+        .arg(between(-40, 300))
+        .arg(between(-40, 200))
+        .arg(between(4, 200))
+        .arg(between(4, 150));
 }
 
 /// Screens take assets as long as they fit, each some that many take and some of its own.
@@ -203,59 +155,56 @@ QString CGenerator::screen(int index)
 {
     const QStringList names{"Main menu", "main_menu",        "Start", QString::fromUtf8("Größe"),
                             "",          "Screen &lt;5&gt;", "Start", "Settings"};
+    const QStringList plain{"Kiv_Rectangle_T", "Kiv_Text_T", "Kiv_Button_T", "Kiv_Gradient_T",
+                            "Kiv_Gauge_T"};
     QStringList items;
     uint32_t used = 0;
     for (int i = 0; i < m_assets.size(); ++i) {
-        const bool isShared = i % 3 == 0;
-        const bool isWanted = isShared ? below(4) > 0 : below(3) == 0;
+        const bool isWanted = i % 3 == 0 ? !oneIn(4) : oneIn(3);
         if (!isWanted || used + m_assets[i].bytes > m_memory)
             continue;
         used += m_assets[i].bytes;
-        items.append(assetItem(m_assets[i]));
-        if (below(4) == 0)
-            items.append(assetItem(m_assets[i])); // shown twice
+        for (int times = oneIn(4) ? 2 : 1; times > 0; --times)
+            items += item(m_assets[i].attributes + " bfolder=\"\"" +
+                          (oneIn(2) ? " image_tint=\"#80ff20\"" : "") +
+                          (oneIn(2) ? " filter=\"nearest\"" : "") +
+                          (oneIn(3) ? QStringLiteral(" angle=\"%1\"").arg(between(1, 359)) : ""));
     }
     for (int i = between(0, 4); i > 0; --i)
-        items.insert(between(0, items.size()), plainItem());
-    if (items.size() > 3 && below(2) == 0) {
+        items.insert(between(0, items.size()), item(oneOf<QString>(plain)));
+    if (items.size() > 3 && oneIn(2)) {
         items[0].prepend("<Widget_Group_T name=\"Group\">");
         items[2].append("</Widget_Group_T>");
     }
     return QStringLiteral("<Kiv_Screen_T name=\"%1\" color=\"#%2\">\n%3</Kiv_Screen_T>\n")
         .arg(names[index % names.size()])
-        .arg(below(0x1000000), 6, 16, QLatin1Char('0'))
+        .arg(between(0, 0xFFFFFF), 6, 16, QLatin1Char('0'))
         .arg(items.join(QString()));
 }
 
 QString CGenerator::write()
 {
-    const auto fill = static_cast<EFill>(m_seed % 3);
-    const int screens = between(1, 8) + (fill == EFill::AllFits ? 0 : 1);
-    const uint32_t all = fill == EFill::AllFits ? m_memory : m_memory * 5 / 2;
-    const uint32_t largest =
-        fill == EFill::ToTheBrim ? m_memory / 9 : std::min(m_memory / 2, all / 4);
-    uint32_t used = 0;
-    while (used < all - all / 8 && m_assets.size() < 40) {
-        const int before = m_assets.size();
+    // By turns: all fits, too much, and screens that are full to the brim.
+    const bool fits = m_seed % 3 == 0;
+    const uint32_t all = fits ? m_memory : m_memory * 5 / 2;
+    const uint32_t largest = m_seed % 3 == 2 ? m_memory / 9 : std::min(m_memory / 2, all / 4);
+    for (uint32_t used = 0; used < all - all / 8 && m_assets.size() < 40;) {
         const uint32_t room = std::min(largest, (all - used) / 2 - 1);
         if (room < 4096)
             break;
-        below(4) == 0 ? addFile(room) : addBitmap(room);
+        const int before = m_assets.size();
+        oneIn(4) ? addMedia(room) : addBitmap(room);
         for (int i = before; i < m_assets.size(); ++i)
             used += m_assets[i].bytes;
     }
-    QString text =
-        QStringLiteral("<Kiv_Project_T name=\"Generated %1\" platform=\"%2\" width=\"%3\" "
-                       "height=\"%4\" working_directory=\".\" NYXVersion=\"1.0\">\n")
-            .arg(m_seed)
-            .arg(m_isLarge ? "QX112" : "QX100")
-            .arg(m_isLarge ? 480 : 320)
-            .arg(m_isLarge ? 272 : 240);
-    for (int i = 0; i < screens; ++i)
+    QString text = QStringLiteral("<Kiv_Project_T name=\"Generated\" working_directory=\".\" %1>\n")
+                       .arg(m_isLarge ? "platform=\"QX112\" width=\"480\" height=\"272\""
+                                      : "platform=\"QX100\" width=\"320\" height=\"240\"");
+    for (int i = between(fits ? 1 : 2, 8); i > 0; --i)
         text += screen(i);
     const QString name = QStringLiteral("generated.nyx");
     writeFile(name, (text + "</Kiv_Project_T>\n").toUtf8());
-    return m_isWritten ? m_folder.filePath(name) : QString();
+    return m_folder.filePath(name);
 }
 
 } // namespace
