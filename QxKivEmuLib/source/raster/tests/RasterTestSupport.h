@@ -31,10 +31,6 @@ inline SPoint at(double x, double y)
 struct SSheet
 {
     explicit SSheet(int width, int height) : surface(width, height), raster(surface) {}
-    SSheet(int width, int height, EKernelSet kernels)
-        : surface(width, height), raster(surface, kernels)
-    {
-    }
 
     int level(int x, int y) const { return static_cast<int>(surface.row(y)[x] & 255); }
     /// What was drawn in white, in pixels.
