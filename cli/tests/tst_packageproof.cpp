@@ -367,13 +367,13 @@ void tst_PackageProof::theGuidesProgramGivesThePicture()
     const QString program = guide.section("```c\n", 1, 1).section("```", 0, 0);
     QVERIFY(program.contains("int main("));
     QVERIFY2(program.count(QLatin1Char('\n')) < 60, "the program is as short as it is said to be");
-    for (const QString &name : {"coffee-machine", "ev-charger", "thermostat"}) {
+    for (const QString name : {"coffee-machine", "ev-charger", "thermostat"}) {
         const QDir package(m_folder.filePath("exported/" + name));
         const QDir folder(m_folder.filePath("stranger/" + name));
         QVERIFY(QDir().mkpath(folder.path()));
-        for (const QString &file : {"panel.h", "panel.c"})
+        for (const QString file : {"panel.h", "panel.c"})
             QVERIFY(QFile::copy(package.filePath(file), folder.filePath(file)));
-        for (const QString &file : {"kiv_panel.h", "kiv_panel.c"})
+        for (const QString file : {"kiv_panel.h", "kiv_panel.c"})
             QVERIFY(QFile::copy(m_sources.filePath("firmware/" + file), folder.filePath(file)));
         QVERIFY(write(folder.filePath("main.c"), program.toUtf8()));
 
@@ -396,7 +396,7 @@ void tst_PackageProof::theGuidesProgramGivesThePicture()
                 process.readAllStandardOutput().contains("in the middle of " + screen.toUtf8()));
             QCOMPARE(run(m_programs.filePath("panel-chip"),
                          {"ram_g.bin", "ram_dl.bin",
-                          "%1x%2".arg(wanted.width()).arg(wanted.height()), "shown.png"}),
+                          QString("%1x%2").arg(wanted.width()).arg(wanted.height()), "shown.png"}),
                      0);
             const QImage shown(folder.filePath("shown.png"));
             QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),

@@ -106,9 +106,7 @@ QString CImageFileConverter::convertedImagesFolder(const CProjectModel &project)
 
 QString CImageFileConverter::usualFormat(const QString &source, const QString &ofItsKind)
 {
-    const QString suffix = QFileInfo(source).suffix().toLower();
-    const bool isJpeg = suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg");
-    return isJpeg ? QStringLiteral("RGB565") : ofItsKind;
+    return PictureFile::formatOf(source) == "jpg" ? QStringLiteral("RGB565") : ofItsKind;
 }
 
 bool CImageFileConverter::aviFrameSize(const QString &file, quint32 &width, quint32 &height)

@@ -3,6 +3,7 @@
 #include "CBitmapFormatTable.h"
 #include "CConversionPaths.h"
 #include "CFileCopies.h"
+#include "PictureFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -17,9 +18,7 @@ const QStringList &outputSuffixes()
 
 bool isImage(const QString &fileName)
 {
-    static const QStringList suffixes = {QStringLiteral("png"), QStringLiteral("jpg"),
-                                         QStringLiteral("jpeg"), QStringLiteral("bmp")};
-    return suffixes.contains(QFileInfo(fileName).suffix().toLower());
+    return !PictureFile::formatOf(fileName).isEmpty();
 }
 } // namespace
 
