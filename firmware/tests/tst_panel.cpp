@@ -271,6 +271,8 @@ TEST(Panel, FindsScreensByNameAndRefusesOthers)
     EXPECT_EQ(kiv_panel_width(&open.panel), 64);
     EXPECT_EQ(kiv_panel_height(&open.panel), 48);
     EXPECT_LE(sizeof(kiv_panel), 128U);
+    open.bus.wait = nullptr; // whose `show` waits
+    EXPECT_EQ(kiv_panel_show(&open.panel, 0), 0);
 }
 
 TEST(Panel, HitsTheFrontmostItemUnderThePixel)
@@ -282,14 +284,14 @@ TEST(Panel, HitsTheFrontmostItemUnderThePixel)
         int item, behind;
     };
     const STouch touches[] = {
-        {"top left pixel of the front box", 10, 10, 0, 3},
-        {"bottom right pixel of it", 19, 19, 0, 3},
-        {"right of it", 20, 19, 3, -1},
-        {"above it", 10, 9, 3, -1},
-        {"middle of the diamond", 30, 30, 1, 3},
-        {"in the diamond's box, not in it", 24, 24, 3, -1},
-        {"its upper corner", 30, 21, 1, 3},
-        {"last pixel of the frame", 63, 47, 3, -1},
+        {"top left pixel of the front box", 10, 10, 0, 1},
+        {"bottom right pixel of it", 19, 19, 0, 1},
+        {"right of it", 20, 19, 4, -1},
+        {"above it", 10, 9, 4, -1},
+        {"middle of the diamond", 30, 30, 2, 4},
+        {"in the diamond's box, not in it", 24, 24, 4, -1},
+        {"its upper corner", 30, 21, 2, 4},
+        {"last pixel of the frame", 63, 47, 4, -1},
         {"left of the frame", -1, 10, -1, -1},
         {"below the frame", 10, 48, -1, -1},
         {"far away", INT32_MAX, INT32_MIN, -1, -1},
@@ -297,6 +299,7 @@ TEST(Panel, HitsTheFrontmostItemUnderThePixel)
     STestPackage package = STestPackage::example();
     package.screens[0].items = {
         {1, "box", {160, 160, 320, 160, 320, 320, 160, 320}},
+        {5, "its shadow", {160, 160, 320, 160, 320, 320, 160, 320}},
         {2, "diamond", {488, 328, 648, 488, 488, 648, 328, 488}},
         {3, "not to be touched", {}},
         {4, "ground", {-32768, -32768, 32767, -32768, 32767, 32767, -32768, 32767}}};
@@ -310,8 +313,8 @@ TEST(Panel, HitsTheFrontmostItemUnderThePixel)
                 << touch.what << ", " << build.compiler;
         }
         ASSERT_EQ(build.show(&open.panel, 1), 0);
-        EXPECT_EQ(build.hit(&open.panel, 15, 15), 4)
+        EXPECT_EQ(build.hit(&open.panel, 15, 15), 5)
             << "the shown screen's, counted from the first";
-        EXPECT_EQ(build.hit_behind(&open.panel, 15, 15, 1), 4) << "behind one of another screen";
+        EXPECT_EQ(build.hit_behind(&open.panel, 15, 15, 1), 5) << "behind one of another screen";
     }
 }
