@@ -48,7 +48,6 @@
 #include <QUuid>
 #include <QWindow>
 
-#include <iterator>
 #include <memory>
 #include <random>
 #include <sys/stat.h>
@@ -63,43 +62,31 @@ QByteArray twoPages()
            "<Kiv_Screen_T name=\"Second\" color=\"#000000\"/></Kiv_Project_T>";
 }
 
-/// A settings file in which one line was changed, or the bytes of the layout, or that was cut off.
+/// A settings file with another value in one line, another byte in its layout, or a part cut out.
 QByteArray mutated(const QByteArray &settings, int line, std::mt19937 *random)
 {
-    const auto any = [random](int below) { return below > 0 ? int((*random)() % uint(below)) : 0; };
+    const auto any = [random](int below) { return int((*random)() % uint(below)); };
     const QByteArray nested = QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(20000);
-    const QByteArray values[] = {"",
-                                 "@Variant(" + nested + ")",
-                                 "@Variant(\\0\\0\\0\\x41\\0\\0\\0\\x1\\x89PNG)",
-                                 "@Rect(-32000 32000 32000 32000)",
-                                 "2147483648",
-                                 "../../../../../dev/zero",
-                                 QByteArray(100000, 'a'),
-                                 "\\0\""};
-    QByteArrayList lines = settings.split('\n');
-    QByteArray &changed = lines[line % lines.size()];
-    const int value = changed.indexOf('=') + 1;
-    const int at = value + any(changed.size() - value);
+    const QByteArrayList values = {
+        "@Variant(" + nested + ")",        "@Variant(\\0\\0\\0\\x41\\0\\0\\0\\x1\\x89PNG)",
+        "@Rect(-32000 32000 32000 32000)", "2147483648",
+        "../../../../../dev/zero",         QByteArray(100000, 'a'),
+        QByteArray("\0\\0\"\xff", 5)};
     CIniText text = *CIniText::parse(settings);
     QByteArray layout = text.bytes("windowState");
-    switch (any(6)) {
+    QByteArrayList lines = settings.split('\n');
+    QByteArray &changed = lines[line % lines.size()];
+    switch (any(4)) {
     case 0:
-        changed.insert(at, char(any(256)));
-        break;
+        return QByteArray(settings).remove(any(settings.size()), 1 + any(40));
     case 1:
-        changed.remove(at, 1 + any(8));
-        break;
-    case 2:
-        changed = changed.left(value) + values[any(int(std::size(values)))];
-        break;
-    case 3:
-        return settings.left(settings.indexOf(changed) + at);
+        changed = changed.left(changed.indexOf('=') + 1) + values.at(any(values.size()));
+        return lines.join('\n');
     default:
         layout[any(layout.size())] = char(any(256));
         text.setBytes("windowState", layout);
         return text.toText();
     }
-    return lines.join('\n');
 }
 
 void click(QDialog *dialog, QMessageBox::StandardButton button)
@@ -396,7 +383,7 @@ private Q_SLOTS:
         const int count = qEnvironmentVariableIsSet("KIV_MUTATIONS")
                               ? qEnvironmentVariableIntValue("KIV_MUTATIONS")
                               : 15;
-        std::mt19937 random(1);
+        std::mt19937 random(3);
         const auto marks = [this] {
             return QDir(m_folder->path()).entryList({QStringLiteral("config.ini.starting-*")});
         };
