@@ -1,3 +1,4 @@
+#include "CEmulatorAdapter.h"
 #include "CMainWindow.h"
 #include "CTerminationSignals.h"
 #include "ProgramInfo.h"
@@ -80,16 +81,21 @@ int main(int argc, char **argv)
                 openWindow->saveUnattended();
         },
         Qt::DirectConnection);
-    CMainWindow window(file);
-    openWindow = &window;
-    std::atexit(keepWhatIsUnsaved);
     int code = 0;
-    if (!isEnding) {
-        window.show();
-        code = QApplication::exec();
+    {
+        CMainWindow window(file);
+        openWindow = &window;
+        std::atexit(keepWhatIsUnsaved);
+        if (!isEnding) {
+            window.show();
+            code = QApplication::exec();
+        }
+        openWindow = nullptr;
+        if (isEnding)
+            window.closeUnattended();
     }
-    openWindow = nullptr;
-    if (isEnding)
-        window.closeUnattended();
+    // What could not be ended may come back at any moment, also while things are taken down.
+    if (CEmulatorAdapter::instance()->hasLeftBehind())
+        std::_Exit(code);
     return code;
 }

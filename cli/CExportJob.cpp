@@ -2,24 +2,25 @@
 
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
-#include "CFileWriter.h"
-#include "CPackageBuilder.h"
+#include "CPageOutputs.h"
 #include "CPlatformTable.h"
 #include "CProgramData.h"
+#include "CProjectExporter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "CScreenshotWriter.h"
-#include "FileNames.h"
 #include "PropertyKey.h"
+#include "StopSignals.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <cstdio>
 
 namespace {
+
+constexpr int64_t MostFrameBytes = int64_t{48} << 20; ///< of the frames that are drawn at once
+constexpr std::chrono::seconds Patience{60};          ///< for a screen
 
 struct SCounts
 {
@@ -41,14 +42,10 @@ void countBelow(const CItemModel *item, SCounts &counts)
     }
 }
 
-void print(FILE *stream, const QString &line)
-{
-    std::fprintf(stream, "%s\n", line.toUtf8().constData());
-}
-
 } // namespace
 
-CExportJob::CExportJob(const CExportOptions &options) : m_options(options)
+CExportJob::CExportJob(const CExportOptions &options)
+    : m_options(options), m_messages(options.reportsToStdout())
 {
 }
 
@@ -61,12 +58,19 @@ CExportJob::EExit CExportJob::run()
     const std::optional<QList<int>> rows = wantedRows();
     if (!rows)
         return EExit::Usage;
-    render(*rows);
-    writeOutputs();
+    CPageOutputs outputs(m_options, m_messages, *m_project, namesOf(*rows), screensAtOnce());
+    render(*rows, outputs);
+    if (StopSignals::exitCode() != 0) {
+        outputs.stop();
+        return EExit::Failed;
+    }
+    outputs.finish(m_isComplete);
+    if (!m_options.reportFile.isEmpty())
+        writeReport(outputs);
+    if (m_messages.hasFailed())
+        return EExit::Failed;
     const bool isFine = m_report->isRepeatable() && (!m_options.strict || m_report->isClean());
-    if (m_exit == EExit::Done && !isFine)
-        m_exit = EExit::Findings;
-    return m_exit;
+    return isFine ? EExit::Done : EExit::Findings;
 }
 
 bool CExportJob::loadProgramData()
@@ -74,8 +78,8 @@ bool CExportJob::loadProgramData()
     const CProgramData data(QCoreApplication::applicationDirPath());
     for (const QString &problem : {data.loadWidgetLibrary(), data.registerEmulator()})
         if (!problem.isEmpty())
-            fail(problem);
-    return m_exit == EExit::Done;
+            m_messages.fail(problem);
+    return !m_messages.hasFailed();
 }
 
 bool CExportJob::openProject()
@@ -84,7 +88,7 @@ bool CExportJob::openProject()
     QString error;
     m_project = std::make_unique<CProjectModel>();
     if (!m_project->loadFromFile(path, &error)) {
-        fail(error);
+        m_messages.fail(error);
         return false;
     }
     const QString platform = m_project->platform();
@@ -94,7 +98,7 @@ bool CExportJob::openProject()
         const QString problem =
             QStringLiteral("The platform \"%1\" is not known; known are %2.")
                 .arg(platform, platforms.platforms().join(QStringLiteral(", ")));
-        warn(QStringLiteral("%1: %2").arg(m_options.project, problem));
+        m_messages.warn(QStringLiteral("%1: %2").arg(m_options.project, problem));
         m_report->addError(problem);
     }
     return true;
@@ -116,192 +120,122 @@ std::optional<QList<int>> CExportJob::wantedRows()
     }
     if (unknown.isEmpty())
         return rows;
-    warn(QStringLiteral("%1: There is no screen \"%2\". The screens are: %3.")
-             .arg(m_options.project, unknown[0],
-                  names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", "))));
+    m_messages.warn(
+        QStringLiteral("%1: There is no screen \"%2\". The screens are: %3.")
+            .arg(m_options.project, unknown[0],
+                 names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", "))));
     return std::nullopt;
 }
 
-void CExportJob::render(const QList<int> &rows)
+QStringList CExportJob::namesOf(const QList<int> &rows) const
+{
+    QStringList names;
+    for (const int row : rows)
+        names.append(m_project->screen(row)->name());
+    return names;
+}
+
+/// One more than are drawn at once, so that the next one waits at the emulator's door; fewer when
+/// they are large.
+int CExportJob::screensAtOnce() const
+{
+    const QSize size = m_project->resolution().expandedTo(QSize(1, 1));
+    const int most = static_cast<int>(MostFrameBytes / (int64_t{4} * size.width() * size.height()));
+    return std::clamp(CEmulatorAdapter::mostAtOnce() + 1, 1, std::max(most, 1));
+}
+
+void CExportJob::render(const QList<int> &rows, CPageOutputs &outputs)
 {
     CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
     CEmulatorSession session(adapter);
     session.open(m_project.get());
     CProjectExporter exporter(adapter);
-    m_screens =
-        exporter.collect(m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames, &rows)
-            .value_or(QList<SScreenExport>());
+    prepare(exporter, session);
+    int next = 0; // of the rows; what is left out in between gave no answer
+    const auto missUntil = [&](const CScreenModel *screen) {
+        for (; next < rows.size() && m_project->screen(rows[next]) != screen; ++next)
+            addMissing(*m_project->screen(rows[next]));
+    };
+    exporter.render(m_project.get(), CProjectExporter::EContent::DisplayListsAndFrames, &rows,
+                    [&](SScreenExport &&screen) {
+                        missUntil(screen.screen);
+                        addToReport(screen);
+                        outputs.add(screen, next++);
+                    });
     session.close();
-    m_isComplete = m_screens.size() == rows.size();
-    addToReport(rows);
+    if (StopSignals::exitCode() == 0)
+        missUntil(nullptr);
 }
 
-void CExportJob::addToReport(const QList<int> &rows)
+void CExportJob::prepare(CProjectExporter &exporter, CEmulatorSession &session) const
 {
-    for (const int row : rows) {
-        const CScreenModel *screen = m_project->screen(row);
-        SCounts counts;
-        countBelow(screen, counts);
-        SScreenReport report;
-        report.name = screen->name();
-        report.widgets = counts.widgets;
-        report.bitmaps = counts.bitmaps;
-        report.ramDlBudget = CPlatformTable::ramDlBudget(m_project->platform());
-        report.ramGBudget = CPlatformTable::ramGBudget(m_project->platform());
-        const auto rendered =
-            std::find_if(m_screens.begin(), m_screens.end(),
-                         [screen](const SScreenExport &each) { return each.screen == screen; });
-        if (rendered == m_screens.end()) {
-            report.errors.append(QStringLiteral("The emulator gave no answer."));
-            fail(QStringLiteral("%1: screen \"%2\": The emulator gave no answer; the screen is "
-                                "missing from the outputs.")
-                     .arg(m_options.project, report.name));
-        } else {
-            report.ramDl = rendered->ramDl;
-            report.ramG = rendered->ramG;
-            report.errors = rendered->errors;
-            report.assets = rendered->memory.assets;
-            for (const QString &error : rendered->errors)
-                warn(QStringLiteral("%1: screen \"%2\": %3")
-                         .arg(m_options.project, report.name, error));
-        }
-        warnOver(report.name, "RAM_DL", report.ramDl, report.ramDlBudget);
-        warnOver(report.name, "RAM_G", report.ramG, report.ramGBudget);
-        m_report->add(report);
-    }
+    exporter.setAtOnce(screensAtOnce(), [this, &session] { session.restart(m_project.get()); });
+    exporter.setCancelled([] { return StopSignals::exitCode() != 0; });
+    exporter.setPatience(Patience, [this](const QString &screen) {
+        m_messages.warn(QStringLiteral("%1: screen \"%2\": Takes longer than %3 s to draw.")
+                            .arg(m_options.project, screen)
+                            .arg(CProjectExporter::UsualPatience.count() / 1000));
+    });
+}
+
+SScreenReport CExportJob::newReport(const CScreenModel &screen) const
+{
+    SCounts counts;
+    countBelow(&screen, counts);
+    SScreenReport report;
+    report.name = screen.name();
+    report.widgets = counts.widgets;
+    report.bitmaps = counts.bitmaps;
+    report.ramDlBudget = CPlatformTable::ramDlBudget(m_project->platform());
+    report.ramGBudget = CPlatformTable::ramGBudget(m_project->platform());
+    return report;
+}
+
+void CExportJob::addToReport(const SScreenExport &screen)
+{
+    SScreenReport report = newReport(*screen.screen);
+    report.ramDl = screen.ramDl;
+    report.ramG = screen.ramG;
+    report.errors = screen.errors;
+    report.assets = screen.memory.assets;
+    for (const QString &error : screen.errors)
+        m_messages.warn(
+            QStringLiteral("%1: screen \"%2\": %3").arg(m_options.project, report.name, error));
+    warnOver(report.name, "RAM_DL", report.ramDl, report.ramDlBudget);
+    warnOver(report.name, "RAM_G", report.ramG, report.ramGBudget);
+    m_report->add(report);
+}
+
+void CExportJob::addMissing(const CScreenModel &screen)
+{
+    m_isComplete = false;
+    SScreenReport report = newReport(screen);
+    report.errors.append(QStringLiteral("The emulator gave no answer."));
+    m_messages.fail(QStringLiteral("%1: screen \"%2\": The emulator gave no answer; the screen is "
+                                   "missing from the outputs.")
+                        .arg(m_options.project, report.name));
+    m_report->add(report);
 }
 
 void CExportJob::warnOver(const QString &screen, const char *memory, size_t needed,
                           size_t budget) const
 {
     if (needed > budget)
-        warn(QStringLiteral("%1: screen \"%2\": Needs %3 bytes of %4; the chip has %5.")
-                 .arg(m_options.project, screen)
-                 .arg(needed)
-                 .arg(QLatin1String(memory))
-                 .arg(budget));
+        m_messages.warn(QStringLiteral("%1: screen \"%2\": Needs %3 bytes of %4; the chip has %5.")
+                            .arg(m_options.project, screen)
+                            .arg(needed)
+                            .arg(QLatin1String(memory))
+                            .arg(budget));
 }
 
-void CExportJob::writeOutputs()
-{
-    const QString screens = m_screens.size() == 1
-                                ? QStringLiteral("1 screen")
-                                : QStringLiteral("%1 screens").arg(m_screens.size());
-    if (!m_options.dlFile.isEmpty())
-        writeFile(m_options.dlFile, CProjectExporter::textForm(m_screens), screens);
-    if (!m_options.binFile.isEmpty())
-        writeFile(m_options.binFile, CProjectExporter::binaryForm(m_screens), screens);
-    if (!m_options.pngFolder.isEmpty())
-        writePictures();
-    if (!m_options.packageFolder.isEmpty())
-        writePackage();
-    if (!m_options.ramGFolder.isEmpty())
-        writeRamG();
-    if (!m_options.reportFile.isEmpty())
-        writeReport();
-}
-
-void CExportJob::writePackage()
-{
-    if (!m_isComplete) {
-        warn(QStringLiteral("%1: The package is not written.").arg(m_options.packageFolder));
-        return; // why was told with the screen
-    }
-    CPackageBuilder builder;
-    if (!builder.build(packageSource(*m_project, m_screens))) {
-        for (const QString &problem : builder.problems())
-            fail(QStringLiteral("%1: %2").arg(m_options.project, problem));
-        return;
-    }
-    const QString problem = writePackageFiles(m_options.packageFolder, builder.package());
-    if (!problem.isEmpty())
-        fail(problem);
-    else
-        tell(QStringLiteral("%1: package, %2 screens, %3 assets, %4 bytes")
-                 .arg(m_options.packageFolder)
-                 .arg(builder.content().screens.size())
-                 .arg(builder.content().assets.size())
-                 .arg(builder.package().bin.size()));
-}
-
-void CExportJob::writeRamG()
-{
-    if (!QDir().mkpath(m_options.ramGFolder)) {
-        fail(QStringLiteral("%1: The folder could not be made.").arg(m_options.ramGFolder));
-        return;
-    }
-    QStringList names;
-    for (const SScreenExport &screen : m_screens)
-        names.append(screen.name);
-    const QStringList files = FileNames::unusedForAll(names, QStringLiteral(".ramg"));
-    for (int i = 0; i < files.size(); ++i)
-        writeFile(QDir(m_options.ramGFolder).filePath(files[i]), m_screens[i].memory.bytes,
-                  QStringLiteral("RAM_G"));
-}
-
-void CExportJob::writePictures()
-{
-    if (!makeFolder(m_options.pngFolder, m_options.pngFolder))
-        return;
-    QStringList names;
-    for (const SScreenExport &screen : m_screens)
-        names.append(screen.name);
-    const QStringList files = FileNames::unusedForAll(names, QStringLiteral(".png"));
-    for (int i = 0; i < files.size(); ++i) {
-        const QImage &frame = m_screens[i].frame;
-        if (frame.isNull())
-            fail(QStringLiteral("%1: screen \"%2\": A screen without width or height has no "
-                                "picture.")
-                     .arg(m_options.project, names[i]));
-        else
-            writeFile(QDir(m_options.pngFolder).filePath(files[i]), CScreenshotWriter::toPng(frame),
-                      QStringLiteral("%1 x %2 pixels").arg(frame.width()).arg(frame.height()));
-    }
-}
-
-void CExportJob::writeReport()
+void CExportJob::writeReport(CPageOutputs &outputs)
 {
     const QByteArray json = m_report->toJson();
     if (!m_options.reportsToStdout()) {
-        writeFile(m_options.reportFile, json, QStringLiteral("report"));
+        outputs.writeFile(m_options.reportFile, json, QStringLiteral("report"));
         return;
     }
     const auto size = static_cast<size_t>(json.size());
     if (std::fwrite(json.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
-        fail(QStringLiteral("The report could not be written to the standard output."));
-}
-
-bool CExportJob::makeFolder(const QString &folder, const QString &output)
-{
-    if (QDir().mkpath(folder))
-        return true;
-    fail(QStringLiteral("%1: The folder could not be made.").arg(output));
-    return false;
-}
-
-void CExportJob::writeFile(const QString &path, const QByteArray &bytes, const QString &content)
-{
-    if (!makeFolder(QFileInfo(path).path(), path))
-        return;
-    const QString problem = CFileWriter::write(path, bytes);
-    if (!problem.isEmpty())
-        fail(problem);
-    else
-        tell(QStringLiteral("%1: %2, %3 bytes").arg(path, content).arg(bytes.size()));
-}
-
-void CExportJob::fail(const QString &message)
-{
-    warn(message);
-    m_exit = EExit::Failed;
-}
-
-void CExportJob::warn(const QString &message) const
-{
-    print(stderr, QStringLiteral("panel-export: ") + CProjectExporter::oneLine(message));
-}
-
-void CExportJob::tell(const QString &message) const
-{
-    print(m_options.reportsToStdout() ? stderr : stdout, message);
+        m_messages.fail(QStringLiteral("The report could not be written to the standard output."));
 }

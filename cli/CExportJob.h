@@ -2,7 +2,7 @@
 
 #include "CExportOptions.h"
 #include "CExportReport.h"
-#include "CProjectExporter.h"
+#include "CMessages.h"
 
 #include <QList>
 #include <QString>
@@ -10,8 +10,11 @@
 #include <memory>
 #include <optional>
 
-class CItemModel;
+class CEmulatorSession;
+class CPageOutputs;
+class CProjectExporter;
 class CProjectModel;
+class CScreenModel;
 
 /// Does what panel-export was asked for: opens the project, renders its screens, writes the
 /// outputs. What goes wrong is told on the standard error output, a sentence a line; what was
@@ -30,25 +33,19 @@ private:
     bool loadProgramData();
     bool openProject();
     std::optional<QList<int>> wantedRows();
-    void render(const QList<int> &rows);
-    void addToReport(const QList<int> &rows);
-    void writeOutputs();
-    void writePictures();
-    void writePackage();
-    void writeRamG();
-    void writeReport();
-    bool makeFolder(const QString &folder, const QString &output);
-    void writeFile(const QString &path, const QByteArray &bytes, const QString &content);
-
-    void fail(const QString &message);
-    void warn(const QString &message) const;
+    QStringList namesOf(const QList<int> &rows) const;
+    int screensAtOnce() const;
+    void render(const QList<int> &rows, CPageOutputs &outputs);
+    void prepare(CProjectExporter &exporter, CEmulatorSession &session) const;
+    SScreenReport newReport(const CScreenModel &screen) const;
+    void addToReport(const SScreenExport &screen);
+    void addMissing(const CScreenModel &screen);
     void warnOver(const QString &screen, const char *memory, size_t needed, size_t budget) const;
-    void tell(const QString &message) const;
+    void writeReport(CPageOutputs &outputs);
 
     const CExportOptions m_options;
+    CMessages m_messages;
     std::unique_ptr<CProjectModel> m_project;
     std::unique_ptr<CExportReport> m_report;
-    QList<SScreenExport> m_screens;
-    bool m_isComplete = false; ///< all screens that were wanted are there
-    EExit m_exit = EExit::Done;
+    bool m_isComplete = true; ///< all screens that were wanted have come
 };

@@ -21,6 +21,11 @@ Exit codes:
      fit into its memory; always: an item was stopped by the clock, and may get further another time
   2  the command line is wrong
   3  the project could not be opened, a screen not rendered, or an output not written
+  128 and the signal's number (130, 143): a signal has ended the program, within a second; files
+     that were written by then are whole
+
+As many screens are drawn at once as there are cores, with the same result. A screen that takes
+longer than 2 seconds is told, one that takes longer than 60 is left out.
 )";
 
 struct SOptions

@@ -1,13 +1,17 @@
+#include "CEmulatorAdapter.h"
 #include "CExportJob.h"
 #include "CExportOptions.h"
+#include "StopSignals.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
 
 #include <cstdio>
+#include <cstdlib>
 
 int main(int argc, char *argv[])
 {
+    StopSignals::watch();
     qSetGlobalQHashSeed(0); // the same project gives the same bytes in every run
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -32,5 +36,11 @@ int main(int argc, char *argv[])
     case CExportOptions::EParsed::Run:
         break;
     }
-    return int(CExportJob(options).run());
+    const int result = int(CExportJob(options).run());
+    const int code = StopSignals::exitCode() != 0 ? StopSignals::exitCode() : result;
+    if (CEmulatorAdapter::instance()->hasLeftBehind()) {
+        std::fflush(stdout);
+        std::_Exit(code); // a worker that hangs may come back while things are taken down
+    }
+    return code;
 }

@@ -8,7 +8,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
+#include <sched.h>
 
 /// Runs panel-export as its users do, from a folder of its own.
 class tst_PanelExport : public QObject
@@ -29,6 +31,8 @@ private Q_SLOTS:
     void screensWithoutPixelsHaveNoPicture();
     void findings();
     void programDataThatIsMissing();
+    void aSignalEndsItWhateverHangs_data();
+    void aSignalEndsItWhateverHangs();
 
 private:
     struct SResult
@@ -84,6 +88,10 @@ const QByteArray testLibrary = R"(<widgetlibrary><toolboxgroup name="Test">
   <widget type="Euro_T" name="Euro">
     <properties><property name="id" type="int" value="0"/></properties>
     <rendercmds>text(9, 9, 20, "5 &#8364;")</rendercmds>
+  </widget>
+  <widget type="Stalled_T" name="Stalled">
+    <properties><property name="id" type="int" value="0"/></properties>
+    <rendercmds>load_image("stalled.png")</rendercmds>
   </widget>
 </toolboxgroup></widgetlibrary>)";
 
@@ -206,6 +214,18 @@ void tst_PanelExport::exportsAnExample()
     }
     QCOMPARE(read("new/bin/e.bin").size(), bytes);
     QCOMPARE(result.out.count('\n'), 3 + screens.size()); // a line for each output
+
+    cpu_set_t cores;
+    QCOMPARE(sched_getaffinity(0, sizeof(cores), &cores), 0);
+    int core = 0;
+    while (!CPU_ISSET(core, &cores))
+        ++core;
+    const SResult single = run("taskset", "-c " + QString::number(core) + ' ' + m_program + ' ' +
+                                              m_example + " --dl 1.dl --png 1 --report 1.json");
+    QCOMPARE(single.exitCode, 0);
+    QVERIFY(read("1.dl") == read("e.dl") && read("1.json") == read("new/e.json"));
+    for (const QString &picture : QDir(path("1")).entryList(QDir::Files))
+        QVERIFY2(read("1/" + picture) == read("made/png/" + picture), qPrintable(picture));
 }
 
 void tst_PanelExport::picksScreens()
@@ -372,6 +392,48 @@ void tst_PanelExport::programDataThatIsMissing()
         QVERIFY2(result.errors.contains(file), qPrintable(result.errors));
         QCOMPARE(QFile::exists(path("p.bin")), exitCode == 1);
     }
+}
+
+void tst_PanelExport::aSignalEndsItWhateverHangs_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QByteArray>("second"); // screen, after one that can be exported
+    QTest::addColumn<QStringList>("files"); // that are there in the end
+    const QByteArray stalled = "<Kiv_Screen_T name=\"B\"><Stalled_T id=\"1\"/></Kiv_Screen_T>";
+    QTest::newRow("a file that is drawn") << SIGTERM << stalled << QStringList{"png/A.png"};
+    QTest::newRow("a file that is written")
+        << SIGINT << screenOf("B") << QStringList{"p.bin", "png/A.png", "png/B.png"};
+}
+
+void tst_PanelExport::aSignalEndsItWhateverHangs()
+{
+    QFETCH(int, number);
+    QFETCH(QByteArray, second);
+    QFETCH(QStringList, files);
+    const QString program = copyProgram();
+    write("program/widget-library.xml", testLibrary);
+    write("stalled.png", "no picture");
+    write("p.nyx", projectOf(screenOf("A") + second));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", m_programFolder.filePath("../tests/stalleddisk.so"));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(m_folder->path());
+    process.start(program, {"p.nyx", "--png", "png", "--bin", "p.bin", "--package", "stalled.p"});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path(files.last())), 10000);
+    QTest::qWait(100); // it comes to what hangs
+    QCOMPARE(process.state(), QProcess::Running);
+    ::kill(static_cast<pid_t>(process.processId()), number);
+    QVERIFY(process.waitForFinished(10000));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 128 + number);
+    for (const QString &file : files)
+        QVERIFY2(QFileInfo(path(file)).size() > 0, qPrintable(file));
+    QCOMPARE(QDir(path("png")).entryList(QDir::Files | QDir::Hidden).size(),
+             files.filter("png/").size());
+    QCOMPARE(QFile::exists(path("p.bin")), files.contains("p.bin"));
+    QVERIFY(
+        QDir(path("stalled.p")).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
 QTEST_GUILESS_MAIN(tst_PanelExport)

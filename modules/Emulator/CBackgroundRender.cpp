@@ -13,7 +13,7 @@ CBackgroundRender::CBackgroundRender(CEmulatorAdapter *adapter, CProjectModel *p
             &CBackgroundRender::takeMemory);
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, this,
             [this](bool, const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
-                   size_t ramDl) { takeFrame(buffer, width, height, observer, ramDl); });
+                   size_t ramDl) { keepFrame(buffer, width, height, observer, ramDl); });
 
     // Waiting turns the event loop, so the screen or the whole project may go meanwhile.
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
@@ -49,6 +49,7 @@ void CBackgroundRender::ask(const QPersistentModelIndex &screen)
 void CBackgroundRender::giveUp()
 {
     m_adapter->withdraw(&m_handler);
+    Q_EMIT changed();
 }
 
 void CBackgroundRender::takeDisplayList(const QString &text, const QByteArray &bytes,
@@ -59,6 +60,7 @@ void CBackgroundRender::takeDisplayList(const QString &text, const QByteArray &b
     m_handler.emulatorFrameDLCallback(text, bytes, observer, ramG, errors);
     m_ramG = ramG;
     m_errors = QString::fromUtf8(errors).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    Q_EMIT changed();
 }
 
 void CBackgroundRender::takeMemory(const SGraphicsMemory &memory, void *observer)
@@ -67,7 +69,7 @@ void CBackgroundRender::takeMemory(const SGraphicsMemory &memory, void *observer
         m_memory = memory;
 }
 
-void CBackgroundRender::takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height,
+void CBackgroundRender::keepFrame(const argb8888 *buffer, uint32_t width, uint32_t height,
                                   void *observer, size_t ramDl)
 {
     if (observer != &m_handler)
@@ -79,4 +81,5 @@ void CBackgroundRender::takeFrame(const argb8888 *buffer, uint32_t width, uint32
                          static_cast<int>(height), static_cast<int>(width * sizeof(argb8888)),
                          QImage::Format_RGB32)
                       .copy();
+    Q_EMIT changed();
 }

@@ -13,6 +13,7 @@
 #include <QStringList>
 
 #include <cstddef>
+#include <utility>
 
 class CEmulatorAdapter;
 class CProjectModel;
@@ -38,17 +39,21 @@ public:
     /// The display list in the forms in which it is exported.
     QString text() const { return m_handler.getScreenTextData(); }
     QByteArray bytes() const { return m_handler.getScreenByteData(); }
-    QImage frame() const { return m_frame; } ///< Format_RGB32
-    size_t ramDl() const { return m_ramDl; } ///< bytes
-    size_t ramG() const { return m_ramG; }   ///< bytes
+    QImage takeFrame() { return std::exchange(m_frame, {}); } ///< Format_RGB32
+    size_t ramDl() const { return m_ramDl; }                  ///< bytes
+    size_t ramG() const { return m_ramG; }                    ///< bytes
     QStringList errors() const { return m_errors; }
     SGraphicsMemory memory() const { return m_memory; }
+
+Q_SIGNALS:
+    /// A part of the answer is there, or it will not come any more.
+    void changed();
 
 private:
     void takeDisplayList(const QString &text, const QByteArray &bytes, void *observer, size_t ramG,
                          char *errors);
     void takeMemory(const SGraphicsMemory &memory, void *observer);
-    void takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
+    void keepFrame(const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
                    size_t ramDl);
 
     CEmulatorAdapter *const m_adapter;

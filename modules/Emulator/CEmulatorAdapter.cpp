@@ -55,6 +55,11 @@ CEmulatorAdapter::~CEmulatorAdapter()
     theAdapter = nullptr;
 }
 
+int CEmulatorAdapter::mostAtOnce()
+{
+    return &Emu_RequestsAtOnce ? std::max(1, static_cast<int>(Emu_RequestsAtOnce())) : 1;
+}
+
 bool CEmulatorAdapter::registerEmulator(const QString &scriptPath)
 {
     m_registered = false;
@@ -72,7 +77,7 @@ void CEmulatorAdapter::renderForeground(CItemModel *screen, void *observer)
 {
     if (!m_registered)
         return;
-    if (m_busy) {
+    if (isBusy()) {
         m_pendingForegroundScreen = screen;
         m_pendingForegroundObserver = observer;
         return;
@@ -84,7 +89,8 @@ void CEmulatorAdapter::renderBackground(IModelIterator *iterator, void *observer
 {
     if (!m_registered)
         return;
-    if (m_busy) {
+    const bool hasRoom = m_backgroundInFlight && m_inFlight.size() < m_mostInFlight;
+    if (isBusy() && !hasRoom) {
         m_backgroundQueue.push_back({iterator, observer});
         return;
     }
@@ -122,13 +128,14 @@ void CEmulatorAdapter::withdraw(const void *observer)
         m_backgroundQueue.end());
     if (m_pendingForegroundObserver == observer)
         clearPendingForeground();
-    if (m_busy && m_currentObserver == observer)
-        m_answerWanted = false; // a new requester may get the same address before it comes
+    for (SInFlight &request : m_inFlight)
+        if (request.observer == observer)
+            request.isWanted = false; // a new requester may get the same address before it comes
 }
 
 void CEmulatorAdapter::emulatorStart(uint32_t platform)
 {
-    if (m_busy)
+    if (isBusy())
         emulatorStop(); // else the request in flight could be lost and everything wait behind it
     m_chipCode = platform;
     Emu_Start(QFile::encodeName(m_scriptPath).constData(), platform);
@@ -141,16 +148,15 @@ void CEmulatorAdapter::emulatorConfigScreen(uint32_t width, uint32_t height)
 
 void CEmulatorAdapter::emulatorStop()
 {
-    Emu_Stop();
+    m_hasLeftBehind = Emu_Stop() == 0 || m_hasLeftBehind;
     beginRun(); // after the stop: what was called back until then still belongs to the old run
 }
 
 void CEmulatorAdapter::beginRun()
 {
     ++m_run;
-    m_busy = false;
+    m_inFlight.clear();
     m_backgroundInFlight = false;
-    m_currentObserver = nullptr;
     m_backgroundQueue.clear();
     clearPendingForeground();
 }
@@ -205,46 +211,50 @@ void CEmulatorAdapter::post(void (CEmulatorAdapter::*receiver)(const Answer &), 
 void CEmulatorAdapter::takeFrame(const SFrame &frame)
 {
     const uint64_t run = m_run;
-    if (m_answerWanted && frame.output) {
+    const bool isWanted = !m_inFlight.empty() && m_inFlight.front().isWanted;
+    if (isWanted && frame.output) {
         const bool canHoldPixmaps = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
         const QPixmap pixmap = canHoldPixmaps ? QPixmap::fromImage(frame.image) : QPixmap();
         Q_EMIT emulatorFrameCallback(true, pixmap, frame.width, frame.height, frame.observer,
                                      frame.ramDl);
-    } else if (m_answerWanted) {
+    } else if (isWanted) {
         const auto *pixels = reinterpret_cast<const argb8888 *>(frame.image.constBits());
         Q_EMIT emulatorBackgroundFrameCallback(false, pixels, frame.width, frame.height,
                                                frame.observer, frame.ramDl);
     }
-    if (run == m_run) // a receiver may have stopped the emulator
-        dispatchNext();
+    if (run != m_run)
+        return; // a receiver has stopped the emulator
+    if (!m_inFlight.empty())
+        m_inFlight.pop_front();
+    dispatchNext();
 }
 
 void CEmulatorAdapter::takeDisplayList(const SDisplayList &list)
 {
-    if (!m_answerWanted)
+    if (m_inFlight.empty() || !m_inFlight.front().isWanted)
         return;
+    void *const observer = m_inFlight.front().observer;
     if (m_backgroundInFlight && list.memory.isKnown)
-        Q_EMIT emulatorBackgroundMemory(list.memory, m_currentObserver);
+        Q_EMIT emulatorBackgroundMemory(list.memory, observer);
     QByteArray errors = list.errors; // receivers get a pointer that they could write through
     if (m_backgroundInFlight)
-        Q_EMIT emulatorBackgroundFrameDLCallback(list.text, list.bytes, m_currentObserver,
-                                                 list.ramG, errors.data());
-    else if (m_currentObserver)
-        Q_EMIT emulatorFrameDLCallback(list.text, list.bytes, m_currentObserver, list.ramG,
-                                       errors.data());
+        Q_EMIT emulatorBackgroundFrameDLCallback(list.text, list.bytes, observer, list.ramG,
+                                                 errors.data());
+    else if (observer)
+        Q_EMIT emulatorFrameDLCallback(list.text, list.bytes, observer, list.ramG, errors.data());
 }
 
 void CEmulatorAdapter::dispatchNext()
 {
-    if (!m_backgroundQueue.empty()) {
+    while (!m_backgroundQueue.empty() && m_inFlight.size() < m_mostInFlight) {
         const SBackgroundRequest next = m_backgroundQueue.front();
         m_backgroundQueue.pop_front();
         // m_backgroundInFlight keeps the mark of the request before: see the class comment.
         issue(next.iterator, next.observer, ERequest::Background);
-        return;
     }
+    if (isBusy())
+        return;
     m_backgroundInFlight = false;
-    m_busy = false;
     if (m_pendingForegroundObserver) {
         CItemModel *screen = m_pendingForegroundScreen;
         void *observer = m_pendingForegroundObserver;
@@ -261,9 +271,7 @@ void CEmulatorAdapter::issueForeground(CItemModel *screen, void *observer)
 
 void CEmulatorAdapter::issue(IModelIterator *iterator, void *observer, ERequest request)
 {
-    m_currentObserver = observer;
-    m_busy = true;
-    m_answerWanted = true;
+    m_inFlight.push_back({observer, true});
     m_memoryWanted =
         request == ERequest::Background &&
         isSignalConnected(QMetaMethod::fromSignal(&CEmulatorAdapter::emulatorBackgroundMemory));

@@ -26,7 +26,8 @@ class QStandardItem;
 /// Requests: while one is in flight, later ones are parked. Of parked foreground requests only the
 /// newest survives; background requests are queued and go first. A background request that was
 /// parked behind a foreground one is issued without its background mark: its display list comes as
-/// emulatorFrameDLCallback.
+/// emulatorFrameDLCallback. Whoever wants all cores lets more background requests be in flight at
+/// once; the answers still come in the order of the requests.
 /// Answers: display list first, then the frame, which ends the request. `observer` is the opaque
 /// pointer of the request; it is compared by receivers and never followed here. Pointers in signals
 /// are valid during the emission only.
@@ -47,7 +48,15 @@ public:
     /// absolute path) is not a file; requests are then ignored.
     bool registerEmulator(const QString &scriptPath);
     bool isRegistered() const { return m_registered; }
-    bool isBusy() const { return m_busy; }
+    bool isBusy() const { return !m_inFlight.empty(); }
+    /// True when something that could not be ended in time still runs, in the library or elsewhere:
+    /// the process should then end by _exit(), once all is saved.
+    bool hasLeftBehind() const { return m_hasLeftBehind; }
+    void noteLeftBehind() { m_hasLeftBehind = true; }
+    /// How many requests the library works on at once.
+    static int mostAtOnce();
+    /// How many background requests may be in flight, 1 at first.
+    void setInFlight(int most) { m_mostInFlight = static_cast<size_t>(most); }
     /// The chip with which the emulator was last started; 0 before.
     uint32_t chipCode() const { return m_chipCode; }
 
@@ -68,7 +77,7 @@ public:
 public Q_SLOTS:
     void emulatorStart(uint32_t platform);
     void emulatorConfigScreen(uint32_t width, uint32_t height);
-    /// Returns when the library is idle; parked requests are cleared.
+    /// Returns when the library is idle, or after half a second; parked requests are cleared.
     void emulatorStop();
 
 Q_SIGNALS:
@@ -102,6 +111,11 @@ private:
         QByteArray errors;
         SGraphicsMemory memory;
     };
+    struct SInFlight
+    {
+        void *observer;
+        bool isWanted; ///< false when it was withdrawn
+    };
     struct SBackgroundRequest
     {
         IModelIterator *iterator; ///< the requester's
@@ -132,13 +146,13 @@ private:
     QString m_scriptPath;
     uint32_t m_chipCode = 0;
     std::atomic<bool> m_memoryWanted{false};
-    SGraphicsMemory m_memory;       ///< of the frame under way; the library's thread only
-    std::atomic<uint64_t> m_run{0}; ///< told apart by it: answers of this run and of stopped ones
-    void *m_currentObserver = nullptr;
+    SGraphicsMemory m_memory;         ///< of the frame under way; the library's thread only
+    std::atomic<uint64_t> m_run{0};   ///< told apart by it: answers of this run and of stopped ones
+    std::deque<SInFlight> m_inFlight; ///< in the order in which they are answered
+    size_t m_mostInFlight = 1;
     bool m_registered = false;
-    bool m_busy = false;
+    bool m_hasLeftBehind = false;
     bool m_backgroundInFlight = false;
-    bool m_answerWanted = true; ///< false when the request in flight was withdrawn
     std::unique_ptr<CModelIterator> m_foregroundIterator;
     CItemModel *m_pendingForegroundScreen = nullptr;
     void *m_pendingForegroundObserver = nullptr;

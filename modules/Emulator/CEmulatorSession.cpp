@@ -28,6 +28,12 @@ bool CEmulatorSession::applyOptions(const CProjectModel *project,
     return true;
 }
 
+void CEmulatorSession::restart(const CProjectModel *project)
+{
+    m_adapter->emulatorStop();
+    start(project);
+}
+
 void CEmulatorSession::close()
 {
     m_adapter->emulatorStop();

@@ -16,6 +16,8 @@ public:
     /// After a change of the project's platform or size: starts it anew only when the chip is
     /// another one. `stopped` is called in between, while nothing is in flight; true when it was.
     bool applyOptions(const CProjectModel *project, const std::function<void()> &stopped = {});
+    /// Gives up what is in flight and starts with the same project again.
+    void restart(const CProjectModel *project);
     void close();
 
 private:

@@ -9,16 +9,19 @@
 #include "ItemOutline.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QPersistentModelIndex>
 #include <QScopeGuard>
-#include <QThread>
+#include <QTimer>
 
 #include <algorithm>
+#include <deque>
+#include <memory>
 #include <utility>
 
 namespace {
 
-bool collectionRuns = false; // there is one emulator, and waiting turns the event loop
+bool exportRuns = false; // there is one emulator, and waiting turns the event loop
 
 QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList<int> *rows)
 {
@@ -27,6 +30,11 @@ QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList
         if (project->screen(row) && (!rows || rows->contains(row)))
             screens.append(project->index(row, 0));
     return screens;
+}
+
+CScreenModel *screenOf(const QPersistentModelIndex &screen)
+{
+    return qobject_cast<const CProjectModel *>(screen.model())->screen(screen.row());
 }
 
 void addItems(const CItemModel &parent, QList<SExportedItem> &items)
@@ -62,16 +70,17 @@ QString whyNotOpened(const QString &path)
                      .arg(path, reason);
 }
 
-void processAndSleep()
-{
-    QCoreApplication::processEvents();
-    QThread::msleep(CProjectExporter::WaitStepTime);
-}
-
 } // namespace
 
-CProjectExporter::CProjectExporter(CEmulatorAdapter *adapter)
-    : m_adapter(adapter), m_waitStep(processAndSleep)
+/// One screen on its way.
+struct CProjectExporter::SAsked
+{
+    QPersistentModelIndex screen; ///< invalid when it, or the project, has gone meanwhile
+    std::unique_ptr<CBackgroundRender> render;
+    QList<SExportedItem> items;
+};
+
+CProjectExporter::CProjectExporter(CEmulatorAdapter *adapter) : m_adapter(adapter)
 {
 }
 
@@ -90,91 +99,189 @@ void CProjectExporter::setProgress(std::function<bool(int, int)> progress)
     m_progress = std::move(progress);
 }
 
-void CProjectExporter::setWaitStep(std::function<void()> step)
+void CProjectExporter::setCancelled(std::function<bool()> isCancelled)
+{
+    m_isCancelled = std::move(isCancelled);
+}
+
+void CProjectExporter::setPatience(Milliseconds patience, std::function<void(const QString &)> slow)
+{
+    m_patience = patience;
+    m_slow = std::move(slow);
+}
+
+void CProjectExporter::setAtOnce(int screens, std::function<void()> restart)
+{
+    m_atOnce = screens;
+    m_restart = std::move(restart);
+}
+
+void CProjectExporter::setWaitStep(std::function<bool()> step)
 {
     m_waitStep = std::move(step);
 }
 
-std::optional<QList<SScreenExport>>
-CProjectExporter::collect(CProjectModel *project, EContent content, const QList<int> *rows)
+CProjectExporter::EResult
+CProjectExporter::render(CProjectModel *project, EContent content, const QList<int> *rows,
+                         const std::function<void(SScreenExport &&)> &take)
 {
-    QList<SScreenExport> collected;
     if (!project)
-        return collected;
-    if (collectionRuns)
-        return std::nullopt;
-    collectionRuns = true;
-    const auto done = qScopeGuard([] { collectionRuns = false; });
+        return EResult::Written;
+    if (exportRuns)
+        return EResult::Refused;
+    exportRuns = true;
+    m_idleSteps = 0;
+    m_adapter->setInFlight(m_atOnce);
+    const auto done = qScopeGuard([this] {
+        m_adapter->setInFlight(1);
+        exportRuns = false;
+    });
 
-    // The indexes become invalid when a screen, or the project, goes while events are processed.
     const QList<QPersistentModelIndex> screens = screensOf(project, rows);
-    CBackgroundRender render(m_adapter, project);
+    std::deque<SAsked> asked;
+    int next = 0;
+    const auto askUpTo = [&](int count) {
+        for (; static_cast<int>(asked.size()) < count && next < screens.size(); ++next) {
+            asked.push_back({screens[next], nullptr, {}});
+            ask(asked.back(), project, content);
+        }
+    };
     for (int i = 0; i < screens.size(); ++i) {
-        if (m_progress && !m_progress(i, screens.size())) {
-            m_cancelled = true;
-            return std::nullopt;
-        }
-        const QPersistentModelIndex &screen = screens[i];
-        if (!screen.isValid())
+        if (m_progress && !m_progress(i, screens.size()))
+            return EResult::Cancelled;
+        askUpTo(m_atOnce);
+        SAsked current = std::move(asked.front());
+        asked.pop_front();
+        const EAnswer answer = waitForAnswer(current, content);
+        if (answer == EAnswer::Cancelled)
+            return EResult::Cancelled;
+        if (!current.screen.isValid())
             continue;
-        render.ask(screen);
-        const QList<SExportedItem> items = content == EContent::DisplayLists
-                                               ? QList<SExportedItem>()
-                                               : exportedItems(*project->screen(screen.row()));
-        if (waitForAnswer(render, screen, content)) {
-            CScreenModel *item = project->screen(screen.row());
-            collected.append({item, item->name(), render.text(), render.bytes(), render.frame(),
-                              render.ramDl(), render.ramG(), render.errors() + chipFindings(*item),
-                              render.memory(), items});
-            const QStringList &errors = collected.last().errors;
-            if (m_findings && !errors.isEmpty())
-                m_findings(item->name(), errors.join(QLatin1Char('\n')));
+        if (answer == EAnswer::None) {
+            current.render->giveUp();
+            if (m_report)
+                m_report(QCoreApplication::translate(
+                    "CProjectExporter", "An error occurred during the export process"));
+            if (m_restart) {
+                m_restart();
+                for (SAsked &each : asked)
+                    ask(each, project, content);
+            }
             continue;
         }
-        render.giveUp();
-        if (screen.isValid() && m_report)
-            m_report(QCoreApplication::translate("CProjectExporter",
-                                                 "An error occurred during the export process"));
+        if (m_atOnce > 1)
+            askUpTo(m_atOnce); // drawn while this one is worked on here
+        handOut(current, take);
     }
-    return collected;
+    return EResult::Written;
 }
 
-bool CProjectExporter::waitForAnswer(const CBackgroundRender &render,
-                                     const QPersistentModelIndex &screen, EContent content) const
+void CProjectExporter::ask(SAsked &asked, CProjectModel *project, EContent content) const
 {
-    for (int step = 0; step < MaxWaitSteps && screen.isValid(); ++step) {
+    if (!asked.screen.isValid())
+        return;
+    if (!asked.render)
+        asked.render = std::make_unique<CBackgroundRender>(m_adapter, project);
+    asked.render->ask(asked.screen);
+    if (content == EContent::DisplayListsAndFrames)
+        asked.items = exportedItems(*screenOf(asked.screen));
+}
+
+CProjectExporter::EAnswer CProjectExporter::waitForAnswer(const SAsked &asked, EContent content)
+{
+    const auto slowStep = UsualPatience / WaitStepTime;
+    for (auto step = 0; step < m_patience / WaitStepTime && asked.screen.isValid(); ++step) {
+        const CBackgroundRender &render = *asked.render;
         if (render.hasDisplayList() && (content == EContent::DisplayLists || render.hasFrame()))
-            return true;
-        m_waitStep();
+            return EAnswer::Complete;
+        if (step == slowStep && m_slow)
+            m_slow(screenOf(asked.screen)->name());
+        const bool goesOn = m_waitStep ? m_waitStep() : waitStep(render);
+        if (!goesOn || (m_isCancelled && m_isCancelled()))
+            return EAnswer::Cancelled;
     }
-    return false;
+    return EAnswer::None;
+}
+
+/// False when the program is about to end.
+bool CProjectExporter::waitStep(const CBackgroundRender &render)
+{
+    QEventLoop loop;
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&limit, &QTimer::timeout, &loop, [&] {
+        ++m_idleSteps;
+        loop.quit();
+    });
+    QObject::connect(&render, &CBackgroundRender::changed, &loop, &QEventLoop::quit);
+    limit.start(WaitStepTime);
+    return loop.exec() >= 0;
+}
+
+void CProjectExporter::handOut(SAsked &asked,
+                               const std::function<void(SScreenExport &&)> &take) const
+{
+    CScreenModel *screen = screenOf(asked.screen);
+    CBackgroundRender &render = *asked.render;
+    SScreenExport page{screen,
+                       screen->name(),
+                       render.text(),
+                       render.bytes(),
+                       render.takeFrame(),
+                       render.ramDl(),
+                       render.ramG(),
+                       render.errors() + chipFindings(*screen),
+                       render.memory(),
+                       asked.items};
+    asked.render.reset();
+    if (m_findings && !page.errors.isEmpty())
+        m_findings(page.name, page.errors.join(QLatin1Char('\n')));
+    take(std::move(page));
+}
+
+std::optional<QList<SScreenExport>> CProjectExporter::collect(CProjectModel *project,
+                                                              EContent content)
+{
+    QList<SScreenExport> screens;
+    const EResult result = render(project, content, nullptr, [&screens](SScreenExport &&screen) {
+        screens.append(std::move(screen));
+    });
+    return result == EResult::Written ? std::optional(screens) : std::nullopt;
 }
 
 CProjectExporter::EResult CProjectExporter::exportProjectDL(CProjectModel *project,
                                                             const QString &path, QString *error)
 {
-    return exportProject(project, path, &CProjectExporter::textForm, error);
+    const auto form = [](const SScreenExport &screen) {
+        return textForm(screen.name, screen.text);
+    };
+    return exportProject(project, path, form, error);
 }
 
 CProjectExporter::EResult CProjectExporter::exportProjectBin(CProjectModel *project,
                                                              const QString &path, QString *error)
 {
-    return exportProject(project, path, &CProjectExporter::binaryForm, error);
+    const auto form = [](const SScreenExport &screen) { return screen.bytes; };
+    return exportProject(project, path, form, error);
 }
 
 CProjectExporter::EResult
 CProjectExporter::exportProject(CProjectModel *project, const QString &path,
-                                QByteArray (*form)(const QList<SScreenExport> &), QString *error)
+                                const std::function<QByteArray(const SScreenExport &)> &form,
+                                QString *error)
 {
     QString reason = whyNotOpened(path);
     EResult result = EResult::NotOpened;
     if (reason.isEmpty()) {
-        m_cancelled = false;
-        const auto screens = collect(project, EContent::DisplayLists);
-        if (!screens)
-            return m_cancelled ? EResult::Cancelled : EResult::Refused;
-        reason = CFileWriter::write(path, form(*screens));
-        result = reason.isEmpty() ? EResult::Written : EResult::NotWritten;
+        QByteArray content;
+        result = render(project, EContent::DisplayLists, nullptr,
+                        [&](SScreenExport &&screen) { content += form(screen); });
+        if (result != EResult::Written)
+            return result;
+        reason = CFileWriter::write(path, content);
+        if (!reason.isEmpty())
+            result = EResult::NotWritten;
     }
     if (error)
         *error = reason;
@@ -196,20 +303,4 @@ QByteArray CProjectExporter::textForm(const QString &screenName, const QString &
     return (QStringLiteral("===") + oneLine(screenName) + QStringLiteral("===\n") + dlText +
             QLatin1Char('\n'))
         .toUtf8();
-}
-
-QByteArray CProjectExporter::textForm(const QList<SScreenExport> &screens)
-{
-    QByteArray form;
-    for (const SScreenExport &screen : screens)
-        form += textForm(screen.name, screen.text);
-    return form;
-}
-
-QByteArray CProjectExporter::binaryForm(const QList<SScreenExport> &screens)
-{
-    QByteArray form;
-    for (const SScreenExport &screen : screens)
-        form += screen.bytes;
-    return form;
 }

@@ -15,7 +15,9 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QTransform>
+#include <QVector>
 
 #include <algorithm>
 
@@ -63,41 +65,40 @@ SPackageItem packageItem(const SExportedItem &item)
 class CItemWords
 {
 public:
-    explicit CItemWords(QList<SPackageItem> &items) : m_items(items) {}
+    explicit CItemWords(QList<SPackageItem> &items) : m_items(items)
+    {
+        for (int i = 0; i < items.size(); ++i)
+            if (items[i].tag != 0)
+                m_byTag[items[i].tag].append(i);
+    }
 
     void takeCommand(const SCommand &command, const uint32_t *words, size_t header)
     {
         const size_t length = 1 + command.operandWords();
         if (command.opcode == EOpcode::Item) {
-            m_tag = words[header + 1];
-            forTagged([header](SPackageItem &item) { item.words.append({header, 0}); });
+            m_tagged = m_byTag.value(words[header + 1]);
+            for (const int item : qAsConst(m_tagged))
+                m_items[item].words.append({header, 0});
         }
-        forTagged([length](SPackageItem &item) { item.words.last().count += length; });
+        for (const int item : qAsConst(m_tagged))
+            m_items[item].words.last().count += length;
     }
     void takeAsset(size_t asset)
     {
-        forTagged([asset](SPackageItem &item) {
-            if (!item.assets.contains(asset))
-                item.assets.append(asset);
-        });
+        for (const int item : qAsConst(m_tagged))
+            if (!m_items[item].assets.contains(asset))
+                m_items[item].assets.append(asset);
     }
 
 private:
-    template<typename Change>
-    void forTagged(Change change)
-    {
-        for (SPackageItem &item : m_items)
-            if (m_tag != 0 && item.tag == m_tag)
-                change(item);
-    }
-
     QList<SPackageItem> &m_items;
-    uint32_t m_tag = 0;
+    QHash<uint32_t, QVector<int>> m_byTag;
+    QVector<int> m_tagged; ///< those that the words belong to
 };
 
 } // namespace
 
-SPackageSource packageSource(const CProjectModel &project, const QList<SScreenExport> &screens)
+SPackageSource packageSource(const CProjectModel &project)
 {
     SPackageSource source;
     source.project = project.propertyText(PropertyKey::Name);
@@ -107,7 +108,6 @@ SPackageSource packageSource(const CProjectModel &project, const QList<SScreenEx
     source.chipCode = chipCodeOfPlatform(source.platform);
     source.folder = project.workingDirectory();
     source.frame = project.resolution();
-    source.screens = screens;
     return source;
 }
 
@@ -119,16 +119,24 @@ QString writePackageFiles(const QString &folder, const SPackage &package)
                                   {QStringLiteral("manifest.json"), package.manifest}});
 }
 
-bool CPackageBuilder::build(const SPackageSource &source)
+CPackageBuilder::CPackageBuilder(const SPackageSource &source) : m_folder(source.folder)
 {
-    m_package = {};
-    m_content = {};
-    m_problems.clear();
-    m_placed.clear();
-    if (!check(source))
-        return false;
-    for (const SScreenExport &screen : source.screens)
-        addScreen(source, screen);
+    const SChipLimits chip = chipLimits(source.chipCode);
+    const int largest = static_cast<int>(chip.maxSide);
+    m_content.project = source.project;
+    m_content.platform = source.platform;
+    m_content.chipCode = source.chipCode;
+    m_content.ramGBudget = static_cast<uint32_t>(chip.ramG);
+    m_content.ramDlBudget = static_cast<uint32_t>(chip.ramDl);
+    m_content.frame = source.frame.boundedTo(QSize(largest, largest));
+    if (source.frame.isEmpty())
+        m_problems.append(tr("A screen without width or height cannot be packed."));
+}
+
+bool CPackageBuilder::finish()
+{
+    if (m_content.screens.isEmpty() && m_problems.isEmpty())
+        m_problems.append(tr("The project has no screen to pack."));
     if (!m_problems.isEmpty())
         return false;
     nameAll();
@@ -142,28 +150,10 @@ bool CPackageBuilder::build(const SPackageSource &source)
     return true;
 }
 
-bool CPackageBuilder::check(const SPackageSource &source)
-{
-    const SChipLimits chip = chipLimits(source.chipCode);
-    const int largest = static_cast<int>(chip.maxSide);
-    m_content.project = source.project;
-    m_content.platform = source.platform;
-    m_content.chipCode = source.chipCode;
-    m_content.ramGBudget = static_cast<uint32_t>(chip.ramG);
-    m_content.ramDlBudget = static_cast<uint32_t>(chip.ramDl);
-    m_content.frame = source.frame.boundedTo(QSize(largest, largest));
-    if (source.screens.isEmpty())
-        m_problems.append(tr("The project has no screen to pack."));
-    if (source.frame.isEmpty())
-        m_problems.append(tr("A screen without width or height cannot be packed."));
-    for (const SScreenExport &screen : source.screens)
-        checkMemory(screen);
-    return m_problems.isEmpty();
-}
-
 /// What does not fit was left out of the picture, so it would be missing on the device too.
-void CPackageBuilder::checkMemory(const SScreenExport &screen)
+bool CPackageBuilder::checkMemory(const SScreenExport &screen)
 {
+    const int before = m_problems.size();
     const auto check = [&](const QString &memory, size_t needed, uint32_t budget) {
         const QStringList told = screen.errors.filter(memory + QLatin1String(" is full"));
         if (needed <= budget && told.isEmpty())
@@ -178,16 +168,19 @@ void CPackageBuilder::checkMemory(const SScreenExport &screen)
             tr("Screen \"%1\": the emulator does not tell what lies in RAM_G.").arg(screen.name));
     check(QStringLiteral("RAM_G"), screen.ramG, m_content.ramGBudget);
     check(QStringLiteral("RAM_DL"), screen.ramDl, m_content.ramDlBudget);
+    return m_problems.size() == before;
 }
 
-void CPackageBuilder::addScreen(const SPackageSource &source, const SScreenExport &screen)
+void CPackageBuilder::add(const SScreenExport &screen)
 {
+    if (!checkMemory(screen))
+        return; // there is no package, and its lists show what did not fit
     SPackageScreen result;
     result.name = screen.name;
     result.words = fromBytes(reinterpret_cast<const uint8_t *>(screen.bytes.constData()),
                              static_cast<size_t>(screen.bytes.size()));
     result.ramGBefore = static_cast<uint32_t>(screen.memory.bytes.size());
-    result.findings = findingsInPackage(screen.errors, source.folder);
+    result.findings = findingsInPackage(screen.errors, m_folder);
     for (const SExportedItem &item : screen.items)
         result.items.append(packageItem(item));
 
@@ -213,7 +206,7 @@ void CPackageBuilder::addScreen(const SPackageSource &source, const SScreenExpor
                                                .arg(address));
                          return;
                      }
-                     current = assetIndex(source, screen.memory, *found);
+                     current = assetIndex(screen.memory, *found);
                      placed.append({*found, current});
                      result.assets.push_back(current);
                  });
@@ -225,7 +218,7 @@ void CPackageBuilder::addScreen(const SPackageSource &source, const SScreenExpor
 }
 
 /// The asset of the same content; a new one when there is none.
-size_t CPackageBuilder::assetIndex(const SPackageSource &source, const SGraphicsMemory &memory,
+size_t CPackageBuilder::assetIndex(const SGraphicsMemory &memory,
                                    const SGraphicsMemory::SAsset &asset)
 {
     const auto piece = [&](uint32_t address, uint32_t bytes) {
@@ -253,7 +246,7 @@ size_t CPackageBuilder::assetIndex(const SPackageSource &source, const SGraphics
     auto known = std::find_if(m_content.assets.begin(), m_content.assets.end(), isSame);
     if (known == m_content.assets.end())
         known = m_content.assets.insert(known, candidate);
-    const QString file = fileInPackage(asset.file, source.folder);
+    const QString file = fileInPackage(asset.file, m_folder);
     if (!known->files.contains(file))
         known->files.append(file);
     return static_cast<size_t>(known - m_content.assets.begin());

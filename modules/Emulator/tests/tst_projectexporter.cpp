@@ -26,6 +26,9 @@ private Q_SLOTS:
     void collectsFiguresAndFrames();
     void aCanvasRenderInFlightCostsTheFirstScreen();
     void aLateAnswerIsNotTakenForTheNextScreen();
+    void anAnswerEndsTheWaiting();
+    void severalScreensAreAskedForAtOnce();
+    void theEndOfTheProgramEndsTheExport();
     void anotherRequestersAnswerIsNotTaken();
     void screensMayGoWhileWaiting();
     void theProjectMayGoWhileWaiting();
@@ -89,6 +92,7 @@ void tst_ProjectExporter::init()
         ++m_steps;
         if (m_onStep)
             m_onStep(m_steps);
+        return true;
     });
 }
 
@@ -164,10 +168,8 @@ void tst_ProjectExporter::collectsFiguresAndFrames()
         answer.colour = 0xFF102030;
         return answer;
     });
-    const QList<int> rows = {0, 1};
-    const auto screens =
-        m_exporter->collect(m_project.get(), EContent::DisplayListsAndFrames, &rows);
-    QCOMPARE(namesOf(screens), QString("A B"));
+    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayListsAndFrames);
+    QCOMPARE(namesOf(screens), QString("A B \u00D6"));
     QCOMPARE(screens->at(0).ramDl, size_t{80 + 'A'});
     QCOMPARE(screens->at(1).ramDl, size_t{80 + 'B'});
     QCOMPARE(screens->at(1).ramG, size_t{0x12345678});
@@ -207,6 +209,57 @@ void tst_ProjectExporter::aLateAnswerIsNotTakenForTheNextScreen()
     QCOMPARE(screens->at(0).text, QStringLiteral("NAME(B);\nEND(0);\n"));
     QCOMPARE(m_reports.size(), 1);
     QCOMPARE(m_calls, QStringList({"render bg A", "render bg B", "render bg \u00D6"}));
+
+    QStringList slow;
+    m_steps = 0;
+    m_exporter->setPatience(2 * CProjectExporter::UsualPatience,
+                            [&slow](const QString &screen) { slow.append(screen); });
+    QCOMPARE(namesOf(collect()), QString("A B \u00D6"));
+    QCOMPARE(slow, QStringList("A"));
+    QCOMPARE(m_reports.size(), 1);
+}
+
+void tst_ProjectExporter::anAnswerEndsTheWaiting()
+{
+    m_exporter->setWaitStep({});
+    QCOMPARE(namesOf(collect()), QString("A B \u00D6"));
+    QCOMPARE(m_exporter->idleSteps(), 0);
+}
+
+void tst_ProjectExporter::severalScreensAreAskedForAtOnce()
+{
+    m_fake.setAutoAnswer({});
+    m_exporter->setAtOnce(2, [this] {
+        m_adapter->emulatorStop();
+        m_adapter->emulatorStart(0x110);
+    });
+    int most = 0;
+    m_onStep = [this, &most](int step) {
+        most = std::max(most, m_fake.requests().size());
+        if (step > 100) // A gives no answer
+            answerNext();
+    };
+    const auto screens = collect();
+    QCOMPARE(namesOf(screens), QString("B \u00D6"));
+    QCOMPARE(screens->at(0).text, QStringLiteral("NAME(B);\nEND(0);\n"));
+    QCOMPARE(most, 2);
+    m_calls.replaceInStrings(QRegularExpression("emu start.*"), "emu start");
+    QCOMPARE(m_calls, QStringList({"render bg A", "render bg B", "emu stop", "emu start",
+                                   "render bg B", "render bg \u00D6"}));
+}
+
+void tst_ProjectExporter::theEndOfTheProgramEndsTheExport()
+{
+    m_fake.setAutoAnswer({});
+    m_exporter->setWaitStep({});
+    const QString path = m_folder->filePath("p.dl");
+    EResult result = EResult::Written;
+    QTimer::singleShot(0, this,
+                       [&] { result = m_exporter->exportProjectDL(m_project.get(), path); });
+    QTimer::singleShot(0, this, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+    QCOMPARE(result, EResult::Cancelled);
+    QVERIFY(!QFile::exists(path));
 }
 
 void tst_ProjectExporter::anotherRequestersAnswerIsNotTaken()
@@ -278,6 +331,11 @@ void tst_ProjectExporter::cancellingWritesNothing()
     QCOMPARE(m_exporter->exportProjectBin(m_project.get(), path), EResult::Cancelled);
     QCOMPARE(progress.join(QLatin1Char(' ')), QStringLiteral("0/3 1/3 2/3"));
     QVERIFY(!QFile::exists(path));
+    m_exporter->setProgress({});
+    m_fake.setAutoAnswer({}); // also while a screen is waited for
+    m_exporter->setCancelled([this] { return m_steps > 20; });
+    QCOMPARE(m_exporter->exportProjectBin(m_project.get(), path), EResult::Cancelled);
+    QVERIFY2(m_steps < 30 && !QFile::exists(path), qPrintable(QString::number(m_steps)));
 }
 
 void tst_ProjectExporter::aFileThatCannotBeOpenedRendersNothing()

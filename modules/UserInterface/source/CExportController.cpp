@@ -14,13 +14,23 @@
 #include <QPointer>
 #include <QProgressDialog>
 #include <QThread>
+#include <QTimer>
 
 #include <memory>
 
 namespace {
 constexpr int ProgressDelay = 500;  // ms; short exports show nothing
 constexpr int LongestRender = 2000; // ms that a render of the canvas is waited for
-constexpr int WaitStepTime = 5;     // ms
+constexpr int WaitStepTime = 20;    // ms; the longest time between two looks at Cancel
+constexpr int LongestEnd = 500;     // ms that the end of the program waits for a package
+
+/// Shared with the thread that works on it, which may be left behind.
+struct SPacking
+{
+    explicit SPacking(const SPackageSource &source) : builder(source) {}
+    CPackageBuilder builder;
+    QString reason;
+};
 } // namespace
 
 CExportController::CExportController(QWidget *window, CEmulatorAdapter *adapter,
@@ -72,26 +82,40 @@ CProjectExporter::EResult CExportController::writePackage(CProjectExporter *expo
                                                           const QString &folder,
                                                           QString *reason) const
 {
-    const QPointer<CProjectModel> still(project);
-    const auto screens =
-        exporter->collect(project, CProjectExporter::EContent::DisplayListsAndFrames);
-    if (!screens || !still)
+    if (!project)
         return CProjectExporter::EResult::Cancelled;
-    if (screens->size() != project->screenCount()) {
+    const QPointer<CProjectModel> still(project);
+    const auto packing = std::make_shared<SPacking>(packageSource(*project));
+    int pages = 0;
+    const auto result = exporter->render(project, CProjectExporter::EContent::DisplayListsAndFrames,
+                                         nullptr, [&](SScreenExport &&page) {
+                                             packing->builder.add(page);
+                                             ++pages;
+                                         });
+    if (result != CProjectExporter::EResult::Written)
+        return result;
+    if (!still)
+        return CProjectExporter::EResult::Cancelled;
+    if (pages != project->screenCount()) {
         *reason = tr("Not all pages could be drawn.");
         return CProjectExporter::EResult::NotWritten;
     }
-    const std::unique_ptr<QThread> packing(
-        QThread::create([source = packageSource(*project, *screens), folder, reason] {
-            CPackageBuilder builder;
-            *reason = builder.build(source) ? writePackageFiles(folder, builder.package())
-                                            : builder.problems().join(QLatin1Char('\n'));
-        }));
+    std::unique_ptr<QThread> thread(QThread::create([packing, folder] {
+        packing->reason = packing->builder.finish()
+                              ? writePackageFiles(folder, packing->builder.package())
+                              : packing->builder.problems().join(QLatin1Char('\n'));
+    }));
     QEventLoop loop;
-    connect(packing.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    packing->start();
+    connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+    thread->start();
     loop.exec();
-    packing->wait();
+    // When the program is to end, a disk that does not answer must not keep it.
+    if (!thread->wait(LongestEnd)) {
+        static_cast<void>(thread.release()); // it runs on
+        m_adapter->noteLeftBehind();
+        return CProjectExporter::EResult::Cancelled;
+    }
+    *reason = packing->reason;
     return reason->isEmpty() ? CProjectExporter::EResult::Written
                              : CProjectExporter::EResult::NotWritten;
 }
@@ -136,6 +160,7 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
         waitForEmulator();
         return !m_isCancelled && !progress.wasCanceled();
     });
+    exporter.setCancelled([&] { return m_isCancelled || progress.wasCanceled(); });
 
     QString reason;
     switch (form(&exporter, project, path, &reason)) {
@@ -162,9 +187,13 @@ void CExportController::exportProject(CProjectModel *project, const QString &pat
 void CExportController::waitForEmulator() const
 {
     const QDeadlineTimer deadline(LongestRender);
-    while (m_adapter->isBusy() && !m_isCancelled && !deadline.hasExpired()) {
-        QCoreApplication::processEvents();
-        QThread::msleep(WaitStepTime);
+    QEventLoop loop;
+    QTimer step;
+    connect(&step, &QTimer::timeout, &loop, &QEventLoop::quit);
+    connect(m_adapter, &CEmulatorAdapter::emulatorFrameCallback, &loop, &QEventLoop::quit,
+            Qt::QueuedConnection); // then it is idle
+    step.start(WaitStepTime);
+    while (m_adapter->isBusy() && !m_isCancelled && !deadline.hasExpired() && loop.exec() >= 0) {
     }
 }
 

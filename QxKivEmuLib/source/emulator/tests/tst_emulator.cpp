@@ -1,7 +1,7 @@
 #include "CAnswers.h"
 #include "CTestModel.h"
 #include "QxKivEmuLib.h"
-#include "StalledRead.h"
+#include "StalledDisk.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -54,7 +54,7 @@ protected:
         model.add("load_image('" + picture + "')");
         ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1);
         render(model);
-        while (stalledread::begun() < count)
+        while (stalleddisk::begun() < count)
             std::this_thread::yield();
     }
     CAnswers &answers() { return CAnswers::instance(); }
@@ -252,7 +252,7 @@ TEST_F(Emulator, workersThatHangAreLeftBehind)
     ASSERT_EQ(Emu_Start(plainScript().c_str(), Chip), 1);
     render(plain);
     EXPECT_EQ(answers().wait(1)[0].pixel(10, 20), Red);
-    stalledread::release();
+    stalleddisk::release();
     for (size_t i = 2; i < 50; ++i) {
         render(plain);
         EXPECT_EQ(answers().wait(i).back().pixel(10, 20), Red);
