@@ -16,10 +16,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
-constexpr int64_t MostFrameBytes = int64_t{48} << 20; ///< of the frames that are drawn at once
+constexpr int64_t MostFrameBytes = int64_t{40} << 20; ///< of the frames that are drawn at once
 constexpr std::chrono::seconds Patience{60};          ///< for a screen
 
 struct SCounts
@@ -160,7 +161,7 @@ void CExportJob::render(const QList<int> &rows, CPageOutputs &outputs)
                     [&](SScreenExport &&screen) {
                         missUntil(screen.screen);
                         addToReport(screen);
-                        outputs.add(screen, next++);
+                        outputs.add(std::move(screen), next++);
                     });
     session.close();
     if (StopSignals::exitCode() == 0)

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-CFileQueue::CFileQueue(int threads) : m_room(threads + 1)
+CFileQueue::CFileQueue(int threads) : m_room(threads)
 {
     m_threads.setMaxThreadCount(threads);
 }

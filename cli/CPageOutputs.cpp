@@ -30,7 +30,7 @@ CPageOutputs::CPageOutputs(const CExportOptions &options, CMessages &messages,
         m_package.emplace(packageSource(project));
 }
 
-void CPageOutputs::add(const SScreenExport &screen, int index)
+void CPageOutputs::add(SScreenExport &&screen, int index)
 {
     ++m_count;
     if (!m_options.dlFile.isEmpty())
@@ -46,9 +46,9 @@ void CPageOutputs::add(const SScreenExport &screen, int index)
         m_package->add(screen);
 }
 
-void CPageOutputs::addPicture(const SScreenExport &screen, int index)
+void CPageOutputs::addPicture(SScreenExport &screen, int index)
 {
-    const QImage &frame = screen.frame;
+    QImage frame = std::exchange(screen.frame, {}); // whoever holds it alone needs no copy
     if (frame.isNull())
         m_messages.fail(QStringLiteral("%1: screen \"%2\": A screen without width or height has "
                                        "no picture.")
@@ -56,7 +56,9 @@ void CPageOutputs::addPicture(const SScreenExport &screen, int index)
     else
         m_pictures.add(QDir(m_options.pngFolder).filePath(m_pictureNames[index]),
                        QStringLiteral("%1 x %2 pixels").arg(frame.width()).arg(frame.height()),
-                       [frame] { return CScreenshotWriter::toPng(frame); });
+                       [frame = std::move(frame)]() mutable {
+                           return CScreenshotWriter::toPng(std::move(frame));
+                       });
 }
 
 void CPageOutputs::finish(bool isComplete)

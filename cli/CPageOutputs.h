@@ -23,7 +23,7 @@ public:
                  const QStringList &names, int threads);
 
     /// `index`: of its name.
-    void add(const SScreenExport &screen, int index);
+    void add(SScreenExport &&screen, int index);
     /// Writes the rest. `isComplete`: no screen was missing.
     void finish(bool isComplete);
     /// Ends at once, as far as that can be.
@@ -33,7 +33,7 @@ public:
     void writeFile(const QString &path, const QByteArray &bytes, const QString &kind);
 
 private:
-    void addPicture(const SScreenExport &screen, int index);
+    void addPicture(SScreenExport &screen, int index);
     void writePackage(bool isComplete);
     void tell(const CFileQueue::SFile &file);
     bool makeFolder(const QString &folder, const QString &output);

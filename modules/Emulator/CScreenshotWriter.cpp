@@ -6,6 +6,8 @@
 #include <QBuffer>
 #include <QFile>
 
+#include <utility>
+
 CScreenshotWriter::CScreenshotWriter(const QString &folder) : m_folder(folder)
 {
 }
@@ -30,9 +32,9 @@ QString CScreenshotWriter::freePath(const QString &screenName) const
     return start + FileNames::unused(screenName, QStringLiteral(".png"), isTaken);
 }
 
-QByteArray CScreenshotWriter::toPng(const QImage &picture)
+QByteArray CScreenshotWriter::toPng(QImage picture)
 {
-    QImage opaque = picture.convertToFormat(QImage::Format_RGB32);
+    QImage opaque = std::move(picture).convertToFormat(QImage::Format_RGB32);
     // A new image has the resolution of the display, which would get into the file.
     constexpr int dotsPerMeter = 3780; // 96 dpi
     opaque.setDotsPerMeterX(dotsPerMeter);

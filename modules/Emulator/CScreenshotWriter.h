@@ -22,7 +22,7 @@ public:
     QStringList skipped() const { return m_skipped; }
 
     /// The picture as a PNG file; the same pixels give the same bytes. Empty for an empty picture.
-    static QByteArray toPng(const QImage &picture);
+    static QByteArray toPng(QImage picture);
 
 private:
     QString freePath(const QString &screenName) const;
