@@ -34,7 +34,12 @@ private Q_SLOTS:
         QFile project(path("work/demo.nyx"));
         QVERIFY(project.open(QIODevice::WriteOnly));
         project.write("<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" "
-                      "height=\"272\"><Kiv_Screen_T name=\"First\"/></Kiv_Project_T>");
+                      "height=\"272\"><Kiv_Screen_T name=\"First\"><Kiv_Bitmap_T id=\"1\" "
+                      "basename=\"a\" bfolder=\"stalled.d\" format=\"L8\" bwidth=\"8\" "
+                      "bheight=\"8\"/></Kiv_Screen_T></Kiv_Project_T>");
+        QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("work/stalled.d")));
+        QFile bitmap(path("work/stalled.d/a_L8.raw"));
+        QVERIFY(bitmap.open(QIODevice::WriteOnly) && bitmap.resize(64));
     }
 
     void noDisplay()
@@ -72,22 +77,35 @@ private Q_SLOTS:
     void endedBySignal_data()
     {
         QTest::addColumn<int>("number");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGHUP") << SIGHUP;
-        QTest::newRow("SIGINT") << SIGINT;
+        QTest::addColumn<bool>("diskHangs"); // in the file of the bitmap
+        QTest::newRow("SIGTERM") << SIGTERM << false;
+        QTest::newRow("SIGHUP") << SIGHUP << false;
+        QTest::newRow("SIGINT") << SIGINT << false;
+        QTest::newRow("SIGTERM while the emulator hangs") << SIGTERM << true;
     }
 
     /// Opens the project that is named relative to where the user stands, and ends in order.
     void endedBySignal()
     {
         QFETCH(int, number);
+        QFETCH(bool, diskHangs);
         QProcess program;
+        if (diskHangs) {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(
+                "LD_PRELOAD",
+                QDir(qEnvironmentVariable("KIV_BIN_DIR")).filePath("../tests/stalleddisk.so"));
+            program.setProcessEnvironment(environment);
+        }
         program.setWorkingDirectory(path("work"));
         program.start(path("panel-composer"), {QStringLiteral("demo.nyx")});
         QVERIFY(program.waitForStarted());
         const QString lock = path("work/.demo.nyx.lock");
         // A lock is there a moment before it says whose it is.
         QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty(), 60000);
+        QByteArray told;
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !diskHangs || (told += program.readAllStandardError()).contains("stalled"), 60000);
         // The signal may come at any moment from here on; before the event loop, it waits for it.
         QVERIFY(::kill(pid_t(program.processId()), number) == 0);
         QVERIFY(program.waitForFinished(60000));

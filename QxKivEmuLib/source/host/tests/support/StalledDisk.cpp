@@ -25,6 +25,7 @@ void waitIfStalled(int descriptor)
     if (isReleased || !isStalled(descriptor))
         return;
     ++calls;
+    std::fputs("stalled\n", stderr); // for whoever looks on from another process
     while (!isReleased)
         usleep(Millisecond);
 }
