@@ -24,7 +24,6 @@ class tst_ImageFileConverter : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void callsOfTheTools();
     void optionsAsFileNames();
     void successNeedsItsOutput();
     void quantisedFileUnderAnotherName();
@@ -119,42 +118,6 @@ std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &
     connect(&converter, &CImageFileConverter::failed,
             [](const QString &text) { qWarning() << text; });
     return converter.convertedImage(photo, format);
-}
-
-void tst_ImageFileConverter::callsOfTheTools()
-{
-    const std::pair<QString, QString> cases[] = {
-        // the format, and what the last tool is told of it
-        {"ARGB1555", "0"},    {"L1", "1"},          {"L4", "2"},       {"L8", "3"},
-        {"RGB332", "4"},      {"ARGB2", "5"},       {"ARGB4", "6"},    {"RGB565", "7"},
-        {"L2", "9"},          {"DXT1", ""},         {"PALETTED", "0"}, {"PALETTED8", "1"},
-        {"PALETTED565", "2"}, {"PALETTED4444", "3"}};
-    const QString photo = makeImage("photo.png");
-    for (const auto &[format, code] : cases) {
-        const QByteArray output = "echo x > 'photo_" + format.toUtf8() + ".raw'";
-        addRecorder("bmpconv/bmpconv.exe", output);
-        addRecorder("DXT1/dxtpack.exe", output);
-        addRecorder("Palette/pngquant.exe", "echo x > photo-fs8.png");
-        addRecorder("Palette/palsplit.exe", output);
-        QFile::remove(m_stubs->path("calls.txt"));
-        QVERIFY(CImageFileConverter().convert(photo, format));
-
-        const QString workingFolder = project() + folderOf(format);
-        QCOMPARE(CToolStubs::read(workingFolder + "/photo.png"), CToolStubs::read(photo));
-        const auto environmentOf = [&](const QString &tool) {
-            const QString path = QString::fromLocal8Bit(qgetenv("PATH"));
-            return Names{workingFolder, path + ":" + m_stubs->toolPath(tool)};
-        };
-        Names expected;
-        if (format == "DXT1")
-            expected = Names{"-i", "photo.png"} + environmentOf("DXT1");
-        else if (format.startsWith("PALETTED"))
-            expected = Names{"-f", "photo.png"} + environmentOf("Palette") +
-                       Names{"-i", "photo-fs8.png", "-f", code} + environmentOf("Palette");
-        else
-            expected = Names{"-i", "photo.png", "-f", code} + environmentOf("bmpconv");
-        QCOMPARE(calls(), expected);
-    }
 }
 
 void tst_ImageFileConverter::optionsAsFileNames()
