@@ -175,6 +175,7 @@ class tst_RoundTrip : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void general();
+    void darkAreasKeepTheirLight();
     void transparentPixelsStayApart();
     void faintPixelsGiveLittleAway();
     void alphaOfOneBitIsAThreshold();
@@ -223,6 +224,24 @@ void tst_RoundTrip::verifyBounds(const SFormat &format, const QString &kind, boo
         } else if (format.bits[0] > 1) { // the errors of alpha and colour add up
             const int both = gap(format.bits[0]) + (channel ? step : 0);
             QVERIFY2(error.most <= (isDithered ? both : both / 2) + 1, text);
+        }
+    }
+}
+
+void tst_RoundTrip::darkAreasKeepTheirLight()
+{
+    // Far from any code, so that errors have to travel a long way; whatever got lost would leave it
+    // black.
+    QImage image(200, 150, QImage::Format_RGB32);
+    image.fill(qRgb(9, 9, 9));
+    for (const SFormat &format : Formats) {
+        const auto pixels = shown(image, format);
+        QVERIFY(!pixels.empty());
+        for (size_t channel = 1; channel < 4; ++channel) {
+            const SError error =
+                compare(pixels, image, channel, [&](QRgb p) { return wanted(p, format); });
+            const double lost = gap(format.bits[channel]) * 350.0 / (200 * 150); // over the edges
+            QVERIFY2(std::abs(error.signedMean) <= lost + 0.3, described(error, channel));
         }
     }
 }
