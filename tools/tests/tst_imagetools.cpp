@@ -47,7 +47,6 @@ private Q_SLOTS:
     void wrongArguments();
     void files();
     void suffixDecides();
-    void outputThatCannotBeWritten();
     void pngquantPassesOtherCallsOn();
 };
 
@@ -141,17 +140,6 @@ void tst_ImageTools::suffixDecides()
     folder.write("y-fs8.jpg", pngBytes()); // but what the quantiser writes is always PNG
     QVERIFY(folder.succeeds("Palette/palsplit.exe", {"-i", "y-fs8.jpg", "-f", "0"}));
     QVERIFY(!folder.read("y_PALETTED.raw").isEmpty());
-}
-
-void tst_ImageTools::outputThatCannotBeWritten()
-{
-    for (const STool &tool : Tools) {
-        CToolFolder folder;
-        folder.write("x.png", pngBytes());
-        QVERIFY(QDir().mkpath(folder.path(tool.output)));
-        QVERIFY(!folder.succeeds(tool.program, QStringList{"-i", "x.png"} + tool.options));
-        QVERIFY2(folder.error.contains(tool.output), qPrintable(folder.error));
-    }
 }
 
 void tst_ImageTools::pngquantPassesOtherCallsOn()

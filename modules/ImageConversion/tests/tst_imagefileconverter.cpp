@@ -179,10 +179,16 @@ void tst_ImageFileConverter::quantisedFileUnderAnotherName()
         const QString output = project() + "/" + base + "_PALETTED/" + base + "_PALETTED";
         const QString photo = makeImage(source);
         QDir(project()).removeRecursively();
+        // A tool that writes into what it finds changes nothing that lies elsewhere.
+        const QString victim = m_stubs->path("victim");
+        CToolStubs::write(victim, "kept");
+        QVERIFY(QDir().mkpath(QFileInfo(output).path()));
+        QVERIFY(QFile::link(victim, QFileInfo(output).path() + "/" + base + "-fs8.png"));
         m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
         QVERIFY(CImageFileConverter().convert(photo, "PALETTED8"));
         m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED565.raw");
         QVERIFY(CImageFileConverter().convert(photo, "PALETTED565")); // the renamed one lies there
+        QCOMPARE(CToolStubs::read(victim), QByteArray("kept"));
         QVERIFY(CToolStubs::read(output + "8.raw") != CToolStubs::read(output + "565.raw"));
         QVERIFY(QFile::exists(QFileInfo(output).path() + "/" + expectedInput));
     }

@@ -22,7 +22,6 @@ class tst_Files : public QObject
 
 private Q_SLOTS:
     void writesAndReplaces();
-    void fullDisk();
     void badTargets();
     void foldersThatForbid();
     void readsRegularFilesOnly();
@@ -75,21 +74,6 @@ void tst_Files::writesAndReplaces()
          {QByteArray("old"), large, QByteArray(), QByteArray("a\0b", 3)}) {
         QCOMPARE(CFileWriter::write(path, bytes), QString());
         QCOMPARE(contentOf(path), bytes);
-    }
-    QCOMPARE(entriesOf(folder.path()).size(), 1);
-}
-
-void tst_Files::fullDisk()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("project.nyx"));
-    const QByteArray old(5000, 'o');
-    const QByteArray fresh(20000, 'n');
-    QCOMPARE(CFileWriter::write(path, old), QString());
-    for (int limit = 0; limit <= 21000; limit += 500) {
-        const bool fits = limit >= fresh.size();
-        QCOMPARE(inChild([&] { return writeWithLimit(path, fresh, limit); }), fits ? 0 : 1);
-        QVERIFY(contentOf(path) == (fits ? fresh : old));
     }
     QCOMPARE(entriesOf(folder.path()).size(), 1);
 }

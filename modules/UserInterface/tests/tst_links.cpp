@@ -7,6 +7,9 @@
 #include "CProjectModel.h"
 #include "CRecoveryCopy.h"
 #include "CScreenshotWriter.h"
+#include "CSettings.h"
+#include "CXmlGuard.h"
+#include "ConvertedImageFacts.h"
 #include "PackageFiles.h"
 #include "ProjectTestSupport.h"
 #include "PropertyKey.h"
@@ -68,6 +71,7 @@ private Q_SLOTS:
     void projectKeepsItsLink();
     void foldersThatAreLinks_data();
     void foldersThatAreLinks();
+    void readersDoNotWait();
 
 private:
     struct SWriter
@@ -183,6 +187,10 @@ QVector<tst_Links::SWriter> tst_Links::allWriters() const
              writer.write("Page", QImage(2, 2, QImage::Format_RGB32));
              return writer.skipped().value(0);
          }},
+        {"config.ini",
+         [](const QString &path) {
+             return CSettings(QFileInfo(path).path()).write({}) ? QString() : path;
+         }},
         {"out.dl", exportedAs("--dl")},
         {"out.bin", exportedAs("--bin")},
         {"out.json", exportedAs("--report")},
@@ -288,6 +296,24 @@ void tst_Links::foldersThatAreLinks()
     CFileCopies copies(m_folder->filePath("p"));
     copies.add(m_folder->filePath("photos/x.png"), m_folder->filePath("p/../outside/y.png"));
     QVERIFY(copies.copy().contains("outside"));
+}
+
+/// For what may never begin, or never end.
+void tst_Links::readersDoNotWait()
+{
+    const SObstacle &device = Obstacles[4];
+    const SObstacle &pipe = Obstacles[7];
+    for (const SObstacle *each : {&device, &pipe}) {
+        for (const char *name : {"x.json", "x.raw", "x.avi", ".demo.nyx.saved"})
+            QCOMPARE(each->make(qPrintable(inProject(name)), nullptr), 0);
+        QVERIFY(describedSize(inProject("x.raw")).isEmpty());
+        QVERIFY(!CFileCopies::areEqual(inProject("x.raw"), inProject("x.avi")));
+        quint32 side = 0;
+        QVERIFY(!CImageFileConverter::aviFrameSize(inProject("x.avi"), side, side));
+        QVERIFY(!CProjectFile(inProject("demo.nyx")).savedVersion());
+        QVERIFY(!CXmlGuard::readFile(inProject("x.raw")));
+        init();
+    }
 }
 
 QTEST_MAIN(tst_Links)
