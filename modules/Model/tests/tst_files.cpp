@@ -74,6 +74,8 @@ void tst_Files::writesAndReplaces()
          {QByteArray("old"), large, QByteArray(), QByteArray("a\0b", 3)}) {
         QCOMPARE(CFileWriter::write(path, bytes), QString());
         QCOMPARE(contentOf(path), bytes);
+        QCOMPARE(QFileInfo(path).permission(QFile::WriteOther), bytes != "old"); // rights stay
+        QCOMPARE(chmod(qPrintable(path), 0646), 0);
     }
     QCOMPARE(entriesOf(folder.path()).size(), 1);
 }
