@@ -18,27 +18,277 @@ class tst_EmulatorAdapter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QFile script(m_folder.filePath("kiv_render.lua"));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+    }
 
-    void ignoresRequestsUntilRegistered();
-    void registersAScriptFile();
-    void queueRules_data();
-    void queueRules();
-    void passesValuesOn();
-    void emptyAnswersCompleteTheRequest();
-    void walksTheItemsOfTheScreen();
-    void survivesRandomInterleaving();
+    void init()
+    {
+        m_onFrame = {};
+        m_iterators.clear();
+        m_project = testProject({QStringLiteral("A"), "B", "C", QStringLiteral("D")});
+        CFakeEmulator::instance().reset([this](const QString &call) { m_log.append(call); });
+        QVERIFY(m_adapter->registerEmulator(m_folder.filePath("kiv_render.lua")));
+        m_adapter->followProject(m_project.get());
+        m_log.clear();
+
+        m_receiver = std::make_unique<QObject>();
+        using Adapter = CEmulatorAdapter;
+        connect(m_adapter, &Adapter::emulatorFrameCallback, m_receiver.get(),
+                [this](bool output, const QPixmap &pixmap, uint32_t width, uint32_t height,
+                       void *observer, size_t ramDl) {
+                    tell(output ? "frame" : "frame of the background", observer);
+                    m_pixmap = pixmap.toImage();
+                    m_told.width = width;
+                    m_told.height = height;
+                    m_told.ramDl = ramDl;
+                    if (const FrameHook hook = std::exchange(m_onFrame, {}))
+                        hook();
+                });
+        connect(m_adapter, &Adapter::emulatorBackgroundFrameCallback, m_receiver.get(),
+                [this](bool output, const argb8888 *buffer, uint32_t width, uint32_t height,
+                       void *observer, size_t ramDl) {
+                    tell(output ? "bgframe of the foreground" : "bgframe", observer);
+                    m_pixels.resize(int(width * height));
+                    std::copy_n(buffer, m_pixels.size(), m_pixels.begin());
+                    m_told.width = width;
+                    m_told.height = height;
+                    m_told.ramDl = ramDl;
+                });
+        const auto list = [this](const char *signal) {
+            return [this, signal](const QString &text, const QByteArray &bytes, void *observer,
+                                  size_t ramG, char *errors) {
+                tell(signal, observer);
+                m_toldText = text;
+                m_told.bytes = bytes;
+                m_told.ramG = ramG;
+                m_told.errors = errors;
+            };
+        };
+        connect(m_adapter, &Adapter::emulatorFrameDLCallback, m_receiver.get(), list("dl"));
+        connect(m_adapter, &Adapter::emulatorBackgroundFrameDLCallback, m_receiver.get(),
+                list("bgdl"));
+    }
+
+    void cleanup()
+    {
+        m_receiver.reset();
+        m_adapter->emulatorStop();
+        QCoreApplication::processEvents();
+    }
+
+    void ignoresRequestsUntilRegistered()
+    {
+        QVERIFY(!m_adapter->registerEmulator(m_folder.filePath("missing.lua")));
+        QVERIFY(!m_adapter->registerEmulator(m_folder.path())); // a folder is no script
+        run("fg A");
+        run("bg B");
+        QCOMPARE(m_log, QStringList());
+        QVERIFY(!m_adapter->isBusy());
+    }
+
+    void queueRules_data()
+    {
+        QTest::addColumn<QString>("events");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *fact, const char *events, const char *expected) {
+            QTest::newRow(fact) << QString::fromLatin1(events) << QString::fromLatin1(expected);
+        };
+
+        row("list before frame, each with its observer", "fg A; answer; bg B; answer",
+            "render fg A; dl A; frame A; render bg B; bgdl B; bgframe B");
+        row("of parked foreground requests the newest survives",
+            "fg A; fg B; fg C; fg D; answer; answer",
+            "render fg A; dl A; frame A; render fg D; dl D; frame D");
+        row("parked background goes before parked foreground, in order",
+            "bg A; fg B; bg C; bg D; answer; answer; answer; answer",
+            "render bg A; bgdl A; bgframe A; render bg C; bgdl C; bgframe C; "
+            "render bg D; bgdl D; bgframe D; render fg B; dl B; frame B");
+        row("background parked behind foreground loses its mark",
+            "fg A; bg B; bg C; answer; answer; answer",
+            "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; dl C; bgframe "
+            "C");
+        row("background parked behind background keeps it", "bg A; bg B; answer; answer",
+            "render bg A; bgdl A; bgframe A; render bg B; bgdl B; bgframe B");
+        row("the mark ends with the queue", "bg A; fg B; answer; bg C; answer; answer",
+            "render bg A; bgdl A; bgframe A; render fg B; dl B; frame B; render bg C; dl C; "
+            "bgframe C");
+        row("an idle adapter marks again", "fg A; bg B; answer; answer; bg C; answer",
+            "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; bgdl C; "
+            "bgframe C");
+        row("background requests are never merged", "fg A; bg B; bg B; answer; answer; answer",
+            "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg B; dl B; bgframe "
+            "B");
+        row("a partial frame is not told and ends nothing",
+            "fg A; fg B; partial; partial; answer; answer",
+            "render fg A; dl A; frame A; render fg B; dl B; frame B");
+
+        row("without an observer the list is dropped, the frame told", "fg A anonymous; answer",
+            "render fg A; frame null");
+        row("a parked request without an observer is none", "fg A; fg B anonymous; answer; fg C",
+            "render fg A; dl A; frame A; render fg C");
+
+        row("stopping drops late answers and what is parked",
+            "fg A; bg B; fg C; answer unseen; stop; fg D; answer",
+            "render fg A; emu stop; render fg D; dl D; frame D");
+        row("stopping between list and frame", "bg A; list; stop; fg B; answer",
+            "render bg A; bgdl A; emu stop; render fg B; dl B; frame B");
+        row("stopping from within an answer", "fg A; fg B; onframe stop; answer; fg C; answer",
+            "render fg A; dl A; frame A; emu stop; render fg C; dl C; frame C");
+        row("a request after stopping from within an answer is the one in flight",
+            "fg A; onframe stop+fg B; answer; fg C; answer; answer",
+            "render fg A; dl A; frame A; emu stop; render fg B; dl B; frame B; render fg C; dl C; "
+            "frame C");
+        row("starting while busy stops first", "fg A; fg B; answer unseen; start 257; fg C; answer",
+            "render fg A; emu stop; emu start SCRIPT 257; render fg C; dl C; frame C");
+        row("a request from within an answer is parked", "fg A; bg B; onframe fg C; answer; answer",
+            "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render fg C");
+
+        row("a parked screen that is removed", "fg A; fg B; remove B; answer; fg C",
+            "render fg A; dl A; frame A; render fg C");
+        row("another screen that is removed", "fg A; fg B; remove A; remove C; answer; answer",
+            "render fg A; dl A; frame A; render fg B; dl B; frame B");
+        row("the project goes with a parked screen", "fg A; fg B; close; answer",
+            "render fg A; dl A; frame A");
+        row("a requester goes with its queued requests",
+            "fg A; bg B; bg C; bg B; fg B; withdraw B; answer; answer",
+            "render fg A; dl A; frame A; render bg C; dl C; bgframe C");
+        row("a requester goes while its request is in flight",
+            "bg A; bg B; withdraw A; answer; answer",
+            "render bg A; render bg B; bgdl B; bgframe B");
+        row("a requester goes after its list", "fg A; list; withdraw A; bg B; answer; answer",
+            "render fg A; dl A; render bg B; dl B; bgframe B");
+    }
+
+    void queueRules()
+    {
+        QFETCH(QString, events);
+        QFETCH(QString, expected);
+        expected.replace(QLatin1String("SCRIPT"), m_folder.filePath("kiv_render.lua"));
+        for (const QString &event : events.split("; "))
+            run(event);
+        QCOMPARE(m_log.join("; "), expected);
+    }
+
+    void passesValuesOn()
+    {
+        CFakeEmulator::SAnswer answer;
+        answer.text = "TEXT(\"\xB0\");";
+        answer.bytes = QByteArray("\0\1;\0", 4);
+        answer.ramG = 0x1'0000'0001;
+        answer.errors = "Kiv_Text_T 7: no such font";
+        // Each pixel another colour: a wrong stride, order of rows or of channels shows.
+        const QVector<argb8888> pixels = {0x80000001, 0xFF000200, 0xFF030000,
+                                          0xFF040506, 0xFF070809, 0xFF0A0B0C};
+        for (const char *request : {"fg A", "bg A"}) {
+            run(QString::fromLatin1(request));
+            QVERIFY(CFakeEmulator::instance().answerDisplayList(answer));
+            QVERIFY(CFakeEmulator::instance().answerPixels(pixels, 3, 2, 1, 1234));
+            QCoreApplication::sendPostedEvents(m_adapter);
+            QCOMPARE(m_toldText, QStringLiteral("TEXT(\"\u00B0\");"));
+            QCOMPARE(m_told.bytes, answer.bytes);
+            QCOMPARE(m_told.ramG, answer.ramG);
+            QCOMPARE(m_told.errors, answer.errors);
+            QCOMPARE(QSize(int(m_told.width), int(m_told.height)), QSize(3, 2));
+            QCOMPARE(m_told.ramDl, size_t{1234});
+            m_told = {};
+        }
+        QCOMPARE(m_pixels, pixels); // of the background, as it came
+        QCOMPARE(m_pixmap.size(), QSize(3, 2));
+        for (int i = 0; i < pixels.size(); ++i)
+            QCOMPARE(m_pixmap.pixel(i % 3, i / 3), pixels[i] | 0xFF000000); // alpha does not count
+        QCOMPARE(m_log.join("; "),
+                 QString("render fg A; dl A; frame A; render bg A; bgdl A; bgframe A"));
+    }
+
+    void emptyAnswersCompleteTheRequest()
+    {
+        for (const QSize &size : {QSize(0, 272), QSize(480, 0), QSize()}) {
+            run("fg A");
+            CFakeEmulator::SAnswer empty;
+            empty.width = uint32_t(size.width());
+            empty.height = uint32_t(size.height());
+            const bool nulls = !size.isValid(); // null pointers are read as empty, too
+            m_toldText = "unread";
+            QVERIFY(nulls ? CFakeEmulator::instance().answerNulls()
+                          : CFakeEmulator::instance().answer(empty));
+            QCoreApplication::sendPostedEvents(m_adapter);
+            QVERIFY(m_pixmap.isNull() && !m_adapter->isBusy());
+            QVERIFY(!nulls || (m_toldText.isEmpty() && m_told.bytes.isEmpty()));
+            QCOMPARE(m_told.errors, QByteArray());
+            QCOMPARE(m_log.join("; "), QString("render fg A; dl A; frame A"));
+            m_log.clear();
+        }
+    }
 
 private:
     using FrameHook = std::function<void()>;
 
-    void run(const QString &event);
-    CScreenModel *screen(const QString &name) const;
+    /// Runs one event; all but "… unseen" let the adapter see what was posted to it.
+    void run(const QString &event)
+    {
+        CFakeEmulator &fake = CFakeEmulator::instance();
+        const QStringList words = event.split(' ');
+        const QString &verb = words[0];
+        const QString name = words.value(1);
+        if (verb == "fg") {
+            m_adapter->renderForeground(screen(name),
+                                        words.contains("anonymous") ? nullptr : observer(name));
+        } else if (verb == "bg") {
+            const auto made =
+                m_iterators.emplace(name, std::make_unique<CModelIterator>(screen(name)));
+            m_adapter->renderBackground(made->second.get(), observer(name));
+        } else if (verb == "answer") {
+            QVERIFY2(fake.answer(), "nothing to answer");
+        } else if (verb == "list") {
+            QVERIFY2(fake.answerDisplayList(), "nothing to answer");
+        } else if (verb == "partial") {
+            QVERIFY2(fake.answerFrame({}, 0xFFFFFFFE), "nothing to answer");
+        } else if (verb == "stop") {
+            m_adapter->emulatorStop();
+        } else if (verb == "start") {
+            m_adapter->emulatorStart(name.toUInt());
+        } else if (verb == "remove") {
+            m_project->removeRow(screen(name)->row());
+        } else if (verb == "close") {
+            m_project.reset();
+        } else if (verb == "withdraw") {
+            m_adapter->withdraw(observer(name));
+            m_iterators.erase(name);
+        } else if (verb == "onframe") {
+            m_onFrame = [this, then = event.mid(8)] {
+                for (const QString &each : then.split('+'))
+                    run(each);
+            };
+        } else {
+            QFAIL(qPrintable(event));
+        }
+        if (!words.contains("unseen"))
+            QCoreApplication::sendPostedEvents(m_adapter);
+    }
+
+    CScreenModel *screen(const QString &name) const
+    {
+        const QList<QStandardItem *> found = m_project->findItems(name);
+        return found.isEmpty() ? nullptr : static_cast<CScreenModel *>(found.first());
+    }
+
     void *observer(const QString &name) { return &m_observers[name]; }
-    QString nameOf(void *observer) const;
-    void tell(const char *signal, void *observer);
+
+    QString nameOf(void *observer) const
+    {
+        for (const auto &[name, address] : m_observers)
+            if (observer == &address)
+                return name;
+        return observer ? QStringLiteral("?") : QStringLiteral("null");
+    }
+
+    void tell(const char *signal, void *observer)
+    {
+        m_log.append(QLatin1String(signal) + QLatin1Char(' ') + nameOf(observer));
+    }
 
     QTemporaryDir m_folder;
     CEmulatorAdapter *m_adapter = CEmulatorAdapter::instance();
@@ -53,335 +303,6 @@ private:
     QVector<argb8888> m_pixels;
     FrameHook m_onFrame; ///< run once, within the next frame signal
 };
-
-void tst_EmulatorAdapter::initTestCase()
-{
-    QFile script(m_folder.filePath("kiv_render.lua"));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-}
-
-void tst_EmulatorAdapter::init()
-{
-    m_onFrame = {};
-    m_iterators.clear();
-    m_project = testProject(
-        {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D")});
-    CFakeEmulator::instance().reset([this](const QString &call) { m_log.append(call); });
-    QVERIFY(m_adapter->registerEmulator(m_folder.filePath("kiv_render.lua")));
-    m_adapter->followProject(m_project.get());
-    m_log.clear();
-
-    m_receiver = std::make_unique<QObject>();
-    using Adapter = CEmulatorAdapter;
-    connect(m_adapter, &Adapter::emulatorFrameCallback, m_receiver.get(),
-            [this](bool output, const QPixmap &pixmap, uint32_t width, uint32_t height,
-                   void *observer, size_t ramDl) {
-                tell(output ? "frame" : "frame of the background", observer);
-                m_pixmap = pixmap.toImage();
-                m_told.width = width;
-                m_told.height = height;
-                m_told.ramDl = ramDl;
-                if (const FrameHook hook = std::exchange(m_onFrame, {}))
-                    hook();
-            });
-    connect(m_adapter, &Adapter::emulatorBackgroundFrameCallback, m_receiver.get(),
-            [this](bool output, const argb8888 *buffer, uint32_t width, uint32_t height,
-                   void *observer, size_t ramDl) {
-                tell(output ? "bgframe of the foreground" : "bgframe", observer);
-                m_pixels.resize(int(width * height));
-                std::copy_n(buffer, m_pixels.size(), m_pixels.begin());
-                m_told.width = width;
-                m_told.height = height;
-                m_told.ramDl = ramDl;
-            });
-    const auto list = [this](const char *signal) {
-        return [this, signal](const QString &text, const QByteArray &bytes, void *observer,
-                              size_t ramG, char *errors) {
-            tell(signal, observer);
-            m_toldText = text;
-            m_told.bytes = bytes;
-            m_told.ramG = ramG;
-            m_told.errors = errors;
-        };
-    };
-    connect(m_adapter, &Adapter::emulatorFrameDLCallback, m_receiver.get(), list("dl"));
-    connect(m_adapter, &Adapter::emulatorBackgroundFrameDLCallback, m_receiver.get(), list("bgdl"));
-}
-
-void tst_EmulatorAdapter::cleanup()
-{
-    m_receiver.reset();
-    m_adapter->emulatorStop();
-    QCoreApplication::processEvents();
-}
-
-CScreenModel *tst_EmulatorAdapter::screen(const QString &name) const
-{
-    const QList<QStandardItem *> found = m_project->findItems(name);
-    return found.isEmpty() ? nullptr : static_cast<CScreenModel *>(found.first());
-}
-
-QString tst_EmulatorAdapter::nameOf(void *observer) const
-{
-    for (const auto &[name, address] : m_observers)
-        if (observer == &address)
-            return name;
-    return observer ? QStringLiteral("?") : QStringLiteral("null");
-}
-
-void tst_EmulatorAdapter::tell(const char *signal, void *observer)
-{
-    m_log.append(QLatin1String(signal) + QLatin1Char(' ') + nameOf(observer));
-}
-
-/// Runs one event; all but "… unseen" let the adapter see what was posted to it.
-void tst_EmulatorAdapter::run(const QString &event)
-{
-    CFakeEmulator &fake = CFakeEmulator::instance();
-    const QStringList words = event.split(' ');
-    const QString &verb = words[0];
-    const QString name = words.value(1);
-    if (verb == "fg") {
-        m_adapter->renderForeground(screen(name),
-                                    words.contains("anonymous") ? nullptr : observer(name));
-    } else if (verb == "bg") {
-        const auto made = m_iterators.emplace(name, std::make_unique<CModelIterator>(screen(name)));
-        m_adapter->renderBackground(made->second.get(), observer(name));
-    } else if (verb == "answer") {
-        QVERIFY2(fake.answer(), "nothing to answer");
-    } else if (verb == "list") {
-        QVERIFY2(fake.answerDisplayList(), "nothing to answer");
-    } else if (verb == "partial") {
-        QVERIFY2(fake.answerFrame({}, 0xFFFFFFFE), "nothing to answer");
-    } else if (verb == "stop") {
-        m_adapter->emulatorStop();
-    } else if (verb == "start") {
-        m_adapter->emulatorStart(name.toUInt());
-    } else if (verb == "remove") {
-        m_project->removeRow(screen(name)->row());
-    } else if (verb == "close") {
-        m_project.reset();
-    } else if (verb == "withdraw") {
-        m_adapter->withdraw(observer(name));
-        m_iterators.erase(name);
-    } else if (verb == "onframe") {
-        m_onFrame = [this, then = event.mid(8)] {
-            for (const QString &each : then.split('+'))
-                run(each);
-        };
-    } else {
-        QFAIL(qPrintable(event));
-    }
-    if (!words.contains("unseen"))
-        QCoreApplication::sendPostedEvents(m_adapter);
-}
-
-void tst_EmulatorAdapter::ignoresRequestsUntilRegistered()
-{
-    QVERIFY(!m_adapter->registerEmulator(m_folder.filePath("missing.lua")));
-    QVERIFY(!m_adapter->registerEmulator(m_folder.path())); // a folder is no script
-    run("fg A");
-    run("bg B");
-    QCOMPARE(m_log, QStringList());
-    QVERIFY(!m_adapter->isBusy());
-}
-
-void tst_EmulatorAdapter::registersAScriptFile()
-{
-    const QString script = m_folder.filePath("kiv_render.lua");
-    QVERIFY(m_adapter->registerEmulator(script));
-    m_adapter->emulatorStart(0x110);
-    m_adapter->emulatorConfigScreen(480, 272);
-    m_adapter->emulatorStop();
-    QCOMPARE(m_log, QStringList({"emu register", "emu start " + script + " 272",
-                                 "emu config 480 272", "emu stop"}));
-    QCOMPARE(m_adapter->chipCode(), 0x110u);
-}
-
-void tst_EmulatorAdapter::queueRules_data()
-{
-    QTest::addColumn<QString>("events");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *fact, const char *events, const char *expected) {
-        QTest::newRow(fact) << QString::fromLatin1(events) << QString::fromLatin1(expected);
-    };
-
-    row("list before frame, each with its observer", "fg A; answer; bg B; answer",
-        "render fg A; dl A; frame A; render bg B; bgdl B; bgframe B");
-    row("of parked foreground requests the newest survives",
-        "fg A; fg B; fg C; fg D; answer; answer",
-        "render fg A; dl A; frame A; render fg D; dl D; frame D");
-    row("parked background goes before parked foreground, in order",
-        "bg A; fg B; bg C; bg D; answer; answer; answer; answer",
-        "render bg A; bgdl A; bgframe A; render bg C; bgdl C; bgframe C; "
-        "render bg D; bgdl D; bgframe D; render fg B; dl B; frame B");
-    row("background parked behind foreground loses its mark",
-        "fg A; bg B; bg C; answer; answer; answer",
-        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; dl C; bgframe C");
-    row("background parked behind background keeps it", "bg A; bg B; answer; answer",
-        "render bg A; bgdl A; bgframe A; render bg B; bgdl B; bgframe B");
-    row("the mark ends with the queue", "bg A; fg B; answer; bg C; answer; answer",
-        "render bg A; bgdl A; bgframe A; render fg B; dl B; frame B; render bg C; dl C; bgframe C");
-    row("an idle adapter marks again", "fg A; bg B; answer; answer; bg C; answer",
-        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg C; bgdl C; bgframe C");
-    row("background requests are never merged", "fg A; bg B; bg B; answer; answer; answer",
-        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render bg B; dl B; bgframe B");
-    row("a partial frame is not told and ends nothing",
-        "fg A; fg B; partial; partial; answer; answer",
-        "render fg A; dl A; frame A; render fg B; dl B; frame B");
-
-    row("without an observer the list is dropped, the frame told", "fg A anonymous; answer",
-        "render fg A; frame null");
-    row("a parked request without an observer is none", "fg A; fg B anonymous; answer; fg C",
-        "render fg A; dl A; frame A; render fg C");
-
-    row("stopping drops late answers and what is parked",
-        "fg A; bg B; fg C; answer unseen; stop; fg D; answer",
-        "render fg A; emu stop; render fg D; dl D; frame D");
-    row("stopping between list and frame", "bg A; list; stop; fg B; answer",
-        "render bg A; bgdl A; emu stop; render fg B; dl B; frame B");
-    row("stopping from within an answer", "fg A; fg B; onframe stop; answer; fg C; answer",
-        "render fg A; dl A; frame A; emu stop; render fg C; dl C; frame C");
-    row("a request after stopping from within an answer is the one in flight",
-        "fg A; onframe stop+fg B; answer; fg C; answer; answer",
-        "render fg A; dl A; frame A; emu stop; render fg B; dl B; frame B; render fg C; dl C; "
-        "frame C");
-    row("starting while busy stops first", "fg A; fg B; answer unseen; start 257; fg C; answer",
-        "render fg A; emu stop; emu start SCRIPT 257; render fg C; dl C; frame C");
-    row("a request from within an answer is parked", "fg A; bg B; onframe fg C; answer; answer",
-        "render fg A; dl A; frame A; render bg B; dl B; bgframe B; render fg C");
-
-    row("a parked screen that is removed", "fg A; fg B; remove B; answer; fg C",
-        "render fg A; dl A; frame A; render fg C");
-    row("another screen that is removed", "fg A; fg B; remove A; remove C; answer; answer",
-        "render fg A; dl A; frame A; render fg B; dl B; frame B");
-    row("the project goes with a parked screen", "fg A; fg B; close; answer",
-        "render fg A; dl A; frame A");
-    row("a requester goes with its queued requests",
-        "fg A; bg B; bg C; bg B; fg B; withdraw B; answer; answer",
-        "render fg A; dl A; frame A; render bg C; dl C; bgframe C");
-    row("a requester goes while its request is in flight", "bg A; bg B; withdraw A; answer; answer",
-        "render bg A; render bg B; bgdl B; bgframe B");
-    row("a requester goes after its list", "fg A; list; withdraw A; bg B; answer; answer",
-        "render fg A; dl A; render bg B; dl B; bgframe B");
-}
-
-void tst_EmulatorAdapter::queueRules()
-{
-    QFETCH(QString, events);
-    QFETCH(QString, expected);
-    expected.replace(QLatin1String("SCRIPT"), m_folder.filePath("kiv_render.lua"));
-    for (const QString &event : events.split("; "))
-        run(event);
-    QCOMPARE(m_log.join("; "), expected);
-}
-
-void tst_EmulatorAdapter::passesValuesOn()
-{
-    CFakeEmulator::SAnswer answer;
-    answer.text = "TEXT(\"\xB0\");";
-    answer.bytes = QByteArray("\0\1;\0", 4);
-    answer.ramG = 0x1'0000'0001;
-    answer.errors = "Kiv_Text_T 7: no such font";
-    // Each pixel another colour: a wrong stride, order of rows or of channels shows.
-    const QVector<argb8888> pixels = {0x80000001, 0xFF000200, 0xFF030000,
-                                      0xFF040506, 0xFF070809, 0xFF0A0B0C};
-    for (const char *request : {"fg A", "bg A"}) {
-        run(QString::fromLatin1(request));
-        QVERIFY(CFakeEmulator::instance().answerDisplayList(answer));
-        QVERIFY(CFakeEmulator::instance().answerPixels(pixels, 3, 2, 1, 1234));
-        QCoreApplication::sendPostedEvents(m_adapter);
-        QCOMPARE(m_toldText, QStringLiteral("TEXT(\"\u00B0\");"));
-        QCOMPARE(m_told.bytes, answer.bytes);
-        QCOMPARE(m_told.ramG, answer.ramG);
-        QCOMPARE(m_told.errors, answer.errors);
-        QCOMPARE(QSize(int(m_told.width), int(m_told.height)), QSize(3, 2));
-        QCOMPARE(m_told.ramDl, size_t{1234});
-        m_told = {};
-    }
-    QCOMPARE(m_pixels, pixels); // of the background, as it came
-    QCOMPARE(m_pixmap.size(), QSize(3, 2));
-    for (int i = 0; i < pixels.size(); ++i)
-        QCOMPARE(m_pixmap.pixel(i % 3, i / 3), pixels[i] | 0xFF000000); // alpha does not count
-    QCOMPARE(m_log.join("; "),
-             QString("render fg A; dl A; frame A; render bg A; bgdl A; bgframe A"));
-}
-
-void tst_EmulatorAdapter::emptyAnswersCompleteTheRequest()
-{
-    for (const QSize &size : {QSize(0, 272), QSize(480, 0), QSize()}) {
-        run("fg A");
-        CFakeEmulator::SAnswer empty;
-        empty.width = uint32_t(size.width());
-        empty.height = uint32_t(size.height());
-        const bool nulls = !size.isValid(); // null pointers are read as empty, too
-        m_toldText = "unread";
-        QVERIFY(nulls ? CFakeEmulator::instance().answerNulls()
-                      : CFakeEmulator::instance().answer(empty));
-        QCoreApplication::sendPostedEvents(m_adapter);
-        QVERIFY(m_pixmap.isNull() && !m_adapter->isBusy());
-        QVERIFY(!nulls || (m_toldText.isEmpty() && m_told.bytes.isEmpty()));
-        QCOMPARE(m_told.errors, QByteArray());
-        QCOMPARE(m_log.join("; "), QString("render fg A; dl A; frame A"));
-        m_log.clear();
-    }
-}
-
-void tst_EmulatorAdapter::walksTheItemsOfTheScreen()
-{
-    for (const char *name : {"front", "back"}) { // groups need no widget library
-        auto *group = new CWidgetGroupModel(m_project->library(), m_project.get());
-        group->setProperty(PropertyKey::Name, name);
-        screen("B")->appendRow(group);
-    }
-    run("fg A");
-    run("fg B");
-    run("answer");
-    const CFakeEmulator::SRequest request = CFakeEmulator::instance().requests().value(0);
-    QCOMPARE(request.screen, QStringLiteral("B"));
-    QCOMPARE(request.items, QStringList({"back", "front"}));
-}
-
-void tst_EmulatorAdapter::survivesRandomInterleaving()
-{
-    // What must hold whatever happens: one request in the library at a time, every answer belongs
-    // to a requester that still waits, and nothing removed is walked (AddressSanitizer sees that).
-    const QStringList verbs = {"fg",      "bg",     "answer",   "answer unseen", "list",
-                               "partial", "remove", "withdraw", "stop",          "start 256"};
-    std::mt19937 random(20240607);
-    const auto below = [&random](int limit) { return int(random() % uint32_t(limit)); };
-    CFakeEmulator &fake = CFakeEmulator::instance();
-    int answered = 0;
-    for (int step = 0; step < 20000; ++step) {
-        const QString verb = verbs[below(verbs.size())];
-        const QString name = m_project->item(below(m_project->rowCount()))->text();
-        const bool needsRequest =
-            QStringList{"answer", "list", "partial"}.contains(verb.section(' ', 0, 0));
-        const bool named = QStringList{"fg", "bg", "remove", "withdraw"}.contains(verb);
-        if (needsRequest && fake.requests().isEmpty())
-            continue;
-        if (verb == "bg" && m_iterators.count(name) != 0)
-            continue; // one request of each requester, as its iterator is its own
-        if (verb == "remove" && m_iterators.count(name) != 0)
-            run("withdraw " + name); // who walks the screen himself goes with it
-        run(named ? verb + ' ' + name : verb);
-        if (verb == "remove")
-            appendTestScreen(m_project.get(), name);
-        QVERIFY(fake.requests().size() <= 1);
-        QCOMPARE(m_adapter->isBusy() || fake.requests().isEmpty(), true);
-        for (const QString &line : std::exchange(m_log, {})) {
-            QVERIFY2(!line.endsWith('?'), qPrintable(line));
-            if (line.startsWith("bgframe "))
-                m_iterators.erase(line.mid(8));
-            answered += line.contains("frame ");
-        }
-        if (verb.startsWith("st")) // stop and start
-            m_iterators.clear();
-    }
-    QVERIFY(answered > 1000); // it did something
-    while (m_adapter->isBusy())
-        run("answer");
-}
 
 QTEST_MAIN(tst_EmulatorAdapter)
 #include "tst_emulatoradapter.moc"
