@@ -5,6 +5,16 @@
 
 #include <memory>
 
+namespace {
+QHash<QByteArray, QByteArray> seenByRenderer(IModelItem *item)
+{
+    QHash<QByteArray, QByteArray> seen;
+    for (int i = 0; i < item->propertyCount(); ++i)
+        seen.insert(item->property(i)->name(), item->property(i)->valueText());
+    return seen;
+}
+} // namespace
+
 /// Items: the geometry that follows from their properties, copies, groups, and the walk.
 class tst_ItemModel : public QObject
 {
@@ -12,26 +22,297 @@ class tst_ItemModel : public QObject
 
 private Q_SLOTS:
     void initTestCase() { loadTestLibrary(); }
-    void init();
+
+    void init()
+    {
+        m_project = std::make_unique<CProjectModel>();
+        m_project->newProject({{PropertyKey::Platform, QStringLiteral("QX110")}});
+    }
+
     void cleanup() { m_project.reset(); }
-    void sizes();
-    void sizeOfGesture();
-    void twoCorners();
-    void numbersThatAreNone();
-    void keysThatMeanMore();
-    void observerIsTold();
-    void missingPropertyComesAndGoes();
-    void newScreensHaveUnusedNames();
-    void editedTextIsTheName();
-    void cloneEqualsOriginal();
-    void aLockIsAPropertyAndHoldsInAGroup();
-    void groupMovesItsMembers();
-    void groupMovesWithoutDrift();
-    void boundsOfGroup();
-    void rendererSeesEverything();
-    void rendererGetsScreenColorsInOneForm();
-    void propertyIndexSurvivesChanges();
-    void walkIsBackToFront();
+
+    void sizes()
+    {
+        // A kind, a property set, then the item's width, height and radius, and the text of the
+        // property that defines its size.
+        using Row = std::tuple<QString, QString, QVariant, QVector<double>, QString>;
+        const Row cases[] = {
+            {"Test_Dot_T", "point_size", 256, {32, 32, 16}, "point_size=256"},
+            {"Test_Dot_T", "point_size", -32, {4, 4, 2}, "point_size=-32"},
+            {"Test_Dot_T", "width", 33, {33, 33, 16.5}, "point_size=264"},
+            {"Test_Circle_T", "radius", -7, {14, 14, 7}, "radius=-7"},
+            {"Test_Circle_T", "radius", "8", {16, 16, 8}, "radius=8"},
+            {"Test_Circle_T", "width", 34, {34, 34, 17}, "radius=17"},
+            {"Test_Circle_T", "height", 34, {34, 34, 17}, "radius=17"},
+            {"Test_Circle_T", "width", 35, {35, 35, 18}, "radius=18"}, // away from zero
+            {"Test_Box_T", "width", 34, {34, 30, 0}, "width=34"},
+            {"Test_Box_T", "height", 34, {40, 34, 0}, "height=34"},
+            {"Test_Box_T", "width", 1e300, {1e300, 30, 0}, "width=2147483647"},
+        };
+        for (const auto &[type, key, value, sizes, defining] : cases) {
+            CWidgetModel *item = add(newWidget(*m_project, type));
+            item->setProperty(key, value);
+            QCOMPARE((QVector<double>{item->width(), item->height(), item->radius()}), sizes);
+            const QString name = defining.section(QLatin1Char('='), 0, 0);
+            QCOMPARE(name + QLatin1Char('=') + item->propertyText(name), defining);
+        }
+    }
+
+    void sizeOfGesture()
+    {
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
+        box->setWidth(50.4); // live: the picture follows the pointer, the property stays whole
+        QCOMPARE(box->width(), 50.4);
+        QCOMPARE(box->propertyText(PropertyKey::Width), "50");
+        QCOMPARE(spy.count(), 1);
+        box->setWidth(50.3);
+        QCOMPARE(spy.count(), 1); // the same whole number
+        box->setAngle(30);
+        QVERIFY(!box->hasProperty(PropertyKey::Angle)); // nothing is made that the kind lacks
+
+        CWidgetModel *circle = add(newWidget(*m_project, "Test_Circle_T"));
+        circle->setHeight(50);
+        circle->setAngle(30.5);
+        QCOMPARE(circle->propertyText(PropertyKey::Radius), "25");
+        QCOMPARE(circle->propertyText(PropertyKey::Angle), "30.5");
+        QCOMPARE(spy.count(), 1); // both without notification
+        box->setRadius(9);
+        QCOMPARE(box->width(), 50.3); // boxes have no radius
+    }
+
+    void twoCorners()
+    {
+        CWidgetModel *line = add(newWidget(*m_project, "Test_Line_T"));
+        QCOMPARE(line->geometryMode(), GeometryMode::TwoCorners);
+        QCOMPARE(QPointF(line->width(), line->height()), QPointF(40, 20)); // (10, 20) to (50, 40)
+        line->setWidth(25.4);
+        line->setHeight(-8);
+        QCOMPARE(line->propertyText(PropertyKey::X2), "35");
+        QCOMPARE(line->propertyText(PropertyKey::Y2), "12");
+        QCOMPARE(QPointF(line->width(), line->height()), QPointF(25.4, -8));
+        line->setProperty(PropertyKey::X2, 110);
+        QCOMPARE(line->width(), 100.0);
+        line->setProperty(PropertyKey::X, 60);
+        QCOMPARE(line->width(), 50.0);
+    }
+
+    void numbersThatAreNone()
+    {
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        for (const QVariant &none :
+             {QVariant("wide"), QVariant(qQNaN()), QVariant(qInf()), QVariant()}) {
+            for (const QString &key : {PropertyKey::X, PropertyKey::Width, PropertyKey::Height}) {
+                box->setProperty(key, none);
+                QVERIFY(box->bounds().width() == 0 || key != PropertyKey::Width);
+                QVERIFY(qIsFinite(box->x()) && qIsFinite(box->bounds().bottom()));
+            }
+        }
+        box->setProperty(PropertyKey::Id, -5);
+        QCOMPARE(box->idString(), "-5");
+    }
+
+    void keysThatMeanMore()
+    {
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        box->setProperty("x", 111); // short for x_coordinate
+        box->setProperty("y", 222);
+        QCOMPARE(QPointF(box->x(), box->y()), QPointF(111, 222));
+        QCOMPARE(box->propertyText(PropertyKey::X), "111");
+        QVERIFY(!box->hasProperty("y"));
+        box->setProperty(PropertyKey::Resizeable, false); // makes it round
+        QVERIFY(!box->isResizeable());
+        QCOMPARE(box->geometryMode(), GeometryMode::Radius);
+        box->setProperty(PropertyKey::Width, 64);
+        QCOMPARE(box->height(), 64.0);
+    }
+
+    void observerIsTold()
+    {
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        QSignalSpy changed(m_project.get(), &CProjectModel::propertyChanged);
+        box->setProperty(PropertyKey::X, 5);
+        QCOMPARE(changed.count(), 1);
+        box->setProperty(PropertyKey::X, 6, CItemModel::Notify::No);
+        box->setPropertyIfChanged(PropertyKey::X, "6");
+        QCOMPARE(changed.count(), 1);
+        box->setPropertyIfChanged(PropertyKey::X, 7);
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void missingPropertyComesAndGoes()
+    {
+        CWidgetModel *dot = add(newWidget(*m_project, "Test_Dot_T"));
+        const QString before = describe(*dot);
+        dot->setProperty("note", "mine");
+        QCOMPARE(dot->propertyText("note"), "mine");
+        dot->setProperty("note", QVariant()); // as an undo does
+        QCOMPARE(describe(*dot), before);
+        dot->setProperty(PropertyKey::Name, QVariant());
+        QVERIFY(dot->hasProperty(PropertyKey::Name)); // the kind's own stay
+        dot->setProperty(QString(), 5);
+        QVERIFY(!dot->hasProperty(QString()));
+    }
+
+    void newScreensHaveUnusedNames()
+    {
+        QCOMPARE(screen()->text(), "Page 1");
+        m_project->appendRow(new CScreenModel(m_project.get()));
+        QCOMPARE(m_project->screen(1)->text(), "Page 2");
+        screen()->setProperty(PropertyKey::Name, "Start");
+        m_project->appendRow(new CScreenModel(m_project.get()));
+        QCOMPARE(m_project->screen(2)->text(), "Page 1");
+    }
+
+    void aLockIsAPropertyAndHoldsInAGroup()
+    {
+        CWidgetModel *poly = newWidget(*m_project, "Test_Poly_T"); // has it by its kind
+        CWidgetModel *dot = newWidget(*m_project, "Test_Dot_T");
+        auto *inner = newGroup(*m_project, {newWidget(*m_project, "Test_Box_T")});
+        auto *group = add(newGroup(*m_project, {poly, dot, inner}));
+        const QString before = describe(*group);
+        for (CItemModel *each :
+             {static_cast<CItemModel *>(poly), static_cast<CItemModel *>(inner)}) {
+            each->setLocked(true);
+            QCOMPARE(each->propertyText(PropertyKey::Locked), "1");
+        }
+        QVERIFY(inner->childItem(0)->isUnderLock() && !inner->childItem(0)->isLocked());
+        QVERIFY(!dot->isUnderLock());
+        const double x = dot->x();
+        const QString lockedBox = describe(*inner);
+        group->setProperty(PropertyKey::X, group->x() + 5);
+        QCOMPARE(dot->x(), x + 5);
+        QCOMPARE(describe(*inner), lockedBox);
+        group->setProperty(PropertyKey::X, group->x() - 5);
+        poly->setLocked(false);
+        inner->setLocked(false);
+        QVERIFY(poly->hasProperty(PropertyKey::Locked) && !inner->hasProperty(PropertyKey::Locked));
+        QCOMPARE(describe(*group), before);
+        screen()->setProperty(PropertyKey::Locked, 1); // by hand, in a file: nothing could undo it
+        QVERIFY(!dot->isUnderLock());
+    }
+
+    void groupMovesItsMembers()
+    {
+        auto *box = newWidget(*m_project, "Test_Box_T");   // at (10, 20)
+        auto *line = newWidget(*m_project, "Test_Line_T"); // (10, 20) to (50, 40)
+        auto *inner = newGroup(*m_project, {line});
+        auto *group = newGroup(*m_project, {box, inner});
+        group->setProperty(PropertyKey::X, 100); // in no tree yet: the members stay
+        QCOMPARE(box->x(), 10.0);
+        group->setProperty(PropertyKey::X, 10);
+        add(group);
+
+        QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
+        const QString before = describe(*group);
+        group->setProperty(PropertyKey::X, 15);
+        group->setProperty(PropertyKey::Y, -7);
+        QCOMPARE(QPointF(box->x(), box->y()), QPointF(15, 13));
+        QCOMPARE(QPointF(inner->x(), inner->y()), QPointF(5, -7));
+        QCOMPARE(QRectF(QPointF(line->x(), line->y()), QPointF(line->x2(), line->y2())),
+                 QRectF(QPointF(15, 13), QPointF(55, 33)));
+        QCOMPARE(box->propertyValue(PropertyKey::X), QVariant(15));
+        QCOMPARE(spy.count(), 2 * 5); // an axis: group, box, inner group, the line's two ends
+        group->setProperty(PropertyKey::X, 10);
+        group->setProperty(PropertyKey::Y, 0);
+        QCOMPARE(describe(*group), before);
+    }
+
+    void groupMovesWithoutDrift()
+    {
+        auto *box = newWidget(*m_project, "Test_Box_T");
+        auto *group = add(newGroup(*m_project, {box}));
+        for (int i = 1; i <= 1000; ++i)
+            group->setProperty(PropertyKey::X, i * 0.1);
+        QCOMPARE(box->propertyText(PropertyKey::X), "110");
+        QVERIFY(box->x() == 110.0);
+    }
+
+    void boundsOfGroup()
+    {
+        auto *box = newWidget(*m_project, "Test_Box_T");       // (10, 20) 40 x 30
+        auto *circle = newWidget(*m_project, "Test_Circle_T"); // about (0, 0), 40 x 40
+        QCOMPARE(circle->bounds(), QRectF(-20, -20, 40, 40));
+        QCOMPARE(add(newGroup(*m_project, {box, circle}))->bounds(), QRectF(-20, -20, 70, 70));
+    }
+
+    void rendererSeesEverything()
+    {
+        m_project->setWorkingDirectory("/somewhere");
+        IModelItem *page = screen();
+        const QHash<QByteArray, QByteArray> expected = {{"name", "Page 1"},
+                                                        {"color", "#000000"},
+                                                        {"screen_bm_ts", ""},
+                                                        {"working_directory", "/somewhere"}};
+        QCOMPARE(seenByRenderer(page), expected);
+        QVERIFY(!screen()->hasProperty(PropertyKey::WorkingDirectory));
+        CWidgetProperty own(PropertyKey::WorkingDirectory, PropertyType::String);
+        own.setValue("/of/a/document");
+        screen()->addProperty(own); // kept, but not what the renderer sees
+        QCOMPARE(seenByRenderer(page), expected);
+        QCOMPARE(page->propertyCount(), 4);
+
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        box->setProperty(PropertyKey::Id, 42);
+        IModelItem *item = box;
+        QCOMPARE(item->idText(), "42");
+        QCOMPARE(item->renderCommands(), "disc(x_coordinate, 1 < 2, \"\xC3\xA4\")");
+        IModelItem *alien = add(newWidget(*m_project, "Alien_T"));
+        QCOMPARE(alien->renderCommands(), "");
+        QCOMPARE(alien->propertyCount(), 0);
+    }
+
+    void rendererGetsScreenColorsInOneForm()
+    {
+        const std::pair<const char *, QByteArray> cases[] = {{"#102030", "#102030"},
+                                                             {"#FFF", "#ffffff"},
+                                                             {"Navy", "#000080"},
+                                                             {"#80ff0000", "#80ff0000"}};
+        for (const auto &[stored, seen] : cases) {
+            CWidgetProperty asLoaded(PropertyKey::Color, PropertyType::String);
+            asLoaded.setValueFromText(QString::fromLatin1(stored));
+            screen()->addProperty(asLoaded);
+            QCOMPARE(seenByRenderer(screen()).value("color"), seen);
+            QCOMPARE(screen()->propertyText(PropertyKey::Color), QString::fromLatin1(stored));
+        }
+    }
+
+    void propertyIndexSurvivesChanges()
+    {
+        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
+        for (int round = 0; round < 3; ++round) {
+            const CItemModel::PropertySet kept =
+                box->properties(); // shared: the next change moves all
+            box->setProperty(PropertyKey::X, round);
+            box->setProperty(QStringLiteral("extra%1").arg(round), round);
+            const auto seen = seenByRenderer(box);
+            QCOMPARE(seen.size(), box->properties().size());
+            for (auto each = seen.begin(); each != seen.end(); ++each)
+                QCOMPARE(each.value(), box->propertyText(QString::fromUtf8(each.key())).toUtf8());
+        }
+    }
+
+    void walkIsBackToFront()
+    {
+        const auto named = [this](const QString &name) {
+            auto *item = newWidget(*m_project, "Test_Dot_T");
+            item->setProperty(PropertyKey::Name, name);
+            return item;
+        };
+        add(named("a"));
+        add(newGroup(*m_project, {named("b"), newGroup(*m_project, {named("d")}), named("c")}));
+        add(newGroup(*m_project, {}));
+        add(named("f"));
+        CModelIterator iterator(screen());
+        QVERIFY(iterator.current() == screen());
+        QStringList names;
+        for (iterator.next(); iterator.current(); iterator.next())
+            names += iterator.currentItem()->name();
+        const QString group = "Widget Group";
+        QCOMPARE(names, QStringList({"f", group, "c", "d", group, "b", group, "a"}));
+        iterator.next();
+        QVERIFY(!iterator.current());
+    }
 
 private:
     CScreenModel *screen() { return m_project->screen(0); }
@@ -44,365 +325,6 @@ private:
 
     std::unique_ptr<CProjectModel> m_project;
 };
-
-namespace {
-QHash<QByteArray, QByteArray> seenByRenderer(IModelItem *item)
-{
-    QHash<QByteArray, QByteArray> seen;
-    for (int i = 0; i < item->propertyCount(); ++i)
-        seen.insert(item->property(i)->name(), item->property(i)->valueText());
-    return seen;
-}
-} // namespace
-
-void tst_ItemModel::init()
-{
-    m_project = std::make_unique<CProjectModel>();
-    m_project->newProject({{PropertyKey::Platform, QStringLiteral("QX110")}});
-}
-
-void tst_ItemModel::sizes()
-{
-    // A kind, a property set, then the item's width, height and radius, and the text of the
-    // property that defines its size.
-    using Row = std::tuple<QString, QString, QVariant, QVector<double>, QString>;
-    const Row cases[] = {
-        {"Test_Dot_T", "point_size", 256, {32, 32, 16}, "point_size=256"},
-        {"Test_Dot_T", "point_size", -32, {4, 4, 2}, "point_size=-32"},
-        {"Test_Dot_T", "width", 33, {33, 33, 16.5}, "point_size=264"},
-        {"Test_Circle_T", "radius", -7, {14, 14, 7}, "radius=-7"},
-        {"Test_Circle_T", "radius", "8", {16, 16, 8}, "radius=8"},
-        {"Test_Circle_T", "width", 34, {34, 34, 17}, "radius=17"},
-        {"Test_Circle_T", "height", 34, {34, 34, 17}, "radius=17"},
-        {"Test_Circle_T", "width", 35, {35, 35, 18}, "radius=18"}, // away from zero
-        {"Test_Box_T", "width", 34, {34, 30, 0}, "width=34"},
-        {"Test_Box_T", "height", 34, {40, 34, 0}, "height=34"},
-        {"Test_Box_T", "width", 1e300, {1e300, 30, 0}, "width=2147483647"},
-    };
-    for (const auto &[type, key, value, sizes, defining] : cases) {
-        CWidgetModel *item = add(newWidget(*m_project, type));
-        item->setProperty(key, value);
-        QCOMPARE((QVector<double>{item->width(), item->height(), item->radius()}), sizes);
-        const QString name = defining.section(QLatin1Char('='), 0, 0);
-        QCOMPARE(name + QLatin1Char('=') + item->propertyText(name), defining);
-    }
-}
-
-void tst_ItemModel::sizeOfGesture()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
-    box->setWidth(50.4); // live: the picture follows the pointer, the property stays whole
-    QCOMPARE(box->width(), 50.4);
-    QCOMPARE(box->propertyText(PropertyKey::Width), QStringLiteral("50"));
-    QCOMPARE(spy.count(), 1);
-    box->setWidth(50.3);
-    QCOMPARE(spy.count(), 1); // the same whole number
-    box->setAngle(30);
-    QVERIFY(!box->hasProperty(PropertyKey::Angle)); // nothing is made that the kind lacks
-
-    CWidgetModel *circle = add(newWidget(*m_project, QStringLiteral("Test_Circle_T")));
-    circle->setHeight(50);
-    circle->setAngle(30.5);
-    QCOMPARE(circle->propertyText(PropertyKey::Radius), QStringLiteral("25"));
-    QCOMPARE(circle->propertyText(PropertyKey::Angle), QStringLiteral("30.5"));
-    QCOMPARE(spy.count(), 1); // both without notification
-    box->setRadius(9);
-    QCOMPARE(box->width(), 50.3); // boxes have no radius
-}
-
-void tst_ItemModel::twoCorners()
-{
-    CWidgetModel *line = add(newWidget(*m_project, QStringLiteral("Test_Line_T")));
-    QCOMPARE(line->geometryMode(), GeometryMode::TwoCorners);
-    QCOMPARE(QPointF(line->width(), line->height()), QPointF(40, 20)); // (10, 20) to (50, 40)
-    line->setWidth(25.4);
-    line->setHeight(-8);
-    QCOMPARE(line->propertyText(PropertyKey::X2), QStringLiteral("35"));
-    QCOMPARE(line->propertyText(PropertyKey::Y2), QStringLiteral("12"));
-    QCOMPARE(QPointF(line->width(), line->height()), QPointF(25.4, -8));
-    line->setProperty(PropertyKey::X2, 110);
-    QCOMPARE(line->width(), 100.0);
-    line->setProperty(PropertyKey::X, 60);
-    QCOMPARE(line->width(), 50.0);
-}
-
-void tst_ItemModel::numbersThatAreNone()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    for (const QVariant &none :
-         {QVariant("wide"), QVariant(qQNaN()), QVariant(qInf()), QVariant()}) {
-        for (const QString &key : {PropertyKey::X, PropertyKey::Width, PropertyKey::Height}) {
-            box->setProperty(key, none);
-            QVERIFY(box->bounds().width() == 0 || key != PropertyKey::Width);
-            QVERIFY(qIsFinite(box->x()) && qIsFinite(box->bounds().bottom()));
-        }
-    }
-    box->setProperty(PropertyKey::Id, -5);
-    QCOMPARE(box->idString(), QStringLiteral("-5"));
-}
-
-void tst_ItemModel::keysThatMeanMore()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    box->setProperty(QStringLiteral("x"), 111); // short for x_coordinate
-    box->setProperty(QStringLiteral("y"), 222);
-    QCOMPARE(QPointF(box->x(), box->y()), QPointF(111, 222));
-    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("111"));
-    QVERIFY(!box->hasProperty(QStringLiteral("y")));
-    box->setProperty(PropertyKey::Resizeable, false); // makes it round
-    QVERIFY(!box->isResizeable());
-    QCOMPARE(box->geometryMode(), GeometryMode::Radius);
-    box->setProperty(PropertyKey::Width, 64);
-    QCOMPARE(box->height(), 64.0);
-}
-
-void tst_ItemModel::observerIsTold()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    QSignalSpy changed(m_project.get(), &CProjectModel::propertyChanged);
-    QSignalSpy moved(m_project.get(), &CProjectModel::geometryChanged);
-    box->setProperty(PropertyKey::X, 5);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.at(0).at(0).value<CItemModel *>(), box);
-    QCOMPARE(changed.at(0).at(1).toString(), PropertyKey::X);
-    QCOMPARE(changed.at(0).at(2).value<QVariant>(), QVariant(5));
-    box->setProperty(PropertyKey::X, 6, CItemModel::Notify::No);
-    box->setPropertyIfChanged(PropertyKey::X, QStringLiteral("6"));
-    QCOMPARE(changed.count(), 1);
-    box->setPropertyIfChanged(PropertyKey::X, 7);
-    QCOMPARE(changed.count(), 2);
-    box->notifyGeometryChanged();
-    QCOMPARE(moved.count(), 1);
-}
-
-void tst_ItemModel::missingPropertyComesAndGoes()
-{
-    CWidgetModel *dot = add(newWidget(*m_project, QStringLiteral("Test_Dot_T")));
-    const QString before = describe(*dot);
-    dot->setProperty(QStringLiteral("note"), QStringLiteral("mine"));
-    QCOMPARE(dot->propertyText(QStringLiteral("note")), QStringLiteral("mine"));
-    dot->setProperty(QStringLiteral("note"), QVariant()); // as an undo does
-    QCOMPARE(describe(*dot), before);
-    dot->setProperty(PropertyKey::Name, QVariant());
-    QVERIFY(dot->hasProperty(PropertyKey::Name)); // the kind's own stay
-    dot->setProperty(QString(), 5);
-    QVERIFY(!dot->hasProperty(QString()));
-}
-
-void tst_ItemModel::newScreensHaveUnusedNames()
-{
-    QCOMPARE(screen()->text(), QStringLiteral("Page 1"));
-    QCOMPARE(screen()->propertyText(PropertyKey::Color), QStringLiteral("#000000"));
-    m_project->appendRow(new CScreenModel(m_project.get()));
-    QCOMPARE(m_project->screen(1)->text(), QStringLiteral("Page 2"));
-    screen()->setProperty(PropertyKey::Name, QStringLiteral("Start"));
-    m_project->appendRow(new CScreenModel(m_project.get()));
-    QCOMPARE(m_project->screen(2)->text(), QStringLiteral("Page 1"));
-
-    CProjectModel other;
-    other.newProject({});
-    other.screen(0)->setProperty(PropertyKey::Name, QStringLiteral("Page 2"));
-    other.appendRow(new CScreenModel(&other));
-    QCOMPARE(other.screen(1)->text(), QStringLiteral("Page 1"));
-}
-
-void tst_ItemModel::editedTextIsTheName()
-{
-    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
-    QVERIFY(m_project->setData(m_project->index(0, 0), QStringLiteral("Menu")));
-    QCOMPARE(screen()->propertyText(PropertyKey::Name), QStringLiteral("Menu"));
-    QCOMPARE(screen()->name(), QStringLiteral("Menu"));
-    QCOMPARE(spy.count(), 1);
-    QVERIFY(screen()->isEditable());
-    QVERIFY(!add(newWidget(*m_project, QStringLiteral("Test_Dot_T")))->isEditable());
-}
-
-void tst_ItemModel::cloneEqualsOriginal()
-{
-    auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T"));
-    circle->setProperty(PropertyKey::Radius, 16.5); // as a gesture may leave it for a moment
-    auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T"));
-    add(newGroup(*m_project, {circle, newGroup(*m_project, {line})}));
-    auto *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    box->setProperty(PropertyKey::Width, 77);
-    box->setProperty(QStringLiteral("extra"), QStringLiteral("kept"));
-    add(newWidget(*m_project, QStringLiteral("Alien_T")))
-        ->setProperty(PropertyKey::X, QStringLiteral("3"));
-    add(newWidget(*m_project, QStringLiteral("Test_Poly_T")))->setLocked(true);
-
-    const std::unique_ptr<CItemModel> copy(screen()->clone());
-    QCOMPARE(describe(*copy), describe(*screen()));
-    QVERIFY(!copy->model() && copy->project() == m_project.get());
-    copy->childItem(1)->setProperty(PropertyKey::Width, 1);
-    copy->childItem(0)->childItem(0)->setProperty(PropertyKey::Radius, 1);
-    QCOMPARE(box->width(), 77.0);
-    QCOMPARE(circle->radius(), 16.5);
-}
-
-void tst_ItemModel::aLockIsAPropertyAndHoldsInAGroup()
-{
-    CWidgetModel *poly = newWidget(*m_project, QStringLiteral("Test_Poly_T")); // has it by its kind
-    CWidgetModel *dot = newWidget(*m_project, QStringLiteral("Test_Dot_T"));
-    auto *inner = newGroup(*m_project, {newWidget(*m_project, QStringLiteral("Test_Box_T"))});
-    auto *group = add(newGroup(*m_project, {poly, dot, inner}));
-    const QString before = describe(*group);
-    for (CItemModel *each : {static_cast<CItemModel *>(poly), static_cast<CItemModel *>(inner)}) {
-        each->setLocked(true);
-        QCOMPARE(each->propertyText(PropertyKey::Locked), QStringLiteral("1"));
-    }
-    QVERIFY(inner->childItem(0)->isUnderLock() && !inner->childItem(0)->isLocked());
-    QVERIFY(!dot->isUnderLock());
-    const double x = dot->x();
-    const QString lockedBox = describe(*inner);
-    group->setProperty(PropertyKey::X, group->x() + 5);
-    QCOMPARE(dot->x(), x + 5);
-    QCOMPARE(describe(*inner), lockedBox);
-    group->setProperty(PropertyKey::X, group->x() - 5);
-    poly->setLocked(false);
-    inner->setLocked(false);
-    QVERIFY(poly->hasProperty(PropertyKey::Locked) && !inner->hasProperty(PropertyKey::Locked));
-    QCOMPARE(describe(*group), before);
-    screen()->setProperty(PropertyKey::Locked, 1); // by hand, in a file: nothing could undo it
-    QVERIFY(!dot->isUnderLock());
-}
-
-void tst_ItemModel::groupMovesItsMembers()
-{
-    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));   // at (10, 20)
-    auto *line = newWidget(*m_project, QStringLiteral("Test_Line_T")); // (10, 20) to (50, 40)
-    auto *inner = newGroup(*m_project, {line});
-    auto *group = newGroup(*m_project, {box, inner});
-    group->setProperty(PropertyKey::X, 100); // in no tree yet: the members stay
-    QCOMPARE(box->x(), 10.0);
-    group->setProperty(PropertyKey::X, 10);
-    add(group);
-
-    QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
-    const QString before = describe(*group);
-    group->setProperty(PropertyKey::X, 15);
-    group->setProperty(PropertyKey::Y, -7);
-    QCOMPARE(QPointF(box->x(), box->y()), QPointF(15, 13));
-    QCOMPARE(QPointF(inner->x(), inner->y()), QPointF(5, -7));
-    QCOMPARE(QRectF(QPointF(line->x(), line->y()), QPointF(line->x2(), line->y2())),
-             QRectF(QPointF(15, 13), QPointF(55, 33)));
-    QCOMPARE(box->propertyValue(PropertyKey::X), QVariant(15));
-    QCOMPARE(spy.count(), 2 * 5); // an axis: group, box, inner group, the line's two ends
-    group->setProperty(PropertyKey::X, 10);
-    group->setProperty(PropertyKey::Y, 0);
-    QCOMPARE(describe(*group), before);
-}
-
-void tst_ItemModel::groupMovesWithoutDrift()
-{
-    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
-    auto *group = add(newGroup(*m_project, {box}));
-    for (int i = 1; i <= 1000; ++i)
-        group->setProperty(PropertyKey::X, i * 0.1);
-    QCOMPARE(box->propertyText(PropertyKey::X), QStringLiteral("110"));
-    QVERIFY(box->x() == 110.0);
-}
-
-void tst_ItemModel::boundsOfGroup()
-{
-    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));       // (10, 20) 40 x 30
-    auto *circle = newWidget(*m_project, QStringLiteral("Test_Circle_T")); // about (0, 0), 40 x 40
-    QCOMPARE(circle->bounds(), QRectF(-20, -20, 40, 40));
-    QCOMPARE(add(newGroup(*m_project, {box, circle}))->bounds(), QRectF(-20, -20, 70, 70));
-}
-
-void tst_ItemModel::rendererSeesEverything()
-{
-    m_project->setWorkingDirectory(QStringLiteral("/somewhere"));
-    IModelItem *page = screen();
-    QCOMPARE(page->typeName(), "Kiv_Screen_T");
-    QCOMPARE(page->idText(), "");
-    QCOMPARE(page->renderCommands(), "");
-    const QHash<QByteArray, QByteArray> expected = {{"name", "Page 1"},
-                                                    {"color", "#000000"},
-                                                    {"screen_bm_ts", ""},
-                                                    {"working_directory", "/somewhere"}};
-    QCOMPARE(seenByRenderer(page), expected);
-    QCOMPARE(page->propertyCount(), 4);
-    QVERIFY(!screen()->hasProperty(PropertyKey::WorkingDirectory));
-    CWidgetProperty own(PropertyKey::WorkingDirectory, PropertyType::String);
-    own.setValue(QStringLiteral("/of/a/document"));
-    screen()->addProperty(own); // kept, but not what the renderer sees
-    QCOMPARE(seenByRenderer(page), expected);
-    QCOMPARE(page->propertyCount(), 4);
-
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    box->setProperty(PropertyKey::Id, 42);
-    IModelItem *item = box;
-    QCOMPARE(item->idText(), "42");
-    QCOMPARE(item->typeName(), "Test_Box_T");
-    QCOMPARE(item->renderCommands(), "disc(x_coordinate, 1 < 2, \"\xC3\xA4\")");
-    IModelItem *alien = add(newWidget(*m_project, QStringLiteral("Alien_T")));
-    QCOMPARE(alien->renderCommands(), "");
-    QCOMPARE(alien->propertyCount(), 0);
-}
-
-void tst_ItemModel::rendererGetsScreenColorsInOneForm()
-{
-    const std::pair<const char *, QByteArray> cases[] = {{"#102030", "#102030"},
-                                                         {"#FFF", "#ffffff"},
-                                                         {"Navy", "#000080"},
-                                                         {"#80ff0000", "#80ff0000"}};
-    for (const auto &[stored, seen] : cases) {
-        CWidgetProperty asLoaded(PropertyKey::Color, PropertyType::String);
-        asLoaded.setValueFromText(QString::fromLatin1(stored));
-        screen()->addProperty(asLoaded);
-        QCOMPARE(seenByRenderer(screen()).value("color"), seen);
-        QCOMPARE(screen()->propertyText(PropertyKey::Color), QString::fromLatin1(stored));
-    }
-}
-
-void tst_ItemModel::propertyIndexSurvivesChanges()
-{
-    CWidgetModel *box = add(newWidget(*m_project, QStringLiteral("Test_Box_T")));
-    for (int round = 0; round < 3; ++round) {
-        const CItemModel::PropertySet kept = box->properties(); // shared: the next change moves all
-        box->setProperty(PropertyKey::X, round);
-        box->setProperty(QStringLiteral("extra%1").arg(round), round);
-        const auto seen = seenByRenderer(box);
-        QCOMPARE(seen.size(), box->properties().size());
-        for (auto each = seen.begin(); each != seen.end(); ++each)
-            QCOMPARE(each.value(), box->propertyText(QString::fromUtf8(each.key())).toUtf8());
-    }
-}
-
-void tst_ItemModel::walkIsBackToFront()
-{
-    const auto named = [this](const QString &name) {
-        auto *item = newWidget(*m_project, QStringLiteral("Test_Dot_T"));
-        item->setProperty(PropertyKey::Name, name);
-        return item;
-    };
-    auto *inner = newGroup(*m_project, {named("d"), named("e")});
-    inner->setProperty(PropertyKey::Name, QStringLiteral("inner"));
-    auto *outer = newGroup(*m_project, {named("b"), inner, named("c")});
-    outer->setProperty(PropertyKey::Name, QStringLiteral("outer"));
-    add(named("a"));
-    add(outer);
-    add(newGroup(*m_project, {}))->setProperty(PropertyKey::Name, QStringLiteral("empty"));
-    add(named("f"));
-
-    CModelIterator iterator;
-    QVERIFY(!iterator.current());
-    iterator.next();
-    QVERIFY(!iterator.current());
-    iterator.setRoot(screen());
-    for (int walk = 0; walk < 2; ++walk) {
-        QVERIFY(iterator.current() == screen());
-        QStringList names;
-        for (iterator.next(); iterator.current(); iterator.next())
-            names += iterator.currentItem()->name();
-        QCOMPARE(names, QStringList({"f", "empty", "c", "e", "d", "inner", "b", "outer", "a"}));
-        iterator.next();
-        QVERIFY(!iterator.current());
-        iterator.setRoot(screen());
-    }
-}
 
 QTEST_MAIN(tst_ItemModel)
 #include "tst_itemmodel.moc"

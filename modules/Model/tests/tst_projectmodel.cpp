@@ -10,28 +10,6 @@
 
 #include <memory>
 
-/// The project and its document.
-class tst_ProjectModel : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase() { loadTestLibrary(); }
-    void newProject();
-    void platformRelinksEveryItem();
-    void graphicsMemory();
-    void processWidePointer();
-    void savedForm();
-    void readsScreensAndItems();
-    void attributeOrderDoesNotMatter();
-    void keepsWhatItDoesNotKnow();
-    void refusedDocuments();
-    void randomTreesSurvive();
-    void tooDeepToBeReadBack();
-    void filesAndFolders();
-    void ids();
-};
-
 namespace {
 QByteArray saved(const CProjectModel &project)
 {
@@ -49,335 +27,292 @@ bool load(CProjectModel &project, const QByteArray &xml)
 
 } // namespace
 
-void tst_ProjectModel::newProject()
+/// The project and its document.
+class tst_ProjectModel : public QObject
 {
-    CProjectModel project;
-    QCOMPARE(project.resolution(), QSize(480, 320));
-    QCOMPARE(project.screenCount(), 0);
-    project.newProject({{PropertyKey::ProjectName, "P"},
-                        {PropertyKey::Width, "800"},
-                        {PropertyKey::Height, "nonsense"}});
-    QCOMPARE(project.resolution(), QSize(800, 0));
-    QCOMPARE(project.invisibleRootItem()->text(), QStringLiteral("Kiv_Project_T"));
-    QCOMPARE(project.screenCount(), 1);
-    project.setNyxVersion(QStringLiteral("2.1"));
-    QCOMPARE(project.propertyText(QStringLiteral("NYXVersion")), QStringLiteral("2.1"));
-    QVERIFY(project.undoStack()->isClean());
-    project.undoStack()->push(new QUndoCommand);
-    project.newProject({});
-    QCOMPARE(project.undoStack()->count(), 0);
-    QVERIFY(project.propertyText(PropertyKey::ProjectName).isEmpty());
-}
+    Q_OBJECT
 
-void tst_ProjectModel::platformRelinksEveryItem()
-{
-    CProjectModel project;
-    project.newProject({{PropertyKey::Platform, QStringLiteral("QX100")}});
-    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
-    project.screen(0)->appendRow(newGroup(project, {box}));
-    const auto &manager = CWidgetLibraryManager::instance();
-    QCOMPARE(box->library(), manager.libraryModel(0x100));
-    const auto definition = [box] { // of what differs between the chips
-        const CItemModel::PropertySet &all = box->properties();
-        return QString("%1 %2 %3 %4=%5")
-            .arg(all["x_coordinate"].maximum().toString(), all["y_coordinate"].maximum().toString(),
-                 all["align"].enumerationEntries().join('|'), all["hush"].isHidden() ? "-" : "hush",
-                 all["align"].text());
-    };
-    box->setProperty("align", "Right");
-    QCOMPARE(definition(), QString("2048 1024 Left|Right hush=Right"));
-    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX112"));
-    QCOMPARE(box->library(), manager.libraryModel(0x112));
-    QCOMPARE(project.screen(0)->library(), manager.libraryModel(0x112));
-    QCOMPARE(definition(), QString("4096 2048 Left|Middle|Right -=Right"));
-    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("unheard of"));
-    QCOMPARE(box->library(), manager.libraryModel(0x100));
-    project.setProjectProperty(PropertyKey::Platform, QStringLiteral("QX1zz"));
-    QVERIFY(!box->library());
-    QCOMPARE(static_cast<IModelItem *>(box)->renderCommands(), "");
-    QVERIFY(load(project, saved(project)));
-}
+private Q_SLOTS:
+    void initTestCase() { loadTestLibrary(); }
 
-void tst_ProjectModel::graphicsMemory()
-{
-    const std::pair<const char *, quint32> cases[] = {{"QX101", 0x40000},
-                                                      {"QX113", 0x100000},
-                                                      {"my QX11", 0x100000},
-                                                      {"qx110", 0x40000},
-                                                      {"", 0x40000}};
-    for (const auto &[platform, bytes] : cases) {
-        CProjectModel project;
-        project.newProject({{PropertyKey::Platform, QString::fromLatin1(platform)}});
-        QVERIFY2(project.graphicsMemorySize() == bytes, platform);
-    }
-}
-
-void tst_ProjectModel::processWidePointer()
-{
-    QVERIFY(!CProjectModel::current());
+    void newProject()
     {
-        CProjectModel first;
-        CProjectModel::setCurrent(&first);
-        delete new CProjectModel;
-        QCOMPARE(CProjectModel::current(), &first);
-    }
-    QVERIFY(!CProjectModel::current());
-}
-
-void tst_ProjectModel::savedForm()
-{
-    CProjectModel project;
-    project.newProject({{PropertyKey::Platform, "QX110"},
-                        {"zone", "b"},
-                        {"area", "a"},
-                        {PropertyKey::ProjectName, "P"}});
-    auto *circle = newWidget(project, QStringLiteral("Test_Circle_T"));
-    circle->setProperty(PropertyKey::Radius, 17);
-    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
-    box->setProperty(QStringLiteral("secret"), 99);
-    auto *group = newGroup(project, {circle});
-    CWidgetProperty hidden(QStringLiteral("hidden_one"), PropertyType::String);
-    hidden.setInternal(true);
-    group->addProperty(hidden);
-    project.screen(0)->addProperty(hidden);
-    project.screen(0)->appendRow(group);
-    project.screen(0)->appendRow(box);
-    QCOMPARE(
-        saved(project),
-        QByteArray("<Kiv_Project_T project_name=\"P\" platform=\"QX110\" area=\"a\" zone=\"b\">\n"
-                   " <Kiv_Screen_T name=\"Page 1\" color=\"#000000\" screen_bm_ts=\"\">\n"
-                   "  <Widget_Group_T name=\"Widget Group\" x_coordinate=\"0\" y_coordinate=\"0\" "
-                   "hidden_one=\"\">\n"
-                   "   <Test_Circle_T name=\"Circle\" id=\"0\" x_coordinate=\"0\" "
-                   "y_coordinate=\"0\" radius=\"17\" angle=\"0\"/>\n"
-                   "  </Widget_Group_T>\n"
-                   "  <Test_Box_T name=\"Box\" id=\"0\" x_coordinate=\"10\" y_coordinate=\"20\" "
-                   "width=\"40\" height=\"30\""
-                   " text=\"a &lt;b>\" fill=\"#ff0000\" visible=\"1\" alarm=\"12:30:05\" "
-                   "opacity=\"0.25\" align=\"Left\""
-                   " odd=\"12\" hush=\"1\" bfolder=\"\"/>\n"
-                   " </Kiv_Screen_T>\n"
-                   "</Kiv_Project_T>\n"));
-    CProjectModel again;
-    QVERIFY(load(again, saved(project)));
-    CItemModel *readCircle = again.screen(0)->childItem(0)->childItem(0);
-    QCOMPARE(readCircle->radius(), 17.0);
-    QCOMPARE(readCircle->width(), 34.0);
-    QVERIFY(readCircle->isGrouped() && !readCircle->isSelectable());
-    QCOMPARE(again.screen(0)->childItem(1)->propertyText(QStringLiteral("secret")),
-             QStringLiteral("7"));
-}
-
-void tst_ProjectModel::readsScreensAndItems()
-{
-    CProjectModel project;
-    QVERIFY(load(
-        project,
-        "<?xml version='1.0'?><!-- c --><Kiv_Project_T height='99' platform='QX101'>"
-        "<Kiv_Screen_T color='teal' name='One' id='7' "
-        "working_directory='x'/><Else><Kiv_Screen_T/></Else>"
-        "<Kiv_Screen_T/><Kiv_Screen_T name='Page 1'>text<Widget_Group_T x_coordinate='5' name='G'>"
-        "<Test_Dot_T name='D' point_size='32' x='8' y='3' "
-        "y_coordinate='4'/><Widget_Group_T/></Widget_Group_T></Kiv_Screen_T>"
-        "</Kiv_Project_T>"));
-    QCOMPARE(project.resolution(), QSize(480, 99));
-    QCOMPARE(project.screenCount(), 3);
-    const CScreenModel *one = project.screen(0);
-    QCOMPARE(one->text(), QStringLiteral("One"));
-    QCOMPARE(one->idString(), QStringLiteral("7"));
-    QCOMPARE(one->propertyText(PropertyKey::Color), QStringLiteral("teal"));
-    QCOMPARE(one->properties()[PropertyKey::Color].propertyType(), PropertyType::String);
-    QVERIFY(project.saveToBytes(nullptr).contains(" working_directory=\"x\"")); // not lost
-    QCOMPARE(project.screen(1)->text(), QStringLiteral("Page 2"));              // a name of its own
-    const CItemModel *group = project.screen(2)->childItem(0);
-    QCOMPARE(group->x(), 5.0);
-    QCOMPARE(group->properties()[PropertyKey::X].propertyType(), PropertyType::Int);
-    const CItemModel *dot = group->childItem(0);
-    QCOMPARE(dot->radius(), 2.0);
-    QCOMPARE(QPointF(dot->x(), dot->y()), QPointF(8, 4)); // "x" is short for "x_coordinate"
-    QCOMPARE(dot->propertyText(PropertyKey::X), QStringLiteral("8"));
-    QVERIFY(!dot->hasProperty(PropertyKey::ShortX));
-    QCOMPARE(dot->library(), CWidgetLibraryManager::instance().libraryModel(0x101));
-    QCOMPARE(group->childItem(1)->itemTypeName(), TypeName::Group);
-}
-
-void tst_ProjectModel::attributeOrderDoesNotMatter()
-{
-    const QByteArray forward =
-        "x_coordinate='5' x2_coordinate='9' radius='17' width='80' resizeable='0' angle='7'";
-    QByteArrayList parts = forward.split(' ');
-    QStringList results;
-    std::sort(parts.begin(), parts.end());
-    do {
         CProjectModel project;
-        QVERIFY(load(project, "<Kiv_Project_T platform='QX110'><Kiv_Screen_T><Test_Circle_T " +
-                                  parts.join(' ') + "/></Kiv_Screen_T></Kiv_Project_T>"));
-        results += describe(project);
-        QCOMPARE(project.screen(0)->childItem(0)->propertyText(PropertyKey::Radius),
-                 QStringLiteral("17"));
-    } while (std::next_permutation(parts.begin(), parts.end()) && results.size() < 200);
-    QCOMPARE(results.removeDuplicates(), 199);
-}
-
-void tst_ProjectModel::keepsWhatItDoesNotKnow()
-{
-    const QByteArray xml =
-        "<Kiv_Project_T platform=\"QX110\" team=\"b\">\n"
-        " <Kiv_Screen_T name=\"P\" color=\"#000000\" screen_bm_ts=\"\" mood=\"good\">\n"
-        "  <Future_T angle=\"045\" height=\"1.5\" name=\"F\" radius=\"08\" width=\"034\"/>\n"
-        "  <Test_Dot_T name=\"D\" x_coordinate=\"0\" y_coordinate=\"0\" point_size=\"64\" "
-        "bounce=\"yes &amp; no\"/>\n"
-        " </Kiv_Screen_T>\n"
-        "</Kiv_Project_T>\n";
-    CProjectModel project;
-    QVERIFY(load(project, xml));
-    QCOMPARE(saved(project), xml);
-}
-
-void tst_ProjectModel::refusedDocuments()
-{
-    const auto project = randomProject(1, 10);
-    project->undoStack()->push(new QUndoCommand);
-    const QString before = describe(*project);
-    QSignalSpy removed(project.get(), &QAbstractItemModel::rowsRemoved);
-    QSignalSpy cleared(project.get(), &QAbstractItemModel::modelReset);
-    QByteArray many; // as many as may be read, and then there are those that every screen has
-    for (int i = 0; i < CXmlGuard::MaxAttributesOfElement; ++i)
-        many += " a" + QByteArray::number(i) + "=\"\"";
-    for (const QByteArray &xml :
-         {QByteArray(), "<Kiv_Project_T><Kiv_Screen_T" + many + "/></Kiv_Project_T>",
-          QByteArray("hello"), QByteArray("<project><Kiv_Project_T/></project>"),
-          QByteArray("<Kiv_Project_T><Kiv_Screen_T>"), // cut, and an error at the very end
-          QByteArray("<Kiv_Project_T><Kiv_Screen_T/></Kiv_Project_T><x"),
-          "<Kiv_Project_T>" + QByteArray("<Widget_Group_T>").repeated(100000),
-          QByteArray("<!DOCTYPE Kiv_Project_T><Kiv_Project_T/>"),
-          QByteArray("<ScreenSave><Screen/></ScreenSave>")}) {
-        QString error;
-        QVERIFY2(!project->loadFromBytes(xml, &error), xml.left(80).constData());
-        QVERIFY(!error.isEmpty());
-        QVERIFY(!CProjectModel::isProjectDocument(xml, nullptr));
+        QCOMPARE(project.resolution(), QSize(480, 320));
+        QCOMPARE(project.screenCount(), 0);
+        project.newProject({{PropertyKey::ProjectName, "P"},
+                            {PropertyKey::Width, "800"},
+                            {PropertyKey::Height, "nonsense"}});
+        QCOMPARE(project.resolution(), QSize(800, 0));
+        QCOMPARE(project.invisibleRootItem()->text(), "Kiv_Project_T");
+        QCOMPARE(project.screenCount(), 1);
+        project.setNyxVersion("2.1");
+        QCOMPARE(project.propertyText("NYXVersion"), "2.1");
+        QVERIFY(project.undoStack()->isClean());
+        project.undoStack()->push(new QUndoCommand);
+        project.newProject({});
+        QCOMPARE(project.undoStack()->count(), 0);
+        QVERIFY(project.propertyText(PropertyKey::ProjectName).isEmpty());
     }
-    QCOMPARE(describe(*project), before);
-    QCOMPARE(removed.count() + cleared.count(), 0);
-    QCOMPARE(project->undoStack()->count(), 1);
-}
 
-void tst_ProjectModel::randomTreesSurvive()
-{
-    for (uint seed = 0; seed < 10; ++seed) {
-        const auto project = randomProject(seed, seed == 0 ? 1000 : 100);
-        const QByteArray xml = saved(*project);
+    void platformRelinksEveryItem()
+    {
+        CProjectModel project;
+        project.newProject({{PropertyKey::Platform, QStringLiteral("QX100")}});
+        auto *box = newWidget(project, "Test_Box_T");
+        project.screen(0)->appendRow(newGroup(project, {box}));
+        const auto &manager = CWidgetLibraryManager::instance();
+        QCOMPARE(box->library(), manager.libraryModel(0x100));
+        const auto definition = [box] { // of what differs between the chips
+            const CItemModel::PropertySet &all = box->properties();
+            return QString("%1 %2 %3 %4=%5")
+                .arg(all["x_coordinate"].maximum().toString(),
+                     all["y_coordinate"].maximum().toString(),
+                     all["align"].enumerationEntries().join('|'),
+                     all["hush"].isHidden() ? "-" : "hush", all["align"].text());
+        };
+        box->setProperty("align", "Right");
+        QCOMPARE(definition(), QString("2048 1024 Left|Right hush=Right"));
+        project.setProjectProperty(PropertyKey::Platform, "QX112");
+        QCOMPARE(box->library(), manager.libraryModel(0x112));
+        QCOMPARE(definition(), QString("4096 2048 Left|Middle|Right -=Right"));
+        project.setProjectProperty(PropertyKey::Platform, "unheard of");
+        QCOMPARE(box->library(), manager.libraryModel(0x100));
+        project.setProjectProperty(PropertyKey::Platform, "QX1zz");
+        QVERIFY(!box->library());
+        QCOMPARE(static_cast<IModelItem *>(box)->renderCommands(), "");
+        QVERIFY(load(project, saved(project)));
+    }
+
+    void savedForm()
+    {
+        CProjectModel project;
+        project.newProject({{PropertyKey::Platform, "QX110"},
+                            {"zone", "b"},
+                            {"area", "a"},
+                            {PropertyKey::ProjectName, "P"}});
+        auto *circle = newWidget(project, "Test_Circle_T");
+        circle->setProperty(PropertyKey::Radius, 17);
+        auto *box = newWidget(project, "Test_Box_T");
+        box->setProperty("secret", 99);
+        auto *group = newGroup(project, {circle});
+        CWidgetProperty hidden("hidden_one", PropertyType::String);
+        hidden.setInternal(true);
+        group->addProperty(hidden);
+        project.screen(0)->addProperty(hidden);
+        project.screen(0)->appendRow(group);
+        project.screen(0)->appendRow(box);
+        QCOMPARE(
+            saved(project),
+            QByteArray(
+                "<Kiv_Project_T project_name=\"P\" platform=\"QX110\" area=\"a\" zone=\"b\">\n"
+                " <Kiv_Screen_T name=\"Page 1\" color=\"#000000\" screen_bm_ts=\"\">\n"
+                "  <Widget_Group_T name=\"Widget Group\" x_coordinate=\"0\" y_coordinate=\"0\" "
+                "hidden_one=\"\">\n"
+                "   <Test_Circle_T name=\"Circle\" id=\"0\" x_coordinate=\"0\" "
+                "y_coordinate=\"0\" radius=\"17\" angle=\"0\"/>\n"
+                "  </Widget_Group_T>\n"
+                "  <Test_Box_T name=\"Box\" id=\"0\" x_coordinate=\"10\" y_coordinate=\"20\" "
+                "width=\"40\" height=\"30\""
+                " text=\"a &lt;b>\" fill=\"#ff0000\" visible=\"1\" alarm=\"12:30:05\" "
+                "opacity=\"0.25\" align=\"Left\""
+                " odd=\"12\" hush=\"1\" bfolder=\"\"/>\n"
+                " </Kiv_Screen_T>\n"
+                "</Kiv_Project_T>\n"));
         CProjectModel again;
-        QVERIFY(load(again, xml));
-        QCOMPARE(saved(again), xml);
-        CProjectModel fromDom; // the other way to read and to write
-        QVERIFY(fromDom.load(*CXmlGuard::parse(xml)));
-        QCOMPARE(describe(fromDom), describe(again));
-        QDomDocument written;
-        project->save(written);
-        QVERIFY(fromDom.load(written));
-        QCOMPARE(saved(fromDom), xml);
-        // A screen's properties become text, and what is derived is not in the file; all else is
-        // equal.
-        for (CProjectModel *each : {project.get(), &again}) {
-            for (int row = 0; row < each->screenCount(); ++row) {
-                CWidgetProperty color(PropertyKey::Color, PropertyType::String);
-                color.setValueFromText(each->screen(row)->propertyText(PropertyKey::Color));
-                each->screen(row)->addProperty(color);
-            }
+        QVERIFY(load(again, saved(project)));
+        CItemModel *readCircle = again.screen(0)->childItem(0)->childItem(0);
+        QCOMPARE(readCircle->radius(), 17.0);
+        QCOMPARE(readCircle->width(), 34.0);
+        QVERIFY(readCircle->isGrouped() && !readCircle->isSelectable());
+        QCOMPARE(again.screen(0)->childItem(1)->propertyText("secret"), "7");
+    }
+
+    void readsScreensAndItems()
+    {
+        CProjectModel project;
+        QVERIFY(load(project,
+                     "<?xml version='1.0'?><!-- c --><Kiv_Project_T height='99' platform='QX101'>"
+                     "<Kiv_Screen_T color='teal' name='One' id='7' "
+                     "working_directory='x'/><Else><Kiv_Screen_T/></Else>"
+                     "<Kiv_Screen_T/><Kiv_Screen_T name='Page 1'>text<Widget_Group_T "
+                     "x_coordinate='5' name='G'>"
+                     "<Test_Dot_T name='D' point_size='32' x='8' y='3' "
+                     "y_coordinate='4'/><Widget_Group_T/></Widget_Group_T></Kiv_Screen_T>"
+                     "</Kiv_Project_T>"));
+        QCOMPARE(project.resolution(), QSize(480, 99));
+        QCOMPARE(project.screenCount(), 3);
+        const CScreenModel *one = project.screen(0);
+        QCOMPARE(one->text(), "One");
+        QCOMPARE(one->idString(), "7");
+        QCOMPARE(one->propertyText(PropertyKey::Color), "teal");
+        QCOMPARE(one->properties()[PropertyKey::Color].propertyType(), PropertyType::String);
+        QVERIFY(project.saveToBytes(nullptr).contains(" working_directory=\"x\"")); // not lost
+        QCOMPARE(project.screen(1)->text(), "Page 2"); // a name of its own
+        const CItemModel *group = project.screen(2)->childItem(0);
+        QCOMPARE(group->x(), 5.0);
+        QCOMPARE(group->properties()[PropertyKey::X].propertyType(), PropertyType::Int);
+        const CItemModel *dot = group->childItem(0);
+        QCOMPARE(dot->radius(), 2.0);
+        QCOMPARE(QPointF(dot->x(), dot->y()), QPointF(8, 4)); // "x" is short for "x_coordinate"
+        QCOMPARE(dot->propertyText(PropertyKey::X), "8");
+        QVERIFY(!dot->hasProperty(PropertyKey::ShortX));
+        QCOMPARE(dot->library(), CWidgetLibraryManager::instance().libraryModel(0x101));
+        QCOMPARE(group->childItem(1)->itemTypeName(), TypeName::Group);
+    }
+
+    void attributeOrderDoesNotMatter()
+    {
+        const QByteArray forward =
+            "x_coordinate='5' x2_coordinate='9' radius='17' width='80' resizeable='0' angle='7'";
+        QByteArrayList parts = forward.split(' ');
+        QStringList results;
+        std::sort(parts.begin(), parts.end());
+        do {
+            CProjectModel project;
+            QVERIFY(load(project, "<Kiv_Project_T platform='QX110'><Kiv_Screen_T><Test_Circle_T " +
+                                      parts.join(' ') + "/></Kiv_Screen_T></Kiv_Project_T>"));
+            results += describe(project);
+            QCOMPARE(project.screen(0)->childItem(0)->propertyText(PropertyKey::Radius), "17");
+        } while (std::next_permutation(parts.begin(), parts.end()) && results.size() < 200);
+        QCOMPARE(results.removeDuplicates(), 199);
+    }
+
+    void keepsWhatItDoesNotKnow()
+    {
+        const QByteArray xml =
+            "<Kiv_Project_T platform=\"QX110\" team=\"b\">\n"
+            " <Kiv_Screen_T name=\"P\" color=\"#000000\" screen_bm_ts=\"\" mood=\"good\">\n"
+            "  <Future_T angle=\"045\" height=\"1.5\" name=\"F\" radius=\"08\" width=\"034\"/>\n"
+            "  <Test_Dot_T name=\"D\" x_coordinate=\"0\" y_coordinate=\"0\" point_size=\"64\" "
+            "bounce=\"yes &amp; no\"/>\n"
+            " </Kiv_Screen_T>\n"
+            "</Kiv_Project_T>\n";
+        CProjectModel project;
+        QVERIFY(load(project, xml));
+        QCOMPARE(saved(project), xml);
+    }
+
+    void refusedDocuments()
+    {
+        CProjectModel project;
+        project.newProject({{PropertyKey::Platform, "QX110"}});
+        project.screen(0)->appendRow(newWidget(project, "Test_Box_T"));
+        project.undoStack()->push(new QUndoCommand);
+        const QString before = describe(project);
+        QSignalSpy removed(&project, &QAbstractItemModel::rowsRemoved);
+        QSignalSpy cleared(&project, &QAbstractItemModel::modelReset);
+        QByteArray many; // as many as may be read, and then there are those that every screen has
+        for (int i = 0; i < CXmlGuard::MaxAttributesOfElement; ++i)
+            many += " a" + QByteArray::number(i) + "=\"\"";
+        for (const QByteArray &xml :
+             {QByteArray(), "<Kiv_Project_T><Kiv_Screen_T" + many + "/></Kiv_Project_T>",
+              QByteArray("hello"), QByteArray("<project><Kiv_Project_T/></project>"),
+              QByteArray("<Kiv_Project_T><Kiv_Screen_T>"), // cut, and an error at the very end
+              QByteArray("<Kiv_Project_T><Kiv_Screen_T/></Kiv_Project_T><x"),
+              "<Kiv_Project_T>" + QByteArray("<Widget_Group_T>").repeated(100000),
+              QByteArray("<!DOCTYPE Kiv_Project_T><Kiv_Project_T/>"),
+              QByteArray("<ScreenSave><Screen/></ScreenSave>")}) {
+            QString error;
+            QVERIFY2(!project.loadFromBytes(xml, &error), xml.left(80).constData());
+            QVERIFY(!error.isEmpty());
+            QVERIFY(!CProjectModel::isProjectDocument(xml, nullptr));
         }
-        QCOMPARE(describe(again), describe(*project));
+        QCOMPARE(describe(project), before);
+        QCOMPARE(removed.count() + cleared.count(), 0);
+        QCOMPARE(project.undoStack()->count(), 1);
     }
-}
 
-void tst_ProjectModel::tooDeepToBeReadBack()
-{
-    CProjectModel project;
-    project.newProject({});
-    CItemModel *inner = newGroup(project, {});
-    CItemModel *outer = inner;
-    for (int i = 0; i < 300; ++i)
-        outer = newGroup(project, {outer});
-    project.screen(0)->appendRow(outer);
-    QString error;
-    QVERIFY(project.saveToBytes(&error).isEmpty());
-    QVERIFY(error.contains(QStringLiteral("256")));
-    QTemporaryDir folder;
-    QVERIFY(!project.saveToFile(folder.filePath(QStringLiteral("deep.nyx")), &error));
-    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("deep.nyx"))));
-}
-
-void tst_ProjectModel::filesAndFolders()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("demo.nyx"));
-    const QString images = QStringLiteral("demo_ConvertedImages/L8");
-    const auto imageFolder = [](const CScreenModel *screen) {
-        return screen->childItem(0)->propertyText(PropertyKey::BitmapFolder);
-    };
-    CProjectModel project;
-    project.newProject({});
-    project.setWorkingDirectory(folder.path());
-    auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
-    project.screen(0)->appendRow(box);
-    box->setProperty(PropertyKey::BitmapFolder, folder.filePath(images));
-    QString error;
-    QVERIFY2(project.saveToFile(path, &error), qPrintable(error));
-    const QByteArray bytes = project.saveToBytes(&error, path);
-    QVERIFY(!bytes.contains(folder.path().toUtf8())); // nothing of the place where it lies
-    QVERIFY(bytes.contains("bfolder=\"demo_ConvertedImages/L8\""));
-
-    QTemporaryDir other; // moved or checked out elsewhere
-    const QString moved = other.filePath(QStringLiteral("demo.nyx"));
-    QVERIFY(QFile::copy(path, moved));
-    CProjectModel opened;
-    QVERIFY2(opened.loadFromFile(moved, &error), qPrintable(error));
-    QCOMPARE(opened.workingDirectory(), other.path());
-    QCOMPARE(opened.absoluteFolder(imageFolder(opened.screen(0))), other.filePath(images));
-    QCOMPARE(opened.saveToBytes(&error, moved), bytes);
-    const QDomElement copy =
-        ScreenDocuments::pageFile(ScreenDocuments::ofPageFile({opened.screen(0)}));
-    QCOMPARE(imageFolder(project.buildScreen(copy.firstChildElement(), -1)),
-             other.filePath(images)); // found from any project
-
-    const QString outside[] = {"/elsewhere", other.path() + "x/a", other.path() + "/../a", ""};
-    for (const QString &each : outside)
-        QCOMPARE(opened.storedFolder(each), each);
-    QCOMPARE(opened.storedFolder(other.path()), QStringLiteral("."));
-
-    CProjectModel none;
-    none.newProject({});
-    QVERIFY(!none.load(QDomDocument()));
-    QCOMPARE(none.screenCount(), 0);
-
-    QVERIFY(!project.saveToFile(folder.path(), &error)); // failures name the file, change nothing
-    QVERIFY(error.contains(folder.path()));
-    const QString before = describe(project);
-    QVERIFY(!project.loadFromFile(folder.filePath(QStringLiteral("none.nyx")), &error));
-    QVERIFY(error.contains(QStringLiteral("none.nyx")));
-    QCOMPARE(describe(project), before);
-}
-
-void tst_ProjectModel::ids()
-{
-    CProjectModel project;
-    project.newProject({});
-    QCOMPARE(project.unusedId(), 1u);
-    for (const int id : {1, 2, 5}) {
-        auto *box = newWidget(project, QStringLiteral("Test_Box_T"));
-        box->setProperty(PropertyKey::Id, id);
-        project.screen(0)->appendRow(id == 2 ? static_cast<CItemModel *>(newGroup(project, {box}))
-                                             : box);
+    void tooDeepToBeReadBack()
+    {
+        CProjectModel project;
+        project.newProject({});
+        CItemModel *inner = newGroup(project, {});
+        CItemModel *outer = inner;
+        for (int i = 0; i < 300; ++i)
+            outer = newGroup(project, {outer});
+        project.screen(0)->appendRow(outer);
+        QString error;
+        QVERIFY(project.saveToBytes(&error).isEmpty());
+        QVERIFY(error.contains("256"));
+        QTemporaryDir folder;
+        QVERIFY(!project.saveToFile(folder.filePath("deep.nyx"), &error));
+        QVERIFY(!QFile::exists(folder.filePath("deep.nyx")));
     }
-    QCOMPARE(project.unusedId(), 3u);
-    std::unique_ptr<CItemModel> copy(project.screen(0)->clone());
-    project.assignFreshIds(copy.get());
-    QCOMPARE(copy->childItem(0)->id(), 3u);
-    QCOMPARE(copy->childItem(1)->childItem(0)->id(), 4u);
-    QCOMPARE(copy->childItem(2)->id(), 6u);
-    QVERIFY(!copy->childItem(1)->hasProperty(PropertyKey::Id));
-    QCOMPARE(project.screen(0)->childItem(2)->id(), 5u);
-}
+
+    void filesAndFolders()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("demo.nyx");
+        const QString images = QStringLiteral("demo_ConvertedImages/L8");
+        const auto imageFolder = [](const CScreenModel *screen) {
+            return screen->childItem(0)->propertyText(PropertyKey::BitmapFolder);
+        };
+        CProjectModel project;
+        project.newProject({});
+        project.setWorkingDirectory(folder.path());
+        auto *box = newWidget(project, "Test_Box_T");
+        project.screen(0)->appendRow(box);
+        box->setProperty(PropertyKey::BitmapFolder, folder.filePath(images));
+        QString error;
+        QVERIFY2(project.saveToFile(path, &error), qPrintable(error));
+        const QByteArray bytes = project.saveToBytes(&error, path);
+        QVERIFY(!bytes.contains(folder.path().toUtf8())); // nothing of the place where it lies
+        QVERIFY(bytes.contains("bfolder=\"demo_ConvertedImages/L8\""));
+
+        QTemporaryDir other; // moved or checked out elsewhere
+        const QString moved = other.filePath("demo.nyx");
+        QVERIFY(QFile::copy(path, moved));
+        CProjectModel opened;
+        QVERIFY2(opened.loadFromFile(moved, &error), qPrintable(error));
+        QCOMPARE(opened.workingDirectory(), other.path());
+        QCOMPARE(opened.absoluteFolder(imageFolder(opened.screen(0))), other.filePath(images));
+        QCOMPARE(opened.saveToBytes(&error, moved), bytes);
+        const QDomElement copy =
+            ScreenDocuments::pageFile(ScreenDocuments::ofPageFile({opened.screen(0)}));
+        QCOMPARE(imageFolder(project.buildScreen(copy.firstChildElement(), -1)),
+                 other.filePath(images)); // found from any project
+
+        const QString outside[] = {"/elsewhere", other.path() + "x/a", other.path() + "/../a", ""};
+        for (const QString &each : outside)
+            QCOMPARE(opened.storedFolder(each), each);
+        QCOMPARE(opened.storedFolder(other.path()), ".");
+
+        CProjectModel none;
+        none.newProject({});
+        QVERIFY(!none.load(QDomDocument()));
+        QCOMPARE(none.screenCount(), 0);
+
+        QVERIFY(
+            !project.saveToFile(folder.path(), &error)); // failures name the file, change nothing
+        QVERIFY(error.contains(folder.path()));
+        const QString before = describe(project);
+        QVERIFY(!project.loadFromFile(folder.filePath("none.nyx"), &error));
+        QVERIFY(error.contains("none.nyx"));
+        QCOMPARE(describe(project), before);
+    }
+
+    void ids()
+    {
+        CProjectModel project;
+        project.newProject({});
+        QCOMPARE(project.unusedId(), 1u);
+        for (const int id : {1, 2, 5}) {
+            auto *box = newWidget(project, "Test_Box_T");
+            box->setProperty(PropertyKey::Id, id);
+            project.screen(0)->appendRow(
+                id == 2 ? static_cast<CItemModel *>(newGroup(project, {box})) : box);
+        }
+        QCOMPARE(project.unusedId(), 3u);
+        std::unique_ptr<CItemModel> copy(project.screen(0)->clone());
+        project.assignFreshIds(copy.get());
+        QCOMPARE(copy->childItem(0)->id(), 3u);
+        QCOMPARE(copy->childItem(1)->childItem(0)->id(), 4u);
+        QCOMPARE(copy->childItem(2)->id(), 6u);
+        QVERIFY(!copy->childItem(1)->hasProperty(PropertyKey::Id));
+        QCOMPARE(project.screen(0)->childItem(2)->id(), 5u);
+    }
+};
 
 QTEST_MAIN(tst_ProjectModel)
 #include "tst_projectmodel.moc"

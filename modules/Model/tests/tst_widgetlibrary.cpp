@@ -6,6 +6,18 @@
 #include <QTemporaryDir>
 #include <QTime>
 
+namespace {
+/// The cells of a table that is written as "a b; c d".
+QVector<QStringList> rowsOf(const char *table)
+{
+    QVector<QStringList> rows;
+    const QStringList lines = QString::fromUtf8(table).split("; ");
+    for (const QString &line : lines)
+        rows += line.split(QLatin1Char(' '));
+    return rows;
+}
+} // namespace
+
 /// The widget library, what it chooses by platform, and the values of the properties it defines.
 class tst_WidgetLibrary : public QObject
 {
@@ -13,247 +25,160 @@ class tst_WidgetLibrary : public QObject
 
 private Q_SLOTS:
     void initTestCase() { loadTestLibrary(); }
-    void readsText();
-    void takesVariant();
-    void typeNames();
-    void copiesAreIndependent();
-    void chipCodes();
-    void filters();
-    void alternatives();
-    void kindsByPlatform();
-    void toolboxKeepsOrder();
-    void brokenFiles();
-    void loadsAgain();
+
+    void readsText()
+    {
+        // The type, what is read, and the canonical text of it: what no number, colour or time can
+        // be made of is 0, black or empty; an unknown type is text.
+        const auto rows = rowsOf("0 -42 -42; 0 0x10 0; 0 1.5 0; 0 99999999999 0; "
+                                 "1 0.1 0.1; 1 much 0; 1 nan 0; "
+                                 "2 TRUE 1; 2 True 1; 2 yes 0; 2 2 1; 2 0 0; "
+                                 "3 #FF0000 #ff0000; 3 #80ff0000 #80ff0000; 3 #ffff0000 #ff0000; "
+                                 "3 #f80 #ff8800; 3 #ffff80000000 #ff8000; 3 SteelBlue #4682b4; "
+                                 "3 reddish #000000; 3  #000000; 4 23:59:01 23:59:01; 4 noon ; "
+                                 "5 Left Left; 6 017 017; 6 \xC3\xA4 \xC3\xA4; 77 x x");
+        for (const QStringList &cells : rows) {
+            const int type = cells.at(0).toInt();
+            CWidgetProperty property("key", static_cast<PropertyType>(type));
+            property.setValueFromText(cells.at(1));
+            QCOMPARE(property.text(), cells.at(2));
+            QCOMPARE(property.valueAsInteger(), cells.at(2).toInt());
+            QCOMPARE(property.storageTypeName(), type == 0 || type == 2 ? "int" : "string");
+            if (type == 3) // a colour's value stays the text that was given
+                QCOMPARE(property.value(), QVariant(cells.at(1)));
+            property.setValueFromText(property.text()); // reads to the same again
+            QCOMPARE(QString::fromUtf8(property.valueText()), cells.at(2));
+        }
+    }
+
+    void takesVariant()
+    {
+        const std::tuple<int, QVariant, const char *> cases[] = {
+            // the type, a value and its text
+            {0, 5, "5"},
+            {0, 5.5, "5.5"},
+            {1, 1.0 / 3, "0.3333333333333333"},
+            {2, "true", "1"},
+            {2, "TRUE", "0"},
+            {2, -3, "1"},
+            {2, "0", "0"},
+            {3, QColor(1, 2, 3), "#010203"},
+            {3, QColor(1, 2, 3, 4), "#04010203"},
+            {3, "red", "#ff0000"},
+            {4, QTime(1, 2, 3), "01:02:03"},
+            {6, 12, "12"},
+        };
+        for (const auto &[type, value, text] : cases) {
+            CWidgetProperty property("key", static_cast<PropertyType>(type));
+            property.setMinimum(100); // limits are the editor's business alone
+            property.setValue(value);
+            QCOMPARE(property.valueText(), text);
+            QCOMPARE(property.value(), type == 2 ? QVariant(*text == '1') : value);
+        }
+    }
+
+    void typeNames()
+    {
+        const std::pair<const char *, int> cases[] = {
+            {"invalid", -1}, {"int", 0},    {"float", 1},    {"bool", 2},      {"rgb", 3},
+            {"time", 4},     {"enum", 5},   {"enum:A|B", 5}, {"enumerate", 5}, {"string", 6},
+            {"Enum", 0},     {"colour", 0}, {"", 0},
+        };
+        for (const auto &[name, code] : cases)
+            QVERIFY2(int(propertyTypeOfName(QString::fromLatin1(name))) == code, name);
+    }
+
+    void filters()
+    {
+        // Which of QX100, QX101, QX110 and QX113 match; an unknown name is the first model.
+        const auto rows = rowsOf("QX101 0100; ..QX101 1100; QX110.. 0011; QX101..QX110 0110; "
+                                 "QX110..QX101 0000; QX100,QX113.. 1001; ,,QX101, 0100;  0000; "
+                                 "ABC 1000");
+        for (const QStringList &cells : rows) {
+            QString matching;
+            for (const quint32 code : {0x100u, 0x101u, 0x110u, 0x113u})
+                matching += QLatin1Char(PlatformFilter::matches(cells.at(0), code) ? '1' : '0');
+            QVERIFY2(matching == cells.at(1), qPrintable(cells.join(QLatin1Char(' '))));
+        }
+    }
+
+    void alternatives()
+    {
+        // A text, what it is on QX100 and what on QX112; the first without filter wins.
+        const auto rows =
+            rowsOf("5 5 5; 2048@QX100..QX101|4096 2048 4096; 2048@QX110..|1024 1024 2048; "
+                   "2048@QX110  ; 1|2@QX112 1 1; ||7 7 7; @QX112|3 3 ;   ");
+        for (const QStringList &cells : rows) {
+            QCOMPARE(PlatformFilter::resolve(cells.at(0), 0x100), cells.at(1));
+            QCOMPARE(PlatformFilter::resolve(cells.at(0), 0x112), cells.at(2));
+        }
+    }
+
+    void kindsByPlatform()
+    {
+        const auto &manager = CWidgetLibraryManager::instance();
+        const CWidgetLibraryModel *old = manager.libraryModel(0x100);
+        const QString box = QStringLiteral("Test_Box_T");
+        const auto oldSet = old->propertySet(box);
+
+        const QStringList order = {"name",    "id",     "x_coordinate", "y_coordinate",
+                                   "width",   "height", "text",         "fill",
+                                   "visible", "alarm",  "opacity",      "align",
+                                   "secret",  "odd",    "hush",         "bfolder"};
+        QCOMPARE(old->propertyKeys(box), order);
+        QCOMPARE(oldSet["x_coordinate"].minimum(), QVariant(-32768));
+        QVERIFY(!oldSet["width"].maximum().isValid());
+        QVERIFY(!oldSet["name"].minimum().isValid() && !oldSet["name"].singleStep().isValid());
+        QCOMPARE(oldSet["opacity"].singleStep(), QVariant(0.05));
+        QVERIFY(!oldSet["odd"].isHidden()); // only the exact text "true" counts
+        QVERIFY(oldSet["odd"].isReadOnly());
+        QCOMPARE(oldSet["odd"].value(), QVariant(12));
+        QVERIFY(oldSet["secret"].isInternal());
+        QCOMPARE(old->renderCommands(box), QStringLiteral("disc(x_coordinate, 1 < 2, \"ä\")"));
+        QCOMPARE(old->tooltip(box), "A box");
+        QCOMPARE(old->version(), "1.X");
+        QVERIFY(old->properties("None_T").isEmpty());
+        QCOMPARE(old->renderCommandsUtf8("None_T"), "");
+        QVERIFY(!manager.libraryModel(0x200) && !manager.toolboxModel(0x200));
+        QVERIFY(!old->contains("has space")); // could not be an element's name
+    }
+
+    void toolboxKeepsOrder()
+    {
+        const CToolboxModel *toolbox = CWidgetLibraryManager::instance().toolboxModel(0x100);
+        QStringList rows;
+        for (int group = 0; group < toolbox->rowCount(); ++group) {
+            const QStandardItem *groupRow = toolbox->item(group);
+            rows += groupRow->text();
+            for (int row = 0; row < groupRow->rowCount(); ++row)
+                rows += groupRow->child(row)->text() + QLatin1Char('=') +
+                        groupRow->child(row)->data(CToolboxModel::TypeRole).toString();
+        }
+        QCOMPARE(rows,
+                 QStringList({"Shapes", "Box=Test_Box_T", "Circle=Test_Circle_T", "Dot=Test_Dot_T",
+                              "Others", "Line=Test_Line_T", "Polygon=Test_Poly_T",
+                              "First=Test_Twice_T", "Second=Test_Twice_T"}));
+    }
+
+    void brokenFiles()
+    {
+        QTemporaryDir folder;
+        QFile file(folder.filePath("library.xml"));
+        CWidgetLibraryManager manager;
+        const auto isRefused = [&] {
+            return !manager.initialise(file.fileName(), {0x100}) &&
+                   !manager.errorText().isEmpty() && !manager.libraryModel(0x100);
+        };
+        QVERIFY2(isRefused(), "missing");
+        for (const char *xml : {"", "widgetlibrary", "<widgetlibrary><toolboxgroup>", "<library/>",
+                                "<!DOCTYPE widgetlibrary><widgetlibrary/>"}) {
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(xml);
+            file.close();
+            QVERIFY2(isRefused(), xml);
+        }
+    }
 };
-
-namespace {
-/// The cells of a table that is written as "a b; c d".
-QVector<QStringList> rowsOf(const char *table)
-{
-    QVector<QStringList> rows;
-    const QStringList lines = QString::fromUtf8(table).split(QStringLiteral("; "));
-    for (const QString &line : lines)
-        rows += line.split(QLatin1Char(' '));
-    return rows;
-}
-} // namespace
-
-void tst_WidgetLibrary::readsText()
-{
-    // The type, what is read, and the canonical text of it: what no number, colour or time can be
-    // made of is 0, black or empty; an unknown type is text.
-    const auto rows = rowsOf("0 -42 -42; 0 0x10 0; 0 1.5 0; 0 99999999999 0; "
-                             "1 0.1 0.1; 1 much 0; 1 nan 0; "
-                             "2 TRUE 1; 2 True 1; 2 yes 0; 2 2 1; 2 0 0; "
-                             "3 #FF0000 #ff0000; 3 #80ff0000 #80ff0000; 3 #ffff0000 #ff0000; "
-                             "3 #f80 #ff8800; 3 #ffff80000000 #ff8000; 3 SteelBlue #4682b4; "
-                             "3 reddish #000000; 3  #000000; 4 23:59:01 23:59:01; 4 noon ; "
-                             "5 Left Left; 6 017 017; 6 \xC3\xA4 \xC3\xA4; 77 x x");
-    for (const QStringList &cells : rows) {
-        const int type = cells.at(0).toInt();
-        CWidgetProperty property(QStringLiteral("key"), static_cast<PropertyType>(type));
-        property.setValueFromText(cells.at(1));
-        QCOMPARE(property.text(), cells.at(2));
-        QCOMPARE(property.valueAsInteger(), cells.at(2).toInt());
-        QCOMPARE(property.storageTypeName(), type == 0 || type == 2 ? "int" : "string");
-        if (type == 3) // a colour's value stays the text that was given
-            QCOMPARE(property.value(), QVariant(cells.at(1)));
-        property.setValueFromText(property.text()); // reads to the same again
-        QCOMPARE(QString::fromUtf8(property.valueText()), cells.at(2));
-    }
-}
-
-void tst_WidgetLibrary::takesVariant()
-{
-    const std::tuple<int, QVariant, const char *> cases[] = {
-        // the type, a value and its text
-        {0, 5, "5"},
-        {0, 5.5, "5.5"},
-        {1, 1.0 / 3, "0.3333333333333333"},
-        {2, "true", "1"},
-        {2, "TRUE", "0"},
-        {2, -3, "1"},
-        {2, "0", "0"},
-        {3, QColor(1, 2, 3), "#010203"},
-        {3, QColor(1, 2, 3, 4), "#04010203"},
-        {3, "red", "#ff0000"},
-        {4, QTime(1, 2, 3), "01:02:03"},
-        {6, 12, "12"},
-    };
-    for (const auto &[type, value, text] : cases) {
-        CWidgetProperty property(QStringLiteral("key"), static_cast<PropertyType>(type));
-        property.setMinimum(100); // limits are the editor's business alone
-        property.setValue(value);
-        QCOMPARE(property.valueText(), text);
-        QCOMPARE(property.value(), type == 2 ? QVariant(*text == '1') : value);
-    }
-}
-
-void tst_WidgetLibrary::typeNames()
-{
-    const std::pair<const char *, int> cases[] = {
-        {"invalid", -1}, {"int", 0},    {"float", 1},    {"bool", 2},      {"rgb", 3},
-        {"time", 4},     {"enum", 5},   {"enum:A|B", 5}, {"enumerate", 5}, {"string", 6},
-        {"Enum", 0},     {"colour", 0}, {"", 0},
-    };
-    for (const auto &[name, code] : cases)
-        QVERIFY2(int(propertyTypeOfName(QString::fromLatin1(name))) == code, name);
-}
-
-void tst_WidgetLibrary::copiesAreIndependent()
-{
-    CWidgetProperty original;
-    QCOMPARE(original.name(), "");
-    QCOMPARE(original.type(), 6);
-    QVERIFY(!original.value().isValid() && !original.minimum().isValid());
-    original = CWidgetProperty(QStringLiteral("key"), PropertyType::Int);
-    original.setValue(1);
-    original.setMaximum(9);
-    original.setEnumerationEntries({QStringLiteral("A")});
-    CWidgetProperty copy(original);
-    copy.setName(QStringLiteral("other"));
-    copy.setType(PropertyType::String);
-    copy.setValue(2);
-    copy.setMaximum(10);
-    copy.setInternal(true);
-    QCOMPARE(original.name(), "key");
-    QCOMPARE(original.storageTypeName(), "int");
-    QCOMPARE(original.valueText(), "1");
-    QCOMPARE(original.maximum(), QVariant(9));
-    QVERIFY(!original.isInternal() && !original.isHidden() && !original.isReadOnly());
-    QCOMPARE(copy.name(), "other");
-    QCOMPARE(copy.storageTypeName(), "string");
-    QCOMPARE(copy.enumerationEntries(), QStringList(QStringLiteral("A")));
-}
-
-void tst_WidgetLibrary::chipCodes()
-{
-    const std::pair<const char *, quint32> cases[] = {
-        {"QX100", 0x100}, {"QX110", 272}, {"QX113", 0x113}, {"ABC", 0x100},      {"qx110", 0x100},
-        {"QX200", 0x100}, {"", 0x100},    {"QX1zz", 0},     {"QX1000000000", 0},
-    };
-    for (const auto &[platform, code] : cases)
-        QVERIFY2(chipCodeOfPlatform(QString::fromLatin1(platform)) == code, platform);
-}
-
-void tst_WidgetLibrary::filters()
-{
-    // Which of QX100, QX101, QX110 and QX113 match; an unknown name is the first model.
-    const auto rows = rowsOf("QX101 0100; ..QX101 1100; QX110.. 0011; QX101..QX110 0110; "
-                             "QX110..QX101 0000; QX100,QX113.. 1001; ,,QX101, 0100;  0000; "
-                             "ABC 1000");
-    for (const QStringList &cells : rows) {
-        QString matching;
-        for (const quint32 code : {0x100u, 0x101u, 0x110u, 0x113u})
-            matching += QLatin1Char(PlatformFilter::matches(cells.at(0), code) ? '1' : '0');
-        QVERIFY2(matching == cells.at(1), qPrintable(cells.join(QLatin1Char(' '))));
-    }
-}
-
-void tst_WidgetLibrary::alternatives()
-{
-    // A text, what it is on QX100 and what on QX112; the first without filter wins.
-    const auto rows =
-        rowsOf("5 5 5; 2048@QX100..QX101|4096 2048 4096; 2048@QX110..|1024 1024 2048; "
-               "2048@QX110  ; 1|2@QX112 1 1; ||7 7 7; @QX112|3 3 ;   ");
-    for (const QStringList &cells : rows) {
-        QCOMPARE(PlatformFilter::resolve(cells.at(0), 0x100), cells.at(1));
-        QCOMPARE(PlatformFilter::resolve(cells.at(0), 0x112), cells.at(2));
-    }
-}
-
-void tst_WidgetLibrary::kindsByPlatform()
-{
-    const auto &manager = CWidgetLibraryManager::instance();
-    const CWidgetLibraryModel *old = manager.libraryModel(0x100);
-    const CWidgetLibraryModel *modern = manager.libraryModel(0x112);
-    const QString box = QStringLiteral("Test_Box_T");
-    const auto oldSet = old->propertySet(box);
-    const auto modernSet = modern->propertySet(box);
-
-    const QStringList order = {
-        "name",    "id",    "x_coordinate", "y_coordinate", "width",  "height", "text", "fill",
-        "visible", "alarm", "opacity",      "align",        "secret", "odd",    "hush", "bfolder"};
-    QCOMPARE(old->propertyKeys(box), order);
-    QCOMPARE(old->properties(box).size(), order.size());
-
-    QCOMPARE(oldSet["x_coordinate"].minimum(), QVariant(-32768));
-    QCOMPARE(oldSet["x_coordinate"].maximum(), QVariant(2048));
-    QCOMPARE(modernSet["x_coordinate"].maximum(), QVariant(4096));
-    QCOMPARE(oldSet["y_coordinate"].maximum(), QVariant(1024));
-    QCOMPARE(modernSet["y_coordinate"].maximum(), QVariant(2048));
-    QVERIFY(!oldSet["width"].maximum().isValid());
-    QVERIFY(!oldSet["name"].minimum().isValid() && !oldSet["name"].singleStep().isValid());
-    QCOMPARE(oldSet["opacity"].singleStep(), QVariant(0.05));
-    QCOMPARE(oldSet["align"].enumerationEntries(), QStringList({"Left", "Right"}));
-    QCOMPARE(modernSet["align"].enumerationEntries(), QStringList({"Left", "Middle", "Right"}));
-    QVERIFY(!oldSet["odd"].isHidden()); // only the exact text "true" counts
-    QVERIFY(oldSet["odd"].isReadOnly());
-    QCOMPARE(int(oldSet["odd"].propertyType()), 0);
-    QCOMPARE(oldSet["odd"].value(), QVariant(12));
-    QVERIFY(oldSet["secret"].isInternal());
-    QVERIFY(!oldSet["hush"].isHidden() && modernSet["hush"].isHidden());
-
-    QCOMPARE(old->renderCommands(box), QStringLiteral("disc(x_coordinate, 1 < 2, \"ä\")"));
-    QCOMPARE(QString::fromUtf8(old->renderCommandsUtf8(box)), old->renderCommands(box));
-    QCOMPARE(old->tooltip(box), QStringLiteral("A box"));
-    QCOMPARE(old->version(), QStringLiteral("1.X"));
-    QVERIFY(old->properties(QStringLiteral("None_T")).isEmpty());
-    QCOMPARE(old->renderCommandsUtf8(QStringLiteral("None_T")), "");
-    QVERIFY(!manager.libraryModel(0x200) && !manager.toolboxModel(0x200));
-    QVERIFY(!old->contains(QStringLiteral("has space"))); // could not be an element's name
-}
-
-void tst_WidgetLibrary::toolboxKeepsOrder()
-{
-    const CToolboxModel *toolbox = CWidgetLibraryManager::instance().toolboxModel(0x100);
-    QStringList rows;
-    for (int group = 0; group < toolbox->rowCount(); ++group) {
-        const QStandardItem *groupRow = toolbox->item(group);
-        rows += groupRow->text();
-        for (int row = 0; row < groupRow->rowCount(); ++row)
-            rows += groupRow->child(row)->text() + QLatin1Char('=') +
-                    groupRow->child(row)->data(CToolboxModel::TypeRole).toString();
-    }
-    QCOMPARE(rows,
-             QStringList({"Shapes", "Box=Test_Box_T", "Circle=Test_Circle_T", "Dot=Test_Dot_T",
-                          "Others", "Line=Test_Line_T", "Polygon=Test_Poly_T", "First=Test_Twice_T",
-                          "Second=Test_Twice_T"}));
-}
-
-void tst_WidgetLibrary::brokenFiles()
-{
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("library.xml")));
-    CWidgetLibraryManager manager;
-    const auto isRefused = [&] {
-        return !manager.initialise(file.fileName(), {0x100}) && !manager.errorText().isEmpty() &&
-               !manager.libraryModel(0x100);
-    };
-    QVERIFY2(isRefused(), "missing");
-    for (const char *xml : {"", "widgetlibrary", "<widgetlibrary><toolboxgroup>", "<library/>",
-                            "<!DOCTYPE widgetlibrary><widgetlibrary/>"}) {
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(xml);
-        file.close();
-        QVERIFY2(isRefused(), xml);
-    }
-}
-
-void tst_WidgetLibrary::loadsAgain()
-{
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("library.xml")));
-    CWidgetLibraryManager manager;
-    for (const QByteArray &version : {QByteArray("2.0"), QByteArray("3.1")}) {
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<widgetlibrary><miscinfo><NYXVersion name=\"" + version +
-                   "\"/></miscinfo></widgetlibrary>");
-        file.close();
-        QVERIFY(manager.initialise(file.fileName(), {0x100, 0x110}));
-        QCOMPARE(manager.libraryModel(0x110)->version(), QString::fromLatin1(version));
-    }
-}
 
 QTEST_MAIN(tst_WidgetLibrary)
 #include "tst_widgetlibrary.moc"
