@@ -25,13 +25,10 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_project.reset(); }
 
-    void texts();
     void itemsLieWhereTheCommandsSay();
-    void orderMarksTheMove();
     void groupingMovesMembersAndTheirMark();
     void pasteKeepsTheClipboardOrder();
     void pastedScreenIsTheSameAfterRedo();
-    void screenIsAppendedAtTheTimeOfTheRedo();
     void propertyEditsDoNotMerge();
     void optionsAreRefreshedBothWays();
     void undoAndRedoRestoreEveryByte_data();
@@ -57,7 +54,7 @@ void tst_Commands::init()
 
 CItemModel *tst_Commands::newBox(const QString &name)
 {
-    auto *box = newWidget(*m_project, QStringLiteral("Test_Box_T"));
+    auto *box = newWidget(*m_project, "Test_Box_T");
     box->setProperty(PropertyKey::Name, name);
     return box;
 }
@@ -68,29 +65,6 @@ QStringList tst_Commands::names(const QStandardItem *parent) const
     for (int row = 0; row < parent->rowCount(); ++row)
         result << parent->child(row)->text();
     return result;
-}
-
-void tst_Commands::texts()
-{
-    CItemModel *front = m_screen->childItem(0);
-    const auto text = [](QUndoCommand *command) {
-        const std::unique_ptr<QUndoCommand> owner(command);
-        return command->text();
-    };
-    QCOMPARE(text(new CCommandAddItem(m_screen, newBox("lamp"))), QString("Add lamp"));
-    QCOMPARE(text(new CCommandInsertItem(m_screen, newBox("lamp"), 1)), QString("Insert lamp"));
-    QCOMPARE(text(new CCommandDeleteItem(front)), QString("Delete front"));
-    QCOMPARE(text(new CCommandOrderItem(front, 1)), QString("Order Item"));
-    QCOMPARE(text(new CCommandGroupItem(m_screen, m_screen, 0)), QString("Group Item"));
-    QCOMPARE(text(new CCommandUngroupItem(m_screen, m_screen, 0, 0)), QString("Ungroup Item"));
-    QCOMPARE(text(new CCommandAddScreen(new CScreenModel(m_project.get()), m_project.get())),
-             QString("Add Page 2"));
-    QCOMPARE(text(new CCommandDeleteScreen(m_screen)), QString("Delete Page 1"));
-    QCOMPARE(text(new CCommandPasteScreen(m_project.get(), QDomElement(), 1)), QString("Paste"));
-    QCOMPARE(text(new CCommandPaste(m_screen, QDomElement())), QString("Paste"));
-    QCOMPARE(text(new CCommandChangeItemProperty(front, "width", 1, 2)),
-             QString("Change Property front width"));
-    QCOMPARE(text(new CCommandChangeOptions(m_project.get(), {}, nullptr)), QString());
 }
 
 void tst_Commands::itemsLieWhereTheCommandsSay()
@@ -112,20 +86,6 @@ void tst_Commands::itemsLieWhereTheCommandsSay()
     stack().setIndex(0);
     QCOMPARE(m_project->screen(1), second);
     QCOMPARE(names(m_screen), before);
-}
-
-void tst_Commands::orderMarksTheMove()
-{
-    CItemModel *back = m_screen->childItem(2);
-    QVector<bool> marks;
-    connect(m_project.get(), &QAbstractItemModel::rowsRemoved, this,
-            [&] { marks << back->isMoving(); });
-    stack().push(new CCommandOrderItem(back, 0));
-    QCOMPARE(names(m_screen), QStringList({"back", "front", "middle"}));
-    stack().undo();
-    QCOMPARE(names(m_screen), QStringList({"front", "middle", "back"}));
-    QCOMPARE(marks, QVector<bool>({true, true}));
-    QVERIFY(!back->isMoving());
 }
 
 void tst_Commands::groupingMovesMembersAndTheirMark()
@@ -187,19 +147,6 @@ void tst_Commands::pastedScreenIsTheSameAfterRedo()
     stack().redo();
     stack().redo();
     QCOMPARE(m_project->screen(1)->childItem(0)->width(), 77.0);
-}
-
-void tst_Commands::screenIsAppendedAtTheTimeOfTheRedo()
-{
-    stack().push(new CCommandAddScreen(new CScreenModel(m_project.get()), m_project.get()));
-    stack().undo();
-    m_project->appendRow(new CScreenModel(m_project.get()));
-    const CScreenModel *other = m_project->screen(1);
-    stack().redo();
-    QCOMPARE(m_project->screenCount(), 3);
-    stack().undo();
-    QCOMPARE(m_project->screenCount(), 2);
-    QCOMPARE(m_project->screen(1), const_cast<CScreenModel *>(other));
 }
 
 void tst_Commands::propertyEditsDoNotMerge()
@@ -269,7 +216,7 @@ void tst_Commands::undoAndRedoRestoreEveryByte()
         return QStringLiteral("seed %1, index %2, after: %3")
             .arg(seed)
             .arg(index)
-            .arg(monkey.log().mid(qMax(0, monkey.log().size() - 40)).join(QStringLiteral(", ")));
+            .arg(monkey.log().mid(qMax(0, monkey.log().size() - 40)).join(", "));
     };
     int lastIndex = 0;
     for (int step = 0; step < Steps; ++step) {
