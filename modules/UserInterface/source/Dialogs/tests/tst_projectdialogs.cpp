@@ -8,22 +8,8 @@
 #include "IProjectOptionsObserver.h"
 #include "PropertyKey.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
-#include <QUndoStack>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 
@@ -42,14 +28,6 @@ void touch(const QString &path)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-}
-
-QStringList entries(const QComboBox *box)
-{
-    QStringList texts;
-    for (int row = 0; row < box->count(); ++row)
-        texts.append(box->itemText(row));
-    return texts;
 }
 
 void makeNew(CProjectModel *project, const QString &width, const QString &height)
@@ -73,346 +51,320 @@ class tst_ProjectDialogs : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void newProjectWithTheProposedValues();
-    void anExistingFileKeepsTheDialogOpen();
-    void wrongFieldsAreRefusedBesideThem_data();
-    void wrongFieldsAreRefusedBesideThem();
-    void theFolderIsChosenByADialog();
-    void optionsAreOneStep();
-    void customSizesUpToTheLargest();
-    void autosaveIsNoStep();
-    void optionsWithoutAProject();
-    void languagesOfTheFolder();
-    void screenshotsOfTheSelection();
-    void screenshotFolderIsRemembered();
+    void newProjectWithTheProposedValues()
+    {
+        QTemporaryDir folder;
+        QCOMPARE(CConfigurationDialog::proposedName(folder.path()), "untitled_project");
+        touch(folder.filePath("untitled_project.nyx"));
+        touch(folder.filePath("untitled_project(1).nyx"));
+        const QString before = QDir::currentPath();
+
+        CConfigurationDialog dialog(m_platforms, folder.path());
+        auto *name = field<QLineEdit>(dialog, "projectName");
+        auto *platform = field<QComboBox>(dialog, "platform");
+        auto *resolution = field<QComboBox>(dialog, "resolution");
+        QCOMPARE(name->text(), "untitled_project(2)");
+        QCOMPARE(resolution->count(), 4);
+        platform->setCurrentText("QX112");
+        QCOMPARE(resolution->count(), 7);
+        resolution->setCurrentText("800 x 480");
+        okButton(dialog)->click();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(dialog.options(),
+                 (CConfigurationDialog::Options{
+                     {"project_name", "untitled_project(2)"},
+                     {"width", "800"},
+                     {"height", "480"},
+                     {"platform", "QX112"},
+                     {"working_directory", QDir(folder.path()).canonicalPath()}}));
+        QCOMPARE(QDir::currentPath(), before);
+    }
+
+    void anExistingFileKeepsTheDialogOpen()
+    {
+        QTemporaryDir folder;
+        touch(folder.filePath("taken.nyx"));
+        CConfigurationDialog dialog(m_platforms, folder.path());
+        dialog.show();
+        field<QLineEdit>(dialog, "projectName")->setText("taken");
+        CDialogAnswers answers;
+        answers.expect([](QDialog *opened) {
+            auto *box = qobject_cast<QMessageBox *>(opened);
+            QVERIFY(box);
+            box->button(QMessageBox::Ok)->click();
+        });
+        okButton(dialog)->click();
+        QVERIFY(answers.allGiven());
+        QVERIFY(dialog.isVisible());
+        QVERIFY(dialog.options().isEmpty());
+        field<QLineEdit>(dialog, "projectName")->setText("free");
+        okButton(dialog)->click();
+        QCOMPARE(dialog.options().value("project_name"), "free");
+    }
+
+    void wrongFieldsAreRefusedBesideThem_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("folder"); // below the test's own
+        QTest::addColumn<bool>("nameIsWrong");
+        QTest::addColumn<bool>("folderIsWrong");
+        const auto row = [](const char *what, QString name, QString folder, bool nameIsWrong,
+                            bool folderIsWrong) {
+            QTest::newRow(what) << name << folder << nameIsWrong << folderIsWrong;
+        };
+        row("both right", "demo", "", false, false);
+        row("no name", "", "", true, false);
+        row("leaves its folder", "../demo", "", true, false);
+        row("too long", QString(300, 'a'), "", true, false);
+        row("no such folder", "demo", "/nowhere", false, true);
+        row("a file as folder", "demo", "/file", false, true);
+    }
+
+    void wrongFieldsAreRefusedBesideThem()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, folder);
+        QFETCH(bool, nameIsWrong);
+        QFETCH(bool, folderIsWrong);
+        QTemporaryDir root;
+        touch(root.filePath("file"));
+        CConfigurationDialog dialog(m_platforms, root.path());
+        dialog.show();
+        const QSize size = dialog.size();
+        field<QLineEdit>(dialog, "projectName")->setText(name);
+        field<QLineEdit>(dialog, "workingDirectory")->setText(root.path() + folder);
+        QCOMPARE(!field<QLabel>(dialog, "nameProblem")->text().isEmpty(), nameIsWrong);
+        QCOMPARE(!field<QLabel>(dialog, "folderProblem")->text().isEmpty(), folderIsWrong);
+        QCOMPARE(okButton(dialog)->isEnabled(), !nameIsWrong && !folderIsWrong);
+        QCoreApplication::processEvents();
+        QCOMPARE(dialog.size(), size); // nothing moves while typing
+        dialog.accept();
+        QCOMPARE(dialog.isVisible(), nameIsWrong || folderIsWrong);
+    }
+
+    void theFolderIsChosenByADialog()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir other;
+        touch(other.filePath("untitled_project.nyx"));
+        CConfigurationDialog dialog(m_platforms, folder.path());
+        CDialogAnswers answers;
+        answers.expect([&other](QDialog *opened) {
+            auto *files = qobject_cast<QFileDialog *>(opened);
+            QVERIFY(files);
+            Q_EMIT files->fileSelected(other.path());
+        });
+        field<QToolButton>(dialog, "chooseFolder")->click();
+        QVERIFY(answers.allGiven());
+        QCOMPARE(field<QLineEdit>(dialog, "workingDirectory")->text(), other.path());
+        // The proposed name follows the folder.
+        QCOMPARE(field<QLineEdit>(dialog, "projectName")->text(), "untitled_project(1)");
+    }
+
+    void optionsAreOneStep()
+    {
+        CProjectModel project;
+        makeNew(&project, "800", "480");
+        SObserver observer;
+        COptionDialog dialog(m_platforms, &observer);
+        dialog.fill(&project, 10);
+        dialog.accept(); // nothing was changed
+        QCOMPARE(project.undoStack()->count(), 0);
+
+        dialog.fill(&project, 10);
+        field<QLineEdit>(dialog, "projectName")->setText("after");
+        field<QComboBox>(dialog, "platform")
+            ->setCurrentText("QX100"); // 800 x 480 is too large for it
+        QCOMPARE(field<QComboBox>(dialog, "offeredSizes")->currentText(), "480 x 272");
+        dialog.accept();
+        QCOMPARE(project.propertyText(PropertyKey::ProjectName), "after");
+        QCOMPARE(project.platform(), "QX100");
+        QCOMPARE(project.resolution(), QSize(480, 272));
+        QCOMPARE(project.undoStack()->count(), 1);
+        QCOMPARE(observer.calls, 1);
+        project.undoStack()->undo();
+        QCOMPARE(project.propertyText(PropertyKey::ProjectName), "before");
+        QCOMPARE(project.resolution(), QSize(800, 480));
+        QCOMPARE(observer.calls, 2);
+
+        dialog.fill(&project, 10);
+        field<QLineEdit>(dialog, "projectName")->setText("../x");
+        QVERIFY(!okButton(dialog)->isEnabled());
+        dialog.accept();
+        QCOMPARE(project.undoStack()->index(), 0);
+    }
+
+    void customSizesUpToTheLargest()
+    {
+        CProjectModel project;
+        makeNew(&project, "700", "30");
+        COptionDialog dialog(m_platforms, nullptr);
+        dialog.fill(&project, 0);
+        auto *width = field<QSpinBox>(dialog, "width");
+        auto *height = field<QSpinBox>(dialog, "height");
+        auto *offered = field<QComboBox>(dialog, "offeredSizes");
+        QCOMPARE(offered->currentIndex(), offered->count() - 1); // a custom size
+        QVERIFY(width->isEnabled());
+        QCOMPARE(width->value(), 700);
+        QCOMPARE(width->minimum(), 0);
+        QCOMPARE(width->maximum(), 2048);
+        width->setValue(0);
+        QVERIFY(!okButton(dialog)->isEnabled());
+        QVERIFY(!field<QLabel>(dialog, "sizeProblem")->text().isEmpty());
+        width->setValue(2048);
+        height->setValue(2048);
+        dialog.accept();
+        QCOMPARE(project.resolution(), QSize(2048, 2048));
+
+        dialog.fill(&project, 0);
+        offered->setCurrentIndex(1);
+        Q_EMIT offered->activated(1);
+        QVERIFY(!width->isEnabled());
+        QCOMPARE(QSize(width->value(), height->value()), QSize(320, 240));
+        field<QComboBox>(dialog, "platform")->setCurrentText("QX101");
+        QCOMPARE(width->maximum(), 512);
+        QCOMPARE(QSize(width->value(), height->value()), QSize(320, 240)); // still fits
+    }
+
+    void autosaveIsNoStep()
+    {
+        CProjectModel project;
+        makeNew(&project, "480", "272");
+        COptionDialog dialog(m_platforms, nullptr);
+        QSignalSpy changed(&dialog, &COptionDialog::autosaveIntervalChanged);
+        auto *enabled = field<QCheckBox>(dialog, "autosave");
+        auto *interval = field<QSpinBox>(dialog, "autosaveInterval");
+        dialog.fill(&project, 30);
+        dialog.show();
+        QVERIFY(interval->isVisible());
+        const QSize size = dialog.size();
+        enabled->setChecked(false);
+        QVERIFY(!interval->isVisible());
+        QCoreApplication::processEvents();
+        QCOMPARE(dialog.size(), size);
+        dialog.accept();
+        QCOMPARE(changed.takeFirst().first().toInt(), 0);
+        dialog.fill(&project, 0);
+        enabled->setChecked(true);
+        interval->setValue(45);
+        dialog.accept();
+        QCOMPARE(changed.takeFirst().first().toInt(), 45);
+        dialog.fill(&project, 45);
+        dialog.accept();
+        QVERIFY(changed.isEmpty());
+    }
+
+    void optionsWithoutAProject()
+    {
+        COptionDialog dialog(m_platforms, nullptr);
+        QSignalSpy changed(&dialog, &COptionDialog::autosaveIntervalChanged);
+        dialog.fill(nullptr, 10);
+        QVERIFY(!field<QLineEdit>(dialog, "projectName")->isEnabled());
+        QVERIFY(okButton(dialog)->isEnabled());
+        field<QSpinBox>(dialog, "autosaveInterval")->setValue(20);
+        dialog.accept();
+        QCOMPARE(changed.count(), 1);
+        {
+            CProjectModel project;
+            makeNew(&project, "480", "272");
+            dialog.fill(&project, 20);
+        }
+        dialog.accept(); // the project has been closed meanwhile
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void languagesOfTheFolder()
+    {
+        QTemporaryDir folder;
+        for (const char *name : {"NYX_de.qm", "NYX_zh_CN.qm", "qt_de.qm", "NYX_.qm", "NYX_fr.ts"})
+            touch(folder.filePath(name));
+        CLanguageDialog dialog(folder.path(), "zh_CN");
+        auto *box = field<QComboBox>(dialog, "languages");
+        QCOMPARE(box->count(), 2);
+        QCOMPARE(box->itemText(0), "Deutsch");
+        QCOMPARE(box->currentData().toString(), "zh_CN");
+        QSignalSpy changed(&dialog, &CLanguageDialog::languageChanged);
+        box->setCurrentIndex(0);
+        dialog.reject();
+        QVERIFY(changed.isEmpty());
+        okButton(dialog)->click();
+        QCOMPARE(changed.takeFirst().first().toString(), "de");
+
+        CLanguageDialog empty(folder.filePath("nothing"), "de");
+        QCOMPARE(field<QComboBox>(empty, "languages")->count(), 0);
+        QVERIFY(!okButton(empty)->isEnabled());
+        empty.accept();
+    }
+
+    void screenshotsOfTheSelection()
+    {
+        QTemporaryDir folder;
+        CPrintScreenDialog::Pictures pictures;
+        for (const QString &name : {QString("Page 1"), QString("a/b"), QString("Page 3")}) {
+            QPixmap picture(40, 20);
+            picture.fill(pictures.isEmpty() ? Qt::red : Qt::blue);
+            pictures.append({name, picture});
+        }
+        pictures[2].second = QPixmap(); // never rendered
+        const auto source = [&pictures] { return pictures; };
+        touch(folder.filePath("Page 1.png"));
+
+        CPrintScreenDialog none(source, folder.path());
+        QSignalSpy told(&none, &CPrintScreenDialog::message);
+        field<QPushButton>(none, "save")->click();
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"Page 1.png"});
+        QCOMPARE(none.result(), int(QDialog::Accepted));
+        QCOMPARE(told.count(), 1);
+
+        CPrintScreenDialog dialog(source, folder.path());
+        auto *screens = field<QListWidget>(dialog, "screens");
+        QCOMPARE(screens->currentRow(), 0);
+        QCOMPARE(screens->count(), 3);
+        const qint64 empty = screens->item(2)->icon().cacheKey();
+        pictures[2].second = QPixmap(16, 16);
+        dialog.refresh();
+        QTRY_VERIFY(screens->item(2)->icon().cacheKey() != empty);
+        dialog.show();
+        for (const int row : {0, 1, 1, 1}) // the second one on, off, on again
+            QTest::mouseClick(screens->viewport(), Qt::LeftButton, {},
+                              screens->visualItemRect(screens->item(row)).center());
+        field<QPushButton>(dialog, "save")->click();
+        QTRY_VERIFY(!dialog.isVisible());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
+                 (QStringList{"a_b.png", "Page 1 (1).png", "Page 1.png"}));
+        QCOMPARE(QImage(folder.filePath("Page 1 (1).png")).pixelColor(3, 3), QColor(Qt::red));
+    }
+
+    void screenshotFolderIsRemembered()
+    {
+        QTemporaryDir first;
+        QTemporaryDir second;
+        CPrintScreenDialog dialog([] { return CPrintScreenDialog::Pictures(); }, first.path());
+        QCOMPARE(field<QLabel>(dialog, "saveLocation")->text(), "Save Location: " + first.path());
+        QSignalSpy changed(&dialog, &CPrintScreenDialog::saveFolderChanged);
+        CDialogAnswers answers;
+        answers.expect([](QDialog *opened) { opened->reject(); });
+        field<QToolButton>(dialog, "chooseFolder")->click();
+        QVERIFY(changed.isEmpty());
+        answers.expect([&second](QDialog *opened) {
+            auto *files = qobject_cast<QFileDialog *>(opened);
+            files->setDirectory(second.path());
+            files->findChild<QLineEdit *>("fileNameEdit")->setText(second.path());
+            QMetaObject::invokeMethod(files, "accept");
+        });
+        field<QToolButton>(dialog, "chooseFolder")->click();
+        QVERIFY(answers.allGiven());
+        QCOMPARE(dialog.saveFolder(), second.path());
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(field<QLabel>(dialog, "saveLocation")->text(), "Save Location: " + second.path());
+        CPrintScreenDialog missing([] { return CPrintScreenDialog::Pictures(); },
+                                   "/no/such/folder");
+        QVERIFY(QFileInfo(missing.saveFolder()).isDir());
+    }
 
 private:
     const CPlatformTable m_platforms;
 };
-
-void tst_ProjectDialogs::newProjectWithTheProposedValues()
-{
-    QTemporaryDir folder;
-    QCOMPARE(CConfigurationDialog::proposedName(folder.path()), QStringLiteral("untitled_project"));
-    touch(folder.filePath("untitled_project.nyx"));
-    touch(folder.filePath("untitled_project(1).nyx"));
-    const QString before = QDir::currentPath();
-
-    CConfigurationDialog dialog(m_platforms, folder.path());
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Project configuration"));
-    auto *name = field<QLineEdit>(dialog, "projectName");
-    auto *platform = field<QComboBox>(dialog, "platform");
-    auto *resolution = field<QComboBox>(dialog, "resolution");
-    QCOMPARE(name->text(), QStringLiteral("untitled_project(2)"));
-    QCOMPARE(entries(resolution),
-             (QStringList{"480 x 272", "320 x 240", "240 x 320", "320 x 480"}));
-    platform->setCurrentText("QX112");
-    QCOMPARE(resolution->count(), 7);
-    resolution->setCurrentText("800 x 480");
-    okButton(dialog)->click();
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(dialog.options(), (CConfigurationDialog::Options{
-                                   {"project_name", "untitled_project(2)"},
-                                   {"width", "800"},
-                                   {"height", "480"},
-                                   {"platform", "QX112"},
-                                   {"working_directory", QDir(folder.path()).canonicalPath()}}));
-    QCOMPARE(QDir::currentPath(), before);
-}
-
-void tst_ProjectDialogs::anExistingFileKeepsTheDialogOpen()
-{
-    QTemporaryDir folder;
-    touch(folder.filePath("taken.nyx"));
-    CConfigurationDialog dialog(m_platforms, folder.path());
-    dialog.show();
-    field<QLineEdit>(dialog, "projectName")->setText("taken");
-    CDialogAnswers answers;
-    answers.expect([](QDialog *opened) {
-        auto *box = qobject_cast<QMessageBox *>(opened);
-        QVERIFY(box);
-        QCOMPARE(box->windowTitle(), QStringLiteral("File name exists already!"));
-        QCOMPARE(box->text(), QStringLiteral("Change to another project name!"));
-        QCOMPARE(box->standardButtons(), QMessageBox::Ok);
-        box->button(QMessageBox::Ok)->click();
-    });
-    okButton(dialog)->click();
-    QVERIFY(answers.allGiven());
-    QVERIFY(dialog.isVisible());
-    QVERIFY(dialog.options().isEmpty());
-    field<QLineEdit>(dialog, "projectName")->setText("free");
-    okButton(dialog)->click();
-    QCOMPARE(dialog.options().value("project_name"), QStringLiteral("free"));
-}
-
-void tst_ProjectDialogs::wrongFieldsAreRefusedBesideThem_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("folder"); // below the test's own
-    QTest::addColumn<bool>("nameIsWrong");
-    QTest::addColumn<bool>("folderIsWrong");
-    const auto row = [](const char *what, QString name, QString folder, bool nameIsWrong,
-                        bool folderIsWrong) {
-        QTest::newRow(what) << name << folder << nameIsWrong << folderIsWrong;
-    };
-    row("both right", "demo", "", false, false);
-    row("no name", "", "", true, false);
-    row("blank name", "   ", "", true, false);
-    row("leaves its folder", "../demo", "", true, false);
-    row("reserved character", "a:b", "", true, false);
-    row("too long", QString(300, 'a'), "", true, false);
-    row("no such folder", "demo", "/nowhere", false, true);
-    row("a file as folder", "demo", "/file", false, true);
-}
-
-void tst_ProjectDialogs::wrongFieldsAreRefusedBesideThem()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, folder);
-    QFETCH(bool, nameIsWrong);
-    QFETCH(bool, folderIsWrong);
-    QTemporaryDir root;
-    touch(root.filePath("file"));
-    CConfigurationDialog dialog(m_platforms, root.path());
-    dialog.show();
-    const QSize size = dialog.size();
-    field<QLineEdit>(dialog, "projectName")->setText(name);
-    field<QLineEdit>(dialog, "workingDirectory")->setText(root.path() + folder);
-    QCOMPARE(!field<QLabel>(dialog, "nameProblem")->text().isEmpty(), nameIsWrong);
-    QCOMPARE(!field<QLabel>(dialog, "folderProblem")->text().isEmpty(), folderIsWrong);
-    QCOMPARE(okButton(dialog)->isEnabled(), !nameIsWrong && !folderIsWrong);
-    QCoreApplication::processEvents();
-    QCOMPARE(dialog.size(), size); // nothing moves while typing
-    dialog.accept();
-    QCOMPARE(dialog.isVisible(), nameIsWrong || folderIsWrong);
-}
-
-void tst_ProjectDialogs::theFolderIsChosenByADialog()
-{
-    QTemporaryDir folder;
-    QTemporaryDir other;
-    touch(other.filePath("untitled_project.nyx"));
-    CConfigurationDialog dialog(m_platforms, folder.path());
-    CDialogAnswers answers;
-    answers.expect([&other](QDialog *opened) {
-        auto *files = qobject_cast<QFileDialog *>(opened);
-        QVERIFY(files);
-        Q_EMIT files->fileSelected(other.path());
-    });
-    field<QToolButton>(dialog, "chooseFolder")->click();
-    QVERIFY(answers.allGiven());
-    QCOMPARE(field<QLineEdit>(dialog, "workingDirectory")->text(), other.path());
-    // The proposed name follows the folder.
-    QCOMPARE(field<QLineEdit>(dialog, "projectName")->text(),
-             QStringLiteral("untitled_project(1)"));
-}
-
-void tst_ProjectDialogs::optionsAreOneStep()
-{
-    CProjectModel project;
-    makeNew(&project, "800", "480");
-    SObserver observer;
-    COptionDialog dialog(m_platforms, &observer);
-    dialog.fill(&project, 10);
-    QCOMPARE(field<QComboBox>(dialog, "offeredSizes")->currentText(), QStringLiteral("800 x 480"));
-    dialog.accept(); // nothing was changed
-    QCOMPARE(project.undoStack()->count(), 0);
-
-    dialog.fill(&project, 10);
-    field<QLineEdit>(dialog, "projectName")->setText("after");
-    field<QComboBox>(dialog, "platform")->setCurrentText("QX100"); // 800 x 480 is too large for it
-    QCOMPARE(field<QComboBox>(dialog, "offeredSizes")->currentText(), QStringLiteral("480 x 272"));
-    dialog.accept();
-    QCOMPARE(project.propertyText(PropertyKey::ProjectName), QStringLiteral("after"));
-    QCOMPARE(project.platform(), QStringLiteral("QX100"));
-    QCOMPARE(project.resolution(), QSize(480, 272));
-    QCOMPARE(project.undoStack()->count(), 1);
-    QCOMPARE(project.undoStack()->undoText(), QStringLiteral("Change Project Options"));
-    QCOMPARE(observer.calls, 1);
-    project.undoStack()->undo();
-    QCOMPARE(project.propertyText(PropertyKey::ProjectName), QStringLiteral("before"));
-    QCOMPARE(project.resolution(), QSize(800, 480));
-    QCOMPARE(observer.calls, 2);
-
-    dialog.fill(&project, 10);
-    field<QLineEdit>(dialog, "projectName")->setText("../x");
-    QVERIFY(!okButton(dialog)->isEnabled());
-    dialog.accept();
-    QCOMPARE(project.undoStack()->index(), 0);
-}
-
-void tst_ProjectDialogs::customSizesUpToTheLargest()
-{
-    CProjectModel project;
-    makeNew(&project, "700", "30");
-    COptionDialog dialog(m_platforms, nullptr);
-    dialog.fill(&project, 0);
-    auto *width = field<QSpinBox>(dialog, "width");
-    auto *height = field<QSpinBox>(dialog, "height");
-    auto *offered = field<QComboBox>(dialog, "offeredSizes");
-    QCOMPARE(offered->currentIndex(), offered->count() - 1); // a custom size
-    QVERIFY(width->isEnabled());
-    QCOMPARE(width->value(), 700);
-    QCOMPARE(width->minimum(), 0);
-    QCOMPARE(width->maximum(), 2048);
-    width->setValue(0);
-    QVERIFY(!okButton(dialog)->isEnabled());
-    QVERIFY(!field<QLabel>(dialog, "sizeProblem")->text().isEmpty());
-    width->setValue(2048);
-    height->setValue(2048);
-    dialog.accept();
-    QCOMPARE(project.resolution(), QSize(2048, 2048));
-
-    dialog.fill(&project, 0);
-    offered->setCurrentIndex(1);
-    Q_EMIT offered->activated(1);
-    QVERIFY(!width->isEnabled());
-    QCOMPARE(QSize(width->value(), height->value()), QSize(320, 240));
-    field<QComboBox>(dialog, "platform")->setCurrentText("QX101");
-    QCOMPARE(width->maximum(), 512);
-    QCOMPARE(QSize(width->value(), height->value()), QSize(320, 240)); // still fits
-}
-
-void tst_ProjectDialogs::autosaveIsNoStep()
-{
-    CProjectModel project;
-    makeNew(&project, "480", "272");
-    COptionDialog dialog(m_platforms, nullptr);
-    QSignalSpy changed(&dialog, &COptionDialog::autosaveIntervalChanged);
-    auto *enabled = field<QCheckBox>(dialog, "autosave");
-    auto *interval = field<QSpinBox>(dialog, "autosaveInterval");
-    dialog.fill(&project, 30);
-    dialog.show();
-    QVERIFY(interval->isVisible());
-    QCOMPARE(interval->text(), QStringLiteral("30 seconds"));
-    const QSize size = dialog.size();
-    enabled->setChecked(false);
-    QVERIFY(!interval->isVisible());
-    QCoreApplication::processEvents();
-    QCOMPARE(dialog.size(), size);
-    dialog.accept();
-    QCOMPARE(changed.takeFirst().first().toInt(), 0);
-    dialog.fill(&project, 0);
-    enabled->setChecked(true);
-    interval->setValue(45);
-    dialog.accept();
-    QCOMPARE(changed.takeFirst().first().toInt(), 45);
-    dialog.fill(&project, 45);
-    dialog.accept();
-    QVERIFY(changed.isEmpty());
-}
-
-void tst_ProjectDialogs::optionsWithoutAProject()
-{
-    COptionDialog dialog(m_platforms, nullptr);
-    QSignalSpy changed(&dialog, &COptionDialog::autosaveIntervalChanged);
-    dialog.fill(nullptr, 10);
-    QVERIFY(!field<QLineEdit>(dialog, "projectName")->isEnabled());
-    QVERIFY(okButton(dialog)->isEnabled());
-    field<QSpinBox>(dialog, "autosaveInterval")->setValue(20);
-    dialog.accept();
-    QCOMPARE(changed.count(), 1);
-    {
-        CProjectModel project;
-        makeNew(&project, "480", "272");
-        dialog.fill(&project, 20);
-    }
-    dialog.accept(); // the project has been closed meanwhile
-    QCOMPARE(changed.count(), 1);
-}
-
-void tst_ProjectDialogs::languagesOfTheFolder()
-{
-    QTemporaryDir folder;
-    for (const char *name : {"NYX_de.qm", "NYX_zh_CN.qm", "qt_de.qm", "NYX_.qm", "NYX_fr.ts"})
-        touch(folder.filePath(name));
-    CLanguageDialog dialog(folder.path(), "zh_CN");
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Change Language"));
-    auto *box = field<QComboBox>(dialog, "languages");
-    QCOMPARE(box->count(), 2);
-    QCOMPARE(box->itemText(0), QStringLiteral("Deutsch"));
-    QCOMPARE(box->currentData().toString(), QStringLiteral("zh_CN"));
-    QSignalSpy changed(&dialog, &CLanguageDialog::languageChanged);
-    box->setCurrentIndex(0);
-    dialog.reject();
-    QVERIFY(changed.isEmpty());
-    okButton(dialog)->click();
-    QCOMPARE(changed.takeFirst().first().toString(), QStringLiteral("de"));
-
-    CLanguageDialog empty(folder.filePath("nothing"), "de");
-    QCOMPARE(field<QComboBox>(empty, "languages")->count(), 0);
-    QVERIFY(!okButton(empty)->isEnabled());
-    empty.accept();
-}
-
-void tst_ProjectDialogs::screenshotsOfTheSelection()
-{
-    QTemporaryDir folder;
-    CPrintScreenDialog::Pictures pictures;
-    for (const QString &name : {QString("Page 1"), QString("a/b"), QString("Page 3")}) {
-        QPixmap picture(40, 20);
-        picture.fill(pictures.isEmpty() ? Qt::red : Qt::blue);
-        pictures.append({name, picture});
-    }
-    pictures[2].second = QPixmap(); // never rendered
-    const auto source = [&pictures] { return pictures; };
-    touch(folder.filePath("Page 1.png"));
-
-    CPrintScreenDialog none(source, folder.path());
-    QSignalSpy told(&none, &CPrintScreenDialog::message);
-    field<QPushButton>(none, "save")->click();
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"Page 1.png"});
-    QCOMPARE(none.result(), int(QDialog::Accepted));
-    QCOMPARE(told.count(), 1);
-
-    CPrintScreenDialog dialog(source, folder.path());
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Save Screenshots"));
-    QCOMPARE(dialog.size(), QSize(830, 600));
-    auto *screens = field<QListWidget>(dialog, "screens");
-    QCOMPARE(screens->currentRow(), 0);
-    QCOMPARE(screens->count(), 3);
-    const qint64 empty = screens->item(2)->icon().cacheKey();
-    pictures[2].second = QPixmap(16, 16);
-    dialog.refresh();
-    QTRY_VERIFY(screens->item(2)->icon().cacheKey() != empty);
-    dialog.show();
-    for (const int row : {0, 1, 1, 1}) // the second one on, off, on again
-        QTest::mouseClick(screens->viewport(), Qt::LeftButton, {},
-                          screens->visualItemRect(screens->item(row)).center());
-    field<QPushButton>(dialog, "save")->click();
-    QTRY_VERIFY(!dialog.isVisible());
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
-             (QStringList{"a_b.png", "Page 1 (1).png", "Page 1.png"}));
-    QCOMPARE(QImage(folder.filePath("Page 1 (1).png")).pixelColor(3, 3), QColor(Qt::red));
-}
-
-void tst_ProjectDialogs::screenshotFolderIsRemembered()
-{
-    QTemporaryDir first;
-    QTemporaryDir second;
-    CPrintScreenDialog dialog([] { return CPrintScreenDialog::Pictures(); }, first.path());
-    QCOMPARE(field<QLabel>(dialog, "saveLocation")->text(), "Save Location: " + first.path());
-    QSignalSpy changed(&dialog, &CPrintScreenDialog::saveFolderChanged);
-    CDialogAnswers answers;
-    answers.expect([](QDialog *opened) { opened->reject(); });
-    field<QToolButton>(dialog, "chooseFolder")->click();
-    QVERIFY(changed.isEmpty());
-    answers.expect([&second](QDialog *opened) {
-        auto *files = qobject_cast<QFileDialog *>(opened);
-        QVERIFY(files && files->testOption(QFileDialog::DontUseNativeDialog));
-        QCOMPARE(files->viewMode(), QFileDialog::Detail);
-        files->setDirectory(second.path());
-        files->findChild<QLineEdit *>("fileNameEdit")->setText(second.path());
-        QMetaObject::invokeMethod(files, "accept");
-    });
-    field<QToolButton>(dialog, "chooseFolder")->click();
-    QVERIFY(answers.allGiven());
-    QCOMPARE(dialog.saveFolder(), second.path());
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(field<QLabel>(dialog, "saveLocation")->text(), "Save Location: " + second.path());
-    CPrintScreenDialog missing([] { return CPrintScreenDialog::Pictures(); }, "/no/such/folder");
-    QVERIFY(QFileInfo(missing.saveFolder()).isDir());
-}
 
 QTEST_MAIN(tst_ProjectDialogs)
 #include "tst_projectdialogs.moc"
