@@ -6,7 +6,6 @@
 //   projectprocess crash FILE             locks and ends without releasing
 //   projectprocess unsaved FOLDER         makes a new project, changes it, and is killed when the
 //                                         recovery copy lies in FOLDER
-//   projectprocess nobody FILE            as a user without rights: opens, changes, saves, says how
 #include "CProjectLock.h"
 #include "CProjectModel.h"
 #include "CProjectSession.h"
@@ -19,7 +18,6 @@
 #include <csignal>
 #include <iostream>
 #include <string>
-#include <unistd.h>
 
 namespace {
 void say(const char *text)
@@ -103,24 +101,6 @@ void leaveUnsaved(const QString &folder)
     session.autosave();
     std::raise(SIGKILL);
 }
-
-int openAsNobody(const QString &path)
-{
-    constexpr uid_t nobody = 65534;
-    if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
-        return 1;
-    CScriptedUser user;
-    CRecentProjects recent;
-    CProjectSession session(&user, &recent);
-    if (!session.openFile(path))
-        return 1;
-    std::cout << "notices " << user.notices.size() << std::endl;
-    ProjectTestSupport::change(session.project());
-    const bool saved = session.save();
-    std::cout << (saved ? "saved " : "failed ") << (session.isDirty() ? "dirty " : "clean ")
-              << "errors " << user.errors.size() << std::endl;
-    return 0;
-}
 } // namespace
 
 int main(int argc, char **argv)
@@ -134,8 +114,6 @@ int main(int argc, char **argv)
         return holdLock(file, task == QLatin1String("takeover"));
     if (task.startsWith(QLatin1String("save")))
         return saveForever(file, task == QLatin1String("saveall"));
-    if (task == QLatin1String("nobody"))
-        return openAsNobody(file);
     if (task == QLatin1String("unsaved"))
         leaveUnsaved(file);
     CProjectLock lock(file);

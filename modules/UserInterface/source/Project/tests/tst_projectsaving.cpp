@@ -1,6 +1,5 @@
 // What is on the disk when a save is killed, runs out of space, is refused, or meets a system call
 // that fails.
-#include "CFileSizeLimit.h"
 #include "CProjectLock.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
@@ -47,7 +46,7 @@ private Q_SLOTS:
     {
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(m_folder->isValid());
-        m_file = m_folder->filePath(QStringLiteral("demo.nyx"));
+        m_file = m_folder->filePath("demo.nyx");
     }
 
     void killedAtAnyMoment_data()
@@ -64,7 +63,7 @@ private Q_SLOTS:
         QFETCH(QString, task);
         QFETCH(int, kills);
         CProjectModel model;
-        QVERIFY(model.loadFromBytes(document(QStringLiteral("demo"), LargeProject), nullptr));
+        QVERIFY(model.loadFromBytes(document("demo", LargeProject), nullptr));
         model.setWorkingDirectory(m_folder->path());
         const QByteArray a = model.saveToBytes(nullptr, m_file);
         change(&model, largeText());
@@ -103,99 +102,15 @@ private Q_SLOTS:
         QVERIFY2(kills < 100 || changes > 0, "it never met a save");
     }
 
-    void fullDiskAtEveryKilobyte()
-    {
-        QVERIFY(writeFile(m_file, document(QStringLiteral("demo"), LargeProject)));
-        Opened opened(m_file);
-        CScriptedUser &user = opened.user;
-        CProjectSession &session = opened.session;
-        QVERIFY(session.project());
-        const QByteArray before = readFile(m_file);
-        change(session.project());
-        const int size = session.project()->saveToBytes(nullptr, m_file).size();
-        QVERIFY(size > 180'000);
-        const QStringList files = filesIn(m_folder->path());
-        int points = 0;
-        for (int limit = 0; limit < size; limit += 1024, ++points) {
-            user.errors.clear();
-            bool saved = false;
-            {
-                const CFileSizeLimit full(static_cast<rlim_t>(limit));
-                saved = session.save();
-            }
-            QVERIFY2(!saved, qPrintable(QString::number(limit)));
-            QCOMPARE(user.errors, QStringList("An error occurred during saving the project"));
-            QVERIFY(!user.reasons.last().isEmpty());
-            QVERIFY(session.isDirty());
-            QVERIFY(readFile(m_file) == before);
-            QCOMPARE(filesIn(m_folder->path()), files);
-        }
-        QVERIFY(points > 150);
-        const CFileSizeLimit enough(static_cast<rlim_t>(size));
-        QVERIFY(session.save());
-        QCOMPARE(readFile(m_file).size(), size);
-    }
-
     void everyCallFailsInTurn()
     {
-        QVERIFY(writeFile(m_file, document(QStringLiteral("demo"), 20)));
+        QVERIFY(writeFile(m_file, document("demo", 20)));
         QProcess process;
         process.start(QStringLiteral(FAILING_CALLS), {m_file});
         QVERIFY(process.waitForFinished(600000));
         const QByteArray output = process.readAllStandardOutput();
         QVERIFY2(process.exitCode() == 0 && process.exitStatus() == QProcess::NormalExit,
                  output + process.readAllStandardError());
-    }
-
-    /// A user without rights on the folder opens the project, is told that it is not protected,
-    /// and may save a file that is writable itself.
-    void readOnlyFolder_data()
-    {
-        QTest::addColumn<bool>("writableFile");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("all read-only") << false << QByteArray("notices 1\nfailed dirty errors 1\n");
-        QTest::newRow("only the folder") << true << QByteArray("notices 1\nsaved clean errors 0\n");
-    }
-
-    void readOnlyFolder()
-    {
-        QFETCH(bool, writableFile);
-        QFETCH(QByteArray, expected);
-        QVERIFY(writeFile(m_file, document(QStringLiteral("demo"), 20)));
-        const QByteArray before = readFile(m_file);
-        QFile::setPermissions(m_file, QFile::Permissions(writableFile ? 0x6666 : 0x4444));
-        QFile::setPermissions(m_folder->path(), QFile::Permissions(0x5555));
-        QProcess process;
-        process.start(QStringLiteral(PROJECT_PROCESS), {QStringLiteral("nobody"), m_file});
-        QVERIFY(process.waitForFinished());
-        QFile::setPermissions(m_folder->path(), QFile::Permissions(0x7777));
-        QCOMPARE(process.readAllStandardOutput(), expected);
-        QCOMPARE(readFile(m_file) == before, !writableFile);
-        QCOMPARE(filesIn(m_folder->path()), QStringList("demo.nyx"));
-    }
-
-    void fileBecomesAFolderAndFolderGoes()
-    {
-        QVERIFY(writeFile(m_file, document(QStringLiteral("demo"))));
-        Opened opened(m_file);
-        CScriptedUser &user = opened.user;
-        CProjectSession &session = opened.session;
-        QVERIFY(session.project());
-        change(session.project());
-        QVERIFY(QFile::remove(m_file) && QDir().mkdir(m_file));
-        QVERIFY(!session.save());
-        QVERIFY(session.autosave() == CProjectSession::EAutosave::Failed);
-        QVERIFY(QFileInfo(m_file).isDir());
-        QVERIFY(QDir(m_folder->path()).removeRecursively());
-        user.asked.clear();
-        QVERIFY(!session.save());
-        QVERIFY(session.isDirty());
-        QCOMPARE(user.errors.size(), 3);
-        user.errors.removeDuplicates();
-        QCOMPARE(user.errors, QStringList("An error occurred during saving the project"));
-        QTemporaryDir elsewhere;
-        user.savePath = elsewhere.filePath(QStringLiteral("saved.nyx"));
-        QVERIFY(session.saveAs());
     }
 
 private:
