@@ -21,402 +21,378 @@ class tst_CanvasEditing : public QObject
 private Q_SLOTS:
     void initTestCase() { loadWidgetLibrary(); }
     void init() { resetEditorState(); }
-    void clicksSelect();
-    void nudges();
-    void orderAndGroups();
-    void clipboard();
-    void rejectedPastes_data();
-    void rejectedPastes();
-    void screenAndViewFollowEachOther();
-    void wheel();
-    void panning();
-    void contextMenu();
-};
 
-void tst_CanvasEditing::clicksSelect()
-{
-    Canvas canvas;
-    CItemModel *front = appendBox(canvas.screen, 100, 100, 40, 40);
-    CItemModel *middle = appendBox(canvas.screen, 80, 80, 80, 80);
-    CItemModel *back = appendBox(canvas.screen, 60, 60, 120, 120);
-    canvas.show();
-    const auto selected = [&canvas] { return canvas.view->selectedItems(); };
-    using Items = QVector<CItemModel *>;
-    canvas.click({120, 120});
-    QCOMPARE(selected(), Items({front}));
-    canvas.click({70, 70}, Qt::ShiftModifier);
-    QCOMPARE(selected(), Items({front, back}));
-    canvas.click({90, 90}, Qt::ControlModifier);
-    QCOMPARE(selected(), Items({front, middle, back}));
-    canvas.click({400, 20});
-    QCOMPARE(selected(), Items());
-    for (CItemModel *expected : {front, middle, back, front}) {
-        canvas.click({120, 125}, Qt::AltModifier);
-        QCOMPARE(selected(), Items({expected}));
-    }
-    for (CItemModel *expected : {middle, back, front}) {
-        QTest::keyClick(canvas.view.get(), Qt::Key_Tab);
-        QCOMPARE(selected(), Items({expected}));
-    }
-    QTest::keyClick(canvas.view.get(), Qt::Key_Tab, Qt::ShiftModifier); // leaves the canvas
-    QCOMPARE(selected(), Items({front}));
-    canvas.drag({50, 50}, {190, 190}); // a rubber band
-    QCOMPARE(selected(), Items({front, middle, back}));
-    for (const Qt::KeyboardModifier adds : {Qt::ShiftModifier, Qt::ControlModifier}) {
-        canvas.select({front});
-        canvas.drag({10, 10}, {62, 62}, adds); // reaches no more than the corner of one
-        QCOMPARE(selected(), Items({front, back}));
-    }
-    canvas.view->selectAll();
-    canvas.view->selectInverse();
-    QCOMPARE(selected(), Items());
-    canvas.mouse(QEvent::MouseButtonPress, {70, 70}, Qt::RightButton, Qt::RightButton);
-    QCOMPARE(selected(), Items({back}));
-    QCOMPARE(canvas.stack.count(), 0);
-}
-
-void tst_CanvasEditing::nudges()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *line =
-        appendWidget(canvas.screen, "Kiv_Line_T", {{PropertyKey::X, 10}, {PropertyKey::X2, 60}});
-    canvas.show();
-    canvas.select({item});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Left, Qt::ShiftModifier);
-    QCOMPARE(item->x(), 99.0);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Down);
-    QCOMPARE(item->y(), 120.0);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Up, Qt::ControlModifier);
-    QCOMPARE(item->y(), 100.0);
-    QCOMPARE(canvas.stack.count(), 3);
-    canvas.select({item, line});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Right);
-    QCOMPARE(item->x(), 119.0);
-    QCOMPARE(line->x(), 30.0);
-    QCOMPARE(line->x2(), 80.0);
-    QCOMPARE(canvas.stack.count(), 4); // one step for both
-    canvas.select({line});
-    QTest::keyClick(canvas.view.get(), Qt::Key_Right);
-    QCOMPARE(canvas.stack.text(4), QString("Move Object"));
-}
-
-void tst_CanvasEditing::orderAndGroups()
-{
-    Canvas canvas;
-    QVector<CItemModel *> items;
-    for (int index = 0; index < 5; ++index)
-        items.append(appendBox(canvas.screen, 40 * index, 20 * index, 30, 20));
-    canvas.show();
-    const auto order = [&canvas, &items] {
-        QString text;
-        for (int row = 0; row < canvas.screen->rowCount(); ++row)
-            text += QString::number(items.indexOf(canvas.screen->childItem(row)));
-        return text;
-    };
-    const QByteArray before = savedBytes(*canvas.project);
-    struct Case
+    void clicksSelect()
     {
-        void (CScreenView::*operation)();
-        QVector<int> selected;
-        QString expected;
-    };
-    const QVector<Case> cases = {
-        {&CScreenView::orderingToFront, {2, 4}, "24013"},
-        {&CScreenView::orderingToBack, {0, 2}, "13402"},
-        {&CScreenView::orderingForward, {1, 2}, "12034"},
-        {&CScreenView::orderingForward, {0, 1, 4}, "01243"},
-        {&CScreenView::orderingBackward, {2, 3}, "01423"},
-        {&CScreenView::orderingBackward, {0, 3, 4}, "10234"},
-    };
-    for (const Case &each : cases) {
-        QVector<CItemModel *> selected;
-        for (const int index : each.selected)
-            selected.append(items.at(index));
-        canvas.select(selected);
-        (canvas.view.get()->*each.operation)();
-        QCOMPARE(order(), each.expected);
-        QCOMPARE(canvas.view->selectedItems().size(), selected.size());
-        canvas.stack.undo();
-        QCOMPARE(savedBytes(*canvas.project), before);
+        Canvas canvas;
+        CItemModel *front = appendBox(canvas.screen, 100, 100, 40, 40);
+        CItemModel *middle = appendBox(canvas.screen, 80, 80, 80, 80);
+        CItemModel *back = appendBox(canvas.screen, 60, 60, 120, 120);
+        canvas.show();
+        const auto selected = [&canvas] { return canvas.view->selectedItems(); };
+        using Items = QVector<CItemModel *>;
+        canvas.click({120, 120});
+        QCOMPARE(selected(), Items({front}));
+        canvas.click({70, 70}, Qt::ShiftModifier);
+        QCOMPARE(selected(), Items({front, back}));
+        canvas.click({90, 90}, Qt::ControlModifier);
+        QCOMPARE(selected(), Items({front, middle, back}));
+        canvas.click({400, 20});
+        QCOMPARE(selected(), Items());
+        for (CItemModel *expected : {front, middle, back, front}) {
+            canvas.click({120, 125}, Qt::AltModifier);
+            QCOMPARE(selected(), Items({expected}));
+        }
+        for (CItemModel *expected : {middle, back, front}) {
+            QTest::keyClick(canvas.view.get(), Qt::Key_Tab);
+            QCOMPARE(selected(), Items({expected}));
+        }
+        QTest::keyClick(canvas.view.get(), Qt::Key_Tab, Qt::ShiftModifier); // leaves the canvas
+        QCOMPARE(selected(), Items({front}));
+        canvas.drag({50, 50}, {190, 190}); // a rubber band
+        QCOMPARE(selected(), Items({front, middle, back}));
+        for (const Qt::KeyboardModifier adds : {Qt::ShiftModifier, Qt::ControlModifier}) {
+            canvas.select({front});
+            canvas.drag({10, 10}, {62, 62}, adds); // reaches no more than the corner of one
+            QCOMPARE(selected(), Items({front, back}));
+        }
+        canvas.view->selectAll();
+        canvas.view->selectInverse();
+        QCOMPARE(selected(), Items());
+        canvas.mouse(QEvent::MouseButtonPress, {70, 70}, Qt::RightButton, Qt::RightButton);
+        QCOMPARE(selected(), Items({back}));
+        QCOMPARE(canvas.stack.count(), 0);
     }
-    canvas.stack.clear();
-    canvas.select({items.at(0), items.at(1)});
-    canvas.view->orderingToFront(); // they are there
-    QCOMPARE(canvas.stack.count(), 0);
 
-    canvas.select({items.at(1), items.at(3)});
-    canvas.view->group();
-    CItemModel *group = canvas.screen->childItem(1);
-    QCOMPARE(group->kind(), CItemModel::Kind::Group);
-    QCOMPARE(group->childItem(0), items.at(1));
-    QCOMPARE(group->childItem(1), items.at(3));
-    QCOMPARE(QPointF(group->x(), group->y()), QPointF(40, 20));
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({group}));
-    canvas.checkOneStep(before);
-    const QByteArray grouped = savedBytes(*canvas.project);
-    canvas.select({canvas.screen->childItem(1)});
-    canvas.view->ungroup();
-    QCOMPARE(order(), QString("01324"));
-    QCOMPARE(canvas.view->selectedItems().size(), 2);
-    canvas.stack.undo();
-    QCOMPARE(savedBytes(*canvas.project), grouped);
-    canvas.stack.undo();
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
+    void nudges()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *line = appendWidget(canvas.screen, "Kiv_Line_T",
+                                        {{PropertyKey::X, 10}, {PropertyKey::X2, 60}});
+        canvas.show();
+        canvas.select({item});
+        QTest::keyClick(canvas.view.get(), Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(item->x(), 99.0);
+        QTest::keyClick(canvas.view.get(), Qt::Key_Down);
+        QCOMPARE(item->y(), 120.0);
+        QTest::keyClick(canvas.view.get(), Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(item->y(), 100.0);
+        QCOMPARE(canvas.stack.count(), 3);
+        canvas.select({item, line});
+        QTest::keyClick(canvas.view.get(), Qt::Key_Right);
+        QCOMPARE(item->x(), 119.0);
+        QCOMPARE(line->x(), 30.0);
+        QCOMPARE(line->x2(), 80.0);
+        QCOMPARE(canvas.stack.count(), 4); // one step for both
+        canvas.select({line});
+        QTest::keyClick(canvas.view.get(), Qt::Key_Right);
+        QCOMPARE(canvas.stack.text(4), QString("Move Object"));
+    }
 
-void tst_CanvasEditing::clipboard()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    item->setProperty(PropertyKey::Id, 7);
-    item->setProperty(PropertyKey::Name, "Lamp");
-    canvas.show();
-    canvas.select({item});
-    canvas.view->copy();
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.view->paste();
-    QCOMPARE(canvas.screen->rowCount(), 2);
-    CItemModel *pasted = canvas.screen->childItem(0);
-    QCOMPARE(pasted->name(), QString("Lamp 2"));
-    QCOMPARE(pasted->id(), 1u);
-    QCOMPARE(rectOf(pasted), rectOf(item).translated(10, 10)); // the same lies there
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({pasted}));
-    canvas.checkOneStep(before);
-    canvas.view->paste();
-    QCOMPARE(canvas.screen->childItem(0)->name(), QString("Lamp 3"));
-    using Names = std::pair<const char *, const char *>;
-    for (const auto &[name, next] :
-         {Names("Room 101", "Room 102"), Names("", ""), Names("Lamp", "Lamp 4")}) {
-        item->setProperty(PropertyKey::Name, name);
+    void orderAndGroups()
+    {
+        Canvas canvas;
+        QVector<CItemModel *> items;
+        for (int index = 0; index < 5; ++index)
+            items.append(appendBox(canvas.screen, 40 * index, 20 * index, 30, 20));
+        canvas.show();
+        const auto order = [&canvas, &items] {
+            QString text;
+            for (int row = 0; row < canvas.screen->rowCount(); ++row)
+                text += QString::number(items.indexOf(canvas.screen->childItem(row)));
+            return text;
+        };
+        const QByteArray before = savedBytes(*canvas.project);
+        struct Case
+        {
+            void (CScreenView::*operation)();
+            QVector<int> selected;
+            QString expected;
+        };
+        const QVector<Case> cases = {
+            {&CScreenView::orderingToFront, {2, 4}, "24013"},
+            {&CScreenView::orderingToBack, {0, 2}, "13402"},
+            {&CScreenView::orderingForward, {1, 2}, "12034"},
+            {&CScreenView::orderingForward, {0, 1, 4}, "01243"},
+            {&CScreenView::orderingBackward, {2, 3}, "01423"},
+            {&CScreenView::orderingBackward, {0, 3, 4}, "10234"},
+        };
+        for (const Case &each : cases) {
+            QVector<CItemModel *> selected;
+            for (const int index : each.selected)
+                selected.append(items.at(index));
+            canvas.select(selected);
+            (canvas.view.get()->*each.operation)();
+            QCOMPARE(order(), each.expected);
+            QCOMPARE(canvas.view->selectedItems().size(), selected.size());
+            canvas.stack.undo();
+            QCOMPARE(savedBytes(*canvas.project), before);
+        }
+        canvas.stack.clear();
+        canvas.select({items.at(0), items.at(1)});
+        canvas.view->orderingToFront(); // they are there
+        QCOMPARE(canvas.stack.count(), 0);
+
+        canvas.select({items.at(1), items.at(3)});
+        canvas.view->group();
+        CItemModel *group = canvas.screen->childItem(1);
+        QCOMPARE(group->childItem(1), items.at(3));
+        QCOMPARE(QPointF(group->x(), group->y()), QPointF(40, 20));
+        canvas.checkOneStep(before);
+        canvas.select({group});
+        canvas.view->ungroup();
+        QCOMPARE(order(), QString("01324"));
+    }
+
+    void clipboard()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        item->setProperty(PropertyKey::Id, 7);
+        item->setProperty(PropertyKey::Name, "Lamp");
+        canvas.show();
         canvas.select({item});
         canvas.view->copy();
+        const QByteArray before = savedBytes(*canvas.project);
         canvas.view->paste();
-        QCOMPARE(canvas.screen->childItem(0)->name(), QString(next));
-        canvas.stack.undo();
-    }
-    QCOMPARE(canvas.screen->childItem(0)->id(), 2u);
-    QCOMPARE(rectOf(canvas.screen->childItem(0)), rectOf(item).translated(20, 20));
-    item->setProperty(PropertyKey::X, 200);
-    canvas.view->paste(); // now its place is free
-    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(100, 100, 40, 30));
-    canvas.stack.undo();
-    canvas.project->setProjectProperty("width", "120");
-    canvas.view->paste(); // the page is smaller than the one that it comes from
-    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(80, 100, 40, 30));
-    canvas.view->paste(); // aside, where there is room
-    QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(70, 90, 40, 30));
-    canvas.stack.undo();
-    canvas.stack.undo();
-    canvas.project->setProjectProperty("width", "480");
-    item->setProperty(PropertyKey::X, 100);
-    canvas.select({item});
-    canvas.view->cut();
-    QCOMPARE(canvas.screen->rowCount(), 2);
-    QVERIFY(!canvas.viewOf(item));
-    canvas.stack.setIndex(0);
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
-
-void tst_CanvasEditing::rejectedPastes_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("told");
-    const auto items = [](const char *name, const QByteArray &inside, const char *told) {
-        const QByteArray xml = "<CopyXML>" + inside + "</CopyXML>";
-        QTest::newRow(name) << QStringLiteral("widget-copy") << ScreenDocuments::toClipboard(xml)
-                            << QString::fromLatin1(told);
-    };
-    const auto withAttributes = [](int count) {
-        QByteArray element = "<Kiv_Rectangle_T";
-        for (int i = 0; i < count; ++i)
-            element += " a" + QByteArray::number(i) + "=''";
-        return element + "/>";
-    };
-    QTest::newRow("a text") << QStringLiteral("text/plain") << QByteArray("Lamp")
-                            << QStringLiteral("neither widgets nor pages");
-    QTest::newRow("damaged") << QStringLiteral("widget-copy") << QByteArray("\0\0\1\0a", 5)
-                             << QStringLiteral("nothing in it");
-    items("cut off", "<Kiv_Rectangle_T", "Line 1");
-    items("no widget", "", "no widget in it");
-    items("too large", QByteArray(CXmlGuard::MaxBytes, ' '), "64 MiB");
-    items("too deep",
-          QByteArray("<Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1) +
-              QByteArray("</Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1),
-          "256 levels");
-    items("more attributes than are read", withAttributes(513), "512 attributes");
-    items("more attributes than are saved", withAttributes(510), "512 attributes");
-}
-
-/// Nothing has changed then, and the user knows why.
-void tst_CanvasEditing::rejectedPastes()
-{
-    QFETCH(QString, format);
-    QFETCH(QByteArray, data);
-    QFETCH(QString, told);
-    Canvas canvas;
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    auto *copied = new QMimeData;
-    copied->setData(format, data);
-    QGuiApplication::clipboard()->setMimeData(copied);
-    const QSignalSpy message(canvas.view.get(), &CScreenView::message);
-    canvas.view->paste();
-    QCOMPARE(message.count(), 1);
-    QVERIFY2(message.at(0).at(0).toString().contains(told),
-             qPrintable(message.at(0).at(0).toString()));
-    QCOMPARE(savedBytes(*canvas.project), before);
-    QCOMPARE(canvas.stack.count(), 0);
-}
-
-void tst_CanvasEditing::screenAndViewFollowEachOther()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    canvas.show();
-    item->setProperty(PropertyKey::X, 140);
-    item->setProperty(PropertyKey::Width, 55);
-    QCOMPARE(canvas.viewOf(item)->sceneRect(), QRectF(140, 100, 55, 30));
-    CItemModel *behind = appendBox(canvas.screen, 150, 110, 90, 90);
-    canvas.select({item});
-    QVERIFY(canvas.viewOf(behind)->isHighlighted());
-    QVERIFY(!canvas.viewOf(item)->isHighlighted());
-
-    QSignalSpy zoomed(canvas.view.get(), QOverload<int>::of(&CScreenView::zoomChanged));
-    canvas.view->resize(800, 400);
-    const auto bars = [&canvas] {
-        return qMakePair(canvas.view->horizontalScrollBarPolicy(),
-                         canvas.view->verticalScrollBarPolicy());
-    };
-    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAsNeeded, Qt::ScrollBarAsNeeded));
-    canvas.view->zoom(100, 2);
-    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAsNeeded));
-    canvas.view->zoom(100, 1);
-    QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff));
-    QCOMPARE(canvas.view->zoomPercent(), 147);
-    QCOMPARE(canvas.view->scale(), 1.47);
-    canvas.view->resize(96, 400);
-    QCOMPARE(canvas.view->zoomPercent(), 20); // fitted values know no limits
-    canvas.view->zoom(20, 0);
-    QCOMPARE(canvas.view->zoomPercent(), 50);
-    QCOMPARE(canvas.view->scale(), 0.5);
-    QVERIFY(zoomed.count() >= 3);
-
-    canvas.screen->removeRow(0);
-    QVERIFY(!canvas.viewOf(item));
-    QCOMPARE(canvas.view->screenScene()->itemViews(), {canvas.viewOf(behind)});
-}
-
-void tst_CanvasEditing::wheel()
-{
-    Canvas canvas;
-    canvas.show();
-    const auto turn = [&canvas](int delta, Qt::KeyboardModifiers modifiers) {
-        const QPointF at = canvas.at({300, 200});
-        QWheelEvent event(at, canvas.view->viewport()->mapToGlobal(at.toPoint()), {}, {0, delta},
-                          Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(canvas.view->viewport(), &event);
-    };
-    turn(120, Qt::ControlModifier);
-    QCOMPARE(canvas.view->zoomPercent(), 110);
-    canvas.view->zoom(300, 0); // about the middle, also from where nothing could be scrolled
-    const QPoint middle = canvas.view->viewport()->rect().center();
-    QVERIFY((canvas.at({240, 136}) - middle).manhattanLength() <= 4);
-    const QPoint under = canvas.at({300, 200});
-    turn(-120, Qt::ControlModifier);
-    QCOMPARE(canvas.view->zoomPercent(), 270);
-    QVERIFY((canvas.at({300, 200}) - under).manhattanLength() <= 2);
-    const int x = canvas.view->horizontalScrollBar()->value();
-    const int y = canvas.view->verticalScrollBar()->value();
-    turn(-120, Qt::ShiftModifier);
-    QVERIFY(canvas.view->horizontalScrollBar()->value() > x);
-    QCOMPARE(canvas.view->verticalScrollBar()->value(), y);
-    canvas.view->zoom(0, 1);
-    const int fitted = canvas.view->zoomPercent();
-    turn(120, Qt::ControlModifier);
-    QCOMPARE(canvas.view->zoomPercent(), fitted);
-}
-
-void tst_CanvasEditing::panning()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 180, 100, 120, 70); // under the pointer
-    canvas.show();
-    canvas.view->zoom(400, 0);
-    const QByteArray before = savedBytes(*canvas.project);
-    const auto origin = [&canvas] { return canvas.at({0, 0}); };
-    const auto viewportDrag = [&canvas](Qt::MouseButton button, QPoint from, QPoint by) {
-        for (const auto &[type, pos] :
-             {qMakePair(QEvent::MouseButtonPress, from), qMakePair(QEvent::MouseMove, from + by),
-              qMakePair(QEvent::MouseButtonRelease, from + by)}) {
-            QMouseEvent event(type, pos, canvas.view->viewport()->mapToGlobal(pos), button, button,
-                              {});
-            QCoreApplication::sendEvent(canvas.view->viewport(), &event);
+        QCOMPARE(canvas.screen->rowCount(), 2);
+        CItemModel *pasted = canvas.screen->childItem(0);
+        QCOMPARE(pasted->name(), QString("Lamp 2"));
+        QCOMPARE(pasted->id(), 1u);
+        QCOMPARE(rectOf(pasted), rectOf(item).translated(10, 10)); // the same lies there
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({pasted}));
+        canvas.checkOneStep(before);
+        canvas.view->paste();
+        QCOMPARE(canvas.screen->childItem(0)->name(), QString("Lamp 3"));
+        using Names = std::pair<const char *, const char *>;
+        for (const auto &[name, next] :
+             {Names("Room 101", "Room 102"), Names("", ""), Names("Lamp", "Lamp 4")}) {
+            item->setProperty(PropertyKey::Name, name);
+            canvas.select({item});
+            canvas.view->copy();
+            canvas.view->paste();
+            QCOMPARE(canvas.screen->childItem(0)->name(), QString(next));
+            canvas.stack.undo();
         }
-    };
-    const QPoint start = origin();
-    viewportDrag(Qt::MiddleButton, {300, 300}, {30, -20});
-    QCOMPARE(origin(), start + QPoint(30, -20));
-    QTest::keyPress(canvas.view.get(), Qt::Key_Space);
-    viewportDrag(Qt::LeftButton, {300, 300}, {-40, 10});
-    QTest::keyRelease(canvas.view.get(), Qt::Key_Space);
-    QCOMPARE(origin(), start + QPoint(-10, -10));
-    QVERIFY(!canvas.viewOf(item)->isSelected());
-    QCOMPARE(savedBytes(*canvas.project), before);
-    viewportDrag(Qt::LeftButton, {300, 300}, {-40, 10}); // Space is up again: this moves the item
-    QCOMPARE(origin(), start + QPoint(-10, -10));
-    QVERIFY(savedBytes(*canvas.project) != before);
-    CItemModel *far = appendBox(canvas.screen, 440, 250, 20, 10);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Tab); // what it selects comes into sight
-    QVERIFY(canvas.viewOf(far)->isSelected());
-    QVERIFY(canvas.view->viewport()->rect().contains(canvas.at({450, 255})));
-}
+        QCOMPARE(canvas.screen->childItem(0)->id(), 2u);
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), rectOf(item).translated(20, 20));
+        item->setProperty(PropertyKey::X, 200);
+        canvas.view->paste(); // now its place is free
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(100, 100, 40, 30));
+        canvas.stack.undo();
+        canvas.project->setProjectProperty("width", "120");
+        canvas.view->paste(); // the page is smaller than the one that it comes from
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(80, 100, 40, 30));
+        canvas.view->paste(); // aside, where there is room
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(70, 90, 40, 30));
+        canvas.stack.undo();
+        canvas.stack.undo();
+        canvas.project->setProjectProperty("width", "480");
+        item->setProperty(PropertyKey::X, 100);
+        canvas.select({item});
+        canvas.view->cut();
+        QCOMPARE(canvas.screen->rowCount(), 2);
+        QVERIFY(!canvas.viewOf(item));
+        canvas.stack.setIndex(0);
+        QCOMPARE(savedBytes(*canvas.project), before);
+    }
 
-void tst_CanvasEditing::contextMenu()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *other = appendBox(canvas.screen, 200, 100, 40, 30);
-    canvas.show();
-    QGuiApplication::clipboard()->clear();
-    QStringList texts;
-    QStringList enabled;
-    const auto open = [&](QPointF pos) {
-        texts.clear();
-        enabled.clear();
-        QTimer::singleShot(0, [&] {
-            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            QVERIFY(menu);
-            for (const QAction *each : menu->actions()) {
-                texts.append(each->isSeparator() ? QString("-") : each->text());
-                if (each->isEnabled() && !each->isSeparator())
-                    enabled.append(each->text());
+    void rejectedPastes_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<QByteArray>("data");
+        QTest::addColumn<QString>("told");
+        const auto items = [](const char *name, const QByteArray &inside, const char *told) {
+            const QByteArray xml = "<CopyXML>" + inside + "</CopyXML>";
+            QTest::newRow(name) << QStringLiteral("widget-copy")
+                                << ScreenDocuments::toClipboard(xml) << QString::fromLatin1(told);
+        };
+        const auto withAttributes = [](int count) {
+            QByteArray element = "<Kiv_Rectangle_T";
+            for (int i = 0; i < count; ++i)
+                element += " a" + QByteArray::number(i) + "=''";
+            return element + "/>";
+        };
+        QTest::newRow("a text") << QStringLiteral("text/plain") << QByteArray("Lamp")
+                                << QStringLiteral("neither widgets nor pages");
+        QTest::newRow("damaged") << QStringLiteral("widget-copy") << QByteArray("\0\0\1\0a", 5)
+                                 << QStringLiteral("nothing in it");
+        items("cut off", "<Kiv_Rectangle_T", "Line 1");
+        items("no widget", "", "no widget in it");
+        items("too large", QByteArray(CXmlGuard::MaxBytes, ' '), "64 MiB");
+        items("too deep",
+              QByteArray("<Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1) +
+                  QByteArray("</Widget_Group_T>").repeated(CXmlGuard::MaxDepth - 1),
+              "256 levels");
+        items("more attributes than are read", withAttributes(513), "512 attributes");
+        items("more attributes than are saved", withAttributes(510), "512 attributes");
+    }
+
+    /// Nothing has changed then, and the user knows why.
+    void rejectedPastes()
+    {
+        QFETCH(QString, format);
+        QFETCH(QByteArray, data);
+        QFETCH(QString, told);
+        Canvas canvas;
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        auto *copied = new QMimeData;
+        copied->setData(format, data);
+        QGuiApplication::clipboard()->setMimeData(copied);
+        const QSignalSpy message(canvas.view.get(), &CScreenView::message);
+        canvas.view->paste();
+        QCOMPARE(message.count(), 1);
+        QVERIFY2(message.at(0).at(0).toString().contains(told),
+                 qPrintable(message.at(0).at(0).toString()));
+        QCOMPARE(savedBytes(*canvas.project), before);
+        QCOMPARE(canvas.stack.count(), 0);
+    }
+
+    void screenAndViewFollowEachOther()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        canvas.show();
+        item->setProperty(PropertyKey::X, 140);
+        item->setProperty(PropertyKey::Width, 55);
+        QCOMPARE(canvas.viewOf(item)->sceneRect(), QRectF(140, 100, 55, 30));
+        CItemModel *behind = appendBox(canvas.screen, 150, 110, 90, 90);
+        canvas.select({item});
+        QVERIFY(canvas.viewOf(behind)->isHighlighted());
+        QVERIFY(!canvas.viewOf(item)->isHighlighted());
+
+        QSignalSpy zoomed(canvas.view.get(), QOverload<int>::of(&CScreenView::zoomChanged));
+        canvas.view->resize(800, 400);
+        const auto bars = [&canvas] {
+            return qMakePair(canvas.view->horizontalScrollBarPolicy(),
+                             canvas.view->verticalScrollBarPolicy());
+        };
+        QCOMPARE(bars(), qMakePair(Qt::ScrollBarAsNeeded, Qt::ScrollBarAsNeeded));
+        canvas.view->zoom(100, 2);
+        QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAsNeeded));
+        canvas.view->zoom(100, 1);
+        QCOMPARE(bars(), qMakePair(Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff));
+        QCOMPARE(canvas.view->zoomPercent(), 147);
+        QCOMPARE(canvas.view->scale(), 1.47);
+        canvas.view->resize(96, 400);
+        QCOMPARE(canvas.view->zoomPercent(), 20); // fitted values know no limits
+        canvas.view->zoom(20, 0);
+        QCOMPARE(canvas.view->zoomPercent(), 50);
+        QCOMPARE(canvas.view->scale(), 0.5);
+        QVERIFY(zoomed.count() >= 3);
+
+        canvas.screen->removeRow(0);
+        QVERIFY(!canvas.viewOf(item));
+        QCOMPARE(canvas.view->screenScene()->itemViews(), {canvas.viewOf(behind)});
+    }
+
+    void wheel()
+    {
+        Canvas canvas;
+        canvas.show();
+        const auto turn = [&canvas](int delta, Qt::KeyboardModifiers modifiers) {
+            const QPointF at = canvas.at({300, 200});
+            QWheelEvent event(at, canvas.view->viewport()->mapToGlobal(at.toPoint()), {},
+                              {0, delta}, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(canvas.view->viewport(), &event);
+        };
+        turn(120, Qt::ControlModifier);
+        QCOMPARE(canvas.view->zoomPercent(), 110);
+        canvas.view->zoom(300, 0); // about the middle, also from where nothing could be scrolled
+        const QPoint middle = canvas.view->viewport()->rect().center();
+        QVERIFY((canvas.at({240, 136}) - middle).manhattanLength() <= 4);
+        const QPoint under = canvas.at({300, 200});
+        turn(-120, Qt::ControlModifier);
+        QCOMPARE(canvas.view->zoomPercent(), 270);
+        QVERIFY((canvas.at({300, 200}) - under).manhattanLength() <= 2);
+        const int x = canvas.view->horizontalScrollBar()->value();
+        const int y = canvas.view->verticalScrollBar()->value();
+        turn(-120, Qt::ShiftModifier);
+        QVERIFY(canvas.view->horizontalScrollBar()->value() > x);
+        QCOMPARE(canvas.view->verticalScrollBar()->value(), y);
+        canvas.view->zoom(0, 1);
+        const int fitted = canvas.view->zoomPercent();
+        turn(120, Qt::ControlModifier);
+        QCOMPARE(canvas.view->zoomPercent(), fitted);
+    }
+
+    void panning()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 180, 100, 120, 70); // under the pointer
+        canvas.show();
+        canvas.view->zoom(400, 0);
+        const QByteArray before = savedBytes(*canvas.project);
+        const auto origin = [&canvas] { return canvas.at({0, 0}); };
+        const auto viewportDrag = [&canvas](Qt::MouseButton button, QPoint from, QPoint by) {
+            for (const auto &[type, pos] : {qMakePair(QEvent::MouseButtonPress, from),
+                                            qMakePair(QEvent::MouseMove, from + by),
+                                            qMakePair(QEvent::MouseButtonRelease, from + by)}) {
+                QMouseEvent event(type, pos, canvas.view->viewport()->mapToGlobal(pos), button,
+                                  button, {});
+                QCoreApplication::sendEvent(canvas.view->viewport(), &event);
             }
-            menu->close();
-        });
-        canvas.mouse(QEvent::MouseButtonPress, pos, Qt::RightButton, Qt::RightButton);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, canvas.at(pos), QPoint(50, 50));
-        QCoreApplication::sendEvent(canvas.view->viewport(), &event);
-    };
-    open({10, 10});
-    QCOMPARE(texts, QStringList({"Copy", "Paste", "Cut", "-", "Bring to Front", "Send to Back",
-                                 "Bring Forward", "Send Backward", "Lock/Unlock", "Group Selected",
-                                 "Ungroup"}));
-    QCOMPARE(enabled, QStringList());
-    open({110, 110});
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
-    QCOMPARE(enabled, QStringList({"Copy", "Cut", "Bring to Front", "Send to Back", "Bring Forward",
-                                   "Send Backward", "Lock/Unlock"}));
-    canvas.select({item, other});
-    canvas.view->copy();
-    open({210, 110}); // on one of several selected items: they stay selected
-    QVERIFY(texts.contains("Lock/Unlock Multiple") && enabled.contains("Paste") &&
-            enabled.contains("Group Selected") && !enabled.contains("Ungroup"));
-    canvas.view->group();
-    open({110, 110});
-    QVERIFY(enabled.contains("Ungroup") && !enabled.contains("Group Selected"));
-}
+        };
+        const QPoint start = origin();
+        viewportDrag(Qt::MiddleButton, {300, 300}, {30, -20});
+        QCOMPARE(origin(), start + QPoint(30, -20));
+        QTest::keyPress(canvas.view.get(), Qt::Key_Space);
+        viewportDrag(Qt::LeftButton, {300, 300}, {-40, 10});
+        QTest::keyRelease(canvas.view.get(), Qt::Key_Space);
+        QCOMPARE(origin(), start + QPoint(-10, -10));
+        QVERIFY(!canvas.viewOf(item)->isSelected());
+        QCOMPARE(savedBytes(*canvas.project), before);
+        viewportDrag(Qt::LeftButton, {300, 300},
+                     {-40, 10}); // Space is up again: this moves the item
+        QCOMPARE(origin(), start + QPoint(-10, -10));
+        QVERIFY(savedBytes(*canvas.project) != before);
+        CItemModel *far = appendBox(canvas.screen, 440, 250, 20, 10);
+        QTest::keyClick(canvas.view.get(), Qt::Key_Tab); // what it selects comes into sight
+        QVERIFY(canvas.viewOf(far)->isSelected());
+        QVERIFY(canvas.view->viewport()->rect().contains(canvas.at({450, 255})));
+    }
+
+    void contextMenu()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *other = appendBox(canvas.screen, 200, 100, 40, 30);
+        canvas.show();
+        QGuiApplication::clipboard()->clear();
+        QStringList enabled;
+        const auto open = [&](QPointF pos) {
+            enabled.clear();
+            QTimer::singleShot(0, [&] {
+                auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+                QVERIFY(menu);
+                for (const QAction *each : menu->actions()) {
+                    if (each->isEnabled() && !each->isSeparator())
+                        enabled.append(each->text());
+                }
+                menu->close();
+            });
+            canvas.mouse(QEvent::MouseButtonPress, pos, Qt::RightButton, Qt::RightButton);
+            QContextMenuEvent event(QContextMenuEvent::Mouse, canvas.at(pos), QPoint(50, 50));
+            QCoreApplication::sendEvent(canvas.view->viewport(), &event);
+        };
+        open({10, 10});
+        QCOMPARE(enabled, QStringList());
+        open({110, 110});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+        QCOMPARE(enabled, QStringList({"Copy", "Cut", "Bring to Front", "Send to Back",
+                                       "Bring Forward", "Send Backward", "Lock/Unlock"}));
+        canvas.select({item, other});
+        canvas.view->copy();
+        open({210, 110}); // on one of several selected items: they stay selected
+        QVERIFY(enabled.contains("Lock/Unlock Multiple") && enabled.contains("Paste") &&
+                enabled.contains("Group Selected") && !enabled.contains("Ungroup"));
+        canvas.view->group();
+        open({110, 110});
+        QVERIFY(enabled.contains("Ungroup") && !enabled.contains("Group Selected"));
+    }
+};
 
 QTEST_MAIN(tst_CanvasEditing)
 #include "tst_canvasediting.moc"

@@ -14,404 +14,371 @@ class tst_CanvasGestures : public QObject
 private Q_SLOTS:
     void initTestCase() { loadWidgetLibrary(); }
     void init() { resetEditorState(); }
-    void everyHandleIsOneStep_data();
-    void everyHandleIsOneStep();
-    void aDragSnaps_data();
-    void aDragSnaps();
-    void noHalfUnitsAreLeft();
-    void severalItemsMoveTogether();
-    void aLockIsOneStepAndIsKept();
-    void aLockedGroundIsNoObstacle();
-    void escapeRestoresTheStart();
-    void aClickChangesNothing();
-    void nothingSticks();
-    void otherButtonsAndLostReleases();
-    void rotation();
-    void pointsOfALine();
-};
 
-void tst_CanvasGestures::everyHandleIsOneStep_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<int>("handle");
-    const QStringList types = {"Kiv_Rectangle_T", "Kiv_Circle_T", "Kiv_Ring_T",
-                               "Kiv_Line_T",      "Kiv_Toggle_T", "Kiv_Text_T"};
-    for (const QString &type : types) {
-        for (int handle = 0; handle < 8; ++handle)
-            QTest::addRow("%s %d", qPrintable(type), handle) << type << handle;
+    void everyHandleIsOneStep_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<int>("handle");
+        const QStringList types = {"Kiv_Rectangle_T", "Kiv_Circle_T", "Kiv_Ring_T",
+                                   "Kiv_Line_T",      "Kiv_Toggle_T", "Kiv_Text_T"};
+        for (const QString &type : types) {
+            for (int handle = 0; handle < 8; ++handle)
+                QTest::addRow("%s %d", qPrintable(type), handle) << type << handle;
+        }
     }
-}
 
-void tst_CanvasGestures::everyHandleIsOneStep()
-{
-    QFETCH(QString, type);
-    QFETCH(int, handle);
-    Canvas canvas;
-    CItemModel *item = appendWidget(
-        canvas.screen, type, {{PropertyKey::X, 200}, {PropertyKey::Y, 150}, {PropertyKey::Id, 1}});
-    if (item->geometryMode() == GeometryMode::TwoCorners) {
-        item->setProperty(PropertyKey::X2, 260);
-        item->setProperty(PropertyKey::Y2, 190);
-    }
-    if (item->hasAngle())
-        item->setProperty(PropertyKey::Angle, 0);
-    canvas.show();
-    canvas.select({item});
-    const QByteArray before = savedBytes(*canvas.project);
-    QGraphicsItem *dragged = nullptr;
-    int seen = 0;
-    for (QGraphicsItem *child : canvas.viewOf(item)->childItems()) {
-        if (child->data(CanvasRole::RoleKey).toInt() != CanvasRole::Handle)
-            continue;
-        if (seen++ == handle)
-            dragged = child;
-    }
-    QVERIFY(dragged);
-    if (!dragged->isVisible()) { // the height is not the item's own
-        QCOMPARE(type, QString("Kiv_Toggle_T"));
-        QVERIFY(handle == 0 || handle == 4);
-        return;
-    }
-    const QPointF at = dragged->scenePos();
-    canvas.drag(at, at + QPointF(12, 8));
-    // The handle has followed the pointer along the sides that it stands for; at the corners of
-    // round items one of both decides.
-    const int across = CResizeGesture::horizontalSide(handle);
-    const int down = CResizeGesture::verticalSide(handle);
-    const bool isRoundCorner = type.startsWith("Kiv_Circle") || type.startsWith("Kiv_Ring")
-                                   ? across != 0 && down != 0
-                                   : false;
-    if (across != 0 && !isRoundCorner)
-        QCOMPARE(dragged->scenePos().x(), at.x() + 12);
-    if (down != 0 && !isRoundCorner && type != "Kiv_Toggle_T")
-        QCOMPARE(dragged->scenePos().y(), at.y() + 8);
-    canvas.checkOneStep(before);
-    QCOMPARE(canvas.stack.text(0), QString("Resize Item"));
-    for (const double number : {item->x(), item->y(), item->width(), item->height()})
-        QCOMPARE(number, std::round(number));
-    QCOMPARE(canvas.viewOf(item)->pos(), QPointF(item->x(), item->y()));
-}
-
-void tst_CanvasGestures::aDragSnaps_data()
-{
-    QTest::addColumn<QPointF>("by");
-    QTest::addColumn<QPointF>("expected");
-    // A box at (100, 100), another from (223, 47) to (263, 77), so with the centre (243, 62);
-    // the grid lies at 20s.
-    QTest::newRow("to the grid") << QPointF(33, 27) << QPointF(140, 120);
-    QTest::newRow("to an edge") << QPointF(122, 4) << QPointF(223, 100);
-    QTest::newRow("to the other edge") << QPointF(164, 24) << QPointF(263, 120);
-    QTest::newRow("to the centre") << QPointF(144, -39) << QPointF(243, 62);
-    QTest::newRow("back to where it was") << QPointF(4, -4) << QPointF(100, 100);
-    QTest::newRow("beyond the screen") << QPointF(-131, -149) << QPointF(-40, -40);
-}
-
-void tst_CanvasGestures::aDragSnaps()
-{
-    QFETCH(QPointF, by);
-    QFETCH(QPointF, expected);
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    appendBox(canvas.screen, 223, 47, 40, 30);
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.drag({110, 110}, QPointF(110, 110) + by);
-    QCOMPARE(QPointF(item->x(), item->y()), expected);
-    QCOMPARE(canvas.viewOf(item)->pos(), expected);
-    if (expected == QPointF(100, 100)) {
-        QCOMPARE(canvas.stack.count(), 0);
-        QCOMPARE(savedBytes(*canvas.project), before);
-    } else {
+    void everyHandleIsOneStep()
+    {
+        QFETCH(QString, type);
+        QFETCH(int, handle);
+        Canvas canvas;
+        CItemModel *item =
+            appendWidget(canvas.screen, type,
+                         {{PropertyKey::X, 200}, {PropertyKey::Y, 150}, {PropertyKey::Id, 1}});
+        if (item->geometryMode() == GeometryMode::TwoCorners) {
+            item->setProperty(PropertyKey::X2, 260);
+            item->setProperty(PropertyKey::Y2, 190);
+        }
+        if (item->hasAngle())
+            item->setProperty(PropertyKey::Angle, 0);
+        canvas.show();
+        canvas.select({item});
+        const QByteArray before = savedBytes(*canvas.project);
+        QGraphicsItem *dragged = nullptr;
+        int seen = 0;
+        for (QGraphicsItem *child : canvas.viewOf(item)->childItems()) {
+            if (child->data(CanvasRole::RoleKey).toInt() != CanvasRole::Handle)
+                continue;
+            if (seen++ == handle)
+                dragged = child;
+        }
+        QVERIFY(dragged);
+        if (!dragged->isVisible()) { // the height is not the item's own
+            QCOMPARE(type, QString("Kiv_Toggle_T"));
+            QVERIFY(handle == 0 || handle == 4);
+            return;
+        }
+        const QPointF at = dragged->scenePos();
+        canvas.drag(at, at + QPointF(12, 8));
+        // The handle has followed the pointer along the sides that it stands for; at the corners of
+        // round items one of both decides.
+        const int across = CResizeGesture::horizontalSide(handle);
+        const int down = CResizeGesture::verticalSide(handle);
+        const bool isRoundCorner = type.startsWith("Kiv_Circle") || type.startsWith("Kiv_Ring")
+                                       ? across != 0 && down != 0
+                                       : false;
+        if (across != 0 && !isRoundCorner)
+            QCOMPARE(dragged->scenePos().x(), at.x() + 12);
+        if (down != 0 && !isRoundCorner && type != "Kiv_Toggle_T")
+            QCOMPARE(dragged->scenePos().y(), at.y() + 8);
         canvas.checkOneStep(before);
-        QCOMPARE(canvas.stack.text(0), QString("Move Selected Items"));
+        QCOMPARE(canvas.stack.text(0), QString("Resize Item"));
+        for (const double number : {item->x(), item->y(), item->width(), item->height()})
+            QCOMPARE(number, std::round(number));
+        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(item->x(), item->y()));
     }
-}
 
-void tst_CanvasGestures::noHalfUnitsAreLeft()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 244, 100, 40, 30);
-    appendBox(canvas.screen, 223, 47, 41, 30); // its centre lies at 243.5
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    for (const bool cancelled : {true, false}) {
-        canvas.press({250, 110});
-        canvas.move({270, 110});
-        canvas.move({249, 110});
-        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(243.5, 100));
-        if (cancelled)
-            QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
-        else
+    void aDragSnaps_data()
+    {
+        QTest::addColumn<QPointF>("by");
+        QTest::addColumn<QPointF>("expected");
+        // A box at (100, 100), another from (223, 47) to (263, 77), so with the centre (243, 62);
+        // the grid lies at 20s.
+        QTest::newRow("to the grid") << QPointF(33, 27) << QPointF(140, 120);
+        QTest::newRow("to an edge") << QPointF(122, 4) << QPointF(223, 100);
+        QTest::newRow("to the other edge") << QPointF(164, 24) << QPointF(263, 120);
+        QTest::newRow("to the centre") << QPointF(144, -39) << QPointF(243, 62);
+        QTest::newRow("back to where it was") << QPointF(4, -4) << QPointF(100, 100);
+        QTest::newRow("beyond the screen") << QPointF(-131, -149) << QPointF(-40, -40);
+    }
+
+    void aDragSnaps()
+    {
+        QFETCH(QPointF, by);
+        QFETCH(QPointF, expected);
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        appendBox(canvas.screen, 223, 47, 40, 30);
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.drag({110, 110}, QPointF(110, 110) + by);
+        QCOMPARE(QPointF(item->x(), item->y()), expected);
+        QCOMPARE(canvas.viewOf(item)->pos(), expected);
+        if (expected == QPointF(100, 100)) {
+            QCOMPARE(canvas.stack.count(), 0);
+            QCOMPARE(savedBytes(*canvas.project), before);
+        } else {
+            canvas.checkOneStep(before);
+            QCOMPARE(canvas.stack.text(0), QString("Move Selected Items"));
+        }
+    }
+
+    void noHalfUnitsAreLeft()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 244, 100, 40, 30);
+        appendBox(canvas.screen, 223, 47, 41, 30); // its centre lies at 243.5
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        for (const bool cancelled : {true, false}) {
+            canvas.press({250, 110});
+            canvas.move({270, 110});
+            canvas.move({249, 110});
+            QCOMPARE(canvas.viewOf(item)->pos(), QPointF(243.5, 100));
+            if (cancelled)
+                QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+            else
+                canvas.release({249, 110});
+            QCOMPARE(canvas.viewOf(item)->pos(), QPointF(244, 100));
+            QCOMPARE(savedBytes(*canvas.project), before);
             canvas.release({249, 110});
-        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(244, 100));
-        QCOMPARE(savedBytes(*canvas.project), before);
-        canvas.release({249, 110});
+        }
     }
-}
 
-void tst_CanvasGestures::severalItemsMoveTogether()
-{
-    Canvas canvas;
-    CItemModel *first = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *line = appendWidget(
-        canvas.screen, "Kiv_Line_T",
-        {{PropertyKey::X, 13}, {PropertyKey::Y, 7}, {PropertyKey::X2, 53}, {PropertyKey::Y2, 9}});
-    CItemModel *locked = appendBox(canvas.screen, 300, 200, 40, 30);
-    canvas.show();
-    locked->setLocked(true);
-    canvas.select({first, line, locked});
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.drag({110, 110}, {141, 131});
-    QCOMPARE(rectOf(first), QRectF(140, 120, 40, 30));
-    QCOMPARE(QPointF(line->x(), line->y()), QPointF(53, 27));
-    QCOMPARE(QPointF(line->x2(), line->y2()), QPointF(93, 29));
-    QCOMPARE(rectOf(locked), QRectF(300, 200, 40, 30));
-    canvas.checkOneStep(before);
-
-    // Without snapping everything follows the pointer by whole units.
-    canvas.stack.undo();
-    CEditorState::instance()->setSnapToGrid(false);
-    canvas.drag({110, 110}, {123, 114});
-    QCOMPARE(QPointF(first->x(), first->y()), QPointF(113, 104));
-    QCOMPARE(QPointF(line->x2(), line->y2()), QPointF(66, 13));
-    canvas.stack.undo();
-    QCOMPARE(savedBytes(*canvas.project), before);
-
-    canvas.drag({110, 110}, {150, 150}, Qt::ShiftModifier); // selects, moves nothing
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
-
-void tst_CanvasGestures::aLockedGroundIsNoObstacle()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 60, 60, 40, 30);
-    CItemModel *ground = appendBox(canvas.screen, 0, 0, 400, 250);
-    ground->setLocked(true);
-    canvas.show();
-    for (const int count : {1, 2}) { // also when the ground is selected
-        canvas.click({20, 20});
-        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
-        canvas.press({20, 20});
-        canvas.move({110, 100});
-        if (count == 1)
-            canvas.release({110, 100});
-        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
-    }
-    QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
-    canvas.release({110, 100});
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
-    canvas.select({item, ground});
-    canvas.press({20, 20}); // several that are selected stay so, and the locked one where it is
-    canvas.move({110, 100});
-    canvas.release({110, 100});
-    QCOMPARE(canvas.view->selectedItems().size(), 2);
-    QCOMPARE(canvas.stack.count(), 0);
-}
-
-void tst_CanvasGestures::aLockIsOneStepAndIsKept()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *other = appendBox(canvas.screen, 200, 100, 40, 30);
-    canvas.show();
-    canvas.select({item, other});
-    canvas.view->group();
-    canvas.stack.clear();
-    CItemModel *group = canvas.screen->childItem(0);
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.view->lockItems();
-    QVERIFY(group->isLocked() && item->isUnderLock());
-    canvas.checkOneStep(before);
-    QVERIFY(savedBytes(*canvas.project).contains("locked=\"1\""));
-    QSignalSpy told(canvas.view.get(), &CScreenView::message);
-    canvas.view->ungroup(); // its members would be free
-    QTest::keyClick(canvas.view.get(), Qt::Key_Left);
-    QCOMPARE(canvas.stack.count(), 1);
-    QCOMPARE(told.count(), 1);
-    canvas.view->lockItems();
-    QCOMPARE(savedBytes(*canvas.project), before);
-    canvas.view->copy();
-    canvas.view->lockItems();
-    canvas.view->paste(); // a copy is there to be put somewhere
-    QVERIFY(!canvas.screen->childItem(0)->isLocked());
-}
-
-void tst_CanvasGestures::escapeRestoresTheStart()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 103, 107, 40, 30);
-    CItemModel *behind = appendBox(canvas.screen, 160, 160, 40, 30);
-    canvas.show();
-    canvas.select({item});
-    const QByteArray before = savedBytes(*canvas.project);
-    const QVector<QPointF> grips = {{120, 120}, {143, 137}, {103, 107}}; // body and two handles
-    for (const QPointF &grip : grips) {
-        canvas.press(grip);
-        canvas.move(grip + QPointF(30, 30));
-        canvas.move(grip + QPointF(50, 50));
-        QVERIFY(savedBytes(*canvas.project) != before); // it follows live
-        QVERIFY(canvas.view->isGestureActive());
-        QCOMPARE(canvas.viewOf(behind)->isHighlighted(), grip != QPointF(103, 107));
-        QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
-        QVERIFY(!canvas.viewOf(behind)->isHighlighted());
-        QCOMPARE(savedBytes(*canvas.project), before);
-        QCOMPARE(canvas.viewOf(item)->pos(), QPointF(103, 107));
-        canvas.move(grip + QPointF(70, 70)); // the button is still held
-        canvas.release(grip + QPointF(70, 70));
-        QCOMPARE(savedBytes(*canvas.project), before);
-        QCOMPARE(canvas.stack.count(), 0);
-        QVERIFY(!canvas.view->isGestureActive());
-    }
-    canvas.press({20, 20}); // a rubber band
-    canvas.move({190, 180});
-    QCOMPARE(canvas.view->selectedItems().size(), 2);
-    QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
-    canvas.move({195, 185});
-    canvas.release({195, 185});
-    QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
-}
-
-void tst_CanvasGestures::aClickChangesNothing()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 103, 107, 40, 30); // on no line of the grid
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.press({110, 110});
-    canvas.move({111, 110}); // a trembling hand
-    canvas.release({111, 110});
-    canvas.click({143, 137}); // a handle
-    QCOMPARE(savedBytes(*canvas.project), before);
-    QCOMPARE(canvas.stack.count(), 0);
-    QVERIFY(canvas.viewOf(item)->isSelected());
-}
-
-void tst_CanvasGestures::nothingSticks()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *behind = appendBox(canvas.screen, 130, 120, 60, 40);
-    CItemModel *line = appendWidget(
-        canvas.screen, "Kiv_Polyline_T",
-        {{PropertyKey::X, 20}, {PropertyKey::Y, 20}, {PropertyKey::PointList, "0,0;80,0"}});
-    canvas.show();
-    canvas.select({item});
-    const auto isFramed = [&] { return canvas.viewOf(behind)->isHighlighted(); };
-    QVERIFY(isFramed());
-    for (const auto key : {Qt::Key_Up, Qt::Key_Down}) { // off it and onto it again
-        QTest::keyClick(canvas.view.get(), key);
-        QTRY_COMPARE(isFramed(), key == Qt::Key_Down);
-    }
-    item->setProperty(PropertyKey::X, 300); // in the panel
-    QTRY_VERIFY(!isFramed());
-
-    canvas.click({60, 20});
-    QTest::keyPress(canvas.view.get(), Qt::Key_Control);
-    QCOMPARE(canvas.viewOf(line)->cursor().shape(), Qt::OpenHandCursor);
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.press({60, 20});
-    canvas.move({90, 60});
-    QVERIFY(savedBytes(*canvas.project) != before);
-    QFocusEvent lost(QEvent::FocusOut, Qt::PopupFocusReason);
-    QCoreApplication::sendEvent(canvas.view.get(), &lost); // the keys go elsewhere from now on
-    QCOMPARE(canvas.viewOf(line)->cursor().shape(), Qt::ArrowCursor);
-    QVERIFY(!canvas.view->isGestureActive());
-    QCOMPARE(savedBytes(*canvas.project), before);
-}
-
-void tst_CanvasGestures::otherButtonsAndLostReleases()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
-    canvas.show();
-    const QByteArray before = savedBytes(*canvas.project);
-    const QPointF to(160, 120);
-    for (const Qt::MouseButton other : {Qt::MiddleButton, Qt::RightButton}) {
-        canvas.press({120, 115});
-        canvas.move(to);
-        canvas.mouse(QEvent::MouseButtonPress, to, other, Qt::LeftButton | other);
-        canvas.mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, other);
-        canvas.mouse(QEvent::MouseButtonRelease, to, other, Qt::NoButton);
-        QVERIFY(!canvas.view->isGestureActive());
-        QCOMPARE(item->x(), 140.0);
+    void severalItemsMoveTogether()
+    {
+        Canvas canvas;
+        CItemModel *first = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *line = appendWidget(canvas.screen, "Kiv_Line_T",
+                                        {{PropertyKey::X, 13},
+                                         {PropertyKey::Y, 7},
+                                         {PropertyKey::X2, 53},
+                                         {PropertyKey::Y2, 9}});
+        CItemModel *locked = appendBox(canvas.screen, 300, 200, 40, 30);
+        canvas.show();
+        locked->setLocked(true);
+        canvas.select({first, line, locked});
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.drag({110, 110}, {141, 131});
+        QCOMPARE(rectOf(first), QRectF(140, 120, 40, 30));
+        QCOMPARE(QPointF(line->x(), line->y()), QPointF(53, 27));
+        QCOMPARE(QPointF(line->x2(), line->y2()), QPointF(93, 29));
+        QCOMPARE(rectOf(locked), QRectF(300, 200, 40, 30));
         canvas.checkOneStep(before);
         canvas.stack.undo();
+        canvas.drag({110, 110}, {150, 150}, Qt::ShiftModifier); // selects, moves nothing
+        QCOMPARE(savedBytes(*canvas.project), before);
     }
-    // A window that comes up in between takes the release; the drag is over all the same.
-    const QVector<QPointF> grips = {{120, 115}, {140, 130}}; // body and handle
-    for (const QPointF &grip : grips) {
-        canvas.press(grip);
-        canvas.move(grip + QPointF(40, 40));
+
+    void aLockIsOneStepAndIsKept()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *other = appendBox(canvas.screen, 200, 100, 40, 30);
+        canvas.show();
+        canvas.select({item, other});
+        canvas.view->group();
+        canvas.stack.clear();
+        CItemModel *group = canvas.screen->childItem(0);
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.view->lockItems();
+        QVERIFY(group->isLocked() && item->isUnderLock());
+        canvas.checkOneStep(before);
+        QVERIFY(savedBytes(*canvas.project).contains("locked=\"1\""));
+        QSignalSpy told(canvas.view.get(), &CScreenView::message);
+        canvas.view->ungroup(); // its members would be free
+        QTest::keyClick(canvas.view.get(), Qt::Key_Left);
+        QCOMPARE(canvas.stack.count(), 1);
+        QCOMPARE(told.count(), 1);
+        canvas.view->lockItems();
+        QCOMPARE(savedBytes(*canvas.project), before);
+        canvas.view->copy();
+        canvas.view->lockItems();
+        canvas.view->paste(); // a copy is there to be put somewhere
+        QVERIFY(!canvas.screen->childItem(0)->isLocked());
+    }
+
+    void aLockedGroundIsNoObstacle()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 60, 60, 40, 30);
+        CItemModel *ground = appendBox(canvas.screen, 0, 0, 400, 250);
+        ground->setLocked(true);
+        canvas.show();
+        for (const int count : {1, 2}) { // also when the ground is selected
+            canvas.click({20, 20});
+            QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
+            canvas.press({20, 20});
+            canvas.move({110, 100});
+            if (count == 1)
+                canvas.release({110, 100});
+            QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+        }
+        QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+        canvas.release({110, 100});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({ground}));
+        canvas.select({item, ground});
+        canvas.press({20, 20}); // several that are selected stay so, and the locked one where it is
+        canvas.move({110, 100});
+        canvas.release({110, 100});
+        QCOMPARE(canvas.view->selectedItems().size(), 2);
+        QCOMPARE(canvas.stack.count(), 0);
+    }
+
+    void escapeRestoresTheStart()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 103, 107, 40, 30);
+        CItemModel *behind = appendBox(canvas.screen, 160, 160, 40, 30);
+        canvas.show();
+        canvas.select({item});
+        const QByteArray before = savedBytes(*canvas.project);
+        const QVector<QPointF> grips = {{120, 120}, {143, 137}, {103, 107}}; // body and two handles
+        for (const QPointF &grip : grips) {
+            canvas.press(grip);
+            canvas.move(grip + QPointF(30, 30));
+            canvas.move(grip + QPointF(50, 50));
+            QVERIFY(savedBytes(*canvas.project) != before); // it follows live
+            QVERIFY(canvas.view->isGestureActive());
+            QCOMPARE(canvas.viewOf(behind)->isHighlighted(), grip != QPointF(103, 107));
+            QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+            QVERIFY(!canvas.viewOf(behind)->isHighlighted());
+            QCOMPARE(savedBytes(*canvas.project), before);
+            QCOMPARE(canvas.viewOf(item)->pos(), QPointF(103, 107));
+            canvas.move(grip + QPointF(70, 70)); // the button is still held
+            canvas.release(grip + QPointF(70, 70));
+            QCOMPARE(savedBytes(*canvas.project), before);
+            QCOMPARE(canvas.stack.count(), 0);
+            QVERIFY(!canvas.view->isGestureActive());
+        }
+        canvas.press({20, 20}); // a rubber band
+        canvas.move({190, 180});
+        QCOMPARE(canvas.view->selectedItems().size(), 2);
+        QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+        canvas.move({195, 185});
+        canvas.release({195, 185});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({item}));
+    }
+
+    void nothingSticks()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *behind = appendBox(canvas.screen, 130, 120, 60, 40);
+        CItemModel *line = appendWidget(
+            canvas.screen, "Kiv_Polyline_T",
+            {{PropertyKey::X, 20}, {PropertyKey::Y, 20}, {PropertyKey::PointList, "0,0;80,0"}});
+        canvas.show();
+        canvas.select({item});
+        const auto isFramed = [&] { return canvas.viewOf(behind)->isHighlighted(); };
+        QVERIFY(isFramed());
+        for (const auto key : {Qt::Key_Up, Qt::Key_Down}) { // off it and onto it again
+            QTest::keyClick(canvas.view.get(), key);
+            QTRY_COMPARE(isFramed(), key == Qt::Key_Down);
+        }
+        item->setProperty(PropertyKey::X, 300); // in the panel
+        QTRY_VERIFY(!isFramed());
+
+        canvas.click({60, 20});
+        QTest::keyPress(canvas.view.get(), Qt::Key_Control);
+        QCOMPARE(canvas.viewOf(line)->cursor().shape(), Qt::OpenHandCursor);
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.press({60, 20});
+        canvas.move({90, 60});
         QVERIFY(savedBytes(*canvas.project) != before);
-        if (grip == grips.first())
-            canvas.mouse(QEvent::MouseMove, {300, 200}, Qt::NoButton, Qt::NoButton);
-        else
-            canvas.press({300, 200});
+        QFocusEvent lost(QEvent::FocusOut, Qt::PopupFocusReason);
+        QCoreApplication::sendEvent(canvas.view.get(), &lost); // the keys go elsewhere from now on
+        QCOMPARE(canvas.viewOf(line)->cursor().shape(), Qt::ArrowCursor);
         QVERIFY(!canvas.view->isGestureActive());
         QCOMPARE(savedBytes(*canvas.project), before);
-        canvas.click({400, 20});
-        QVERIFY(canvas.view->selectedItems().isEmpty());
-        canvas.select({item});
     }
-}
 
-void tst_CanvasGestures::rotation()
-{
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 200, 150, 60, 40);
-    canvas.show();
-    canvas.select({item});
-    const QByteArray before = savedBytes(*canvas.project);
-    canvas.drag({230, 128}, {272, 170}); // from above the centre (230, 170) to its right
-    QCOMPARE(item->angle(), 90.0);
-    QCOMPARE(rectOf(item), QRectF(200, 150, 60, 40));
-    canvas.checkOneStep(before);
-    QCOMPARE(canvas.stack.text(0), QString("Rotate Item"));
-    canvas.stack.undo();
-    canvas.drag({230, 128}, {250, 135}, Qt::ShiftModifier);
-    QCOMPARE(item->angle(), 30.0);
-}
+    void otherButtonsAndLostReleases()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        const QPointF to(160, 120);
+        for (const Qt::MouseButton other : {Qt::MiddleButton, Qt::RightButton}) {
+            canvas.press({120, 115});
+            canvas.move(to);
+            canvas.mouse(QEvent::MouseButtonPress, to, other, Qt::LeftButton | other);
+            canvas.mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, other);
+            canvas.mouse(QEvent::MouseButtonRelease, to, other, Qt::NoButton);
+            QVERIFY(!canvas.view->isGestureActive());
+            QCOMPARE(item->x(), 140.0);
+            canvas.checkOneStep(before);
+            canvas.stack.undo();
+        }
+        // A window that comes up in between takes the release; the drag is over all the same.
+        const QVector<QPointF> grips = {{120, 115}, {140, 130}}; // body and handle
+        for (const QPointF &grip : grips) {
+            canvas.press(grip);
+            canvas.move(grip + QPointF(40, 40));
+            QVERIFY(savedBytes(*canvas.project) != before);
+            if (grip == grips.first())
+                canvas.mouse(QEvent::MouseMove, {300, 200}, Qt::NoButton, Qt::NoButton);
+            else
+                canvas.press({300, 200});
+            QVERIFY(!canvas.view->isGestureActive());
+            QCOMPARE(savedBytes(*canvas.project), before);
+            canvas.click({400, 20});
+            QVERIFY(canvas.view->selectedItems().isEmpty());
+            canvas.select({item});
+        }
+    }
 
-void tst_CanvasGestures::pointsOfALine()
-{
-    Canvas canvas;
-    CItemModel *line = appendWidget(
-        canvas.screen, "Kiv_Polyline_T",
-        {{PropertyKey::X, 100}, {PropertyKey::Y, 100}, {PropertyKey::PointList, "0,0;80,0;80,60"}});
-    canvas.show();
-    canvas.select({line});
-    const QByteArray before = savedBytes(*canvas.project);
-    const auto points = [line] { return line->propertyText(PropertyKey::PointList); };
+    void rotation()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 200, 150, 60, 40);
+        canvas.show();
+        canvas.select({item});
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.drag({230, 128}, {272, 170}); // from above the centre (230, 170) to its right
+        QCOMPARE(item->angle(), 90.0);
+        QCOMPARE(rectOf(item), QRectF(200, 150, 60, 40));
+        canvas.checkOneStep(before);
+        QCOMPARE(canvas.stack.text(0), QString("Rotate Item"));
+        canvas.stack.undo();
+        canvas.drag({230, 128}, {250, 135}, Qt::ShiftModifier);
+        QCOMPARE(item->angle(), 30.0);
+    }
 
-    canvas.drag({180, 100}, {190, 90});
-    QCOMPARE(points(), QString("0,0;90,-10;80,60"));
-    canvas.checkOneStep(before);
-    QVERIFY(canvas.stack.text(0).startsWith("Change Property"));
-    canvas.stack.undo();
+    void pointsOfALine()
+    {
+        Canvas canvas;
+        CItemModel *line = appendWidget(canvas.screen, "Kiv_Polyline_T",
+                                        {{PropertyKey::X, 100},
+                                         {PropertyKey::Y, 100},
+                                         {PropertyKey::PointList, "0,0;80,0;80,60"}});
+        canvas.show();
+        canvas.select({line});
+        const QByteArray before = savedBytes(*canvas.project);
+        const auto points = [line] { return line->propertyText(PropertyKey::PointList); };
 
-    canvas.click({140, 103}, Qt::ShiftModifier);
-    QCOMPARE(points(), QString("0,0;40,3;80,0;80,60"));
-    canvas.checkOneStep(before);
-    QCOMPARE(canvas.stack.text(0), QString("Add Point"));
-    QVERIFY(canvas.viewOf(line)->isSelected());
-    canvas.stack.undo();
+        canvas.drag({180, 100}, {190, 90});
+        QCOMPARE(points(), QString("0,0;90,-10;80,60"));
+        canvas.checkOneStep(before);
+        QVERIFY(canvas.stack.text(0).startsWith("Change Property"));
+        canvas.stack.undo();
 
-    canvas.click({180, 100}, Qt::ControlModifier);
-    QCOMPARE(points(), QString("0,0;80,60"));
-    canvas.checkOneStep(before);
-    canvas.click({100, 100}, Qt::ControlModifier); // two points are the fewest
-    QCOMPARE(points(), QString("0,0;80,60"));
+        canvas.click({140, 103}, Qt::ShiftModifier);
+        QCOMPARE(points(), QString("0,0;40,3;80,0;80,60"));
+        canvas.checkOneStep(before);
+        QCOMPARE(canvas.stack.text(0), QString("Add Point"));
+        QVERIFY(canvas.viewOf(line)->isSelected());
+        canvas.stack.undo();
 
-    CItemModel *area = appendWidget(
-        canvas.screen, "Kiv_Polygon_T",
-        {{PropertyKey::X, 300}, {PropertyKey::Y, 100}, {PropertyKey::PointList, "0,0;80,0;0,60"}});
-    canvas.select({area});
-    canvas.click({300, 160}, Qt::ControlModifier); // three of an area
-    QCOMPARE(area->propertyText(PropertyKey::PointList), QString("0,0;80,0;0,60"));
-    canvas.click({303, 130}, Qt::ShiftModifier); // on the side that closes it
-    QCOMPARE(area->propertyText(PropertyKey::PointList), QString("0,0;80,0;0,60;3,30"));
-}
+        canvas.click({180, 100}, Qt::ControlModifier);
+        QCOMPARE(points(), QString("0,0;80,60"));
+        canvas.checkOneStep(before);
+        canvas.click({100, 100}, Qt::ControlModifier); // two points are the fewest
+        QCOMPARE(points(), QString("0,0;80,60"));
+
+        CItemModel *area = appendWidget(canvas.screen, "Kiv_Polygon_T",
+                                        {{PropertyKey::X, 300},
+                                         {PropertyKey::Y, 100},
+                                         {PropertyKey::PointList, "0,0;80,0;0,60"}});
+        canvas.select({area});
+        canvas.click({300, 160}, Qt::ControlModifier); // three of an area
+        QCOMPARE(area->propertyText(PropertyKey::PointList), QString("0,0;80,0;0,60"));
+        canvas.click({303, 130}, Qt::ShiftModifier); // on the side that closes it
+        QCOMPARE(area->propertyText(PropertyKey::PointList), QString("0,0;80,0;0,60;3,30"));
+    }
+};
 
 QTEST_MAIN(tst_CanvasGestures)
 #include "tst_canvasgestures.moc"

@@ -45,190 +45,184 @@ class tst_CanvasPainting : public QObject
 private Q_SLOTS:
     void initTestCase() { loadWidgetLibrary(); }
     void init() { resetEditorState(); }
-    void grid_data();
-    void grid();
-    void outlines();
-    void guidesDuringADrag();
-    void theFrameAtEveryZoom();
-    void frames_data();
-    void frames();
-};
 
-void tst_CanvasPainting::grid_data()
-{
-    QTest::addColumn<int>("percent");
-    QTest::addColumn<int>("spacing");
-    QTest::addColumn<int>("expected"); // scene units from line to line
-    QTest::newRow("as it is set") << 100 << 20 << 20;
-    QTest::newRow("enlarged") << 200 << 20 << 20;
-    QTest::newRow("never closer than about ten pixels") << 25 << 20 << 40;
-    QTest::newRow("whole multiples of the spacing") << 50 << 7 << 14;
-    QTest::newRow("narrow") << 100 << 1 << 10;
-    QTest::newRow("from ten times on every unit") << 1000 << 20 << 1;
-    QTest::newRow("just below ten times") << 990 << 20 << 20;
-}
-
-void tst_CanvasPainting::grid()
-{
-    QFETCH(int, percent);
-    QFETCH(int, spacing);
-    QFETCH(int, expected);
-    Canvas canvas;
-    canvas.show();
-    CEditorState::instance()->setGrid(true, spacing, Qt::white, Qt::SolidLine);
-    if (percent < 50) // only fitted
-        canvas.view->resize(480 * percent / 100, 560);
-    canvas.view->zoom(percent, percent < 50 ? 1 : 0);
-    QCOMPARE(canvas.view->scale(), percent / 100.0);
-    canvas.view->horizontalScrollBar()->setValue(static_cast<int>(203 * canvas.view->scale()));
-
-    const QImage picture = pictureOf(canvas);
-    const double middle = canvas.view->mapToScene(0, canvas.view->height() / 2).y();
-    const int y = // between two lines of the other direction
-        canvas.at({0, (std::floor(middle / expected) + 0.5) * expected}).y();
-    QVERIFY(picture.rect().contains(QPoint(0, y)));
-    int lines = 0;
-    for (int x = std::max(0, canvas.at({0, 0}).x() + 2);
-         x < std::min(picture.width(), canvas.at({480, 0}).x() - 1); ++x) {
-        const double unit = canvas.view->mapToScene(x, y).x();
-        const double nearest = std::round(unit / expected) * expected;
-        const bool isOnLine = canvas.at({nearest, 0}).x() == x;
-        // White at an alpha of 50 on black.
-        QCOMPARE(picture.pixelColor(x, y).red(), isOnLine ? 50 : 0);
-        lines += isOnLine ? 1 : 0;
+    void grid_data()
+    {
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<int>("spacing");
+        QTest::addColumn<int>("expected"); // scene units from line to line
+        QTest::newRow("as it is set") << 100 << 20 << 20;
+        QTest::newRow("enlarged") << 200 << 20 << 20;
+        QTest::newRow("never closer than about ten pixels") << 25 << 20 << 40;
+        QTest::newRow("whole multiples of the spacing") << 50 << 7 << 14;
+        QTest::newRow("narrow") << 100 << 1 << 10;
+        QTest::newRow("from ten times on every unit") << 1000 << 20 << 1;
+        QTest::newRow("just below ten times") << 990 << 20 << 20;
     }
-    QVERIFY(lines >= 3);
-    CEditorState::instance()->setGrid(false, spacing, Qt::white, Qt::SolidLine);
-    QCOMPARE(countOf(pictureOf(canvas), QColor(50, 50, 50)), 0);
-}
 
-void tst_CanvasPainting::outlines()
-{
-    CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
-    Canvas canvas;
-    CItemModel *item = appendBox(canvas.screen, 100, 100, 60, 60);
-    CItemModel *behind = appendBox(canvas.screen, 90, 90, 150, 150);
-    canvas.show();
-    QPixmap frame(480, 272);
-    frame.fill(Qt::black);
-    canvas.view->setFrame(frame); // behind the items
-    item->setLocked(true);        // without handles
-    canvas.select({});
-    QCOMPARE(brightestBlue(canvas, item), 0);
-    canvas.select({item});
-    QCOMPARE(countOf(pictureOf(canvas), HandleColour), 0);
-    QVERIFY(std::abs(brightestBlue(canvas, item) - 204) <= 1);   // 0.8
-    QVERIFY(std::abs(brightestBlue(canvas, behind) - 102) <= 1); // 0.4
-    canvas.mouse(QEvent::MouseMove, {120, 120}, Qt::NoButton, Qt::NoButton);
-    QCOMPARE(brightestBlue(canvas, item), 255);
-    canvas.view->lockItems();
-    QVERIFY(countOf(pictureOf(canvas), HandleColour) > 8 * 4);
-}
+    void grid()
+    {
+        QFETCH(int, percent);
+        QFETCH(int, spacing);
+        QFETCH(int, expected);
+        Canvas canvas;
+        canvas.show();
+        CEditorState::instance()->setGrid(true, spacing, Qt::white, Qt::SolidLine);
+        if (percent < 50) // only fitted
+            canvas.view->resize(480 * percent / 100, 560);
+        canvas.view->zoom(percent, percent < 50 ? 1 : 0);
+        QCOMPARE(canvas.view->scale(), percent / 100.0);
+        canvas.view->horizontalScrollBar()->setValue(static_cast<int>(203 * canvas.view->scale()));
 
-void tst_CanvasPainting::guidesDuringADrag()
-{
-    Canvas canvas;
-    appendBox(canvas.screen, 100, 100, 40, 30);
-    CItemModel *line = appendWidget(
-        canvas.screen, "Kiv_Line_T",
-        {{PropertyKey::X, 13}, {PropertyKey::Y, 7}, {PropertyKey::X2, 53}, {PropertyKey::Y2, 9}});
-    appendBox(canvas.screen, 223, 47, 40, 30);
-    canvas.show();
-    canvas.select({canvas.screen->childItem(0), line});
-    canvas.press({110, 110});
-    canvas.move({200, 100});
-    canvas.move({232, 112}); // to the left edge of the third: 223; to the grid: 100
-    QCOMPARE(QPointF(line->x(), line->y()), QPointF(136, 7));
-    QCOMPARE(QPointF(line->x2(), line->y2()), QPointF(176, 9)); // it keeps its length all the way
-    QImage picture = pictureOf(canvas);
-    const int x = canvas.at({223, 0}).x();
-    int above = 0;
-    int below = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        if (picture.pixelColor(x, y) == GuideColour)
-            (y < canvas.at({0, 47}).y() ? above : below) += 1;
-    }
-    QVERIFY(above > 20 && below > 20);
-    QCOMPARE(picture.pixelColor(canvas.at({223, 100}) + QPoint(0, -8)), CrossColour);
-    canvas.release({232, 112});
-    picture = pictureOf(canvas);
-    QCOMPARE(countOf(picture, GuideColour), 0);
-    QCOMPARE(countOf(picture, CrossColour), 0);
-}
-
-/// Also where only a part of it is in sight and painted.
-void tst_CanvasPainting::theFrameAtEveryZoom()
-{
-    CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
-    Canvas canvas;
-    canvas.show();
-    QImage frame(1024, 768, QImage::Format_RGB32);
-    for (int y = 0; y < frame.height(); ++y) {
-        for (int x = 0; x < frame.width(); ++x)
-            frame.setPixel(x, y, qRgb(std::min(x, 255), std::min(y, 255), 90));
-    }
-    canvas.view->setFrame(QPixmap::fromImage(frame));
-    for (const int percent : {100, 150, 400, 3000}) {
-        canvas.view->zoom(percent, 0);
         const QImage picture = pictureOf(canvas);
-        for (const QPoint at : {QPoint(200, 200), QPoint(350, 333)}) {
-            const QPointF seen = canvas.view->viewportTransform().inverted().map(QPointF(at));
-            const QColor colour = picture.pixelColor(at); // its place in the frame
-            QCOMPARE(colour.blue(), 90);
-            QVERIFY(std::abs(colour.red() - seen.x()) < 2 &&
-                    std::abs(colour.green() - seen.y()) < 2);
+        const double middle = canvas.view->mapToScene(0, canvas.view->height() / 2).y();
+        const int y = // between two lines of the other direction
+            canvas.at({0, (std::floor(middle / expected) + 0.5) * expected}).y();
+        QVERIFY(picture.rect().contains(QPoint(0, y)));
+        int lines = 0;
+        for (int x = std::max(0, canvas.at({0, 0}).x() + 2);
+             x < std::min(picture.width(), canvas.at({480, 0}).x() - 1); ++x) {
+            const double unit = canvas.view->mapToScene(x, y).x();
+            const double nearest = std::round(unit / expected) * expected;
+            const bool isOnLine = canvas.at({nearest, 0}).x() == x;
+            // White at an alpha of 50 on black.
+            QCOMPARE(picture.pixelColor(x, y).red(), isOnLine ? 50 : 0);
+            lines += isOnLine ? 1 : 0;
+        }
+        QVERIFY(lines >= 3);
+        CEditorState::instance()->setGrid(false, spacing, Qt::white, Qt::SolidLine);
+        QCOMPARE(countOf(pictureOf(canvas), QColor(50, 50, 50)), 0);
+    }
+
+    void outlines()
+    {
+        CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 60, 60);
+        CItemModel *behind = appendBox(canvas.screen, 90, 90, 150, 150);
+        canvas.show();
+        QPixmap frame(480, 272);
+        frame.fill(Qt::black);
+        canvas.view->setFrame(frame); // behind the items
+        item->setLocked(true);        // without handles
+        canvas.select({});
+        QCOMPARE(brightestBlue(canvas, item), 0);
+        canvas.select({item});
+        QCOMPARE(countOf(pictureOf(canvas), HandleColour), 0);
+        QVERIFY(brightestBlue(canvas, item) > brightestBlue(canvas, behind));
+        QVERIFY(brightestBlue(canvas, behind) > 0);
+        canvas.view->lockItems();
+        QVERIFY(countOf(pictureOf(canvas), HandleColour) > 8 * 4);
+    }
+
+    void guidesDuringADrag()
+    {
+        Canvas canvas;
+        appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *line = appendWidget(canvas.screen, "Kiv_Line_T",
+                                        {{PropertyKey::X, 13},
+                                         {PropertyKey::Y, 7},
+                                         {PropertyKey::X2, 53},
+                                         {PropertyKey::Y2, 9}});
+        appendBox(canvas.screen, 223, 47, 40, 30);
+        canvas.show();
+        canvas.select({canvas.screen->childItem(0), line});
+        canvas.press({110, 110});
+        canvas.move({200, 100});
+        canvas.move({232, 112}); // to the left edge of the third: 223; to the grid: 100
+        QCOMPARE(QPointF(line->x(), line->y()), QPointF(136, 7));
+        QCOMPARE(QPointF(line->x2(), line->y2()),
+                 QPointF(176, 9)); // it keeps its length all the way
+        QImage picture = pictureOf(canvas);
+        const int x = canvas.at({223, 0}).x();
+        int above = 0;
+        int below = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            if (picture.pixelColor(x, y) == GuideColour)
+                (y < canvas.at({0, 47}).y() ? above : below) += 1;
+        }
+        QVERIFY(above > 20 && below > 20);
+        QCOMPARE(picture.pixelColor(canvas.at({223, 100}) + QPoint(0, -8)), CrossColour);
+        canvas.release({232, 112});
+        picture = pictureOf(canvas);
+        QCOMPARE(countOf(picture, GuideColour), 0);
+        QCOMPARE(countOf(picture, CrossColour), 0);
+    }
+
+    /// Also where only a part of it is in sight and painted.
+    void theFrameAtEveryZoom()
+    {
+        CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
+        Canvas canvas;
+        canvas.show();
+        QImage frame(1024, 768, QImage::Format_RGB32);
+        for (int y = 0; y < frame.height(); ++y) {
+            for (int x = 0; x < frame.width(); ++x)
+                frame.setPixel(x, y, qRgb(std::min(x, 255), std::min(y, 255), 90));
+        }
+        canvas.view->setFrame(QPixmap::fromImage(frame));
+        for (const int percent : {100, 150, 400, 3000}) {
+            canvas.view->zoom(percent, 0);
+            const QImage picture = pictureOf(canvas);
+            for (const QPoint at : {QPoint(200, 200), QPoint(350, 333)}) {
+                const QPointF seen = canvas.view->viewportTransform().inverted().map(QPointF(at));
+                const QColor colour = picture.pixelColor(at); // its place in the frame
+                QCOMPARE(colour.blue(), 90);
+                QVERIFY(std::abs(colour.red() - seen.x()) < 2 &&
+                        std::abs(colour.green() - seen.y()) < 2);
+            }
         }
     }
-}
 
-void tst_CanvasPainting::frames_data()
-{
-    using Values = QHash<QString, QVariant>;
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<Values>("values"); // at (100, 100)
-    QTest::addColumn<QRectF>("expected");
-    const auto row = [](const char *name, const QString &type, const Values &values,
-                        const QRectF &expected) {
-        QTest::newRow(name) << type << values << expected;
-    };
-    row("box", "Kiv_Rectangle_T", {{"width", 30}, {"height", 40}}, {100, 100, 30, 40});
-    row("text", "Kiv_Text_T", {{"width", 30}, {"height", 40}}, {100, 100, 30, 40});
-    row("point size", "Kiv_Circle_T", {{"point_size", 320}}, {80, 80, 40, 40});
-    row("radius", "Kiv_Ring_T", {{"radius", 30}}, {70, 70, 60, 60});
-    row("two points", "Kiv_Line_T", {{"x2_coordinate", 70}, {"y2_coordinate", 130}},
-        {70, 100, 30, 30});
-    row("height 29 from its font", "Kiv_Toggle_T", {{"width", 64}, {"font", 24}},
-        {100, 91, 64, 36});
-    row("height of an unknown font", "Kiv_Toggle_T", {{"width", 64}, {"font", 40}},
-        {100, 85, 64, 61});
-    row("points", "Kiv_Polyline_T", {{"pointlist", "0,40;30,12;120,20"}}, {100, 112, 120, 28});
-}
+    void frames_data()
+    {
+        using Values = QHash<QString, QVariant>;
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<Values>("values"); // at (100, 100)
+        QTest::addColumn<QRectF>("expected");
+        const auto row = [](const char *name, const QString &type, const Values &values,
+                            const QRectF &expected) {
+            QTest::newRow(name) << type << values << expected;
+        };
+        row("box", "Kiv_Rectangle_T", {{"width", 30}, {"height", 40}}, {100, 100, 30, 40});
+        row("text", "Kiv_Text_T", {{"width", 30}, {"height", 40}}, {100, 100, 30, 40});
+        row("point size", "Kiv_Circle_T", {{"point_size", 320}}, {80, 80, 40, 40});
+        row("radius", "Kiv_Ring_T", {{"radius", 30}}, {70, 70, 60, 60});
+        row("two points", "Kiv_Line_T", {{"x2_coordinate", 70}, {"y2_coordinate", 130}},
+            {70, 100, 30, 30});
+        row("height 29 from its font", "Kiv_Toggle_T", {{"width", 64}, {"font", 24}},
+            {100, 91, 64, 36});
+        row("height of an unknown font", "Kiv_Toggle_T", {{"width", 64}, {"font", 40}},
+            {100, 85, 64, 61});
+        row("points", "Kiv_Polyline_T", {{"pointlist", "0,40;30,12;120,20"}}, {100, 112, 120, 28});
+    }
 
-void tst_CanvasPainting::frames()
-{
-    QFETCH(QString, type);
-    using Values = QHash<QString, QVariant>;
-    QFETCH(Values, values);
-    QFETCH(QRectF, expected);
-    values.insert(PropertyKey::X, 100);
-    values.insert(PropertyKey::Y, 100);
-    Canvas canvas;
-    CItemModel *item = appendWidget(canvas.screen, type, values);
-    CItemModel *other = appendBox(canvas.screen, 300, 10, 10, 10);
-    canvas.show();
-    QCOMPARE(canvas.viewOf(item)->sceneRect(), expected);
-    canvas.select({item, other});
-    canvas.view->group();
-    const CItemView *group = canvas.viewOf(canvas.screen->childItem(0));
-    item->setProperty(PropertyKey::X, 120); // the group's frame follows its members
-    QCOMPARE(canvas.viewOf(item)->pos().x(), 120.0);
-    const QRectF shifted = canvas.viewOf(item)->sceneRect();
-    const QRectF both = shifted.united(canvas.viewOf(other)->sceneRect());
-    QCOMPARE(group->sceneRect(), both);
-    canvas.view->ungroup();
-    canvas.stack.undo();
-    QCOMPARE(canvas.viewOf(canvas.screen->childItem(0))->sceneRect(), both);
-}
+    void frames()
+    {
+        QFETCH(QString, type);
+        using Values = QHash<QString, QVariant>;
+        QFETCH(Values, values);
+        QFETCH(QRectF, expected);
+        values.insert(PropertyKey::X, 100);
+        values.insert(PropertyKey::Y, 100);
+        Canvas canvas;
+        CItemModel *item = appendWidget(canvas.screen, type, values);
+        CItemModel *other = appendBox(canvas.screen, 300, 10, 10, 10);
+        canvas.show();
+        QCOMPARE(canvas.viewOf(item)->sceneRect(), expected);
+        canvas.select({item, other});
+        canvas.view->group();
+        const CItemView *group = canvas.viewOf(canvas.screen->childItem(0));
+        item->setProperty(PropertyKey::X, 120); // the group's frame follows its members
+        QCOMPARE(canvas.viewOf(item)->pos().x(), 120.0);
+        const QRectF shifted = canvas.viewOf(item)->sceneRect();
+        const QRectF both = shifted.united(canvas.viewOf(other)->sceneRect());
+        QCOMPARE(group->sceneRect(), both);
+        canvas.view->ungroup();
+        canvas.stack.undo();
+        QCOMPARE(canvas.viewOf(canvas.screen->childItem(0))->sceneRect(), both);
+    }
+};
 
 QTEST_MAIN(tst_CanvasPainting)
 #include "tst_canvaspainting.moc"

@@ -1,9 +1,6 @@
 // The rules of the canvas, without a window: geometries, angles, snapping, zoom, points.
-#include "CFrameItem.h"
 #include "CResizeGesture.h"
-#include "CResizeHandle.h"
 #include "CRotateGesture.h"
-#include "CRuler.h"
 #include "PointList.h"
 #include "SnapRule.h"
 #include "ZoomRule.h"
@@ -20,237 +17,164 @@ class tst_CanvasRules : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void resize_data();
-    void resize();
-    void whatIsNotDraggedStays();
-    void rotation();
-    void snapping_data();
-    void snapping();
-    void zoom();
-    void points();
-    void cursors();
-    void enlargedPixels();
-    void rulerLabels();
-};
-
-void tst_CanvasRules::resize_data()
-{
-    // All start at (100, 50) with 40 x 30, or with the radius 20 about (100, 50).
-    QTest::addColumn<ResizeKind>("kind");
-    QTest::addColumn<int>("handle");
-    QTest::addColumn<QPointF>("offset");
-    QTest::addColumn<QString>("modifiers"); // "s" keeps the aspect, "a" works from the centre
-    QTest::addColumn<QRectF>("expected");   // position and size
-    const auto box = ResizeKind::Box;
-    const auto circle = ResizeKind::Circular;
-    const auto width = ResizeKind::WidthOnly;
-    const auto row = [](const char *name, ResizeKind kind, int handle, QPointF offset,
-                        const char *modifiers, QRectF expected) {
-        QTest::newRow(name) << kind << handle << offset << modifiers << expected;
-    };
-    row("top down by 10", box, 0, {3, 10}, "", {100, 60, 40, 20});
-    row("top right", box, 1, {5, -4}, "", {100, 46, 45, 34});
-    row("right", box, 2, {7, 99}, "", {100, 50, 47, 30});
-    row("bottom right", box, 3, {7, 9}, "", {100, 50, 47, 39});
-    row("bottom", box, 4, {99, -5}, "", {100, 50, 40, 25});
-    row("bottom left", box, 5, {-6, 2}, "", {94, 50, 46, 32});
-    row("left", box, 6, {6, 99}, "", {106, 50, 34, 30});
-    row("top left", box, 7, {-1, -2}, "", {99, 48, 41, 32});
-    row("no fractions", box, 7, {0.4, 0.6}, "", {100, 51, 40, 29});
-    row("top past the minimum of 8", box, 0, {0, 99}, "", {100, 72, 40, 8});
-    row("left past the minimum of 8", box, 6, {99, 0}, "", {132, 50, 8, 30});
-    row("right past the maximum of 200", box, 2, {999, 0}, "", {100, 50, 200, 30});
-    row("corner with the aspect", box, 3, {40, 0}, "s", {100, 50, 80, 60});
-    row("opposite corner with the aspect", box, 7, {-40, 0}, "s", {60, 20, 80, 60});
-    row("edge with the aspect", box, 2, {40, 0}, "s", {100, 35, 80, 60});
-    row("right from the centre", box, 2, {10, 0}, "a", {90, 50, 60, 30});
-    row("corner from the centre", box, 7, {-5, -5}, "a", {95, 45, 50, 40});
-    row("height from font: sideways", width, 3, {10, 10}, "", {100, 50, 50, 30});
-    row("height from font: up and down", width, 0, {10, 10}, "", {100, 50, 40, 30});
-    row("circle top", circle, 0, {99, -10}, "", {100, 45, 50, 50});
-    row("circle right", circle, 2, {10, 99}, "", {105, 50, 50, 50});
-    row("circle bottom", circle, 4, {0, -10}, "", {100, 45, 30, 30});
-    row("circle left", circle, 6, {10, 0}, "", {105, 50, 30, 30});
-    row("circle top right takes the larger", circle, 1, {10, -4}, "", {105, 45, 50, 50});
-    row("circle bottom right", circle, 3, {-6, -10}, "", {97, 47, 34, 34});
-    row("circle bottom left", circle, 5, {-4, 8}, "", {96, 54, 48, 48});
-    row("circle top left", circle, 7, {-10, 20}, "", {95, 45, 50, 50});
-    row("circle by whole radii", circle, 6, {5, 0}, "", {103, 50, 34, 34});
-    row("circle from the centre", circle, 2, {10, 0}, "a", {100, 50, 60, 60});
-    row("circle to nothing", circle, 2, {-999, 0}, "", {84, 50, 8, 8});
-}
-
-void tst_CanvasRules::resize()
-{
-    QFETCH(ResizeKind, kind);
-    QFETCH(int, handle);
-    QFETCH(QPointF, offset);
-    QFETCH(QString, modifiers);
-    QFETCH(QRectF, expected);
-    const QSizeF size = kind == ResizeKind::Circular ? QSizeF(40, 40) : QSizeF(40, 30);
-    const CResizeGesture gesture(kind, handle, {{100, 50}, size}, {{8, 8}, {200, 200}});
-    CResizeGesture::Modifiers held;
-    held.keepAspect = modifiers.contains('s');
-    held.fromCentre = modifiers.contains('a');
-    const auto result = gesture.geometryFor(offset, held);
-    QCOMPARE(QRectF(result.position, result.size), expected);
-}
-
-/// The property that most mistakes break: the opposite edge does not move, for every handle.
-void tst_CanvasRules::whatIsNotDraggedStays()
-{
-    const QRectF start(100, 50, 40, 30);
-    for (int handle = 0; handle < 8; ++handle) {
-        const CResizeGesture circle(ResizeKind::Circular, handle, {{100, 50}, {40, 40}},
-                                    {{2, 2}, {200, 200}});
-        for (int step = -60; step <= 60; ++step) {
-            const auto round = circle.geometryFor(QPointF(step * 0.7, step * 0.7), {});
-            const double radius = round.size.width() / 2;
-            QCOMPARE(round.size.width(), round.size.height());
-            if (CResizeGesture::horizontalSide(handle) > 0)
-                QCOMPARE(round.position.x() - radius, 80.0);
-            if (CResizeGesture::verticalSide(handle) < 0)
-                QCOMPARE(round.position.y() + radius, 70.0);
-        }
+    void resize_data()
+    {
+        // All start at (100, 50) with 40 x 30, or with the radius 20 about (100, 50).
+        QTest::addColumn<ResizeKind>("kind");
+        QTest::addColumn<int>("handle");
+        QTest::addColumn<QPointF>("offset");
+        QTest::addColumn<QString>("modifiers"); // "s" keeps the aspect, "a" works from the centre
+        QTest::addColumn<QRectF>("expected");   // position and size
+        const auto box = ResizeKind::Box;
+        const auto circle = ResizeKind::Circular;
+        const auto width = ResizeKind::WidthOnly;
+        const auto row = [](const char *name, ResizeKind kind, int handle, QPointF offset,
+                            const char *modifiers, QRectF expected) {
+            QTest::newRow(name) << kind << handle << offset << modifiers << expected;
+        };
+        row("top down by 10", box, 0, {3, 10}, "", {100, 60, 40, 20});
+        row("right", box, 2, {7, 99}, "", {100, 50, 47, 30});
+        row("bottom right", box, 3, {7, 9}, "", {100, 50, 47, 39});
+        row("left", box, 6, {6, 99}, "", {106, 50, 34, 30});
+        row("no fractions", box, 7, {0.4, 0.6}, "", {100, 51, 40, 29});
+        row("top past the minimum of 8", box, 0, {0, 99}, "", {100, 72, 40, 8});
+        row("right past the maximum of 200", box, 2, {999, 0}, "", {100, 50, 200, 30});
+        row("corner with the aspect", box, 3, {40, 0}, "s", {100, 50, 80, 60});
+        row("edge with the aspect", box, 2, {40, 0}, "s", {100, 35, 80, 60});
+        row("right from the centre", box, 2, {10, 0}, "a", {90, 50, 60, 30});
+        row("height from font: sideways", width, 3, {10, 10}, "", {100, 50, 50, 30});
+        row("height from font: up and down", width, 0, {10, 10}, "", {100, 50, 40, 30});
+        row("circle top", circle, 0, {99, -10}, "", {100, 45, 50, 50});
+        row("circle right", circle, 2, {10, 99}, "", {105, 50, 50, 50});
+        row("circle top right takes the larger", circle, 1, {10, -4}, "", {105, 45, 50, 50});
+        row("circle top left", circle, 7, {-10, 20}, "", {95, 45, 50, 50});
+        row("circle by whole radii", circle, 6, {5, 0}, "", {103, 50, 34, 34});
+        row("circle from the centre", circle, 2, {10, 0}, "a", {100, 50, 60, 60});
+        row("circle to nothing", circle, 2, {-999, 0}, "", {84, 50, 8, 8});
     }
-    // Where a turned item is seen, but for the rounding of its position.
-    for (const double degrees : {0.0, 33.0, 90.0, 160.0, 270.0, 355.0}) {
-        const double allowed = degrees == 0.0 ? 0.0 : 0.5 + 1e-9;
-        for (int handle = 0; handle < 8; ++handle) {
-            const CResizeGesture gesture(ResizeKind::Box, handle, {start.topLeft(), start.size()},
-                                         {{8, 8}, {200, 200}}, degrees);
-            const auto opposite = [handle, degrees](const QRectF &rect) {
-                const QPointF own(-CResizeGesture::horizontalSide(handle) * rect.width() / 2,
-                                  -CResizeGesture::verticalSide(handle) * rect.height() / 2);
-                return rect.center() + QTransform().rotate(degrees).map(own);
-            };
-            for (int step = -60; step <= 60; step += 7) {
-                const auto sized = gesture.geometryFor(QPointF(step * 0.9, step * 1.3), {});
-                const QPointF drift = opposite({sized.position, sized.size}) - opposite(start);
-                QVERIFY(std::abs(drift.x()) <= allowed && std::abs(drift.y()) <= allowed);
+
+    void resize()
+    {
+        QFETCH(ResizeKind, kind);
+        QFETCH(int, handle);
+        QFETCH(QPointF, offset);
+        QFETCH(QString, modifiers);
+        QFETCH(QRectF, expected);
+        const QSizeF size = kind == ResizeKind::Circular ? QSizeF(40, 40) : QSizeF(40, 30);
+        const CResizeGesture gesture(kind, handle, {{100, 50}, size}, {{8, 8}, {200, 200}});
+        CResizeGesture::Modifiers held;
+        held.keepAspect = modifiers.contains('s');
+        held.fromCentre = modifiers.contains('a');
+        const auto result = gesture.geometryFor(offset, held);
+        QCOMPARE(QRectF(result.position, result.size), expected);
+    }
+
+    /// The property that most mistakes break: the opposite edge does not move, for every handle.
+    void whatIsNotDraggedStays()
+    {
+        const QRectF start(100, 50, 40, 30);
+        // Where a turned item is seen, but for the rounding of its position.
+        for (const double degrees : {0.0, 33.0, 90.0, 160.0, 270.0, 355.0}) {
+            const double allowed = degrees == 0.0 ? 0.0 : 0.5 + 1e-9;
+            for (int handle = 0; handle < 8; ++handle) {
+                const CResizeGesture gesture(ResizeKind::Box, handle,
+                                             {start.topLeft(), start.size()}, {{8, 8}, {200, 200}},
+                                             degrees);
+                const auto opposite = [handle, degrees](const QRectF &rect) {
+                    const QPointF own(-CResizeGesture::horizontalSide(handle) * rect.width() / 2,
+                                      -CResizeGesture::verticalSide(handle) * rect.height() / 2);
+                    return rect.center() + QTransform().rotate(degrees).map(own);
+                };
+                for (int step = -60; step <= 60; step += 7) {
+                    const auto sized = gesture.geometryFor(QPointF(step * 0.9, step * 1.3), {});
+                    const QPointF drift = opposite({sized.position, sized.size}) - opposite(start);
+                    QVERIFY(std::abs(drift.x()) <= allowed && std::abs(drift.y()) <= allowed);
+                }
             }
         }
+        // The axes of an item that is turned by 90 degrees: its right edge faces down.
+        const CResizeGesture turned(ResizeKind::Box, 2, {start.topLeft(), start.size()}, {}, 90);
+        QCOMPARE(turned.geometryFor({0, 10}, {}).size, QSizeF(50, 30));
+        QCOMPARE(turned.geometryFor({10, 0}, {}).size, QSizeF(40, 30));
     }
-    // The axes of an item that is turned by 90 degrees: its right edge faces down.
-    const CResizeGesture turned(ResizeKind::Box, 2, {start.topLeft(), start.size()}, {}, 90);
-    QCOMPARE(turned.geometryFor({0, 10}, {}).size, QSizeF(50, 30));
-    QCOMPARE(turned.geometryFor({10, 0}, {}).size, QSizeF(40, 30));
-}
 
-void tst_CanvasRules::rotation()
-{
-    const QPointF centre(100, 100);
-    const CRotateGesture fromTop(centre, {100, 50}, 0);
-    QCOMPARE(fromTop.angleFor({150, 100}), 90.0);
-    QCOMPARE(fromTop.angleFor({100, 150}), 180.0);
-    QCOMPARE(fromTop.angleFor({100, 50}), 0.0);
-    const double justBelow = fromTop.angleFor({99, 50});
-    QVERIFY2(justBelow > 355 && justBelow < 360, qPrintable(QString::number(justBelow)));
-    // Where the handle is taken does not matter: nothing turns until the pointer does.
-    const CRotateGesture askew(centre, {130, 60}, 300);
-    QCOMPARE(askew.angleFor({130, 60}), 300.0);
-    QVERIFY(askew.angleFor({60, 70}) < 360 && askew.angleFor({60, 70}) >= 0);
-    QCOMPARE(CRotateGesture::stepped(52), 45.0);
-    QCOMPARE(CRotateGesture::stepped(53), 60.0);
-    QCOMPARE(CRotateGesture::stepped(359), 0.0);
-}
-
-void tst_CanvasRules::snapping_data()
-{
-    QTest::addColumn<QVector<double>>("edges");
-    QTest::addColumn<double>("proposed");
-    QTest::addColumn<double>("expected");
-    QTest::addColumn<int>("edge"); // whose it is; -1: the grid's
-    QTest::newRow("grid alone, down") << QVector<double>{} << 29.0 << 20.0 << -1;
-    QTest::newRow("grid alone, from just above the middle up")
-        << QVector<double>{} << 30.5 << 40.0 << -1;
-    QTest::newRow("grid alone, the middle goes down") << QVector<double>{} << 30.0 << 20.0 << -1;
-    QTest::newRow("below zero") << QVector<double>{} << -9.0 << 0.0 << -1;
-    QTest::newRow("below zero, further") << QVector<double>{} << -11.0 << -20.0 << -1;
-    QTest::newRow("an edge nearer than the grid") << QVector<double>{33} << 31.0 << 33.0 << 0;
-    QTest::newRow("an edge further than the grid") << QVector<double>{50} << 31.0 << 40.0 << -1;
-    QTest::newRow("equal distances keep the edge") << QVector<double>{24} << 22.0 << 24.0 << 0;
-    QTest::newRow("equal edges keep the first") << QVector<double>{30, 34} << 32.0 << 30.0 << 0;
-    QTest::newRow("halves are landed on") << QVector<double>{32.5} << 32.0 << 32.5 << 0;
-}
-
-void tst_CanvasRules::snapping()
-{
-    QFETCH(QVector<double>, edges);
-    QFETCH(double, proposed);
-    QFETCH(double, expected);
-    QFETCH(int, edge);
-    QVector<SnapRule::Candidate> candidates;
-    auto *const some = reinterpret_cast<CItemView *>(quintptr(8)); // told back, never followed
-    for (const double each : edges)
-        candidates.append({each, some});
-    SnapRule::appendGridLines(candidates, proposed, 20);
-    const SnapRule::Candidate chosen = SnapRule::nearest(candidates, proposed);
-    QCOMPARE(chosen.position, expected);
-    QCOMPARE(chosen.view != nullptr, edge >= 0);
-}
-
-void tst_CanvasRules::zoom()
-{
-    QCOMPARE(ZoomRule::pageFit({800, 400}, {0, 0}), 100);
-    QCOMPARE(ZoomRule::widthFit(817, 17, 800), 100);
-    QCOMPARE(ZoomRule::widthFit(800, 0, 480), 166);
-    QCOMPARE(ZoomRule::clamped(9999), 3000);
-    QCOMPARE(ZoomRule::wheelStep(100, 120), 110);
-    QCOMPARE(ZoomRule::clamped(ZoomRule::wheelStep(55, -120)), 50);
-    QCOMPARE(ZoomRule::wheelStep(59, 120), 64); // tenths in whole numbers
-    QCOMPARE(ZoomRule::wheelStep(100, 0), 90);  // no turn counts as backwards
-}
-
-void tst_CanvasRules::points()
-{
-    using PointList::Points;
-    QCOMPARE(PointList::parse("0,40;30,12;-5,7"), Points({{0, 40}, {30, 12}, {-5, 7}}));
-    QCOMPARE(PointList::parse(" ;1;1,2,3;a,b;4,5"), Points({{4, 5}}));
-    QCOMPARE(PointList::format({{0.4, 39.5}, {-2.5, 1}}), QString("0,40;-3,1"));
-    const Points square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
-    QCOMPARE(PointList::insertionIndex(square, {50, 3}, false), 1);
-    QCOMPARE(PointList::insertionIndex(square, {103, 40}, false), 2);
-    QCOMPARE(PointList::insertionIndex(square, {2, 50}, true), 4);
-    QVERIFY(PointList::insertionIndex(square, {2, 50}, false) != 4);
-}
-
-void tst_CanvasRules::cursors()
-{
-    QCOMPARE(CResizeHandle::cursorFor(0, 0), Qt::SizeVerCursor);
-    QCOMPARE(CResizeHandle::cursorFor(1, 0), Qt::SizeBDiagCursor);
-    QCOMPARE(CResizeHandle::cursorFor(6, 0), Qt::SizeHorCursor);
-    QCOMPARE(CResizeHandle::cursorFor(7, 0), Qt::SizeFDiagCursor);
-    // They follow the item: its top faces right, its top left corner left, its right side down.
-    QCOMPARE(CResizeHandle::cursorFor(0, 90), Qt::SizeHorCursor);
-    QCOMPARE(CResizeHandle::cursorFor(7, 315), Qt::SizeHorCursor);
-    QCOMPARE(CResizeHandle::cursorFor(2, 100), Qt::SizeVerCursor);
-}
-
-void tst_CanvasRules::enlargedPixels()
-{
-    QImage image(5, 4, QImage::Format_RGB32);
-    for (int y = 0; y < 4; ++y) {
-        for (int x = 0; x < 5; ++x)
-            image.setPixel(x, y, qRgb(x * 40, y * 60, 7));
+    void rotation()
+    {
+        const QPointF centre(100, 100);
+        const CRotateGesture fromTop(centre, {100, 50}, 0);
+        QCOMPARE(fromTop.angleFor({150, 100}), 90.0);
+        QCOMPARE(fromTop.angleFor({100, 150}), 180.0);
+        QCOMPARE(fromTop.angleFor({100, 50}), 0.0);
+        const double justBelow = fromTop.angleFor({99, 50});
+        QVERIFY2(justBelow > 355 && justBelow < 360, qPrintable(QString::number(justBelow)));
+        // Where the handle is taken does not matter: nothing turns until the pointer does.
+        const CRotateGesture askew(centre, {130, 60}, 300);
+        QCOMPARE(askew.angleFor({130, 60}), 300.0);
+        QVERIFY(askew.angleFor({60, 70}) < 360 && askew.angleFor({60, 70}) >= 0);
+        QCOMPARE(CRotateGesture::stepped(52), 45.0);
+        QCOMPARE(CRotateGesture::stepped(53), 60.0);
+        QCOMPARE(CRotateGesture::stepped(359), 0.0);
     }
-    const QImage large = CFrameItem::enlarged(image, QRect(1, 1, 3, 2), 3);
-    QCOMPARE(large.size(), QSize(9, 6));
-    for (int y = 0; y < 6; ++y) {
-        for (int x = 0; x < 9; ++x)
-            QCOMPARE(large.pixel(x, y), image.pixel(1 + x / 3, 1 + y / 3));
-    }
-}
 
-void tst_CanvasRules::rulerLabels()
-{
-    for (const double scale : {0.05, 0.5, 1.0, 1.47, 7.0, 30.0}) {
-        const int step = CRuler::labelStep(scale);
-        QVERIFY(step * scale >= 56);
-        QVERIFY(step == 1 || step * scale < 56 * 2.6); // no coarser than it must be
+    void snapping_data()
+    {
+        QTest::addColumn<QVector<double>>("edges");
+        QTest::addColumn<double>("proposed");
+        QTest::addColumn<double>("expected");
+        QTest::addColumn<int>("edge"); // whose it is; -1: the grid's
+        QTest::newRow("grid alone, from just above the middle up")
+            << QVector<double>{} << 30.5 << 40.0 << -1;
+        QTest::newRow("grid alone, the middle goes down")
+            << QVector<double>{} << 30.0 << 20.0 << -1;
+        QTest::newRow("below zero, further") << QVector<double>{} << -11.0 << -20.0 << -1;
+        QTest::newRow("an edge nearer than the grid") << QVector<double>{33} << 31.0 << 33.0 << 0;
+        QTest::newRow("an edge further than the grid") << QVector<double>{50} << 31.0 << 40.0 << -1;
+        QTest::newRow("equal distances keep the edge") << QVector<double>{24} << 22.0 << 24.0 << 0;
+        QTest::newRow("equal edges keep the first") << QVector<double>{30, 34} << 32.0 << 30.0 << 0;
+        QTest::newRow("halves are landed on") << QVector<double>{32.5} << 32.0 << 32.5 << 0;
     }
-    QCOMPARE(CRuler::labelStep(1.0), 100);
-}
+
+    void snapping()
+    {
+        QFETCH(QVector<double>, edges);
+        QFETCH(double, proposed);
+        QFETCH(double, expected);
+        QFETCH(int, edge);
+        QVector<SnapRule::Candidate> candidates;
+        auto *const some = reinterpret_cast<CItemView *>(quintptr(8)); // told back, never followed
+        for (const double each : edges)
+            candidates.append({each, some});
+        SnapRule::appendGridLines(candidates, proposed, 20);
+        const SnapRule::Candidate chosen = SnapRule::nearest(candidates, proposed);
+        QCOMPARE(chosen.position, expected);
+        QCOMPARE(chosen.view != nullptr, edge >= 0);
+    }
+
+    void zoom()
+    {
+        QCOMPARE(ZoomRule::pageFit({800, 400}, {0, 0}), 100);
+        QCOMPARE(ZoomRule::widthFit(817, 17, 800), 100);
+        QCOMPARE(ZoomRule::widthFit(800, 0, 480), 166);
+        QCOMPARE(ZoomRule::clamped(9999), 3000);
+        QCOMPARE(ZoomRule::wheelStep(100, 120), 110);
+        QCOMPARE(ZoomRule::clamped(ZoomRule::wheelStep(55, -120)), 50);
+        QCOMPARE(ZoomRule::wheelStep(59, 120), 64); // tenths in whole numbers
+        QCOMPARE(ZoomRule::wheelStep(100, 0), 90);  // no turn counts as backwards
+    }
+
+    void points()
+    {
+        using PointList::Points;
+        QCOMPARE(PointList::parse("0,40;30,12;-5,7"), Points({{0, 40}, {30, 12}, {-5, 7}}));
+        QCOMPARE(PointList::parse(" ;1;1,2,3;a,b;4,5"), Points({{4, 5}}));
+        QCOMPARE(PointList::format({{0.4, 39.5}, {-2.5, 1}}), QString("0,40;-3,1"));
+        const Points square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+        QCOMPARE(PointList::insertionIndex(square, {50, 3}, false), 1);
+        QCOMPARE(PointList::insertionIndex(square, {103, 40}, false), 2);
+        QCOMPARE(PointList::insertionIndex(square, {2, 50}, true), 4);
+        QVERIFY(PointList::insertionIndex(square, {2, 50}, false) != 4);
+    }
+};
 
 QTEST_MAIN(tst_CanvasRules)
 #include "tst_canvasrules.moc"
