@@ -2,18 +2,8 @@
 #include "CanvasTestSupport.h"
 #include "ScreenDocuments.h"
 
-#include <QClipboard>
-#include <QDrag>
-#include <QDragEnterEvent>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QUndoStack>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 
@@ -84,25 +74,325 @@ class tst_ProjectExplorer : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        qRegisterMetaType<CScreenModel *>();
+        loadWidgetLibrary();
+    }
 
-    void clickOnAScreenShowsIt();
-    void selectionGoesBothWaysWithoutEcho();
-    void renamingIsOneUndoStep();
-    void dragMovesAScreen_data();
-    void dragMovesAScreen();
-    void dragOutsidePutsTheScreenBack();
-    void onlyScreensAreReordered();
-    void copyTakesTheScreensOfAMixedSelection();
-    void cutAndPasteAreOneStepEach();
-    void pasteMakesValuesCanonical();
-    void malformedPagesChangeNothing_data();
-    void malformedPagesChangeNothing();
-    void pageFilesThroughTheDialogs();
-    void menuFollowsSelectionAndClipboard();
-    void closingTheProjectDuringADrag();
+    void init()
+    {
+        m_project = newTestProject(3); // Page 1, Page 2, Page 3
+        addWidget(*m_project, "Kiv_Text_T", 0);
+        addWidget(*m_project, "Kiv_Line_T", 0);
+        addWidget(*m_project, "Kiv_Circle_T", 1);
+        m_view = std::make_unique<CDraggedExplorer>();
+        m_view->resize(240, 400);
+        m_view->setProject(m_project.get());
+        m_view->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+        QGuiApplication::clipboard()->clear();
+    }
+
+    void cleanup()
+    {
+        m_view.reset();
+        m_project.reset();
+    }
+
+    void clickOnAScreenShowsIt()
+    {
+        QSignalSpy shown(m_view.get(), &CProjectExplorerView::screenActivated);
+        const QModelIndex second = m_project->index(1, 0);
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
+                          middleOf(m_project->index(0, 0, second)));
+        QCOMPARE(shown.count(), 0);
+        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, middleOf(second));
+        QCOMPARE(shown.count(), 1);
+        QCOMPARE(shown.first().first().value<CScreenModel *>(), m_project->screen(1));
+    }
+
+    void renamingIsOneUndoStep()
+    {
+        QUndoStack &stack = *m_project->undoStack();
+        const auto rename = [this](const QString &name) {
+            m_view->edit(m_project->index(1, 0));
+            auto *editor = m_view->viewport()->findChild<QLineEdit *>();
+            QVERIFY(editor);
+            editor->setText(name);
+            QTest::keyClick(editor, Qt::Key_Return);
+            QTRY_VERIFY(!m_view->viewport()->findChild<QLineEdit *>());
+        };
+        rename("  Settings ");
+        QCOMPARE(screenNames(*m_project), (QStringList{"Page 1", "Settings", "Page 3"}));
+        QCOMPARE(m_project->index(1, 0).data().toString(), "Settings");
+        QCOMPARE(stack.count(), 1);
+        rename("   ");
+        rename("Settings");
+        QCOMPARE(stack.count(), 1);
+        rename("Page 3"); // which there is
+        QCOMPARE(m_project->index(1, 0).data().toString(), "Page 4");
+        stack.undo();
+        stack.undo();
+        QCOMPARE(m_project->index(1, 0).data().toString(), "Page 2");
+    }
+
+    void dragMovesAScreen_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>(
+            "before"); // the screen above which it is dropped; -1: below all, -2: where it was
+        QTest::addColumn<QStringList>("order");
+        QTest::newRow("up") << 2 << 0 << QStringList{"Page 3", "Page 1", "Page 2"};
+        QTest::newRow("down") << 0 << 2 << QStringList{"Page 2", "Page 1", "Page 3"};
+        QTest::newRow("to the end") << 0 << -1 << QStringList{"Page 2", "Page 3", "Page 1"};
+        QTest::newRow("to its own place") << 1 << 2 << QStringList();
+        QTest::newRow("where it was, which the next one now covers") << 0 << -2 << QStringList();
+        QTest::newRow("where it was, at the end of a scrolled tree") << 2 << -2 << QStringList();
+        QTest::newRow("last one below all") << 2 << -1 << QStringList();
+    }
+
+    void dragMovesAScreen()
+    {
+        QFETCH(int, from);
+        QFETCH(int, before);
+        QFETCH(QStringList, order);
+        const QByteArray start = savedBytes(*m_project);
+        const QStringList startNames = screenNames(*m_project);
+        CScreenModel *target = m_project->screen(before);
+        if (before == -2) {
+            m_view->resize(240, m_view->height() - m_view->viewport()->height() + 40); // scrolls
+            m_view->scrollTo(m_project->index(from, 0));
+            m_view->setCurrentIndex(m_project->index(1, 0, m_project->index(0, 0)));
+            m_view->scrollTo(m_project->index(from, 0));
+        }
+        const QPoint ownPlace = m_view->visualRect(m_project->index(from, 0)).bottomLeft();
+        QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
+        QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
+        m_view->setStyleSheet("QWidget { background-color: white; }"); // as a theme does
+        QSignalSpy shown(m_view.get(), &CProjectExplorerView::screenActivated);
+        CScreenModel *dragged = m_project->screen(from);
+        m_view->setShownScreen(dragged);
+
+        m_view->user = [&](QMimeData *data) {
+            QCOMPARE(data->formats(), QStringList{"drag-drop-explorer"});
+            m_view->enter(data, before == -2 ? ownPlace : QPoint(20, 5));
+            QCOMPARE(m_project->screenCount(), 2);
+            QVERIFY(m_view->isDragging());
+            QVERIFY(dragged->isMoving());
+            const QPoint place = target         ? upperHalfOf(target->row())
+                                 : before == -2 ? ownPlace
+                                                : below();
+            m_view->move(data, place);
+            QVERIFY(m_view->viewport()->rect().intersects(indicator->geometry()));
+            QVERIFY(indicator->grab().toImage().pixelColor(2, 1) != QColor(Qt::white));
+            m_view->drop(data, place);
+            QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
+            QCOMPARE(m_view->selectionModel()->selectedIndexes(),
+                     QModelIndexList{dragged->index()});
+            QVERIFY(m_view->isExpanded(dragged->index()));
+        };
+        m_view->dragFrom(m_project->index(from, 0));
+        QCOMPARE(m_view->drags, 1);
+        QVERIFY(!m_view->isDragging());
+        QVERIFY(!dragged->isMoving());
+        QCOMPARE(screenNames(*m_project), order.isEmpty() ? startNames : order);
+        QCOMPARE(m_project->undoStack()->count(), order.isEmpty() ? 0 : 1);
+        QCOMPARE(shown.last().first().value<CScreenModel *>(), dragged);
+        if (!order.isEmpty()) {
+            m_project->undoStack()->undo();
+        }
+        QCOMPARE(savedBytes(*m_project), start);
+    }
+
+    void dragOutsidePutsTheScreenBack()
+    {
+        const QByteArray start = savedBytes(*m_project);
+        m_view->user = [this](QMimeData *data) {
+            for (int time = 0; time < 2; ++time) { // out, in again, out
+                m_view->enter(data, below());
+                QCOMPARE(m_project->screenCount(), 2);
+                m_view->leave();
+                QCOMPARE(m_project->screenCount(), 3);
+            }
+        };
+        m_view->dragFrom(m_project->index(0, 0));
+        QCOMPARE(savedBytes(*m_project), start);
+        m_view->user = [this](QMimeData *data) { m_view->enter(data, below()); }; // broken off
+        m_view->dragFrom(m_project->index(1, 0));
+        QCOMPARE(m_view->drags, 2);
+        QCOMPARE(savedBytes(*m_project), start);
+        QCOMPARE(m_project->undoStack()->count(), 0);
+        QVERIFY(m_view->isExpanded(m_project->index(1, 0)));
+    }
+
+    void onlyScreensAreReordered()
+    {
+        m_view->user = [this](QMimeData *payload) { // a widget is for the canvas
+            QCOMPARE(payload->formats(), QStringList("widget-move"));
+            m_view->enter(payload, below());
+            QVERIFY(!m_view->isDragging());
+        };
+        m_view->dragFrom(m_project->index(0, 0, m_project->index(0, 0)));
+        QCOMPARE(m_view->drags, 1);
+        QMimeData foreign; // of another window or program
+        foreign.setData("drag-drop-explorer", "0");
+        m_view->enter(&foreign, below());
+        QCOMPARE(m_project->screenCount(), 3);
+    }
+
+    void cutAndPasteAreOneStepEach()
+    {
+        const QByteArray start = savedBytes(*m_project);
+        QUndoStack &stack = *m_project->undoStack();
+        m_view->selectItems({m_project->screen(0), m_project->screen(1)});
+        m_view->cut();
+        QCOMPARE(screenNames(*m_project), QStringList{"Page 3"});
+        QCOMPARE(stack.count(), 1);
+        m_view->paste();
+        QCOMPARE(screenNames(*m_project), (QStringList{"Page 3", "Page 1", "Page 2"}));
+        QCOMPARE(m_project->screen(1)->rowCount(), 2);
+        QCOMPARE(m_view->selectionModel()->selectedIndexes(),
+                 (QModelIndexList{m_project->index(1, 0), m_project->index(2, 0)}));
+        QCOMPARE(stack.count(), 2);
+        stack.undo();
+        QCOMPARE(screenNames(*m_project), QStringList{"Page 3"});
+        stack.undo();
+        QCOMPARE(savedBytes(*m_project), start);
+    }
+
+    void pasteMakesValuesCanonical()
+    {
+        const QString xml = "<CopyScreenXML><Screen name='Pasted'>"
+                            "<Kiv_Arrow_T name='a' thickness='007' ends='BOTH'/>"
+                            "<Kiv_Rectangle_T name='b' angle='1.50' width='30'/>"
+                            "<Kiv_Arrow_T name='c' ends='2' head='12'/>"
+                            "</Screen></CopyScreenXML>";
+        const QByteArray start = savedBytes(*m_project);
+        pasteCopied(ScreenDocuments::toClipboard(xml.toUtf8()));
+        QCOMPARE(m_project->screenCount(), 4);
+        const CItemModel *screen = m_project->screen(3);
+        QCOMPARE(screen->childItem(0)->propertyText("thickness"), "7");
+        QCOMPARE(screen->childItem(0)->propertyText("ends"), "both");
+        QCOMPARE(screen->childItem(1)->propertyText("angle"), "1.5");
+        QCOMPARE(screen->childItem(2)->propertyText("ends"), "none");
+        QCOMPARE(m_project->undoStack()->count(), 1);
+        m_project->undoStack()->undo();
+        QCOMPARE(savedBytes(*m_project), start);
+    }
+
+    void malformedPagesChangeNothing_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::newRow("no XML") << QByteArray("\x00\xff screen", 9);
+        QTest::newRow("another document") << QByteArray("<Kiv_Project_T><Screen/></Kiv_Project_T>");
+        QTest::newRow("no page in it") << QByteArray("<ScreenSave/>");
+        QByteArray attributes;
+        for (int i = 0; i < 510; ++i)
+            attributes += " a" + QByteArray::number(i) + "=''";
+        QTest::newRow("more attributes than can be saved")
+            << "<ScreenSave><Screen/><Screen><Kiv_Rectangle_T" + attributes +
+                   "/></Screen></ScreenSave>";
+    }
+
+    void malformedPagesChangeNothing()
+    {
+        QFETCH(QByteArray, xml);
+        const QByteArray start = savedBytes(*m_project);
+        QSignalSpy told(m_view.get(), &CProjectExplorerView::message);
+        pasteCopied(
+            ScreenDocuments::toClipboard(QByteArray(xml).replace("ScreenSave", "CopyScreenXML")));
+        pasteCopied(xml); // no streamed string at all
+        QCOMPARE(told.count(), 2);
+        QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
+        QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
+
+        QTemporaryDir folder;
+        QFile file(folder.filePath("broken.page"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(xml);
+        file.close();
+        QTimer::singleShot(0, this, [&file] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->setDirectory(QFileInfo(file.fileName()).path());
+            dialog->selectFile(file.fileName());
+            dialog->QDialog::accept();
+        });
+        m_view->loadScreen();
+        QVERIFY(told.value(0).value(0).toString().contains("broken.page: "));
+        QCOMPARE(savedBytes(*m_project), start);
+        QCOMPARE(m_project->undoStack()->count(), 0);
+    }
+
+    void pageFilesThroughTheDialogs()
+    {
+        QTemporaryDir folder;
+        const auto answer = [&](const QString &name, bool accepted) {
+            QTimer::singleShot(0, this, [&folder, name, accepted] {
+                auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                QVERIFY(dialog);
+                dialog->setDirectory(folder.path());
+                auto *line = dialog->findChild<QLineEdit *>("fileNameEdit");
+                QVERIFY(line);
+                line->setText(name);
+                accepted ? QTest::keyClick(line, Qt::Key_Return) : dialog->reject();
+            });
+        };
+        m_view->selectItems({m_project->screen(1), m_project->screen(0)});
+        answer("two", false);
+        m_view->saveScreen();
+        QVERIFY(QDir(folder.path()).isEmpty());
+        answer("two", true);
+        m_view->saveScreen();
+        QVERIFY(QFile::exists(folder.filePath("two.page")));
+
+        answer("two.page", true);
+        m_view->loadScreen();
+        QCOMPARE(screenNames(*m_project),
+                 (QStringList{"Page 1", "Page 2", "Page 3", "Page 4", "Page 5"}));
+        QCOMPARE(m_project->screen(3)->rowCount(), 2);
+        QCOMPARE(m_project->undoStack()->count(), 1);
+    }
+
+    void menuFollowsSelectionAndClipboard()
+    {
+        const auto enabled = [this] {
+            const std::unique_ptr<QMenu> menu(m_view->makeContextMenu(nullptr));
+            QStringList texts;
+            const auto actions = menu->actions();
+            for (const QAction *action : actions) {
+                if (action->isEnabled())
+                    texts.append(action->text());
+            }
+            return texts;
+        };
+        m_view->selectItems({m_project->screen(0)->childItem(0)});
+        QCOMPARE(enabled(), QStringList{"Load Page"});
+        m_view->selectItems({m_project->screen(0)});
+        QCOMPARE(enabled(), (QStringList{"Cut Page", "Copy Page", "Save Page", "Load Page"}));
+        m_view->copy();
+        m_view->selectItems({});
+        QCOMPARE(enabled(), (QStringList{"Paste Page", "Load Page"}));
+        m_view->setProject(nullptr);
+        QCOMPARE(enabled(), QStringList());
+        m_view->paste(); // without a project all slots do nothing
+        m_view->cut();
+        m_view->saveScreen();
+        m_view->loadScreen();
+    }
+
+    void closingTheProjectDuringADrag()
+    {
+        m_view->user = [this](QMimeData *data) {
+            m_view->enter(data, below());
+            m_view->setProject(nullptr);
+            QCOMPARE(m_project->screenCount(), 3);
+            m_view->drop(data, below());
+        };
+        m_view->dragFrom(m_project->index(0, 0));
+        QCOMPARE(screenNames(*m_project), (QStringList{"Page 1", "Page 2", "Page 3"}));
+    }
 
 private:
     QPoint middleOf(const QModelIndex &index) const { return m_view->visualRect(index).center(); }
@@ -122,385 +412,6 @@ private:
     std::unique_ptr<CProjectModel> m_project;
     std::unique_ptr<CDraggedExplorer> m_view;
 };
-
-void tst_ProjectExplorer::initTestCase()
-{
-    qRegisterMetaType<CScreenModel *>();
-    loadWidgetLibrary();
-}
-
-void tst_ProjectExplorer::init()
-{
-    m_project = newTestProject(3); // Page 1, Page 2, Page 3
-    addWidget(*m_project, "Kiv_Text_T", 0);
-    addWidget(*m_project, "Kiv_Line_T", 0);
-    addWidget(*m_project, "Kiv_Circle_T", 1);
-    m_view = std::make_unique<CDraggedExplorer>();
-    m_view->resize(240, 400);
-    m_view->setProject(m_project.get());
-    m_view->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
-    QGuiApplication::clipboard()->clear();
-}
-
-void tst_ProjectExplorer::cleanup()
-{
-    m_view.reset();
-    m_project.reset();
-}
-
-void tst_ProjectExplorer::clickOnAScreenShowsIt()
-{
-    QSignalSpy shown(m_view.get(), &CProjectExplorerView::screenActivated);
-    const QModelIndex second = m_project->index(1, 0);
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {},
-                      middleOf(m_project->index(0, 0, second)));
-    QCOMPARE(shown.count(), 0);
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, middleOf(second));
-    QCOMPARE(shown.count(), 1);
-    QCOMPARE(shown.first().first().value<CScreenModel *>(), m_project->screen(1));
-}
-
-void tst_ProjectExplorer::selectionGoesBothWaysWithoutEcho()
-{
-    QSignalSpy reported(m_view.get(), &CProjectExplorerView::onSelectionChanged);
-    CItemModel *text = m_project->screen(0)->childItem(0);
-    CItemModel *line = m_project->screen(0)->childItem(1);
-    CItemModel *circle = m_project->screen(1)->childItem(0);
-
-    m_view->selectItems({circle, text, line});
-    QCOMPARE(reported.count(), 0);
-    QModelIndexList selected = m_view->selectionModel()->selectedIndexes();
-    QCOMPARE(selected.size(), 3);
-    for (const CItemModel *item : {text, line, circle})
-        QVERIFY(selected.contains(item->index()));
-
-    m_view->selectItems({line});
-    QCOMPARE(m_view->selectionModel()->selectedIndexes(), QModelIndexList{line->index()});
-    QCOMPARE(reported.count(), 0);
-
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, middleOf(circle->index()));
-    QCOMPARE(reported.count(), 1);
-    QCOMPARE(reported.first().first().value<QModelIndexList>(), QModelIndexList{circle->index()});
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                      middleOf(text->index()));
-    QCOMPARE(reported.last().first().value<QModelIndexList>().size(), 2);
-
-    CWidgetModel stranger("Kiv_Text_T", m_project->library(), m_project.get());
-    m_view->selectItems({nullptr, &stranger});
-    QVERIFY(m_view->selectionModel()->selectedIndexes().isEmpty());
-}
-
-void tst_ProjectExplorer::renamingIsOneUndoStep()
-{
-    QUndoStack &stack = *m_project->undoStack();
-    const auto rename = [this](const QString &name) {
-        m_view->edit(m_project->index(1, 0));
-        auto *editor = m_view->viewport()->findChild<QLineEdit *>();
-        QVERIFY(editor);
-        editor->setText(name);
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_VERIFY(!m_view->viewport()->findChild<QLineEdit *>());
-    };
-    rename("  Settings ");
-    QCOMPARE(screenNames(*m_project), (QStringList{"Page 1", "Settings", "Page 3"}));
-    QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Settings"));
-    QCOMPARE(stack.count(), 1);
-    rename("   ");
-    rename("Settings");
-    QCOMPARE(stack.count(), 1);
-    rename("Page 3"); // which there is
-    QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Page 4"));
-    stack.undo();
-    stack.undo();
-    QCOMPARE(m_project->index(1, 0).data().toString(), QStringLiteral("Page 2"));
-}
-
-void tst_ProjectExplorer::dragMovesAScreen_data()
-{
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>(
-        "before"); // the screen above which it is dropped; -1: below all, -2: where it was
-    QTest::addColumn<QStringList>("order");
-    QTest::newRow("up") << 2 << 0 << QStringList{"Page 3", "Page 1", "Page 2"};
-    QTest::newRow("down") << 0 << 2 << QStringList{"Page 2", "Page 1", "Page 3"};
-    QTest::newRow("to the end") << 0 << -1 << QStringList{"Page 2", "Page 3", "Page 1"};
-    QTest::newRow("to its own place") << 1 << 2 << QStringList();
-    QTest::newRow("where it was, which the next one now covers") << 0 << -2 << QStringList();
-    QTest::newRow("where it was, at the end of a scrolled tree") << 2 << -2 << QStringList();
-    QTest::newRow("last one below all") << 2 << -1 << QStringList();
-}
-
-void tst_ProjectExplorer::dragMovesAScreen()
-{
-    QFETCH(int, from);
-    QFETCH(int, before);
-    QFETCH(QStringList, order);
-    const QByteArray start = savedBytes(*m_project);
-    const QStringList startNames = screenNames(*m_project);
-    CScreenModel *target = m_project->screen(before);
-    if (before == -2) {
-        m_view->resize(240, m_view->height() - m_view->viewport()->height() + 40); // scrolls
-        m_view->scrollTo(m_project->index(from, 0));
-        m_view->setCurrentIndex(m_project->index(1, 0, m_project->index(0, 0)));
-        m_view->scrollTo(m_project->index(from, 0));
-    }
-    const QPoint ownPlace = m_view->visualRect(m_project->index(from, 0)).bottomLeft();
-    QWidget *indicator = m_view->viewport()->findChild<QWidget *>("dropIndicator");
-    QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
-    m_view->setStyleSheet("QWidget { background-color: white; }"); // as a theme does
-    QSignalSpy shown(m_view.get(), &CProjectExplorerView::screenActivated);
-    CScreenModel *dragged = m_project->screen(from);
-    m_view->setShownScreen(dragged);
-
-    m_view->user = [&](QMimeData *data) {
-        QCOMPARE(data->formats(), QStringList{"drag-drop-explorer"});
-        m_view->enter(data, before == -2 ? ownPlace : QPoint(20, 5));
-        QCOMPARE(m_project->screenCount(), 2);
-        QVERIFY(m_view->isDragging());
-        QVERIFY(dragged->isMoving());
-        const QPoint place = target         ? upperHalfOf(target->row())
-                             : before == -2 ? ownPlace
-                                            : below();
-        m_view->move(data, place);
-        QVERIFY(m_view->viewport()->rect().intersects(indicator->geometry()));
-        QVERIFY(indicator->grab().toImage().pixelColor(2, 1) != QColor(Qt::white));
-        m_view->drop(data, place);
-        QVERIFY(!m_view->viewport()->rect().intersects(indicator->geometry()));
-        QCOMPARE(m_view->selectionModel()->selectedIndexes(), QModelIndexList{dragged->index()});
-        QVERIFY(m_view->isExpanded(dragged->index()));
-    };
-    m_view->dragFrom(m_project->index(from, 0));
-    QCOMPARE(m_view->drags, 1);
-    QVERIFY(!m_view->isDragging());
-    QVERIFY(!dragged->isMoving());
-    QCOMPARE(screenNames(*m_project), order.isEmpty() ? startNames : order);
-    QCOMPARE(m_project->undoStack()->count(), order.isEmpty() ? 0 : 1);
-    QCOMPARE(shown.last().first().value<CScreenModel *>(), dragged);
-    if (!order.isEmpty()) {
-        QCOMPARE(m_project->undoStack()->undoText(), QStringLiteral("Order Item"));
-        m_project->undoStack()->undo();
-    }
-    QCOMPARE(savedBytes(*m_project), start);
-}
-
-void tst_ProjectExplorer::dragOutsidePutsTheScreenBack()
-{
-    const QByteArray start = savedBytes(*m_project);
-    m_view->user = [this](QMimeData *data) {
-        for (int time = 0; time < 2; ++time) { // out, in again, out
-            m_view->enter(data, below());
-            QCOMPARE(m_project->screenCount(), 2);
-            m_view->leave();
-            QCOMPARE(m_project->screenCount(), 3);
-        }
-    };
-    m_view->dragFrom(m_project->index(0, 0));
-    QCOMPARE(savedBytes(*m_project), start);
-    m_view->user = [this](QMimeData *data) { m_view->enter(data, below()); }; // broken off
-    m_view->dragFrom(m_project->index(1, 0));
-    QCOMPARE(m_view->drags, 2);
-    QCOMPARE(savedBytes(*m_project), start);
-    QCOMPARE(m_project->undoStack()->count(), 0);
-    QVERIFY(m_view->isExpanded(m_project->index(1, 0)));
-}
-
-void tst_ProjectExplorer::onlyScreensAreReordered()
-{
-    m_view->user = [this](QMimeData *payload) { // a widget is for the canvas
-        QCOMPARE(payload->formats(), QStringList("widget-move"));
-        m_view->enter(payload, below());
-        QVERIFY(!m_view->isDragging());
-    };
-    m_view->dragFrom(m_project->index(0, 0, m_project->index(0, 0)));
-    QCOMPARE(m_view->drags, 1);
-    QMimeData foreign; // of another window or program
-    foreign.setData("drag-drop-explorer", "0");
-    m_view->enter(&foreign, below());
-    QCOMPARE(m_project->screenCount(), 3);
-}
-
-void tst_ProjectExplorer::copyTakesTheScreensOfAMixedSelection()
-{
-    m_view->selectItems({m_project->screen(2), m_project->screen(0)->childItem(0)});
-    m_view->copy();
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    QVERIFY(data);
-    const QByteArray xml = ScreenDocuments::fromClipboard(data->data("screen-copy"));
-    const QDomElement root = ScreenDocuments::copiedScreens(xml);
-    QCOMPARE(root.tagName(), QStringLiteral("CopyScreenXML"));
-    QCOMPARE(root.childNodes().size(), 1);
-    QCOMPARE(root.firstChildElement().tagName(), QStringLiteral("Screen"));
-    QCOMPARE(root.firstChildElement().attribute("name"), QStringLiteral("Page 3"));
-    QCOMPARE(m_project->undoStack()->count(), 0);
-}
-
-void tst_ProjectExplorer::cutAndPasteAreOneStepEach()
-{
-    const QByteArray start = savedBytes(*m_project);
-    QUndoStack &stack = *m_project->undoStack();
-    m_view->selectItems({m_project->screen(0), m_project->screen(1)});
-    m_view->cut();
-    QCOMPARE(screenNames(*m_project), QStringList{"Page 3"});
-    QCOMPARE(stack.count(), 1);
-    QCOMPARE(stack.undoText(), QStringLiteral("Cut Page"));
-    m_view->paste();
-    QCOMPARE(screenNames(*m_project), (QStringList{"Page 3", "Page 1", "Page 2"}));
-    QCOMPARE(m_project->screen(1)->rowCount(), 2);
-    QCOMPARE(m_view->selectionModel()->selectedIndexes(),
-             (QModelIndexList{m_project->index(1, 0), m_project->index(2, 0)}));
-    QCOMPARE(stack.count(), 2);
-    QCOMPARE(stack.undoText(), QStringLiteral("Paste Page"));
-    stack.undo();
-    QCOMPARE(screenNames(*m_project), QStringList{"Page 3"});
-    stack.undo();
-    QCOMPARE(savedBytes(*m_project), start);
-}
-
-void tst_ProjectExplorer::pasteMakesValuesCanonical()
-{
-    const QString xml = "<CopyScreenXML><Screen name='Pasted'>"
-                        "<Kiv_Arrow_T name='a' thickness='007' ends='BOTH'/>"
-                        "<Kiv_Rectangle_T name='b' angle='1.50' width='30'/>"
-                        "<Kiv_Arrow_T name='c' ends='2' head='12'/>"
-                        "</Screen></CopyScreenXML>";
-    const QByteArray start = savedBytes(*m_project);
-    pasteCopied(ScreenDocuments::toClipboard(xml.toUtf8()));
-    QCOMPARE(m_project->screenCount(), 4);
-    const CItemModel *screen = m_project->screen(3);
-    QCOMPARE(screen->childItem(0)->propertyText("thickness"), QStringLiteral("7"));
-    QCOMPARE(screen->childItem(0)->propertyText("ends"), QStringLiteral("both"));
-    QCOMPARE(screen->childItem(1)->propertyText("angle"), QStringLiteral("1.5"));
-    QCOMPARE(screen->childItem(1)->propertyText("width"), QStringLiteral("30"));
-    QCOMPARE(screen->childItem(2)->propertyText("ends"), QStringLiteral("none"));
-    QCOMPARE(m_project->undoStack()->count(), 1);
-    m_project->undoStack()->undo();
-    QCOMPARE(savedBytes(*m_project), start);
-}
-
-void tst_ProjectExplorer::malformedPagesChangeNothing_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no XML") << QByteArray("\x00\xff screen", 9);
-    QTest::newRow("cut off") << QByteArray("<ScreenSave><Screen name='a'>");
-    QTest::newRow("another document") << QByteArray("<Kiv_Project_T><Screen/></Kiv_Project_T>");
-    QTest::newRow("entities") << QByteArray(
-        "<!DOCTYPE a [<!ENTITY b 'c'>]><ScreenSave><Screen name='&b;'/></ScreenSave>");
-    QTest::newRow("no page in it") << QByteArray("<ScreenSave/>");
-    QTest::newRow("too deep") << "<ScreenSave>" + QByteArray("<Screen>").repeated(300) +
-                                     QByteArray("</Screen>").repeated(300) + "</ScreenSave>";
-    QByteArray attributes;
-    for (int i = 0; i < 510; ++i)
-        attributes += " a" + QByteArray::number(i) + "=''";
-    QTest::newRow("more attributes than can be saved")
-        << "<ScreenSave><Screen/><Screen><Kiv_Rectangle_T" + attributes +
-               "/></Screen></ScreenSave>";
-}
-
-void tst_ProjectExplorer::malformedPagesChangeNothing()
-{
-    QFETCH(QByteArray, xml);
-    const QByteArray start = savedBytes(*m_project);
-    QSignalSpy told(m_view.get(), &CProjectExplorerView::message);
-    pasteCopied(
-        ScreenDocuments::toClipboard(QByteArray(xml).replace("ScreenSave", "CopyScreenXML")));
-    pasteCopied(xml); // no streamed string at all
-    QCOMPARE(told.count(), 2);
-    QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
-    QVERIFY(told.takeFirst().value(0).toString().contains("cannot be pasted: "));
-
-    QTemporaryDir folder;
-    QFile file(folder.filePath("broken.page"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(xml);
-    file.close();
-    QTimer::singleShot(0, this, [&file] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        dialog->setDirectory(QFileInfo(file.fileName()).path());
-        dialog->selectFile(file.fileName());
-        dialog->QDialog::accept();
-    });
-    m_view->loadScreen();
-    QVERIFY(told.value(0).value(0).toString().contains("broken.page: "));
-    QCOMPARE(savedBytes(*m_project), start);
-    QCOMPARE(m_project->undoStack()->count(), 0);
-}
-
-void tst_ProjectExplorer::pageFilesThroughTheDialogs()
-{
-    QTemporaryDir folder;
-    const auto answer = [&](const QString &name, bool accepted) {
-        QTimer::singleShot(0, this, [&folder, name, accepted] {
-            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            QVERIFY(dialog->testOption(QFileDialog::DontUseNativeDialog));
-            QCOMPARE(dialog->nameFilters(), QStringList{"Project Files (*.xml *.page)"});
-            QCOMPARE(dialog->viewMode(), QFileDialog::Detail);
-            dialog->setDirectory(folder.path());
-            auto *line = dialog->findChild<QLineEdit *>("fileNameEdit");
-            QVERIFY(line);
-            line->setText(name);
-            accepted ? QTest::keyClick(line, Qt::Key_Return) : dialog->reject();
-        });
-    };
-    m_view->selectItems({m_project->screen(1), m_project->screen(0)});
-    answer("two", false);
-    m_view->saveScreen();
-    QVERIFY(QDir(folder.path()).isEmpty());
-    answer("two", true);
-    m_view->saveScreen();
-    QVERIFY(QFile::exists(folder.filePath("two.page")));
-
-    answer("two.page", true);
-    m_view->loadScreen();
-    QCOMPARE(screenNames(*m_project),
-             (QStringList{"Page 1", "Page 2", "Page 3", "Page 4", "Page 5"}));
-    QCOMPARE(m_project->screen(3)->rowCount(), 2);
-    QCOMPARE(m_project->undoStack()->count(), 1);
-    QCOMPARE(m_project->undoStack()->undoText(), QStringLiteral("Load Page"));
-}
-
-void tst_ProjectExplorer::menuFollowsSelectionAndClipboard()
-{
-    const auto enabled = [this] {
-        const std::unique_ptr<QMenu> menu(m_view->makeContextMenu(nullptr));
-        QStringList texts;
-        const auto actions = menu->actions();
-        for (const QAction *action : actions) {
-            if (action->isEnabled())
-                texts.append(action->text());
-        }
-        return actions.size() == 5 ? texts : QStringList{"not five actions"};
-    };
-    QCOMPARE(enabled(), QStringList{"Load Page"});
-    m_view->selectItems({m_project->screen(0)->childItem(0)});
-    QCOMPARE(enabled(), QStringList{"Load Page"});
-    m_view->selectItems({m_project->screen(0)});
-    QCOMPARE(enabled(), (QStringList{"Cut Page", "Copy Page", "Save Page", "Load Page"}));
-    m_view->copy();
-    m_view->selectItems({});
-    QCOMPARE(enabled(), (QStringList{"Paste Page", "Load Page"}));
-    m_view->setProject(nullptr);
-    QCOMPARE(enabled(), QStringList());
-    m_view->paste(); // without a project all slots do nothing
-    m_view->cut();
-    m_view->saveScreen();
-    m_view->loadScreen();
-}
-
-void tst_ProjectExplorer::closingTheProjectDuringADrag()
-{
-    m_view->user = [this](QMimeData *data) {
-        m_view->enter(data, below());
-        m_view->setProject(nullptr);
-        QCOMPARE(m_project->screenCount(), 3);
-        m_view->drop(data, below());
-    };
-    m_view->dragFrom(m_project->index(0, 0));
-    QCOMPARE(screenNames(*m_project), (QStringList{"Page 1", "Page 2", "Page 3"}));
-}
 
 QTEST_MAIN(tst_ProjectExplorer)
 #include "tst_projectexplorer.moc"

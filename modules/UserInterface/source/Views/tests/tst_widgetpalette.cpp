@@ -35,121 +35,102 @@ class tst_WidgetPalette : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void headersCannotBeUsed();
-    void dragCarriesTheType();
-    void headersFillARowAtEveryWidth();
-    void filterKeepsGroupsOfWhatItShows();
+    void initTestCase()
+    {
+        QPixmap icon(64, 64);
+        icon.fill(Qt::red);
+        const QString iconFile = m_folder.filePath("icon.png");
+        QVERIFY(icon.save(iconFile));
+        const auto widget = [&iconFile](const QString &type, const QString &name) {
+            return QStringLiteral("<widget type='%1' name='%2'><icon>%3</icon><properties/>"
+                                  "<rendercmds/><tooltip>About %2</tooltip></widget>")
+                .arg(type, name, iconFile);
+        };
+        QDomDocument document;
+        QVERIFY(document.setContent(
+            "<widgetlibrary><toolboxgroup name='Shapes'>" + widget("Kiv_Line_T", "Line") +
+            widget("Kiv_Circle_T", "Circle") + "</toolboxgroup><toolboxgroup name='Controls'>" +
+            widget("Kiv_Button_T", "Button") + "</toolboxgroup></widgetlibrary>"));
+        m_toolbox = std::make_unique<CToolboxModel>(document);
+        m_library = std::make_unique<CWidgetLibraryModel>(document, 0x100);
+    }
+
+    void headersCannotBeUsed()
+    {
+        CWidgetSelectionView view;
+        view.setToolbox(m_toolbox.get(), m_library.get());
+        QCOMPARE(shown(view), (QStringList{"Shapes", "Line", "Circle", "Controls", "Button"}));
+        QCOMPARE(view.item(0)->flags(), Qt::NoItemFlags);
+        QCOMPARE(view.item(1)->flags(),
+                 Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsEnabled);
+        QCOMPARE(view.item(1)->toolTip(), "About Line");
+        view.setCurrentRow(0);
+        QVERIFY(!view.dragData());
+        view.setCurrentItem(nullptr);
+        QVERIFY(!view.dragData());
+    }
+
+    void dragCarriesTheType()
+    {
+        CWidgetSelectionView view;
+        view.setToolbox(m_toolbox.get(), m_library.get());
+        view.setCurrentItem(entry(view, "Circle"));
+        const std::unique_ptr<QMimeData> drag(view.dragData());
+        QVERIFY(drag);
+        // Half grey over the red icon, to its last pixel.
+        const QImage picture = view.dragPixmap().toImage();
+        QCOMPARE(picture.size(), QSize(64, 64));
+        for (const QPoint &point : {QPoint(0, 0), QPoint(32, 32), QPoint(63, 63)}) {
+            const QColor colour = picture.pixelColor(point);
+            QVERIFY2(qAbs(colour.red() - 191) <= 2 && qAbs(colour.green() - 63) <= 2,
+                     qPrintable(colour.name()));
+        }
+        QCOMPARE(view.dragHotSpot(), QPoint(32, 32));
+        view.setSnapToGrid(true);
+        QCOMPARE(view.dragHotSpot(), QPoint(0, 0));
+    }
+
+    void headersFillARowAtEveryWidth()
+    {
+        CWidgetSelectionView view;
+        view.setToolbox(m_toolbox.get(), m_library.get());
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        for (const int width : {500, 260, 170}) {
+            view.resize(width, 400);
+            QTRY_COMPARE(view.visualItemRect(view.item(0)).width(), width - 30);
+            QCOMPARE(view.item(3)->sizeHint(), QSize(width - 30, 20));
+            const QRect line = view.visualItemRect(entry(view, "Line"));
+            const QRect header = view.visualItemRect(view.item(3));
+            const QRect button = view.visualItemRect(entry(view, "Button"));
+            QVERIFY(line.top() >= view.visualItemRect(view.item(0)).bottom());
+            QVERIFY(header.top() >= line.bottom());
+            QVERIFY(button.top() >= header.bottom());
+        }
+    }
+
+    void filterKeepsGroupsOfWhatItShows()
+    {
+        CWidgetSelectionPanel panel;
+        panel.view()->setToolbox(m_toolbox.get(), m_library.get());
+        auto *filter = panel.findChild<QLineEdit *>("widgetFilter");
+        QVERIFY(filter);
+        filter->setClearButtonEnabled(false); // its fading would outlive the program and be a leak
+        QTest::keyClicks(filter, "CIRC");
+        QCOMPARE(shown(*panel.view()), (QStringList{"Shapes", "Circle"}));
+        filter->setText("about shapes lin");
+        QCOMPARE(shown(*panel.view()), (QStringList{"Shapes", "Line"}));
+        filter->setText("nothing of this");
+        QCOMPARE(shown(*panel.view()), QStringList());
+        filter->clear();
+        QCOMPARE(shown(*panel.view()).size(), 5);
+    }
 
 private:
     QTemporaryDir m_folder;
     std::unique_ptr<CToolboxModel> m_toolbox;
     std::unique_ptr<CWidgetLibraryModel> m_library;
 };
-
-void tst_WidgetPalette::initTestCase()
-{
-    QPixmap icon(64, 64);
-    icon.fill(Qt::red);
-    const QString iconFile = m_folder.filePath("icon.png");
-    QVERIFY(icon.save(iconFile));
-    const auto widget = [&iconFile](const QString &type, const QString &name) {
-        return QStringLiteral("<widget type='%1' name='%2'><icon>%3</icon><properties/>"
-                              "<rendercmds/><tooltip>About %2</tooltip></widget>")
-            .arg(type, name, iconFile);
-    };
-    QDomDocument document;
-    QVERIFY(document.setContent(
-        "<widgetlibrary><toolboxgroup name='Shapes'>" + widget("Kiv_Line_T", "Line") +
-        widget("Kiv_Circle_T", "Circle") + "</toolboxgroup><toolboxgroup name='Controls'>" +
-        widget("Kiv_Button_T", "Button") + "</toolboxgroup></widgetlibrary>"));
-    m_toolbox = std::make_unique<CToolboxModel>(document);
-    m_library = std::make_unique<CWidgetLibraryModel>(document, 0x100);
-}
-
-void tst_WidgetPalette::headersCannotBeUsed()
-{
-    CWidgetSelectionView view;
-    view.setToolbox(m_toolbox.get(), m_library.get());
-    QCOMPARE(shown(view), (QStringList{"Shapes", "Line", "Circle", "Controls", "Button"}));
-    QCOMPARE(view.item(0)->flags(), Qt::NoItemFlags);
-    QCOMPARE(view.item(1)->flags(),
-             Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemIsEnabled);
-    QCOMPARE(view.item(1)->toolTip(), QStringLiteral("About Line"));
-    view.setCurrentRow(0);
-    QVERIFY(!view.dragData());
-    view.setCurrentItem(nullptr);
-    QVERIFY(!view.dragData());
-
-    view.setToolbox(m_toolbox.get(), m_library.get()); // a second time replaces the first
-    QCOMPARE(view.count(), 5);
-    view.setToolbox(nullptr, nullptr);
-    QCOMPARE(view.count(), 0);
-}
-
-void tst_WidgetPalette::dragCarriesTheType()
-{
-    CWidgetSelectionView view;
-    view.setToolbox(m_toolbox.get(), m_library.get());
-    view.setCurrentItem(entry(view, "Circle"));
-    const std::unique_ptr<QMimeData> drag(view.dragData());
-    QVERIFY(drag);
-    QCOMPARE(drag->text(), QStringLiteral("Kiv_Circle_T"));
-    QByteArray payload = drag->data("widget-create");
-    QDataStream stream(&payload, QIODevice::ReadOnly);
-    QVariant type;
-    stream >> type;
-    QCOMPARE(type, QVariant(QStringLiteral("Kiv_Circle_T")));
-    QVERIFY(stream.atEnd());
-
-    // Half grey over the red icon, to its last pixel.
-    const QImage picture = view.dragPixmap().toImage();
-    QCOMPARE(picture.size(), QSize(64, 64));
-    for (const QPoint &point : {QPoint(0, 0), QPoint(32, 32), QPoint(63, 63)}) {
-        const QColor colour = picture.pixelColor(point);
-        QVERIFY2(qAbs(colour.red() - 191) <= 2 && qAbs(colour.green() - 63) <= 2,
-                 qPrintable(colour.name()));
-    }
-    QCOMPARE(view.dragHotSpot(), QPoint(32, 32));
-    view.setSnapToGrid(true);
-    QCOMPARE(view.dragHotSpot(), QPoint(0, 0));
-}
-
-void tst_WidgetPalette::headersFillARowAtEveryWidth()
-{
-    CWidgetSelectionView view;
-    view.setToolbox(m_toolbox.get(), m_library.get());
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    for (const int width : {500, 260, 170}) {
-        view.resize(width, 400);
-        QTRY_COMPARE(view.visualItemRect(view.item(0)).width(), width - 30);
-        QCOMPARE(view.item(3)->sizeHint(), QSize(width - 30, 20));
-        const QRect line = view.visualItemRect(entry(view, "Line"));
-        const QRect header = view.visualItemRect(view.item(3));
-        const QRect button = view.visualItemRect(entry(view, "Button"));
-        QVERIFY(line.top() >= view.visualItemRect(view.item(0)).bottom());
-        QVERIFY(header.top() >= line.bottom());
-        QVERIFY(button.top() >= header.bottom());
-    }
-}
-
-void tst_WidgetPalette::filterKeepsGroupsOfWhatItShows()
-{
-    CWidgetSelectionPanel panel;
-    panel.view()->setToolbox(m_toolbox.get(), m_library.get());
-    auto *filter = panel.findChild<QLineEdit *>("widgetFilter");
-    QVERIFY(filter);
-    filter->setClearButtonEnabled(false); // its fading would outlive the program and be a leak
-    QTest::keyClicks(filter, "CIRC");
-    QCOMPARE(shown(*panel.view()), (QStringList{"Shapes", "Circle"}));
-    filter->setText("about shapes lin");
-    QCOMPARE(shown(*panel.view()), (QStringList{"Shapes", "Line"}));
-    filter->setText("nothing of this");
-    QCOMPARE(shown(*panel.view()), QStringList());
-    filter->clear();
-    QCOMPARE(shown(*panel.view()).size(), 5);
-}
 
 QTEST_MAIN(tst_WidgetPalette)
 #include "tst_widgetpalette.moc"
