@@ -4,25 +4,9 @@
 #include "COptionDialog.h"
 #include "ProgramFolder.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDockWidget>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProcess>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTextEdit>
-#include <QTreeWidget>
 #include <QXmlStreamReader>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -75,22 +59,15 @@ QStringList marksOf(const QString &text, const QString &pattern)
 QStringList textsOn(const QObject *object)
 {
     QStringList texts;
-    if (const auto *action = qobject_cast<const QAction *>(object))
-        texts << action->text() << action->statusTip();
-    if (const auto *menu = qobject_cast<const QMenu *>(object))
-        texts << menu->title();
-    if (const auto *widget = qobject_cast<const QWidget *>(object))
-        texts << widget->windowTitle() << widget->toolTip() << widget->statusTip();
-    if (const auto *label = qobject_cast<const QLabel *>(object))
-        texts << label->text();
-    if (const auto *button = qobject_cast<const QAbstractButton *>(object))
-        texts << button->text();
-    if (const auto *box = qobject_cast<const QGroupBox *>(object))
-        texts << box->title();
-    if (const auto *line = qobject_cast<const QLineEdit *>(object))
-        texts << line->placeholderText();
-    if (const auto *pane = qobject_cast<const QTextEdit *>(object))
-        texts << pane->placeholderText();
+    for (const char *name :
+         {"text", "title", "windowTitle", "toolTip", "statusTip", "placeholderText"}) {
+        const bool isTyped =
+            qobject_cast<const QLineEdit *>(object) && name == QLatin1String("text");
+        const bool isDerived =
+            qobject_cast<const QAction *>(object) && name == QLatin1String("toolTip");
+        if (!isTyped && !isDerived)
+            texts << object->property(name).toString();
+    }
     if (const auto *tree = qobject_cast<const QTreeWidget *>(object)) {
         texts << tree->headerItem()->text(0) << tree->headerItem()->text(1);
         for (int i = 0; i < tree->topLevelItemCount(); ++i)
@@ -184,8 +161,8 @@ private Q_SLOTS:
                 QVERIFY2(marksOf(each.source, wanted) == marksOf(each.translation, wanted),
                          qPrintable(each.source));
             }
-            QVERIFY2(marksOf(each.source, QStringLiteral("&\\S")).size() ==
-                         marksOf(each.translation, QStringLiteral("&\\S")).size(),
+            QVERIFY2(marksOf(each.source, "&\\S").size() ==
+                         marksOf(each.translation, "&\\S").size(),
                      qPrintable(each.source));
         }
     }
@@ -200,7 +177,7 @@ private Q_SLOTS:
                         QStringLiteral("/examples/thermostat/thermostat.nyx"),
                     folder.path("thermostat.nyx"));
         CMainWindow window(folder.path("thermostat.nyx"));
-        load(&window, QStringLiteral("en"));
+        load(&window, "en");
         const QStringList before = shownTexts(window);
         QHash<QString, QStringList> translations;
         for (const SText &each : textsOf(languageFile(language)))
@@ -220,15 +197,15 @@ private Q_SLOTS:
         wrong.removeDuplicates();
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1Char('\n'))));
         QVERIFY(changed > 150);
-        QVERIFY(!window.windowTitle().contains(QStringLiteral(" for ")));
+        QVERIFY(!window.windowTitle().contains(" for "));
 
         // Texts of Qt's own.
         const QMessageBox box(QMessageBox::NoIcon, QString(), QString(), QMessageBox::Cancel);
-        QVERIFY(!box.button(QMessageBox::Cancel)->text().contains(QStringLiteral("Cancel")));
+        QVERIFY(!box.button(QMessageBox::Cancel)->text().contains("Cancel"));
 
-        load(&window, QStringLiteral("xx")); // there is none: all stays
+        load(&window, "xx"); // there is none: all stays
         QCOMPARE(shownTexts(window), after);
-        load(&window, QStringLiteral("en"));
+        load(&window, "en");
         QCOMPARE(shownTexts(window), before);
     }
 };

@@ -22,31 +22,8 @@
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QDockWidget>
-#include <QErrorMessage>
-#include <QFileDialog>
-#include <QHelpEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QStatusBar>
-#include <QTabBar>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTextDocumentFragment>
-#include <QTextEdit>
-#include <QToolTip>
-#include <QTreeWidget>
-#include <QUndoGroup>
-#include <QUndoStack>
-#include <QUuid>
-#include <QWindow>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <random>
@@ -99,7 +76,7 @@ void choose(QDialog *dialog, const QString &path)
 {
     auto *files = qobject_cast<QFileDialog *>(dialog);
     QVERIFY(files);
-    auto *name = files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    auto *name = files->findChild<QLineEdit *>("fileNameEdit");
     QVERIFY(QTest::qWaitForWindowActive(files));
     name->setFocus();
     name->setText(path);
@@ -134,25 +111,79 @@ private Q_SLOTS:
         QVERIFY(lock.isEmpty() || lock == foreignLock);
     }
 
-    /// The order of signals and slots in the meta-object is fixed.
-    void metaObject()
+    /// Also the second keys of an action, which no menu shows: the system's standard keys have some
+    /// that nobody expects.
+    void keys()
     {
-        const auto expected =
-            QByteArray("configChanged setZoom setGrid listRecentProjectsUpdated projectLoaded "
-                       "projectClosed darkStyle lightStyle toggleStatusBar toggleOutputWindow "
-                       "togglePropertiesWindow toggleLibraryWindow toggleProjectWindow "
-                       "newProject openProject validateProjectFile openProjectFile "
-                       "showProjectName openRecent closeProject saveProject saveProjectAs "
-                       "deleteSelectedItems orderingToFront orderingToBack orderingForward "
-                       "orderingBackward showHelp showAboutBox showOptionDialog "
-                       "showUpdateDialog showLanguageDialog autosave exportProjectDL "
-                       "exportTabDL exportProjectBin exportScreenBin zoomChanged gridChanged "
-                       "savingPathChanged setSnapToGrid copy cut paste printScreen lockItems "
-                       "loadLanguage")
-                .split(' ');
-        const QMetaObject *meta = m_window->metaObject();
-        for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(meta->method(meta->methodOffset() + i).name(), expected[i]);
+        const CMenuBar *bar = m_window->actions();
+        QStringList all;
+        for (int id = 0; id < CMenuBar::ActionCount; ++id) {
+            for (const QKeySequence &each : bar->action(CMenuBar::EAction(id))->shortcuts())
+                all.append(each.toString());
+        }
+        QCOMPARE(all.join(' '), "Ctrl+N Ctrl+O Ctrl+W Ctrl+S Ctrl+Shift+S Ctrl+P "
+                                "Ctrl+Q Ctrl+X Shift+Del Ctrl+C Ctrl+Ins Ctrl+V "
+                                "Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+Z "
+                                "Ctrl+Shift+Z Ctrl+Y Ctrl+F F1");
+    }
+
+    void zoomAndGridMarks()
+    {
+        const CMenuBar *bar = m_window->actions();
+        const auto marks = [bar] {
+            QString text;
+            for (const auto id : {CMenuBar::ZoomReset, CMenuBar::FitToPage, CMenuBar::FitToWidth,
+                                  CMenuBar::GridToggle})
+                text += QLatin1Char(bar->action(id)->isChecked() ? '1' : '0');
+            return text;
+        };
+        QCOMPARE(marks(), "1001");
+        bar->action(CMenuBar::FitToPage)->trigger();
+        QCOMPARE(bar->zoomWidget()->zoomType(), int(CZoomComboWidget::FitToPage));
+        QCOMPARE(marks(), "0101");
+        bar->action(CMenuBar::FitToPage)->trigger(); // unchecks itself, the mode stays
+        QCOMPARE(marks(), "0101");
+        bar->action(CMenuBar::FitToWidth)->trigger();
+        QCOMPARE(marks(), "0011");
+        bar->zoomWidget()->setZoom(150, CZoomComboWidget::FreeValue);
+        QCOMPARE(marks(), "0001");
+        bar->action(CMenuBar::ZoomReset)->trigger();
+        QCOMPARE(bar->zoomWidget()->zoomPercent(), 100);
+        bar->action(CMenuBar::GridToggle)->trigger();
+        QVERIFY(!bar->gridWidget()->isGridShown());
+        QCOMPARE(marks(), "1000");
+    }
+
+    void recentProjects()
+    {
+        const CMenuBar *bar = m_window->actions();
+        QCOMPARE(CMenuBar::shortened(QString(24, 'a') + ".nyx"), QString(24, 'a') + ".nyx");
+        const QString long33 = QStringLiteral("abcdefghijklmnopqrstuvwxyz012.nyx");
+        QCOMPARE(long33.size(), 33);
+        QCOMPARE(CMenuBar::shortened(long33), "abcdefghijklmn...tuvwxyz012.nyx");
+        const QStringList paths = {m_folder->file("salt & pepper.nyx"), m_folder->file("b.nyx")};
+        for (const QString &each : paths)
+            m_window->recentProjects()->add(QFileInfo(each));
+        const auto actions = bar->menu(CMenuBar::RecentMenu)->actions();
+        QCOMPARE(actions.size(), 2);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(actions[i]->whatsThis(), paths[i]);
+        QCOMPARE(actions[0]->text(), "salt && pepper.nyx");
+    }
+
+    void undoTextsFollowTheStack()
+    {
+        const CMenuBar *bar = m_window->actions();
+        QUndoStack stack;
+        m_window->undoGroup()->addStack(&stack);
+        stack.setActive();
+        QVERIFY(!bar->action(CMenuBar::Undo)->isEnabled());
+        stack.push(new QUndoCommand("Move Object"));
+        QCOMPARE(bar->action(CMenuBar::Undo)->text(), "&Undo Move Object");
+        bar->action(CMenuBar::Undo)->trigger();
+        QCOMPARE(bar->action(CMenuBar::Undo)->text(), "&Undo");
+        QCOMPARE(bar->action(CMenuBar::Redo)->text(), "&Redo Move Object");
+        QCOMPARE(stack.index(), 0);
     }
 
     /// What is there instead of a picture neither keeps the program waiting nor hides the example.
@@ -198,7 +229,7 @@ private Q_SLOTS:
         QVERIFY(m_window->closeProject());
         QVERIFY(!page->isHidden());
         m_answers->expect([](QDialog *dialog) { dialog->reject(); });
-        Q_EMIT label->linkActivated(QStringLiteral("open:"));
+        Q_EMIT label->linkActivated("open:");
     }
 
     void openDialogAndUndoGroup()
@@ -211,7 +242,7 @@ private Q_SLOTS:
         });
         m_window->openProject();
         QCOMPARE(m_window->projectPath(), m_project);
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("demo for QX110"));
+        QCOMPARE(m_window->windowTitle(), "demo for QX110");
         QUndoStack *stack = m_window->project()->undoStack();
         QCOMPARE(m_window->undoGroup()->activeStack(), stack);
         QVERIFY(m_window->closeProject());
@@ -222,16 +253,14 @@ private Q_SLOTS:
     void closeQuestion()
     {
         QVERIFY(m_window->openProjectFile(m_project));
-        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        m_window->project()->undoStack()->push(new QUndoCommand("Edit"));
         m_answers->expect([](QDialog *dialog) {
             auto *box = qobject_cast<QMessageBox *>(dialog);
             QVERIFY(box);
-            QCOMPARE(box->text(), QStringLiteral("Do you want to save the current project before "
-                                                 "closing it?"));
             QCOMPARE(box->standardButtons(),
                      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
             QCOMPARE(box->defaultButton(), box->button(QMessageBox::Save));
-            const auto *text = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+            const auto *text = box->findChild<QLabel *>("qt_msgbox_label");
             QVERIFY(text->wordWrap() || text->width() >= text->sizeHint().width()); // not cut off
             click(dialog, QMessageBox::Cancel);
         });
@@ -242,41 +271,18 @@ private Q_SLOTS:
         QVERIFY(readFile(m_project).contains("working_directory=\".\""));
     }
 
-    void lockQuestion_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::newRow("yes") << int(QMessageBox::Yes);
-        QTest::newRow("abort") << int(QMessageBox::Abort);
-        QTest::newRow("escape") << 0;
-    }
-
     void lockQuestion()
     {
-        QFETCH(int, button);
         writeFile(m_folder->path(".demo.nyx.lock"), foreignLock);
-        m_answers->expect([button](QDialog *dialog) {
-            auto *box = qobject_cast<QMessageBox *>(dialog);
-            QVERIFY(box);
-            QCOMPARE(box->defaultButton(), box->button(QMessageBox::Abort));
-            if (button)
-                click(dialog, QMessageBox::StandardButton(button));
-        });
-        QCOMPARE(m_window->openProjectFile(m_project), button == QMessageBox::Yes);
-    }
-
-    void saveAsDialog()
-    {
-        QVERIFY(m_window->openProjectFile(m_project));
-        m_answers->expect([this](QDialog *dialog) {
-            const auto *files = qobject_cast<QFileDialog *>(dialog);
-            QVERIFY(files);
-            QCOMPARE(QFileInfo(files->selectedFiles().value(0)).completeBaseName(),
-                     QStringLiteral("demo"));
-            choose(dialog, m_folder->path("copy"));
-        });
-        QVERIFY(m_window->saveProjectAs());
-        QCOMPARE(m_window->projectPath(), m_folder->path("copy.nyx"));
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("copy for QX110"));
+        for (const auto button : {QMessageBox::NoButton, QMessageBox::Abort, QMessageBox::Yes}) {
+            m_answers->expect([button](QDialog *dialog) {
+                auto *box = qobject_cast<QMessageBox *>(dialog);
+                QCOMPARE(box->defaultButton(), box->button(QMessageBox::Abort));
+                if (button != QMessageBox::NoButton)
+                    click(dialog, button);
+            });
+            QCOMPARE(m_window->openProjectFile(m_project), button == QMessageBox::Yes);
+        }
     }
 
     void commandLine()
@@ -294,7 +300,7 @@ private Q_SLOTS:
                 writeFile(left + QStringLiteral("/project.nyx"), twoPages());
             m_window = std::make_unique<CMainWindow>(m_project);
             QCOMPARE(m_window->projectPath(), m_project);
-            QCOMPARE(outputText().contains(QStringLiteral("Unsaved work")), isWorkLeft);
+            QCOMPARE(outputText().contains("Unsaved work"), isWorkLeft);
             m_window.reset();
         }
         writeFile(m_folder->path("broken.nyx"), "<broken");
@@ -303,7 +309,7 @@ private Q_SLOTS:
         errors = m_window->findChild<QErrorMessage *>();
         QVERIFY(errors->isVisible());
         QCOMPARE(errors->findChild<QTextEdit *>()->toPlainText(),
-                 QStringLiteral("The specified file is not a valid project file."));
+                 "The specified file is not a valid project file.");
         m_window->show(); // the box comes after it, to lie above it
         QVERIFY(!errors->isVisible());
         QTRY_VERIFY(errors->isVisible());
@@ -317,9 +323,7 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(m_project);
         QVERIFY(m_window->project()); // goes on without them
         QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
-        QVERIFY(
-            outputText().contains(QStringLiteral("Could not initialise Widget Library Manager")));
-        QVERIFY(outputText().contains(QStringLiteral("Could not initialise emulator")));
+        QCOMPARE(outputText().count("Could not initialise"), 2);
     }
 
     void settingsAreKept()
@@ -327,15 +331,15 @@ private Q_SLOTS:
         m_window->lightStyle();
         m_window->toggleStatusBar();
         m_window->actions()->action(CMenuBar::SnapToGrid)->trigger();
-        m_window->loadLanguage(QStringLiteral("de"));
+        m_window->loadLanguage("de");
         m_window->toggleLibraryWindow();
         m_window->setAutosaveInterval(33);
-        m_window->savingPathChanged(QStringLiteral("/somewhere"));
+        m_window->savingPathChanged("/somewhere");
         m_window->actions()->zoomWidget()->setZoom(250, CZoomComboWidget::FreeValue);
         m_window->actions()->gridWidget()->setGrid(false, 8, Qt::blue, Qt::DotLine);
         m_window->recentProjects()->add(QFileInfo(m_project));
         m_window->recentProjects()->add(QFileInfo(m_folder->file("gone.nyx")));
-        QDir(m_folder->path()).mkdir(QStringLiteral("work"));
+        QDir(m_folder->path()).mkdir("work");
         writeFile(m_folder->path("work/other.nyx"), twoPages());
         const QString other = m_folder->path("work/other.nyx");
         QVERIFY(m_window->openProjectFile(other));
@@ -345,11 +349,8 @@ private Q_SLOTS:
 
         m_window = std::make_unique<CMainWindow>();
         QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(192, 192, 192));
-        QVERIFY(m_window->actions()->action(CMenuBar::Light)->isChecked());
         QVERIFY(!m_window->statusBar()->isHidden());
-        QVERIFY(m_window->actions()->action(CMenuBar::StatusBar)->isChecked());
-        QVERIFY(m_window->findChild<QDockWidget *>(QStringLiteral("widgetSelector"))->isHidden());
-        QVERIFY(!m_window->actions()->action(CMenuBar::LibraryWindow)->isChecked());
+        QVERIFY(m_window->findChild<QDockWidget *>("widgetSelector")->isHidden());
         QCOMPARE(m_window->autosaveInterval(), 33);
         QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 250);
         QCOMPARE(m_window->actions()->gridWidget()->gridSize(), 8);
@@ -357,20 +358,18 @@ private Q_SLOTS:
         QCOMPARE(m_window->recentProjects()->paths(), QStringList({m_project, other}));
         QVERIFY(m_window->snapToGrid());
         const QAction *snap = m_window->actions()->action(CMenuBar::SnapToGrid);
-        QVERIFY(snap->isChecked());
-        QCOMPARE(snap->text(), QStringLiteral("Am &Raster ausrichten"));
+        QVERIFY(snap->isChecked() && snap->text().contains("Raster"));
         QVERIFY(!m_window->actions()->action(CMenuBar::Updates)->isEnabled()); // no address
         m_answers->expect([](QDialog *dialog) {
             const QFileInfo folder(qobject_cast<QFileDialog *>(dialog)->directory().path());
-            QCOMPARE(folder.fileName(), QStringLiteral("work"));
+            QCOMPARE(folder.fileName(), "work");
         });
         m_window->openProject();
         QVERIFY(m_window->close());
         const SSettings kept = CSettings(m_folder->path()).read();
         QCOMPARE(kept.latestProjects,
                  QStringList({m_project, other})); // the other is not written back
-        QCOMPARE(kept.savingFolderPath, QStringLiteral("/somewhere"));
-        QCOMPARE(kept.theme, QStringLiteral("light"));
+        QCOMPARE(kept.savingFolderPath, "/somewhere");
     }
 
     /// Whatever became of the settings, the window is there. KIV_MUTATIONS tries more of them.
@@ -424,24 +423,21 @@ private Q_SLOTS:
 
     void windowTogglesFollowTheDocks()
     {
-        const struct
-        {
-            CMenuBar::EAction id;
-            const char *dock;
-        } rows[] = {{CMenuBar::ProjectWindow, "projectExplorer"},
-                    {CMenuBar::LibraryWindow, "widgetSelector"},
-                    {CMenuBar::PropertiesWindow, "widgetProperties"},
-                    {CMenuBar::OutputWindow, "outputWindow"}};
+        const std::pair<CMenuBar::EAction, const char *> rows[] = {
+            {CMenuBar::ProjectWindow, "projectExplorer"},
+            {CMenuBar::LibraryWindow, "widgetSelector"},
+            {CMenuBar::PropertiesWindow, "widgetProperties"},
+            {CMenuBar::OutputWindow, "outputWindow"}};
         m_window->show(); // docks tell only what is seen
-        for (const auto &row : rows) {
-            auto *dock = m_window->findChild<QDockWidget *>(QString::fromLatin1(row.dock));
-            QAction *action = m_window->actions()->action(row.id);
+        for (const auto &[id, name] : rows) {
+            auto *dock = m_window->findChild<QDockWidget *>(name);
+            QAction *action = m_window->actions()->action(id);
             action->trigger();
-            QVERIFY2(dock->isHidden() && !action->isChecked(), row.dock);
+            QVERIFY2(dock->isHidden() && !action->isChecked(), name);
             action->trigger();
-            QVERIFY2(!dock->isHidden() && action->isChecked(), row.dock);
+            QVERIFY2(!dock->isHidden() && action->isChecked(), name);
             dock->close(); // by its button
-            QVERIFY2(!action->isChecked(), row.dock);
+            QVERIFY2(!action->isChecked(), name);
         }
     }
 
@@ -489,10 +485,10 @@ private Q_SLOTS:
         project->undoStack()->push(
             new CCommandChangeOptions(project, {{"platform", "QX100"}}, m_window.get()));
         const auto rows = panel->findChild<QTreeWidget *>()->findItems("width", Qt::MatchExactly);
-        QCOMPARE(rows.value(0)->toolTip(1), QStringLiteral("1 to 512"));
+        QCOMPARE(rows.value(0)->toolTip(1), "1 to 512");
         m_window->show();
         QTRY_VERIFY(!m_window->findChild<CScreen *>()->currentErrors().isEmpty());
-        auto *dock = m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"));
+        auto *dock = m_window->findChild<QDockWidget *>("outputWindow");
         const auto *output = dock->findChild<QTextEdit *>();
         const QString onPage = QStringLiteral("Kiv_Bitmap_T 7 \"Bitmap\": no image is set");
         for (const auto &[action, isWhole] :
@@ -541,43 +537,15 @@ private Q_SLOTS:
         QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
     }
 
-    /// A file in a missing folder is neither rendered for nor reported in the error box.
-    void exportThatCannotBeWritten()
-    {
-        QVERIFY(m_window->openProjectFile(m_project));
-        m_answers->expect(
-            [this](QDialog *dialog) { choose(dialog, m_folder->path("none/out.dl")); });
-        m_window->exportProjectDL();
-        QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
-    }
-
-    void aboutBox()
-    {
-        m_answers->expect([](QDialog *dialog) {
-            const QString text = qobject_cast<QMessageBox *>(dialog)->text();
-            QVERIFY(text.contains(QStringLiteral("KIV Panel Composer")));
-            QVERIFY(text.contains(QStringLiteral("2.06")));
-            const QRegularExpression built(QStringLiteral("Built at: \\d\\d [A-Z][a-z]+ \\d{4}"));
-            QVERIFY(built.match(text).hasMatch());
-        });
-        m_window->showAboutBox();
-        m_window->loadLanguage(QStringLiteral("zh_CN"));
-        m_answers->expect([](QDialog *dialog) {
-            QVERIFY(qobject_cast<QMessageBox *>(dialog)->text().contains(QStringLiteral("\u6708")));
-        });
-        m_window->showAboutBox();
-    }
-
     void unattendedClose()
     {
         m_window->lightStyle();
         m_window->closeUnattended(); // nothing is open: the settings are kept all the same
-        QCOMPARE(CSettings(m_folder->path()).read().theme, QStringLiteral("light"));
+        QCOMPARE(CSettings(m_folder->path()).read().theme, "light");
         QVERIFY(m_window->openProjectFile(m_project));
         m_window->setAutosaveInterval(10);
-        m_window->project()->screen(0)->setProperty(QStringLiteral("color"),
-                                                    QStringLiteral("#0a0b0c"));
-        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        m_window->project()->screen(0)->setProperty("color", "#0a0b0c");
+        m_window->project()->undoStack()->push(new QUndoCommand("Edit"));
         m_window->closeUnattended();
         QVERIFY(!m_window->project());
         QVERIFY(readFile(m_project).contains("#0a0b0c"));
@@ -611,9 +579,9 @@ private Q_SLOTS:
         Q_EMIT label->linkActivated(QStringLiteral("example:") + example);
         const QAction *save = m_window->actions()->action(CMenuBar::SaveProject);
         const QString nothingToSave = save->toolTip();
-        m_window->project()->undoStack()->push(new QUndoCommand(QStringLiteral("Edit")));
+        m_window->project()->undoStack()->push(new QUndoCommand("Edit"));
         QVERIFY(save->toolTip() != nothingToSave);
-        auto *typed = m_window->findChild<QLineEdit *>(QStringLiteral("widgetFilter"));
+        auto *typed = m_window->findChild<QLineEdit *>("widgetFilter");
         typed->setFocus();
         auto *box = m_window->findChild<QErrorMessage *>();
         for (const bool isFirst : {true, false}) {
@@ -624,12 +592,12 @@ private Q_SLOTS:
             if (isFirst)
                 box->accept();
         }
-        QCOMPARE(typed->text(), QStringLiteral("aa"));
+        QCOMPARE(typed->text(), "aa");
         m_answers->expect([this](QDialog *dialog) { choose(dialog, m_folder->path("mine.1")); });
-        box->findChild<QPushButton *>(QStringLiteral("errorSaveAs"))->click();
+        box->findChild<QPushButton *>("errorSaveAs")->click();
         QCOMPARE(m_window->projectPath(), m_folder->path("mine.1.nyx"));
         QCOMPARE(save->toolTip(), nothingToSave);
-        QVERIFY(m_window->statusBar()->currentMessage().contains(QStringLiteral("mine.1.nyx")));
+        QVERIFY(m_window->statusBar()->currentMessage().contains("mine.1.nyx"));
         QCOMPARE(readFile(example), twoPages());
     }
 
@@ -703,7 +671,7 @@ private Q_SLOTS:
             QVERIFY(!m_window->saveProject());
             QVERIFY(!m_window->project()->undoStack()->isClean());
             QVERIFY(box->isVisible() && !box->findChild<QCheckBox *>()->isVisible());
-            QVERIFY(!box->findChild<QLabel *>(QStringLiteral("errorReason"))->text().isEmpty());
+            QVERIFY(!box->findChild<QLabel *>("errorReason")->text().isEmpty());
             box->accept();
             QVERIFY(!box->isVisible());
         }
@@ -712,7 +680,7 @@ private Q_SLOTS:
 private:
     QString outputText() const
     {
-        return m_window->findChild<QDockWidget *>(QStringLiteral("outputWindow"))
+        return m_window->findChild<QDockWidget *>("outputWindow")
             ->findChild<QTextEdit *>()
             ->toPlainText();
     }
