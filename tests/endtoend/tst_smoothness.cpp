@@ -17,7 +17,7 @@ constexpr int Widgets = 1000;    // of each of two pages
 // a core and its caches, the same work takes up to twice as much of it.
 constexpr double Limit = 16 * 2;
 constexpr double PageLimit = 100 * 2; // of a thousand widgets that come or go at once
-constexpr double LongestSleep = 500;  // the X server, too, may have to wait for a processor
+constexpr double LongestSleep = 5000; // the X server, too, may have to wait for a processor
 
 const char *const kinds[] = {"Kiv_Button_T", "Kiv_Text_T", "Kiv_Rectangle_T", "Kiv_Circle_T",
                              "Kiv_Progress_T"};
@@ -129,6 +129,24 @@ private Q_SLOTS:
              [&] {
                  editor.focus("widget widgetFilter", "QLineEdit");
                  m_display.type("but");
+             }},
+            {"fit to page",
+             [&] {
+                 m_display.key("alt+v");
+                 m_display.click(editor.place("menu Zoom"));
+                 editor.clickAway("menu &Fit to Page");
+             }},
+            {"full size",
+             [&] {
+                 m_display.key("alt+v");
+                 m_display.click(editor.place("menu Zoom"));
+                 editor.clickAway("menu &Zoom (100%)");
+             }},
+            {"enlarge",
+             [&] {
+                 editor.focus("scene 1024 1024", "CScreenView");
+                 for (int count = 0; count < 4; ++count)
+                     wheel("ctrl", "4");
              }},
             {"close", [&] { m_display.key("ctrl+w"); }, PageLimit},
         };
