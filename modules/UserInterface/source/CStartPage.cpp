@@ -1,5 +1,6 @@
 #include "CStartPage.h"
 
+#include "BackgroundWork.h"
 #include "CMenuBar.h"
 #include "PictureFile.h"
 #include "ProgramInfo.h"
@@ -90,12 +91,19 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
     connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CStartPage::showTexts);
     parent->installEventFilter(this);
     setGeometry(parent->rect());
-    findExamples(examples);
+    BackgroundWork::run(
+        this,
+        [examples, isFine = devicePixelRatioF() > 1] { return examplesBelow(examples, isFine); },
+        [this](const QVector<SExample> &found) {
+            m_examples = found;
+            showTexts();
+        });
     showTexts();
 }
 
-void CStartPage::findExamples(const QString &folder)
+QVector<CStartPage::SExample> CStartPage::examplesBelow(const QString &folder, bool isFine)
 {
+    QVector<SExample> examples;
     const QStringList projects = projectsBelow(folder);
     for (const QString &project : projects) {
         const QString start = QFileInfo(project).path() + QStringLiteral("/preview");
@@ -103,15 +111,16 @@ void CStartPage::findExamples(const QString &folder)
         QImage image =
             PictureFile::read(start + QStringLiteral(".png"), "png", PreviewLimits, &error);
         SExample example{project, image.width(), {}};
-        if (!image.isNull() && devicePixelRatioF() > 1) {
+        if (!image.isNull() && isFine) {
             const QImage fine =
                 PictureFile::read(start + QStringLiteral("@2x.png"), "png", PreviewLimits, &error);
             image = fine.isNull() ? image : fine;
         }
         if (!image.isNull())
             example.picture = addressOf(image);
-        m_examples.append(example);
+        examples.append(example);
     }
+    return examples;
 }
 
 void CStartPage::setRecentProjects(const QStringList &paths)

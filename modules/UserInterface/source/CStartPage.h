@@ -15,7 +15,7 @@ class CStartPage final : public QWidget
     Q_OBJECT
 
 public:
-    /// `examples`: the folder that holds one folder for each example.
+    /// `examples`: the folder that holds one folder for each example. It is read in the background.
     CStartPage(const QString &examples, QWidget *parent);
 
     void setRecentProjects(const QStringList &paths);
@@ -42,7 +42,8 @@ private:
         QString picture; ///< as an address that holds the picture itself
     };
 
-    void findExamples(const QString &folder);
+    /// With the pictures for a display of more than one pixel a unit, where there are any.
+    static QVector<SExample> examplesBelow(const QString &folder, bool isFine);
     void showTexts();
     QString examples() const;
     QString leftWorkInRows() const;

@@ -6,7 +6,8 @@
 
 #include <utility>
 
-/// For what would keep the GUI thread from its user: reading, scaling and writing pictures.
+/// For what would keep the GUI thread from its user: looking at files, and reading, scaling and
+/// writing pictures.
 namespace BackgroundWork {
 
 /// Has `work()` done by a thread of the pool and then `done(result)` called on the GUI thread,
