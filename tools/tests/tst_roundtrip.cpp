@@ -424,15 +424,15 @@ void tst_RoundTrip::tooManyColours()
 
 void tst_RoundTrip::dxt1Alpha()
 {
-    QImage image = makeImage("flat", {32, 8});
-    for (int x = 0; x < 32; ++x)
-        for (int y = 0; y < 8; ++y)
+    QImage image = makeImage("flat", {31, 7}); // no whole blocks
+    for (int x = 0; x < 31; ++x)
+        for (int y = 0; y < 7; ++y)
             image.setPixel(x, y, qRgba(248, 252, 0, x * 8)); // a colour that 5, 6, 5 bits hold
     CToolFolder folder;
     QVERIFY(convert(folder, image, "x", Dxtpack));
     const auto pixels = decoded(folder, "x_DXT1", 255, image.size());
     for (size_t i = 0; i < pixels.size(); ++i) {
-        const bool isSeen = i % 32 >= 16;
+        const bool isSeen = i % 31 >= 16;
         QCOMPARE(pixels[i][0], isSeen ? 255 : 0);
         if (isSeen)
             QVERIFY(std::abs(pixels[i][1] - 248) <= gap(5) / 2 && pixels[i][3] <= gap(5) / 2);
