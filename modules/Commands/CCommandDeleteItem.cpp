@@ -2,30 +2,33 @@
 
 #include "CItemModel.h"
 #include "CRemovedItems.h"
-#include "PropertyKey.h"
-#include "RowOperations.h"
 #include "ShownText.h"
 
 #include <QStandardItemModel>
 
-CCommandDeleteItem::CCommandDeleteItem(CItemModel *item, QUndoCommand *parent)
-    : QUndoCommand(QObject::tr("Delete %1").arg(ShownText::name(item->name())), parent),
-      m_project(item->model()),
-      m_parentItem(item->parent()),
-      m_row(item->row())
+CCommandDeleteItem::CCommandDeleteItem(const RowOperations::Items &items, QUndoCommand *parent)
+    : QUndoCommand(QObject::tr("Delete %1").arg(ShownText::name(items.constFirst()->name())),
+                   parent),
+      m_project(items.constFirst()->model()),
+      m_parentItem(items.constFirst()->parent()),
+      m_rows(RowOperations::rowsOf(items))
 {
     Q_ASSERT(m_project && m_parentItem);
 }
 
 void CCommandDeleteItem::redo()
 {
-    m_item = RowOperations::take(m_parentItem, m_row);
-    CRemovedItems::of(m_project).keep(m_item);
+    m_items = RowOperations::take(m_parentItem, m_rows);
+    CRemovedItems &removed = CRemovedItems::of(m_project);
+    for (CItemModel *each : qAsConst(m_items))
+        removed.keep(each);
 }
 
 void CCommandDeleteItem::undo()
 {
-    CRemovedItems::of(m_project).release(m_item);
-    RowOperations::insert(m_parentItem, m_row, m_item);
-    m_item = nullptr;
+    CRemovedItems &removed = CRemovedItems::of(m_project);
+    for (CItemModel *each : qAsConst(m_items))
+        removed.release(each);
+    RowOperations::insert(m_parentItem, m_rows, m_items);
+    m_items.clear();
 }

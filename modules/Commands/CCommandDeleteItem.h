@@ -1,18 +1,18 @@
 #pragma once
 
+#include "RowOperations.h"
+
 #include <QUndoCommand>
 
-class CItemModel;
-class QStandardItem;
 class QStandardItemModel;
 
-/// Takes an item, with all its members, out of its parent.
-/// The removed item belongs to the project's CRemovedItems, not to the command.
+/// Takes items of one parent, with all their members, out of it.
+/// The removed items belong to the project's CRemovedItems, not to the command.
 class CCommandDeleteItem final : public QUndoCommand
 {
 public:
-    /// The item must be in a project's tree.
-    explicit CCommandDeleteItem(CItemModel *item, QUndoCommand *parent = nullptr);
+    /// At least one item of a project's tree, in the order of their rows.
+    explicit CCommandDeleteItem(const RowOperations::Items &items, QUndoCommand *parent = nullptr);
 
     void redo() override;
     void undo() override;
@@ -20,6 +20,6 @@ public:
 private:
     QStandardItemModel *const m_project; ///< not owned; owns the stack that owns this command
     QStandardItem *const m_parentItem;   ///< not owned
-    const int m_row;
-    CItemModel *m_item = nullptr; ///< the removed item, while done
+    const RowOperations::Rows m_rows;
+    RowOperations::Items m_items; ///< the removed ones, while done
 };

@@ -1,27 +1,29 @@
 #include "CCommandGroupItem.h"
 
 #include "CItemModel.h"
-#include "RowOperations.h"
 
-CCommandGroupItem::CCommandGroupItem(QStandardItem *oldParent, QStandardItem *group, int row,
-                                     QUndoCommand *parent)
+CCommandGroupItem::CCommandGroupItem(QStandardItem *oldParent, QStandardItem *group,
+                                     const RowOperations::Rows &rows, QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Group Item"), parent),
       m_oldParent(oldParent),
       m_group(group),
-      m_row(row)
+      m_rows(rows)
 {
 }
 
 void CCommandGroupItem::redo()
 {
-    CItemModel *item = RowOperations::take(m_oldParent, m_row);
-    item->setGrouped(true);
-    RowOperations::insert(m_group, 0, item);
+    const RowOperations::Items items = RowOperations::take(m_oldParent, m_rows);
+    for (CItemModel *each : items)
+        each->setGrouped(true);
+    RowOperations::insert(m_group, RowOperations::span(0, items.size()), items);
 }
 
 void CCommandGroupItem::undo()
 {
-    CItemModel *item = RowOperations::take(m_group, 0);
-    item->setGrouped(false);
-    RowOperations::insert(m_oldParent, m_row, item);
+    const RowOperations::Items items =
+        RowOperations::take(m_group, RowOperations::span(0, m_rows.size()));
+    for (CItemModel *each : items)
+        each->setGrouped(false);
+    RowOperations::insert(m_oldParent, m_rows, items);
 }

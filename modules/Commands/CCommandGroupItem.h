@@ -1,17 +1,17 @@
 #pragma once
 
+#include "RowOperations.h"
+
 #include <QUndoCommand>
 
-class QStandardItem;
-
-/// Moves one item from its parent to the front of a group.
+/// Moves items from their parent to the front of a group, in their order.
 class CCommandGroupItem final : public QUndoCommand
 {
 public:
-    /// `row`: the item's row in `oldParent` at the time of the redo. `group` need not be in the
-    /// tree yet.
-    CCommandGroupItem(QStandardItem *oldParent, QStandardItem *group, int row,
-                      QUndoCommand *parent = nullptr);
+    /// `rows`: those of the items in `oldParent` at the time of the redo, ascending. `group` need
+    /// not be in the tree yet.
+    CCommandGroupItem(QStandardItem *oldParent, QStandardItem *group,
+                      const RowOperations::Rows &rows, QUndoCommand *parent = nullptr);
 
     void redo() override;
     void undo() override;
@@ -19,5 +19,5 @@ public:
 private:
     QStandardItem *const m_oldParent; ///< not owned
     QStandardItem *const m_group;     ///< not owned
-    const int m_row;
+    const RowOperations::Rows m_rows;
 };

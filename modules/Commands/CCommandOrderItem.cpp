@@ -1,22 +1,23 @@
 #include "CCommandOrderItem.h"
 
 #include "CItemModel.h"
-#include "RowOperations.h"
 
-#include <QStandardItemModel>
-
-CCommandOrderItem::CCommandOrderItem(CItemModel *item, int newRow, QUndoCommand *parent)
+CCommandOrderItem::CCommandOrderItem(const RowOperations::Items &items,
+                                     const RowOperations::Rows &newRows, QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Order Item"), parent),
-      m_item(item),
-      m_parentItem(item->parent() ? item->parent() : item->model()->invisibleRootItem()),
-      m_oldRow(item->row()),
-      m_newRow(newRow)
+      m_items(items),
+      m_parentItem(RowOperations::parentOf(*items.constFirst())),
+      m_oldRows(RowOperations::rowsOf(items)),
+      m_newRows(newRows)
 {
+    Q_ASSERT(m_items.size() == m_newRows.size());
 }
 
-void CCommandOrderItem::move(int from, int to)
+void CCommandOrderItem::move(const RowOperations::Rows &from, const RowOperations::Rows &to)
 {
-    m_item->setMoving(true);
+    for (CItemModel *each : m_items)
+        each->setMoving(true);
     RowOperations::insert(m_parentItem, to, RowOperations::take(m_parentItem, from));
-    m_item->setMoving(false);
+    for (CItemModel *each : m_items)
+        each->setMoving(false);
 }

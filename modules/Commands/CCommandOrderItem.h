@@ -1,26 +1,27 @@
 #pragma once
 
+#include "RowOperations.h"
+
 #include <QUndoCommand>
 
-class CItemModel;
-class QStandardItem;
-
-/// Moves an item to another row of its parent; screens move within the project.
-/// The item carries its moving mark meanwhile, so that views do not take the move for a removal.
+/// Moves items to other rows of their parent, in their order; screens move within the project.
+/// The items carry their moving mark meanwhile, so that views do not take the move for a removal.
 class CCommandOrderItem final : public QUndoCommand
 {
 public:
-    /// The item must be in a project's tree.
-    CCommandOrderItem(CItemModel *item, int newRow, QUndoCommand *parent = nullptr);
+    /// At least one item of a project's tree, in the order of their rows; `newRows`, ascending, are
+    /// theirs afterwards.
+    CCommandOrderItem(const RowOperations::Items &items, const RowOperations::Rows &newRows,
+                      QUndoCommand *parent = nullptr);
 
-    void redo() override { move(m_oldRow, m_newRow); }
-    void undo() override { move(m_newRow, m_oldRow); }
+    void redo() override { move(m_oldRows, m_newRows); }
+    void undo() override { move(m_newRows, m_oldRows); }
 
 private:
-    void move(int from, int to);
+    void move(const RowOperations::Rows &from, const RowOperations::Rows &to);
 
-    CItemModel *const m_item;          ///< not owned
-    QStandardItem *const m_parentItem; ///< not owned; the model's root for a screen
-    const int m_oldRow;
-    const int m_newRow;
+    const RowOperations::Items m_items; ///< not owned
+    QStandardItem *const m_parentItem;  ///< not owned; the model's root for screens
+    const RowOperations::Rows m_oldRows;
+    const RowOperations::Rows m_newRows;
 };

@@ -6,11 +6,19 @@
 
 #include <QDomElement>
 
-CCommandPaste::CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent)
+CCommandPaste::CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel> holding,
+                             QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Paste"), parent),
       m_target(target),
       m_rowCount(target->rowCount()),
-      m_holding(std::make_unique<CScreenModel>(static_cast<CProjectModel *>(target->model())))
+      m_holding(std::move(holding))
+{
+}
+
+CCommandPaste::CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent)
+    : CCommandPaste(target,
+                    std::make_unique<CScreenModel>(static_cast<CProjectModel *>(target->model())),
+                    parent)
 {
     m_holding->loadFromElement(element);
 }
@@ -19,14 +27,12 @@ CCommandPaste::~CCommandPaste() = default;
 
 void CCommandPaste::redo()
 {
-    while (m_holding->hasChildren())
-        RowOperations::insert(m_target, 0,
-                              RowOperations::take(m_holding.get(), m_holding->rowCount() - 1));
+    const RowOperations::Rows rows = RowOperations::span(0, m_holding->rowCount());
+    RowOperations::insert(m_target, rows, RowOperations::take(m_holding.get(), rows));
 }
 
 void CCommandPaste::undo()
 {
-    for (int count = m_target->rowCount() - m_rowCount; count > 0; --count)
-        RowOperations::insert(m_holding.get(), m_holding->rowCount(),
-                              RowOperations::take(m_target, 0));
+    const RowOperations::Rows rows = RowOperations::span(0, m_target->rowCount() - m_rowCount);
+    RowOperations::insert(m_holding.get(), rows, RowOperations::take(m_target, rows));
 }

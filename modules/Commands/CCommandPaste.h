@@ -9,11 +9,13 @@ class CScreenModel;
 class QDomElement;
 
 /// Puts copied widgets in front of all others of a screen, in their clipboard order.
-/// The widgets are built when the command is made and then only move between the target and a
-/// holding screen, which the command owns.
+/// The widgets only move between the target and a holding screen, which the command owns.
 class CCommandPaste final : public QUndoCommand
 {
 public:
+    /// `holding`: a screen of no project with the widgets.
+    CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel> holding,
+                  QUndoCommand *parent = nullptr);
     /// `element`: the clipboard document's root, one child element per item.
     CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent = nullptr);
     ~CCommandPaste() override;

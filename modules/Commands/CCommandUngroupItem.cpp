@@ -1,28 +1,30 @@
 #include "CCommandUngroupItem.h"
 
 #include "CItemModel.h"
-#include "RowOperations.h"
 
 CCommandUngroupItem::CCommandUngroupItem(QStandardItem *newParent, QStandardItem *group,
-                                         int rowInGroup, int targetRow, QUndoCommand *parent)
+                                         const RowOperations::Rows &rowsInGroup, int targetRow,
+                                         QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Ungroup Item"), parent),
       m_newParent(newParent),
       m_group(group),
-      m_rowInGroup(rowInGroup),
-      m_targetRow(targetRow)
+      m_rowsInGroup(rowsInGroup),
+      m_targetRows(RowOperations::span(targetRow, rowsInGroup.size()))
 {
 }
 
 void CCommandUngroupItem::redo()
 {
-    CItemModel *item = RowOperations::take(m_group, m_rowInGroup);
-    item->setGrouped(false);
-    RowOperations::insert(m_newParent, m_targetRow, item);
+    const RowOperations::Items items = RowOperations::take(m_group, m_rowsInGroup);
+    for (CItemModel *each : items)
+        each->setGrouped(false);
+    RowOperations::insert(m_newParent, m_targetRows, items);
 }
 
 void CCommandUngroupItem::undo()
 {
-    CItemModel *item = RowOperations::take(m_newParent, m_targetRow);
-    item->setGrouped(true);
-    RowOperations::insert(m_group, m_rowInGroup, item);
+    const RowOperations::Items items = RowOperations::take(m_newParent, m_targetRows);
+    for (CItemModel *each : items)
+        each->setGrouped(true);
+    RowOperations::insert(m_group, m_rowsInGroup, items);
 }

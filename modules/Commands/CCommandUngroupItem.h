@@ -1,16 +1,18 @@
 #pragma once
 
+#include "RowOperations.h"
+
 #include <QUndoCommand>
 
-class QStandardItem;
-
-/// Moves one member of a group out of it.
+/// Moves members of a group out of it, to neighbouring rows of its parent.
 class CCommandUngroupItem final : public QUndoCommand
 {
 public:
-    /// `rowInGroup` and `targetRow` hold at the time of the redo.
-    CCommandUngroupItem(QStandardItem *newParent, QStandardItem *group, int rowInGroup,
-                        int targetRow, QUndoCommand *parent = nullptr);
+    /// `rowsInGroup`, ascending, and `targetRow`, of the first of them, hold at the time of the
+    /// redo.
+    CCommandUngroupItem(QStandardItem *newParent, QStandardItem *group,
+                        const RowOperations::Rows &rowsInGroup, int targetRow,
+                        QUndoCommand *parent = nullptr);
 
     void redo() override;
     void undo() override;
@@ -18,6 +20,6 @@ public:
 private:
     QStandardItem *const m_newParent; ///< not owned
     QStandardItem *const m_group;     ///< not owned
-    const int m_rowInGroup;
-    const int m_targetRow;
+    const RowOperations::Rows m_rowsInGroup;
+    const RowOperations::Rows m_targetRows;
 };

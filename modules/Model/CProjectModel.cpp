@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QSet>
+#include <QSignalBlocker>
 #include <QUndoStack>
 
 namespace {
@@ -49,6 +50,15 @@ private:
     QSet<quint32> m_taken;
     quint32 m_next = 1;
 };
+
+/// Of rows that came in together only they themselves have been told which model they are in.
+void adoptChildren(QStandardItem &item)
+{
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (item.child(row) && item.child(row)->model() != item.model())
+            item.setChild(row, item.takeChild(row)); // tells all below it
+    }
+}
 
 void renumber(CItemModel *item, CIdSupply &ids)
 {
@@ -255,12 +265,15 @@ void CProjectModel::newProject(const QHash<QString, QString> &texts)
 void CProjectModel::takeIn(const QModelIndex &parent, int first, int last)
 {
     const QStandardItem *holder = parent.isValid() ? itemFromIndex(parent) : invisibleRootItem();
+    const QSignalBlocker quiet(this); // the rows are new to all others
     for (int row = first; row <= last; ++row) {
         CItemModel *item = CItemModel::fromItem(holder->child(row));
-        if (item && m_imagePlaces.hasMoved())
+        if (!item)
+            continue;
+        adoptChildren(*item);
+        if (m_imagePlaces.hasMoved())
             m_imagePlaces.update(item);
-        if (item)
-            m_imagePlaces.noteAll(*item);
+        m_imagePlaces.noteAll(*item);
     }
 }
 

@@ -87,6 +87,31 @@ private:
         return parent && parent->rowCount() ? parent->childItem(pick(parent->rowCount())) : nullptr;
     }
 
+    int anyCount(const QStandardItem *parent) { return pick(2) ? 1 : 1 + pick(parent->rowCount()); }
+
+    /// So many rows of the parent.
+    RowOperations::Rows anyRows(const QStandardItem *parent, int wanted)
+    {
+        RowOperations::Rows rows;
+        for (int row = 0; rows.size() < wanted; ++row) {
+            if (pick(parent->rowCount() - row) < wanted - rows.size())
+                rows.append(row);
+        }
+        return rows;
+    }
+    RowOperations::Rows anyRows(const QStandardItem *parent)
+    {
+        return anyRows(parent, anyCount(parent));
+    }
+
+    RowOperations::Items anyItems(const CItemModel *parent)
+    {
+        RowOperations::Items items;
+        for (const int row : anyRows(parent))
+            items.append(parent->childItem(row));
+        return items;
+    }
+
     CItemModel *anyItemAnywhere()
     {
         CItemModel *item = anyItem(anyScreen());
@@ -120,19 +145,21 @@ private:
     void deleteItem()
     {
         if (CItemModel *item = anyItemAnywhere())
-            m_stack.push(new CCommandDeleteItem(item));
+            m_stack.push(new CCommandDeleteItem(anyItems(item->parentItem())));
     }
 
     void orderItem()
     {
-        if (CItemModel *item = anyItemAnywhere())
-            m_stack.push(new CCommandOrderItem(item, pick(item->parent()->rowCount())));
+        if (CItemModel *item = anyItemAnywhere()) {
+            const RowOperations::Items items = anyItems(item->parentItem());
+            m_stack.push(new CCommandOrderItem(items, anyRows(item->parent(), items.size())));
+        }
     }
 
     void orderScreen()
     {
         if (CScreenModel *screen = anyScreen())
-            m_stack.push(new CCommandOrderItem(screen, pick(m_project.screenCount())));
+            m_stack.push(new CCommandOrderItem({screen}, {pick(m_project.screenCount())}));
     }
 
     void group()
@@ -142,8 +169,8 @@ private:
             return;
         m_stack.beginMacro(QStringLiteral("Group Selected Items"));
         auto *group = new CWidgetGroupModel(m_project.library(), &m_project);
-        for (int members = 1 + pick(3); members > 0 && screen->rowCount(); --members)
-            m_stack.push(new CCommandGroupItem(screen, group, pick(screen->rowCount())));
+        for (int times = 1 + pick(3); times > 0 && screen->rowCount(); --times)
+            m_stack.push(new CCommandGroupItem(screen, group, anyRows(screen)));
         m_stack.push(new CCommandInsertItem(screen, group, pick(screen->rowCount() + 1)));
         m_stack.endMacro();
     }
@@ -156,9 +183,9 @@ private:
             return;
         m_stack.beginMacro(QStringLiteral("Ungroup Selected Items"));
         while (group->rowCount())
-            m_stack.push(new CCommandUngroupItem(screen, group, pick(group->rowCount()),
+            m_stack.push(new CCommandUngroupItem(screen, group, anyRows(group),
                                                  pick(screen->rowCount() + 1)));
-        m_stack.push(new CCommandDeleteItem(group));
+        m_stack.push(new CCommandDeleteItem({group}));
         m_stack.endMacro();
     }
 

@@ -80,7 +80,7 @@ void tst_Commands::itemsLieWhereTheCommandsSay()
     m_project->appendRow(new CScreenModel(m_project.get()));
     CScreenModel *second = m_project->screen(1);
     stack().push(new CCommandDeleteScreen(second));
-    stack().push(new CCommandDeleteItem(m_screen->childItem(1)));
+    stack().push(new CCommandDeleteItem({m_screen->childItem(1)}));
     QCOMPARE(names(m_project->invisibleRootItem()), QStringList({"Page 1", "Page 3"}));
     QCOMPARE(names(m_screen), QStringList({"front", "back"}));
     stack().setIndex(0);
@@ -93,7 +93,7 @@ void tst_Commands::groupingMovesMembersAndTheirMark()
     CItemModel *middle = m_screen->childItem(1);
     auto *group = newGroup(*m_project, {});
     stack().beginMacro("Group Selected Items");
-    stack().push(new CCommandGroupItem(m_screen, group, 1));
+    stack().push(new CCommandGroupItem(m_screen, group, {1}));
     stack().push(new CCommandInsertItem(m_screen, group, 1));
     stack().endMacro();
     QCOMPARE(names(m_screen), QStringList({"front", "Widget Group", "back"}));
@@ -101,8 +101,8 @@ void tst_Commands::groupingMovesMembersAndTheirMark()
     QVERIFY(middle->isGrouped() && !middle->isSelectable());
 
     stack().beginMacro("Ungroup Selected Items");
-    stack().push(new CCommandUngroupItem(m_screen, group, 0, 3));
-    stack().push(new CCommandDeleteItem(group));
+    stack().push(new CCommandUngroupItem(m_screen, group, {0}, 3));
+    stack().push(new CCommandDeleteItem({group}));
     stack().endMacro();
     QCOMPARE(names(m_screen), QStringList({"front", "back", "middle"}));
     QVERIFY(!middle->isGrouped() && middle->isSelectable());

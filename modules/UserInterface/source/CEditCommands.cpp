@@ -19,7 +19,6 @@
 #include <QTextEdit>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 /// A line or a text: what has the focus, or is the text of what has it.
@@ -107,16 +106,7 @@ bool CEditCommands::isForFocused(EText what) const
 
 ItemOperations::Items CEditCommands::items() const
 {
-    ItemOperations::Items selected = m_panels->selectedItems().toVector();
-    std::sort(selected.begin(), selected.end(),
-              [](const CItemModel *left, const CItemModel *right) {
-                  const auto placeOf = [](const CItemModel *item) { // front first, page by page
-                      return std::make_pair(item->parent() ? item->parent()->row() : item->row(),
-                                            item->row());
-                  };
-                  return placeOf(left) < placeOf(right);
-              });
-    return selected;
+    return ItemOperations::inOrder(m_panels->selectedItems().toVector());
 }
 
 bool CEditCommands::arePagesSelected() const

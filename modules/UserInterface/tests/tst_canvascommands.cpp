@@ -14,6 +14,7 @@
 #include "CScreenView.h"
 #include "CWidgetPropertiesView.h"
 #include "CZoomComboWidget.h"
+#include "CanvasRoles.h"
 #include "ProgramFolder.h"
 
 #include <QtTest>
@@ -245,6 +246,68 @@ private Q_SLOTS:
         trigger(CMenuBar::Redo);
         trigger(CMenuBar::Undo);
         QCOMPARE(project->saveToBytes(nullptr), before);
+    }
+
+    void manyRows_data()
+    {
+        QTest::addColumn<QString>("page"); // its items; groups in brackets
+        QTest::addColumn<QVector<int>>("rows");
+        QTest::addColumn<QVector<int>>("others"); // rows of the second page, "PQRST"
+        const auto row = [](const char *name, const char *page, const QVector<int> &rows,
+                            const QVector<int> &others) {
+            QTest::newRow(name) << QString(page) << rows << others;
+        };
+        row("neighbours", "ABCDEFGH", {2, 3, 4}, {});
+        row("scattered", "ABCDEFGH", {1, 3, 4, 6}, {});
+        row("ends", "ABCDEFGH", {0, 1, 6, 7}, {});
+        row("all", "ABCD", {0, 1, 2, 3}, {});
+        row("nested groups", "A(B(CD)E)FG((HI)J)(K)", {1, 2, 4, 5}, {});
+        row("over pages", "AB(CD)EF", {1, 2, 4}, {0, 2, 3});
+    }
+
+    /// Of many at once comes what comes of one after the other: on the page, in the stacking of the
+    /// canvas and in the explorer, and back again.
+    void manyRows()
+    {
+        QFETCH(QString, page);
+        QFETCH(QVector<int>, rows);
+        QFETCH(QVector<int>, others);
+        const QString path = m_folder->path("rows.nyx");
+        writeFile(path, "<Kiv_Project_T platform=\"QX110\"><Kiv_Screen_T>" + xmlOf(page) +
+                            "</Kiv_Screen_T><Kiv_Screen_T>" + xmlOf("PQRST") +
+                            "</Kiv_Screen_T></Kiv_Project_T>");
+        m_window->openProjectFile(path);
+        CProjectModel *project = m_window->project();
+        const QByteArray before = project->saveToBytes(nullptr);
+        constexpr CMenuBar::EAction actions[] = {
+            CMenuBar::BringToFront, CMenuBar::SendToBack, CMenuBar::BringForward,
+            CMenuBar::SendBackward, CMenuBar::Delete,     CMenuBar::Cut,
+            CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::Paste};
+        for (const CMenuBar::EAction action : actions) {
+            const bool isOfOnePage = action == CMenuBar::Group || action == CMenuBar::Ungroup ||
+                                     action == CMenuBar::Paste;
+            if (isOfOnePage && !others.isEmpty())
+                continue;
+            QList<CItemModel *> chosen;
+            for (const int each : qAsConst(others))
+                chosen << project->screen(1)->childItem(each);
+            for (const int each : qAsConst(rows)) // the page of the last one is shown
+                chosen << project->screen(0)->childItem(each);
+            chooseInExplorer(chosen);
+            if (action == CMenuBar::Paste)
+                trigger(CMenuBar::Cut);
+            const QString first = oneByOne(page, rows, action);
+            const QString second = oneByOne("PQRST", others, action);
+            trigger(action);
+            checkRows(first, second);
+            const int end = project->undoStack()->index();
+            project->undoStack()->setIndex(0);
+            checkRows(page, "PQRST");
+            QCOMPARE(project->saveToBytes(nullptr), before);
+            project->undoStack()->setIndex(end);
+            checkRows(first, second);
+            project->undoStack()->setIndex(0);
+        }
     }
 
     void undoShowsThePageOnWhichItIs()
@@ -591,6 +654,96 @@ private:
                         : item->name();
         }
         return text;
+    }
+
+    static QByteArray xmlOf(const QString &page)
+    {
+        QByteArray xml;
+        for (const QChar each : page) {
+            if (each == '(')
+                xml += "<Widget_Group_T>";
+            else if (each == ')')
+                xml += "</Widget_Group_T>";
+            else
+                xml += QString("<Kiv_Rectangle_T name=\"%1\" id=\"%2\"/>")
+                           .arg(each)
+                           .arg(each.unicode())
+                           .toUtf8();
+        }
+        return xml;
+    }
+
+    /// What stands in each row.
+    static QStringList rowsOf(const QString &page)
+    {
+        QStringList rows;
+        int depth = 0;
+        for (const QChar each : page) {
+            if (depth == 0)
+                rows << QString();
+            depth += each == '(' ? 1 : each == ')' ? -1 : 0;
+            rows.last() += each;
+        }
+        return rows;
+    }
+
+    /// The page after the action on each of the rows, one after the other.
+    static QString oneByOne(const QString &page, const QVector<int> &rows, int action)
+    {
+        QStringList all = rowsOf(page);
+        const int count = rows.size();
+        if (action == CMenuBar::Group && count > 0)
+            all.insert(rows.first(), "()");
+        for (int done = 0; done < count; ++done) {
+            const int ahead = rows.at(done);              // from the front on
+            const int behind = rows.at(count - 1 - done); // from the back on
+            if (action == CMenuBar::BringToFront || action == CMenuBar::Paste)
+                all.move(behind + done, 0);
+            else if (action == CMenuBar::SendToBack)
+                all.move(ahead - done, all.size() - 1);
+            else if (action == CMenuBar::BringForward)
+                all.move(ahead, std::max(ahead - 1, done));
+            else if (action == CMenuBar::SendBackward)
+                all.move(behind, std::min(behind + 1, int(all.size()) - 1 - done));
+            else if (action == CMenuBar::Group) {
+                const QString member = all.takeAt(behind + 1);
+                all[rows.first()].insert(1, member);
+            } else if (action == CMenuBar::Ungroup && all.at(ahead).startsWith('('))
+                all[ahead] = all.at(ahead).mid(1).chopped(1);
+            else if (action != CMenuBar::Ungroup)
+                all.removeAt(behind);
+        }
+        return all.join(QString());
+    }
+
+    void checkRows(const QString &first, const QString &second)
+    {
+        const CProjectModel *project = m_window->project();
+        QCOMPARE(names(project->screen(0)), first);
+        QCOMPARE(names(project->screen(1)), second);
+        QVector<CItemModel *> onPage;
+        collect(*project->screen(0), onPage);
+        QVector<CItemModel *> inProject = onPage;
+        collect(*project->screen(1), inProject);
+        QVector<CItemModel *> seen;
+        m_explorer->expandAll();
+        for (QModelIndex each = project->index(0, 0); each.isValid();
+             each = m_explorer->indexBelow(each))
+            seen << CItemModel::fromItem(project->itemFromIndex(each));
+        QCOMPARE(seen, inProject);
+        m_screens->openScreen(project->screen(0));
+        const CScreenScene *scene = m_screens->currentView()->screenScene();
+        seen = {project->screen(0)};
+        for (const CItemView *each : scene->itemViews())
+            seen << each->item();
+        QCOMPARE(seen, onPage);
+        seen = {project->screen(0)};
+        for (QGraphicsItem *each :
+             scene->items(QPointF(40, 30))) { // where all lie; the front one first
+            if (each->data(CanvasRole::RoleKey) == CanvasRole::ItemView)
+                seen << static_cast<CItemView *>(each)->item();
+        }
+        QCOMPARE(seen, onPage);
     }
 
     std::unique_ptr<CProgramFolder> m_folder;

@@ -166,15 +166,15 @@ void tst_ImageJourney::undoAfterSaveAs()
     QVERIFY(editor.chooser.change(first, image("a/logo.png", Qt::yellow), "PALETTED8"));
     note();
     QCOMPARE(pictures.last().pixelColor(20, 16), QColor(Qt::yellow));
-    editor.stack().push(new CCommandDeleteItem(editor.item(1)));
+    editor.stack().push(new CCommandDeleteItem({editor.item(1)}));
     note();
     QVERIFY(editor.chooser.changeFormat(first, "L8"));
     note();
 
     const int last = editor.stack().index();
     const QStringList before = files(at("a"));
-    for (const QString &next : {at("b/Second.nyx"), at("b/Third.nyx"), at("c/Third.nyx"),
-                                at("b/Second.nyx")}) {
+    for (const QString &next :
+         {at("b/Second.nyx"), at("b/Third.nyx"), at("c/Third.nyx"), at("b/Second.nyx")}) {
         QDir().mkpath(at("c/Third_ConvertedImages"));
         writeFile(at("c/Third_ConvertedImages/logo_ARGB4.raw"), "another project's");
         writeFile(at("c/logo.png"), "another picture");
@@ -246,9 +246,9 @@ void tst_ImageJourney::fromAnotherProject()
     QVERIFY(QFile::remove(at("saved.page")));
 
     QUndoStack &stack = editor.stack();
-    stack.undo(); // the second one stood aside
+    stack.undo();       // the second one stood aside
     if (way != "items") // the page that came is looked at first
-        stack.push(new CCommandDeleteItem(editor.project()->screen(0)->childItem(0)));
+        stack.push(new CCommandDeleteItem({editor.project()->screen(0)->childItem(0)}));
     QVERIFY(editor.session.save());
     if (way == "items") {
         QCOMPARE(picture(editor), wanted);

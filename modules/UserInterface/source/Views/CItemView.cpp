@@ -1,5 +1,6 @@
 #include "CItemView.h"
 
+#include "CHandleMarks.h"
 #include "CItemModel.h"
 #include "CLockMark.h"
 #include "CResizeHandle.h"
@@ -42,17 +43,10 @@ bool isSizeKey(const QString &key)
 }
 } // namespace
 
-CItemView::CItemView(CItemModel *item) : m_item(item), m_lockMark(new CLockMark(this))
+CItemView::CItemView(CItemModel *item) : m_item(item)
 {
     setData(CanvasRole::RoleKey, CanvasRole::ItemView);
     setData(CanvasRole::HighlightKey, 0);
-    if (item->hasAngle())
-        m_outline = new CRotationOutline(this);
-    for (int index = 0; index < HandleCount; ++index)
-        m_handles[static_cast<size_t>(index)] = new CResizeHandle(index, this);
-    if (item->hasAngle())
-        m_rotateHandle = new CRotateHandle(this);
-    createGuides();
     m_frame = CItemView::frameOfItem();
     updatePosition();
     updateFlags();
@@ -218,12 +212,12 @@ void CItemView::updatePosition()
 void CItemView::updateBounds()
 {
     const QRectF frame = frameOfItem();
+    const double angle = m_item->hasAngle() ? m_item->angle() : 0.0;
     if (frame != m_frame || m_item->kind() == CItemModel::Kind::Group || // turned members
-        (m_outline && m_outline->rotation() != m_item->angle())) {
+        angle != m_angle) {
         prepareGeometryChange(); // before the change: the scene still needs the old rectangle
         m_frame = frame;
-        if (m_outline)
-            m_outline->setRotation(m_item->angle());
+        m_angle = angle;
     }
     updateHandles();
     update();
@@ -259,6 +253,8 @@ void CItemView::createGuides()
 
 void CItemView::showGuides(const QRectF &visible)
 {
+    if (!m_guides.front())
+        createGuides();
     const QRectF frame = m_frame.normalized();
     const QRectF reach = visible.translated(-pos()).united(frame);
     size_t next = 0;
@@ -280,8 +276,10 @@ void CItemView::showGuides(const QRectF &visible)
 
 void CItemView::hideGuides()
 {
-    for (QGraphicsLineItem *guide : m_guides)
-        guide->hide();
+    for (QGraphicsLineItem *guide : m_guides) {
+        if (guide)
+            guide->hide();
+    }
 }
 
 bool CItemView::isResizable() const
@@ -294,64 +292,114 @@ bool CItemView::isRotatable() const
     return m_item->hasAngle() && !m_item->isGrouped() && !m_item->isLocked();
 }
 
-double CItemView::shownAngle() const
+void CItemView::makeHandles()
 {
-    return m_outline ? m_outline->rotation() : 0.0;
+    for (int index = 0; index < HandleCount; ++index)
+        m_handles[static_cast<size_t>(index)] = new CResizeHandle(index, this);
+    if (m_item->hasAngle())
+        m_rotateHandle = new CRotateHandle(this);
+}
+
+QVector<QGraphicsItem *> CItemView::handles()
+{
+    if (!areHandlesMade()) {
+        makeHandles();
+        updateHandles();
+        showHandles(isSelected());
+    }
+    QVector<QGraphicsItem *> handles;
+    for (QGraphicsItem *child : childItems()) {
+        if (child->data(CanvasRole::RoleKey).toInt() == CanvasRole::Handle)
+            handles.append(child);
+    }
+    return handles;
 }
 
 void CItemView::updateHandles()
 {
-    if (m_outline)
-        m_outline->setFrame(m_frame);
     if (!isSelected())
         return;
-    m_lockMark->setFrame(m_frame);
+    if (m_outline) {
+        m_outline->setFrame(m_frame);
+        m_outline->setRotation(m_angle);
+    }
+    if (m_lockMark)
+        m_lockMark->setFrame(m_frame);
+    if (m_marks)
+        m_marks->follow();
+    if (!areHandlesMade())
+        return;
     const QTransform turned = turn();
     for (CResizeHandle *handle : m_handles)
-        handle->place(m_frame, turned, shownAngle());
+        handle->place(m_frame, turned, m_angle);
     if (m_rotateHandle)
-        m_rotateHandle->place(m_frame, turned, shownAngle());
+        m_rotateHandle->place(m_frame, turned, m_angle);
 }
 
 void CItemView::showHandles(bool visible)
 {
-    for (CResizeHandle *handle : m_handles)
-        handle->setVisible(visible && !m_item->isLocked() && handle->isOfUseFor(*m_item));
-    if (m_rotateHandle)
-        m_rotateHandle->setVisible(visible && isRotatable());
+    if (visible && !m_marks)
+        m_marks = new CHandleMarks(this);
+    if (visible && !m_outline && m_item->hasAngle())
+        m_outline = new CRotationOutline(this);
+    if (visible && !m_lockMark && m_item->isLocked())
+        m_lockMark = new CLockMark(this);
+    updateHandles();
+    if (m_marks)
+        m_marks->setVisible(visible);
     if (m_outline)
         m_outline->setVisible(visible);
-    m_lockMark->setVisible(visible && m_item->isLocked());
+    if (m_lockMark)
+        m_lockMark->setVisible(visible && m_item->isLocked());
+    if (!areHandlesMade())
+        return;
+    for (CResizeHandle *handle : m_handles)
+        handle->setVisible(visible && !m_item->isLocked() &&
+                           CResizeHandle::isOfUseFor(handle->index(), *m_item));
+    if (m_rotateHandle)
+        m_rotateHandle->setVisible(visible && isRotatable());
+}
+
+double CItemView::zoom() const
+{
+    const QGraphicsView *view = scene() ? scene()->views().value(0) : nullptr;
+    return view ? view->transform().m11() : 1.0;
 }
 
 QPointF CItemView::handleStandOff() const
 {
-    const QGraphicsView *view = scene() ? scene()->views().value(0) : nullptr;
-    const double zoom = view ? view->transform().m11() : 1.0;
-    const auto off = [zoom](double side) {
-        return std::max(0.0, HandleReach - std::abs(side) * zoom / 2);
+    const auto off = [scale = zoom()](double side) {
+        return std::max(0.0, HandleReach - std::abs(side) * scale / 2);
     };
     return {off(m_frame.width()), off(m_frame.height())};
 }
 
-QGraphicsItem *CItemView::handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const
+QRectF CItemView::handlesRect() const
 {
+    QRectF rect = turn().mapRect(m_frame.normalized());
+    const QVector<QPointF> all = points();
+    return all.isEmpty() ? rect : rect.united(QPolygonF(all).boundingRect());
+}
+
+QGraphicsItem *CItemView::handleAt(const QPointF &scenePos, const QTransform &deviceTransform)
+{
+    constexpr double reach = CHandleMarks::Reach;
     const QPointF devicePos = deviceTransform.map(scenePos);
-    for (QGraphicsItem *child : childItems()) {
-        if (!child->isVisible() || child->data(CanvasRole::RoleKey).toInt() != CanvasRole::Handle)
-            continue;
-        if (child->contains(child->deviceTransform(deviceTransform).inverted().map(devicePos)))
-            return child;
+    const QRectF rect = deviceTransform.mapRect(handlesRect().translated(pos()));
+    if (!rect.adjusted(-reach, -reach, reach, reach).contains(devicePos))
+        return nullptr;
+    for (QGraphicsItem *handle : handles()) {
+        if (handle->isVisible() &&
+            handle->contains(handle->deviceTransform(deviceTransform).inverted().map(devicePos)))
+            return handle;
     }
     return nullptr;
 }
 
 QVariant CItemView::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    if (change == ItemSelectedHasChanged) {
-        updateHandles();
+    if (change == ItemSelectedHasChanged)
         showHandles(value.toBool());
-    }
     return QGraphicsObject::itemChange(change, value);
 }
 

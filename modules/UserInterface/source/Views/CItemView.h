@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 
+class CHandleMarks;
 class CItemModel;
 class CLockMark;
 class CResizeHandle;
@@ -57,13 +58,22 @@ public:
     /// The item can be resized by its handles now.
     bool isResizable() const;
     bool isRotatable() const;
-    double shownAngle() const; ///< degrees, of the frame as it is drawn
-    CRotationOutline *rotationOutline() const { return m_outline; }
+    double shownAngle() const { return m_angle; } ///< degrees, of the frame as it is drawn
+    QTransform turn() const;                      ///< from the frame to where it is seen
+    CRotationOutline *rotationOutline() const { return m_outline; } ///< null before it is selected
+    /// Of a list that the item is drawn through, in the view's coordinates.
+    virtual QVector<QPointF> points() const { return {}; }
+    double zoom() const; ///< screen pixels of a scene unit
     /// How far handles stand off the frame, in screen pixels across and down: those of a small
     /// frame leave room between them to take hold of the item itself.
     QPointF handleStandOff() const;
+    /// Where handles lie, but for how far they stand off; in the view's coordinates.
+    QRectF handlesRect() const;
+    /// All handles, seen or not, as children that are made when they are first asked for: of many
+    /// selected items the pointer comes near few.
+    QVector<QGraphicsItem *> handles();
     /// The visible handle of this view at a scene position; null when there is none.
-    QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
+    QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform);
 
 protected:
     virtual QRectF frameOfItem() const;
@@ -73,6 +83,8 @@ protected:
     bool isLeftOutOfBand() const;
     /// Along a line that the item draws, thick enough to be hit.
     QPainterPath alongPath(const QPainterPath &path) const;
+    bool areHandlesMade() const { return m_handles.front() != nullptr; }
+    virtual void makeHandles();
     /// Handles where the frame is now.
     virtual void updateHandles();
     virtual void showHandles(bool visible);
@@ -85,16 +97,18 @@ private:
     void createGuides();
     bool isDrawnByLines() const;
     double lineWidth() const; ///< scene units, enough to be hit
-    QTransform turn() const;  ///< from the frame to where it is seen
     QVector<QPainterPath> turnedParts() const;
 
     CItemModel *const m_item; ///< not owned
     QRectF m_frame;           ///< what handles and the scene were last told
     bool m_hovered = false;
     bool m_highlighted = false; ///< what data() says as well, where it is slow to read
-    std::array<CResizeHandle *, HandleCount> m_handles{}; ///< children
+    double m_angle = 0;
+    // Children, made when they are first of use.
+    std::array<CResizeHandle *, HandleCount> m_handles{};
     std::array<QGraphicsLineItem *, GuideCount> m_guides{};
     CRotateHandle *m_rotateHandle = nullptr;
+    CHandleMarks *m_marks = nullptr;
     CRotationOutline *m_outline = nullptr;
-    CLockMark *m_lockMark; ///< a child
+    CLockMark *m_lockMark = nullptr;
 };

@@ -19,8 +19,12 @@
 CMultiPointItemView::CMultiPointItemView(CItemModel *item) : CItemView(item)
 {
     setFlag(ItemIsFocusable); // for the keys
-    updatePoints();
     updateBounds();
+}
+
+QVector<QPointF> CMultiPointItemView::points() const
+{
+    return PointList::ofItem(*item());
 }
 
 QRectF CMultiPointItemView::frameOfItem() const
@@ -45,9 +49,15 @@ QVector<QPainterPath> CMultiPointItemView::hitParts() const
 
 void CMultiPointItemView::onPropertyChanged(const QString &key)
 {
-    if (key == PropertyKey::PointList)
+    if (key == PropertyKey::PointList && areHandlesMade())
         updatePoints();
     CItemView::onPropertyChanged(key);
+}
+
+void CMultiPointItemView::makeHandles()
+{
+    CItemView::makeHandles();
+    updatePoints();
 }
 
 /// A handle for each point. Handles are kept for as long as there is a point for them, since one of

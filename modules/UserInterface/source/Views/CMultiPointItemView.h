@@ -16,6 +16,7 @@ public:
     explicit CMultiPointItemView(CItemModel *item);
 
     void onPropertyChanged(const QString &key) override;
+    QVector<QPointF> points() const override;
     void addPoint(const QPointF &position); ///< in the view's coordinates
     /// Leaves a list with the fewest points that the kind can have as it is.
     void removePoint(int index);
@@ -23,6 +24,7 @@ public:
 protected:
     QRectF frameOfItem() const override;
     QVector<QPainterPath> hitParts() const override;
+    void makeHandles() override;
     void updateHandles() override;
     void showHandles(bool visible) override;
 

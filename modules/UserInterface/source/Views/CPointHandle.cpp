@@ -9,7 +9,6 @@
 
 #include <QCursor>
 #include <QGraphicsSceneMouseEvent>
-#include <QPainter>
 
 namespace {
 constexpr double Diameter = 8; ///< screen pixels
@@ -36,13 +35,9 @@ QRectF CPointHandle::boundingRect() const
     return {-HitSide / 2, -HitSide / 2, HitSide, HitSide};
 }
 
-void CPointHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+QRectF CPointHandle::mark()
 {
-    if (!view()->isResizable())
-        return;
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(CanvasColour::Handle, 0));
-    painter->drawEllipse(QPointF(), Diameter / 2, Diameter / 2);
+    return {-Diameter / 2, -Diameter / 2, Diameter, Diameter};
 }
 
 void CPointHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)

@@ -11,8 +11,11 @@ class CPointHandle final : public QGraphicsItem
 public:
     CPointHandle(int index, CItemView *view);
 
+    /// What is seen of it, in screen pixels about its point.
+    static QRectF mark();
+
     QRectF boundingRect() const override;
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {} // CHandleMarks
 
 protected:
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;

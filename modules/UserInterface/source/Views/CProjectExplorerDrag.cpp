@@ -151,7 +151,7 @@ void CProjectExplorerView::dropEvent(QDropEvent *event)
     // The order is as if the screen were not there, so behind all is its own number less.
     const int target = m_targetRow < 0 ? m_project->rowCount() - 1 : m_targetRow;
     if (target != m_takenRow)
-        m_project->undoStack()->push(new CCommandOrderItem(screen, target));
+        m_project->undoStack()->push(new CCommandOrderItem({screen}, {target}));
     settle(*screen);
 }
 

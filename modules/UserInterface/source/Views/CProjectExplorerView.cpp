@@ -89,8 +89,13 @@ void CProjectExplorerView::watchRemovals()
         m_rowsLeaving = areLeaving;
         setAutoScroll(!areLeaving); // to the row that becomes the current one, for want of a better
     };
-    m_removalBegins = connect(m_project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-                              [setLeaving] { setLeaving(true); });
+    m_removalBegins =
+        connect(m_project, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this, setLeaving] {
+            setLeaving(true);
+            // What is still selected after the step is selected again then; to
+            // follow many rows through it would take long.
+            selectionModel()->clearSelection();
+        });
     m_removalEnds = connect(m_project, &QAbstractItemModel::rowsRemoved, this,
                             [setLeaving] { setLeaving(false); });
 }

@@ -3,21 +3,11 @@
 #include "CItemModel.h"
 #include "CProjectModel.h"
 
-#include <QSet>
 #include <QUndoStack>
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
-
-namespace {
-bool isBelow(const QStandardItem *item, const QStandardItem *above)
-{
-    while (item && item != above)
-        item = item->parent();
-    return item != nullptr;
-}
-} // namespace
 
 CProjectSelection::CProjectSelection(QObject *parent) : QObject(parent)
 {
@@ -47,31 +37,32 @@ void CProjectSelection::clear()
     select({});
     m_arrived.clear();
     m_touched.clear();
+    m_lastTouched = nullptr;
     m_haveRowsChanged = false;
 }
 
 QList<CItemModel *> CProjectSelection::topmostItems() const
 {
-    const QSet<const QStandardItem *> selected(m_items.begin(), m_items.end());
-    const auto isTopmost = [&selected](const CItemModel *each) {
-        const QStandardItem *above = each->parent();
-        while (above && !selected.contains(above))
-            above = above->parent();
+    const auto isTopmost = [this](const CItemModel *each) {
+        CItemModel *above = each->parentItem();
+        while (above && !m_items.contains(above))
+            above = above->parentItem();
         return !above;
     };
+    const QList<CItemModel *> all = items();
     QList<CItemModel *> topmost;
-    std::copy_if(m_items.begin(), m_items.end(), std::back_inserter(topmost), isTopmost);
+    std::copy_if(all.begin(), all.end(), std::back_inserter(topmost), isTopmost);
     return topmost;
 }
 
 QList<CItemModel *> CProjectSelection::shownItems() const
 {
-    return m_member ? QList<CItemModel *>{m_member} : m_items;
+    return m_member ? QList<CItemModel *>{m_member} : items();
 }
 
 void CProjectSelection::select(const QList<CItemModel *> &items)
 {
-    m_items = items;
+    m_items = CItemSequence(items);
     m_member = nullptr;
 }
 
@@ -80,7 +71,7 @@ void CProjectSelection::selectMember(CItemModel *member)
     CItemModel *selectable = member;
     while (selectable->isGrouped())
         selectable = selectable->parentItem();
-    m_items = {selectable};
+    m_items = CItemSequence({selectable});
     m_member = member == selectable ? nullptr : member;
 }
 
@@ -105,19 +96,25 @@ void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int firs
     m_haveRowsChanged = true;
     touch(itemAt(parent, first));
     for (int row = first; row <= last; ++row) {
-        const CItemModel *item = itemAt(parent, row);
+        CItemModel *item = itemAt(parent, row);
         if (item && !item->isMoving())
             forget(item);
     }
 }
 
-void CProjectSelection::forget(const CItemModel *gone)
+/// With all below it.
+void CProjectSelection::forget(CItemModel *gone)
 {
-    const auto isGone = [gone](const CItemModel *each) { return isBelow(each, gone); };
-    for (QList<CItemModel *> *items : {&m_items, &m_arrived, &m_touched})
-        items->erase(std::remove_if(items->begin(), items->end(), isGone), items->end());
-    if (m_member && isGone(m_member))
+    for (CItemSequence *items : {&m_items, &m_arrived, &m_touched})
+        items->remove(gone);
+    if (m_lastTouched == gone)
+        m_lastTouched = nullptr;
+    if (m_member == gone)
         m_member = nullptr;
+    for (int row = 0; row < gone->rowCount(); ++row) {
+        if (CItemModel *below = gone->childItem(row))
+            forget(below);
+    }
 }
 
 /// Of an item the page, where it is seen. What a page itself is like is seen in the explorer.
@@ -127,10 +124,9 @@ void CProjectSelection::touch(CItemModel *item)
         return;
     while (item->parentItem())
         item = item->parentItem();
-    if (!m_touched.isEmpty() && m_touched.constLast() == item)
-        return;
-    m_touched.removeOne(item);
-    m_touched.append(item);
+    if (m_lastTouched != item) // which comes for each of many
+        m_touched.append(item);
+    m_lastTouched = item;
 }
 
 /// Whether the step that has led to this index is an old one. A new one is made before it takes the
@@ -145,12 +141,13 @@ bool CProjectSelection::isReplayed(int index)
 
 void CProjectSelection::endStep(int index)
 {
-    const QList<CItemModel *> touched = std::exchange(m_touched, {});
+    const QList<CItemModel *> touched = std::exchange(m_touched, {}).list();
+    m_lastTouched = nullptr;
     if (isReplayed(index) && !touched.isEmpty())
         Q_EMIT pagesTouched(touched);
     if (!std::exchange(m_haveRowsChanged, false))
         return;
-    const QList<CItemModel *> arrived = std::exchange(m_arrived, {});
-    select(arrived.isEmpty() ? m_items : arrived);
+    const QList<CItemModel *> arrived = std::exchange(m_arrived, {}).list();
+    select(arrived.isEmpty() ? items() : arrived);
     Q_EMIT stepDone();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QList>
+#include "CItemSequence.h"
+
 #include <QObject>
 #include <QPointer>
 
@@ -24,7 +25,7 @@ public:
     /// Nothing of it is selected at first. Not owned; null for none.
     void setProject(CProjectModel *project);
 
-    const QList<CItemModel *> &items() const { return m_items; } ///< screens too
+    QList<CItemModel *> items() const { return m_items.list(); } ///< screens too
     /// The same without what lies below another of them.
     QList<CItemModel *> topmostItems() const;
     /// What there is to edit: the items, or the one member of a group whose group is selected.
@@ -54,12 +55,13 @@ private:
     void endStep(int index);
     bool isReplayed(int index);
     CItemModel *itemAt(const QModelIndex &parent, int row) const;
-    void forget(const CItemModel *gone);
+    void forget(CItemModel *gone);
 
     QPointer<CProjectModel> m_project;
-    QList<CItemModel *> m_items;
-    QList<CItemModel *> m_arrived; ///< by the step under way
-    QList<CItemModel *> m_touched; ///< pages, by the step under way
+    CItemSequence m_items;
+    CItemSequence m_arrived;             ///< by the step under way
+    CItemSequence m_touched;             ///< pages, by the step under way
+    CItemModel *m_lastTouched = nullptr; ///< only compared
     CItemModel *m_member = nullptr;
     bool m_haveRowsChanged = false;       ///< in the step under way
     int m_index = 0;                      ///< of the undo stack after the last step

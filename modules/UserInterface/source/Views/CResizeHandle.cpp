@@ -9,7 +9,6 @@
 
 #include <QCursor>
 #include <QGraphicsSceneMouseEvent>
-#include <QPainter>
 
 #include <cmath>
 
@@ -34,31 +33,40 @@ CItemView *CResizeHandle::view() const
     return static_cast<CItemView *>(parentItem());
 }
 
+QPointF CResizeHandle::placeOn(int index, const QRectF &frame)
+{
+    const double across = (1 + CResizeGesture::horizontalSide(index)) / 2.0;
+    const double down = (1 + CResizeGesture::verticalSide(index)) / 2.0;
+    return {frame.x() + across * frame.width(), frame.y() + down * frame.height()};
+}
+
 void CResizeHandle::place(const QRectF &frame, const QTransform &turn, double degrees)
 {
-    const double across = (1 + CResizeGesture::horizontalSide(m_index)) / 2.0;
-    const double down = (1 + CResizeGesture::verticalSide(m_index)) / 2.0;
-    const QPointF place(frame.x() + across * frame.width(), frame.y() + down * frame.height());
     m_degrees = degrees;
-    m_outward = {std::copysign(1.0, frame.width()) * CResizeGesture::horizontalSide(m_index),
-                 std::copysign(1.0, frame.height()) * CResizeGesture::verticalSide(m_index)};
-    setPos(turn.map(place));
+    setPos(turn.map(placeOn(m_index, frame)));
     setRotation(degrees);
 }
 
-bool CResizeHandle::isOfUseFor(const CItemModel &item) const
+bool CResizeHandle::isOfUseFor(int index, const CItemModel &item)
 {
     if (!ItemResize::isResizable(item))
         return false;
-    const bool sideways = CResizeGesture::horizontalSide(m_index) != 0;
+    const bool sideways = CResizeGesture::horizontalSide(index) != 0;
     return sideways || ItemResize::kindOf(item) != ResizeKind::WidthOnly;
 }
 
-/// Where it is, in screen pixels about its place on the frame.
-QPointF CResizeHandle::centre() const
+/// Away from the frame, in screen pixels about its place there.
+QPointF CResizeHandle::centre(int index, const CItemView &view)
 {
-    const QPointF off = view()->handleStandOff();
-    return {m_outward.x() * off.x(), m_outward.y() * off.y()};
+    const QPointF off = view.handleStandOff();
+    const QRectF frame = view.frameRect();
+    return {std::copysign(1.0, frame.width()) * CResizeGesture::horizontalSide(index) * off.x(),
+            std::copysign(1.0, frame.height()) * CResizeGesture::verticalSide(index) * off.y()};
+}
+
+QRectF CResizeHandle::mark(int index, const CItemView &view)
+{
+    return QRectF(-Side / 2, -Side / 2, Side - 1, Side - 1).translated(centre(index, view));
 }
 
 QRectF CResizeHandle::boundingRect() const
@@ -70,17 +78,9 @@ QRectF CResizeHandle::boundingRect() const
 QPainterPath CResizeHandle::shape() const
 {
     QPainterPath path;
-    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre()));
+    path.addRect(
+        QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre(m_index, *view())));
     return path;
-}
-
-void CResizeHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
-{
-    if (!view()->isResizable())
-        return;
-    painter->setPen(QPen(CanvasColour::Handle, 0));
-    painter->drawRect(
-        QRectF(-Side / 2, -Side / 2, Side, Side).adjusted(0, 0, -1, -1).translated(centre()));
 }
 
 Qt::CursorShape CResizeHandle::cursorFor(int index, double degrees)

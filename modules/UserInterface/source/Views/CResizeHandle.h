@@ -20,11 +20,14 @@ public:
     /// On the frame, which is turned by `turn` (by `degrees`).
     void place(const QRectF &frame, const QTransform &turn, double degrees);
     /// Whether dragging it can change an item of this kind.
-    bool isOfUseFor(const CItemModel &item) const;
+    static bool isOfUseFor(int index, const CItemModel &item);
+    static QPointF placeOn(int index, const QRectF &frame);
+    /// What is seen of it, in screen pixels about its place.
+    static QRectF mark(int index, const CItemView &view);
 
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {} // CHandleMarks
 
     /// The cursor for a handle of an item turned by so many degrees.
     static Qt::CursorShape cursorFor(int index, double degrees);
@@ -37,11 +40,10 @@ protected:
 
 private:
     CItemView *view() const;
-    QPointF centre() const;
+    static QPointF centre(int index, const CItemView &view);
 
     const int m_index;
     double m_degrees = 0;
-    QPointF m_outward;                         ///< away from the frame: -1, 0 or 1 each way
     QPointF m_pressPos;                        ///< scene
     std::unique_ptr<CResizeGesture> m_gesture; ///< set exactly while it is dragged
 };

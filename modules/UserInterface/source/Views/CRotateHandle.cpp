@@ -9,7 +9,6 @@
 
 #include <QCursor>
 #include <QGraphicsSceneMouseEvent>
-#include <QPainter>
 
 #include <cmath>
 
@@ -38,9 +37,14 @@ CItemView *CRotateHandle::view() const
 
 void CRotateHandle::place(const QRectF &frame, const QTransform &turn, double degrees)
 {
-    const QRectF rect = frame.normalized();
-    setPos(turn.map(QPointF(rect.center().x(), rect.top())));
+    setPos(turn.map(placeOn(frame)));
     setRotation(degrees);
+}
+
+QPointF CRotateHandle::placeOn(const QRectF &frame)
+{
+    const QRectF rect = frame.normalized();
+    return {rect.center().x(), rect.top()};
 }
 
 QRectF CRotateHandle::boundingRect() const
@@ -50,25 +54,21 @@ QRectF CRotateHandle::boundingRect() const
 }
 
 /// Above the frame, in screen pixels.
-QPointF CRotateHandle::centre() const
+QPointF CRotateHandle::centre(const CItemView &view)
 {
-    return {0, -Distance - view()->handleStandOff().y()};
+    return {0, -Distance - view.handleStandOff().y()};
+}
+
+QRectF CRotateHandle::mark(const CItemView &view)
+{
+    return QRectF(-Diameter / 2, -Diameter / 2, Diameter, Diameter).translated(centre(view));
 }
 
 QPainterPath CRotateHandle::shape() const
 {
     QPainterPath path;
-    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre()));
+    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre(*view())));
     return path;
-}
-
-void CRotateHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
-{
-    if (!view()->isSelected())
-        return;
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(CanvasColour::Handle, 0));
-    painter->drawEllipse(centre(), Diameter / 2, Diameter / 2);
 }
 
 void CRotateHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)

@@ -17,9 +17,13 @@ public:
     /// Above the frame, which is turned by `turn` (by `degrees`).
     void place(const QRectF &frame, const QTransform &turn, double degrees);
 
+    static QPointF placeOn(const QRectF &frame);
+    /// What is seen of it, in screen pixels about its place.
+    static QRectF mark(const CItemView &view);
+
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+    void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {} // CHandleMarks
 
 protected:
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
@@ -28,7 +32,7 @@ protected:
 
 private:
     CItemView *view() const;
-    QPointF centre() const;
+    static QPointF centre(const CItemView &view);
 
     std::unique_ptr<CRotateGesture> m_gesture; ///< set exactly while it is dragged
 };

@@ -5,6 +5,7 @@
 #include "CItemView.h"
 #include "CMoveGesture.h"
 #include "CProjectModel.h"
+#include "CRectIndex.h"
 #include "CScreenModel.h"
 #include "CSnapCross.h"
 #include "CanvasRoles.h"
@@ -36,14 +37,15 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
             &CScreenScene::onRowsAboutToBeRemoved);
     connect(project, &CProjectModel::propertyChanged, this, &CScreenScene::onPropertyChanged);
     connect(project, &CProjectModel::geometryChanged, this, [this](CItemModel *item) {
-        if (CItemView *view = viewOf(item))
+        if (CItemView *view = m_views.value(item))
             view->updateFlags();
     });
     for (int row = 0; row < screen->rowCount(); ++row) {
         if (CItemModel *item = screen->childItem(row))
             addViews(item);
     }
-    restack();
+    m_isOrderDue = true;
+    settleSoon();
 }
 
 CScreenScene::~CScreenScene()
@@ -63,11 +65,14 @@ void CScreenScene::detach()
     qDeleteAll(m_views);
     m_views.clear();
     m_order.clear();
+    m_dueGroups.clear();
+    m_isOrderDue = false;
     m_screen = nullptr;
 }
 
 CItemView *CScreenScene::viewOf(const CItemModel *item) const
 {
+    settleGroups();
     return m_views.value(item);
 }
 
@@ -80,17 +85,17 @@ bool CScreenScene::isBelowScreen(const QStandardItem *item) const
 
 void CScreenScene::addViews(CItemModel *item)
 {
-    if (!m_views.contains(item)) { // an item that only changes its row still has its view
-        CItemView *view = ItemViewFactory::create(item);
-        m_views.insert(item, view);
+    CItemView *&view = m_views[item];
+    if (!view) { // an item that only changes its row still has its view
+        view = ItemViewFactory::create(item);
         addItem(view);
-        view->updateBounds();
     }
-    viewOf(item)->updateFlags();
+    CItemView *const its = view; // the table may grow
     for (int row = 0; row < item->rowCount(); ++row) {
         if (CItemModel *member = item->childItem(row))
             addViews(member);
     }
+    its->updateFlags(); // about its members
 }
 
 void CScreenScene::removeViews(const CItemModel *item)
@@ -99,9 +104,8 @@ void CScreenScene::removeViews(const CItemModel *item)
         if (const CItemModel *member = item->childItem(row))
             removeViews(member);
     }
-    CItemView *view = m_views.take(item);
-    m_order.removeOne(view);
-    delete view;
+    m_dueGroups.remove(item);
+    delete m_views.take(item);
 }
 
 void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last)
@@ -113,9 +117,7 @@ void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last
         if (CItemModel *item = parentItem->childItem(row))
             addViews(item);
     }
-    restack();
-    Q_EMIT itemsChanged();
-    Q_EMIT contentChanged();
+    rowsChanged(parentItem);
 }
 
 void CScreenScene::onRowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
@@ -125,22 +127,24 @@ void CScreenScene::onRowsAboutToBeRemoved(const QModelIndex &parent, int first, 
         return;
     cancelGesture();
     forgetPress();
-    for (int row = first; row <= last; ++row) {
-        const CItemModel *item = parentItem->childItem(row);
-        if (item && !item->isMoving())
-            removeViews(item);
+    {
+        const QSignalBlocker quiet(this); // of what is selected the project's selection knows
+        for (int row = first; row <= last; ++row) {
+            const CItemModel *item = parentItem->childItem(row);
+            if (item && !item->isMoving())
+                removeViews(item);
+        }
     }
-    // The rows are still there; what listens looks at them once they are gone.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (!m_screen)
-                return;
-            restack();
-            Q_EMIT itemsChanged();
-            Q_EMIT contentChanged();
-        },
-        Qt::QueuedConnection);
+    rowsChanged(parentItem);
+}
+
+/// The rows may still be there; what listens looks at them once all is over.
+void CScreenScene::rowsChanged(const CItemModel *parent)
+{
+    membersChanged(parent);
+    m_isOrderDue = true;
+    m_haveRowsChanged = true;
+    settleSoon();
 }
 
 void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
@@ -149,65 +153,103 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
         Q_EMIT contentChanged();
         return;
     }
-    CItemView *view = viewOf(item);
+    CItemView *view = m_views.value(item);
     if (!view)
         return;
     view->onPropertyChanged(key);
-    for (CItemModel *group = item->parentItem(); group && group != m_screen;
-         group = group->parentItem()) {
-        if (CItemView *groupView = viewOf(group))
-            groupView->updateBounds();
-    }
-    highlightSoon();
+    membersChanged(item->parentItem());
+    settleSoon();
     Q_EMIT contentChanged();
 }
 
-/// Once for all changes of a command.
-void CScreenScene::highlightSoon()
+void CScreenScene::membersChanged(const CItemModel *group)
 {
-    if (std::exchange(m_highlightIsDue, true))
-        return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_highlightIsDue = false;
-            highlightObjectBehind(true);
-        },
-        Qt::QueuedConnection);
+    for (; group && group != m_screen; group = group->parentItem())
+        m_dueGroups.insert(group);
 }
 
-void CScreenScene::collectOrder(const QStandardItem *parent)
+/// Once for all changes of a command.
+void CScreenScene::settleSoon()
+{
+    if (std::exchange(m_isSettleDue, true))
+        return;
+    QMetaObject::invokeMethod(this, &CScreenScene::settle, Qt::QueuedConnection);
+}
+
+void CScreenScene::settle()
+{
+    m_isSettleDue = false;
+    const bool haveRowsChanged = std::exchange(m_haveRowsChanged, false);
+    if (!m_screen)
+        return;
+    highlightObjectBehind(true);
+    if (!haveRowsChanged)
+        return;
+    Q_EMIT itemsChanged();
+    Q_EMIT contentChanged();
+}
+
+void CScreenScene::collectOrder(const QStandardItem *parent) const
 {
     for (int row = 0; row < parent->rowCount(); ++row) {
         const CItemModel *item = CItemModel::fromItem(parent->child(row));
-        if (CItemView *view = item ? viewOf(item) : nullptr)
+        if (CItemView *view = item ? m_views.value(item) : nullptr)
             m_order.append(view);
         if (item)
             collectOrder(item);
     }
 }
 
+const QVector<CItemView *> &CScreenScene::order() const
+{
+    if (m_isOrderDue)
+        restack();
+    settleGroups();
+    return m_order;
+}
+
 /// Brings the stacking into the order of the rows, all between the frame and the snap cross, and
 /// groups about their members.
-void CScreenScene::restack()
+void CScreenScene::restack() const
 {
+    m_isOrderDue = false;
     m_order.clear();
     collectOrder(m_screen);
     const double step = 1.0 / (m_order.size() + 1);
     double z = 1.0;
-    for (CItemView *view : qAsConst(m_order))
+    for (CItemView *view : qAsConst(m_order)) {
         view->setZValue(z -= step);
-    for (auto view = m_order.crbegin(); view != m_order.crend(); ++view) { // members first
-        if ((*view)->item()->kind() == CItemModel::Kind::Group)
-            (*view)->updateBounds();
+        if (view->item()->kind() == CItemModel::Kind::Group)
+            m_dueGroups.insert(view->item());
     }
-    highlightSoon();
+}
+
+/// Brings the frames of groups about what their members are now, members that are groups first.
+void CScreenScene::settleGroups() const
+{
+    if (m_dueGroups.isEmpty())
+        return;
+    const QSet<const CItemModel *> due = std::exchange(m_dueGroups, {});
+    const auto depthOf = [](const CItemModel *item) {
+        int depth = 0;
+        while ((item = item->parentItem()))
+            ++depth;
+        return depth;
+    };
+    QVector<QPair<int, const CItemModel *>> groups;
+    for (const CItemModel *each : due)
+        groups.append({-depthOf(each), each});
+    std::sort(groups.begin(), groups.end());
+    for (const auto &each : qAsConst(groups)) {
+        if (CItemView *view = m_views.value(each.second))
+            view->updateBounds();
+    }
 }
 
 QVector<CItemModel *> CScreenScene::selectedModelItems() const
 {
     QVector<CItemModel *> items;
-    for (const CItemView *view : m_order) {
+    for (const CItemView *view : order()) {
         if (view->isSelected())
             items.append(view->item());
     }
@@ -218,8 +260,9 @@ void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
 {
     {
         const QSignalBlocker quiet(this);
-        for (CItemView *view : qAsConst(m_order))
-            view->setSelected(items.contains(view->item()));
+        const QSet<CItemModel *> selected(items.begin(), items.end());
+        for (CItemView *view : order())
+            view->setSelected(selected.contains(view->item()));
     }
     highlightObjectBehind(true);
     update();
@@ -229,6 +272,7 @@ void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
 QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,
                                                    const QTransform &deviceTransform) const
 {
+    order(); // as they are stacked
     QList<CItemView *> found;
     for (QGraphicsItem *each :
          items(scenePos, Qt::IntersectsItemShape, Qt::DescendingOrder, deviceTransform)) {
@@ -242,7 +286,7 @@ QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,
 QGraphicsItem *CScreenScene::handleAt(const QPointF &scenePos,
                                       const QTransform &deviceTransform) const
 {
-    for (const CItemView *view : m_order) {
+    for (CItemView *view : order()) {
         if (!view->isSelected())
             continue;
         if (QGraphicsItem *handle = view->handleAt(scenePos, deviceTransform))
@@ -269,15 +313,12 @@ void CScreenScene::selectionChanged()
 /// repainted.
 void CScreenScene::highlightObjectBehind(bool repaint)
 {
-    QVector<QRectF> inFront; // of selected items
-    for (CItemView *view : qAsConst(m_order)) {
+    CRectIndex inFront; // of selected items
+    for (CItemView *view : order()) {
         const QRectF rect = view->sceneRect();
-        const bool isBehind =
-            !view->item()->isGrouped() &&
-            std::any_of(inFront.cbegin(), inFront.cend(),
-                        [&rect](const QRectF &each) { return each.intersects(rect); });
+        const bool isBehind = !view->item()->isGrouped() && inFront.intersects(rect);
         if (view->isSelected())
-            inFront.append(rect);
+            inFront.add(rect);
         if (view->isHighlighted() == isBehind)
             continue;
         view->setHighlighted(isBehind);
@@ -288,8 +329,11 @@ void CScreenScene::highlightObjectBehind(bool repaint)
 
 void CScreenScene::hideGuides()
 {
-    for (CItemView *view : qAsConst(m_order))
-        view->hideGuides();
+    for (const QPointer<CItemView> &view : qAsConst(m_guided)) {
+        if (view)
+            view->hideGuides();
+    }
+    m_guided.clear();
     m_snapCross->hide();
 }
 

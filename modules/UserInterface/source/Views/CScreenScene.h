@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QGraphicsScene>
 #include <QHash>
+#include <QPointer>
+#include <QSet>
 
 #include <memory>
 
@@ -35,7 +37,7 @@ public:
 
     CItemView *viewOf(const CItemModel *item) const;
     /// The views, front first.
-    QVector<CItemView *> itemViews() const { return m_order; }
+    QVector<CItemView *> itemViews() const { return order(); }
     /// Front first.
     QVector<CItemModel *> selectedModelItems() const;
     void selectModelItems(const QVector<CItemModel *> &items);
@@ -95,10 +97,15 @@ private:
     bool isBelowScreen(const QStandardItem *item) const;
     void addViews(CItemModel *item);
     void removeViews(const CItemModel *item);
-    void restack();
-    void highlightSoon();
-    void collectOrder(const QStandardItem *parent);
-    static bool isUnderSelection(const CItemModel *item, const QVector<CItemModel *> &selection);
+    const QVector<CItemView *> &order() const;
+    void restack() const;
+    void settleGroups() const;
+    void rowsChanged(const CItemModel *parent);
+    void membersChanged(const CItemModel *group);
+    void settleSoon();
+    void settle();
+    void collectOrder(const QStandardItem *parent) const;
+    static bool isUnderSelection(const CItemModel *item, const QSet<CItemModel *> &selection);
     QRectF visibleRect() const;
     void beginMove(CItemView *pressed, const QPointF &scenePos);
     void snapMove(const QPointF &scenePos);
@@ -121,11 +128,17 @@ private:
     bool m_snapping = false; ///< the drag under way snaps
     CFrameItem *m_frame = nullptr;
     QHash<const CItemModel *, CItemView *> m_views;
-    QVector<CItemView *> m_order;
+    // What follows from many changes at once is worked out once, when it is asked for or when they
+    // are over.
+    mutable QVector<CItemView *> m_order;         ///< front first
+    mutable QSet<const CItemModel *> m_dueGroups; ///< whose members have changed
+    mutable bool m_isOrderDue = false;
+    bool m_isSettleDue = false;
+    bool m_haveRowsChanged = false;
+    QVector<QPointer<CItemView>> m_guided; ///< views that show guide lines
     QVector<CItemChanges> m_gesture;
-    std::unique_ptr<CMoveGesture> m_move; ///< set exactly while items are dragged
-    bool m_cancelled = false;             ///< the rest of the drag until the release is ignored
-    bool m_highlightIsDue = false;
+    std::unique_ptr<CMoveGesture> m_move;     ///< set exactly while items are dragged
+    bool m_cancelled = false;                 ///< the rest of the drag until the release is ignored
     QGraphicsItem *m_pressedHandle = nullptr; ///< only compared, and only during a press
     bool m_bandOnLocked = false;
 };

@@ -113,6 +113,8 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     QGraphicsItem *grabber = mouseGrabberItem();
     const bool isHandle =
         grabber && grabber->data(CanvasRole::RoleKey).toInt() == CanvasRole::Handle;
+    if (!grabber) // the handles that the pointer comes near are to be there
+        handleAt(event->scenePos(), transformOf(*event));
     if (isHandle || !event->buttons().testFlag(Qt::LeftButton)) {
         QGraphicsScene::mouseMoveEvent(event);
         if (isHandle)
@@ -167,7 +169,7 @@ void CScreenScene::snapMove(const QPointF &scenePos)
     m_snapCross->show();
 }
 
-bool CScreenScene::isUnderSelection(const CItemModel *item, const QVector<CItemModel *> &selection)
+bool CScreenScene::isUnderSelection(const CItemModel *item, const QSet<CItemModel *> &selection)
 {
     for (; item; item = item->parentItem()) {
         if (selection.contains(const_cast<CItemModel *>(item)))
@@ -180,8 +182,9 @@ QPointF CScreenScene::snappedPosition(const QPointF &proposed, const QVector<CIt
 {
     QVector<SnapRule::Candidate> across;
     QVector<SnapRule::Candidate> down;
-    for (CItemView *view : itemViews()) {
-        if (view->isSelected() || isUnderSelection(view->item(), moving))
+    const QSet<CItemModel *> away(moving.begin(), moving.end());
+    for (CItemView *view : order()) {
+        if (view->isSelected() || isUnderSelection(view->item(), away))
             continue;
         const QRectF rect = view->sceneRect();
         across << SnapRule::Candidate{rect.left(), view} << SnapRule::Candidate{rect.right(), view}
@@ -196,8 +199,10 @@ QPointF CScreenScene::snappedPosition(const QPointF &proposed, const QVector<CIt
 
     hideGuides();
     for (CItemView *view : {x.view, y.view}) {
-        if (view)
-            view->showGuides(visibleRect());
+        if (!view)
+            continue;
+        view->showGuides(visibleRect());
+        m_guided.append(view);
     }
     return {x.position, y.position};
 }

@@ -1,11 +1,8 @@
 #include "ItemNames.h"
 
-#include "CCommandChangeItemProperty.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "PropertyKey.h"
-
-#include <QUndoStack>
 
 #include <algorithm>
 #include <limits>
@@ -21,6 +18,25 @@ void collectNames(const CItemModel &parent, ItemNames::Names &names)
     }
 }
 } // namespace
+
+QString ItemNames::Names::firstFree(const QString &stem, int number) const
+{
+    auto &[first, end] = m_runs[stem];
+    int from = number;
+    for (;;) {
+        const QString name = QStringLiteral("%1 %2").arg(stem).arg(number);
+        if (number >= first && number < end) {
+            from = std::min(from, first);
+            number = end;
+        } else if (m_names.contains(name)) {
+            ++number;
+        } else {
+            first = from;
+            end = number;
+            return name;
+        }
+    }
+}
 
 ItemNames::Names ItemNames::below(const CItemModel &parent)
 {
@@ -55,9 +71,7 @@ QString ItemNames::unused(const QString &name, const Names &taken)
             number = std::max(number, own + 1);
         stem.truncate(end - 1);
     }
-    while (taken.contains(QStringLiteral("%1 %2").arg(stem).arg(number)))
-        ++number;
-    return QStringLiteral("%1 %2").arg(stem).arg(number);
+    return taken.firstFree(stem, number);
 }
 
 QString ItemNames::wanted(const CItemModel &item, const QString &name)
@@ -66,14 +80,14 @@ QString ItemNames::wanted(const CItemModel &item, const QString &name)
     return isScreen ? unused(name, ofScreens(*item.project(), &item)) : name;
 }
 
-void ItemNames::makeUnique(CItemModel &item, Names &taken, QUndoStack &stack)
+void ItemNames::makeUnique(CItemModel &item, Names &taken)
 {
     const QString name = unused(item.name(), taken);
     if (name != item.name() && item.hasProperty(PropertyKey::Name))
-        stack.push(new CCommandChangeItemProperty(&item, PropertyKey::Name, name, item.name()));
+        item.setProperty(PropertyKey::Name, name, CItemModel::Notify::No);
     taken.insert(name);
     for (int row = 0; row < item.rowCount(); ++row) {
         if (CItemModel *member = item.childItem(row))
-            makeUnique(*member, taken, stack);
+            makeUnique(*member, taken);
     }
 }

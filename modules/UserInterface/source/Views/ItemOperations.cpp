@@ -17,13 +17,16 @@
 #include "ItemNames.h"
 #include "PastePlace.h"
 #include "PropertyKey.h"
+#include "RowOperations.h"
 #include "ScreenDocuments.h"
 
+#include <QMap>
 #include <QMimeData>
+#include <QSet>
 #include <QUndoStack>
 
 #include <algorithm>
-#include <utility>
+#include <memory>
 
 namespace {
 using ItemOperations::Items;
@@ -33,82 +36,26 @@ QUndoStack &stackOf(const CScreenModel &screen)
     return *screen.project()->undoStack();
 }
 
-struct Move
+/// The rows that items of one parent, front first, go to. They keep their order, and so does the
+/// rest.
+RowOperations::Rows newRows(const Items &items, ItemOperations::EOrder where)
 {
-    CItemModel *item;
-    int row; ///< where it goes
-};
-
-/// Records the moves that are some, in their order.
-void record(const QVector<Move> &moves, const QString &macroText)
-{
-    const bool any = std::any_of(moves.begin(), moves.end(),
-                                 [](const Move &each) { return each.item->row() != each.row; });
-    if (!any)
-        return;
-    QUndoStack &stack = *moves.constFirst().item->project()->undoStack();
-    stack.beginMacro(macroText);
-    for (const Move &each : moves) {
-        if (each.item->row() != each.row)
-            stack.push(new CCommandOrderItem(each.item, each.row));
-    }
-    stack.endMacro();
-}
-
-QVector<Move> movesToFront(const Items &items)
-{
-    QVector<Move> moves; // the backmost first, so that they keep their order
-    if (items.constLast()->row() == items.size() - 1)
-        return moves; // they are there
-    for (auto each = items.crbegin(); each != items.crend(); ++each)
-        moves.append({*each, 0});
-    return moves;
-}
-
-QVector<Move> movesToBack(const CItemModel &screen, const Items &items)
-{
-    QVector<Move> moves;
-    if (items.constFirst()->row() == screen.rowCount() - items.size())
-        return moves;
-    for (CItemModel *each : items)
-        moves.append({each, screen.rowCount() - 1});
-    return moves;
-}
-
-QVector<Move> movesForward(const Items &items)
-{
-    QVector<Move> moves;
-    int limit = 0; // items that are in front already stay there, in their order
-    for (CItemModel *each : items) {
-        moves.append({each, std::max(each->row() - 1, limit)});
-        ++limit;
-    }
-    return moves;
-}
-
-QVector<Move> movesBackward(const CItemModel &screen, const Items &items)
-{
-    QVector<Move> moves;
-    int limit = screen.rowCount() - 1;
-    for (auto each = items.crbegin(); each != items.crend(); ++each) {
-        moves.append({*each, std::min((*each)->row() + 1, limit)});
-        --limit;
-    }
-    return moves;
-}
-
-QVector<Move> movesOf(const Items &items, ItemOperations::EOrder where)
-{
-    const CItemModel &screen = *items.constFirst()->parentItem();
+    const int count = items.size();
+    const int end = items.constFirst()->parent()->rowCount();
+    RowOperations::Rows rows = RowOperations::rowsOf(items);
     switch (where) {
     case ItemOperations::EOrder::ToFront:
-        return movesToFront(items);
+        return RowOperations::span(0, count);
     case ItemOperations::EOrder::ToBack:
-        return movesToBack(screen, items);
-    case ItemOperations::EOrder::Forward:
-        return movesForward(items);
+        return RowOperations::span(end - count, count);
+    case ItemOperations::EOrder::Forward: // what is in front already stays there
+        for (int index = 0; index < count; ++index)
+            rows[index] = std::max(rows.at(index) - 1, index);
+        return rows;
     default:
-        return movesBackward(screen, items);
+        for (int index = 0; index < count; ++index)
+            rows[index] = std::min(rows.at(index) + 1, end - count + index);
+        return rows;
     }
 }
 
@@ -126,6 +73,28 @@ QString textOf(ItemOperations::EOrder where)
     }
 }
 
+/// The items of each parent, front first, in the order of the parents. One walk through the rows
+/// instead of a search for each.
+QVector<Items> byParent(const Items &items)
+{
+    QMap<QPair<int, const QStandardItem *>, QSet<const CItemModel *>> parents;
+    for (CItemModel *each : items) {
+        const QStandardItem *parent = RowOperations::parentOf(*each);
+        parents[{each->parent() ? parent->row() : -1, parent}].insert(each);
+    }
+    QVector<Items> sorted;
+    for (auto wanted = parents.cbegin(); wanted != parents.cend(); ++wanted) {
+        const QStandardItem *parent = wanted.key().second;
+        sorted.append(Items());
+        for (int row = 0; row < parent->rowCount(); ++row) {
+            auto *item = const_cast<CItemModel *>(CItemModel::fromItem(parent->child(row)));
+            if (wanted->contains(item))
+                sorted.last().append(item);
+        }
+    }
+    return sorted;
+}
+
 /// The items of each screen, front first.
 QVector<Items> byScreen(Items items)
 {
@@ -133,17 +102,7 @@ QVector<Items> byScreen(Items items)
         return !each->parentItem() || each->isGrouped();
     };
     items.erase(std::remove_if(items.begin(), items.end(), isNoScreensItem), items.end());
-    std::sort(items.begin(), items.end(), [](const CItemModel *left, const CItemModel *right) {
-        return std::make_pair(left->parent()->row(), left->row()) <
-               std::make_pair(right->parent()->row(), right->row());
-    });
-    QVector<Items> screens;
-    for (CItemModel *each : qAsConst(items)) {
-        if (screens.isEmpty() || screens.constLast().constFirst()->parent() != each->parent())
-            screens.append(Items());
-        screens.last().append(each);
-    }
-    return screens;
+    return byParent(items);
 }
 
 /// Of the page that items were copied from; its width and height. What reads only the items does
@@ -170,12 +129,29 @@ void unlockMembers(CItemModel &parent)
 }
 } // namespace
 
+Items ItemOperations::inOrder(const Items &items)
+{
+    Items ordered;
+    for (const Items &each : byParent(items))
+        ordered += each;
+    return ordered;
+}
+
 void ItemOperations::order(const Items &items, EOrder where)
 {
-    QVector<Move> moves;
-    for (const Items &each : byScreen(items))
-        moves += movesOf(each, where);
-    record(moves, textOf(where));
+    QVector<CCommandOrderItem *> moves;
+    for (const Items &each : byScreen(items)) {
+        const RowOperations::Rows rows = newRows(each, where);
+        if (rows != RowOperations::rowsOf(each))
+            moves.append(new CCommandOrderItem(each, rows));
+    }
+    if (moves.isEmpty())
+        return;
+    QUndoStack &stack = *items.constFirst()->project()->undoStack();
+    stack.beginMacro(textOf(where));
+    for (CCommandOrderItem *each : qAsConst(moves))
+        stack.push(each);
+    stack.endMacro();
 }
 
 void ItemOperations::toggleLock(const Items &items)
@@ -200,9 +176,7 @@ CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, cons
 {
     if (items.size() < 2)
         return nullptr;
-    int front = items.constFirst()->row();
-    for (const CItemModel *each : items)
-        front = std::min(front, each->row());
+    const RowOperations::Rows rows = RowOperations::rowsOf(byParent(items).constFirst());
     auto *made = new CWidgetGroupModel(screen.library(), screen.observer());
     const auto quiet = CItemModel::Notify::No; // it is in no tree yet
     made->setProperty(PropertyKey::Name, ItemNames::unused(made->name(), ItemNames::below(screen)),
@@ -212,9 +186,8 @@ CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, cons
 
     QUndoStack &stack = stackOf(screen);
     stack.beginMacro(QObject::tr("Group Selected Items"));
-    for (auto each = items.crbegin(); each != items.crend(); ++each) // each goes to the front
-        stack.push(new CCommandGroupItem(&screen, made, (*each)->row()));
-    stack.push(new CCommandInsertItem(&screen, made, front));
+    stack.push(new CCommandGroupItem(&screen, made, rows));
+    stack.push(new CCommandInsertItem(&screen, made, rows.constFirst()));
     stack.endMacro();
     return made;
 }
@@ -232,11 +205,13 @@ Items ItemOperations::ungroup(CScreenModel &screen, const Items &items)
     QUndoStack &stack = stackOf(screen);
     stack.beginMacro(QObject::tr("Ungroup Selected Items"));
     for (CItemModel *each : qAsConst(groups)) {
-        while (each->rowCount() > 0) {
-            members.append(each->childItem(0));
-            stack.push(new CCommandUngroupItem(&screen, each, 0, each->row()));
-        }
-        stack.push(new CCommandDeleteItem(each));
+        const int count = each->rowCount();
+        for (int row = 0; row < count; ++row)
+            members.append(each->childItem(row));
+        if (count > 0)
+            stack.push(
+                new CCommandUngroupItem(&screen, each, RowOperations::span(0, count), each->row()));
+        stack.push(new CCommandDeleteItem({each}));
     }
     stack.endMacro();
     return members;
@@ -248,11 +223,13 @@ void ItemOperations::remove(const Items &items, const QString &macroText)
         return;
     QUndoStack &stack = *items.constFirst()->project()->undoStack();
     stack.beginMacro(macroText);
-    for (CItemModel *each : items) {
-        if (each->kind() == CItemModel::Kind::Screen)
-            stack.push(new CCommandDeleteScreen(static_cast<CScreenModel *>(each)));
-        else
+    for (const Items &each : byParent(items)) {
+        if (each.constFirst()->parent()) {
             stack.push(new CCommandDeleteItem(each));
+            continue;
+        }
+        for (CItemModel *screen : each)
+            stack.push(new CCommandDeleteScreen(static_cast<CScreenModel *>(screen)));
     }
     stack.endMacro();
 }
@@ -266,9 +243,9 @@ Items ItemOperations::bringTo(CScreenModel &screen, const Items &items)
         if ((*each)->parentItem() == &screen)
             continue;
         CItemModel *const here = (*each)->clone(); // what was deleted belongs to its command
-        stack.push(new CCommandDeleteItem(*each));
+        ItemNames::makeUnique(*here, taken);
+        stack.push(new CCommandDeleteItem({*each}));
         stack.push(new CCommandAddItem(&screen, here));
-        ItemNames::makeUnique(*here, taken, stack);
         *each = here;
     }
     return brought;
@@ -314,38 +291,28 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
         *problem = error.isEmpty() ? images.missing() : error;
     if (!error.isEmpty())
         return {};
-    // Ids and place are settled before the command is made: they are no change of the pasted items.
-    CScreenModel holding(screen.project());
-    holding.loadFromElement(copied);
-    unlockMembers(holding);
-    screen.project()->assignFreshIds(&holding);
-    const int count = holding.rowCount();
+    // Ids, names and place are settled before the command is made: they are no change of the pasted
+    // items.
+    auto holding = std::make_unique<CScreenModel>(screen.project());
+    holding->loadFromElement(copied);
+    unlockMembers(*holding);
+    screen.project()->assignFreshIds(holding.get());
+    const int count = holding->rowCount();
     reason = count == 0 ? CScreenView::tr("There is no widget in it.")
-                        : ScreenDocuments::savingRefusal(holding);
+                        : ScreenDocuments::savingRefusal(*holding);
     if (!reason.isEmpty()) {
         images.takeBack();
         return refuse(reason);
     }
     Items copies;
     for (int row = 0; row < count; ++row)
-        copies.append(holding.childItem(row));
+        copies.append(holding->childItem(row));
     const QPoint by = PastePlace::offset(copies, screen, pageSizeOf(data));
-    for (CItemModel *each : qAsConst(copies))
-        PastePlace::move(*each, by);
-    QDomDocument document;
-    QDomElement renumbered = document.createElement(copied.tagName());
-    holding.saveToElement(renumbered);
-
     ItemNames::Names taken = ItemNames::below(screen);
-    QUndoStack &stack = stackOf(screen);
-    Items pasted;
-    stack.beginMacro(QObject::tr("Paste"));
-    stack.push(new CCommandPaste(&screen, renumbered));
-    for (int row = 0; row < count; ++row) {
-        CItemModel *item = screen.childItem(row);
-        ItemNames::makeUnique(*item, taken, stack);
-        pasted.append(item);
+    for (CItemModel *each : qAsConst(copies)) {
+        PastePlace::move(*each, by);
+        ItemNames::makeUnique(*each, taken);
     }
-    stack.endMacro();
-    return pasted;
+    stackOf(screen).push(new CCommandPaste(&screen, std::move(holding)));
+    return copies;
 }

@@ -13,6 +13,9 @@ class QPoint;
 namespace ItemOperations {
 using Items = QVector<CItemModel *>;
 
+/// Items of any screens, and screens, in the order of their pages and of the rows there.
+Items inOrder(const Items &items);
+
 enum class EOrder { ToFront, ToBack, Forward, Backward };
 /// Items of any screens, in any order; each stays on its screen. Screens among them are left alone.
 void order(const Items &items, EOrder where);

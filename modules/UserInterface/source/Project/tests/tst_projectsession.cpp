@@ -273,7 +273,7 @@ private Q_SLOTS:
         CProjectModel *project = m_session->project();
         CScreenModel *screen = project->screen(0);
         // Undoing brings back an item that was away, and a value of the old folder.
-        project->undoStack()->push(new CCommandDeleteItem(screen->childItem(2)));
+        project->undoStack()->push(new CCommandDeleteItem({screen->childItem(2)}));
         CItemModel *sky = screen->childItem(0);
         project->undoStack()->push(
             new CCommandChangeItemProperty(sky, PropertyKey::BitmapFolder, "older_ConvertedImages",

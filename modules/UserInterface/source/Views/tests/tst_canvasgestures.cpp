@@ -44,14 +44,7 @@ private Q_SLOTS:
         canvas.show();
         canvas.select({item});
         const QByteArray before = savedBytes(*canvas.project);
-        QGraphicsItem *dragged = nullptr;
-        int seen = 0;
-        for (QGraphicsItem *child : canvas.viewOf(item)->childItems()) {
-            if (child->data(CanvasRole::RoleKey).toInt() != CanvasRole::Handle)
-                continue;
-            if (seen++ == handle)
-                dragged = child;
-        }
+        QGraphicsItem *dragged = canvas.viewOf(item)->handles().value(handle);
         QVERIFY(dragged);
         if (!dragged->isVisible()) { // the height is not the item's own
             QCOMPARE(type, QString("Kiv_Toggle_T"));

@@ -274,8 +274,8 @@ bool tst_RandomGestures::gesture(Canvas &canvas)
         [&] { QVERIFY(isFree || pressed->hasPointList()); }(); // also the smallest can be taken
         QVector<QGraphicsItem *> handles;
         for (QGraphicsItem *each :
-             pressed ? canvas.viewOf(pressed)->childItems() : QList<QGraphicsItem *>()) {
-            if (each->isVisible() && each->data(CanvasRole::RoleKey).toInt() == CanvasRole::Handle)
+             pressed ? canvas.viewOf(pressed)->handles() : QVector<QGraphicsItem *>()) {
+            if (each->isVisible())
                 handles.append(each);
         }
         if (kind == HandleDrag && !handles.isEmpty()) {
@@ -334,8 +334,8 @@ bool tst_RandomGestures::gesture(Canvas &canvas)
                          each->places[key] + (movesWith(each.key(), pressed) ? along : 0));
             }
         }
-        const bool isBand = pressed && pressed->isLocked() &&
-                            kind != ControlDrag && kind != AltDrag;
+        const bool isBand =
+            pressed && pressed->isLocked() && kind != ControlDrag && kind != AltDrag;
         if (pressed && kind != Escaped && kind != ShiftDrag && !isBand)
             QCOMPARE(canvas.view->selectedItems(), expected);
         QVERIFY(!changed || (mayMove && !redrawn.isEmpty()));

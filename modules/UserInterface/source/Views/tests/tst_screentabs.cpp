@@ -91,7 +91,7 @@ private Q_SLOTS:
         QUndoStack &stack = *project->undoStack();
         QWidget *const page = tabs.widget(0);
 
-        stack.push(new CCommandOrderItem(project->screen(0), 2));
+        stack.push(new CCommandOrderItem({project->screen(0)}, {2}));
         QCOMPARE(texts(tabs), QStringList({"Page 1", "Page 2", "Page 3"}));
         QCOMPARE(tabs.widget(0), page); // the same tab, not a new one
 
