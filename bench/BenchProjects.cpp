@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 
 namespace bench {
@@ -133,6 +134,43 @@ QByteArray standardWidgets(const SStandardScreen &screen)
     addShapes(items, screen);
     addControls(items, screen);
     return items.project(screen.width, screen.height);
+}
+
+int screensFor(int widgets)
+{
+    return std::max(1, widgets <= 1000 ? 1 : widgets / 100);
+}
+
+QByteArray manyScreens(int widgets, int screens)
+{
+    static const char *const kinds[] = {"Kiv_Button_T", "Kiv_Text_T", "Kiv_Rectangle_T",
+                                        "Kiv_Circle_T", "Kiv_Progress_T"};
+    const int onFirst = screens == 1 ? widgets : std::min(MostOnFirst, widgets / 2);
+    QByteArray xml = "<Kiv_Project_T project_name=\"many\" platform=\"QX110\" width=\"1024\" "
+                     "height=\"768\">\n";
+    int number = 0;
+    for (int screen = 0; screen < screens; ++screen) {
+        const int share = screen == 0 ? onFirst : (widgets - number) / (screens - screen);
+        xml += QStringLiteral(" <Kiv_Screen_T name=\"Page %1\" color=\"#%2\">\n")
+                   .arg(screen + 1)
+                   .arg(0x101418 + screen, 6, 16, QLatin1Char('0'))
+                   .toUtf8();
+        for (int i = 0; i < share; ++i) {
+            ++number;
+            xml += QStringLiteral("  <%1 name=\"%2 %3\" id=\"%3\" x_coordinate=\"%4\" "
+                                  "y_coordinate=\"%5\"")
+                       .arg(QLatin1String(kinds[i % 5]), QLatin1String(kinds[i % 5] + 4))
+                       .arg(number)
+                       .arg(10 + i % 25 * 39)
+                       .arg(10 + i / 25 % 20 * 36)
+                       .toUtf8();
+            if (i % 5 < 2)
+                xml += " text=\"Value " + QByteArray::number(number % 1000) + "\"";
+            xml += "/>\n";
+        }
+        xml += " </Kiv_Screen_T>\n";
+    }
+    return xml + "</Kiv_Project_T>\n";
 }
 
 } // namespace bench

@@ -1,6 +1,7 @@
 #include "CProjectModel.h"
 
 #include "CScreenModel.h"
+#include "CScreenNames.h"
 #include "CWidgetLibraryManager.h"
 #include "PlatformFilter.h"
 #include "PropertyKey.h"
@@ -105,7 +106,12 @@ void CProjectModel::reset()
     m_properties.clear();
     m_imagePlaces = {};
     m_resolution = DefaultResolution;
-    m_library = CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(QString()));
+    m_library = libraryOf(QString());
+}
+
+const CWidgetLibraryModel *CProjectModel::libraryOf(const QString &platform)
+{
+    return CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(platform));
 }
 
 QString CProjectModel::propertyText(const QString &name) const
@@ -141,7 +147,7 @@ void CProjectModel::applyProjectProperty(const QString &name, const QString &tex
     } else if (name == PropertyKey::Height) {
         m_resolution.setHeight(std::max(0, text.toInt()));
     } else if (name == PropertyKey::Platform) {
-        m_library = CWidgetLibraryManager::instance().libraryModel(chipCodeOfPlatform(text));
+        m_library = libraryOf(text);
         for (int row = 0; row < rowCount(); ++row) {
             if (CScreenModel *each = screen(row))
                 each->setLibrary(m_library);
@@ -221,13 +227,7 @@ CScreenModel *CProjectModel::screen(int row) const
 
 QString CProjectModel::unusedScreenName() const
 {
-    QSet<QString> taken;
-    for (int row = 0; row < rowCount(); ++row)
-        taken.insert(item(row)->text());
-    int number = 1;
-    while (taken.contains(QStringLiteral("Page %1").arg(number)))
-        ++number;
-    return QStringLiteral("Page %1").arg(number);
+    return CScreenNames(*this).take();
 }
 
 quint32 CProjectModel::unusedId() const
@@ -243,7 +243,7 @@ void CProjectModel::assignFreshIds(CItemModel *copy) const
 
 CScreenModel *CProjectModel::buildScreen(const QDomElement &element, int row)
 {
-    CScreenModel *built = makeScreen();
+    CScreenModel *built = makeScreen(m_library);
     built->loadFromElement(element);
     if (built->name().isEmpty()) // as when a project is loaded
         built->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);

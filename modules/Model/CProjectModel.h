@@ -119,9 +119,11 @@ Q_SIGNALS:
 private:
     void reset();
     void applyProjectProperty(const QString &name, const QString &text);
-    CScreenModel *makeScreen() const;
-    void read(const QByteArray &xml);
-    static QString savingRefusal(const QByteArray &xml);
+    struct SContent;
+    static const CWidgetLibraryModel *libraryOf(const QString &platform);
+    CScreenModel *makeScreen(const CWidgetLibraryModel *library) const;
+    QString read(const QByteArray &xml, SContent &content) const;
+    QString savingRefusal(const SContent &content) const;
     void appendLoadedScreens(const QVector<CScreenModel *> &screens);
     QVector<const CWidgetProperty *> savedProperties() const;
     QString savedText(const CWidgetProperty &property, const QString &filePath) const;

@@ -1,9 +1,11 @@
 // The document of a project: reading and writing of CProjectModel.
 #include "CFileWriter.h"
+#include "CGuardedReader.h"
 #include "CProjectModel.h"
+#include "CSavedSize.h"
 #include "CScreenModel.h"
+#include "CScreenNames.h"
 #include "CXmlGuard.h"
-#include "CXmlTagScan.h"
 #include "CXmlWriter.h"
 #include "ItemXml.h"
 #include "PropertyKey.h"
@@ -12,7 +14,6 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFileInfo>
-#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -101,10 +102,10 @@ QByteArray CProjectModel::saveToBytes(QString *error, const QString &filePath) c
     return refusal.isEmpty() ? writer.bytes() : QByteArray();
 }
 
-CScreenModel *CProjectModel::makeScreen() const
+CScreenModel *CProjectModel::makeScreen(const CWidgetLibraryModel *library) const
 {
     auto *self = const_cast<CProjectModel *>(this); // the screen tells its changes to the project
-    return new CScreenModel(QString(), m_library, self);
+    return new CScreenModel(QString(), library, self);
 }
 
 /// Screens that their elements gave no name get one here.
@@ -112,9 +113,10 @@ void CProjectModel::appendLoadedScreens(const QVector<CScreenModel *> &screens)
 {
     for (CScreenModel *each : screens)
         appendRow(each);
+    CScreenNames names(*this);
     for (CScreenModel *each : screens) {
         if (each->name().isEmpty())
-            each->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);
+            each->setProperty(PropertyKey::Name, names.take(), CItemModel::Notify::No);
     }
 }
 
@@ -130,84 +132,94 @@ bool CProjectModel::load(const QDomDocument &document)
     QVector<CScreenModel *> screens;
     QDomElement element = project.firstChildElement(TypeName::Screen);
     for (; !element.isNull(); element = element.nextSiblingElement(TypeName::Screen)) {
-        screens.append(makeScreen());
+        screens.append(makeScreen(m_library));
         screens.last()->loadFromElement(element);
     }
     appendLoadedScreens(screens);
     return !project.isNull();
 }
 
+/// What a document holds, before it is a project's.
+struct CProjectModel::SContent
+{
+    ItemAttributes properties;
+    std::vector<std::unique_ptr<CScreenModel>> screens;
+};
+
 bool CProjectModel::isProjectDocument(const QByteArray &xml, QString *error)
 {
-    const QString refusal = CXmlGuard::check(xml);
-    if (!refusal.isEmpty()) {
-        setError(error, refusal);
-        return false;
-    }
-    QXmlStreamReader reader(xml);
-    reader.setNamespaceProcessing(false);
-    reader.readNextStartElement();
-    if (reader.qualifiedName() == TypeName::Project) {
-        const QString unsaveable = savingRefusal(xml);
-        setError(error, unsaveable);
-        return unsaveable.isEmpty();
-    }
-    setError(error, tr("The root element is %1 instead of %2.")
-                        .arg(reader.qualifiedName().toString(), TypeName::Project));
-    return false;
+    return CProjectModel().loadFromBytes(xml, error);
 }
 
 bool CProjectModel::loadFromBytes(const QByteArray &xml, QString *error)
 {
-    setError(error, QString());
-    if (!isProjectDocument(xml, error))
+    SContent content;
+    QString refusal = read(xml, content);
+    if (refusal.isEmpty())
+        refusal = savingRefusal(content);
+    setError(error, refusal);
+    if (!refusal.isEmpty())
         return false;
 
-    read(xml);
+    reset();
+    for (const ItemAttribute &each : qAsConst(content.properties))
+        setProjectProperty(each.name, each.text);
+    QVector<CScreenModel *> screens;
+    for (std::unique_ptr<CScreenModel> &each : content.screens)
+        screens.append(each.release());
+    appendLoadedScreens(screens);
     return true;
+}
+
+/// The reason why the document is no project's, or nothing. The project stays as it is.
+QString CProjectModel::read(const QByteArray &xml, SContent &content) const
+{
+    CGuardedReader reader(xml);
+    reader.readNextStartElement();
+    const QString root = reader.tag().toString();
+    const bool isProject = root == TypeName::Project;
+    if (isProject) {
+        const QXmlStreamAttributes attributes = reader.attributes();
+        QString platform;
+        for (const QXmlStreamAttribute &each : attributes) {
+            content.properties.append({each.qualifiedName().toString(), each.value().toString()});
+            if (each.qualifiedName() == PropertyKey::Platform)
+                platform = each.value().toString();
+        }
+        const CWidgetLibraryModel *library = libraryOf(platform);
+        while (reader.readNextStartElement()) {
+            if (reader.tag() != TypeName::Screen) {
+                reader.skipCurrentElement();
+                continue;
+            }
+            content.screens.emplace_back(makeScreen(library));
+            ItemXml::read(*content.screens.back(), reader);
+        }
+    }
+    reader.skipRest();
+    if (!reader.refusal().isEmpty() || isProject)
+        return reader.refusal();
+    return tr("The root element is %1 instead of %2.").arg(root, TypeName::Project);
 }
 
 /// Items gain what their kind has and the document leaves out, so a document that may be read can
 /// become one that may not be written. A user must not learn that after hours of work.
-QString CProjectModel::savingRefusal(const QByteArray &xml)
+QString CProjectModel::savingRefusal(const SContent &content) const
 {
-    constexpr int ownAttributes = 200; // of an item; no kind has as many
-    constexpr qint64 ownBytes = 4096;  // what they take up
-    const CXmlTagScan tags(xml);
-    const qint64 elements = xml.count('<');
-    const bool isFarFromLimits =
-        tags.mostInOneElement() + ownAttributes <= CXmlGuard::MaxAttributesOfElement &&
-        tags.attributes() + elements * ownAttributes <= CXmlGuard::MaxAttributes &&
-        xml.size() + elements * ownBytes <= CXmlGuard::MaxBytes;
-    if (isFarFromLimits)
+    CSavedSize size;
+    size.add(content.properties);
+    for (const std::unique_ptr<CScreenModel> &each : content.screens)
+        size.add(*each);
+    if (size.isWithinLimits())
         return {};
-    CProjectModel trial;
-    trial.read(xml);
-    QString refusal;
-    trial.saveToBytes(&refusal);
-    return refusal;
-}
-
-/// A document that was let through.
-void CProjectModel::read(const QByteArray &xml)
-{
-    reset();
-    QXmlStreamReader reader(xml);
-    reader.setNamespaceProcessing(false);
-    reader.readNextStartElement();
-    const QXmlStreamAttributes attributes = reader.attributes();
-    for (const QXmlStreamAttribute &each : attributes)
-        setProjectProperty(each.qualifiedName().toString(), each.value().toString());
-    QVector<CScreenModel *> screens;
-    while (reader.readNextStartElement()) {
-        if (reader.qualifiedName() != TypeName::Screen) {
-            reader.skipCurrentElement();
-            continue;
-        }
-        screens.append(makeScreen());
-        ItemXml::read(*screens.last(), reader);
-    }
-    appendLoadedScreens(screens);
+    CXmlWriter writer; // what it comes to exactly
+    writer.startElement(TypeName::Project);
+    for (const ItemAttribute &each : content.properties)
+        writer.attribute(each.name, each.text);
+    for (const std::unique_ptr<CScreenModel> &each : content.screens)
+        ItemXml::write(*each, TypeName::Screen, FolderForm::Relative, writer);
+    writer.endElement();
+    return CXmlGuard::check(writer.bytes());
 }
 
 bool CProjectModel::saveToFile(const QString &filePath, QString *error) const

@@ -1,6 +1,7 @@
 #include "CWidgetProperty.h"
 
 #include <QColor>
+#include <QHash>
 #include <QTime>
 
 #include <cmath>
@@ -47,11 +48,24 @@ double finiteOf(const QString &text)
     return std::isfinite(number) ? number : 0.0;
 }
 
+/// UTF-8. Most values are plain ASCII, which has its place at once.
+QByteArray utf8Of(const QString &text)
+{
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char *target = bytes.data();
+    ushort seen = 0;
+    for (const QChar character : text) {
+        seen |= character.unicode();
+        *target++ = static_cast<char>(character.unicode());
+    }
+    return seen < 0x80 ? bytes : text.toUtf8();
+}
+
 QByteArray textOf(const QVariant &value)
 {
     switch (value.userType()) {
     case QMetaType::QString:
-        return value.toString().toUtf8();
+        return utf8Of(value.toString());
     case QMetaType::Int:
         return QByteArray::number(value.toInt());
     case QMetaType::QTime: // the variant's own conversion adds milliseconds
@@ -72,9 +86,30 @@ CWidgetProperty::CWidgetProperty() : m_definition(emptyDefinition())
 {
 }
 
-CWidgetProperty::CWidgetProperty(const QString &name, PropertyType type)
-    : m_definition(new Definition)
+/// Thousands of items have the same attributes that no library knows, so their names are kept once.
+QSharedDataPointer<CWidgetProperty::Definition>
+CWidgetProperty::definitionOfText(const QString &name)
 {
+    constexpr int most = 4096; // names that a hostile document makes up are not kept for ever
+    static QHash<QString, QSharedDataPointer<Definition>> known;
+    const auto found = known.constFind(name);
+    if (found != known.constEnd())
+        return *found;
+    if (known.size() >= most)
+        known.clear();
+    QSharedDataPointer<Definition> made(new Definition);
+    made->name = name;
+    made->nameUtf8 = name.toUtf8();
+    known.insert(name, made);
+    return made;
+}
+
+CWidgetProperty::CWidgetProperty(const QString &name, PropertyType type)
+    : m_definition(type == PropertyType::String ? definitionOfText(name)
+                                                : QSharedDataPointer<Definition>(new Definition))
+{
+    if (type == PropertyType::String)
+        return;
     setName(name);
     setType(type);
 }
@@ -153,8 +188,18 @@ void CWidgetProperty::setValue(const QVariant &value)
     }
 }
 
+bool CWidgetProperty::isValueOfText(const QString &text) const
+{
+    const bool isText = propertyType() == PropertyType::String ||
+                        propertyType() == PropertyType::Enum || propertyType() == PropertyType::Rgb;
+    return isText && m_value.userType() == QMetaType::QString &&
+           *static_cast<const QString *>(m_value.constData()) == text;
+}
+
 void CWidgetProperty::setValueFromText(const QString &text)
 {
+    if (isValueOfText(text))
+        return; // copies go on sharing it
     switch (propertyType()) {
     case PropertyType::Int:
         setValue(text.toInt());

@@ -72,6 +72,8 @@ public:
 private:
     struct Definition;
     static const QSharedDataPointer<Definition> &emptyDefinition();
+    static QSharedDataPointer<Definition> definitionOfText(const QString &name);
+    bool isValueOfText(const QString &text) const;
 
     QSharedDataPointer<Definition> m_definition;
     QVariant m_value;

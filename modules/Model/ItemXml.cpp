@@ -1,11 +1,13 @@
 #include "ItemXml.h"
 
+#include "CGuardedReader.h"
 #include "CItemModel.h"
 #include "CXmlWriter.h"
 #include "XmlText.h"
 
 #include <QDomDocument>
-#include <QXmlStreamReader>
+
+#include <array>
 
 namespace {
 ItemAttributes attributesOf(const QDomElement &element)
@@ -20,13 +22,27 @@ ItemAttributes attributesOf(const QDomElement &element)
     return attributes;
 }
 
-ItemAttributes attributesOf(const QXmlStreamReader &reader)
+/// The same few names come again with every item.
+QString sharedName(const QStringRef &name)
+{
+    constexpr size_t places = 512;
+    static std::array<QString, places> known;
+    uint place = static_cast<uint>(name.size());
+    for (const QChar character : name)
+        place = place * 31 + character.unicode();
+    QString &kept = known[place % places];
+    if (name != kept)
+        kept = name.toString();
+    return kept;
+}
+
+ItemAttributes attributesOf(const CGuardedReader &reader)
 {
     const QXmlStreamAttributes source = reader.attributes();
     ItemAttributes attributes;
     attributes.reserve(source.size());
     for (const QXmlStreamAttribute &each : source)
-        attributes.append({each.qualifiedName().toString(), each.value().toString()});
+        attributes.append({sharedName(each.qualifiedName()), each.value().toString()});
     return attributes;
 }
 } // namespace
@@ -45,7 +61,7 @@ void ItemXml::read(CItemModel &item, const QDomElement &element)
     item.appendChildren(children);
 }
 
-void ItemXml::read(CItemModel &item, QXmlStreamReader &reader)
+void ItemXml::read(CItemModel &item, CGuardedReader &reader)
 {
     item.load(attributesOf(reader));
     if (!item.canHaveChildren()) {
@@ -54,7 +70,7 @@ void ItemXml::read(CItemModel &item, QXmlStreamReader &reader)
     }
     QVector<CItemModel *> children;
     while (reader.readNextStartElement()) {
-        children.append(item.makeChild(reader.qualifiedName().toString()));
+        children.append(item.makeChild(sharedName(reader.tag())));
         read(*children.last(), reader);
     }
     item.appendChildren(children);

@@ -2,18 +2,18 @@
 
 #include "ItemAttributes.h"
 
+class CGuardedReader;
 class CItemModel;
 class CXmlWriter;
 class QDomElement;
-class QXmlStreamReader;
 
 /// Items as XML elements: an element stands for an item, an attribute for a property. Whole
 /// projects go through the streams, pieces of documents through DOM elements; both mean the same.
-/// What is read must have passed CXmlGuard.
+/// Elements must have passed CXmlGuard.
 namespace ItemXml {
 void read(CItemModel &item, const QDomElement &element);
-/// From the start tag that the reader stands at to its end tag.
-void read(CItemModel &item, QXmlStreamReader &reader);
+/// From the start tag that the reader stands at to its end tag, or to where it is refused.
+void read(CItemModel &item, CGuardedReader &reader);
 
 /// Folders are written as for the project's own document.
 void write(const CItemModel &item, QDomElement &element);

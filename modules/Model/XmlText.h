@@ -14,4 +14,6 @@ bool isAttributeName(const QByteArray &text);
 /// Appends the value of an attribute, markup escaped and without the characters that XML cannot
 /// hold. Line breaks and tabulators are escaped too, since readers would turn them to spaces.
 void appendEscaped(QByteArray &target, const QByteArray &text);
+/// How many bytes that appends, at most.
+int escapedSize(const QByteArray &text);
 } // namespace XmlText

@@ -88,11 +88,48 @@ const QByteArray &project()
     return xml;
 }
 
+/// As many as `count`, none with a name.
+const QByteArray &unnamedScreens(int count)
+{
+    static QHash<int, QByteArray> made;
+    QByteArray &xml = made[count];
+    if (xml.isEmpty())
+        xml = "<Kiv_Project_T>" + QByteArray("<Kiv_Screen_T/>\n").repeated(count) +
+              "</Kiv_Project_T>";
+    return xml;
+}
+
+/// Some 30 MB of attributes that no kind has, 400 an element.
+const QByteArray &attributes()
+{
+    static QByteArray xml;
+    if (!xml.isEmpty())
+        return xml;
+    QByteArray element = "<Bench_Gauge_T";
+    for (int i = 0; i < 400; ++i)
+        element += " a" + QByteArray::number(i) + "=\"" + QByteArray::number(i * 7) + '"';
+    xml = "<Kiv_Project_T><Kiv_Screen_T>" + (element + "/>\n").repeated(6200) +
+          "</Kiv_Screen_T></Kiv_Project_T>";
+    return xml;
+}
+
+const QByteArray &documentOf(const benchmark::State &state)
+{
+    switch (state.range(0)) {
+    case 0:
+        return project();
+    case 1:
+        return attributes();
+    default:
+        return unnamedScreens(static_cast<int>(state.range(0)));
+    }
+}
+
 void domParse(benchmark::State &state)
 {
     for (auto _ : state) {
         QDomDocument document;
-        benchmark::DoNotOptimize(document.setContent(project()));
+        benchmark::DoNotOptimize(document.setContent(documentOf(state)));
         state.PauseTiming(); // loading only; neither side's time holds the taking down
         document.clear();
         state.ResumeTiming();
@@ -109,7 +146,7 @@ void modelLoad(benchmark::State &state)
 {
     for (auto _ : state) {
         CProjectModel model;
-        if (!model.loadFromBytes(project(), nullptr))
+        if (!model.loadFromBytes(documentOf(state), nullptr))
             state.SkipWithError("not loaded");
         state.PauseTiming();
         model.clear();
@@ -133,9 +170,10 @@ void modelSave(benchmark::State &state)
         benchmark::DoNotOptimize(model.saveToBytes(nullptr));
 }
 
-BENCHMARK(domParse)->Unit(benchmark::kMillisecond);
+// 0: the project; 1: the attributes; else: so many screens without a name.
+BENCHMARK(domParse)->Unit(benchmark::kMillisecond)->Arg(0)->Arg(1000)->Arg(10000)->Arg(1);
 BENCHMARK(guardAlone)->Unit(benchmark::kMillisecond);
-BENCHMARK(modelLoad)->Unit(benchmark::kMillisecond);
+BENCHMARK(modelLoad)->Unit(benchmark::kMillisecond)->Arg(0)->Arg(1000)->Arg(10000)->Arg(1);
 BENCHMARK(domWrite)->Unit(benchmark::kMillisecond);
 BENCHMARK(modelSave)->Unit(benchmark::kMillisecond);
 } // namespace
