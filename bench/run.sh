@@ -34,6 +34,7 @@ for name in "${names[@]}"; do
     case $name in
     bench_executor | bench_bitmaps) taskset -c "$core" "$program" ;; # print medians themselves
     bench_canvas | bench_bulk | bench_export) "$program" 2>/dev/null ;; # on all cores, as they are used
+    bench_sizes) "$program" 2> >(grep ' ms ') ;;
     bench_startup) # with a screen that it looks at, and that the editor is shown on
         QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1600x1000x24" "$program" 2>/dev/null ;;
     *) medians "$program" ;;

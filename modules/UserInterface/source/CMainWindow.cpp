@@ -93,9 +93,9 @@ CMainWindow::CMainWindow(const QString &file)
     m_updater = new CUpdater(ProgramInfo::Version, this);
     m_updater->check(CUpdater::EMode::Silent);
     m_menuBar->action(CMenuBar::Updates)->setEnabled(m_updater->isConfigured());
-    QFile named(file);
-    const bool isOpen = named.exists() && validateProjectFile(named) && openProjectFile(file);
-    if (isOpen && !m_session->leftWork().isEmpty()) // the start page, which offers it, is not seen
+    if (QFile::exists(file))
+        m_session->open(file);
+    if (project() && !m_session->leftWork().isEmpty()) // the start page, which offers it, is not seen
         m_user->showNotice(
             tr("Unsaved work of a session that ended unexpectedly is kept. The start "
                "page offers it: close the project to see it."));

@@ -61,17 +61,29 @@ void CProjectSession::setWorkingDirectory(const QString &folder)
 
 bool CProjectSession::validate(const QFile &file) const
 {
+    return readChecked(file.fileName()).project != nullptr;
+}
+
+/// No project, and an error has been shown, when the file holds none.
+CProjectSession::SRead CProjectSession::readChecked(const QString &path) const
+{
     QString reason;
-    const auto bytes = CXmlGuard::readFile(file.fileName(), &reason);
-    if (bytes && CProjectModel::isProjectDocument(*bytes, &reason))
-        return true;
+    const auto bytes = CXmlGuard::readFile(path, &reason);
+    SRead read{bytes.value_or(QByteArray()), std::make_unique<CProjectModel>()};
+    if (bytes && read.project->loadFromBytes(*bytes, &reason))
+        return read;
     m_user->showError(bytes ? tr("The specified file is not a valid project file.")
                             : tr("Could not open specified project file."),
                       reason);
-    return false;
+    return {};
 }
 
 bool CProjectSession::openFile(const QString &path)
+{
+    return openFile(path, {});
+}
+
+bool CProjectSession::openFile(const QString &path, SRead checked)
 {
     auto file = std::make_unique<CProjectFile>(path);
     if (isSameFile(file->path(), this->path()))
@@ -80,9 +92,9 @@ bool CProjectSession::openFile(const QString &path)
     auto lock = lockFor(file->path(), &given);
     if (!given)
         return false;
-    auto project = std::make_unique<CProjectModel>();
     bool isRecovered = false;
-    if (!load(project.get(), file.get(), *lock, &isRecovered))
+    auto project = load(file.get(), *lock, std::move(checked), &isRecovered);
+    if (!project)
         return false;
 
     discard(EEnd::BrokenOff);
@@ -132,8 +144,10 @@ void CProjectSession::tellIfUnprotected(CProjectLock::EResult result, const QStr
                                .arg(QDir::toNativeSeparators(CProjectLock::lockPath(path))));
 }
 
-bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
-                           bool *isRecovered)
+/// What was read for the check is taken unless another process has written since then: only now
+/// the file is locked. Null, and an error has been shown, when it cannot be opened.
+std::unique_ptr<CProjectModel> CProjectSession::load(CProjectFile *file, const CProjectLock &lock,
+                                                     SRead checked, bool *isRecovered)
 {
     if (lock.deadSession())
         file->removeOrphans(*lock.deadSession());
@@ -144,12 +158,16 @@ bool CProjectSession::load(CProjectModel *project, CProjectFile *file, const CPr
     *isRecovered = bytes && saved && m_user->openSavedVersion(file->path());
     if (*isRecovered)
         bytes = saved;
-    if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
-        m_user->showError(tr("Could not open specified project file."), reason);
-        return false;
+    std::unique_ptr<CProjectModel> project = std::move(checked.project);
+    if (!project || bytes != checked.bytes) {
+        project = std::make_unique<CProjectModel>();
+        if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
+            m_user->showError(tr("Could not open specified project file."), reason);
+            return nullptr;
+        }
     }
     project->setWorkingDirectory(QFileInfo(file->path()).absolutePath());
-    return true;
+    return project;
 }
 
 void CProjectSession::activate(std::unique_ptr<CProjectModel> project)
@@ -171,8 +189,9 @@ void CProjectSession::open()
 
 void CProjectSession::open(const QString &path)
 {
-    if (validate(QFile(path)) && close())
-        openFile(path);
+    SRead checked = readChecked(path);
+    if (checked.project && close())
+        openFile(path, std::move(checked));
 }
 
 void CProjectSession::newProject()

@@ -107,8 +107,17 @@ private:
 
     void tellIfUnprotected(CProjectLock::EResult result, const QString &path) const;
     std::unique_ptr<CProjectLock> lockFor(const QString &path, bool *given);
-    bool load(CProjectModel *project, CProjectFile *file, const CProjectLock &lock,
-              bool *isRecovered);
+    /// What a file holds, read once for checking and opening it.
+    struct SRead
+    {
+        QByteArray bytes;
+        std::unique_ptr<CProjectModel> project; ///< null: it could not be opened
+    };
+
+    SRead readChecked(const QString &path) const;
+    bool openFile(const QString &path, SRead checked);
+    std::unique_ptr<CProjectModel> load(CProjectFile *file, const CProjectLock &lock, SRead checked,
+                                        bool *isRecovered);
     void activate(std::unique_ptr<CProjectModel> project);
     void activateUnsaved(std::unique_ptr<CProjectModel> project,
                          std::unique_ptr<CRecoveryCopy> copy);
