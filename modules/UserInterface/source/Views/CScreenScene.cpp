@@ -62,12 +62,26 @@ void CScreenScene::detach()
     m_gesture.clear();
     m_move.reset();
     forgetPress();
-    qDeleteAll(m_views);
+    deleteViews();
     m_views.clear();
     m_order.clear();
     m_dueGroups.clear();
     m_isOrderDue = false;
     m_screen = nullptr;
+}
+
+/// All at once: of views that go one by one each is looked for in the list of all items.
+void CScreenScene::deleteViews()
+{
+    for (QGraphicsItem *kept : {static_cast<QGraphicsItem *>(m_snapCross),
+                                static_cast<QGraphicsItem *>(m_frame)}) {
+        if (kept)
+            removeItem(kept);
+    }
+    QGraphicsScene::clear();
+    addItem(m_snapCross);
+    if (m_frame)
+        addItem(m_frame);
 }
 
 CItemView *CScreenScene::viewOf(const CItemModel *item) const

@@ -97,6 +97,7 @@ private:
     bool isBelowScreen(const QStandardItem *item) const;
     void addViews(CItemModel *item);
     void removeViews(const CItemModel *item);
+    void deleteViews();
     const QVector<CItemView *> &order() const;
     void restack() const;
     void settleGroups() const;
