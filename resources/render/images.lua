@@ -30,15 +30,6 @@ function converted_image(folder, basename, format, suffix, w, h)
   end
 end
 
--- A picture or the first frame of a film, decoded by the chip; nil as above.
-function media_image(folder, basename, suffix, mono)
-  if basename == "" then
-    report("no picture or film is set")
-  else
-    return load_image(asset_path(folder, basename, nil, suffix), mono)
-  end
-end
-
 -- An image scaled to a box and tinted; the placeholder when there is none.
 function show_image(picture, x, y, w, h, tint, filter, symbol_name, caption)
   if not picture then

@@ -65,14 +65,6 @@ function knob(x, y, r, fill, ring)
   disc(x, y, max(r - 2, r / 2))
 end
 
--- The head of an arrow whose tip is at x2, y2.
-function arrow_head(x1, y1, x2, y2, size)
-  local a = math.atan(y2 - y1, x2 - x1)
-  local bx, by = x2 - size * cos(a), y2 - size * sin(a)
-  local dx, dy = size * 0.6 * sin(a), -size * 0.6 * cos(a)
-  polyline({ bx + dx, by + dy, x2, y2, bx - dx, by - dy })
-end
-
 -- The points of a "pointlist" moved to their widget's position. What is no point is left out.
 function placed_points(list, x, y)
   local well_formed, points = pcall(split_points, list, x, y)
@@ -89,23 +81,6 @@ function placed_points(list, x, y)
     end
   end
   return points
-end
-
--- A filled flash with an edge that sets it off from what is behind.
-function flash(x, y, size, c, edge)
-  if size < 6 then
-    return
-  end
-  local s = size / 24
-  local points = { 13.2, 3, 5.5, 13.6, 11.4, 13.6, 10.6, 21, 18.5, 10.2, 12.5, 10.2 }
-  for i = 1, #points, 2 do
-    points[i], points[i + 1] = x + (points[i] - 12) * s, y + (points[i + 1] - 12) * s
-  end
-  color(edge)
-  line_width(clamp(4 * s, 1, 6))
-  polyline(points, true)
-  color(c)
-  polygon(points)
 end
 
 -- Turns what follows about the middle of a box when the angle asks for it.

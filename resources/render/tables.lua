@@ -37,29 +37,3 @@ function list_row(entry, x, y, w, h, pad, font, detail_font, c, detail_c, select
   end
   label(title, x + pad, y, room - (detail_w > 0 and detail_w + 8 or 0), h, font, c)
 end
-
--- Where columns start and how wide they are, from their weights; missing weights count 1.
-function column_edges(weights, count, w)
-  local edges, total = {}, 0
-  count = min(count, 32)
-  for i = 1, count do
-    weights[i] = clamp(weights[i] or 1, 0, 1000)
-    total = total + weights[i]
-  end
-  local sum = 0
-  for i = 1, count do
-    local start = total > 0 and round(w * sum / total) or 0
-    sum = sum + weights[i]
-    edges[i] = { start, (total > 0 and round(w * sum / total) or 0) - start }
-  end
-  return edges
-end
-
--- The cells of a row; the first column stands left, the others right.
-function table_row(row, x, y, h, edges, font, c)
-  local cells = split_list(row, ",")
-  for i = 1, min(#cells, #edges) do
-    local start, width = edges[i][1], edges[i][2]
-    label(cells[i], x + start, y, i == 1 and width - 6 or width, h, font, c, i == 1 and "left" or "right")
-  end
-end
