@@ -318,16 +318,6 @@ private Q_SLOTS:
         QCOMPARE(allFiles().filter(QRegularExpression("private|lake.nyx")).size(), 2); // stay
         for (const QString &each : before)
             QVERIFY2(each.endsWith(".lock") || allFiles().contains(each), qPrintable(each));
-
-        m_user->savePath = m_file; // and back again
-        QVERIFY(m_session->saveAs());
-        QCOMPARE(screen->childItem(0)->propertyText(PropertyKey::FileName), "sky.png");
-        project->undoStack()->redo();
-        project->undoStack()->redo();
-        project->undoStack()->undo();
-        QCOMPARE(readFile(project->absoluteFolder(sky->propertyText(PropertyKey::BitmapFolder)) +
-                          "/sky_DXT1.raw"),
-                 QByteArray("pixels"));
     }
 
     void saveAsThatFailsChangesNothing()
