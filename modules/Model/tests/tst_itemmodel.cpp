@@ -156,6 +156,8 @@ private Q_SLOTS:
 
     void newScreensHaveUnusedNames()
     {
+        QVERIFY(screen()->isEditable()); // in the explorer, which no widget is
+        QVERIFY(!add(newWidget(*m_project, "Test_Dot_T"))->isEditable());
         QCOMPARE(screen()->text(), "Page 1");
         m_project->appendRow(new CScreenModel(m_project.get()));
         QCOMPARE(m_project->screen(1)->text(), "Page 2");

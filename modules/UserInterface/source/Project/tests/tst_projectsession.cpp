@@ -631,6 +631,20 @@ private Q_SLOTS:
         }
     }
 
+    /// What was saved automatically into a file of before goes along to the new one.
+    void saveAsLeavesTheOldFileAsItWasSaved()
+    {
+        const QByteArray original = readFile(m_file);
+        QVERIFY(m_session->openFile(m_file));
+        change(m_session->project());
+        QCOMPARE(m_session->autosave(), EAutosave::Saved);
+        m_user->savePath = at("new");
+        QVERIFY(m_session->saveAs());
+        QCOMPARE(readFile(m_file), original);
+        QVERIFY(readFile(at("new.nyx")).contains("#112233"));
+        QCOMPARE(filesIn(m_folder->path()), QStringList({".new.nyx.lock", "demo.nyx", "new.nyx"}));
+    }
+
     void revert_data()
     {
         QTest::addColumn<bool>("answer");

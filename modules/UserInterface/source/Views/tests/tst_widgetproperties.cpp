@@ -114,6 +114,7 @@ private Q_SLOTS:
         for (int step = 0; step < 7; ++step)
             QTest::keyClick(box, Qt::Key_Up);
         QCOMPARE(stack().count(), 0);
+        QCOMPARE(box->maximum(), 128);
         QTRY_COMPARE(stack().count(), 1);
         QCOMPARE(line->propertyText("thickness"), "9");
 
