@@ -1,22 +1,82 @@
-# Modules with layers, and tests. A module may link only modules of lower layers; a wrong arrow
-# stops the configure step.
+# Modules with layers, programs and tests. A module may link only modules of lower layers; a wrong
+# arrow stops the configure step, and the test "layers" holds every #include against the same arrows.
 
-# kiv_add_module(name LAYER n DEPENDS targets... SOURCES files...)
-# Makes the static library KIV::<name>, its headers reachable for whoever links it.
+# kiv_add_module(name LAYER n [NO_QT] [SHARED] [INCLUDE folder] DEPENDS targets...
+#                [PRIVATE_DEPENDS targets...] SOURCES files... [RESOURCES files...])
+# Makes the static library KIV::<name>, its headers reachable for whoever links it, from INCLUDE or
+# else from the folder of the call. NO_QT is for code that knows no Qt. A SHARED library carries its
+# name without a prefix, as the file does.
 function(kiv_add_module name)
-  cmake_parse_arguments(arg "" "LAYER" "DEPENDS;SOURCES;RESOURCES" ${ARGN})
-  foreach(dep IN LISTS arg_DEPENDS)
-    get_target_property(layer ${dep} KIV_LAYER)
-    if(layer AND NOT layer LESS arg_LAYER)
-      message(FATAL_ERROR "${name} (layer ${arg_LAYER}) must not use ${dep} (layer ${layer})")
+  cmake_parse_arguments(arg "NO_QT;SHARED" "LAYER;INCLUDE"
+    "DEPENDS;PRIVATE_DEPENDS;SOURCES;RESOURCES" ${ARGN})
+  if(NOT arg_INCLUDE)
+    set(arg_INCLUDE ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
+  if(arg_SHARED)
+    set(target ${name})
+    add_library(${target} SHARED ${arg_SOURCES} ${arg_RESOURCES})
+  else()
+    set(target kiv_${name})
+    add_library(${target} STATIC ${arg_SOURCES} ${arg_RESOURCES})
+  endif()
+  add_library(KIV::${name} ALIAS ${target})
+  if(NOT arg_NO_QT)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_compile_definitions(${target} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+  endif()
+  target_include_directories(${target} PUBLIC ${arg_INCLUDE})
+  target_link_libraries(${target}
+    PUBLIC ${arg_DEPENDS} PRIVATE ${arg_PRIVATE_DEPENDS} KIV::Warnings)
+  kiv_enter(${target} ${arg_LAYER} "${arg_SOURCES}" "${arg_DEPENDS};${arg_PRIVATE_DEPENDS}")
+endfunction()
+
+# kiv_add_program(target LAYER n DEPENDS targets... SOURCES files...)
+# A program that is shipped, or that the build runs.
+function(kiv_add_program target)
+  cmake_parse_arguments(arg "" "LAYER" "DEPENDS;SOURCES" ${ARGN})
+  add_executable(${target} ${arg_SOURCES})
+  target_link_libraries(${target} PRIVATE ${arg_DEPENDS} KIV::Warnings)
+  kiv_enter(${target} ${arg_LAYER} "${arg_SOURCES}" "${arg_DEPENDS}")
+endfunction()
+
+# Refuses arrows that do not point downwards, and notes the target for kiv_add_layer_check.
+function(kiv_enter target layer sources depends)
+  set(known "")
+  foreach(dep IN LISTS depends)
+    if(NOT TARGET ${dep})
+      continue() # a library of the system, by its file
     endif()
+    get_target_property(real ${dep} ALIASED_TARGET)
+    if(real)
+      set(dep ${real})
+    endif()
+    get_target_property(below ${dep} KIV_LAYER)
+    if(below STREQUAL "below-NOTFOUND")
+      continue()
+    endif()
+    if(NOT below LESS layer)
+      message(FATAL_ERROR "${target} (layer ${layer}) must not use ${dep} (layer ${below})")
+    endif()
+    list(APPEND known ${dep})
   endforeach()
-  add_library(kiv_${name} STATIC ${arg_SOURCES} ${arg_RESOURCES})
-  add_library(KIV::${name} ALIAS kiv_${name})
-  set_target_properties(kiv_${name} PROPERTIES KIV_LAYER ${arg_LAYER} AUTOMOC ON AUTORCC ON)
-  target_compile_definitions(kiv_${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
-  target_include_directories(kiv_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-  target_link_libraries(kiv_${name} PUBLIC ${arg_DEPENDS} PRIVATE KIV::Warnings)
+  set_target_properties(${target} PROPERTIES KIV_LAYER ${layer})
+  string(REPLACE ";" "," sources "${sources}")
+  string(REPLACE ";" "," known "${known}")
+  set_property(GLOBAL APPEND PROPERTY KIV_TARGETS
+    "${target}|${CMAKE_CURRENT_SOURCE_DIR}|${sources}|${known}")
+endfunction()
+
+# The tests "layers" and "formatting" of all targets so far.
+function(kiv_add_source_checks)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  find_program(KIV_CLANG_FORMAT NAMES clang-format-14 REQUIRED)
+  get_property(targets GLOBAL PROPERTY KIV_TARGETS)
+  list(JOIN targets "\n" lines)
+  file(WRITE ${CMAKE_BINARY_DIR}/targets.txt "${lines}\n")
+  add_test(NAME layers COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/scripts/check-layers.py
+    ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}/targets.txt)
+  add_test(NAME formatting COMMAND ${CMAKE_SOURCE_DIR}/scripts/check-formatting.sh
+    ${KIV_CLANG_FORMAT})
 endfunction()
 
 # kiv_add_test(tst_name DEPENDS targets... [SOURCES more files...] [TIMEOUT seconds])

@@ -1,5 +1,5 @@
 #include "CPlatformTable.h"
-#include "host/ChipLimits.h"
+#include "executor/ChipLimits.h"
 
 #include <QFile>
 #include <QtTest>

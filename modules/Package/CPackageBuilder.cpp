@@ -11,7 +11,7 @@
 #include "PropertyKey.h"
 #include "displaylist/CommandTable.h"
 #include "displaylist/DisplayListText.h"
-#include "host/ChipLimits.h"
+#include "executor/ChipLimits.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -132,8 +132,8 @@ QString CIconSet::render(const QByteArray &svg, int pixels, const QStringList &r
     image.fill(Qt::transparent);
     {
         QPainter painter(&image);
-        // At two thirds of the grid, strokes are a pixel wide and every third line of the grid falls
-        // between two pixels; half a pixel on, it fills one.
+        // At two thirds of the grid, strokes are a pixel wide and every third line of the grid
+        // falls between two pixels; half a pixel on, it fills one.
         if (pixels == smallIconPixels && renderer.defaultSize().width() == plainPixels)
             painter.translate(0.5, 0.5);
         renderer.render(&painter, QRectF(0, 0, pixels, pixels));

@@ -3,7 +3,7 @@
 #include "CAssetLoader.h"
 #include "CErrorList.h"
 #include "CSnapshot.h"
-#include "ChipLimits.h"
+#include "executor/ChipLimits.h"
 #include "ScriptLimits.h"
 
 #include <atomic>
