@@ -425,13 +425,16 @@ private Q_SLOTS:
         CItemModel *item = m_window->project()->screen(0)->childItem(0);
         trigger(CMenuBar::NewPage);
         m_screens->setCurrentIndex(0);
-        m_screens->currentView()->screenScene()->beginGesture({item}, {key});
-        item->setProperty(key, 77);
+        CScreenView *view = m_screens->currentView();
+        QTest::mousePress(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(15, 15));
+        QMouseEvent drag(QEvent::MouseMove, view->mapFromScene(90, 90), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &drag);
+        QVERIFY(item->propertyValue(key).toInt() > 10);
         m_window->closeUnattended();
         const QByteArray saved = readFile(m_folder->path("demo.nyx"));
         QCOMPARE(saved.count("Kiv_Screen_T name="), 3);
         QVERIFY(saved.contains("x_coordinate=\"10\""));
-        QVERIFY(!saved.contains("77"));
     }
 
     void newPageAndNothingWithoutAProject()

@@ -11,7 +11,8 @@ constexpr std::array<int, 19> Heights = {8,  8,  16, 16, 13, 17, 20, 22, 29, 38,
                                          16, 20, 25, 28, 36, 49, 63, 83, 108};
 } // namespace
 
-CHeightFromFontItemView::CHeightFromFontItemView(CItemModel *item) : CItemView(item)
+CHeightFromFontItemView::CHeightFromFontItemView(CItemModel *item, const ICanvas &canvas)
+    : CItemView(item, canvas)
 {
     updateBounds();
 }

@@ -8,7 +8,7 @@ class CHeightFromFontItemView final : public CItemView
     Q_OBJECT
 
 public:
-    explicit CHeightFromFontItemView(CItemModel *item);
+    CHeightFromFontItemView(CItemModel *item, const ICanvas &canvas);
 
     /// The height that a font of the chip stands for, pixels.
     static int heightOfFont(int font);

@@ -6,8 +6,8 @@
 #include "CResizeHandle.h"
 #include "CRotateHandle.h"
 #include "CRotationOutline.h"
-#include "CScreenScene.h"
 #include "CanvasRoles.h"
+#include "ICanvas.h"
 #include "PropertyKey.h"
 
 #include <QGraphicsView>
@@ -43,7 +43,7 @@ bool isSizeKey(const QString &key)
 }
 } // namespace
 
-CItemView::CItemView(CItemModel *item) : m_item(item)
+CItemView::CItemView(CItemModel *item, const ICanvas &canvas) : m_item(item), m_canvas(canvas)
 {
     setData(CanvasRole::RoleKey, CanvasRole::ItemView);
     setData(CanvasRole::HighlightKey, 0);
@@ -53,11 +53,6 @@ CItemView::CItemView(CItemModel *item) : m_item(item)
 }
 
 CItemView::~CItemView() = default;
-
-CScreenScene *CItemView::screenScene() const
-{
-    return static_cast<CScreenScene *>(scene()); // item views live in no other scene
-}
 
 QRectF CItemView::frameOfItem() const
 {
@@ -163,7 +158,7 @@ bool CItemView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode
 
 bool CItemView::isLeftOutOfBand() const
 {
-    return m_item->isLocked() && scene() && screenScene()->isBandOnLocked();
+    return m_item->isLocked() && m_canvas.isBandOnLocked();
 }
 
 QPainterPath CItemView::alongPath(const QPainterPath &path) const

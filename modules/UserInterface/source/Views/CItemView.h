@@ -11,11 +11,12 @@ class CLockMark;
 class CResizeHandle;
 class CRotateHandle;
 class CRotationOutline;
-class CScreenScene;
+class ICanvas;
 
 /// One model item on the canvas: its outline, handles and guide lines. The item itself is seen in
 /// the emulator's frame behind.
-/// What it shows it reads from the model item, which must outlive it; onPropertyChanged() follows.
+/// What it shows it reads from the model item. That and the canvas must outlive it;
+/// onPropertyChanged() follows.
 class CItemView : public QGraphicsObject
 {
     Q_OBJECT
@@ -25,11 +26,11 @@ public:
     static constexpr int GuideCount = 12;
     static constexpr double HandleReach = 12; ///< screen pixels from the centre, at least
 
-    explicit CItemView(CItemModel *item);
+    CItemView(CItemModel *item, const ICanvas &canvas);
     ~CItemView() override;
 
     CItemModel *item() const { return m_item; }
-    CScreenScene *screenScene() const;
+    const ICanvas &canvas() const { return m_canvas; }
 
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
@@ -100,7 +101,8 @@ private:
     QVector<QPainterPath> turnedParts() const;
 
     CItemModel *const m_item; ///< not owned
-    QRectF m_frame;           ///< what handles and the scene were last told
+    const ICanvas &m_canvas;
+    QRectF m_frame; ///< what handles and the scene were last told
     bool m_hovered = false;
     bool m_highlighted = false; ///< what data() says as well, where it is slow to read
     double m_angle = 0;

@@ -1,27 +1,48 @@
 #pragma once
 
-#include <QPointF>
+#include "CGesture.h"
+
 #include <QVector>
 
-class CItemModel;
+#include <functional>
 
-/// One drag of some items: turns a distance into positions, and nothing else. Every answer is
-/// worked out from the start, and positions in the model are whole numbers.
-class CMoveGesture
+class CItemView;
+
+/// A drag of the selected items, which begins when the pointer has left the place of the press.
+/// While Shift is held they wait. Locked items stay.
+class CMoveGesture final : public CGesture
 {
 public:
-    explicit CMoveGesture(const QVector<CItemModel *> &items);
+    /// Where a place snaps to while these items move.
+    using Snap = std::function<QPointF(const QPointF &, const QVector<CItemModel *> &)>;
+    /// Takes the items, which stand at their old places again, and where they were left.
+    using Moved = std::function<void(const QVector<CItemModel *> &, const QVector<QPointF> &)>;
 
-    QVector<CItemModel *> items() const;
-    /// Sets the items to their start plus `delta`; items between two points keep their size.
-    void moveBy(const QPointF &delta) const;
+    /// `others`: selected too. Without `snap`, the items follow the pointer.
+    CMoveGesture(CItemView *pressed, const QVector<CItemView *> &others, Snap snap, Moved moved);
+
+    void start(const SGesturePointer &press) override;
+    QString update(const SGesturePointer &pointer) override;
+    void commit() override;
+    void cancel() override;
 
 private:
     struct Start
     {
-        CItemModel *item; ///< not owned
+        CItemView *view; ///< not owned
+        QPointF place;   ///< of the view
         QPointF position;
         QPointF second; ///< of items between two points
     };
-    QVector<Start> m_starts;
+    bool begin();
+    QVector<CItemModel *> items() const;
+    void moveTo(const QPointF &delta) const;
+    void moveSnapped(const QPointF &pointer) const;
+    void putBack();
+
+    QVector<Start> m_starts; ///< the pressed one first
+    QPointF m_press;         ///< scene units
+    bool m_isOver = false;
+    const Snap m_snap;
+    const Moved m_moved;
 };

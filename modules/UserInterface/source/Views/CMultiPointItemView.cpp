@@ -7,16 +7,13 @@
 #include "PointList.h"
 #include "PropertyKey.h"
 
-#include <QCoreApplication>
 #include <QCursor>
-#include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QUndoStack>
 
-#include <memory>
-
-CMultiPointItemView::CMultiPointItemView(CItemModel *item) : CItemView(item)
+CMultiPointItemView::CMultiPointItemView(CItemModel *item, const ICanvas &canvas)
+    : CItemView(item, canvas)
 {
     setFlag(ItemIsFocusable); // for the keys
     updateBounds();
@@ -60,22 +57,12 @@ void CMultiPointItemView::makeHandles()
     updatePoints();
 }
 
-/// A handle for each point. Handles are kept for as long as there is a point for them, since one of
-/// them may be dragged.
+/// A handle for each point.
 void CMultiPointItemView::updatePoints()
 {
     const int count = PointList::ofItem(*item()).size();
-    while (m_points.size() > count) {
-        CPointHandle *handle = m_points.takeLast();
-        handle->setParentItem(nullptr);
-        if (handle->scene())
-            handle->scene()->removeItem(handle);
-        // It may be the one whose press is being handled. The event owns it, also when it is never
-        // delivered because the program ends.
-        const std::shared_ptr<CPointHandle> owned(handle);
-        QMetaObject::invokeMethod(
-            qApp, [owned] {}, Qt::QueuedConnection);
-    }
+    while (m_points.size() > count)
+        delete m_points.takeLast();
     while (m_points.size() < count)
         m_points.append(new CPointHandle(m_points.size(), this));
     showHandles(isSelected());

@@ -13,7 +13,7 @@ class CMultiPointItemView final : public CItemView
     Q_OBJECT
 
 public:
-    explicit CMultiPointItemView(CItemModel *item);
+    CMultiPointItemView(CItemModel *item, const ICanvas &canvas);
 
     void onPropertyChanged(const QString &key) override;
     QVector<QPointF> points() const override;

@@ -1,118 +1,47 @@
 #include "CResizeGesture.h"
 
-#include <QTransform>
+#include "CItemModel.h"
+#include "CItemView.h"
+#include "CResizeRule.h"
+#include "ItemResize.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-
-namespace {
-constexpr std::array<int, 8> HorizontalSides = {0, 1, 1, 1, 0, -1, -1, -1};
-constexpr std::array<int, 8> VerticalSides = {-1, -1, 0, 1, 1, 1, 0, -1};
-
-/// Where a coordinate goes when its size grows by `growth` on the given side (0: on both).
-double movedBy(double growth, int side)
-{
-    if (side == 0)
-        return -std::round(growth / 2);
-    return side < 0 ? -growth : 0;
-}
-} // namespace
-
-CResizeGesture::CResizeGesture(ResizeKind kind, int handle, const Geometry &start,
-                               const SizeLimits &limits, double degrees)
-    : m_kind(kind),
-      m_horizontal(horizontalSide(handle)),
-      m_vertical(kind == ResizeKind::WidthOnly ? 0 : verticalSide(handle)),
-      m_start(start),
-      m_limits(limits),
-      m_degrees(degrees)
+CResizeGesture::CResizeGesture(CItemView *view, int handle) : m_view(view), m_handle(handle)
 {
 }
 
-int CResizeGesture::horizontalSide(int handle)
+CResizeGesture::~CResizeGesture() = default;
+
+void CResizeGesture::start(const SGesturePointer &press)
 {
-    return HorizontalSides.at(static_cast<size_t>(handle));
+    m_press = press.place;
+    m_rule = ItemResize::ruleFor(*m_view->item(), m_handle, m_view->shownAngle());
+    m_recorder.begin({m_view->item()}, CStartValues::geometryKeys());
 }
 
-int CResizeGesture::verticalSide(int handle)
+QString CResizeGesture::update(const SGesturePointer &pointer)
 {
-    return VerticalSides.at(static_cast<size_t>(handle));
+    if (!isUnderWay() || !m_view->isResizable())
+        return {};
+    CResizeRule::Modifiers modifiers;
+    modifiers.keepAspect = pointer.modifiers.testFlag(Qt::ShiftModifier);
+    modifiers.fromCentre = pointer.modifiers.testFlag(Qt::AltModifier);
+    CItemModel &item = *m_view->item();
+    ItemResize::apply(item, m_rule->geometryFor(pointer.place - m_press, modifiers));
+    m_view->updateBounds();
+    const QSizeF size = m_view->frameRect().size();
+    return QObject::tr("%1, %2   %3 × %4")
+        .arg(item.x())
+        .arg(item.y())
+        .arg(size.width())
+        .arg(size.height());
 }
 
-CResizeGesture::Geometry CResizeGesture::geometryFor(const QPointF &offset,
-                                                     Modifiers modifiers) const
+void CResizeGesture::commit()
 {
-    const QPointF own = QTransform().rotate(-m_degrees).map(offset);
-    return m_kind == ResizeKind::Circular ? circleFor(own, modifiers) : boxFor(own, modifiers);
+    m_recorder.record(QObject::tr("Resize Item"));
 }
 
-QSizeF CResizeGesture::limited(const QSizeF &size) const
+void CResizeGesture::cancel()
 {
-    return {
-        std::min(std::max(size.width(), m_limits.minimum.width()), m_limits.maximum.width()),
-        std::min(std::max(size.height(), m_limits.minimum.height()), m_limits.maximum.height())};
-}
-
-/// The size in the proportions of the start, as large as the dragged edges ask for.
-QSizeF CResizeGesture::withAspect(const QSizeF &size) const
-{
-    const QSizeF &start = m_start.size;
-    if (start.width() == 0 || start.height() == 0)
-        return size;
-    const double across = size.width() / start.width();
-    const double down = size.height() / start.height();
-    double factor = std::abs(across - 1) > std::abs(down - 1) ? across : down;
-    if (m_horizontal == 0 || m_vertical == 0)
-        factor = m_horizontal == 0 ? down : across;
-    return {std::round(start.width() * factor), std::round(start.height() * factor)};
-}
-
-CResizeGesture::Geometry CResizeGesture::boxFor(const QPointF &own, Modifiers modifiers) const
-{
-    const double share = modifiers.fromCentre ? 2 : 1;
-    const QSizeF dragged(std::round(own.x()) * m_horizontal * share,
-                         std::round(own.y()) * m_vertical * share);
-    QSizeF size = limited(m_start.size + dragged);
-    if (modifiers.keepAspect && m_kind == ResizeKind::Box)
-        size = limited(withAspect(size));
-    if (m_kind == ResizeKind::WidthOnly)
-        size.setHeight(m_start.size.height());
-    const QSizeF growth = size - m_start.size;
-    const QPointF moved(movedBy(growth.width(), modifiers.fromCentre ? 0 : m_horizontal),
-                        movedBy(growth.height(), modifiers.fromCentre ? 0 : m_vertical));
-    return turned({m_start.position + moved, size});
-}
-
-/// A turned box lies about its middle, so a middle that moves along the box's own axes has to move
-/// along the turned ones: what is seen of the edges that are not dragged then stays.
-CResizeGesture::Geometry CResizeGesture::turned(const Geometry &unturned) const
-{
-    if (m_degrees == 0)
-        return unturned;
-    const auto middleOf = [](const Geometry &each) {
-        return each.position + QPointF(each.size.width(), each.size.height()) / 2;
-    };
-    const QPointF moved = middleOf(unturned) - middleOf(m_start);
-    const QPointF corner = unturned.position - moved + QTransform().rotate(m_degrees).map(moved);
-    return {QPointF(std::round(corner.x()), std::round(corner.y())), unturned.size};
-}
-
-CResizeGesture::Geometry CResizeGesture::circleFor(const QPointF &own, Modifiers modifiers) const
-{
-    double growth = own.x() * m_horizontal + own.y() * m_vertical;
-    if (m_horizontal != 0 && m_vertical != 0)
-        growth = std::max(own.x() * m_horizontal, own.y() * m_vertical);
-    if (modifiers.fromCentre)
-        growth *= 2;
-    const double wanted = m_start.size.width() + growth;
-    const double width = std::max(0.0, limited({wanted, wanted}).width());
-    // By whole radii: the centre then moves by whole units and the opposite side stays put.
-    const double half = std::round((width - m_start.size.width()) / 2);
-    const double turned = half * (modifiers.fromCentre ? 0 : 1);
-    const QPointF along =
-        QTransform().rotate(m_degrees).map(QPointF(m_horizontal * turned, m_vertical * turned));
-    const QSizeF change(2 * half, 2 * half);
-    return {m_start.position + QPointF(std::round(along.x()), std::round(along.y())),
-            m_start.size + change};
+    m_recorder.restore();
 }

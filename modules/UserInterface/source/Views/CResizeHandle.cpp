@@ -2,13 +2,11 @@
 
 #include "CItemModel.h"
 #include "CItemView.h"
-#include "CScreenScene.h"
+#include "CResizeRule.h"
 #include "CanvasRoles.h"
 #include "ItemResize.h"
-#include "PropertyKey.h"
 
 #include <QCursor>
-#include <QGraphicsSceneMouseEvent>
 
 #include <cmath>
 
@@ -20,10 +18,9 @@ constexpr double HitSide = 12; ///< a little larger than what is seen
 CResizeHandle::CResizeHandle(int index, CItemView *view) : QGraphicsItem(view), m_index(index)
 {
     setData(CanvasRole::RoleKey, CanvasRole::Handle);
-    setFlag(ItemIsMovable);
     setFlag(ItemIgnoresTransformations);
     setAcceptHoverEvents(true);
-    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptedMouseButtons(Qt::NoButton); // the scene knows what a press on it means
     setVisible(false);
     setZValue(1);
 }
@@ -35,8 +32,8 @@ CItemView *CResizeHandle::view() const
 
 QPointF CResizeHandle::placeOn(int index, const QRectF &frame)
 {
-    const double across = (1 + CResizeGesture::horizontalSide(index)) / 2.0;
-    const double down = (1 + CResizeGesture::verticalSide(index)) / 2.0;
+    const double across = (1 + CResizeRule::horizontalSide(index)) / 2.0;
+    const double down = (1 + CResizeRule::verticalSide(index)) / 2.0;
     return {frame.x() + across * frame.width(), frame.y() + down * frame.height()};
 }
 
@@ -51,7 +48,7 @@ bool CResizeHandle::isOfUseFor(int index, const CItemModel &item)
 {
     if (!ItemResize::isResizable(item))
         return false;
-    const bool sideways = CResizeGesture::horizontalSide(index) != 0;
+    const bool sideways = CResizeRule::horizontalSide(index) != 0;
     return sideways || ItemResize::kindOf(item) != ResizeKind::WidthOnly;
 }
 
@@ -60,8 +57,8 @@ QPointF CResizeHandle::centre(int index, const CItemView &view)
 {
     const QPointF off = view.handleStandOff();
     const QRectF frame = view.frameRect();
-    return {std::copysign(1.0, frame.width()) * CResizeGesture::horizontalSide(index) * off.x(),
-            std::copysign(1.0, frame.height()) * CResizeGesture::verticalSide(index) * off.y()};
+    return {std::copysign(1.0, frame.width()) * CResizeRule::horizontalSide(index) * off.x(),
+            std::copysign(1.0, frame.height()) * CResizeRule::verticalSide(index) * off.y()};
 }
 
 QRectF CResizeHandle::mark(int index, const CItemView &view)
@@ -97,41 +94,4 @@ void CResizeHandle::hoverEnterEvent(QGraphicsSceneHoverEvent *)
         unsetCursor();
     else
         setCursor(cursorFor(m_index, m_degrees));
-}
-
-void CResizeHandle::mousePressEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (!view()->isResizable() || !view()->screenScene()->isPressedHandle(this)) {
-        event->ignore();
-        return;
-    }
-    m_pressPos = event->scenePos();
-    m_gesture = ItemResize::gestureFor(*view()->item(), m_index, view()->shownAngle());
-    view()->screenScene()->beginGesture({view()->item()}, CItemChanges::geometryKeys());
-}
-
-void CResizeHandle::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
-{
-    event->accept();
-    CScreenScene *scene = view()->screenScene();
-    if (!m_gesture || !scene->isGestureActive() || !view()->isResizable())
-        return;
-    CResizeGesture::Modifiers modifiers;
-    modifiers.keepAspect = event->modifiers().testFlag(Qt::ShiftModifier);
-    modifiers.fromCentre = event->modifiers().testFlag(Qt::AltModifier);
-    ItemResize::apply(*view()->item(),
-                      m_gesture->geometryFor(event->scenePos() - m_pressPos, modifiers));
-    view()->updateBounds();
-    const QSizeF size = view()->frameRect().size();
-    scene->reportGesture(QObject::tr("%1, %2   %3 × %4")
-                             .arg(view()->item()->x())
-                             .arg(view()->item()->y())
-                             .arg(size.width())
-                             .arg(size.height()));
-}
-
-void CResizeHandle::mouseReleaseEvent(QGraphicsSceneMouseEvent *)
-{
-    m_gesture.reset(); // over from here on, whatever happens below
-    view()->screenScene()->finishGesture(QObject::tr("Resize Item"));
 }

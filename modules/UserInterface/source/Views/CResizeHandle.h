@@ -1,10 +1,6 @@
 #pragma once
 
-#include "CResizeGesture.h"
-
 #include <QGraphicsItem>
-
-#include <memory>
 
 class CItemModel;
 class CItemView;
@@ -34,9 +30,6 @@ public:
 
 protected:
     void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
-    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
 
 private:
     CItemView *view() const;
@@ -44,6 +37,4 @@ private:
 
     const int m_index;
     double m_degrees = 0;
-    QPointF m_pressPos;                        ///< scene
-    std::unique_ptr<CResizeGesture> m_gesture; ///< set exactly while it is dragged
 };

@@ -1,31 +1,46 @@
 #include "CRotateGesture.h"
 
+#include "CItemModel.h"
+#include "CItemView.h"
+#include "CRotateRule.h"
+#include "CRotationOutline.h"
+#include "PropertyKey.h"
+
 #include <cmath>
 
-namespace {
-constexpr double DegreesOfRadian = 57.29577951308232;
-constexpr double Step = 15;
-} // namespace
-
-CRotateGesture::CRotateGesture(const QPointF &centre, const QPointF &press, double startAngle)
-    : m_centre(centre), m_offset(directionOf(press) - startAngle)
+CRotateGesture::CRotateGesture(CItemView *view) : m_view(view)
 {
 }
 
-double CRotateGesture::directionOf(const QPointF &point) const
+CRotateGesture::~CRotateGesture() = default;
+
+void CRotateGesture::start(const SGesturePointer &press)
 {
-    return std::atan2(point.y() - m_centre.y(), point.x() - m_centre.x()) * DegreesOfRadian;
+    CRotationOutline *outline = m_view->rotationOutline();
+    m_rule = std::make_unique<CRotateRule>(m_view->mapToScene(outline->centre()), press.place,
+                                           m_view->shownAngle());
+    outline->setAngleOffset(m_rule->angleOffset());
+    m_recorder.begin({m_view->item()}, {PropertyKey::Angle});
 }
 
-double CRotateGesture::angleFor(const QPointF &pointer) const
+QString CRotateGesture::update(const SGesturePointer &pointer)
 {
-    double angle = std::fmod(directionOf(pointer) - m_offset, 360.0);
-    if (angle < 0)
-        angle += 360.0;
-    return std::fmod(angle, 360.0);
+    if (!isUnderWay())
+        return {};
+    double angle = m_rule->angleFor(pointer.place);
+    if (pointer.modifiers.testFlag(Qt::ShiftModifier))
+        angle = CRotateRule::stepped(angle);
+    angle = std::fmod(std::round(angle * 10) / 10, 360.0); // tenths: what is told
+    m_view->item()->setProperty(PropertyKey::Angle, angle);
+    return QObject::tr("%1°").arg(angle, 0, 'f', 1);
 }
 
-double CRotateGesture::stepped(double degrees)
+void CRotateGesture::commit()
 {
-    return std::fmod(std::round(degrees / Step) * Step, 360.0);
+    m_recorder.record(QObject::tr("Rotate Item"));
+}
+
+void CRotateGesture::cancel()
+{
+    m_recorder.restore();
 }

@@ -1,22 +1,25 @@
 #pragma once
 
-#include <QPointF>
+#include "CGesture.h"
 
-/// One drag of a rotate handle: turns pointer positions about a centre into angles. Degrees,
-/// clockwise on the screen, 0 to below 360.
-class CRotateGesture
+#include <memory>
+
+class CItemView;
+class CRotateRule;
+
+/// A drag of the handle that turns an item about its centre. Shift turns in steps.
+class CRotateGesture final : public CGesture
 {
 public:
-    CRotateGesture(const QPointF &centre, const QPointF &press, double startAngle);
+    explicit CRotateGesture(CItemView *view);
+    ~CRotateGesture() override;
 
-    double angleOffset() const { return m_offset; }
-    double angleFor(const QPointF &pointer) const;
-    /// The nearest multiple of 15 degrees.
-    static double stepped(double degrees);
+    void start(const SGesturePointer &press) override;
+    QString update(const SGesturePointer &pointer) override;
+    void commit() override;
+    void cancel() override;
 
 private:
-    double directionOf(const QPointF &point) const;
-
-    const QPointF m_centre;
-    const double m_offset; ///< direction of the press less the angle at the start
+    CItemView *const m_view; ///< not owned
+    std::unique_ptr<CRotateRule> m_rule;
 };

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "CRotateGesture.h"
-
 #include <QGraphicsItem>
-
-#include <memory>
 
 class CItemView;
 
@@ -25,14 +21,7 @@ public:
     QPainterPath shape() const override;
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {} // CHandleMarks
 
-protected:
-    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
-
 private:
     CItemView *view() const;
     static QPointF centre(const CItemView &view);
-
-    std::unique_ptr<CRotateGesture> m_gesture; ///< set exactly while it is dragged
 };

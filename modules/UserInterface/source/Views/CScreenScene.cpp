@@ -2,28 +2,20 @@
 
 #include "CEditorState.h"
 #include "CFrameItem.h"
+#include "CGesture.h"
 #include "CItemView.h"
-#include "CMoveGesture.h"
 #include "CProjectModel.h"
 #include "CRectIndex.h"
 #include "CScreenModel.h"
-#include "CSnapCross.h"
 #include "CanvasRoles.h"
 #include "ItemViewFactory.h"
-#include "PropertyKey.h"
-#include "SnapRule.h"
-
-#include <QGraphicsSceneMouseEvent>
-#include <QGraphicsView>
-#include <QUndoStack>
 
 #include <algorithm>
 
 CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
-    : QGraphicsScene(parent), m_screen(screen), m_snapCross(new CSnapCross)
+    : QGraphicsScene(parent), m_screen(screen), m_guides(*this)
 {
     setItemIndexMethod(NoIndex); // handles and guide lines move with every step of a drag
-    addItem(m_snapCross);
     CProjectModel *project = screen->project();
     setSceneRect(QRectF(QPointF(), QSizeF(project->resolution())));
 
@@ -59,9 +51,7 @@ void CScreenScene::detach()
         return;
     m_screen->project()->disconnect(this);
     const QSignalBlocker quiet(this);
-    m_gesture.clear();
-    m_move.reset();
-    forgetPress();
+    dropGesture();
     deleteViews();
     m_views.clear();
     m_order.clear();
@@ -101,7 +91,7 @@ void CScreenScene::addViews(CItemModel *item)
 {
     CItemView *&view = m_views[item];
     if (!view) { // an item that only changes its row still has its view
-        view = ItemViewFactory::create(item);
+        view = ItemViewFactory::create(item, *this);
         addItem(view);
     }
     CItemView *const its = view; // the table may grow
@@ -140,7 +130,7 @@ void CScreenScene::onRowsAboutToBeRemoved(const QModelIndex &parent, int first, 
     if (!parentItem || !isBelowScreen(parentItem))
         return;
     cancelGesture();
-    forgetPress();
+    dropGesture();
     {
         const QSignalBlocker quiet(this); // of what is selected the project's selection knows
         for (int row = first; row <= last; ++row) {
@@ -343,70 +333,5 @@ void CScreenScene::highlightObjectBehind(bool repaint)
 
 void CScreenScene::hideGuides()
 {
-    for (const QPointer<CItemView> &view : qAsConst(m_guided)) {
-        if (view)
-            view->hideGuides();
-    }
-    m_guided.clear();
-    m_snapCross->hide();
-}
-
-QRectF CScreenScene::visibleRect() const
-{
-    if (views().isEmpty())
-        return sceneRect();
-    const QGraphicsView *view = views().constFirst();
-    return view->mapToScene(view->viewport()->rect()).boundingRect();
-}
-
-// --- gestures ---
-
-void CScreenScene::beginGesture(const QVector<CItemModel *> &items, const QStringList &keys)
-{
-    m_gesture.clear();
-    m_cancelled = false;
-    for (CItemModel *item : items)
-        m_gesture.append(CItemChanges(item, keys));
-}
-
-void CScreenScene::reportGesture(const QString &readout)
-{
-    Q_EMIT gestureReported(readout);
-}
-
-void CScreenScene::finishGesture(const QString &macroText)
-{
-    const QVector<CItemChanges> gesture = std::exchange(m_gesture, {});
-    const bool changed = std::any_of(gesture.begin(), gesture.end(),
-                                     [](const CItemChanges &each) { return each.isAnyChanged(); });
-    if (changed) {
-        QUndoStack &stack = *m_screen->project()->undoStack();
-        if (!macroText.isEmpty())
-            stack.beginMacro(macroText);
-        for (const CItemChanges &each : gesture)
-            each.commit(stack);
-        if (!macroText.isEmpty())
-            stack.endMacro();
-    }
-    Q_EMIT gestureEnded();
-}
-
-void CScreenScene::cancelGesture()
-{
-    if (!isGestureActive()) {
-        m_cancelled = m_cancelled || m_pressed;
-        return;
-    }
-    const QVector<CItemChanges> gesture = std::exchange(m_gesture, {});
-    m_move.reset();
-    m_cancelled = true;
-    for (const CItemChanges &each : gesture)
-        each.restore();
-    for (const CItemChanges &each : gesture) {
-        if (CItemView *view = viewOf(each.item()))
-            view->updatePosition(); // it may stand between two whole units
-    }
-    hideGuides();
-    highlightObjectBehind(true);
-    Q_EMIT gestureEnded();
+    m_guides.hide();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "CItemChanges.h"
+#include "CSnapGuides.h"
+#include "ICanvas.h"
 
 #include <QColor>
 #include <QGraphicsScene>
@@ -11,18 +12,14 @@
 #include <memory>
 
 class CFrameItem;
-class CItemModel;
-class CItemView;
-class CMoveGesture;
+class CGesture;
 class CScreenModel;
-class CSnapCross;
 class QStandardItem;
 
 /// The canvas of one screen: an item view for each model item, the emulator's frame behind them,
 /// the grid over them. It follows the model's rows and properties.
-/// Drags of items with snapping are its own; they and the handles' drags change the model live and
-/// are recorded once, when they are finished.
-class CScreenScene final : public QGraphicsScene
+/// It holds the one gesture of the pointer.
+class CScreenScene final : public QGraphicsScene, public ICanvas
 {
     Q_OBJECT
 
@@ -35,7 +32,7 @@ public:
     /// Shows nothing from now on, since the screen is about to go.
     void detach();
 
-    CItemView *viewOf(const CItemModel *item) const;
+    CItemView *viewOf(const CItemModel *item) const override;
     /// The views, front first.
     QVector<CItemView *> itemViews() const { return order(); }
     /// Front first.
@@ -46,11 +43,7 @@ public:
                                          const QTransform &deviceTransform) const;
     /// The handle of a selected view at a place, also where other items cover it.
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
-    /// Whether the press that is being handled is meant for this handle.
-    bool isPressedHandle(const QGraphicsItem *handle) const { return handle == m_pressedHandle; }
-    /// Whether the rubber band leaves out locked items: it does when it began on one, which is then
-    /// the ground for what lies before it.
-    bool isBandOnLocked() const { return m_bandOnLocked; }
+    bool isBandOnLocked() const override;
 
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
@@ -60,12 +53,7 @@ public:
     QPointF snapped(const QPointF &proposed, const QVector<CItemModel *> &moving = {});
     void hideGuides();
 
-    // Gestures. One at a time; the model has changed live between its two ends.
-    void beginGesture(const QVector<CItemModel *> &items, const QStringList &keys);
-    bool isGestureActive() const { return !m_gesture.isEmpty(); }
-    void reportGesture(const QString &readout);
-    /// Records what has changed as one macro; without a text, as single commands.
-    void finishGesture(const QString &macroText);
+    bool isGestureActive() const; ///< it has changed the model live, or will
     /// Puts everything back as it was when the gesture began; what is pressed is not dragged then.
     void cancelGesture();
 
@@ -106,27 +94,17 @@ private:
     void settleSoon();
     void settle();
     void collectOrder(const QStandardItem *parent) const;
-    static bool isUnderSelection(const CItemModel *item, const QSet<CItemModel *> &selection);
-    QRectF visibleRect() const;
-    void beginMove(CItemView *pressed, const QPointF &scenePos);
-    void snapMove(const QPointF &scenePos);
-    void finishMove();
-    QPointF snappedPosition(const QPointF &proposed, const QVector<CItemModel *> &moving);
-    void forgetPress();
+    void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
+    std::unique_ptr<CGesture> moveOf(CItemView *pressed);
+    void finishGesture();
+    void dropGesture();
 
     CScreenModel *m_screen; ///< not owned; null once detached
     bool m_gridOn = true;
     int m_gridSpacing = 20;
     QColor m_gridColour;
     Qt::PenStyle m_gridStyle = Qt::SolidLine;
-    CItemView *m_pressed = nullptr; ///< the item that is dragged
-    QPointF m_pressOffset;          ///< from its position to the press
-    QPointF m_pressedStart;         ///< its position at the press
-    QPointF m_pressPos;
-    CSnapCross *m_snapCross;
-    QVector<QPair<CItemView *, QPointF>> m_others; ///< selected too, with their positions
-
-    bool m_snapping = false; ///< the drag under way snaps
+    CSnapGuides m_guides;
     CFrameItem *m_frame = nullptr;
     QHash<const CItemModel *, CItemView *> m_views;
     // What follows from many changes at once is worked out once, when it is asked for or when they
@@ -136,10 +114,5 @@ private:
     mutable bool m_isOrderDue = false;
     bool m_isSettleDue = false;
     bool m_haveRowsChanged = false;
-    QVector<QPointer<CItemView>> m_guided; ///< views that show guide lines
-    QVector<CItemChanges> m_gesture;
-    std::unique_ptr<CMoveGesture> m_move;     ///< set exactly while items are dragged
-    bool m_cancelled = false;                 ///< the rest of the drag until the release is ignored
-    QGraphicsItem *m_pressedHandle = nullptr; ///< only compared, and only during a press
-    bool m_bandOnLocked = false;
+    std::unique_ptr<CGesture> m_gesture; ///< from a press to its release
 };

@@ -6,8 +6,8 @@
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "ItemMove.h"
 #include "ItemOperations.h"
-#include "PropertyKey.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -18,26 +18,15 @@
 #include <cmath>
 
 namespace {
-/// One coordinate and, of items between two points, its companion at the other end.
-void pushAxis(QUndoStack &stack, CItemModel *item, const QString &key, const QString &secondKey,
-              double target)
+void pushAxis(QUndoStack &stack, CItemModel *item, const ItemMove::SAxis &axis)
 {
-    const QVariant old = item->propertyValue(key);
-    const auto whole = static_cast<int>(roundedToInteger(target));
-    if (old.toString() == QString::number(whole))
+    const QVariant old = item->propertyValue(axis.key);
+    if (old.toString() == QString::number(axis.value))
         return;
-    const double by = whole - old.toDouble();
-    const QVariant oldSecond = item->propertyValue(secondKey);
-    stack.push(new CCommandChangeItemProperty(item, key, whole, old));
-    if (oldSecond.isValid())
-        stack.push(new CCommandChangeItemProperty(
-            item, secondKey, static_cast<int>(roundedToInteger(oldSecond.toDouble() + by)),
-            oldSecond));
-}
-
-bool isBetweenTwoPoints(const CItemModel &item)
-{
-    return item.hasProperty(PropertyKey::X2) || item.hasProperty(PropertyKey::Y2);
+    stack.push(new CCommandChangeItemProperty(item, axis.key, axis.value, old));
+    if (axis.second)
+        stack.push(new CCommandChangeItemProperty(item, axis.secondKey, *axis.second,
+                                                  item->propertyValue(axis.secondKey)));
 }
 } // namespace
 
@@ -167,11 +156,11 @@ void CScreenView::lockItems()
 void CScreenView::itemsMoved(CItemModel *item, QPointF, QPointF newPosition)
 {
     QUndoStack &stack = *screen()->project()->undoStack();
-    const bool both = isBetweenTwoPoints(*item);
+    const bool both = ItemMove::isBetweenTwoPoints(*item);
     if (both)
         stack.beginMacro(tr("Move Object"));
-    pushAxis(stack, item, PropertyKey::X, PropertyKey::X2, newPosition.x());
-    pushAxis(stack, item, PropertyKey::Y, PropertyKey::Y2, newPosition.y());
+    for (const ItemMove::SAxis &axis : ItemMove::axes(*item, newPosition))
+        pushAxis(stack, item, axis);
     if (both)
         stack.endMacro();
 }
@@ -187,7 +176,7 @@ void CScreenView::moveAll(const QVector<CItemModel *> &items, const QVector<QPoi
 void CScreenView::itemsDragged(const QVector<CItemModel *> &items,
                                const QVector<QPointF> &newPositions)
 {
-    const bool isOneLine = items.size() == 1 && isBetweenTwoPoints(*items.constFirst());
+    const bool isOneLine = items.size() == 1 && ItemMove::isBetweenTwoPoints(*items.constFirst());
     QUndoStack &stack = *screen()->project()->undoStack();
     if (!isOneLine)
         stack.beginMacro(tr("Move Selected Items"));

@@ -9,7 +9,8 @@ const QString TextKey = QStringLiteral("text");
 const QString ValueKey = QStringLiteral("value");
 } // namespace
 
-CTextItemView::CTextItemView(CItemModel *item, Mode mode) : CItemView(item), m_mode(mode)
+CTextItemView::CTextItemView(CItemModel *item, const ICanvas &canvas, Mode mode)
+    : CItemView(item, canvas), m_mode(mode)
 {
     updateBounds();
 }

@@ -10,7 +10,7 @@ class CTextItemView final : public CItemView
 public:
     enum class Mode { Text, Number };
 
-    CTextItemView(CItemModel *item, Mode mode);
+    CTextItemView(CItemModel *item, const ICanvas &canvas, Mode mode);
 
     void onPropertyChanged(const QString &key) override;
 

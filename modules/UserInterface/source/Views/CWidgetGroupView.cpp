@@ -1,7 +1,7 @@
 #include "CWidgetGroupView.h"
 
 #include "CItemModel.h"
-#include "CScreenScene.h"
+#include "ICanvas.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,10 +10,8 @@ namespace {
 template<class Visit>
 void visitMembers(const CItemView &group, const Visit &visit)
 {
-    if (!group.screenScene())
-        return; // not yet on one
     for (int row = 0; row < group.item()->rowCount(); ++row) {
-        if (const CItemView *member = group.screenScene()->viewOf(group.item()->childItem(row)))
+        if (const CItemView *member = group.canvas().viewOf(group.item()->childItem(row)))
             visit(*member, member->pos() - group.pos());
     }
 }
@@ -68,7 +66,7 @@ QRectF CWidgetGroupView::frameOfItem() const
     QRectF frame;
     bool isFirst = true; // members without an area count by their place
     for (int row = 0; row < item()->rowCount(); ++row) {
-        const CItemView *member = screenScene()->viewOf(item()->childItem(row));
+        const CItemView *member = canvas().viewOf(item()->childItem(row));
         if (!member)
             continue;
         const QRectF its = member->sceneRect();

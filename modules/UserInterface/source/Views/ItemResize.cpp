@@ -63,15 +63,14 @@ SizeLimits ItemResize::limitsOf(const CItemModel &item)
     return limits;
 }
 
-std::unique_ptr<CResizeGesture> ItemResize::gestureFor(const CItemModel &item, int handle,
-                                                       double degrees)
+std::unique_ptr<CResizeRule> ItemResize::ruleFor(const CItemModel &item, int handle, double degrees)
 {
-    const CResizeGesture::Geometry start{QPointF(item.x(), item.y()),
-                                         QSizeF(item.width(), item.height())};
-    return std::make_unique<CResizeGesture>(kindOf(item), handle, start, limitsOf(item), degrees);
+    const CResizeRule::Geometry start{QPointF(item.x(), item.y()),
+                                      QSizeF(item.width(), item.height())};
+    return std::make_unique<CResizeRule>(kindOf(item), handle, start, limitsOf(item), degrees);
 }
 
-void ItemResize::apply(CItemModel &item, const CResizeGesture::Geometry &geometry)
+void ItemResize::apply(CItemModel &item, const CResizeRule::Geometry &geometry)
 {
     const bool moved = geometry.position != QPointF(item.x(), item.y());
     setWhole(item, PropertyKey::X, geometry.position.x());

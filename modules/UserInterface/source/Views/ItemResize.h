@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CResizeGesture.h"
+#include "CResizeRule.h"
 
 #include <memory>
 
@@ -14,8 +14,8 @@ bool isResizable(const CItemModel &item);
 ResizeKind kindOf(const CItemModel &item);
 /// The limits of the properties that hold the size, where they have some.
 SizeLimits limitsOf(const CItemModel &item);
-std::unique_ptr<CResizeGesture> gestureFor(const CItemModel &item, int handle, double degrees);
+std::unique_ptr<CResizeRule> ruleFor(const CItemModel &item, int handle, double degrees);
 /// Sets the properties that the item has, to whole numbers. Tells the observer that the geometry
 /// changed when the position did not.
-void apply(CItemModel &item, const CResizeGesture::Geometry &geometry);
+void apply(CItemModel &item, const CResizeRule::Geometry &geometry);
 } // namespace ItemResize

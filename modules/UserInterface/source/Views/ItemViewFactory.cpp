@@ -6,17 +6,17 @@
 #include "CTextItemView.h"
 #include "CWidgetGroupView.h"
 
-CItemView *ItemViewFactory::create(CItemModel *item)
+CItemView *ItemViewFactory::create(CItemModel *item, const ICanvas &canvas)
 {
     if (item->kind() == CItemModel::Kind::Group)
-        return new CWidgetGroupView(item);
+        return new CWidgetGroupView(item, canvas);
     if (item->hasPointList())
-        return new CMultiPointItemView(item);
+        return new CMultiPointItemView(item, canvas);
     if (item->isHeightFromFont())
-        return new CHeightFromFontItemView(item);
+        return new CHeightFromFontItemView(item, canvas);
     if (item->itemTypeName() == QLatin1String("Kiv_Text_T"))
-        return new CTextItemView(item, CTextItemView::Mode::Text);
+        return new CTextItemView(item, canvas, CTextItemView::Mode::Text);
     if (item->itemTypeName() == QLatin1String("Kiv_Number_T"))
-        return new CTextItemView(item, CTextItemView::Mode::Number);
-    return new CItemView(item);
+        return new CTextItemView(item, canvas, CTextItemView::Mode::Number);
+    return new CItemView(item, canvas);
 }

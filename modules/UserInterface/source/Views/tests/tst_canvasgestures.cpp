@@ -1,5 +1,5 @@
 // Drags on the canvas, with real mouse and key events on a shown view.
-#include "CResizeGesture.h"
+#include "CResizeRule.h"
 #include "CanvasFixture.h"
 #include "CanvasRoles.h"
 
@@ -55,8 +55,8 @@ private Q_SLOTS:
         canvas.drag(at, at + QPointF(12, 8));
         // The handle has followed the pointer along the sides that it stands for; at the corners of
         // round items one of both decides.
-        const int across = CResizeGesture::horizontalSide(handle);
-        const int down = CResizeGesture::verticalSide(handle);
+        const int across = CResizeRule::horizontalSide(handle);
+        const int down = CResizeRule::verticalSide(handle);
         const bool isRoundCorner = type.startsWith("Kiv_Circle") || type.startsWith("Kiv_Ring")
                                        ? across != 0 && down != 0
                                        : false;

@@ -1,6 +1,6 @@
 // The rules of the canvas, without a window: geometries, angles, snapping, zoom, points.
-#include "CResizeGesture.h"
-#include "CRotateGesture.h"
+#include "CResizeRule.h"
+#include "CRotateRule.h"
 #include "PointList.h"
 #include "SnapRule.h"
 #include "ZoomRule.h"
@@ -61,8 +61,8 @@ private Q_SLOTS:
         QFETCH(QString, modifiers);
         QFETCH(QRectF, expected);
         const QSizeF size = kind == ResizeKind::Circular ? QSizeF(40, 40) : QSizeF(40, 30);
-        const CResizeGesture gesture(kind, handle, {{100, 50}, size}, {{8, 8}, {200, 200}});
-        CResizeGesture::Modifiers held;
+        const CResizeRule gesture(kind, handle, {{100, 50}, size}, {{8, 8}, {200, 200}});
+        CResizeRule::Modifiers held;
         held.keepAspect = modifiers.contains('s');
         held.fromCentre = modifiers.contains('a');
         const auto result = gesture.geometryFor(offset, held);
@@ -77,12 +77,12 @@ private Q_SLOTS:
         for (const double degrees : {0.0, 33.0, 90.0, 160.0, 270.0, 355.0}) {
             const double allowed = degrees == 0.0 ? 0.0 : 0.5 + 1e-9;
             for (int handle = 0; handle < 8; ++handle) {
-                const CResizeGesture gesture(ResizeKind::Box, handle,
+                const CResizeRule gesture(ResizeKind::Box, handle,
                                              {start.topLeft(), start.size()}, {{8, 8}, {200, 200}},
                                              degrees);
                 const auto opposite = [handle, degrees](const QRectF &rect) {
-                    const QPointF own(-CResizeGesture::horizontalSide(handle) * rect.width() / 2,
-                                      -CResizeGesture::verticalSide(handle) * rect.height() / 2);
+                    const QPointF own(-CResizeRule::horizontalSide(handle) * rect.width() / 2,
+                                      -CResizeRule::verticalSide(handle) * rect.height() / 2);
                     return rect.center() + QTransform().rotate(degrees).map(own);
                 };
                 for (int step = -60; step <= 60; step += 7) {
@@ -93,7 +93,7 @@ private Q_SLOTS:
             }
         }
         // The axes of an item that is turned by 90 degrees: its right edge faces down.
-        const CResizeGesture turned(ResizeKind::Box, 2, {start.topLeft(), start.size()}, {}, 90);
+        const CResizeRule turned(ResizeKind::Box, 2, {start.topLeft(), start.size()}, {}, 90);
         QCOMPARE(turned.geometryFor({0, 10}, {}).size, QSizeF(50, 30));
         QCOMPARE(turned.geometryFor({10, 0}, {}).size, QSizeF(40, 30));
     }
@@ -101,19 +101,19 @@ private Q_SLOTS:
     void rotation()
     {
         const QPointF centre(100, 100);
-        const CRotateGesture fromTop(centre, {100, 50}, 0);
+        const CRotateRule fromTop(centre, {100, 50}, 0);
         QCOMPARE(fromTop.angleFor({150, 100}), 90.0);
         QCOMPARE(fromTop.angleFor({100, 150}), 180.0);
         QCOMPARE(fromTop.angleFor({100, 50}), 0.0);
         const double justBelow = fromTop.angleFor({99, 50});
         QVERIFY2(justBelow > 355 && justBelow < 360, qPrintable(QString::number(justBelow)));
         // Where the handle is taken does not matter: nothing turns until the pointer does.
-        const CRotateGesture askew(centre, {130, 60}, 300);
+        const CRotateRule askew(centre, {130, 60}, 300);
         QCOMPARE(askew.angleFor({130, 60}), 300.0);
         QVERIFY(askew.angleFor({60, 70}) < 360 && askew.angleFor({60, 70}) >= 0);
-        QCOMPARE(CRotateGesture::stepped(52), 45.0);
-        QCOMPARE(CRotateGesture::stepped(53), 60.0);
-        QCOMPARE(CRotateGesture::stepped(359), 0.0);
+        QCOMPARE(CRotateRule::stepped(52), 45.0);
+        QCOMPARE(CRotateRule::stepped(53), 60.0);
+        QCOMPARE(CRotateRule::stepped(359), 0.0);
     }
 
     void snapping_data()

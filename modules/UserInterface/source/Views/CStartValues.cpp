@@ -1,4 +1,4 @@
-#include "CItemChanges.h"
+#include "CStartValues.h"
 
 #include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-CItemChanges::CItemChanges(CItemModel *item, const QStringList &keys) : m_item(item)
+CStartValues::CStartValues(CItemModel *item, const QStringList &keys) : m_item(item)
 {
     for (const QString &key : keys) {
         if (item->hasProperty(key))
@@ -16,7 +16,7 @@ CItemChanges::CItemChanges(CItemModel *item, const QStringList &keys) : m_item(i
     }
 }
 
-const QStringList &CItemChanges::geometryKeys()
+const QStringList &CStartValues::geometryKeys()
 {
     static const QStringList keys = {
         PropertyKey::X,     PropertyKey::Y,      PropertyKey::Radius, PropertyKey::PointSize,
@@ -24,14 +24,14 @@ const QStringList &CItemChanges::geometryKeys()
     return keys;
 }
 
-bool CItemChanges::isAnyChanged() const
+bool CStartValues::isAnyChanged() const
 {
     return std::any_of(m_values.begin(), m_values.end(), [this](const auto &each) {
         return m_item->propertyValue(each.first).toString() != each.second.toString();
     });
 }
 
-void CItemChanges::restore() const
+void CStartValues::restore() const
 {
     // Backwards, as an undo does: sizes that follow from each other end as they were.
     for (auto each = m_values.crbegin(); each != m_values.crend(); ++each) {
@@ -40,7 +40,7 @@ void CItemChanges::restore() const
     }
 }
 
-void CItemChanges::commit(QUndoStack &stack) const
+void CStartValues::commit(QUndoStack &stack) const
 {
     QVector<QVariant> reached;
     for (const auto &each : m_values)

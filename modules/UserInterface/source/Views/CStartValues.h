@@ -10,11 +10,11 @@ class QUndoStack;
 
 /// The properties of one item as they are before a gesture: what a cancelled gesture goes back to,
 /// and what a finished one is recorded against. The item must outlive it.
-class CItemChanges
+class CStartValues
 {
 public:
     /// Remembers those of the properties that the item has.
-    CItemChanges(CItemModel *item, const QStringList &keys);
+    CStartValues(CItemModel *item, const QStringList &keys);
 
     CItemModel *item() const { return m_item; }
     bool isAnyChanged() const;

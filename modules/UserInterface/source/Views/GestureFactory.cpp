@@ -1,0 +1,19 @@
+#include "GestureFactory.h"
+
+#include "CMultiPointItemView.h"
+#include "CPointGesture.h"
+#include "CPointHandle.h"
+#include "CResizeGesture.h"
+#include "CResizeHandle.h"
+#include "CRotateGesture.h"
+
+std::unique_ptr<CGesture> GestureFactory::forHandle(const QGraphicsItem &handle)
+{
+    auto *view = static_cast<CItemView *>(handle.parentItem());
+    if (const auto *resize = dynamic_cast<const CResizeHandle *>(&handle))
+        return std::make_unique<CResizeGesture>(view, resize->index());
+    if (const auto *point = dynamic_cast<const CPointHandle *>(&handle))
+        return std::make_unique<CPointGesture>(static_cast<CMultiPointItemView *>(view),
+                                               point->index());
+    return std::make_unique<CRotateGesture>(view);
+}

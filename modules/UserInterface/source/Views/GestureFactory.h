@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+
+class CGesture;
+class QGraphicsItem;
+
+/// Which gesture a handle stands for.
+namespace GestureFactory {
+/// The handle belongs to a selected view that is not locked.
+std::unique_ptr<CGesture> forHandle(const QGraphicsItem &handle);
+} // namespace GestureFactory
