@@ -1308,30 +1308,7 @@
     </message>
 </context>
 <context>
-    <name>CScreenScene</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>CScreenView</name>
-    <message>
-        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
-        <translation>Die Zwischenablage enthält weder Widgets noch Seiten; es wurde nichts eingefügt.</translation>
-    </message>
-    <message>
-        <source>What was copied cannot be pasted: %1</source>
-        <translation>Das Kopierte kann nicht eingefügt werden: %1</translation>
-    </message>
-    <message>
-        <source>There is no widget in it.</source>
-        <translation>Es ist kein Widget darin.</translation>
-    </message>
-    <message>
-        <source>A locked group stays together. Unlock it to ungroup it.</source>
-        <translation>Eine gesperrte Gruppe bleibt zusammen. Entsperren Sie sie, um die Gruppierung aufzuheben.</translation>
-    </message>
+    <name>CItemDrop</name>
     <message>
         <source>Select media file to use</source>
         <translation>Mediendatei wählen</translation>
@@ -1363,6 +1340,33 @@
     <message>
         <source>No image was added.</source>
         <translation>Es wurde kein Bild hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Move Selected Items</source>
+        <translation>Auswahl verschieben</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Dateien hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenView</name>
+    <message>
+        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
+        <translation>Die Zwischenablage enthält weder Widgets noch Seiten; es wurde nichts eingefügt.</translation>
+    </message>
+    <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>Das Kopierte kann nicht eingefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>There is no widget in it.</source>
+        <translation>Es ist kein Widget darin.</translation>
+    </message>
+    <message>
+        <source>A locked group stays together. Unlock it to ungroup it.</source>
+        <translation>Eine gesperrte Gruppe bleibt zusammen. Entsperren Sie sie, um die Gruppierung aufzuheben.</translation>
     </message>
     <message>
         <source>Cut</source>
@@ -1415,10 +1419,6 @@
     <message>
         <source>Ungroup</source>
         <translation>Gruppierung aufheben</translation>
-    </message>
-    <message>
-        <source>Add Files</source>
-        <translation>Dateien hinzufügen</translation>
     </message>
 </context>
 <context>

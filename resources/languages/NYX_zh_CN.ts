@@ -1308,30 +1308,7 @@
     </message>
 </context>
 <context>
-    <name>CScreenScene</name>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
-    </message>
-</context>
-<context>
-    <name>CScreenView</name>
-    <message>
-        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
-        <translation>剪贴板中既没有控件也没有页面，因此没有粘贴任何内容。</translation>
-    </message>
-    <message>
-        <source>What was copied cannot be pasted: %1</source>
-        <translation>无法粘贴复制的内容：%1</translation>
-    </message>
-    <message>
-        <source>There is no widget in it.</source>
-        <translation>其中没有控件。</translation>
-    </message>
-    <message>
-        <source>A locked group stays together. Unlock it to ungroup it.</source>
-        <translation>已锁定的组保持不变。请先解锁再取消组合。</translation>
-    </message>
+    <name>CItemDrop</name>
     <message>
         <source>Select media file to use</source>
         <translation>选择要使用的媒体文件</translation>
@@ -1363,6 +1340,33 @@
     <message>
         <source>No image was added.</source>
         <translation>未添加图像。</translation>
+    </message>
+    <message>
+        <source>Move Selected Items</source>
+        <translation>移动选中的项目</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>添加文件</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenView</name>
+    <message>
+        <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
+        <translation>剪贴板中既没有控件也没有页面，因此没有粘贴任何内容。</translation>
+    </message>
+    <message>
+        <source>What was copied cannot be pasted: %1</source>
+        <translation>无法粘贴复制的内容：%1</translation>
+    </message>
+    <message>
+        <source>There is no widget in it.</source>
+        <translation>其中没有控件。</translation>
+    </message>
+    <message>
+        <source>A locked group stays together. Unlock it to ungroup it.</source>
+        <translation>已锁定的组保持不变。请先解锁再取消组合。</translation>
     </message>
     <message>
         <source>Cut</source>
@@ -1415,10 +1419,6 @@
     <message>
         <source>Ungroup</source>
         <translation>取消组合</translation>
-    </message>
-    <message>
-        <source>Add Files</source>
-        <translation>添加文件</translation>
     </message>
 </context>
 <context>

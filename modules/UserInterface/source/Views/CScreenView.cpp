@@ -3,7 +3,7 @@
 #include "CEditorState.h"
 #include "CFrameItem.h"
 #include "CGestureReadout.h"
-#include "CImageFileConverter.h"
+#include "CItemDrop.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -46,7 +46,7 @@ void count(const CItemModel &parent, Counts &counts)
 CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     : QGraphicsView(parent),
       m_scene(new CScreenScene(screen, this)),
-      m_converter(new CImageFileConverter(this)),
+      m_drop(new CItemDrop(m_scene, this)),
       m_restTimer(new QTimer(this)),
       m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
@@ -71,8 +71,9 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     connect(state, &CEditorState::zoomChanged, this, &CScreenView::zoom);
     connect(this, QOverload<int, int>::of(&CScreenView::zoomChanged), state,
             &CEditorState::setZoom);
-    connect(m_converter, &CImageFileConverter::failed, this, &CScreenView::message);
-    connect(m_converter, &CImageFileConverter::warned, this, &CScreenView::message);
+    connect(m_drop, &CItemDrop::message, this, &CScreenView::message);
+    connect(m_drop, &CItemDrop::dropped, this, &CScreenView::selectCreated);
+    connect(m_drop, &CItemDrop::movesWanted, this, &CScreenView::moveAll);
     connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
     zoom(state->zoomPercent(), state->zoomType());
 }

@@ -3,20 +3,16 @@
 #include <QGraphicsView>
 
 #include <cstddef>
-#include <memory>
-#include <optional>
-#include <vector>
 
 class CGestureReadout;
-class CImageFileConverter;
+class CItemDrop;
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
-class QMimeData;
-struct SConvertedImage;
 
 /// Shows the canvas of one screen and turns what the user does there into commands on the project's
-/// undo stack: drops, keys, the context menu, the clipboard, drags. Zooms and pans.
+/// undo stack: keys, the context menu, the clipboard, drags, and by CItemDrop drops. Zooms and
+/// pans.
 class CScreenView final : public QGraphicsView
 {
     Q_OBJECT
@@ -122,15 +118,6 @@ private:
     void selectCovered(const QPoint &position);
     void cancelRubberBand();
     void dropGesture();
-    bool dropItems(const QMimeData &dropped, const QPointF &scenePos);
-    bool dropFiles(const QMimeData &dropped, const QPointF &scenePos);
-    using Made = std::vector<std::unique_ptr<CItemModel>>;
-    void create(const QString &type, const QPointF &scenePos);
-    std::unique_ptr<CItemModel> make(const QString &type, const QPointF &scenePos,
-                                     const QString &file, size_t &memory);
-    void add(Made made);
-    std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
-    bool fitsMemory(const SConvertedImage &image, size_t &memory);
     int fitted(int percent) const;
     void setZoom(int percent);
     void applyZoom(int percent);
@@ -143,7 +130,7 @@ private:
     CScreenScene *m_scene;
     int m_zoom = 100; ///< percent
     int m_zoomType = 0;
-    CImageFileConverter *m_converter; ///< a child
+    CItemDrop *m_drop; ///< a child
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;

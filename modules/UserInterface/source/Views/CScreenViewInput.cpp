@@ -1,4 +1,5 @@
-// Mouse, wheel, keys and the context menu of a screen.
+// Mouse, wheel, keys, drops and the context menu of a screen.
+#include "CItemDrop.h"
 #include "CItemModel.h"
 #include "CItemView.h"
 #include "CScreenModel.h"
@@ -10,6 +11,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -202,7 +204,8 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
         return;
     }
     QGraphicsView::mousePressEvent(event);
-    if (m_scene->isBandOnLocked()) // the band has cleared the selection; without a drag it is a click
+    if (m_scene
+            ->isBandOnLocked()) // the band has cleared the selection; without a drag it is a click
         selectUnder(event->pos());
 }
 
@@ -302,6 +305,35 @@ void CScreenView::wheelEvent(QWheelEvent *event)
         return;
     }
     QGraphicsView::wheelEvent(event);
+}
+
+void CScreenView::dragEnterEvent(QDragEnterEvent *event)
+{
+    event->setAccepted(CItemDrop::isWelcome(*event->mimeData()));
+}
+
+void CScreenView::dragMoveEvent(QDragMoveEvent *event)
+{
+    event->setAccepted(CItemDrop::isWelcome(*event->mimeData()));
+    reportPointer(event->pos());
+    if (event->isAccepted())
+        m_drop->showPlace(mapToScene(event->pos()));
+}
+
+void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    m_scene->hideGuides();
+    event->accept();
+}
+
+void CScreenView::dropEvent(QDropEvent *event)
+{
+    m_scene->hideGuides();
+    if (m_drop->drop(*event->mimeData(), mapToScene(event->pos()), m_graphicsMemory))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+    setFocus();
 }
 
 void CScreenView::contextMenuEvent(QContextMenuEvent *event)

@@ -1,5 +1,5 @@
-// What is dropped on a screen: kinds from the palette, items from the explorer, image and media
-// files.
+#include "CItemDrop.h"
+
 #include "CBitmapFormatTable.h"
 #include "CCommandAddItem.h"
 #include "CEditorState.h"
@@ -7,7 +7,6 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
-#include "CScreenView.h"
 #include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
 #include "ItemDrag.h"
@@ -16,7 +15,6 @@
 #include "PropertyKey.h"
 
 #include <QDataStream>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -107,64 +105,65 @@ QString draggedKind(const QMimeData &data)
     stream >> type;
     return type.toString();
 }
+} // namespace
 
-bool isWelcome(const QMimeData &data)
+CItemDrop::CItemDrop(CScreenScene *scene, QWidget *window)
+    : QObject(window), m_scene(scene), m_window(window), m_converter(new CImageFileConverter(this))
+{
+    connect(m_converter, &CImageFileConverter::failed, this, &CItemDrop::message);
+    connect(m_converter, &CImageFileConverter::warned, this, &CItemDrop::message);
+}
+
+bool CItemDrop::isWelcome(const QMimeData &data)
 {
     return data.hasFormat(CreateMime) || data.hasFormat(ItemDrag::Mime) ||
            !droppedFiles(data).isEmpty();
 }
-} // namespace
 
-void CScreenView::dragEnterEvent(QDragEnterEvent *event)
+void CItemDrop::showPlace(const QPointF &scenePos)
 {
-    event->setAccepted(isWelcome(*event->mimeData()));
+    if (CEditorState::instance()->isSnapToGrid())
+        m_scene->snapped(scenePos);
 }
 
-void CScreenView::dragMoveEvent(QDragMoveEvent *event)
+bool CItemDrop::drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory)
 {
-    event->setAccepted(isWelcome(*event->mimeData()));
-    reportPointer(event->pos());
-    if (event->isAccepted() && CEditorState::instance()->isSnapToGrid())
-        m_scene->snapped(mapToScene(event->pos())); // shows where it would land
+    m_memory = graphicsMemory;
+    if (!data.hasFormat(CreateMime))
+        return dropItems(data, scenePos) || dropFiles(data, scenePos);
+    Made made;
+    if (auto item = make(draggedKind(data), scenePos, QString()))
+        made.push_back(std::move(item));
+    add(std::move(made));
+    return true;
 }
 
-void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
+CScreenModel *CItemDrop::screen() const
 {
+    return m_scene->screen();
+}
+
+QPointF CItemDrop::landing(const QPointF &scenePos, const QVector<CItemModel *> &moving)
+{
+    const bool snaps = CEditorState::instance()->isSnapToGrid();
+    const QPointF place = snaps ? m_scene->snapped(scenePos, moving) : scenePos;
     m_scene->hideGuides();
-    event->accept();
-}
-
-void CScreenView::dropEvent(QDropEvent *event)
-{
-    m_scene->hideGuides();
-    const QPointF scenePos = mapToScene(event->pos());
-    const QMimeData &dropped = *event->mimeData();
-    if (dropped.hasFormat(CreateMime)) {
-        event->acceptProposedAction();
-        create(draggedKind(dropped), scenePos);
-    } else if (dropItems(dropped, scenePos) || dropFiles(dropped, scenePos)) {
-        event->acceptProposedAction();
-    } else {
-        event->ignore();
-    }
-    setFocus();
+    return place;
 }
 
 /// The first item comes to the place, the others keep their distance from it.
-bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
+bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
 {
     QVector<CItemModel *> items;
-    for (CItemModel *each : ItemDrag::fromMimeData(dropped, *screen()->project())) {
+    for (CItemModel *each : ItemDrag::fromMimeData(data, *screen()->project())) {
         // A locked member would stay at its place on another screen.
         if (!each->isLocked() && (each->parentItem() == screen() || !holdsLock(*each)))
             items.append(each);
     }
     if (items.isEmpty())
         return false;
-    const bool snaps = CEditorState::instance()->isSnapToGrid();
-    const QPointF place = snaps ? m_scene->snapped(scenePos, items) : scenePos;
-    m_scene->hideGuides();
-    const QPointF by = place - QPointF(items.constFirst()->x(), items.constFirst()->y());
+    const QPointF by =
+        landing(scenePos, items) - QPointF(items.constFirst()->x(), items.constFirst()->y());
     QVector<QPointF> positions;
     for (const CItemModel *each : qAsConst(items))
         positions.append(QPointF(each->x(), each->y()) + by);
@@ -172,27 +171,26 @@ bool CScreenView::dropItems(const QMimeData &dropped, const QPointF &scenePos)
         return each->parentItem() == screen();
     });
     if (areHere && by.isNull()) {
-        selectCreated(items);
+        Q_EMIT dropped(items);
         return true; // dropped where they are
     }
     QUndoStack &stack = *screen()->project()->undoStack();
     stack.beginMacro(tr("Move Selected Items"));
     const QVector<CItemModel *> moved = ItemOperations::bringTo(*screen(), items);
-    moveAll(moved, positions);
+    Q_EMIT movesWanted(moved, positions);
     stack.endMacro();
-    selectCreated(moved);
+    Q_EMIT dropped(moved);
     return true;
 }
 
-bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)
+bool CItemDrop::dropFiles(const QMimeData &data, const QPointF &scenePos)
 {
     const double apart = CEditorState::instance()->gridSpacing();
     QPointF place = scenePos;
-    const QStringList files = droppedFiles(dropped);
+    const QStringList files = droppedFiles(data);
     Made made;
-    size_t memory = m_graphicsMemory;
     for (const QString &file : files) {
-        if (auto item = make(isMediaFile(file) ? MediaType : BitmapType, place, file, memory))
+        if (auto item = make(isMediaFile(file) ? MediaType : BitmapType, place, file))
             made.push_back(std::move(item));
         place += QPointF(apart, apart);
     }
@@ -202,15 +200,16 @@ bool CScreenView::dropFiles(const QMimeData &dropped, const QPointF &scenePos)
 
 /// Asks for the file of a bitmap or media widget unless it was dropped. Nothing when there is none,
 /// or it could not be converted (which the converter tells).
-std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString file)
+std::optional<SConvertedImage> CItemDrop::imageFor(CItemModel &item, QString file)
 {
     const bool isMedia = item.itemTypeName() == MediaType;
     if (file.isEmpty()) {
         const QString folder = screen()->project()->workingDirectory();
-        file = isMedia ? QFileDialog::getOpenFileName(this, tr("Select media file to use"), folder,
-                                                      tr("Media Files (*.jpg *.png *.avi)"))
-                       : QFileDialog::getOpenFileName(this, tr("Select image file to use"), folder,
-                                                      tr("Image Files (*.png *.jpg *.bmp *.raw)"));
+        file = isMedia
+                   ? QFileDialog::getOpenFileName(m_window, tr("Select media file to use"), folder,
+                                                  tr("Media Files (*.jpg *.png *.avi)"))
+                   : QFileDialog::getOpenFileName(m_window, tr("Select image file to use"), folder,
+                                                  tr("Image Files (*.png *.jpg *.bmp *.raw)"));
     }
     if (file.isEmpty())
         return {};
@@ -221,31 +220,21 @@ std::optional<SConvertedImage> CScreenView::imageFor(CItemModel &item, QString f
     return m_converter->convertedImage(file, CImageFileConverter::usualFormat(file, usual));
 }
 
-bool CScreenView::fitsMemory(const SConvertedImage &image, size_t &memory)
+bool CItemDrop::fitsMemory(const SConvertedImage &image)
 {
     const auto needed = static_cast<size_t>(QFileInfo(image.path).size());
-    if (needed + memory < screen()->project()->graphicsMemorySize()) {
-        memory += needed;
+    if (needed + m_memory < screen()->project()->graphicsMemorySize()) {
+        m_memory += needed;
         return true;
     }
-    QMessageBox::warning(this, tr("RAM_G size is limited!"), tr("File size is too big"),
+    QMessageBox::warning(m_window, tr("RAM_G size is limited!"), tr("File size is too big"),
                          QMessageBox::Ok);
     return false;
 }
 
-void CScreenView::create(const QString &type, const QPointF &scenePos)
-{
-    size_t memory = m_graphicsMemory;
-    Made made;
-    if (auto item = make(type, scenePos, QString(), memory))
-        made.push_back(std::move(item));
-    add(std::move(made));
-}
-
-/// Null when there is nothing to add, which has been told. `memory`: bytes of the chip that are in
-/// use, to which the item's are added.
-std::unique_ptr<CItemModel> CScreenView::make(const QString &type, const QPointF &scenePos,
-                                              const QString &file, size_t &memory)
+/// Null when there is nothing to add, which has been told.
+std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &scenePos,
+                                            const QString &file)
 {
     CProjectModel *project = screen()->project();
     if (!project->library() || !project->library()->contains(type)) {
@@ -253,16 +242,14 @@ std::unique_ptr<CItemModel> CScreenView::make(const QString &type, const QPointF
         return nullptr;
     }
     auto item = std::make_unique<CWidgetModel>(type, project->library(), project);
-    const bool snaps = CEditorState::instance()->isSnapToGrid();
-    placeAt(*item, snaps ? m_scene->snapped(scenePos) : scenePos);
-    m_scene->hideGuides();
+    placeAt(*item, landing(scenePos, {}));
     if (type == BitmapType || type == MediaType) {
         const std::optional<SConvertedImage> image = imageFor(*item, file);
         if (!image) {
             Q_EMIT message(tr("No image was added."));
             return nullptr;
         }
-        if (!fitsMemory(*image, memory))
+        if (!fitsMemory(*image))
             return nullptr;
         takeImage(*item, *image);
     }
@@ -270,7 +257,7 @@ std::unique_ptr<CItemModel> CScreenView::make(const QString &type, const QPointF
 }
 
 /// All that one drop has brought is one step.
-void CScreenView::add(Made made)
+void CItemDrop::add(Made made)
 {
     CProjectModel &project = *screen()->project();
     const bool areSeveral = made.size() > 1;
@@ -286,5 +273,5 @@ void CScreenView::add(Made made)
     if (areSeveral)
         project.undoStack()->endMacro();
     if (!added.isEmpty())
-        selectCreated(added);
+        Q_EMIT dropped(added);
 }

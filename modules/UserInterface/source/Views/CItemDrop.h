@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QObject>
+#include <QVector>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class CImageFileConverter;
+class CItemModel;
+class CScreenModel;
+class CScreenScene;
+class QMimeData;
+class QPointF;
+class QWidget;
+struct SConvertedImage;
+
+/// What is dropped on a screen: kinds from the palette, items from the explorer, image and media
+/// files. All that one drop brings is one step.
+class CItemDrop final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A child of `window`, over which it asks. The scene must outlive it.
+    CItemDrop(CScreenScene *scene, QWidget *window);
+
+    static bool isWelcome(const QMimeData &data);
+    /// Marks where something dropped at a place would land, until the scene hides its guides.
+    void showPlace(const QPointF &scenePos);
+    /// `graphicsMemory`: bytes of the chip's memory that the screen needs by now. False when the
+    /// data hold nothing that the screen can take.
+    bool drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory);
+
+Q_SIGNALS:
+    void dropped(const QVector<CItemModel *> &items); ///< they are to be selected
+    /// Within the macro of the drop.
+    void movesWanted(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    void message(const QString &text);
+
+private:
+    using Made = std::vector<std::unique_ptr<CItemModel>>;
+
+    CScreenModel *screen() const;
+    QPointF landing(const QPointF &scenePos, const QVector<CItemModel *> &moving);
+    bool dropItems(const QMimeData &data, const QPointF &scenePos);
+    bool dropFiles(const QMimeData &data, const QPointF &scenePos);
+    std::unique_ptr<CItemModel> make(const QString &type, const QPointF &scenePos,
+                                     const QString &file);
+    std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
+    bool fitsMemory(const SConvertedImage &image);
+    void add(Made made);
+
+    CScreenScene *m_scene; ///< not owned
+    QWidget *m_window;
+    CImageFileConverter *m_converter; ///< a child
+    size_t m_memory = 0;              ///< bytes in use, with those of what the drop has brought
+};
