@@ -8,17 +8,14 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
-#include "CZoomComboWidget.h"
+#include "CViewZoom.h"
 #include "SaveRenderHandler.h"
-#include "ZoomRule.h"
 
 #include <QPainter>
 #include <QPainterPath>
-#include <QScrollBar>
 #include <QTimer>
 
 namespace {
-constexpr int Margin = 48;      ///< screen pixels about the screen that can be scrolled to
 constexpr int RestAfter = 150;  ///< milliseconds without a change
 constexpr int LongestWait = 40; ///< milliseconds that a change is kept back for its frame
 constexpr int ShadowWidth = 6;  ///< screen pixels
@@ -47,6 +44,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     : QGraphicsView(parent),
       m_scene(new CScreenScene(screen, this)),
       m_drop(new CItemDrop(m_scene, this)),
+      m_zoom(new CViewZoom(this)),
       m_restTimer(new QTimer(this)),
       m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
@@ -68,6 +66,13 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     connectScene();
 
     CEditorState *state = CEditorState::instance();
+    connect(m_zoom, &CViewZoom::scaled, this, &CScreenView::becomeBusy);
+    connect(m_zoom, &CViewZoom::scaled, this, &CScreenView::scaleChanged);
+    connect(m_zoom, &CViewZoom::moved, this, &CScreenView::viewportMoved);
+    connect(m_zoom, &CViewZoom::changed, this, [this](int percent, int type) {
+        Q_EMIT zoomChanged(percent);
+        Q_EMIT zoomChanged(percent, type);
+    });
     connect(state, &CEditorState::zoomChanged, this, &CScreenView::zoom);
     connect(this, QOverload<int, int>::of(&CScreenView::zoomChanged), state,
             &CEditorState::setZoom);
@@ -104,6 +109,16 @@ void CScreenView::detach()
     disconnect(CEditorState::instance(), nullptr, this, nullptr);
     m_scene->disconnect(this);
     m_scene->detach();
+}
+
+int CScreenView::zoomPercent() const
+{
+    return m_zoom->percent();
+}
+
+int CScreenView::zoomType() const
+{
+    return m_zoom->type();
 }
 
 bool CScreenView::isGestureActive() const
@@ -168,8 +183,7 @@ void CScreenView::updateRepaint()
     const QRectF rect(QPointF(), QSizeF(screen()->project()->resolution()));
     if (rect != m_scene->sceneRect()) {
         m_scene->setSceneRect(rect);
-        updateMargins();
-        zoom(m_zoomType == CZoomComboWidget::FreeValue ? m_zoom : fitted(m_zoom), m_zoomType);
+        m_zoom->sceneResized();
     }
     Q_EMIT frameWanted();
     viewport()->update();
@@ -180,74 +194,9 @@ void CScreenView::showReadout(const QString &text)
     m_readout->showAt(viewport()->mapFromGlobal(QCursor::pos()), text);
 }
 
-// --- zoom ---
-
-int CScreenView::fitted(int percent) const
-{
-    if (m_zoomType == CZoomComboWidget::FitToPage)
-        return ZoomRule::pageFit(size(), m_scene->sceneRect().size());
-    if (m_zoomType == CZoomComboWidget::FitToWidth) {
-        const QScrollBar *bar = verticalScrollBar();
-        return ZoomRule::widthFit(width(), bar->isVisible() ? bar->width() : 0,
-                                  m_scene->sceneRect().width());
-    }
-    return percent;
-}
-
 void CScreenView::zoom(int percent, int type)
 {
-    if (type != m_zoomType) {
-        m_zoomType = type;
-        const bool page = type == CZoomComboWidget::FitToPage;
-        const bool width = type == CZoomComboWidget::FitToWidth;
-        setHorizontalScrollBarPolicy(page || width ? Qt::ScrollBarAlwaysOff
-                                                   : Qt::ScrollBarAsNeeded);
-        setVerticalScrollBarPolicy(page ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
-        updateMargins();
-        percent = fitted(percent);
-    }
-    if (isVisible())
-        applyZoom(percent);
-    m_zoom = m_zoomType == CZoomComboWidget::FreeValue ? ZoomRule::clamped(percent) : percent;
-}
-
-/// Zooms about the scene point in the middle of the view, also while all of the screen is in sight
-/// and nothing can be scrolled yet.
-void CScreenView::applyZoom(int percent)
-{
-    const QPointF middle(viewport()->width() * 0.5, viewport()->height() * 0.5);
-    const QPointF centre = viewportTransform().inverted().map(middle);
-    setZoom(percent);
-    const QPointF moved = viewportTransform().map(centre) - middle;
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + static_cast<int>(moved.x()));
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(moved.y()));
-    Q_EMIT viewportMoved();
-}
-
-void CScreenView::setZoom(int percent)
-{
-    if (m_zoomType == CZoomComboWidget::FreeValue)
-        percent = ZoomRule::clamped(percent);
-    if (percent <= 0) // a view without an area
-        return;
-    const double factor = percent / (transform().m11() * 100);
-    QGraphicsView::scale(factor, factor);
-    becomeBusy();
-    updateMargins();
-    Q_EMIT scaleChanged(transform().m11());
-    if (percent != m_zoom) {
-        m_zoom = percent;
-        Q_EMIT zoomChanged(percent);
-        Q_EMIT zoomChanged(percent, m_zoomType);
-    }
-}
-
-/// Lets the free zoom scroll a little beyond the screen, where handles may lie.
-void CScreenView::updateMargins()
-{
-    const double margin =
-        m_zoomType == CZoomComboWidget::FreeValue ? Margin / transform().m11() : 0;
-    setSceneRect(m_scene->sceneRect().adjusted(-margin, -margin, margin, margin));
+    m_zoom->set(percent, type);
 }
 
 void CScreenView::becomeBusy()
@@ -266,8 +215,8 @@ void CScreenView::settle()
 void CScreenView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
-    if (m_zoomType != CZoomComboWidget::FreeValue && isVisible())
-        applyZoom(fitted(m_zoom));
+    if (!m_zoom->isFree() && isVisible())
+        m_zoom->fit();
     Q_EMIT viewportMoved();
     Q_EMIT resized();
 }
@@ -275,7 +224,7 @@ void CScreenView::resizeEvent(QResizeEvent *event)
 void CScreenView::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
-    applyZoom(fitted(m_zoom));
+    m_zoom->fit();
     Q_EMIT frameWanted();
     viewport()->update();
     reportCounts();

@@ -9,6 +9,7 @@ class CItemDrop;
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
+class CViewZoom;
 
 /// Shows the canvas of one screen and turns what the user does there into commands on the project's
 /// undo stack: keys, the context menu, the clipboard, drags, and by CItemDrop drops. Zooms and
@@ -38,8 +39,8 @@ public:
 
     QVector<CItemModel *> selectedItems() const; ///< front first
     bool isGestureActive() const;
-    int zoomPercent() const { return m_zoom; }
-    int zoomType() const { return m_zoomType; }
+    int zoomPercent() const;
+    int zoomType() const;
     double scale() const { return transform().m11(); }
     /// Counts widgets and bitmaps and tells them.
     void reportCounts();
@@ -118,19 +119,14 @@ private:
     void selectCovered(const QPoint &position);
     void cancelRubberBand();
     void dropGesture();
-    int fitted(int percent) const;
-    void setZoom(int percent);
-    void applyZoom(int percent);
-    void updateMargins();
     static void drawShadow(QPainter *painter, const QRectF &page, double pixel);
     void settle();
     void becomeBusy();
     void paintAgain();
 
     CScreenScene *m_scene;
-    int m_zoom = 100; ///< percent
-    int m_zoomType = 0;
     CItemDrop *m_drop; ///< a child
+    CViewZoom *m_zoom; ///< a child
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;

@@ -5,9 +5,8 @@
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
-#include "CZoomComboWidget.h"
+#include "CViewZoom.h"
 #include "ItemOperations.h"
-#include "ZoomRule.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -284,15 +283,7 @@ void CScreenView::wheelEvent(QWheelEvent *event)
 {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
         event->accept();
-        if (m_zoomType != CZoomComboWidget::FreeValue)
-            return;
-        const QPointF under = mapToScene(event->position().toPoint());
-        const QPoint before = mapFromScene(under);
-        setZoom(ZoomRule::wheelStep(m_zoom, event->angleDelta().y()));
-        const QPoint moved = mapFromScene(under) - before;
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved.x());
-        verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
-        Q_EMIT viewportMoved();
+        m_zoom->step(event->position().toPoint(), event->angleDelta().y());
         return;
     }
     if (event->modifiers().testFlag(Qt::ShiftModifier)) {

@@ -1,0 +1,117 @@
+#include "CViewZoom.h"
+
+#include "CZoomComboWidget.h"
+#include "ZoomRule.h"
+
+#include <QGraphicsView>
+#include <QScrollBar>
+
+namespace {
+constexpr int Margin = 48; ///< screen pixels about the screen that can be scrolled to
+
+void scrollBy(QGraphicsView &view, double across, double down)
+{
+    QScrollBar *horizontal = view.horizontalScrollBar();
+    horizontal->setValue(horizontal->value() + static_cast<int>(across));
+    QScrollBar *vertical = view.verticalScrollBar();
+    vertical->setValue(vertical->value() + static_cast<int>(down));
+}
+} // namespace
+
+CViewZoom::CViewZoom(QGraphicsView *view) : QObject(view), m_view(view)
+{
+}
+
+bool CViewZoom::isFree() const
+{
+    return m_type == CZoomComboWidget::FreeValue;
+}
+
+int CViewZoom::fitted(int percent) const
+{
+    const QSizeF scene = m_view->scene()->sceneRect().size();
+    if (m_type == CZoomComboWidget::FitToPage)
+        return ZoomRule::pageFit(m_view->size(), scene);
+    if (m_type == CZoomComboWidget::FitToWidth) {
+        const QScrollBar *bar = m_view->verticalScrollBar();
+        return ZoomRule::widthFit(m_view->width(), bar->isVisible() ? bar->width() : 0,
+                                  scene.width());
+    }
+    return percent;
+}
+
+void CViewZoom::set(int percent, int type)
+{
+    if (type != m_type) {
+        m_type = type;
+        const bool page = type == CZoomComboWidget::FitToPage;
+        const bool width = type == CZoomComboWidget::FitToWidth;
+        m_view->setHorizontalScrollBarPolicy(page || width ? Qt::ScrollBarAlwaysOff
+                                                           : Qt::ScrollBarAsNeeded);
+        m_view->setVerticalScrollBarPolicy(page ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+        updateMargins();
+        percent = fitted(percent);
+    }
+    if (m_view->isVisible())
+        apply(percent);
+    m_percent = isFree() ? ZoomRule::clamped(percent) : percent;
+}
+
+void CViewZoom::fit()
+{
+    apply(fitted(m_percent));
+}
+
+void CViewZoom::sceneResized()
+{
+    updateMargins();
+    set(fitted(m_percent), m_type);
+}
+
+void CViewZoom::step(const QPoint &position, int angleDelta)
+{
+    if (!isFree())
+        return;
+    const QPointF under = m_view->mapToScene(position);
+    const QPoint before = m_view->mapFromScene(under);
+    scaleTo(ZoomRule::wheelStep(m_percent, angleDelta));
+    const QPoint by = m_view->mapFromScene(under) - before;
+    scrollBy(*m_view, by.x(), by.y());
+    Q_EMIT moved();
+}
+
+/// About the scene point in the middle of the view, also while all of the screen is in sight and
+/// nothing can be scrolled yet.
+void CViewZoom::apply(int percent)
+{
+    const QWidget *viewport = m_view->viewport();
+    const QPointF middle(viewport->width() * 0.5, viewport->height() * 0.5);
+    const QPointF centre = m_view->viewportTransform().inverted().map(middle);
+    scaleTo(percent);
+    const QPointF by = m_view->viewportTransform().map(centre) - middle;
+    scrollBy(*m_view, by.x(), by.y());
+    Q_EMIT moved();
+}
+
+void CViewZoom::scaleTo(int percent)
+{
+    if (isFree())
+        percent = ZoomRule::clamped(percent);
+    if (percent <= 0) // a view without an area
+        return;
+    const double factor = percent / (m_view->transform().m11() * 100);
+    m_view->scale(factor, factor);
+    updateMargins();
+    Q_EMIT scaled(m_view->transform().m11());
+    if (percent == m_percent)
+        return;
+    m_percent = percent;
+    Q_EMIT changed(percent, m_type);
+}
+
+/// Lets the free zoom scroll a little beyond the screen, where handles may lie.
+void CViewZoom::updateMargins()
+{
+    const double margin = isFree() ? Margin / m_view->transform().m11() : 0;
+    m_view->setSceneRect(m_view->scene()->sceneRect().adjusted(-margin, -margin, margin, margin));
+}
