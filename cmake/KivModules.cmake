@@ -80,7 +80,8 @@ function(kiv_add_source_checks)
 endfunction()
 
 # kiv_add_test(tst_name DEPENDS targets... [SOURCES more files...] [TIMEOUT seconds])
-# A Qt Test program from tests/tst_name.cpp, run without a display.
+# A Qt Test program from tests/tst_name.cpp, run without a display, with the widget library and the
+# render script in the program folder.
 function(kiv_add_test name)
   cmake_parse_arguments(arg "" "TIMEOUT" "DEPENDS;SOURCES" ${ARGN})
   if(NOT arg_TIMEOUT)
@@ -90,6 +91,7 @@ function(kiv_add_test name)
   set_target_properties(${name} PROPERTIES
     AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_DEPENDS} Qt5::Test KIV::Warnings)
+  add_dependencies(${name} resources)
   add_test(NAME ${name} COMMAND ${name})
   kiv_test_environment(${name} ${arg_TIMEOUT})
 endfunction()
