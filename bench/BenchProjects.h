@@ -15,9 +15,9 @@ QByteArray smallWidgets(int count);
 /// and the 200 dots, for which there is no widget; the list still has some 2,000 words.
 QByteArray standardWidgets(const SStandardScreen &screen);
 
-/// A project of so many screens for projects of any size: every fifth widget is of another kind, some
-/// have texts of their own, as drawn projects have. The first screen has up to MostOnFirst of them,
-/// the others share the rest.
+/// A project of so many screens for projects of any size: every fifth widget is of another kind,
+/// some have texts of their own, as drawn projects have. The first screen has up to MostOnFirst of
+/// them, the others share the rest.
 QByteArray manyScreens(int widgets, int screens);
 constexpr int MostOnFirst = 5000;
 /// How many screens the table of sizes has for a number of widgets.

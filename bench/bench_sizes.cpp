@@ -119,8 +119,11 @@ QByteArrayList commandOf(const QByteArray &step, const QString &file, const QStr
 {
     if (step != "export")
         return {"/proc/self/exe", "--one", step, QFile::encodeName(file)};
-    return {KIV_BIN_DIR "/panel-export", QFile::encodeName(file), "--bin",
-            QFile::encodeName(folder + QStringLiteral("/screens.bin")), "--dl",
+    return {KIV_BIN_DIR "/panel-export",
+            QFile::encodeName(file),
+            "--bin",
+            QFile::encodeName(folder + QStringLiteral("/screens.bin")),
+            "--dl",
             QFile::encodeName(folder + QStringLiteral("/screens.dl"))};
 }
 
@@ -142,7 +145,8 @@ QString printTable(const QStringList &sizes, const QByteArrayList &steps, const 
         for (const QByteArray &step : steps) {
             const SResult result = run(commandOf(step, file, folder), limit);
             text += QLatin1Char(' ') + cell(result, limit) + QStringLiteral(" |");
-            std::fprintf(stderr, "%7d %-10s %9.1f ms (processor %9.1f), in all %9.1f ms, %6.0f MB\n",
+            std::fprintf(stderr,
+                         "%7d %-10s %9.1f ms (processor %9.1f), in all %9.1f ms, %6.0f MB\n",
                          widgets, step.constData(), result.longest, result.processor, result.whole,
                          result.megabytes);
         }
@@ -178,10 +182,13 @@ int main(int argc, char **argv)
     add("keep", "Where the projects are left.", "FOLDER", QString());
     options.process(application);
     const QTemporaryDir temporary;
-    const QString folder = options.isSet(QStringLiteral("keep")) ? options.value(QStringLiteral("keep")) : temporary.path();
+    const QString folder = options.isSet(QStringLiteral("keep"))
+                               ? options.value(QStringLiteral("keep"))
+                               : temporary.path();
     const QString table =
         printTable(options.value(QStringLiteral("widgets")).split(QLatin1Char(',')),
-                   options.value(QStringLiteral("steps")).toLatin1().split(','), folder, options.isSet(QStringLiteral("one-screen")),
+                   options.value(QStringLiteral("steps")).toLatin1().split(','), folder,
+                   options.isSet(QStringLiteral("one-screen")),
                    options.value(QStringLiteral("limit")).toInt());
     std::printf("%s\nmilliseconds for which the window does not answer (export: of the whole "
                 "program) / megabytes at most\n",

@@ -4,8 +4,9 @@
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
 /// The emulator library is also given the project's working directory, against which the folders of
-/// bitmaps are meant; it is in no document, and an attribute of its name that a document has is kept
-/// but hidden by it. The colour is handed out in its canonical form, whatever a document calls it.
+/// bitmaps are meant; it is in no document, and an attribute of its name that a document has is
+/// kept but hidden by it. The colour is handed out in its canonical form, whatever a document calls
+/// it.
 class CScreenModel final : public CItemModel
 {
 public:

@@ -141,9 +141,8 @@ void XmlText::appendEscaped(QByteArray &target, const QByteArray &text)
 int XmlText::escapedSize(const QByteArray &text)
 {
     constexpr int longest = 6; // "&quot;"
-    const auto escaped =
-        std::count_if(text.begin(), text.end(), [](char c) {
-            return ByteClasses[static_cast<unsigned char>(c)] == Escaped;
-        });
+    const auto escaped = std::count_if(text.begin(), text.end(), [](char c) {
+        return ByteClasses[static_cast<unsigned char>(c)] == Escaped;
+    });
     return text.size() + static_cast<int>(escaped) * (longest - 1);
 }

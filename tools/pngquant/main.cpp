@@ -65,8 +65,8 @@ static int quantiseFile(const QString &path)
     if (bytes.isEmpty())
         return fail(error);
     const QFileInfo info(path);
-    error =
-        CFileWriter::write(QStringLiteral("%1/%2-fs8.png").arg(info.path(), info.completeBaseName()), bytes);
+    error = CFileWriter::write(
+        QStringLiteral("%1/%2-fs8.png").arg(info.path(), info.completeBaseName()), bytes);
     return error.isEmpty() ? 0 : fail(error);
 }
 

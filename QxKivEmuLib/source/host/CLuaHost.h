@@ -3,8 +3,8 @@
 #include "CAssetLoader.h"
 #include "CErrorList.h"
 #include "CSnapshot.h"
-#include "executor/ChipLimits.h"
 #include "ScriptLimits.h"
+#include "executor/ChipLimits.h"
 
 #include <atomic>
 #include <memory>

@@ -95,7 +95,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_menuBar->action(CMenuBar::Updates)->setEnabled(m_updater->isConfigured());
     if (QFile::exists(file))
         m_session->open(file);
-    if (project() && !m_session->leftWork().isEmpty()) // the start page, which offers it, is not seen
+    if (project() &&
+        !m_session->leftWork().isEmpty()) // the start page, which offers it, is not seen
         m_user->showNotice(
             tr("Unsaved work of a session that ended unexpectedly is kept. The start "
                "page offers it: close the project to see it."));

@@ -14,8 +14,8 @@ struct SAction
     const char *text;
     const char *icon; ///< name of a picture below ":/images/", or null
     const char *tip;  ///< or null
-    /// Separated by "; ", the one that the menu shows first; or null. Spelt out: what a system binds
-    /// to a standard key may have company, like a second key that deletes.
+    /// Separated by "; ", the one that the menu shows first; or null. Spelt out: what a system
+    /// binds to a standard key may have company, like a second key that deletes.
     const char *keys;
     ECheck check;
     void (*trigger)(CMainWindow &window, const CMenuBar &bar); ///< or null

@@ -80,7 +80,6 @@ void CWindowPlacement::fit()
 {
     const Qt::WindowStates whole = Qt::WindowMaximized | Qt::WindowFullScreen;
     if (m_window->isVisible() && !(m_window->windowState() & whole))
-        m_window->setGeometry(placed(m_window->geometry(),
-                                     m_window->windowHandle()->frameMargins(),
+        m_window->setGeometry(placed(m_window->geometry(), m_window->windowHandle()->frameMargins(),
                                      screensOf(*m_window)));
 }

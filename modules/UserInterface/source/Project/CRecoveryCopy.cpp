@@ -52,7 +52,8 @@ QVector<CRecoveryCopy::SLeft> CRecoveryCopy::left(const QString &root)
     if (root.isEmpty() || !QFileInfo(root).isDir())
         return found;
     const CFolderGuard guard(root); // a folder that is just being made has no lock yet
-    const auto folders = QDir(root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    const auto folders =
+        QDir(root).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QFileInfo &each : folders) {
         if (QUuid(each.fileName()).isNull())
             continue; // not made by this class

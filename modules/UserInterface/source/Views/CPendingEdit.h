@@ -11,8 +11,8 @@ class QWidget;
 
 /// An edit that is under way in one editor, so that it becomes one change: stepping a spin box,
 /// turning the wheel or holding a key commits once, after a short rest or when the editor loses
-/// the focus. Escape takes the edit back, also the steps that were committed at a rest. Undo and Redo are the project's unless there is typed
-/// text to take back. Lives as a child of its editor.
+/// the focus. Escape takes the edit back, also the steps that were committed at a rest. Undo and
+/// Redo are the project's unless there is typed text to take back. Lives as a child of its editor.
 class CPendingEdit : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     /// `commit` takes the editor's value over, `revert` shows the old one again.
     CPendingEdit(QWidget *editor, std::function<void()> commit, std::function<void()> revert);
 
-    void touch(); ///< the value has changed and may change again soon
+    void touch();  ///< the value has changed and may change again soon
     void change(); ///< the value has changed; it is committed when the editor is left
     void commit();
     void discard();

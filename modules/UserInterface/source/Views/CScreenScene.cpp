@@ -63,15 +63,14 @@ void CScreenScene::detach()
 /// All at once: of views that go one by one each is looked for in the list of all items.
 void CScreenScene::deleteViews()
 {
-    for (QGraphicsItem *kept : {static_cast<QGraphicsItem *>(m_snapCross),
-                                static_cast<QGraphicsItem *>(m_frame)}) {
-        if (kept)
-            removeItem(kept);
-    }
-    QGraphicsScene::clear();
-    addItem(m_snapCross);
+    QVector<QGraphicsItem *> kept = {m_guides.cross()};
     if (m_frame)
-        addItem(m_frame);
+        kept.append(m_frame);
+    for (QGraphicsItem *each : qAsConst(kept))
+        removeItem(each);
+    QGraphicsScene::clear();
+    for (QGraphicsItem *each : qAsConst(kept))
+        addItem(each);
 }
 
 CItemView *CScreenScene::viewOf(const CItemModel *item) const

@@ -73,3 +73,8 @@ void CSnapGuides::hide()
     m_guided.clear();
     m_cross->hide();
 }
+
+QGraphicsItem *CSnapGuides::cross() const
+{
+    return m_cross;
+}

@@ -23,6 +23,7 @@ public:
     QPointF place(const QPointF &proposed, const QVector<CItemView *> &views,
                   const QVector<CItemModel *> &moving, int spacing);
     void hide();
+    QGraphicsItem *cross() const; ///< the scene's, beside the views of items
 
 private:
     QGraphicsScene &m_scene;

@@ -77,9 +77,8 @@ private Q_SLOTS:
         for (const double degrees : {0.0, 33.0, 90.0, 160.0, 270.0, 355.0}) {
             const double allowed = degrees == 0.0 ? 0.0 : 0.5 + 1e-9;
             for (int handle = 0; handle < 8; ++handle) {
-                const CResizeRule gesture(ResizeKind::Box, handle,
-                                             {start.topLeft(), start.size()}, {{8, 8}, {200, 200}},
-                                             degrees);
+                const CResizeRule gesture(ResizeKind::Box, handle, {start.topLeft(), start.size()},
+                                          {{8, 8}, {200, 200}}, degrees);
                 const auto opposite = [handle, degrees](const QRectF &rect) {
                     const QPointF own(-CResizeRule::horizontalSide(handle) * rect.width() / 2,
                                       -CResizeRule::verticalSide(handle) * rect.height() / 2);

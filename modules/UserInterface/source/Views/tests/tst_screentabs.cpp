@@ -99,7 +99,6 @@ private Q_SLOTS:
         QCOMPARE(texts(tabs), QStringList({"Page 2", "Page 3"}));
         stack.undo();
         QVERIFY(texts(tabs).contains("Page 1"));
-
     }
 
     void aDoubleClickRenamesTheScreen()
@@ -141,7 +140,6 @@ private Q_SLOTS:
         project->removeRow(0);
         QCOMPARE(navigator.count(), 2);
     }
-
 };
 
 QTEST_MAIN(tst_ScreenTabs)
