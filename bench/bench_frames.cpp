@@ -6,7 +6,7 @@
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "host/CLuaHost.h"
+#include "host/lua/CLuaHost.h"
 
 #include <QGuiApplication>
 

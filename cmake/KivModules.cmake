@@ -1,14 +1,14 @@
 # Modules with layers, programs and tests. A module may link only modules of lower layers; a wrong
 # arrow stops the configure step, and the test "layers" holds every #include against the same arrows.
 
-# kiv_add_module(name LAYER n [NO_QT] [SHARED] [INCLUDE folder] DEPENDS targets...
+# kiv_add_module(name LAYER n [NO_QT] [SHARED] [INCLUDE folders...] DEPENDS targets...
 #                [PRIVATE_DEPENDS targets...] SOURCES files... [RESOURCES files...])
 # Makes the static library KIV::<name>, its headers reachable for whoever links it, from INCLUDE or
 # else from the folder of the call. NO_QT is for code that knows no Qt. A SHARED library carries its
 # name without a prefix, as the file does.
 function(kiv_add_module name)
-  cmake_parse_arguments(arg "NO_QT;SHARED" "LAYER;INCLUDE"
-    "DEPENDS;PRIVATE_DEPENDS;SOURCES;RESOURCES" ${ARGN})
+  cmake_parse_arguments(arg "NO_QT;SHARED" "LAYER"
+    "INCLUDE;DEPENDS;PRIVATE_DEPENDS;SOURCES;RESOURCES" ${ARGN})
   if(NOT arg_INCLUDE)
     set(arg_INCLUDE ${CMAKE_CURRENT_SOURCE_DIR})
   endif()

@@ -5,7 +5,7 @@
 #include "executor/BitmapFormats.h"
 #include "executor/CExecutor.h"
 #include "executor/CRamG.h"
-#include "host/ImageFile.h"
+#include "host/assets/ImageFile.h"
 #include "pictures/CAviReader.h"
 #include "raster/BitmapImage.h"
 #include "raster/CRasterizer.h"

@@ -1,6 +1,6 @@
 #include "ToolRun.h"
 #include "executor/BitmapFormats.h"
-#include "host/ImageFile.h"
+#include "host/assets/ImageFile.h"
 #include "raster/BitmapImage.h"
 
 #include <QColorSpace>

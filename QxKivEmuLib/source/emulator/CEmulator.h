@@ -1,7 +1,7 @@
 #pragma once
 
 #include "QxKivEmuLib.h"
-#include "host/CSnapshot.h"
+#include "host/items/CSnapshot.h"
 
 #include <chrono>
 #include <condition_variable>

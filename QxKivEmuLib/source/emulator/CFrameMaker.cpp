@@ -1,7 +1,7 @@
 #include "CFrameMaker.h"
 
 #include "displaylist/DisplayListText.h"
-#include "host/CSnapshot.h"
+#include "host/items/CSnapshot.h"
 #include "raster/CSurface.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "executor/CExecutor.h"
-#include "host/CLuaHost.h"
+#include "host/lua/CLuaHost.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/CLuaHost.h"
+#include "host/lua/CLuaHost.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,5 +1,5 @@
 #include "BenchScreen.h"
-#include "host/CLuaHost.h"
+#include "host/lua/CLuaHost.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #include "CTestFolder.h"
 #include "SHostRun.h"
 #include "executor/BitmapFormats.h"
-#include "host/CAssetLoader.h"
+#include "host/assets/CAssetLoader.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "host/ChunkAssignments.h"
+#include "host/lua/ChunkAssignments.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "RomFonts.h"
 #include "SHostRun.h"
-#include "host/LuaColour.h"
+#include "host/draw/LuaColour.h"
 
 #include <algorithm>
 #include <clocale>

@@ -1,5 +1,5 @@
 #include "CTestFolder.h"
-#include "host/ImageFile.h"
+#include "host/assets/ImageFile.h"
 #include "pictures/CAviReader.h"
 #include "pictures/PictureReading.h"
 

@@ -1,5 +1,5 @@
 #include "SHostRun.h"
-#include "host/CLuaSandbox.h"
+#include "host/lua/CLuaSandbox.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -1,5 +1,5 @@
 #include "CTestModel.h"
-#include "host/CSnapshot.h"
+#include "host/items/CSnapshot.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "CTestModel.h"
 #include "displaylist/DisplayListText.h"
-#include "host/CLuaHost.h"
+#include "host/lua/CLuaHost.h"
 
 /// The least script that draws every item on a background.
 constexpr char PlainScript[] = R"lua(

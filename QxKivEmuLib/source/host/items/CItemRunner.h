@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CItemTables.h"
-#include "ChunkAssignments.h"
+#include "host/lua/ChunkAssignments.h"
 
 #include <string>
 #include <unordered_map>

@@ -1,4 +1,4 @@
-#include "CAssetLoader.h"
+#include "host/assets/CAssetLoader.h"
 #include "CDrawContext.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "CAssetLoader.h"
-#include "CItemRunner.h"
+#include "host/assets/CAssetLoader.h"
+#include "host/items/CItemRunner.h"
 #include "DrawApi.h"
 #include "LuaColour.h"
 #include "executor/BitmapFormats.h"

@@ -1,4 +1,4 @@
-#include "CItemRunner.h"
+#include "host/items/CItemRunner.h"
 #include "DrawApi.h"
 #include "RomFonts.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CSnapshot.h"
+#include "host/items/CSnapshot.h"
 
 namespace kivemu {
 

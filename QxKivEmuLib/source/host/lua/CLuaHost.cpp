@@ -1,7 +1,7 @@
 #include "CLuaHost.h"
 
-#include "CDrawContext.h"
-#include "CItemRunner.h"
+#include "host/draw/CDrawContext.h"
+#include "host/items/CItemRunner.h"
 #include "CLuaSandbox.h"
 #include "CPlainLocale.h"
 #include "SandboxLibraries.h"

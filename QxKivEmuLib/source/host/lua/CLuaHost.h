@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CAssetLoader.h"
-#include "CErrorList.h"
-#include "CSnapshot.h"
+#include "host/assets/CAssetLoader.h"
+#include "host/items/CErrorList.h"
+#include "host/items/CSnapshot.h"
 #include "ScriptLimits.h"
 #include "executor/ChipLimits.h"
 

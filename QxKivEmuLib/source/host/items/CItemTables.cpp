@@ -1,7 +1,7 @@
 #include "CItemTables.h"
 
-#include "CLuaAllocator.h"
-#include "SLuaContext.h"
+#include "host/lua/CLuaAllocator.h"
+#include "host/lua/SLuaContext.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CDrawContext.h"
-#include "SLuaContext.h"
+#include "host/lua/SLuaContext.h"
 
 #include <cmath>
 #include <cstdio>

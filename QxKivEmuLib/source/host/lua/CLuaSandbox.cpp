@@ -1,7 +1,7 @@
 #include "CLuaSandbox.h"
 
 #include "CLuaAllocator.h"
-#include "DrawApi.h"
+#include "host/draw/DrawApi.h"
 #include "SandboxLibraries.h"
 
 #include <algorithm>

@@ -12,7 +12,6 @@
 #include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "CScreenView.h"
 #include "CWidgetGroupModel.h"
 #include "ItemNames.h"
 #include "PastePlace.h"
@@ -20,6 +19,7 @@
 #include "RowOperations.h"
 #include "ScreenDocuments.h"
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QMimeData>
 #include <QSet>
@@ -161,8 +161,9 @@ void ItemOperations::toggleLock(const Items &items)
     const bool lock = !std::all_of(items.begin(), items.end(),
                                    [](const CItemModel *each) { return each->isLocked(); });
     QUndoStack &stack = *items.constFirst()->project()->undoStack();
-    stack.beginMacro(items.size() > 1 ? CScreenView::tr("Lock/Unlock Multiple")
-                                      : CScreenView::tr("Lock/Unlock"));
+    stack.beginMacro(items.size() > 1
+                         ? QCoreApplication::translate("CScreenView", "Lock/Unlock Multiple")
+                         : QCoreApplication::translate("CScreenView", "Lock/Unlock"));
     for (CItemModel *each : items) {
         if (each->isLocked() != lock)
             stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked,
@@ -280,7 +281,9 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     const QDomElement copied = ScreenDocuments::copiedItems(xml, &reason);
     const auto refuse = [problem](const QString &why) {
         if (problem)
-            *problem = CScreenView::tr("What was copied cannot be pasted: %1").arg(why);
+            *problem =
+                QCoreApplication::translate("CScreenView", "What was copied cannot be pasted: %1")
+                    .arg(why);
         return Items();
     };
     if (copied.isNull())
@@ -298,7 +301,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     unlockMembers(*holding);
     screen.project()->assignFreshIds(holding.get());
     const int count = holding->rowCount();
-    reason = count == 0 ? CScreenView::tr("There is no widget in it.")
+    reason = count == 0 ? QCoreApplication::translate("CScreenView", "There is no widget in it.")
                         : ScreenDocuments::savingRefusal(*holding);
     if (!reason.isEmpty()) {
         images.takeBack();
