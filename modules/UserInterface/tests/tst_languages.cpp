@@ -5,6 +5,7 @@
 #include "ProgramFolder.h"
 
 #include <QTest>
+#include <QThreadPool>
 #include <QXmlStreamReader>
 #include <QtWidgets>
 
@@ -177,6 +178,8 @@ private Q_SLOTS:
                         QStringLiteral("/examples/thermostat/thermostat.nyx"),
                     folder.path("thermostat.nyx"));
         CMainWindow window(folder.path("thermostat.nyx"));
+        QThreadPool::globalInstance()->waitForDone(); // the examples of the start page
+        QCoreApplication::processEvents();
         load(&window, "en");
         const QStringList before = shownTexts(window);
         QHash<QString, QStringList> translations;
