@@ -28,16 +28,26 @@ QByteArray libraryXml()
         const char *name;
         const char *type;
         const char *value;
-    } properties[] = {{"name", "string", "Gauge"},     {"id", "int", "0"},
-                      {"x_coordinate", "int", "0"},    {"y_coordinate", "int", "0"},
-                      {"width", "int", "100"},         {"height", "int", "40"},
-                      {"fill", "rgb", "#102030"},      {"outline", "rgb", "#ffffff"},
-                      {"alpha", "int", "255"},         {"font", "int", "26"},
-                      {"text", "string", ""},          {"visible", "bool", "1"},
-                      {"minimum", "int", "0"},         {"maximum", "int", "100"},
-                      {"value", "int", "50"},          {"scale", "float", "1"},
-                      {"align", "enum:Left|Right", "Left"}, {"start", "time", "00:00:00"},
-                      {"options", "string", ""},       {"comment", "string", ""}};
+    } properties[] = {{"name", "string", "Gauge"},
+                      {"id", "int", "0"},
+                      {"x_coordinate", "int", "0"},
+                      {"y_coordinate", "int", "0"},
+                      {"width", "int", "100"},
+                      {"height", "int", "40"},
+                      {"fill", "rgb", "#102030"},
+                      {"outline", "rgb", "#ffffff"},
+                      {"alpha", "int", "255"},
+                      {"font", "int", "26"},
+                      {"text", "string", ""},
+                      {"visible", "bool", "1"},
+                      {"minimum", "int", "0"},
+                      {"maximum", "int", "100"},
+                      {"value", "int", "50"},
+                      {"scale", "float", "1"},
+                      {"align", "enum:Left|Right", "Left"},
+                      {"start", "time", "00:00:00"},
+                      {"options", "string", ""},
+                      {"comment", "string", ""}};
     for (const auto &each : properties)
         xml += QByteArray("<property name=\"") + each.name + "\" type=\"" + each.type +
                "\" value=\"" + each.value + "\"/>";
@@ -54,17 +64,17 @@ QByteArray projectXml()
             const auto number = [&](int salt) {
                 return QByteArray::number((i * 31 + salt * 17 + page) % 1024);
             };
-            xml += "  <Bench_Gauge_T name=\"gauge_" + number(0) + "\" id=\"" +
-                   QByteArray::number(page * WidgetsOfScreen + i) + "\" x_coordinate=\"" +
-                   number(1) + "\" y_coordinate=\"" + number(2) + "\" width=\"" + number(3) +
-                   "\" height=\"" + number(4) + "\" fill=\"#" +
-                   QByteArray::number(0x100000 + i * 7919 + page, 16) +
-                   "\" outline=\"#ffffff\" alpha=\"" + number(5) + "\" font=\"26\" text=\"Value &lt;" +
-                   number(6) + "&gt; bar\" visible=\"1\" minimum=\"" + number(7) + "\" maximum=\"" +
-                   number(8) + "\" value=\"" + number(9) +
-                   "\" scale=\"0.75\" align=\"Right\" start=\"12:30:05\" options=\"flat\" "
-                   "comment=\"set by user " +
-                   QByteArray::number(i % 7) + "\"/>\n";
+            xml +=
+                "  <Bench_Gauge_T name=\"gauge_" + number(0) + "\" id=\"" +
+                QByteArray::number(page * WidgetsOfScreen + i) + "\" x_coordinate=\"" + number(1) +
+                "\" y_coordinate=\"" + number(2) + "\" width=\"" + number(3) + "\" height=\"" +
+                number(4) + "\" fill=\"#" + QByteArray::number(0x100000 + i * 7919 + page, 16) +
+                "\" outline=\"#ffffff\" alpha=\"" + number(5) + "\" font=\"26\" text=\"Value &lt;" +
+                number(6) + "&gt; bar\" visible=\"1\" minimum=\"" + number(7) + "\" maximum=\"" +
+                number(8) + "\" value=\"" + number(9) +
+                "\" scale=\"0.75\" align=\"Right\" start=\"12:30:05\" options=\"flat\" "
+                "comment=\"set by user " +
+                QByteArray::number(i % 7) + "\"/>\n";
         }
         xml += " </Kiv_Screen_T>\n";
     }

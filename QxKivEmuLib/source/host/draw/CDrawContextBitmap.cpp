@@ -1,5 +1,5 @@
-#include "host/assets/CAssetLoader.h"
 #include "CDrawContext.h"
+#include "host/assets/CAssetLoader.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
-#include "host/assets/CAssetLoader.h"
-#include "host/items/CItemRunner.h"
 #include "DrawApi.h"
 #include "LuaColour.h"
 #include "executor/BitmapFormats.h"
+#include "host/assets/CAssetLoader.h"
+#include "host/items/CItemRunner.h"
 
 #include <algorithm>
 #include <cstring>

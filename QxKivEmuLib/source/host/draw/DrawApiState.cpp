@@ -1,6 +1,6 @@
-#include "host/items/CItemRunner.h"
 #include "DrawApi.h"
 #include "LuaColour.h"
+#include "host/items/CItemRunner.h"
 
 namespace kivemu {
 

@@ -1,11 +1,11 @@
 #include "CItemRunner.h"
 
-#include "host/draw/CDrawContext.h"
 #include "CErrorList.h"
-#include "host/lua/CLuaAllocator.h"
-#include "host/lua/CLuaSandbox.h"
+#include "host/draw/CDrawContext.h"
 #include "host/draw/ItemBox.h"
 #include "host/draw/UnknownCharacters.h"
+#include "host/lua/CLuaAllocator.h"
+#include "host/lua/CLuaSandbox.h"
 
 namespace kivemu {
 

@@ -1,10 +1,10 @@
 #include "CLuaHost.h"
 
-#include "host/draw/CDrawContext.h"
-#include "host/items/CItemRunner.h"
 #include "CLuaSandbox.h"
 #include "CPlainLocale.h"
 #include "SandboxLibraries.h"
+#include "host/draw/CDrawContext.h"
+#include "host/items/CItemRunner.h"
 #include "pictures/FileReading.h"
 
 namespace kivemu {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ScriptLimits.h"
+#include "executor/ChipLimits.h"
 #include "host/assets/CAssetLoader.h"
 #include "host/items/CErrorList.h"
 #include "host/items/CSnapshot.h"
-#include "ScriptLimits.h"
-#include "executor/ChipLimits.h"
 
 #include <atomic>
 #include <memory>

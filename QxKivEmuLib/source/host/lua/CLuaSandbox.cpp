@@ -1,8 +1,8 @@
 #include "CLuaSandbox.h"
 
 #include "CLuaAllocator.h"
-#include "host/draw/DrawApi.h"
 #include "SandboxLibraries.h"
+#include "host/draw/DrawApi.h"
 
 #include <algorithm>
 
