@@ -2,9 +2,8 @@
 
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ItemXml.h"
 #include "RowOperations.h"
-
-#include <QDomElement>
 
 CCommandPaste::CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel> holding,
                              QUndoCommand *parent)
@@ -15,12 +14,13 @@ CCommandPaste::CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel>
 {
 }
 
-CCommandPaste::CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent)
+CCommandPaste::CCommandPaste(CScreenModel *target, const SItemElement &element,
+                             QUndoCommand *parent)
     : CCommandPaste(target,
                     std::make_unique<CScreenModel>(static_cast<CProjectModel *>(target->model())),
                     parent)
 {
-    m_holding->loadFromElement(element);
+    ItemXml::read(*m_holding, element);
 }
 
 CCommandPaste::~CCommandPaste() = default;

@@ -6,7 +6,7 @@
 
 class CProjectModel;
 class CScreenModel;
-class QDomElement;
+struct SItemElement;
 
 /// Puts copied widgets in front of all others of a screen, in their clipboard order.
 /// The widgets only move between the target and a holding screen, which the command owns.
@@ -17,7 +17,8 @@ public:
     CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel> holding,
                   QUndoCommand *parent = nullptr);
     /// `element`: the clipboard document's root, one child element per item.
-    CCommandPaste(CScreenModel *target, const QDomElement &element, QUndoCommand *parent = nullptr);
+    CCommandPaste(CScreenModel *target, const SItemElement &element,
+                  QUndoCommand *parent = nullptr);
     ~CCommandPaste() override;
 
     void redo() override;

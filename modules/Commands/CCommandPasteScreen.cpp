@@ -4,11 +4,11 @@
 #include "CScreenModel.h"
 #include "RowOperations.h"
 
-CCommandPasteScreen::CCommandPasteScreen(CProjectModel *project, const QDomElement &element,
-                                         int row, QUndoCommand *parent)
+CCommandPasteScreen::CCommandPasteScreen(CProjectModel *project, SItemElement element, int row,
+                                         QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Paste"), parent),
       m_project(project),
-      m_element(element),
+      m_element(std::move(element)),
       m_row(row),
       m_rowCount(project->rowCount())
 {
@@ -20,6 +20,7 @@ void CCommandPasteScreen::redo()
 {
     if (m_taken.empty()) {
         m_project->buildScreen(m_element, m_row);
+        m_element = {};
         return;
     }
     for (; !m_taken.empty(); m_taken.pop_back())

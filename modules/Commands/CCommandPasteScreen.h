@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDomElement>
+#include "SItemElement.h"
+
 #include <QUndoCommand>
 
 #include <memory>
@@ -16,7 +17,7 @@ class CCommandPasteScreen final : public QUndoCommand
 {
 public:
     /// `row`: where the project builds the screen; its row count or more appends.
-    CCommandPasteScreen(CProjectModel *project, const QDomElement &element, int row,
+    CCommandPasteScreen(CProjectModel *project, SItemElement element, int row,
                         QUndoCommand *parent = nullptr);
     ~CCommandPasteScreen() override;
 
@@ -25,7 +26,7 @@ public:
 
 private:
     CProjectModel *const m_project; ///< not owned
-    const QDomElement m_element;
+    SItemElement m_element;         ///< until the screen is built
     const int m_row;
     const int m_rowCount;                             ///< of the project when the command was made
     std::vector<std::unique_ptr<CItemModel>> m_taken; ///< last row first, held while undone

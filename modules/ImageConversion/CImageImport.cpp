@@ -7,6 +7,7 @@
 #include "FileNames.h"
 #include "ImageNames.h"
 #include "PropertyKey.h"
+#include "SItemElement.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -48,17 +49,18 @@ QString CImageImport::missing() const
                : tr("These images were not found: %1").arg(m_missing.join(QStringLiteral(", ")));
 }
 
-QString CImageImport::bring(QDomElement root)
+QString CImageImport::bring(SItemElement &root)
 {
-    for (QDomElement item = root.firstChildElement(); !item.isNull() && m_error.isEmpty();
-         item = item.nextSiblingElement()) {
+    for (SItemElement &item : root.children) {
+        if (!m_error.isEmpty())
+            break;
         settle(item);
         bring(item);
     }
     return m_error;
 }
 
-void CImageImport::settle(QDomElement &item)
+void CImageImport::settle(SItemElement &item)
 {
     const QString text = item.attribute(PropertyKey::BitmapFolder);
     const QString base = item.attribute(PropertyKey::BaseName);
@@ -76,7 +78,7 @@ void CImageImport::settle(QDomElement &item)
                           m_project->placeText(item.attribute(PropertyKey::FileName)));
 }
 
-void CImageImport::bringItem(QDomElement &item, const QString &folder, const QString &base)
+void CImageImport::bringItem(SItemElement &item, const QString &folder, const QString &base)
 {
     const SFiles files = filesOf(item, folder, base);
     if (files.all.isEmpty()) {
@@ -88,7 +90,7 @@ void CImageImport::bringItem(QDomElement &item, const QString &folder, const QSt
             m_error = tr("%1: the file is too big").arg(QDir::toNativeSeparators(each.path));
     }
     const QString suffix = item.attribute(PropertyKey::Suffix, QStringLiteral("png"));
-    const int code = item.tagName() == MediaType
+    const int code = item.tag == MediaType
                          ? CBitmapFormatTable::UnknownCode
                          : CBitmapFormatTable::code(item.attribute(PropertyKey::Format));
     const QString root = CImageFileConverter::convertedImagesFolder(*m_project);
@@ -118,13 +120,13 @@ void CImageImport::bringItem(QDomElement &item, const QString &folder, const QSt
 }
 
 /// None when what the item shows is not there.
-CImageImport::SFiles CImageImport::filesOf(const QDomElement &item, const QString &folder,
+CImageImport::SFiles CImageImport::filesOf(const SItemElement &item, const QString &folder,
                                            const QString &base)
 {
     const QString start = folder + QLatin1Char('/');
     const QString suffix = item.attribute(PropertyKey::Suffix);
     const QString format = item.attribute(PropertyKey::Format);
-    const bool isMedia = item.tagName() == MediaType;
+    const bool isMedia = item.tag == MediaType;
     const bool isAsItIs = isMedia || suffix == QLatin1String("raw");
     const QString shown = isAsItIs ? start + base + QLatin1Char('.') + suffix
                                    : start + base + QLatin1Char('_') + format + ".raw";

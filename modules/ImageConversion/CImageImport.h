@@ -3,10 +3,10 @@
 #include "CFileCopies.h"
 
 #include <QCoreApplication>
-#include <QDomElement>
 #include <QStringList>
 
 class CProjectModel;
+struct SItemElement;
 
 /// Brings images into a project together with items that were copied from another one: their files
 /// are copied into the project's folder of converted images, and the items then refer to the
@@ -20,7 +20,7 @@ public:
 
     /// Changes the elements of items below `root`. Empty when all is done; otherwise the reason,
     /// and then nothing was copied and the elements are of no use.
-    QString bring(QDomElement root);
+    QString bring(SItemElement &root);
     /// Removes what was copied, for items that do not come after all.
     void takeBack() { m_copies.takeBack(); }
     /// What could not be brought because it was not there, one line; empty when nothing is missing.
@@ -29,9 +29,9 @@ public:
 private:
     struct SFiles;
 
-    void settle(QDomElement &item);
-    void bringItem(QDomElement &item, const QString &folder, const QString &base);
-    static SFiles filesOf(const QDomElement &item, const QString &folder, const QString &base);
+    void settle(SItemElement &item);
+    void bringItem(SItemElement &item, const QString &folder, const QString &base);
+    static SFiles filesOf(const SItemElement &item, const QString &folder, const QString &base);
     bool fits(const SFiles &files, const QString &folder, const QString &base) const;
 
     const CProjectModel *const m_project;

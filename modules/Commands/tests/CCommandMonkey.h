@@ -209,7 +209,7 @@ private:
         if (!first || !second)
             return;
         const QByteArray xml = ScreenDocuments::ofCopiedItems({first, second});
-        m_stack.push(new CCommandPaste(screen, ScreenDocuments::copiedItems(xml)));
+        m_stack.push(new CCommandPaste(screen, *ScreenDocuments::copiedItems(xml)));
     }
 
     void pasteScreen()
@@ -219,7 +219,7 @@ private:
             return;
         const QByteArray xml = ScreenDocuments::ofPageFile({screen});
         m_stack.push(new CCommandPasteScreen(
-            &m_project, ScreenDocuments::pageFile(xml).firstChildElement(), m_project.rowCount()));
+            &m_project, ScreenDocuments::pageFile(xml)->children.front(), m_project.rowCount()));
     }
 
     void changeProperty()

@@ -119,7 +119,7 @@ void tst_Commands::pasteKeepsTheClipboardOrder()
 {
     const QByteArray xml = ScreenDocuments::ofCopiedItems(
         {m_screen->childItem(0), m_screen->childItem(1), m_screen->childItem(2)});
-    stack().push(new CCommandPaste(m_screen, ScreenDocuments::copiedItems(xml)));
+    stack().push(new CCommandPaste(m_screen, *ScreenDocuments::copiedItems(xml)));
     const QStringList done{"front", "middle", "back", "front", "middle", "back"};
     QCOMPARE(names(m_screen), done);
     const QStandardItem *pasted = m_screen->child(0);
@@ -135,7 +135,7 @@ void tst_Commands::pastedScreenIsTheSameAfterRedo()
 {
     const QByteArray xml = ScreenDocuments::ofPageFile({m_screen});
     stack().push(new CCommandPasteScreen(m_project.get(),
-                                         ScreenDocuments::pageFile(xml).firstChildElement(), 1));
+                                         ScreenDocuments::pageFile(xml)->children.front(), 1));
     QCOMPARE(m_project->screenCount(), 2);
     // A later command points into the pasted screen; it must still do so after undo and redo.
     CItemModel *box = m_project->screen(1)->childItem(0);

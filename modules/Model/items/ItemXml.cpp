@@ -3,6 +3,7 @@
 #include "CGuardedReader.h"
 #include "CItemModel.h"
 #include "CXmlWriter.h"
+#include "SItemElement.h"
 #include "XmlText.h"
 
 #include <QDomDocument>
@@ -72,6 +73,28 @@ void ItemXml::read(CItemModel &item, CGuardedReader &reader)
     while (reader.readNextStartElement()) {
         children.append(item.makeChild(sharedName(reader.tag())));
         read(*children.last(), reader);
+    }
+    item.appendChildren(children);
+}
+
+SItemElement ItemXml::elementOf(CGuardedReader &reader)
+{
+    SItemElement element{sharedName(reader.tag()), attributesOf(reader), {}};
+    while (reader.readNextStartElement())
+        element.children.push_back(elementOf(reader));
+    return element;
+}
+
+void ItemXml::read(CItemModel &item, const SItemElement &element)
+{
+    item.load(element.attributes);
+    if (!item.canHaveChildren())
+        return;
+    QVector<CItemModel *> children;
+    children.reserve(int(element.children.size()));
+    for (const SItemElement &each : element.children) {
+        children.append(item.makeChild(each.tag));
+        read(*children.last(), each);
     }
     item.appendChildren(children);
 }

@@ -3,6 +3,7 @@
 #include "CScreenModel.h"
 #include "CScreenNames.h"
 #include "CWidgetLibraryManager.h"
+#include "ItemXml.h"
 #include "PlatformFilter.h"
 #include "PropertyKey.h"
 
@@ -241,10 +242,10 @@ void CProjectModel::assignFreshIds(CItemModel *copy) const
     renumber(copy, ids);
 }
 
-CScreenModel *CProjectModel::buildScreen(const QDomElement &element, int row)
+CScreenModel *CProjectModel::buildScreen(const SItemElement &element, int row)
 {
     CScreenModel *built = makeScreen(m_library);
-    built->loadFromElement(element);
+    ItemXml::read(*built, element);
     if (built->name().isEmpty()) // as when a project is loaded
         built->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);
     assignFreshIds(built);

@@ -1,5 +1,6 @@
 #include "ScreenDocuments.h"
 
+#include "CGuardedReader.h"
 #include "CScreenModel.h"
 #include "CXmlGuard.h"
 #include "CXmlWriter.h"
@@ -62,28 +63,32 @@ SExtent extentOf(const CItemModel &item)
     return extent;
 }
 
-int mostAttributes(const QDomElement &element)
+int mostAttributes(const SItemElement &element)
 {
-    int most = element.attributes().count();
-    QDomElement child = element.firstChildElement();
-    for (; !child.isNull(); child = child.nextSiblingElement())
+    int most = element.attributes.size();
+    for (const SItemElement &child : element.children)
         most = std::max(most, mostAttributes(child));
     return most;
 }
 
-QDomElement rootOf(const QByteArray &xml, const QString &tag, QString *error)
+std::optional<SItemElement> rootOf(const QByteArray &xml, const QString &tag, QString *error)
 {
-    if (xml.isEmpty()) // as what was cut off on its way is, too
+    if (xml.isEmpty()) { // as what was cut off on its way is, too
         setError(error, QCoreApplication::translate("ScreenDocuments", "There is nothing in it."));
-    const auto document = xml.isEmpty() ? std::nullopt : CXmlGuard::parse(xml, error);
-    if (!document)
         return {};
-    const QDomElement root = document->firstChildElement(tag);
-    if (root.isNull())
-        setError(error,
-                 QCoreApplication::translate("ScreenDocuments", "The document has no element %1.")
-                     .arg(tag));
-    return root;
+    }
+    CGuardedReader reader(xml);
+    reader.readNextStartElement();
+    std::optional<SItemElement> root;
+    if (reader.tag() == tag)
+        root = ItemXml::elementOf(reader);
+    reader.skipRest();
+    QString refusal = reader.refusal();
+    if (refusal.isEmpty() && !root)
+        refusal = QCoreApplication::translate("ScreenDocuments", "The document has no element %1.")
+                      .arg(tag);
+    setError(error, refusal);
+    return refusal.isEmpty() ? std::move(root) : std::nullopt;
 }
 } // namespace
 
@@ -111,30 +116,30 @@ QByteArray ScreenDocuments::ofCopiedItems(const QVector<const CItemModel *> &ite
     return checked(writer, error);
 }
 
-QDomElement ScreenDocuments::copiedScreens(const QByteArray &xml, QString *error)
+std::optional<SItemElement> ScreenDocuments::copiedScreens(const QByteArray &xml, QString *error)
 {
     return rootOf(xml, CopiedScreensTag, error);
 }
 
-QDomElement ScreenDocuments::pageFile(const QByteArray &xml, QString *error)
+std::optional<SItemElement> ScreenDocuments::pageFile(const QByteArray &xml, QString *error)
 {
     return rootOf(xml, PageFileTag, error);
 }
 
-QDomElement ScreenDocuments::copiedItems(const QByteArray &xml, QString *error)
+std::optional<SItemElement> ScreenDocuments::copiedItems(const QByteArray &xml, QString *error)
 {
     return rootOf(xml, CopiedItemsTag, error);
 }
 
-QString ScreenDocuments::savingRefusal(const QDomElement &screens, CProjectModel *project)
+QString ScreenDocuments::savingRefusal(const SItemElement &screens, CProjectModel *project)
 {
     QString reason;
-    QDomElement each = screens.firstChildElement();
-    for (; !each.isNull() && reason.isEmpty(); each = each.nextSiblingElement()) {
-        if (mostAttributes(each) + MostOwnAttributes <= CXmlGuard::MaxAttributesOfElement)
+    for (const SItemElement &each : screens.children) {
+        if (!reason.isEmpty() ||
+            mostAttributes(each) + MostOwnAttributes <= CXmlGuard::MaxAttributesOfElement)
             continue;
         CScreenModel trial(project);
-        trial.loadFromElement(each);
+        ItemXml::read(trial, each);
         reason = savingRefusal(trial);
     }
     return reason;

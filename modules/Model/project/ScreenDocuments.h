@@ -1,9 +1,12 @@
 #pragma once
 
+#include "SItemElement.h"
+
 #include <QByteArray>
-#include <QDomElement>
 #include <QString>
 #include <QVector>
+
+#include <optional>
 
 class CItemModel;
 class CProjectModel;
@@ -19,16 +22,16 @@ QByteArray ofCopiedScreens(const QVector<const CScreenModel *> &screens, QString
 QByteArray ofPageFile(const QVector<const CScreenModel *> &screens, QString *error = nullptr);
 QByteArray ofCopiedItems(const QVector<const CItemModel *> &items, QString *error = nullptr);
 
-// The root elements of such documents; their child elements are the screens or items. Null when
-// the bytes are no such document; `error` then says why.
-QDomElement copiedScreens(const QByteArray &xml, QString *error = nullptr);
-QDomElement pageFile(const QByteArray &xml, QString *error = nullptr);
-QDomElement copiedItems(const QByteArray &xml, QString *error = nullptr);
+// The root elements of such documents; their child elements are the screens or items. Nothing
+// when the bytes are no such document; `error` then says why.
+std::optional<SItemElement> copiedScreens(const QByteArray &xml, QString *error = nullptr);
+std::optional<SItemElement> pageFile(const QByteArray &xml, QString *error = nullptr);
+std::optional<SItemElement> copiedItems(const QByteArray &xml, QString *error = nullptr);
 
 /// Empty when a project can be saved with the screens in it that a page file's or a clipboard
 /// element holds, otherwise the reason: they gain what their kinds have and the document leaves
 /// out, so what may be read can become more than may be written.
-QString savingRefusal(const QDomElement &screens, CProjectModel *project);
+QString savingRefusal(const SItemElement &screens, CProjectModel *project);
 /// The same for a screen as it would stand in the project.
 QString savingRefusal(const CScreenModel &screen);
 

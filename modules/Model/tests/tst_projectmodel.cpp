@@ -268,9 +268,9 @@ private Q_SLOTS:
         QCOMPARE(opened.workingDirectory(), other.path());
         QCOMPARE(opened.absoluteFolder(imageFolder(opened.screen(0))), other.filePath(images));
         QCOMPARE(opened.saveToBytes(&error, moved), bytes);
-        const QDomElement copy =
+        const auto copy =
             ScreenDocuments::pageFile(ScreenDocuments::ofPageFile({opened.screen(0)}));
-        QCOMPARE(imageFolder(project.buildScreen(copy.firstChildElement(), -1)),
+        QCOMPARE(imageFolder(project.buildScreen(copy->children.front(), -1)),
                  other.filePath(images)); // found from any project
 
         const QString outside[] = {"/elsewhere", other.path() + "x/a", other.path() + "/../a", ""};

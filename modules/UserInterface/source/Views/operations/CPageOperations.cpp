@@ -13,7 +13,6 @@
 #include "PropertyKey.h"
 #include "ScreenDocuments.h"
 
-#include <QDomElement>
 #include <QMimeData>
 #include <QUndoStack>
 
@@ -77,10 +76,10 @@ QString CPageOperations::paste(const QMimeData *data)
     QString error;
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data->data(ScreenDocuments::CopiedScreensMime));
-    const QDomElement root = ScreenDocuments::copiedScreens(xml, &error);
-    if (!root.isNull())
-        error = refusalOf(root);
-    return error.isEmpty() ? addScreens(root, tr("Paste Page"), Values::Canonical)
+    std::optional<SItemElement> root = ScreenDocuments::copiedScreens(xml, &error);
+    if (root)
+        error = refusalOf(*root);
+    return error.isEmpty() ? addScreens(*root, tr("Paste Page"), Values::Canonical)
                            : tr("What was copied cannot be pasted: %1").arg(error);
 }
 
@@ -97,25 +96,23 @@ QString CPageOperations::load(const QString &path)
     const std::optional<QByteArray> xml = CXmlGuard::readFile(path, &error);
     if (!xml)
         return error;
-    const QDomElement root = ScreenDocuments::pageFile(*xml, &error);
-    if (!root.isNull())
-        error = refusalOf(root);
+    std::optional<SItemElement> root = ScreenDocuments::pageFile(*xml, &error);
+    if (root)
+        error = refusalOf(*root);
     if (error.isEmpty())
-        error = addScreens(root, tr("Load Page"), Values::AsTheyAre);
+        error = addScreens(*root, tr("Load Page"), Values::AsTheyAre);
     return error.isEmpty() ? error : tr("%1: %2").arg(path, error);
 }
 
 /// Empty, or why the pages cannot become some of the project's.
-QString CPageOperations::refusalOf(const QDomElement &root) const
+QString CPageOperations::refusalOf(const SItemElement &root) const
 {
-    return root.firstChildElement().isNull() ? tr("There is no page in it.")
-                                             : ScreenDocuments::savingRefusal(root, m_project);
+    return root.children.empty() ? tr("There is no page in it.")
+                                 : ScreenDocuments::savingRefusal(root, m_project);
 }
 
-QString CPageOperations::addScreens(const QDomElement &root, const QString &macroText,
-                                    Values values)
+QString CPageOperations::addScreens(SItemElement &root, const QString &macroText, Values values)
 {
-    QDomElement element = root.firstChildElement();
     CImageImport images(m_project);
     const QString error = images.bring(root);
     if (!error.isEmpty())
@@ -123,13 +120,13 @@ QString CPageOperations::addScreens(const QDomElement &root, const QString &macr
     QUndoStack *stack = m_project->undoStack();
     ItemNames::Names taken = ItemNames::ofScreens(*m_project);
     stack->beginMacro(macroText);
-    for (; !element.isNull(); element = element.nextSiblingElement()) {
+    for (SItemElement &element : root.children) {
         const QString name = ItemNames::unused(element.attribute(PropertyKey::Name), taken);
         if (!name.isEmpty()) { // else the project gives one
             element.setAttribute(PropertyKey::Name, name);
             taken.insert(name);
         }
-        stack->push(new CCommandPasteScreen(m_project, element, m_project->rowCount()));
+        stack->push(new CCommandPasteScreen(m_project, std::move(element), m_project->rowCount()));
     }
     if (values == Values::Canonical)
         makeValuesCanonical();

@@ -7,8 +7,8 @@
 
 class CProjectModel;
 class CScreenModel;
-class QDomElement;
 class QMimeData;
+struct SItemElement;
 
 /// What is done with whole screens ("pages") of a project: clipboard and page files. Knows no
 /// window and no clipboard.
@@ -40,8 +40,8 @@ public:
 private:
     enum class Values { AsTheyAre, Canonical };
 
-    QString refusalOf(const QDomElement &root) const;
-    QString addScreens(const QDomElement &root, const QString &macroText, Values values);
+    QString refusalOf(const SItemElement &root) const;
+    QString addScreens(SItemElement &root, const QString &macroText, Values values);
     void makeValuesCanonical();
 
     CProjectModel *const m_project; ///< not owned

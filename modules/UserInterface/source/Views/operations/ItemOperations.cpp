@@ -14,6 +14,7 @@
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
 #include "ItemNames.h"
+#include "ItemXml.h"
 #include "PastePlace.h"
 #include "PropertyKey.h"
 #include "RowOperations.h"
@@ -278,7 +279,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     QString reason;
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data.data(ScreenDocuments::CopiedItemsMime));
-    const QDomElement copied = ScreenDocuments::copiedItems(xml, &reason);
+    std::optional<SItemElement> copied = ScreenDocuments::copiedItems(xml, &reason);
     const auto refuse = [problem](const QString &why) {
         if (problem)
             *problem =
@@ -286,10 +287,10 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
                     .arg(why);
         return Items();
     };
-    if (copied.isNull())
+    if (!copied)
         return refuse(reason);
     CImageImport images(screen.project());
-    const QString error = images.bring(copied);
+    const QString error = images.bring(*copied);
     if (problem)
         *problem = error.isEmpty() ? images.missing() : error;
     if (!error.isEmpty())
@@ -297,7 +298,8 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     // Ids, names and place are settled before the command is made: they are no change of the pasted
     // items.
     auto holding = std::make_unique<CScreenModel>(screen.project());
-    holding->loadFromElement(copied);
+    ItemXml::read(*holding, *copied);
+    copied.reset();
     unlockMembers(*holding);
     screen.project()->assignFreshIds(holding.get());
     const int count = holding->rowCount();

@@ -11,10 +11,10 @@
 #include <cmath>
 
 namespace {
-using Content = QPair<QString, QPair<double, double>>; ///< what it is, and where
+using Content = QPair<QByteArray, QPair<double, double>>; ///< what it is, and where
 
-/// All that is seen of an item, its place left out: equal texts look the same.
-QString lookOf(const CItemModel &item, const QPointF &origin)
+/// All that is seen of an item, its place left out: equal bytes look the same.
+void addLook(const CItemModel &item, const QPointF &origin, QByteArray &look)
 {
     static const QSet<QString> apart = {
         PropertyKey::Id,       PropertyKey::Name,         PropertyKey::Locked,
@@ -23,26 +23,29 @@ QString lookOf(const CItemModel &item, const QPointF &origin)
     const QPointF from = QPointF(item.x(), item.y()) - origin;
     const QPointF to =
         item.hasProperty(PropertyKey::X2) ? QPointF(item.x2(), item.y2()) - origin : QPointF();
-    QString look = QStringLiteral("%1 %2 %3 %4 %5\n")
-                       .arg(item.itemTypeName())
-                       .arg(from.x())
-                       .arg(from.y())
-                       .arg(to.x())
-                       .arg(to.y());
+    look.append(item.itemTypeName().toUtf8());
+    for (const double each : {from.x(), from.y(), to.x(), to.y()})
+        look.append(' ').append(QByteArray::number(each));
+    look.append('\n');
     for (const CWidgetProperty *each : item.savedProperties()) {
         if (!apart.contains(each->key()))
-            look += each->key() + QLatin1Char('=') + each->text() + QLatin1Char('\n');
+            look.append(each->keyUtf8()).append('=').append(each->textUtf8()).append('\n');
     }
     for (int row = 0; row < item.rowCount(); ++row) {
-        if (const CItemModel *member = item.childItem(row))
-            look += QLatin1Char('{') + lookOf(*member, origin) + QLatin1Char('}');
+        if (const CItemModel *member = item.childItem(row)) {
+            look.append('{');
+            addLook(*member, origin, look);
+            look.append('}');
+        }
     }
-    return look;
 }
 
 Content contentOf(const CItemModel &item)
 {
-    return {lookOf(item, {item.x(), item.y()}), {item.x(), item.y()}};
+    QByteArray look;
+    look.reserve(256);
+    addLook(item, {item.x(), item.y()}, look);
+    return {look, {item.x(), item.y()}};
 }
 
 /// How far a span must move to lie in 0..length; one that is longer begins where the page does.
