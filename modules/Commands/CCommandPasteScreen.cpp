@@ -2,13 +2,15 @@
 
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CUnusedIds.h"
 #include "RowOperations.h"
 
 CCommandPasteScreen::CCommandPasteScreen(CProjectModel *project, SItemElement element, int row,
-                                         QUndoCommand *parent)
+                                         std::shared_ptr<SUnused> unused, QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Paste"), parent),
       m_project(project),
       m_element(std::move(element)),
+      m_unused(std::move(unused)),
       m_row(row),
       m_rowCount(project->rowCount())
 {
@@ -19,8 +21,9 @@ CCommandPasteScreen::~CCommandPasteScreen() = default;
 void CCommandPasteScreen::redo()
 {
     if (m_taken.empty()) {
-        m_project->buildScreen(m_element, m_row);
+        m_project->buildScreen(m_element, m_row, m_unused.get());
         m_element = {};
+        m_unused.reset();
         return;
     }
     for (; !m_taken.empty(); m_taken.pop_back())

@@ -1,14 +1,13 @@
 #include "CProjectModel.h"
 
 #include "CScreenModel.h"
-#include "CScreenNames.h"
+#include "CUnusedIds.h"
 #include "CWidgetLibraryManager.h"
 #include "ItemXml.h"
 #include "PlatformFilter.h"
 #include "PropertyKey.h"
 
 #include <QDir>
-#include <QSet>
 #include <QSignalBlocker>
 #include <QUndoStack>
 
@@ -21,54 +20,12 @@ CProjectModel *&currentProject()
     return project;
 }
 
-void collectIds(const QStandardItem *parent, QSet<quint32> &ids)
-{
-    for (int row = 0; row < parent->rowCount(); ++row) {
-        const CItemModel *item = CItemModel::fromItem(parent->child(row));
-        if (!item)
-            continue;
-        if (item->hasProperty(PropertyKey::Id))
-            ids.insert(item->id());
-        collectIds(item, ids);
-    }
-}
-
-/// Gives out the numbers from 1 that are not taken, in ascending order.
-class CIdSupply
-{
-public:
-    explicit CIdSupply(const CProjectModel &project)
-    {
-        collectIds(project.invisibleRootItem(), m_taken);
-    }
-    quint32 take()
-    {
-        while (m_taken.contains(m_next))
-            ++m_next;
-        return m_next++;
-    }
-
-private:
-    QSet<quint32> m_taken;
-    quint32 m_next = 1;
-};
-
 /// Of rows that came in together only they themselves have been told which model they are in.
 void adoptChildren(QStandardItem &item)
 {
     for (int row = 0; row < item.rowCount(); ++row) {
         if (item.child(row) && item.child(row)->model() != item.model())
             item.setChild(row, item.takeChild(row)); // tells all below it
-    }
-}
-
-void renumber(CItemModel *item, CIdSupply &ids)
-{
-    if (item->hasProperty(PropertyKey::Id))
-        item->setProperty(PropertyKey::Id, static_cast<int>(ids.take()), CItemModel::Notify::No);
-    for (int row = 0; row < item->rowCount(); ++row) {
-        if (CItemModel *child = item->childItem(row))
-            renumber(child, ids);
     }
 }
 } // namespace
@@ -233,22 +190,25 @@ QString CProjectModel::unusedScreenName() const
 
 quint32 CProjectModel::unusedId() const
 {
-    return CIdSupply(*this).take();
+    return CUnusedIds(*this).take();
 }
 
 void CProjectModel::assignFreshIds(CItemModel *copy) const
 {
-    CIdSupply ids(*this);
-    renumber(copy, ids);
+    CUnusedIds(*this).giveTo(*copy);
 }
 
-CScreenModel *CProjectModel::buildScreen(const SItemElement &element, int row)
+CScreenModel *CProjectModel::buildScreen(const SItemElement &element, int row, SUnused *unused)
 {
+    if (!unused) {
+        SUnused own(*this);
+        return buildScreen(element, row, &own);
+    }
     CScreenModel *built = makeScreen(m_library);
     ItemXml::read(*built, element);
     if (built->name().isEmpty()) // as when a project is loaded
-        built->setProperty(PropertyKey::Name, unusedScreenName(), CItemModel::Notify::No);
-    assignFreshIds(built);
+        built->setProperty(PropertyKey::Name, unused->names.take(), CItemModel::Notify::No);
+    unused->ids.giveTo(*built);
     if (row < 0 || row > rowCount())
         row = rowCount();
     insertRow(row, built);

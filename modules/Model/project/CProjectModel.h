@@ -17,6 +17,7 @@ class CWidgetLibraryModel;
 class CXmlWriter;
 class QUndoStack;
 struct SItemElement;
+struct SUnused;
 
 /// A project: its properties, its screens as top-level rows with everything below them, and the
 /// undo stack of the commands that change it.
@@ -84,7 +85,8 @@ public:
     void assignFreshIds(CItemModel *copy) const;
     /// Builds a screen from an element of a copied-screen or page document, with fresh ids, and
     /// puts it at the row, or behind the last one when there is no such row.
-    CScreenModel *buildScreen(const SItemElement &element, int row);
+    /// `unused`: for one of several.
+    CScreenModel *buildScreen(const SItemElement &element, int row, SUnused *unused = nullptr);
 
     /// An empty project with one new screen.
     void newProject(const QHash<QString, QString> &texts);

@@ -13,6 +13,7 @@ public:
     explicit CScreenNames(const CProjectModel &project);
 
     QString take();
+    void exclude(const QString &name) { m_taken.insert(name); }
 
 private:
     QSet<QString> m_taken;

@@ -7,6 +7,7 @@
 #include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CUnusedIds.h"
 #include "CXmlGuard.h"
 #include "CanonicalValue.h"
 #include "ItemNames.h"
@@ -119,15 +120,19 @@ QString CPageOperations::addScreens(SItemElement &root, const QString &macroText
         return error;
     QUndoStack *stack = m_project->undoStack();
     ItemNames::Names taken = ItemNames::ofScreens(*m_project);
-    stack->beginMacro(macroText);
+    const auto unused = std::make_shared<SUnused>(*m_project);
     for (SItemElement &element : root.children) {
         const QString name = ItemNames::unused(element.attribute(PropertyKey::Name), taken);
         if (!name.isEmpty()) { // else the project gives one
             element.setAttribute(PropertyKey::Name, name);
             taken.insert(name);
+            unused->names.exclude(name);
         }
-        stack->push(new CCommandPasteScreen(m_project, std::move(element), m_project->rowCount()));
     }
+    stack->beginMacro(macroText);
+    for (SItemElement &element : root.children)
+        stack->push(
+            new CCommandPasteScreen(m_project, std::move(element), m_project->rowCount(), unused));
     if (values == Values::Canonical)
         makeValuesCanonical();
     stack->endMacro();

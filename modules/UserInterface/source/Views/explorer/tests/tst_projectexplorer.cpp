@@ -281,6 +281,16 @@ private Q_SLOTS:
         QCOMPARE(savedBytes(*m_project), start);
     }
 
+    void pagesOfOnePasteAreToldApart()
+    {
+        pasteCopied(ScreenDocuments::toClipboard(
+            "<CopyScreenXML><Screen><Kiv_Arrow_T id='1'/></Screen>"
+            "<Screen name='Page 4'><Kiv_Arrow_T id='1'/></Screen></CopyScreenXML>"));
+        QCOMPARE(screenNames(*m_project).mid(3), (QStringList{"Page 5", "Page 4"}));
+        QVERIFY(m_project->screen(3)->childItem(0)->id() !=
+                m_project->screen(4)->childItem(0)->id());
+    }
+
     void malformedPagesChangeNothing_data()
     {
         QTest::addColumn<QByteArray>("xml");
