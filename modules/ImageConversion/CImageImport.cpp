@@ -54,13 +54,13 @@ QString CImageImport::bring(SItemElement &root)
     for (SItemElement &item : root.children) {
         if (!m_error.isEmpty())
             break;
-        settle(item);
+        resolveFolder(item);
         bring(item);
     }
     return m_error;
 }
 
-void CImageImport::settle(SItemElement &item)
+void CImageImport::resolveFolder(SItemElement &item)
 {
     const QString text = item.attribute(PropertyKey::BitmapFolder);
     const QString base = item.attribute(PropertyKey::BaseName);

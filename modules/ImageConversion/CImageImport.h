@@ -29,7 +29,7 @@ public:
 private:
     struct SFiles;
 
-    void settle(SItemElement &item);
+    void resolveFolder(SItemElement &item);
     void bringItem(SItemElement &item, const QString &folder, const QString &base);
     static SFiles filesOf(const SItemElement &item, const QString &folder, const QString &base);
     bool fits(const SFiles &files, const QString &folder, const QString &base) const;

@@ -104,7 +104,7 @@ public:
     void setWidth(double width);
     void setHeight(double height);
     void setAngle(double degrees);
-    /// Modes Radius and PointSize only; writes nothing back.
+    /// Modes Radius and PointSize only; the sizes that follow from it are kept in step.
     void setRadius(double radius);
     /// Tells the observer that a gesture has changed the geometry.
     void notifyGeometryChanged();

@@ -149,7 +149,7 @@ void CEditCommands::paste()
     if (isForFocused(EText::Paste))
         return;
     if (!CPageOperations::canPaste(QGuiApplication::clipboard()->mimeData())) {
-        tellView(&CScreenView::paste);
+        runOnView(&CScreenView::paste);
         return;
     }
     m_panels->explorer()->setFocus(); // the pages will be selected there
@@ -165,7 +165,7 @@ void CEditCommands::remove()
 void CEditCommands::selectAll()
 {
     if (!isForFocused(EText::SelectAll))
-        tellView(&CScreenView::selectAll);
+        runOnView(&CScreenView::selectAll);
 }
 
 void CEditCommands::selectNone()
@@ -177,7 +177,7 @@ void CEditCommands::selectNone()
 void CEditCommands::selectInverse()
 {
     if (!isForFocused(EText::SelectInverse))
-        tellView(&CScreenView::selectInverse);
+        runOnView(&CScreenView::selectInverse);
 }
 
 void CEditCommands::lock()
@@ -193,7 +193,7 @@ void CEditCommands::order(ItemOperations::EOrder where)
     ItemOperations::order(items(), where);
 }
 
-void CEditCommands::tellView(void (CScreenView::*command)())
+void CEditCommands::runOnView(void (CScreenView::*command)())
 {
     if (CScreenView *view = m_panels->screens()->currentView())
         (view->*command)();

@@ -36,7 +36,7 @@ public:
     void lock();
     void order(ItemOperations::EOrder where);
     /// The commands for the canvas that is shown, if any.
-    void tellView(void (CScreenView::*command)());
+    void runOnView(void (CScreenView::*command)());
 
 private:
     enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone, SelectInverse };

@@ -153,8 +153,6 @@ void CMainPanels::showProject(CProjectModel *project)
     m_screens->setProject(project);
     m_navigator->setProject(project);
     m_properties->setProject(project);
-    connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, m_screens,
-            &CScreen::rowsAboutToBeRemoved);
 }
 
 void CMainPanels::clear()
@@ -168,11 +166,11 @@ void CMainPanels::clear()
     m_output->clear();
 }
 
-void CMainPanels::renew()
+void CMainPanels::refresh()
 {
     m_screens->updateRepaint();
-    m_navigator->renewAll();
-    m_properties->renew();
+    m_navigator->refreshAll();
+    m_properties->refresh();
 }
 
 /// The kinds of the first chip, whatever the project's: the palette is the same for all projects.

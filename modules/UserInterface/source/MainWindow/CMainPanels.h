@@ -48,7 +48,7 @@ public:
     void showProject(CProjectModel *project);
     void clear();
     /// Platform or resolution have changed.
-    void renew();
+    void refresh();
     /// What is typed in a panel but not committed yet counts: for what reads the whole project.
     void finishEdits();
     /// Whether the user is in the middle of something that must not be saved half done.

@@ -243,7 +243,7 @@ void CMainWindow::showSaveState()
 void CMainWindow::projectOptionsChanged()
 {
     m_emulator->applyOptions(project(), [this] { updateRepaint(); });
-    m_panels->renew();
+    m_panels->refresh();
     m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project()->platform()));
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));

@@ -344,12 +344,12 @@ void CMainWindow::selectInverse()
 
 void CMainWindow::group()
 {
-    m_edit->tellView(&CScreenView::group);
+    m_edit->runOnView(&CScreenView::group);
 }
 
 void CMainWindow::ungroup()
 {
-    m_edit->tellView(&CScreenView::ungroup);
+    m_edit->runOnView(&CScreenView::ungroup);
 }
 
 /// The same frame in another way; who needs another frame asks the screens.

@@ -39,7 +39,7 @@ void CProjectExplorerView::startDrag(Qt::DropActions)
     execute(drag);
     // A drag that the window system broke off ends without a leave.
     if (CItemModel *back = putScreenBack())
-        settle(*back);
+        showReturned(*back);
     m_dragged = nullptr;
 }
 
@@ -93,7 +93,7 @@ CItemModel *CProjectExplorerView::putScreenBack()
 }
 
 /// A screen that was away is selected, open and shown again as it was.
-void CProjectExplorerView::settle(CItemModel &screen)
+void CProjectExplorerView::showReturned(CItemModel &screen)
 {
     if (m_wasExpanded)
         expandRecursively(screen.index());
@@ -135,7 +135,7 @@ void CProjectExplorerView::dragMoveEvent(QDragMoveEvent *event)
 void CProjectExplorerView::dragLeaveEvent(QDragLeaveEvent *event)
 {
     if (CItemModel *back = putScreenBack())
-        settle(*back);
+        showReturned(*back);
     event->accept();
 }
 
@@ -152,7 +152,7 @@ void CProjectExplorerView::dropEvent(QDropEvent *event)
     const int target = m_targetRow < 0 ? m_project->rowCount() - 1 : m_targetRow;
     if (target != m_takenRow)
         m_project->undoStack()->push(new CCommandOrderItem({screen}, {target}));
-    settle(*screen);
+    showReturned(*screen);
 }
 
 /// Below the last row that is shown of all that belongs to an item.

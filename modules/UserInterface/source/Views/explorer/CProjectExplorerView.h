@@ -82,7 +82,7 @@ private:
     QVector<CItemModel *> draggedItems(CItemModel *pressed) const;
     void takeDraggedScreen();
     CItemModel *putScreenBack();
-    void settle(CItemModel &screen);
+    void showReturned(CItemModel &screen);
     int bottomOf(QModelIndex item) const;
     void followPointer(const QPoint &position);
     void parkIndicator();

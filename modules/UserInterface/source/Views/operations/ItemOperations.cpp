@@ -236,7 +236,7 @@ void ItemOperations::remove(const Items &items, const QString &macroText)
     stack.endMacro();
 }
 
-Items ItemOperations::bringTo(CScreenModel &screen, const Items &items)
+Items ItemOperations::moveToScreen(CScreenModel &screen, const Items &items)
 {
     QUndoStack &stack = stackOf(screen);
     ItemNames::Names taken = ItemNames::below(screen);

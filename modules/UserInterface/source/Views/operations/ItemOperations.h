@@ -33,7 +33,7 @@ void remove(const Items &items, const QString &macroText);
 /// Makes items of any screen of the project the foremost ones of this screen; those that are its
 /// own stay where they are. What they are on this screen, in the order of `items`. To be called
 /// within a macro.
-Items bringTo(CScreenModel &screen, const Items &items);
+Items moveToScreen(CScreenModel &screen, const Items &items);
 
 /// The items as clipboard data, owned by the caller; null for no items.
 QMimeData *toMimeData(const Items &items);

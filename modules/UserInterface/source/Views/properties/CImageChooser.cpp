@@ -68,11 +68,6 @@ CImageChooser::CImageChooser(QWidget *window)
     connect(m_converter, &CImageFileConverter::warned, this, &CImageChooser::message);
 }
 
-bool CImageChooser::showsImage(const CItemModel &item)
-{
-    return item.hasProperty(PropertyKey::BitmapFolder) && item.hasProperty(PropertyKey::BaseName);
-}
-
 QString CImageChooser::sourceOf(const CItemModel &item)
 {
     const QString stored = item.propertyText(PropertyKey::FileName);

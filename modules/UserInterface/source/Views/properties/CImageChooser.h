@@ -20,8 +20,6 @@ class CImageChooser : public QObject
 public:
     explicit CImageChooser(QWidget *window);
 
-    /// Whether the item shows an image of a file.
-    static bool showsImage(const CItemModel &item);
     /// The file that the item's image was made of, or the copy that the converter has left beside
     /// what it made; an absolute path, empty when both are gone.
     static QString sourceOf(const CItemModel &item);

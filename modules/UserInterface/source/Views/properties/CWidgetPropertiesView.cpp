@@ -418,7 +418,7 @@ void CWidgetPropertiesView::showHeader()
     fitColumns();
 }
 
-void CWidgetPropertiesView::renew()
+void CWidgetPropertiesView::refresh()
 {
     m_factory->discardPending(); // a text that was being typed may be none on another chip
     showState();

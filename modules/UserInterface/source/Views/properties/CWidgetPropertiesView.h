@@ -34,7 +34,7 @@ public:
     CItemModel *currentItemModel() const { return m_item; }
 
     /// The limits and entries of the item's properties may be others now.
-    void renew();
+    void refresh();
 
     QtProperty *row(const QString &key) const { return m_rows.value(key); }
 

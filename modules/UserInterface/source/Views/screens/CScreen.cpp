@@ -55,7 +55,7 @@ void CScreen::setProject(CProjectModel *project)
     m_project = project;
     if (project) {
         connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-                &CScreen::rowsAboutToBeRemoved, Qt::UniqueConnection);
+                &CScreen::rowsAboutToBeRemoved);
         connect(project, &QAbstractItemModel::rowsInserted, this, &CScreen::rowsInserted);
         connect(project, &QAbstractItemModel::modelAboutToBeReset, this, &CScreen::clear);
         connect(project, &CProjectModel::propertyChanged, this, &CScreen::propertyChanged);

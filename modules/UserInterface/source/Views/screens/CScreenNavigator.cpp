@@ -94,7 +94,7 @@ void CScreenNavigator::rebuild()
     m_timer->start();
 }
 
-void CScreenNavigator::renewAll()
+void CScreenNavigator::refreshAll()
 {
     m_changed.clear();
     m_requested = nullptr;

@@ -28,7 +28,7 @@ public:
     /// Name and last frame of every screen, in their order; a frame is null while it is not there.
     QList<QPair<QString, QPixmap>> getScreenPixmaps() const;
     /// All thumbnails anew, such as after the emulator was started for another chip.
-    void renewAll();
+    void refreshAll();
     /// As long as all frames are wanted, missing ones are asked for without a pause, also while the
     /// navigator is not to be seen.
     void setAllWanted(bool wanted);

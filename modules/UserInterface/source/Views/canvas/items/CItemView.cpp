@@ -1,5 +1,6 @@
 #include "CItemView.h"
 
+#include "CGuideLines.h"
 #include "CHandleMarks.h"
 #include "CItemModel.h"
 #include "CLockMark.h"
@@ -235,46 +236,18 @@ void CItemView::setHighlighted(bool highlighted)
     setData(CanvasRole::HighlightKey, highlighted ? 1 : 0);
 }
 
-void CItemView::createGuides()
-{
-    for (QGraphicsLineItem *&guide : m_guides) {
-        guide = new QGraphicsLineItem(this);
-        guide->setPen(CanvasColour::outlinePen(CanvasColour::Guide));
-        guide->setAcceptedMouseButtons(Qt::NoButton);
-        guide->setData(CanvasRole::RoleKey, CanvasRole::PartOfParent);
-        guide->hide();
-    }
-}
-
 void CItemView::showGuides(const QRectF &visible)
 {
-    if (!m_guides.front())
-        createGuides();
+    if (!m_guides)
+        m_guides = std::make_unique<CGuideLines>(this);
     const QRectF frame = m_frame.normalized();
-    const QRectF reach = visible.translated(-pos()).united(frame);
-    size_t next = 0;
-    const auto place = [this, &next](double x1, double y1, double x2, double y2) {
-        m_guides[next]->setLine(x1, y1, x2, y2);
-        m_guides[next]->show();
-        ++next;
-    };
-    // A line away from each side of the frame, for both edges and the centre of each axis.
-    for (const double x : {frame.left(), frame.center().x(), frame.right()}) {
-        place(x, reach.top(), x, frame.top());
-        place(x, frame.bottom(), x, reach.bottom());
-    }
-    for (const double y : {frame.top(), frame.center().y(), frame.bottom()}) {
-        place(reach.left(), y, frame.left(), y);
-        place(frame.right(), y, reach.right(), y);
-    }
+    m_guides->show(frame, visible.translated(-pos()).united(frame));
 }
 
 void CItemView::hideGuides()
 {
-    for (QGraphicsLineItem *guide : m_guides) {
-        if (guide)
-            guide->hide();
-    }
+    if (m_guides)
+        m_guides->hide();
 }
 
 bool CItemView::isResizable() const

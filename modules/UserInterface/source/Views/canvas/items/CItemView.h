@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 
+class CGuideLines;
 class CHandleMarks;
 class CItemModel;
 class CLockMark;
@@ -23,7 +24,6 @@ class CItemView : public QGraphicsObject
 
 public:
     static constexpr int HandleCount = 8;
-    static constexpr int GuideCount = 12;
     static constexpr double HandleReach = 12; ///< screen pixels from the centre, at least
 
     CItemView(CItemModel *item, const ICanvas &canvas);
@@ -95,7 +95,6 @@ protected:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
 
 private:
-    void createGuides();
     bool isDrawnByLines() const;
     double lineWidth() const; ///< scene units, enough to be hit
     QVector<QPainterPath> turnedParts() const;
@@ -108,7 +107,7 @@ private:
     double m_angle = 0;
     // Children, made when they are first of use.
     std::array<CResizeHandle *, HandleCount> m_handles{};
-    std::array<QGraphicsLineItem *, GuideCount> m_guides{};
+    std::unique_ptr<CGuideLines> m_guides;
     CRotateHandle *m_rotateHandle = nullptr;
     CHandleMarks *m_marks = nullptr;
     CRotationOutline *m_outline = nullptr;

@@ -37,7 +37,7 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
             addViews(item);
     }
     m_isOrderDue = true;
-    settleSoon();
+    followChangesSoon();
 }
 
 CScreenScene::~CScreenScene()
@@ -75,7 +75,7 @@ void CScreenScene::deleteViews()
 
 CItemView *CScreenScene::viewOf(const CItemModel *item) const
 {
-    settleGroups();
+    updateGroupFrames();
     return m_views.value(item);
 }
 
@@ -147,7 +147,7 @@ void CScreenScene::rowsChanged(const CItemModel *parent)
     membersChanged(parent);
     m_isOrderDue = true;
     m_haveRowsChanged = true;
-    settleSoon();
+    followChangesSoon();
 }
 
 void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
@@ -161,7 +161,7 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
         return;
     view->onPropertyChanged(key);
     membersChanged(item->parentItem());
-    settleSoon();
+    followChangesSoon();
     Q_EMIT contentChanged();
 }
 
@@ -172,16 +172,16 @@ void CScreenScene::membersChanged(const CItemModel *group)
 }
 
 /// Once for all changes of a command.
-void CScreenScene::settleSoon()
+void CScreenScene::followChangesSoon()
 {
-    if (std::exchange(m_isSettleDue, true))
+    if (std::exchange(m_isFollowingDue, true))
         return;
-    QMetaObject::invokeMethod(this, &CScreenScene::settle, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &CScreenScene::followChanges, Qt::QueuedConnection);
 }
 
-void CScreenScene::settle()
+void CScreenScene::followChanges()
 {
-    m_isSettleDue = false;
+    m_isFollowingDue = false;
     const bool haveRowsChanged = std::exchange(m_haveRowsChanged, false);
     if (!m_screen)
         return;
@@ -207,7 +207,7 @@ const QVector<CItemView *> &CScreenScene::order() const
 {
     if (m_isOrderDue)
         restack();
-    settleGroups();
+    updateGroupFrames();
     return m_order;
 }
 
@@ -228,7 +228,7 @@ void CScreenScene::restack() const
 }
 
 /// Brings the frames of groups about what their members are now, members that are groups first.
-void CScreenScene::settleGroups() const
+void CScreenScene::updateGroupFrames() const
 {
     if (m_dueGroups.isEmpty())
         return;

@@ -88,11 +88,11 @@ private:
     void deleteViews();
     const QVector<CItemView *> &order() const;
     void restack() const;
-    void settleGroups() const;
+    void updateGroupFrames() const;
     void rowsChanged(const CItemModel *parent);
     void membersChanged(const CItemModel *group);
-    void settleSoon();
-    void settle();
+    void followChangesSoon();
+    void followChanges();
     void collectOrder(const QStandardItem *parent) const;
     void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
     std::unique_ptr<CGesture> moveOf(CItemView *pressed);
@@ -112,7 +112,7 @@ private:
     mutable QVector<CItemView *> m_order;         ///< front first
     mutable QSet<const CItemModel *> m_dueGroups; ///< whose members have changed
     mutable bool m_isOrderDue = false;
-    bool m_isSettleDue = false;
+    bool m_isFollowingDue = false;
     bool m_haveRowsChanged = false;
     std::unique_ptr<CGesture> m_gesture; ///< from a press to its release
 };

@@ -176,7 +176,7 @@ bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
     }
     QUndoStack &stack = *screen()->project()->undoStack();
     stack.beginMacro(tr("Move Selected Items"));
-    const QVector<CItemModel *> moved = ItemOperations::bringTo(*screen(), items);
+    const QVector<CItemModel *> moved = ItemOperations::moveToScreen(*screen(), items);
     Q_EMIT movesWanted(moved, positions);
     stack.endMacro();
     Q_EMIT dropped(moved);

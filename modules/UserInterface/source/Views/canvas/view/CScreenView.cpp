@@ -59,7 +59,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     setViewportUpdateMode(BoundingRectViewportUpdate);
     m_restTimer->setSingleShot(true);
     m_restTimer->setInterval(RestAfter);
-    connect(m_restTimer, &QTimer::timeout, this, &CScreenView::settle);
+    connect(m_restTimer, &QTimer::timeout, this, &CScreenView::showAtRest);
     m_waitTimer->setSingleShot(true);
     m_waitTimer->setInterval(LongestWait);
     connect(m_waitTimer, &QTimer::timeout, this, &CScreenView::paintAgain);
@@ -150,7 +150,6 @@ void CScreenView::paintAgain()
 
 void CScreenView::setMemoryUsage(size_t displayListBytes, size_t graphicsMemoryBytes)
 {
-    m_displayListMemory = displayListBytes;
     m_graphicsMemory = graphicsMemoryBytes;
     Q_EMIT memoryUsageChanged(displayListBytes, graphicsMemoryBytes);
 }
@@ -206,7 +205,7 @@ void CScreenView::becomeBusy()
     m_restTimer->start();
 }
 
-void CScreenView::settle()
+void CScreenView::showAtRest()
 {
     if (CFrameItem *frame = m_scene->frameItem())
         frame->setAtRest(true);

@@ -120,7 +120,7 @@ private:
     void cancelRubberBand();
     void dropGesture();
     static void drawShadow(QPainter *painter, const QRectF &page, double pixel);
-    void settle();
+    void showAtRest();
     void becomeBusy();
     void paintAgain();
 
@@ -132,7 +132,6 @@ private:
     CGestureReadout *m_readout;
     QString m_displayListText;
     QByteArray m_displayListBytes;
-    size_t m_displayListMemory = 0;
     size_t m_graphicsMemory = 0;
     QVector<CItemModel *> m_selectedAtPress; ///< only compared, since items may have gone since
     QPoint m_panPos;

@@ -448,7 +448,7 @@ private Q_SLOTS:
         QCOMPARE(shown("x_coordinate"), "-9000");
         QCOMPARE(treeRow("x_coordinate")->toolTip(1), "-2048 to 2048");
         m_project->setProjectProperty(PropertyKey::Platform, "QX100");
-        m_view->renew();
+        m_view->refresh();
         QCOMPARE(treeRow("x_coordinate")->toolTip(1), "-512 to 512");
         QCOMPARE(shown("x_coordinate"), "-9000");
         QCOMPARE(stack().count(), 0);
