@@ -49,13 +49,13 @@ void CPageOutputs::add(SScreenExport &&screen, int index)
 void CPageOutputs::addPicture(SScreenExport &screen, int index)
 {
     QImage frame = std::exchange(screen.frame, {}); // whoever holds it alone needs no copy
+    const QString size = QStringLiteral("%1 x %2 pixels").arg(frame.width()).arg(frame.height());
     if (frame.isNull())
         m_messages.fail(QStringLiteral("%1: screen \"%2\": A screen without width or height has "
                                        "no picture.")
                             .arg(m_projectFile, screen.name));
     else
-        m_pictures.add(QDir(m_options.pngFolder).filePath(m_pictureNames[index]),
-                       QStringLiteral("%1 x %2 pixels").arg(frame.width()).arg(frame.height()),
+        m_pictures.add(QDir(m_options.pngFolder).filePath(m_pictureNames[index]), size,
                        [frame = std::move(frame)]() mutable {
                            return CScreenshotWriter::toPng(std::move(frame));
                        });

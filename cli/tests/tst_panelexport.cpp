@@ -214,6 +214,7 @@ void tst_PanelExport::exportsAnExample()
     }
     QCOMPARE(read("new/bin/e.bin").size(), bytes);
     QCOMPARE(result.out.count('\n'), 3 + screens.size()); // a line for each output
+    QCOMPARE(result.out.count("480 x 272 pixels"), screens.size());
 
     cpu_set_t cores;
     QCOMPARE(sched_getaffinity(0, sizeof(cores), &cores), 0);
