@@ -9,6 +9,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "PropertyKey.h"
+#include "RegularFile.h"
 #include "StopSignals.h"
 
 #include <QCoreApplication>
@@ -85,7 +86,7 @@ bool CExportJob::loadProgramData()
 
 bool CExportJob::openProject()
 {
-    const QString path = QFileInfo(m_options.project).absoluteFilePath();
+    const QString path = linkedFile(m_options.project); // its images stand beside it
     QString error;
     m_project = std::make_unique<CProjectModel>();
     if (!m_project->loadFromFile(path, &error)) {

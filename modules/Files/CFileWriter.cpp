@@ -266,12 +266,10 @@ QString inFolderOf(const QString &path, Work work)
 }
 } // namespace
 
-QString CFileWriter::write(const QString &path, const QByteArray &bytes, ELink link)
+QString CFileWriter::write(const QString &path, const QByteArray &bytes)
 {
-    const QFileInfo info(path);
-    const bool isKept = link == ELink::Keep && info.isSymLink() && info.isFile();
-    const QString reason = inFolderOf(isKept ? info.canonicalFilePath() : path,
-                                      [&bytes](CTarget &target) { return target.write(bytes); });
+    const QString reason =
+        inFolderOf(path, [&bytes](CTarget &target) { return target.write(bytes); });
     return reason.isEmpty() ? QString() : tr("%1 could not be written: %2").arg(path, reason);
 }
 

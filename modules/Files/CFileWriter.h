@@ -15,8 +15,7 @@ class CFolder;
 /// the target's place is replaced by the file and
 ///          never written through, wherever it leads; so is a file's other name (a hard link),
 ///          which keeps its bytes. That holds for exports too: who names a link gets a file there.
-///          Only a project file keeps its link (ELink::Keep), because it is the user's way to the
-///          project.
+///          A project that was opened through a link is written where it lies, see linkedFile().
 /// Errors:  a missing folder, a target that is no regular file or a link to a device, a pipe or a
 ///          folder, missing rights, a full disk.
 class CFileWriter
@@ -24,13 +23,8 @@ class CFileWriter
     Q_DECLARE_TR_FUNCTIONS(CFileWriter)
 
 public:
-    enum class ELink {
-        Replace,
-        Keep ///< as long as it leads to a file; then that one is replaced, where it lies
-    };
-
     /// Empty when all bytes are in the file, otherwise the reason, with the path.
-    static QString write(const QString &path, const QByteArray &bytes, ELink link = ELink::Replace);
+    static QString write(const QString &path, const QByteArray &bytes);
     /// The same, into a folder that is open.
     static QString write(const CFolder &folder, const QString &name, const QByteArray &bytes);
     /// Empty, or why write() would write nothing; without the path. Nothing is touched.

@@ -3,6 +3,7 @@
 #include "CDescriptor.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -25,4 +26,10 @@ bool openRegularFile(QFile &file, const QString &path, QString *reason)
     if (!S_ISREG(status.st_mode))
         return refuse(QCoreApplication::translate("CFileWriter", "this is not a regular file"));
     return file.open(found.take(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+}
+
+QString linkedFile(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isSymLink() && info.isFile() ? info.canonicalFilePath() : info.absoluteFilePath();
 }

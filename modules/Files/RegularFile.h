@@ -7,3 +7,7 @@
 /// waiting for it: a pipe may never begin, a device never end.
 /// `reason`: why it is not open; without the path.
 bool openRegularFile(QFile &file, const QString &path, QString *reason = nullptr);
+
+/// The regular file to which a link leads, over however many links; anything else as an absolute
+/// path, also a link that leads nowhere.
+QString linkedFile(const QString &path);

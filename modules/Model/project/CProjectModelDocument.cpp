@@ -227,7 +227,7 @@ bool CProjectModel::saveToFile(const QString &filePath, QString *error) const
     QString reason;
     const QByteArray xml = saveToBytes(&reason, filePath);
     if (reason.isEmpty())
-        reason = CFileWriter::write(filePath, xml, CFileWriter::ELink::Keep);
+        reason = CFileWriter::write(filePath, xml);
     setError(error, reason);
     return reason.isEmpty();
 }

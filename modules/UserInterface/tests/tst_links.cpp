@@ -5,8 +5,12 @@
 #include "CPageOperations.h"
 #include "CProjectFile.h"
 #include "CProjectModel.h"
+#include "CProjectSession.h"
+#include "CRecentProjects.h"
 #include "CRecoveryCopy.h"
+#include "CScreenModel.h"
 #include "CScreenshotWriter.h"
+#include "CScriptedUser.h"
 #include "CSettings.h"
 #include "CXmlGuard.h"
 #include "ConvertedImageFacts.h"
@@ -250,20 +254,31 @@ void tst_Links::writers()
     }
 }
 
+/// A link is a way to a project; what takes the place of an open one is none.
 void tst_Links::projectKeepsItsLink()
 {
     const QString target = m_folder->filePath("outside/real.nyx");
     const QString path = inProject("linked.nyx");
     QVERIFY(writeFile(target, ProjectTestSupport::document("demo")) && QFile::link(target, path));
-    const QByteArray bytes = ProjectTestSupport::document("demo", 3);
-    for (const auto kind : {CProjectFile::EWrite::Automatic, CProjectFile::EWrite::ByUser}) {
-        QCOMPARE(CProjectFile(path).write(bytes, kind), QString());
-        QVERIFY(QFileInfo(path).isSymLink() && isPlainFile(target));
-        QCOMPARE(readFile(target), bytes);
-    }
-    QVERIFY(QFile::remove(target)); // whoever saves then has the work where he left it
-    QCOMPARE(CProjectFile(path).write(bytes, CProjectFile::EWrite::ByUser), QString());
-    QVERIFY(isPlainFile(path) && !QFile::exists(target));
+    CScriptedUser user;
+    user.overwriteAnswer = IUserQuestions::EOverwrite::Overwrite;
+    CRecentProjects recent;
+    CProjectSession session(&user, &recent);
+    session.open(path);
+    QCOMPARE(session.project()->workingDirectory(), QFileInfo(target).path());
+    const auto isSaved = [&session](const char *name) {
+        session.project()->screen(0)->setProperty(PropertyKey::Name, QString(name));
+        return session.save();
+    };
+    QVERIFY(isSaved("once"));
+    QVERIFY(QFileInfo(path).isSymLink() && isPlainFile(target));
+    QVERIFY(readFile(target) != ProjectTestSupport::document("demo"));
+
+    const QString stranger = m_folder->filePath("outside/file");
+    QVERIFY(QFile::remove(target) && QFile::link(stranger, target));
+    QVERIFY(isSaved("again"));
+    QCOMPARE(readFile(stranger), QByteArray(Kept));
+    QVERIFY(isPlainFile(target));
 }
 
 void tst_Links::foldersThatAreLinks_data()

@@ -90,7 +90,7 @@ QString CProjectFile::write(const QByteArray &bytes, EWrite kind)
         if (!reason.isEmpty())
             return reason;
     }
-    const QString reason = CFileWriter::write(m_path, bytes, CFileWriter::ELink::Keep);
+    const QString reason = CFileWriter::write(m_path, bytes);
     if (!reason.isEmpty())
         return reason;
     m_knownHash = hashOf(bytes);

@@ -7,6 +7,7 @@
 #include "CXmlGuard.h"
 #include "IUserQuestions.h"
 #include "PropertyKey.h"
+#include "RegularFile.h"
 #include "ShownText.h"
 
 #include <QDir>
@@ -83,9 +84,11 @@ bool CProjectSession::openFile(const QString &path)
     return openFile(path, {});
 }
 
+/// A project that is reached through a link is the file where it lies: its images stand beside it,
+/// and what may take its place later is no way out of its folder.
 bool CProjectSession::openFile(const QString &path, SRead checked)
 {
-    auto file = std::make_unique<CProjectFile>(path);
+    auto file = std::make_unique<CProjectFile>(linkedFile(path));
     if (isSameFile(file->path(), this->path()))
         discard(EEnd::BrokenOff); // its lock would be in its own way
     bool given = false;
