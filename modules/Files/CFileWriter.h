@@ -11,8 +11,9 @@ class CFolder;
 /// there are no such files), on to the disk, and only then take the target's name: whatever
 /// happens, the target holds the old bytes or the new ones. Where the folder forbids a second file,
 /// an existing target is written directly, unless it has other names; when that fails, its old
-/// bytes are put back as far as the disk allows. Links:   the folder is resolved once. A link in
-/// the target's place is replaced by the file and
+/// bytes are put back as far as the disk allows.
+///
+/// Links:   the folder is resolved once. A link in the target's place is replaced by the file and
 ///          never written through, wherever it leads; so is a file's other name (a hard link),
 ///          which keeps its bytes. That holds for exports too: who names a link gets a file there.
 ///          A project that was opened through a link is written where it lies, see linkedFile().
