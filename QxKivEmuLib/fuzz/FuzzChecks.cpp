@@ -61,10 +61,15 @@ private:
 std::string checkText(const std::vector<uint8_t> &bytes)
 {
     const std::vector<uint32_t> words = fromBytes(bytes.data(), bytes.size());
-    const std::string text = disassemble(words.data(), words.size());
+    std::string text = disassemble(words.data(), words.size());
     std::string error;
     if (assemble(text, &error) != words)
         return "the text form loses words: " + error;
+    // The form that exported files have: a semicolon within a text would be torn apart.
+    for (size_t end = 0; (end = text.find(';', end)) != std::string::npos; ++end)
+        text.insert(end + 1, 1, '\n');
+    if (assemble(text, &error) != words)
+        return "the text form of files loses words: " + error;
     const std::vector<uint8_t> back = toBytes(words);
     if (!std::equal(back.begin(), back.end(), bytes.begin()))
         return "words lose bytes";

@@ -1,13 +1,10 @@
 #include "fuzz/PanelCheck.h"
+#include "support/Corpus.h"
 #include "support/OpenPanel.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 namespace {
@@ -181,17 +178,10 @@ TEST(Panel, AFlippedBitIsSeen)
 
 TEST(Panel, InputsOfTheCorpusPass)
 {
-    const char *source = std::getenv("KIV_SOURCE_DIR");
-    ASSERT_NE(source, nullptr) << "run by ctest";
-    int inputs = 0;
-    for (const auto &file :
-         std::filesystem::directory_iterator(std::string(source) + "/firmware/fuzz/corpus")) {
-        std::ifstream stream(file.path(), std::ios::binary);
-        const Bytes input{std::istreambuf_iterator<char>(stream), {}};
-        EXPECT_EQ(checkPanel(input.data(), input.size()), "") << file.path();
-        ++inputs;
-    }
-    EXPECT_GT(inputs, 5);
+    const auto inputs = kivemu::corpus("firmware/fuzz/corpus");
+    for (const auto &[name, bytes] : inputs)
+        EXPECT_EQ(checkPanel(bytes.data(), bytes.size()), "") << name;
+    EXPECT_GT(inputs.size(), 5U);
 }
 
 // Packages of random blocks, shown in any order. Whether a block is still there is worked out byte

@@ -68,30 +68,6 @@ TEST_P(RomFonts, glyphsAreThoseOfTheirCharacters)
 
 INSTANTIATE_TEST_SUITE_P(All, RomFonts, testing::Range(16, 35));
 
-TEST(RomFontTable, SixteenToNineteenAreFixedPitchAndOthersNot)
-{
-    for (int font = 16; font <= 34; ++font) {
-        bool fixed = true;
-        for (int c = 0x20; c < 0x7F; ++c) {
-            fixed = fixed && romfonts::glyph(font, static_cast<uint8_t>(c))->advance16 ==
-                                 romfonts::glyph(font, 'M')->advance16;
-        }
-        EXPECT_EQ(fixed, font < 20) << font;
-    }
-}
-
-TEST(RomFontTable, TwentyToTwentyFiveAreBold)
-{
-    // 20 and 26 to 29 have nearly the same sizes as a bold neighbour.
-    const auto weight = [](int font) {
-        const double em = romfonts::emSize(font);
-        return ink(*romfonts::glyph(font, 'l')) / (em * em);
-    };
-    EXPECT_GT(weight(22), 1.3 * weight(27));
-    EXPECT_GT(weight(24), 1.3 * weight(29));
-    EXPECT_GT(weight(21), 1.3 * weight(26));
-}
-
 TEST(RomFontTable, metricsStandInTheDocumentation)
 {
     std::ifstream page(std::string(std::getenv("KIV_SOURCE_DIR")) + "/docs/chips.md");
@@ -122,14 +98,6 @@ TEST(RomFontTable, UnknownFontsHaveNothing)
         EXPECT_EQ(romfonts::glyph(font, 'A'), nullptr);
         EXPECT_EQ(romfonts::textWidth16(font, "A"), 0);
     }
-}
-
-TEST(RomFontText, widthIsTheSumOfItsPieces)
-{
-    EXPECT_EQ(romfonts::textWidth16(27, ""), 0);
-    EXPECT_EQ(romfonts::textWidth16(27, "Speed"),
-              romfonts::textWidth16(27, "Spe") + romfonts::textWidth16(27, "ed"));
-    EXPECT_EQ(romfonts::textWidth16(18, "b\xE4z d"), 5 * romfonts::textWidth16(18, "x"));
 }
 
 TEST(RomFontText, utf8BecomesLatin1)

@@ -19,7 +19,7 @@ constexpr int ExampleWidth = 160;
 constexpr int ExampleHeight = 120;
 
 /// Well-formed lists for a frame of ExampleWidth x ExampleHeight, which between them use every
-/// command, every bitmap format and all clip, wrap and filter modes.
+/// command, every bitmap format and all clip, wrap and filter modes: texts of the fuzz corpus.
 std::vector<SExample> exampleLists();
 
 } // namespace kivemu
