@@ -1351,7 +1351,7 @@
     </message>
 </context>
 <context>
-    <name>CScreenView</name>
+    <name>CSelectionCommands</name>
     <message>
         <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
         <translation>Die Zwischenablage enthält weder Widgets noch Seiten; es wurde nichts eingefügt.</translation>

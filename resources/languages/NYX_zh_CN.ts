@@ -1351,7 +1351,7 @@
     </message>
 </context>
 <context>
-    <name>CScreenView</name>
+    <name>CSelectionCommands</name>
     <message>
         <source>The clipboard holds neither widgets nor pages, so nothing was pasted.</source>
         <translation>剪贴板中既没有控件也没有页面，因此没有粘贴任何内容。</translation>

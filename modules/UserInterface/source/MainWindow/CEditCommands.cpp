@@ -7,6 +7,7 @@
 #include "CProjectExplorerView.h"
 #include "CScreen.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 
 #include <QAbstractSpinBox>
 #include <QClipboard>
@@ -140,7 +141,7 @@ void CEditCommands::cut()
     if (!copied)
         return; // nothing is taken away that could not be pasted
     QGuiApplication::clipboard()->setMimeData(copied);
-    ItemOperations::remove(selected, CScreenView::tr("Cut"));
+    ItemOperations::remove(selected, CSelectionCommands::tr("Cut"));
 }
 
 /// What was copied last is pasted, widgets or pages.
@@ -149,7 +150,7 @@ void CEditCommands::paste()
     if (isForFocused(EText::Paste))
         return;
     if (!CPageOperations::canPaste(QGuiApplication::clipboard()->mimeData())) {
-        runOnView(&CScreenView::paste);
+        runOnView(&CSelectionCommands::paste);
         return;
     }
     m_panels->explorer()->setFocus(); // the pages will be selected there
@@ -165,7 +166,7 @@ void CEditCommands::remove()
 void CEditCommands::selectAll()
 {
     if (!isForFocused(EText::SelectAll))
-        runOnView(&CScreenView::selectAll);
+        runOnView(&CSelectionCommands::selectAll);
 }
 
 void CEditCommands::selectNone()
@@ -177,7 +178,7 @@ void CEditCommands::selectNone()
 void CEditCommands::selectInverse()
 {
     if (!isForFocused(EText::SelectInverse))
-        runOnView(&CScreenView::selectInverse);
+        runOnView(&CSelectionCommands::selectInverse);
 }
 
 void CEditCommands::lock()
@@ -193,8 +194,8 @@ void CEditCommands::order(ItemOperations::EOrder where)
     ItemOperations::order(items(), where);
 }
 
-void CEditCommands::runOnView(void (CScreenView::*command)())
+void CEditCommands::runOnView(void (CSelectionCommands::*command)())
 {
-    if (CScreenView *view = m_panels->screens()->currentView())
-        (view->*command)();
+    if (const CScreenView *view = m_panels->screens()->currentView())
+        (view->commands()->*command)();
 }

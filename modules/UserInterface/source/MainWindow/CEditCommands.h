@@ -7,7 +7,7 @@
 
 class CMainPanels;
 class CMenuBar;
-class CScreenView;
+class CSelectionCommands;
 class QMainWindow;
 
 /// The commands of the Edit menu. Who has the focus decides what the clipboard, Delete and Select
@@ -36,7 +36,7 @@ public:
     void lock();
     void order(ItemOperations::EOrder where);
     /// The commands for the canvas that is shown, if any.
-    void runOnView(void (CScreenView::*command)());
+    void runOnView(void (CSelectionCommands::*command)());
 
 private:
     enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone, SelectInverse };

@@ -18,6 +18,7 @@
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 #include "CUpdater.h"
 #include "ChipFindings.h"
 #include "ProgramInfo.h"
@@ -344,12 +345,12 @@ void CMainWindow::selectInverse()
 
 void CMainWindow::group()
 {
-    m_edit->runOnView(&CScreenView::group);
+    m_edit->runOnView(&CSelectionCommands::group);
 }
 
 void CMainWindow::ungroup()
 {
-    m_edit->runOnView(&CScreenView::ungroup);
+    m_edit->runOnView(&CSelectionCommands::ungroup);
 }
 
 /// The same frame in another way; who needs another frame asks the screens.

@@ -163,8 +163,8 @@ void ItemOperations::toggleLock(const Items &items)
                                    [](const CItemModel *each) { return each->isLocked(); });
     QUndoStack &stack = *items.constFirst()->project()->undoStack();
     stack.beginMacro(items.size() > 1
-                         ? QCoreApplication::translate("CScreenView", "Lock/Unlock Multiple")
-                         : QCoreApplication::translate("CScreenView", "Lock/Unlock"));
+                         ? QCoreApplication::translate("CSelectionCommands", "Lock/Unlock Multiple")
+                         : QCoreApplication::translate("CSelectionCommands", "Lock/Unlock"));
     for (CItemModel *each : items) {
         if (each->isLocked() != lock)
             stack.push(new CCommandChangeItemProperty(each, PropertyKey::Locked,
@@ -283,7 +283,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     const auto refuse = [problem](const QString &why) {
         if (problem)
             *problem =
-                QCoreApplication::translate("CScreenView", "What was copied cannot be pasted: %1")
+                QCoreApplication::translate("CSelectionCommands", "What was copied cannot be pasted: %1")
                     .arg(why);
         return Items();
     };
@@ -303,7 +303,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     unlockMembers(*holding);
     screen.project()->assignFreshIds(holding.get());
     const int count = holding->rowCount();
-    reason = count == 0 ? QCoreApplication::translate("CScreenView", "There is no widget in it.")
+    reason = count == 0 ? QCoreApplication::translate("CSelectionCommands", "There is no widget in it.")
                         : ScreenDocuments::savingRefusal(*holding);
     if (!reason.isEmpty()) {
         images.takeBack();

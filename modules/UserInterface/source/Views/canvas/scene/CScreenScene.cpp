@@ -272,6 +272,12 @@ void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
     Q_EMIT selectionShown();
 }
 
+void CScreenScene::chooseModelItems(const QVector<CItemModel *> &items)
+{
+    selectModelItems(items);
+    Q_EMIT QGraphicsScene::selectionChanged();
+}
+
 QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,
                                                    const QTransform &deviceTransform) const
 {

@@ -37,7 +37,10 @@ public:
     QVector<CItemView *> itemViews() const { return order(); }
     /// Front first.
     QVector<CItemModel *> selectedModelItems() const;
+    /// What was chosen elsewhere, which knows of it.
     void selectModelItems(const QVector<CItemModel *> &items);
+    /// The same for what is chosen here: tells selectionChanged().
+    void chooseModelItems(const QVector<CItemModel *> &items);
     /// The selectable views at a place, front first.
     QList<CItemView *> selectableViewsAt(const QPointF &scenePos,
                                          const QTransform &deviceTransform) const;

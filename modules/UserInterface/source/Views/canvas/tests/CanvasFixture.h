@@ -4,6 +4,7 @@
 #include "CItemView.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 #include "CanvasTestSupport.h"
 
 #include <QMouseEvent>

@@ -56,8 +56,8 @@ private Q_SLOTS:
             canvas.drag({10, 10}, {62, 62}, adds); // reaches no more than the corner of one
             QCOMPARE(selected(), Items({front, back}));
         }
-        canvas.view->selectAll();
-        canvas.view->selectInverse();
+        canvas.view->commands()->selectAll();
+        canvas.view->commands()->selectInverse();
         QCOMPARE(selected(), Items());
         canvas.mouse(QEvent::MouseButtonPress, {70, 70}, Qt::RightButton, Qt::RightButton);
         QCOMPARE(selected(), Items({back}));

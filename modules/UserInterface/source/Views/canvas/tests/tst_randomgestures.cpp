@@ -234,7 +234,7 @@ void tst_RandomGestures::checkAgreement(const Canvas &canvas) const
 bool tst_RandomGestures::gesture(Canvas &canvas)
 {
     const CScreenScene *scene = canvas.view->screenScene();
-    canvas.view->selectNone();
+    canvas.view->commands()->selectNone();
     const Kind kind = Kind(upTo(Disturbed));
     const bool snaps = oneOf(2);
     CEditorState::instance()->setSnapToGrid(snaps);

@@ -8,6 +8,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
+#include "CSelectionCommands.h"
 #include "CViewZoom.h"
 #include "SaveRenderHandler.h"
 
@@ -43,6 +44,7 @@ void count(const CItemModel &parent, Counts &counts)
 CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     : QGraphicsView(parent),
       m_scene(new CScreenScene(screen, this)),
+      m_commands(new CSelectionCommands(m_scene, this)),
       m_drop(new CItemDrop(m_scene, this)),
       m_zoom(new CViewZoom(this)),
       m_restTimer(new QTimer(this)),
@@ -64,6 +66,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     m_waitTimer->setInterval(LongestWait);
     connect(m_waitTimer, &QTimer::timeout, this, &CScreenView::paintAgain);
     connectScene();
+    connectCommands();
 
     CEditorState *state = CEditorState::instance();
     connect(m_zoom, &CViewZoom::scaled, this, &CScreenView::becomeBusy);
@@ -76,10 +79,6 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     connect(state, &CEditorState::zoomChanged, this, &CScreenView::zoom);
     connect(this, QOverload<int, int>::of(&CScreenView::zoomChanged), state,
             &CEditorState::setZoom);
-    connect(m_drop, &CItemDrop::message, this, &CScreenView::message);
-    connect(m_drop, &CItemDrop::dropped, this, &CScreenView::selectCreated);
-    connect(m_drop, &CItemDrop::movesWanted, this, &CScreenView::moveAll);
-    connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
     zoom(state->zoomPercent(), state->zoomType());
 }
 
@@ -92,9 +91,19 @@ void CScreenView::connectScene()
 {
     connect(m_scene, &CScreenScene::gestureReported, this, &CScreenView::showReadout);
     connect(m_scene, &CScreenScene::gestureEnded, m_readout, &QWidget::hide);
-    connect(m_scene, &CScreenScene::itemsDragged, this, &CScreenView::itemsDragged);
+    connect(m_scene, &CScreenScene::itemsDragged, m_commands, &CSelectionCommands::moveDragged);
     connect(m_scene, &CScreenScene::contentChanged, this, &CScreenView::frameWanted);
     connect(m_scene, &CScreenScene::itemsChanged, this, &CScreenView::reportCounts);
+}
+
+void CScreenView::connectCommands()
+{
+    connect(m_commands, &CSelectionCommands::message, this, &CScreenView::message);
+    connect(m_commands, &CSelectionCommands::moveWanted, this, &CScreenView::itemMoved);
+    connect(this, &CScreenView::itemMoved, this, &CScreenView::itemsMoved);
+    connect(m_drop, &CItemDrop::message, this, &CScreenView::message);
+    connect(m_drop, &CItemDrop::dropped, m_scene, &CScreenScene::chooseModelItems);
+    connect(m_drop, &CItemDrop::movesWanted, m_commands, &CSelectionCommands::moveAll);
 }
 
 CScreenModel *CScreenView::screen() const
@@ -269,4 +278,64 @@ void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(page.adjusted(-pixel, -pixel, 0, 0));
     QGraphicsView::drawBackground(painter, rect);
+}
+
+QVector<CItemModel *> CScreenView::selectedItems() const
+{
+    return m_commands->selectedItems();
+}
+
+void CScreenView::copy()
+{
+    m_commands->copy();
+}
+
+void CScreenView::paste()
+{
+    m_commands->paste();
+}
+
+void CScreenView::cut()
+{
+    m_commands->cut();
+}
+
+void CScreenView::orderingToFront()
+{
+    m_commands->toFront();
+}
+
+void CScreenView::orderingToBack()
+{
+    m_commands->toBack();
+}
+
+void CScreenView::orderingForward()
+{
+    m_commands->forward();
+}
+
+void CScreenView::orderingBackward()
+{
+    m_commands->backward();
+}
+
+void CScreenView::lockItems()
+{
+    m_commands->toggleLock();
+}
+
+void CScreenView::group()
+{
+    m_commands->group();
+}
+
+void CScreenView::ungroup()
+{
+    m_commands->ungroup();
+}
+
+void CScreenView::itemsMoved(CItemModel *item, QPointF, QPointF newPosition)
+{
+    m_commands->move(item, newPosition);
 }

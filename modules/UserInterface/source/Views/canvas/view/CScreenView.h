@@ -9,11 +9,12 @@ class CItemDrop;
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
+class CSelectionCommands;
 class CViewZoom;
 
-/// Shows the canvas of one screen and turns what the user does there into commands on the project's
-/// undo stack: keys, the context menu, the clipboard, drags, and by CItemDrop drops. Zooms and
-/// pans.
+/// Shows the canvas of one screen and takes what the user does there: mouse, wheel, keys, drops and
+/// the context menu. What is done to the selected items is CSelectionCommands', drops are
+/// CItemDrop's, the zoom is CViewZoom's.
 class CScreenView final : public QGraphicsView
 {
     Q_OBJECT
@@ -24,6 +25,7 @@ public:
 
     CScreenModel *screen() const;
     CScreenScene *screenScene() const { return m_scene; }
+    CSelectionCommands *commands() const { return m_commands; }
     /// Lets go of the screen, which is about to go.
     void detach();
 
@@ -61,17 +63,14 @@ Q_SIGNALS:
     void frameWanted(); ///< the screen looks different now
 
 public Q_SLOTS:
+    // Those of commands() that are connected to by name.
     void copy();
     void paste();
     void cut();
-    void selectAll();
-    void selectNone();
-    void selectInverse();
     void orderingToFront();
     void orderingToBack();
     void orderingForward();
     void orderingBackward();
-    /// Unlocks the selected items when all are locked, locks them otherwise.
     void lockItems();
     void group();
     void ungroup();
@@ -106,11 +105,8 @@ protected:
 private:
     void connectScene();
     void showReadout(const QString &text);
-    void selectCreated(const QVector<CItemModel *> &items);
-    void itemsDragged(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
-    void nudge(int dx, int dy);
-    void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
-    void selectNext();
+    void connectCommands();
+    void showNext();
     void reportPointer(const QPoint &position);
     bool isPointerHeld() const;
     bool beginPan(const QMouseEvent &event);
@@ -125,8 +121,9 @@ private:
     void paintAgain();
 
     CScreenScene *m_scene;
-    CItemDrop *m_drop; ///< a child
-    CViewZoom *m_zoom; ///< a child
+    CSelectionCommands *m_commands; ///< a child
+    CItemDrop *m_drop;              ///< a child
+    CViewZoom *m_zoom;              ///< a child
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;

@@ -2,16 +2,14 @@
 #include "CItemDrop.h"
 #include "CItemModel.h"
 #include "CItemView.h"
-#include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 #include "CViewZoom.h"
-#include "ItemOperations.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QDropEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -53,19 +51,19 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
     }
     switch (event->key()) {
     case Qt::Key_Left:
-        return nudge(-step, 0);
+        return m_commands->nudge(-step, 0);
     case Qt::Key_Right:
-        return nudge(step, 0);
+        return m_commands->nudge(step, 0);
     case Qt::Key_Up:
-        return nudge(0, -step);
+        return m_commands->nudge(0, -step);
     case Qt::Key_Down:
-        return nudge(0, step);
+        return m_commands->nudge(0, step);
     case Qt::Key_Tab:
         if (isShiftAlone) {
             event->ignore();
             return;
         }
-        selectNext();
+        showNext();
         event->accept();
         return;
     case Qt::Key_Space:
@@ -94,17 +92,10 @@ void CScreenView::keyReleaseEvent(QKeyEvent *event)
     QGraphicsView::keyReleaseEvent(event);
 }
 
-void CScreenView::selectNext()
+void CScreenView::showNext()
 {
-    const int rows = screen()->rowCount();
-    if (rows == 0)
-        return;
-    const QVector<CItemModel *> selected = selectedItems();
-    const int next = selected.isEmpty() ? 0 : (selected.constLast()->row() + 1) % rows;
-    CItemModel *item = screen()->childItem(next);
-    selectCreated({item});
-    if (const CItemView *itemView = m_scene->viewOf(item))
-        ensureVisible(itemView->sceneRect());
+    if (const CItemView *next = m_scene->viewOf(m_commands->selectNext()))
+        ensureVisible(next->sceneRect());
 }
 
 // --- mouse ---
@@ -145,8 +136,8 @@ void CScreenView::selectUnder(const QPoint &position)
         if (view->isSelected())
             return; // a menu for several items
     }
-    selectCreated(views.isEmpty() ? QVector<CItemModel *>()
-                                  : QVector<CItemModel *>{views.constFirst()->item()});
+    m_scene->chooseModelItems(views.isEmpty() ? QVector<CItemModel *>()
+                                              : QVector<CItemModel *>{views.constFirst()->item()});
 }
 
 /// Each time the next item behind the selected one, and then the front one again.
@@ -161,7 +152,7 @@ void CScreenView::selectCovered(const QPoint &position)
         if (views.at(index)->isSelected())
             next = (index + 1) % views.size();
     }
-    selectCreated({views.at(next)->item()});
+    m_scene->chooseModelItems({views.at(next)->item()});
 }
 
 void CScreenView::cancelRubberBand()
@@ -171,7 +162,7 @@ void CScreenView::cancelRubberBand()
     const QPoint position = viewport()->mapFromGlobal(QCursor::pos());
     QMouseEvent lifted(QEvent::MouseMove, position, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QGraphicsView::mouseMoveEvent(&lifted); // a rubber band ends when no button is held
-    selectCreated(m_selectedAtPress);
+    m_scene->chooseModelItems(m_selectedAtPress);
 }
 
 void CScreenView::mousePressEvent(QMouseEvent *event)
@@ -331,27 +322,7 @@ void CScreenView::contextMenuEvent(QContextMenuEvent *event)
 {
     if (isPointerHeld())
         return;
-    const QVector<CItemModel *> selected = selectedItems();
-    const bool any = !selected.isEmpty();
-    const bool anyGroup = std::any_of(selected.begin(), selected.end(), [](const CItemModel *each) {
-        return each->kind() == CItemModel::Kind::Group && !each->isLocked();
-    });
     QMenu menu(this);
-    const auto add = [this, &menu](const QString &text, void (CScreenView::*slot)(), bool enabled) {
-        menu.addAction(text, this, slot)->setEnabled(enabled);
-    };
-    add(tr("Copy"), &CScreenView::copy, any);
-    add(tr("Paste"), &CScreenView::paste,
-        ItemOperations::canPaste(QGuiApplication::clipboard()->mimeData()));
-    add(tr("Cut"), &CScreenView::cut, any);
-    menu.addSeparator();
-    add(tr("Bring to Front"), &CScreenView::orderingToFront, any);
-    add(tr("Send to Back"), &CScreenView::orderingToBack, any);
-    add(tr("Bring Forward"), &CScreenView::orderingForward, any);
-    add(tr("Send Backward"), &CScreenView::orderingBackward, any);
-    add(selected.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
-        &CScreenView::lockItems, any);
-    add(tr("Group Selected"), &CScreenView::group, selected.size() > 1);
-    add(tr("Ungroup"), &CScreenView::ungroup, anyGroup);
+    m_commands->addTo(&menu);
     menu.exec(event->globalPos());
 }

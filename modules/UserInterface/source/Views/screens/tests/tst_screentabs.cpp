@@ -8,6 +8,7 @@
 #include "CScreenNavigator.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 #include "CanvasTestSupport.h"
 
 #include <QApplication>
@@ -78,9 +79,9 @@ private Q_SLOTS:
         tabs.currentView()->screenScene()->viewOf(box)->setSelected(true); // as a click does
         const QImage clicked = ruler->grab().toImage();
         QVERIFY(clicked != none);
-        tabs.currentView()->selectNone();
+        tabs.currentView()->commands()->selectNone();
         QCOMPARE(ruler->grab().toImage(), none);
-        tabs.currentView()->selectAll();
+        tabs.currentView()->commands()->selectAll();
         QCOMPARE(ruler->grab().toImage(), clicked);
     }
 

@@ -1,17 +1,19 @@
-// What the user does to the selection of a screen by menu, keys and clipboard.
+#include "CSelectionCommands.h"
+
 #include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
 #include "CItemView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
-#include "CScreenView.h"
 #include "ItemMove.h"
 #include "ItemOperations.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QMimeData>
+#include <QSet>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -30,24 +32,33 @@ void pushAxis(QUndoStack &stack, CItemModel *item, const ItemMove::SAxis &axis)
 }
 } // namespace
 
-QVector<CItemModel *> CScreenView::selectedItems() const
+CSelectionCommands::CSelectionCommands(CScreenScene *scene, QObject *parent)
+    : QObject(parent), m_scene(scene)
+{
+}
+
+CScreenModel *CSelectionCommands::screen() const
+{
+    return m_scene->screen();
+}
+
+QUndoStack &CSelectionCommands::undoStack() const
+{
+    return *screen()->project()->undoStack();
+}
+
+QVector<CItemModel *> CSelectionCommands::selectedItems() const
 {
     return m_scene->selectedModelItems();
 }
 
-void CScreenView::selectCreated(const QVector<CItemModel *> &items)
-{
-    m_scene->selectModelItems(items);
-    Q_EMIT m_scene->QGraphicsScene::selectionChanged();
-}
-
-void CScreenView::copy()
+void CSelectionCommands::copy()
 {
     if (QMimeData *copied = ItemOperations::toMimeData(selectedItems()))
         QGuiApplication::clipboard()->setMimeData(copied);
 }
 
-void CScreenView::cut()
+void CSelectionCommands::cut()
 {
     const QVector<CItemModel *> items = selectedItems();
     QMimeData *copied = ItemOperations::toMimeData(items);
@@ -57,7 +68,7 @@ void CScreenView::cut()
     ItemOperations::remove(items, tr("Cut"));
 }
 
-void CScreenView::paste()
+void CSelectionCommands::paste()
 {
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
     if (!ItemOperations::canPaste(copied)) {
@@ -69,55 +80,56 @@ void CScreenView::paste()
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
-        selectCreated(pasted);
+        m_scene->chooseModelItems(pasted);
 }
 
-void CScreenView::selectAll()
+void CSelectionCommands::selectAll()
 {
     QVector<CItemModel *> items;
     for (int row = 0; row < screen()->rowCount(); ++row)
         items.append(screen()->childItem(row));
-    selectCreated(items);
+    m_scene->chooseModelItems(items);
 }
 
-void CScreenView::selectNone()
+void CSelectionCommands::selectNone()
 {
-    selectCreated({});
+    m_scene->chooseModelItems({});
 }
 
-void CScreenView::selectInverse()
+void CSelectionCommands::selectInverse()
 {
-    const QVector<CItemModel *> selected = selectedItems();
+    const QVector<CItemModel *> before = selectedItems();
+    const QSet<CItemModel *> selected(before.begin(), before.end());
     QVector<CItemModel *> items;
     for (int row = 0; row < screen()->rowCount(); ++row) {
         CItemModel *item = screen()->childItem(row);
         if (!selected.contains(item))
             items.append(item);
     }
-    selectCreated(items);
+    m_scene->chooseModelItems(items);
 }
 
-void CScreenView::orderingToFront()
+void CSelectionCommands::toFront()
 {
     ItemOperations::order(selectedItems(), ItemOperations::EOrder::ToFront);
 }
 
-void CScreenView::orderingToBack()
+void CSelectionCommands::toBack()
 {
     ItemOperations::order(selectedItems(), ItemOperations::EOrder::ToBack);
 }
 
-void CScreenView::orderingForward()
+void CSelectionCommands::forward()
 {
     ItemOperations::order(selectedItems(), ItemOperations::EOrder::Forward);
 }
 
-void CScreenView::orderingBackward()
+void CSelectionCommands::backward()
 {
     ItemOperations::order(selectedItems(), ItemOperations::EOrder::Backward);
 }
 
-void CScreenView::group()
+void CSelectionCommands::group()
 {
     const QVector<CItemModel *> items = selectedItems();
     QPoint corner; // of all that they cover
@@ -130,10 +142,10 @@ void CScreenView::group()
                      : QPoint(std::min(corner.x(), whole.x()), std::min(corner.y(), whole.y()));
     }
     if (CItemModel *made = ItemOperations::group(*screen(), items, corner))
-        selectCreated({made});
+        m_scene->chooseModelItems({made});
 }
 
-void CScreenView::ungroup()
+void CSelectionCommands::ungroup()
 {
     const QVector<CItemModel *> items = selectedItems();
     const bool anyLocked = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
@@ -143,19 +155,31 @@ void CScreenView::ungroup()
         Q_EMIT message(tr("A locked group stays together. Unlock it to ungroup it."));
     const QVector<CItemModel *> members = ItemOperations::ungroup(*screen(), items);
     if (!members.isEmpty())
-        selectCreated(members);
+        m_scene->chooseModelItems(members);
 }
 
-void CScreenView::lockItems()
+CItemModel *CSelectionCommands::selectNext()
+{
+    const int rows = screen()->rowCount();
+    if (rows == 0)
+        return nullptr;
+    const QVector<CItemModel *> items = selectedItems();
+    CItemModel *next =
+        screen()->childItem(items.isEmpty() ? 0 : (items.constLast()->row() + 1) % rows);
+    m_scene->chooseModelItems({next});
+    return next;
+}
+
+void CSelectionCommands::toggleLock()
 {
     ItemOperations::toggleLock(selectedItems());
 }
 
 // --- moving ---
 
-void CScreenView::itemsMoved(CItemModel *item, QPointF, QPointF newPosition)
+void CSelectionCommands::move(CItemModel *item, const QPointF &newPosition)
 {
-    QUndoStack &stack = *screen()->project()->undoStack();
+    QUndoStack &stack = undoStack();
     const bool both = ItemMove::isBetweenTwoPoints(*item);
     if (both)
         stack.beginMacro(tr("Move Object"));
@@ -165,19 +189,20 @@ void CScreenView::itemsMoved(CItemModel *item, QPointF, QPointF newPosition)
         stack.endMacro();
 }
 
-void CScreenView::moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions)
+void CSelectionCommands::moveAll(const QVector<CItemModel *> &items,
+                                 const QVector<QPointF> &newPositions)
 {
     for (int index = 0; index < items.size(); ++index) {
         CItemModel *item = items.at(index);
-        Q_EMIT itemMoved(item, QPointF(item->x(), item->y()), newPositions.at(index));
+        Q_EMIT moveWanted(item, QPointF(item->x(), item->y()), newPositions.at(index));
     }
 }
 
-void CScreenView::itemsDragged(const QVector<CItemModel *> &items,
-                               const QVector<QPointF> &newPositions)
+void CSelectionCommands::moveDragged(const QVector<CItemModel *> &items,
+                                     const QVector<QPointF> &newPositions)
 {
     const bool isOneLine = items.size() == 1 && ItemMove::isBetweenTwoPoints(*items.constFirst());
-    QUndoStack &stack = *screen()->project()->undoStack();
+    QUndoStack &stack = undoStack();
     if (!isOneLine)
         stack.beginMacro(tr("Move Selected Items"));
     moveAll(items, newPositions);
@@ -185,7 +210,7 @@ void CScreenView::itemsDragged(const QVector<CItemModel *> &items,
         stack.endMacro();
 }
 
-void CScreenView::nudge(int dx, int dy)
+void CSelectionCommands::nudge(int dx, int dy)
 {
     QVector<CItemModel *> items;
     QVector<QPointF> positions;
@@ -195,10 +220,36 @@ void CScreenView::nudge(int dx, int dy)
         items.append(each);
         positions.append(QPointF(each->x() + dx, each->y() + dy));
     }
-    QUndoStack &stack = *screen()->project()->undoStack();
+    QUndoStack &stack = undoStack();
     if (items.size() > 1)
         stack.beginMacro(tr("Move Selected Items")); // several items are one step as well
     moveAll(items, positions);
     if (items.size() > 1)
         stack.endMacro();
+}
+
+void CSelectionCommands::addTo(QMenu *menu)
+{
+    const QVector<CItemModel *> items = selectedItems();
+    const bool any = !items.isEmpty();
+    const bool anyGroup = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
+        return each->kind() == CItemModel::Kind::Group && !each->isLocked();
+    });
+    const auto add = [this, menu](const QString &text, void (CSelectionCommands::*command)(),
+                                  bool enabled) {
+        menu->addAction(text, this, command)->setEnabled(enabled);
+    };
+    add(tr("Copy"), &CSelectionCommands::copy, any);
+    add(tr("Paste"), &CSelectionCommands::paste,
+        ItemOperations::canPaste(QGuiApplication::clipboard()->mimeData()));
+    add(tr("Cut"), &CSelectionCommands::cut, any);
+    menu->addSeparator();
+    add(tr("Bring to Front"), &CSelectionCommands::toFront, any);
+    add(tr("Send to Back"), &CSelectionCommands::toBack, any);
+    add(tr("Bring Forward"), &CSelectionCommands::forward, any);
+    add(tr("Send Backward"), &CSelectionCommands::backward, any);
+    add(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
+        &CSelectionCommands::toggleLock, any);
+    add(tr("Group Selected"), &CSelectionCommands::group, items.size() > 1);
+    add(tr("Ungroup"), &CSelectionCommands::ungroup, anyGroup);
 }

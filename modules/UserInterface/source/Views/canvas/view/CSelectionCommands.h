@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QPointF>
+#include <QVector>
+
+class CItemModel;
+class CScreenModel;
+class CScreenScene;
+class QMenu;
+class QUndoStack;
+
+/// What a user does to the selected items of a canvas by menu, keys and clipboard: each function is
+/// one step of undo, and does nothing where nothing is selected that it could act on.
+class CSelectionCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The scene must outlive the commands.
+    CSelectionCommands(CScreenScene *scene, QObject *parent);
+
+    QVector<CItemModel *> selectedItems() const; ///< front first
+
+    void copy();
+    void cut();
+    /// Selects what was pasted.
+    void paste();
+    void selectAll();
+    void selectNone();
+    void selectInverse();
+    /// The item behind the selected one, after the rearmost the front one; null when the screen is
+    /// empty.
+    CItemModel *selectNext();
+    void toFront();
+    void toBack();
+    void forward();
+    void backward();
+    void group();
+    void ungroup();
+    /// Unlocks the items when all are locked, locks them otherwise.
+    void toggleLock();
+    /// Scene units; what is locked stays.
+    void nudge(int dx, int dy);
+
+    /// Moves items to where a drag has left them, in one step.
+    void moveDragged(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    /// The same as a part of a larger step: asks for each move.
+    void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    /// Carries one move out.
+    void move(CItemModel *item, const QPointF &newPosition);
+
+    /// The entries of the context menu.
+    void addTo(QMenu *menu);
+
+Q_SIGNALS:
+    void moveWanted(CItemModel *item, QPointF oldPosition, QPointF newPosition);
+    void message(const QString &text);
+
+private:
+    CScreenModel *screen() const;
+    QUndoStack &undoStack() const;
+
+    CScreenScene *const m_scene;
+};
