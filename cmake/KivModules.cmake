@@ -90,7 +90,8 @@ function(kiv_add_test name)
   add_executable(${name} tests/${name}.cpp ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES
     AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
-  target_link_libraries(${name} PRIVATE ${arg_DEPENDS} Qt5::Test KIV::Warnings)
+  target_link_libraries(${name} PRIVATE
+    ${arg_DEPENDS} KIV::FileTestSupport Qt5::Test KIV::Warnings)
   add_dependencies(${name} resources)
   add_test(NAME ${name} COMMAND ${name})
   kiv_test_environment(${name} ${arg_TIMEOUT})

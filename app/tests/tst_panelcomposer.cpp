@@ -1,20 +1,13 @@
 // The program as a process: no display, the project of the command line, signals that end it.
+#include "TestFiles.h"
+
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
 #include <memory>
-
-namespace {
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-} // namespace
 
 class tst_PanelComposer : public QObject
 {
@@ -89,7 +82,7 @@ private Q_SLOTS:
         QVERIFY(program.waitForStarted());
         const QString lock = path("work/.demo.nyx.lock");
         // A lock is there a moment before it says whose it is.
-        QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty(), 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(!TestFiles::read(lock).isEmpty(), 60000);
         QByteArray told;
         QTRY_VERIFY_WITH_TIMEOUT(
             !diskHangs || (told += program.readAllStandardError()).contains("stalled"), 60000);
@@ -99,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 0);
         QVERIFY(!QFile::exists(lock));
-        QVERIFY(readFile(path("config.ini")).contains("demo.nyx"));
+        QVERIFY(TestFiles::read(path("config.ini")).contains("demo.nyx"));
     }
 
     /// The signal comes while the program asks, before its window is there. No answer is no reason
@@ -109,11 +102,11 @@ private Q_SLOTS:
         const QString lock = path("work/.demo.nyx.lock");
         QProcess crashing;
         crashing.start(path("panel-composer"), {path("work/demo.nyx")});
-        QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty(), 60000);
-        const QByteArray deadLock = readFile(lock);
+        QTRY_VERIFY_WITH_TIMEOUT(!TestFiles::read(lock).isEmpty(), 60000);
+        const QByteArray deadLock = TestFiles::read(lock);
         crashing.kill();
         QVERIFY(crashing.waitForFinished());
-        const QByteArray autosaved = readFile(path("work/demo.nyx"));
+        const QByteArray autosaved = TestFiles::read(path("work/demo.nyx"));
         QVERIFY(QFile::copy(path("work/demo.nyx"), path("work/.demo.nyx.saved")));
         QFile project(path("work/.demo.nyx.saved"));
         QVERIFY(project.open(QIODevice::Append) && project.write("<!-- older -->") > 0);
@@ -122,12 +115,13 @@ private Q_SLOTS:
         QProcess program;
         program.start(path("panel-composer"), {path("work/demo.nyx")});
         QVERIFY(program.waitForStarted());
-        QTRY_VERIFY_WITH_TIMEOUT(!readFile(lock).isEmpty() && readFile(lock) != deadLock, 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !TestFiles::read(lock).isEmpty() && TestFiles::read(lock) != deadLock, 60000);
         QVERIFY(::kill(pid_t(program.processId()), SIGTERM) == 0);
         QVERIFY(program.waitForFinished(60000));
         QCOMPARE(program.exitCode(), 0);
         QVERIFY(!QFile::exists(lock));
-        QCOMPARE(readFile(path("work/demo.nyx")), autosaved);
+        QCOMPARE(TestFiles::read(path("work/demo.nyx")), autosaved);
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "support/OpenPanel.h"
 
 #include "ProjectGenerator.h"
+#include "TestFiles.h"
 #include "displaylist/CommandTable.h"
 #include "displaylist/DisplayListText.h"
 #include "executor/CExecutor.h"
@@ -8,8 +9,6 @@
 #include "support/Replay.h"
 
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -77,30 +76,9 @@ namespace {
 
 constexpr int GeneratedProjects = 30;
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 QJsonObject jsonOf(const QString &path)
 {
-    return QJsonDocument::fromJson(contentOf(path)).object();
-}
-
-bool write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QStringList filesBelow(const QString &folder)
-{
-    QStringList files;
-    for (QDirIterator each(folder, QDir::Files, QDirIterator::Subdirectories); each.hasNext();)
-        files.append(each.next().mid(folder.size()));
-    files.sort();
-    return files;
+    return QJsonDocument::fromJson(TestFiles::read(path)).object();
 }
 
 /// A section of a blob, by its kind.
@@ -214,7 +192,7 @@ QDir tst_PackageProof::exported() const
 
 STestPackage::Bytes tst_PackageProof::blob() const
 {
-    const QByteArray bytes = contentOf(exported().filePath("panel.bin"));
+    const QByteArray bytes = TestFiles::read(exported().filePath("panel.bin"));
     return {bytes.begin(), bytes.end()};
 }
 
@@ -262,11 +240,11 @@ void tst_PackageProof::everyScreenIsItsPictureInAnyOrder()
 void tst_PackageProof::theSingleExportsAreTheSame()
 {
     const STestPackage package = STestPackage::fromBytes(blob());
-    const QByteArray bytes = contentOf(exported().filePath("screens.bin"));
+    const QByteArray bytes = TestFiles::read(exported().filePath("screens.bin"));
     std::vector<uint32_t> words = kivemu::fromBytes(
         reinterpret_cast<const uint8_t *>(bytes.constData()), static_cast<size_t>(bytes.size()));
     const QStringList texts =
-        QString::fromUtf8(contentOf(exported().filePath("screens.dl")))
+        QString::fromUtf8(TestFiles::read(exported().filePath("screens.dl")))
             .split(QRegularExpression("^===.*===$", QRegularExpression::MultilineOption));
     QCOMPARE(texts.size(), static_cast<int>(package.screens.size()) + 1);
     for (size_t i = 0; i < package.screens.size(); ++i) {
@@ -280,7 +258,7 @@ void tst_PackageProof::theSingleExportsAreTheSame()
         std::string error;
         QVERIFY(kivemu::assemble(texts[screen + 1].toStdString(), &error) == single);
 
-        const QByteArray assets = contentOf(m_memories[exported().dirName()].value(screen));
+        const QByteArray assets = TestFiles::read(m_memories[exported().dirName()].value(screen));
         kivemu::CRamG memory(static_cast<size_t>(assets.size()));
         memory.append(reinterpret_cast<const uint8_t *>(assets.constData()), memory.capacity());
         kivemu::CExecutor executor(kivemu::EKernelSet::Plain);
@@ -363,7 +341,8 @@ void tst_PackageProof::aTouchHitsTheItemThatIsThere()
 // else.
 void tst_PackageProof::theGuidesProgramGivesThePicture()
 {
-    const QString guide = QString::fromUtf8(contentOf(m_sources.filePath("docs/firmware.md")));
+    const QString guide =
+        QString::fromUtf8(TestFiles::read(m_sources.filePath("docs/firmware.md")));
     const QString program = guide.section("```c\n", 1, 1).section("```", 0, 0);
     QVERIFY(program.contains("int main("));
     QVERIFY2(program.count(QLatin1Char('\n')) < 60, "the program is as short as it is said to be");
@@ -375,7 +354,7 @@ void tst_PackageProof::theGuidesProgramGivesThePicture()
             QVERIFY(QFile::copy(package.filePath(file), folder.filePath(file)));
         for (const QString file : {"kiv_panel.h", "kiv_panel.c"})
             QVERIFY(QFile::copy(m_sources.filePath("firmware/" + file), folder.filePath(file)));
-        QVERIFY(write(folder.filePath("main.c"), program.toUtf8()));
+        TestFiles::write(folder.filePath("main.c"), program.toUtf8());
 
         QProcess process;
         process.setWorkingDirectory(folder.path());
@@ -408,8 +387,7 @@ void tst_PackageProof::theGuidesProgramGivesThePicture()
 int tst_PackageProof::validate(const QByteArray &manifest) const
 {
     const QString file = m_folder.filePath("manifest-to-check.json");
-    if (!write(file, manifest))
-        return -1;
+    TestFiles::write(file, manifest);
     return QProcess::execute("/usr/bin/python3",
                              {"-c",
                               "import json, jsonschema, sys\n"
@@ -449,7 +427,7 @@ void tst_PackageProof::memoryIsWhatTheReportSays()
     const QJsonArray assets = jsonOf(exported().filePath("manifest.json"))["assets"].toArray();
     const QJsonArray screens = jsonOf(exported().filePath("report.json"))["screens"].toArray();
     for (int i = 0; i < screens.size(); ++i) {
-        const QByteArray image = contentOf(m_memories[exported().dirName()].value(i));
+        const QByteArray image = TestFiles::read(m_memories[exported().dirName()].value(i));
         QCOMPARE(image.size(), screens[i]["ram_g_bytes"].toInt());
         for (const QJsonValue place : screens[i]["ram_g_map"].toArray()) {
             const auto asset =
@@ -472,11 +450,9 @@ void tst_PackageProof::equalProjectsGiveEqualBytes()
         const QString first = m_folder.filePath("exported/" + name);
         const QString second = m_folder.filePath("again/" + name);
         exportTo(second, copy + '/' + name + ".nyx");
-        const QStringList files = filesBelow(first);
+        const auto files = TestFiles::below(first);
         QVERIFY(files.size() > 10);
-        QCOMPARE(filesBelow(second), files);
-        for (const QString &file : files)
-            QVERIFY2(contentOf(first + file) == contentOf(second + file), qPrintable(file));
+        QVERIFY(TestFiles::below(second) == files);
     }
 }
 
@@ -485,10 +461,10 @@ void tst_PackageProof::codeCompilesAndHoldsTheBlob()
     const QString folder = m_folder.filePath("exported/thermostat");
     const QString program = m_folder.filePath("holds");
     const QString source = m_folder.filePath("main.c");
-    QVERIFY(write(source, "#include \"panel.h\"\n#include <stdio.h>\nint main(void) {\n"
-                          "    return fwrite(panel_blob, 1, panel_blob_size, stdout) =="
-                          " panel_blob_size\n        && PANEL_SCREEN_HOME == 0"
-                          " && PANEL_SCREEN_COUNT == 3 ? 0 : 1;\n}\n"));
+    TestFiles::write(source, "#include \"panel.h\"\n#include <stdio.h>\nint main(void) {\n"
+                             "    return fwrite(panel_blob, 1, panel_blob_size, stdout) =="
+                             " panel_blob_size\n        && PANEL_SCREEN_HOME == 0"
+                             " && PANEL_SCREEN_COUNT == 3 ? 0 : 1;\n}\n");
     for (const QString compiler : {"gcc -std=c99", "gcc -std=c11", "g++ -x c++ -std=c++17",
                                    "clang-14 -std=c99", "clang-14 -x c++ -std=c++17"}) {
         const QStringList arguments{
@@ -501,18 +477,19 @@ void tst_PackageProof::codeCompilesAndHoldsTheBlob()
         run.start(program, QStringList());
         QVERIFY(run.waitForFinished());
         QCOMPARE(run.exitCode(), 0);
-        QVERIFY(run.readAllStandardOutput() == contentOf(folder + "/panel.bin"));
+        QVERIFY(run.readAllStandardOutput() == TestFiles::read(folder + "/panel.bin"));
     }
 }
 
 void tst_PackageProof::renamingAScreenChangesItsLinesOnly()
 {
     const auto lines = [this](const QString &folder) {
-        return QString::fromUtf8(contentOf(m_folder.filePath(folder + "/panel.h"))).split('\n');
+        return QString::fromUtf8(TestFiles::read(m_folder.filePath(folder + "/panel.h")))
+            .split('\n');
     };
-    QByteArray project = contentOf(m_sources.filePath("examples/thermostat/thermostat.nyx"));
+    QByteArray project = TestFiles::read(m_sources.filePath("examples/thermostat/thermostat.nyx"));
     const QString renamed = m_folder.filePath("copy of thermostat/renamed.nyx");
-    QVERIFY(write(renamed, project.replace("name=\"Schedule\"", "name=\"*/ The \\ week\"")));
+    TestFiles::write(renamed, project.replace("name=\"Schedule\"", "name=\"*/ The \\ week\""));
     exportTo(m_folder.filePath("renamed"), renamed);
     const QStringList before = lines("exported/thermostat");
     const QStringList after = lines("renamed");
@@ -528,17 +505,17 @@ void tst_PackageProof::renamingAScreenChangesItsLinesOnly()
 void tst_PackageProof::failureLeavesTheOldPackage()
 {
     const QString folder = m_folder.filePath("again/thermostat/");
-    const QByteArray before = contentOf(folder + "panel.bin");
-    QVERIFY(write(m_folder.filePath("big_RGB565.raw"), QByteArray(2 * 512 * 300, 'x')));
+    const QByteArray before = TestFiles::read(folder + "panel.bin");
+    TestFiles::write(m_folder.filePath("big_RGB565.raw"), QByteArray(2 * 512 * 300, 'x'));
     const QString project = m_folder.filePath("big.nyx");
-    QVERIFY(write(project, "<Kiv_Project_T platform=\"QX100\" width=\"64\" height=\"48\">"
-                           "<Kiv_Screen_T name=\"A\"><Kiv_Bitmap_T id=\"7\" basename=\"big\" "
-                           "suffix=\"png\" bfolder=\"\" format=\"RGB565\" bwidth=\"512\" "
-                           "bheight=\"300\"/></Kiv_Screen_T></Kiv_Project_T>"));
+    TestFiles::write(project, "<Kiv_Project_T platform=\"QX100\" width=\"64\" height=\"48\">"
+                              "<Kiv_Screen_T name=\"A\"><Kiv_Bitmap_T id=\"7\" basename=\"big\" "
+                              "suffix=\"png\" bfolder=\"\" format=\"RGB565\" bwidth=\"512\" "
+                              "bheight=\"300\"/></Kiv_Screen_T></Kiv_Project_T>");
     exportTo(folder, project, 3);
     for (const char *file : {"panel.h", "panel.c", "manifest.json"})
         QVERIFY(QFile::exists(folder + file));
-    QVERIFY(contentOf(folder + "panel.bin") == before);
+    QVERIFY(TestFiles::read(folder + "panel.bin") == before);
 }
 
 QTEST_GUILESS_MAIN(tst_PackageProof)

@@ -1,5 +1,6 @@
+#include "TestFiles.h"
+
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -46,9 +47,15 @@ private:
     SResult run(const QString &program, const QString &line) const;
     QString path(const QString &name) const { return m_folder->filePath(name); }
     QString copyProgram() const;
-    void write(const QString &name, const QByteArray &bytes) const;
-    QByteArray read(const QString &name) const;
-    QJsonObject report(const QString &name) const;
+    void write(const QString &name, const QByteArray &bytes) const
+    {
+        TestFiles::write(path(name), bytes);
+    }
+    QByteArray read(const QString &name) const { return TestFiles::read(path(name)); }
+    QJsonObject report(const QString &name) const
+    {
+        return QJsonDocument::fromJson(read(name)).object();
+    }
 
     const QDir m_programFolder{QString::fromLocal8Bit(qgetenv("KIV_BIN_DIR"))};
     const QString m_program = m_programFolder.filePath("panel-export");
@@ -138,24 +145,6 @@ QString tst_PanelExport::copyProgram() const
          {"panel-export", "libQxKivEmuLib.so", "widget-library.xml", "kiv_render.lua"})
         QFile::copy(m_programFolder.filePath(name), path("program/" + name));
     return path("program/panel-export");
-}
-
-void tst_PanelExport::write(const QString &name, const QByteArray &bytes) const
-{
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-QByteArray tst_PanelExport::read(const QString &name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-}
-
-QJsonObject tst_PanelExport::report(const QString &name) const
-{
-    return QJsonDocument::fromJson(read(name)).object();
 }
 
 void tst_PanelExport::showsHelpAndVersion()

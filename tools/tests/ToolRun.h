@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestFiles.h"
+
 #include <QDir>
 #include <QImage>
 #include <QProcess>
@@ -28,16 +30,10 @@ public:
     {
         return run(tool, arguments) == QProcess::NormalExit && exitCode == 0 && error.isEmpty();
     }
-    QByteArray read(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray read(const QString &name) const { return TestFiles::read(path(name)); }
     void write(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(name));
+        TestFiles::write(path(name), bytes);
     }
     QStringList files() const
     {

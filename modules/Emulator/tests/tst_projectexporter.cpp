@@ -2,6 +2,7 @@
 #include "CFakeEmulator.h"
 #include "CModelIterator.h"
 #include "CProjectExporter.h"
+#include "TestFiles.h"
 #include "TestProject.h"
 
 #include <QTemporaryDir>
@@ -37,7 +38,10 @@ private Q_SLOTS:
     void aFileThatCannotBeOpenedRendersNothing();
 
 private:
-    QByteArray contentOf(const QString &fileName) const;
+    QByteArray contentOf(const QString &fileName) const
+    {
+        return TestFiles::read(m_folder->filePath(fileName));
+    }
     static QString namesOf(const std::optional<QList<SScreenExport>> &screens);
     static CFakeEmulator::SAnswer answerFor(const CFakeEmulator::SRequest &request);
     void answerNext()
@@ -74,8 +78,8 @@ CFakeEmulator::SAnswer tst_ProjectExporter::answerFor(const CFakeEmulator::SRequ
 void tst_ProjectExporter::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    QFile script(m_folder->filePath("kiv_render.lua"));
-    QVERIFY(script.open(QIODevice::WriteOnly));
+    const QString script = m_folder->filePath("kiv_render.lua");
+    TestFiles::write(script, "");
     m_project = testProject({"A", "B", "\u00D6"});
     m_reports.clear();
     m_calls.clear();
@@ -83,7 +87,7 @@ void tst_ProjectExporter::init()
     m_onStep = {};
     m_fake.reset([this](const QString &call) { m_calls.append(call); });
     m_fake.setAutoAnswer(&answerFor);
-    QVERIFY(m_adapter->registerEmulator(script.fileName()));
+    QVERIFY(m_adapter->registerEmulator(script));
     m_calls.clear();
     m_exporter = std::make_unique<CProjectExporter>(m_adapter);
     m_exporter->setErrorReport([this](const QString &text) { m_reports.append(text); });
@@ -100,12 +104,6 @@ void tst_ProjectExporter::cleanup()
 {
     m_adapter->emulatorStop();
     m_fake.reset();
-}
-
-QByteArray tst_ProjectExporter::contentOf(const QString &fileName) const
-{
-    QFile file(m_folder->filePath(fileName));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
 }
 
 QString tst_ProjectExporter::namesOf(const std::optional<QList<SScreenExport>> &screens)

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "TestFiles.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 /// A program folder of its own with shell scripts in place of the image tools, and a folder for the
@@ -25,23 +26,12 @@ public:
     {
         const QString file = toolPath(tool);
         QDir().mkpath(QFileInfo(file).path());
-        write(file, "#!/bin/sh\n" + commands);
+        TestFiles::write(file, "#!/bin/sh\n" + commands);
         QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     QString toolPath(const QString &tool) const
     {
         return path(QStringLiteral("Image conversion tool for KIV/") + tool);
-    }
-    static void write(const QString &file, const QByteArray &bytes)
-    {
-        QFile out(file);
-        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(file));
-    }
-    static QByteArray read(const QString &file)
-    {
-        QFile in(file);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
     }
 
 private:

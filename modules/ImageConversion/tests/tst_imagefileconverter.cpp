@@ -6,7 +6,6 @@
 #include "ImageNames.h"
 #include "PropertyKey.h"
 
-#include <QDirIterator>
 #include <QImage>
 #include <QImageReader>
 #include <QSignalSpy>
@@ -98,7 +97,7 @@ void tst_ImageFileConverter::addRecorder(const QString &tool, const QByteArray &
 
 QStringList tst_ImageFileConverter::calls() const
 {
-    return QString::fromUtf8(CToolStubs::read(m_stubs->path("calls.txt")))
+    return QString::fromUtf8(TestFiles::read(m_stubs->path("calls.txt")))
         .split('\n', Qt::SkipEmptyParts);
 }
 
@@ -181,15 +180,15 @@ void tst_ImageFileConverter::quantisedFileUnderAnotherName()
         QDir(project()).removeRecursively();
         // A tool that writes into what it finds changes nothing that lies elsewhere.
         const QString victim = m_stubs->path("victim");
-        CToolStubs::write(victim, "kept");
+        TestFiles::write(victim, "kept");
         QVERIFY(QDir().mkpath(QFileInfo(output).path()));
         QVERIFY(QFile::link(victim, QFileInfo(output).path() + "/" + base + "-fs8.png"));
         m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED8.raw");
         QVERIFY(CImageFileConverter().convert(photo, "PALETTED8"));
         m_stubs->addTool("Palette/palsplit.exe", "cat \"$2\" > " + base + "_PALETTED565.raw");
         QVERIFY(CImageFileConverter().convert(photo, "PALETTED565")); // the renamed one lies there
-        QCOMPARE(CToolStubs::read(victim), QByteArray("kept"));
-        QVERIFY(CToolStubs::read(output + "8.raw") != CToolStubs::read(output + "565.raw"));
+        QCOMPARE(TestFiles::read(victim), QByteArray("kept"));
+        QVERIFY(TestFiles::read(output + "8.raw") != TestFiles::read(output + "565.raw"));
         QVERIFY(QFile::exists(QFileInfo(output).path() + "/" + expectedInput));
     }
 }
@@ -198,22 +197,22 @@ void tst_ImageFileConverter::rawFilesAreCopied()
 {
     QDir().mkpath(m_stubs->path("photos"));
     const QString raw = m_stubs->path("photos/photo.raw");
-    CToolStubs::write(raw, "bytes");
+    TestFiles::write(raw, "bytes");
     QVERIFY(CImageFileConverter().convert(raw, "no format at all"));
     const QString copy = project() + "/photo_RAW/photo.raw";
-    QCOMPARE(CToolStubs::read(copy), QByteArray("bytes"));
-    CToolStubs::write(raw, "other bytes");
-    CToolStubs::write(m_stubs->path("photos/photo.json"),
-                      R"({"format":"L8","width":4,"height":2,"bytes":11})");
+    QCOMPARE(TestFiles::read(copy), QByteArray("bytes"));
+    TestFiles::write(raw, "other bytes");
+    TestFiles::write(m_stubs->path("photos/photo.json"),
+                     R"({"format":"L8","width":4,"height":2,"bytes":11})");
     for (int time = 0; time < 2; ++time) { // the second one is shared
         const auto image = CImageFileConverter().convertedImage(raw, "L8");
         QVERIFY(image);
         QCOMPARE(image->path, project() + "/photo_2_RAW/photo_2.raw");
-        QCOMPARE(CToolStubs::read(image->path), QByteArray("other bytes"));
+        QCOMPARE(TestFiles::read(image->path), QByteArray("other bytes"));
         QCOMPARE(image->basename + image->format + image->suffix, QString("photo_2Noneraw"));
         QCOMPARE(QSize(image->bwidth, image->bheight), QSize(4, 2));
     }
-    QCOMPARE(CToolStubs::read(copy), QByteArray("bytes"));
+    QCOMPARE(TestFiles::read(copy), QByteArray("bytes"));
 
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw"); // only the lower case is raw
     QVERIFY(CImageFileConverter().convert(makeImage("photo.RAW"), "L8"));
@@ -240,10 +239,10 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
     const QString photo = makeImage("photo.png");
     const int L8 = CBitmapFormatTable::code("L8");
     QDir().mkpath(project());
-    CToolStubs::write(project() + "/photo_DXT1", "in the way");
+    TestFiles::write(project() + "/photo_DXT1", "in the way");
     verifyRefused(photo, CBitmapFormatTable::code("DXT1"));
     QVERIFY(QDir(project()).removeRecursively());
-    CToolStubs::write(project(), "in the way");
+    TestFiles::write(project(), "in the way");
     verifyRefused(photo, L8);
     QVERIFY(QFile::remove(project()));
 
@@ -291,33 +290,24 @@ void tst_ImageFileConverter::namesakes()
             qFatal("cannot write %s", qPrintable(file));
         return file;
     };
-    const auto files = [this] {
-        QMap<QString, QByteArray> all;
-        QDirIterator each(project(), QDir::Files, QDirIterator::Subdirectories);
-        while (each.hasNext()) {
-            const QString file = each.next();
-            all.insert(file, CToolStubs::read(file));
-        }
-        return all;
-    };
     const QString red = makeColoured(first, Qt::red);
     const QString blue = makeColoured(second, Qt::blue);
     const auto one = converted(red, format);
     QVERIFY(one);
-    const auto before = files();
+    const auto before = TestFiles::below(project());
     for (const rlim_t bytes : {50u, 1000u}) { // less than the source, less than what is made of it
         const CFileSizeLimit full(bytes);
         QVERIFY(!CImageFileConverter().convert(blue, format));
-        QCOMPARE(files(), before);
+        QCOMPARE(TestFiles::below(project()), before);
     }
     const auto two = converted(blue, format);
     QVERIFY(two);
     QCOMPARE(two->basename, base);
-    const auto after = files();
+    const auto after = TestFiles::below(project());
     for (auto file = before.begin(); file != before.end(); ++file)
         QVERIFY2(after.value(file.key()) == file.value(), qPrintable(file.key()));
-    const auto pixels = [&after](const SConvertedImage &made) { // with their palette
-        return after.value(made.path) + after.value(made.path.chopped(3) + "lut");
+    const auto pixels = [](const SConvertedImage &made) { // with their palette
+        return TestFiles::read(made.path) + TestFiles::read(made.path.chopped(3) + "lut");
     };
     QVERIFY(pixels(*two) != pixels(*one));
     // Again, from elsewhere, and from the copies that were left.
@@ -328,17 +318,17 @@ void tst_ImageFileConverter::namesakes()
          {red, third, copy.filePath(), m_stubs->path("link/" + copy.fileName())})
         QCOMPARE(converted(again, format)->path, one->path);
     QCOMPARE(converted(blue, format)->path, two->path);
-    QCOMPARE(files(), after);
+    QCOMPARE(TestFiles::below(project()), after);
 }
 
 /// No larger image is drawn; the user hears of it when it is chosen, before it is decoded.
 void tst_ImageFileConverter::largeImagesAreRefused()
 {
     addRecorder("bmpconv/bmpconv.exe", "echo x > photo_L8.raw");
-    QByteArray bytes = CToolStubs::read(makeImage("photo.png"));
+    QByteArray bytes = TestFiles::read(makeImage("photo.png"));
     bytes.replace(16, 8, QByteArray::fromHex("0000EA600000EA60")); // 60,000 x 60,000
     bytes.replace(29, 4, QByteArray::fromHex("80D27542"));         // its check sum
-    CToolStubs::write(m_stubs->path("bomb.png"), bytes);
+    TestFiles::write(m_stubs->path("bomb.png"), bytes);
     for (const QString &file : {m_stubs->path("bomb.png"), makeImage("wide.png", {2049, 1})}) {
         CImageFileConverter converter;
         QSignalSpy failures(&converter, &CImageFileConverter::failed);
@@ -353,8 +343,8 @@ void tst_ImageFileConverter::largeImagesAreRefused()
     QVERIFY(CImageFileConverter().mediaImage(makeImage("most.png", {2048, 1})));
 
     const QString raw = m_stubs->path("wide.raw"); // and so is what is described as large
-    CToolStubs::write(raw, QByteArray(4000, 'x'));
-    CToolStubs::write(m_stubs->path("wide.json"), R"({"width":4000,"height":1,"bytes":4000})");
+    TestFiles::write(raw, QByteArray(4000, 'x'));
+    TestFiles::write(m_stubs->path("wide.json"), R"({"width":4000,"height":1,"bytes":4000})");
     QVERIFY(verifyRefused(raw, CBitmapFormatTable::code("L8")).contains("2048"));
 }
 
@@ -386,15 +376,15 @@ void tst_ImageFileConverter::mediaFacts()
     QVERIFY(!image->video);
 
     // The chip decodes the file as it lies there, whatever a camera's mark says of turning it.
-    QByteArray marked = CToolStubs::read(photo);
+    QByteArray marked = TestFiles::read(photo);
     marked.insert(2, QByteArray::fromHex("FFE1002245786966000049492A00080000000100"
                                          "12010300010000000600000000000000"));
-    CToolStubs::write(photo, marked);
+    TestFiles::write(photo, marked);
     QCOMPARE(QImageReader(photo).transformation(), QImageIOHandler::TransformationRotate90);
     const auto turned = CImageFileConverter().mediaImage(photo);
     QVERIFY(turned);
     QCOMPARE(QSize(turned->bwidth, turned->bheight), QSize(40, 30));
-    CToolStubs::write(m_stubs->path("film.avi"), "RIFF");
+    TestFiles::write(m_stubs->path("film.avi"), "RIFF");
     QVERIFY(!CImageFileConverter().mediaImage(m_stubs->path("film.avi")));
 }
 

@@ -93,7 +93,7 @@ void tst_ImageToFrame::everyFormat()
             .arg(platform, image->basename, image->suffix, image->bfolder, image->format)
             .arg(image->bwidth)
             .arg(image->bheight);
-    CToolStubs::write(place.projectFolder() + "/demo.nyx", xml.toUtf8());
+    TestFiles::write(place.projectFolder() + "/demo.nyx", xml.toUtf8());
     QProcess exporter;
     exporter.start(programs + "/panel-export",
                    {place.projectFolder() + "/demo.nyx", "--png", place.path("out"), "--strict"});

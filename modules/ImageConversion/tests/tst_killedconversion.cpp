@@ -3,17 +3,15 @@
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
 #include "PropertyKey.h"
+#include "TestFiles.h"
 
 #include <QApplication>
-#include <QDirIterator>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
-using Files = QMap<QString, QByteArray>;
-
 /// As the editor would; run by a process of its own.
 int convert(const QString &folder, const QString &source, const QString &format)
 {
@@ -25,24 +23,6 @@ int convert(const QString &folder, const QString &source, const QString &format)
     const bool isConverted = CImageFileConverter().convert(source, format);
     CProjectModel::setCurrent(nullptr);
     return isConverted ? 0 : 1;
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-Files filesBelow(const QString &folder)
-{
-    Files files;
-    QDirIterator each(folder, QDir::Files | QDir::Hidden | QDir::System,
-                      QDirIterator::Subdirectories);
-    while (each.hasNext()) {
-        const QString path = each.next();
-        files.insert(path.mid(folder.size() + 1), contentOf(path));
-    }
-    return files;
 }
 } // namespace
 
@@ -85,21 +65,14 @@ void tst_KilledConversion::killedAtEachCall_data()
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("format");
     QTest::addColumn<QString>("before"); // what was converted already
-    QTest::newRow("general tool") << "x.png"
-                                  << "L8"
-                                  << "";
-    QTest::newRow("two tools") << "x.png"
-                               << "PALETTED8"
-                               << "";
-    QTest::newRow("only copied") << "x.raw"
-                                 << ""
-                                 << "";
-    QTest::newRow("a namesake is there") << "x.png"
-                                         << "DXT1"
-                                         << "y/x.png";
-    QTest::newRow("it is there without its source") << "x.png"
-                                                    << "L8"
-                                                    << "x.png";
+    const auto row = [](const char *fact, const char *image, const char *as, const char *there) {
+        QTest::newRow(fact) << image << as << there;
+    };
+    row("general tool", "x.png", "L8", "");
+    row("two tools", "x.png", "PALETTED8", "");
+    row("only copied", "x.raw", "", "");
+    row("a namesake is there", "x.png", "DXT1", "y/x.png");
+    row("it is there without its source", "x.png", "L8", "x.png");
 }
 
 void tst_KilledConversion::killedAtEachCall()
@@ -113,9 +86,7 @@ void tst_KilledConversion::killedAtEachCall()
     QVERIFY(image.save(photo("x.png")));
     image.fill(Qt::blue);
     QVERIFY(image.save(photo("y/x.png")));
-    QFile raw(photo("x.raw"));
-    QVERIFY(raw.open(QIODevice::WriteOnly) && raw.write("raw") == 3);
-    raw.close();
+    TestFiles::write(photo("x.raw"), "raw");
     source = photo(qPrintable(source));
     const QString copy = before.startsWith("y") ? "x_2.png" : QFileInfo(source).fileName();
 
@@ -128,9 +99,9 @@ void tst_KilledConversion::killedAtEachCall()
     };
     const QTemporaryDir whole;
     QVERIFY(prepare(whole.path()));
-    const Files old = filesBelow(whole.path());
+    const auto old = TestFiles::below(whole.path());
     QCOMPARE(run(whole.path(), source, format, 0), 0);
-    const Files wanted = filesBelow(whole.path());
+    const auto wanted = TestFiles::below(whole.path());
 
     int kills = 0;
     for (;; ++kills) {
@@ -140,7 +111,7 @@ void tst_KilledConversion::killedAtEachCall()
         if (code == 0)
             break;
         QCOMPARE(code, -1);
-        const Files left = filesBelow(folder.path());
+        const auto left = TestFiles::below(folder.path());
         bool hasSource = false;
         for (auto each = left.begin(); each != left.end(); ++each) {
             hasSource |= each.key().endsWith('/' + copy);
@@ -151,7 +122,7 @@ void tst_KilledConversion::killedAtEachCall()
             QVERIFY(left.value(each.key()) == each.value());
         QVERIFY2(hasSource || left == old || before == "x.png", qPrintable(left.keys().join(' ')));
         QCOMPARE(run(folder.path(), source, format, 0), 0);
-        const Files again = filesBelow(folder.path());
+        const auto again = TestFiles::below(folder.path());
         if (before != "x.png") // else the attempt at another name may be left
             QCOMPARE(again.keys(), wanted.keys());
         for (auto each = wanted.begin(); each != wanted.end(); ++each)

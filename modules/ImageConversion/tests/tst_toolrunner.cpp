@@ -43,7 +43,7 @@ private:
 /// Running or stopped; a zombie that nobody has collected yet does not count.
 bool isAlive(qint64 pid)
 {
-    const QByteArray stat = CToolStubs::read(QStringLiteral("/proc/%1/stat").arg(pid));
+    const QByteArray stat = TestFiles::read(QStringLiteral("/proc/%1/stat").arg(pid));
     return !stat.isEmpty() && !stat.mid(stat.lastIndexOf(')')).startsWith(") Z");
 }
 
@@ -56,7 +56,7 @@ constexpr qint64 MostFloodMemory = 20'000'000;
 qint64 residentBytes()
 {
     const QByteArray pages =
-        CToolStubs::read(QStringLiteral("/proc/self/statm")).split(' ').value(1);
+        TestFiles::read(QStringLiteral("/proc/self/statm")).split(' ').value(1);
     return pages.toLongLong() * sysconf(_SC_PAGESIZE);
 }
 
@@ -105,7 +105,7 @@ QString tst_ToolRunner::run(const QByteArray &commands, int timeLimit, const QSt
 QList<qint64> tst_ToolRunner::pids() const
 {
     QList<qint64> result;
-    for (const QByteArray &word : CToolStubs::read(m_stubs->path("pids")).simplified().split(' '))
+    for (const QByteArray &word : TestFiles::read(m_stubs->path("pids")).simplified().split(' '))
         if (!word.isEmpty())
             result.append(word.toLongLong());
     return result;
@@ -130,7 +130,7 @@ void tst_ToolRunner::badTools()
     for (const auto &[commands, expected] : cases) {
         m_stubs->addTool("stub.exe", commands);
         if (*commands == '\x7f')
-            CToolStubs::write(file, commands);
+            TestFiles::write(file, commands);
         if (QByteArray(commands) == "no x")
             QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
         if (!*commands)
@@ -150,7 +150,7 @@ void tst_ToolRunner::goodToolsAreLeftToEnd()
     const QStringList words{"", "a b", "$(touch x)", "\"", "*"};
     const QString program = '"' + m_stubs->toolPath("sub/stub.exe") + '"';
     QCOMPARE(CToolRunner().run({program, words, m_stubs->projectFolder()}), QString());
-    QCOMPARE(QString::fromUtf8(CToolStubs::read(m_stubs->projectFolder() + "/words")),
+    QCOMPARE(QString::fromUtf8(TestFiles::read(m_stubs->projectFolder() + "/words")),
              words.join('\n') + '\n' + m_stubs->projectFolder() + '\n');
     const QString missing = m_stubs->path("missing");
     QVERIFY(!CToolRunner().run({program, words, missing}).isEmpty());

@@ -3,9 +3,9 @@
 #include "Identifiers.h"
 #include "PackageFiles.h"
 #include "PackagePaths.h"
+#include "TestFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -211,10 +211,6 @@ void tst_Package::filesAreWrittenTogetherOrNotAtAll()
         return QVector<QPair<QString, QByteArray>>{
             {"a", content + "a"}, {"b", content + "b"}, {"c", content + "c"}};
     };
-    const auto content = [&](const QString &name) {
-        QFile file(folder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
     QCOMPARE(writeTogether(folder.path(), files("old")), QString());
     if (!obstacle.isEmpty())
         QVERIFY(QFile::remove(folder.filePath("c")));
@@ -227,8 +223,8 @@ void tst_Package::filesAreWrittenTogetherOrNotAtAll()
         QVERIFY(!writeTogether(base.filePath("other"), {{"a", "a"}, {"none/b", "b"}}).isEmpty() &&
                 !QFile::exists(base.filePath("other")));
     const QByteArray expected = isWritten ? "new" : "old";
-    QCOMPARE(content("a"), expected + "a");
-    QCOMPARE(content("b"), expected + "b");
+    QCOMPARE(TestFiles::read(folder.filePath("a")), expected + "a");
+    QCOMPARE(TestFiles::read(folder.filePath("b")), expected + "b");
     QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 3);
 }
 

@@ -1,4 +1,5 @@
 #include "PictureFile.h"
+#include "TestFiles.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -23,10 +24,9 @@ private Q_SLOTS:
 private:
     QString write(const QByteArray &bytes) const
     {
-        QFile file(m_folder.filePath(QStringLiteral("file")));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write");
-        return file.fileName();
+        const QString path = m_folder.filePath(QStringLiteral("file"));
+        TestFiles::write(path, bytes);
+        return path;
     }
     const QTemporaryDir m_folder;
 };

@@ -1,10 +1,10 @@
 #include "ProjectGenerator.h"
 
+#include "TestFiles.h"
 #include "executor/BitmapFormats.h"
 
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QStringList>
 
@@ -41,9 +41,7 @@ private:
     }
     void writeFile(const QString &name, const QByteArray &bytes)
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(name));
+        TestFiles::write(m_folder.filePath(name), bytes);
     }
     void addBitmap(uint32_t largest);
     void addMedia(uint32_t largest);
