@@ -1,4 +1,5 @@
 #include "CDisplayListWriter.h"
+#include "OperandWords.h"
 
 #include <algorithm>
 #include <cstring>
@@ -8,27 +9,6 @@ namespace kivemu {
 namespace {
 
 constexpr Angle64 FullCircle = 360 * 64;
-constexpr size_t CharsPerWord = 3;
-
-int64_t clampCoordinate(int64_t value)
-{
-    return std::clamp<int64_t>(value, INT16_MIN, INT16_MAX);
-}
-
-uint32_t clampLength(int64_t value)
-{
-    return static_cast<uint32_t>(std::clamp<int64_t>(value, 0, UINT16_MAX));
-}
-
-uint32_t pair(int64_t low, int64_t high)
-{
-    return static_cast<uint32_t>(low & 0xFFFF) | static_cast<uint32_t>(high & 0xFFFF) << 16;
-}
-
-uint32_t pointWord(SPoint point)
-{
-    return pair(clampCoordinate(point.x), clampCoordinate(point.y));
-}
 
 struct SRange
 {
@@ -263,30 +243,6 @@ void CDisplayListWriter::gradient(SPoint topLeft, SPoint size, Sub16 radius, Ang
     put(pair(clampLength(radius), wholeTurn(direction)));
     put(from);
     put(to);
-}
-
-void CDisplayListWriter::text(int font, SPoint pen, std::string_view latin1)
-{
-    const auto zeros = static_cast<size_t>(std::count(latin1.begin(), latin1.end(), '\0'));
-    const size_t length = latin1.size() - zeros;
-    if (length == 0 || !begin(2 + (length + CharsPerWord - 1) / CharsPerWord))
-        return;
-    put(headerWord(EOpcode::Text, static_cast<uint32_t>(std::clamp(font, 0, 255))));
-    put(pointWord(pen));
-    uint32_t characters = 0;
-    size_t filled = 0;
-    for (const char c : latin1) {
-        if (c == '\0')
-            continue;
-        characters |= static_cast<uint32_t>(static_cast<uint8_t>(c)) << (8 * filled);
-        if (++filled == CharsPerWord) {
-            put(headerWord(EOpcode::Chars, characters));
-            characters = 0;
-            filled = 0;
-        }
-    }
-    if (filled > 0)
-        put(headerWord(EOpcode::Chars, characters));
 }
 
 void CDisplayListWriter::bitmap(const SBitmapSource &source, const SBitmapPlacement &placement)

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "displaylist/CommandTable.h"
+#include "displaylist/FontBlock.h"
 #include "raster/BitmapImage.h"
 #include "raster/RasterTypes.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -13,8 +15,8 @@
 namespace kivemu {
 
 /// Builds a display list word by word. Knows the encoding and nothing of what the words draw.
-/// Colour, alpha, blend, line width and the bitmap's set-up are remembered, so that setting what
-/// already holds adds no words; the first four follow save() and restore().
+/// Colour, alpha, blend, line width, fonts and the bitmap's set-up are remembered, so that setting
+/// what already holds adds no words; the first four follow save() and restore().
 /// Range:   coordinates are cut to -2048 .. 2047.9375 pixels, lengths to 0 .. 4095.9375 pixels, so
 ///          that nothing wraps around; a rectangle keeps its edges that lie within.
 /// Errors:  with a limit set, what does not fit (one word stays free for the end) is left out whole
@@ -49,6 +51,22 @@ public:
     void gradient(SPoint topLeft, SPoint size, Sub16 radius, Angle64 direction, Argb from, Argb to);
     /// A run of Latin-1 characters, the pen at `pen` (baseline); zero bytes are left out.
     void text(int font, SPoint pen, std::string_view latin1);
+
+    /// From now on the handle (0 to 15) means the font block at `address`, which may be a
+    /// placeholder that replaceAddresses() puts another in the place of.
+    void font(uint32_t handle, uint32_t address);
+
+    /// A glyph of a font block, and where it is to be drawn.
+    struct SPlacedGlyph
+    {
+        uint16_t number; ///< in the block
+        SPoint pen;      ///< x is the pen before the glyph, y its baseline
+        Sub16 advance;   ///< the glyph's own, as the block has it
+    };
+    /// Glyphs of the font that the handle has been given. Glyphs whose pen lies outside the range
+    /// of coordinates are left out. One that follows the glyph before it, up to 8 pixels nearer or
+    /// farther than its advance, is one word, any other three.
+    void glyphs(uint32_t handle, const std::vector<SPlacedGlyph> &run);
 
     struct SBitmapSource
     {
@@ -100,6 +118,7 @@ private:
     SState m_state;
     std::vector<SState> m_saved;
     SBitmapState m_bitmap;
+    std::array<std::optional<uint32_t>, FontHandles> m_fonts; ///< addresses
     std::vector<uint32_t> m_words;
 };
 

@@ -1,4 +1,5 @@
 #include "CommandTable.h"
+#include "FontBlock.h"
 
 #include <algorithm>
 #include <array>
@@ -129,8 +130,8 @@ std::vector<SCommand> makeTable()
          "TEXT",
          {E::PairSigned, E::Header},
          {"x", "y", "font"},
-         "Puts the pen (on the baseline) for the characters that follow and chooses their ROM "
-         "font, 16 to 34.",
+         "Puts the pen (on the baseline) for what follows and chooses its font: for CHARS a ROM "
+         "font, 16 to 34; for GLYPH a handle that FONT has bound, 0 to 15.",
          255},
         {O::Chars,
          "CHARS",
@@ -138,6 +139,20 @@ std::vector<SCommand> makeTable()
          {"characters"},
          "Draws up to three Latin-1 characters, the first in the lowest byte, at the pen rounded "
          "to whole pixels. The pen moves on by each one's advance, in 1/16 pixel.",
+         Any24},
+        {O::Font,
+         "FONT",
+         {E::Header, E::WordAddress},
+         {"handle", "address"},
+         "From now on the handle, 0 to 15, means the font block at this address in RAM_G. No "
+         "handle is bound at the start, and RESTORE unbinds none.",
+         FontHandles - 1},
+        {O::Glyph,
+         "GLYPH",
+         {E::HeaderLow16, E::HeaderHigh8},
+         {"number", "shift"},
+         "Draws the glyph of that number in the font block, at the pen rounded to whole pixels. "
+         "The pen moves on by the glyph's advance and the shift, in 1/16 pixel.",
          Any24},
         {O::BitmapSource,
          "BITMAP_SOURCE",

@@ -40,6 +40,8 @@ enum class EOpcode : uint8_t {
     Gradient = 0x18,
     Text = 0x19,
     Chars = 0x1A,
+    Font = 0x1B,
+    Glyph = 0x1C,
     BitmapSource = 0x20,
     BitmapLayout = 0x21,
     BitmapPalette = 0x22,
@@ -61,6 +63,8 @@ enum class EOperand : uint8_t {
     HeaderColour,  ///< the header's 24 bits as 0xRRGGBB
     HeaderAddress, ///< the header's 24 bits, an address in RAM_G
     HeaderChars,   ///< up to three Latin-1 characters in the header, written "abc"; 0 is none
+    HeaderLow16,   ///< the header's bits 15 to 0, unsigned decimal
+    HeaderHigh8,   ///< the header's bits 23 to 16, signed decimal
     Word,          ///< a whole word, unsigned decimal
     WordAddress,   ///< a whole word, an address in RAM_G
     WordHex,       ///< a whole word as 0xAARRGGBB

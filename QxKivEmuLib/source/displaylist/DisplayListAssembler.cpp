@@ -125,6 +125,13 @@ bool CAssembler::operand(EOperand operand, uint32_t &value)
         return number(0, HeaderOperandMask, value);
     case EOperand::HeaderChars:
         return characters(value);
+    case EOperand::HeaderLow16:
+        return number(0, std::numeric_limits<uint16_t>::max(), value);
+    case EOperand::HeaderHigh8:
+        if (!number(std::numeric_limits<int8_t>::min(), std::numeric_limits<int8_t>::max(), value))
+            return false;
+        value = (value & 0xFF) << 16;
+        return true;
     case EOperand::Word:
     case EOperand::WordAddress:
     case EOperand::WordHex:

@@ -70,6 +70,12 @@ void addOperand(std::string &text, EOperand operand, uint32_t header, uint32_t w
     case EOperand::HeaderChars:
         addCharacters(text, header);
         break;
+    case EOperand::HeaderLow16:
+        addDecimal(text, header & 0xFFFF);
+        break;
+    case EOperand::HeaderHigh8:
+        addDecimal(text, static_cast<int8_t>(header >> 16 & 0xFF));
+        break;
     case EOperand::Word:
     case EOperand::WordAddress:
         addDecimal(text, word);

@@ -60,6 +60,28 @@ TEST(DisplayListWriter, zeroBytesOfATextAreLeftOut)
     EXPECT_EQ(text(writer), "TEXT(0, 0, 16);CHARS(\"abc\");CHARS(\"d\");");
 }
 
+TEST(DisplayListWriter, glyphsAreOneWordWhereThePenReachesTheNext)
+{
+    using Glyph = CDisplayListWriter::SPlacedGlyph;
+    const std::pair<std::vector<Glyph>, const char *> runs[] = {
+        {{}, ""},
+        {{{7, {100, 200}, 50}, {8, {150, 200}, 60}, {65535, {337, 207}, 9}, {1, {218, 215}, 9}},
+         "TEXT(100, 200, 5);GLYPH(7, 0);GLYPH(8, 127);GLYPH(65535, -128);GLYPH(1, 0);"},
+        {{{7, {0, 0}, 50}, {8, {178, 0}, 50}, {9, {99, 0}, 50}},
+         "TEXT(0, 0, 5);GLYPH(7, 0);TEXT(178, 0, 5);GLYPH(8, 0);TEXT(99, 0, 5);GLYPH(9, 0);"},
+        // Another row of pixels: a mark, and what follows it.
+        {{{7, {0, 200}, 50}, {8, {50, 199}, 50}, {9, {100, 208}, 50}},
+         "TEXT(0, 200, 5);GLYPH(7, 0);TEXT(50, 199, 5);GLYPH(8, 0);TEXT(100, 208, 5);GLYPH(9, 0);"},
+        {{{7, {-32769, 0}, 1}, {7, {0, 32768}, 1}, {8, {-32768, 32767}, 0}, {7, {32768, 32767}, 0}},
+         "TEXT(-32768, 32767, 5);GLYPH(8, 0);"},
+    };
+    for (const auto &[run, expected] : runs) {
+        CDisplayListWriter writer(Plenty);
+        writer.glyphs(5, run);
+        EXPECT_EQ(text(writer), expected);
+    }
+}
+
 TEST(DisplayListWriter, bitmapsRepeatOnlyWhatDiffers)
 {
     CDisplayListWriter writer(Plenty);
@@ -116,24 +138,28 @@ TEST(DisplayListWriter, whateverTheLimitTheListIsWholeAndFits)
         writer.item(9);
         writer.text(20, {0, 0}, "ABCDEFG");
         writer.bitmap({0, 7, 128, 64, 32, 0}, {});
+        writer.font(3, 64);
+        writer.font(4, 64);
+        writer.font(3, 64); // adds nothing
+        writer.glyphs(3, {{1, {0, 0}, 16}, {2, {16, 0}, 16}});
         writer.line({0, 0}, {1, 1});
         writer.finish();
     };
     CDisplayListWriter whole(Plenty);
     write(whole);
-    ASSERT_EQ(whole.words().size(), 29U);
+    ASSERT_EQ(whole.words().size(), 37U);
     const auto &all = whole.words();
 
     // The words before each unit, without END, and the item that the unit belongs to.
-    const std::pair<size_t, uint32_t> units[] = {{0, 0},  {1, 5},  {3, 5}, {10, 9},
-                                                 {12, 9}, {17, 9}, {25, 9}};
-    for (size_t limit = 1; limit <= 29; ++limit) {
+    const std::pair<size_t, uint32_t> units[] = {{0, 0},  {1, 5},  {3, 5},  {10, 9}, {12, 9},
+                                                 {17, 9}, {25, 9}, {27, 9}, {29, 9}, {33, 9}};
+    for (size_t limit = 1; limit <= 37; ++limit) {
         CDisplayListWriter writer(limit * 4);
         write(writer);
         const auto &words = writer.words();
-        size_t expected = 28;
+        size_t expected = 36;
         std::optional<uint32_t> overflow;
-        if (limit < 29) {
+        if (limit < 37) {
             const auto lost = std::find_if(std::rbegin(units), std::rend(units),
                                            [&](const auto &unit) { return unit.first < limit; });
             expected = lost->first;
@@ -142,7 +168,7 @@ TEST(DisplayListWriter, whateverTheLimitTheListIsWholeAndFits)
         ASSERT_EQ(words.size(), expected + 1) << limit;
         EXPECT_EQ(words.back(), 0U);
         EXPECT_TRUE(std::equal(words.begin(), words.end() - 1, all.begin()));
-        EXPECT_EQ(writer.bytesWanted(), 29U * 4);
+        EXPECT_EQ(writer.bytesWanted(), 37U * 4);
         EXPECT_EQ(writer.overflowItem(), overflow) << limit;
     }
 }

@@ -46,6 +46,38 @@ Word 0 is the header; its bits 31 to 24 are the opcode.
 |---|---|---|---|
 )";
 
+constexpr char FontBlocks[] = R"(
+## Font blocks
+
+What FONT binds: the masks of a font's glyphs, with their metrics. A block starts at a multiple of 4;
+its numbers are little-endian.
+
+| byte | size | holds |
+|---|---|---|
+| 0 | 4 | bits of a texel: 1, 2, 4 or 8 |
+| 4 | 4 | number of glyphs, 1 to 65536 |
+| 8 | 16 each | the glyphs, GLYPH's number 0 first |
+| | | masks: rows from top to bottom, without gaps |
+
+| byte of a glyph | size | holds |
+|---|---|---|
+| 0 | 4 | where its mask lies, from the block's start; 0 without a mask |
+| 4 | 2 | width of the mask in texels, at most 512; 0 without a mask |
+| 6 | 2 | height of the mask, as the width |
+| 8 | 2, signed | pixels from the pen to the mask's left column |
+| 10 | 2, signed | pixels from the baseline up to the mask's top row |
+| 12 | 2, signed | how far the pen moves to the right, in 1/16 pixel |
+| 14 | 2 | 0 |
+
+A row takes ceil(width x bits / 8) bytes, the leftmost texel in the highest bits. A texel of b bits and
+value v covers v x 255 / (2^b - 1) of 255: COLOR and ALPHA are laid on with this share, as for CHARS.
+
+A glyph is drawn with the mask's left column `left` pixels right of the pen and its top row `top` pixels
+above the baseline. A TEXT whose handle is not bound, or bound to what is no block, is reported, and
+its glyphs are left out; so is a glyph that the block lacks or whose mask reaches beyond the memory in
+use.
+)";
+
 std::string hexByte(EOpcode opcode)
 {
     char text[8];
@@ -68,8 +100,24 @@ const char *headerFormat(EOperand operand)
         return "0xRRGGBB";
     case EOperand::HeaderChars:
         return "three characters, the first in bits 7 to 0; 0 is none";
+    case EOperand::HeaderLow16:
+        return "unsigned";
+    case EOperand::HeaderHigh8:
+        return "signed";
     default:
         return "unsigned, ";
+    }
+}
+
+const char *headerPlace(EOperand operand)
+{
+    switch (operand) {
+    case EOperand::HeaderLow16:
+        return "word 0, bits 15 to 0";
+    case EOperand::HeaderHigh8:
+        return "word 0, bits 23 to 16";
+    default:
+        return "word 0, bits 23 to 0";
     }
 }
 
@@ -98,7 +146,7 @@ void addEncoding(std::string &page, const SCommand &command)
         if (!isWordOperand(operand)) {
             const std::string format = headerFormat(operand);
             const bool isNumber = operand == EOperand::Header || operand == EOperand::HeaderAddress;
-            row("word 0, bits 23 to 0",
+            row(headerPlace(operand),
                 isNumber ? format + "0 to " + std::to_string(command.headerMax) : format);
             continue;
         }
@@ -124,6 +172,7 @@ std::string displayListMarkdown()
     page += EncodingTitle;
     for (const SCommand &command : commandTable())
         addEncoding(page, command);
+    page += FontBlocks;
     return page;
 }
 
