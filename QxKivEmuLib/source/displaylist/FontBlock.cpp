@@ -61,6 +61,17 @@ int fullTexel(int bits)
     return (1 << bits) - 1;
 }
 
+template<int Bits>
+void expandRow(const uint8_t *row, int width, uint8_t *coverage)
+{
+    constexpr int Full = (1 << Bits) - 1;
+    for (int x = 0; x < width; ++x) {
+        const int bit = x * Bits;
+        const int texel = row[bit / 8] >> (8 - Bits - bit % 8) & Full;
+        coverage[x] = static_cast<uint8_t>(texel * (FullCoverage / Full));
+    }
+}
+
 } // namespace
 
 bool isFontDepth(uint32_t bits)
@@ -99,15 +110,17 @@ std::vector<uint8_t> packCoverage(int bits, int width, int height, const uint8_t
 void expandMask(int bits, const SFontGlyph &glyph, uint8_t *coverage, size_t stride)
 {
     const size_t rowBytes = fontRowBytes(bits, glyph.width);
-    const int full = fullTexel(bits);
     for (int y = 0; y < glyph.height; ++y) {
         const uint8_t *row = glyph.mask + static_cast<size_t>(y) * rowBytes;
         uint8_t *to = coverage + static_cast<size_t>(y) * stride;
-        for (int x = 0; x < glyph.width; ++x) {
-            const int bit = x * bits;
-            const int texel = row[bit / 8] >> (8 - bits - bit % 8) & full;
-            to[x] = static_cast<uint8_t>(texel * FullCoverage / full);
-        }
+        if (bits == 8)
+            std::memcpy(to, row, rowBytes);
+        else if (bits == 4)
+            expandRow<4>(row, glyph.width, to);
+        else if (bits == 2)
+            expandRow<2>(row, glyph.width, to);
+        else
+            expandRow<1>(row, glyph.width, to);
     }
 }
 
@@ -157,12 +170,14 @@ std::optional<CFontBlock> CFontBlock::find(const uint8_t *memory, size_t size, u
         fault = "the font at " + std::to_string(address) + " " + what;
         return std::nullopt;
     };
-    const std::string beyond =
-        "reaches beyond the " + std::to_string(size) + " bytes of RAM_G that are in use";
+    const auto reachesBeyond = [&] {
+        return refuse("reaches beyond the " + std::to_string(size) +
+                      " bytes of RAM_G that are in use");
+    };
     if (address % FontBlockAlignment != 0)
         return refuse("does not start at a multiple of 4");
     if (address > size || size - address < HeadBytes)
-        return refuse(beyond);
+        return reachesBeyond();
     const uint8_t *bytes = memory + address;
     const uint32_t bits = read32(bytes);
     const uint32_t count = read32(bytes + 4);
@@ -171,7 +186,7 @@ std::optional<CFontBlock> CFontBlock::find(const uint8_t *memory, size_t size, u
     if (count == 0 || count > MaxFontGlyphs)
         return refuse("has " + std::to_string(count) + " glyphs");
     if (entryPlace(count) > size - address)
-        return refuse(beyond);
+        return reachesBeyond();
     return CFontBlock(bytes, size - address, static_cast<int>(bits), count);
 }
 

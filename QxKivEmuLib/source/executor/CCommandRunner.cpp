@@ -1,8 +1,5 @@
 #include "CCommandRunner.h"
 
-#include "BitmapFormats.h"
-#include "CRamG.h"
-#include "RomFonts.h"
 #include "raster/CRasterizer.h"
 #include "raster/CSurface.h"
 
@@ -11,49 +8,6 @@ namespace kivemu {
 namespace {
 
 constexpr Argb Black = 0xFF000000;
-constexpr int NoText = -1;
-constexpr int UnknownFont = 0;
-constexpr Sub16 Pixel = 16;
-
-uint32_t operand(uint32_t header)
-{
-    return header & HeaderOperandMask;
-}
-
-int lowUnsigned(uint32_t word)
-{
-    return static_cast<int>(word & 0xFFFF);
-}
-
-int highUnsigned(uint32_t word)
-{
-    return static_cast<int>(word >> 16);
-}
-
-int lowSigned(uint32_t word)
-{
-    return static_cast<int16_t>(word & 0xFFFF);
-}
-
-int highSigned(uint32_t word)
-{
-    return static_cast<int16_t>(word >> 16);
-}
-
-SPoint point(uint32_t word)
-{
-    return {lowSigned(word), highSigned(word)};
-}
-
-SPoint extent(uint32_t word)
-{
-    return {lowUnsigned(word), highUnsigned(word)};
-}
-
-EBitmapWrap wrap(uint32_t mode, EBitmapModeBit bit)
-{
-    return mode & bit ? EBitmapWrap::Repeat : EBitmapWrap::Border;
-}
 
 bool isDrawing(EOpcode opcode)
 {
@@ -68,6 +22,7 @@ bool isDrawing(EOpcode opcode)
     case EOpcode::Arc:
     case EOpcode::Gradient:
     case EOpcode::Chars:
+    case EOpcode::Glyph:
     case EOpcode::Bitmap:
         return true;
     default:
@@ -77,17 +32,15 @@ bool isDrawing(EOpcode opcode)
 
 } // namespace
 
-CCommandRunner::CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, CBitmapCache &bitmaps,
-                               std::vector<SPoint> &vertices, const std::atomic<bool> *cancelled)
+CCommandRunner::CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, SCaches &caches,
+                               const std::atomic<bool> *cancelled)
     : m_rasterizer(rasterizer),
-      m_memory(memory),
-      m_bitmaps(bitmaps),
-      m_vertices(vertices),
+      m_vertices(caches.vertices),
       m_cancelled(cancelled),
-      m_pen{NoText, 0, 0}
+      m_texts({rasterizer, memory, m_budget, m_errors, m_state}, caches.glyphs),
+      m_bitmaps({rasterizer, memory, m_budget, m_errors, m_state}, caches.bitmaps)
 {
     m_vertices.clear();
-    m_bitmaps.follow(memory);
     m_state.clip = {0, 0, CSurface::MaxSide, CSurface::MaxSide};
     m_rasterizer.setClip(m_state.clip);
 }
@@ -98,9 +51,23 @@ void CCommandRunner::call(CCommandRunner &runner, const uint32_t *words)
     (runner.*Member)(words);
 }
 
+template<void (CTextCommands::*Member)(const uint32_t *words)>
+void CCommandRunner::callTexts(CCommandRunner &runner, const uint32_t *words)
+{
+    (runner.m_texts.*Member)(words);
+}
+
+template<void (CBitmapCommands::*Member)(const uint32_t *words)>
+void CCommandRunner::callBitmaps(CCommandRunner &runner, const uint32_t *words)
+{
+    (runner.m_bitmaps.*Member)(words);
+}
+
 std::array<CCommandRunner::SEntry, 256> CCommandRunner::makeEntries()
 {
     using R = CCommandRunner;
+    using T = CTextCommands;
+    using B = CBitmapCommands;
     using O = EOpcode;
     std::array<SEntry, 256> entries{};
     const auto add = [&](EOpcode opcode, Function function) {
@@ -127,14 +94,16 @@ std::array<CCommandRunner::SEntry, 256> CCommandRunner::makeEntries()
     add(O::Polygon, call<&R::polygon>);
     add(O::Arc, call<&R::arc>);
     add(O::Gradient, call<&R::gradient>);
-    add(O::Text, call<&R::text>);
-    add(O::Chars, call<&R::chars>);
-    add(O::BitmapSource, call<&R::bitmapSource>);
-    add(O::BitmapLayout, call<&R::bitmapLayout>);
-    add(O::BitmapPalette, call<&R::bitmapPalette>);
-    add(O::BitmapTransform, call<&R::bitmapTransform>);
-    add(O::BitmapMode, call<&R::bitmapMode>);
-    add(O::Bitmap, call<&R::bitmap>);
+    add(O::Text, callTexts<&T::text>);
+    add(O::Chars, callTexts<&T::chars>);
+    add(O::Font, callTexts<&T::font>);
+    add(O::Glyph, callTexts<&T::glyph>);
+    add(O::BitmapSource, callBitmaps<&B::source>);
+    add(O::BitmapLayout, callBitmaps<&B::layout>);
+    add(O::BitmapPalette, callBitmaps<&B::palette>);
+    add(O::BitmapTransform, callBitmaps<&B::transform>);
+    add(O::BitmapMode, callBitmaps<&B::mode>);
+    add(O::Bitmap, callBitmaps<&B::draw>);
     return entries;
 }
 
@@ -182,7 +151,7 @@ size_t CCommandRunner::step(const uint32_t *words, size_t count)
 
 void CCommandRunner::fail(EOpcode opcode, const std::string &what)
 {
-    m_errors.add(findCommand(static_cast<uint8_t>(opcode))->name, what);
+    m_errors.add(opcode, what);
 }
 
 /// True when a drawing command is to be left out: the item or the frame has drawn too much already,
@@ -348,111 +317,6 @@ void CCommandRunner::gradient(const uint32_t *words)
 {
     m_rasterizer.fillGradient(point(words[1]), extent(words[2]), lowUnsigned(words[3]),
                               highUnsigned(words[3]), words[4], words[5], m_state.paint.blend);
-}
-
-void CCommandRunner::text(const uint32_t *words)
-{
-    const auto font = static_cast<int>(operand(words[0]));
-    const SPoint pen = point(words[1]);
-    m_pen = {font, pen.x, (pen.y + Pixel / 2) >> 4};
-    if (!romfonts::isFont(font)) {
-        fail(EOpcode::Text, "there is no font " + std::to_string(font));
-        m_pen.font = UnknownFont; // reported once, its characters are left out
-    }
-}
-
-void CCommandRunner::chars(const uint32_t *words)
-{
-    if (m_pen.font == NoText)
-        fail(EOpcode::Chars, "there is no TEXT before");
-    if (m_pen.font == NoText || m_pen.font == UnknownFont)
-        return;
-    for (uint32_t rest = operand(words[0]); rest != 0; rest >>= 8) {
-        const auto character = static_cast<uint8_t>(rest & 0xFF);
-        if (character == 0)
-            continue;
-        const romfonts::SGlyph *glyph = romfonts::glyph(m_pen.font, character);
-        const int64_t x = (m_pen.x + Pixel / 2) >> 4;
-        if (x < m_state.clip.right)
-            m_rasterizer.drawGlyph(*glyph, static_cast<int>(x), m_pen.baseline, m_state.paint);
-        m_pen.x += glyph->advance16;
-    }
-}
-
-void CCommandRunner::bitmapSource(const uint32_t *words)
-{
-    m_bitmapKey.format = operand(words[0]);
-    m_bitmapKey.address = words[1];
-    m_image.reset();
-}
-
-void CCommandRunner::bitmapLayout(const uint32_t *words)
-{
-    m_bitmapKey.stride = words[1];
-    m_bitmapKey.width = lowUnsigned(words[2]);
-    m_bitmapKey.height = highUnsigned(words[2]);
-    m_image.reset();
-}
-
-void CCommandRunner::bitmapPalette(const uint32_t *words)
-{
-    m_bitmapKey.palette = operand(words[0]);
-    m_image.reset();
-}
-
-void CCommandRunner::bitmapTransform(const uint32_t *words)
-{
-    const auto value = [&](size_t index) { return static_cast<int32_t>(words[index]); };
-    m_placement.a = value(1);
-    m_placement.b = value(2);
-    m_placement.c = value(3);
-    m_placement.d = value(4);
-    m_placement.e = value(5);
-    m_placement.f = value(6);
-}
-
-void CCommandRunner::bitmapMode(const uint32_t *words)
-{
-    const uint32_t mode = operand(words[0]);
-    m_placement.filter =
-        mode & BitmapModeBilinear ? EBitmapFilter::Bilinear : EBitmapFilter::Nearest;
-    m_placement.wrapX = wrap(mode, BitmapModeRepeatX);
-    m_placement.wrapY = wrap(mode, BitmapModeRepeatY);
-}
-
-void CCommandRunner::bitmap(const uint32_t *words)
-{
-    const SBitmapImage *texels = image();
-    if (!texels) {
-        fail(EOpcode::Bitmap, bitmapFault());
-        return;
-    }
-    m_placement.topLeft = point(words[1]);
-    m_placement.size = extent(words[2]);
-    m_rasterizer.drawBitmap(*texels, m_placement, m_state.paint);
-}
-
-const SBitmapImage *CCommandRunner::image()
-{
-    if (m_image)
-        return m_image.get();
-    m_image = m_bitmaps.find(m_memory, m_bitmapKey);
-    if (m_image)
-        m_budget.countBitmap(m_bitmapKey);
-    return m_image.get();
-}
-
-std::string CCommandRunner::bitmapFault() const
-{
-    const auto fits = [](int side) { return side >= 1 && side <= MaxBitmapSide; };
-    const SBitmapKey &key = m_bitmapKey;
-    if (!fits(key.width) || !fits(key.height))
-        return "the size " + std::to_string(key.width) + " x " + std::to_string(key.height) +
-               " is not in 1 to " + std::to_string(MaxBitmapSide);
-    if (bitmapStride(key.format, key.width) == 0)
-        return "there is no bitmap format " + std::to_string(key.format);
-    return "the bitmap at " + std::to_string(key.address) + " or its palette reaches beyond the " +
-           std::to_string(m_memory.used()) + " bytes of RAM_G that are in use";
 }
 
 } // namespace kivemu

@@ -1,17 +1,20 @@
 #pragma once
 
 #include "CBitmapCache.h"
+#include "CBitmapCommands.h"
 #include "CDrawingBudget.h"
 #include "CErrorLog.h"
+#include "CGlyphCache.h"
+#include "CTextCommands.h"
+#include "ChipState.h"
 #include "displaylist/CommandTable.h"
-#include "raster/BitmapImage.h"
 #include "raster/RasterTypes.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <string>
 #include <vector>
 
 namespace kivemu {
@@ -20,33 +23,25 @@ class CRamG;
 class CRasterizer;
 
 /// One execution of a display list: the chip's state, and one function for each command that draws
-/// or changes it.
+/// or changes it; texts and bitmaps have classes of their own.
 class CCommandRunner
 {
 public:
-    /// All must outlive the runner. `vertices` is working memory, kept by the caller so that it
-    /// need not grow anew in every frame. `cancelled` may be null.
-    CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, CBitmapCache &bitmaps,
-                   std::vector<SPoint> &vertices, const std::atomic<bool> *cancelled);
+    /// What is worth keeping from one execution to the next.
+    struct SCaches
+    {
+        CBitmapCache bitmaps;
+        CGlyphCache glyphs;
+        std::vector<SPoint> vertices; ///< working memory, which need not grow anew in every frame
+    };
+    /// All must outlive the runner. `cancelled` may be null.
+    CCommandRunner(CRasterizer &rasterizer, const CRamG &memory, SCaches &caches,
+                   const std::atomic<bool> *cancelled);
 
     /// Draws onto a black frame until the end command; gives what is wrong in the list.
     std::vector<SExecutionError> run(const uint32_t *words, size_t count);
 
 private:
-    /// What SAVE keeps.
-    struct SState
-    {
-        SPaint paint{0xFFFFFFFF, true};
-        Sub16 lineWidth = 16;
-        SClip clip{0, 0, 0, 0};
-    };
-    /// Where the next character goes, in sixteenths; wide enough for any number of characters.
-    struct SPen
-    {
-        int font;
-        int64_t x;
-        int baseline; ///< whole pixels
-    };
     using Function = void (*)(CCommandRunner &, const uint32_t *words);
     struct SEntry
     {
@@ -58,13 +53,15 @@ private:
     static std::array<SEntry, 256> makeEntries();
     template<void (CCommandRunner::*Member)(const uint32_t *words)>
     static void call(CCommandRunner &runner, const uint32_t *words);
+    template<void (CTextCommands::*Member)(const uint32_t *words)>
+    static void callTexts(CCommandRunner &runner, const uint32_t *words);
+    template<void (CBitmapCommands::*Member)(const uint32_t *words)>
+    static void callBitmaps(CCommandRunner &runner, const uint32_t *words);
 
     size_t step(const uint32_t *words, size_t count);
     void fail(EOpcode opcode, const std::string &what);
     void dropVertices();
     bool isLeftOut(EOpcode opcode);
-    const SBitmapImage *image();
-    std::string bitmapFault() const;
 
     // The commands; `words` starts with the header.
     void end(const uint32_t *words);
@@ -86,18 +83,8 @@ private:
     void polygon(const uint32_t *words);
     void arc(const uint32_t *words);
     void gradient(const uint32_t *words);
-    void text(const uint32_t *words);
-    void chars(const uint32_t *words);
-    void bitmapSource(const uint32_t *words);
-    void bitmapLayout(const uint32_t *words);
-    void bitmapPalette(const uint32_t *words);
-    void bitmapTransform(const uint32_t *words);
-    void bitmapMode(const uint32_t *words);
-    void bitmap(const uint32_t *words);
 
     CRasterizer &m_rasterizer;
-    const CRamG &m_memory;
-    CBitmapCache &m_bitmaps;
     std::vector<SPoint> &m_vertices;
     const std::atomic<bool> *const m_cancelled;
     CErrorLog m_errors;
@@ -105,13 +92,11 @@ private:
     bool m_pathTooLong = false;
     CDrawingBudget m_budget;
     bool m_isExcessTold = false;
-    SState m_state;
-    std::array<SState, MaxSavedStates> m_saved;
+    SChipState m_state;
+    std::array<SChipState, MaxSavedStates> m_saved;
     size_t m_savedCount = 0;
-    SPen m_pen;
-    SBitmapKey m_bitmapKey;
-    SBitmapPlacement m_placement{};
-    std::shared_ptr<const SBitmapImage> m_image; ///< of m_bitmapKey; null when not looked up yet
+    CTextCommands m_texts;
+    CBitmapCommands m_bitmaps;
 };
 
 } // namespace kivemu

@@ -1,5 +1,7 @@
 #include "CDrawingBudget.h"
 
+#include "displaylist/FontBlock.h"
+
 namespace kivemu {
 
 namespace {
@@ -23,6 +25,12 @@ void CDrawingBudget::countBitmap(const SBitmapKey &key)
     // More than the cache holds may have to be decoded again and again.
     if (isNew || m_knownPixels * sizeof(uint32_t) > CBitmapCache::MaxBytes)
         m_decoding += pixels * WorkPerDecodedPixel;
+}
+
+void CDrawingBudget::countMask(const SFontGlyph &glyph)
+{
+    m_decoding += static_cast<uint64_t>(glyph.width) * static_cast<uint64_t>(glyph.height) *
+                  WorkPerDecodedPixel;
 }
 
 std::string CDrawingBudget::excess(uint64_t drawn) const

@@ -8,6 +8,8 @@
 
 namespace kivemu {
 
+struct SFontGlyph;
+
 /// How much of its frame's and its item's share of work a display list has used. Work is about a
 /// pixel that is filled (raster/DrawingWork.h) or decoded. It depends on the list and the sizes of
 /// its bitmaps alone, so that the same list ends at the same place on every machine.
@@ -24,6 +26,8 @@ public:
     /// A bitmap is looked up. Counts as if nothing had been decoded before this frame, so that a
     /// frame does not depend on those before it.
     void countBitmap(const SBitmapKey &key);
+    /// A glyph's mask is drawn. Counts as if it were expanded each time.
+    void countMask(const SFontGlyph &glyph);
     /// Why nothing more is drawn; empty while something may be.
     std::string excess(uint64_t drawn) const;
 

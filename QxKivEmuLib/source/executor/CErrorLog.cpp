@@ -2,6 +2,11 @@
 
 namespace kivemu {
 
+void CErrorLog::add(EOpcode command, const std::string &what)
+{
+    add(findCommand(static_cast<uint8_t>(command))->name, what);
+}
+
 void CErrorLog::add(const char *command, const std::string &what)
 {
     if (m_errors.size() < CExecutor::MaxErrors)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CExecutor.h"
+#include "displaylist/CommandTable.h"
 
 #include <string>
 #include <utility>
@@ -16,6 +17,7 @@ public:
     void setItem(uint32_t id) { m_item = id; }
     void setWord(size_t index) { m_word = index; }
 
+    void add(EOpcode command, const std::string &what);
     void add(const char *command, const std::string &what);
     std::vector<SExecutionError> take() { return std::move(m_errors); }
 

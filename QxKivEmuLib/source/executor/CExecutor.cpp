@@ -1,6 +1,5 @@
 #include "CExecutor.h"
 
-#include "CBitmapCache.h"
 #include "CCommandRunner.h"
 #include "raster/CRasterizer.h"
 
@@ -12,8 +11,7 @@ namespace kivemu {
 struct CExecutor::SState
 {
     std::optional<EKernelSet> kernels; ///< nothing: the fastest that there is
-    CBitmapCache bitmaps;
-    std::vector<SPoint> vertices;
+    CCommandRunner::SCaches caches;
     const std::atomic<bool> *cancelled = nullptr;
 };
 
@@ -38,8 +36,7 @@ std::vector<SExecutionError> CExecutor::execute(const uint32_t *words, size_t co
 {
     CRasterizer rasterizer =
         m_state->kernels ? CRasterizer(surface, *m_state->kernels) : CRasterizer(surface);
-    CCommandRunner runner(rasterizer, memory, m_state->bitmaps, m_state->vertices,
-                          m_state->cancelled);
+    CCommandRunner runner(rasterizer, memory, m_state->caches, m_state->cancelled);
     return runner.run(words, count);
 }
 

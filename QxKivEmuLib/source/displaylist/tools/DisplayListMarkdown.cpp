@@ -73,9 +73,9 @@ A row takes ceil(width x bits / 8) bytes, the leftmost texel in the highest bits
 value v covers v x 255 / (2^b - 1) of 255: COLOR and ALPHA are laid on with this share, as for CHARS.
 
 A glyph is drawn with the mask's left column `left` pixels right of the pen and its top row `top` pixels
-above the baseline. A TEXT whose handle is not bound, or bound to what is no block, is reported, and
-its glyphs are left out; so is a glyph that the block lacks or whose mask reaches beyond the memory in
-use.
+above the baseline. TEXT takes what its handle means then. A FONT without a block at its address and a
+TEXT whose handle is not bound are reported, and the glyphs that follow are left out; so is a glyph
+that the block lacks or whose mask reaches beyond the memory in use, and it does not move the pen.
 )";
 
 std::string hexByte(EOpcode opcode)
