@@ -89,6 +89,19 @@ QString FileNames::convertedImages(const QString &projectName)
     return projectName.isEmpty() ? ending : safe(projectName, ending);
 }
 
+QString FileNames::fonts(const QString &projectName)
+{
+    const QString ending = QStringLiteral("_Fonts");
+    return projectName.isEmpty() ? ending : safe(projectName, ending);
+}
+
+bool FileNames::isFont(const QString &fileName)
+{
+    static const QStringList suffixes = {QStringLiteral("ttf"), QStringLiteral("otf"),
+                                         QStringLiteral("woff2"), QStringLiteral("ttc")};
+    return suffixes.contains(fileName.section(QLatin1Char('.'), -1).toLower());
+}
+
 bool FileNames::isImage(const QString &fileName)
 {
     static const QStringList suffixes = {QStringLiteral("raw"), QStringLiteral("json"),

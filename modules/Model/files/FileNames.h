@@ -16,6 +16,12 @@ QString safe(const QString &name, const QString &suffix = {});
 /// Name of the folder in a project's folder that holds its converted images.
 QString convertedImages(const QString &projectName);
 
+/// Name of the folder in a project's folder that holds its fonts.
+QString fonts(const QString &projectName);
+
+/// Whether a file of this name can be a font.
+bool isFont(const QString &fileName);
+
 /// Whether a file of this name can be an image, or be made of one.
 bool isImage(const QString &fileName);
 

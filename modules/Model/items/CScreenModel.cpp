@@ -29,9 +29,11 @@ CScreenModel::CScreenModel(const QString &name, const CWidgetLibraryModel *libra
                            IPropertyChangeObserver *observer)
     : CItemModel(Kind::Screen, TypeName::Screen, library, observer),
       m_color(PropertyKey::Color, PropertyType::Rgb),
-      m_workingDirectory(PropertyKey::WorkingDirectory, PropertyType::String)
+      m_workingDirectory(PropertyKey::WorkingDirectory, PropertyType::String),
+      m_fonts(PropertyKey::Fonts, PropertyType::String)
 {
     m_workingDirectory.setInternal(true);
+    m_fonts.setInternal(true);
     addProperty(makeProperty(PropertyKey::Name, PropertyType::String, name));
     addProperty(makeProperty(PropertyKey::Color, PropertyType::Rgb, QStringLiteral("#000000")));
     addProperty(makeProperty(PropertyKey::ScreenBitmapTimestamp, PropertyType::String, QString()));
@@ -64,26 +66,57 @@ QVector<const CWidgetProperty *> CScreenModel::savedProperties() const
     return saved;
 }
 
+/// What the project gives to all of its screens, with its text of today.
+CWidgetProperty *CScreenModel::given(const QString &key)
+{
+    const CProjectModel *owner = project();
+    if (key == PropertyKey::WorkingDirectory) {
+        m_workingDirectory.setValue(owner ? owner->workingDirectory() : QString());
+        return &m_workingDirectory;
+    }
+    if (key == PropertyKey::Fonts) {
+        m_fonts.setValue(owner ? ProjectFonts::rendererText(owner->fonts()) : QString());
+        return &m_fonts;
+    }
+    return nullptr;
+}
+
+bool CScreenModel::hasFonts() const
+{
+    const CProjectModel *owner = project();
+    return owner && !owner->fonts().isEmpty();
+}
+
+/// Behind those that the screen has itself.
+QStringList CScreenModel::givenKeys() const
+{
+    QStringList keys;
+    if (!hasProperty(PropertyKey::WorkingDirectory))
+        keys.append(PropertyKey::WorkingDirectory);
+    if (!hasProperty(PropertyKey::Fonts) && hasFonts())
+        keys.append(PropertyKey::Fonts);
+    return keys;
+}
+
 int CScreenModel::propertyCount()
 {
-    return CItemModel::propertyCount() + (hasProperty(PropertyKey::WorkingDirectory) ? 0 : 1);
+    return CItemModel::propertyCount() + givenKeys().size();
 }
 
 IModelProperty *CScreenModel::property(int index)
 {
-    if (index < CItemModel::propertyCount()) {
-        IModelProperty *property = CItemModel::property(index);
-        if (PropertyKey::Color == QLatin1String(property->name())) {
-            m_color.setValueFromText(propertyText(PropertyKey::Color));
-            return &m_color;
-        }
-        // A document's own attribute of this name is kept, but the renderer gets the project's.
-        if (PropertyKey::WorkingDirectory != QLatin1String(property->name()))
-            return property;
+    const int own = CItemModel::propertyCount();
+    if (index >= own)
+        return given(givenKeys().at(index - own));
+    IModelProperty *property = CItemModel::property(index);
+    const QString key = QString::fromUtf8(property->name());
+    if (key == PropertyKey::Color) {
+        m_color.setValueFromText(propertyText(PropertyKey::Color));
+        return &m_color;
     }
-    const CProjectModel *owner = project();
-    m_workingDirectory.setValue(owner ? owner->workingDirectory() : QString());
-    return &m_workingDirectory;
+    // A document's own attribute of such a name is kept, but the renderer gets the project's.
+    IModelProperty *hiding = given(key);
+    return hiding ? hiding : property;
 }
 
 CItemModel *CScreenModel::cloneEmpty() const

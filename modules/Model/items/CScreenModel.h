@@ -4,9 +4,9 @@
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
 /// The emulator library is also given the project's working directory, against which the folders of
-/// bitmaps are meant; it is in no document, and an attribute of its name that a document has is
-/// kept but hidden by it. The colour is handed out in its canonical form, whatever a document calls
-/// it.
+/// bitmaps are meant, and the project's fonts (ProjectFonts::rendererText()); they are in no
+/// screen's element, and attributes of their names that a document has are kept but hidden by them.
+/// The colour is handed out in its canonical form, whatever a document calls it.
 class CScreenModel final : public CItemModel
 {
 public:
@@ -29,5 +29,10 @@ protected:
 
 private:
     CWidgetProperty m_color; ///< as the library gets it
+    CWidgetProperty *given(const QString &key);
+    bool hasFonts() const;
+    QStringList givenKeys() const;
+
     CWidgetProperty m_workingDirectory;
+    CWidgetProperty m_fonts;
 };

@@ -11,18 +11,6 @@
 #include <array>
 
 namespace {
-ItemAttributes attributesOf(const QDomElement &element)
-{
-    const QDomNamedNodeMap map = element.attributes();
-    ItemAttributes attributes;
-    attributes.reserve(map.count());
-    for (int i = 0; i < map.count(); ++i) {
-        const QDomAttr attribute = map.item(i).toAttr();
-        attributes.append({attribute.name(), attribute.value()});
-    }
-    return attributes;
-}
-
 /// The same few names come again with every item.
 QString sharedName(const QStringRef &name)
 {
@@ -37,7 +25,21 @@ QString sharedName(const QStringRef &name)
     return kept;
 }
 
-ItemAttributes attributesOf(const CGuardedReader &reader)
+} // namespace
+
+ItemAttributes ItemXml::attributesOf(const QDomElement &element)
+{
+    const QDomNamedNodeMap map = element.attributes();
+    ItemAttributes attributes;
+    attributes.reserve(map.count());
+    for (int i = 0; i < map.count(); ++i) {
+        const QDomAttr attribute = map.item(i).toAttr();
+        attributes.append({attribute.name(), attribute.value()});
+    }
+    return attributes;
+}
+
+ItemAttributes ItemXml::attributesOf(const CGuardedReader &reader)
 {
     const QXmlStreamAttributes source = reader.attributes();
     ItemAttributes attributes;
@@ -46,7 +48,6 @@ ItemAttributes attributesOf(const CGuardedReader &reader)
         attributes.append({sharedName(each.qualifiedName()), each.value().toString()});
     return attributes;
 }
-} // namespace
 
 void ItemXml::read(CItemModel &item, const QDomElement &element)
 {

@@ -18,6 +18,10 @@ void read(CItemModel &item, CGuardedReader &reader);
 SItemElement elementOf(CGuardedReader &reader);
 void read(CItemModel &item, const SItemElement &element);
 
+/// Of the element that the reader stands at; likewise of a DOM element.
+ItemAttributes attributesOf(const CGuardedReader &reader);
+ItemAttributes attributesOf(const QDomElement &element);
+
 /// Folders are written as for the project's own document.
 void write(const CItemModel &item, QDomElement &element);
 void write(const CItemModel &item, const QString &tag, FolderForm folders, CXmlWriter &writer);

@@ -33,6 +33,7 @@ inline const QString ScreenBitmapTimestamp = QStringLiteral("screen_bm_ts");
 inline const QString ProjectName = QStringLiteral("project_name");
 inline const QString Platform = QStringLiteral("platform");
 inline const QString WorkingDirectory = QStringLiteral("working_directory");
+inline const QString Fonts = QStringLiteral("fonts"); ///< given to the emulator with each screen
 inline const QString NyxVersion = QStringLiteral("NYXVersion");
 
 // Bitmaps and media.

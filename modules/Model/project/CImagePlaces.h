@@ -7,7 +7,7 @@
 class CItemModel;
 
 /// By which texts the items of a project have called the folders and files of their images since it
-/// was opened, and what is called otherwise since the project went to another folder or name.
+/// was opened, and the project those of its fonts, and what is called otherwise since the project went to another folder or name.
 /// Commands and removed items keep the texts of their time; nobody changes them there, they are
 /// brought up to date when they come back.
 class CImagePlaces
@@ -18,7 +18,7 @@ public:
     void note(const QString &key, const QString &text);
 
     const QSet<QString> &folders() const { return m_folders; } ///< texts of "bfolder"
-    const QSet<QString> &files() const { return m_files; }     ///< texts of "filename"
+    const QSet<QString> &files() const { return m_files; } ///< texts of "filename", and of fonts
     const QSet<QString> &names() const { return m_names; }     ///< texts of "basename"
 
     static bool isPlace(const QString &key); ///< whether values of the property name a place

@@ -62,6 +62,7 @@ void CProjectModel::reset()
     clear();
     invisibleRootItem()->setText(TypeName::Project);
     m_properties.clear();
+    m_fonts.clear();
     m_imagePlaces = {};
     m_resolution = DefaultResolution;
     m_library = libraryOf(QString());
@@ -117,6 +118,16 @@ void CProjectModel::setProjectProperties(const QHash<QString, QString> &texts)
 {
     for (auto it = texts.begin(); it != texts.end(); ++it)
         setProjectProperty(it.key(), it.value());
+}
+
+void CProjectModel::setFonts(const ProjectFontList &fonts)
+{
+    m_fonts = fonts;
+    for (SProjectFont &each : m_fonts) {
+        each.file = m_imagePlaces.today(each.file);
+        m_imagePlaces.note(PropertyKey::FileName, each.file);
+    }
+    Q_EMIT fontsChanged();
 }
 
 QString CProjectModel::platform() const

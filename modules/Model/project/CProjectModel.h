@@ -3,6 +3,7 @@
 #include "CImagePlaces.h"
 #include "CWidgetProperty.h"
 #include "IPropertyChangeObserver.h"
+#include "ProjectFonts.h"
 
 #include <QDomElement>
 #include <QHash>
@@ -57,6 +58,9 @@ public:
     void setNyxVersion(const QString &version);
     QSize resolution() const { return m_resolution; } ///< pixels
     const CWidgetLibraryModel *library() const { return m_library; }
+    const ProjectFontList &fonts() const { return m_fonts; }
+    /// Files are called as today, whatever a command calls them.
+    void setFonts(const ProjectFontList &fonts);
     /// Size of the chip's general-purpose graphics memory in bytes.
     quint32 graphicsMemorySize() const;
 
@@ -118,6 +122,8 @@ public:
 Q_SIGNALS:
     void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
     void geometryChanged(CItemModel *item);
+    /// All texts may look different from now on.
+    void fontsChanged();
 
 private:
     void reset();
@@ -127,6 +133,7 @@ private:
     CScreenModel *makeScreen(const CWidgetLibraryModel *library) const;
     QString read(const QByteArray &xml, SContent &content) const;
     QString savingRefusal(const SContent &content) const;
+    void saveFonts(QDomDocument &document, QDomElement &project) const;
     void appendLoadedScreens(const QVector<CScreenModel *> &screens);
     QVector<const CWidgetProperty *> savedProperties() const;
     QString savedText(const CWidgetProperty &property, const QString &filePath) const;
@@ -135,6 +142,7 @@ private:
     PropertySet m_properties;
     CImagePlaces m_imagePlaces;
     QSize m_resolution;
+    ProjectFontList m_fonts;
     const CWidgetLibraryModel *m_library = nullptr;
     std::unique_ptr<QUndoStack> m_undoStack;
 };

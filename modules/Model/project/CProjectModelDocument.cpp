@@ -36,6 +36,15 @@ QString folderOf(const QString &filePath)
 {
     return QFileInfo(filePath).absolutePath();
 }
+
+void readFonts(CGuardedReader &reader, QVector<ItemAttributes> &fonts)
+{
+    while (reader.readNextStartElement()) {
+        if (reader.tag() == ProjectFonts::FontTag && fonts.size() < SProjectFont::HandleCount)
+            fonts.append(ItemXml::attributesOf(reader));
+        reader.skipCurrentElement();
+    }
+}
 } // namespace
 
 /// The usual ones first, then the others by name, so that equal projects give equal bytes.
@@ -69,6 +78,7 @@ QString CProjectModel::savedText(const CWidgetProperty &property, const QString 
 void CProjectModel::save(QDomDocument &document) const
 {
     QDomElement project = document.createElement(TypeName::Project);
+    saveFonts(document, project);
     for (int row = 0; row < rowCount(); ++row) {
         const CScreenModel *each = screen(row);
         if (!each)
@@ -83,6 +93,21 @@ void CProjectModel::save(QDomDocument &document) const
         project.setAttribute(each->key(), each->text());
 }
 
+void CProjectModel::saveFonts(QDomDocument &document, QDomElement &project) const
+{
+    if (m_fonts.isEmpty())
+        return;
+    QDomElement list = document.createElement(ProjectFonts::ListTag);
+    project.appendChild(list);
+    const QVector<ItemAttributes> fonts = ProjectFonts::attributes(m_fonts);
+    for (const ItemAttributes &font : fonts) {
+        QDomElement element = document.createElement(ProjectFonts::FontTag);
+        list.appendChild(element);
+        for (const ItemAttribute &each : font)
+            element.setAttribute(each.name, each.text);
+    }
+}
+
 QByteArray CProjectModel::saveToBytes(QString *error, const QString &filePath) const
 {
     CXmlWriter writer;
@@ -90,6 +115,7 @@ QByteArray CProjectModel::saveToBytes(QString *error, const QString &filePath) c
     const auto properties = savedProperties();
     for (const CWidgetProperty *each : properties)
         writer.attribute(each->keyUtf8(), savedText(*each, filePath).toUtf8());
+    ProjectFonts::write(m_fonts, writer);
     for (int row = 0; row < rowCount(); ++row) {
         if (const CScreenModel *each = screen(row))
             ItemXml::write(*each, TypeName::Screen, FolderForm::Relative, writer);
@@ -129,6 +155,12 @@ bool CProjectModel::load(const QDomDocument &document)
         const QDomAttr attribute = attributes.item(i).toAttr();
         setProjectProperty(attribute.name(), attribute.value());
     }
+    QVector<ItemAttributes> fonts;
+    QDomElement font =
+        project.firstChildElement(ProjectFonts::ListTag).firstChildElement(ProjectFonts::FontTag);
+    for (; !font.isNull(); font = font.nextSiblingElement(ProjectFonts::FontTag))
+        fonts.append(ItemXml::attributesOf(font));
+    setFonts(ProjectFonts::fromAttributes(fonts));
     QVector<CScreenModel *> screens;
     QDomElement element = project.firstChildElement(TypeName::Screen);
     for (; !element.isNull(); element = element.nextSiblingElement(TypeName::Screen)) {
@@ -143,6 +175,7 @@ bool CProjectModel::load(const QDomDocument &document)
 struct CProjectModel::SContent
 {
     ItemAttributes properties;
+    QVector<ItemAttributes> fonts;
     std::vector<std::unique_ptr<CScreenModel>> screens;
 };
 
@@ -164,6 +197,7 @@ bool CProjectModel::loadFromBytes(const QByteArray &xml, QString *error)
     reset();
     for (const ItemAttribute &each : qAsConst(content.properties))
         setProjectProperty(each.name, each.text);
+    setFonts(ProjectFonts::fromAttributes(content.fonts));
     QVector<CScreenModel *> screens;
     for (std::unique_ptr<CScreenModel> &each : content.screens)
         screens.append(each.release());
@@ -188,6 +222,10 @@ QString CProjectModel::read(const QByteArray &xml, SContent &content) const
         }
         const CWidgetLibraryModel *library = libraryOf(platform);
         while (reader.readNextStartElement()) {
+            if (reader.tag() == ProjectFonts::ListTag) {
+                readFonts(reader, content.fonts);
+                continue;
+            }
             if (reader.tag() != TypeName::Screen) {
                 reader.skipCurrentElement();
                 continue;
@@ -208,6 +246,8 @@ QString CProjectModel::savingRefusal(const SContent &content) const
 {
     CSavedSize size;
     size.add(content.properties);
+    for (const ItemAttributes &each : content.fonts)
+        size.add(each);
     for (const std::unique_ptr<CScreenModel> &each : content.screens)
         size.add(*each);
     if (size.isWithinLimits())
@@ -216,6 +256,7 @@ QString CProjectModel::savingRefusal(const SContent &content) const
     writer.startElement(TypeName::Project);
     for (const ItemAttribute &each : content.properties)
         writer.attribute(each.name, each.text);
+    ProjectFonts::write(ProjectFonts::fromAttributes(content.fonts), writer);
     for (const std::unique_ptr<CScreenModel> &each : content.screens)
         ItemXml::write(*each, TypeName::Screen, FolderForm::Relative, writer);
     writer.endElement();

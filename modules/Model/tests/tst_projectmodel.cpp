@@ -193,6 +193,44 @@ private Q_SLOTS:
         QCOMPARE(saved(project), xml);
     }
 
+    void fonts()
+    {
+        const QByteArray list = " <fonts>\n"
+                                "  <font handle=\"0\" name=\"Brand\" file=\"P_Fonts/b.ttf\" "
+                                "size=\"13.5\" bits=\"4\" axes=\"wght=700\" fallback=\"7,1\" "
+                                "extra=\"0-9 , .\"/>\n"
+                                "  <font handle=\"7\" name=\"\" file=\"/f.otf\" size=\"24\" "
+                                "bits=\"8\" axes=\"\" fallback=\"\" extra=\"\"/>\n"
+                                " </fonts>\n";
+        const QByteArray xml = "<Kiv_Project_T platform=\"QX110\">\n" + list +
+                               " <Kiv_Screen_T name=\"P\" color=\"#000000\" "
+                               "screen_bm_ts=\"\"/>\n</Kiv_Project_T>\n";
+        CProjectModel project;
+        QVERIFY(load(project, xml));
+        QCOMPARE(saved(project), xml);
+        QDomDocument document;
+        project.save(document);
+        CProjectModel byDocument;
+        QVERIFY(byDocument.load(document));
+        QCOMPARE(saved(byDocument), xml);
+
+        QStringList given;
+        CScreenModel *screen = project.screen(0);
+        for (int i = 0; i < screen->propertyCount(); ++i) {
+            if (qstrcmp(screen->property(i)->name(), "fonts") == 0)
+                given.append(screen->property(i)->valueText());
+        }
+        QCOMPARE(given, QStringList("0\tBrand\tP_Fonts/b.ttf\t13.5\t4\twght=700\t7,1\t0-9 , .\n"
+                                    "7\t\t/f.otf\t24\t8\t\t\t"));
+
+        // Nothing of what somebody has written by hand is lost, as far as it can be meant.
+        QVERIFY(load(project, "<Kiv_Project_T><fonts><font handle='99' size='1e9' bits='3'/>"
+                              "<font handle='0' size='nan' fallback='0,x,16,-1,2'/>"
+                              "<font handle='0' name='a&#9;b'/><odd/></fonts></Kiv_Project_T>"));
+        QCOMPARE(ProjectFonts::rendererText(project.fonts()),
+                 QString("0\t\t\t24\t8\t\t0,2\t\n1\t\t\t256\t8\t\t\t\n2\ta b\t\t24\t8\t\t\t"));
+    }
+
     void refusedDocuments()
     {
         CProjectModel project;

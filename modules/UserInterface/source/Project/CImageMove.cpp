@@ -65,6 +65,7 @@ CImageMove::CImageMove(CProjectModel *project, const QString &workingDirectory,
       m_oldName(project->propertyText(PropertyKey::ProjectName)),
       m_oldDirectory(project->workingDirectory()),
       m_oldPlaces(project->imagePlaces()),
+      m_oldFonts(project->fonts()),
       m_copies(m_to)
 {
     planConverted();
@@ -89,7 +90,8 @@ void CImageMove::planConverted()
         planFolder(each, allFilesBelow(each), m_converted);
 }
 
-/// Sources and media anywhere else in the project's folder, of which only what is used goes along.
+/// Sources, media and fonts anywhere else in the project's folder, of which only what is used goes
+/// along.
 void CImageMove::planOthers()
 {
     QMap<QString, QStringList> folders;
@@ -100,13 +102,17 @@ void CImageMove::planOthers()
     }
     for (const QString &text : m_oldPlaces.files()) {
         const QFileInfo file(absolute(text));
-        if (isInside(file.filePath()) && FileNames::isImage(file.fileName()))
+        const bool isKnown =
+            FileNames::isImage(file.fileName()) || FileNames::isFont(file.fileName());
+        if (isInside(file.filePath()) && isKnown)
             folders[parentOf(file.filePath())].append(file.fileName());
     }
     for (auto each = folders.begin(); each != folders.end(); ++each) {
         each.value().removeDuplicates();
+        const bool isFonts = each.key() == below(m_from, FileNames::fonts(m_oldName));
+        const QString place = isFonts ? FileNames::fonts(m_name) : each.key().mid(m_from.size());
         if (moved(each.key()).isEmpty())
-            planFolder(each.key(), each.value(), below(m_to, each.key().mid(m_from.size())));
+            planFolder(each.key(), each.value(), below(m_to, place));
     }
 }
 
@@ -193,6 +199,7 @@ void CImageMove::apply()
     CImagePlaces places = m_oldPlaces;
     places.move(m_texts);
     m_project->setImagePlaces(places);
+    m_project->setFonts(m_oldFonts);
     for (int row = 0; row < m_project->screenCount(); ++row)
         update(CItemModel::fromItem(m_project->item(row)));
 }
@@ -220,5 +227,6 @@ void CImageMove::takeBack()
     for (const SText &each : qAsConst(m_oldTexts))
         each.item->setProperty(each.key, each.text);
     m_project->setImagePlaces(m_oldPlaces);
+    m_project->setFonts(m_oldFonts);
     m_copies.takeBack();
 }

@@ -2,6 +2,7 @@
 
 #include "CFileCopies.h"
 #include "CImagePlaces.h"
+#include "ProjectFonts.h"
 
 #include <QHash>
 #include <QSet>
@@ -11,11 +12,11 @@
 class CItemModel;
 class CProjectModel;
 
-/// Takes the images of a project along to another folder or name: all files that items of the
-/// project, those that an undo would bring back, and values in commands refer to, as far as they
-/// lie in the project's folder. They are copied to the same places below the new folder; the folder
-/// of converted images becomes the one of the new name. No file of another content is replaced: the
-/// folder that meets one goes to a subfolder of the converted images instead.
+/// Takes the images and fonts of a project along to another folder or name: all files that it,
+/// items of it, those that an undo would bring back, and values in commands refer to, as far as
+/// they lie in the project's folder. They are copied to the same places below the new folder; the
+/// folder of converted images becomes the one of the new name. No file of another content is
+/// replaced: the folder that meets one goes to a subfolder of the converted images instead.
 class CImageMove
 {
 public:
@@ -56,6 +57,7 @@ private:
     const QString m_oldName;
     const QString m_oldDirectory;
     const CImagePlaces m_oldPlaces;
+    const ProjectFontList m_oldFonts;
     CFileCopies m_copies;
     QHash<QString, QString> m_folders; ///< from where to where, absolute
     QHash<QString, QString> m_texts;   ///< what items say, old and new
