@@ -7,9 +7,9 @@
 class CItemModel;
 
 /// By which texts the items of a project have called the folders and files of their images since it
-/// was opened, and the project those of its fonts, and what is called otherwise since the project went to another folder or name.
-/// Commands and removed items keep the texts of their time; nobody changes them there, they are
-/// brought up to date when they come back.
+/// was opened, and the project those of its fonts, and what is called otherwise since the project
+/// went to another folder or name. Commands and removed items keep the texts of their time; nobody
+/// changes them there, they are brought up to date when they come back.
 class CImagePlaces
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     const QSet<QString> &folders() const { return m_folders; } ///< texts of "bfolder"
     const QSet<QString> &files() const { return m_files; } ///< texts of "filename", and of fonts
-    const QSet<QString> &names() const { return m_names; }     ///< texts of "basename"
+    const QSet<QString> &names() const { return m_names; } ///< texts of "basename"
 
     static bool isPlace(const QString &key); ///< whether values of the property name a place
     /// What is meant today by a folder or file of former times.

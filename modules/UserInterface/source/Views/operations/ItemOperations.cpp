@@ -282,9 +282,9 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     std::optional<SItemElement> copied = ScreenDocuments::copiedItems(xml, &reason);
     const auto refuse = [problem](const QString &why) {
         if (problem)
-            *problem =
-                QCoreApplication::translate("CSelectionCommands", "What was copied cannot be pasted: %1")
-                    .arg(why);
+            *problem = QCoreApplication::translate("CSelectionCommands",
+                                                   "What was copied cannot be pasted: %1")
+                           .arg(why);
         return Items();
     };
     if (!copied)
@@ -303,8 +303,9 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     unlockMembers(*holding);
     screen.project()->assignFreshIds(holding.get());
     const int count = holding->rowCount();
-    reason = count == 0 ? QCoreApplication::translate("CSelectionCommands", "There is no widget in it.")
-                        : ScreenDocuments::savingRefusal(*holding);
+    reason = count == 0
+                 ? QCoreApplication::translate("CSelectionCommands", "There is no widget in it.")
+                 : ScreenDocuments::savingRefusal(*holding);
     if (!reason.isEmpty()) {
         images.takeBack();
         return refuse(reason);
