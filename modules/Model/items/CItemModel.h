@@ -6,7 +6,6 @@
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
 
-#include <QRectF>
 #include <QStandardItem>
 
 class CProjectModel;
@@ -95,9 +94,6 @@ public:
     bool hasPointList() const { return m_geometry.hasPointList; }
     bool isHeightFromFont() const { return m_geometry.heightFromFont; }
     const ItemGeometry &geometry() const { return m_geometry; }
-    /// What the item covers, unrotated. Items with "radius" or "point_size" lie about their
-    /// position, others to its right and below; a group covers its members.
-    QRectF bounds() const;
 
     // For gestures: set the size or angle and write it back, rounded to whole numbers, into the
     // property that defines it in the item's mode.

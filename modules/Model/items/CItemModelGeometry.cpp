@@ -52,8 +52,6 @@ Derived derivedFrom(const QString &name)
     return table.value(name, Derived::Nothing);
 }
 
-constexpr double PixelsOfPointSize = 0.0625;
-
 double numberOf(const QVariant &value)
 {
     const double number = value.toDouble();
@@ -115,7 +113,7 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
         break;
     case Derived::PointSize:
         m_geometry.mode = GeometryMode::PointSize;
-        setRadius(std::abs(numberOf(value) * PixelsOfPointSize));
+        setRadius(std::abs(numberOf(value) / ItemGeometry::PointSizeOfPixel));
         break;
     case Derived::Angle:
         setAngle(numberOf(value));
@@ -140,29 +138,6 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
         emitDataChanged(); // views show a lock
         break;
     }
-}
-
-QRectF CItemModel::bounds() const
-{
-    QRectF rect(x(), y(), width(), height());
-    if (m_kind == Kind::Group) {
-        bool isFirst = true; // empty members count by their position
-        for (int row = 0; row < rowCount(); ++row) {
-            const CItemModel *member = childItem(row);
-            if (!member)
-                continue;
-            const QRectF part = member->bounds();
-            if (isFirst)
-                rect = part;
-            isFirst = false;
-            rect.setCoords(std::min(rect.left(), part.left()), std::min(rect.top(), part.top()),
-                           std::max(rect.right(), part.right()),
-                           std::max(rect.bottom(), part.bottom()));
-        }
-    } else if (hasProperty(PropertyKey::Radius) || hasProperty(PropertyKey::PointSize)) {
-        rect.moveTo(x() - width() / 2, y() - height() / 2);
-    }
-    return rect.normalized();
 }
 
 void CItemModel::setRadius(double radius)
@@ -192,9 +167,10 @@ void CItemModel::setRoundSize(double size)
         m_geometry.radius = std::abs(double(roundedToInteger(size * 0.5)));
         writeBack(PropertyKey::Radius, wholeNumberText(m_geometry.radius), Notify::No);
     } else {
-        m_geometry.radius = std::abs(double(roundedToInteger(size * 8)) * PixelsOfPointSize);
-        writeBack(PropertyKey::PointSize, wholeNumberText(m_geometry.radius / PixelsOfPointSize),
-                  Notify::No);
+        m_geometry.radius =
+            std::abs(double(roundedToInteger(size * 8)) / ItemGeometry::PointSizeOfPixel);
+        writeBack(PropertyKey::PointSize,
+                  wholeNumberText(m_geometry.radius * ItemGeometry::PointSizeOfPixel), Notify::No);
     }
     m_geometry.width = size; // the write-back has put the rounded size there
     m_geometry.height = size;

@@ -3,7 +3,6 @@
 #include "CItemModel.h"
 #include "PointList.h"
 #include "PropertyKey.h"
-#include "RomFonts.h"
 
 #include <QLineF>
 #include <QPolygonF>
@@ -17,7 +16,6 @@ const QString ThicknessKey = QStringLiteral("thickness");
 const QString BorderKey = QStringLiteral("border");
 const QString HeadKey = QStringLiteral("head");
 
-constexpr int HeightOfUnknownFont = 49;
 constexpr double WidthOfHead = 0.6; // to each side, of the head's length
 constexpr double LeastHead = 2;
 
@@ -66,14 +64,6 @@ SItemOutline outlineOfPoints(const CItemModel &item)
     return {box.adjusted(-side, -side, side, side), 0};
 }
 
-/// Starts above the position, as such kinds are drawn.
-SItemOutline outlineOfFontHigh(const CItemModel &item)
-{
-    const int known = romfonts::height(item.fontHandle());
-    const int height = known > 0 ? known : HeightOfUnknownFont;
-    return {QRectF(item.x(), item.y() - 10 * height / 32, item.width(), 20 * height / 16), 0};
-}
-
 } // namespace
 
 SItemOutline itemOutline(const CItemModel &item)
@@ -82,9 +72,10 @@ SItemOutline itemOutline(const CItemModel &item)
         return outlineOfPoints(item);
     if (item.geometryMode() == GeometryMode::TwoCorners)
         return outlineOfLine(item);
-    if (item.isHeightFromFont())
-        return outlineOfFontHigh(item);
+    if (!ItemGeometry::hasSize(item)) // its frame is only there to be taken hold of
+        return {QRectF(item.x(), item.y(), 0, 0), 0};
     // The angle of round kinds turns what they show, and no box.
-    const bool isTurned = item.hasAngle() && item.geometryMode() == GeometryMode::Box;
-    return {item.bounds(), isTurned ? item.angle() : 0};
+    const bool isTurned =
+        item.hasAngle() && !item.isHeightFromFont() && item.geometryMode() == GeometryMode::Box;
+    return {ItemGeometry::frameOf(item), isTurned ? item.angle() : 0};
 }

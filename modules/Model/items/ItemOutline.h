@@ -11,6 +11,7 @@ struct SItemOutline
     double turn = 0;
 };
 
-/// What an item covers on the screen, as its kind is drawn: strokes with their thickness, lines and
-/// arrows along their direction, the height that a font gives. Empty when the item has no extent.
+/// What is seen of an item on its screen, as its kind is drawn: its frame (see ItemGeometry) as it
+/// is turned, strokes with their thickness, lines and arrows along their direction. Empty when the
+/// item has no extent.
 SItemOutline itemOutline(const CItemModel &item);

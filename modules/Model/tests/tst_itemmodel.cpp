@@ -104,8 +104,8 @@ private Q_SLOTS:
              {QVariant("wide"), QVariant(qQNaN()), QVariant(qInf()), QVariant()}) {
             for (const QString &key : {PropertyKey::X, PropertyKey::Width, PropertyKey::Height}) {
                 box->setProperty(key, none);
-                QVERIFY(box->bounds().width() == 0 || key != PropertyKey::Width);
-                QVERIFY(qIsFinite(box->x()) && qIsFinite(box->bounds().bottom()));
+                QVERIFY(ItemGeometry::frameOf(*box).width() == 0 || key != PropertyKey::Width);
+                QVERIFY(qIsFinite(box->x()) && qIsFinite(ItemGeometry::frameOf(*box).bottom()));
             }
         }
         box->setProperty(PropertyKey::Id, -5);
@@ -234,8 +234,14 @@ private Q_SLOTS:
     {
         auto *box = newWidget(*m_project, "Test_Box_T");       // (10, 20) 40 x 30
         auto *circle = newWidget(*m_project, "Test_Circle_T"); // about (0, 0), 40 x 40
-        QCOMPARE(circle->bounds(), QRectF(-20, -20, 40, 40));
-        QCOMPARE(add(newGroup(*m_project, {box, circle}))->bounds(), QRectF(-20, -20, 70, 70));
+        QCOMPARE(ItemGeometry::frameOf(*circle), QRectF(-20, -20, 40, 40));
+        const CItemModel *group = add(newGroup(*m_project, {box, circle}));
+        QCOMPARE(ItemGeometry::frameOf(*group), QRectF(-20, -20, 70, 70));
+        CWidgetModel text("Kiv_Text_T", nullptr, nullptr); // of a kind without a size
+        QCOMPARE(ItemGeometry::frameOf(text), QRectF(0, 0, 15, 15));
+        text.setProperty(PropertyKey::Font, 16); // 4 pixels a character
+        text.setProperty("text", "ten chars.");
+        QCOMPARE(ItemGeometry::frameOf(text), QRectF(0, 0, 40, 8));
     }
 
     void rendererSeesEverything()

@@ -63,7 +63,7 @@ private Q_SLOTS:
                 const std::unique_ptr<CItemModel> copy(project.screen(row)->clone());
                 QVERIFY2(describe(*copy) == describe(*project.screen(row)),
                          qPrintable(QStringLiteral("seed %1").arg(seed)));
-                (void)copy->bounds();
+                (void)ItemGeometry::frameOf(*copy);
             }
             (void)project.unusedId();
         }

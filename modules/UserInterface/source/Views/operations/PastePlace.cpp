@@ -70,12 +70,10 @@ QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel
                           const QSize &from)
 {
     const QRectF page(QPointF(), QSizeF(screen.project()->resolution()));
-    QRectF box;
+    const QRectF box = ItemGeometry::frameOf(items);
     QVector<Content> pasted;
-    for (const CItemModel *each : items) {
-        box = box.isNull() ? each->bounds() : box.united(each->bounds());
+    for (const CItemModel *each : items)
         pasted.append(contentOf(*each));
-    }
     QPoint base;
     if (from.isEmpty() || from.width() > page.width() || from.height() > page.height())
         base = QPointF(std::floor(inward(box.left(), box.right(), page.width())),

@@ -53,7 +53,7 @@ double liveValue(const CItemModel &item, const QString &key)
     if (key == PropertyKey::Radius)
         return item.radius();
     if (key == PropertyKey::PointSize)
-        return item.radius() * 16;
+        return item.radius() * ItemGeometry::PointSizeOfPixel;
     return item.angle();
 }
 

@@ -1,13 +1,12 @@
 #include "CScreenCompositeView.h"
 
 #include "CEmulatorAdapter.h"
-#include "CItemModel.h"
-#include "CItemView.h"
 #include "CProjectModel.h"
 #include "CRuler.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "ItemGeometry.h"
 
 #include <QGridLayout>
 
@@ -113,11 +112,7 @@ void CScreenCompositeView::updateRulers()
 
 void CScreenCompositeView::updateExtent()
 {
-    QRectF extent;
-    for (const CItemModel *item : m_view->selectedItems()) {
-        const CItemView *itemView = m_view->screenScene()->viewOf(item);
-        extent = extent.united(itemView->sceneRect());
-    }
+    const QRectF extent = ItemGeometry::frameOf(m_view->selectedItems());
     m_horizontalRuler->setExtent(extent.left(), extent.right());
     m_verticalRuler->setExtent(extent.top(), extent.bottom());
 }

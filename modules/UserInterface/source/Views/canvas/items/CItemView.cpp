@@ -9,6 +9,7 @@
 #include "CRotationOutline.h"
 #include "CanvasRoles.h"
 #include "ICanvas.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 #include <QGraphicsView>
@@ -17,22 +18,7 @@
 #include <algorithm>
 
 namespace {
-constexpr double SizeOfSizeless = 15; ///< scene units, of items without a size of their own
-constexpr double ThinFrame = 8;       ///< scene units; thinner frames are hard to hit
-
-bool hasOwnSize(const CItemModel &item)
-{
-    const auto keys = {PropertyKey::Width, PropertyKey::Height, PropertyKey::Radius,
-                       PropertyKey::PointSize, PropertyKey::X2};
-    return item.kind() == CItemModel::Kind::Group ||
-           std::any_of(keys.begin(), keys.end(),
-                       [&item](const QString &key) { return item.hasProperty(key); });
-}
-
-bool isCentred(const CItemModel &item)
-{
-    return item.hasProperty(PropertyKey::Radius) || item.hasProperty(PropertyKey::PointSize);
-}
+constexpr double ThinFrame = 8; ///< scene units; thinner frames are hard to hit
 
 bool isSizeKey(const QString &key)
 {
@@ -48,23 +34,12 @@ CItemView::CItemView(CItemModel *item, const ICanvas &canvas) : m_item(item), m_
 {
     setData(CanvasRole::RoleKey, CanvasRole::ItemView);
     setData(CanvasRole::HighlightKey, 0);
-    m_frame = CItemView::frameOfItem();
+    m_frame = ItemGeometry::ownFrameOf(*item);
     updatePosition();
     updateFlags();
 }
 
 CItemView::~CItemView() = default;
-
-QRectF CItemView::frameOfItem() const
-{
-    if (!hasOwnSize(*m_item))
-        return {0, 0, SizeOfSizeless, SizeOfSizeless};
-    if (m_item->kind() == CItemModel::Kind::Group)
-        return m_item->bounds().translated(-m_item->x(), -m_item->y());
-    const QSizeF size(m_item->width(), m_item->height());
-    return isCentred(*m_item) ? QRectF(QPointF(-size.width() / 2, -size.height() / 2), size)
-                              : QRectF(QPointF(), size);
-}
 
 /// The frame, thick enough to be hit.
 QRectF CItemView::hitRect() const
@@ -207,7 +182,7 @@ void CItemView::updatePosition()
 
 void CItemView::updateBounds()
 {
-    const QRectF frame = frameOfItem();
+    const QRectF frame = ItemGeometry::ownFrameOf(*m_item);
     const double angle = m_item->hasAngle() ? m_item->angle() : 0.0;
     if (frame != m_frame || m_item->kind() == CItemModel::Kind::Group || // turned members
         angle != m_angle) {

@@ -38,8 +38,7 @@ public:
     bool collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
-    /// The rectangle of the model item about its position, unrotated. Its width and height are
-    /// negative where the second of two points lies before the first.
+    /// The item's frame as the view was last told; see ItemGeometry::ownFrameOf().
     QRectF frameRect() const { return m_frame; }
     /// What others snap to: the frame where it lies on the screen.
     QRectF sceneRect() const { return m_frame.normalized().translated(pos()); }
@@ -77,7 +76,6 @@ public:
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform);
 
 protected:
-    virtual QRectF frameOfItem() const;
     /// Where a press takes the item, before it is turned. They may overlap.
     virtual QVector<QPainterPath> hitParts() const;
     QRectF hitRect() const;

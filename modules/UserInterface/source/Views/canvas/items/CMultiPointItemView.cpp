@@ -24,12 +24,6 @@ QVector<QPointF> CMultiPointItemView::points() const
     return PointList::ofItem(*item());
 }
 
-QRectF CMultiPointItemView::frameOfItem() const
-{
-    const PointList::Points points = PointList::ofItem(*item());
-    return points.size() < 2 ? CItemView::frameOfItem() : QPolygonF(points).boundingRect();
-}
-
 /// The line that is drawn, and what a closed one holds; the rest of the frame is not the item's.
 QVector<QPainterPath> CMultiPointItemView::hitParts() const
 {

@@ -22,7 +22,6 @@ public:
     void removePoint(int index);
 
 protected:
-    QRectF frameOfItem() const override;
     QVector<QPainterPath> hitParts() const override;
     void makeHandles() override;
     void updateHandles() override;

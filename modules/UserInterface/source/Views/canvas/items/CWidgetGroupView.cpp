@@ -3,9 +3,6 @@
 #include "CItemModel.h"
 #include "ICanvas.h"
 
-#include <algorithm>
-#include <utility>
-
 namespace {
 template<class Visit>
 void visitMembers(const CItemView &group, const Visit &visit)
@@ -58,23 +55,4 @@ bool CWidgetGroupView::collidesWithPath(const QPainterPath &path, Qt::ItemSelect
                       member.collidesWithPath(path.translated(-by), mode));
     });
     return any;
-}
-
-/// From the views of the members: what points and fonts add to an item, its model does not know.
-QRectF CWidgetGroupView::frameOfItem() const
-{
-    QRectF frame;
-    bool isFirst = true; // members without an area count by their place
-    for (int row = 0; row < item()->rowCount(); ++row) {
-        const CItemView *member = canvas().viewOf(item()->childItem(row));
-        if (!member)
-            continue;
-        const QRectF its = member->sceneRect();
-        if (std::exchange(isFirst, false))
-            frame = its;
-        frame.setCoords(std::min(frame.left(), its.left()), std::min(frame.top(), its.top()),
-                        std::max(frame.right(), its.right()),
-                        std::max(frame.bottom(), its.bottom()));
-    }
-    return isFirst ? CItemView::frameOfItem() : frame.translated(-pos());
 }

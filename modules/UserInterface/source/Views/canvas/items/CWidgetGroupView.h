@@ -15,7 +15,4 @@ public:
     QPainterPath shape() const override;
     bool contains(const QPointF &point) const override;
     bool collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const override;
-
-protected:
-    QRectF frameOfItem() const override;
 };

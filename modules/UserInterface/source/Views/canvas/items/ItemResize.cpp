@@ -4,8 +4,6 @@
 #include "PropertyKey.h"
 
 namespace {
-constexpr double PointSizesOfRadius = 16;
-
 void setWhole(CItemModel &item, const QString &key, double value)
 {
     if (item.hasProperty(key))
@@ -40,7 +38,7 @@ bool ItemResize::isResizable(const CItemModel &item)
 
 ResizeKind ItemResize::kindOf(const CItemModel &item)
 {
-    if (item.hasProperty(PropertyKey::Radius) || item.hasProperty(PropertyKey::PointSize))
+    if (ItemGeometry::isCentred(item))
         return ResizeKind::Circular;
     return item.isHeightFromFont() ? ResizeKind::WidthOnly : ResizeKind::Box;
 }
@@ -52,7 +50,7 @@ SizeLimits ItemResize::limitsOf(const CItemModel &item)
     double most = limits.maximum.width();
     takeLimits(item, PropertyKey::Width, 1, least, most);
     takeLimits(item, PropertyKey::Radius, 0.5, least, most);
-    takeLimits(item, PropertyKey::PointSize, PointSizesOfRadius / 2, least, most);
+    takeLimits(item, PropertyKey::PointSize, ItemGeometry::PointSizeOfPixel / 2, least, most);
     limits.minimum.setWidth(least);
     limits.maximum.setWidth(most);
     least = limits.minimum.height();
@@ -78,7 +76,7 @@ void ItemResize::apply(CItemModel &item, const CResizeRule::Geometry &geometry)
     if (kindOf(item) == ResizeKind::Circular) {
         const double radius = geometry.size.width() / 2;
         setWhole(item, PropertyKey::Radius, radius);
-        setWhole(item, PropertyKey::PointSize, radius * PointSizesOfRadius);
+        setWhole(item, PropertyKey::PointSize, radius * ItemGeometry::PointSizeOfPixel);
     } else {
         setWhole(item, PropertyKey::Width, geometry.size.width());
         if (!item.isHeightFromFont())

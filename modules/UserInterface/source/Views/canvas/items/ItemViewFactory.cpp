@@ -5,6 +5,7 @@
 #include "CMultiPointItemView.h"
 #include "CTextItemView.h"
 #include "CWidgetGroupView.h"
+#include "ItemText.h"
 
 CItemView *ItemViewFactory::create(CItemModel *item, const ICanvas &canvas)
 {
@@ -14,9 +15,7 @@ CItemView *ItemViewFactory::create(CItemModel *item, const ICanvas &canvas)
         return new CMultiPointItemView(item, canvas);
     if (item->isHeightFromFont())
         return new CHeightFromFontItemView(item, canvas);
-    if (item->itemTypeName() == QLatin1String("Kiv_Text_T"))
-        return new CTextItemView(item, canvas, CTextItemView::Mode::Text);
-    if (item->itemTypeName() == QLatin1String("Kiv_Number_T"))
-        return new CTextItemView(item, canvas, CTextItemView::Mode::Number);
+    if (!ItemText::keyOf(*item).isEmpty())
+        return new CTextItemView(item, canvas);
     return new CItemView(item, canvas);
 }

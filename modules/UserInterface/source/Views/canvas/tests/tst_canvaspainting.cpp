@@ -210,6 +210,7 @@ private Q_SLOTS:
         CItemModel *other = appendBox(canvas.screen, 300, 10, 10, 10);
         canvas.show();
         QCOMPARE(canvas.viewOf(item)->sceneRect(), expected);
+        QCOMPARE(ItemGeometry::frameOf(*item), expected);
         canvas.select({item, other});
         canvas.view->group();
         const CItemView *group = canvas.viewOf(canvas.screen->childItem(0));

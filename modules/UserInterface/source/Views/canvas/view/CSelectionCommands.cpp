@@ -2,7 +2,6 @@
 
 #include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
-#include "CItemView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
@@ -132,15 +131,9 @@ void CSelectionCommands::backward()
 void CSelectionCommands::group()
 {
     const QVector<CItemModel *> items = selectedItems();
-    QPoint corner; // of all that they cover
-    for (const CItemModel *each : items) {
-        const QPointF its = m_scene->viewOf(each)->sceneRect().topLeft();
-        const QPoint whole(static_cast<int>(std::floor(its.x())),
-                           static_cast<int>(std::floor(its.y())));
-        corner = each == items.constFirst()
-                     ? whole
-                     : QPoint(std::min(corner.x(), whole.x()), std::min(corner.y(), whole.y()));
-    }
+    const QPointF first = ItemGeometry::frameOf(items).topLeft();
+    const QPoint corner(static_cast<int>(std::floor(first.x())),
+                        static_cast<int>(std::floor(first.y())));
     if (CItemModel *made = ItemOperations::group(*screen(), items, corner))
         m_scene->chooseModelItems({made});
 }
