@@ -51,16 +51,21 @@ using EmuFrameCallback = int (*)(bool output, const argb8888 *buffer, uint32_t h
 using EmuDisplayListCallback = int (*)(const char *dlTextBuffer, const unsigned char *dlBinBuffer,
                                        int dlBinSize, size_t RAM_G_Usage, char *errorMessages);
 
-/// One bitmap or picture that lies in graphics memory, as the chip reads it.
+/// Format of an asset that is no bitmap but the font block that FONT names. Its width is the number
+/// of its glyphs, its height 1. Its stride stands for how the glyphs are turned: 0 is upright, and
+/// a font's blocks with the same number may be put together.
+#define EMU_ASSET_FONT 0x10000U
+
+/// One bitmap, picture or font that lies in graphics memory, as the chip reads it.
 struct EmuAsset
 {
     const char *file; ///< what it was read from, in the local 8-bit encoding; zero-terminated
-    uint32_t format;  ///< code of the bitmap format, as in the display list
+    uint32_t format;  ///< code of the bitmap format, as in the display list; or EMU_ASSET_FONT
     uint32_t width;   ///< texels
     uint32_t height;  ///< texels
     uint32_t stride;  ///< bytes from row to row
-    uint32_t address; ///< of the texels
-    uint32_t bytes;   ///< of the texels
+    uint32_t address; ///< of the texels, or of the font block
+    uint32_t bytes;   ///< of the same
     uint32_t paletteAddress; ///< 0 for formats without a palette, as the next
     uint32_t paletteBytes;
 };

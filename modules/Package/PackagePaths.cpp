@@ -1,5 +1,6 @@
 #include "PackagePaths.h"
 
+#include "QxKivEmuLib.h"
 #include "executor/BitmapFormats.h"
 
 #include <QDir>
@@ -15,6 +16,8 @@ QString fileInPackage(const QString &path, const QString &folder)
 
 QString formatInPackage(uint32_t code)
 {
+    if (code == EMU_ASSET_FONT)
+        return QStringLiteral("FONT");
     const char *name = kivemu::bitmapFormatName(code);
     return name ? QString::fromLatin1(name) : QString::number(code);
 }

@@ -24,9 +24,8 @@ void tellMemory(const CFrameMaker &maker, EmuMemoryCallback callback)
     std::vector<EmuAsset> assets;
     assets.reserve(placed.size());
     for (const SPlacedAsset &asset : placed)
-        assets.push_back({asset.file.c_str(), asset.source.format, asset.source.width,
-                          asset.source.height, asset.source.stride, asset.source.address,
-                          asset.bytes, asset.source.palette, asset.paletteBytes});
+        assets.push_back({asset.file.c_str(), asset.format, asset.width, asset.height, asset.stride,
+                          asset.address, asset.bytes, asset.paletteAddress, asset.paletteBytes});
     callback(maker.memory().data(), maker.memory().used(), assets.data(), assets.size());
 }
 

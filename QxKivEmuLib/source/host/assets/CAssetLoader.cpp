@@ -1,10 +1,13 @@
 #include "CAssetLoader.h"
 
 #include "ImageFile.h"
+#include "QxKivEmuLib.h"
+#include "displaylist/FontBlock.h"
 #include "executor/BitmapFormats.h"
 #include "pictures/FileReading.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kivemu {
 
@@ -37,7 +40,7 @@ std::string paletteFile(const std::string &path)
 
 } // namespace
 
-/// One file's contents in a chip's format.
+/// One file's contents in a chip's format, or a font's glyphs.
 struct CAssetLoader::SAsset
 {
     SFileStamp stamp;
@@ -45,6 +48,7 @@ struct CAssetLoader::SAsset
     uint32_t format = 0;
     int width = 0;
     int height = 0;
+    uint32_t stride = 0;
     std::vector<uint8_t> pixels;
     std::vector<uint8_t> palette;
     mutable uint64_t frame = 0; ///< the last one that asked for it
@@ -144,7 +148,7 @@ CDisplayListWriter::SBitmapSource CAssetLoader::sourceOf(const SPlaced &placed)
     const SAsset &asset = *placed.asset;
     return {placed.address,
             asset.format,
-            bitmapStride(asset.format, asset.width),
+            asset.stride,
             static_cast<uint16_t>(asset.width),
             static_cast<uint16_t>(asset.height),
             placed.palette};
@@ -153,11 +157,42 @@ CDisplayListWriter::SBitmapSource CAssetLoader::sourceOf(const SPlaced &placed)
 std::vector<SPlacedAsset> CAssetLoader::placed() const
 {
     std::vector<SPlacedAsset> assets;
-    for (const SPlaced &placed : m_placed)
-        assets.push_back({placed.file, sourceOf(placed),
-                          static_cast<uint32_t>(placed.asset->pixels.size()),
-                          static_cast<uint32_t>(placed.asset->palette.size())});
+    for (const SPlaced &placed : m_placed) {
+        const SAsset &asset = *placed.asset;
+        assets.push_back({placed.file, asset.format, static_cast<uint32_t>(asset.width),
+                          static_cast<uint32_t>(asset.height), asset.stride, placed.address,
+                          static_cast<uint32_t>(asset.pixels.size()), placed.palette,
+                          static_cast<uint32_t>(asset.palette.size())});
+    }
     return assets;
+}
+
+std::optional<uint32_t> CAssetLoader::placeFont(const std::string &file, uint32_t turn,
+                                                std::vector<uint8_t> block)
+{
+    const auto isEqual = [&](const SPlaced &placed) {
+        return placed.asset->format == EMU_ASSET_FONT && placed.asset->stride == turn &&
+               placed.asset->pixels == block;
+    };
+    // Up to m_used it is shared; behind, the frame before had the same block.
+    const auto known = std::find_if(m_placed.begin(), m_placed.end(), isEqual);
+    AssetPtr asset = known == m_placed.end() ? nullptr : known->asset;
+    if (!asset) {
+        std::string fault;
+        const auto font = CFontBlock::find(block.data(), block.size(), 0, fault);
+        auto made = std::make_shared<SAsset>();
+        made->format = EMU_ASSET_FONT;
+        made->width = font ? static_cast<int>(font->glyphCount()) : 0;
+        made->height = 1;
+        made->stride = turn;
+        made->pixels = std::move(block);
+        asset = made;
+    }
+    SLoadedBitmap loaded{};
+    // What is left out counts each time: whoever asks has one block for each font.
+    if (!place("font " + std::to_string(m_refused.size()), file, asset, loaded))
+        return std::nullopt;
+    return loaded.source.address;
 }
 
 void CAssetLoader::keepFirst(size_t count)
@@ -232,6 +267,7 @@ bool CAssetLoader::loadBitmap(std::string_view path, uint32_t format, int width,
         asset->format = format;
         asset->width = width;
         asset->height = height;
+        asset->stride = bitmapStride(format, width);
         problem = readRegularFile(file, size, asset->pixels);
         if (problem.empty() && palette > 0)
             problem = readRegularFile(lut, palette, asset->palette);
@@ -275,6 +311,7 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         asset->format = static_cast<uint32_t>(mono ? EBitmapFormat::L8 : EBitmapFormat::Rgb565);
         asset->width = image.width;
         asset->height = image.height;
+        asset->stride = bitmapStride(asset->format, image.width);
         asset->pixels = std::move(image.pixels);
         known = asset;
     }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -20,13 +21,18 @@ struct SLoadedBitmap
     CDisplayListWriter::SBitmapSource source;
 };
 
-/// One asset of the frame: where it lies, and what it came from.
+/// One asset of the frame: where it lies, and what it came from. As EmuAsset, which see.
 struct SPlacedAsset
 {
     std::string
         file; ///< as the script named it first in the frame, the working directory before it
-    CDisplayListWriter::SBitmapSource source;
-    uint32_t bytes; ///< of the texels
+    uint32_t format;
+    uint32_t width;
+    uint32_t height;
+    uint32_t stride;
+    uint32_t address;
+    uint32_t bytes;
+    uint32_t paletteAddress;
     uint32_t paletteBytes;
 };
 
@@ -51,6 +57,12 @@ public:
                     SLoadedBitmap &bitmap);
     /// A JPEG or PNG file, or the first frame of an AVI file, as RGB565, or L8 when mono.
     bool loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap);
+
+    /// Puts a font block behind what the frame has asked for; an equal one is shared. `file`: the
+    /// font's. `turn` stands for how the glyphs are turned, 0 is upright. Nothing and error() when
+    /// RAM_G is full.
+    std::optional<uint32_t> placeFont(const std::string &file, uint32_t turn,
+                                      std::vector<uint8_t> block);
 
     const std::string &error() const { return m_error; }
     /// What the last load counts as, in the script's units of work: from the file's bytes and the

@@ -1,5 +1,6 @@
 #include "CTestFolder.h"
 #include "SHostRun.h"
+#include "displaylist/FontBlock.h"
 #include "executor/BitmapFormats.h"
 #include "host/assets/CAssetLoader.h"
 
@@ -203,6 +204,35 @@ TEST_F(Assets, fullMemoryGivesBothNumbersAndKeepsWhatFits)
     nextFrame();
     EXPECT_EQ(load("small.raw", L8, 1024, 1), 0);
     EXPECT_EQ(m_loader.bytesNeeded(), 1024U);
+}
+
+TEST_F(Assets, fontsLieBehindTheBitmapsAndEqualOnesOnce)
+{
+    const auto block = [](int advance) {
+        return kivemu::writeFontBlock(8, {{0, 0, 0, 0, advance}, {0, 0, 0, 0, 2}});
+    };
+    m_folder.write("b.raw", Bytes(6, 2));
+    uint64_t generation = 0;
+    for (int frame = 0; frame < 3; ++frame, nextFrame()) {
+        EXPECT_EQ(load("b.raw", L8, 6, 1), 0);
+        EXPECT_EQ(m_loader.placeFont("f.ttf", 7, block(frame / 2)), 8U);
+        EXPECT_EQ(m_loader.placeFont("g.ttf", 0, block(5)), 48U);
+        EXPECT_EQ(m_loader.placeFont("h.ttf", 7, block(frame / 2)), 8U);
+        EXPECT_EQ(m_loader.placeFont("i.ttf", 0, Bytes(256 * 1024)), std::nullopt);
+        EXPECT_EQ(m_loader.error(),
+                  "RAM_G is full: the screen needs 262232 bytes, the chip has 262144");
+        EXPECT_EQ(m_loader.bytesNeeded(), 262232U);
+        EXPECT_EQ(memory()[8 + 8 + 12], frame / 2) << "the first advance";
+        EXPECT_EQ(m_loader.memory().generation() == generation, frame == 1);
+        generation = m_loader.memory().generation();
+    }
+    const std::vector<kivemu::SPlacedAsset> placed = m_loader.placed();
+    ASSERT_EQ(placed.size(), 3U);
+    EXPECT_EQ(placed[1].file, "f.ttf");
+    const kivemu::SPlacedAsset &font = placed[1];
+    EXPECT_EQ((std::vector<uint32_t>{font.format, font.width, font.height, font.stride,
+                                     font.address, font.bytes, font.paletteBytes}),
+              (std::vector<uint32_t>{0x10000, 2, 1, 7, 8, 40, 0}));
 }
 
 TEST_F(Assets, scriptGetsTheBitmapAndTheErrorNamesTheItem)
