@@ -1,16 +1,54 @@
+#include "CAnswers.h"
+#include "CModelIterator.h"
 #include "CProjectModel.h"
+#include "CScreenModel.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetModel.h"
-#include "FrameRecorder.h"
 #include "ItemOutline.h"
+#include "PlatformFilter.h"
 #include "PropertyKey.h"
+#include "TestFiles.h"
 
+#include <QDir>
 #include <QDomDocument>
-#include <QFile>
 #include <QIcon>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTransform>
+
+/// Renders screens through the emulator library and waits for each frame.
+namespace FrameRecorder {
+
+struct Answer
+{
+    QImage frame;
+    QString errors; ///< one message a line
+};
+
+QString programFile(const QString &name)
+{
+    return QDir(qEnvironmentVariable("KIV_BIN_DIR")).filePath(name);
+}
+
+bool start(quint32 chipCode, const QSize &size)
+{
+    CAnswers::instance().registerCallbacks();
+    return Emu_Start(programFile(QStringLiteral("kiv_render.lua")).toLocal8Bit(), chipCode) &&
+           Emu_ConfigScreen(uint32_t(size.width()), uint32_t(size.height()));
+}
+
+Answer render(CScreenModel &screen)
+{
+    CAnswers::instance().clear();
+    CModelIterator iterator(&screen);
+    Emu_RenderObjects(&iterator, nullptr, 1);
+    const SAnswer answer = CAnswers::instance().wait(1).front();
+    const QImage frame(reinterpret_cast<const uchar *>(answer.pixels.data()), int(answer.width),
+                       int(answer.height), int(answer.width) * 4, QImage::Format_RGB32);
+    return {frame.copy(), QString::fromStdString(answer.errors)};
+}
+
+} // namespace FrameRecorder
 
 namespace {
 
@@ -33,11 +71,9 @@ QString describe(const QString &type, const Values &values)
 QDomElement libraryRoot()
 {
     static QDomDocument document;
-    if (document.isNull()) {
-        QFile file(FrameRecorder::programFile(QStringLiteral("widget-library.xml")));
-        if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
-            return {};
-    }
+    if (document.isNull())
+        document.setContent(
+            TestFiles::read(FrameRecorder::programFile(QStringLiteral("widget-library.xml"))));
     return document.documentElement();
 }
 
@@ -212,6 +248,7 @@ private Q_SLOTS:
     void nothingInAFileRaisesAnError();
     void whatIsNotShownIsReported();
     void workedExampleOfTheDocumentation();
+    void examplesAreWhole();
 
 private:
     const CWidgetLibraryModel *library(quint32 chip) const
@@ -399,9 +436,8 @@ void tst_WidgetKinds::whatIsNotShownIsReported()
 
 void tst_WidgetKinds::workedExampleOfTheDocumentation()
 {
-    QFile page(qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/docs/widget-library.md"));
-    QVERIFY(page.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(page.readAll());
+    const QString text = QString::fromUtf8(TestFiles::read(
+        qEnvironmentVariable("KIV_SOURCE_DIR") + QStringLiteral("/docs/widget-library.md")));
     const int start = text.indexOf(QLatin1String("```xml\n")) + 7;
     QDomDocument document;
     QVERIFY(document.setContent(
@@ -421,6 +457,45 @@ void tst_WidgetKinds::workedExampleOfTheDocumentation()
         QVERIFY2(!drawn.isEmpty() || !values.isEmpty(), "draws nothing");
         QVERIFY2(drawn.isEmpty() || allowedBox(stage.widget()).toAlignedRect().contains(drawn),
                  qPrintable(describe(kinds.first(), values)));
+    }
+}
+
+/// The example designs: in the form that is saved, each item in its frame, drawn without a
+/// complaint.
+void tst_WidgetKinds::examplesAreWhole()
+{
+    const std::pair<QString, QString> examples[] = {
+        {"thermostat", "QX110"}, {"ev-charger", "QX112"}, {"coffee-machine", "QX100"}};
+    for (const auto &[name, platform] : examples) {
+        const QString path =
+            FrameRecorder::programFile(QStringLiteral("examples/%1/%1.nyx").arg(name));
+        CProjectModel project;
+        QString error;
+        QVERIFY2(project.loadFromFile(path, &error), qPrintable(error));
+        QCOMPARE(project.platform(), platform);
+        QCOMPARE(project.screenCount(), 3);
+        QCOMPARE(project.saveToBytes(&error, path), TestFiles::read(path));
+        const QRectF frame(QPointF(), project.resolution());
+        QVERIFY(FrameRecorder::start(chipCodeOfPlatform(platform), project.resolution()));
+        QSet<quint32> ids;
+        for (int i = 0; i < project.screenCount(); ++i) {
+            CScreenModel *screen = project.screen(i);
+            CModelIterator walk(screen);
+            for (walk.next(); walk.current(); walk.next()) {
+                const CItemModel &item = *walk.currentItem();
+                if (item.kind() == CItemModel::Kind::Group)
+                    continue;
+                const QRectF box = item.bounds(); // by corners: lines have an empty rectangle
+                QVERIFY2(item.id() > 0 && !ids.contains(item.id()) &&
+                             frame.contains(box.topLeft()) && frame.contains(box.bottomRight()),
+                         qPrintable(screen->name() + QLatin1Char('/') + item.name()));
+                ids.insert(item.id());
+            }
+            const FrameRecorder::Answer answer = FrameRecorder::render(*screen);
+            QVERIFY2(answer.errors.isEmpty(), qPrintable(screen->name() + answer.errors));
+            QCOMPARE(answer.frame.size(), project.resolution());
+            QVERIFY(FrameRecorder::render(*screen).frame == answer.frame);
+        }
     }
 }
 

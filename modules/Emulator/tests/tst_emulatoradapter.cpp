@@ -4,7 +4,9 @@
 #include "CModelIterator.h"
 #include "CPlatformTable.h"
 #include "CProgramData.h"
+#include "TestFiles.h"
 #include "TestProject.h"
+#include "executor/ChipLimits.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -19,11 +21,7 @@ class tst_EmulatorAdapter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QFile script(m_folder.filePath("kiv_render.lua"));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-    }
+    void initTestCase() { TestFiles::write(m_folder.filePath("kiv_render.lua"), ""); }
 
     void init()
     {
@@ -284,6 +282,23 @@ private Q_SLOTS:
             QCOMPARE(CPlatformTable::chipCode(platform), code);
             QCOMPARE(CPlatformTable::ramGBudget(platform), memory);
         }
+        // The table, the emulator and the documentation say the same of a chip.
+        const QByteArray page =
+            TestFiles::read(qEnvironmentVariable("KIV_SOURCE_DIR") + "/docs/chips.md");
+        for (const QString &name : table.platforms()) {
+            const kivemu::SChipLimits chip = kivemu::chipLimits(CPlatformTable::chipCode(name));
+            QCOMPARE(size_t{CPlatformTable::ramGBudget(name)}, chip.ramG);
+            QCOMPARE(size_t{CPlatformTable::ramDlBudget(name)}, chip.ramDl);
+            QCOMPARE(table.largestSize(name).width(), int(chip.maxSide));
+            const QString row = QStringLiteral("| %1 | 0x%2 | %3 | %4 | %5 x %5 | -%5 to %5 |\n")
+                                    .arg(name, name.mid(2))
+                                    .arg(chip.ramG)
+                                    .arg(chip.ramDl)
+                                    .arg(chip.maxSide);
+            QVERIFY2(page.contains(row.toUtf8()), qPrintable(row));
+        }
+        for (const uint32_t unknown : {0U, 0x102U, 0x10FU, 0x114U, 0xFFFFFFFFU})
+            QCOMPARE(kivemu::chipLimits(unknown).ramDl, kivemu::chipLimits(0x100).ramDl);
     }
 
 private:
