@@ -6,23 +6,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <set>
 
 using namespace kivemu;
-
-TEST(CommandTable, everyOpcodeHasOneRowThatIsFoundByOpcodeAndName)
-{
-    std::set<EOpcode> opcodes;
-    std::set<std::string> names;
-    for (const SCommand &command : commandTable()) {
-        EXPECT_TRUE(opcodes.insert(command.opcode).second) << command.name;
-        EXPECT_TRUE(names.insert(command.name).second) << command.name;
-        EXPECT_EQ(findCommand(static_cast<uint8_t>(command.opcode)), &command);
-        EXPECT_EQ(findCommand(command.name), &command);
-    }
-    EXPECT_EQ(findCommand(uint8_t{0x0A}), nullptr);
-    EXPECT_EQ(findCommand("NOTHING"), nullptr);
-}
 
 TEST(CommandTable, listLengthCutsAtTheFirstEndThatIsACommand)
 {

@@ -57,19 +57,6 @@ protected:
 
 } // namespace
 
-TEST_F(Assets, bitmapLiesInTheMemoryAsItIsInTheFile)
-{
-    const Bytes pixels = {1, 2, 3, 4, 5, 6};
-    m_folder.write("a.raw", pixels);
-    kivemu::SLoadedBitmap bitmap{};
-    ASSERT_TRUE(m_loader.loadBitmap("a.raw", L8, 3, 2, bitmap)) << m_loader.error();
-    EXPECT_EQ(memory(), pixels);
-    EXPECT_EQ(bitmap.source.address, 0U);
-    EXPECT_EQ(bitmap.source.stride, 3U);
-    EXPECT_EQ(bitmap.source.width, 3);
-    EXPECT_EQ(bitmap.source.height, 2);
-}
-
 TEST_F(Assets, paletteLiesBesideAndBehind)
 {
     m_folder.write("p.raw", Bytes{0, 1, 1, 0});

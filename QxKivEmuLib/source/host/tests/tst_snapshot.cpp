@@ -50,31 +50,6 @@ std::string described(const kivemu::CSnapshot &snapshot, size_t item)
 
 } // namespace
 
-TEST(Snapshot, holdsTheWalkInItsOrder)
-{
-    CTestModel model;
-    model.add("disc(1, 1, 1)").set("label", "a;b").set("minus", -5);
-    model.add("", "Widget_Group_T").properties.clear();
-    model.add("", "Kiv_Other_T").id = "x7";
-    CTestIterator iterator(model);
-    kivemu::CSnapshot snapshot;
-    snapshot.take(&iterator);
-    EXPECT_EQ(snapshot.problem(), "");
-    ASSERT_EQ(snapshot.itemCount(), 3U);
-    EXPECT_EQ(described(snapshot, 0), "Kiv_Test_T 1: x_coordinate=10 y_coordinate=20 width=20 "
-                                      "height=10 label='a;b' minus=-5");
-    EXPECT_EQ(described(snapshot, 1), "Widget_Group_T 2:");
-    EXPECT_EQ(snapshot.kind(0), kivemu::CSnapshot::EKind::Widget);
-    EXPECT_EQ(snapshot.kind(1), kivemu::CSnapshot::EKind::Group);
-    EXPECT_EQ(snapshot.kind(2), kivemu::CSnapshot::EKind::Unknown);
-    EXPECT_EQ(snapshot.id(0), 1U);
-    EXPECT_EQ(snapshot.id(2), 0U) << "no number";
-    EXPECT_EQ(snapshot.screenText("color"), "#102030");
-    EXPECT_EQ(snapshot.screenText("nothing"), "");
-    EXPECT_EQ(snapshot.findItem(2).value_or(99), 1U);
-    EXPECT_FALSE(snapshot.findItem(3));
-}
-
 TEST(Snapshot, keepsNothingOfTheModelOrOfTheWalkBefore)
 {
     kivemu::CSnapshot snapshot;
