@@ -3,7 +3,6 @@
 #include "CFakeEmulator.h"
 #include "CModelIterator.h"
 #include "CPlatformTable.h"
-#include "CProgramData.h"
 #include "TestFiles.h"
 #include "TestProject.h"
 #include "executor/ChipLimits.h"
@@ -247,14 +246,6 @@ private Q_SLOTS:
         m_log.clear();
         session.close();
         QCOMPARE(m_log, QStringList("emu stop"));
-    }
-
-    void tellsMissingProgramData()
-    {
-        const QTemporaryDir empty;
-        const CProgramData data(empty.path());
-        QVERIFY(data.registerEmulator().contains(empty.filePath("kiv_render.lua")));
-        QVERIFY(data.loadWidgetLibrary().contains("widget-library.xml"));
     }
 
     void platforms()

@@ -23,7 +23,6 @@ class tst_ImageFileConverter : public QObject
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void optionsAsFileNames();
     void successNeedsItsOutput();
     void quantisedFileUnderAnotherName();
     void rawFilesAreCopied();
@@ -117,18 +116,6 @@ std::optional<SConvertedImage> tst_ImageFileConverter::converted(const QString &
     connect(&converter, &CImageFileConverter::failed,
             [](const QString &text) { qWarning() << text; });
     return converter.convertedImage(photo, format);
-}
-
-void tst_ImageFileConverter::optionsAsFileNames()
-{
-    // Not all tools take the word behind "-i" or "-f" for a file whatever it looks like.
-    addRecorder("bmpconv/bmpconv.exe", "echo x > ./-f_L8.raw");
-    addRecorder("Palette/pngquant.exe", "exit 1");
-    const QString photo = makeImage("-f.png");
-    QVERIFY(CImageFileConverter().convert(photo, "L8"));
-    QCOMPARE(calls().value(1), QString("./-f.png"));
-    QVERIFY(!CImageFileConverter().convert(photo, "PALETTED"));
-    QCOMPARE(calls().value(7), QString("./-f.png"));
 }
 
 void tst_ImageFileConverter::successNeedsItsOutput()
