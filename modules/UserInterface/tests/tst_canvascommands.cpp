@@ -1,5 +1,7 @@
 // The commands of the menus on a real project with a real emulator: each does to the shown page
 // what its name says, is one undo step, and does nothing harmful when there is nothing to do it to.
+#include "CCommandChangeItemProperty.h"
+#include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
@@ -152,7 +154,7 @@ private Q_SLOTS:
             for (int row = 0; row < project->screenCount(); ++row)
                 collect(*project->screen(row), all);
             const auto any = [&] { return all.at(int(random.bounded(uint(all.size())))); };
-            const quint32 what = all.isEmpty() ? 9 : random.bounded(10U);
+            const quint32 what = all.isEmpty() ? 99 : random.bounded(14U);
             if (what < 2) {
                 m_explorer->expandAll();
                 Q_EMIT m_explorer->clicked(any()->index());
@@ -167,6 +169,12 @@ private Q_SLOTS:
                     each->setSelected(random.bounded(2U) && !each->item()->isGrouped());
             } else if (what == 5 && m_screens->currentView()) {
                 QTest::keyClick(m_screens->currentView(), Qt::Key_Right, Qt::ShiftModifier);
+            } else if (what == 6) {
+                change(*any(), random);
+            } else if (what == 7 && project->screenCount() < 9) {
+                chooseInExplorer({project->screen(0)});
+                random.bounded(2U) ? m_explorer->cut() : m_explorer->copy();
+                m_explorer->paste();
             } else {
                 trigger(actions[random.bounded(uint(std::size(actions)))]);
             }
@@ -188,61 +196,34 @@ private Q_SLOTS:
         }
         QUndoStack *stack = project->undoStack();
         stack->setIndex(stack->count());
-        const QByteArray last = project->saveToBytes(nullptr);
-        while (stack->canUndo())
+        QVector<QByteArray> states{project->saveToBytes(nullptr)};
+        while (stack->canUndo()) {
             trigger(CMenuBar::Undo);
-        QCOMPARE(project->saveToBytes(nullptr), before);
-        stack->setIndex(stack->count());
-        QCOMPARE(project->saveToBytes(nullptr), last);
+            states.prepend(project->saveToBytes(nullptr));
+        }
+        QCOMPARE(states.first(), before);
+        for (int index = 1; index < states.size(); ++index) {
+            stack->setIndex(index);
+            QCOMPARE(project->saveToBytes(nullptr), states.at(index));
+        }
+        stack->setIndex(stack->count() / 2); // a project that goes in the middle frees all of it
     }
 
-    /// Who has chosen something there sees it, and commands are for all of it, in one step.
-    void itemsOfAnotherPage_data()
-    {
-        QTest::addColumn<int>("action");
-        QTest::addColumn<QString>("first"); // names on the pages afterwards
-        QTest::addColumn<QString>("second");
-        QTest::newRow("front") << int(CMenuBar::BringToFront) << "BAC"
-                               << "ED";
-        QTest::newRow("back") << int(CMenuBar::SendToBack) << "ACB"
-                              << "DE";
-        QTest::newRow("forward") << int(CMenuBar::BringForward) << "BAC"
-                                 << "ED";
-        QTest::newRow("backward") << int(CMenuBar::SendBackward) << "ACB"
-                                  << "DE";
-        QTest::newRow("lock") << int(CMenuBar::LockUnlock) << "ABC"
-                              << "DE";
-        QTest::newRow("cut") << int(CMenuBar::Cut) << "AC"
-                             << "D";
-        QTest::newRow("delete") << int(CMenuBar::Delete) << "AC"
-                                << "D";
-    }
-
+    /// Who has chosen something there sees it. What comes back elsewhere is shown there.
     void itemsOfAnotherPage()
     {
-        QFETCH(int, action);
-        QFETCH(QString, first);
-        QFETCH(QString, second);
         CProjectModel *project = m_window->project();
-        for (const char *name : {"E", "D"}) {
-            auto *item = select("A")->clone();
-            item->setProperty("name", name);
-            project->screen(1)->insertRow(0, item);
-        }
-        CItemModel *other = project->screen(1)->childItem(1);
-        chooseInExplorer({other});
+        project->screen(1)->appendRow(select("A")->clone());
+        chooseInExplorer({project->screen(1)->childItem(0)});
         QCOMPARE(m_screens->currentScreen(), project->screen(1));
-        QCOMPARE(selected(), Items{other});
-        chooseInExplorer({project->screen(0)->childItem(1), other});
+        QCOMPARE(selected(), Items{project->screen(1)->childItem(0)});
+        chooseInExplorer({project->screen(0)->childItem(1), project->screen(1)->childItem(0)});
         const QByteArray before = project->saveToBytes(nullptr);
-        trigger(CMenuBar::EAction(action));
-        QCOMPARE(names(project->screen(0)), first);
-        QCOMPARE(names(project->screen(1)), second);
+        trigger(CMenuBar::LockUnlock);
         QCOMPARE(project->undoStack()->count(), 1);
-        QVERIFY(project->saveToBytes(nullptr) != before);
+        QVERIFY(project->screen(1)->childItem(0)->isLocked());
         trigger(CMenuBar::Undo);
-        QCOMPARE(project->saveToBytes(nullptr), before);
-        m_screens->openScreen(project->screen(0)); // what comes back elsewhere is shown there
+        m_screens->openScreen(project->screen(0));
         trigger(CMenuBar::Redo);
         trigger(CMenuBar::Undo);
         QCOMPARE(project->saveToBytes(nullptr), before);
@@ -284,10 +265,9 @@ private Q_SLOTS:
             CMenuBar::SendBackward, CMenuBar::Delete,     CMenuBar::Cut,
             CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::Paste};
         for (const CMenuBar::EAction action : actions) {
-            const bool isOfOnePage = action == CMenuBar::Group || action == CMenuBar::Ungroup ||
-                                     action == CMenuBar::Paste;
-            if (isOfOnePage && !others.isEmpty())
-                continue;
+            if (!others.isEmpty() && (action == CMenuBar::Group || action == CMenuBar::Ungroup ||
+                                      action == CMenuBar::Paste))
+                continue; // of one page only
             QList<CItemModel *> chosen;
             for (const int each : qAsConst(others))
                 chosen << project->screen(1)->childItem(each);
@@ -298,7 +278,9 @@ private Q_SLOTS:
                 trigger(CMenuBar::Cut);
             const QString first = oneByOne(page, rows, action);
             const QString second = oneByOne("PQRST", others, action);
+            const int steps = project->undoStack()->index();
             trigger(action);
+            QVERIFY(project->undoStack()->index() <= steps + 1);
             checkRows(first, second);
             const int end = project->undoStack()->index();
             project->undoStack()->setIndex(0);
@@ -515,18 +497,6 @@ private Q_SLOTS:
         QCOMPARE(asked.count(), 0);
     }
 
-    void theStatusBarIsAboutTheShownPage()
-    {
-        const auto text = [this] {
-            return m_window->statusBar()->findChild<QLabel *>("widgets")->text();
-        };
-        m_window->show();
-        QTRY_COMPARE(text(), "3 widgets");
-        Q_EMIT m_screens->tabCloseRequested(0);
-        QCOMPARE(m_screens->count(), 0);
-        QCOMPARE(text(), QString());
-    }
-
     void whatIsTypedInThePropertyPanelIsSaved()
     {
         m_window->show();
@@ -609,6 +579,24 @@ private:
         items.append(&item);
         for (int row = 0; row < item.rowCount(); ++row)
             collect(*item.childItem(row), items);
+    }
+
+    /// A property of an item, or the chip.
+    void change(CItemModel &item, QRandomGenerator &random)
+    {
+        QUndoStack *stack = m_window->project()->undoStack();
+        QStringList keys = item.properties().keys();
+        keys.sort(); // the hash's order is not part of the seed
+        const QString key = keys.value(int(random.bounded(uint(keys.size() + 1))));
+        const QString number = QString::number(random.bounded(200U));
+        if (key.isEmpty())
+            stack->push(new CCommandChangeOptions(
+                m_window->project(),
+                {{"platform", random.bounded(2U) ? "QX100" : "ABC"}, {"zone", number}},
+                m_window.get()));
+        else
+            stack->push(
+                new CCommandChangeItemProperty(&item, key, number, item.propertyValue(key)));
     }
 
     /// As a user does on the canvas.
