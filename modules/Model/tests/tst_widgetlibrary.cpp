@@ -1,4 +1,3 @@
-#include "CToolboxModel.h"
 #include "ModelTestSupport.h"
 #include "PlatformFilter.h"
 
@@ -77,17 +76,6 @@ private Q_SLOTS:
         }
     }
 
-    void typeNames()
-    {
-        const std::pair<const char *, int> cases[] = {
-            {"invalid", -1}, {"int", 0},    {"float", 1},    {"bool", 2},      {"rgb", 3},
-            {"time", 4},     {"enum", 5},   {"enum:A|B", 5}, {"enumerate", 5}, {"string", 6},
-            {"Enum", 0},     {"colour", 0}, {"", 0},
-        };
-        for (const auto &[name, code] : cases)
-            QVERIFY2(int(propertyTypeOfName(QString::fromLatin1(name))) == code, name);
-    }
-
     void filters()
     {
         // Which of QX100, QX101, QX110 and QX113 match; an unknown name is the first model.
@@ -121,11 +109,6 @@ private Q_SLOTS:
         const QString box = QStringLiteral("Test_Box_T");
         const auto oldSet = old->propertySet(box);
 
-        const QStringList order = {"name",    "id",     "x_coordinate", "y_coordinate",
-                                   "width",   "height", "text",         "fill",
-                                   "visible", "alarm",  "opacity",      "align",
-                                   "secret",  "odd",    "hush",         "bfolder"};
-        QCOMPARE(old->propertyKeys(box), order);
         QCOMPARE(oldSet["x_coordinate"].minimum(), QVariant(-32768));
         QVERIFY(!oldSet["width"].maximum().isValid());
         QVERIFY(!oldSet["name"].minimum().isValid() && !oldSet["name"].singleStep().isValid());
@@ -135,29 +118,10 @@ private Q_SLOTS:
         QCOMPARE(oldSet["odd"].value(), QVariant(12));
         QVERIFY(oldSet["secret"].isInternal());
         QCOMPARE(old->renderCommands(box), QStringLiteral("disc(x_coordinate, 1 < 2, \"ä\")"));
-        QCOMPARE(old->tooltip(box), "A box");
-        QCOMPARE(old->version(), "1.X");
         QVERIFY(old->properties("None_T").isEmpty());
         QCOMPARE(old->renderCommandsUtf8("None_T"), "");
         QVERIFY(!manager.libraryModel(0x200) && !manager.toolboxModel(0x200));
         QVERIFY(!old->contains("has space")); // could not be an element's name
-    }
-
-    void toolboxKeepsOrder()
-    {
-        const CToolboxModel *toolbox = CWidgetLibraryManager::instance().toolboxModel(0x100);
-        QStringList rows;
-        for (int group = 0; group < toolbox->rowCount(); ++group) {
-            const QStandardItem *groupRow = toolbox->item(group);
-            rows += groupRow->text();
-            for (int row = 0; row < groupRow->rowCount(); ++row)
-                rows += groupRow->child(row)->text() + QLatin1Char('=') +
-                        groupRow->child(row)->data(CToolboxModel::TypeRole).toString();
-        }
-        QCOMPARE(rows,
-                 QStringList({"Shapes", "Box=Test_Box_T", "Circle=Test_Circle_T", "Dot=Test_Dot_T",
-                              "Others", "Line=Test_Line_T", "Polygon=Test_Poly_T",
-                              "First=Test_Twice_T", "Second=Test_Twice_T"}));
     }
 
     void brokenFiles()
