@@ -59,19 +59,6 @@ void CEditor::start()
     QVERIFY(m_process.waitForStarted(PatientTime));
 }
 
-void CEditor::saveAs(const QString &name)
-{
-    m_name = name;
-    m_display->key("ctrl+shift+s");
-    const auto isReady = [&] { return ask(QStringLiteral("focus")).endsWith("LineEdit"); };
-    QVERIFY(QTest::qWaitFor(isReady, PatientTime));
-    m_display->key("ctrl+a");
-    m_display->type(qUtf8Printable(name));
-    m_display->key("Return");
-    QVERIFY(QTest::qWaitFor([&] { return QFile::exists(projectFile()); }, PatientTime));
-    activate();
-}
-
 void CEditor::kill()
 {
     m_process.kill();

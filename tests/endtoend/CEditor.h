@@ -21,8 +21,6 @@ public:
 
     /// Starts the program with the project file; the constructor has done so once.
     void start();
-    /// Saves under another name, whose file is the project file from now on.
-    void saveAs(const QString &name);
     void kill(); ///< as a crash does
 
     /// Brings its window to the front and gives it the focus.
@@ -42,7 +40,7 @@ public:
     void quit();
 
     QString folder() const { return m_folder.path(); }
-    QString projectFile() const { return m_folder.filePath(m_name + QStringLiteral(".nyx")); }
+    QString projectFile() const { return m_folder.filePath(QStringLiteral("demo.nyx")); }
     /// The values of the attributes, one space between them, of the n-th element of that kind in
     /// the project as it is saved.
     QString saved(const char *kind, const QStringList &attributes, int n = 0) const;
@@ -51,6 +49,5 @@ public:
 private:
     CDisplay *const m_display;
     QTemporaryDir m_folder;
-    QString m_name = QStringLiteral("demo");
     CChildProcess m_process;
 };

@@ -3,7 +3,6 @@
 #include "CDisplay.h"
 #include "CEditor.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -156,41 +155,6 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(editor.folder() + "/.demo.nyx.saved"), Patience);
         QCOMPARE(editor.saved("Kiv_Button_T", place), position);
         editor.quit();
-    }
-
-    /// From name to name, with undo and a crash: nothing is lost, and each file stays as it was
-    /// saved.
-    void projectIsCarriedOn()
-    {
-        const QStringList place = {"x_coordinate", "y_coordinate"};
-        CEditor editor(&m_display,
-                       project("First", "<Kiv_Button_T name=\"Stop\" id=\"7\" x_coordinate=\"30\" "
-                                        "y_coordinate=\"40\" width=\"90\" height=\"50\"/>"),
-                       "autosaveInterval=1");
-        editor.focus("scene 60 60", "CScreenView");
-        editor.saveAs(QStringLiteral("Panel v1.2"));
-        const QString first = editor.projectFile();
-        editor.focus("scene 60 60", "CScreenView");
-        m_display.key("Right");
-        COMPARE_SOON(editor.saved("Kiv_Button_T", place), QString("50 40")); // by the timer
-        editor.saveAs(QStringLiteral("Panel v1.3"));
-        COMPARE_SOON(editor.saved("Kiv_Button_T", place), QString("50 40"));
-        editor.focus("scene 60 60", "CScreenView");
-        m_display.key("ctrl+z");
-        COMPARE_SOON(editor.saved("Kiv_Button_T", place), QString("30 40"));
-        editor.kill();
-        editor.start();
-        editor.clickAway("button Yes"); // back to what was saved by hand
-        editor.activate();
-        m_display.key("ctrl+s");
-        COMPARE_SOON(editor.saved("Kiv_Button_T", place), QString("50 40"));
-        editor.picture("carried-on.png");
-        editor.quit();
-        QFile left(first);
-        QVERIFY(left.open(QIODevice::ReadOnly) && left.readAll().contains("x_coordinate=\"30\""));
-        const QDir folder(editor.folder());
-        QCOMPARE(folder.entryList({".*.saved", ".*.lock"}, QDir::Files | QDir::Hidden),
-                 QStringList());
     }
 
 private:

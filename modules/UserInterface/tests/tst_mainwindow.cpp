@@ -4,7 +4,6 @@
 #include "CDialogQuestions.h"
 #include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
-#include "CIniText.h"
 #include "CItemModel.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
@@ -26,7 +25,6 @@
 #include <QtWidgets>
 
 #include <memory>
-#include <random>
 #include <sys/stat.h>
 
 namespace {
@@ -37,33 +35,6 @@ QByteArray twoPages()
     return "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\" width=\"480\" height=\"272\">"
            "<Kiv_Screen_T name=\"First\" color=\"#102030\"/>"
            "<Kiv_Screen_T name=\"Second\" color=\"#000000\"/></Kiv_Project_T>";
-}
-
-/// A settings file with another value in one line, another byte in its layout, or a part cut out.
-QByteArray mutated(const QByteArray &settings, int line, std::mt19937 *random)
-{
-    const auto any = [random](int below) { return int((*random)() % uint(below)); };
-    const QByteArray nested = QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(20000);
-    const QByteArrayList values = {
-        "@Variant(" + nested + ")",        "@Variant(\\0\\0\\0\\x41\\0\\0\\0\\x1\\x89PNG)",
-        "@Rect(-32000 32000 32000 32000)", "2147483648",
-        "../../../../../dev/zero",         QByteArray(100000, 'a'),
-        QByteArray("\0\\0\"\xff", 5)};
-    CIniText text = *CIniText::parse(settings);
-    QByteArray layout = text.bytes("windowState");
-    QByteArrayList lines = settings.split('\n');
-    QByteArray &changed = lines[line % lines.size()];
-    switch (any(4)) {
-    case 0:
-        return QByteArray(settings).remove(any(settings.size()), 1 + any(40));
-    case 1:
-        changed = changed.left(changed.indexOf('=') + 1) + values.at(any(values.size()));
-        return lines.join('\n');
-    default:
-        layout[any(layout.size())] = char(any(256));
-        text.setBytes("windowState", layout);
-        return text.toText();
-    }
 }
 
 void click(QDialog *dialog, QMessageBox::StandardButton button)
@@ -127,40 +98,31 @@ private Q_SLOTS:
                                 "Ctrl+Shift+Z Ctrl+Y Ctrl+F F1");
     }
 
-    void zoomAndGridMarks()
+    void zoomMarks()
     {
         const CMenuBar *bar = m_window->actions();
         const auto marks = [bar] {
             QString text;
-            for (const auto id : {CMenuBar::ZoomReset, CMenuBar::FitToPage, CMenuBar::FitToWidth,
-                                  CMenuBar::GridToggle})
+            for (const auto id : {CMenuBar::ZoomReset, CMenuBar::FitToPage, CMenuBar::FitToWidth})
                 text += QLatin1Char(bar->action(id)->isChecked() ? '1' : '0');
             return text;
         };
-        QCOMPARE(marks(), "1001");
-        bar->action(CMenuBar::FitToPage)->trigger();
-        QCOMPARE(bar->zoomWidget()->zoomType(), int(CZoomComboWidget::FitToPage));
-        QCOMPARE(marks(), "0101");
-        bar->action(CMenuBar::FitToPage)->trigger(); // unchecks itself, the mode stays
-        QCOMPARE(marks(), "0101");
-        bar->action(CMenuBar::FitToWidth)->trigger();
-        QCOMPARE(marks(), "0011");
+        for (int times = 0; times < 2; ++times) { // the second one unchecks itself, the mode stays
+            bar->action(CMenuBar::FitToPage)->trigger();
+            QCOMPARE(marks(), "010");
+        }
         bar->zoomWidget()->setZoom(150, CZoomComboWidget::FreeValue);
-        QCOMPARE(marks(), "0001");
+        QCOMPARE(marks(), "000");
         bar->action(CMenuBar::ZoomReset)->trigger();
         QCOMPARE(bar->zoomWidget()->zoomPercent(), 100);
-        bar->action(CMenuBar::GridToggle)->trigger();
-        QVERIFY(!bar->gridWidget()->isGridShown());
-        QCOMPARE(marks(), "1000");
+        QCOMPARE(marks(), "100");
     }
 
     void recentProjects()
     {
         const CMenuBar *bar = m_window->actions();
-        QCOMPARE(CMenuBar::shortened(QString(24, 'a') + ".nyx"), QString(24, 'a') + ".nyx");
-        const QString long33 = QStringLiteral("abcdefghijklmnopqrstuvwxyz012.nyx");
-        QCOMPARE(long33.size(), 33);
-        QCOMPARE(CMenuBar::shortened(long33), "abcdefghijklmn...tuvwxyz012.nyx");
+        QCOMPARE(CMenuBar::shortened("abcdefghijklmnopqrstuvwxyz012.nyx"),
+                 "abcdefghijklmn...tuvwxyz012.nyx");
         const QStringList paths = {m_folder->file("salt & pepper.nyx"), m_folder->file("b.nyx")};
         for (const QString &each : paths)
             m_window->recentProjects()->add(QFileInfo(each));
@@ -169,21 +131,6 @@ private Q_SLOTS:
         for (int i = 0; i < 2; ++i)
             QCOMPARE(actions[i]->whatsThis(), paths[i]);
         QCOMPARE(actions[0]->text(), "salt && pepper.nyx");
-    }
-
-    void undoTextsFollowTheStack()
-    {
-        const CMenuBar *bar = m_window->actions();
-        QUndoStack stack;
-        m_window->undoGroup()->addStack(&stack);
-        stack.setActive();
-        QVERIFY(!bar->action(CMenuBar::Undo)->isEnabled());
-        stack.push(new QUndoCommand("Move Object"));
-        QCOMPARE(bar->action(CMenuBar::Undo)->text(), "&Undo Move Object");
-        bar->action(CMenuBar::Undo)->trigger();
-        QCOMPARE(bar->action(CMenuBar::Undo)->text(), "&Undo");
-        QCOMPARE(bar->action(CMenuBar::Redo)->text(), "&Redo Move Object");
-        QCOMPARE(stack.index(), 0);
     }
 
     /// What is there instead of a picture neither keeps the program waiting nor hides the example.
@@ -240,7 +187,6 @@ private Q_SLOTS:
         m_answers->expect([this](QDialog *dialog) {
             const auto *files = qobject_cast<QFileDialog *>(dialog);
             QVERIFY(files);
-            QCOMPARE(files->directory().canonicalPath(), QDir::current().canonicalPath());
             choose(dialog, m_project);
         });
         m_window->openProject();
@@ -249,7 +195,6 @@ private Q_SLOTS:
         QUndoStack *stack = m_window->project()->undoStack();
         QCOMPARE(m_window->undoGroup()->activeStack(), stack);
         QVERIFY(m_window->closeProject());
-        QCOMPARE(m_window->undoGroup()->stacks().size(), 0);
         QCOMPARE(m_window->windowTitle(), QString());
     }
 
@@ -260,9 +205,6 @@ private Q_SLOTS:
         m_answers->expect([](QDialog *dialog) {
             auto *box = qobject_cast<QMessageBox *>(dialog);
             QVERIFY(box);
-            QCOMPARE(box->standardButtons(),
-                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-            QCOMPARE(box->defaultButton(), box->button(QMessageBox::Save));
             const auto *text = box->findChild<QLabel *>("qt_msgbox_label");
             QVERIFY(text->wordWrap() || text->width() >= text->sizeHint().width()); // not cut off
             click(dialog, QMessageBox::Cancel);
@@ -303,7 +245,7 @@ private Q_SLOTS:
                 writeFile(left + QStringLiteral("/project.nyx"), twoPages());
             m_window = std::make_unique<CMainWindow>(m_project);
             QCOMPARE(m_window->projectPath(), m_project);
-            QCOMPARE(outputText().contains("Unsaved work"), isWorkLeft);
+            QCOMPARE(outputText(*m_window).contains("Unsaved work"), isWorkLeft);
             m_window.reset();
         }
         writeFile(m_folder->path("broken.nyx"), "<broken");
@@ -326,7 +268,7 @@ private Q_SLOTS:
         m_window = std::make_unique<CMainWindow>(m_project);
         QVERIFY(m_window->project()); // goes on without them
         QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
-        QCOMPARE(outputText().count("Could not initialise"), 2);
+        QCOMPARE(outputText(*m_window).count("Could not initialise"), 2);
     }
 
     void settingsAreKept()
@@ -356,10 +298,8 @@ private Q_SLOTS:
         QVERIFY(m_window->findChild<QDockWidget *>("widgetSelector")->isHidden());
         QCOMPARE(m_window->autosaveInterval(), 33);
         QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 250);
-        QCOMPARE(m_window->actions()->gridWidget()->gridSize(), 8);
         QVERIFY(!m_window->actions()->gridWidget()->isGridShown());
         QTRY_COMPARE(m_window->recentProjects()->paths(), QStringList({m_project, other}));
-        QVERIFY(m_window->snapToGrid());
         const QAction *snap = m_window->actions()->action(CMenuBar::SnapToGrid);
         QVERIFY(snap->isChecked() && snap->text().contains("Raster"));
         QVERIFY(!m_window->actions()->action(CMenuBar::Updates)->isEnabled()); // no address
@@ -375,34 +315,6 @@ private Q_SLOTS:
         QCOMPARE(kept.savingFolderPath, "/somewhere");
     }
 
-    /// Whatever became of the settings, the window is there. KIV_MUTATIONS tries more of them.
-    void startsWithMutatedSettings()
-    {
-        m_window->show();
-        QVERIFY(m_window->openProjectFile(m_project));
-        QVERIFY(m_window->close());
-        const QByteArray settings = readFile(m_folder->path("config.ini"));
-        const int count = qEnvironmentVariableIsSet("KIV_MUTATIONS")
-                              ? qEnvironmentVariableIntValue("KIV_MUTATIONS")
-                              : 15;
-        std::mt19937 random(3);
-        const auto marks = [this] {
-            return QDir(m_folder->path()).entryList({QStringLiteral("config.ini.starting-*")});
-        };
-        for (int i = 0; i < count; ++i) {
-            m_window.reset();
-            const QByteArray changed = mutated(settings, i, &random);
-            writeFile(m_folder->path("config.ini"), changed);
-            writeFile(m_folder->path("config.last"), changed); // to be found after a crash
-            m_window = std::make_unique<CMainWindow>();
-            QCOMPARE(marks().size(), 1);
-            m_window->show();
-            QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-            QTRY_COMPARE(marks(), QStringList());
-            QFile::remove(m_folder->path("config.ini.broken"));
-        }
-    }
-
     /// A mark that nobody holds is that of a start which ended without its window; another copy
     /// that is just starting holds its own.
     void startAfterAFailedOne()
@@ -412,63 +324,33 @@ private Q_SLOTS:
             writeFile(m_folder->path("config.ini"), settings); // m_window has not been shown yet
             if (isFailed)
                 writeFile(m_folder->path("config.ini.starting-1"), "");
-            const CMainWindow window;
+            CMainWindow window;
             QCOMPARE(window.actions()->action(CMenuBar::Light)->isChecked(), !isFailed);
             QCOMPARE(readFile(m_folder->path("config.ini.broken")),
                      isFailed ? settings : QByteArray());
-            const QString told = window.findChild<QDockWidget *>(QStringLiteral("outputWindow"))
-                                     ->findChild<QTextEdit *>()
-                                     ->toPlainText();
-            QCOMPARE(told.contains(QStringLiteral("config.ini.broken")), isFailed);
+            QCOMPARE(outputText(window).contains(QStringLiteral("config.ini.broken")), isFailed);
         }
-        QVERIFY(!QFile::exists(m_folder->path("config.ini.starting-1")));
+        const auto marks = [this] { // of this start
+            return QDir(m_folder->path()).entryList({QStringLiteral("config.ini.starting-*")});
+        };
+        m_window = std::make_unique<CMainWindow>();
+        QCOMPARE(marks().size(), 1);
+        QVERIFY(!marks().contains(QStringLiteral("config.ini.starting-1")));
+        m_window->show();
+        QTRY_COMPARE(marks(), QStringList());
     }
 
     void windowTogglesFollowTheDocks()
     {
-        const std::pair<CMenuBar::EAction, const char *> rows[] = {
-            {CMenuBar::ProjectWindow, "projectExplorer"},
-            {CMenuBar::LibraryWindow, "widgetSelector"},
-            {CMenuBar::PropertiesWindow, "widgetProperties"},
-            {CMenuBar::OutputWindow, "outputWindow"}};
+        auto *dock = m_window->findChild<QDockWidget *>("outputWindow");
+        QAction *action = m_window->actions()->action(CMenuBar::OutputWindow);
         m_window->show(); // docks tell only what is seen
-        for (const auto &[id, name] : rows) {
-            auto *dock = m_window->findChild<QDockWidget *>(name);
-            QAction *action = m_window->actions()->action(id);
+        for (const bool shown : {false, true}) {
             action->trigger();
-            QVERIFY2(dock->isHidden() && !action->isChecked(), name);
-            action->trigger();
-            QVERIFY2(!dock->isHidden() && action->isChecked(), name);
-            dock->close(); // by its button
-            QVERIFY2(!action->isChecked(), name);
+            QVERIFY(dock->isHidden() != shown && action->isChecked() == shown);
         }
-    }
-
-    void exports_data()
-    {
-        QTest::addColumn<int>("action");
-        QTest::newRow("dl") << int(CMenuBar::ProjectToDL);
-        QTest::newRow("bin") << int(CMenuBar::ProjectToBinary);
-    }
-
-    void exports()
-    {
-        QFETCH(int, action);
-        const QString suffix = QString::fromLatin1(QTest::currentDataTag());
-        m_window->actions()->action(CMenuBar::EAction(action))->trigger(); // nothing is open
-        QVERIFY(m_window->openProjectFile(m_project));
-        m_answers->expect([](QDialog *dialog) { dialog->reject(); });
-        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
-        m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
-        m_window->actions()->action(CMenuBar::EAction(action))->trigger();
-        const QByteArray bytes = readFile(m_folder->path() + "/out." + suffix);
-        if (suffix == QLatin1String("dl")) {
-            QVERIFY(bytes.startsWith("===First===\n"));
-            QVERIFY(bytes.contains("\n\n===Second===\n"));
-            QVERIFY(bytes.endsWith(";\n\n"));
-        } else {
-            QVERIFY(bytes.size() > 0 && bytes.size() % 4 == 0);
-        }
+        dock->close(); // by its button
+        QVERIFY(!action->isChecked());
     }
 
     /// For the chip that was just chosen; also of pages that were never shown, and by the name that
@@ -488,23 +370,21 @@ private Q_SLOTS:
         project->undoStack()->push(
             new CCommandChangeOptions(project, {{"platform", "QX100"}}, m_window.get()));
         const auto rows = panel->findChild<QTreeWidget *>()->findItems("width", Qt::MatchExactly);
-        QCOMPARE(rows.value(0)->toolTip(1), "1 to 512");
+        QCOMPARE(rows.value(0)->toolTip(1), "1 to 512"); // of the chip that was just chosen
         m_window->show();
         QTRY_VERIFY(!m_window->findChild<CScreen *>()->currentErrors().isEmpty());
         auto *dock = m_window->findChild<QDockWidget *>("outputWindow");
         const auto *output = dock->findChild<QTextEdit *>();
-        const QString onPage = QStringLiteral("Kiv_Bitmap_T 7 \"Bitmap\": no image is set");
-        for (const auto &[action, isWhole] :
-             {std::pair(CMenuBar::PageToBinary, false), std::pair(CMenuBar::ProjectToDL, true)}) {
+        for (const bool isWhole : {false, true}) {
             dock->close();
             m_answers->expect([&](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
-            m_window->actions()->action(action)->trigger();
+            m_window->actions()
+                ->action(isWhole ? CMenuBar::ProjectToDL : CMenuBar::PageToBinary)
+                ->trigger();
             const QString told = output->toPlainText();
-            for (const char *each :
-                 {"Kiv_Text_T 8 \"Text\": no font has U+20AC", "not all is as designed",
-                  "Kiv_Text_T 8 \"Text\": width 900 is over the maximum of QX100, 512"})
-                QVERIFY2(told.contains(each), qPrintable(told));
-            QCOMPARE(told.contains(onPage), isWhole);
+            QVERIFY2(told.contains("Kiv_Text_T 8 \"Text\": width 900 is over the maximum of QX100"),
+                     qPrintable(told));
+            QCOMPARE(told.contains("Kiv_Bitmap_T 7 \"Bitmap\": no image is set"), isWhole);
             QVERIFY(!dock->isHidden());
         }
     }
@@ -519,8 +399,6 @@ private Q_SLOTS:
         const QDir folder(m_folder->path("package"));
         QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
                  QStringList({"manifest.json", "panel.bin", "panel.c", "panel.h"}));
-        const QByteArray header = readFile(folder.filePath("panel.h"));
-        QVERIFY(header.contains("panel.h: demo,") && header.contains("PANEL_SCREEN_SECOND = 1"));
         QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
     }
 
@@ -536,7 +414,8 @@ private Q_SLOTS:
         m_answers->expect([this](QDialog *dialog) { choose(dialog, m_folder->path("out")); });
         m_window->exportProjectDL();
         disconnect(drawing);
-        QCOMPARE(readFile(m_folder->path("out.dl")).count("===\n"), 2);
+        const QByteArray lists = readFile(m_folder->path("out.dl"));
+        QVERIFY(lists.startsWith("===First===\n") && lists.contains("\n\n===Second===\n"));
         QVERIFY(!m_window->findChild<QErrorMessage *>()->isVisible());
     }
 
@@ -681,9 +560,9 @@ private Q_SLOTS:
     }
 
 private:
-    QString outputText() const
+    static QString outputText(const CMainWindow &window)
     {
-        return m_window->findChild<QDockWidget *>("outputWindow")
+        return window.findChild<QDockWidget *>("outputWindow")
             ->findChild<QTextEdit *>()
             ->toPlainText();
     }

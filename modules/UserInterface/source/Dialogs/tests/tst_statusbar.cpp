@@ -9,29 +9,21 @@ class tst_StatusBar : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textsOfAllFields()
+    void whatWasResetDoesNotComeBack()
     {
         QMainWindow window;
         CStatusBar bar(&window);
-        const auto labels = bar.bar()->findChildren<QLabel *>();
-        const auto texts = [&labels] {
-            QStringList all;
-            for (const QLabel *label : labels)
-                all.append(label->text());
-            return all;
-        };
         bar.receiveMouseMoveUpdate({-3, 7});
         bar.receiveWidgetCountUpdate(12);
-        bar.receiveBitmapCountUpdate(0);
         bar.setMemoryBudget(262144);
         bar.receiveMemoryUsage(1024, 2048);
-        QCOMPARE(texts(),
-                 (QStringList{"Cursor position: -3, 7", "12 widgets", "0 bitmaps",
-                              "1024 bytes RAM_DL used,2048 bytes RAM_G used", "of 262144 (1 %)"}));
+        const auto labels = bar.bar()->findChildren<QLabel *>();
+        QCOMPARE(labels.last()->text(), "of 262144 (1 %)");
         bar.resetStatusBar();
-        QCOMPARE(texts(), (QStringList{"", "", "", "", ""}));
-        bar.receiveMouseMoveUpdate({1, 2}); // the count that was reset does not come back
-        QCOMPARE(texts(), (QStringList{"Cursor position: 1, 2", "", "", "", ""}));
+        bar.receiveMouseMoveUpdate({1, 2});
+        QVERIFY(labels[0]->text().endsWith("1, 2"));
+        for (const QLabel *label : labels.mid(1))
+            QCOMPARE(label->text(), QString());
     }
 
     /// The words of the pointer's place go before a figure does, and neither widens the window.

@@ -95,17 +95,7 @@ int open(const char *path, int flags, ...)
     return callOrFail<int, F>("open", path, flags, mode);
 }
 
-int open64(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    using F = int (*)(const char *, int, mode_t);
-    if ((flags & O_ACCMODE) == O_RDONLY)
-        return next<F>("open64")(path, flags, mode);
-    return callOrFail<int, F>("open64", path, flags, mode);
-}
+int open64(const char *path, int flags, ...) __attribute__((alias("open")));
 
 int openat(int folder, const char *path, int flags, ...)
 {
