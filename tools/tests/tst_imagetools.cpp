@@ -85,11 +85,8 @@ void tst_ImageTools::files()
         // what the error says, if it is one
         {png, ""},
         {"", "png"},
-        {"hello", "png"},
-        {png.left(8), "png"},
         {png.left(png.size() / 2), "x.png"},
         {withSize(png, "0000EA600000EA60", "80D27542"), "60000 x 60000"},
-        {withSize(png, "0000000000000008", "D7D8FE7F"), "png"},
         {withSize(png, "0000100100000001", "B1E30042"), "4097 x 1"},
         {"/* XPM */ static char *a[]={\"1 1 1 1\",\"a c red\",\"a\"};", "png"},
         {"missing", "no such file"},

@@ -24,7 +24,6 @@ private Q_SLOTS:
 
     void writesBothForms();
     void aProjectWithoutScreensGivesAnEmptyFile();
-    void collectsFiguresAndFrames();
     void aCanvasRenderInFlightCostsTheFirstScreen();
     void aLateAnswerIsNotTakenForTheNextScreen();
     void anAnswerEndsTheWaiting();
@@ -152,30 +151,6 @@ void tst_ProjectExporter::aProjectWithoutScreensGivesAnEmptyFile()
     }
     QCOMPARE(m_exporter->collect(nullptr, EContent::DisplayLists)->size(), 0);
     QCOMPARE(m_calls, QStringList());
-}
-
-void tst_ProjectExporter::collectsFiguresAndFrames()
-{
-    m_fake.setAutoAnswer([](const CFakeEmulator::SRequest &request) {
-        CFakeEmulator::SAnswer answer = answerFor(request);
-        answer.ramDl = 80 + size_t(request.screen[0].unicode());
-        answer.ramG = 0x12345678;
-        answer.errors = request.screen == QLatin1String("B") ? "first\nsecond\n" : "";
-        answer.width = 7;
-        answer.height = 3;
-        answer.colour = 0xFF102030;
-        return answer;
-    });
-    const auto screens = m_exporter->collect(m_project.get(), EContent::DisplayListsAndFrames);
-    QCOMPARE(namesOf(screens), QString("A B \u00D6"));
-    QCOMPARE(screens->at(0).ramDl, size_t{80 + 'A'});
-    QCOMPARE(screens->at(1).ramDl, size_t{80 + 'B'});
-    QCOMPARE(screens->at(1).ramG, size_t{0x12345678});
-    QCOMPARE(screens->at(0).errors, QStringList());
-    QCOMPARE(screens->at(1).errors, QStringList({"first", "second"}));
-    QImage expected(7, 3, QImage::Format_RGB32);
-    expected.fill(0xFF102030);
-    QCOMPARE(screens->at(0).frame, expected);
 }
 
 void tst_ProjectExporter::aCanvasRenderInFlightCostsTheFirstScreen()

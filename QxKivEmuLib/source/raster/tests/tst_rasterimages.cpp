@@ -1,7 +1,6 @@
 // Bitmaps, glyphs and gradients against straightforward references.
 
 #include "RasterTestSupport.h"
-#include "RomFonts.h"
 
 #include <algorithm>
 #include <vector>
@@ -187,36 +186,6 @@ TEST(Bitmap, withoutBlendingColoursReplaceWhatIsThere)
     }
 }
 
-TEST(Glyph, masksLieAtThePenAndAreCutByTheClip)
-{
-    constexpr int Width = 13;
-    constexpr int Height = 9;
-    std::vector<uint8_t> mask(16 * Height);
-    CNumbers numbers(5);
-    for (int y = 0; y < Height; ++y)
-        for (int x = 0; x < Width; ++x)
-            mask[static_cast<size_t>(y * 16 + x)] = static_cast<uint8_t>(numbers.bits() >> 9);
-    const romfonts::SGlyph glyph{mask.data(), Width, Height, 16, -1, 7, 0};
-    for (const int alpha : {255, 77})
-        for (const SClip &clip : {SClip{0, 0, 40, 30}, SClip{12, 8, 19, 15}}) {
-            SSheet sheet(40, 30);
-            sheet.raster.setClip(clip);
-            sheet.raster.drawGlyph(glyph, 10, 13, {static_cast<uint32_t>(alpha) << 24 | 0xFFFFFF});
-            expectLevels(
-                sheet,
-                [&](int x, int y) {
-                    const int mx = x - 9;
-                    const int my = y - 6;
-                    const bool isSeen = mx >= 0 && mx < Width && my >= 0 && my < Height &&
-                                        x >= clip.left && x < clip.right && y >= clip.top &&
-                                        y < clip.bottom;
-                    const int cover = isSeen ? mask[static_cast<size_t>(my * 16 + mx)] : 0;
-                    return (cover * alpha + 127) / 255 / 255.0;
-                },
-                1e-9);
-        }
-}
-
 TEST(Gradient, runsFromSideToSide)
 {
     const double half = std::sqrt(0.5);
@@ -238,18 +207,6 @@ TEST(Gradient, runsFromSideToSide)
                 ASSERT_NEAR(channel(pixel, 0), isInside ? 0xC0 * (1 - t) : 0, 0.51);
             }
     }
-}
-
-TEST(Gradient, hasTheShapeOfTheRectangle)
-{
-    for (const int angle : {0, 90, 30})
-        for (const int radius : {0, 9 * 16}) {
-            SSheet gradient(70, 50), rect(70, 50);
-            gradient.raster.fillGradient(at(5.25, 4.5), at(40.5, 30.25), radius, angle * 64,
-                                         0x80FFFFFFu, 0x80FFFFFFu, true);
-            rect.raster.fillRect(at(5.25, 4.5), at(40.5, 30.25), radius, {0x80FFFFFFu});
-            expectSame(gradient, rect, 1);
-        }
 }
 
 TEST(Gradient, fadesAndIgnoresAlphaWithoutBlending)
