@@ -6,12 +6,15 @@
 #include <png.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace {
@@ -20,7 +23,7 @@ using Bytes = std::vector<uint8_t>;
 
 enum EExit { Drawn = 0, ListErrors = 1, Usage = 2, FileError = 3 };
 constexpr int LargestSide = 2048; // of the largest chip
-constexpr size_t LargestMemory = 1024 * 1024;
+constexpr size_t LargestMemory = size_t{1} << 20;
 
 std::optional<Bytes> contents(const char *path)
 {
@@ -39,6 +42,29 @@ std::optional<Bytes> contents(const char *path)
         return {};
     }
     return bytes;
+}
+
+struct SSize
+{
+    int width;
+    int height;
+};
+
+/// What "480x272" says; nothing when it is no size of a chip's screen.
+std::optional<SSize> sizeOf(std::string_view text)
+{
+    const auto side = [](std::string_view digits) {
+        int pixels = 0;
+        const char *end = digits.data() + digits.size();
+        const auto read = std::from_chars(digits.data(), end, pixels);
+        return read.ec == std::errc{} && read.ptr == end && pixels <= LargestSide ? pixels : 0;
+    };
+    const size_t cross = std::min(text.find('x'), text.size());
+    const SSize size = {side(text.substr(0, cross)),
+                        side(text.substr(std::min(cross + 1, text.size())))};
+    if (size.width < 1 || size.height < 1)
+        return {};
+    return size;
 }
 
 bool write(const kivemu::CSurface &surface, const char *path)
@@ -67,11 +93,8 @@ bool write(const kivemu::CSurface &surface, const char *path)
 
 int main(int argc, char *argv[])
 {
-    int width = 0;
-    int height = 0;
-    char rest = 0;
-    if (argc != 5 || std::sscanf(argv[3], "%dx%d%c", &width, &height, &rest) != 2 || width < 1 ||
-        height < 1 || width > LargestSide || height > LargestSide) {
+    const auto size = argc == 5 ? sizeOf(argv[3]) : std::nullopt;
+    if (!size) {
         std::fputs(
             "usage: panel-chip RAM_G RAM_DL WIDTHxHEIGHT PICTURE.png\n"
             "Draws what the chip draws with these contents of its memories (files).\n"
@@ -87,7 +110,7 @@ int main(int argc, char *argv[])
     kivemu::CRamG memory(assets->size());
     memory.append(assets->data(), assets->size());
     const std::vector<uint32_t> words = kivemu::fromBytes(list->data(), list->size());
-    kivemu::CSurface surface(width, height);
+    kivemu::CSurface surface(size->width, size->height);
     const auto errors = kivemu::CExecutor().execute(words.data(), words.size(), memory, surface);
     for (const auto &error : errors)
         std::fprintf(stderr, "panel-chip: word %zu, item %u: %s\n", error.wordIndex, error.item,
