@@ -191,17 +191,17 @@ QByteArray packageBlob(const SPackageContent &content)
     constexpr auto Count = static_cast<uint32_t>(std::size(parts));
     CBytes directory;
     CBytes body;
-    constexpr int BodyStart = HeaderBytes + static_cast<int>(Count) * EntryBytes;
+    constexpr size_t BodyStart = HeaderBytes + size_t{Count} * EntryBytes;
     uint32_t kind = 0;
     for (const QByteArray &part : parts) {
         directory.u32(++kind);
-        directory.u32(static_cast<size_t>(BodyStart + body.size()));
+        directory.u32(BodyStart + static_cast<size_t>(body.size()));
         directory.u32(static_cast<size_t>(part.size()));
         body.append(part);
         body.align();
     }
     CBytes blob;
-    blob.u32(static_cast<size_t>(BodyStart + body.size()));
+    blob.u32(BodyStart + static_cast<size_t>(body.size()));
     blob.u32(PackageFormatVersion);
     blob.u32(content.chipCode);
     blob.u16(static_cast<uint32_t>(content.frame.width()));

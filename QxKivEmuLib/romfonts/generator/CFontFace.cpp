@@ -51,7 +51,7 @@ SDrawnGlyph CFontFace::draw(char32_t codePoint) const
     // Light hinting moves stems vertically only: small sizes get crisp bars and keep their spacing.
     if (index == 0 || FT_Load_Glyph(m_face, index, FT_LOAD_RENDER | FT_LOAD_TARGET_LIGHT))
         throw std::runtime_error("no glyph for code point " + std::to_string(codePoint));
-    const FT_GlyphSlot slot = m_face->glyph;
+    FT_GlyphSlotRec_ *const slot = m_face->glyph;
     const FT_Bitmap &bitmap = slot->bitmap;
     SDrawnGlyph glyph;
     glyph.width = static_cast<int>(bitmap.width);
@@ -60,7 +60,7 @@ SDrawnGlyph CFontFace::draw(char32_t codePoint) const
     glyph.top = slot->bitmap_top;
     glyph.advance16 = static_cast<int>((slot->linearHoriAdvance + 0x8000) >> 16) * 16;
     for (int y = 0; y < glyph.height; ++y) {
-        const uint8_t *row = bitmap.buffer + y * bitmap.pitch;
+        const uint8_t *row = bitmap.buffer + ptrdiff_t{y} * bitmap.pitch;
         glyph.coverage.insert(glyph.coverage.end(), row, row + glyph.width);
     }
     return glyph;

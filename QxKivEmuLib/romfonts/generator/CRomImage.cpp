@@ -38,7 +38,7 @@ void CRomImage::add(const CFontFace &face, int height)
             list({glyph.width, glyph.height, stride, glyph.left, glyph.top, glyph.advance16});
         m_glyphs += "},\n";
         for (int y = 0; y < glyph.height; ++y) {
-            const auto row = glyph.coverage.begin() + y * glyph.width;
+            const auto row = glyph.coverage.begin() + ptrdiff_t{y} * glyph.width;
             m_masks.insert(m_masks.end(), row, row + glyph.width);
             m_masks.insert(m_masks.end(), static_cast<size_t>(stride - glyph.width), 0);
         }

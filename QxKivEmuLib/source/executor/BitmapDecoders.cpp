@@ -106,7 +106,7 @@ template<uint32_t (*Convert)(uint32_t)>
 void decode16(const uint8_t *from, int width, const Palette &, uint32_t *to)
 {
     for (int x = 0; x < width; ++x)
-        to[x] = premultiplied(Convert(word16(from + 2 * x)));
+        to[x] = premultiplied(Convert(word16(from + ptrdiff_t{2} * x)));
 }
 
 template<uint32_t (*Convert)(uint32_t)>

@@ -17,8 +17,8 @@ struct SChipLimits
 constexpr SChipLimits chipLimits(uint32_t chipCode)
 {
     if (chipCode >= 0x110 && chipCode <= 0x113)
-        return {1024 * 1024, 32 * 1024, 2048};
-    return {256 * 1024, 8 * 1024, 512};
+        return {size_t{1024} << 10, size_t{32} << 10, 2048};
+    return {size_t{256} << 10, size_t{8} << 10, 512};
 }
 
 } // namespace kivemu

@@ -37,8 +37,8 @@ enum class EBitmapFilter { Nearest, Bilinear };
 /// from topLeft in pixels and texel (0, 0) covers 0 <= u, v < 1. All six are in 1/65536.
 struct SBitmapPlacement
 {
-    SPoint topLeft;
-    SPoint size;
+    SPoint topLeft{};
+    SPoint size{};
     int32_t a = 65536;
     int32_t b = 0;
     int32_t c = 0;

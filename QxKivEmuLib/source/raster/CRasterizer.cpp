@@ -36,8 +36,8 @@ SInk inkOf(const SPaint &paint)
 
 struct CRasterizer::SState
 {
-    SClip surface;
-    SCanvas canvas;
+    SClip surface{};
+    SCanvas canvas{};
     CCellGrid cells;
     CMaskGrid mask;
     uint64_t work = 0;

@@ -26,7 +26,7 @@ struct SClip
 /// How a shape's pixels get onto the target.
 struct SPaint
 {
-    Argb colour;
+    Argb colour = 0;
     bool blend = true; ///< off: alpha counts as opaque, edges are still smoothed by coverage
 };
 

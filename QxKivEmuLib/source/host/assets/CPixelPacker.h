@@ -29,7 +29,7 @@ class CPixelPacker
 public:
     explicit CPixelPacker(bool mono) : m_mono(mono) {}
 
-    int bytesPerPixel() const { return m_mono ? 1 : 2; }
+    size_t bytesPerPixel() const { return m_mono ? 1 : 2; }
     /// Samples in a row of the source: 1 grey, or 3 red, green and blue.
     int samples() const { return m_mono ? 1 : 3; }
 
@@ -42,12 +42,14 @@ public:
                 target[x] = source[x];
                 continue;
             }
-            const uint32_t red = Five[source[3 * x]];
-            const uint32_t green = Six[source[3 * x + 1]];
-            const uint32_t blue = Five[source[3 * x + 2]];
+            const uint8_t *from = source + ptrdiff_t{3} * x;
+            uint8_t *to = target + ptrdiff_t{2} * x;
+            const uint32_t red = Five[from[0]];
+            const uint32_t green = Six[from[1]];
+            const uint32_t blue = Five[from[2]];
             const uint32_t pixel = red << 11 | green << 5 | blue;
-            target[2 * x] = static_cast<uint8_t>(pixel);
-            target[2 * x + 1] = static_cast<uint8_t>(pixel >> 8);
+            to[0] = static_cast<uint8_t>(pixel);
+            to[1] = static_cast<uint8_t>(pixel >> 8);
         }
     }
 

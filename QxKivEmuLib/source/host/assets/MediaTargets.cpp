@@ -14,7 +14,7 @@ void flattenRow(uint8_t *row, int width, bool mono)
 {
     uint8_t *target = row;
     for (int x = 0; x < width; ++x) {
-        const uint8_t *pixel = row + x * Channels;
+        const uint8_t *pixel = row + ptrdiff_t{x} * Channels;
         const uint32_t alpha = pixel[3];
         const uint32_t red = pixel[2] * alpha;
         const uint32_t green = pixel[1] * alpha;
@@ -66,7 +66,7 @@ std::string CMediaTarget::begin(const SPictureHead &head)
 void CMediaTarget::pack(const uint8_t *samples, int y)
 {
     const CPixelPacker packer(m_mono);
-    const auto row = static_cast<size_t>(m_image.width * packer.bytesPerPixel());
+    const auto row = static_cast<size_t>(m_image.width) * packer.bytesPerPixel();
     packer.packRow(samples, m_image.width, m_image.pixels.data() + static_cast<size_t>(y) * row);
 }
 

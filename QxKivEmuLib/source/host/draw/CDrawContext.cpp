@@ -275,7 +275,8 @@ void CDrawContext::hatchedBox(double x, double y, double width, double height)
     setLineWidth(1);
     // Each line runs where x + y = sum, from the right or top edge to the left or bottom one.
     const double spacing = std::max(Spacing, (width + height) / MostLines);
-    for (double sum = spacing; sum < width + height; sum += spacing) {
+    for (int i = 1; i * spacing < width + height; ++i) {
+        const double sum = i * spacing;
         line(x + std::min(sum, width), y + std::max(0.0, sum - width),
              x + std::max(0.0, sum - height), y + std::min(sum, height));
     }

@@ -76,8 +76,8 @@ private:
         Argb colour = 0xFFFFFFFF;
         bool blend = true;
         double lineWidth = 1;
-        SClip scissor;
-        SClip limit;
+        SClip scissor{};
+        SClip limit{};
         CTransform transform;
     };
     SState &state() { return m_states.back(); }

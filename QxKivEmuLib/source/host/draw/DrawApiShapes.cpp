@@ -20,7 +20,7 @@ void checkPoints(lua_State *state, CDrawContext &drawing)
     drawing.beginPoints();
     for (size_t i = 1; i < count; i += 2) {
         lua_rawgeti(state, 1, static_cast<lua_Integer>(i));
-        lua_rawgeti(state, 1, static_cast<lua_Integer>(i + 1));
+        lua_rawgeti(state, 1, static_cast<lua_Integer>(i) + 1);
         int isX = 0;
         int isY = 0;
         const double x = lua_tonumberx(state, -2, &isX);

@@ -35,7 +35,7 @@ public:
 
 private:
     char m_characters[MaxText];
-    size_t m_length;
+    size_t m_length = 0;
 };
 
 /// From a text's pen to what is seen as its middle: that of its ink, but figures count with the

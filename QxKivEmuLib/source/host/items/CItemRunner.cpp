@@ -13,7 +13,7 @@ namespace {
 
 constexpr char EnvironmentKey[] = "kiv.environment";
 constexpr size_t MostChunks = 2000; ///< texts that are kept; far more than any widget library has
-constexpr size_t MaxCommands = 64 * 1024; ///< bytes; the compiler cannot be stopped
+constexpr size_t MaxCommands = size_t{64} << 10; ///< bytes; the compiler cannot be stopped
 constexpr uint64_t WorkPerItem = 1000;
 constexpr int MostVariables = 200; ///< of a chunk, before its table is thrown away
 

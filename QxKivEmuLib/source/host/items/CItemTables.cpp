@@ -140,7 +140,7 @@ void CItemTables::pushItems(lua_State *state)
         SEntry &entry = entryOf(item);
         pushObject(state, item, entry);
         m_ofItem.push_back(&entry);
-        lua_rawseti(state, -2, static_cast<lua_Integer>(item + 1));
+        lua_rawseti(state, -2, static_cast<lua_Integer>(item) + 1);
     }
 }
 

@@ -28,8 +28,8 @@ public:
     {
         std::string_view name;
         std::string_view text;
-        int32_t number;
-        bool isNumber; ///< integers and booleans; `text` is then empty
+        int32_t number = 0;
+        bool isNumber = false; ///< integers and booleans; `text` is then empty
     };
 
     /// Walks from the iterator's present position, the screen, to the end. Takes a null iterator
@@ -86,14 +86,14 @@ private:
         SText idText;
         SText commands;
         SText properties;
-        size_t commandsIndex;
-        uint32_t id;
-        EKind kind;
+        size_t commandsIndex = 0;
+        uint32_t id = 0;
+        EKind kind = EKind::Unknown;
     };
     /// Render commands, as the last item that had them gave them.
     struct SCommands
     {
-        const char *pointer;
+        const char *pointer = nullptr;
         SText text;
     };
     void clear();

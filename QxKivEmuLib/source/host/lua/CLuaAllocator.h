@@ -13,11 +13,11 @@ namespace kivemu {
 /// of failing allocations would otherwise outlive the hook.
 struct CLuaAllocator
 {
-    static constexpr size_t MaxString = 256 * 1024; ///< bytes
+    static constexpr size_t MaxString = size_t{256} << 10; ///< bytes
     static constexpr size_t MaxKeys = 4096;
 
-    /// A lua_Alloc; `context` is an SLuaContext.
-    static void *allocate(void *context, void *block, size_t oldSize, size_t newSize);
+    /// A lua_Alloc; `user` is an SLuaContext.
+    static void *allocate(void *user, void *block, size_t oldSize, size_t newSize);
 };
 
 } // namespace kivemu

@@ -53,10 +53,9 @@ std::string CLuaSandbox::popError(int status)
     if (status == LUA_ERRMEM && m_context.watchdog.isExpired()) {
         message = m_context.watchdog.reason(); // the allocator was asked after the end
     } else if (status == LUA_ERRMEM) {
-        message = "not enough memory: a frame has " +
-                  std::to_string(m_context.memoryLimit / (1024 * 1024)) + " MiB, a text " +
-                  std::to_string(CLuaAllocator::MaxString / 1024) + " KiB, a table " +
-                  std::to_string(CLuaAllocator::MaxKeys) + " keys";
+        message = "not enough memory: a frame has " + std::to_string(m_context.memoryLimit >> 20) +
+                  " MiB, a text " + std::to_string(CLuaAllocator::MaxString / 1024) +
+                  " KiB, a table " + std::to_string(CLuaAllocator::MaxKeys) + " keys";
     } else if (lua_type(m_state, -1) == LUA_TSTRING) {
         size_t length = 0;
         const char *text = lua_tolstring(m_state, -1, &length);

@@ -121,10 +121,11 @@ void CPattern::compileItem(SItem &item)
     }
     if (item.kind != EKind::Single || m_at == m_pattern.size())
         return;
-    constexpr char Suffixes[] = "?*+-";
+    constexpr std::string_view Suffixes = "?*+-";
     constexpr ERepeat Repeats[] = {ERepeat::Optional, ERepeat::Any, ERepeat::Some, ERepeat::Least};
-    if (const void *suffix = std::memchr(Suffixes, m_pattern[m_at], 4)) {
-        item.repeat = Repeats[static_cast<const char *>(suffix) - Suffixes];
+    const size_t suffix = Suffixes.find(m_pattern[m_at]);
+    if (suffix != Suffixes.npos) {
+        item.repeat = Repeats[suffix];
         ++m_at;
     }
 }

@@ -72,10 +72,10 @@ private:
     [[noreturn]] void fail(const char *message) const;
 
     // Matching.
-    const char *matchFrom(const char *at, size_t item);
-    const char *matchMost(const char *at, size_t item);
-    const char *matchLeast(const char *at, size_t item);
-    const char *matchCapture(const char *at, size_t item);
+    const char *matchFrom(const char *at, size_t index);
+    const char *matchMost(const char *at, size_t index);
+    const char *matchLeast(const char *at, size_t index);
+    const char *matchCapture(const char *at, size_t index);
     const char *matchBalance(const char *at, const SItem &item);
     const char *matchBack(const char *at, const SItem &item);
     bool isFrontier(const char *at, const SItem &item) const;

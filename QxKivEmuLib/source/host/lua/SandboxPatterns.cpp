@@ -43,8 +43,9 @@ int findPlain(lua_State *state, std::string_view subject, std::string_view what,
         at = static_cast<size_t>(static_cast<const char *>(found) - subject.data());
         contextOf(state).watchdog.charge(state, what.size() / 8 + 4);
         if (subject.compare(at, what.size(), what) == 0) {
-            lua_pushinteger(state, static_cast<lua_Integer>(at + 1));
-            lua_pushinteger(state, static_cast<lua_Integer>(at + what.size()));
+            lua_pushinteger(state, static_cast<lua_Integer>(at) + 1);
+            lua_pushinteger(state,
+                            static_cast<lua_Integer>(at) + static_cast<lua_Integer>(what.size()));
             return 2;
         }
         ++at;
@@ -218,7 +219,7 @@ int gsub(lua_State *state)
                      type == LUA_TNUMBER || type == LUA_TSTRING || type == LUA_TFUNCTION ||
                          type == LUA_TTABLE,
                      3, "string/function/table");
-    const auto most = static_cast<lua_Integer>(subject.size() + 1);
+    const auto most = static_cast<lua_Integer>(subject.size()) + 1;
     const lua_Integer limit = luaL_optinteger(state, 4, most);
     pattern.setSubject(subject);
     const char *from = subject.data();

@@ -29,9 +29,10 @@ struct TKernelLoops
         V::fill(pixels, colour);
         V::fill(end - Lanes, colour);
         pixels += Lanes - static_cast<int>(reinterpret_cast<uintptr_t>(pixels) / 4 % Lanes);
-        for (; end - pixels >= 4 * Lanes; pixels += 4 * Lanes)
-            for (int i = 0; i < 4; ++i)
-                V::fill(pixels + i * Lanes, colour);
+        constexpr ptrdiff_t AtOnce = ptrdiff_t{4} * Lanes;
+        for (; end - pixels >= AtOnce; pixels += AtOnce)
+            for (ptrdiff_t i = 0; i < AtOnce; i += Lanes)
+                V::fill(pixels + i, colour);
         for (; end - pixels >= Lanes; pixels += Lanes)
             V::fill(pixels, colour);
     }

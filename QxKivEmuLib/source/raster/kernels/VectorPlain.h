@@ -60,7 +60,7 @@ struct SPlain
     template<class Op>
     static Floats each(const Floats &a, const Floats &b, Op op)
     {
-        Floats r;
+        Floats r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = op(a.v[i], b.v[i]);
         return r;
@@ -96,7 +96,7 @@ struct SPlain
     /// Per lane: `a` where `sign` is 0 or more, else `b`.
     static Floats choose(const Floats &sign, const Floats &a, const Floats &b)
     {
-        Floats r;
+        Floats r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = sign.v[i] >= 0 ? a.v[i] : b.v[i];
         return r;
@@ -104,7 +104,7 @@ struct SPlain
     /// 0, 1, 2, …
     static Floats ramp()
     {
-        Floats r;
+        Floats r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = static_cast<float>(i);
         return r;
@@ -112,7 +112,7 @@ struct SPlain
 
     static Ints truncate(const Floats &a)
     {
-        Ints r;
+        Ints r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = static_cast<int32_t>(a.v[i]);
         return r;
@@ -134,7 +134,7 @@ struct SPlain
     static int32_t first(const Ints &a) { return a.v[0]; }
     static Ints loadBytes(const uint8_t *bytes)
     {
-        Ints r;
+        Ints r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = bytes[i];
         return r;
@@ -149,7 +149,7 @@ struct SPlain
     /// a * b / 255, rounded; both 0 .. 255.
     static Ints scale(const Ints &a, const Ints &b)
     {
-        Ints r;
+        Ints r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = static_cast<int32_t>(by255(static_cast<uint32_t>(a.v[i] * b.v[i])));
         return r;
@@ -194,7 +194,7 @@ struct SPlain
 
     static Pixels load(const uint32_t *pixels)
     {
-        Pixels r;
+        Pixels r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = pixels[i];
         return r;
@@ -220,7 +220,7 @@ struct SPlain
     }
     static Ints alphaOf(const Pixels &a)
     {
-        Ints r;
+        Ints r{};
         for (int i = 0; i < Lanes; ++i)
             r.v[i] = static_cast<int32_t>(a.v[i] >> 24);
         return r;
@@ -254,7 +254,7 @@ struct SPlain
     /// `sum` is what the row adds up to so far.
     static Ints takeCells(int32_t *cells, Ints &sum, const Ints &alpha)
     {
-        Ints totals;
+        Ints totals{};
         int32_t total = sum.v[0];
         for (int i = 0; i < Lanes; ++i) {
             total += cells[i];
@@ -267,7 +267,7 @@ struct SPlain
     /// Even-odd: the sum runs up to a full pixel and down again.
     static Ints foldCells(const Ints &sums, const Ints &alpha)
     {
-        Ints r;
+        Ints r{};
         for (int i = 0; i < Lanes; ++i) {
             const int32_t period = sums.v[i] & (2 * FullCell - 1);
             const int32_t offPeak = period - FullCell;

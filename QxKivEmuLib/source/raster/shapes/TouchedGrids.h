@@ -21,7 +21,7 @@ public:
         const int width = area.right - area.left;
         const int height = area.bottom - area.top;
         // Room for the cell behind the last pixel, and for whole vectors.
-        const auto groups = static_cast<size_t>(width / Grid::GroupSize + 2);
+        const auto groups = static_cast<size_t>(width / Grid::GroupSize) + 2;
         m_grid.stride = groups * Grid::GroupSize;
         m_grid.touchedStride = (groups + 63) / 64;
         m_grid.left = area.left;

@@ -4,7 +4,7 @@ namespace kivemu {
 namespace {
 
 constexpr int QuarterTurn = FullTurn / 4;
-constexpr double Radian = 3.14159265358979323846 / (FullTurn / 2); ///< of one unit of angle
+constexpr double Radian = 3.14159265358979323846 / (FullTurn / 2.0); ///< of one unit of angle
 
 // Taylor series up to the 15th power; for 0 .. 45 degrees the rest is below 1e-16.
 double shortSine(double x)
