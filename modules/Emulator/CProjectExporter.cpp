@@ -244,9 +244,8 @@ std::optional<QList<SScreenExport>> CProjectExporter::collect(CProjectModel *pro
                                                               EContent content)
 {
     QList<SScreenExport> screens;
-    const EResult result = render(project, content, nullptr, [&screens](SScreenExport &&screen) {
-        screens.append(std::move(screen));
-    });
+    const EResult result = render(project, content, nullptr,
+                                  [&screens](SScreenExport &&screen) { screens.append(screen); });
     return result == EResult::Written ? std::optional(screens) : std::nullopt;
 }
 

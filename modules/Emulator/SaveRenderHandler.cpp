@@ -1,5 +1,7 @@
 #include "SaveRenderHandler.h"
 
+#include <utility>
+
 QString SaveRenderHandler::oneCommandPerLine(QString dlText)
 {
     return dlText.replace(QLatin1Char(';'), QLatin1String(";\n"));
@@ -8,8 +10,8 @@ QString SaveRenderHandler::oneCommandPerLine(QString dlText)
 void SaveRenderHandler::emulatorFrameDLCallback(QString dlTextBuffer, QByteArray dlBinBuffer,
                                                 void *, size_t, char *)
 {
-    m_text = oneCommandPerLine(dlTextBuffer);
-    m_bytes = dlBinBuffer;
+    m_text = oneCommandPerLine(std::move(dlTextBuffer));
+    m_bytes = std::move(dlBinBuffer);
     m_obtained = true;
 }
 

@@ -47,7 +47,7 @@ public:
     static QString convertedImagesFolder(const CProjectModel &project);
 
     static constexpr int MaxImageSide = 2048;                   ///< pixels; the most that is drawn
-    static constexpr qint64 MaxSourceBytes = 256 * 1024 * 1024; ///< far above any image for a chip
+    static constexpr qint64 MaxSourceBytes = qint64{256} << 20; ///< far above any image for a chip
 
 Q_SIGNALS:
     void failed(const QString &reason);

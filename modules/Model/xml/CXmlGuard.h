@@ -17,7 +17,7 @@ class CXmlGuard
     Q_DECLARE_TR_FUNCTIONS(CXmlGuard)
 
 public:
-    static constexpr qint64 MaxBytes = 64 * 1024 * 1024;
+    static constexpr qint64 MaxBytes = qint64{64} << 20;
     static constexpr int MaxDepth = 256;
     static constexpr int MaxValueLength =
         4 * 1024 * 1024; ///< of an attribute or a text, characters
