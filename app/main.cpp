@@ -44,7 +44,7 @@ QString fileFromCommandLine()
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 2)
         return {};
-    const QString named = arguments.last();
+    const QString &named = arguments.last();
     const QFileInfo here(named);
     return here.exists() ? here.absoluteFilePath()
                          : QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(named);

@@ -53,8 +53,8 @@ private:
     }
 
     bool m_forward = true;
-    std::array<uint8_t, 256> m_codes; ///< nearest code of each value
-    std::vector<float> m_values;      ///< what each code shows
+    std::array<uint8_t, 256> m_codes{}; ///< nearest code of each value
+    std::vector<float> m_values;        ///< what each code shows
     std::vector<float> m_here; ///< errors handed to this row, with one slot more on either side
     std::vector<float> m_below;
 };

@@ -55,33 +55,33 @@ void CErrorBox::retranslate()
     m_saveAs->setText(tr("Save As..."));
 }
 
-void CErrorBox::tell(const QString &foreign, const QString &reason)
+void CErrorBox::tell(const QString &text, const QString &reason)
 {
-    const QString text = ShownText::message(foreign);
+    const QString shown = ShownText::message(text);
     if (m_isQuiet)
         hide(); // it has been seen, and this one is to be answered
     if (!isVisible())
         setQuiet(false);
-    m_reasons.insert(text, reason);
-    showMessage(text.toHtmlEscaped());
+    m_reasons.insert(shown, reason);
+    showMessage(shown.toHtmlEscaped());
     showReason();
 }
 
-void CErrorBox::tellQuietly(const QString &foreign, const QString &reason)
+void CErrorBox::tellQuietly(const QString &text, const QString &reason)
 {
-    const QString text = ShownText::message(foreign);
+    const QString shown = ShownText::message(text);
     if (!parentWidget()->isVisible()) {
-        tell(text, reason);
+        tell(shown, reason);
         return;
     }
-    m_reasons.insert(text, reason);
+    m_reasons.insert(shown, reason);
     if (isVisible() && m_isQuiet) {
         showReason();
         return;
     }
     if (!isVisible())
         setQuiet(true);
-    showMessage(text.toHtmlEscaped());
+    showMessage(shown.toHtmlEscaped());
     showReason();
 }
 

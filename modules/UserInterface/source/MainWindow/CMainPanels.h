@@ -89,18 +89,18 @@ private:
     void layOut();
 
     CMainWindow *const m_window;
-    CProjectExplorerView *m_explorer;
-    CScreen *m_screens;
-    CScreenNavigator *m_navigator;
-    CWidgetSelectionPanel *m_palette;
-    CWidgetPropertiesView *m_properties;
-    COutputWindowView *m_output;
-    QDockWidget *m_explorerDock;
-    QDockWidget *m_navigatorDock;
-    QDockWidget *m_paletteDock;
-    QDockWidget *m_propertiesDock;
-    QDockWidget *m_outputDock;
-    CProjectSelection *m_selection;
+    CProjectExplorerView *m_explorer = nullptr;
+    CScreen *m_screens = nullptr;
+    CScreenNavigator *m_navigator = nullptr;
+    CWidgetSelectionPanel *m_palette = nullptr;
+    CWidgetPropertiesView *m_properties = nullptr;
+    COutputWindowView *m_output = nullptr;
+    QDockWidget *m_explorerDock = nullptr;
+    QDockWidget *m_navigatorDock = nullptr;
+    QDockWidget *m_paletteDock = nullptr;
+    QDockWidget *m_propertiesDock = nullptr;
+    QDockWidget *m_outputDock = nullptr;
+    CProjectSelection *m_selection = nullptr;
     CProjectModel *m_project = nullptr; ///< the one that is shown; not owned
     bool m_isShowing = false;           ///< the views are being brought in step with the selection
 };

@@ -95,7 +95,7 @@ std::optional<CProjectLock::SIdentity> CProjectLock::identityOf(const QString &p
 {
     SIdentity identity{0, 0, {}};
 #ifdef Q_OS_UNIX
-    struct stat status;
+    struct stat status = {};
     if (lstat(QFile::encodeName(path).constData(), &status) != 0)
         return std::nullopt;
     identity.device = status.st_dev;

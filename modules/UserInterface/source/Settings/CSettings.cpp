@@ -35,7 +35,7 @@ constexpr char snapToGrid[] = "snapToGrid";
 constexpr char isMaximized[] = "isMaximized";
 } // namespace Key
 
-constexpr qint64 MaxBytes = 1024 * 1024;
+constexpr qint64 MaxBytes = qint64{1} << 20;
 constexpr int MaxZoom = 3000;        // percent
 constexpr int MaxSpacing = 200;      // pixels
 constexpr int MaxInterval = 2000000; // seconds that a timer can hold as milliseconds

@@ -42,7 +42,7 @@ public:
     /// `aside`: the new path of a file that was no settings file.
     SSettings read(QString *aside = nullptr) const;
     /// False when the file could not be written.
-    bool write(const SSettings &settings) const;
+    bool write(const SSettings &values) const;
     /// Renames the file, so that there are none but the defaults. Its new path; empty when there
     /// is none.
     QString setAside() const;

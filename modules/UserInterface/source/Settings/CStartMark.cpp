@@ -28,7 +28,7 @@ int lockedFile(const QString &path, int flags)
     constexpr int mode = 0600;
     const int file = open(QFile::encodeName(path).constData(),
                           O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | flags, mode);
-    struct stat status;
+    struct stat status = {};
     const bool isLocked = file >= 0 && fstat(file, &status) == 0 && S_ISREG(status.st_mode) &&
                           flock(file, LOCK_EX | LOCK_NB) == 0;
     if (isLocked || file < 0)

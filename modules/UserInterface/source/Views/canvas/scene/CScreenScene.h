@@ -25,7 +25,7 @@ class CScreenScene final : public QGraphicsScene, public ICanvas
 
 public:
     /// The screen belongs to a project and must outlive the scene, or detach() be called.
-    CScreenScene(CScreenModel *screen, QObject *parent = nullptr);
+    explicit CScreenScene(CScreenModel *screen, QObject *parent = nullptr);
     ~CScreenScene() override;
 
     CScreenModel *screen() const { return m_screen; }
