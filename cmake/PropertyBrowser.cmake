@@ -23,7 +23,7 @@ endforeach()
 
 add_library(qtpropertybrowser STATIC ${sources} ${QTPROPERTYBROWSER_DIR}/src/qtpropertybrowser.qrc)
 add_library(KIV::PropertyBrowser ALIAS qtpropertybrowser)
-set_target_properties(qtpropertybrowser PROPERTIES AUTOMOC ON AUTORCC ON)
+set_target_properties(qtpropertybrowser PROPERTIES AUTOMOC ON AUTORCC ON CXX_CLANG_TIDY "")
 target_include_directories(qtpropertybrowser SYSTEM PUBLIC ${QTPROPERTYBROWSER_DIR}/src)
 target_compile_options(qtpropertybrowser PRIVATE -w)
 target_link_libraries(qtpropertybrowser PUBLIC Qt5::Widgets)

@@ -35,5 +35,8 @@ bool CFolderDialog::isNew() const
 
 void CFolderDialog::accept()
 {
-    isNew() ? QDialog::accept() : QFileDialog::accept();
+    if (isNew())
+        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): QFileDialog wants it to exist
+    else
+        QFileDialog::accept();
 }
