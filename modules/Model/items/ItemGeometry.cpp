@@ -61,7 +61,9 @@ QRectF frameOfFontHigh(const CItemModel &item)
 {
     const int known = romfonts::height(item.fontHandle());
     const int height = known > 0 ? known : HeightOfUnknownFont;
-    return QRectF(0, -(10 * height) / 32, item.width(), (20 * height) / 16);
+    const int above = 10 * height / 32; // whole pixels, as the kinds' commands reckon
+    const int tall = 20 * height / 16;
+    return QRectF(0, -above, item.width(), tall);
 }
 
 QRectF frameOfText(const CItemModel &item, const QSizeF &text)

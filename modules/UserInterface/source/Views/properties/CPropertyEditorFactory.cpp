@@ -114,8 +114,7 @@ void CPropertyEditorFactory::refresh(QtProperty *property)
 void CPropertyEditorFactory::forget(QtProperty *property)
 {
     const SEditor editor = m_editors.take(property);
-    if (editor.pending)
-        delete editor.pending;
+    delete editor.pending;
     m_multiLineRows.remove(property);
     if (m_fileRow == property)
         m_fileRow = nullptr;
