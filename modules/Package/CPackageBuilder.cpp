@@ -1,5 +1,7 @@
 #include "CPackageBuilder.h"
 
+#include "CAssetAddresses.h"
+#include "CItemWords.h"
 #include "CProjectModel.h"
 #include "Identifiers.h"
 #include "PackageBlob.h"
@@ -15,20 +17,14 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QTransform>
-#include <QVector>
 
 #include <algorithm>
+#include <optional>
 
 using namespace kivemu;
 
 namespace {
-
-uint32_t aligned(uint32_t bytes)
-{
-    return (bytes + CRamGPlan::Alignment - 1) / CRamGPlan::Alignment * CRamGPlan::Alignment;
-}
 
 QStringList findingsInPackage(const QStringList &errors, const QString &folder)
 {
@@ -60,41 +56,6 @@ SPackageItem packageItem(const SExportedItem &item)
     result.outline = outlineOf(item);
     return result;
 }
-
-/// Tells each item which words draw it, and which assets these show.
-class CItemWords
-{
-public:
-    explicit CItemWords(QList<SPackageItem> &items) : m_items(items)
-    {
-        for (int i = 0; i < items.size(); ++i)
-            if (items[i].tag != 0)
-                m_byTag[items[i].tag].append(i);
-    }
-
-    void takeCommand(const SCommand &command, const uint32_t *words, size_t header)
-    {
-        const size_t length = 1 + command.operandWords();
-        if (command.opcode == EOpcode::Item) {
-            m_tagged = m_byTag.value(words[header + 1]);
-            for (const int item : qAsConst(m_tagged))
-                m_items[item].words.append({header, 0});
-        }
-        for (const int item : qAsConst(m_tagged))
-            m_items[item].words.last().count += length;
-    }
-    void takeAsset(size_t asset)
-    {
-        for (const int item : qAsConst(m_tagged))
-            if (!m_items[item].assets.contains(asset))
-                m_items[item].assets.append(asset);
-    }
-
-private:
-    QList<SPackageItem> &m_items;
-    QHash<uint32_t, QVector<int>> m_byTag;
-    QVector<int> m_tagged; ///< those that the words belong to
-};
 
 } // namespace
 
@@ -139,6 +100,7 @@ bool CPackageBuilder::finish()
         m_problems.append(tr("The project has no screen to pack."));
     if (!m_problems.isEmpty())
         return false;
+    mergeFonts(m_content, m_placed);
     nameAll();
     plan();
     if (!m_problems.isEmpty())
@@ -184,36 +146,45 @@ void CPackageBuilder::add(const SScreenExport &screen)
     for (const SExportedItem &item : screen.items)
         result.items.append(packageItem(item));
 
+    takeAssets(screen, result);
+    m_content.screens.append(result);
+}
+
+/// Finds the assets that the screen's list draws.
+void CPackageBuilder::takeAssets(const SScreenExport &screen, SPackageScreen &result)
+{
     CItemWords itemWords(result.items);
-    QList<SPlaced> placed;
-    size_t current = 0;
-    walkCommands(result.words.data(), result.words.size(),
-                 [&](const SCommand &command, size_t header) {
-                     itemWords.takeCommand(command, result.words.data(), header);
-                     if (command.opcode == EOpcode::Bitmap && !placed.isEmpty())
-                         itemWords.takeAsset(current);
-                     if (command.opcode != EOpcode::BitmapSource)
-                         return;
-                     const uint32_t address = result.words[header + 1];
-                     const auto &assets = screen.memory.assets;
-                     const auto found =
-                         std::find_if(assets.begin(), assets.end(),
-                                      [&](const auto &each) { return each.address == address; });
-                     if (found == assets.end()) {
-                         m_problems.append(tr("Screen \"%1\" draws a bitmap from address %2, where "
-                                              "none lies.")
-                                               .arg(screen.name)
-                                               .arg(address));
-                         return;
-                     }
-                     current = assetIndex(screen.memory, *found);
-                     placed.append({*found, current});
-                     result.assets.push_back(current);
-                 });
+    CAssetAddresses addresses;
+    QList<SPlacedAsset> placed;
+    const auto indexAt = [&](uint32_t address) -> std::optional<size_t> {
+        for (const SPlacedAsset &each : qAsConst(placed))
+            if (each.asset.address == address)
+                return each.index;
+        for (const SGraphicsMemory::SAsset &asset : screen.memory.assets) {
+            if (asset.address != address)
+                continue;
+            placed.append({asset, assetIndex(screen.memory, asset)});
+            return placed.last().index;
+        }
+        return std::nullopt;
+    };
+    walkCommands(
+        result.words.data(), result.words.size(), [&](const SCommand &command, size_t header) {
+            itemWords.takeCommand(command, result.words.data(), header);
+            addresses.takeCommand(command, result.words.data(), header);
+            if (const auto named = addresses.named(); named && !indexAt(*named))
+                m_problems.append(tr("Screen \"%1\" draws from address %2, where nothing lies.")
+                                      .arg(screen.name)
+                                      .arg(*named));
+            if (const auto drawn = addresses.drawn())
+                if (const auto index = indexAt(*drawn))
+                    itemWords.takeAsset(*index);
+        });
+    for (const SPlacedAsset &each : qAsConst(placed))
+        result.assets.push_back(each.index);
     std::sort(result.assets.begin(), result.assets.end());
     result.assets.erase(std::unique(result.assets.begin(), result.assets.end()),
                         result.assets.end());
-    m_content.screens.append(result);
     m_placed.append(placed);
 }
 
@@ -233,7 +204,7 @@ size_t CPackageBuilder::assetIndex(const SGraphicsMemory &memory,
     candidate.paletteBytes = asset.paletteBytes;
     candidate.bytes = piece(asset.address, asset.bytes);
     if (asset.paletteBytes > 0) {
-        candidate.paletteOffset = aligned(asset.bytes);
+        candidate.paletteOffset = CRamGPlan::aligned(asset.bytes);
         const int gap = static_cast<int>(candidate.paletteOffset - asset.bytes);
         candidate.bytes += QByteArray(gap, '\0');
         candidate.bytes += piece(asset.paletteAddress, asset.paletteBytes);
@@ -302,20 +273,25 @@ void CPackageBuilder::plan()
 
 void CPackageBuilder::relocate(size_t screen)
 {
-    const QList<SPlaced> &placed = m_placed[static_cast<int>(screen)];
+    const QList<SPlacedAsset> &placed = m_placed[static_cast<int>(screen)];
     std::vector<uint32_t> &words = m_content.screens[static_cast<int>(screen)].words;
-    const SPlaced *current = nullptr; // its palette is set after the source
+    const auto indexAt = [&](uint32_t address) {
+        return std::find_if(placed.begin(), placed.end(),
+                            [&](const SPlacedAsset &each) { return each.asset.address == address; })
+            ->index;
+    };
+    std::optional<size_t> bitmap; // its palette is set after the source
     replaceAddresses(words.data(), words.size(), [&](EOpcode command, uint32_t address) {
+        if (command == EOpcode::Font)
+            return m_content.plan->address(screen, indexAt(address));
         if (command == EOpcode::BitmapSource)
-            current = &*std::find_if(placed.begin(), placed.end(), [&](const SPlaced &each) {
-                return each.asset.address == address;
-            });
-        if (!current)
+            bitmap = indexAt(address);
+        if (!bitmap)
             return address;
-        const uint32_t planned = m_content.plan->address(screen, current->index);
+        const uint32_t planned = m_content.plan->address(screen, *bitmap);
         if (command == EOpcode::BitmapSource)
             return planned;
-        const uint32_t palette = m_content.assets[static_cast<int>(current->index)].paletteOffset;
+        const uint32_t palette = m_content.assets[static_cast<int>(*bitmap)].paletteOffset;
         return palette > 0 ? planned + palette : 0; // a format without one does not look at it
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PackageFonts.h"
 #include "SPackageContent.h"
 #include "SScreenExport.h"
 
@@ -58,6 +59,7 @@ public:
 
 private:
     bool checkMemory(const SScreenExport &screen);
+    void takeAssets(const SScreenExport &screen, SPackageScreen &result);
     size_t assetIndex(const SGraphicsMemory &memory, const SGraphicsMemory::SAsset &asset);
     void nameAll();
     void plan();
@@ -67,11 +69,5 @@ private:
     SPackage m_package;
     SPackageContent m_content;
     QStringList m_problems;
-    /// For each screen its assets where the emulator had them, and which of ours each is.
-    struct SPlaced
-    {
-        SGraphicsMemory::SAsset asset;
-        size_t index;
-    };
-    QList<QList<SPlaced>> m_placed;
+    QList<QList<SPlacedAsset>> m_placed; ///< of each screen
 };

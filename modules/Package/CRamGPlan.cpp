@@ -10,11 +10,6 @@
 
 namespace {
 
-uint32_t aligned(uint32_t bytes)
-{
-    return (bytes + CRamGPlan::Alignment - 1) / CRamGPlan::Alignment * CRamGPlan::Alignment;
-}
-
 std::vector<size_t> all(size_t count)
 {
     std::vector<size_t> numbers(count);

@@ -15,6 +15,11 @@ class CRamGPlan
 public:
     static constexpr uint32_t Alignment = 4; ///< of addresses, and of what an asset takes up
     static constexpr size_t MaxBlocks = 512;
+    /// What so many bytes take up.
+    static constexpr uint32_t aligned(uint32_t bytes)
+    {
+        return (bytes + Alignment - 1) / Alignment * Alignment;
+    }
 
     struct SBlock
     {

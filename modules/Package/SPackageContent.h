@@ -16,12 +16,12 @@
 #include <memory>
 #include <vector>
 
-/// The content of one bitmap, stored once whatever its files are called.
+/// The content of one bitmap or font block, stored once whatever its files are called.
 struct SPackageAsset
 {
     QStringList files; ///< relative to the project's folder, the first one that was met first
     QString identifier;
-    uint32_t format = 0;
+    uint32_t format = 0; ///< this and the next as in EmuAsset
     uint32_t width = 0;
     uint32_t height = 0;
     uint32_t stride = 0;

@@ -1038,8 +1038,8 @@
         <translation>Seite „%1“: Der Emulator sagt nicht, was in RAM_G liegt.</translation>
     </message>
     <message>
-        <source>Screen &quot;%1&quot; draws a bitmap from address %2, where none lies.</source>
-        <translation>Seite „%1“ zeichnet ein Bild von Adresse %2, an der keines liegt.</translation>
+        <source>Screen &quot;%1&quot; draws from address %2, where nothing lies.</source>
+        <translation>Seite „%1“ zeichnet von Adresse %2, an der nichts liegt.</translation>
     </message>
     <message>
         <source>The plan of RAM_G has %1 blocks; a package can hold %2.</source>

@@ -1038,8 +1038,8 @@
         <translation>页面“%1”：模拟器没有给出 RAM_G 的内容。</translation>
     </message>
     <message>
-        <source>Screen &quot;%1&quot; draws a bitmap from address %2, where none lies.</source>
-        <translation>页面“%1”从地址 %2 绘制位图，但该处没有位图。</translation>
+        <source>Screen &quot;%1&quot; draws from address %2, where nothing lies.</source>
+        <translation>页面“%1”从地址 %2 绘制，但该处没有内容。</translation>
     </message>
     <message>
         <source>The plan of RAM_G has %1 blocks; a package can hold %2.</source>

@@ -1,9 +1,16 @@
+#include "CFontMerge.h"
 #include "CPackageBuilder.h"
 #include "CRamGPlan.h"
 #include "Identifiers.h"
 #include "PackageFiles.h"
 #include "PackagePaths.h"
+#include "QxKivEmuLib.h"
 #include "TestFiles.h"
+#include "displaylist/DisplayListText.h"
+#include "displaylist/FontBlock.h"
+#include "executor/CExecutor.h"
+#include "executor/CRamG.h"
+#include "support/Replay.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -28,6 +35,9 @@ private Q_SLOTS:
     void filesAreWrittenTogetherOrNotAtAll_data();
     void filesAreWrittenTogetherOrNotAtAll();
     void screensThatDoNotFitAreRefused();
+    void fontsOfScreensAreMerged_data();
+    void fontsOfScreensAreMerged();
+    void mergedFontsShowTheSamePictures();
 };
 
 void tst_Package::identifiers_data()
@@ -240,6 +250,159 @@ void tst_Package::screensThatDoNotFitAreRefused()
         QVERIFY2(problems({screen})[0].contains(part), part);
     screen.memory.isKnown = false;
     QCOMPARE(problems({screen}).size(), 2);
+}
+
+namespace {
+
+/// A block with a glyph for each letter: 8 texels of its code, which is its advance too.
+QByteArray fontBlock(const QByteArray &letters)
+{
+    std::vector<QByteArray> masks;
+    std::vector<kivemu::SFontGlyph> glyphs;
+    for (const char letter : letters)
+        masks.emplace_back(8, letter);
+    for (const QByteArray &mask : masks)
+        glyphs.push_back({4, 2, 0, 2, mask[0], reinterpret_cast<const uint8_t *>(mask.data())});
+    const auto bytes = kivemu::writeFontBlock(8, glyphs);
+    return {reinterpret_cast<const char *>(bytes.data()), static_cast<int>(bytes.size())};
+}
+
+QByteArray lettersOf(const QByteArray &block)
+{
+    std::string fault;
+    const auto font = kivemu::CFontBlock::find(reinterpret_cast<const uint8_t *>(block.data()),
+                                               static_cast<size_t>(block.size()), 0, fault);
+    QByteArray letters;
+    for (uint32_t i = 0; font && i < font->glyphCount(); ++i)
+        letters += static_cast<char>(font->glyph(i, fault)->advance16);
+    return letters;
+}
+
+} // namespace
+
+void tst_Package::fontsOfScreensAreMerged_data()
+{
+    QTest::addColumn<QString>("blocks");
+    QTest::addColumn<QString>("uses"); // screen, block, font
+    QTest::addColumn<QString>("merged");
+    QTest::addColumn<int>("capacity"); // a block of n letters takes 8 + 24 n bytes
+    const auto row = [](const char *title, const char *blocks, const char *uses, const char *merged,
+                        int capacity = 10000) {
+        QTest::newRow(title) << blocks << uses << merged << capacity;
+    };
+    row("one screen", "abc", "00F", "abc");
+    row("the second has one more", "abc cdb", "00F 11F", "abcd");
+    row("equal glyphs of the first keep their numbers", "aba bac", "00F 11F", "abac");
+    row("two fonts", "abc cdb", "00F 11G", "abc cdb");
+    row("two fonts with a block in common", "ab bc cd", "00F 00G 11F 22G", "abcd");
+    row("fonts between each other", "ab cd bc de", "00F 11G 22F 03G", "abc cde");
+    row("one does not fit", "ab cd bc", "00F 11G 12G 02F", "ab cd bc", 10);
+    row("just fits", "ab cd", "00F 11F", "abcd", 104);
+    row("fits into one of two screens", "ab cd", "00F 11F 21F", "ab cd", 103);
+    row("two of a screen need less than before", "ab bc", "00F 01F", "abc", 112);
+    row("one is no font", "ab ?", "00F 11F", "ab ?");
+}
+
+void tst_Package::fontsOfScreensAreMerged()
+{
+    QFETCH(QString, blocks);
+    QFETCH(QString, uses);
+    QFETCH(QString, merged);
+    QFETCH(int, capacity);
+    QList<QByteArray> given;
+    for (const QString &letters : blocks.split(' '))
+        given += letters == "?" ? QByteArray(50, '?') : fontBlock(letters.toLatin1());
+    std::vector<CFontMerge::SUse> all;
+    for (const QString &use : uses.split(' '))
+        all.push_back({static_cast<size_t>(use[0].digitValue()),
+                       static_cast<size_t>(use[1].digitValue()), use.mid(2)});
+    const CFontMerge merge(given, all, {0, 0, 0}, static_cast<uint32_t>(capacity));
+    QStringList result;
+    for (const QByteArray &block : merge.blocks())
+        result += block[0] == '?' ? "?" : QString::fromLatin1(lettersOf(block));
+    QCOMPARE(result.join(' '), merged);
+    for (int i = 0; i < given.size(); ++i) {
+        const QByteArray letters = lettersOf(given[i]);
+        const auto block = static_cast<size_t>(i);
+        const QByteArray there = lettersOf(merge.blocks()[static_cast<int>(merge.blockOf(block))]);
+        for (int k = 0; k < letters.size(); ++k)
+            QCOMPARE(there[merge.numberOf(block, static_cast<uint16_t>(k))], letters[k]);
+    }
+}
+
+/// Screens with a bitmap, an upright and a turned text, in memory as the emulator has them.
+void tst_Package::mergedFontsShowTheSamePictures()
+{
+    const QStringList letters{"hello", "world", "low"};
+    QList<SScreenExport> screens;
+    QList<kivemu::CRamG> memories;
+    for (int i = 0; i < letters.size(); ++i) {
+        SScreenExport screen;
+        screen.memory.isKnown = true;
+        kivemu::CRamG memory(4096);
+        const auto place = [&](const QByteArray &bytes, uint32_t format, uint32_t stride) {
+            SGraphicsMemory::SAsset asset;
+            asset.file = format == EMU_ASSET_FONT ? "/p/font.ttf" : "/p/bitmap.raw";
+            asset.format = format;
+            asset.width = asset.height = 4;
+            asset.stride = stride;
+            asset.address = *memory.append(reinterpret_cast<const uint8_t *>(bytes.data()),
+                                           static_cast<size_t>(bytes.size()));
+            asset.bytes = static_cast<uint32_t>(bytes.size());
+            screen.memory.assets += asset;
+            return asset.address;
+        };
+        const uint32_t bitmap = place(QByteArray(16, static_cast<char>(90 + i)), 3, 4);
+        const uint32_t turned =
+            place(fontBlock(letters[i].toUpper().toLatin1()), EMU_ASSET_FONT, 9);
+        const uint32_t upright = place(fontBlock(letters[i].toLatin1()), EMU_ASSET_FONT, 0);
+        std::string list =
+            QString("BITMAP_SOURCE(3, %1);BITMAP_LAYOUT(4, 4, 4);BITMAP(0, 0, 64, 64);"
+                    "FONT(2, %2);FONT(3, %3);TEXT(64, 160, 2);GLYPH(0, 0);GLYPH(2, 3);"
+                    "FONT(2, %3);GLYPH(1, 0);TEXT(32, 320, 2);GLYPH(2, 0);GLYPH(1, 0);"
+                    "TEXT(400, 400, 3);GLYPH(0, 0);END();")
+                .arg(bitmap)
+                .arg(turned)
+                .arg(upright)
+                .toStdString();
+        const auto bytes = kivemu::toBytes(*kivemu::assemble(list, nullptr));
+        screen.bytes = QByteArray(reinterpret_cast<const char *>(bytes.data()),
+                                  static_cast<int>(bytes.size()));
+        screen.memory.bytes = QByteArray(reinterpret_cast<const char *>(memory.data()),
+                                         static_cast<int>(memory.used()));
+        screens += screen;
+        memories += memory;
+    }
+    CPackageBuilder builder({"P", "QX100", 0x100, "/p", QSize(48, 32)});
+    for (const SScreenExport &screen : qAsConst(screens))
+        builder.add(screen);
+    QVERIFY2(builder.finish(), qPrintable(builder.problems().join('\n')));
+    const SPackageContent &content = builder.content();
+    QCOMPARE(content.assets.size(), 3 + 2);
+    QCOMPARE(lettersOf(content.assets[3].bytes), QByteArray("HELLOWRD"));
+    QCOMPARE(lettersOf(content.assets[4].bytes), QByteArray("hellowrd"));
+    QCOMPARE(content.assets[4].width, 8U);
+    std::vector<uint8_t> planned(4096);
+    for (size_t i = 0; i < 3; ++i) {
+        for (const size_t asset : content.screens[static_cast<int>(i)].assets) {
+            const QByteArray &bytes = content.assets[static_cast<int>(asset)].bytes;
+            std::copy(bytes.begin(), bytes.end(),
+                      planned.begin() + content.plan->address(i, asset));
+        }
+        kivemu::CRamG memory(planned.size());
+        memory.append(planned.data(), planned.size());
+        kivemu::CExecutor executor;
+        const auto &own = screens[static_cast<int>(i)].bytes;
+        const auto words = kivemu::fromBytes(reinterpret_cast<const uint8_t *>(own.data()),
+                                             static_cast<size_t>(own.size()));
+        const auto frame =
+            kivemu::execute(executor, words, memories[static_cast<int>(i)], 48, 32, 0);
+        const auto packed = kivemu::execute(executor, content.screens[static_cast<int>(i)].words,
+                                            memory, 48, 32, 0);
+        QCOMPARE(frame.errors, std::vector<std::string>());
+        QCOMPARE(kivemu::difference(frame, packed, 48), std::string());
+        QVERIFY(std::count(frame.pixels.begin(), frame.pixels.end(), 0xFF000000U) < 48 * 32 - 30);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Package)

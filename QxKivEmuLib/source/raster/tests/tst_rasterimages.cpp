@@ -1,4 +1,4 @@
-// Bitmaps, glyphs and gradients against straightforward references.
+// Bitmaps and gradients against straightforward references.
 
 #include "RasterTestSupport.h"
 
