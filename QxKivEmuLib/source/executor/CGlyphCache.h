@@ -32,7 +32,7 @@ private:
     struct SExpanded
     {
         std::vector<uint8_t> rows;
-        romfonts::SGlyph glyph;
+        romfonts::SGlyph glyph{};
     };
     void clear();
 
