@@ -136,7 +136,7 @@ private:
 
 struct CDisplayListWriter::SMark
 {
-    size_t words;
+    size_t words = 0;
     SProgress at;
 };
 

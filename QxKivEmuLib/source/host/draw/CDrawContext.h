@@ -54,8 +54,8 @@ public:
     struct SMark
     {
         CDisplayListWriter::SMark list;
-        SClip scissor;
-        uint32_t tag;
+        SClip scissor{};
+        uint32_t tag = 0;
     };
     SMark mark() const { return {m_writer.mark(), m_emittedScissor, m_emittedTag}; }
     /// Takes back whatever was drawn since.
