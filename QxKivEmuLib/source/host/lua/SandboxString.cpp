@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
 #include <cstring>
 #include <lua.hpp>
 
@@ -37,10 +36,20 @@ int boundedRep(lua_State *state)
     return callOriginal(state);
 }
 
+/// The number that a directive has behind its point: 0 where there is none. Lua takes two digits
+/// and no sign; work below zero would be time for nothing.
+int digitsAt(const char *at)
+{
+    constexpr int MostDigits = 99;
+    int digits = 0;
+    while (*at >= '0' && *at <= '9' && digits < MostDigits)
+        digits = digits * 10 + (*at++ - '0');
+    return std::min(digits, MostDigits);
+}
+
 /// The work that the directives of a format are. Refuses "%p", which gives addresses.
 size_t checkDirectives(lua_State *state, const char *format)
 {
-    constexpr int MostDigits = 99;
     size_t work = 0;
     int argument = 1;
     for (const char *at = format; *at != '\0'; ++at) {
@@ -49,7 +58,7 @@ size_t checkDirectives(lua_State *state, const char *format)
         int digits = 6;
         for (++at; *at != '\0' && !std::isalpha(static_cast<unsigned char>(*at)) && *at != '%';) {
             if (*at++ == '.')
-                digits = std::atoi(at);
+                digits = digitsAt(at);
         }
         if (*at == 'p')
             luaL_error(state, "'%%p' is not available");
@@ -59,7 +68,7 @@ size_t checkDirectives(lua_State *state, const char *format)
             continue;
         ++argument;
         work += std::strchr("aAeEfFgGq", *at)
-                    ? workOfNumberText(lua_tonumber(state, argument), std::min(digits, MostDigits))
+                    ? workOfNumberText(lua_tonumber(state, argument), digits)
                     : WorkPerDirective;
     }
     return work;

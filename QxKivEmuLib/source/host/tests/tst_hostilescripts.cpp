@@ -136,6 +136,7 @@ const SHostileScript Scripts[] = {
     {"move_no_end", "table.move({}, 1, 1 << 60, 2)", "too many"},
     {"unpack_wrapping", "return table.unpack({}, -(1 << 62), 1 << 62)", "too many"},
     {"gsub_growth", "return (('x'):rep(10000)):gsub('x', ('y'):rep(10000))", "longer than"},
+    {"format_digits", "return string.format('%.-99999999f', 1)", "invalid"},
     {"format_width", "return string.format('%99999d', 1)", "invalid"},
     {"format_huge", "return string.format(('%s'):rep(3000), 1)", "longer than"},
     {"many_globals", "for i = 1, 1e9 do _ENV['v' .. i] = i end", "Kiv_Test_T 1: "},
