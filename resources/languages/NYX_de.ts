@@ -231,6 +231,164 @@
     </message>
 </context>
 <context>
+    <name>CFontForm</name>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Handle</source>
+        <translation>&amp;Kennzahl</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Variation</source>
+        <translation>&amp;Variation</translation>
+    </message>
+    <message>
+        <source>S&amp;moothing</source>
+        <translation>Gl&amp;ättung</translation>
+    </message>
+    <message>
+        <source>&amp;Fallback</source>
+        <translation>&amp;Ersatz</translation>
+    </message>
+    <message>
+        <source>E&amp;xtra characters</source>
+        <translation>&amp;Weitere Zeichen</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Embedding</source>
+        <translation>Einbettung</translation>
+    </message>
+    <message>
+        <source>8 bit, 256 levels</source>
+        <translation>8 Bit, 256 Stufen</translation>
+    </message>
+    <message>
+        <source>4 bit, 16 levels</source>
+        <translation>4 Bit, 16 Stufen</translation>
+    </message>
+    <message>
+        <source>2 bit, 4 levels</source>
+        <translation>2 Bit, 4 Stufen</translation>
+    </message>
+    <message>
+        <source>1 bit, none</source>
+        <translation>1 Bit, keine</translation>
+    </message>
+    <message>
+        <source>The number by which the &quot;font&quot; of a widget means this font</source>
+        <translation>Die Zahl, mit der „font“ eines Widgets diese Schrift meint</translation>
+    </message>
+    <message>
+        <source>Fonts that are asked, from top to bottom, for characters that this font lacks; drag them into their order</source>
+        <translation>Schriften, die von oben nach unten nach Zeichen gefragt werden, die dieser fehlen; ihre Reihenfolge wird durch Ziehen bestimmt</translation>
+    </message>
+    <message>
+        <source>Characters for what the firmware writes later, parted by blanks; &quot;0-9&quot; means all from 0 to 9</source>
+        <translation>Zeichen für das, was die Firmware später schreibt, durch Leerzeichen getrennt; „0-9“ meint alle von 0 bis 9</translation>
+    </message>
+    <message>
+        <source>Allowed</source>
+        <translation>Erlaubt</translation>
+    </message>
+    <message>
+        <source>Allowed in documents that are edited; ask its maker for devices</source>
+        <translation>Erlaubt in Dokumenten, die bearbeitet werden; für Geräte den Hersteller fragen</translation>
+    </message>
+    <message>
+        <source>Allowed in documents for reading only; ask its maker for devices</source>
+        <translation>Erlaubt in Dokumenten nur zum Lesen; für Geräte den Hersteller fragen</translation>
+    </message>
+    <message>
+        <source>Forbidden without its maker&apos;s consent</source>
+        <translation>Verboten ohne Zustimmung des Herstellers</translation>
+    </message>
+    <message>
+        <source>parts of it may not be taken</source>
+        <translation>Teile davon dürfen nicht entnommen werden</translation>
+    </message>
+    <message>
+        <source>only as bitmaps</source>
+        <translation>nur als Bitmaps</translation>
+    </message>
+</context>
+<context>
+    <name>CFontsDialog</name>
+    <message>
+        <source>Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.</source>
+        <translation>Nach dem Hinzufügen einer TTF-, OTF- oder WOFF2-Datei können Texte darin gezeichnet werden.</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>&amp;Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>Schriften</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>&amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>Temperature 21 °C</source>
+        <translation>Temperatur 21 °C</translation>
+    </message>
+    <message>
+        <source>Add Fonts</source>
+        <translation>Schriften hinzufügen</translation>
+    </message>
+    <message>
+        <source>Fonts (*.ttf *.otf *.ttc *.woff2)</source>
+        <translation>Schriften (*.ttf *.otf *.ttc *.woff2)</translation>
+    </message>
+    <message>
+        <source>All %1 handles are taken.</source>
+        <translation>Alle %1 Kennzahlen sind vergeben.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1 bytes of graphics memory for this preview; items that use the font: %2</source>
+        <translation>%1 Byte Grafikspeicher für diese Vorschau; Elemente mit dieser Schrift: %2</translation>
+    </message>
+    <message>
+        <source>Handle %1 belongs to two fonts.</source>
+        <translation>Die Kennzahl %1 gehört zwei Schriften.</translation>
+    </message>
+    <message>
+        <source>A font needs a name.</source>
+        <translation>Eine Schrift braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>Change Fonts</source>
+        <translation>Schriften ändern</translation>
+    </message>
+</context>
+<context>
     <name>CGridComboWidget</name>
     <message>
         <source>Grid</source>
@@ -860,6 +1018,18 @@
     <message>
         <source>&amp;View</source>
         <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Fonts...</source>
+        <translation>&amp;Schriften...</translation>
+    </message>
+    <message>
+        <source>Add fonts of your own to the project</source>
+        <translation>Fügt dem Projekt eigene Schriften hinzu</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>&amp;Projekt</translation>
     </message>
     <message>
         <source>&amp;Tools</source>

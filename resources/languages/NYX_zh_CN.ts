@@ -231,6 +231,164 @@
     </message>
 </context>
 <context>
+    <name>CFontForm</name>
+    <message>
+        <source> px</source>
+        <translation> 像素</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Handle</source>
+        <translation>编号(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>大小(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Variation</source>
+        <translation>变化(&amp;V)</translation>
+    </message>
+    <message>
+        <source>S&amp;moothing</source>
+        <translation>平滑(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Fallback</source>
+        <translation>后备(&amp;F)</translation>
+    </message>
+    <message>
+        <source>E&amp;xtra characters</source>
+        <translation>额外字符(&amp;X)</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>许可证</translation>
+    </message>
+    <message>
+        <source>Embedding</source>
+        <translation>嵌入</translation>
+    </message>
+    <message>
+        <source>8 bit, 256 levels</source>
+        <translation>8 位，256 级</translation>
+    </message>
+    <message>
+        <source>4 bit, 16 levels</source>
+        <translation>4 位，16 级</translation>
+    </message>
+    <message>
+        <source>2 bit, 4 levels</source>
+        <translation>2 位，4 级</translation>
+    </message>
+    <message>
+        <source>1 bit, none</source>
+        <translation>1 位，无</translation>
+    </message>
+    <message>
+        <source>The number by which the &quot;font&quot; of a widget means this font</source>
+        <translation>控件的“font”用这个编号表示该字体</translation>
+    </message>
+    <message>
+        <source>Fonts that are asked, from top to bottom, for characters that this font lacks; drag them into their order</source>
+        <translation>此字体缺少的字符按从上到下的顺序在这些字体中查找；拖动可改变顺序</translation>
+    </message>
+    <message>
+        <source>Characters for what the firmware writes later, parted by blanks; &quot;0-9&quot; means all from 0 to 9</source>
+        <translation>固件以后要写的字符，用空格分隔；“0-9”表示从 0 到 9 的全部字符</translation>
+    </message>
+    <message>
+        <source>Allowed</source>
+        <translation>允许</translation>
+    </message>
+    <message>
+        <source>Allowed in documents that are edited; ask its maker for devices</source>
+        <translation>允许用于可编辑的文档；用于设备请询问制造商</translation>
+    </message>
+    <message>
+        <source>Allowed in documents for reading only; ask its maker for devices</source>
+        <translation>仅允许用于只读文档；用于设备请询问制造商</translation>
+    </message>
+    <message>
+        <source>Forbidden without its maker&apos;s consent</source>
+        <translation>未经制造商同意禁止使用</translation>
+    </message>
+    <message>
+        <source>parts of it may not be taken</source>
+        <translation>不得只取其中一部分</translation>
+    </message>
+    <message>
+        <source>only as bitmaps</source>
+        <translation>仅限位图</translation>
+    </message>
+</context>
+<context>
+    <name>CFontsDialog</name>
+    <message>
+        <source>Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.</source>
+        <translation>添加 TTF、OTF 或 WOFF2 文件后，即可用它绘制文字。</translation>
+    </message>
+    <message>
+        <source>&amp;Add...</source>
+        <translation>添加(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>删除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>&amp;Preview</source>
+        <translation>预览(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Temperature 21 °C</source>
+        <translation>温度 21 °C</translation>
+    </message>
+    <message>
+        <source>Add Fonts</source>
+        <translation>添加字体</translation>
+    </message>
+    <message>
+        <source>Fonts (*.ttf *.otf *.ttc *.woff2)</source>
+        <translation>字体 (*.ttf *.otf *.ttc *.woff2)</translation>
+    </message>
+    <message>
+        <source>All %1 handles are taken.</source>
+        <translation>全部 %1 个编号均已占用。</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 bytes of graphics memory for this preview; items that use the font: %2</source>
+        <translation>此预览占用 %1 字节图形内存；使用该字体的项目：%2</translation>
+    </message>
+    <message>
+        <source>Handle %1 belongs to two fonts.</source>
+        <translation>编号 %1 属于两种字体。</translation>
+    </message>
+    <message>
+        <source>A font needs a name.</source>
+        <translation>字体需要名称。</translation>
+    </message>
+    <message>
+        <source>Change Fonts</source>
+        <translation>更改字体</translation>
+    </message>
+</context>
+<context>
     <name>CGridComboWidget</name>
     <message>
         <source>Grid</source>
@@ -860,6 +1018,18 @@
     <message>
         <source>&amp;View</source>
         <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Fonts...</source>
+        <translation>字体(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Add fonts of your own to the project</source>
+        <translation>向项目添加自己的字体</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>项目(&amp;P)</translation>
     </message>
     <message>
         <source>&amp;Tools</source>

@@ -162,10 +162,11 @@ bool CCommandRunner::isLeftOut(EOpcode opcode)
         m_ended = true;
         return true;
     }
-    if (!m_budget.isExceeded(m_rasterizer.work()))
+    const std::string excess = m_budget.excess(m_rasterizer.work());
+    if (excess.empty())
         return false;
     if (!m_isExcessTold)
-        fail(opcode, m_budget.excess(m_rasterizer.work()));
+        fail(opcode, excess);
     m_isExcessTold = true;
     m_vertices.clear();
     m_pathTooLong = false;

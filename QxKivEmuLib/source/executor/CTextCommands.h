@@ -8,10 +8,6 @@
 #include <optional>
 #include <string>
 
-namespace romfonts {
-struct SGlyph;
-}
-
 namespace kivemu {
 
 class CGlyphCache;
@@ -52,8 +48,7 @@ private:
     int64_t penColumn() const;
     bool canDraw(EOpcode opcode, EFont kind);
     void failOnce(EOpcode opcode, const std::string &what);
-    std::optional<int> drawFirst(uint32_t number);
-    void draw(const romfonts::SGlyph &glyph);
+    void draw(uint32_t number, const SFontGlyph &glyph);
 
     const SExecution m_chip;
     CGlyphCache &m_glyphs;

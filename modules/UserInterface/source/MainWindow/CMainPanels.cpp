@@ -153,6 +153,7 @@ void CMainPanels::showProject(CProjectModel *project)
     m_screens->setProject(project);
     m_navigator->setProject(project);
     m_properties->setProject(project);
+    connect(project, &CProjectModel::fontsChanged, this, &CMainPanels::refresh);
 }
 
 void CMainPanels::clear()

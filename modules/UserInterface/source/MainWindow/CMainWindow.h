@@ -104,6 +104,7 @@ public Q_SLOTS:
     void showHelp();
     void showAboutBox();
     void showOptionDialog();
+    void showFontsDialog();
     void showUpdateDialog();
     void showLanguageDialog();
     void autosave();

@@ -4,6 +4,7 @@
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CExportController.h"
+#include "CFontsDialog.h"
 #include "CHelpWindow.h"
 #include "CLanguageDialog.h"
 #include "CLanguageLoader.h"
@@ -259,6 +260,13 @@ void CMainWindow::showOptionDialog()
     m_panels->finishEdits();
     m_options->fill(project(), m_autosaveInterval);
     m_options->exec();
+}
+
+void CMainWindow::showFontsDialog()
+{
+    m_panels->finishEdits();
+    if (project())
+        CFontsDialog(CEmulatorAdapter::instance(), project(), this).exec();
 }
 
 void CMainWindow::showUpdateDialog()

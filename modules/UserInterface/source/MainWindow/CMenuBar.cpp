@@ -195,6 +195,7 @@ void CMenuBar::setProjectOpen(bool isOpen)
         if (id != Exit && id != Undo && id != Redo) // the latter two follow their stack
             m_actions[size_t(id)]->setEnabled(isOpen);
     }
+    m_actions[Fonts]->setEnabled(isOpen);
 }
 
 void CMenuBar::setSnapToGrid()

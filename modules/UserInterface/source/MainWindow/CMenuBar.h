@@ -78,6 +78,7 @@ public:
         About,
         Updates,
         Revert,
+        Fonts,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };
@@ -85,6 +86,7 @@ public:
         FileMenu,
         EditMenu,
         ViewMenu,
+        ProjectMenu,
         ToolsMenu,
         HelpMenu,
         RecentMenu,

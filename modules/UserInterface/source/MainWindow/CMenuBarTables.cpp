@@ -119,6 +119,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.showUpdateDialog(); }},
         {CMenuBar::Revert, QT_TRANSLATE_NOOP("CMenuBar", "&Revert"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Go back to what you saved last"), nullptr, No,
          [](W &w, B &) { w.revertProject(); }},
+        {CMenuBar::Fonts, QT_TRANSLATE_NOOP("CMenuBar", "&Fonts..."), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Add fonts of your own to the project"), nullptr, No,
+         [](W &w, B &) { w.showFontsDialog(); }},
     };
     return table;
 }
@@ -134,6 +136,7 @@ const std::vector<SMenu> &menus()
          {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},
         {M::ViewMenu, QT_TRANSLATE_NOOP("CMenuBar", "&View"), true, {M::ThemeMenu, M::ZoomMenu, M::GridMenu, M::WindowsMenu}},
+        {M::ProjectMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Project"), true, {M::Fonts}},
         {M::ToolsMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Tools"), true, {M::SnapToGrid, M::Options, M::Language}},
         {M::HelpMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Help"), true, {M::Help, M::About, M::Updates}},
         {M::RecentMenu, QT_TRANSLATE_NOOP("CMenuBar", "Recent"), false, {}},

@@ -1,5 +1,7 @@
 #include "CConfigurationDialog.h"
 #include "CDialogAnswers.h"
+#include "CEmulatorAdapter.h"
+#include "CFontsDialog.h"
 #include "CLanguageDialog.h"
 #include "COptionDialog.h"
 #include "CPlatformTable.h"
@@ -101,6 +103,58 @@ private Q_SLOTS:
         field<QLineEdit>(dialog, "projectName")->setText("free");
         okButton(dialog)->click();
         QCOMPARE(dialog.options().value("project_name"), "free");
+    }
+
+    void fontsAreOneStepAndTheirFilesGoAlong()
+    {
+        const QString made = QStringLiteral(KIV_TEST_FONTS "/variable.ttf");
+        const QTemporaryDir home;
+        const QTemporaryDir other;
+        CProjectModel project;
+        makeNew(&project, "480", "320");
+        project.setWorkingDirectory(home.path());
+        touch(home.filePath("empty.ttf"));
+        QVERIFY(QFile::copy(KIV_TEST_FONTS "/variable.woff2", other.filePath("variable.ttf")));
+        {
+            CFontsDialog dialog(CEmulatorAdapter::instance(), &project);
+            auto *list = field<QListWidget>(dialog, "fonts");
+            auto *problem = field<QLabel>(dialog, "fontProblem");
+            dialog.addFiles({home.filePath("empty.ttf")});
+            QTRY_VERIFY(problem->text().startsWith("empty.ttf: "));
+            for (const QString &file : {made, made, other.filePath("variable.ttf")}) {
+                const int before = list->count();
+                dialog.addFiles({file});
+                QTRY_COMPARE(list->count(), before + 1);
+            }
+            field<QDoubleSpinBox>(dialog, "fontSize")->setValue(13.5);
+            field<QListWidget>(dialog, "fontFallback")->item(1)->setCheckState(Qt::Checked);
+            field<QSpinBox>(dialog, "fontHandle")->setValue(0);
+            QVERIFY(!okButton(dialog)->isEnabled() && !problem->text().isEmpty());
+            field<QSpinBox>(dialog, "fontHandle")->setValue(15);
+            auto *weight = field<QDoubleSpinBox>(dialog, "fontAxis_wght");
+            QTRY_VERIFY(weight);
+            weight->setValue(weight->maximum());
+            okButton(dialog)->click();
+        }
+        const auto told = [&project] { return ProjectFonts::rendererText(project.fonts()); };
+        const QString fonts = told();
+        const QStringList lines = fonts.split('\n');
+        QCOMPARE(lines.size(), 3);
+        QCOMPARE(lines[1].section('\t', 2), "before_Fonts/variable.ttf\t24\t8\t\t\t");
+        QCOMPARE(lines[2].section('\t', 2),
+                 "before_Fonts/variable (1).ttf\t13.5\t8\twght=900\t1\t");
+        QCOMPARE(QDir(home.filePath("before_Fonts")).entryList(QDir::Files).size(), 2);
+        QCOMPARE(project.undoStack()->count(), 1);
+        project.undoStack()->undo();
+        QCOMPARE(told(), QString());
+        project.undoStack()->redo();
+        QCOMPARE(told(), fonts);
+
+        CFontsDialog dialog(CEmulatorAdapter::instance(), &project);
+        field<QPushButton>(dialog, "removeFont")->click();
+        field<QPushButton>(dialog, "removeFont")->click();
+        okButton(dialog)->click();
+        QCOMPARE(told().section('\t', 6), "\t"); // and it is nobody's fallback any more
     }
 
     void wrongFieldsAreRefusedBesideThem_data()

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CProjectModel.h"
+#include "IModelIterator.h"
+#include "QxKivEmuLib.h"
+
+#include <QImage>
+#include <QObject>
+#include <QPointer>
+#include <QSize>
+
+#include <cstddef>
+#include <memory>
+
+class CEmulatorAdapter;
+
+/// Lets the emulator draw a sample text in one font of a list, as the chip would: a picture, the
+/// graphics memory that its glyphs take, and what is wrong.
+/// Requests: only the newest is answered; one that is not answered yet goes with this object.
+class CFontPreview final : public QObject, private IModelIterator
+{
+    Q_OBJECT
+
+public:
+    /// The project tells the size of the frame and the folder of relative files.
+    CFontPreview(CEmulatorAdapter *adapter, const CProjectModel *project,
+                 QObject *parent = nullptr);
+    ~CFontPreview() override;
+
+    /// `size`: of the wanted piece of the frame, pixels.
+    void ask(const ProjectFontList &fonts, int handle, const QString &sample, const QSize &size);
+
+Q_SIGNALS:
+    /// `bytes`: of graphics memory; `errors`: one a line.
+    void drawn(const QImage &picture, size_t bytes, const QString &errors);
+
+private:
+    class CItem;
+
+    void next() override;
+    IModelItem *current() override;
+    void takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height, const void *observer);
+
+    CEmulatorAdapter *const m_adapter;
+    const QPointer<const CProjectModel> m_project;
+    std::unique_ptr<CItem> m_screen;
+    std::unique_ptr<CItem> m_text;
+    IModelItem *m_current = nullptr;
+    QSize m_size;
+    size_t m_bytes = 0;
+    QString m_errors;
+};

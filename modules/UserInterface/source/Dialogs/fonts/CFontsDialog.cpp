@@ -1,0 +1,318 @@
+#include "CFontsDialog.h"
+
+#include "BackgroundWork.h"
+#include "CCommandChangeFonts.h"
+#include "CEmulatorAdapter.h"
+#include "CFontForm.h"
+#include "CFontPreview.h"
+#include "CItemModel.h"
+#include "CProblemLabel.h"
+#include "CScreenModel.h"
+#include "FontFiles.h"
+#include "ShownText.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QLocale>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QUndoStack>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+constexpr int PreviewDelay = 120; // ms
+constexpr int ListWidth = 200;
+const QSize PreviewSize(460, 96);
+
+int countUsing(const CItemModel &item, int handle)
+{
+    int count = 0;
+    const CItemModel::PropertySet &properties = item.properties();
+    for (const CWidgetProperty &each : properties) {
+        const bool isFont =
+            each.key().endsWith(QLatin1String("font")) && each.propertyType() == PropertyType::Int;
+        if (isFont && each.value().toInt() == handle) {
+            count = 1;
+            break;
+        }
+    }
+    for (int row = 0; row < item.rowCount(); ++row) {
+        if (const CItemModel *child = item.childItem(row))
+            count += countUsing(*child, handle);
+    }
+    return count;
+}
+} // namespace
+
+CFontsDialog::CFontsDialog(CEmulatorAdapter *adapter, CProjectModel *project, QWidget *parent)
+    : QDialog(parent),
+      m_project(project),
+      m_fonts(project->fonts()),
+      m_preview(new CFontPreview(adapter, project, this)),
+      m_list(new QListWidget(this)),
+      m_add(new QPushButton(tr("&Add..."), this)),
+      m_remove(new QPushButton(tr("&Remove"), this)),
+      m_form(new CFontForm(this)),
+      m_sample(new QLineEdit(tr("Temperature 21 °C"), this)),
+      m_picture(new QLabel(this)),
+      m_bytes(new QLabel(this)),
+      m_problem(new CProblemLabel(this)),
+      m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
+{
+    setWindowTitle(tr("Fonts"));
+    m_list->setObjectName(QStringLiteral("fonts"));
+    m_add->setObjectName(QStringLiteral("addFont"));
+    m_remove->setObjectName(QStringLiteral("removeFont"));
+    m_sample->setObjectName(QStringLiteral("fontSample"));
+    m_picture->setObjectName(QStringLiteral("fontPicture"));
+    m_bytes->setObjectName(QStringLiteral("fontBytes"));
+    m_problem->setObjectName(QStringLiteral("fontProblem"));
+    m_previewDelay.setSingleShot(true);
+    m_previewDelay.setInterval(PreviewDelay);
+    layOut();
+
+    connect(m_add, &QPushButton::clicked, this, &CFontsDialog::chooseFiles);
+    connect(m_remove, &QPushButton::clicked, this, &CFontsDialog::removeCurrent);
+    connect(m_list, &QListWidget::currentRowChanged, this, &CFontsDialog::showCurrent);
+    connect(m_form, &CFontForm::changed, this, &CFontsDialog::takeForm);
+    connect(m_sample, &QLineEdit::textChanged, &m_previewDelay, QOverload<>::of(&QTimer::start));
+    connect(&m_previewDelay, &QTimer::timeout, this, [this] {
+        if (current() >= 0)
+            m_preview->ask(m_fonts, m_fonts[current()].handle, m_sample->text(), PreviewSize);
+    });
+    connect(m_preview, &CFontPreview::drawn, this, &CFontsDialog::showPreview);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &CFontsDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &CFontsDialog::reject);
+    fillList();
+    m_list->setCurrentRow(m_fonts.isEmpty() ? -1 : 0);
+    showCurrent();
+}
+
+void CFontsDialog::layOut()
+{
+    m_list->setFixedWidth(ListWidth);
+    m_add->setAutoDefault(false);
+    m_remove->setAutoDefault(false);
+    m_picture->setFixedSize(PreviewSize);
+    m_picture->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_bytes->setTextFormat(Qt::PlainText);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addWidget(m_add);
+    buttons->addWidget(m_remove);
+    auto *left = new QVBoxLayout;
+    left->setSpacing(8);
+    left->addWidget(m_list, 1);
+    left->addLayout(buttons);
+    auto *right = new QVBoxLayout;
+    right->setSpacing(8);
+    right->addWidget(m_form);
+    right->addStretch(1);
+    auto *sampleLabel = new QLabel(tr("&Preview"), this);
+    sampleLabel->setBuddy(m_sample);
+    auto *sample = new QHBoxLayout;
+    sample->addWidget(sampleLabel);
+    sample->addWidget(m_sample, 1);
+    right->addLayout(sample);
+    right->addWidget(m_picture);
+    right->addWidget(m_bytes);
+    right->addWidget(m_problem);
+    auto *columns = new QHBoxLayout;
+    columns->setSpacing(16);
+    columns->addLayout(left);
+    columns->addLayout(right, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setSpacing(16);
+    layout->addLayout(columns);
+    layout->addWidget(m_buttons);
+}
+
+int CFontsDialog::current() const
+{
+    const int row = m_list->currentRow();
+    return row < m_fonts.size() ? row : -1;
+}
+
+int CFontsDialog::itemsUsing(int handle) const
+{
+    int count = 0;
+    for (int row = 0; m_project && row < m_project->screenCount(); ++row)
+        count += countUsing(*m_project->screen(row), handle);
+    return count;
+}
+
+void CFontsDialog::fillList()
+{
+    const QSignalBlocker filling(m_list);
+    const int row = m_list->currentRow();
+    m_list->clear();
+    for (const SProjectFont &each : qAsConst(m_fonts))
+        m_list->addItem(QStringLiteral("%1   %2").arg(each.handle).arg(ShownText::name(each.name)));
+    m_list->setCurrentRow(qMin(row, m_fonts.size() - 1));
+}
+
+void CFontsDialog::showCurrent()
+{
+    const int index = current();
+    m_form->setEnabled(index >= 0);
+    m_sample->setEnabled(index >= 0);
+    m_remove->setEnabled(index >= 0);
+    m_add->setEnabled(ProjectFonts::freeHandle(m_fonts) >= 0);
+    m_picture->clear();
+    m_bytes->setText(index < 0 ? tr("Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.")
+                               : QString());
+    m_form->show(index >= 0 ? m_fonts[index] : SProjectFont(), m_fonts);
+    if (index >= 0) {
+        readInfo(m_project->absoluteFolder(m_fonts[index].file));
+        m_previewDelay.start();
+    }
+    check();
+}
+
+/// A large font takes a while to unpack.
+void CFontsDialog::readInfo(const QString &file)
+{
+    const auto known = m_infos.constFind(file);
+    if (known != m_infos.constEnd()) {
+        m_form->showInfo(*known);
+        return;
+    }
+    BackgroundWork::run(
+        this, [path = QFile::encodeName(file).toStdString()] { return kivemu::readFontInfo(path); },
+        [this, file](const kivemu::SFontInfo &info) {
+            m_infos.insert(file, info);
+            if (current() >= 0 && m_project &&
+                m_project->absoluteFolder(m_fonts[current()].file) == file) {
+                m_form->showInfo(info);
+                check();
+            }
+        });
+}
+
+void CFontsDialog::chooseFiles()
+{
+    QFileDialog dialog(this, tr("Add Fonts"), m_project ? m_project->workingDirectory() : QString(),
+                       tr("Fonts (*.ttf *.otf *.ttc *.woff2)"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    if (dialog.exec() == Accepted)
+        addFiles(dialog.selectedFiles());
+}
+
+void CFontsDialog::addFiles(const QStringList &files)
+{
+    for (const QString &file : files) {
+        BackgroundWork::run(
+            this,
+            [path = QFile::encodeName(file).toStdString()] { return kivemu::readFontInfo(path); },
+            [this, file](const kivemu::SFontInfo &info) { addFont(file, info); });
+    }
+}
+
+void CFontsDialog::addFont(const QString &file, const kivemu::SFontInfo &info)
+{
+    const int handle = ProjectFonts::freeHandle(m_fonts);
+    if (!info.error.empty() || handle < 0) {
+        check(handle < 0
+                  ? tr("All %1 handles are taken.").arg(SProjectFont::HandleCount)
+                  : tr("%1: %2").arg(ShownText::message(QFileInfo(file).fileName()),
+                                     ShownText::message(QString::fromStdString(info.error))));
+        return;
+    }
+    SProjectFont font;
+    font.handle = handle;
+    font.name = CFontForm::fullName(info, file);
+    font.file = file;
+    m_infos.insert(m_project ? m_project->absoluteFolder(file) : file, info);
+    m_fonts.append(font);
+    fillList();
+    m_list->setCurrentRow(m_fonts.size() - 1);
+    showCurrent();
+}
+
+void CFontsDialog::removeCurrent()
+{
+    if (current() < 0)
+        return;
+    const int handle = m_fonts[current()].handle;
+    m_fonts.remove(current());
+    for (SProjectFont &each : m_fonts)
+        each.fallback.removeAll(handle);
+    fillList();
+    showCurrent();
+}
+
+void CFontsDialog::takeForm()
+{
+    const int index = current();
+    if (index < 0)
+        return;
+    const int before = m_fonts[index].handle;
+    m_fonts[index] = m_form->font();
+    if (m_fonts[index].handle != before) {
+        for (SProjectFont &each : m_fonts)
+            std::replace(each.fallback.begin(), each.fallback.end(), before, m_fonts[index].handle);
+    }
+    m_list->item(index)->setText(QStringLiteral("%1   %2")
+                                     .arg(m_fonts[index].handle)
+                                     .arg(ShownText::name(m_fonts[index].name)));
+    m_previewDelay.start();
+    check();
+}
+
+void CFontsDialog::showPreview(const QImage &picture, size_t bytes, const QString &errors)
+{
+    if (current() < 0)
+        return;
+    m_picture->setPixmap(QPixmap::fromImage(picture));
+    m_bytes->setText(tr("%1 bytes of graphics memory for this preview; items that use the font: %2")
+                         .arg(locale().toString(static_cast<qulonglong>(bytes)))
+                         .arg(itemsUsing(m_fonts[current()].handle)));
+    check(ShownText::message(errors.section(QLatin1Char('\n'), 0, 0)));
+}
+
+/// `problem`: something that is no reason to refuse.
+void CFontsDialog::check(const QString &problem)
+{
+    QString refusal;
+    for (int i = 0; i < m_fonts.size() && refusal.isEmpty(); ++i) {
+        for (int k = 0; k < i; ++k) {
+            if (m_fonts[i].handle == m_fonts[k].handle)
+                refusal = tr("Handle %1 belongs to two fonts.").arg(m_fonts[i].handle);
+        }
+        if (m_fonts[i].name.trimmed().isEmpty())
+            refusal = tr("A font needs a name.");
+    }
+    m_problem->setProblem(refusal.isEmpty() ? problem : refusal);
+    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(refusal.isEmpty());
+}
+
+void CFontsDialog::accept()
+{
+    if (!m_project || !m_buttons->button(QDialogButtonBox::Ok)->isEnabled())
+        return;
+    ProjectFontList fonts = m_fonts;
+    const QString problem = FontFiles::bringIn(*m_project, fonts);
+    if (!problem.isEmpty()) {
+        check(ShownText::message(problem));
+        return;
+    }
+    std::sort(fonts.begin(), fonts.end(), [](const SProjectFont &one, const SProjectFont &other) {
+        return one.handle < other.handle;
+    });
+    if (!(fonts == m_project->fonts())) {
+        QUndoStack *stack = m_project->undoStack();
+        stack->beginMacro(tr("Change Fonts"));
+        stack->push(new CCommandChangeFonts(m_project, fonts));
+        stack->endMacro();
+    }
+    QDialog::accept();
+}
