@@ -51,7 +51,7 @@ SDrawnGlyph CFontFace::draw(char32_t codePoint) const
     // Light hinting moves stems vertically only: small sizes get crisp bars and keep their spacing.
     if (index == 0 || FT_Load_Glyph(m_face, index, FT_LOAD_RENDER | FT_LOAD_TARGET_LIGHT))
         throw std::runtime_error("no glyph for code point " + std::to_string(codePoint));
-    FT_GlyphSlotRec_ *const slot = m_face->glyph;
+    const FT_GlyphSlot slot = m_face->glyph;
     const FT_Bitmap &bitmap = slot->bitmap;
     SDrawnGlyph glyph;
     glyph.width = static_cast<int>(bitmap.width);

@@ -76,12 +76,12 @@ CDisplayListWriter::CDisplayListWriter(size_t limitBytes) : m_limitWords(limitBy
 /// Counts what is wanted; false when it does not fit, and from then on for all that follows.
 bool CDisplayListWriter::begin(size_t words)
 {
-    m_wantedWords += words;
-    if (!m_full && m_words.size() + words + 1 > m_limitWords) {
-        m_full = true;
-        m_overflowItem = m_item.value_or(0);
+    m_at.wantedWords += words;
+    if (!m_at.isFull && m_words.size() + words + 1 > m_limitWords) {
+        m_at.isFull = true;
+        m_at.overflowItem = m_at.item.value_or(0);
     }
-    return !m_full;
+    return !m_at.isFull;
 }
 
 void CDisplayListWriter::command(EOpcode opcode, uint32_t operand)
@@ -97,8 +97,8 @@ void CDisplayListWriter::clear(Argb colour)
 
 void CDisplayListWriter::setColour(Argb colour)
 {
-    const Argb changed = colour ^ m_state.colour;
-    m_state.colour = colour;
+    const Argb changed = colour ^ m_at.state.colour;
+    m_at.state.colour = colour;
     if (changed & 0xFFFFFF)
         command(EOpcode::Colour, colour);
     if (changed >> 24)
@@ -107,18 +107,18 @@ void CDisplayListWriter::setColour(Argb colour)
 
 void CDisplayListWriter::setBlend(bool on)
 {
-    if (on == m_state.blend)
+    if (on == m_at.state.blend)
         return;
-    m_state.blend = on;
+    m_at.state.blend = on;
     command(EOpcode::Blend, on ? 1 : 0);
 }
 
 void CDisplayListWriter::setLineWidth(Sub16 width)
 {
     const auto cut = static_cast<Sub16>(clampLength(width));
-    if (cut == m_state.lineWidth)
+    if (cut == m_at.state.lineWidth)
         return;
-    m_state.lineWidth = cut;
+    m_at.state.lineWidth = cut;
     command(EOpcode::LineWidth, static_cast<uint32_t>(cut));
 }
 
@@ -134,28 +134,28 @@ void CDisplayListWriter::setScissor(int x, int y, int width, int height)
 
 bool CDisplayListWriter::save()
 {
-    if (m_saved.size() == MaxSavedStates)
+    if (m_at.saved.size() == MaxSavedStates)
         return false;
-    m_saved.push_back(m_state);
+    m_at.saved.push_back(m_at.state);
     command(EOpcode::Save, 0);
     return true;
 }
 
 bool CDisplayListWriter::restore()
 {
-    if (m_saved.empty())
+    if (m_at.saved.empty())
         return false;
-    m_state = m_saved.back();
-    m_saved.pop_back();
+    m_at.state = m_at.saved.back();
+    m_at.saved.pop_back();
     command(EOpcode::Restore, 0);
     return true;
 }
 
 void CDisplayListWriter::item(uint32_t id)
 {
-    if (m_item == id)
+    if (m_at.item == id)
         return;
-    m_item = id;
+    m_at.item = id;
     if (!begin(2))
         return;
     put(headerWord(EOpcode::Item, 0));
@@ -254,15 +254,15 @@ void CDisplayListWriter::bitmap(const SBitmapSource &source, const SBitmapPlacem
         placement.a, placement.b, shifted(placement.c, placement.a * cutX + placement.b * cutY),
         placement.d, placement.e, shifted(placement.f, placement.d * cutX + placement.e * cutY)};
     const uint32_t mode = modeBits(placement);
-    const bool newTexels = !m_bitmap.source || !sameTexels(source, *m_bitmap.source);
-    const bool newLayout = !m_bitmap.source || !sameLayout(source, *m_bitmap.source);
-    const bool newPalette = source.palette != m_bitmap.palette;
-    const bool newMode = mode != m_bitmap.mode;
-    const bool newTransform = std::memcmp(transform, m_bitmap.transform, sizeof transform) != 0;
-    m_bitmap.source = source;
-    m_bitmap.palette = source.palette;
-    m_bitmap.mode = mode;
-    std::copy(std::begin(transform), std::end(transform), m_bitmap.transform);
+    const bool newTexels = !m_at.bitmap.source || !sameTexels(source, *m_at.bitmap.source);
+    const bool newLayout = !m_at.bitmap.source || !sameLayout(source, *m_at.bitmap.source);
+    const bool newPalette = source.palette != m_at.bitmap.palette;
+    const bool newMode = mode != m_at.bitmap.mode;
+    const bool newTransform = std::memcmp(transform, m_at.bitmap.transform, sizeof transform) != 0;
+    m_at.bitmap.source = source;
+    m_at.bitmap.palette = source.palette;
+    m_at.bitmap.mode = mode;
+    std::copy(std::begin(transform), std::end(transform), m_at.bitmap.transform);
 
     if (!begin(3U + (newTexels ? 2U : 0U) + (newLayout ? 3U : 0U) + (newPalette ? 1U : 0U) +
                (newMode ? 1U : 0U) + (newTransform ? 7U : 0U)))
@@ -291,9 +291,20 @@ void CDisplayListWriter::bitmap(const SBitmapSource &source, const SBitmapPlacem
     put(words.size);
 }
 
+CDisplayListWriter::SMark CDisplayListWriter::mark() const
+{
+    return {m_words.size(), m_at};
+}
+
+void CDisplayListWriter::takeBack(const SMark &mark)
+{
+    m_words.resize(mark.words);
+    m_at = mark.at;
+}
+
 void CDisplayListWriter::finish()
 {
-    ++m_wantedWords;
+    ++m_at.wantedWords;
     put(headerWord(EOpcode::End, 0));
 }
 

@@ -79,15 +79,21 @@ public:
     };
     void bitmap(const SBitmapSource &source, const SBitmapPlacement &placement);
 
+    /// How far the list has come, and what is remembered of it.
+    struct SMark;
+    SMark mark() const;
+    /// Takes back whatever was written since.
+    void takeBack(const SMark &mark);
+
     /// Ends the list with END, also when the limit was reached. Nothing may follow.
     void finish();
 
     const std::vector<uint32_t> &words() const { return m_words; }
     /// Bytes that the whole list would have needed, left-out commands included.
-    size_t bytesWanted() const { return m_wantedWords * 4; }
+    size_t bytesWanted() const { return m_at.wantedWords * 4; }
     /// The item of the first command that did not fit (0 before the first item); nothing when all
     /// fitted.
-    std::optional<uint32_t> overflowItem() const { return m_overflowItem; }
+    std::optional<uint32_t> overflowItem() const { return m_at.overflowItem; }
 
 private:
     struct SState
@@ -110,16 +116,28 @@ private:
     void rectangle(EOpcode opcode, SPoint topLeft, SPoint size, Sub16 radius);
     void path(EOpcode opcode, uint32_t operand, const SPoint *points, size_t count);
 
+    /// What is known of the words that were written.
+    struct SProgress
+    {
+        size_t wantedWords = 0;
+        bool isFull = false;
+        std::optional<uint32_t> item;
+        std::optional<uint32_t> overflowItem;
+        SState state;
+        std::vector<SState> saved;
+        SBitmapState bitmap;
+        std::array<std::optional<uint32_t>, FontHandles> fonts; ///< addresses
+    };
+
     size_t m_limitWords;
-    size_t m_wantedWords = 0;
-    bool m_full = false;
-    std::optional<uint32_t> m_item;
-    std::optional<uint32_t> m_overflowItem;
-    SState m_state;
-    std::vector<SState> m_saved;
-    SBitmapState m_bitmap;
-    std::array<std::optional<uint32_t>, FontHandles> m_fonts; ///< addresses
+    SProgress m_at;
     std::vector<uint32_t> m_words;
+};
+
+struct CDisplayListWriter::SMark
+{
+    size_t words = 0;
+    SProgress at;
 };
 
 } // namespace kivemu

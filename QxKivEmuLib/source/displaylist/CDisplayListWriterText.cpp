@@ -62,9 +62,9 @@ void CDisplayListWriter::text(int font, SPoint pen, std::string_view latin1)
 void CDisplayListWriter::font(uint32_t handle, uint32_t address)
 {
     assert(handle < FontHandles);
-    if (m_fonts[handle] == address)
+    if (m_at.fonts[handle] == address)
         return;
-    m_fonts[handle] = address;
+    m_at.fonts[handle] = address;
     if (!begin(2))
         return;
     put(headerWord(EOpcode::Font, handle));

@@ -162,11 +162,10 @@ bool CCommandRunner::isLeftOut(EOpcode opcode)
         m_ended = true;
         return true;
     }
-    const std::string excess = m_budget.excess(m_rasterizer.work());
-    if (excess.empty())
+    if (!m_budget.isExceeded(m_rasterizer.work()))
         return false;
     if (!m_isExcessTold)
-        fail(opcode, excess);
+        fail(opcode, m_budget.excess(m_rasterizer.work()));
     m_isExcessTold = true;
     m_vertices.clear();
     m_pathTooLong = false;

@@ -1,7 +1,4 @@
 #include "CDrawingBudget.h"
-
-#include "displaylist/FontBlock.h"
-
 namespace kivemu {
 
 namespace {
@@ -27,18 +24,16 @@ void CDrawingBudget::countBitmap(const SBitmapKey &key)
         m_decoding += pixels * WorkPerDecodedPixel;
 }
 
-void CDrawingBudget::countMask(const SFontGlyph &glyph)
+void CDrawingBudget::countMask(int width, int height)
 {
-    m_decoding += static_cast<uint64_t>(glyph.width) * static_cast<uint64_t>(glyph.height) *
-                  WorkPerDecodedPixel;
+    m_decoding +=
+        static_cast<uint64_t>(width) * static_cast<uint64_t>(height) * WorkPerDecodedPixel;
 }
 
 std::string CDrawingBudget::excess(uint64_t drawn) const
 {
-    const uint64_t work = drawn + m_decoding;
-    if (work > MostOfFrame)
-        return tooMuch("the frame", MostOfFrame);
-    return work - m_itemBegin > MostOfItem ? tooMuch("the item", MostOfItem) : std::string();
+    const bool isFrame = drawn + m_decoding > MostOfFrame;
+    return isFrame ? tooMuch("the frame", MostOfFrame) : tooMuch("the item", MostOfItem);
 }
 
 } // namespace kivemu

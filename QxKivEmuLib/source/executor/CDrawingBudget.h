@@ -8,8 +8,6 @@
 
 namespace kivemu {
 
-struct SFontGlyph;
-
 /// How much of its frame's and its item's share of work a display list has used. Work is about a
 /// pixel that is filled (raster/DrawingWork.h) or decoded. It depends on the list and the sizes of
 /// its bitmaps alone, so that the same list ends at the same place on every machine.
@@ -27,8 +25,14 @@ public:
     /// frame does not depend on those before it.
     void countBitmap(const SBitmapKey &key);
     /// A glyph's mask is drawn. Counts as if it were expanded each time.
-    void countMask(const SFontGlyph &glyph);
-    /// Why nothing more is drawn; empty while something may be.
+    void countMask(int width, int height);
+    /// Whether nothing more may be drawn.
+    bool isExceeded(uint64_t drawn) const
+    {
+        const uint64_t work = drawn + m_decoding;
+        return work > MostOfFrame || work - m_itemBegin > MostOfItem;
+    }
+    /// Why not.
     std::string excess(uint64_t drawn) const;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "RomFonts.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <unordered_map>
@@ -21,10 +22,12 @@ public:
 
     /// Drops what was expanded from other contents than those of `memory`.
     void follow(const CRamG &memory);
-    /// The glyph of that number in the font block at `block`, in the memory that was followed last.
-    /// `glyph` is what the block says of it, and has ink. Valid until the next call.
-    const romfonts::SGlyph &find(uint32_t block, uint32_t number, int bits,
-                                 const SFontGlyph &glyph);
+    /// The glyph of that number in the font block at `block`, in the memory that was followed last;
+    /// null when it has not been expanded. Valid until the next expand().
+    const romfonts::SGlyph *find(uint32_t block, uint32_t number);
+    /// As find(), of a glyph that it has not. `glyph` is what the block says of it, and has ink.
+    const romfonts::SGlyph &expand(uint32_t block, uint32_t number, int bits,
+                                   const SFontGlyph &glyph);
 
     size_t bytes() const { return m_bytes; }
 
@@ -32,13 +35,20 @@ private:
     struct SExpanded
     {
         std::vector<uint8_t> rows;
-        romfonts::SGlyph glyph;
+        romfonts::SGlyph glyph{};
+    };
+    struct SRecent
+    {
+        uint64_t key = 0;
+        const romfonts::SGlyph *glyph = nullptr;
     };
     void clear();
+    SRecent &recent(uint64_t key);
 
     uint64_t m_generation = 0;
     size_t m_bytes = 0;
     std::unordered_map<uint64_t, SExpanded> m_glyphs; ///< by block and number
+    std::array<SRecent, 1024> m_recent; ///< texts use few glyphs: found without looking in the map
 };
 
 } // namespace kivemu

@@ -12,8 +12,10 @@ namespace {
 
 constexpr Sub16 Pixel = 16;
 
-/// Whether a mask whose pen is at the column and row reaches into the clip.
-bool isSeen(const SClip &clip, const SFontGlyph &glyph, int64_t column, int64_t row)
+/// Whether a mask whose pen is at the column and row reaches into the clip. For a glyph as it lies
+/// in a font block, and for one of the rasterizer.
+template<typename Glyph>
+bool isSeen(const SClip &clip, const Glyph &glyph, int64_t column, int64_t row)
 {
     const int64_t left = column + glyph.left;
     const int64_t top = row - glyph.top;
@@ -85,24 +87,41 @@ void CTextCommands::glyph(const uint32_t *words)
     if (!canDraw(EOpcode::Glyph, EFont::Own))
         return;
     const uint32_t number = words[0] & 0xFFFF;
+    const romfonts::SGlyph *known = m_glyphs.find(m_font.address, number);
+    std::optional<int> advance;
+    if (known) {
+        draw(*known);
+        advance = known->advance16;
+    } else {
+        advance = drawFirst(number);
+    }
+    if (advance)
+        m_pen.x += *advance + static_cast<int8_t>(words[0] >> 16 & 0xFF);
+}
+
+/// A glyph that is not expanded yet: only what is seen will be. Gives its advance; nothing when it
+/// is malformed.
+std::optional<int> CTextCommands::drawFirst(uint32_t number)
+{
     std::string fault;
     const auto glyph = m_font.block->glyph(number, fault);
     if (!glyph) {
         failOnce(EOpcode::Glyph, fault);
-        return;
+        return std::nullopt;
     }
-    draw(number, *glyph);
-    m_pen.x += glyph->advance16 + static_cast<int8_t>(words[0] >> 16 & 0xFF);
+    if (glyph->hasInk() && isSeen(m_chip.state.clip, *glyph, penColumn(), m_pen.baseline))
+        draw(m_glyphs.expand(m_font.address, number, m_font.block->bits(), *glyph));
+    return glyph->advance16;
 }
 
-void CTextCommands::draw(uint32_t number, const SFontGlyph &glyph)
+void CTextCommands::draw(const romfonts::SGlyph &glyph)
 {
     const int64_t column = penColumn();
-    if (!glyph.hasInk() || !isSeen(m_chip.state.clip, glyph, column, m_pen.baseline))
+    if (!isSeen(m_chip.state.clip, glyph, column, m_pen.baseline))
         return;
-    m_chip.budget.countMask(glyph);
-    m_chip.rasterizer.drawGlyph(m_glyphs.find(m_font.address, number, m_font.block->bits(), glyph),
-                                static_cast<int>(column), m_pen.baseline, m_chip.state.paint);
+    m_chip.budget.countMask(glyph.width, glyph.height);
+    m_chip.rasterizer.drawGlyph(glyph, static_cast<int>(column), m_pen.baseline,
+                                m_chip.state.paint);
 }
 
 /// Whether the pen's font is of the kind that the command draws.

@@ -8,6 +8,10 @@
 #include <optional>
 #include <string>
 
+namespace romfonts {
+struct SGlyph;
+}
+
 namespace kivemu {
 
 class CGlyphCache;
@@ -48,7 +52,8 @@ private:
     int64_t penColumn() const;
     bool canDraw(EOpcode opcode, EFont kind);
     void failOnce(EOpcode opcode, const std::string &what);
-    void draw(uint32_t number, const SFontGlyph &glyph);
+    std::optional<int> drawFirst(uint32_t number);
+    void draw(const romfonts::SGlyph &glyph);
 
     const SExecution m_chip;
     CGlyphCache &m_glyphs;

@@ -86,12 +86,10 @@ Bytes STestPackage::toBytes() const
     }
     for (const SScreen &screen : screens) {
         append(sections[Screens], appendName(sections[Names], screen.name));
-        append(sections[Screens], static_cast<uint32_t>(sections[Lists].size()));
-        append(sections[Screens], static_cast<uint32_t>(4 * screen.list.size()));
-        append(sections[Screens], static_cast<uint32_t>(sections[Loads].size() / 2));
-        append(sections[Screens], static_cast<uint32_t>(screen.loads.size()));
-        append(sections[Screens], static_cast<uint32_t>(sections[Items].size() / 24));
-        append(sections[Screens], static_cast<uint32_t>(screen.items.size()));
+        for (const size_t number :
+             {sections[Lists].size(), 4 * screen.list.size(), sections[Loads].size() / 2,
+              screen.loads.size(), sections[Items].size() / 24, screen.items.size()})
+            append(sections[Screens], static_cast<uint32_t>(number));
         for (const uint32_t word : screen.list)
             append(sections[Lists], word);
         for (const uint16_t block : screen.loads)

@@ -180,7 +180,7 @@ TEST(ExecutorGlyphs, largeMasksAreBoundedInMemoryAndWork)
     cache.follow(memory);
     size_t most = 0;
     for (uint32_t i = 0; i < font.glyphs.size(); ++i) {
-        const romfonts::SGlyph &glyph = cache.find(0, i, 1, font.glyphs[i]);
+        const romfonts::SGlyph &glyph = cache.expand(0, i, 1, font.glyphs[i]);
         EXPECT_EQ(glyph.coverage[MaxGlyphSide + 7], font.coverage[i][MaxGlyphSide + 7]);
         most = std::max(most, cache.bytes());
         EXPECT_LE(most, CGlyphCache::MaxBytes);

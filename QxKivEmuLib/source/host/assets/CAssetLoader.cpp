@@ -81,6 +81,13 @@ void CAssetLoader::endFrame()
     }
 }
 
+void CAssetLoader::takeBack(const SMark &mark)
+{
+    m_used = mark.used;
+    m_wanted = mark.wanted;
+    m_refused = mark.refused;
+}
+
 bool CAssetLoader::fail(const std::string &message)
 {
     m_error = message;

@@ -63,6 +63,16 @@ public:
     /// RAM_G is full.
     std::optional<uint32_t> placeFont(const std::string &file, uint32_t turn,
                                       std::vector<uint8_t> block);
+    /// What the frame has asked for so far.
+    struct SMark
+    {
+        size_t used;
+        uint64_t wanted;
+        std::set<std::string> refused;
+    };
+    SMark mark() const { return {m_used, m_wanted, m_refused}; }
+    /// As if the frame had not asked for what it did since.
+    void takeBack(const SMark &mark);
 
     const std::string &error() const { return m_error; }
     /// What the last load counts as, in the script's units of work: from the file's bytes and the

@@ -110,6 +110,13 @@ void CDrawContext::endItem()
     m_tag = 0;
 }
 
+void CDrawContext::takeBack(const SMark &mark)
+{
+    m_writer.takeBack(mark.list);
+    m_emittedScissor = mark.scissor;
+    m_emittedTag = mark.tag;
+}
+
 void CDrawContext::flushScissor()
 {
     if (m_tag != m_emittedTag) {
@@ -211,7 +218,11 @@ void CDrawContext::addOutline(double x, double y, double width, double height, d
                                 {x + radius, y + height - radius},
                                 {x + radius, y + radius},
                                 {x + width - radius, y + radius}};
-    const int steps = radius > 0 ? 2 + static_cast<int>(std::sqrt(radius) * 2.5) : 0;
+    constexpr double MostSteps = 256;
+    constexpr uint64_t WorkPerPoint = 48;
+    const int steps =
+        radius > 0 ? 2 + static_cast<int>(std::min(std::sqrt(radius) * 2.5, MostSteps)) : 0;
+    m_work += 4 * static_cast<uint64_t>(steps + 1) * WorkPerPoint;
     for (int corner = 0; corner < 4; ++corner) {
         for (int step = 0; step <= steps; ++step) {
             const double turn = steps > 0 ? static_cast<double>(step) / steps : 0;
@@ -274,6 +285,8 @@ void CDrawContext::hatchedBox(double x, double y, double width, double height)
     setColour(Lines);
     setLineWidth(1);
     // Each line runs where x + y = sum, from the right or top edge to the left or bottom one.
+    constexpr uint64_t Work = 2000;
+    m_work += Work;
     const double spacing = std::max(Spacing, (width + height) / MostLines);
     for (int i = 1; i * spacing < width + height; ++i) {
         const double sum = i * spacing;

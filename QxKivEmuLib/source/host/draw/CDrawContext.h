@@ -4,6 +4,7 @@
 #include "displaylist/CDisplayListWriter.h"
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kivemu {
@@ -48,6 +49,19 @@ public:
     /// that state holds again, whatever the item left behind.
     void beginItem(uint32_t tag);
     void endItem();
+
+    /// How far the list and what is known of it have come; outside of items' begin and end.
+    struct SMark
+    {
+        CDisplayListWriter::SMark list;
+        SClip scissor{};
+        uint32_t tag = 0;
+    };
+    SMark mark() const { return {m_writer.mark(), m_emittedScissor, m_emittedTag}; }
+    /// Takes back whatever was drawn since.
+    void takeBack(const SMark &mark);
+    /// About the nanoseconds that shapes took beside their commands since it was last asked.
+    uint64_t takeWork() { return std::exchange(m_work, 0); }
 
     void clear(Argb colour);
     void disc(double x, double y, double radius);
@@ -96,6 +110,7 @@ private:
     uint32_t m_tag = 0;
     uint32_t m_emittedTag = 0;
     std::vector<SPoint> m_points;
+    uint64_t m_work = 0;
 };
 
 } // namespace kivemu

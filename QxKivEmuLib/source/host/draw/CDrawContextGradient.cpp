@@ -70,6 +70,8 @@ void CDrawContext::gradientBands(const std::vector<SVector> &outline, SVector ce
                                  double direction, double extent, Argb from, Argb to)
 {
     constexpr int MostBands = 48;
+    constexpr uint64_t WorkPerBand = 200;
+    constexpr uint64_t WorkPerPoint = 20;
     const Argb outside = state().colour;
     const SVector along{std::cos(direction), std::sin(direction)};
     const double origin = centre.x * along.x + centre.y * along.y - extent;
@@ -82,6 +84,7 @@ void CDrawContext::gradientBands(const std::vector<SVector> &outline, SVector ce
             shape = clipped(shape, along, origin + step * band);
         if (!isOpaque && band + 1 < bands)
             shape = clipped(shape, {-along.x, -along.y}, -(origin + step * (band + 1)));
+        m_work += WorkPerBand + (outline.size() + shape.size()) * WorkPerPoint;
         m_points.clear();
         for (const SVector &corner : shape)
             m_points.push_back({toSub16(corner.x), toSub16(corner.y)});

@@ -26,7 +26,7 @@ void addDrawApi(lua_State *state);
 /// The frame that is being drawn; a Lua error outside of one.
 inline CDrawContext &drawingOf(lua_State *state)
 {
-    constexpr uint64_t WorkPerCall = 64;
+    constexpr uint64_t WorkPerCall = 128;
     contextOf(state).watchdog.charge(state, WorkPerCall);
     CDrawContext *drawing = contextOf(state).drawing;
     if (!drawing)
@@ -34,10 +34,29 @@ inline CDrawContext &drawingOf(lua_State *state)
     return *drawing;
 }
 
+/// What a shape took beside the call, such as the points of its outline.
+inline int chargeShape(lua_State *state, CDrawContext &drawing)
+{
+    if (const uint64_t work = drawing.takeWork())
+        contextOf(state).watchdog.charge(state, work);
+    return 0;
+}
+
+/// Of a text that holds a number.
+inline void chargeNumberText(lua_State *state, int index)
+{
+    constexpr uint64_t WorkPerNumberText = 150;
+    contextOf(state).watchdog.charge(state, WorkPerNumberText + lua_rawlen(state, index));
+}
+
 /// A number argument; texts that hold one count. Infinite ones and NaN are errors.
 inline double checkNumber(lua_State *state, int argument)
 {
-    const double number = luaL_checknumber(state, argument);
+    const int type = lua_type(state, argument);
+    if (type == LUA_TSTRING)
+        chargeNumberText(state, argument);
+    const double number =
+        type == LUA_TNUMBER ? lua_tonumber(state, argument) : luaL_checknumber(state, argument);
     if (!std::isfinite(number))
         luaL_argerror(state, argument, "the number is not finite");
     return number;

@@ -90,7 +90,7 @@ int loadBitmap(lua_State *state)
     SLoadedBitmap bitmap{};
     const bool loaded = contextOf(state).assets->loadBitmap({path, length}, format, sideOf(width),
                                                             sideOf(height), bitmap);
-    contextOf(state).watchdog.charge(state, contextOf(state).assets->lastWork());
+    contextOf(state).watchdog.chargeLoading(state, contextOf(state).assets->lastWork());
     return pushLoaded(state, loaded, bitmap);
 }
 
@@ -103,7 +103,7 @@ int loadImage(lua_State *state)
     contextOf(state).watchdog.charge(state, FileWork);
     SLoadedBitmap bitmap{};
     const bool loaded = contextOf(state).assets->loadImage({path, length}, mono, bitmap);
-    contextOf(state).watchdog.charge(state, contextOf(state).assets->lastWork());
+    contextOf(state).watchdog.chargeLoading(state, contextOf(state).assets->lastWork());
     return pushLoaded(state, loaded, bitmap);
 }
 

@@ -21,6 +21,10 @@ void checkPoints(lua_State *state, CDrawContext &drawing)
     for (size_t i = 1; i < count; i += 2) {
         lua_rawgeti(state, 1, static_cast<lua_Integer>(i));
         lua_rawgeti(state, 1, static_cast<lua_Integer>(i) + 1);
+        for (const int index : {-2, -1}) {
+            if (lua_type(state, index) == LUA_TSTRING)
+                chargeNumberText(state, index);
+        }
         int isX = 0;
         int isY = 0;
         const double x = lua_tonumberx(state, -2, &isX);
@@ -64,15 +68,17 @@ struct SBox
 int fillRect(lua_State *state)
 {
     const SBox box(state);
-    drawingOf(state).fillRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
-    return 0;
+    CDrawContext &drawing = drawingOf(state);
+    drawing.fillRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
+    return chargeShape(state, drawing);
 }
 
 int strokeRect(lua_State *state)
 {
     const SBox box(state);
-    drawingOf(state).strokeRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
-    return 0;
+    CDrawContext &drawing = drawingOf(state);
+    drawing.strokeRect(box.x, box.y, box.width, box.height, optNumber(state, 5, 0));
+    return chargeShape(state, drawing);
 }
 
 int polyline(lua_State *state)
@@ -110,9 +116,9 @@ int gradient(lua_State *state)
     const Argb from = checkColour(state, 5);
     const Argb to = checkColour(state, 6);
     const double angle = optNumber(state, 7, 90);
-    drawingOf(state).gradient(box.x, box.y, box.width, box.height, from, to, angle,
-                              optNumber(state, 8, 0));
-    return 0;
+    CDrawContext &drawing = drawingOf(state);
+    drawing.gradient(box.x, box.y, box.width, box.height, from, to, angle, optNumber(state, 8, 0));
+    return chargeShape(state, drawing);
 }
 
 int hatchedBox(lua_State *state)
@@ -123,7 +129,7 @@ int hatchedBox(lua_State *state)
         luaL_error(state, "too many saved states");
     drawing.hatchedBox(box.x, box.y, box.width, box.height);
     drawing.restore();
-    return 0;
+    return chargeShape(state, drawing);
 }
 
 /// The number that a text begins with. Whole ones, as the editor writes them, are taken directly.

@@ -114,6 +114,8 @@ int textFit(lua_State *state)
         lua_settop(state, 2);
         return 1;
     }
+    constexpr uint64_t WorkPerCharacter = 16;
+    contextOf(state).watchdog.charge(state, latin1.view().size() * WorkPerCharacter);
     const char *utf8 = lua_tostring(state, 2);
     const double room16 = width16 - romfonts::glyph(font, 0x85)->advance16;
     size_t kept = 0;

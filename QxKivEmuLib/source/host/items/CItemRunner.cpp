@@ -1,11 +1,14 @@
 #include "CItemRunner.h"
 
 #include "CErrorList.h"
+#include "host/assets/CAssetLoader.h"
 #include "host/draw/CDrawContext.h"
 #include "host/draw/ItemBox.h"
 #include "host/draw/UnknownCharacters.h"
 #include "host/lua/CLuaAllocator.h"
 #include "host/lua/CLuaSandbox.h"
+
+#include <algorithm>
 
 namespace kivemu {
 
@@ -30,7 +33,8 @@ void makeEnvironment(lua_State *state)
 
 } // namespace
 
-CItemRunner::CItemRunner(CLuaSandbox &sandbox) : m_sandbox(sandbox)
+CItemRunner::CItemRunner(CLuaSandbox &sandbox, uint64_t itemWork)
+    : m_sandbox(sandbox), m_itemWork(itemWork)
 {
 }
 
@@ -39,6 +43,7 @@ void CItemRunner::beginFrame(const CSnapshot &snapshot, CErrorList &errors)
     m_snapshot = &snapshot;
     m_errors = &errors;
     m_current = NoItem;
+    m_overruns = 0;
     m_tables.beginFrame(snapshot);
     m_frameChunks.clear();
 }
@@ -95,10 +100,17 @@ void CItemRunner::draw(lua_State *state, size_t item)
         return;
     reportMissing(); // what the script drew itself
     m_current = item;
+    const CDrawContext::SMark drawn = drawing.mark();
+    CAssetLoader &assets = *contextOf(state).assets;
+    const CAssetLoader::SMark loaded = assets.mark();
     drawing.beginItem(m_snapshot->id(item));
-    const bool isDrawn = run(state, item);
+    const EOutcome outcome = run(state, item);
     drawing.endItem();
-    if (!isDrawn) {
+    if (outcome == EOutcome::Stopped) {
+        drawing.takeBack(drawn);
+        assets.takeBack(loaded);
+    }
+    if (outcome != EOutcome::Drawn) {
         const SItemBox box = itemBox(*m_snapshot, item);
         drawing.beginItem(m_snapshot->id(item));
         drawing.hatchedBox(box.x, box.y, box.width, box.height);
@@ -115,22 +127,35 @@ void CItemRunner::reportMissing()
     m_missing.clear();
 }
 
-/// False when the commands failed; the message is then noted.
-bool CItemRunner::run(lua_State *state, size_t item)
+/// Work that an item may do. Those that overrun take less and less of the frame, so that many of
+/// them leave the others drawn: each halves what is left to an item, down to a sixteenth, and to
+/// one of the same commands an eighth, down to a 256th.
+uint64_t CItemRunner::shareOf(const SChunk &chunk) const
+{
+    constexpr int MostHalvings = 4;
+    constexpr int HalvingsOfOwn = 3;
+    constexpr int MostOfOwn = 8;
+    const int others = std::min(m_overruns, MostHalvings);
+    const int own = std::min(chunk.overruns * HalvingsOfOwn, MostOfOwn);
+    return m_itemWork >> std::max(others, own);
+}
+
+/// When the commands fail, the message is noted. Stopped is what did too much, in time or memory.
+CItemRunner::EOutcome CItemRunner::run(lua_State *state, size_t item)
 {
     if (m_snapshot->kind(item) == CSnapshot::EKind::Unknown) {
         m_errors->add(m_snapshot->label(item),
                       "the widget library has no such kind, or no render commands for it");
-        return false;
+        return EOutcome::Failed;
     }
-    const SChunk &chunk = chunkOf(state, item);
+    SChunk &chunk = chunkOf(state, item);
     if (chunk.function == 0) {
         m_errors->add(m_snapshot->label(item), chunk.error);
-        return false;
+        return EOutcome::Failed;
     }
     if (const std::string &problem = m_tables.problem(item); !problem.empty()) {
         m_errors->add(m_snapshot->label(item), problem);
-        return false;
+        return EOutcome::Failed;
     }
     SLuaContext &context = contextOf(state);
     m_tables.pushProperties(state, item);
@@ -142,11 +167,14 @@ bool CItemRunner::run(lua_State *state, size_t item)
     else
         pushEnvironment(state, item);
     lua_setupvalue(state, -2, 1);
-    context.watchdog.beginPart();
+    context.watchdog.beginPart(shareOf(chunk),
+                               std::max(chunk.longestText, m_tables.longestText(item)));
     const int status = lua_pcall(state, 0, 0, 0);
     if (status != LUA_OK)
         m_errors->add(m_snapshot->label(item), m_sandbox.popError(status));
-    context.watchdog.endPart();
+    const bool wasStopped = context.watchdog.endPart();
+    chunk.overruns += wasStopped ? 1 : 0;
+    m_overruns += wasStopped ? 1 : 0;
     if (isDirect) {
         for (const std::string &name : chunk.assignments.names) {
             lua_pushlstring(state, name.data(), name.size());
@@ -157,7 +185,9 @@ bool CItemRunner::run(lua_State *state, size_t item)
         clearEnvironment(state);
     }
     lua_settop(state, properties - 1);
-    return status == LUA_OK;
+    if (wasStopped || status == LUA_ERRMEM)
+        return EOutcome::Stopped;
+    return status == LUA_OK ? EOutcome::Drawn : EOutcome::Failed;
 }
 
 /// True when a chunk can run right in the table of properties, which is at the top: that saves a
@@ -187,7 +217,11 @@ CItemRunner::SChunk &CItemRunner::chunkOf(lua_State *state, size_t item)
     const std::string_view text = m_snapshot->renderCommands(item);
     SChunk &chunk = m_chunks[std::string(text)];
     m_frameChunks[index] = &chunk;
+    chunk.overruns = 0;
     if (chunk.function == 0 && chunk.error.empty()) {
+        CWatchdog &watchdog = contextOf(state).watchdog;
+        const CReach outside = watchdog.reach();
+        watchdog.resetReach({});
         chunk.error = text.size() > MaxCommands ? "the render commands are longer than " +
                                                       std::to_string(MaxCommands) + " bytes"
                                                 : m_sandbox.compile(text, "line");
@@ -195,6 +229,8 @@ CItemRunner::SChunk &CItemRunner::chunkOf(lua_State *state, size_t item)
             chunk.assignments = findAssignments(text);
             chunk.function = luaL_ref(state, LUA_REGISTRYINDEX);
         }
+        chunk.longestText = watchdog.reach().text();
+        watchdog.resetReach(outside);
     }
     return chunk;
 }

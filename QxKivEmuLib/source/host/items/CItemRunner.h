@@ -18,7 +18,7 @@ class CItemRunner
 {
 public:
     /// The sandbox must outlive the runner.
-    explicit CItemRunner(CLuaSandbox &sandbox);
+    CItemRunner(CLuaSandbox &sandbox, uint64_t itemWork);
 
     /// Snapshot and errors must live until endFrame().
     void beginFrame(const CSnapshot &snapshot, CErrorList &errors);
@@ -40,11 +40,15 @@ private:
         int function = 0;  ///< reference in the registry; 0: not compiled
         std::string error; ///< why it could not be compiled
         SChunkAssignments assignments;
+        size_t longestText = 0; ///< bytes, of its constants
+        int overruns = 0;       ///< items of this frame that were stopped in it
     };
     static constexpr size_t NoItem = static_cast<size_t>(-1);
     static int drawItem(lua_State *state);
     void draw(lua_State *state, size_t item);
-    bool run(lua_State *state, size_t item);
+    enum class EOutcome { Drawn, Failed, Stopped };
+    EOutcome run(lua_State *state, size_t item);
+    uint64_t shareOf(const SChunk &chunk) const;
     void reportMissing();
     SChunk &chunkOf(lua_State *state, size_t item);
     bool leavesProperties(lua_State *state, const SChunk &chunk) const;
@@ -52,10 +56,12 @@ private:
     void clearEnvironment(lua_State *state);
 
     CLuaSandbox &m_sandbox;
+    const uint64_t m_itemWork;
     CItemTables m_tables;
     const CSnapshot *m_snapshot = nullptr;
     CErrorList *m_errors = nullptr;
     size_t m_current = NoItem;
+    int m_overruns = 0;       ///< items of this frame that were stopped
     std::u32string m_missing; ///< of the item that is drawn, or of the script
     std::unordered_map<std::string, SChunk> m_chunks; ///< by text
     std::vector<SChunk *> m_frameChunks;              ///< by the snapshot's index of the text

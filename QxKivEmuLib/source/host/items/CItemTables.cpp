@@ -35,11 +35,17 @@ void pushText(lua_State *state, std::string_view text)
 
 /// Sets the properties in the table at the top of the stack. Says why when one was left out; empty
 /// when all are there.
-std::string setProperties(lua_State *state, CSnapshot::CProperties properties)
+std::string setProperties(lua_State *state, CSnapshot::CProperties properties,
+                          size_t *longest = nullptr)
 {
     std::string problem;
     size_t count = 0;
     for (CSnapshot::SProperty property; properties.next(property);) {
+        if (property.text.find('\0') != std::string_view::npos) {
+            problem = "the property '" + std::string(property.name.substr(0, LongestShownName)) +
+                      "' holds a zero byte";
+            continue;
+        }
         if (std::max(property.name.size(), property.text.size()) > CLuaAllocator::MaxString) {
             problem = "the property '" + std::string(property.name.substr(0, LongestShownName)) +
                       "' is longer than " + std::to_string(CLuaAllocator::MaxString) + " bytes";
@@ -47,6 +53,8 @@ std::string setProperties(lua_State *state, CSnapshot::CProperties properties)
         }
         if (++count > MostProperties)
             return "it has more than " + std::to_string(MostProperties) + " properties";
+        if (longest)
+            *longest = std::max(*longest, property.text.size());
         pushText(state, property.name);
         if (property.isNumber)
             lua_pushinteger(state, property.number);
@@ -66,7 +74,8 @@ int readOnlyItem(lua_State *state)
 int viewField(lua_State *state)
 {
     lua_pushvalue(state, 2);
-    lua_rawget(state, lua_upvalueindex(1));
+    if (lua_rawget(state, lua_upvalueindex(1)) == LUA_TSTRING)
+        contextOf(state).watchdog.reachText(lua_rawlen(state, -1));
     if (lua_isuserdata(state, -1))
         lua_pushnil(state); // the item itself, which is a variable but no property
     return 1;
@@ -174,7 +183,8 @@ void CItemTables::build(lua_State *state, size_t item, SEntry &entry)
     }
     lua_setmetatable(state, -2);
     lua_newtable(state);
-    std::string problem = setProperties(state, m_snapshot->properties(item));
+    entry.longestText = 0;
+    std::string problem = setProperties(state, m_snapshot->properties(item), &entry.longestText);
     lua_pushvalue(state, -2);
     lua_setfield(state, -2, "item");
     if (luaL_newmetatable(state, "kiv.properties")) {

@@ -28,6 +28,8 @@ public:
     void pushProperties(lua_State *state, size_t item) const;
     /// Why a property is missing (too long for Lua, or one too many); empty when all are there.
     const std::string &problem(size_t item) const { return m_ofItem[item]->problem; }
+    /// Bytes of an item's longest text.
+    size_t longestText(size_t item) const { return m_ofItem[item]->longestText; }
 
 private:
     /// What an item object holds.
@@ -39,8 +41,9 @@ private:
     struct SEntry
     {
         std::string type;
-        std::string properties;    ///< the bytes that the tables were made from
-        std::string problem;       ///< why a property was left out; empty: none was
+        std::string properties; ///< the bytes that the tables were made from
+        std::string problem;    ///< why a property was left out; empty: none was
+        size_t longestText = 0;
         SHandle *handle = nullptr; ///< null before the first complete build
         int object = 0;            ///< references in the registry
         int table = 0;

@@ -8,9 +8,11 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t LargeBlock = 4096; ///< smaller ones count as the instructions that ask for them
+constexpr size_t LargeBlock = 4096; ///< what is given no more after a limit has passed
+constexpr size_t SmallBlock = 512;  ///< what no single instruction takes long for
 constexpr size_t BytesPerWork = 4;
 constexpr size_t FewKeys = 64;
+constexpr size_t ValueSize = 2 * sizeof(void *); ///< of a list or the stack
 constexpr size_t StringOverhead = 64; ///< at least the header that Lua puts before a string's bytes
 
 /// How many keys of a table a fresh block without a kind holds: of these there is always a power of
@@ -36,7 +38,21 @@ bool isAllowed(SLuaContext &context, size_t oldSize, size_t newSize, bool isStri
         return false;
     if (newSize - oldSize > context.memoryLimit - context.memoryUsed)
         return false;
-    return newSize < LargeBlock || !context.watchdog.add((newSize - oldSize) / BytesPerWork);
+    const bool isOver = context.watchdog.add((newSize - oldSize) / BytesPerWork);
+    return newSize < LargeBlock || !isOver;
+}
+
+/// Tells the watchdog what single instructions can touch from now on.
+void noteReach(SLuaContext &context, const void *block, size_t size, bool isString, size_t keys)
+{
+    if (isString)
+        context.watchdog.reachText(size);
+    else if (keys > 0)
+        context.watchdog.reachKeys(keys);
+    else if (block == context.stack)
+        context.watchdog.setStack(size / ValueSize);
+    else
+        context.watchdog.reachList(size / ValueSize);
 }
 
 } // namespace
@@ -61,10 +77,16 @@ void *CLuaAllocator::allocate(void *user, void *block, size_t oldSize, size_t ne
         context.memoryRefused = true;
         return nullptr;
     }
+    // The first block without a kind is the stack of a new state.
+    const bool isStack = context.stack ? block == context.stack : isVector;
     void *result = std::realloc(block, newSize);
     if (!result)
         return newSize <= oldSize ? block : nullptr; // Lua relies on shrinking never to fail
+    if (isStack)
+        context.stack = result;
     context.memoryUsed = context.memoryUsed - oldSize + newSize;
+    if (newSize >= SmallBlock)
+        noteReach(context, result, newSize, isString, keys);
     return result;
 }
 

@@ -78,7 +78,7 @@ bool CLuaHost::startState()
         m_loadError = "not enough memory for the render script";
         return false;
     }
-    m_items = std::make_unique<CItemRunner>(*m_sandbox);
+    m_items = std::make_unique<CItemRunner>(*m_sandbox, m_limits.itemWork);
     SLuaContext &context = m_sandbox->context();
     context.itemTables = &m_items->tables();
     context.assets = &m_assets;
@@ -92,6 +92,7 @@ bool CLuaHost::startState()
         if (const int status = lua_pcall(state, 1, 0, 0))
             m_loadError = m_sandbox->popError(status);
     }
+    m_scriptText = context.watchdog.reach().text();
     context.watchdog.stop();
     if (!m_loadError.empty()) {
         m_items.reset();
@@ -156,6 +157,7 @@ void CLuaHost::runRender(const CSnapshot &snapshot, CDrawContext &drawing, int w
     context.frameNumber = ++m_frameNumber;
     context.memoryRefused = false;
     context.watchdog.start(state, m_limits);
+    context.watchdog.reachText(m_scriptText);
     SFrame frame{this, width, height};
     lua_pushcfunction(state, callRender);
     lua_pushlightuserdata(state, &frame);
@@ -177,9 +179,12 @@ int CLuaHost::callRender(lua_State *state)
 {
     const SFrame frame = *static_cast<const SFrame *>(lua_touserdata(state, 1));
     CItemTables &tables = frame.host->m_items->tables();
+    SLuaContext &context = contextOf(state);
+    const CReach reach = context.watchdog.reach();
     lua_getglobal(state, "render");
     tables.pushScreen(state, frame.width, frame.height);
     tables.pushItems(state);
+    context.watchdog.resetReach(reach); // what items hold counts while they run
     lua_call(state, 2, 0);
     return 0;
 }

@@ -86,6 +86,7 @@ private:
     CAssetLoader m_assets;
     std::unique_ptr<CLuaSandbox> m_sandbox; ///< null when the next frame must start a fresh one
     std::unique_ptr<CItemRunner> m_items;
+    size_t m_scriptText = 0; ///< bytes of the longest text that the script holds
     uint64_t m_frameNumber = 0;
 };
 

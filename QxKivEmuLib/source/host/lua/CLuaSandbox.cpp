@@ -8,6 +8,33 @@
 
 namespace kivemu {
 
+namespace {
+
+/// Whether the escape behind a backslash means the character 0, as in "0", "x00" or "u{0}".
+bool isZeroEscape(std::string_view escape)
+{
+    const bool isHex = escape.substr(0, 1) == "x";
+    const bool isCode = escape.substr(0, 2) == "u{";
+    const size_t start = isHex ? 1 : isCode ? 2 : 0;
+    const size_t most = isHex ? 2 : isCode ? escape.size() : 3;
+    const char *const digits = isHex || isCode ? "0123456789abcdefABCDEF" : "0123456789";
+    std::string_view number = escape.substr(std::min(start, escape.size()), most);
+    number = number.substr(0, number.find_first_not_of(digits));
+    return !number.empty() && number.find_first_not_of('0') == std::string_view::npos;
+}
+
+bool hasZeroEscape(std::string_view text)
+{
+    for (size_t at = text.find('\\'); at != std::string_view::npos && at + 1 < text.size();
+         at = text.find('\\', at + 2)) { // what is escaped may be a backslash
+        if (isZeroEscape(text.substr(at + 1)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 CLuaSandbox::CLuaSandbox(size_t memoryLimit)
 {
     m_context.memoryLimit = memoryLimit;
@@ -42,6 +69,8 @@ int CLuaSandbox::openLibraries(lua_State *state)
 
 std::string CLuaSandbox::compile(std::string_view text, const char *name)
 {
+    if (hasZeroEscape(text))
+        return "a text cannot hold zero bytes, as an escape such as \\0 makes them";
     const std::string chunkName = std::string("=") + name;
     const int status = luaL_loadbufferx(m_state, text.data(), text.size(), chunkName.c_str(), "t");
     return status == LUA_OK ? std::string() : popError(status);

@@ -11,9 +11,11 @@ namespace kivemu {
 namespace {
 
 constexpr int MaxDepth = 200;
-constexpr unsigned StepsPerCharge = 1024;
-constexpr size_t WorkPerStep = 4; ///< nanoseconds
-constexpr size_t WorkToCompile = 200;
+constexpr unsigned StepsPerCharge = 64;
+constexpr size_t WorkPerStep = 6;
+constexpr size_t WorkToCompile = 400;
+constexpr size_t WorkPerPatternByte = 16;
+constexpr size_t WorkPerCapture = 64;
 constexpr char ClassLetters[] = "acdglpsuwx";
 
 bool isInClass(char letter, int c)
@@ -74,7 +76,7 @@ void addEscape(std::bitset<256> &set, uint8_t c)
 CPattern::CPattern(lua_State *state, std::string_view pattern, bool isAnchorAllowed)
     : m_state(state), m_pattern(pattern)
 {
-    contextOf(state).watchdog.charge(state, WorkToCompile);
+    contextOf(state).watchdog.charge(state, WorkToCompile + pattern.size() * WorkPerPatternByte);
     if (isAnchorAllowed && !pattern.empty() && pattern[0] == '^') {
         m_isAnchored = true;
         m_at = 1;
@@ -193,6 +195,7 @@ const char *CPattern::match(const char *from)
 {
     m_captureCount = 0;
     m_depth = 0;
+    countStep();
     return matchFrom(from, 0);
 }
 
@@ -355,6 +358,7 @@ int CPattern::pushCaptures(const char *from, const char *to) const
 {
     const int count = m_captureCount == 0 && from ? 1 : m_captureCount;
     luaL_checkstack(m_state, count, "too many captures");
+    contextOf(m_state).watchdog.charge(m_state, static_cast<size_t>(count) * WorkPerCapture);
     for (int number = 1; number <= count; ++number)
         pushCapture(number, from, to);
     return count;

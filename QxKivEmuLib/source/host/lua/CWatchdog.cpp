@@ -12,7 +12,7 @@ namespace kivemu {
 
 namespace {
 
-constexpr uint64_t InstructionWork = 8;
+constexpr int ShortInterval = 25; ///< instructions, when single ones may take long
 /// Asking for the processor time is a system call, the time of day is not.
 constexpr std::chrono::milliseconds TimeInterval{4};
 
@@ -41,13 +41,16 @@ void CWatchdog::start(lua_State *state, const SScriptLimits &limits)
     m_limits = limits;
     m_work = 0;
     m_workLimit = limits.frameWork;
+    m_partEnd = limits.frameWork;
     m_nextLook = 0;
+    m_interval = HookInterval;
+    m_reach.resetTo({});
     m_frameTimeEnd = processorTime() + limits.frameTime;
     m_timeEnd = m_frameTimeEnd;
     m_isTimeKnown = true;
     m_nextTime = Clock::now() + TimeInterval;
     m_end = EEnd::None;
-    arm(HookInterval);
+    arm(m_interval);
 }
 
 void CWatchdog::stop()
@@ -58,28 +61,48 @@ void CWatchdog::stop()
     m_end = EEnd::None;
 }
 
-void CWatchdog::beginPart()
+void CWatchdog::beginPart(uint64_t share, size_t longestText)
 {
+    m_outerReach = m_reach;
     if (isExpired())
         return;
-    m_workLimit = std::min(m_limits.frameWork, m_work + m_limits.itemWork);
+    m_workLimit = std::min(m_limits.frameWork, m_work + share);
+    m_partEnd = std::min(m_limits.frameWork, m_work + m_limits.itemWork);
     m_nextLook = std::min(m_nextLook, m_workLimit);
     m_isTimeKnown = false;
+    m_interval = HookInterval;
+    arm(m_interval); // what ran before does not count for the part
+    reachText(longestText);
 }
 
 bool CWatchdog::endPart()
 {
+    const bool wasStopped = isExpired();
+    // Where the clock has struck must not show in what the others get.
+    if (m_end == EEnd::Clock)
+        m_work = std::max(m_work, m_workLimit);
     const bool partOnly = (m_end == EEnd::Work && m_work < m_limits.frameWork) ||
                           (m_end == EEnd::Clock && processorTime() < m_frameTimeEnd);
     m_workLimit = m_limits.frameWork;
+    m_partEnd = m_limits.frameWork;
     m_timeEnd = m_frameTimeEnd;
     m_isTimeKnown = true;
+    m_reach.resetTo(m_outerReach);
     if (partOnly) {
         m_end = EEnd::None;
         m_nextLook = m_work;
-        arm(HookInterval);
     }
-    return partOnly;
+    if (!isExpired() && (partOnly || m_interval != HookInterval)) {
+        m_interval = HookInterval;
+        arm(m_interval);
+    }
+    return wasStopped;
+}
+
+void CWatchdog::chargeLoading(lua_State *state, uint64_t work)
+{
+    m_workLimit = std::max(m_workLimit, std::min(m_partEnd, m_workLimit + work));
+    charge(state, work);
 }
 
 const char *CWatchdog::reason() const
@@ -92,6 +115,15 @@ const char *CWatchdog::reason() const
     default:
         return "stopped, because it takes too long";
     }
+}
+
+/// Single instructions may take long from here on.
+void CWatchdog::lookOften()
+{
+    if (!m_state || isExpired() || m_interval == ShortInterval)
+        return;
+    m_interval = ShortInterval;
+    arm(m_interval);
 }
 
 bool CWatchdog::look()
@@ -129,7 +161,11 @@ bool CWatchdog::isClockOver()
 
 void CWatchdog::fail(lua_State *state, int level)
 {
-    luaL_where(state, level);
+    // The place where the clock strikes differs from run to run: it is not told.
+    if (of(state).m_end == EEnd::Clock)
+        lua_pushliteral(state, "");
+    else
+        luaL_where(state, level);
     lua_pushstring(state, of(state).reason());
     lua_concat(state, 2);
     lua_error(state);
@@ -141,7 +177,7 @@ void CWatchdog::hook(lua_State *state, lua_Debug *)
     constexpr int RunningFunction = 0;
     CWatchdog &watchdog = of(state);
     if (!watchdog.isExpired())
-        watchdog.m_work += HookInterval * InstructionWork;
+        watchdog.m_work += static_cast<uint64_t>(watchdog.m_interval) * watchdog.m_reach.work();
     if (watchdog.look())
         fail(state, RunningFunction);
 }

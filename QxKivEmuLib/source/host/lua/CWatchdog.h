@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CReach.h"
 #include "ScriptLimits.h"
 
 #include <atomic>
@@ -17,7 +18,7 @@ namespace kivemu {
 class CWatchdog
 {
 public:
-    static constexpr int HookInterval = 1000; ///< Lua instructions
+    static constexpr int HookInterval = 250; ///< Lua instructions
 
     /// Watches one state from now on; the frame's limits count from here.
     void start(lua_State *state, const SScriptLimits &limits);
@@ -25,9 +26,10 @@ public:
     /// A flag that ends the frame when it becomes true; it must outlive the watchdog.
     void followCancel(const std::atomic<bool> &cancelled) { m_cancelled = &cancelled; }
 
-    /// What runs until endPart() gets at most an item's share of the frame's limits.
-    void beginPart();
-    /// True when only the part was stopped; what follows may run on.
+    /// What runs until endPart() gets at most this share of the frame's work, beside what it loads,
+    /// and can reach a text of this many bytes.
+    void beginPart(uint64_t share, size_t longestText);
+    /// True when the part was stopped; unless the frame was, what follows may run on.
     bool endPart();
 
     /// True from when a limit was seen to have passed.
@@ -48,6 +50,29 @@ public:
             fail(state, Caller);
     }
 
+    /// The same for loading a file, which never takes from the part's share: items that were
+    /// stopped before must not cost this one its picture.
+    void chargeLoading(lua_State *state, uint64_t work);
+
+    const CReach &reach() const { return m_reach; }
+    void reachText(size_t bytes)
+    {
+        if (m_reach.addText(bytes))
+            lookOften();
+    }
+    void reachKeys(size_t keys)
+    {
+        if (m_reach.addKeys(keys))
+            lookOften();
+    }
+    void reachList(size_t elements) { m_reach.addList(elements); }
+    void setStack(size_t slots)
+    {
+        if (m_reach.setStack(slots))
+            lookOften();
+    }
+    void resetReach(const CReach &outer) { m_reach.resetTo(outer); }
+
     static CWatchdog &of(lua_State *state);
 
 private:
@@ -57,6 +82,7 @@ private:
     static constexpr uint64_t LookInterval = 65536;
     static constexpr int Caller = 1; ///< level of the function that the message names
     bool look();
+    void lookOften();
     EEnd findEnd();
     bool isClockOver();
     [[noreturn]] static void fail(lua_State *state, int level);
@@ -68,7 +94,11 @@ private:
     SScriptLimits m_limits;
     uint64_t m_work = 0;      ///< since start()
     uint64_t m_workLimit = 0; ///< of the frame or, within a part, of the part
+    uint64_t m_partEnd = 0;   ///< what loading may raise a part's limit to
     uint64_t m_nextLook = 0;
+    CReach m_reach;
+    CReach m_outerReach; ///< outside of the part
+    int m_interval = HookInterval;
     Nanoseconds m_frameTimeEnd{}; ///< in the thread's processor time
     Nanoseconds m_timeEnd{};      ///< of the frame or, within a part, of the part
     bool m_isTimeKnown = true;    ///< m_timeEnd is that of the part, if one runs

@@ -23,8 +23,9 @@ struct SLuaContext
     uint64_t frameNumber = 0;
     size_t memoryUsed = 0;
     size_t memoryLimit = 0;
-    bool memoryRefused = false; ///< an allocation was refused since this was last cleared
-    bool isSpent = false;       ///< the state must not be used for another frame
+    const void *stack = nullptr; ///< the block that Lua keeps its stack in
+    bool memoryRefused = false;  ///< an allocation was refused since this was last cleared
+    bool isSpent = false;        ///< the state must not be used for another frame
 };
 
 inline SLuaContext &contextOf(lua_State *state)

@@ -2,6 +2,9 @@
 #include "SandboxLibraries.h"
 #include "SortedKeys.h"
 
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
 #include <initializer_list>
 #include <lua.hpp>
 
@@ -13,14 +16,24 @@ const char *const Allowed[] = {"assert",       "error",    "getmetatable", "ipai
                                "rawequal",     "rawget",   "rawlen",       "rawset", "select",
                                "setmetatable", "tonumber", "tostring",     "type",   nullptr};
 
-int charged(lua_State *state)
+constexpr size_t WorkPerCall = 32;
+constexpr size_t WorkPerError = 2500; ///< to make the message, find the place and go back there
+constexpr size_t WorkPerNumber = 100;
+constexpr size_t EqualBytesPerWork = 16;
+
+size_t workOfArguments(lua_State *state)
 {
-    size_t work = 0;
+    size_t work = WorkPerCall;
     for (int i = lua_gettop(state); i > 0; --i) {
         if (lua_type(state, i) == LUA_TSTRING)
             work += lua_rawlen(state, i);
     }
-    contextOf(state).watchdog.charge(state, work);
+    return work;
+}
+
+int charged(lua_State *state)
+{
+    contextOf(state).watchdog.charge(state, workOfArguments(state));
     return callOriginal(state);
 }
 
@@ -91,12 +104,42 @@ int toString(lua_State *state)
     luaL_checkany(state, 1);
     const int type = lua_type(state, 1);
     const bool hasAddress = type == LUA_TTABLE || type == LUA_TFUNCTION || type == LUA_TUSERDATA;
+    contextOf(state).watchdog.charge(
+        state, lua_type(state, 1) == LUA_TNUMBER ? workOfNumberText(lua_tonumber(state, 1)) : 0);
     if (!hasAddress || luaL_getmetafield(state, 1, "__tostring") != LUA_TNIL) {
         lua_settop(state, 1);
         return callOriginal(state);
     }
     lua_pushstring(state, lua_typename(state, type));
     return 1;
+}
+
+/// What errors cost is counted where they are caught.
+void chargeCall(lua_State *state, bool hasFailed)
+{
+    contextOf(state).watchdog.charge(state, hasFailed ? WorkPerError : WorkPerCall);
+}
+
+int protectedCall(lua_State *state)
+{
+    luaL_checkany(state, 1);
+    lua_pushboolean(state, true);
+    lua_insert(state, 1);
+    if (lua_pcall(state, lua_gettop(state) - 2, LUA_MULTRET, 0) == LUA_OK) {
+        chargeCall(state, false);
+        return lua_gettop(state);
+    }
+    chargeCall(state, true);
+    lua_pushboolean(state, false);
+    lua_insert(state, -2);
+    return 2;
+}
+
+int rawEqual(lua_State *state)
+{
+    if (lua_type(state, 1) == LUA_TSTRING && lua_type(state, 2) == LUA_TSTRING)
+        contextOf(state).watchdog.charge(state, lua_rawlen(state, 1) / EqualBytesPerWork);
+    return callOriginal(state);
 }
 
 /// Calls the handler once the error is over. The stock version calls it where the error is raised,
@@ -108,10 +151,12 @@ int xpcall(lua_State *state)
     lua_pushvalue(state, 1);
     lua_insert(state, 3);
     if (lua_pcall(state, arguments, LUA_MULTRET, 0) == LUA_OK) {
+        chargeCall(state, false);
         lua_pushboolean(state, true);
         lua_replace(state, 2);
         return lua_gettop(state) - 1;
     }
+    chargeCall(state, true);
     lua_pushboolean(state, false);
     lua_replace(state, 1);
     lua_pcall(state, 1, 1, 0); // the handler with the error; its own error is a result, too
@@ -132,6 +177,16 @@ void wrapGlobal(lua_State *state, const char *name, lua_CFunction wrapper)
 
 } // namespace
 
+size_t workOfNumberText(double number, int digits)
+{
+    constexpr size_t WorkPerDigit = 24;
+    constexpr int BitsPerWork = 2; // of the exponent
+    int exponent = 0;
+    std::frexp(number, &exponent);
+    return WorkPerNumber + static_cast<size_t>(digits) * WorkPerDigit +
+           static_cast<size_t>(std::abs(exponent)) / BitsPerWork;
+}
+
 int callOriginal(lua_State *state)
 {
     return lua_tocfunction(state, lua_upvalueindex(1))(state);
@@ -140,12 +195,32 @@ int callOriginal(lua_State *state)
 void takeCharged(lua_State *state, const char *const *names)
 {
     lua_newtable(state);
-    for (; *names; ++names) {
-        lua_getfield(state, -2, *names);
-        lua_pushcclosure(state, charged, 1);
-        lua_setfield(state, -2, *names);
-    }
+    for (; *names; ++names)
+        takeWrapped(state, *names, charged);
     lua_remove(state, -2);
+}
+
+void takeWrapped(lua_State *state, const char *name, lua_CFunction wrapper)
+{
+    lua_getfield(state, -2, name);
+    lua_pushcclosure(state, wrapper, 1);
+    lua_setfield(state, -2, name);
+}
+
+int callTextMaker(lua_State *state)
+{
+    const int count = callOriginal(state);
+    size_t length = 0;
+    const char *text = lua_tolstring(state, -1, &length);
+    if (std::memchr(text, 0, length))
+        luaL_error(state, "a text cannot hold zero bytes");
+    return count;
+}
+
+int chargedTextMaker(lua_State *state)
+{
+    contextOf(state).watchdog.charge(state, workOfArguments(state));
+    return callTextMaker(state);
 }
 
 void setReadOnlyGlobal(lua_State *state, const char *name)
@@ -181,6 +256,9 @@ void openSandboxBase(lua_State *state)
     wrapGlobal(state, "rawset", rawSet);
     wrapGlobal(state, "tostring", toString);
     wrapGlobal(state, "tonumber", charged);
+    wrapGlobal(state, "rawequal", rawEqual);
+    lua_pushcfunction(state, protectedCall);
+    lua_setglobal(state, "pcall");
     lua_pushcfunction(state, sortedPairs);
     lua_setglobal(state, "pairs");
     lua_pushcfunction(state, xpcall);
@@ -201,11 +279,14 @@ void openSandboxMath(lua_State *state)
 
 void openSandboxUtf8(lua_State *state)
 {
-    static const char *const Functions[] = {"char", "codepoint", "codes", "len", "offset", nullptr};
+    static const char *const Functions[] = {"codepoint", "codes", "len", "offset", nullptr};
     luaopen_utf8(state);
     lua_getfield(state, -1, "charpattern");
     lua_insert(state, -2);
+    lua_pushvalue(state, -1);
     takeCharged(state, Functions);
+    takeWrapped(state, "char", chargedTextMaker);
+    lua_remove(state, -2);
     lua_insert(state, -2);
     lua_setfield(state, -2, "charpattern");
     setReadOnlyGlobal(state, "utf8");

@@ -11,6 +11,8 @@ namespace kivemu {
 
 namespace {
 
+constexpr size_t WorkPerPiece = 24; ///< that is added to a result
+
 std::string_view checkText(lua_State *state, int argument)
 {
     size_t length = 0;
@@ -146,7 +148,7 @@ void addText(lua_State *state, luaL_Buffer &result, std::string_view text)
     if (luaL_bufflen(&result) + text.size() > CLuaAllocator::MaxString)
         luaL_error(state, "the text would be longer than %d characters",
                    int{CLuaAllocator::MaxString});
-    contextOf(state).watchdog.charge(state, text.size());
+    contextOf(state).watchdog.charge(state, WorkPerPiece + text.size());
     luaL_addlstring(&result, text.data(), text.size());
 }
 
@@ -159,6 +161,7 @@ void addTop(lua_State *state, luaL_Buffer &result)
     if (luaL_bufflen(&result) + length > CLuaAllocator::MaxString)
         luaL_error(state, "the text would be longer than %d characters",
                    int{CLuaAllocator::MaxString});
+    contextOf(state).watchdog.charge(state, WorkPerPiece + length);
     luaL_addvalue(&result);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <lua.hpp>
 
 namespace kivemu {
@@ -11,6 +12,8 @@ namespace kivemu {
 namespace {
 
 constexpr size_t MaxFormat = 4096;
+constexpr size_t WorkPerPiece = 6;
+constexpr size_t WorkPerDirective = 200;
 
 int boundedRep(lua_State *state)
 {
@@ -23,28 +26,52 @@ int boundedRep(lua_State *state)
     if (each > 0 && count > static_cast<lua_Integer>(CLuaAllocator::MaxString / each))
         luaL_error(state, "the text would be longer than %d characters",
                    int{CLuaAllocator::MaxString});
-    contextOf(state).watchdog.charge(
-        state, each * static_cast<size_t>(std::max<lua_Integer>(count, 0)) / 8);
-    // Nothing, any number of times: without this it would be counted out.
-    if (each == 0)
+    // Nothing, any number of times, would be counted out.
+    if (each == 0) {
         lua_settop(state, 1);
-    return each == 0 ? 1 : callOriginal(state);
+        return 1;
+    }
+    const auto pieces = static_cast<size_t>(std::max<lua_Integer>(count, 0));
+    contextOf(state).watchdog.charge(state, (each / 8 + WorkPerPiece) * pieces);
+    return callOriginal(state);
 }
 
-/// Refuses "%p", which gives addresses.
-void checkFormatText(lua_State *state, const char *format)
+/// The number that a directive has behind its point: 0 where there is none. Lua takes two digits
+/// and no sign; work below zero would be time for nothing.
+int digitsAt(const char *at)
 {
+    constexpr int MostDigits = 99;
+    int digits = 0;
+    while (*at >= '0' && *at <= '9' && digits < MostDigits)
+        digits = digits * 10 + (*at++ - '0');
+    return std::min(digits, MostDigits);
+}
+
+/// The work that the directives of a format are. Refuses "%p", which gives addresses.
+size_t checkDirectives(lua_State *state, const char *format)
+{
+    size_t work = 0;
+    int argument = 1;
     for (const char *at = format; *at != '\0'; ++at) {
         if (*at != '%')
             continue;
-        ++at;
-        while (*at != '\0' && !std::isalpha(static_cast<unsigned char>(*at)) && *at != '%')
-            ++at;
+        int digits = 6;
+        for (++at; *at != '\0' && !std::isalpha(static_cast<unsigned char>(*at)) && *at != '%';) {
+            if (*at++ == '.')
+                digits = digitsAt(at);
+        }
         if (*at == 'p')
             luaL_error(state, "'%%p' is not available");
         if (*at == '\0')
-            return;
+            break;
+        if (*at == '%')
+            continue;
+        ++argument;
+        work += std::strchr("aAeEfFgGq", *at)
+                    ? workOfNumberText(lua_tonumber(state, argument), digits)
+                    : WorkPerDirective;
     }
+    return work;
 }
 
 /// As with tostring, what has no text of its own is named by its type, not by its address.
@@ -69,37 +96,30 @@ int boundedFormat(lua_State *state)
     const char *format = luaL_checklstring(state, 1, &length);
     if (length > MaxFormat)
         luaL_error(state, "the format is longer than %d characters", int{MaxFormat});
-    checkFormatText(state, format);
+    size_t work = length + checkDirectives(state, format);
     replaceAddresses(state);
-    size_t work = length;
     for (int i = lua_gettop(state); i > 1; --i) {
         if (lua_type(state, i) == LUA_TSTRING)
             work += lua_rawlen(state, i);
     }
     contextOf(state).watchdog.charge(state, work);
-    return callOriginal(state);
-}
-
-/// Takes a function of the stock library (below the top) into the table at the top, wrapped.
-void wrap(lua_State *state, const char *name, lua_CFunction wrapper)
-{
-    lua_getfield(state, -2, name);
-    lua_pushcclosure(state, wrapper, 1);
-    lua_setfield(state, -2, name);
+    return callTextMaker(state);
 }
 
 } // namespace
 
 void openSandboxString(lua_State *state)
 {
-    static const char *const Charged[] = {"byte",    "char", "len",    "lower", "pack", "packsize",
-                                          "reverse", "sub",  "unpack", "upper", nullptr};
+    static const char *const Charged[] = {"byte", "len",    "lower", "packsize", "reverse",
+                                          "sub",  "unpack", "upper", nullptr};
     luaopen_string(state);
     lua_pushvalue(state, -1);
     takeCharged(state, Charged);
     addSandboxPatterns(state);
-    wrap(state, "rep", boundedRep);
-    wrap(state, "format", boundedFormat);
+    takeWrapped(state, "rep", boundedRep);
+    takeWrapped(state, "format", boundedFormat);
+    takeWrapped(state, "char", chargedTextMaker);
+    takeWrapped(state, "pack", chargedTextMaker);
 
     // Methods of texts (s:upper()) come from the string metatable.
     lua_pushliteral(state, "");

@@ -10,6 +10,7 @@ namespace {
 
 constexpr lua_Integer MaxElements = 50'000; ///< that one call may touch
 constexpr size_t WorkPerElement = 32;       ///< nanoseconds
+constexpr size_t WorkPerAnyElement = 1000;
 constexpr size_t WorkPerCompare = 64;
 
 /// Charges for a range of elements before it is touched; `last` may be anything.
@@ -34,6 +35,24 @@ lua_Integer plainLength(lua_State *state)
     return static_cast<lua_Integer>(lua_rawlen(state, 1));
 }
 
+/// Numbers become texts. What a metatable gives is not known before.
+size_t workToConcat(lua_State *state, lua_Integer first, lua_Integer last)
+{
+    if (last < first)
+        return 0;
+    if (lua_getmetatable(state, 1)) {
+        lua_pop(state, 1);
+        return static_cast<size_t>(last - first + 1) * WorkPerAnyElement;
+    }
+    size_t work = 0;
+    for (lua_Integer i = first; i < last; ++i) {
+        if (lua_rawgeti(state, 1, i) == LUA_TNUMBER)
+            work += workOfNumberText(lua_tonumber(state, -1));
+        lua_pop(state, 1);
+    }
+    return work;
+}
+
 int concat(lua_State *state)
 {
     luaL_checktype(state, 1, LUA_TTABLE);
@@ -41,6 +60,7 @@ int concat(lua_State *state)
     const lua_Integer first = luaL_optinteger(state, 3, 1);
     const lua_Integer last = lua_isnil(state, 4) ? luaL_len(state, 1) : luaL_checkinteger(state, 4);
     chargeRange(state, first, last);
+    contextOf(state).watchdog.charge(state, workToConcat(state, first, last));
     lua_pushinteger(state, last);
     lua_replace(state, 4);
     return callOriginal(state);
@@ -113,11 +133,8 @@ void openSandboxTable(lua_State *state)
     lua_setfield(state, LUA_REGISTRYINDEX, "kiv.sort");
     lua_pushvalue(state, -1);
     takeCharged(state, Charged);
-    for (const luaL_Reg &function : Wrapped) {
-        lua_getfield(state, -2, function.name);
-        lua_pushcclosure(state, function.func, 1);
-        lua_setfield(state, -2, function.name);
-    }
+    for (const luaL_Reg &function : Wrapped)
+        takeWrapped(state, function.name, function.func);
     setReadOnlyGlobal(state, "table");
     lua_pop(state, 1);
 }

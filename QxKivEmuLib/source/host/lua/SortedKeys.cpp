@@ -10,8 +10,9 @@ namespace kivemu {
 
 namespace {
 
-constexpr size_t WorkPerKey = 64;    ///< nanoseconds to collect and sort one
-constexpr size_t WorkPerNext = 8192; ///< a call may look through a whole table that was emptied
+constexpr size_t WorkPerKey = 64; ///< nanoseconds to collect and sort one
+constexpr size_t WorkPerNext = 200;
+constexpr size_t BytesPerWork = 16; ///< of texts that are compared
 
 /// Where a key stands: numbers, texts, others.
 int rank(lua_State *state, int index)
@@ -32,6 +33,7 @@ bool textLess(lua_State *state, int a, int b)
     size_t lengthB = 0;
     const char *textA = lua_tolstring(state, a, &lengthA);
     const char *textB = lua_tolstring(state, b, &lengthB);
+    contextOf(state).watchdog.charge(state, std::min(lengthA, lengthB) / BytesPerWork);
     const int order = std::memcmp(textA, textB, std::min(lengthA, lengthB));
     return order != 0 ? order < 0 : lengthA < lengthB;
 }
@@ -58,6 +60,8 @@ int compareKeys(lua_State *state)
 /// Pushes an array of the keys of the table at index 1, in order.
 void pushSortedKeys(lua_State *state)
 {
+    CWatchdog &watchdog = contextOf(state).watchdog;
+    watchdog.charge(state, WorkPerNext + watchdog.reach().workOfWalk());
     lua_newtable(state);
     const int keys = lua_gettop(state);
     lua_Integer count = 0;
@@ -124,7 +128,8 @@ int sortedNext(lua_State *state)
 {
     luaL_checktype(state, 1, LUA_TTABLE);
     lua_settop(state, 2);
-    contextOf(state).watchdog.charge(state, WorkPerNext);
+    CWatchdog &watchdog = contextOf(state).watchdog;
+    watchdog.charge(state, WorkPerNext + watchdog.reach().workOfWalk());
     const bool isFirst = lua_isnil(state, 2);
     bool wasGiven = isFirst;
     lua_pushnil(state); // 3: the least key after the given one
