@@ -91,6 +91,7 @@ CFontMerge::CFontMerge(const QList<QByteArray> &blocks, const std::vector<SUse> 
     : m_parts(static_cast<size_t>(blocks.size()))
 {
     std::vector<SScreen> screens;
+    screens.reserve(otherBytes.size());
     for (const uint32_t bytes : otherBytes)
         screens.push_back({{}, bytes});
     for (const SUse &use : uses)
