@@ -5,17 +5,31 @@ for font = 16, 34 do
   HEIGHT[font], ASCENT[font], CAP[font] = font_height(font), font_ascent(font), font_cap_height(font)
 end
 
--- The nearest font number that exists.
+-- Those of the project's own fonts, 0 to 15, can change from frame to frame.
+local function ask_for(measure)
+  return {__index = function(_, font)
+    return measure(font)
+  end}
+end
+setmetatable(HEIGHT, ask_for(font_height))
+setmetatable(ASCENT, ask_for(font_ascent))
+setmetatable(CAP, ask_for(font_cap_height))
+
+local function is_own(font)
+  return font >= 0 and font <= 15
+end
+
+-- The font, one of the project's own or else the nearest in ROM.
 function rom_font(font)
-  return clamp(font, 16, 34)
+  return is_own(font) and font or clamp(font, 16, 34)
 end
 local rom_font = rom_font
 
 -- The font, or the largest smaller one of its family (fixed, bold, regular) whose line is at most
--- h high; nil when none is.
+-- h high; nil when none is. The project's own fonts have no family and stay as they are.
 function font_within(font, h)
   font = rom_font(font)
-  if HEIGHT[font] <= h then
+  if is_own(font) or HEIGHT[font] <= h then
     return font
   end
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
@@ -30,22 +44,26 @@ end
 local font_within = font_within
 
 -- Where the baseline of a line stands in a box: centred on the capitals where there is room, moved
--- inwards in a tight box.
+-- inwards in a tight box. A line that is too high for it stands out above and below.
 local function baseline(font, y, h)
   local ascent = ASCENT[font]
   local lowest, highest = (y + h) // 1 - (HEIGHT[font] - ascent), y + ascent
   local base = (y + (h + CAP[font]) / 2 + 0.5) // 1
+  if lowest < highest and is_own(font) then
+    return base
+  end
   base = base < lowest and base or lowest
   return base > highest and base or highest
 end
 
--- How far a text's first letter reaches to the left of its pen. Only "j" does.
+-- How far a text's first letter reaches to the left of its pen. Only "j" does, of the fonts in ROM.
 local function overhang(font, s)
-  return s:byte() == 106 and CAP[font] * 0.09 or 0
+  return s:byte() == 106 and font >= 16 and CAP[font] * 0.09 or 0
 end
 
 -- One line of text in a box, on the middle of its capitals, cut with an ellipsis.
--- halign is "left", "center" or "right". Gives the text and the font that were drawn, or nothing.
+-- halign is "left" (the right, for a text that reads from right to left), "center" or "right".
+-- Gives the text and the font that were drawn, or nothing.
 function label(s, x, y, w, h, font, c, halign)
   font = s ~= "" and w >= 4 and font_within(font, h)
   if not font then
@@ -60,7 +78,7 @@ function label(s, x, y, w, h, font, c, halign)
   color(c)
   if halign == "center" then
     text(x + w / 2, base, font, s, "center")
-  elseif halign == "right" then
+  elseif halign == "right" or is_own(font) and is_right_to_left(font, s) then
     text(x + w, base, font, s, "right")
   else
     text(x + overhang(font, s), base, font, s)
@@ -70,8 +88,11 @@ end
 local label = label
 
 -- The font, or the largest smaller one of its family in which a text is at most w wide; the
--- smallest when none is.
+-- smallest when none is. The project's own fonts stay as they are.
 function font_across(font, s, w)
+  if is_own(font) then
+    return font
+  end
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
   while font > smallest and text_width(font, s) > w do
     font = font - 1
@@ -79,6 +100,12 @@ function font_across(font, s, w)
   return font
 end
 local font_across = font_across
+
+-- A unit's font is not larger than the figure's of the same family.
+local function unit_font_of(font, unit_font)
+  unit_font = rom_font(unit_font)
+  return (font < 26 or unit_font < 16) and unit_font or min(unit_font, font)
+end
 
 -- A figure with its unit behind it on the same baseline, in a font and colour of its own. A figure
 -- without room gets a smaller font, since a cut one would lie; the unit is left out instead.
@@ -88,7 +115,7 @@ function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
     return
   end
   font = font_across(font, s, w)
-  unit_font = unit ~= "" and font_within(min(rom_font(unit_font), font < 26 and 34 or font), h)
+  unit_font = unit ~= "" and font_within(unit_font_of(font, unit_font), h)
   local gap = CAP[font] >= 24 and 5 or 3
   local figure_w = text_width(font, s)
   local unit_w = unit_font and gap + text_width(unit_font, unit) or 0
@@ -112,34 +139,16 @@ function reading(s, unit, x, y, w, h, font, unit_font, c, unit_c, halign)
   end
 end
 
--- A text that breaks at blanks and line ends; what does not fit in the height is cut.
-function paragraph(s, x, y, w, h, font, c, halign, spacing)
+-- A text that breaks into lines; what does not fit in the height is cut. line_height is the distance
+-- from line to line, 0 for the font's own, and most_lines 0 for as many as there is room for.
+function paragraph(s, x, y, w, h, font, c, halign, spacing, line_height, most_lines)
   font = font_within(font, h)
   if not font or w < 4 then
     return
   end
-  local height = HEIGHT[font]
-  local pitch = height + clamp(spacing, 0, 100)
-  local rows_left = floor((h - height) / pitch) + 1
-  local function put(row)
-    label(row, x, y, w, height, font, c, halign)
-    y, rows_left = y + pitch, rows_left - 1
-  end
-  local sections = split_list(s, "\n")
-  for i = 1, #sections do
-    local row = ""
-    local words = split_list(sections[i], " ")
-    for k = 1, #words do
-      local longer = row == "" and words[k] or row .. " " .. words[k]
-      if row ~= "" and rows_left > 1 and text_width(font, longer) > w then
-        put(row)
-        row = words[k]
-      elseif #longer < 1000 then
-        row = longer -- the last row takes all the rest and ends in an ellipsis
-      end
-    end
-    if rows_left > 0 then
-      put(row)
-    end
-  end
+  local pitch = clamp(line_height or 0, 0, 2048)
+  pitch = (pitch > 0 and pitch or HEIGHT[font]) + clamp(spacing, 0, 100)
+  color(c)
+  halign = (halign == "center" or halign == "right") and halign or "start"
+  text_box(x, y, w, h, font, s, halign, "top", pitch, most_lines)
 end

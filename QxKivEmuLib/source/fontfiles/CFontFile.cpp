@@ -7,6 +7,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_MODULE_H
+#include FT_TRUETYPE_TAGS_H
 #include FT_TRUETYPE_TABLES_H
 
 namespace kivemu {
@@ -66,6 +67,43 @@ uint32_t firstWord(const std::vector<uint8_t> &bytes)
 }
 
 constexpr uint32_t Woff2 = 0x774F4632;
+
+/// FreeType unpacks the end of the last glyph as an offset in the file, where it should be one in
+/// the table of glyphs; who is strict about it takes that glyph for damaged.
+void mendLastGlyph(std::vector<uint8_t> &font)
+{
+    constexpr size_t Directory = 12;
+    constexpr size_t Entry = 16;
+    const auto number = [&font](size_t at, size_t count) {
+        uint32_t value = 0;
+        for (size_t i = 0; i < count; ++i)
+            value = value << 8 | (at + i < font.size() ? font[at + i] : 0U);
+        return value;
+    };
+    size_t head = 0;
+    size_t locaEnd = 0;
+    uint32_t glyphBytes = 0;
+    for (size_t i = 0; i < number(4, 2); ++i) {
+        const size_t entry = Directory + i * Entry;
+        const uint32_t tag = number(entry, 4);
+        if (tag == TTAG_head)
+            head = number(entry + 8, 4);
+        else if (tag == TTAG_loca)
+            locaEnd = size_t{number(entry + 8, 4)} + number(entry + 12, 4);
+        else if (tag == TTAG_glyf)
+            glyphBytes = number(entry + 12, 4);
+    }
+    constexpr size_t LocationFormat = 50;
+    const bool isLong = head > 0 && number(head + LocationFormat, 2) != 0;
+    const size_t size = isLong ? 4 : 2;
+    if (head == 0 || locaEnd < size || locaEnd > font.size())
+        return;
+    const uint32_t end = isLong ? glyphBytes : glyphBytes / 2;
+    if (number(locaEnd - size, size) <= end)
+        return;
+    for (size_t i = 0; i < size; ++i)
+        font[locaEnd - 1 - i] = static_cast<uint8_t>(end >> (8 * i));
+}
 
 bool isFontStart(uint32_t word)
 {
@@ -151,6 +189,7 @@ std::string CFontFile::openBytes(std::vector<uint8_t> bytes)
             tables.resize(length);
             isWhole = FT_Load_Sfnt_Table(m_library->face, 0, 0, tables.data(), &length) == 0;
         }
+        mendLastGlyph(tables);
         m_library = std::make_unique<SLibrary>();
         m_library->bytes = std::move(tables);
         const bool isUnpacked = isWhole && isFontStart(firstWord(m_library->bytes)) &&

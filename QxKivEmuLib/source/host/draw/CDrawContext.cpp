@@ -243,14 +243,6 @@ void CDrawContext::arc(double x, double y, double radius, double start, double s
                  toAngle64(std::clamp(sweep, -360.0, 360.0)), caps);
 }
 
-void CDrawContext::text(double x, double y, int font, std::string_view latin1)
-{
-    if (latin1.empty())
-        return;
-    flush();
-    m_writer.text(font, point(x, y), latin1);
-}
-
 bool CDrawContext::addPoint(double x, double y)
 {
     if (m_points.size() == MaxPoints)

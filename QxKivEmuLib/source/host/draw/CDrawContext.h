@@ -9,7 +9,11 @@
 
 namespace kivemu {
 
+class CTextFont;
+class CTexts;
+class IWorkMeter;
 struct SLoadedBitmap;
+struct SShapedLine;
 
 /// How a bitmap is drawn, in the frame's pixels.
 struct SBitmapDrawing
@@ -73,6 +77,10 @@ public:
                   double direction, double radius);
     /// The pen's position is the baseline; the text keeps upright in a rotation.
     void text(double x, double y, int font, std::string_view latin1);
+    /// A line in a font of the project's own, which turns with the rotation. When the meter says
+    /// that it is enough, the rest is left out.
+    void glyphs(double x, double y, CTexts &texts, CTextFont &font, const SShapedLine &line,
+                IWorkMeter &meter);
     void bitmap(const SLoadedBitmap &bitmap, const SBitmapDrawing &drawing);
 
     /// Points are gathered one by one, then drawn. False at MaxPoints.
@@ -110,6 +118,7 @@ private:
     uint32_t m_tag = 0;
     uint32_t m_emittedTag = 0;
     std::vector<SPoint> m_points;
+    std::vector<CDisplayListWriter::SPlacedGlyph> m_glyphs;
     uint64_t m_work = 0;
 };
 

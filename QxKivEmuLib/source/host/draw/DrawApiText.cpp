@@ -1,20 +1,45 @@
+#include "CDrawContext.h"
 #include "DrawApi.h"
 #include "RomFonts.h"
+#include "RomText.h"
+#include "TextBox.h"
 #include "host/items/CItemRunner.h"
+#include "text/CTexts.h"
 
 namespace kivemu {
 
 namespace {
 
-constexpr size_t MaxText = 4096; ///< characters of one text; far more than any screen shows
-constexpr char Ellipsis[] = "\xE2\x80\xA6";
+constexpr size_t MaxText = CTextFont::MaxText; ///< of one line; far more than any screen shows
+constexpr size_t MaxBoxBytes = 65536;
+constexpr uint64_t WorkPerByte = 4;
+constexpr uint64_t ShapingPerByte = 400;
+constexpr uint64_t FittingPerByte = 3 * ShapingPerByte;
+const char *const Horizontal[] = {"left", "center", "right", "start", nullptr};
 
-int checkFont(lua_State *state, int argument)
+SFontChoice checkFont(lua_State *state, int argument)
 {
     const lua_Integer font = luaL_checkinteger(state, argument);
-    if (font < romfonts::FirstFont || font > romfonts::LastFont)
-        luaL_error(state, "font %I is not one of 16 to 34", font);
-    return static_cast<int>(font);
+    if (CTexts::isHandle(font)) {
+        CTexts &texts = *contextOf(state).texts;
+        const int handle = static_cast<int>(font);
+        CTextFont *own = texts.font(handle);
+        return {own, own ? 0 : texts.romFont(handle)};
+    }
+    if (!romfonts::isFont(static_cast<int>(font)) || font != static_cast<int>(font))
+        luaL_error(state, "font %I is not one of 0 to 15 or 16 to 34", font);
+    return {nullptr, static_cast<int>(font)};
+}
+
+/// A text argument, its work counted.
+std::string_view checkText(lua_State *state, int argument, uint64_t workPerByte)
+{
+    size_t length = 0;
+    const char *utf8 = luaL_checklstring(state, argument, &length);
+    if (length > 4 * MaxText)
+        luaL_error(state, "the text is longer than %d characters", int{MaxText});
+    contextOf(state).watchdog.charge(state, length * workPerByte);
+    return {utf8, length};
 }
 
 /// A text as Latin-1 characters in a buffer that needs no destructor.
@@ -24,12 +49,8 @@ public:
     /// `missing` gets the characters that no font has.
     CLatin1(lua_State *state, int argument, std::u32string *missing = nullptr)
     {
-        size_t length = 0;
-        const char *utf8 = luaL_checklstring(state, argument, &length);
-        if (length > 4 * MaxText)
-            luaL_error(state, "the text is longer than %d characters", int{MaxText});
-        contextOf(state).watchdog.charge(state, length * 4);
-        m_length = romfonts::toLatin1({utf8, length}, missing).copy(m_characters, MaxText);
+        m_length = romfonts::toLatin1(checkText(state, argument, WorkPerByte), missing)
+                       .copy(m_characters, MaxText);
     }
     std::string_view view() const { return {m_characters, m_length}; }
 
@@ -38,118 +59,143 @@ private:
     size_t m_length = 0;
 };
 
-/// From a text's pen to what is seen as its middle: that of its ink, but figures count with the
-/// space about them, so that a reading stands still while they change.
-double middleOf(int font, std::string_view latin1)
+struct SCorner
 {
-    double middle = romfonts::textWidth16(font, latin1) / 32.0;
-    if (latin1.empty())
-        return middle;
-    const auto seen = [font](char character) {
-        const auto *glyph = romfonts::glyph(font, static_cast<uint8_t>(character));
-        const bool isFigure = character >= '0' && character <= '9';
-        return isFigure || !glyph->coverage ? nullptr : glyph;
-    };
-    if (const romfonts::SGlyph *first = seen(latin1.front()))
-        middle += first->left / 2.0;
-    if (const romfonts::SGlyph *last = seen(latin1.back()))
-        middle -= (last->advance16 / 16.0 - last->left - last->width) / 2.0;
-    return middle;
+    double x;
+    double y;
+};
+
+/// Where the pen stands for a text whose point of alignment is given.
+SCorner aligned(const SFontChoice &font, SCorner at, int align, int valign, double width,
+                double middle)
+{
+    if (align == 1)
+        at.x -= middle;
+    else if (align == 2)
+        at.x -= width;
+    const double ascent = font.ascent();
+    if (valign == 1)
+        at.y += font.capHeight() / 2.0;
+    else if (valign == 2)
+        at.y += ascent;
+    else if (valign == 3)
+        at.y -= font.height() - ascent;
+    return at;
 }
 
 int text(lua_State *state)
 {
-    static const char *const Horizontal[] = {"left", "center", "right", nullptr};
     static const char *const Vertical[] = {"baseline", "middle", "top", "bottom", nullptr};
-    double x = checkNumber(state, 1);
-    double y = checkNumber(state, 2);
-    const int font = checkFont(state, 3);
-    CItemRunner *items = contextOf(state).items;
-    const CLatin1 latin1(state, 4, items ? &items->missingCharacters() : nullptr);
+    const SCorner at{checkNumber(state, 1), checkNumber(state, 2)};
+    const SFontChoice font = checkFont(state, 3);
+    luaL_checkstring(state, 4);
     const int align = luaL_checkoption(state, 5, "left", Horizontal);
-    if (align == 1)
-        x -= middleOf(font, latin1.view());
-    else if (align == 2)
-        x -= romfonts::textWidth16(font, latin1.view()) / 16.0;
-    switch (luaL_checkoption(state, 6, "baseline", Vertical)) {
-    case 1:
-        y += romfonts::capHeight(font) / 2.0;
-        break;
-    case 2:
-        y += romfonts::ascent(font);
-        break;
-    case 3:
-        y -= romfonts::height(font) - romfonts::ascent(font);
-        break;
-    default:
-        break;
+    const int valign = luaL_checkoption(state, 6, "baseline", Vertical);
+    CDrawContext &drawing = drawingOf(state);
+    SLuaContext &context = contextOf(state);
+    if (!font.own) {
+        const CLatin1 latin1(state, 4,
+                             context.items ? &context.items->missingCharacters() : nullptr);
+        const double width = romfonts::textWidth16(font.rom, latin1.view()) / 16.0;
+        const SCorner pen = aligned(font, at, align, valign, width,
+                                    align == 1 ? romMiddle(font.rom, latin1.view()) : 0);
+        drawing.text(pen.x, pen.y, font.rom, latin1.view());
+        return 0;
     }
-    drawingOf(state).text(x, y, font, latin1.view());
+    const std::string_view utf8 = checkText(state, 4, ShapingPerByte);
+    const SShapedLine &line = font.own->shape(utf8);
+    const int side = align == 3 ? (line.isRightToLeft ? 2 : 0) : align;
+    const SCorner pen = aligned(font, at, side, valign, line.width / 64.0, line.middle / 64.0);
+    drawShaped(context, *font.own, line, pen.x, pen.y);
+    context.watchdog.charge(state, 0);
     return 0;
 }
 
 int textWidth(lua_State *state)
 {
-    const int font = checkFont(state, 1);
+    const SFontChoice font = checkFont(state, 1);
+    if (font.own) {
+        lua_pushnumber(state, font.own->shape(checkText(state, 2, ShapingPerByte)).width / 64.0);
+        return 1;
+    }
     const CLatin1 latin1(state, 2);
-    lua_pushnumber(state, romfonts::textWidth16(font, latin1.view()) / 16.0);
+    lua_pushnumber(state, romfonts::textWidth16(font.rom, latin1.view()) / 16.0);
     return 1;
-}
-
-/// Bytes of the UTF-8 character at `at`: a lead byte and what continues it.
-size_t characterLength(const char *at)
-{
-    size_t length = 1;
-    while ((at[length] & 0xC0) == 0x80 && length < 4)
-        ++length;
-    return length;
 }
 
 int textFit(lua_State *state)
 {
-    const int font = checkFont(state, 1);
+    const SFontChoice font = checkFont(state, 1);
+    const double width = checkNumber(state, 3);
+    if (font.own) {
+        const std::string &fitted = font.own->fit(checkText(state, 2, FittingPerByte), width);
+        lua_pushlstring(state, fitted.data(), fitted.size());
+        return 1;
+    }
     const CLatin1 latin1(state, 2);
-    const double width16 = checkNumber(state, 3) * 16;
-    if (romfonts::textWidth16(font, latin1.view()) <= width16) {
+    if (romfonts::textWidth16(font.rom, latin1.view()) <= width * 16) {
         lua_settop(state, 2);
         return 1;
     }
     constexpr uint64_t WorkPerCharacter = 16;
     contextOf(state).watchdog.charge(state, latin1.view().size() * WorkPerCharacter);
-    const char *utf8 = lua_tostring(state, 2);
-    const double room16 = width16 - romfonts::glyph(font, 0x85)->advance16;
-    size_t kept = 0;
-    int used16 = 0;
-    while (utf8[kept] != '\0') {
-        const size_t length = characterLength(utf8 + kept);
-        used16 += romfonts::textWidth16(font, romfonts::toLatin1({utf8 + kept, length}));
-        if (used16 > room16)
-            break;
-        kept += length;
-    }
-    while (kept > 0 && utf8[kept - 1] == ' ')
-        --kept;
-    lua_pushlstring(state, utf8, kept);
-    lua_pushstring(state, room16 >= 0 ? Ellipsis : "");
-    lua_concat(state, 2);
+    contextOf(state).texts->kept() = romFit(font.rom, lua_tostring(state, 2), width);
+    const std::string &fitted = contextOf(state).texts->kept();
+    lua_pushlstring(state, fitted.data(), fitted.size());
+    return 1;
+}
+
+int textBox(lua_State *state)
+{
+    static const char *const Vertical[] = {"top", "middle", "bottom", nullptr};
+    STextBox box{};
+    box.x = checkNumber(state, 1);
+    box.y = checkNumber(state, 2);
+    box.width = checkNumber(state, 3);
+    box.height = checkNumber(state, 4);
+    const SFontChoice font = checkFont(state, 5);
+    size_t length = 0;
+    const char *utf8 = luaL_checklstring(state, 6, &length);
+    if (length > MaxBoxBytes)
+        luaL_error(state, "the text is longer than %d bytes", int{MaxBoxBytes});
+    box.align = static_cast<ETextAlign>(luaL_checkoption(state, 7, "start", Horizontal));
+    box.valign = static_cast<ETextValign>(luaL_checkoption(state, 8, "top", Vertical));
+    const double lineHeight = optNumber(state, 9, 0);
+    box.pitch = lineHeight > 0 ? lineHeight : font.height();
+    box.mostLines = optNumber(state, 10, 0);
+    drawingOf(state);
+    SLuaContext &context = contextOf(state);
+    context.watchdog.charge(state, length * (font.own ? FittingPerByte : 4 * WorkPerByte));
+    const STextBoxResult result = drawTextBox(context, box, font, {utf8, length});
+    context.watchdog.charge(state, 0);
+    lua_pushinteger(state, static_cast<lua_Integer>(result.lines));
+    lua_pushboolean(state, result.isWhole);
+    return 2;
+}
+
+int isRightToLeft(lua_State *state)
+{
+    const SFontChoice font = checkFont(state, 1);
+    const std::string_view utf8 = checkText(state, 2, font.own ? ShapingPerByte : WorkPerByte);
+    lua_pushboolean(state, font.own && font.own->shape(utf8).isRightToLeft);
     return 1;
 }
 
 int fontHeight(lua_State *state)
 {
-    lua_pushinteger(state, romfonts::height(checkFont(state, 1)));
+    lua_pushinteger(state, checkFont(state, 1).height());
     return 1;
 }
 
 int fontAscent(lua_State *state)
 {
-    lua_pushinteger(state, romfonts::ascent(checkFont(state, 1)));
+    lua_pushinteger(state, checkFont(state, 1).ascent());
     return 1;
 }
 
 int fontCapHeight(lua_State *state)
 {
-    lua_pushinteger(state, romfonts::capHeight(checkFont(state, 1)));
+    lua_pushinteger(state, checkFont(state, 1).capHeight());
     return 1;
 }
 
@@ -159,6 +205,8 @@ const luaL_Reg DrawApiText[] = {
     {"text", text},
     {"text_width", textWidth},
     {"text_fit", textFit},
+    {"text_box", textBox},
+    {"is_right_to_left", isRightToLeft},
     {"font_height", fontHeight},
     {"font_ascent", fontAscent},
     {"font_cap_height", fontCapHeight},

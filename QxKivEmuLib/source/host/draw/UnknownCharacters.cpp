@@ -31,9 +31,7 @@ void appendUtf8(std::string &text, char32_t c)
         put(0x80U | (c >> shift & 0x3FU));
 }
 
-} // namespace
-
-std::string messageOfUnknown(std::u32string_view characters)
+std::string namesOf(std::u32string_view characters)
 {
     std::string names;
     for (const char32_t c : characters.substr(0, MostNamed)) {
@@ -49,7 +47,20 @@ std::string messageOfUnknown(std::u32string_view characters)
     }
     if (characters.size() > MostNamed)
         names += " and others";
-    return "no font has " + names + "; \"?\" is drawn instead";
+    return names;
+}
+
+} // namespace
+
+std::string messageOfUnknown(std::u32string_view characters)
+{
+    return "no font has " + namesOf(characters) + "; \"?\" is drawn instead";
+}
+
+std::string messageOfMissing(const std::string &font, std::u32string_view characters)
+{
+    return "font \"" + font + "\" and its fallbacks lack " + namesOf(characters) +
+           "; the font's box is drawn instead";
 }
 
 } // namespace kivemu

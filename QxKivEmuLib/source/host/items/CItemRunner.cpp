@@ -125,6 +125,22 @@ void CItemRunner::reportMissing()
     if (!m_missing.empty())
         noteCurrent(messageOfUnknown(m_missing));
     m_missing.clear();
+    for (const auto &[font, characters] : m_missingInFonts)
+        noteCurrent(messageOfMissing(font, characters));
+    m_missingInFonts.clear();
+}
+
+void CItemRunner::noteMissing(const std::string &font, const std::u32string &characters)
+{
+    constexpr size_t MostMissing = 32;
+    auto known = std::find_if(m_missingInFonts.begin(), m_missingInFonts.end(),
+                              [&](const auto &missing) { return missing.first == font; });
+    if (known == m_missingInFonts.end())
+        known = m_missingInFonts.insert(known, {font, {}});
+    for (const char32_t c : characters) {
+        if (known->second.size() < MostMissing && known->second.find(c) == std::u32string::npos)
+            known->second += c;
+    }
 }
 
 /// Work that an item may do. Those that overrun take less and less of the frame, so that many of

@@ -30,6 +30,8 @@ public:
     void noteCurrent(std::string_view message);
     /// Characters that were drawn as "?"; reported once for each item, and for the script.
     std::u32string &missingCharacters() { return m_missing; }
+    /// Characters that a font of the project and its fallbacks lack; reported in the same way.
+    void noteMissing(const std::string &font, const std::u32string &characters);
 
     /// Adds draw_item to the globals.
     static void addFunctions(lua_State *state);
@@ -62,7 +64,8 @@ private:
     CErrorList *m_errors = nullptr;
     size_t m_current = NoItem;
     int m_overruns = 0;       ///< items of this frame that were stopped
-    std::u32string m_missing; ///< of the item that is drawn, or of the script
+    std::u32string m_missing; ///< of the item that is drawn, or of the script; so the next
+    std::vector<std::pair<std::string, std::u32string>> m_missingInFonts;
     std::unordered_map<std::string, SChunk> m_chunks; ///< by text
     std::vector<SChunk *> m_frameChunks;              ///< by the snapshot's index of the text
 };

@@ -82,6 +82,7 @@ bool CLuaHost::startState()
     SLuaContext &context = m_sandbox->context();
     context.itemTables = &m_items->tables();
     context.assets = &m_assets;
+    context.texts = &m_texts;
     if (m_cancelled)
         context.watchdog.followCancel(*m_cancelled);
     context.watchdog.start(state, m_limits);
@@ -120,6 +121,7 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
     CDisplayListWriter writer(m_chip.ramDl);
     CDrawContext drawing(writer, width, height);
     m_assets.beginFrame(snapshot.screenText("working_directory"));
+    m_texts.beginFrame(snapshot.screenText("fonts"), snapshot.screenText("working_directory"));
     if (!snapshot.problem().empty())
         result.errors.add(snapshot.problem());
     const bool hasState = m_sandbox || (m_loadError.empty() && startState());
@@ -129,13 +131,38 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
         runRender(snapshot, drawing, width, height, result.errors);
     else
         drawing.clear(Black);
+    const std::vector<uint32_t> fonts = placeFonts(result.errors);
     m_assets.endFrame();
     writer.finish();
     reportOverflow(writer, m_chip.ramDl, snapshot, result.errors);
     result.words = writer.words();
+    if (!fonts.empty())
+        replaceAddresses(result.words.data(), result.words.size(),
+                         [&fonts](EOpcode opcode, uint32_t address) {
+                             return opcode == EOpcode::Font ? fonts[address] : address;
+                         });
     result.ramDlNeeded = writer.bytesWanted();
     result.ramGNeeded = m_assets.bytesNeeded();
     return result;
+}
+
+/// Puts the glyphs that the frame uses behind its bitmaps. Gives where each block lies; one for
+/// which there is no room gets an address where nothing is.
+std::vector<uint32_t> CLuaHost::placeFonts(CErrorList &errors)
+{
+    std::vector<uint32_t> addresses;
+    for (CTexts::SBlock &block : m_texts.finish()) {
+        std::optional<uint32_t> address;
+        if (!block.bytes.empty()) {
+            address = m_assets.placeFont(block.file, block.turn, std::move(block.bytes));
+            if (!address)
+                errors.add(m_assets.error());
+        }
+        addresses.push_back(address.value_or(static_cast<uint32_t>(m_chip.ramG)));
+    }
+    for (const std::string &message : m_texts.messages())
+        errors.add(message);
+    return addresses;
 }
 
 /// What callRender needs; its address goes through Lua.

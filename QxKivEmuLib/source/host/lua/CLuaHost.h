@@ -5,6 +5,7 @@
 #include "host/assets/CAssetLoader.h"
 #include "host/items/CErrorList.h"
 #include "host/items/CSnapshot.h"
+#include "text/CTexts.h"
 
 #include <atomic>
 #include <memory>
@@ -73,6 +74,7 @@ private:
     bool startState();
     void runRender(const CSnapshot &snapshot, CDrawContext &drawing, int width, int height,
                    CErrorList &errors);
+    std::vector<uint32_t> placeFonts(CErrorList &errors);
     void tidyState();
     static int callRender(lua_State *state);
     static int finishLoading(lua_State *state);
@@ -84,6 +86,7 @@ private:
     std::string m_name;
     std::string m_loadError;
     CAssetLoader m_assets;
+    CTexts m_texts;
     std::unique_ptr<CLuaSandbox> m_sandbox; ///< null when the next frame must start a fresh one
     std::unique_ptr<CItemRunner> m_items;
     size_t m_scriptText = 0; ///< bytes of the longest text that the script holds

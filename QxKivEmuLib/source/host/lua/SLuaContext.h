@@ -10,6 +10,7 @@ class CAssetLoader;
 class CDrawContext;
 class CItemRunner;
 class CItemTables;
+class CTexts;
 
 /// What the C functions of a Lua state reach: everything that is not Lua's own. One for each state,
 /// found through the state's extra space.
@@ -18,6 +19,7 @@ struct SLuaContext
     CWatchdog watchdog;
     CDrawContext *drawing = nullptr; ///< null while no frame is drawn
     CAssetLoader *assets = nullptr;
+    CTexts *texts = nullptr;
     CItemRunner *items = nullptr;
     CItemTables *itemTables = nullptr;
     uint64_t frameNumber = 0;

@@ -37,7 +37,7 @@ TEST_F(ItemErrors, nameTypeIdLineAndCause)
                          "\"#aarrggbb\" or 0xRRGGBB"},
         {"color('#12345g')", "Kiv_Test_T 1: line 1: '#12345g' is no colour; colours are "
                              "\"#rrggbb\", \"#aarrggbb\" or 0xRRGGBB"},
-        {"text(0, 0, 35, 'x')", "Kiv_Test_T 1: line 1: font 35 is not one of 16 to 34"},
+        {"text(0, 0, 35, 'x')", "Kiv_Test_T 1: line 1: font 35 is not one of 0 to 15 or 16 to 34"},
         {"restore()", "Kiv_Test_T 1: line 1: restore() without save()"},
         {"report('too dark') disc(7, 7, 7)", "Kiv_Test_T 1: too dark"},
         {"text(0, 0, 20, '5 \u20AC\t') text(0, 9, 20, '\u20AC')",

@@ -1,0 +1,320 @@
+#include "SHostRun.h"
+#include "executor/CExecutor.h"
+#include "support/Replay.h"
+
+#include <cmath>
+#include <cstdio>
+#include <ft2build.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+#include FT_FREETYPE_H
+#include FT_MULTIPLE_MASTERS_H
+
+// Texts in own fonts against two peers: glyphs and places by the program hb-shape, masks by
+// FreeType from the file itself.
+
+namespace {
+
+constexpr double Pi = 3.14159265358979323846;
+const std::string Noto = "/usr/share/fonts/truetype/noto/Noto";
+const std::string DejaVu = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+const std::string Wqy = "/usr/share/fonts/truetype/wqy/wqy-microhei.ttc";
+const std::string Made = KIV_TEST_FONTS "/";
+
+/// What one font draws in one direction, in the order in which it is seen.
+struct SPiece
+{
+    int file;
+    const char *script;
+    bool isRightToLeft;
+    std::u32string text;
+};
+
+struct SRow
+{
+    const char *name;
+    std::vector<std::string> files; ///< the font and its fallbacks
+    const char *text;
+    std::vector<SPiece> pieces;
+    std::string size = "24";
+    int bits = 8;
+    double degrees = 0;
+    std::string axes{};
+    std::string peerFile{}; ///< of a file that hb-shape cannot read
+    std::string errors{};
+};
+
+struct SPeerGlyph
+{
+    int file;
+    unsigned glyph;
+    double x; ///< 1/64 pixels
+    double y;
+};
+
+std::string peerFile(const SRow &row, int file)
+{
+    return row.peerFile.empty() ? row.files[static_cast<size_t>(file)] : row.peerFile;
+}
+
+/// What hb-shape makes of a row.
+std::vector<SPeerGlyph> shapedByPeer(const SRow &row)
+{
+    std::vector<SPeerGlyph> glyphs;
+    double pen = 0;
+    for (const SPiece &piece : row.pieces) {
+        std::ostringstream command;
+        command << "hb-shape --no-glyph-names --no-clusters --language=und --font-size="
+                << std::lround(std::stod(row.size) * 64) << " --script=" << piece.script
+                << " --direction=" << (piece.isRightToLeft ? "rtl" : "ltr");
+        if (!row.axes.empty())
+            command << " --variations=" << row.axes;
+        command << " --unicodes=" << std::hex;
+        for (const char32_t c : piece.text)
+            command << static_cast<uint32_t>(c) << ',';
+        command << " '" << peerFile(row, piece.file) << "'";
+        const std::unique_ptr<FILE, int (*)(FILE *)> pipe(popen(command.str().c_str(), "r"),
+                                                          pclose);
+        char output[16384] = {};
+        EXPECT_GT(std::fread(output, 1, sizeof output - 1, pipe.get()), 0U) << command.str();
+        for (const char *at = output; *at == '[' || *at == '|';) {
+            SPeerGlyph glyph{piece.file, 0, pen, 0};
+            int length = 0;
+            int x = 0;
+            int y = 0;
+            int advance = 0;
+            EXPECT_EQ(std::sscanf(++at, "%u%n", &glyph.glyph, &length), 1) << output;
+            at += length;
+            if (std::sscanf(at, "@%d,%d%n", &x, &y, &length) == 2)
+                at += length;
+            EXPECT_EQ(std::sscanf(at, "+%d%n", &advance, &length), 1) << output;
+            at += length;
+            glyph.x += x;
+            glyph.y += y;
+            pen += advance;
+            glyphs.push_back(glyph);
+        }
+    }
+    return glyphs;
+}
+
+/// FreeType's own masks of these glyphs, white on black.
+class CPeerFrame
+{
+public:
+    CPeerFrame(int width, int height) : m_width(width), m_height(height)
+    {
+        m_pixels.assign(static_cast<size_t>(width * height), 0);
+        FT_Init_FreeType(&m_library);
+    }
+    ~CPeerFrame() { FT_Done_FreeType(m_library); }
+
+    void draw(const SRow &row, const SPeerGlyph &glyph, double x, double y)
+    {
+        FT_Face face = nullptr;
+        const std::string path = peerFile(row, glyph.file);
+        ASSERT_EQ(FT_New_Face(m_library, path.c_str(), 0, &face), 0);
+        FT_Set_Char_Size(face, std::lround(std::stod(row.size) * 64), 0, 72, 72);
+        if (!row.axes.empty()) {
+            FT_Fixed places[] = {900 << 16, 125 << 16};
+            ASSERT_EQ(FT_Set_Var_Design_Coordinates(face, 2, places), 0);
+        }
+        const double turn = row.degrees * Pi / 180;
+        const auto fixed = [](double v) { return std::lround(v * 65536); };
+        FT_Matrix matrix{fixed(std::cos(turn)), fixed(std::sin(turn)), fixed(-std::sin(turn)),
+                         fixed(std::cos(turn))};
+        FT_Set_Transform(face, &matrix, nullptr);
+        ASSERT_EQ(FT_Load_Glyph(face, glyph.glyph, FT_LOAD_NO_HINTING | FT_LOAD_RENDER), 0);
+        const double across = glyph.x / 64;
+        const double up = -glyph.y / 64;
+        const auto pixel = [](double v) {
+            return (static_cast<int>(std::lround(v * 16)) + 8) >> 4;
+        };
+        blend(face->glyph->bitmap, row.bits,
+              pixel(x + std::cos(turn) * across - std::sin(turn) * up) + face->glyph->bitmap_left,
+              pixel(y + std::sin(turn) * across + std::cos(turn) * up) - face->glyph->bitmap_top);
+        FT_Done_Face(face);
+    }
+    std::vector<uint32_t> pixels() const
+    {
+        std::vector<uint32_t> pixels;
+        for (const unsigned level : m_pixels)
+            pixels.push_back(0xFF000000U | level * 0x10101U);
+        return pixels;
+    }
+
+private:
+    void blend(const FT_Bitmap &mask, int bits, int left, int top)
+    {
+        const unsigned most = (1U << bits) - 1;
+        for (int y = 0; y < static_cast<int>(mask.rows); ++y) {
+            for (int x = 0; x < static_cast<int>(mask.width); ++x) {
+                if (left + x < 0 || top + y < 0 || left + x >= m_width || top + y >= m_height)
+                    continue;
+                unsigned share = mask.buffer[y * mask.pitch + x];
+                share = (share * most + 127) / 255 * 255 / most;
+                unsigned &pixel = m_pixels[static_cast<size_t>((top + y) * m_width + left + x)];
+                pixel = (pixel * (255 - share) + 255 * share + 127) / 255;
+            }
+        }
+    }
+
+    FT_Library m_library = nullptr;
+    int m_width;
+    int m_height;
+    std::vector<unsigned> m_pixels;
+};
+
+/// A project's fonts: the row's files at handles 0 and up, the first with all others as fallbacks.
+std::string tableOf(const SRow &row)
+{
+    std::string table;
+    std::string fallbacks;
+    for (size_t handle = 1; handle < row.files.size(); ++handle)
+        fallbacks += (handle > 1 ? "," : "") + std::to_string(handle);
+    for (size_t handle = 0; handle < row.files.size(); ++handle) {
+        table += std::to_string(handle) + "\tF" + std::to_string(handle) + '\t' +
+                 row.files[handle] + '\t' + row.size + '\t' + std::to_string(row.bits) + '\t' +
+                 row.axes + '\t';
+        table += (handle == 0 ? fallbacks : std::string()) + "\t\n";
+    }
+    return table;
+}
+
+/// One item's commands in a frame with these fonts.
+class OwnTexts : public testing::Test
+{
+protected:
+    static constexpr int Width = 400;
+    static constexpr int Height = 300;
+
+    SHostRun run(const std::string &fonts, const std::string &commands,
+                 const std::string &text = "")
+    {
+        CTestModel model;
+        model.screen().set("fonts", fonts).set("working_directory", "/nowhere");
+        model.add(commands).set("caption", text);
+        return {m_host, model, Width, Height};
+    }
+    void SetUp() override { ASSERT_TRUE(m_host.loadText(PlainScript, "render.lua")); }
+
+    kivemu::CLuaHost m_host{kivemu::chipLimits(0x110), PatientLimits};
+};
+
+std::vector<SRow> rows()
+{
+    const std::string sans = Noto + "Sans-Regular.ttf";
+    const auto noto = [](const char *script) { return Noto + script + "-Regular.ttf"; };
+    std::vector<SRow> all = {
+        {"Arabic", {noto("SansArabic")}, u8"مُرحبا لا", {{0, "arab", true, U"مُرحبا لا"}}},
+        {"Urdu", {noto("NastaliqUrdu")}, u8"پاکستان میں", {{0, "arab", true, U"پاکستان میں"}}},
+        {"Hebrew", {noto("SansHebrew")}, u8"שָׁלוֹם", {{0, "hebr", true, U"שָׁלוֹם"}}},
+        {"Hindi",
+         {noto("SansDevanagari")},
+         u8"क्षत्रिय हिन्दी",
+         {{0, "deva", false, U"क्षत्रिय हिन्दी"}}},
+        {"Thai", {noto("SansThai")}, u8"กำลังทำน้ำปู่", {{0, "thai", false, U"กำลังทำน้ำปู่"}}},
+        {"Chinese", {Wqy}, u8"中文字体", {{0, "hani", false, U"中文字体"}}},
+        {"Japanese",
+         {Wqy},
+         u8"かな漢字",
+         {{0, "hira", false, U"かな"}, {0, "hani", false, U"漢字"}}},
+        {"Korean", {Wqy}, u8"한글", {{0, "hang", false, U"한글"}}},
+        {"Greek", {sans}, u8"Ελλάδα ΆΈ", {{0, "grek", false, U"Ελλάδα ΆΈ"}}},
+        {"Cyrillic", {sans}, u8"Привет, ё", {{0, "cyrl", false, U"Привет, ё"}}},
+        {"Vietnamese", {sans}, u8"Tiếng Việt", {{0, "latn", false, U"Tiếng Việt"}}},
+        {"emoji", {DejaVu}, u8"😀☺", {{0, "zyyy", false, U"😀☺"}}},
+        {"combining marks",
+         {sans},
+         u8"e\u0301\u0323 x\u0307\u0308",
+         {{0, "latn", false, U"e\u0301\u0323 x\u0307\u0308"}}},
+        {"brackets turn round", {DejaVu}, u8"(שלום)", {{0, "hebr", true, U"(שלום)"}}},
+        {"mixed directions",
+         {sans, noto("SansHebrew")},
+         u8"abc שלום 123 def",
+         {{0, "latn", false, U"abc "},
+          {0, "hebr", false, U"123"},
+          {0, "hebr", true, U" "},
+          {1, "hebr", true, U"שלום"},
+          {0, "hebr", false, U" "},
+          {0, "latn", false, U"def"}}},
+        {"a cluster goes whole to one font",
+         {sans, noto("SansDevanagari")},
+         u8"x\u0301किy",
+         {{0, "latn", false, U"x\u0301"}, {1, "deva", false, U"कि"}, {0, "latn", false, U"y"}}},
+        {"what no font has",
+         {noto("SansHebrew")},
+         u8"ש中",
+         {{0, "hani", false, U"中"}, {0, "hebr", true, U"ש"}},
+         "24",
+         8,
+         0,
+         "",
+         "",
+         "Kiv_Test_T 1: font \"F0\" and its fallbacks lack U+4E2D '中'; the font's box is drawn "
+         "instead"},
+        {"variable",
+         {Made + "variable.ttf"},
+         "Aa A",
+         {{0, "latn", false, U"Aa A"}},
+         "40",
+         8,
+         0,
+         "wght=900,wdth=125"},
+        {"WOFF2",
+         {Made + "variable.woff2"},
+         "Aa A",
+         {{0, "latn", false, U"Aa A"}},
+         "40",
+         8,
+         33,
+         "wght=900,wdth=125",
+         Made + "variable.ttf"},
+    };
+    for (const auto &[size, bits, degrees] : {std::tuple("13.5", 8, 0.0),
+                                              {"24", 4, 0.0},
+                                              {"24", 2, 0.0},
+                                              {"24", 1, 0.0},
+                                              {"24", 8, 30.0},
+                                              {"24", 4, 90.0},
+                                              {"30", 8, 180.0},
+                                              {"120", 8, 7.25}})
+        all.push_back({"sizes, bits and turns",
+                       {sans},
+                       u8"Aẫg",
+                       {{0, "latn", false, U"Aẫg"}},
+                       size,
+                       bits,
+                       degrees});
+    return all;
+}
+
+} // namespace
+
+TEST_F(OwnTexts, areWhatThePeersShapeAndDraw)
+{
+    constexpr double X = 200.25;
+    constexpr double Y = 150;
+    int inked = 0;
+    for (const SRow &row : rows()) {
+        const std::string commands =
+            "rotate(" + std::to_string(row.degrees) +
+            ", 200.25, 150) color('#ffffff') text(200.25, 150, 0, caption)";
+        const SHostRun drawn =
+            run(tableOf(row), "color('#000000') fill_rect(0, 0, 400, 300) " + commands, row.text);
+        EXPECT_EQ(drawn.errors, row.errors) << row.name;
+        kivemu::CExecutor executor;
+        const kivemu::SFrame frame =
+            kivemu::execute(executor, drawn.words, m_host.memory(), Width, Height, 0);
+        EXPECT_EQ(frame.errors, std::vector<std::string>()) << row.name;
+        CPeerFrame peer(Width, Height);
+        for (const SPeerGlyph &glyph : shapedByPeer(row))
+            peer.draw(row, glyph, X, Y);
+        const kivemu::SFrame expected{peer.pixels(), {}};
+        EXPECT_EQ(kivemu::difference(frame, expected, Width), "")
+            << row.name << ' ' << row.size << ' ' << row.bits << ' ' << row.degrees;
+        inked += expected.pixels != std::vector<uint32_t>(expected.pixels.size(), 0xFF000000U);
+    }
+    EXPECT_EQ(inked, static_cast<int>(rows().size()));
+}
