@@ -1,6 +1,7 @@
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
 #include "CFakeEmulator.h"
+#include "CFrameRequest.h"
 #include "CModelIterator.h"
 #include "CPlatformTable.h"
 #include "TestFiles.h"
@@ -168,6 +169,44 @@ private Q_SLOTS:
         for (const QString &event : events.split("; "))
             run(event);
         QCOMPARE(m_log.join("; "), expected);
+    }
+
+    /// Many wishes are one request; what was taken back, or is another's, is not told.
+    void aFrameRequestIsForOneRequester()
+    {
+        auto request = std::make_unique<CFrameRequest>();
+        QSignalSpy frames(request.get(), &CFrameRequest::frameTaken);
+        const auto turn = [&request] { QCoreApplication::sendPostedEvents(request.get()); };
+        request->askSoon(screen("A"));
+        request->askSoon(screen("B"));
+        QVERIFY(m_log.isEmpty());
+        turn();
+        run("answer");
+        QCOMPARE(m_log.join("; "), "render fg B; dl ?; frame ?");
+        QCOMPARE(frames.count(), 1);
+        QCOMPARE(frames.first().at(0).value<QPixmap>().isNull(), false);
+        run("fg C");
+        run("answer");
+        QCOMPARE(frames.count(), 1);
+
+        m_log.clear();
+        request->askSoon(screen("A"));
+        request->withdraw();
+        turn();
+        QVERIFY(m_log.isEmpty());
+        connect(request.get(), &CFrameRequest::aboutToAsk, request.get(), &CFrameRequest::withdraw);
+        request->askSoon(screen("A"));
+        turn();
+        QVERIFY(m_log.isEmpty());
+        request->ask(screen("A"));
+        request->withdraw();
+        run("answer");
+        QCOMPARE(m_log.join("; "), "render fg A");
+        request->ask(screen("A"));
+        request.reset();
+        run("answer");
+        QCOMPARE(m_log.join("; "), "render fg A; render fg A");
+        QCOMPARE(frames.count(), 1);
     }
 
     void passesValuesOn()

@@ -1,6 +1,5 @@
 #include "CScreenCompositeView.h"
 
-#include "CEmulatorAdapter.h"
 #include "CProjectModel.h"
 #include "CRuler.h"
 #include "CScreenModel.h"
@@ -32,11 +31,10 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
             &CScreenCompositeView::updateExtent);
     connect(m_view->screenScene(), &CScreenScene::selectionShown, this,
             &CScreenCompositeView::updateExtent);
-    const CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
-    connect(adapter, &CEmulatorAdapter::emulatorFrameCallback, this,
-            &CScreenCompositeView::emulatorFrameCallback);
-    connect(adapter, &CEmulatorAdapter::emulatorFrameDLCallback, this,
-            &CScreenCompositeView::emulatorFrameDLCallback);
+    connect(&m_request, &CFrameRequest::aboutToAsk, this, &CScreenCompositeView::beforeRequest);
+    connect(&m_request, &CFrameRequest::displayListTaken, this,
+            &CScreenCompositeView::showDisplayList);
+    connect(&m_request, &CFrameRequest::frameTaken, this, &CScreenCompositeView::showFrame);
 }
 
 CScreenCompositeView::~CScreenCompositeView()
@@ -51,8 +49,7 @@ CScreenModel *CScreenCompositeView::screen() const
 
 void CScreenCompositeView::detach()
 {
-    CEmulatorAdapter::instance()->withdraw(this);
-    CEmulatorAdapter::instance()->disconnect(this);
+    m_request.withdraw();
     m_view->disconnect(this);
     m_view->screenScene()->disconnect(this);
     m_view->detach();
@@ -60,47 +57,36 @@ void CScreenCompositeView::detach()
 
 void CScreenCompositeView::requestFrame()
 {
-    if (m_frameRequested || !isVisible())
+    if (m_request.isDue() || !isVisible())
         return;
-    m_frameRequested = true;
-    if (m_view->isGestureActive() && CEmulatorAdapter::instance()->isRegistered())
+    if (m_view->isGestureActive() && CFrameRequest::isPossible())
         m_view->awaitFrame();
-    QMetaObject::invokeMethod(this, &CScreenCompositeView::render, Qt::QueuedConnection);
+    m_request.askSoon(screen());
 }
 
-void CScreenCompositeView::render()
+void CScreenCompositeView::beforeRequest()
 {
-    m_frameRequested = false;
-    if (!screen())
-        return;
     updateExtent();
-    if (isVisible())
-        CEmulatorAdapter::instance()->renderForeground(screen(), this);
+    if (!isVisible())
+        m_request.withdraw();
 }
 
-void CScreenCompositeView::emulatorFrameDLCallback(QString dlTextBuffer, QByteArray dlBinBuffer,
-                                                   void *observer, size_t RAM_G_Usage,
-                                                   char *errorMessages)
+void CScreenCompositeView::showDisplayList(const QString &text, const QByteArray &bytes,
+                                           const QString &errors)
 {
-    if (observer != this || !screen())
-        return;
-    m_view->setDisplayList(dlTextBuffer, dlBinBuffer);
-    m_graphicsMemory = RAM_G_Usage;
-    const QString errors = QString::fromUtf8(errorMessages);
+    m_view->setDisplayList(text, bytes);
     if (errors != m_errors) { // not again with every move of the pointer
         m_errors = errors;
         Q_EMIT renderErrors(screen(), errors);
     }
 }
 
-void CScreenCompositeView::emulatorFrameCallback(bool output, QPixmap buffer, uint32_t, uint32_t,
-                                                 void *observer, size_t RAM_DL_Usage)
+void CScreenCompositeView::showFrame(const QPixmap &frame, size_t displayList,
+                                     size_t graphicsMemory)
 {
-    if (observer != this || !screen())
-        return;
-    m_view->setMemoryUsage(RAM_DL_Usage, m_graphicsMemory);
-    if (output && !buffer.isNull())
-        m_view->setFrame(buffer);
+    m_view->setMemoryUsage(displayList, graphicsMemory);
+    if (!frame.isNull())
+        m_view->setFrame(frame);
 }
 
 void CScreenCompositeView::updateRulers()

@@ -30,8 +30,7 @@ CScreenNavigator::CScreenNavigator(QWidget *parent) : QListWidget(parent), m_tim
     m_timer->setSingleShot(true);
     m_timer->setInterval(Delay);
     connect(m_timer, &QTimer::timeout, this, &CScreenNavigator::requestNext);
-    connect(CEmulatorAdapter::instance(), &CEmulatorAdapter::emulatorFrameCallback, this,
-            &CScreenNavigator::emulatorFrameCallback);
+    connect(&m_request, &CFrameRequest::frameTaken, this, &CScreenNavigator::takeFrame);
     const auto activate = [this](const QListWidgetItem *entry) {
         if (CScreenModel *screen = m_project ? m_project->screen(row(entry)) : nullptr)
             Q_EMIT screenActivated(screen);
@@ -40,16 +39,11 @@ CScreenNavigator::CScreenNavigator(QWidget *parent) : QListWidget(parent), m_tim
     connect(this, &QListWidget::itemActivated, this, activate);
 }
 
-CScreenNavigator::~CScreenNavigator()
-{
-    CEmulatorAdapter::instance()->withdraw(this);
-}
-
 void CScreenNavigator::setProject(CProjectModel *project)
 {
     if (m_project)
         m_project->disconnect(this);
-    CEmulatorAdapter::instance()->withdraw(this);
+    m_request.withdraw();
     m_requested = nullptr;
     m_current = nullptr;
     m_project = project;
@@ -146,7 +140,7 @@ void CScreenNavigator::propertyChanged(CItemModel *item, const QString &key)
 
 void CScreenNavigator::requestNext()
 {
-    CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
+    const CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
     if (m_changed.isEmpty() || !adapter->isRegistered())
         return;
     if (adapter->isBusy() || !(isVisible() || m_areAllWanted)) {
@@ -154,16 +148,15 @@ void CScreenNavigator::requestNext()
         return;
     }
     m_requested = m_changed.takeFirst();
-    adapter->renderForeground(m_requested, this);
+    m_request.ask(m_requested);
 }
 
-void CScreenNavigator::emulatorFrameCallback(bool output, QPixmap buffer, uint32_t, uint32_t,
-                                             void *observer, size_t)
+void CScreenNavigator::takeFrame(const QPixmap &frame)
 {
-    if (observer != this || !m_requested || !output)
+    if (!m_requested || frame.isNull())
         return;
     if (entryOf(m_requested)) {
-        m_pictures[m_requested].frame = buffer;
+        m_pictures[m_requested].frame = frame;
         scale(m_requested);
         Q_EMIT frameTaken();
     }

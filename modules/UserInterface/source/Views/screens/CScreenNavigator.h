@@ -1,12 +1,11 @@
 #pragma once
 
+#include "CFrameRequest.h"
+
 #include <QHash>
 #include <QListWidget>
 #include <QPixmap>
 #include <QPointer>
-
-#include <cstddef>
-#include <cstdint>
 
 class CItemModel;
 class CProjectModel;
@@ -22,7 +21,6 @@ class CScreenNavigator final : public QListWidget
 
 public:
     explicit CScreenNavigator(QWidget *parent = nullptr);
-    ~CScreenNavigator() override;
 
     void setProject(CProjectModel *project); ///< null shows nothing
     /// Name and last frame of every screen, in their order; a frame is null while it is not there.
@@ -36,8 +34,6 @@ public:
 public Q_SLOTS:
     /// Marks the screen that is shown in the tab area.
     void setCurrentScreen(CScreenModel *screen);
-    void emulatorFrameCallback(bool output, QPixmap buffer, uint32_t hsize, uint32_t vsize,
-                               void *observer, size_t RAM_DL_Usage);
 
 Q_SIGNALS:
     void screenActivated(CScreenModel *screen);
@@ -53,6 +49,7 @@ private:
     void rebuild();
     void markChanged(const QStandardItem *item);
     void requestNext();
+    void takeFrame(const QPixmap &frame);
     void propertyChanged(CItemModel *item, const QString &key);
     QSize thumbnailSize() const; ///< device pixels
     void scale(const CScreenModel *screen);
@@ -61,6 +58,7 @@ private:
 
     QPointer<CProjectModel> m_project; ///< not owned
     QTimer *m_timer;
+    CFrameRequest m_request;
     QHash<const CScreenModel *, SPicture> m_pictures;
     QList<CScreenModel *> m_changed; ///< waiting for their frames, in order
     CScreenModel *m_requested = nullptr;
