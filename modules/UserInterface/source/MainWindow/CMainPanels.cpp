@@ -1,6 +1,5 @@
 #include "CMainPanels.h"
 
-#include "CEditorState.h"
 #include "CMainWindow.h"
 #include "COutputWindowView.h"
 #include "CPlatformTable.h"
@@ -231,12 +230,6 @@ void CMainPanels::cancelGestures()
         view->screenScene()->cancelGesture();
     if (m_explorer->isDragging())
         m_explorer->setProject(m_project); // puts the page back that is out of the model
-}
-
-void CMainPanels::setSnapToGrid(bool enabled)
-{
-    CEditorState::instance()->setSnapToGrid(enabled);
-    m_palette->view()->setSnapToGrid(enabled);
 }
 
 void CMainPanels::write(const QString &text)

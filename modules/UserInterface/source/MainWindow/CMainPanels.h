@@ -65,7 +65,6 @@ public Q_SLOTS:
     void report(const QString &text);
     /// What an exported screen lacks, a line each: as errors of its render, and always seen.
     void showFindings(const QString &screenName, const QString &errors);
-    void setSnapToGrid(bool enabled);
     /// Of the explorer: selects the items on the canvas too, on their own page.
     void selectionChanged(const QModelIndexList &selected);
 

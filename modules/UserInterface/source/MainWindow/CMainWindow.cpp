@@ -82,8 +82,6 @@ CMainWindow::CMainWindow(const QString &file)
     m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
     connectSession();
-    connect(CEditorState::instance(), &CEditorState::zoomChanged, m_menuBar->zoomWidget(),
-            &CZoomComboWidget::valueChanged); // the wheel over a canvas
     useSettings(settings);
     m_statusBar = new CStatusBar(this);
     m_panels->connectStatusBar(m_statusBar);

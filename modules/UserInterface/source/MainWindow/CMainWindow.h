@@ -60,7 +60,7 @@ public:
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
     void setAutosaveInterval(int seconds);
-    bool snapToGrid() const { return m_snapToGrid; }
+    bool snapToGrid() const;
 
     /// The end of the program from outside. The first breaks off what is under way and saves
     /// automatically or, if that is switched off, keeps a recovery copy; it may be called in the
@@ -187,6 +187,5 @@ private:
     QString m_savingFolder;
     QString m_chosenLanguage; ///< empty: the system's
     int m_autosaveInterval = 0;
-    bool m_snapToGrid = false;
     bool m_closeAfterExport = false;
 };

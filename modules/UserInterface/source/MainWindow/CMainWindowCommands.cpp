@@ -165,8 +165,12 @@ void CMainWindow::exportPackage()
 
 void CMainWindow::setSnapToGrid(bool enabled)
 {
-    m_snapToGrid = enabled;
-    m_panels->setSnapToGrid(enabled);
+    CEditorState::instance()->setSnapToGrid(enabled);
+}
+
+bool CMainWindow::snapToGrid() const
+{
+    return CEditorState::instance()->isSnapToGrid();
 }
 
 std::optional<SShownScreen> CMainWindow::shownScreen() const
@@ -217,7 +221,6 @@ void CMainWindow::zoomChanged(int zoomPercent, int zoomType)
 
 void CMainWindow::gridChanged(bool showGrid, int gridSize, QColor gridColor, Qt::PenStyle gridType)
 {
-    m_menuBar->updateGridMenu(showGrid, gridSize, gridColor, gridType);
     CEditorState::instance()->setGrid(showGrid, gridSize, gridColor, gridType);
 }
 

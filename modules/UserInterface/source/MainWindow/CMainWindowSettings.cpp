@@ -1,6 +1,6 @@
 // What the window takes from the settings, and what it keeps there.
 #include "CDialogQuestions.h"
-#include "CGridComboWidget.h"
+#include "CEditorState.h"
 #include "CLanguageLoader.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
@@ -64,7 +64,6 @@ void CMainWindow::useSettings(const SSettings &values)
     m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
                                                                         : m_savingFolder);
     setSnapToGrid(values.snapToGrid);
-    m_menuBar->setChecked(CMenuBar::SnapToGrid, values.snapToGrid);
     setAutosaveInterval(values.autosaveInterval);
 }
 
@@ -74,12 +73,14 @@ void CMainWindow::writeSettings()
     values.mainWindow = isMaximized() ? normalGeometry() : geometry();
     values.isMaximized = isMaximized();
     values.windowState = saveState();
+    // A type that was chosen without effect so far is kept as chosen.
     values.zoomPercent = m_menuBar->zoomWidget()->zoomPercent();
     values.zoomType = m_menuBar->zoomWidget()->zoomType();
-    values.showGrid = m_menuBar->gridWidget()->isGridShown();
-    values.gridSize = m_menuBar->gridWidget()->gridSize();
-    values.gridColor = m_menuBar->gridWidget()->gridColor();
-    values.gridType = m_menuBar->gridWidget()->gridType();
+    const CEditorState *state = CEditorState::instance();
+    values.showGrid = state->isGridShown();
+    values.gridSize = state->gridSpacing();
+    values.gridColor = state->gridColour();
+    values.gridType = state->gridStyle();
     values.latestProjects = m_recent->paths();
     values.screenshotDir = m_screenshotFolder;
     values.theme = m_theme.name();
@@ -88,6 +89,6 @@ void CMainWindow::writeSettings()
     values.autosaveInterval = m_autosaveInterval;
     values.language = m_chosenLanguage;
     values.lastFolder = m_session->workingDirectory();
-    values.snapToGrid = m_snapToGrid;
+    values.snapToGrid = state->isSnapToGrid();
     m_settings->write(values);
 }

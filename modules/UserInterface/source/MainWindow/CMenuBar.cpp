@@ -1,5 +1,6 @@
 #include "CMenuBar.h"
 
+#include "CEditorState.h"
 #include "CGridComboWidget.h"
 #include "CMainWindow.h"
 #include "CMenuBarTables.h"
@@ -128,6 +129,11 @@ void CMenuBar::connectWindow()
     connect(m_window, &CMainWindow::listRecentProjectsUpdated, this,
             &CMenuBar::updateRecentSubMenu);
     connect(m_actions[SnapToGrid], &QAction::triggered, this, &CMenuBar::setSnapToGrid);
+    const CEditorState *state = CEditorState::instance();
+    connect(state, &CEditorState::snapToGridChanged, m_actions[SnapToGrid], &QAction::setChecked);
+    m_actions[SnapToGrid]->setChecked(state->isSnapToGrid());
+    connect(state, &CEditorState::zoomChanged, m_zoomWidget,
+            &CZoomComboWidget::valueChanged); // the wheel over a canvas
     // Choosing what is chosen already changes nothing, so nothing tells its mark to stay.
     for (const EAction id : {ZoomReset, FitToPage, FitToWidth})
         connect(m_actions[id], &QAction::triggered, this,

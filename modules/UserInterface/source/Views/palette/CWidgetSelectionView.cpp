@@ -1,5 +1,6 @@
 #include "CWidgetSelectionView.h"
 
+#include "CEditorState.h"
 #include "CToolboxModel.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetLibraryModel.h"
@@ -199,7 +200,8 @@ QPixmap CWidgetSelectionView::dragPixmap() const
 
 QPoint CWidgetSelectionView::dragHotSpot() const
 {
-    return m_snapToGrid ? QPoint() : QPoint(EntryIconSize.width() / 2, EntryIconSize.height() / 2);
+    const bool snaps = CEditorState::instance()->isSnapToGrid();
+    return snaps ? QPoint() : QPoint(EntryIconSize.width() / 2, EntryIconSize.height() / 2);
 }
 
 void CWidgetSelectionView::startDrag(Qt::DropActions)

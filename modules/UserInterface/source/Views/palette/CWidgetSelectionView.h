@@ -27,13 +27,10 @@ public:
 
     /// What a drag of the current entry carries; null when it is not one. Owned by the caller.
     QMimeData *dragData() const;
-    /// The picture that hangs at the pointer, and where in it the pointer is.
+    /// The picture that hangs at the pointer, and where in it the pointer is: with snapping on at
+    /// its top left corner, where the widget will be placed.
     QPixmap dragPixmap() const;
     QPoint dragHotSpot() const;
-
-public Q_SLOTS:
-    /// With snapping on, a drag hangs from its top left corner, where the widget will be placed.
-    void setSnapToGrid(bool on) { m_snapToGrid = on; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -48,5 +45,4 @@ private:
     void addEntry(const QModelIndex &row, const CWidgetLibraryModel *library, const QString &group);
 
     bool m_isNothingFound = false; ///< the filter hides every entry
-    bool m_snapToGrid = false;
 };

@@ -3,8 +3,9 @@
 #include <QColor>
 #include <QObject>
 
-/// What holds for every screen that is edited: snapping, the grid and the zoom. The tool bar and
-/// the menus set it, scenes and views follow it. Nothing is announced that was so before.
+/// What holds for every screen that is edited: snapping, the grid and the zoom. It alone owns them:
+/// the controls, the menus, the settings and the wheel over a canvas set it, and its signals are
+/// what scenes, views, menus and controls follow. Nothing is announced that was so before.
 /// Threads: the GUI thread only.
 class CEditorState final : public QObject
 {

@@ -19,9 +19,7 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
     CProjectModel *project = screen->project();
     setSceneRect(QRectF(QPointF(), QSizeF(project->resolution())));
 
-    const CEditorState *state = CEditorState::instance();
-    connect(state, &CEditorState::gridChanged, this, &CScreenScene::setGrid);
-    setGrid(state->isGridShown(), state->gridSpacing(), state->gridColour(), state->gridStyle());
+    connect(CEditorState::instance(), &CEditorState::gridChanged, this, [this] { update(); });
     connect(this, &QGraphicsScene::selectionChanged, this, &CScreenScene::selectionChanged);
 
     connect(project, &QAbstractItemModel::rowsInserted, this, &CScreenScene::onRowsInserted);

@@ -61,6 +61,7 @@ public:
     void cancelGesture();
 
 public Q_SLOTS:
+    /// Of this and all other scenes: CEditorState owns it.
     void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
     void selectionChanged();
 
@@ -103,10 +104,6 @@ private:
     void dropGesture();
 
     CScreenModel *m_screen; ///< not owned; null once detached
-    bool m_gridOn = true;
-    int m_gridSpacing = 20;
-    QColor m_gridColour;
-    Qt::PenStyle m_gridStyle = Qt::SolidLine;
     CSnapGuides m_guides;
     CFrameItem *m_frame = nullptr;
     QHash<const CItemModel *, CItemView *> m_views;

@@ -134,7 +134,7 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 QPointF CScreenScene::snapped(const QPointF &proposed, const QVector<CItemModel *> &moving)
 {
-    return m_guides.place(proposed, order(), moving, m_gridSpacing);
+    return m_guides.place(proposed, order(), moving, CEditorState::instance()->gridSpacing());
 }
 
 void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)

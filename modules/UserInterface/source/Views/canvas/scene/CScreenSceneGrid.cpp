@@ -1,4 +1,5 @@
 // The grid of a canvas, drawn over everything else.
+#include "CEditorState.h"
 #include "CScreenScene.h"
 
 #include <QGraphicsView>
@@ -60,11 +61,7 @@ void collect(GridLines &lines, const QRectF &rect, int step, bool isPixelGrid)
 
 void CScreenScene::setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style)
 {
-    m_gridOn = on;
-    m_gridSpacing = std::max(1, spacing);
-    m_gridColour = colour;
-    m_gridStyle = style;
-    update();
+    CEditorState::instance()->setGrid(on, spacing, colour, style);
 }
 
 void CScreenScene::drawBackground(QPainter *painter, const QRectF &rect)
@@ -74,18 +71,19 @@ void CScreenScene::drawBackground(QPainter *painter, const QRectF &rect)
 
 void CScreenScene::drawForeground(QPainter *painter, const QRectF &rect)
 {
-    if (!m_gridOn || views().isEmpty())
+    const CEditorState *state = CEditorState::instance();
+    if (!state->isGridShown() || views().isEmpty())
         return;
     const double scale = std::max(0.0, views().constFirst()->viewportTransform().m11());
     GridLines lines;
-    collect(lines, rect, stepFor(scale, m_gridSpacing), scale >= PixelGridScale);
+    collect(lines, rect, stepFor(scale, state->gridSpacing()), scale >= PixelGridScale);
 
     painter->setClipRect(sceneRect(), Qt::IntersectClip);
-    QColor colour = m_gridColour;
+    QColor colour = state->gridColour();
     colour.setAlpha(FirstAlpha);
-    painter->setPen(QPen(colour, 0, m_gridStyle, Qt::FlatCap, Qt::MiterJoin));
+    painter->setPen(QPen(colour, 0, state->gridStyle(), Qt::FlatCap, Qt::MiterJoin));
     painter->drawLines(lines.first.constData(), lines.first.size());
     colour.setAlpha(SecondAlpha);
-    painter->setPen(QPen(colour, 0, m_gridStyle, Qt::FlatCap, Qt::MiterJoin));
+    painter->setPen(QPen(colour, 0, state->gridStyle(), Qt::FlatCap, Qt::MiterJoin));
     painter->drawLines(lines.second.constData(), lines.second.size());
 }

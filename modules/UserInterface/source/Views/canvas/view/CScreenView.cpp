@@ -125,11 +125,6 @@ int CScreenView::zoomPercent() const
     return m_zoom->percent();
 }
 
-int CScreenView::zoomType() const
-{
-    return m_zoom->type();
-}
-
 bool CScreenView::isGestureActive() const
 {
     return m_scene->isGestureActive();

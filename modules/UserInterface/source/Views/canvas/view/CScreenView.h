@@ -42,7 +42,6 @@ public:
     QVector<CItemModel *> selectedItems() const; ///< front first
     bool isGestureActive() const;
     int zoomPercent() const;
-    int zoomType() const;
     double scale() const { return transform().m11(); }
     /// Counts widgets and bitmaps and tells them.
     void reportCounts();
@@ -75,7 +74,7 @@ public Q_SLOTS:
     void group();
     void ungroup();
     void updateRepaint();
-    /// Percentage and CZoomComboWidget::Type.
+    /// Percentage and CZoomComboWidget::Type: what CEditorState says is to be shown.
     void zoom(int percent, int type);
     /// Writes a move back to the model: from where the item is to the new position.
     void itemsMoved(CItemModel *item, QPointF oldPosition, QPointF newPosition);

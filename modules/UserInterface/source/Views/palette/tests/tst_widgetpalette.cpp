@@ -1,3 +1,4 @@
+#include "CEditorState.h"
 #include "CToolboxModel.h"
 #include "CWidgetLibraryModel.h"
 #include "CWidgetSelectionPanel.h"
@@ -72,9 +73,10 @@ private Q_SLOTS:
         view.setToolbox(m_toolbox.get(), m_library.get());
         view.setCurrentItem(entry(view, "Circle"));
         QVERIFY(std::unique_ptr<QMimeData>(view.dragData()));
-        QCOMPARE(view.dragHotSpot(), QPoint(32, 32));
-        view.setSnapToGrid(true);
+        CEditorState::instance()->setSnapToGrid(true);
         QCOMPARE(view.dragHotSpot(), QPoint(0, 0));
+        CEditorState::instance()->setSnapToGrid(false);
+        QCOMPARE(view.dragHotSpot(), QPoint(32, 32));
     }
 
     void filterKeepsGroupsOfWhatItShows()
