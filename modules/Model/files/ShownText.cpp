@@ -3,21 +3,48 @@
 #include <QTextDocument>
 
 namespace {
-bool turnsDirection(QChar character)
+/// Signs that enclose digits; of all format characters these are seen.
+bool isNumberSign(uint code)
 {
-    const ushort code = character.unicode();
-    return (code >= 0x202a && code <= 0x202e) || (code >= 0x2066 && code <= 0x2069);
+    return (code >= 0x600 && code <= 0x605) || code == 0x6dd || code == 0x70f || code == 0x8e2;
 }
 
-bool isUnseen(QChar character)
+/// Letters that take their place and draw nothing.
+bool isFiller(uint code)
 {
-    return character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
-           character == QChar::ParagraphSeparator || turnsDirection(character);
+    return code == 0x115f || code == 0x1160 || code == 0x3164 || code == 0xffa0;
 }
 
-bool isLayout(QChar character)
+bool isUnseen(uint code)
 {
-    return character == QLatin1Char('\n') || character == QLatin1Char('\t');
+    switch (QChar::category(code)) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    case QChar::Other_Format:
+        return !isNumberSign(code);
+    default:
+        return isFiller(code);
+    }
+}
+
+/// A joiner forms letters and pictures out of its neighbours, which differ without it.
+bool joins(const QVector<uint> &codes, int index)
+{
+    constexpr uint ZeroWidthNonJoiner = 0x200c;
+    constexpr uint ZeroWidthJoiner = 0x200d;
+    constexpr uint EndOfLatin = 0x24f;
+    if (codes.at(index) != ZeroWidthNonJoiner && codes.at(index) != ZeroWidthJoiner)
+        return false;
+    const auto isJoined = [](uint code) { return code > EndOfLatin && !isUnseen(code); };
+    return index > 0 && index + 1 < codes.size() && isJoined(codes.at(index - 1)) &&
+           isJoined(codes.at(index + 1));
+}
+
+bool isLayout(uint code)
+{
+    return code == '\n' || code == '\t';
 }
 
 QString shown(const QString &foreign, int length, bool keepsLines)
@@ -26,12 +53,14 @@ QString shown(const QString &foreign, int length, bool keepsLines)
     // Half a character cannot be shown.
     const int end = isCut && foreign.at(length - 1).isHighSurrogate() ? length - 1 : length;
     QString text;
-    for (const QChar each : foreign.left(end)) {
-        if (!isUnseen(each) || (keepsLines && isLayout(each)))
-            text.append(each);
+    const QVector<uint> codes = foreign.left(end).toUcs4();
+    for (int index = 0; index < codes.size(); ++index) {
+        const uint code = codes.at(index);
+        if (!isUnseen(code) || (keepsLines && isLayout(code)) || joins(codes, index))
+            text.append(QString::fromUcs4(&code, 1));
         else
-            text.append(QStringLiteral("[U+%1]").arg(QString::number(each.unicode(), 16).toUpper(),
-                                                     4, QLatin1Char('0')));
+            text.append(QStringLiteral("[U+%1]").arg(QString::number(code, 16).toUpper(), 4,
+                                                     QLatin1Char('0')));
     }
     return isCut ? text + QChar(0x2026) : text;
 }

@@ -491,6 +491,9 @@ private Q_SLOTS:
         QTest::newRow("HTML") << html << html;
         QTest::newRow("turned round, unseen")
             << QStringLiteral("a\u202eb\u0085c") << QStringLiteral("a[U+202E]b[U+0085]c");
+        QTest::newRow("without a width, but for what forms a letter")
+            << QStringLiteral("a\u200bb\u00ad\u200dc\u06cc\u200c\u06cc")
+            << QStringLiteral("a[U+200B]b[U+00AD][U+200D]c\u06cc\u200c\u06cc");
         const QString star = QStringLiteral("a[*]b[*][*]"); // the star of changed documents
         QTest::newRow("the place of a star") << star << star;
         QTest::newRow("long") << QString(100000, 'x') << QString(250, 'x') + QChar(0x2026);
@@ -541,6 +544,13 @@ private Q_SLOTS:
             QVERIFY(box->text().contains(shown));
         });
         QVERIFY(!questions.forgetLeftWork(name));
+        QVERIFY(tabs->tabRect(0).width() < 400); // others have room beside it
+        m_answers->expect([&](QDialog *dialog) {
+            const auto *pages = dialog->findChild<QListWidget *>("screens");
+            QCOMPARE(pages->item(0)->text(), shown);
+            QVERIFY(pages->visualItemRect(pages->item(0)).width() < 300);
+        });
+        m_window->printScreen();
     }
 
     /// Each time, with its reason; there is nothing to silence it with.

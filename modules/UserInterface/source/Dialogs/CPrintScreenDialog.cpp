@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -30,6 +31,20 @@ QIcon emptyIcon()
     painter.drawRect(frame.rect().adjusted(0, 0, -1, -1));
     return QIcon(frame);
 }
+
+/// Entries as wide as their pictures, whatever their names.
+class CPictureDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        constexpr int Margin = 8;
+        return QStyledItemDelegate::sizeHint(option, index)
+            .boundedTo({IconSize.width() + 2 * Margin, QWIDGETSIZE_MAX});
+    }
+};
 
 QString existingFolder(const QString &folder)
 {
@@ -63,6 +78,7 @@ CPrintScreenDialog::CPrintScreenDialog(const Source &pictures, const QString &fo
     m_screens->setMovement(QListView::Static);
     m_screens->setResizeMode(QListView::Adjust);
     m_screens->setSpacing(8);
+    m_screens->setItemDelegate(new CPictureDelegate(m_screens));
     m_screens->setSelectionMode(QAbstractItemView::MultiSelection);
     fill();
     layOut();
@@ -109,6 +125,7 @@ void CPrintScreenDialog::fill()
     for (const auto &[name, picture] : pictures) {
         auto *item = new QListWidgetItem(empty, ShownText::name(name), m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
+        item->setToolTip(item->text());
         item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
         m_shown.append(picture.cacheKey());
         showScaled(m_screens->count() - 1, picture);

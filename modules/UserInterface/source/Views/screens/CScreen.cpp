@@ -19,8 +19,30 @@
 #include <QTabBar>
 #include <QUndoStack>
 
+#include <algorithm>
+
+namespace {
+/// Tabs of long names leave room for others.
+class CShortTabs final : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    QSize tabSizeHint(int index) const override
+    {
+        constexpr int Letters = 32; // of a medium width
+        const QSize hint = QTabBar::tabSizeHint(index);
+        return {std::min(hint.width(), fontMetrics().averageCharWidth() * Letters), hint.height()};
+    }
+};
+} // namespace
+
 CScreen::CScreen(QWidget *parent) : QTabWidget(parent), m_hint(new QLabel(this))
 {
+    auto *shortTabs = new CShortTabs(this);
+    shortTabs->setObjectName(tabBar()->objectName());
+    setTabBar(shortTabs);
     setObjectName(QStringLiteral("viewProjectWindow"));
     setDocumentMode(true);
     setTabsClosable(true);
