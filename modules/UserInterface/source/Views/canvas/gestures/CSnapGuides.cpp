@@ -53,10 +53,13 @@ QPointF CSnapGuides::place(const QPointF &proposed, const QVector<CItemView *> &
     const SnapRule::Candidate y = SnapRule::nearest(down, proposed.y());
 
     hide();
+    // Only what has decided is shown: a grid line may be nearer in the other direction.
     for (CItemView *view : {x.view, y.view}) {
-        if (!view)
+        if (!view || m_guided.contains(view))
             continue;
-        view->showGuides(visibleRect(m_scene));
+        view->showGuides(visibleRect(m_scene),
+                         view == x.view ? std::optional(x.position) : std::nullopt,
+                         view == y.view ? std::optional(y.position) : std::nullopt);
         m_guided.append(view);
     }
     m_cross->setPos(x.position, y.position);

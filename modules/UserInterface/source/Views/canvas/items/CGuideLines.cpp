@@ -4,6 +4,8 @@
 
 #include <QGraphicsLineItem>
 
+#include <cmath>
+
 CGuideLines::CGuideLines(QGraphicsItem *view)
 {
     for (QGraphicsLineItem *&line : m_lines) {
@@ -15,21 +17,25 @@ CGuideLines::CGuideLines(QGraphicsItem *view)
     }
 }
 
-void CGuideLines::show(const QRectF &frame, const QRectF &reach)
+void CGuideLines::show(const QRectF &frame, const QRectF &reach, std::optional<double> across,
+                       std::optional<double> down)
 {
+    constexpr double Same = 1e-6; // places are sums that were added up in another order
     size_t next = 0;
-    const auto place = [this, &next](double x1, double y1, double x2, double y2) {
-        m_lines[next]->setLine(x1, y1, x2, y2);
-        m_lines[next]->show();
+    const auto place = [this, &next](const QLineF &line, bool isShown) {
+        m_lines[next]->setLine(line);
+        m_lines[next]->setVisible(isShown);
         ++next;
     };
     for (const double x : {frame.left(), frame.center().x(), frame.right()}) {
-        place(x, reach.top(), x, frame.top());
-        place(x, frame.bottom(), x, reach.bottom());
+        const bool isShown = across && std::abs(x - *across) < Same;
+        place({x, reach.top(), x, frame.top()}, isShown);
+        place({x, frame.bottom(), x, reach.bottom()}, isShown);
     }
     for (const double y : {frame.top(), frame.center().y(), frame.bottom()}) {
-        place(reach.left(), y, frame.left(), y);
-        place(frame.right(), y, reach.right(), y);
+        const bool isShown = down && std::abs(y - *down) < Same;
+        place({reach.left(), y, frame.left(), y}, isShown);
+        place({frame.right(), y, reach.right(), y}, isShown);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 class QGraphicsItem;
 class QGraphicsLineItem;
@@ -16,9 +17,10 @@ public:
     /// They are children of the view and go with it.
     explicit CGuideLines(QGraphicsItem *view);
 
-    /// All at once, from each side of the frame to the end of `reach`, which holds it. Both in the
-    /// view's coordinates.
-    void show(const QRectF &frame, const QRectF &reach);
+    /// Those that lie at the place across or down, from each side of the frame to the end of
+    /// `reach`, which holds it; hides the others. All in the view's coordinates.
+    void show(const QRectF &frame, const QRectF &reach, std::optional<double> across,
+              std::optional<double> down);
     void hide();
 
 private:

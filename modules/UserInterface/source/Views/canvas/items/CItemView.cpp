@@ -211,12 +211,17 @@ void CItemView::setHighlighted(bool highlighted)
     setData(CanvasRole::HighlightKey, highlighted ? 1 : 0);
 }
 
-void CItemView::showGuides(const QRectF &visible)
+void CItemView::showGuides(const QRectF &visible, std::optional<double> across,
+                           std::optional<double> down)
 {
     if (!m_guides)
         m_guides = std::make_unique<CGuideLines>(this);
     const QRectF frame = m_frame.normalized();
-    m_guides->show(frame, visible.translated(-pos()).united(frame));
+    if (across)
+        *across -= x();
+    if (down)
+        *down -= y();
+    m_guides->show(frame, visible.translated(-pos()).united(frame), across, down);
 }
 
 void CItemView::hideGuides()

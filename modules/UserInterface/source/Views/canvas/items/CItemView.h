@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class CGuideLines;
 class CHandleMarks;
@@ -51,8 +52,10 @@ public:
 
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
-    /// All twelve guide lines at once; they reach across `visible` (scene units).
-    void showGuides(const QRectF &visible);
+    /// Those of the twelve guide lines that lie at the places; they reach across `visible` (all in
+    /// scene units).
+    void showGuides(const QRectF &visible, std::optional<double> across,
+                    std::optional<double> down);
     void hideGuides();
 
     /// The item can be resized by its handles now.

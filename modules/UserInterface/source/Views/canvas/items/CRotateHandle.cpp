@@ -59,6 +59,6 @@ QRectF CRotateHandle::mark(const CItemView &view)
 QPainterPath CRotateHandle::shape() const
 {
     QPainterPath path;
-    path.addRect(QRectF(-HitSide / 2, -HitSide / 2, HitSide, HitSide).translated(centre(*view())));
+    path.addEllipse(centre(*view()), HitSide / 2, HitSide / 2);
     return path;
 }

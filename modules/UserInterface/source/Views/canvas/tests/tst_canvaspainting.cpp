@@ -102,6 +102,57 @@ private Q_SLOTS:
         QVERIFY(countOf(pictureOf(canvas), HandleColour) > 8 * 4);
     }
 
+    void handlesAreTakenWhereTheyAreSeen_data()
+    {
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<int>("side");
+        for (const int percent : {50, 200}) {
+            for (const int side : {6, 20, 80})
+                QTest::addRow("%d %%, %d wide", percent, side) << percent << side;
+        }
+    }
+
+    void handlesAreTakenWhereTheyAreSeen()
+    {
+        QFETCH(int, percent);
+        QFETCH(int, side);
+        constexpr int Around = 3; // pixels that a finger may miss by
+        CEditorState::instance()->setGrid(false, 20, Qt::white, Qt::SolidLine);
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, side, side);
+        canvas.show();
+        canvas.view->zoom(percent, 0);
+        canvas.view->centerOn(100, 100);
+        canvas.select({item});
+        const QImage picture = pictureOf(canvas);
+        QVector<QPoint> seen;
+        QVector<QPoint> taken;
+        const QRect around = QRect(canvas.at({100, 100}), canvas.at({100.0 + side, 100.0 + side}))
+                                 .adjusted(-40, -40, 40, 40) // enough for each handle
+                                 .intersected(picture.rect());
+        for (int y = around.top(); y <= around.bottom(); ++y) {
+            for (int x = around.left(); x <= around.right(); ++x) {
+                const QPoint at(x, y);
+                const QColor colour = picture.pixelColor(at);
+                if (colour.green() > 60 && colour.green() > colour.blue() + 10) // round ones fade
+                    seen.append(at);
+                if (canvas.view->screenScene()->handleAt(canvas.view->mapToScene(at),
+                                                         canvas.view->viewportTransform()))
+                    taken.append(at);
+            }
+        }
+        QVERIFY(seen.size() > 100);
+        for (const QPoint &each : qAsConst(seen))
+            QVERIFY2(taken.contains(each), "a handle that cannot be taken");
+        for (const QPoint &each : qAsConst(taken)) {
+            const QRect finger(each - QPoint(Around, Around), each + QPoint(Around, Around));
+            const bool isNear = std::any_of(seen.begin(), seen.end(), [&finger](const QPoint &at) {
+                return finger.contains(at);
+            });
+            QVERIFY2(isNear, "a handle that is taken where it is not");
+        }
+    }
+
     void guidesDuringADrag()
     {
         Canvas canvas;
@@ -129,6 +180,7 @@ private Q_SLOTS:
                 (y < canvas.at({0, 47}).y() ? above : below) += 1;
         }
         QVERIFY(above > 20 && below > 20);
+        QCOMPARE(countOf(picture, GuideColour), above + below); // no line where the grid decided
         QCOMPARE(picture.pixelColor(canvas.at({223, 100}) + QPoint(0, -8)), CrossColour);
         canvas.release({232, 112});
         picture = pictureOf(canvas);
