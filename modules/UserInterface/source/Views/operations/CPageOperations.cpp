@@ -22,14 +22,15 @@ namespace {
 /// Pushes a change for each value below the item, and of it, that is not in canonical form.
 void pushCanonicalValues(CItemModel *item, QUndoStack *stack)
 {
-    QStringList keys = item->properties().keys();
-    keys.sort();
-    for (const QString &key : qAsConst(keys)) {
-        const CWidgetProperty property = item->properties().value(key);
-        const QVariant canonical = canonicalValue(property);
+    QMap<QString, QVariant> changes; // in an order that does not change from run to run
+    for (auto each = item->properties().cbegin(); each != item->properties().cend(); ++each) {
+        const QVariant canonical = canonicalValue(each.value());
         if (canonical.isValid())
-            stack->push(new CCommandChangeItemProperty(item, key, canonical, property.value()));
+            changes.insert(each.key(), canonical);
     }
+    for (auto each = changes.cbegin(); each != changes.cend(); ++each)
+        stack->push(new CCommandChangeItemProperty(item, each.key(), each.value(),
+                                                   item->propertyValue(each.key())));
     for (int row = 0; row < item->rowCount(); ++row) {
         if (CItemModel *child = item->childItem(row))
             pushCanonicalValues(child, stack);
