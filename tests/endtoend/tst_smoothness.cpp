@@ -3,8 +3,9 @@
 #include "CDisplay.h"
 #include "CEditor.h"
 
+#include <QDateTime>
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 #include <functional>
@@ -16,7 +17,8 @@ constexpr int Widgets = 1000;    // of each of two pages
 // Milliseconds. What counts is processor time, which others cannot take away; but where they share
 // a core and its caches, the same work takes up to twice as much of it.
 constexpr double Limit = 16 * 2;
-constexpr double PageLimit = 100 * 2; // of a thousand widgets that come or go at once
+constexpr double ThemeLimit = 45 * 2; // Qt matches its style sheet with every widget, in one piece
+constexpr double OpenLimit = 30 * 2;  // 2,200 widgets are read and shown in one piece
 constexpr double LongestSleep = 5000; // the X server, too, may have to wait for a processor
 
 const char *const kinds[] = {"Kiv_Button_T", "Kiv_Text_T", "Kiv_Rectangle_T", "Kiv_Circle_T",
@@ -62,8 +64,8 @@ private Q_SLOTS:
 
     void nothingKeepsTheUserWaiting()
     {
-        CEditor editor(&m_display, project(), "autosaveInterval=0\nisMaximized=true");
-        report(&editor, "open", PageLimit);
+        CEditor editor(&m_display, project(), "autosaveInterval=3\nisMaximized=true");
+        report(&editor, "open", Limit);
         const auto keys = [this](const char *name, int times) {
             for (int count = 0; count < times; ++count)
                 m_display.key(name);
@@ -115,8 +117,17 @@ private Q_SLOTS:
                  editor.focus("scene 300 394", "CScreenView");
                  m_display.key("ctrl+s");
              }},
-            {"other page", [&] { m_display.click(editor.place("row CScreenNavigator Other")); },
-             PageLimit},
+            {"save automatically",
+             [&] {
+                 const auto written = [&] {
+                     return QFileInfo(editor.projectFile()).lastModified();
+                 };
+                 const QDateTime before = written();
+                 keys("Tab", 1);
+                 keys("Left", 1);
+                 QTRY_VERIFY_WITH_TIMEOUT(written() > before, Patience);
+             }},
+            {"other page", [&] { m_display.click(editor.place("row CScreenNavigator Other")); }},
             {"back", [&] { m_display.click(editor.place("row CScreenNavigator Full")); }},
             {"print screen", [&] { m_display.key("ctrl+p"); }},
             {"save pictures",
@@ -148,7 +159,27 @@ private Q_SLOTS:
                  for (int count = 0; count < 4; ++count)
                      wheel("ctrl", "4");
              }},
-            {"close", [&] { m_display.key("ctrl+w"); }, PageLimit},
+            {"another theme",
+             [&] {
+                 m_display.key("alt+v");
+                 m_display.click(editor.place("menu Theme"));
+                 editor.clickAway("menu &Light");
+             },
+             ThemeLimit},
+            {"close the page",
+             [&] {
+                 const QPoint middle = editor.place("widget qt_tabwidget_tabbar");
+                 m_display.click(middle - QPoint(30, 0), 2);
+             }},
+            {"open it", [&] { m_display.click(editor.place("row CScreenNavigator Full")); }},
+            {"close", [&] { m_display.key("ctrl+w"); }},
+            {"open again",
+             [&] {
+                 m_display.key("alt+f");
+                 m_display.click(editor.place("menu Recent"));
+                 editor.clickAway("menu demo.nyx");
+             },
+             OpenLimit},
         };
         for (const SStep &step : steps) {
             step.act();

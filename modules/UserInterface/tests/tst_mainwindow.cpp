@@ -177,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(loaded.count(), 1);
         QVERIFY(page->isHidden());
         QVERIFY(m_window->closeProject());
-        QVERIFY(!page->isHidden());
+        QTRY_VERIFY(!page->isHidden());
         m_answers->expect([](QDialog *dialog) { dialog->reject(); });
         Q_EMIT label->linkActivated("open:");
     }

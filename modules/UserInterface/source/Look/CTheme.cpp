@@ -42,7 +42,8 @@ void CTheme::apply(Kind kind)
     m_name = nameOf(kind);
     CThemeIcons::setTheme(m_name);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication::setStyle(new CThemeStyle);
+    if (!qobject_cast<CThemeStyle *>(QApplication::style())) // serves all themes
+        QApplication::setStyle(new CThemeStyle);
     QApplication::setPalette(palette(kind));
     // Only a polished window hands a new sheet on to children that were polished with the old one,
     // as those are whose size was asked for before the window is shown.

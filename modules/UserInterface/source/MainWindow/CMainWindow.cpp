@@ -152,7 +152,13 @@ void CMainWindow::showStartPage()
 {
     m_startPage->setLeftWork(m_session->leftWork());
     m_startPage->show();
-    m_panels->screens()->setHint(QStringLiteral(" ")); // what there is to say stands on the page
+    showNoHint();
+}
+
+/// What there is to say stands on the start page.
+void CMainWindow::showNoHint()
+{
+    m_panels->screens()->setHint(QStringLiteral(" "));
 }
 
 void CMainWindow::makeOptionDialog()
@@ -180,7 +186,13 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::projectClosed, this, [this] {
         m_emulator->close();
         m_errorMessage->withdrawQuiet();
-        showStartPage();
+        showNoHint();
+        // Laying out its text is work of its own, and another project may be opened at once.
+        const auto show = [this] {
+            if (!project())
+                showStartPage();
+        };
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
         Q_EMIT projectClosed();
     });
     connect(m_session, &CProjectSession::saved, this,

@@ -148,6 +148,7 @@ private:
     void useSettings(const SSettings &values);
     void writeSettings();
     void showStartPage();
+    void showNoHint();
     void showSaveState();
     void connectSession();
     void activate(CProjectModel *project);

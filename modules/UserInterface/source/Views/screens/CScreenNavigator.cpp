@@ -9,6 +9,7 @@
 #include "ShownText.h"
 
 #include <QPainter>
+#include <QThreadPool>
 #include <QTimer>
 
 namespace {
@@ -47,7 +48,7 @@ void CScreenNavigator::setProject(CProjectModel *project)
     m_requested = nullptr;
     m_current = nullptr;
     m_project = project;
-    m_pictures.clear();
+    releasePictures();
     m_changed.clear();
     if (project) {
         const auto rowsChanged = [this](const QModelIndex &parent) {
@@ -62,6 +63,17 @@ void CScreenNavigator::setProject(CProjectModel *project)
         connect(project, &CProjectModel::propertyChanged, this, &CScreenNavigator::propertyChanged);
     }
     rebuild();
+}
+
+/// Their memory is given back by a thread of the pool: a frame of every page takes its time.
+void CScreenNavigator::releasePictures()
+{
+    QVector<QImage> frames;
+    for (const SPicture &each : qAsConst(m_pictures))
+        frames.append(each.frame.toImage()); // shares the memory
+    m_pictures.clear();
+    QThreadPool::globalInstance()->start(
+        [frames = std::move(frames)]() mutable { frames.clear(); });
 }
 
 /// A row for each screen, in the project's order. Frames of screens that are still there are kept.

@@ -46,6 +46,7 @@ private:
         QPixmap thumbnail; ///< null until it is scaled
     };
 
+    void releasePictures();
     void rebuild();
     void markChanged(const QStandardItem *item);
     void requestNext();
