@@ -235,12 +235,15 @@ uint32_t CRamGPlan::address(size_t screen, size_t asset) const
     return 0;
 }
 
-uint64_t CRamGPlan::bytesOfChange(size_t from, size_t to) const
+uint64_t CRamGPlan::bytesOfAllChanges() const
 {
+    std::vector<uint64_t> users(m_blocks.size()); // screens that load a block
+    for (const std::vector<size_t> &loads : m_loads)
+        for (const size_t block : loads)
+            ++users[block];
     uint64_t bytes = 0;
-    for (const size_t block : m_loads[to])
-        if (!std::binary_search(m_loads[from].begin(), m_loads[from].end(), block))
-            bytes += m_blocks[block].bytes;
+    for (size_t block = 0; block < users.size(); ++block)
+        bytes += users[block] * (m_loads.size() - users[block]) * m_blocks[block].bytes;
     return bytes;
 }
 

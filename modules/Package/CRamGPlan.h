@@ -50,8 +50,9 @@ public:
 
     /// Where an asset lies while a screen that shows it is shown.
     uint32_t address(size_t screen, size_t asset) const;
-    /// Bytes that a change from one screen loads into a memory that holds only what that loaded.
-    uint64_t bytesOfChange(size_t from, size_t to) const;
+    /// Bytes that changes load into a memory that holds only what the screen before has loaded: the
+    /// sum over all of them, from each screen to each other one.
+    uint64_t bytesOfAllChanges() const;
     /// Bytes that a screen loads into an empty memory.
     uint64_t bytesOfFirst(size_t screen) const;
 

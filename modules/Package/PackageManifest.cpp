@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int ManifestVersion = 1;
+constexpr int ManifestVersion = 2;
 
 QString key(const char *name)
 {
@@ -57,14 +57,21 @@ QJsonObject itemObject(const SPackageContent &content, const SPackageItem &item,
     return object;
 }
 
-QJsonObject screenObject(const SPackageContent &content, int index, int firstItem)
+/// What lies before a screen in the package.
+struct SOffsets
+{
+    int items = 0;
+    size_t listBytes = 0;
+};
+
+QJsonObject screenObject(const SPackageContent &content, int index, const SOffsets &before)
 {
     const SPackageScreen &screen = content.screens[index];
     const CRamGPlan &plan = *content.plan;
     const auto row = static_cast<size_t>(index);
     QJsonArray items;
     for (const SPackageItem &item : screen.items)
-        items.append(itemObject(content, item, firstItem++));
+        items.append(itemObject(content, item, before.items + items.size()));
     QJsonArray loads;
     for (const size_t block : plan.loads()[row])
         loads.append(number(block));
@@ -73,17 +80,10 @@ QJsonObject screenObject(const SPackageContent &content, int index, int firstIte
         const int size = content.assets[static_cast<int>(asset)].bytes.size();
         needed += (static_cast<uint64_t>(size) + 3) / 4 * 4;
     }
-    QJsonArray changes;
-    for (int from = 0; from < content.screens.size(); ++from)
-        changes.append(
-            number(from == index ? 0 : plan.bytesOfChange(static_cast<size_t>(from), row)));
-    size_t offset = 0;
-    for (int before = 0; before < index; ++before)
-        offset += content.screens[before].words.size() * 4;
     return {{key("name"), screen.name},
             {key("identifier"), screen.identifier},
             {key("index"), index},
-            {key("ram_dl_offset_in_lists"), number(offset)},
+            {key("ram_dl_offset_in_lists"), number(before.listBytes)},
             {key("ram_dl_bytes"), number(screen.words.size() * 4)},
             {key("ram_dl_budget"), number(content.ramDlBudget)},
             {key("ram_g_bytes"), number(needed)},
@@ -91,37 +91,47 @@ QJsonObject screenObject(const SPackageContent &content, int index, int firstIte
             {key("loads"), loads},
             {key("bytes_loaded_first"), number(plan.bytesOfFirst(row))},
             {key("bytes_loaded_before"), number(screen.ramGBefore)},
-            {key("bytes_loaded_after"), changes},
             {key("items"), items},
             {key("findings"), QJsonArray::fromStringList(screen.findings)}};
 }
 
-QJsonArray usesOf(const SPackageContent &content, size_t asset)
+/// Where an asset lies and who shows it.
+struct SAssetUses
 {
-    QJsonArray uses;
-    for (const SPackageScreen &screen : content.screens)
+    std::optional<uint32_t> dataOffset;
+    QJsonArray addresses;
+    QJsonArray screens;
+    QJsonArray items;
+};
+
+std::vector<SAssetUses> usesOfAssets(const SPackageContent &content)
+{
+    std::vector<SAssetUses> uses(static_cast<size_t>(content.assets.size()));
+    const CRamGPlan &plan = *content.plan;
+    uint32_t start = 0;
+    for (const CRamGPlan::SGroup &group : plan.groups()) {
+        for (size_t i = 0; i < group.assets.size(); ++i)
+            if (std::optional<uint32_t> &offset = uses[group.assets[i]].dataOffset; !offset)
+                offset = start + group.offsets[i];
+        start += group.bytes;
+    }
+    for (const CRamGPlan::SBlock &block : plan.blocks()) {
+        const CRamGPlan::SGroup &group = plan.groups()[block.group];
+        for (size_t i = 0; i < group.assets.size(); ++i)
+            uses[group.assets[i]].addresses.append(number(block.address + group.offsets[i]));
+    }
+    for (const SPackageScreen &screen : content.screens) {
+        for (const size_t asset : screen.assets)
+            uses[asset].screens.append(screen.identifier);
         for (const SPackageItem &item : screen.items)
-            if (item.assets.contains(asset))
-                uses.append(item.identifier);
+            for (const size_t asset : item.assets)
+                uses[asset].items.append(item.identifier);
+    }
     return uses;
 }
 
-QJsonObject assetObject(const SPackageContent &content, int index, uint32_t dataOffset)
+QJsonObject assetObject(const SPackageAsset &asset, const SAssetUses &uses)
 {
-    const SPackageAsset &asset = content.assets[index];
-    const CRamGPlan &plan = *content.plan;
-    QJsonArray addresses;
-    for (const CRamGPlan::SBlock &block : plan.blocks()) {
-        const CRamGPlan::SGroup &group = plan.groups()[block.group];
-        const auto found = std::find(group.assets.begin(), group.assets.end(), size_t(index));
-        if (found != group.assets.end())
-            addresses.append(number(
-                block.address + group.offsets[static_cast<size_t>(found - group.assets.begin())]));
-    }
-    QJsonArray screens;
-    for (const SPackageScreen &screen : content.screens)
-        if (std::binary_search(screen.assets.begin(), screen.assets.end(), size_t(index)))
-            screens.append(screen.identifier);
     return {{key("identifier"), asset.identifier},
             {key("files"), QJsonArray::fromStringList(asset.files)},
             {key("format"), formatInPackage(asset.format)},
@@ -132,26 +142,19 @@ QJsonObject assetObject(const SPackageContent &content, int index, uint32_t data
             {key("bytes"), number(static_cast<uint64_t>(asset.bytes.size()))},
             {key("palette_offset"), number(asset.paletteOffset)},
             {key("palette_bytes"), number(asset.paletteBytes)},
-            {key("addresses"), addresses},
-            {key("data_offset"), number(dataOffset)},
+            {key("addresses"), uses.addresses},
+            {key("data_offset"), number(uses.dataOffset.value_or(0))},
             {key("sha256"), sha256(asset.bytes)},
-            {key("screens"), screens},
-            {key("items"), usesOf(content, size_t(index))}};
+            {key("screens"), uses.screens},
+            {key("items"), uses.items}};
 }
 
 QJsonArray assetArray(const SPackageContent &content)
 {
-    std::vector<std::optional<uint32_t>> offsets(static_cast<size_t>(content.assets.size()));
-    uint32_t start = 0;
-    for (const CRamGPlan::SGroup &group : content.plan->groups()) {
-        for (size_t i = 0; i < group.assets.size(); ++i)
-            if (!offsets[group.assets[i]])
-                offsets[group.assets[i]] = start + group.offsets[i];
-        start += group.bytes;
-    }
+    const std::vector<SAssetUses> uses = usesOfAssets(content);
     QJsonArray assets;
     for (int i = 0; i < content.assets.size(); ++i)
-        assets.append(assetObject(content, i, offsets[static_cast<size_t>(i)].value_or(0)));
+        assets.append(assetObject(content.assets[i], uses[static_cast<size_t>(i)]));
     return assets;
 }
 
@@ -161,12 +164,8 @@ QJsonObject planObject(const SPackageContent &content)
     const CRamGPlan &plan = *content.plan;
     const auto count = static_cast<size_t>(content.screens.size());
     uint64_t before = 0;
-    uint64_t after = 0;
-    for (size_t to = 0; to < count; ++to) {
-        before += content.screens[static_cast<int>(to)].ramGBefore * (count - 1);
-        for (size_t from = 0; from < count; ++from)
-            after += from == to ? 0 : plan.bytesOfChange(from, to);
-    }
+    for (const SPackageScreen &screen : content.screens)
+        before += screen.ramGBefore * (count - 1);
     const uint64_t changes = std::max<uint64_t>(1, uint64_t{count} * (count - 1));
     QJsonArray blocks;
     uint64_t used = 0;
@@ -180,7 +179,7 @@ QJsonObject planObject(const SPackageContent &content)
             {key("ram_g_bytes"), number(used)},
             {key("blocks"), blocks},
             {key("bytes_per_change_before"), number(before / changes)},
-            {key("bytes_per_change_after"), number(after / changes)}};
+            {key("bytes_per_change_after"), number(plan.bytesOfAllChanges() / changes)}};
 }
 
 } // namespace
@@ -188,10 +187,11 @@ QJsonObject planObject(const SPackageContent &content)
 QByteArray packageManifest(const SPackageContent &content, const QByteArray &blob)
 {
     QJsonArray screens;
-    int firstItem = 0;
+    SOffsets before;
     for (int i = 0; i < content.screens.size(); ++i) {
-        screens.append(screenObject(content, i, firstItem));
-        firstItem += content.screens[i].items.size();
+        screens.append(screenObject(content, i, before));
+        before.items += content.screens[i].items.size();
+        before.listBytes += content.screens[i].words.size() * 4;
     }
     const QJsonObject madeBy{{key("program"), key("KIV Panel Composer")},
                              {key("version"), key(KIV_VERSION)},
