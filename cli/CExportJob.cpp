@@ -47,7 +47,7 @@ void countBelow(const CItemModel *item, SCounts &counts)
 } // namespace
 
 CExportJob::CExportJob(const CExportOptions &options)
-    : m_options(options), m_messages(options.reportsToStdout())
+    : m_options(options), m_messages(options.takesStdout())
 {
 }
 

@@ -1,5 +1,7 @@
 #include "CExportOptions.h"
 
+#include "StreamFile.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -13,7 +15,8 @@ Screens are rendered by the emulator, in the order of the project. Text files ho
 display list under a line "===name==="; byte files hold the lists one after the other, nothing
 between them. Pictures are named after their screens, and so are images of RAM_G. A package
 (panel.bin, panel.h, panel.c, manifest.json) holds all screens and is written whole or not at all.
-Folders that are missing are made; files that exist are replaced.
+Folders that are missing are made; files that exist are replaced. A pipe or a device that is named as
+a file, such as /dev/stdout, is written into.
 
 Exit codes:
   0  all was done
@@ -132,7 +135,7 @@ QString CExportOptions::pathClash() const
         const QString canonical = info.canonicalFilePath(); // empty for a file not yet there
         QString &known =
             users[canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical];
-        if (!known.isEmpty())
+        if (!known.isEmpty() && canonical != QLatin1String("/dev/null"))
             return QStringLiteral("\"%1\" is given as %2 and as %3.").arg(path, known, user);
         known = user;
         return {};
@@ -144,6 +147,12 @@ QString CExportOptions::pathClash() const
         if (!clash.isEmpty())
             return clash;
     return {};
+}
+
+bool CExportOptions::takesStdout() const
+{
+    return reportsToStdout() || StreamFile::isStandardOutput(dlFile) ||
+           StreamFile::isStandardOutput(binFile) || StreamFile::isStandardOutput(reportFile);
 }
 
 CExportOptions::EParsed CExportOptions::wrong(const QString &message)

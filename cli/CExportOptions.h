@@ -29,6 +29,8 @@ struct CExportOptions
     bool strict = false;
 
     bool reportsToStdout() const { return reportFile == QLatin1String("-"); }
+    /// Whether an output is the standard output, so that messages must go elsewhere.
+    bool takesStdout() const;
 
 private:
     EParsed wrong(const QString &message);

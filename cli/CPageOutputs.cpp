@@ -8,6 +8,7 @@
 #include "CScreenshotWriter.h"
 #include "FileNames.h"
 #include "StopSignals.h"
+#include "StreamFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -111,7 +112,11 @@ void CPageOutputs::stop()
 
 void CPageOutputs::writeFile(const QString &path, const QByteArray &bytes, const QString &kind)
 {
-    if (StopSignals::exitCode() == 0 && makeFolder(QFileInfo(path).path(), path))
+    if (StopSignals::exitCode() != 0)
+        return;
+    if (StreamFile::isOne(path))
+        tell({path, kind, StreamFile::write(path, bytes), bytes.size()});
+    else if (makeFolder(QFileInfo(path).path(), path))
         tell({path, kind, CFileWriter::write(path, bytes), bytes.size()});
 }
 

@@ -251,6 +251,12 @@ void tst_PanelExport::reportsToStandardOutput()
     QCOMPARE(json["platform"].toString(), QString("QX110"));
     QCOMPARE(json["screens"].toArray().size(), 3);
     QVERIFY(result.errors.contains("p.bin")); // not mixed with the report
+
+    const SResult list = run("p.nyx --dl /dev/stdout --bin /dev/null --report /dev/null");
+    QCOMPARE(list.exitCode, 0);
+    QVERIFY(QFileInfo("/dev/null").exists() && !QFileInfo("/dev/null").isFile());
+    QCOMPARE(run("p.nyx --dl p.dl").exitCode, 0);
+    QCOMPARE(list.out.toUtf8(), read("p.dl"));
 }
 
 void tst_PanelExport::projectsThatCannotBeOpened()
