@@ -132,7 +132,9 @@ CImageFileConverter::Paths CImageFileConverter::place(const QString &source, int
     const auto refuse = [this](const QString &reason) { return fail(reason), Paths(); };
     const QFileInfo info(source);
     if (!info.isFile())
-        return refuse(tr("%1: there is no such file").arg(source));
+        return refuse(
+            (info.exists() ? tr("%1: this is not a regular file") : tr("%1: there is no such file"))
+                .arg(source));
     if (info.size() > MaxSourceBytes)
         return refuse(tr("%1: the file is too big").arg(source));
     const QString folder = convertedImagesFolder();

@@ -460,6 +460,10 @@
 <context>
     <name>CImageFileConverter</name>
     <message>
+        <source>%1: this is not a regular file</source>
+        <translation>%1: das ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
         <source>%1: there is no such file</source>
         <translation>%1: diese Datei gibt es nicht</translation>
     </message>

@@ -460,6 +460,10 @@
 <context>
     <name>CImageFileConverter</name>
     <message>
+        <source>%1: this is not a regular file</source>
+        <translation>%1：这不是普通文件</translation>
+    </message>
+    <message>
         <source>%1: there is no such file</source>
         <translation>%1：没有这个文件</translation>
     </message>

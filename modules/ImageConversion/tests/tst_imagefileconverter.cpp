@@ -238,6 +238,7 @@ void tst_ImageFileConverter::whatCannotBeAFolder()
         QCOMPARE(mkfifo(m_stubs->path(pipe).toUtf8().constData(), 0600), 0);
     for (const char *source : {"missing.png", "missing.raw", "folder.png", "pipe.png", "pipe.raw"})
         verifyRefused(m_stubs->path(source), L8);
+    QVERIFY(verifyRefused(m_stubs->path("pipe.png"), L8).contains("not a regular file"));
     verifyRefused(QString(), L8);
 }
 
