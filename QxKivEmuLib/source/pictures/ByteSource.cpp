@@ -20,6 +20,13 @@ size_t CMemorySource::read(uint8_t *target, size_t count) noexcept
     return taken;
 }
 
+void CMemorySource::skip(size_t count) noexcept
+{
+    const size_t taken = std::min(count, m_count);
+    m_bytes += taken;
+    m_count -= taken;
+}
+
 CFileSource::~CFileSource()
 {
     if (m_descriptor >= 0)
@@ -63,7 +70,16 @@ size_t CFileSource::read(uint8_t *target, size_t count) noexcept
         m_at += part;
         done += part;
     }
+    m_bytesRead += done;
     return done;
+}
+
+void CFileSource::skip(size_t count) noexcept
+{
+    const size_t there = std::min(count, m_filled - m_at);
+    m_at += there;
+    if (count > there && lseek(m_descriptor, static_cast<off_t>(count - there), SEEK_CUR) < 0)
+        m_error = errno;
 }
 
 } // namespace kivemu

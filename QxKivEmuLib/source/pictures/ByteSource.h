@@ -15,6 +15,8 @@ public:
     /// Gives how many bytes were read: fewer than `count` only at the end. Never throws, since
     /// decoders in C call it.
     virtual size_t read(uint8_t *target, size_t count) noexcept = 0;
+    /// Passes over bytes; what lies behind the end does not matter.
+    virtual void skip(size_t count) noexcept = 0;
 };
 
 /// Bytes in memory, not owned.
@@ -23,6 +25,7 @@ class CMemorySource final : public IByteSource
 public:
     CMemorySource(const uint8_t *bytes, size_t count) : m_bytes(bytes), m_count(count) {}
     size_t read(uint8_t *target, size_t count) noexcept override;
+    void skip(size_t count) noexcept override;
 
 private:
     const uint8_t *m_bytes;
@@ -43,6 +46,8 @@ public:
     std::string open(const std::string &path);
     uint64_t size() const { return m_size; } ///< when it was opened
     size_t read(uint8_t *target, size_t count) noexcept override;
+    void skip(size_t count) noexcept override; ///< without reading them
+    uint64_t bytesRead() const { return m_bytesRead; }
     int error() const { return m_error; } ///< why reading ended, as in errno; 0: at the end
 
 private:
@@ -54,6 +59,7 @@ private:
     std::vector<uint8_t> m_piece;
     size_t m_at = 0;     ///< in the piece
     size_t m_filled = 0; ///< bytes of the piece
+    uint64_t m_bytesRead = 0;
 };
 
 } // namespace kivemu

@@ -46,6 +46,8 @@ struct SJob
     std::vector<uint8_t> *exif; ///< as long as it may become, since it is filled by a call from C
     size_t exifSize;
     std::vector<uint8_t> *cmykRow;
+    bool isHeadRead;
+    bool isAtEnd;
 };
 
 [[noreturn]] void leave(j_common_ptr decoder, const char *message)
@@ -64,9 +66,13 @@ struct SJob
     leave(decoder, message);
 }
 
-/// Damaged data is drawn as far as it goes, but not for ever.
+/// Damaged data is drawn as far as it goes, but not for ever; where data is missing there is no
+/// more.
 void countWarning(j_common_ptr decoder, int level)
 {
+    const bool isMissing = level < 0 && decoder->err->msg_code == JWRN_HIT_MARKER;
+    if (isMissing && static_cast<const SJob *>(decoder->client_data)->isAtEnd)
+        leave(decoder, "ends too early");
     if (level < 0 && ++decoder->err->num_warnings > MostWarnings)
         fail(decoder);
 }
@@ -85,7 +91,8 @@ void doNothing(j_decompress_ptr)
 {
 }
 
-/// What ends too early is ended here, as a warning.
+/// A file without the mark of its end is ended here; whether it ends too early shows when the
+/// decoder lacks data. Of pictures in several scans it does not.
 boolean fillInput(j_decompress_ptr jpeg)
 {
     auto &job = *static_cast<SJob *>(jpeg->client_data);
@@ -93,7 +100,9 @@ boolean fillInput(j_decompress_ptr jpeg)
     job.input.next_input_byte = piece.data();
     job.input.bytes_in_buffer = job.source->read(piece.data(), piece.size());
     if (job.input.bytes_in_buffer == 0) {
-        WARNMS(jpeg, JWRN_JPEG_EOF);
+        if (job.isAtEnd || (job.isHeadRead && jpeg_has_multiple_scans(jpeg)))
+            leave(reinterpret_cast<j_common_ptr>(jpeg), "ends too early");
+        job.isAtEnd = true;
         piece[0] = 0xFF;
         piece[1] = JPEG_EOI;
         job.input.bytes_in_buffer = 2;
@@ -104,13 +113,11 @@ boolean fillInput(j_decompress_ptr jpeg)
 void skipInput(j_decompress_ptr jpeg, long count)
 {
     jpeg_source_mgr &input = *jpeg->src;
-    auto left = static_cast<size_t>(std::max(count, 0L));
-    while (left > input.bytes_in_buffer) {
-        left -= input.bytes_in_buffer;
-        fillInput(jpeg);
-    }
-    input.next_input_byte += left;
-    input.bytes_in_buffer -= left;
+    const auto all = static_cast<size_t>(std::max(count, 0L));
+    const size_t there = std::min(all, input.bytes_in_buffer);
+    input.next_input_byte += there;
+    input.bytes_in_buffer -= there;
+    static_cast<SJob *>(jpeg->client_data)->source->skip(all - there);
 }
 
 uint8_t nextByte(j_decompress_ptr jpeg)
@@ -177,6 +184,7 @@ __attribute__((noinline)) bool run(SJob &job)
     jpeg.src = &job.input;
     jpeg_set_marker_processor(&jpeg, JPEG_APP0 + 1, takeExif);
     jpeg_read_header(&jpeg, TRUE);
+    job.isHeadRead = true;
     if (!begin(job))
         return false;
     jpeg.dct_method = JDCT_ISLOW;

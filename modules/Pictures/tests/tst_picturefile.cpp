@@ -222,6 +222,8 @@ void tst_PictureFile::damagedFiles()
             QString error;
             const QImage image = PictureFile::read(path, format, {64, 1 << 20}, &error);
             QCOMPARE(image.isNull(), !error.isEmpty());
+            constexpr int End = 16; // bytes that may hold no pixel any more
+            QVERIFY(image.isNull() || each.size() > bytes.size() - End || format == "bmp");
             QVERIFY(image.isNull() ||
                     image.size() == PictureFile::size(path, format, PictureFile::ETurn::AsMarked));
         }

@@ -51,6 +51,7 @@ struct CAssetLoader::SAsset
     uint32_t stride = 0;
     std::vector<uint8_t> pixels;
     std::vector<uint8_t> palette;
+    uint64_t fileBytes = 0;     ///< that a picture was decoded from
     mutable uint64_t frame = 0; ///< the last one that asked for it
 
     uint64_t ramSize() const { return aligned(pixels.size()) + aligned(palette.size()); }
@@ -299,13 +300,13 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
     std::string problem = stampOfFile(file, stamp);
     if (!problem.empty())
         return fail(problem);
-    m_lastWork = stamp.size / BytesPerWork;
     const std::string key = (mono ? "mono " : "image ") + identity(stamp);
     AssetPtr &known = m_files[key];
     if (!known || !(known->stamp == stamp)) {
         SDecodedImage image;
         problem = decodeImageFile(file, mono, m_memory.capacity(), image);
         if (!problem.empty()) {
+            m_lastWork = image.fileBytes / BytesPerWork;
             if (image.neededBytes <= m_memory.capacity())
                 m_lastWork += image.neededBytes * WorkPerPixelByte;
             m_files.erase(key);
@@ -320,9 +321,10 @@ bool CAssetLoader::loadImage(std::string_view path, bool mono, SLoadedBitmap &bi
         asset->height = image.height;
         asset->stride = bitmapStride(asset->format, image.width);
         asset->pixels = std::move(image.pixels);
+        asset->fileBytes = image.fileBytes;
         known = asset;
     }
-    m_lastWork += known->pixels.size() * WorkPerPixelByte;
+    m_lastWork = known->fileBytes / BytesPerWork + known->pixels.size() * WorkPerPixelByte;
     return place(key, file, known, bitmap);
 }
 

@@ -73,6 +73,7 @@ std::string decodeImageFile(const std::string &path, bool mono, size_t budget, S
         if (!problem.empty())
             return problem;
         problem = decodeImage(*kind, bytes.data(), bytes.size(), mono, budget, image);
+        image.fileBytes = bytes.size();
     } else {
         CFileSource file;
         problem = file.open(path);
@@ -82,6 +83,7 @@ std::string decodeImageFile(const std::string &path, bool mono, size_t budget, S
             return path + ": is larger than " + std::to_string(MaxFile) + " bytes";
         image = {};
         problem = decode(*kind, file, mono, budget, image);
+        image.fileBytes = file.bytesRead();
     }
     return problem.empty() ? problem : path + ": " + problem;
 }

@@ -15,6 +15,7 @@ struct SDecodedImage
     int width = 0;
     int height = 0;
     std::vector<uint8_t> pixels; ///< RGB565, or L8 when mono; rows packed
+    uint64_t fileBytes = 0;      ///< that were read, comments and the like left out
     uint64_t neededBytes = 0;    ///< of the pixels, also when they are too many to be decoded
 };
 
