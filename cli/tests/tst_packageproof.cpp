@@ -267,13 +267,16 @@ void tst_PackageProof::aChangeLoadsWhatTheManifestSays()
     const auto number = [](const QJsonValue &value) {
         return static_cast<uint64_t>(value.toDouble());
     };
-    const QJsonArray blocks =
-        jsonOf(exported().filePath("manifest.json"))["ram_g_plan"]["blocks"].toArray();
+    const QJsonValue plan = jsonOf(exported().filePath("manifest.json"))["ram_g_plan"];
+    const QJsonArray blocks = plan["blocks"].toArray();
+    const auto loadsOf = [&screens](int screen) {
+        return QJsonValue(screens[screen])["loads"].toArray();
+    };
     const auto loadedAfter = [&](int from, int to) {
-        const QJsonArray there = screens[from]["loads"].toArray();
         uint64_t all = 0;
-        for (const QJsonValue block : screens[to]["loads"].toArray())
-            all += there.contains(block) ? 0 : number(blocks[block.toInt()]["bytes"]);
+        for (const QJsonValue block : loadsOf(to))
+            if (!loadsOf(from).contains(block))
+                all += number(QJsonValue(blocks[block.toInt()])["bytes"]);
         return all;
     };
     for (int from = 0; from < screens.size(); ++from) {
