@@ -79,6 +79,16 @@ CRamG memoryOf(const std::vector<uint8_t> &bytes)
 
 } // namespace
 
+TEST(RamG, isFilledToTheLastByte)
+{
+    CRamG memory(12);
+    const uint8_t bytes[5] = {};
+    EXPECT_EQ(memory.append(bytes, 5), 0U);
+    EXPECT_EQ(memory.append(bytes, 5), std::nullopt);
+    EXPECT_EQ(memory.append(bytes, 4), 8U);
+    EXPECT_EQ(memory.append(bytes, 0), 12U);
+}
+
 TEST(BitmapCache, keepsWhatIsDecodedWithinItsBounds)
 {
     const CRamG memory = [] {
