@@ -8,7 +8,7 @@
 #include "CProjectExporter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "PropertyKey.h"
+#include "ItemTree.h"
 #include "RegularFile.h"
 #include "StopSignals.h"
 
@@ -23,26 +23,6 @@ namespace {
 
 constexpr int64_t MostFrameBytes = int64_t{40} << 20; ///< of the frames that are drawn at once
 constexpr std::chrono::seconds Patience{60};          ///< for a screen
-
-struct SCounts
-{
-    int widgets = 0;
-    int bitmaps = 0;
-};
-
-void countBelow(const CItemModel *item, SCounts &counts)
-{
-    for (int row = 0; row < item->rowCount(); ++row) {
-        const CItemModel *child = item->childItem(row);
-        if (!child)
-            continue;
-        if (child->kind() == CItemModel::Kind::Widget)
-            ++counts.widgets;
-        if (!child->propertyText(PropertyKey::BaseName).isEmpty())
-            ++counts.bitmaps;
-        countBelow(child, counts);
-    }
-}
 
 } // namespace
 
@@ -182,8 +162,7 @@ void CExportJob::prepare(CProjectExporter &exporter, CEmulatorSession &session) 
 
 SScreenReport CExportJob::newReport(const CScreenModel &screen) const
 {
-    SCounts counts;
-    countBelow(&screen, counts);
+    const SItemCounts counts = countItems(screen);
     SScreenReport report;
     report.name = screen.name();
     report.widgets = counts.widgets;

@@ -68,8 +68,7 @@ uint32_t CPlatformTable::chipCode(const QString &platform)
 
 uint32_t CPlatformTable::ramGBudget(const QString &platform)
 {
-    return platform.contains(QLatin1String("QX11")) ? CProjectModel::LargeGraphicsMemory
-                                                    : CProjectModel::SmallGraphicsMemory;
+    return CProjectModel::graphicsMemoryOf(platform);
 }
 
 uint32_t CPlatformTable::ramDlBudget(const QString &platform)

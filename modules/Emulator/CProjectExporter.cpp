@@ -7,6 +7,7 @@
 #include "CScreenModel.h"
 #include "ChipFindings.h"
 #include "ItemOutline.h"
+#include "ItemTree.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -37,26 +38,18 @@ CScreenModel *screenOf(const QPersistentModelIndex &screen)
     return qobject_cast<const CProjectModel *>(screen.model())->screen(screen.row());
 }
 
-void addItems(const CItemModel &parent, QList<SExportedItem> &items)
-{
-    const QString group = parent.kind() == CItemModel::Kind::Group ? parent.name() : QString();
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        const CItemModel *item = parent.childItem(row);
-        if (!item)
-            continue;
-        if (item->kind() == CItemModel::Kind::Widget) {
-            const SItemOutline outline = itemOutline(*item);
-            items.append({item->name(), item->itemTypeName(), item->idString(), item->id(), group,
-                          outline.box, outline.turn});
-        }
-        addItems(*item, items);
-    }
-}
-
 QList<SExportedItem> exportedItems(const CItemModel &screen)
 {
     QList<SExportedItem> items;
-    addItems(screen, items);
+    forEachItem(screen, [&items](const CItemModel &item) {
+        if (item.kind() != CItemModel::Kind::Widget)
+            return;
+        const CItemModel *parent = item.parentItem();
+        const bool isMember = parent && parent->kind() == CItemModel::Kind::Group;
+        const SItemOutline outline = itemOutline(item);
+        items.append({item.name(), item.itemTypeName(), item.idString(), item.id(),
+                      isMember ? parent->name() : QString(), outline.box, outline.turn});
+    });
     return items;
 }
 

@@ -4,6 +4,7 @@
 #include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CWidgetLibraryManager.h"
+#include "ItemTree.h"
 
 #include <QCoreApplication>
 
@@ -24,21 +25,8 @@ public:
                 m_libraries.append(library);
     }
 
-    void lookBelow(const CItemModel &parent)
-    {
-        for (int row = 0; row < parent.rowCount(); ++row) {
-            const CItemModel *item = parent.childItem(row);
-            if (!item)
-                continue;
-            if (item->kind() == CItemModel::Kind::Widget && item->library())
-                lookAt(*item);
-            lookBelow(*item);
-        }
-    }
-
     QStringList findings;
 
-private:
     void lookAt(const CItemModel &item)
     {
         for (const CWidgetProperty &here : item.library()->properties(item.itemTypeName())) {
@@ -51,6 +39,7 @@ private:
         }
     }
 
+private:
     /// `here`: the definition for this chip; `property`: what the item has.
     QString problemOf(const QString &type, const CWidgetProperty &here,
                       const CWidgetProperty &property) const
@@ -92,7 +81,6 @@ private:
             });
     }
 
-    /// As the emulator calls items in its messages.
     /// As the emulator library names an item.
     static QString labelOf(const CItemModel &item)
     {
@@ -114,6 +102,9 @@ QStringList chipFindings(const CItemModel &screen)
 {
     const CProjectModel *project = screen.project();
     CFinder finder(project ? project->platform() : QString());
-    finder.lookBelow(screen);
+    forEachItem(screen, [&finder](const CItemModel &each) {
+        if (each.kind() == CItemModel::Kind::Widget && each.library())
+            finder.lookAt(each);
+    });
     return finder.findings;
 }

@@ -1,19 +1,18 @@
 #include "CImagePlaces.h"
 
 #include "CItemModel.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 void CImagePlaces::noteAll(const CItemModel &item)
 {
-    if (item.kind() == CItemModel::Kind::Widget && item.hasProperty(PropertyKey::BitmapFolder)) {
+    forEachItem(item, [this](const CItemModel &each) {
+        if (each.kind() != CItemModel::Kind::Widget || !each.hasProperty(PropertyKey::BitmapFolder))
+            return;
         for (const QString &key :
              {PropertyKey::BitmapFolder, PropertyKey::FileName, PropertyKey::BaseName})
-            note(key, item.propertyText(key));
-    }
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (const CItemModel *child = item.childItem(row))
-            noteAll(*child);
-    }
+            note(key, each.propertyText(key));
+    });
 }
 
 void CImagePlaces::note(const QString &key, const QString &text)
@@ -50,15 +49,13 @@ void CImagePlaces::move(const QHash<QString, QString> &texts)
     }
 }
 
-void CImagePlaces::update(CItemModel *item) const
+void CImagePlaces::update(CItemModel &item) const
 {
-    for (const QString &key : {PropertyKey::BitmapFolder, PropertyKey::FileName}) {
-        const QString text = item->propertyText(key);
-        if (!text.isEmpty() && today(text) != text)
-            item->setProperty(key, today(text), CItemModel::Notify::No);
-    }
-    for (int row = 0; row < item->rowCount(); ++row) {
-        if (CItemModel *child = item->childItem(row))
-            update(child);
-    }
+    forEachItem(item, [this](CItemModel &each) {
+        for (const QString &key : {PropertyKey::BitmapFolder, PropertyKey::FileName}) {
+            const QString text = each.propertyText(key);
+            if (!text.isEmpty() && today(text) != text)
+                each.setProperty(key, today(text), CItemModel::Notify::No);
+        }
+    });
 }

@@ -28,7 +28,7 @@ public:
     /// From now on the texts (the keys) are called otherwise.
     void move(const QHash<QString, QString> &texts);
     /// Brings an item that comes back into the project up to date, and all below it.
-    void update(CItemModel *item) const;
+    void update(CItemModel &item) const;
 
 private:
     QSet<QString> m_folders;

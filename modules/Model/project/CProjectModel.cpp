@@ -150,9 +150,9 @@ void CProjectModel::setNyxVersion(const QString &version)
     setProjectProperty(PropertyKey::NyxVersion, version);
 }
 
-quint32 CProjectModel::graphicsMemorySize() const
+quint32 CProjectModel::graphicsMemoryOf(const QString &platform)
 {
-    return platform().contains(QLatin1String("QX11")) ? LargeGraphicsMemory : SmallGraphicsMemory;
+    return platform.contains(QLatin1String("QX11")) ? LargeGraphicsMemory : SmallGraphicsMemory;
 }
 
 QString CProjectModel::storedFolder(const QString &folder) const
@@ -244,7 +244,7 @@ void CProjectModel::takeIn(const QModelIndex &parent, int first, int last)
             continue;
         adoptChildren(*item);
         if (m_imagePlaces.hasMoved())
-            m_imagePlaces.update(item);
+            m_imagePlaces.update(*item);
         m_imagePlaces.noteAll(*item);
     }
 }

@@ -62,7 +62,8 @@ public:
     /// Files are called as today, whatever a command calls them.
     void setFonts(const ProjectFontList &fonts);
     /// Size of the chip's general-purpose graphics memory in bytes.
-    quint32 graphicsMemorySize() const;
+    quint32 graphicsMemorySize() const { return graphicsMemoryOf(platform()); }
+    static quint32 graphicsMemoryOf(const QString &platform);
 
     /// A folder or file as it is kept in documents: relative to the working directory when it lies
     /// in it.

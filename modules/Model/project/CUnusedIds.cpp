@@ -1,24 +1,15 @@
 #include "CUnusedIds.h"
 
 #include "CItemModel.h"
-#include "CProjectModel.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 CUnusedIds::CUnusedIds(const CProjectModel &project)
 {
-    collect(*project.invisibleRootItem());
-}
-
-void CUnusedIds::collect(const QStandardItem &parent)
-{
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        const CItemModel *item = CItemModel::fromItem(parent.child(row));
-        if (!item)
-            continue;
-        if (item->hasProperty(PropertyKey::Id))
-            m_taken.insert(item->id());
-        collect(*item);
-    }
+    forEachItem(project, [this](const CItemModel &each) {
+        if (each.hasProperty(PropertyKey::Id))
+            m_taken.insert(each.id());
+    });
 }
 
 quint32 CUnusedIds::take()
@@ -30,10 +21,8 @@ quint32 CUnusedIds::take()
 
 void CUnusedIds::giveTo(CItemModel &item)
 {
-    if (item.hasProperty(PropertyKey::Id))
-        item.setProperty(PropertyKey::Id, static_cast<int>(take()), CItemModel::Notify::No);
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (CItemModel *child = item.childItem(row))
-            giveTo(*child);
-    }
+    forEachItem(item, [this](CItemModel &each) {
+        if (each.hasProperty(PropertyKey::Id))
+            each.setProperty(PropertyKey::Id, static_cast<int>(take()), CItemModel::Notify::No);
+    });
 }

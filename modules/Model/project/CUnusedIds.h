@@ -5,7 +5,6 @@
 #include <QSet>
 
 class CItemModel;
-class QStandardItem;
 
 /// Gives out the numbers from 1 that no item of a project has as its id, in ascending order and
 /// each once. The project's items are looked at when it is made.
@@ -19,8 +18,6 @@ public:
     void giveTo(CItemModel &item);
 
 private:
-    void collect(const QStandardItem &parent);
-
     QSet<quint32> m_taken;
     quint32 m_next = 1;
 };

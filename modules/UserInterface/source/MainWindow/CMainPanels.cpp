@@ -16,6 +16,7 @@
 #include "CWidgetPropertiesView.h"
 #include "CWidgetSelectionPanel.h"
 #include "CWidgetSelectionView.h"
+#include "ItemTree.h"
 
 #include <QAbstractItemView>
 #include <QDockWidget>
@@ -29,20 +30,6 @@ constexpr int PropertiesWidth = 288; // pixels
 constexpr int NavigatorHeight = 220;
 constexpr int OutputHeight = 120;
 constexpr int LeastHeight = 24; // of a list, so that the window fits on a small screen
-
-CItemModel *findItem(QStandardItem *parent, quint32 id)
-{
-    for (int row = 0; row < parent->rowCount(); ++row) {
-        CItemModel *item = CItemModel::fromItem(parent->child(row));
-        if (!item)
-            continue;
-        if (item->id() == id)
-            return item;
-        if (CItemModel *below = findItem(item, id))
-            return below;
-    }
-    return nullptr;
-}
 } // namespace
 
 CMainPanels::CMainPanels(CMainWindow *window)
@@ -187,7 +174,9 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
         CScreenModel *screen = m_project->screen(row);
         if (!screen || screen->name() != screenName)
             continue;
-        CItemModel *item = findItem(screen, id);
+        CItemModel *item = findItem(*screen, [screen, id](const CItemModel &each) {
+            return each.id() == id && &each != screen;
+        });
         if (!item)
             continue; // another screen may have the same name
         reveal(item);

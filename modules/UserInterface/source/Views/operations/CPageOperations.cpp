@@ -11,6 +11,7 @@
 #include "CXmlGuard.h"
 #include "CanonicalValue.h"
 #include "ItemNames.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 #include "ScreenDocuments.h"
 
@@ -19,22 +20,18 @@
 
 namespace {
 
-/// Pushes a change for each value below the item, and of it, that is not in canonical form.
-void pushCanonicalValues(CItemModel *item, QUndoStack *stack)
+/// Pushes a change for each value of the item that is not in canonical form.
+void pushCanonicalValues(CItemModel &item, QUndoStack *stack)
 {
     QMap<QString, QVariant> changes; // in an order that does not change from run to run
-    for (auto each = item->properties().cbegin(); each != item->properties().cend(); ++each) {
+    for (auto each = item.properties().cbegin(); each != item.properties().cend(); ++each) {
         const QVariant canonical = canonicalValue(each.value());
         if (canonical.isValid())
             changes.insert(each.key(), canonical);
     }
     for (auto each = changes.cbegin(); each != changes.cend(); ++each)
-        stack->push(new CCommandChangeItemProperty(item, each.key(), each.value(),
-                                                   item->propertyValue(each.key())));
-    for (int row = 0; row < item->rowCount(); ++row) {
-        if (CItemModel *child = item->childItem(row))
-            pushCanonicalValues(child, stack);
-    }
+        stack->push(new CCommandChangeItemProperty(&item, each.key(), each.value(),
+                                                   item.propertyValue(each.key())));
 }
 
 } // namespace
@@ -142,6 +139,6 @@ QString CPageOperations::addScreens(SItemElement &root, const QString &macroText
 
 void CPageOperations::makeValuesCanonical()
 {
-    for (int row = 0; row < m_project->screenCount(); ++row)
-        pushCanonicalValues(m_project->screen(row), m_project->undoStack());
+    forEachItem(*m_project,
+                [this](CItemModel &each) { pushCanonicalValues(each, m_project->undoStack()); });
 }

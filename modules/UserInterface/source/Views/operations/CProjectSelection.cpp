@@ -2,6 +2,7 @@
 
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "ItemTree.h"
 
 #include <QUndoStack>
 
@@ -105,16 +106,14 @@ void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int firs
 /// With all below it.
 void CProjectSelection::forget(CItemModel *gone)
 {
-    for (CItemSequence *items : {&m_items, &m_arrived, &m_touched})
-        items->remove(gone);
-    if (m_lastTouched == gone)
-        m_lastTouched = nullptr;
-    if (m_member == gone)
-        m_member = nullptr;
-    for (int row = 0; row < gone->rowCount(); ++row) {
-        if (CItemModel *below = gone->childItem(row))
-            forget(below);
-    }
+    forEachItem(*gone, [this](CItemModel &each) {
+        for (CItemSequence *items : {&m_items, &m_arrived, &m_touched})
+            items->remove(&each);
+        if (m_lastTouched == &each)
+            m_lastTouched = nullptr;
+        if (m_member == &each)
+            m_member = nullptr;
+    });
 }
 
 /// Of an item the page, where it is seen. What a page itself is like is seen in the explorer.

@@ -2,22 +2,11 @@
 
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <algorithm>
 #include <limits>
-
-namespace {
-void collectNames(const CItemModel &parent, ItemNames::Names &names)
-{
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        if (const CItemModel *item = parent.childItem(row)) {
-            names.insert(item->name());
-            collectNames(*item, names);
-        }
-    }
-}
-} // namespace
 
 QString ItemNames::Names::firstFree(const QString &stem, int number) const
 {
@@ -41,7 +30,10 @@ QString ItemNames::Names::firstFree(const QString &stem, int number) const
 ItemNames::Names ItemNames::below(const CItemModel &parent)
 {
     Names names;
-    collectNames(parent, names);
+    forEachItem(parent, [&](const CItemModel &each) {
+        if (&each != &parent)
+            names.insert(each.name());
+    });
     return names;
 }
 
@@ -82,12 +74,10 @@ QString ItemNames::wanted(const CItemModel &item, const QString &name)
 
 void ItemNames::makeUnique(CItemModel &item, Names &taken)
 {
-    const QString name = unused(item.name(), taken);
-    if (name != item.name() && item.hasProperty(PropertyKey::Name))
-        item.setProperty(PropertyKey::Name, name, CItemModel::Notify::No);
-    taken.insert(name);
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (CItemModel *member = item.childItem(row))
-            makeUnique(*member, taken);
-    }
+    forEachItem(item, [&taken](CItemModel &each) {
+        const QString name = unused(each.name(), taken);
+        if (name != each.name() && each.hasProperty(PropertyKey::Name))
+            each.setProperty(PropertyKey::Name, name, CItemModel::Notify::No);
+        taken.insert(name);
+    });
 }

@@ -14,6 +14,7 @@
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
 #include "ItemNames.h"
+#include "ItemTree.h"
 #include "ItemXml.h"
 #include "PastePlace.h"
 #include "PropertyKey.h"
@@ -119,14 +120,10 @@ QSize pageSizeOf(const QMimeData &data)
 /// A copy is there to be put somewhere.
 void unlockMembers(CItemModel &parent)
 {
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        CItemModel *item = parent.childItem(row);
-        if (!item)
-            continue;
-        if (item->isLocked())
-            item->setProperty(PropertyKey::Locked, item->lockValue(false), CItemModel::Notify::No);
-        unlockMembers(*item);
-    }
+    forEachItem(parent, [&parent](CItemModel &each) {
+        if (&each != &parent && each.isLocked())
+            each.setProperty(PropertyKey::Locked, each.lockValue(false), CItemModel::Notify::No);
+    });
 }
 } // namespace
 

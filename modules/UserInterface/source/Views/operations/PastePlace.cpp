@@ -2,6 +2,7 @@
 
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <QRectF>
@@ -105,12 +106,10 @@ QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel
 
 void PastePlace::move(CItemModel &item, const QPoint &by)
 {
-    shift(item, PropertyKey::X, by.x());
-    shift(item, PropertyKey::X2, by.x());
-    shift(item, PropertyKey::Y, by.y());
-    shift(item, PropertyKey::Y2, by.y());
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (CItemModel *member = item.childItem(row))
-            move(*member, by);
-    }
+    forEachItem(item, [&by](CItemModel &each) {
+        shift(each, PropertyKey::X, by.x());
+        shift(each, PropertyKey::X2, by.x());
+        shift(each, PropertyKey::Y, by.y());
+        shift(each, PropertyKey::Y2, by.y());
+    });
 }

@@ -8,6 +8,7 @@
 #include "CRectIndex.h"
 #include "CScreenModel.h"
 #include "CanvasRoles.h"
+#include "ItemTree.h"
 #include "ItemViewFactory.h"
 
 #include <algorithm>
@@ -190,17 +191,6 @@ void CScreenScene::followChanges()
     Q_EMIT contentChanged();
 }
 
-void CScreenScene::collectOrder(const QStandardItem *parent) const
-{
-    for (int row = 0; row < parent->rowCount(); ++row) {
-        const CItemModel *item = CItemModel::fromItem(parent->child(row));
-        if (CItemView *view = item ? m_views.value(item) : nullptr)
-            m_order.append(view);
-        if (item)
-            collectOrder(item);
-    }
-}
-
 const QVector<CItemView *> &CScreenScene::order() const
 {
     if (m_isOrderDue)
@@ -215,7 +205,10 @@ void CScreenScene::restack() const
 {
     m_isOrderDue = false;
     m_order.clear();
-    collectOrder(m_screen);
+    forEachItem(*m_screen, [this](const CItemModel &each) {
+        if (CItemView *view = m_views.value(&each))
+            m_order.append(view);
+    });
     const double step = 1.0 / (m_order.size() + 1);
     double z = 1.0;
     for (CItemView *view : qAsConst(m_order)) {

@@ -97,7 +97,6 @@ private:
     void membersChanged(const CItemModel *group);
     void followChangesSoon();
     void followChanges();
-    void collectOrder(const QStandardItem *parent) const;
     void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
     std::unique_ptr<CGesture> moveOf(CItemView *pressed);
     void finishGesture();

@@ -10,6 +10,7 @@
 #include "CScreenScene.h"
 #include "CSelectionCommands.h"
 #include "CViewZoom.h"
+#include "ItemTree.h"
 #include "SaveRenderHandler.h"
 
 #include <QPainter>
@@ -22,23 +23,6 @@ constexpr int LongestWait = 40; ///< milliseconds that a change is kept back for
 constexpr int ShadowWidth = 6;  ///< screen pixels
 constexpr int ShadowAlpha = 14;
 
-struct Counts
-{
-    int widgets = 0;
-    int bitmaps = 0;
-};
-
-void count(const CItemModel &parent, Counts &counts)
-{
-    for (int row = 0; row < parent.rowCount(); ++row) {
-        const CItemModel *item = parent.childItem(row);
-        if (!item)
-            continue;
-        counts.widgets += item->kind() == CItemModel::Kind::Widget ? 1 : 0;
-        counts.bitmaps += item->itemTypeName() == QLatin1String("Kiv_Bitmap_T") ? 1 : 0;
-        count(*item, counts);
-    }
-}
 } // namespace
 
 CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
@@ -173,8 +157,7 @@ void CScreenView::reportCounts()
 {
     if (!screen())
         return;
-    Counts counts;
-    count(*screen(), counts);
+    const SItemCounts counts = countItems(*screen());
     Q_EMIT widgetDropped(counts.widgets);
     Q_EMIT bitmapDropped(counts.bitmaps);
 }
