@@ -7,10 +7,9 @@
 #include "CProjectModel.h"
 #include "CToolRunner.h"
 #include "ConvertedImageFacts.h"
-#include "FileNames.h"
+#include "ConvertedImages.h"
 #include "ImageNames.h"
 #include "PictureFile.h"
-#include "PropertyKey.h"
 #include "pictures/CAviReader.h"
 #include "pictures/FileReading.h"
 
@@ -94,14 +93,7 @@ CImageFileConverter::CImageFileConverter(QObject *parent) : QObject(parent)
 QString CImageFileConverter::convertedImagesFolder()
 {
     const CProjectModel *project = CProjectModel::current();
-    return project ? convertedImagesFolder(*project) : QString();
-}
-
-QString CImageFileConverter::convertedImagesFolder(const CProjectModel &project)
-{
-    const QString workingFolder = project.workingDirectory();
-    return (workingFolder.isEmpty() ? QDir::currentPath() : workingFolder) + QLatin1Char('/') +
-           FileNames::convertedImages(project.propertyText(PropertyKey::ProjectName));
+    return project ? ConvertedImages::folder(*project) : QString();
 }
 
 QString CImageFileConverter::usualFormat(const QString &source, const QString &ofItsKind)

@@ -42,9 +42,8 @@ public:
     /// JPEG has no transparent parts, "RGB565".
     static QString usualFormat(const QString &source, const QString &ofItsKind);
 
-    /// Absolute path; of the open project, empty when none is open.
+    /// ConvertedImages::folder() of the open project; empty when none is open.
     static QString convertedImagesFolder();
-    static QString convertedImagesFolder(const CProjectModel &project);
 
     static constexpr int MaxImageSide = 2048;                   ///< pixels; the most that is drawn
     static constexpr qint64 MaxSourceBytes = qint64{256} << 20; ///< far above any image for a chip

@@ -4,6 +4,7 @@
 #include "CConversionPaths.h"
 #include "CImageFileConverter.h"
 #include "CProjectModel.h"
+#include "ConvertedImages.h"
 #include "FileNames.h"
 #include "ImageNames.h"
 #include "PropertyKey.h"
@@ -16,8 +17,6 @@
 #include <algorithm>
 
 namespace {
-const QString MediaType = QStringLiteral("Kiv_Media_T");
-
 bool mayBeBrought(const QFileInfo &file)
 {
     return file.isFile() && FileNames::isImage(file.fileName());
@@ -37,8 +36,7 @@ struct CImageImport::SFiles
 };
 
 CImageImport::CImageImport(const CProjectModel *project)
-    : m_project(project),
-      m_copies(QFileInfo(CImageFileConverter::convertedImagesFolder(*project)).path())
+    : m_project(project), m_copies(QFileInfo(ConvertedImages::folder(*project)).path())
 {
 }
 
@@ -90,10 +88,10 @@ void CImageImport::bringItem(SItemElement &item, const QString &folder, const QS
             m_error = tr("%1: the file is too big").arg(QDir::toNativeSeparators(each.path));
     }
     const QString suffix = item.attribute(PropertyKey::Suffix, QStringLiteral("png"));
-    const int code = item.tag == MediaType
+    const int code = item.tag == TypeName::Media
                          ? CBitmapFormatTable::UnknownCode
                          : CBitmapFormatTable::code(item.attribute(PropertyKey::Format));
-    const QString root = CImageFileConverter::convertedImagesFolder(*m_project);
+    const QString root = ConvertedImages::folder(*m_project);
     for (int number = 1; m_error.isEmpty(); ++number) {
         const QString name = ImageNames::numbered(base, number);
         const QString target =
@@ -126,7 +124,7 @@ CImageImport::SFiles CImageImport::filesOf(const SItemElement &item, const QStri
     const QString start = folder + QLatin1Char('/');
     const QString suffix = item.attribute(PropertyKey::Suffix);
     const QString format = item.attribute(PropertyKey::Format);
-    const bool isMedia = item.tag == MediaType;
+    const bool isMedia = item.tag == TypeName::Media;
     const bool isAsItIs = isMedia || suffix == QLatin1String("raw");
     const QString shown = isAsItIs ? start + base + QLatin1Char('.') + suffix
                                    : start + base + QLatin1Char('_') + format + ".raw";

@@ -429,22 +429,6 @@
         <translation>%1 bleibt, wie es ist: Die Bilddatei, aus der es gemacht wurde, ist nicht mehr da, deshalb lässt es sich nicht in ein anderes Format umwandeln. Wählen Sie die Datei neu.</translation>
     </message>
     <message>
-        <source>Select media file to use</source>
-        <translation>Mediendatei wählen</translation>
-    </message>
-    <message>
-        <source>Select image file to use</source>
-        <translation>Bilddatei wählen</translation>
-    </message>
-    <message>
-        <source>Media Files (*.jpg *.png *.avi)</source>
-        <translation>Mediendateien (*.jpg *.png *.avi)</translation>
-    </message>
-    <message>
-        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
-        <translation>Bilddateien (*.png *.jpg *.bmp *.raw)</translation>
-    </message>
-    <message>
         <source>The image %1 was not taken.</source>
         <translation>Das Bild %1 wurde nicht übernommen.</translation>
     </message>
@@ -1482,23 +1466,26 @@
     </message>
 </context>
 <context>
-    <name>CItemDrop</name>
+    <name>CItemImages</name>
     <message>
         <source>Select media file to use</source>
         <translation>Mediendatei wählen</translation>
-    </message>
-    <message>
-        <source>Media Files (*.jpg *.png *.avi)</source>
-        <translation>Mediendateien (*.jpg *.png *.avi)</translation>
     </message>
     <message>
         <source>Select image file to use</source>
         <translation>Bilddatei wählen</translation>
     </message>
     <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>Mediendateien (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
         <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
         <translation>Bilddateien (*.png *.jpg *.bmp *.raw)</translation>
     </message>
+</context>
+<context>
+    <name>CItemDrop</name>
     <message>
         <source>RAM_G size is limited!</source>
         <translation>Die Größe von RAM_G ist begrenzt!</translation>

@@ -429,22 +429,6 @@
         <translation>%1 保持不变：生成它的图像文件已不存在，因此无法转换为其他格式。请重新选择文件。</translation>
     </message>
     <message>
-        <source>Select media file to use</source>
-        <translation>选择要使用的媒体文件</translation>
-    </message>
-    <message>
-        <source>Select image file to use</source>
-        <translation>选择要使用的图像文件</translation>
-    </message>
-    <message>
-        <source>Media Files (*.jpg *.png *.avi)</source>
-        <translation>媒体文件 (*.jpg *.png *.avi)</translation>
-    </message>
-    <message>
-        <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
-        <translation>图像文件 (*.png *.jpg *.bmp *.raw)</translation>
-    </message>
-    <message>
         <source>The image %1 was not taken.</source>
         <translation>未采用图像 %1。</translation>
     </message>
@@ -1482,23 +1466,26 @@
     </message>
 </context>
 <context>
-    <name>CItemDrop</name>
+    <name>CItemImages</name>
     <message>
         <source>Select media file to use</source>
         <translation>选择要使用的媒体文件</translation>
-    </message>
-    <message>
-        <source>Media Files (*.jpg *.png *.avi)</source>
-        <translation>媒体文件 (*.jpg *.png *.avi)</translation>
     </message>
     <message>
         <source>Select image file to use</source>
         <translation>选择要使用的图像文件</translation>
     </message>
     <message>
+        <source>Media Files (*.jpg *.png *.avi)</source>
+        <translation>媒体文件 (*.jpg *.png *.avi)</translation>
+    </message>
+    <message>
         <source>Image Files (*.png *.jpg *.bmp *.raw)</source>
         <translation>图像文件 (*.png *.jpg *.bmp *.raw)</translation>
     </message>
+</context>
+<context>
+    <name>CItemDrop</name>
     <message>
         <source>RAM_G size is limited!</source>
         <translation>RAM_G 大小有限！</translation>

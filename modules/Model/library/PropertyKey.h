@@ -48,9 +48,12 @@ inline const QString Suffix = QStringLiteral("suffix");
 inline const QString Video = QStringLiteral("video");
 } // namespace PropertyKey
 
-/// Type names of items that no widget library defines; also their element names in documents.
+/// Type names of items that have a meaning to the program; also their element names in documents.
 namespace TypeName {
 inline const QString Project = QStringLiteral("Kiv_Project_T");
 inline const QString Screen = QStringLiteral("Kiv_Screen_T");
 inline const QString Group = QStringLiteral("Widget_Group_T");
+// Kinds of the library that files of images become.
+inline const QString Bitmap = QStringLiteral("Kiv_Bitmap_T");
+inline const QString Media = QStringLiteral("Kiv_Media_T");
 } // namespace TypeName

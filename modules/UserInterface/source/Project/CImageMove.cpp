@@ -2,7 +2,9 @@
 
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "ConvertedImages.h"
 #include "FileNames.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <QDir>
@@ -10,14 +12,6 @@
 #include <QMap>
 
 namespace {
-const QString Ending = FileNames::convertedImages(QString());
-
-QString absoluteFolder(const QString &workingDirectory)
-{
-    return QDir::cleanPath(
-        QDir(workingDirectory.isEmpty() ? QDir::currentPath() : workingDirectory).absolutePath());
-}
-
 QString below(const QString &folder, const QString &name)
 {
     return QDir::cleanPath(folder + QLatin1Char('/') + name);
@@ -57,9 +51,9 @@ QStringList filesOf(const QString &folder, const QSet<QString> &names)
 CImageMove::CImageMove(CProjectModel *project, const QString &workingDirectory,
                        const QString &projectName)
     : m_project(project),
-      m_from(absoluteFolder(project->workingDirectory())),
-      m_to(absoluteFolder(workingDirectory)),
-      m_converted(below(m_to, FileNames::convertedImages(projectName))),
+      m_from(ConvertedImages::projectFolder(project->workingDirectory())),
+      m_to(ConvertedImages::projectFolder(workingDirectory)),
+      m_converted(ConvertedImages::folder(workingDirectory, projectName)),
       m_name(projectName),
       m_newDirectory(workingDirectory),
       m_oldName(project->propertyText(PropertyKey::ProjectName)),
@@ -76,12 +70,12 @@ CImageMove::CImageMove(CProjectModel *project, const QString &workingDirectory,
 /// The project may have had other names: their folders are still in use.
 void CImageMove::planConverted()
 {
-    QStringList folders = {below(m_from, FileNames::convertedImages(m_oldName))};
+    QStringList folders = {ConvertedImages::folder(m_oldDirectory, m_oldName)};
     for (const QString &text : m_oldPlaces.folders()) {
         QString folder = absolute(text);
         while (isInside(folder) && parentOf(folder) != m_from)
             folder = parentOf(folder);
-        if (isConverted(folder))
+        if (ConvertedImages::isFolder(folder, m_from))
             folders.append(folder);
     }
     folders.removeDuplicates();
@@ -170,11 +164,6 @@ bool CImageMove::isInside(const QString &path) const
     return path == m_from || path.startsWith(m_from + QLatin1Char('/'));
 }
 
-bool CImageMove::isConverted(const QString &folder) const
-{
-    return parentOf(folder) == m_from && folder.endsWith(Ending);
-}
-
 QString CImageMove::absolute(const QString &text) const
 {
     return QDir::isAbsolutePath(text) ? QDir::cleanPath(text) : below(m_from, text);
@@ -186,7 +175,7 @@ QString CImageMove::moved(const QString &folder) const
     const QString found = m_folders.value(folder);
     for (QString each = folder; found.isEmpty() && isInside(each) && each != m_from;
          each = parentOf(each)) {
-        if (isConverted(each) && m_folders.contains(each))
+        if (ConvertedImages::isFolder(each, m_from) && m_folders.contains(each))
             return m_folders.value(each) + folder.mid(each.size());
     }
     return found;
@@ -200,23 +189,18 @@ void CImageMove::apply()
     places.move(m_texts);
     m_project->setImagePlaces(places);
     m_project->setFonts(m_oldFonts);
-    for (int row = 0; row < m_project->screenCount(); ++row)
-        update(CItemModel::fromItem(m_project->item(row)));
+    forEachItem(*m_project, [this](CItemModel &each) { update(each); });
 }
 
-void CImageMove::update(CItemModel *item)
+void CImageMove::update(CItemModel &item)
 {
     for (const QString &key : {PropertyKey::BitmapFolder, PropertyKey::FileName}) {
-        const QString text = item->propertyText(key);
+        const QString text = item.propertyText(key);
         const QString now = m_project->imagePlaces().today(text);
         if (text.isEmpty() || now == text)
             continue;
-        m_oldTexts.append({item, key, text});
-        item->setProperty(key, now);
-    }
-    for (int row = 0; row < item->rowCount(); ++row) {
-        if (CItemModel *child = item->childItem(row))
-            update(child);
+        m_oldTexts.append({&item, key, text});
+        item.setProperty(key, now);
     }
 }
 

@@ -43,10 +43,9 @@ private:
     void planTexts();
     void planFolder(const QString &folder, const QStringList &files, const QString &wanted);
     bool isInside(const QString &path) const;
-    bool isConverted(const QString &folder) const;
     QString absolute(const QString &text) const;
     QString moved(const QString &folder) const;
-    void update(CItemModel *item);
+    void update(CItemModel &item);
 
     CProjectModel *const m_project; ///< not owned
     const QString m_from;           ///< the folders, absolute

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <QHash>
 #include <QObject>
-#include <QVariant>
 
-#include <optional>
-
-class CImageFileConverter;
+class CItemImages;
 class CItemModel;
 class QWidget;
-struct SConvertedImage;
 
 /// Gives another image to an item that shows one: asks for the file, has it converted, and changes
 /// the item's properties as one undo step. What fails changes nothing.
@@ -20,9 +15,6 @@ class CImageChooser : public QObject
 public:
     explicit CImageChooser(QWidget *window);
 
-    /// The file that the item's image was made of, or the copy that the converter has left beside
-    /// what it made; an absolute path, empty when both are gone.
-    static QString sourceOf(const CItemModel &item);
     /// What another format means for an item.
     enum class EFormat {
         Value,      ///< nothing but another value: it shows no image, or a raw file, whose format
@@ -43,9 +35,5 @@ Q_SIGNALS:
     void message(const QString &text); ///< why an image could not be taken
 
 private:
-    std::optional<SConvertedImage> convert(const CItemModel &item, const QString &file,
-                                           const QString &format);
-
-    QWidget *const m_window; ///< parent of the file dialog
-    CImageFileConverter *const m_converter;
+    CItemImages *const m_images;
 };

@@ -1,9 +1,8 @@
 #include "CItemDrop.h"
 
-#include "CBitmapFormatTable.h"
 #include "CCommandAddItem.h"
 #include "CEditorState.h"
-#include "CImageFileConverter.h"
+#include "CItemImages.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
@@ -12,23 +11,20 @@
 #include "ItemDrag.h"
 #include "ItemNames.h"
 #include "ItemOperations.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <QDataStream>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QUndoStack>
+#include <QUrl>
 
 #include <algorithm>
 
 namespace {
 const QString CreateMime = QStringLiteral("widget-create");
-const QString BitmapType = QStringLiteral("Kiv_Bitmap_T");
-const QString MediaType = QStringLiteral("Kiv_Media_T");
-const QString NoFormat = QStringLiteral("None");
-
 void set(CItemModel &item, const QString &key, const QVariant &value)
 {
     if (item.hasProperty(key)) // it is in no tree yet, so nobody is told
@@ -47,31 +43,14 @@ void placeAt(CItemModel &item, const QPointF &position)
     set(item, PropertyKey::Y2, y2);
 }
 
-void takeImage(CItemModel &item, const SConvertedImage &image)
+void takeImage(CItemModel &item, const CItemImages::SImage &image)
 {
-    set(item, PropertyKey::BitmapWidth, image.bwidth);
-    set(item, PropertyKey::BitmapHeight, image.bheight);
-    if (image.bwidth > 0 && image.bheight > 0) {
-        set(item, PropertyKey::Width, image.bwidth);
-        set(item, PropertyKey::Height, image.bheight);
-    }
-    set(item, PropertyKey::BaseName, image.basename);
-    set(item, PropertyKey::Suffix, image.suffix);
-    set(item, PropertyKey::BitmapFolder, image.bfolder);
-    set(item, PropertyKey::Format, image.suffix == QLatin1String("raw") ? NoFormat : image.format);
-    set(item, PropertyKey::Video, image.video);
-}
-
-bool isMediaFile(const QString &file)
-{
-    return QFileInfo(file).suffix().compare(QLatin1String("avi"), Qt::CaseInsensitive) == 0;
-}
-
-bool isImageFile(const QString &file)
-{
-    static const QStringList suffixes = {QStringLiteral("png"), QStringLiteral("jpg"),
-                                         QStringLiteral("bmp"), QStringLiteral("raw")};
-    return suffixes.contains(QFileInfo(file).suffix().toLower());
+    for (auto each = image.values.begin(); each != image.values.end(); ++each)
+        set(item, each.key(), each.value());
+    if (image.size.isEmpty())
+        return;
+    set(item, PropertyKey::Width, image.size.width());
+    set(item, PropertyKey::Height, image.size.height());
 }
 
 QStringList droppedFiles(const QMimeData &data)
@@ -79,7 +58,7 @@ QStringList droppedFiles(const QMimeData &data)
     QStringList files;
     for (const QUrl &url : data.urls()) {
         const QString file = url.toLocalFile();
-        if (isImageFile(file) || isMediaFile(file))
+        if (!CItemImages::kindFor(file).isEmpty())
             files.append(file);
     }
     return files;
@@ -87,12 +66,7 @@ QStringList droppedFiles(const QMimeData &data)
 
 bool holdsLock(const CItemModel &item)
 {
-    for (int row = 0; row < item.rowCount(); ++row) {
-        const CItemModel *member = item.childItem(row);
-        if (member && (member->isLocked() || holdsLock(*member)))
-            return true;
-    }
-    return false;
+    return findItem(item, [](const CItemModel &each) { return each.isLocked(); }) != nullptr;
 }
 
 /// The kind that a drag from the palette carries: as its text, and streamed under its own format.
@@ -108,10 +82,9 @@ QString draggedKind(const QMimeData &data)
 } // namespace
 
 CItemDrop::CItemDrop(CScreenScene *scene, QWidget *window)
-    : QObject(window), m_scene(scene), m_window(window), m_converter(new CImageFileConverter(this))
+    : QObject(window), m_scene(scene), m_window(window), m_images(new CItemImages(window, this))
 {
-    connect(m_converter, &CImageFileConverter::failed, this, &CItemDrop::message);
-    connect(m_converter, &CImageFileConverter::warned, this, &CItemDrop::message);
+    connect(m_images, &CItemImages::message, this, &CItemDrop::message);
 }
 
 bool CItemDrop::isWelcome(const QMimeData &data)
@@ -157,7 +130,7 @@ bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
     QVector<CItemModel *> items;
     for (CItemModel *each : ItemDrag::fromMimeData(data, *screen()->project())) {
         // A locked member would stay at its place on another screen.
-        if (!each->isLocked() && (each->parentItem() == screen() || !holdsLock(*each)))
+        if (!(each->parentItem() == screen() ? each->isLocked() : holdsLock(*each)))
             items.append(each);
     }
     if (items.isEmpty())
@@ -190,7 +163,7 @@ bool CItemDrop::dropFiles(const QMimeData &data, const QPointF &scenePos)
     const QStringList files = droppedFiles(data);
     Made made;
     for (const QString &file : files) {
-        if (auto item = make(isMediaFile(file) ? MediaType : BitmapType, place, file))
+        if (auto item = make(CItemImages::kindFor(file), place, file))
             made.push_back(std::move(item));
         place += QPointF(apart, apart);
     }
@@ -199,32 +172,19 @@ bool CItemDrop::dropFiles(const QMimeData &data, const QPointF &scenePos)
 }
 
 /// Asks for the file of a bitmap or media widget unless it was dropped. Nothing when there is none,
-/// or it could not be converted (which the converter tells).
-std::optional<SConvertedImage> CItemDrop::imageFor(CItemModel &item, QString file)
+/// or it could not be converted (which has been told).
+std::optional<CItemImages::SImage> CItemDrop::imageFor(const CItemModel &item, const QString &file)
 {
-    const bool isMedia = item.itemTypeName() == MediaType;
-    if (file.isEmpty()) {
-        const QString folder = screen()->project()->workingDirectory();
-        file = isMedia
-                   ? QFileDialog::getOpenFileName(m_window, tr("Select media file to use"), folder,
-                                                  tr("Media Files (*.jpg *.png *.avi)"))
-                   : QFileDialog::getOpenFileName(m_window, tr("Select image file to use"), folder,
-                                                  tr("Image Files (*.png *.jpg *.bmp *.raw)"));
-    }
-    if (file.isEmpty())
+    const QString source = file.isEmpty() ? m_images->ask(item) : file;
+    if (source.isEmpty())
         return {};
-    set(item, PropertyKey::FileName, file);
-    if (isMedia)
-        return m_converter->mediaImage(file);
-    const QString usual = item.propertyText(PropertyKey::Format);
-    return m_converter->convertedImage(file, CImageFileConverter::usualFormat(file, usual));
+    return m_images->take(item, source, CItemImages::formatFor(item, source));
 }
 
-bool CItemDrop::fitsMemory(const SConvertedImage &image)
+bool CItemDrop::fitsMemory(const CItemImages::SImage &image)
 {
-    const auto needed = static_cast<size_t>(QFileInfo(image.path).size());
-    if (needed + m_memory < screen()->project()->graphicsMemorySize()) {
-        m_memory += needed;
+    if (CItemImages::fits(image, *screen()->project(), m_memory)) {
+        m_memory += static_cast<size_t>(image.bytes);
         return true;
     }
     QMessageBox::warning(m_window, tr("RAM_G size is limited!"), tr("File size is too big"),
@@ -243,8 +203,8 @@ std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &
     }
     auto item = std::make_unique<CWidgetModel>(type, project->library(), project);
     placeAt(*item, landing(scenePos, {}));
-    if (type == BitmapType || type == MediaType) {
-        const std::optional<SConvertedImage> image = imageFor(*item, file);
+    if (CItemImages::isKind(type)) {
+        const auto image = imageFor(*item, file);
         if (!image) {
             Q_EMIT message(tr("No image was added."));
             return nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CItemImages.h"
+
 #include <QObject>
 #include <QVector>
 
@@ -8,14 +10,12 @@
 #include <optional>
 #include <vector>
 
-class CImageFileConverter;
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
 class QMimeData;
 class QPointF;
 class QWidget;
-struct SConvertedImage;
 
 /// What is dropped on a screen: kinds from the palette, items from the explorer, image and media
 /// files. All that one drop brings is one step.
@@ -49,12 +49,12 @@ private:
     bool dropFiles(const QMimeData &data, const QPointF &scenePos);
     std::unique_ptr<CItemModel> make(const QString &type, const QPointF &scenePos,
                                      const QString &file);
-    std::optional<SConvertedImage> imageFor(CItemModel &item, QString file);
-    bool fitsMemory(const SConvertedImage &image);
+    std::optional<CItemImages::SImage> imageFor(const CItemModel &item, const QString &file);
+    bool fitsMemory(const CItemImages::SImage &image);
     void add(Made made);
 
     CScreenScene *m_scene; ///< not owned
     QWidget *m_window;
-    CImageFileConverter *m_converter; ///< a child
-    size_t m_memory = 0;              ///< bytes in use, with those of what the drop has brought
+    CItemImages *m_images;
+    size_t m_memory = 0; ///< bytes in use, with those of what the drop has brought
 };

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class CProjectModel;
+
+/// Where the converted images of a project lie: in a folder of their own in the project's folder,
+/// which is named after the project.
+namespace ConvertedImages {
+/// Absolute paths. A project without a working directory has its folder where the program runs.
+QString projectFolder(const QString &workingDirectory);
+QString folder(const QString &workingDirectory, const QString &projectName);
+QString folder(const CProjectModel &project);
+/// Whether that is what the path of an entry in the project's folder names, under any name that the
+/// project may have had.
+bool isFolder(const QString &path, const QString &projectFolder);
+} // namespace ConvertedImages
