@@ -77,6 +77,21 @@ QRectF frameOfText(const CItemModel &item, const QSizeF &text)
 }
 } // namespace
 
+const QStringList &ItemGeometry::keys()
+{
+    static const QStringList keys = {
+        PropertyKey::X,      PropertyKey::Y,         PropertyKey::X2,
+        PropertyKey::Y2,     PropertyKey::Width,     PropertyKey::Height,
+        PropertyKey::Radius, PropertyKey::PointSize, PropertyKey::Angle};
+    return keys;
+}
+
+double ItemGeometry::valueOf(const QString &key) const
+{
+    const double values[] = {x, y, x2, y2, width, height, radius, radius * PointSizeOfPixel, angle};
+    return values[keys().indexOf(key)];
+}
+
 QRectF ItemGeometry::ownFrameOf(const CItemModel &item)
 {
     if (item.kind() == CItemModel::Kind::Group)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRectF>
+#include <QStringList>
 #include <QVector>
 
 class CItemModel;
@@ -32,6 +33,11 @@ struct ItemGeometry
     bool hasAngle = false;
     bool hasPointList = false;
     bool heightFromFont = false;
+
+    /// The properties that hold it, but for what is a flag.
+    static const QStringList &keys();
+    /// What one of them would be.
+    double valueOf(const QString &key) const;
 
     /// The frame of an item, on its screen: what it is selected, snapped, grouped and arranged by.
     /// Not turned, and without the thickness of what is drawn along it (see ItemOutline for what is

@@ -9,6 +9,7 @@
 #include "CPropertyRows.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
+#include "ShownProperties.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -34,27 +35,6 @@ bool isEdit(const CItemModel &item, const QString &key, const QVariant &value)
     CWidgetProperty changed = item.properties().value(key); // "red" is no change of #ff0000
     changed.setValue(value);
     return changed.text() != item.propertyText(key);
-}
-
-double liveValue(const CItemModel &item, const QString &key)
-{
-    if (key == PropertyKey::X)
-        return item.x();
-    if (key == PropertyKey::Y)
-        return item.y();
-    if (key == PropertyKey::X2)
-        return item.x2();
-    if (key == PropertyKey::Y2)
-        return item.y2();
-    if (key == PropertyKey::Width)
-        return item.width();
-    if (key == PropertyKey::Height)
-        return item.height();
-    if (key == PropertyKey::Radius)
-        return item.radius();
-    if (key == PropertyKey::PointSize)
-        return item.radius() * ItemGeometry::PointSizeOfPixel;
-    return item.angle();
 }
 
 } // namespace
@@ -182,16 +162,11 @@ void CWidgetPropertiesView::rebuild()
     setUpdatesEnabled(false);
     const int scroll = scrollPosition();
     clearRows();
-    switch (m_item->kind()) {
-    case CItemModel::Kind::Screen:
-        addScreenRows();
-        break;
-    case CItemModel::Kind::Group:
-        addGroupRows();
-        break;
-    case CItemModel::Kind::Widget:
-        addWidgetRows();
-        break;
+    for (const CWidgetProperty &each : ShownProperties::of(*m_item)) {
+        addRow(each);
+        const QString kind = each.key() == PropertyKey::Name ? kindText() : QString();
+        if (!kind.isEmpty())
+            addProperty(m_manager->addText(QStringLiteral("type"), kind));
     }
     fitColumns();
     setScrollPosition(scroll);
@@ -201,43 +176,12 @@ void CWidgetPropertiesView::rebuild()
     setUpdatesEnabled(true);
 }
 
-void CWidgetPropertiesView::addScreenRows()
+/// Of what is no widget, which has its kind in the explorer.
+QString CWidgetPropertiesView::kindText() const
 {
-    addRow(PropertyKey::Name);
-    addProperty(m_manager->addText(QStringLiteral("type"), tr("KIV Screen")));
-    CWidgetProperty colour(PropertyKey::Color, PropertyType::Rgb); // a text where it was read
-    colour.setValueFromText(m_item->propertyText(PropertyKey::Color));
-    addRow(colour);
-}
-
-void CWidgetPropertiesView::addGroupRows()
-{
-    addRow(PropertyKey::Name);
-    addProperty(m_manager->addText(QStringLiteral("type"), tr("Widget Group")));
-    addRow(PropertyKey::X);
-    addRow(PropertyKey::Y);
-}
-
-/// A widget of a kind that the library lacks shows what its document gave it.
-void CWidgetPropertiesView::addWidgetRows()
-{
-    const CWidgetLibraryModel *library = m_item->library();
-    if (library && library->contains(m_item->itemTypeName())) {
-        const QStringList keys = library->propertyKeys(m_item->itemTypeName());
-        for (const QString &key : keys)
-            addRow(key);
-        return;
-    }
-    const QVector<const CWidgetProperty *> properties = m_item->savedProperties();
-    for (const CWidgetProperty *property : properties)
-        addRow(*property);
-}
-
-void CWidgetPropertiesView::addRow(const QString &key)
-{
-    const auto property = m_item->properties().constFind(key);
-    if (property != m_item->properties().constEnd() && !property->isHidden())
-        addRow(*property);
+    if (m_item->kind() == CItemModel::Kind::Screen)
+        return tr("KIV Screen");
+    return m_item->kind() == CItemModel::Kind::Group ? tr("Widget Group") : QString();
 }
 
 void CWidgetPropertiesView::addRow(const CWidgetProperty &property)
@@ -361,15 +305,11 @@ void CWidgetPropertiesView::geometryChanged(CItemModel *item)
     if (!item || item != m_item)
         return;
     const QScopedValueRollback<bool> updating(m_updating, true);
-    static const QStringList keys = {
-        PropertyKey::X,      PropertyKey::Y,         PropertyKey::X2,
-        PropertyKey::Y2,     PropertyKey::Width,     PropertyKey::Height,
-        PropertyKey::Radius, PropertyKey::PointSize, PropertyKey::Angle};
-    for (const QString &key : keys) {
+    for (const QString &key : ItemGeometry::keys()) {
         QtVariantProperty *shown = m_manager->variantProperty(m_rows.value(key));
         if (!shown)
             continue;
-        const auto live = static_cast<int>(roundedToInteger(liveValue(*item, key)));
+        const auto live = static_cast<int>(roundedToInteger(item->geometry().valueOf(key)));
         if (shown->value().toInt() != live)
             m_manager->showValue(shown, live);
     }

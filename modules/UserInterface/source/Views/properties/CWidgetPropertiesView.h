@@ -60,11 +60,8 @@ private:
     void showState();
     void showText(const QString &text);
     void rebuild();
-    void addScreenRows();
-    void addGroupRows();
-    void addWidgetRows();
+    QString kindText() const;
     void addRow(const CWidgetProperty &property);
-    void addRow(const QString &key);
     void insertRow(QtProperty *row, const QString &key);
     void commit(const QString &key, const QVariant &value);
     void change(const QString &key, const QVariant &value);
