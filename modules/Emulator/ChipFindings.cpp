@@ -4,6 +4,7 @@
 #include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CWidgetLibraryManager.h"
+#include "CWidgetLibraryModel.h"
 #include "ItemTree.h"
 
 #include <QCoreApplication>

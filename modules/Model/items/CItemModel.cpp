@@ -1,13 +1,9 @@
 #include "CItemModel.h"
 
-#include "CProjectModel.h"
-#include "CWidgetGroupModel.h"
-#include "CWidgetModel.h"
+#include "CItemParts.h"
+#include "CWidgetLibraryModel.h"
+#include "IPropertyChangeObserver.h"
 #include "PropertyKey.h"
-
-#include <QScopedValueRollback>
-
-#include <algorithm>
 
 CItemModel::CItemModel(Kind kind, const QString &typeName, const CWidgetLibraryModel *library,
                        IPropertyChangeObserver *observer)
@@ -15,7 +11,8 @@ CItemModel::CItemModel(Kind kind, const QString &typeName, const CWidgetLibraryM
       m_observer(observer),
       m_typeName(typeName),
       m_typeNameUtf8(typeName.toUtf8()),
-      m_kind(kind)
+      m_kind(kind),
+      m_parts(std::make_unique<SParts>(*this))
 {
 }
 
@@ -36,12 +33,11 @@ CItemModel *CItemModel::fromItem(QStandardItem *item)
 CItemModel *CItemModel::clone() const
 {
     CItemModel *copy = cloneEmpty();
-    copy->m_properties = m_properties;
-    copy->m_index.clear();
+    copy->m_parts->table.setAll(properties());
     copy->m_idText = m_idText;
     copy->m_idTextUtf8 = m_idTextUtf8;
     copy->m_id = m_id;
-    copy->m_geometry = m_geometry;
+    copy->m_parts->geometry.copyFrom(m_parts->geometry);
     copy->m_locked = m_locked;
     copy->m_name = m_name;
     copy->QStandardItem::setData(text(), Qt::DisplayRole);
@@ -64,15 +60,9 @@ void CItemModel::setData(const QVariant &value, int role)
         QStandardItem::setData(value, role);
 }
 
-void CItemModel::insertProperty(const CWidgetProperty &property)
-{
-    m_index.clear();
-    m_properties.insert(property.key(), property);
-}
-
 void CItemModel::addProperty(const CWidgetProperty &property)
 {
-    insertProperty(property);
+    m_parts->table.insert(property);
     applyProperty(property.key(), property.value());
 }
 
@@ -83,12 +73,10 @@ void CItemModel::setPropertySet(const PropertySet &properties)
     takePropertySet(properties, keys);
 }
 
-/// Takes the set and derives what follows from it in the given order. By name, because applying
-/// one property may change another.
+/// By name, because applying one property may change another.
 void CItemModel::takePropertySet(const PropertySet &properties, const QStringList &order)
 {
-    m_index.clear();
-    m_properties = properties;
+    m_parts->table.setAll(properties);
     for (const QString &key : order)
         applyProperty(key, propertyValue(key));
 }
@@ -109,16 +97,16 @@ void CItemModel::setProperty(const QString &name, const QVariant &value, Notify 
             key = PropertyKey::Y;
     }
 
-    CWidgetProperty *property = findProperty(key);
+    CPropertyTable &table = m_parts->table;
+    CWidgetProperty *property = table.findForChange(key);
     if (property && (value.isValid() || isBuiltIn(key))) {
         property->setValue(value);
     } else if (property) {
-        m_index.clear();
-        m_properties.remove(key);
+        table.remove(key);
     } else if (value.isValid() && !key.isEmpty()) {
         CWidgetProperty added(key, PropertyType::String);
         added.setValue(value);
-        insertProperty(added);
+        table.insert(added);
     }
     applyProperty(key, value);
     if (notify == Notify::Yes && m_observer) // what is stored now, rounded where the item rounds
@@ -131,37 +119,177 @@ void CItemModel::setPropertyIfChanged(const QString &name, const QVariant &value
         setProperty(name, value, notify);
 }
 
+/// Derives what follows from a property.
+void CItemModel::applyProperty(const QString &name, const QVariant &value)
+{
+    if (name == PropertyKey::Name) {
+        m_name = value.toString();
+        QStandardItem::setData(m_name, Qt::DisplayRole);
+    } else if (name == PropertyKey::Id) {
+        m_id = value.toUInt();
+        m_idText = value.toString();
+        m_idTextUtf8 = m_idText.toUtf8();
+    } else if (name == PropertyKey::Locked) {
+        m_locked = m_kind != Kind::Screen && value.toBool();
+        emitDataChanged(); // views show a lock
+    } else {
+        m_parts->geometry.apply(name, value, *m_parts);
+    }
+}
+
+bool CItemModel::isDerivedFrom(const QString &name)
+{
+    return name == PropertyKey::Name || name == PropertyKey::Id || name == PropertyKey::Locked ||
+           CItemGeometry::isGeometry(name);
+}
+
+void CItemModel::SParts::writeBack(const QString &name, const QVariant &value, bool notify)
+{
+    const CWidgetProperty *property = table.find(name);
+    if (!property)
+        return;
+    // A box has nothing to agree with but its own text.
+    const bool keepText =
+        keepsText(*property) || (isLoading && geometry.values().mode == GeometryMode::Box);
+    if (!keepText)
+        item.setPropertyIfChanged(name, value, notify ? Notify::Yes : Notify::No);
+}
+
+void CItemModel::SParts::storeDerived(const QString &name, double size)
+{
+    CWidgetProperty *property = table.findForChange(name);
+    if (property && !keepsText(*property))
+        property->setValue(size);
+}
+
+const CItemModel::PropertySet &CItemModel::properties() const
+{
+    return m_parts->table.all();
+}
+
+bool CItemModel::hasProperty(const QString &name) const
+{
+    return m_parts->table.contains(name);
+}
+
 QVariant CItemModel::propertyValue(const QString &name) const
 {
-    const auto it = m_properties.constFind(name);
-    return it == m_properties.constEnd() ? QVariant() : it->value();
+    return m_parts->table.value(name);
 }
 
 QString CItemModel::propertyText(const QString &name) const
 {
-    const auto it = m_properties.constFind(name);
-    return it == m_properties.constEnd() ? QString() : it->text();
+    return m_parts->table.text(name);
 }
 
 int CItemModel::propertyCount()
 {
-    return m_properties.size();
+    return m_parts->table.all().size();
 }
 
 IModelProperty *CItemModel::property(int index)
 {
-    if (m_index.size() != m_properties.size()) {
-        m_index.clear();
-        m_index.reserve(m_properties.size());
-        for (CWidgetProperty &each : m_properties)
-            m_index.append(&each);
-    }
-    return m_index.at(index);
+    return m_parts->table.at(index);
 }
 
 const char *CItemModel::renderCommands()
 {
     return m_kind == Kind::Widget && m_library ? m_library->renderCommandsUtf8(m_typeName) : "";
+}
+
+const ItemGeometry &CItemModel::geometry() const
+{
+    return m_parts->geometry.values();
+}
+
+double CItemModel::x() const
+{
+    return geometry().x;
+}
+
+double CItemModel::y() const
+{
+    return geometry().y;
+}
+
+double CItemModel::x2() const
+{
+    return geometry().x2;
+}
+
+double CItemModel::y2() const
+{
+    return geometry().y2;
+}
+
+double CItemModel::width() const
+{
+    return geometry().width;
+}
+
+double CItemModel::height() const
+{
+    return geometry().height;
+}
+
+double CItemModel::angle() const
+{
+    return geometry().angle;
+}
+
+double CItemModel::radius() const
+{
+    return geometry().radius;
+}
+
+qint32 CItemModel::fontHandle() const
+{
+    return geometry().fontHandle;
+}
+
+GeometryMode CItemModel::geometryMode() const
+{
+    return geometry().mode;
+}
+
+bool CItemModel::isResizeable() const
+{
+    return geometry().resizeable;
+}
+
+bool CItemModel::hasAngle() const
+{
+    return geometry().hasAngle;
+}
+
+bool CItemModel::hasPointList() const
+{
+    return geometry().hasPointList;
+}
+
+bool CItemModel::isHeightFromFont() const
+{
+    return geometry().heightFromFont;
+}
+
+void CItemModel::setWidth(double width)
+{
+    m_parts->geometry.setWidth(width, *m_parts);
+}
+
+void CItemModel::setHeight(double height)
+{
+    m_parts->geometry.setHeight(height, *m_parts);
+}
+
+void CItemModel::setRadius(double radius)
+{
+    m_parts->geometry.setRadius(radius, *m_parts);
+}
+
+void CItemModel::setAngle(double degrees)
+{
+    m_parts->geometry.setAngle(degrees, *m_parts);
 }
 
 void CItemModel::notifyGeometryChanged()
@@ -178,6 +306,11 @@ bool CItemModel::isUnderLock() const
     return item != nullptr;
 }
 
+void CItemModel::setLocked(bool locked)
+{
+    setProperty(PropertyKey::Locked, lockValue(locked));
+}
+
 QVariant CItemModel::lockValue(bool locked) const
 {
     return locked || isBuiltIn(PropertyKey::Locked) ? QVariant(locked ? 1 : 0) : QVariant();
@@ -192,11 +325,8 @@ void CItemModel::setGrouped(bool grouped)
 void CItemModel::setLibrary(const CWidgetLibraryModel *library)
 {
     m_library = library;
-    const PropertySet definitions = library ? library->propertySet(m_typeName) : PropertySet();
-    for (auto definition = definitions.begin(); definition != definitions.end(); ++definition) {
-        if (CWidgetProperty *property = findProperty(definition.key()))
-            property->takeDefinition(*definition);
-    }
+    if (library)
+        m_parts->table.takeDefinitions(library->propertySet(m_typeName));
     for (int row = 0; row < rowCount(); ++row) {
         if (CItemModel *member = childItem(row))
             member->setLibrary(library);
@@ -205,35 +335,7 @@ void CItemModel::setLibrary(const CWidgetLibraryModel *library)
 
 CProjectModel *CItemModel::project() const
 {
-    return dynamic_cast<CProjectModel *>(m_observer);
-}
-
-void CItemModel::load(const ItemAttributes &attributes)
-{
-    const QScopedValueRollback<bool> loading(m_loading, true);
-    takeAttributes(attributes);
-}
-
-QString CItemModel::savedText(const CWidgetProperty &property, FolderForm folders) const
-{
-    const CProjectModel *owner = CImagePlaces::isPlace(property.key()) ? project() : nullptr;
-    if (!owner)
-        return property.text();
-    return folders == FolderForm::Relative ? owner->storedFolder(property.text())
-                                           : owner->absoluteFolder(property.text());
-}
-
-QByteArray CItemModel::savedTextUtf8(const CWidgetProperty &property, FolderForm folders) const
-{
-    return CImagePlaces::isPlace(property.key()) ? savedText(property, folders).toUtf8()
-                                                 : property.textUtf8();
-}
-
-CItemModel *CItemModel::makeChild(const QString &tag) const
-{
-    if (tag == TypeName::Group)
-        return new CWidgetGroupModel(m_library, m_observer);
-    return new CWidgetModel(tag, m_library, m_observer);
+    return m_observer ? m_observer->project() : nullptr;
 }
 
 void CItemModel::appendChildren(const QVector<CItemModel *> &children)
@@ -244,34 +346,4 @@ void CItemModel::appendChildren(const QVector<CItemModel *> &children)
         rows.append(each);
     if (!rows.isEmpty())
         appendRows(rows);
-}
-
-QVector<const CWidgetProperty *> CItemModel::orderedProperties(const QStringList &order) const
-{
-    QVector<const CWidgetProperty *> ordered;
-    ordered.reserve(m_properties.size());
-    for (const QString &key : order) {
-        const auto it = m_properties.constFind(key);
-        if (it != m_properties.constEnd())
-            ordered.append(&it.value());
-    }
-    if (ordered.size() == m_properties.size())
-        return ordered;
-
-    const int known = ordered.size();
-    for (const CWidgetProperty &each : m_properties) {
-        if (!order.contains(each.key()))
-            ordered.append(&each);
-    }
-    std::sort(
-        ordered.begin() + known, ordered.end(),
-        [](const CWidgetProperty *a, const CWidgetProperty *b) { return a->key() < b->key(); });
-    return ordered;
-}
-
-CWidgetProperty *CItemModel::findProperty(const QString &name)
-{
-    m_index.clear(); // finding for a change may move shared properties
-    const auto it = m_properties.find(name);
-    return it == m_properties.end() ? nullptr : &it.value();
 }

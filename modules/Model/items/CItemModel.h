@@ -1,18 +1,23 @@
 #pragma once
 
-#include "CWidgetLibraryModel.h"
 #include "IModelItem.h"
-#include "ItemAttributes.h"
-#include "ItemGeometry.h"
-#include "PropertyKey.h"
 
+#include <QHash>
 #include <QStandardItem>
 
-class CProjectModel;
-class IPropertyChangeObserver;
+#include <memory>
 
-/// One item of a project: a screen, a widget or a group of widgets. Holds its properties by name
-/// and keeps the geometry that follows from them in step.
+class CProjectModel;
+class CWidgetLibraryModel;
+class CWidgetProperty;
+class IPropertyChangeObserver;
+class QDomElement;
+struct ItemGeometry;
+enum class GeometryMode : qint32;
+
+/// One item of a project: a screen, a widget or a group of widgets, and its place in the tree. Its
+/// properties lie in a CPropertyTable, CItemGeometry keeps what follows from them in step, and
+/// CItemDocument is its form in documents; this class brings them together and tells of changes.
 /// Changes: setProperty() is the one road for a change that is to be seen; it tells the observer,
 ///          which is the project.
 /// Owns:    its properties and its child items. The library and the observer must live longer.
@@ -20,7 +25,7 @@ class IPropertyChangeObserver;
 class CItemModel : public QStandardItem, public IModelItem
 {
 public:
-    using PropertySet = CWidgetLibraryModel::PropertySet;
+    using PropertySet = QHash<QString, CWidgetProperty>;
 
     enum class Kind : qint32 { Screen = 1, Widget = 2, Group = 3 };
     enum class Notify { No, Yes }; ///< whether the observer is told
@@ -60,9 +65,9 @@ public:
     /// Derives name, id and geometry from the value of one property.
     virtual void applyProperty(const QString &name, const QVariant &value);
     virtual const QString &itemTypeName() const { return m_typeName; }
-    virtual const PropertySet &properties() const { return m_properties; }
+    virtual const PropertySet &properties() const;
 
-    bool hasProperty(const QString &name) const { return m_properties.contains(name); }
+    bool hasProperty(const QString &name) const;
     /// Invalid when the item has no such property.
     QVariant propertyValue(const QString &name) const;
     /// The canonical text; empty when the item has no such property.
@@ -79,21 +84,22 @@ public:
     quint32 id() const { return m_id; }
     const QString &idString() const { return m_idText; }
 
-    double x() const { return m_geometry.x; }
-    double y() const { return m_geometry.y; }
-    double x2() const { return m_geometry.x2; }
-    double y2() const { return m_geometry.y2; }
-    double width() const { return m_geometry.width; }
-    double height() const { return m_geometry.height; }
-    double angle() const { return m_geometry.angle; }
-    double radius() const { return m_geometry.radius; }
-    qint32 fontHandle() const { return m_geometry.fontHandle; }
-    GeometryMode geometryMode() const { return m_geometry.mode; }
-    bool isResizeable() const { return m_geometry.resizeable; }
-    bool hasAngle() const { return m_geometry.hasAngle; }
-    bool hasPointList() const { return m_geometry.hasPointList; }
-    bool isHeightFromFont() const { return m_geometry.heightFromFont; }
-    const ItemGeometry &geometry() const { return m_geometry; }
+    // Of geometry().
+    double x() const;
+    double y() const;
+    double x2() const;
+    double y2() const;
+    double width() const;
+    double height() const;
+    double angle() const;
+    double radius() const;
+    qint32 fontHandle() const;
+    GeometryMode geometryMode() const;
+    bool isResizeable() const;
+    bool hasAngle() const;
+    bool hasPointList() const;
+    bool isHeightFromFont() const;
+    const ItemGeometry &geometry() const;
 
     // For gestures: set the size or angle and write it back, rounded to whole numbers, into the
     // property that defines it in the item's mode.
@@ -110,7 +116,7 @@ public:
     bool isLocked() const { return m_locked; }
     /// Locked itself or by a group that it is in: nothing of it is to be edited.
     bool isUnderLock() const;
-    void setLocked(bool locked) { setProperty(PropertyKey::Locked, lockValue(locked)); }
+    void setLocked(bool locked);
     /// What the property of that name is set to for a lock. Documents have it only where there is
     /// one, unless the kind itself has the property.
     QVariant lockValue(bool locked) const;
@@ -128,51 +134,29 @@ public:
     /// The project that observes the item; null for items of none.
     CProjectModel *project() const;
 
-    // How documents are read and written, for ItemXml.
-    /// Takes the attributes of the item's element, in any order. The item must be new.
-    void load(const ItemAttributes &attributes);
-    /// The properties to be written as attributes, in a fixed order.
-    virtual QVector<const CWidgetProperty *> savedProperties() const = 0;
-    /// The text to be written for one of them.
-    QString savedText(const CWidgetProperty &property, FolderForm folders) const;
-    QByteArray savedTextUtf8(const CWidgetProperty &property, FolderForm folders) const;
-    /// Whether elements of this item's kind hold child elements.
-    virtual bool canHaveChildren() const { return true; }
-    /// A new child for a child element of the given tag, not yet added.
-    CItemModel *makeChild(const QString &tag) const;
     virtual void appendChildren(const QVector<CItemModel *> &children);
 
 protected:
     CItemModel(Kind kind, const QString &typeName, const CWidgetLibraryModel *library,
                IPropertyChangeObserver *observer);
 
-    virtual void takeAttributes(const ItemAttributes &attributes) = 0;
     /// An empty item of the same kind, to be filled by clone().
     virtual CItemModel *cloneEmpty() const = 0;
     /// Whether the kind itself has the property, so that it is never taken away.
     virtual bool isBuiltIn(const QString &name) const = 0;
 
-    void insertProperty(const CWidgetProperty &property); ///< without what follows from it
+    /// Takes the set and derives what follows from it in the given order.
     void takePropertySet(const PropertySet &properties, const QStringList &order);
-    /// Names of the given order that the item has, then all others sorted.
-    QVector<const CWidgetProperty *> orderedProperties(const QStringList &order) const;
-    /// For a change; null when the item has no such property.
-    CWidgetProperty *findProperty(const QString &name);
-    static bool isDerivedFrom(const QString &name); ///< whether applyProperty() does anything
 
 private:
     Q_DISABLE_COPY(CItemModel)
 
-    void setRoundSize(double size);
-    void storeDerivedSize(const QString &name, double size);
-    void writeBack(const QString &name, const QVariant &value, Notify notify);
-    bool keepsText(const CWidgetProperty &property) const;
-    void deriveWidth(); // of two corners
-    void deriveHeight();
+    friend class CItemDocument;
+    struct SParts;
+
+    static bool isDerivedFrom(const QString &name); ///< whether applyProperty() does anything
 
     const CWidgetLibraryModel *m_library;
-    PropertySet m_properties;
-    QVector<CWidgetProperty *> m_index; ///< m_properties by number; empty when out of date
     IPropertyChangeObserver *m_observer;
     QString m_idText;
     QByteArray m_idTextUtf8;
@@ -180,12 +164,11 @@ private:
     QByteArray m_typeNameUtf8;
     QString m_name;
     quint32 m_id = 0;
-    ItemGeometry m_geometry;
     const Kind m_kind;
     bool m_locked = false;
     bool m_grouped = false;
     bool m_moving = false;
-    bool m_loading = false; ///< texts of a document are being taken and kept as they are
+    const std::unique_ptr<SParts> m_parts;
 };
 
 Q_DECLARE_METATYPE(CItemModel *)

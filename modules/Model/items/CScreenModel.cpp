@@ -5,13 +5,6 @@
 #include "PropertyKey.h"
 
 namespace {
-const QStringList &builtInKeys()
-{
-    static const QStringList keys = {PropertyKey::Name, PropertyKey::Color,
-                                     PropertyKey::ScreenBitmapTimestamp};
-    return keys;
-}
-
 CWidgetProperty makeProperty(const QString &name, PropertyType type, const QString &text)
 {
     CWidgetProperty property(name, type);
@@ -49,21 +42,11 @@ void CScreenModel::saveToElement(QDomElement &element) const
     ItemXml::write(*this, element);
 }
 
-void CScreenModel::takeAttributes(const ItemAttributes &attributes)
+const QStringList &CScreenModel::builtInKeys()
 {
-    for (const ItemAttribute &attribute : attributes)
-        addProperty(makeProperty(attribute.name, PropertyType::String, attribute.text));
-}
-
-QVector<const CWidgetProperty *> CScreenModel::savedProperties() const
-{
-    QVector<const CWidgetProperty *> saved;
-    const QVector<const CWidgetProperty *> all = orderedProperties(builtInKeys());
-    for (const CWidgetProperty *each : all) {
-        if (!each->key().isEmpty() && !each->isInternal())
-            saved.append(each);
-    }
-    return saved;
+    static const QStringList keys = {PropertyKey::Name, PropertyKey::Color,
+                                     PropertyKey::ScreenBitmapTimestamp};
+    return keys;
 }
 
 /// What the project gives to all of its screens, with its text of today.

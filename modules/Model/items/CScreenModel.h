@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CItemModel.h"
+#include "CWidgetProperty.h"
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
 /// The emulator library is also given the project's working directory, against which the folders of
@@ -17,13 +18,12 @@ public:
 
     void loadFromElement(const QDomElement &element) override;
     void saveToElement(QDomElement &element) const override;
-    QVector<const CWidgetProperty *> savedProperties() const override;
+    static const QStringList &builtInKeys();
 
     int propertyCount() override;
     IModelProperty *property(int index) override;
 
 protected:
-    void takeAttributes(const ItemAttributes &attributes) override;
     CItemModel *cloneEmpty() const override;
     bool isBuiltIn(const QString &name) const override;
 

@@ -1,25 +1,16 @@
 #include "CWidgetGroupModel.h"
 
+#include "CWidgetProperty.h"
+#include "ItemGeometry.h"
 #include "ItemXml.h"
 #include "PropertyKey.h"
 
 #include <cmath>
 
 namespace {
-const QStringList &builtInKeys()
+CWidgetProperty makeProperty(const QString &name, PropertyType type, const QString &text)
 {
-    static const QStringList keys = {PropertyKey::Name, PropertyKey::X, PropertyKey::Y};
-    return keys;
-}
-
-bool isPosition(const QString &name)
-{
-    return name == PropertyKey::X || name == PropertyKey::Y;
-}
-
-CWidgetProperty makeProperty(const QString &name, const QString &text)
-{
-    CWidgetProperty property(name, isPosition(name) ? PropertyType::Int : PropertyType::String);
+    CWidgetProperty property(name, type);
     property.setValueFromText(text);
     return property;
 }
@@ -46,9 +37,10 @@ CWidgetGroupModel::CWidgetGroupModel(const CWidgetLibraryModel *library,
     : CItemModel(Kind::Group, TypeName::Group, library, observer)
 {
     setEditable(false);
-    addProperty(makeProperty(PropertyKey::Name, QStringLiteral("Widget Group")));
-    addProperty(makeProperty(PropertyKey::X, QStringLiteral("0")));
-    addProperty(makeProperty(PropertyKey::Y, QStringLiteral("0")));
+    addProperty(
+        makeProperty(PropertyKey::Name, PropertyType::String, QStringLiteral("Widget Group")));
+    addProperty(makeProperty(PropertyKey::X, PropertyType::Int, QStringLiteral("0")));
+    addProperty(makeProperty(PropertyKey::Y, PropertyType::Int, QStringLiteral("0")));
 }
 
 void CWidgetGroupModel::loadFromElement(const QDomElement &element)
@@ -61,15 +53,10 @@ void CWidgetGroupModel::saveToElement(QDomElement &element) const
     ItemXml::write(*this, element);
 }
 
-void CWidgetGroupModel::takeAttributes(const ItemAttributes &attributes)
+const QStringList &CWidgetGroupModel::builtInKeys()
 {
-    for (const ItemAttribute &attribute : attributes)
-        addProperty(makeProperty(attribute.name, attribute.text));
-}
-
-QVector<const CWidgetProperty *> CWidgetGroupModel::savedProperties() const
-{
-    return orderedProperties(builtInKeys());
+    static const QStringList keys = {PropertyKey::Name, PropertyKey::X, PropertyKey::Y};
+    return keys;
 }
 
 void CWidgetGroupModel::setProperty(const QString &name, const QVariant &value, Notify notify)

@@ -11,13 +11,12 @@ public:
 
     void loadFromElement(const QDomElement &element) override;
     void saveToElement(QDomElement &element) const override;
-    QVector<const CWidgetProperty *> savedProperties() const override;
+    static const QStringList &builtInKeys();
     void setProperty(const QString &name, const QVariant &value,
                      Notify notify = Notify::Yes) override;
     void appendChildren(const QVector<CItemModel *> &children) override;
 
 protected:
-    void takeAttributes(const ItemAttributes &attributes) override;
     CItemModel *cloneEmpty() const override;
     bool isBuiltIn(const QString &name) const override;
 };

@@ -13,16 +13,8 @@ public:
 
     void loadFromElement(const QDomElement &element) override;
     void saveToElement(QDomElement &element) const override;
-    QVector<const CWidgetProperty *> savedProperties() const override;
-    bool canHaveChildren() const override { return false; }
 
 protected:
-    void takeAttributes(const ItemAttributes &attributes) override;
     CItemModel *cloneEmpty() const override;
     bool isBuiltIn(const QString &name) const override;
-
-private:
-    const QString &keyOf(const QString &attribute) const;
-    int orderOf(const QString &name) const;
-    bool isSaved(const CWidgetProperty &property) const;
 };

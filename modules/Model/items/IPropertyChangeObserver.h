@@ -4,6 +4,7 @@
 #include <QVariant>
 
 class CItemModel;
+class CProjectModel;
 
 /// Is told by the items of a project what has changed in them.
 class IPropertyChangeObserver
@@ -12,6 +13,8 @@ public:
     virtual void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) = 0;
     /// Position, size or angle changed by a gesture.
     virtual void onGeometryChanged(CItemModel *item) = 0;
+    /// The project that the items belong to; null when it is none that observes them.
+    virtual CProjectModel *project() { return nullptr; }
 
 protected:
     ~IPropertyChangeObserver() = default;

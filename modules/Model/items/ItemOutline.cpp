@@ -1,6 +1,7 @@
 #include "ItemOutline.h"
 
 #include "CItemModel.h"
+#include "ItemGeometry.h"
 #include "PointList.h"
 #include "PropertyKey.h"
 

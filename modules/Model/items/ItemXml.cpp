@@ -1,8 +1,11 @@
 #include "ItemXml.h"
 
 #include "CGuardedReader.h"
+#include "CItemDocument.h"
 #include "CItemModel.h"
+#include "CWidgetProperty.h"
 #include "CXmlWriter.h"
+#include "ItemFactory.h"
 #include "SItemElement.h"
 #include "XmlText.h"
 
@@ -25,6 +28,10 @@ QString sharedName(const QStringRef &name)
     return kept;
 }
 
+CItemModel *makeChild(const CItemModel &parent, const QString &tag)
+{
+    return ItemFactory::make(tag, parent.library(), parent.observer());
+}
 } // namespace
 
 ItemAttributes ItemXml::attributesOf(const QDomElement &element)
@@ -51,13 +58,13 @@ ItemAttributes ItemXml::attributesOf(const CGuardedReader &reader)
 
 void ItemXml::read(CItemModel &item, const QDomElement &element)
 {
-    item.load(attributesOf(element));
-    if (!item.canHaveChildren())
+    CItemDocument::of(item).load(item, attributesOf(element));
+    if (!CItemDocument::of(item).canHaveChildren())
         return;
     QVector<CItemModel *> children;
     QDomElement child = element.firstChildElement();
     for (; !child.isNull(); child = child.nextSiblingElement()) {
-        children.append(item.makeChild(child.tagName()));
+        children.append(makeChild(item, child.tagName()));
         children.last()->loadFromElement(child);
     }
     item.appendChildren(children);
@@ -65,14 +72,14 @@ void ItemXml::read(CItemModel &item, const QDomElement &element)
 
 void ItemXml::read(CItemModel &item, CGuardedReader &reader)
 {
-    item.load(attributesOf(reader));
-    if (!item.canHaveChildren()) {
+    CItemDocument::of(item).load(item, attributesOf(reader));
+    if (!CItemDocument::of(item).canHaveChildren()) {
         reader.skipCurrentElement();
         return;
     }
     QVector<CItemModel *> children;
     while (reader.readNextStartElement()) {
-        children.append(item.makeChild(sharedName(reader.tag())));
+        children.append(makeChild(item, sharedName(reader.tag())));
         read(*children.last(), reader);
     }
     item.appendChildren(children);
@@ -88,13 +95,13 @@ SItemElement ItemXml::elementOf(CGuardedReader &reader)
 
 void ItemXml::read(CItemModel &item, const SItemElement &element)
 {
-    item.load(element.attributes);
-    if (!item.canHaveChildren())
+    CItemDocument::of(item).load(item, element.attributes);
+    if (!CItemDocument::of(item).canHaveChildren())
         return;
     QVector<CItemModel *> children;
     children.reserve(int(element.children.size()));
     for (const SItemElement &each : element.children) {
-        children.append(item.makeChild(each.tag));
+        children.append(makeChild(item, each.tag));
         read(*children.last(), each);
     }
     item.appendChildren(children);
@@ -102,10 +109,11 @@ void ItemXml::read(CItemModel &item, const SItemElement &element)
 
 void ItemXml::write(const CItemModel &item, QDomElement &element)
 {
-    const auto properties = item.savedProperties();
+    const auto properties = CItemDocument::of(item).saved(item);
     for (const CWidgetProperty *each : properties) {
         if (XmlText::isAttributeName(each->keyUtf8()))
-            element.setAttribute(each->key(), item.savedText(*each, FolderForm::Relative));
+            element.setAttribute(each->key(),
+                                 CItemDocument::savedText(item, *each, FolderForm::Relative));
     }
     for (int row = 0; row < item.rowCount(); ++row) {
         const CItemModel *child = item.childItem(row);
@@ -121,9 +129,9 @@ void ItemXml::write(const CItemModel &item, const QString &tag, FolderForm folde
                     CXmlWriter &writer)
 {
     writer.startElement(tag);
-    const auto properties = item.savedProperties();
+    const auto properties = CItemDocument::of(item).saved(item);
     for (const CWidgetProperty *each : properties)
-        writer.attribute(each->keyUtf8(), item.savedTextUtf8(*each, folders));
+        writer.attribute(each->keyUtf8(), CItemDocument::savedTextUtf8(item, *each, folders));
     for (int row = 0; row < item.rowCount(); ++row) {
         if (const CItemModel *child = item.childItem(row))
             write(*child, child->itemTypeName(), folders, writer);

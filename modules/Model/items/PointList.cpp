@@ -1,6 +1,7 @@
 #include "PointList.h"
 
 #include "CItemModel.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 #include <QStringList>

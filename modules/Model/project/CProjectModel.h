@@ -119,6 +119,7 @@ public:
 
     void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) override;
     void onGeometryChanged(CItemModel *item) override;
+    CProjectModel *project() override { return this; }
 
 Q_SIGNALS:
     void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);

@@ -1,7 +1,9 @@
 #include "CSavedSize.h"
 
 #include "CItemModel.h"
+#include "CWidgetProperty.h"
 #include "CXmlGuard.h"
+#include "PropertyKey.h"
 #include "XmlText.h"
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include "CWidgetGroupModel.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetModel.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 #include <QTest>

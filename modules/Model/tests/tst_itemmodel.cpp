@@ -1,4 +1,5 @@
 #include "CModelIterator.h"
+#include "ItemTree.h"
 #include "ModelTestSupport.h"
 
 #include <QSignalSpy>
@@ -276,6 +277,11 @@ private Q_SLOTS:
         QCOMPARE(names, QStringList({"f", group, "c", "d", group, "b", group, "a"}));
         iterator.next();
         QVERIFY(!iterator.current());
+
+        screen()->setProperty(PropertyKey::BaseName, "none"); // only widgets count
+        screen()->childItem(0)->setProperty(PropertyKey::BaseName, "sky");
+        QCOMPARE(countItems(*screen()).widgets, 5);
+        QCOMPARE(countItems(*screen()).bitmaps, 1);
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "ItemMove.h"
 
 #include "CItemModel.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 namespace {

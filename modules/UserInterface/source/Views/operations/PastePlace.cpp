@@ -1,7 +1,9 @@
 #include "PastePlace.h"
 
+#include "CItemDocument.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "ItemGeometry.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
 
@@ -28,7 +30,7 @@ void addLook(const CItemModel &item, const QPointF &origin, QByteArray &look)
     for (const double each : {from.x(), from.y(), to.x(), to.y()})
         look.append(' ').append(QByteArray::number(each));
     look.append('\n');
-    for (const CWidgetProperty *each : item.savedProperties()) {
+    for (const CWidgetProperty *each : CItemDocument::of(item).saved(item)) {
         if (!apart.contains(each->key()))
             look.append(each->keyUtf8()).append('=').append(each->textUtf8()).append('\n');
     }

@@ -7,6 +7,7 @@
 #include "CPropertyEditorFactory.h"
 #include "CPropertyManager.h"
 #include "CPropertyRows.h"
+#include "ItemGeometry.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
 #include "ShownProperties.h"

@@ -1,5 +1,6 @@
 #include "ShownProperties.h"
 
+#include "CItemDocument.h"
 #include "CItemModel.h"
 #include "CWidgetLibraryModel.h"
 #include "PropertyKey.h"
@@ -34,7 +35,7 @@ Properties ofWidget(const CItemModel &widget)
     if (library && library->contains(widget.itemTypeName()))
         return ofKeys(widget, library->propertyKeys(widget.itemTypeName()));
     Properties shown;
-    for (const CWidgetProperty *each : widget.savedProperties())
+    for (const CWidgetProperty *each : CItemDocument::of(widget).saved(widget))
         shown.append(*each);
     return shown;
 }

@@ -4,7 +4,9 @@
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
 #include "CWidgetLibraryManager.h"
+#include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 #include <QTest>

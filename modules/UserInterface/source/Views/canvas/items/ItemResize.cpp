@@ -1,6 +1,8 @@
 #include "ItemResize.h"
 
 #include "CItemModel.h"
+#include "CWidgetProperty.h"
+#include "ItemGeometry.h"
 #include "PropertyKey.h"
 
 namespace {

@@ -1,6 +1,7 @@
 // Hundreds of random gestures with real events, each from a state in which nothing is selected, on
 // items that are small, turned, locked, grouped and covered. What is under the pointer is worked
 // out here from the model; canvas, model and undo stack are held to it. KIV_SEED chooses others.
+#include "CItemDocument.h"
 #include "CanvasFixture.h"
 #include "CanvasRoles.h"
 #include "ItemOperations.h"
@@ -33,7 +34,7 @@ void take(const CItemModel &parent, Snapshot &snapshot)
     for (int row = 0; row < parent.rowCount(); ++row) {
         const CItemModel *item = parent.childItem(row);
         Facts &facts = snapshot[item];
-        for (const CWidgetProperty *each : item->savedProperties()) {
+        for (const CWidgetProperty *each : CItemDocument::of(*item).saved(*item)) {
             if (Places.contains(each->key()))
                 facts.places.insert(each->key(), each->text().toDouble());
             else

@@ -9,6 +9,7 @@
 #include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
 #include "ItemDrag.h"
+#include "ItemGeometry.h"
 #include "ItemNames.h"
 #include "ItemOperations.h"
 #include "ItemTree.h"

@@ -5,6 +5,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
+#include "ItemGeometry.h"
 #include "ItemMove.h"
 #include "ItemOperations.h"
 
