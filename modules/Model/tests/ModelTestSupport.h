@@ -5,6 +5,7 @@
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
 #include "CWidgetLibraryManager.h"
+#include "CWidgetLibraryModel.h"
 #include "CWidgetModel.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"

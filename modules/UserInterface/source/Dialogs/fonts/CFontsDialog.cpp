@@ -7,8 +7,8 @@
 #include "CFontPreview.h"
 #include "CItemModel.h"
 #include "CProblemLabel.h"
-#include "CScreenModel.h"
 #include "FontFiles.h"
+#include "ItemTree.h"
 #include "ShownText.h"
 
 #include <QDialogButtonBox>
@@ -30,23 +30,13 @@ constexpr int PreviewDelay = 120; // ms
 constexpr int ListWidth = 200;
 const QSize PreviewSize(460, 96);
 
-int countUsing(const CItemModel &item, int handle)
+bool usesFont(const CItemModel &item, int handle)
 {
-    int count = 0;
     const CItemModel::PropertySet &properties = item.properties();
-    for (const CWidgetProperty &each : properties) {
-        const bool isFont =
-            each.key().endsWith(QLatin1String("font")) && each.propertyType() == PropertyType::Int;
-        if (isFont && each.value().toInt() == handle) {
-            count = 1;
-            break;
-        }
-    }
-    for (int row = 0; row < item.rowCount(); ++row) {
-        if (const CItemModel *child = item.childItem(row))
-            count += countUsing(*child, handle);
-    }
-    return count;
+    return std::any_of(properties.begin(), properties.end(), [handle](const CWidgetProperty &each) {
+        return each.key().endsWith(QLatin1String("font")) &&
+               each.propertyType() == PropertyType::Int && each.value().toInt() == handle;
+    });
 }
 } // namespace
 
@@ -144,8 +134,10 @@ int CFontsDialog::current() const
 int CFontsDialog::itemsUsing(int handle) const
 {
     int count = 0;
-    for (int row = 0; m_project && row < m_project->screenCount(); ++row)
-        count += countUsing(*m_project->screen(row), handle);
+    if (m_project)
+        forEachItem(*m_project, [&count, handle](const CItemModel &each) {
+            count += usesFont(each, handle) ? 1 : 0;
+        });
     return count;
 }
 
