@@ -1,5 +1,7 @@
-// What is left of a project's images after a journey: its folder alone is copied to another place,
-// all else is out of reach, and the exporter draws what it finds there.
+// What is left of a project's images and fonts after a journey: its folder alone is copied to
+// another place, all else is out of reach, and the exporter draws what it finds there.
+#include "CCommandChangeFonts.h"
+#include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CCommandDeleteItem.h"
 #include "CImageChooser.h"
@@ -11,6 +13,7 @@
 #include "CScriptedUser.h"
 #include "CWidgetLibraryManager.h"
 #include "CWidgetModel.h"
+#include "FontFiles.h"
 #include "ItemOperations.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
@@ -105,6 +108,7 @@ void tst_ImageJourney::makeProject(Editor &editor, const QString &file, const QC
                     "height=\"100\"><Kiv_Screen_T name=\"Page\">"
                     "<Kiv_Bitmap_T name=\"a\" x_coordinate=\"0\" width=\"40\" height=\"32\"/>"
                     "<Kiv_Bitmap_T name=\"b\" x_coordinate=\"60\" width=\"40\" height=\"32\"/>"
+                    "<Kiv_Text_T name=\"t\" x_coordinate=\"0\" y_coordinate=\"50\" text=\"A a\"/>"
                     "</Kiv_Screen_T></Kiv_Project_T>");
     QVERIFY(editor.session.openFile(file));
     editor.project()->setProjectProperty(PropertyKey::ProjectName, QFileInfo(file).baseName());
@@ -148,6 +152,7 @@ void tst_ImageJourney::undoAfterSaveAs()
     Editor editor;
     makeProject(editor, at("a/demo.nyx"));
     CItemModel *const first = editor.item(0);
+    CItemModel *const text = editor.item(2);
     QVector<QImage> pictures;
     const auto note = [&] {
         QVERIFY(editor.session.save());
@@ -170,6 +175,17 @@ void tst_ImageJourney::undoAfterSaveAs()
     note();
     QVERIFY(editor.chooser.changeFormat(first, "L8"));
     note();
+    ProjectFontList fonts(1);
+    fonts[0].file = QStringLiteral(KIV_TEST_FONTS "/variable.woff2");
+    QCOMPARE(FontFiles::bringIn(*editor.project(), fonts), QString());
+    QVERIFY(QDir::isRelativePath(fonts[0].file));
+    editor.stack().beginMacro({});
+    editor.stack().push(new CCommandChangeFonts(editor.project(), fonts));
+    editor.stack().push(new CCommandChangeItemProperty(text, PropertyKey::Font, 0,
+                                                       text->propertyValue(PropertyKey::Font)));
+    editor.stack().endMacro();
+    note();
+    QVERIFY(pictures.last() != pictures.at(pictures.size() - 2));
 
     const int last = editor.stack().index();
     const QStringList before = files(at("a"));
