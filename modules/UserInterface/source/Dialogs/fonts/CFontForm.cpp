@@ -58,6 +58,8 @@ CFontForm::CFontForm(QWidget *parent)
     m_bits->addItem(tr("4 bit, 16 levels"), 4);
     m_bits->addItem(tr("2 bit, 4 levels"), 2);
     m_bits->addItem(tr("1 bit, none"), 1);
+    for (CElidedLabel *each : {m_file, m_licence})
+        each->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // long ones are cut
     m_embedding->setTextFormat(Qt::PlainText);
     m_embedding->setWordWrap(true);
     layOut();
