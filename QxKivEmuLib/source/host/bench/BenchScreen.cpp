@@ -1,5 +1,9 @@
 #include "BenchScreen.h"
 
+#include "RomFonts.h"
+
+#include <string>
+
 namespace {
 
 constexpr char Button[] = R"lua(
@@ -123,4 +127,21 @@ void fillBenchWidgets(CTestModel &model, int count)
     constexpr SKind Small[] = {Kinds[0], Kinds[2], Kinds[5]};
     for (int i = 0; i < count; ++i)
         addKind(model, Small[i % 3].type, Small[i % 3].commands, i);
+}
+
+void fillBenchTexts(CTestModel &model, bool isInOwnFont)
+{
+    constexpr int RomFont = 27;
+    constexpr int OwnFont = 3;
+    const std::string size = std::to_string(romfonts::emSize(RomFont));
+    model.screen().set("fonts", std::to_string(OwnFont) + "\tOwn\t" KIV_FONT_REGULAR "\t" + size +
+                                    "\t8\t\t\t");
+    for (int i = 0; i < 60; ++i) {
+        addKind(model, "Label_T", Label, i);
+        model.item(static_cast<size_t>(i))
+            .set("label", "Temperature of tank " + std::to_string(i))
+            .set("x_coordinate", 6 + i % 4 * 250)
+            .set("y_coordinate", 24 + i / 4 * 40)
+            .set("font", isInOwnFont ? OwnFont : RomFont);
+    }
 }

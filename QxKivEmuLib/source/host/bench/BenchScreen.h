@@ -10,3 +10,5 @@ extern const char *const BenchScript;
 void fillBenchScreen(CTestModel &model);
 /// `count` widgets of all kinds in turn.
 void fillBenchWidgets(CTestModel &model, int count);
+/// 60 labels with figures, in a font in ROM or in an own one of the same file and size.
+void fillBenchTexts(CTestModel &model, bool isInOwnFont);

@@ -1,5 +1,7 @@
 #include "BenchScreen.h"
+#include "executor/CExecutor.h"
 #include "host/lua/CLuaHost.h"
+#include "raster/CSurface.h"
 
 #include <benchmark/benchmark.h>
 
@@ -71,6 +73,31 @@ void walkAlone(benchmark::State &state)
     }
 }
 
+/// Whole frames, drawn too, in which a text has been moved: its own font or one in ROM.
+void texts(benchmark::State &state)
+{
+    CTestModel model;
+    fillBenchTexts(model, state.range(0) != 0);
+    kivemu::CLuaHost host(LargeChip);
+    host.loadText(BenchScript, "bench.lua");
+    kivemu::CExecutor executor;
+    kivemu::CSurface surface(1024, 768);
+    kivemu::CSnapshot snapshot;
+    int32_t frame = 0;
+    for (auto _ : state) {
+        model.item(0).set("x_coordinate", ++frame % 100);
+        CTestIterator iterator(model);
+        snapshot.take(&iterator);
+        const kivemu::SDrawing drawing = host.draw(snapshot, 1024, 768);
+        const auto errors =
+            executor.execute(drawing.words.data(), drawing.words.size(), host.memory(), surface);
+        if (!drawing.errors.isEmpty() || !errors.empty())
+            state.SkipWithError(drawing.errors.text().c_str());
+        state.counters["words"] = static_cast<double>(drawing.words.size());
+    }
+}
+
+BENCHMARK(texts)->ArgName("own")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 BENCHMARK(operatorScreen)->Unit(benchmark::kMicrosecond);
 BENCHMARK(operatorScreenDragged)->Unit(benchmark::kMicrosecond);
 BENCHMARK(widgets)->Arg(10)->Arg(100)->Arg(1000)->Arg(5000)->Unit(benchmark::kMicrosecond);
