@@ -252,9 +252,16 @@ void tst_PackageProof::theSingleExportsAreTheSame()
         QCOMPARE(differentPixels(frame.pixels, package.width, package.height, picture(screen)), 0);
 
         std::vector<uint32_t> packed = package.screens[i].list;
-        for (std::vector<uint32_t> *list : {&single, &packed})
+        for (std::vector<uint32_t> *list : {&single, &packed}) {
             kivemu::replaceAddresses(list->data(), list->size(),
                                      [](kivemu::EOpcode, uint32_t) { return 0U; });
+            // A font's glyphs have other numbers where all screens share its block.
+            kivemu::walkCommands(list->data(), list->size(),
+                                 [&](const kivemu::SCommand &command, size_t header) {
+                                     if (command.opcode == kivemu::EOpcode::Glyph)
+                                         (*list)[header] &= 0xFFFF0000U;
+                                 });
+        }
         QVERIFY(single == packed);
     }
     QVERIFY(words.empty());
@@ -421,6 +428,8 @@ void tst_PackageProof::memoryIsWhatTheReportSays()
         const QByteArray image = TestFiles::read(m_memories[exported().dirName()].value(i));
         QCOMPARE(image.size(), screens[i]["ram_g_bytes"].toInt());
         for (const QJsonValue place : screens[i]["ram_g_map"].toArray()) {
+            if (place["format"] == "FONT") // the package has the glyphs of all screens
+                continue;
             const auto asset =
                 std::find_if(assets.begin(), assets.end(), [&](const QJsonValue &each) {
                     return each["files"].toArray().contains(place["file"]);

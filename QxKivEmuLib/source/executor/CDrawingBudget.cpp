@@ -1,4 +1,5 @@
 #include "CDrawingBudget.h"
+
 namespace kivemu {
 
 namespace {

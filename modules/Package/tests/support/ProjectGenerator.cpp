@@ -45,14 +45,17 @@ private:
     }
     void addBitmap(uint32_t largest);
     void addMedia(uint32_t largest);
+    QString fonts();
     QString item(const QString &tagAndAttributes);
+    QString textInOwnFont();
     QString screen(int index);
 
     std::mt19937 m_random;
     const uint32_t m_seed;
     const QDir m_folder;
     const bool m_isLarge = m_seed % 2 == 0;
-    const uint32_t m_memory = m_isLarge ? 1024 * 1024 : 256 * 1024;
+    const bool m_hasFonts = m_seed % 4 == 1 || m_seed % 7 == 0;
+    const uint32_t m_memory = (m_isLarge ? 1024 * 1024 : 256 * 1024) - (m_hasFonts ? 64 * 1024 : 0);
     QList<SAsset> m_assets;
     int m_nextId = 1;
 };
@@ -135,6 +138,30 @@ void CGenerator::addMedia(uint32_t largest)
                      size});
 }
 
+/// Two fonts of one file.
+QString CGenerator::fonts()
+{
+    QFile::copy(QStringLiteral(KIV_FONT_REGULAR), m_folder.filePath(QStringLiteral("font.ttf")));
+    QString fonts;
+    for (const int handle : {3, 14})
+        fonts += QStringLiteral("<font handle=\"%1\" name=\"Own\" file=\"font.ttf\" size=\"%2\" "
+                                "bits=\"%3\" extra=\"%4\"/>")
+                     .arg(handle)
+                     .arg(between(16, 50) / 2.0)
+                     .arg(oneOf<int>({1, 2, 4, 8}))
+                     .arg(oneIn(2) ? QStringLiteral("0-9 . -") : QString());
+    return QStringLiteral("<fonts>%1</fonts>\n").arg(fonts);
+}
+
+QString CGenerator::textInOwnFont()
+{
+    const QStringList texts{"24.5 bar",    "AVATAR", "Größe", "Ελληνικά",
+                            "Привет, мир", "مرحبا",  "שלום"};
+    return item(QStringLiteral("Kiv_Text_T text=\"%1\" font=\"%2\"")
+                    .arg(oneOf<QString>(texts))
+                    .arg(oneIn(2) ? 3 : 14));
+}
+
 QString CGenerator::item(const QString &tagAndAttributes)
 {
     return QStringLiteral("<%1 name=\"Item %2\" id=\"%3\" x_coordinate=\"%4\" y_coordinate=\"%5\" "
@@ -170,6 +197,8 @@ QString CGenerator::screen(int index)
     }
     for (int i = between(0, 4); i > 0; --i)
         items.insert(between(0, items.size()), item(oneOf<QString>(plain)));
+    for (int i = m_hasFonts ? between(0, 5) : 0; i > 0; --i)
+        items.insert(between(0, items.size()), textInOwnFont());
     if (items.size() > 3 && oneIn(2)) {
         items[0].prepend("<Widget_Group_T name=\"Group\">");
         items[2].append("</Widget_Group_T>");
@@ -198,6 +227,8 @@ QString CGenerator::write()
     QString text = QStringLiteral("<Kiv_Project_T name=\"Generated\" working_directory=\".\" %1>\n")
                        .arg(m_isLarge ? "platform=\"QX112\" width=\"480\" height=\"272\""
                                       : "platform=\"QX100\" width=\"320\" height=\"240\"");
+    if (m_hasFonts)
+        text += fonts();
     for (int i = between(fits ? 1 : 2, 8); i > 0; --i)
         text += screen(i);
     const QString name = QStringLiteral("generated.nyx");
