@@ -9,9 +9,16 @@
 
 namespace {
 
+/// A project's folder may hold links to devices, and pipes, that nobody meant.
+bool isSystems(const QString &path)
+{
+    return path.startsWith(QLatin1String("/dev/")) ||
+           path.startsWith(QLatin1String("/proc/self/fd/"));
+}
+
 bool statusOf(const QString &path, struct stat &status)
 {
-    return !path.isEmpty() && stat(QFile::encodeName(path).constData(), &status) == 0;
+    return isSystems(path) && stat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
 } // namespace

@@ -3,8 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// Outputs that the caller names by the path of a pipe or a device, such as /dev/stdout, /dev/null
-/// or a FIFO: they are written into, whereas a file is replaced as a whole.
+/// Outputs that the caller names by a path of the system, such as /dev/stdout, /dev/null or the
+/// /dev/fd/63 of a shell: they are written into, whereas a file is replaced as a whole. Pipes and
+/// devices anywhere else are refused.
 namespace StreamFile {
 
 /// Also what this program's standard output is, by whatever name.

@@ -97,7 +97,9 @@ public:
     QString prepare(const QString &name, const QByteArray &bytes)
     {
         const QFileInfo target(m_folder.filePath(name));
-        if (target.exists() && !target.isFile())
+        const bool leadsToNoFile =
+            target.isSymLink() && !CFileWriter::whyNot(target.filePath()).isEmpty();
+        if (leadsToNoFile || (target.exists() && !target.isFile()))
             return text(QT_TRANSLATE_NOOP("PackageFiles", "%1 is not a regular file"))
                 .arg(target.filePath());
         if (isThere(target) && !copyEntry(target.filePath(), oldPath(name)))

@@ -32,6 +32,13 @@ QString translated(const QVariant &text)
     return QCoreApplication::translate("WidgetLibrary", text.toString().toUtf8().constData());
 }
 
+/// A translation may say where a word can be broken.
+QString shownName(const QVariant &name)
+{
+    const QString own = translated(name);
+    return own == name.toString() ? ShownText::name(own) : own;
+}
+
 bool isHeader(const QListWidgetItem *item)
 {
     return item->icon().isNull() && item->data(CWidgetSelectionView::TypeRole).isNull();
@@ -78,7 +85,7 @@ void CWidgetSelectionView::setToolbox(const CToolboxModel *toolbox,
 void CWidgetSelectionView::retranslate()
 {
     for (int row = 0; row < count(); ++row) {
-        item(row)->setText(ShownText::name(translated(item(row)->data(NameRole))));
+        item(row)->setText(shownName(item(row)->data(NameRole)));
         const QVariant tip = item(row)->data(TipRole);
         if (!tip.toString().isEmpty())
             item(row)->setToolTip(translated(tip));
