@@ -5,14 +5,22 @@
 #include "CPageOperations.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CWidgetLibraryManager.h"
+#include "CWidgetLibraryModel.h"
+#include "CWidgetModel.h"
 #include "IModelItem.h"
 #include "IModelProperty.h"
+#include "ItemGeometry.h"
 #include "ItemOperations.h"
+#include "ModelTestSupport.h"
 #include "ScreenDocuments.h"
 
+#include <QDomDocument>
 #include <QMimeData>
 #include <QTemporaryFile>
 #include <QUndoStack>
+
+#include <memory>
 
 namespace {
 
@@ -92,10 +100,60 @@ QByteArray wrongAfterTaking(CProjectModel &project, const QByteArray &before)
     return project.saveToBytes(&error) == after ? QByteArray() : "redoing gives another project";
 }
 
+/// Of a project's document: both ways to read and to write agree, and so does a copy.
+QByteArray wrongInProject(const QByteArray &document)
+{
+    CProjectModel project;
+    QString error;
+    if (!project.loadFromBytes(document, &error))
+        return project.screenCount() == 0 ? QByteArray() : "what was refused has left pages";
+    const QByteArray saved = project.saveToBytes(&error);
+    CProjectModel again;
+    if (!error.isEmpty() || !again.loadFromBytes(saved, &error))
+        return "what was read cannot be saved and read again: " + error.toUtf8();
+    CProjectModel fromDom;
+    QDomDocument written;
+    project.save(written);
+    if (!fromDom.load(written) || describe(fromDom) != describe(again) ||
+        fromDom.saveToBytes(&error) != saved || again.saveToBytes(&error) != saved)
+        return "what was saved is read back as something else";
+    for (int row = 0; row < project.screenCount(); ++row) {
+        const std::unique_ptr<CItemModel> copy(project.screen(row)->clone());
+        (void)ItemGeometry::frameOf(*copy);
+        if (describe(*copy) != describe(*project.screen(row)))
+            return "a copy is something else";
+    }
+    return {};
+}
+
+/// Of a widget library: what is accepted has kinds that can be used, saved and read back.
+QByteArray wrongInLibrary(const QByteArray &document)
+{
+    QTemporaryFile file;
+    CWidgetLibraryManager manager;
+    if (!file.open() || file.write(document) < 0 || !file.flush() ||
+        !manager.initialise(file.fileName(), {0x100, 0x113}))
+        return {};
+    const CWidgetLibraryModel *library = manager.libraryModel(0x113);
+    CProjectModel project;
+    project.newProject({});
+    const QStringList types = library->typeNames();
+    for (const QString &type : types)
+        project.screen(0)->appendRow(new CWidgetModel(type, library, &project));
+    QString error;
+    CProjectModel again;
+    again.loadFromBytes(project.saveToBytes(&error), &error);
+    return error.toUtf8();
+}
+
 } // namespace
 
 QByteArray checkDocument(const QByteArray &input)
 {
+    if (input.startsWith('D'))
+        return wrongInProject(input.mid(1));
+    if (input.startsWith('L'))
+        return wrongInLibrary(input.mid(1));
     CProjectModel project;
     QString error;
     if (input.isEmpty() || !project.loadFromBytes(Base, &error))
