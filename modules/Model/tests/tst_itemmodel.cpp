@@ -103,19 +103,6 @@ private Q_SLOTS:
         QCOMPARE(box->height(), 64.0);
     }
 
-    void observerIsTold()
-    {
-        CWidgetModel *box = add(newWidget(*m_project, "Test_Box_T"));
-        QSignalSpy changed(m_project.get(), &CProjectModel::propertyChanged);
-        box->setProperty(PropertyKey::X, 5);
-        QCOMPARE(changed.count(), 1);
-        box->setProperty(PropertyKey::X, 6, CItemModel::Notify::No);
-        box->setPropertyIfChanged(PropertyKey::X, "6");
-        QCOMPARE(changed.count(), 1);
-        box->setPropertyIfChanged(PropertyKey::X, 7);
-        QCOMPARE(changed.count(), 2);
-    }
-
     void missingPropertyComesAndGoes()
     {
         CWidgetModel *dot = add(newWidget(*m_project, "Test_Dot_T"));
@@ -126,16 +113,6 @@ private Q_SLOTS:
         QCOMPARE(describe(*dot), before);
         dot->setProperty(PropertyKey::Name, QVariant());
         QVERIFY(dot->hasProperty(PropertyKey::Name)); // the kind's own stay
-    }
-
-    void newScreensHaveUnusedNames()
-    {
-        QCOMPARE(screen()->text(), "Page 1");
-        m_project->appendRow(new CScreenModel(m_project.get()));
-        QCOMPARE(m_project->screen(1)->text(), "Page 2");
-        screen()->setProperty(PropertyKey::Name, "Start");
-        m_project->appendRow(new CScreenModel(m_project.get()));
-        QCOMPARE(m_project->screen(2)->text(), "Page 1");
     }
 
     void aLockIsAPropertyAndHoldsInAGroup()
@@ -152,44 +129,12 @@ private Q_SLOTS:
         }
         QVERIFY(inner->childItem(0)->isUnderLock() && !inner->childItem(0)->isLocked());
         QVERIFY(!dot->isUnderLock());
-        const double x = dot->x();
-        const QString lockedBox = describe(*inner);
-        group->setProperty(PropertyKey::X, group->x() + 5);
-        QCOMPARE(dot->x(), x + 5);
-        QCOMPARE(describe(*inner), lockedBox);
-        group->setProperty(PropertyKey::X, group->x() - 5);
         poly->setLocked(false);
         inner->setLocked(false);
         QVERIFY(poly->hasProperty(PropertyKey::Locked) && !inner->hasProperty(PropertyKey::Locked));
         QCOMPARE(describe(*group), before);
         screen()->setProperty(PropertyKey::Locked, 1); // by hand, in a file: nothing could undo it
         QVERIFY(!dot->isUnderLock());
-    }
-
-    void groupMovesItsMembers()
-    {
-        auto *box = newWidget(*m_project, "Test_Box_T");   // at (10, 20)
-        auto *line = newWidget(*m_project, "Test_Line_T"); // (10, 20) to (50, 40)
-        auto *inner = newGroup(*m_project, {line});
-        auto *group = newGroup(*m_project, {box, inner});
-        group->setProperty(PropertyKey::X, 100); // in no tree yet: the members stay
-        QCOMPARE(box->x(), 10.0);
-        group->setProperty(PropertyKey::X, 10);
-        add(group);
-
-        QSignalSpy spy(m_project.get(), &CProjectModel::propertyChanged);
-        const QString before = describe(*group);
-        group->setProperty(PropertyKey::X, 15);
-        group->setProperty(PropertyKey::Y, -7);
-        QCOMPARE(QPointF(box->x(), box->y()), QPointF(15, 13));
-        QCOMPARE(QPointF(inner->x(), inner->y()), QPointF(5, -7));
-        QCOMPARE(QRectF(QPointF(line->x(), line->y()), QPointF(line->x2(), line->y2())),
-                 QRectF(QPointF(15, 13), QPointF(55, 33)));
-        QCOMPARE(box->propertyValue(PropertyKey::X), QVariant(15));
-        QCOMPARE(spy.count(), 2 * 5); // an axis: group, box, inner group, the line's two ends
-        group->setProperty(PropertyKey::X, 10);
-        group->setProperty(PropertyKey::Y, 0);
-        QCOMPARE(describe(*group), before);
     }
 
     void boundsOfGroup()

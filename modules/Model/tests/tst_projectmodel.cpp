@@ -35,20 +35,6 @@ class tst_ProjectModel : public QObject
 private Q_SLOTS:
     void initTestCase() { loadTestLibrary(); }
 
-    void newProject()
-    {
-        CProjectModel project;
-        QCOMPARE(project.resolution(), QSize(480, 320));
-        QCOMPARE(project.screenCount(), 0);
-        project.newProject({{PropertyKey::ProjectName, "P"},
-                            {PropertyKey::Width, "800"},
-                            {PropertyKey::Height, "nonsense"}});
-        QCOMPARE(project.resolution(), QSize(800, 0));
-        project.undoStack()->push(new QUndoCommand);
-        project.newProject({});
-        QCOMPARE(project.undoStack()->count(), 0);
-    }
-
     void platformRelinksEveryItem()
     {
         CProjectModel project;
@@ -276,27 +262,6 @@ private Q_SLOTS:
         QVERIFY(!project.loadFromFile(folder.filePath("none.nyx"), &error));
         QVERIFY(error.contains("none.nyx"));
         QCOMPARE(describe(project), before);
-    }
-
-    void ids()
-    {
-        CProjectModel project;
-        project.newProject({});
-        QCOMPARE(project.unusedId(), 1u);
-        for (const int id : {1, 2, 5}) {
-            auto *box = newWidget(project, "Test_Box_T");
-            box->setProperty(PropertyKey::Id, id);
-            project.screen(0)->appendRow(
-                id == 2 ? static_cast<CItemModel *>(newGroup(project, {box})) : box);
-        }
-        QCOMPARE(project.unusedId(), 3u);
-        std::unique_ptr<CItemModel> copy(project.screen(0)->clone());
-        project.assignFreshIds(copy.get());
-        QCOMPARE(copy->childItem(0)->id(), 3u);
-        QCOMPARE(copy->childItem(1)->childItem(0)->id(), 4u);
-        QCOMPARE(copy->childItem(2)->id(), 6u);
-        QVERIFY(!copy->childItem(1)->hasProperty(PropertyKey::Id));
-        QCOMPARE(project.screen(0)->childItem(2)->id(), 5u);
     }
 };
 

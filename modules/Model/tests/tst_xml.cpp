@@ -124,9 +124,7 @@ private Q_SLOTS:
                 elements += isElement;
             }
         }
-        QVERIFY2(attributes > 100000, qPrintable(QString::number(attributes)));
-        QVERIFY2(elements > 60000,
-                 qPrintable(QString::number(elements))); // the letters of the world
+        QVERIFY(attributes > 100000 && elements > 60000); // the letters of the world
         for (const char *bad :
              {"", ":", "a:", "a:b:c", "1a", "-a", ".a", "a b", "a=", "a<", "a\"", "a&b", "a b='1'"})
             QVERIFY2(!XmlText::isAttributeName(bad) && !XmlText::isElementName(bad), bad);
