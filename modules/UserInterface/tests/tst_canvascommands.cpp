@@ -423,13 +423,9 @@ private Q_SLOTS:
     {
         trigger(CMenuBar::NewPage);
         QCOMPARE(m_window->project()->screenCount(), 3);
-        QCOMPARE(m_screens->count(), 2);
         m_window->project()->undoStack()->setClean();
-        const QAction *save = m_window->actions()->action(CMenuBar::SaveProject);
-        QVERIFY(save->isEnabled());
         QVERIFY(m_window->closeProject());
-        QCOMPARE(m_screens->count(), 0);
-        QVERIFY(!save->isEnabled());
+        QVERIFY(!m_window->actions()->action(CMenuBar::SaveProject)->isEnabled());
         for (const auto id :
              {CMenuBar::NewPage, CMenuBar::Paste, CMenuBar::SelectAll, CMenuBar::PageToDL,
               CMenuBar::PageToBinary, CMenuBar::ProjectToDL, CMenuBar::Delete, CMenuBar::Group,

@@ -25,7 +25,6 @@
 #include <QtWidgets>
 
 #include <memory>
-#include <sys/stat.h>
 
 namespace {
 const QByteArray foreignLock = "999999\nprogram\nanother-host.example\n\n\n";
@@ -133,44 +132,12 @@ private Q_SLOTS:
         QCOMPARE(actions[0]->text(), "salt && pepper.nyx");
     }
 
-    /// What is there instead of a picture neither keeps the program waiting nor hides the example.
-    void startPageWithoutPictures()
-    {
-        const QTemporaryDir folder;
-        for (const char *name : {"pipe", "picture", "other"}) {
-            QVERIFY(QDir(folder.path()).mkdir(name));
-            QFile project(folder.filePath(QStringLiteral("%1/%1.nyx").arg(name)));
-            QVERIFY(project.open(QIODevice::WriteOnly));
-        }
-        QCOMPARE(mkfifo(qPrintable(folder.filePath("pipe/preview.png")), 0600), 0);
-        QVERIFY(QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("picture/preview.png")));
-        QVERIFY(
-            QImage(20, 10, QImage::Format_RGB32).save(folder.filePath("other/preview.png"), "bmp"));
-        QWidget window;
-        const CStartPage page(folder.path(), &window);
-        const auto *label = page.findChild<QLabel *>();
-        QVERIFY(!label->text().contains("example:")); // read in the background
-        QTRY_VERIFY(label->text().contains("example:"));
-        const QString text = label->text();
-        QCOMPARE(text.count("<img"), 1);
-        QCOMPARE(text.count("<img src=\"data:"), 1);
-        QCOMPARE(text.count("example:"), 3);
-    }
     void startPageLeadsToAProject()
     {
         auto *page = m_window->findChild<CStartPage *>();
         QVERIFY(page && !page->isHidden());
         m_window->recentProjects()->add(QFileInfo(m_project));
         auto *label = page->findChild<QLabel *>();
-        for (int number = 0; number < 9; ++number)
-            m_window->recentProjects()->add(QFileInfo(QStringLiteral("/%1.nyx").arg(number)));
-        for (const QSize size : {QSize(1400, 900), QSize(700, 400)}) { // all of it is in reach
-            m_window->resize(size);
-            m_window->show();
-            QCoreApplication::processEvents();
-            QVERIFY(label->width() >= label->minimumSizeHint().width());
-            QVERIFY(label->height() >= label->heightForWidth(label->width()));
-        }
         QVERIFY(label->text().contains(QStringLiteral("project:") + m_project));
         QSignalSpy loaded(m_window.get(), &CMainWindow::projectLoaded);
         Q_EMIT label->linkActivated(QStringLiteral("project:") + m_project);
@@ -258,17 +225,6 @@ private Q_SLOTS:
         m_window->show(); // the box comes after it, to lie above it
         QVERIFY(!errors->isVisible());
         QTRY_VERIFY(errors->isVisible());
-    }
-
-    void missingDataFiles()
-    {
-        m_window.reset();
-        QVERIFY(QFile::remove(m_folder->path("widget-library.xml")));
-        QVERIFY(QFile::remove(m_folder->path("kiv_render.lua")));
-        m_window = std::make_unique<CMainWindow>(m_project);
-        QVERIFY(m_window->project()); // goes on without them
-        QVERIFY(m_window->findChild<QErrorMessage *>()->isVisible());
-        QCOMPARE(outputText(*m_window).count("Could not initialise"), 2);
     }
 
     void settingsAreKept()

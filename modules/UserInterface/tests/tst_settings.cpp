@@ -1,4 +1,5 @@
 #include "CSettings.h"
+#include "ProgramFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -91,13 +92,13 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, line);
         QFETCH(Check, isSane);
-        writeFile("[General]\n" + line + "\nscreenshotDir=/kept\n");
+        writeFile(m_file, "[General]\n" + line + "\nscreenshotDir=/kept\n");
         const CSettings settings(m_folder->path());
         const SSettings values = settings.read();
         QVERIFY(isSane(values));
         QCOMPARE(values.screenshotDir, QStringLiteral("/kept"));
         QVERIFY(settings.write(values)); // what it does not know stays
-        QVERIFY(!line.startsWith("whatever") || readFile().contains('\n' + line + '\n'));
+        QVERIFY(!line.startsWith("whatever") || readFile(m_file).contains('\n' + line + '\n'));
     }
 
     /// What reaches Qt's own reader of layouts is what Qt has written.
@@ -107,16 +108,16 @@ private Q_SLOTS:
         SSettings values;
         values.windowState = QByteArray("\0\0\0\xff\0state, \"of\" windows;", 26);
         QVERIFY(settings.write(values));
-        const QByteArray whole = readFile();
+        const QByteArray whole = readFile(m_file);
         const int begin = whole.indexOf("windowState=") + 12;
         for (int at = begin; whole.at(at) != '\n'; ++at) {
             QByteArray changed = whole;
             changed[at] = char(changed.at(at) + 1);
-            writeFile(changed);
+            writeFile(m_file, changed);
             const QByteArray read = settings.read().windowState;
             QVERIFY2(read.isEmpty() || read == values.windowState, qPrintable(changed));
         }
-        writeFile(whole);
+        writeFile(m_file, whole);
         QCOMPARE(settings.read().windowState, values.windowState);
     }
 
@@ -124,7 +125,7 @@ private Q_SLOTS:
     {
         const CSettings settings(m_folder->path());
         for (const char *name : {"config.ini.broken", "config.ini.broken (1)"}) {
-            writeFile(QByteArray("no settings\n\0\xff=[", 16));
+            writeFile(m_file, QByteArray("no settings\n\0\xff=[", 16));
             QString told;
             QCOMPARE(settings.read(&told).zoomPercent, 100);
             QCOMPARE(told, m_folder->filePath(QString::fromLatin1(name)));
@@ -147,17 +148,6 @@ private Q_SLOTS:
     }
 
 private:
-    QByteArray readFile() const
-    {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void writeFile(const QByteArray &bytes) const
-    {
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 };

@@ -185,14 +185,11 @@ private Q_SLOTS:
         touch(root.filePath("file"));
         CConfigurationDialog dialog(m_platforms, root.path());
         dialog.show();
-        const QSize size = dialog.size();
         field<QLineEdit>(dialog, "projectName")->setText(name);
         field<QLineEdit>(dialog, "workingDirectory")->setText(root.path() + folder);
         QCOMPARE(!field<QLabel>(dialog, "nameProblem")->text().isEmpty(), nameIsWrong);
         QCOMPARE(!field<QLabel>(dialog, "folderProblem")->text().isEmpty(), folderIsWrong);
         QCOMPARE(okButton(dialog)->isEnabled(), !nameIsWrong && !folderIsWrong);
-        QCoreApplication::processEvents();
-        QCOMPARE(dialog.size(), size); // nothing moves while typing
         dialog.accept();
         QCOMPARE(dialog.isVisible(), nameIsWrong || folderIsWrong);
     }
@@ -285,13 +282,6 @@ private Q_SLOTS:
         field<QSpinBox>(dialog, "autosaveInterval")->setValue(20);
         dialog.accept();
         QCOMPARE(changed.count(), 1);
-        {
-            CProjectModel project;
-            makeNew(&project, "480", "272");
-            dialog.fill(&project, 20);
-        }
-        dialog.accept(); // the project has been closed meanwhile
-        QCOMPARE(changed.count(), 1);
     }
 
     void languagesOfTheFolder()
@@ -323,12 +313,6 @@ private Q_SLOTS:
         pictures[2].second = QPixmap(); // never rendered
         const auto source = [&pictures] { return pictures; };
         touch(folder.filePath("Page 1.png"));
-
-        CPrintScreenDialog none(source, folder.path());
-        QSignalSpy told(&none, &CPrintScreenDialog::message);
-        field<QPushButton>(none, "save")->click();
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"Page 1.png"});
-        QCOMPARE(told.count(), 1);
 
         CPrintScreenDialog dialog(source, folder.path());
         auto *screens = field<QListWidget>(dialog, "screens");

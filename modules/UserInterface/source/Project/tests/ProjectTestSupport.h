@@ -1,13 +1,12 @@
 #pragma once
 
-#include "CItemModel.h"
+#include "CCommandChangeItemProperty.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 
 #include <QDir>
 #include <QFile>
 #include <QStringList>
-#include <QUndoCommand>
 #include <QUndoStack>
 
 /// Small helpers of the tests of this folder.
@@ -55,25 +54,11 @@ inline QString largeText()
 }
 
 /// One undoable change of the first screen's colour.
-class CChangeColour final : public QUndoCommand
-{
-public:
-    CChangeColour(CProjectModel *project, const QString &colour)
-        : m_screen(project->screen(0)), m_new(colour), m_old(m_screen->propertyText(key()))
-    {
-    }
-    void redo() override { m_screen->setProperty(key(), m_new); }
-    void undo() override { m_screen->setProperty(key(), m_old); }
-
-private:
-    static QString key() { return QStringLiteral("color"); }
-    CScreenModel *const m_screen;
-    const QString m_new;
-    const QString m_old;
-};
-
 inline void change(CProjectModel *project, const QString &colour = QStringLiteral("#112233"))
 {
-    project->undoStack()->push(new CChangeColour(project, colour));
+    const QString key = QStringLiteral("color");
+    CScreenModel *screen = project->screen(0);
+    project->undoStack()->push(
+        new CCommandChangeItemProperty(screen, key, colour, screen->propertyValue(key)));
 }
 } // namespace ProjectTestSupport

@@ -33,16 +33,9 @@ void waitForLine()
 
 const char *nameOf(CProjectLock::EResult result)
 {
-    switch (result) {
-    case CProjectLock::EResult::Taken:
-        return "taken";
-    case CProjectLock::EResult::HeldElsewhere:
-        return "held";
-    case CProjectLock::EResult::Unavailable:
-    case CProjectLock::EResult::NotAFile:
-        break;
-    }
-    return "unavailable";
+    return result == CProjectLock::EResult::Taken           ? "taken"
+           : result == CProjectLock::EResult::HeldElsewhere ? "held"
+                                                            : "unavailable";
 }
 
 int holdLock(const QString &file, bool takeOver)

@@ -88,17 +88,17 @@ private Q_SLOTS:
         QCOMPARE(filesIn(m_folder->path()), QStringList());
     }
 
+    /// Never taken without a question, however old; taken after it.
     void foreignLocks_data()
     {
+        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid()) + '\n' +
+                               QCoreApplication::applicationName().toUtf8();
         QTest::addColumn<QByteArray>("content");
-        const QByteArray own = QByteArray::number(QCoreApplication::applicationPid());
         QTest::newRow("garbage") << QByteArray("\0\xff not a lock\n", 13);
         QTest::newRow("other host, dead there or not") << foreignLock;
-        QTest::newRow("the own process id")
-            << own + "\n" + QCoreApplication::applicationName().toUtf8() + "\n\n\n\n";
+        QTest::newRow("the own process id") << own + "\n\n\n\n";
     }
 
-    /// Never taken without a question, however old; taken after it.
     void foreignLocks()
     {
         QFETCH(QByteArray, content);

@@ -1,6 +1,5 @@
 #include "CAutosaver.h"
 #include "CCommandChangeItemProperty.h"
-#include "CCommandDeleteItem.h"
 #include "CProjectLock.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
@@ -154,8 +153,6 @@ private Q_SLOTS:
 
     void newProjectIsUnsavedAndSaysSo()
     {
-        m_session->newProject(); // cancelled
-        QVERIFY(!m_session->project());
         m_user->newOptions = newOptions(m_folder->path());
         m_session->setProgramVersion("2.06");
         m_session->newProject();
@@ -247,13 +244,10 @@ private Q_SLOTS:
         QVERIFY(m_session->openFile(m_file));
         CProjectModel *project = m_session->project();
         CScreenModel *screen = project->screen(0);
-        // Undoing brings back an item that was away, and a value of the old folder.
-        project->undoStack()->push(new CCommandDeleteItem({screen->childItem(2)}));
         CItemModel *sky = screen->childItem(0);
         project->undoStack()->push(
             new CCommandChangeItemProperty(sky, PropertyKey::BitmapFolder, "older_ConvertedImages",
                                            sky->propertyValue(PropertyKey::BitmapFolder)));
-
         const QStringList before = allFiles();
         m_user->savePath = at("missing/Second.nyx");
         QVERIFY(writeFile(at("missing"), "in the way"));
@@ -273,8 +267,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(at(".demo.nyx.lock")));
         QVERIFY(QFile::exists(at("target/.Second:1.v2.nyx.lock")));
         QCOMPARE(m_recent->paths(), QStringList({m_file, at("target/Second:1.v2.nyx")}));
-        project->undoStack()->undo();
-        project->undoStack()->undo();
+        project->undoStack()->undo(); // brings back a value of the old folder
         const auto read = [&](int row, const QString &key, const QString &file) {
             const QString place = screen->childItem(row)->propertyText(key);
             return readFile(at("target/") + place + file);
@@ -333,18 +326,8 @@ private Q_SLOTS:
         QCOMPARE(readFile(at(".demo.nyx.lock")), foreignLock);
     }
 
-    void fileChangedByOthers_data()
-    {
-        QTest::addColumn<int>("answer");
-        QTest::newRow("cancel") << int(EOverwrite::Cancel);
-        QTest::newRow("overwrite") << int(EOverwrite::Overwrite);
-        QTest::newRow("save as") << int(EOverwrite::SaveAs);
-    }
-
     void fileChangedByOthers()
     {
-        QFETCH(int, answer);
-        const auto chosen = EOverwrite(answer);
         QVERIFY(m_session->openFile(m_file));
         QVERIFY(writeFile(m_file, readFile(m_file))); // touched only
         change(m_session->project());
@@ -352,20 +335,23 @@ private Q_SLOTS:
         QCOMPARE(m_user->asked, QStringList());
 
         const QByteArray theirs = document("theirs");
-        QVERIFY(writeFile(m_file, theirs));
-        change(m_session->project(), "#445566");
-        QCOMPARE(m_session->autosave(), EAutosave::Failed);
-        QCOMPARE(readFile(m_file), theirs);
-        m_user->overwriteAnswer = chosen;
         m_user->savePath = at("mine.nyx");
-        QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel);
-        QCOMPARE(m_user->asked.value(0), "overwrite");
-        QCOMPARE(readFile(m_file) == theirs, chosen != EOverwrite::Overwrite);
-        QCOMPARE(QFile::exists(at("mine.nyx")), chosen == EOverwrite::SaveAs);
-        m_user->asked.clear();
-        change(m_session->project(), "#778899");
-        QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel); // asked about once
-        QCOMPARE(m_user->asked.isEmpty(), chosen != EOverwrite::Cancel);
+        for (const auto chosen : {EOverwrite::Cancel, EOverwrite::Overwrite, EOverwrite::SaveAs}) {
+            QVERIFY(writeFile(m_file, theirs));
+            change(m_session->project(), "#445566");
+            QCOMPARE(m_session->autosave(), EAutosave::Failed);
+            QCOMPARE(readFile(m_file), theirs);
+            m_user->asked.clear();
+            m_user->overwriteAnswer = chosen;
+            QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel);
+            QCOMPARE(m_user->asked.value(0), "overwrite");
+            QCOMPARE(readFile(m_file) == theirs, chosen != EOverwrite::Overwrite);
+            QCOMPARE(QFile::exists(at("mine.nyx")), chosen == EOverwrite::SaveAs);
+            m_user->asked.clear();
+            change(m_session->project(), "#778899");
+            QCOMPARE(m_session->save(), chosen != EOverwrite::Cancel); // asked about once
+            QCOMPARE(m_user->asked.isEmpty(), chosen != EOverwrite::Cancel);
+        }
     }
 
     void autosaveKeepsWhatTheUserSaved()

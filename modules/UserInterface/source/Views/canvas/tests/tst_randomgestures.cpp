@@ -256,15 +256,9 @@ bool tst_RandomGestures::gesture(Canvas &canvas)
     }
     const QVector<CItemModel *> expected =
         pressed ? QVector<CItemModel *>{pressed} : QVector<CItemModel *>();
-    m_log << QString("%1 at %2 %, snap %3, from %4, %5 by %6, %7 pixels, meets row %8")
-                 .arg(KindNames[kind])
-                 .arg(canvas.view->zoomPercent())
-                 .arg(int(snaps))
-                 .arg(from.x())
-                 .arg(from.y())
-                 .arg(pixels.x())
-                 .arg(pixels.y())
-                 .arg(pressed ? pressed->row() : -1);
+    m_log << QString::asprintf("%s at %d %%, snap %d, from %g, %g, %d by %d pixels, meets row %d",
+                               KindNames[kind], canvas.view->zoomPercent(), int(snaps), from.x(),
+                               from.y(), pixels.x(), pixels.y(), pressed ? pressed->row() : -1);
 
     bool onHandle = false;
     if (kind == SecondPress || kind == HandleDrag) {

@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
-#include <QInputDialog>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
@@ -12,25 +11,6 @@
 #include <QTimer>
 
 #include <functional>
-
-namespace {
-
-/// Answers the next modal dialog of type D.
-template<class D>
-void answerDialog(QWidget *parent, const std::function<void(D &)> &answer)
-{
-    auto *timer = new QTimer(parent);
-    QObject::connect(timer, &QTimer::timeout, parent, [timer, answer] {
-        if (auto *dialog = qobject_cast<D *>(QApplication::activeModalWidget())) {
-            timer->deleteLater();
-            timer->stop();
-            answer(*dialog);
-        }
-    });
-    timer->start(1);
-}
-
-} // namespace
 
 class tst_ZoomGridControls : public QObject
 {
@@ -92,15 +72,15 @@ private Q_SLOTS:
     {
         CGridComboWidget widget;
         QSignalSpy spy(&widget, &CGridComboWidget::gridChanged);
-        answerDialog<QColorDialog>(&widget, [](QColorDialog &dialog) { dialog.reject(); });
-        widget.chooseColor();
-        QCOMPARE(spy.count(), 0);
-        answerDialog<QColorDialog>(&widget, [](QColorDialog &dialog) {
-            dialog.setCurrentColor(Qt::cyan);
-            dialog.accept();
-        });
-        widget.chooseColor();
-        QCOMPARE(spy.count(), 1);
+        for (const bool accepted : {false, true}) {
+            QTimer::singleShot(0, this, [accepted] {
+                auto *dialog = qobject_cast<QColorDialog *>(QApplication::activeModalWidget());
+                dialog->setCurrentColor(Qt::cyan);
+                accepted ? dialog->accept() : dialog->reject();
+            });
+            widget.chooseColor();
+            QCOMPARE(spy.count(), int(accepted));
+        }
         QCOMPARE(widget.gridColor(), QColor(Qt::cyan));
     }
 };
