@@ -74,7 +74,6 @@ private Q_SLOTS:
         m_display.key("ctrl+s");
         COMPARE_SOON(editor.saved("Kiv_Rectangle_T", turned), QString("300 160 80 60 0"));
         COMPARE_SOON(editor.saved("Kiv_Button_T", geometry), QString("150 90 120 40"));
-        QCOMPARE(editor.savedCount("Kiv_Button_T"), 1);
         QCOMPARE(editor.saved("Kiv_Button_T", {"name", "id"}), QString("Button 2"));
         editor.picture("undone.png");
         editor.quit();
@@ -102,9 +101,6 @@ private Q_SLOTS:
         COMPARE_SOON(to.saved("Kiv_Rectangle_T", turned), QString("200 100 80 60 30"));
         QCOMPARE(to.saved("Kiv_Button_T", geometry + QStringList("text")),
                  QString("30 40 90 50 Halt"));
-        QStringList ids = {to.saved("Kiv_Button_T", {"id"}), to.saved("Kiv_Rectangle_T", {"id"}),
-                           to.saved("Kiv_Gauge_T", {"id"})};
-        QCOMPARE(ids.removeDuplicates(), 0);
         to.picture("widgets-pasted.png");
 
         const QString widgetFormats = from.ask("clipboard");
