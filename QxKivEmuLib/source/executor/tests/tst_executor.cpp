@@ -1,4 +1,4 @@
-#include "displaylist/CDisplayListWriter.h"
+#include "displaylist/CommandTable.h"
 #include "displaylist/DisplayListText.h"
 #include "executor/BitmapFormats.h"
 #include "executor/CBitmapCache.h"
@@ -8,8 +8,6 @@
 #include "raster/CSurface.h"
 #include "support/ExampleLists.h"
 #include "support/Replay.h"
-
-#include "RomFonts.h"
 
 #include <gtest/gtest.h>
 
@@ -43,11 +41,6 @@ std::vector<uint32_t> frameOf(const std::string &text, const CRamG &memory = NoM
 uint32_t pixel(const std::vector<uint32_t> &frame, int x, int y)
 {
     return frame[static_cast<size_t>(y * Width + x)];
-}
-
-std::vector<uint32_t> frameOf(const CDisplayListWriter &writer, const CRamG &memory = NoMemory)
-{
-    return frameOf(disassemble(writer.words().data(), writer.words().size()), memory);
 }
 
 /// Each channel within `distance`.
@@ -153,34 +146,6 @@ TEST(Executor, saveAndRestoreCoverTheWholeState)
     EXPECT_EQ(frameOf(set + "SAVE();SAVE();" + change + "RESTORE();SAVE();" + change +
                       "RESTORE();RESTORE();" + draw),
               frameOf(set + draw));
-}
-
-TEST(Executor, charactersFollowTheAdvanceInSixteenths)
-{
-    const int font = 26;
-    const auto advance = [](char c) {
-        return romfonts::glyph(26, static_cast<uint8_t>(c))->advance16;
-    };
-    for (const Sub16 start : {0, 5, 8, 15, 100}) {
-        CDisplayListWriter run(32768);
-        run.text(font, {start, 320}, "WiTA");
-        run.finish();
-        CDisplayListWriter single(32768);
-        Sub16 pen = start;
-        for (const char c : {'W', 'i', 'T', 'A'}) {
-            single.text(font, {pen, 320}, std::string_view(&c, 1));
-            pen += advance(c);
-        }
-        single.finish();
-        EXPECT_EQ(frameOf(run), frameOf(single)) << start;
-        EXPECT_NE(frameOf(run), frameOf("END();"));
-    }
-}
-
-TEST(Executor, zeroCharactersAreNone)
-{
-    EXPECT_EQ(frameOf("TEXT(160, 320, 28);CHARS(\"a\\x00b\");CHARS(\"\");CHARS(\"c\");END();"),
-              frameOf("TEXT(160, 320, 28);CHARS(\"abc\");END();"));
 }
 
 TEST(Executor, eachBitmapRegisterChangesTheNextBitmap)

@@ -1,4 +1,4 @@
-// Glyphs of fonts in RAM_G, against frames that are put together pixel by pixel.
+// Glyphs of fonts in RAM_G and in ROM, against frames that are put together pixel by pixel.
 #include "displaylist/CDisplayListWriter.h"
 #include "displaylist/DisplayListText.h"
 #include "displaylist/FontBlock.h"
@@ -7,6 +7,8 @@
 #include "executor/CRamG.h"
 #include "raster/CRasterizer.h"
 #include "support/Replay.h"
+
+#include "RomFonts.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +46,19 @@ struct SFont
         }
         for (size_t i = 0; i < glyphs.size(); ++i)
             glyphs[i].mask = masks[i].data();
+    }
+
+    /// The glyphs of a font in ROM.
+    SFont(int romFont, const std::string &characters) : bits(8)
+    {
+        for (const char c : characters) {
+            const romfonts::SGlyph &rom = *romfonts::glyph(romFont, static_cast<uint8_t>(c));
+            glyphs.push_back({rom.width, rom.height, rom.left, rom.top, rom.advance16});
+            coverage.emplace_back();
+            for (int y = 0; y < rom.height; ++y)
+                coverage.back().insert(coverage.back().end(), rom.coverage + y * rom.stride,
+                                       rom.coverage + y * rom.stride + rom.width);
+        }
     }
 
     CRamG inMemory() const
@@ -89,9 +104,9 @@ TEST(ExecutorGlyphs, masksLieAtEveryPenAndAreCutByTheScissor)
         if (!CRasterizer::hasKernels(kernels))
             continue;
         CExecutor executor(kernels);
-        for (const int bits : {1, 2, 4, 8}) {
-            const SFont font(bits, metrics);
-            const CRamG memory = font.inMemory();
+        for (const int bits : {0, 1, 2, 4, 8}) { // 0: a font in ROM
+            const SFont font = bits == 0 ? SFont(26, "WjTA") : SFont(bits, metrics);
+            const CRamG memory = bits == 0 ? CRamG(0) : font.inMemory();
             for (int step = 0; step < 48; ++step) {
                 const SPoint pen{(step % 16) - (step < 16 ? 80 : -160), 20 * 16 + step % 17};
                 const SClip &clip = clips[step % 3];
@@ -99,8 +114,8 @@ TEST(ExecutorGlyphs, masksLieAtEveryPenAndAreCutByTheScissor)
                 std::vector<uint32_t> expected(Width * Height, grey(0));
                 SPoint at = pen;
                 std::string run;
-                for (size_t i = 0; i < metrics.size(); ++i) {
-                    const int shift = step * 5 - 120;
+                for (size_t i = 0; i < font.glyphs.size(); ++i) {
+                    const int shift = bits == 0 ? 0 : step * 5 - 120;
                     run += "GLYPH(" + std::to_string(i) + ", " + std::to_string(shift) + ");";
                     for (int y = std::max(0, clip.top); y < std::min(Height, clip.bottom); ++y)
                         for (int x = std::max(0, clip.left); x < std::min(Width, clip.right); ++x) {
@@ -110,14 +125,17 @@ TEST(ExecutorGlyphs, masksLieAtEveryPenAndAreCutByTheScissor)
                             const int below = static_cast<int>(pixel & 0xFF);
                             pixel = grey(below + ((255 - below) * share + 127) / 255);
                         }
-                    at.x += metrics[i].advance16 + shift;
+                    at.x += font.glyphs[i].advance16 + shift;
                 }
+                const std::string place =
+                    "TEXT(" + std::to_string(pen.x) + ", " + std::to_string(pen.y);
                 const auto words =
                     wordsOf("ALPHA(" + std::to_string(alpha) + ");SCISSOR(" +
                             std::to_string(clip.left) + ", " + std::to_string(clip.top) + ", " +
                             std::to_string(clip.right - clip.left) + ", " +
-                            std::to_string(clip.bottom - clip.top) + ");FONT(9, 8);TEXT(" +
-                            std::to_string(pen.x) + ", " + std::to_string(pen.y) + ", 9);" + run +
+                            std::to_string(clip.bottom - clip.top) + ");" +
+                            (bits == 0 ? place + ", 26);CHARS(\"W\\x00j\");CHARS(\"TA\");"
+                                       : "FONT(9, 8);" + place + ", 9);" + run) +
                             "END();");
                 const SFrame frame = execute(executor, words, memory, Width, Height, 0);
                 ASSERT_EQ(frame.errors, std::vector<std::string>{});
