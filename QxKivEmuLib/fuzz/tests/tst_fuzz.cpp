@@ -1,9 +1,12 @@
 #include "FuzzChecks.h"
+#include "FuzzFonts.h"
 #include "support/Corpus.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <random>
 
 using namespace kivemu;
@@ -74,24 +77,41 @@ std::string hex(const Bytes &bytes)
     return text;
 }
 
+void expectAllPass(const std::string &subject, const std::vector<Bytes> &inputs, Check check,
+                   int mutations)
+{
+    std::mt19937 random(42);
+    for (const Bytes &input : inputs) {
+        EXPECT_EQ(check(input.data(), input.size()), "") << subject << ' ' << hex(input);
+        for (int i = 0; i < mutations; ++i) {
+            const Bytes changed = mutated(input, inputs, random);
+            ASSERT_EQ(check(changed.data(), changed.size()), "") << subject << " " << hex(changed);
+        }
+    }
+}
+
 } // namespace
 
 TEST(Fuzz, inputsOfTheCorpusPassAlsoWhenMutated)
 {
     for (const SSubject &subject : Subjects) {
         std::vector<Bytes> inputs;
-        for (const auto &[name, bytes] : corpus("QxKivEmuLib/fuzz/corpus/" + subject.folder)) {
+        for (const auto &[name, bytes] : corpus("QxKivEmuLib/fuzz/corpus/" + subject.folder))
             inputs.push_back(bytes);
-            EXPECT_EQ(subject.check(bytes.data(), bytes.size()), "") << name;
-        }
         EXPECT_GE(inputs.size(), 5U) << subject.folder;
-        std::mt19937 random(42);
-        for (const Bytes &input : inputs) {
-            for (int i = 0; i < subject.mutations; ++i) {
-                const Bytes changed = mutated(input, inputs, random);
-                ASSERT_EQ(subject.check(changed.data(), changed.size()), "")
-                    << subject.folder << " " << hex(changed);
-            }
-        }
+        expectAllPass(subject.folder, inputs, subject.check, subject.mutations);
     }
+}
+
+TEST(Fuzz, fontsPassAlsoWhenMutated)
+{
+    std::vector<Bytes> inputs;
+    for (const char *name : {"variable.ttf", "variable.woff2", "restricted.ttf"}) {
+        std::ifstream file(std::string(KIV_TEST_FONTS "/") + name, std::ios::binary);
+        Bytes input{32, 1, 1, 200, 0};
+        input.insert(input.end(), std::istreambuf_iterator<char>(file), {});
+        EXPECT_GT(input.size(), 400U);
+        inputs.push_back(input);
+    }
+    expectAllPass("fonts", inputs, checkFonts, 500);
 }

@@ -67,11 +67,15 @@ std::string firstName(FT_Face face, unsigned first, unsigned second)
 
 SFontInfo readFontInfo(const std::string &path)
 {
-    SFontInfo info;
     CFontFile file;
+    SFontInfo info;
     info.error = file.open(path);
-    if (!info.error.empty())
-        return info;
+    return info.error.empty() ? fontInfoOf(file) : info;
+}
+
+SFontInfo fontInfoOf(const CFontFile &file)
+{
+    SFontInfo info;
     const FT_Face face = file.face();
     info.family = firstName(face, TT_NAME_ID_TYPOGRAPHIC_FAMILY, TT_NAME_ID_FONT_FAMILY);
     info.style = firstName(face, TT_NAME_ID_TYPOGRAPHIC_SUBFAMILY, TT_NAME_ID_FONT_SUBFAMILY);

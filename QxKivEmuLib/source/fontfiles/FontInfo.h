@@ -40,6 +40,10 @@ struct SFontInfo
     int glyphCount = 0;
 };
 
+class CFontFile;
+
+/// What an open font says.
+SFontInfo fontInfoOf(const CFontFile &file);
 /// Reads a font file, which may hold anything. May be called from any thread.
 SFontInfo readFontInfo(const std::string &path);
 

@@ -318,3 +318,132 @@ TEST_F(OwnTexts, areWhatThePeersShapeAndDraw)
     }
     EXPECT_EQ(inked, static_cast<int>(rows().size()));
 }
+
+TEST_F(OwnTexts, breakFitAndAlignAsIfDrawnPieceByPiece)
+{
+    const std::string made = Made + "variable.ttf"; // every letter is 24 wide, the line 32 + 8 high
+    const std::string thai = Noto + "SansThai-Regular.ttf";
+    const std::string arabic = Noto + "SansArabic-Regular.ttf";
+    const struct
+    {
+        std::string file;
+        const char *commands;
+        const char *same;
+    } cases[] = {
+        {made, "text_box(9, 20, 99, 80, 0, 'AAA aaa AAA')",
+         "text(9, 52, 0, 'AAA') text(9, 92, 0, 'a...')"},
+        {made, "text_box(9, 20, 60, 120, 0, 'AA aa A')",
+         "text(9, 52, 0, 'AA') text(9, 92, 0, 'aa') text(9, 132, 0, 'A')"},
+        {made, "text_box(9, 20, 60, 80, 0, 'AA  aa', 'right', 'bottom', 30)",
+         "text(21, 62, 0, 'AA') text(21, 92, 0, 'aa')"},
+        {made, "text_box(9, 20, 50, 120, 0, 'AAAaa')",
+         "text(9, 52, 0, 'AA') text(9, 92, 0, 'Aa') text(9, 132, 0, 'a')"},
+        {made, "text_box(9, 20, 99, 90, 0, 'A\\na')", "text(9, 52, 0, 'A') text(9, 92, 0, 'a')"},
+        {made, "text_box(9, 20, 99, 90, 0, 'A\\na', 'left', 'top', 0, 1)",
+         "text(9, 52, 0, 'A...')"},
+        {made, "text_box(9, 20, 96, 30, 0, 'AA', 'center', 'middle')",
+         "text(57, 49, 0, 'AA', 'center')"}, // capitals of 28 in 30, the line too high for it
+        {made, "text(9, 52, 0, text_fit(0, 'AAAAA', 100))", "text(9, 52, 0, 'A...')"},
+        {made, "text(9, 52, 0, text_fit(0, 'AAAA', 96))", "text(9, 52, 0, 'AAAA')"},
+        {DejaVu,
+         "text(9, 52, 0, text_fit(0, 'e\u0301e\u0301e\u0301', text_width(0, 'e\u0301\u2026') + 1))",
+         "text(9, 52, 0, 'e\u0301\u2026')"},
+        {thai, "text_box(9, 20, text_width(0, 'ภาษา') + 1, 200, 0, 'ภาษาไทยง่าย')",
+         "local a, h = 20 + font_ascent(0), font_height(0) text(9, a, 0, 'ภาษา') text(9, a + h, 0, "
+         "'ไทย') "
+         "text(9, a + 2 * h, 0, 'ง่าย')"},
+        {Wqy, "text_box(9, 20, 49, 200, 0, '中文，字')",
+         "local a, h = 20 + font_ascent(0), font_height(0) text(9, a, 0, '中') text(9, a + h, 0, "
+         "'文，') "
+         "text(9, a + 2 * h, 0, '字')"},
+        {arabic, "text_box(9, 20, 200, 100, 0, 'مرحبا')",
+         "text(209, 20 + font_ascent(0), 0, 'مرحبا', 'right')"},
+        {arabic, "text(209, 60, 0, 'مرحبا', 'start')", "text(209, 60, 0, 'مرحبا', 'right')"},
+        {made, "text_box(9, 20, 200, 30, 20, 'ROM font')",
+         "text(9, 20 + font_ascent(20), 20, 'ROM font')"},
+        {made, "text_box(9, 20, text_width(26, 'one two'), 99, 26, 'one two-three four')",
+         "local a, h = 20 + font_ascent(26), font_height(26) text(9, a, 26, 'one') text(9, a + h, "
+         "26, "
+         "text_fit(26, 'two-three', text_width(26, 'one two'))) text(9, a + 2 * h, 26, 'four')"},
+    };
+    for (const auto &row : cases) {
+        const std::string table =
+            "0\tF\t" + row.file + (row.file == made ? "\t40" : "\t24") + "\t8\t\t\t";
+        EXPECT_EQ(run(table, row.commands).list, run(table, row.same).list) << row.commands;
+    }
+}
+
+TEST_F(OwnTexts, measuresAreToldAndWhatIsWrongIsReported)
+{
+    const std::string font = "0\tF\t" + Made + "variable.ttf\t40\t8\t\t\t";
+    const struct
+    {
+        std::string fonts;
+        const char *commands;
+        std::string errors;
+    } cases[] = {
+        {font,
+         "report(table.concat({font_height(0), font_ascent(0), font_cap_height(0), text_width(0, "
+         "'Aa')}, ' '))",
+         "Kiv_Test_T 1: 40 32 28 48.0"},
+        {font, "local n, whole = text_box(0, 0, 60, 80, 0, 'AA A A') report(n .. tostring(whole))",
+         "Kiv_Test_T 1: 2false"},
+        {font, "local n, whole = text_box(0, 0, 60, 80, 16, 'a b') report(n .. tostring(whole))",
+         "Kiv_Test_T 1: 1true"},
+        {font, "report(tostring(is_right_to_left(0, 'ש')) .. tostring(is_right_to_left(16, 'ש')))",
+         "Kiv_Test_T 1: truefalse"},
+        {font, "text(0, 0, 3, 'A') text(0, 0, 3, 'A')",
+         "font 3 is not in the project; ROM font 27 is drawn instead"},
+        {"0\tF\tgone.ttf\t24\t8\t\t\t", "text(0, 0, 0, 'A') text(0, 0, 0, 'A')",
+         "font \"F\" (gone.ttf): No such file or directory; ROM font 29 is drawn instead"},
+        {"0\tF\t/etc/passwd\t100\t8\t\t\t", "report(font_height(0))",
+         "Kiv_Test_T 1: 108\nfont \"F\" (/etc/passwd): is no TrueType, OpenType or WOFF2 font; ROM "
+         "font 34 is drawn instead"},
+        {"0\tF\tx.ttf\t3\t8\t\t\t\n1\tG\tx.ttf\t24\t5\t\t\t\n", "color(0)",
+         "line 1 of the project's fonts cannot be read\nline 2 of the project's fonts cannot be "
+         "read"},
+        {font.substr(0, font.size() - 1) + "7\t", "text(0, 50, 0, 'A')",
+         "font \"F\" (" + Made +
+             "variable.ttf): font 7 is not in the project; it is no fallback therefore"},
+        {"0\tF\t" + Noto + "SansArabic-Regular.ttf\t256\t8\t\t\t", "text(0, 0, 0, '\uFDFD')",
+         "font \"F\" (" + Noto +
+             "SansArabic-Regular.ttf): a glyph is larger than 512 pixels and is left out"},
+    };
+    for (const auto &row : cases)
+        EXPECT_EQ(run(row.fonts, row.commands).errors, row.errors) << row.commands;
+}
+
+TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
+{
+    const std::string fonts = "0\tF\t" + DejaVu + "\t24\t8\t\t1\t0-9 \u20AC\n1\tH\t" + Noto +
+                              "SansHebrew-Regular.ttf\t24\t4\t\t\t\n";
+    const std::string commands =
+        "text(9, 50, 0, 'Abc') text(9, 90, 1, 'של') rotate(45, 50, 50) text(9, 50, 0, 'cA')";
+    const SHostRun first = run(fonts, commands);
+    EXPECT_EQ(first.errors, "");
+    const std::vector<uint8_t> memory(m_host.memory().data(),
+                                      m_host.memory().data() + m_host.memory().used());
+    const std::vector<kivemu::SPlacedAsset> assets = m_host.assets();
+    ASSERT_EQ(assets.size(), 3U);
+    EXPECT_EQ(assets[0].width, 14U) << "eleven extra characters, then A, b and c";
+    EXPECT_EQ(assets[1].width, 2U);
+    EXPECT_EQ(assets[2].width, 2U) << "turned ones have no extra characters";
+    EXPECT_TRUE(first.has("GLYPH(11, 0);")) << first.list;
+    const uint64_t generation = m_host.memory().generation();
+    EXPECT_EQ(run(fonts, commands).words, first.words);
+    EXPECT_EQ(m_host.memory().generation(), generation) << "equal memory is left alone";
+    run(fonts, "text(9, 50, 0, 'zyxwcbA') rotate(45, 50, 50) text(9, 50, 0, 'zA')");
+    EXPECT_EQ(run(fonts, commands).words, first.words);
+    EXPECT_EQ(std::vector<uint8_t>(m_host.memory().data(),
+                                   m_host.memory().data() + m_host.memory().used()),
+              memory);
+    // A text that is too much ends at the same place, whether its glyphs are at hand or not.
+    const std::string endless =
+        "for i = 1, 3000 do text(9, 50, 0, 'A' .. i % 7 .. ('b'):rep(40)) end";
+    const SHostRun stopped = run(fonts, endless);
+    EXPECT_NE(stopped.errors.find("takes too long"), std::string::npos) << stopped.errors;
+    EXPECT_EQ(run(fonts, endless).words, stopped.words);
+    const SHostRun full =
+        run("0\tF\t" + Wqy + "\t256\t8\t\t\t\u4E00-\u4E60\n", "text(9, 250, 0, 'A')");
+    EXPECT_EQ(full.errors.find("RAM_G is full: the screen needs "), 0U) << full.errors;
+}
