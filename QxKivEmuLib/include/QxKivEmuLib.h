@@ -52,8 +52,8 @@ using EmuDisplayListCallback = int (*)(const char *dlTextBuffer, const unsigned 
                                        int dlBinSize, size_t RAM_G_Usage, char *errorMessages);
 
 /// Format of an asset that is no bitmap but the font block that FONT names. Its width is the number
-/// of its glyphs, its height 1. Its stride stands for the font's handle and how the glyphs are
-/// turned: blocks of a file with the same number may be put together.
+/// of its glyphs, its height 1. Its stride is the font's handle times 32768, and added how far the
+/// glyphs are turned, in 1/64 degree: blocks with the same number may be put together.
 #define EMU_ASSET_FONT 0x10000U
 
 /// One bitmap, picture or font that lies in graphics memory, as the chip reads it.

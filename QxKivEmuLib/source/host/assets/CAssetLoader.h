@@ -59,8 +59,8 @@ public:
     bool loadImage(std::string_view path, bool mono, SLoadedBitmap &bitmap);
 
     /// Puts a font block behind what the frame has asked for; an equal one is shared. `file`: the
-    /// font's. `turn` stands for its handle and how the glyphs are turned. Nothing and error()
-    /// when RAM_G is full.
+    /// font's. `turn`: its handle and how the glyphs are turned, see EMU_ASSET_FONT. Nothing and
+    /// error() when RAM_G is full.
     std::optional<uint32_t> placeFont(const std::string &file, uint32_t turn,
                                       std::vector<uint8_t> block);
     /// What the frame has asked for so far.
