@@ -54,7 +54,7 @@ SResult drawTexts(const std::vector<uint8_t> &bytes, const uint8_t *choice)
         line.axes.emplace_back(axis.tag,
                                axis.minimum + (axis.maximum - axis.minimum) * choice[3] / 255);
     line.extra = U"A\u00C4";
-    STextTools tools;
+    static STextTools tools; // takes longer to set up than all else
     CTextFont font(line, "font.ttf", {std::make_shared<CTypeface>(std::move(file), line.axes)},
                    tools);
     const std::string text = Texts[choice[4] % 4];

@@ -300,6 +300,8 @@ void CDisplayListWriter::takeBack(const SMark &mark)
 {
     m_words.resize(mark.words);
     m_at = mark.at;
+    while (!m_fontWords.empty() && m_fontWords.back() >= mark.words)
+        m_fontWords.pop_back();
 }
 
 void CDisplayListWriter::finish()

@@ -53,7 +53,7 @@ public:
     void text(int font, SPoint pen, std::string_view latin1);
 
     /// From now on the handle (0 to 15) means the font block at `address`, which may be a
-    /// placeholder that replaceAddresses() puts another in the place of.
+    /// placeholder that another is put in the place of; fontWords() tells where.
     void font(uint32_t handle, uint32_t address);
 
     /// A glyph of a font block, and where it is to be drawn.
@@ -89,6 +89,8 @@ public:
     void finish();
 
     const std::vector<uint32_t> &words() const { return m_words; }
+    /// Where the addresses that font() was given stand among the words.
+    const std::vector<size_t> &fontWords() const { return m_fontWords; }
     /// Bytes that the whole list would have needed, left-out commands included.
     size_t bytesWanted() const { return m_at.wantedWords * 4; }
     /// The item of the first command that did not fit (0 before the first item); nothing when all
@@ -132,6 +134,7 @@ private:
     size_t m_limitWords;
     SProgress m_at;
     std::vector<uint32_t> m_words;
+    std::vector<size_t> m_fontWords;
 };
 
 struct CDisplayListWriter::SMark

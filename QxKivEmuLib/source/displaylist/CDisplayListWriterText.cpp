@@ -68,6 +68,7 @@ void CDisplayListWriter::font(uint32_t handle, uint32_t address)
     if (!begin(2))
         return;
     put(headerWord(EOpcode::Font, handle));
+    m_fontWords.push_back(m_words.size());
     put(address);
 }
 

@@ -72,6 +72,8 @@ void CGlyphBlock::draw(uint32_t slot, SState &state)
         m_faces.typeface(glyph.face)
             .draw(m_faces.font(glyph.face), glyph.glyph, m_faces.size64(), m_turn, coverage);
     state.isDrawn = true;
+    const double advance = glyph.advance64 * m_cosine / 4;
+    state.advance16 = static_cast<int>(std::lround(std::clamp(advance, -32768.0, 32767.0)));
     if (*state.fault != '\0' || !coverage.rows)
         return;
     state.width = static_cast<int16_t>(coverage.width);
@@ -81,12 +83,6 @@ void CGlyphBlock::draw(uint32_t slot, SState &state)
     state.mask =
         packCoverage(m_bits, coverage.width, coverage.height, coverage.rows, coverage.stride);
     m_maskBytes += state.mask.size();
-}
-
-int CGlyphBlock::advance16(uint32_t slot) const
-{
-    const double advance = m_faces.slot(slot).advance64 * m_cosine / 4;
-    return static_cast<int>(std::lround(std::clamp(advance, -32768.0, 32767.0)));
 }
 
 std::vector<uint8_t> CGlyphBlock::bytes() const

@@ -37,8 +37,9 @@ public:
     /// The glyph's number in this frame's block. Nothing when it cannot be drawn (why() is not
     /// empty then), and when the meter says that it is enough.
     std::optional<uint16_t> use(uint32_t slot, IWorkMeter &meter);
-    /// How far the glyph moves the pen to the right, in 1/16 pixel, as the block has it.
-    int advance16(uint32_t slot) const;
+    /// How far a glyph that was used moves the pen to the right, in 1/16 pixel, as the block has
+    /// it.
+    int advance16(uint32_t slot) const { return m_states[slot].advance16; }
     /// Why a glyph of this frame is left out; empty when none is.
     const char *why() const { return m_why; }
 
@@ -55,6 +56,7 @@ private:
         const char *fault = "";
         int16_t width = 0;
         int16_t height = 0;
+        int advance16 = 0;
         int left = 0;
         int top = 0;
         std::vector<uint8_t> mask;

@@ -73,41 +73,45 @@ SCorner aligned(const SFontChoice &font, SCorner at, int align, int valign, doub
         at.x -= middle;
     else if (align == 2)
         at.x -= width;
-    const double ascent = font.ascent();
     if (valign == 1)
         at.y += font.capHeight() / 2.0;
     else if (valign == 2)
-        at.y += ascent;
+        at.y += font.ascent();
     else if (valign == 3)
-        at.y -= font.height() - ascent;
+        at.y -= font.height() - font.ascent();
     return at;
+}
+
+const char *const Vertical[] = {"baseline", "middle", "top", "bottom", nullptr};
+
+int textInRom(lua_State *state, SCorner at, const SFontChoice &font)
+{
+    CItemRunner *items = contextOf(state).items;
+    const CLatin1 latin1(state, 4, items ? &items->missingCharacters() : nullptr);
+    const int align = luaL_checkoption(state, 5, "left", Horizontal);
+    const double width = align == 2 ? romfonts::textWidth16(font.rom, latin1.view()) / 16.0 : 0;
+    const double middle = align == 1 ? romMiddle(font.rom, latin1.view()) : 0;
+    at = aligned(font, at, align, luaL_checkoption(state, 6, "baseline", Vertical), width, middle);
+    drawingOf(state).text(at.x, at.y, font.rom, latin1.view());
+    return 0;
 }
 
 int text(lua_State *state)
 {
-    static const char *const Vertical[] = {"baseline", "middle", "top", "bottom", nullptr};
-    const SCorner at{checkNumber(state, 1), checkNumber(state, 2)};
+    SCorner at{checkNumber(state, 1), checkNumber(state, 2)};
     const SFontChoice font = checkFont(state, 3);
-    luaL_checkstring(state, 4);
-    const int align = luaL_checkoption(state, 5, "left", Horizontal);
-    const int valign = luaL_checkoption(state, 6, "baseline", Vertical);
-    CDrawContext &drawing = drawingOf(state);
-    SLuaContext &context = contextOf(state);
-    if (!font.own) {
-        const CLatin1 latin1(state, 4,
-                             context.items ? &context.items->missingCharacters() : nullptr);
-        const double width = romfonts::textWidth16(font.rom, latin1.view()) / 16.0;
-        const SCorner pen = aligned(font, at, align, valign, width,
-                                    align == 1 ? romMiddle(font.rom, latin1.view()) : 0);
-        drawing.text(pen.x, pen.y, font.rom, latin1.view());
-        return 0;
-    }
+    if (!font.own)
+        return textInRom(state, at, font);
     const std::string_view utf8 = checkText(state, 4, ShapingPerByte);
+    int align = luaL_checkoption(state, 5, "left", Horizontal);
+    const int valign = luaL_checkoption(state, 6, "baseline", Vertical);
+    drawingOf(state);
     const SShapedLine &line = font.own->shape(utf8);
-    const int side = align == 3 ? (line.isRightToLeft ? 2 : 0) : align;
-    const SCorner pen = aligned(font, at, side, valign, line.width / 64.0, line.middle / 64.0);
-    drawShaped(context, *font.own, line, pen.x, pen.y);
-    context.watchdog.charge(state, 0);
+    if (align == 3)
+        align = line.isRightToLeft ? 2 : 0;
+    at = aligned(font, at, align, valign, line.width / 64.0, line.middle / 64.0);
+    drawShaped(contextOf(state), *font.own, line, at.x, at.y);
+    contextOf(state).watchdog.charge(state, 0);
     return 0;
 }
 
@@ -147,7 +151,7 @@ int textFit(lua_State *state)
 
 int textBox(lua_State *state)
 {
-    static const char *const Vertical[] = {"top", "middle", "bottom", nullptr};
+    static const char *const InBox[] = {"top", "middle", "bottom", nullptr};
     STextBox box{};
     box.x = checkNumber(state, 1);
     box.y = checkNumber(state, 2);
@@ -159,7 +163,7 @@ int textBox(lua_State *state)
     if (length > MaxBoxBytes)
         luaL_error(state, "the text is longer than %d bytes", int{MaxBoxBytes});
     box.align = static_cast<ETextAlign>(luaL_checkoption(state, 7, "start", Horizontal));
-    box.valign = static_cast<ETextValign>(luaL_checkoption(state, 8, "top", Vertical));
+    box.valign = static_cast<ETextValign>(luaL_checkoption(state, 8, "top", InBox));
     const double lineHeight = optNumber(state, 9, 0);
     box.pitch = lineHeight > 0 ? lineHeight : font.height();
     box.mostLines = optNumber(state, 10, 0);

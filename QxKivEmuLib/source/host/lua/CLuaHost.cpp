@@ -136,11 +136,8 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
     writer.finish();
     reportOverflow(writer, m_chip.ramDl, snapshot, result.errors);
     result.words = writer.words();
-    if (!fonts.empty())
-        replaceAddresses(result.words.data(), result.words.size(),
-                         [&fonts](EOpcode opcode, uint32_t address) {
-                             return opcode == EOpcode::Font ? fonts[address] : address;
-                         });
+    for (const size_t at : writer.fontWords())
+        result.words[at] = fonts[result.words[at]];
     result.ramDlNeeded = writer.bytesWanted();
     result.ramGNeeded = m_assets.bytesNeeded();
     return result;
