@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <random>
-
 using namespace kivemu;
 
 namespace {
@@ -26,38 +23,6 @@ std::vector<uint8_t> memoryWithBlock()
 }
 
 } // namespace
-
-TEST(FontBlock, everyDepthKeepsTheNearestCoverage)
-{
-    std::mt19937 random(3);
-    for (const int bits : {1, 2, 4, 8}) {
-        const int full = (1 << bits) - 1;
-        for (const int width : {1, 7, 8, 9, 33, MaxGlyphSide}) {
-            constexpr int Height = 3;
-            const size_t stride = static_cast<size_t>(width) + 5;
-            std::vector<uint8_t> coverage(stride * Height);
-            for (uint8_t &value : coverage)
-                value = static_cast<uint8_t>(random());
-            const auto mask = packCoverage(bits, width, Height, coverage.data(), stride);
-            const auto block = writeFontBlock(bits, {{width, Height, 1, 2, 3, mask.data()}});
-            std::string fault;
-            const auto font = CFontBlock::find(block.data(), block.size(), 0, fault);
-            ASSERT_TRUE(font) << fault;
-            const auto glyph = font->glyph(0, fault);
-            ASSERT_TRUE(glyph) << fault;
-            std::vector<uint8_t> seen(stride * Height, 0xEE);
-            expandMask(font->bits(), *glyph, seen.data(), stride);
-            for (size_t i = 0; i < seen.size(); ++i) {
-                if (i % stride >= static_cast<size_t>(width)) {
-                    ASSERT_EQ(seen[i], 0xEE) << "behind the width";
-                    continue;
-                }
-                ASSERT_EQ(seen[i] % (255 / full), 0);
-                ASSERT_LE(std::abs(seen[i] - coverage[i]) * 2, 255 / full) << bits;
-            }
-        }
-    }
-}
 
 TEST(FontBlock, bytesLieAsDocumented)
 {

@@ -39,9 +39,10 @@ struct SFont
             const auto width = static_cast<size_t>(glyph.width);
             std::vector<uint8_t> rows(width * static_cast<size_t>(glyph.height));
             for (uint8_t &value : rows)
-                value = static_cast<uint8_t>(static_cast<int>(random() % 256) % (full + 1) * 255 /
-                                             full);
+                value = static_cast<uint8_t>(random());
             masks.push_back(packCoverage(depth, glyph.width, glyph.height, rows.data(), width));
+            for (uint8_t &value : rows) // the nearest that a texel can say
+                value = static_cast<uint8_t>(std::lround(value * full / 255.0) * 255 / full);
             coverage.push_back(std::move(rows));
         }
         for (size_t i = 0; i < glyphs.size(); ++i)
