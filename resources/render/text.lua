@@ -15,13 +15,9 @@ setmetatable(HEIGHT, ask_for(font_height))
 setmetatable(ASCENT, ask_for(font_ascent))
 setmetatable(CAP, ask_for(font_cap_height))
 
-local function is_own(font)
-  return font >= 0 and font <= 15
-end
-
--- The font, one of the project's own or else the nearest in ROM.
+-- The font, one of the project's own (below 16 then) or else the nearest in ROM.
 function rom_font(font)
-  return is_own(font) and font or clamp(font, 16, 34)
+  return font >= 0 and font < 16 and font or clamp(font, 16, 34)
 end
 local rom_font = rom_font
 
@@ -29,7 +25,7 @@ local rom_font = rom_font
 -- h high; nil when none is. The project's own fonts have no family and stay as they are.
 function font_within(font, h)
   font = rom_font(font)
-  if is_own(font) or HEIGHT[font] <= h then
+  if font < 16 or HEIGHT[font] <= h then
     return font
   end
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
@@ -49,7 +45,7 @@ local function baseline(font, y, h)
   local ascent = ASCENT[font]
   local lowest, highest = (y + h) // 1 - (HEIGHT[font] - ascent), y + ascent
   local base = (y + (h + CAP[font]) / 2 + 0.5) // 1
-  if lowest < highest and is_own(font) then
+  if lowest < highest and font < 16 then
     return base
   end
   base = base < lowest and base or lowest
@@ -78,7 +74,7 @@ function label(s, x, y, w, h, font, c, halign)
   color(c)
   if halign == "center" then
     text(x + w / 2, base, font, s, "center")
-  elseif halign == "right" or is_own(font) and is_right_to_left(font, s) then
+  elseif halign == "right" or font < 16 and is_right_to_left(font, s) then
     text(x + w, base, font, s, "right")
   else
     text(x + overhang(font, s), base, font, s)
@@ -90,7 +86,7 @@ local label = label
 -- The font, or the largest smaller one of its family in which a text is at most w wide; the
 -- smallest when none is. The project's own fonts stay as they are.
 function font_across(font, s, w)
-  if is_own(font) then
+  if font < 16 then
     return font
   end
   local smallest = font < 20 and 16 or font < 26 and 20 or 26
