@@ -8,6 +8,8 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 const CItemDocument &CItemDocument::of(const CItemModel &item)
 {
     static const CScreenDocument screen;
@@ -60,4 +62,12 @@ const CPropertyTable &CItemDocument::tableOf(const CItemModel &item)
 bool CItemDocument::isDerivedFrom(const QString &name)
 {
     return CItemModel::isDerivedFrom(name);
+}
+
+ItemAttributes CItemDocument::sortedByName(const ItemAttributes &attributes)
+{
+    ItemAttributes sorted = attributes;
+    std::sort(sorted.begin(), sorted.end(),
+              [](const ItemAttribute &a, const ItemAttribute &b) { return a.name < b.name; });
+    return sorted;
 }

@@ -31,6 +31,10 @@ public:
 protected:
     virtual void take(CItemModel &item, const ItemAttributes &attributes) const = 0;
 
+    /// Documents have them in any order, and of sizes that contradict each other the last one
+    /// decides.
+    static ItemAttributes sortedByName(const ItemAttributes &attributes);
+
     // What only documents do: values go in without what follows from them.
     static CPropertyTable &tableOf(CItemModel &item);
     static const CPropertyTable &tableOf(const CItemModel &item);

@@ -16,7 +16,8 @@ QVector<const CWidgetProperty *> CScreenDocument::saved(const CItemModel &item) 
 
 void CScreenDocument::take(CItemModel &item, const ItemAttributes &attributes) const
 {
-    for (const ItemAttribute &attribute : attributes) {
+    const ItemAttributes sorted = sortedByName(attributes);
+    for (const ItemAttribute &attribute : sorted) {
         CWidgetProperty property(attribute.name, PropertyType::String);
         property.setValueFromText(attribute.text);
         item.addProperty(property);
