@@ -62,8 +62,7 @@ SResult drawTexts(const std::vector<uint8_t> &bytes, const uint8_t *choice)
     font.wrap(text + '\n' + text, line.size * 3, 4);
     const SShapedLine shaped = font.shape(text);
     CMeter meter;
-    bool isNew = false;
-    CGlyphBlock &block = font.block(choice[1] % 3 * 31.5, 1, meter, isNew);
+    CGlyphBlock &block = font.block(choice[1] % 3 * 31.5, 1);
     for (const SShapedGlyph &glyph : shaped.glyphs)
         block.use(glyph.slot, meter);
     if (block.glyphCount() == 0)

@@ -67,7 +67,7 @@ function label(s, x, y, w, h, font, c, halign)
   end
   local whole = s
   s = text_fit(font, s, w)
-  if s == "" or s == ELLIPSIS and s ~= whole then
+  if s == "" or (s == ELLIPSIS or s == "...") and s ~= whole then
     return
   end
   local base = baseline(font, y, h)

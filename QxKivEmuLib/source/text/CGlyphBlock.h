@@ -42,6 +42,7 @@ public:
     int advance16(uint32_t slot) const { return m_states[slot].advance16; }
     /// Why a glyph of this frame is left out; empty when none is.
     const char *why() const { return m_why; }
+    void leaveOut(const char *why) { m_why = why; }
 
     size_t glyphCount() const { return m_order.size(); }
     size_t maskBytes() const { return m_maskBytes; }

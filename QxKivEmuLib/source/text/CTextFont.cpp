@@ -40,6 +40,22 @@ void appendBytes(std::string &key, Number number)
     key.append(bytes, sizeof bytes);
 }
 
+/// Enough for all extra characters of a usual size.
+class CExtraMeter final : public IWorkMeter
+{
+public:
+    bool add(uint64_t work) override
+    {
+        m_work += work;
+        return isOver();
+    }
+    bool isOver() const { return m_work > MostWork; }
+
+private:
+    static constexpr uint64_t MostWork = 40'000'000;
+    uint64_t m_work = 0;
+};
+
 bool isBlank(char32_t c)
 {
     return c == ' ' || c == 0x3000;
@@ -228,7 +244,7 @@ bool CTextFont::wrapSection(std::string_view section, bool isLast, int32_t width
     return true;
 }
 
-CGlyphBlock &CTextFont::block(double degrees, uint64_t frame, IWorkMeter &meter, bool &isNew)
+CGlyphBlock &CTextFont::block(double degrees, uint64_t frame)
 {
     const auto rounded = static_cast<int>(std::lround(degrees * 64));
     const int angle64 =
@@ -239,12 +255,20 @@ CGlyphBlock &CTextFont::block(double degrees, uint64_t frame, IWorkMeter &meter,
         known =
             m_blocks.insert(known, std::make_unique<CGlyphBlock>(m_faces, m_line.bits, angle64));
     CGlyphBlock &block = **known;
-    isNew = block.beginFrame(frame);
-    if (isNew && angle64 == 0) { // a firmware's texts are upright
-        for (const char32_t c : m_line.extra)
-            block.use(m_faces.slotOfCharacter(c), meter);
-    }
+    const bool isNew = block.beginFrame(frame);
+    if (isNew && angle64 == 0) // a firmware's texts are upright
+        addExtra(block);
     return block;
+}
+
+/// What a font has besides takes nothing from the item that happens to be the first to use it.
+void CTextFont::addExtra(CGlyphBlock &block)
+{
+    CExtraMeter meter;
+    for (const char32_t c : m_line.extra)
+        block.use(m_faces.slotOfCharacter(c), meter);
+    if (meter.isOver())
+        block.leaveOut("there are too many extra characters, and some are left out");
 }
 
 void CTextFont::endFrame(uint64_t frame)

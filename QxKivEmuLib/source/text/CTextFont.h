@@ -55,14 +55,15 @@ public:
     /// At most `mostLines` (1 to MaxLines) lines; the last ends in an ellipsis when it is not all.
     const SWrappedText &wrap(std::string_view utf8, double width, size_t mostLines);
 
-    /// The block of glyphs that are turned clockwise by an angle. `isNew` is set when the frame
-    /// uses it for the first time; its extra characters are then in it.
-    CGlyphBlock &block(double degrees, uint64_t frame, IWorkMeter &meter, bool &isNew);
+    /// The block of glyphs that are turned clockwise by an angle; the upright one begins each frame
+    /// with the font's extra characters.
+    CGlyphBlock &block(double degrees, uint64_t frame);
     void endFrame(uint64_t frame);
 
 private:
     std::string fitted(std::string_view utf8, int32_t width, bool isCutAnyway);
     int32_t widthOf(std::string_view utf8);
+    void addExtra(CGlyphBlock &block);
     bool wrapSection(std::string_view section, bool isLast, int32_t width, size_t mostLines,
                      SWrappedText &wrapped);
 

@@ -176,10 +176,9 @@ int CTexts::romFont(int handle) const
     return nearest;
 }
 
-CGlyphBlock &CTexts::block(CTextFont &font, double degrees, IWorkMeter &meter, uint32_t &number)
+CGlyphBlock &CTexts::block(CTextFont &font, double degrees, uint32_t &number)
 {
-    bool isNew = false;
-    CGlyphBlock &block = font.block(degrees, m_frame, meter, isNew);
+    CGlyphBlock &block = font.block(degrees, m_frame);
     const auto used = std::find_if(m_used.begin(), m_used.end(),
                                    [&](const SUsed &other) { return other.block == &block; });
     number = static_cast<uint32_t>(used - m_used.begin());

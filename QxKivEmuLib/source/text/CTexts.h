@@ -34,7 +34,7 @@ public:
     int romFont(int handle) const;
 
     /// A block of this frame, and the number that stands for its address until it has one.
-    CGlyphBlock &block(CTextFont &font, double degrees, IWorkMeter &meter, uint32_t &number);
+    CGlyphBlock &block(CTextFont &font, double degrees, uint32_t &number);
 
     /// One block of the frame, in the order of their numbers.
     struct SBlock

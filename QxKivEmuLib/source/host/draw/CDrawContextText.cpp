@@ -15,7 +15,7 @@ void CDrawContext::glyphs(double x, double y, CTexts &texts, CTextFont &font,
                           const SShapedLine &line, IWorkMeter &meter)
 {
     uint32_t number = 0;
-    CGlyphBlock &block = texts.block(font, state().transform.degrees(), meter, number);
+    CGlyphBlock &block = texts.block(font, state().transform.degrees(), number);
     m_glyphs.clear();
     for (const SShapedGlyph &glyph : line.glyphs) {
         const std::optional<uint16_t> code = block.use(glyph.slot, meter);

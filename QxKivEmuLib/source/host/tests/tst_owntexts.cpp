@@ -443,6 +443,9 @@ TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
     const SHostRun stopped = run(fonts, endless);
     EXPECT_NE(stopped.errors.find("takes too long"), std::string::npos) << stopped.errors;
     EXPECT_EQ(run(fonts, endless).words, stopped.words);
+    const SHostRun many =
+        run("0\tF\t" + Wqy + "\t40\t1\t\t\t\u4E00-\u9FFF\n", "text(9, 250, 0, 'A')");
+    EXPECT_EQ(many.errors, "") << "extra characters are no work of the item's";
     const SHostRun full =
         run("0\tF\t" + Wqy + "\t256\t8\t\t\t\u4E00-\u4E60\n", "text(9, 250, 0, 'A')");
     EXPECT_EQ(full.errors.find("RAM_G is full: the screen needs "), 0U) << full.errors;
