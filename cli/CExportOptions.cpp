@@ -15,8 +15,8 @@ Screens are rendered by the emulator, in the order of the project. Text files ho
 display list under a line "===name==="; byte files hold the lists one after the other, nothing
 between them. Pictures are named after their screens, and so are images of RAM_G. A package
 (panel.bin, panel.h, panel.c, manifest.json) holds all screens and is written whole or not at all.
-Folders that are missing are made; files that exist are replaced. A pipe or a device that is named as
-a file, such as /dev/stdout, is written into.
+Folders that are missing are made; files that exist are replaced. Below /dev, such as /dev/stdout or
+what a shell's >(...) makes, it is written into; pipes and devices anywhere else are refused.
 
 Exit codes:
   0  all was done

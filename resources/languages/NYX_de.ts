@@ -233,6 +233,10 @@
 <context>
     <name>CFontForm</name>
     <message>
+        <source>Take another file for this font</source>
+        <translation>Für diese Schrift eine andere Datei nehmen</translation>
+    </message>
+    <message>
         <source> px</source>
         <translation> px</translation>
     </message>
@@ -331,6 +335,10 @@
 </context>
 <context>
     <name>CFontsDialog</name>
+    <message>
+        <source>Font File</source>
+        <translation>Schriftdatei</translation>
+    </message>
     <message>
         <source>Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.</source>
         <translation>Nach dem Hinzufügen einer TTF-, OTF- oder WOFF2-Datei können Texte darin gezeichnet werden.</translation>

@@ -233,6 +233,10 @@
 <context>
     <name>CFontForm</name>
     <message>
+        <source>Take another file for this font</source>
+        <translation>为此字体改用另一个文件</translation>
+    </message>
+    <message>
         <source> px</source>
         <translation> 像素</translation>
     </message>
@@ -331,6 +335,10 @@
 </context>
 <context>
     <name>CFontsDialog</name>
+    <message>
+        <source>Font File</source>
+        <translation>字体文件</translation>
+    </message>
     <message>
         <source>Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.</source>
         <translation>添加 TTF、OTF 或 WOFF2 文件后，即可用它绘制文字。</translation>

@@ -7,16 +7,19 @@
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScopedValueRollback>
 #include <QSpinBox>
+#include <QToolButton>
 
 #include <algorithm>
 
 namespace {
 constexpr int FallbackRows = 3;
+constexpr int RowPadding = 10; // pixels, of a row with a check box
 constexpr int LongestName = 80;
 constexpr int LongestExtra = 2000;
 
@@ -32,6 +35,7 @@ CFontForm::CFontForm(QWidget *parent)
       m_name(new QLineEdit(this)),
       m_handle(new QSpinBox(this)),
       m_file(new CElidedLabel(Qt::ElideMiddle, this)),
+      m_chooseFile(new QToolButton(this)),
       m_size(new QDoubleSpinBox(this)),
       m_bits(new QComboBox(this)),
       m_fallback(new QListWidget(this)),
@@ -42,6 +46,7 @@ CFontForm::CFontForm(QWidget *parent)
 {
     m_name->setObjectName(QStringLiteral("fontName"));
     m_handle->setObjectName(QStringLiteral("fontHandle"));
+    m_chooseFile->setObjectName(QStringLiteral("chooseFontFile"));
     m_size->setObjectName(QStringLiteral("fontSize"));
     m_bits->setObjectName(QStringLiteral("fontBits"));
     m_fallback->setObjectName(QStringLiteral("fontFallback"));
@@ -64,6 +69,7 @@ CFontForm::CFontForm(QWidget *parent)
     m_embedding->setWordWrap(true);
     layOut();
 
+    connect(m_chooseFile, &QToolButton::clicked, this, &CFontForm::fileWanted);
     connect(m_name, &QLineEdit::textEdited, this, &CFontForm::take);
     connect(m_extra, &QLineEdit::textEdited, this, &CFontForm::take);
     connect(m_handle, QOverload<int>::of(&QSpinBox::valueChanged), this, &CFontForm::take);
@@ -86,8 +92,15 @@ void CFontForm::layOut()
     m_fallback->setDragDropMode(QAbstractItemView::InternalMove);
     m_fallback->setToolTip(tr("Fonts that are asked, from top to bottom, for characters that this "
                               "font lacks; drag them into their order"));
-    const int row = fontMetrics().height() + 6;
+    m_fallback->ensurePolished();
+    const int row = m_fallback->fontMetrics().height() + RowPadding;
     m_fallback->setFixedHeight(FallbackRows * row + 2 * m_fallback->frameWidth());
+    m_chooseFile->setText(QStringLiteral("..."));
+    m_chooseFile->setToolTip(tr("Take another file for this font"));
+    auto *file = new QHBoxLayout;
+    file->setSpacing(4);
+    file->addWidget(m_file, 1);
+    file->addWidget(m_chooseFile);
     m_extra->setPlaceholderText(QStringLiteral("0-9 , . -"));
     m_extra->setToolTip(tr("Characters for what the firmware writes later, parted by blanks; "
                            "\"0-9\" means all from 0 to 9"));
@@ -98,7 +111,7 @@ void CFontForm::layOut()
 
     m_form->addRow(tr("&Name"), m_name);
     m_form->addRow(tr("&Handle"), m_handle);
-    m_form->addRow(tr("File"), m_file);
+    m_form->addRow(tr("File"), file);
     m_form->addRow(tr("&Size"), m_size);
     m_form->addRow(tr("&Variation"), m_axes);
     m_form->addRow(tr("S&moothing"), m_bits);

@@ -12,6 +12,7 @@ class CElidedLabel;
 class QComboBox;
 class QDoubleSpinBox;
 class QFormLayout;
+class QToolButton;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -36,6 +37,8 @@ public:
 Q_SIGNALS:
     /// By the user.
     void changed();
+    /// The user wants another file for the font.
+    void fileWanted();
 
 private:
     struct SAxisField
@@ -58,6 +61,7 @@ private:
     QLineEdit *const m_name;
     QSpinBox *const m_handle;
     CElidedLabel *const m_file;
+    QToolButton *const m_chooseFile;
     QDoubleSpinBox *const m_size;
     QComboBox *const m_bits;
     QListWidget *const m_fallback;

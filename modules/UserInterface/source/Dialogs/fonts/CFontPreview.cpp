@@ -7,6 +7,7 @@
 #include <vector>
 
 namespace {
+const QString SampleType = QStringLiteral("Font_Sample_T");
 constexpr int Margin = 12; // pixels about the sample
 
 // A chunk of its own, so that the picture depends on no widget kind.
@@ -57,7 +58,7 @@ CFontPreview::CFontPreview(CEmulatorAdapter *adapter, const CProjectModel *proje
       m_adapter(adapter),
       m_project(project),
       m_screen(std::make_unique<CItem>(TypeName::Screen, "")),
-      m_text(std::make_unique<CItem>(QStringLiteral("Font_Sample_T"), Commands))
+      m_text(std::make_unique<CItem>(SampleType, Commands))
 {
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameDLCallback, this,
             [this](const QString &, const QByteArray &, const void *observer, size_t ramG,
@@ -75,6 +76,11 @@ CFontPreview::CFontPreview(CEmulatorAdapter *adapter, const CProjectModel *proje
 CFontPreview::~CFontPreview()
 {
     m_adapter->withdraw(this);
+}
+
+QString CFontPreview::itemLabel()
+{
+    return SampleType + QStringLiteral(" 1: ");
 }
 
 void CFontPreview::ask(const ProjectFontList &fonts, int handle, const QString &sample,

@@ -27,6 +27,8 @@ public:
                  QObject *parent = nullptr);
     ~CFontPreview() override;
 
+    /// What messages call the sample; they begin with it.
+    static QString itemLabel();
     /// `size`: of the wanted piece of the frame, pixels.
     void ask(const ProjectFontList &fonts, int handle, const QString &sample, const QSize &size);
 

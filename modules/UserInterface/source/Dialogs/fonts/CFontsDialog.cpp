@@ -12,7 +12,6 @@
 #include "ShownText.h"
 
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,7 +66,9 @@ CFontsDialog::CFontsDialog(CEmulatorAdapter *adapter, CProjectModel *project, QW
     m_previewDelay.setInterval(PreviewDelay);
     layOut();
 
-    connect(m_add, &QPushButton::clicked, this, &CFontsDialog::chooseFiles);
+    connect(m_add, &QPushButton::clicked, this,
+            [this] { addFiles(askForFiles(QFileDialog::ExistingFiles, tr("Add Fonts"))); });
+    connect(m_form, &CFontForm::fileWanted, this, &CFontsDialog::replaceFile);
     connect(m_remove, &QPushButton::clicked, this, &CFontsDialog::removeCurrent);
     connect(m_list, &QListWidget::currentRowChanged, this, &CFontsDialog::showCurrent);
     connect(m_form, &CFontForm::changed, this, &CFontsDialog::takeForm);
@@ -92,6 +93,9 @@ void CFontsDialog::layOut()
     m_picture->setFixedSize(PreviewSize);
     m_picture->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_bytes->setTextFormat(Qt::PlainText);
+    m_problem->setWordWrap(true);
+    m_problem->setFixedHeight(2 * fontMetrics().lineSpacing());
+    m_problem->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(8);
@@ -157,7 +161,10 @@ void CFontsDialog::showCurrent()
     m_form->setEnabled(index >= 0);
     m_sample->setEnabled(index >= 0);
     m_remove->setEnabled(index >= 0);
-    m_add->setEnabled(ProjectFonts::freeHandle(m_fonts) >= 0);
+    const bool hasRoom = ProjectFonts::freeHandle(m_fonts) >= 0;
+    m_add->setEnabled(hasRoom);
+    m_add->setToolTip(hasRoom ? QString()
+                              : tr("All %1 handles are taken.").arg(SProjectFont::HandleCount));
     m_picture->clear();
     m_bytes->setText(index < 0 ? tr("Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.")
                                : QString());
@@ -189,14 +196,30 @@ void CFontsDialog::readInfo(const QString &file)
         });
 }
 
-void CFontsDialog::chooseFiles()
+QStringList CFontsDialog::askForFiles(QFileDialog::FileMode mode, const QString &title)
 {
-    QFileDialog dialog(this, tr("Add Fonts"), m_project ? m_project->workingDirectory() : QString(),
+    QFileDialog dialog(this, title, m_project ? m_project->workingDirectory() : QString(),
                        tr("Fonts (*.ttf *.otf *.ttc *.woff2)"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setFileMode(QFileDialog::ExistingFiles);
-    if (dialog.exec() == Accepted)
-        addFiles(dialog.selectedFiles());
+    dialog.setFileMode(mode);
+    return dialog.exec() == Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+void CFontsDialog::replaceFile()
+{
+    const QString file = askForFiles(QFileDialog::ExistingFile, tr("Font File")).value(0);
+    const int index = current();
+    if (file.isEmpty() || index < 0)
+        return;
+    const kivemu::SFontInfo info = kivemu::readFontInfo(QFile::encodeName(file).toStdString());
+    if (!info.error.empty()) {
+        tellUnusable(file, info);
+        return;
+    }
+    m_infos.insert(file, info);
+    m_fonts[index].file = file;
+    m_fonts[index].axes.clear(); // those of another font
+    showCurrent();
 }
 
 void CFontsDialog::addFiles(const QStringList &files)
@@ -212,11 +235,12 @@ void CFontsDialog::addFiles(const QStringList &files)
 void CFontsDialog::addFont(const QString &file, const kivemu::SFontInfo &info)
 {
     const int handle = ProjectFonts::freeHandle(m_fonts);
-    if (!info.error.empty() || handle < 0) {
-        check(handle < 0
-                  ? tr("All %1 handles are taken.").arg(SProjectFont::HandleCount)
-                  : tr("%1: %2").arg(ShownText::message(QFileInfo(file).fileName()),
-                                     ShownText::message(QString::fromStdString(info.error))));
+    if (handle < 0) {
+        check(tr("All %1 handles are taken.").arg(SProjectFont::HandleCount));
+        return;
+    }
+    if (!info.error.empty()) {
+        tellUnusable(file, info);
         return;
     }
     SProjectFont font;
@@ -228,6 +252,12 @@ void CFontsDialog::addFont(const QString &file, const kivemu::SFontInfo &info)
     fillList();
     m_list->setCurrentRow(m_fonts.size() - 1);
     showCurrent();
+}
+
+void CFontsDialog::tellUnusable(const QString &file, const kivemu::SFontInfo &info)
+{
+    check(tr("%1: %2").arg(ShownText::message(QFileInfo(file).fileName()),
+                           ShownText::message(QString::fromStdString(info.error))));
 }
 
 void CFontsDialog::removeCurrent()
@@ -268,7 +298,9 @@ void CFontsDialog::showPreview(const QImage &picture, size_t bytes, const QStrin
     m_bytes->setText(tr("%1 bytes of graphics memory for this preview; items that use the font: %2")
                          .arg(locale().toString(static_cast<qulonglong>(bytes)))
                          .arg(itemsUsing(m_fonts[current()].handle)));
-    check(ShownText::message(errors.section(QLatin1Char('\n'), 0, 0)));
+    QString problem = errors.section(QLatin1Char('\n'), 0, 0);
+    problem.remove(CFontPreview::itemLabel()); // the sample is nobody's item
+    check(ShownText::message(problem));
 }
 
 /// `problem`: something that is no reason to refuse.

@@ -4,6 +4,7 @@
 #include "fontfiles/FontInfo.h"
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QHash>
 #include <QPointer>
 #include <QTimer>
@@ -35,8 +36,10 @@ public Q_SLOTS:
 
 private:
     void layOut();
-    void chooseFiles();
+    QStringList askForFiles(QFileDialog::FileMode mode, const QString &title);
+    void replaceFile();
     void addFont(const QString &file, const kivemu::SFontInfo &info);
+    void tellUnusable(const QString &file, const kivemu::SFontInfo &info);
     void removeCurrent();
     void fillList();
     void showCurrent();
