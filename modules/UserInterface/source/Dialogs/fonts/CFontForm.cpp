@@ -1,6 +1,7 @@
 #include "CFontForm.h"
 
 #include "CElidedLabel.h"
+#include "CThemeIcons.h"
 #include "ShownText.h"
 
 #include <QComboBox>
@@ -95,7 +96,7 @@ void CFontForm::layOut()
     m_fallback->ensurePolished();
     const int row = m_fallback->fontMetrics().height() + RowPadding;
     m_fallback->setFixedHeight(FallbackRows * row + 2 * m_fallback->frameWidth());
-    m_chooseFile->setText(QStringLiteral("..."));
+    m_chooseFile->setIcon(CThemeIcons::icon(QStringLiteral(":/images/openProject.png")));
     m_chooseFile->setToolTip(tr("Take another file for this font"));
     auto *file = new QHBoxLayout;
     file->setSpacing(4);
