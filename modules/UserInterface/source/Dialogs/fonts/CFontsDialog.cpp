@@ -26,7 +26,8 @@
 
 namespace {
 constexpr int PreviewDelay = 120; // ms
-constexpr int ListWidth = 200;
+constexpr int ListWidth = 240;
+constexpr int RoomForAxes = 80; // pixels, so that a variable font does not enlarge the dialog
 const QSize PreviewSize(460, 96);
 
 bool usesFont(const CItemModel &item, int handle)
@@ -83,6 +84,7 @@ CFontsDialog::CFontsDialog(CEmulatorAdapter *adapter, CProjectModel *project, QW
     fillList();
     m_list->setCurrentRow(m_fonts.isEmpty() ? -1 : 0);
     showCurrent();
+    resize(sizeHint() + QSize(0, RoomForAxes));
 }
 
 void CFontsDialog::layOut()
@@ -316,6 +318,7 @@ void CFontsDialog::check(const QString &problem)
             refusal = tr("A font needs a name.");
     }
     m_problem->setProblem(refusal.isEmpty() ? problem : refusal);
+    m_problem->setToolTip(m_problem->text()); // two lines of a long one are seen
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(refusal.isEmpty());
 }
 
