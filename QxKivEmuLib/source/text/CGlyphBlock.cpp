@@ -42,6 +42,12 @@ bool CGlyphBlock::beginFrame(uint64_t frame)
     return true;
 }
 
+void CGlyphBlock::takeBack(uint64_t part)
+{
+    for (; !m_order.empty() && m_order.back().part >= part; m_order.pop_back())
+        m_states[m_order.back().slot].frame = 0;
+}
+
 std::optional<uint16_t> CGlyphBlock::use(uint32_t slot, IWorkMeter &meter)
 {
     if (slot >= m_states.size())
@@ -59,7 +65,7 @@ std::optional<uint16_t> CGlyphBlock::use(uint32_t slot, IWorkMeter &meter)
         if (*state.fault != '\0')
             m_why = state.fault;
         else
-            m_order.push_back(slot);
+            m_order.push_back({slot, m_part});
     }
     return *state.fault == '\0' ? std::optional<uint16_t>(state.number) : std::nullopt;
 }
@@ -89,9 +95,9 @@ std::vector<uint8_t> CGlyphBlock::bytes() const
 {
     std::vector<SFontGlyph> glyphs;
     glyphs.reserve(m_order.size());
-    for (const uint32_t slot : m_order) {
-        const SState &state = m_states[slot];
-        glyphs.push_back({state.width, state.height, state.left, state.top, advance16(slot),
+    for (const SUsed &used : m_order) {
+        const SState &state = m_states[used.slot];
+        glyphs.push_back({state.width, state.height, state.left, state.top, state.advance16,
                           state.mask.empty() ? nullptr : state.mask.data()});
     }
     return writeFontBlock(m_bits, glyphs);

@@ -34,6 +34,15 @@ public:
     uint64_t lastFrame() const { return m_frame; }
     /// Forgets what the frame before used, the first time that a frame is named; true then.
     bool beginFrame(uint64_t frame);
+    /// Parts of a frame are counted up. What was used in this part and later can be taken back.
+    void setPart(uint64_t part) { m_part = part; }
+    void takeBack(uint64_t part);
+    /// As if the frame had not named the block at all.
+    void leaveFrame()
+    {
+        takeBack(0);
+        m_frame = 0;
+    }
     /// The glyph's number in this frame's block. Nothing when it cannot be drawn (why() is not
     /// empty then), and when the meter says that it is enough.
     std::optional<uint16_t> use(uint32_t slot, IWorkMeter &meter);
@@ -72,7 +81,13 @@ private:
     uint64_t m_frame = 0;
     const char *m_why = "";
     std::vector<SState> m_states; ///< by slot
-    std::vector<uint32_t> m_order;
+    struct SUsed
+    {
+        uint32_t slot;
+        uint64_t part;
+    };
+    std::vector<SUsed> m_order;
+    uint64_t m_part = 0;
     size_t m_maskBytes = 0;
 };
 

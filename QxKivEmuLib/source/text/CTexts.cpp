@@ -181,10 +181,22 @@ CGlyphBlock &CTexts::block(CTextFont &font, double degrees, uint32_t &number)
     CGlyphBlock &block = font.block(degrees, m_frame);
     const auto used = std::find_if(m_used.begin(), m_used.end(),
                                    [&](const SUsed &other) { return other.block == &block; });
+    block.setPart(m_part);
     number = static_cast<uint32_t>(used - m_used.begin());
     if (used == m_used.end())
         m_used.push_back({&font, &block});
     return block;
+}
+
+void CTexts::takeBack(const SMark &mark)
+{
+    for (size_t at = 0; at < m_used.size(); ++at) {
+        if (at < mark.blocks)
+            m_used[at].block->takeBack(mark.part);
+        else
+            m_used[at].block->leaveFrame();
+    }
+    m_used.resize(std::min(m_used.size(), mark.blocks));
 }
 
 std::vector<CTexts::SBlock> CTexts::finish()

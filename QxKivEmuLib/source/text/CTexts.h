@@ -36,6 +36,16 @@ public:
     /// A block of this frame, and the number that stands for its address until it has one.
     CGlyphBlock &block(CTextFont &font, double degrees, uint32_t &number);
 
+    /// What the frame uses so far.
+    struct SMark
+    {
+        size_t blocks;
+        uint64_t part;
+    };
+    SMark mark() { return {m_used.size(), ++m_part}; }
+    /// As if the frame had not used what it did since.
+    void takeBack(const SMark &mark);
+
     /// One block of the frame, in the order of their numbers.
     struct SBlock
     {
@@ -82,6 +92,7 @@ private:
     std::vector<std::string> m_messages;
     std::string m_kept;
     uint64_t m_frame = 0;
+    uint64_t m_part = 0; ///< of the frame; counted on over all frames
 };
 
 } // namespace kivemu

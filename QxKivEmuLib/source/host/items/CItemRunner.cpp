@@ -7,6 +7,7 @@
 #include "host/draw/UnknownCharacters.h"
 #include "host/lua/CLuaAllocator.h"
 #include "host/lua/CLuaSandbox.h"
+#include "text/CTexts.h"
 
 #include <algorithm>
 
@@ -103,12 +104,14 @@ void CItemRunner::draw(lua_State *state, size_t item)
     const CDrawContext::SMark drawn = drawing.mark();
     CAssetLoader &assets = *contextOf(state).assets;
     const CAssetLoader::SMark loaded = assets.mark();
+    const CTexts::SMark written = contextOf(state).texts->mark();
     drawing.beginItem(m_snapshot->id(item));
     const EOutcome outcome = run(state, item);
     drawing.endItem();
     if (outcome == EOutcome::Stopped) {
         drawing.takeBack(drawn);
         assets.takeBack(loaded);
+        contextOf(state).texts->takeBack(written);
     }
     if (outcome != EOutcome::Drawn) {
         const SItemBox box = itemBox(*m_snapshot, item);

@@ -447,6 +447,20 @@ TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
     const SHostRun stopped = run(fonts, endless);
     EXPECT_NE(stopped.errors.find("takes too long"), std::string::npos) << stopped.errors;
     EXPECT_EQ(run(fonts, endless).words, stopped.words);
+    // What a stopped item used takes no room from the others.
+    const std::string large =
+        "0\tF\t" + Wqy + "\t256\t8\t\t\t\n1\tG\t" + DejaVu + "\t40\t8\t\t\t\n";
+    CTestModel model;
+    model.screen().set("fonts", large);
+    model.add("text(9, 250, 0, 'A')");
+    model.add("text(9, 50, 1, 'x') for i = 0x4E00, 0x9000 do text(9, 250, 0, utf8.char(i)) end");
+    model.add("text(9, 250, 0, 'B') text(9, 50, 1, 'yx')");
+    const SHostRun between(m_host, model, Width, Height);
+    EXPECT_EQ(between.errors.find("Kiv_Test_T 2: line 1: stopped"), 0U) << between.errors;
+    EXPECT_EQ(between.errors.find('\n'), std::string::npos) << between.errors;
+    ASSERT_EQ(m_host.assets().size(), 2U);
+    EXPECT_EQ(m_host.assets()[0].width, 2U);
+    EXPECT_EQ(m_host.assets()[1].width, 2U);
     const SHostRun many =
         run("0\tF\t" + Wqy + "\t40\t1\t\t\t\u4E00-\u9FFF\n", "text(9, 250, 0, 'A')");
     EXPECT_EQ(many.errors, "") << "extra characters are no work of the item's";
