@@ -2,6 +2,213 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>CArrangeActions</name>
+    <message>
+        <source>Align &amp;Left</source>
+        <translation>&amp;Links ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the left edges</source>
+        <translation>Die linken Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Centre</source>
+        <translation>&amp;Zentriert ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the middles, from left to right</source>
+        <translation>Die Mitten waagrecht ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Right</source>
+        <translation>&amp;Rechts ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the right edges</source>
+        <translation>Die rechten Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Top</source>
+        <translation>&amp;Oben ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the top edges</source>
+        <translation>Die oberen Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Middle</source>
+        <translation>&amp;Mittig ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the middles, from top to bottom</source>
+        <translation>Die Mitten senkrecht ausrichten</translation>
+    </message>
+    <message>
+        <source>Align &amp;Bottom</source>
+        <translation>&amp;Unten ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the bottom edges</source>
+        <translation>Die unteren Kanten ausrichten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Left Edges</source>
+        <translation>&amp;Linke Kanten verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between left edges equal</source>
+        <translation>Gleiche Abstände zwischen den linken Kanten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Centres</source>
+        <translation>&amp;Mitten waagrecht verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between middles equal, from left to right</source>
+        <translation>Gleiche waagrechte Abstände zwischen den Mitten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Right Edges</source>
+        <translation>&amp;Rechte Kanten verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between right edges equal</source>
+        <translation>Gleiche Abstände zwischen den rechten Kanten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Horizontally</source>
+        <translation>&amp;Waagrecht verteilen</translation>
+    </message>
+    <message>
+        <source>Make the gaps equal, from left to right</source>
+        <translation>Gleiche Lücken von links nach rechts</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Top Edges</source>
+        <translation>&amp;Obere Kanten verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between top edges equal</source>
+        <translation>Gleiche Abstände zwischen den oberen Kanten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Middles</source>
+        <translation>M&amp;itten senkrecht verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between middles equal, from top to bottom</source>
+        <translation>Gleiche senkrechte Abstände zwischen den Mitten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Bottom Edges</source>
+        <translation>&amp;Untere Kanten verteilen</translation>
+    </message>
+    <message>
+        <source>Make the distances between bottom edges equal</source>
+        <translation>Gleiche Abstände zwischen den unteren Kanten</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Vertically</source>
+        <translation>&amp;Senkrecht verteilen</translation>
+    </message>
+    <message>
+        <source>Make the gaps equal, from top to bottom</source>
+        <translation>Gleiche Lücken von oben nach unten</translation>
+    </message>
+    <message>
+        <source>Horizontal &amp;Gap...</source>
+        <translation>Waagrechte Lü&amp;cke...</translation>
+    </message>
+    <message>
+        <source>Line up from left to right with gaps of a given size</source>
+        <translation>Von links nach rechts mit Lücken gegebener Größe aufreihen</translation>
+    </message>
+    <message>
+        <source>Vertical Ga&amp;p...</source>
+        <translation>Senkrechte Lüc&amp;ke...</translation>
+    </message>
+    <message>
+        <source>Line up from top to bottom with gaps of a given size</source>
+        <translation>Von oben nach unten mit Lücken gegebener Größe aufreihen</translation>
+    </message>
+    <message>
+        <source>Same &amp;Width</source>
+        <translation>Gleiche &amp;Breite</translation>
+    </message>
+    <message>
+        <source>As wide as the item that was selected first</source>
+        <translation>So breit wie das zuerst gewählte Element</translation>
+    </message>
+    <message>
+        <source>Same &amp;Height</source>
+        <translation>Gleiche &amp;Höhe</translation>
+    </message>
+    <message>
+        <source>As high as the item that was selected first</source>
+        <translation>So hoch wie das zuerst gewählte Element</translation>
+    </message>
+    <message>
+        <source>Same &amp;Size</source>
+        <translation>Gleiche &amp;Größe</translation>
+    </message>
+    <message>
+        <source>As large as the item that was selected first</source>
+        <translation>So groß wie das zuerst gewählte Element</translation>
+    </message>
+    <message>
+        <source>Centre &amp;Horizontally</source>
+        <translation>&amp;Waagrecht zentrieren</translation>
+    </message>
+    <message>
+        <source>To the middle of the page, from left to right</source>
+        <translation>Waagrecht in die Mitte der Seite</translation>
+    </message>
+    <message>
+        <source>Centre &amp;Vertically</source>
+        <translation>&amp;Senkrecht zentrieren</translation>
+    </message>
+    <message>
+        <source>To the middle of the page, from top to bottom</source>
+        <translation>Senkrecht in die Mitte der Seite</translation>
+    </message>
+    <message>
+        <source>Centre in &amp;Page</source>
+        <translation>&amp;In der Seite zentrieren</translation>
+    </message>
+    <message>
+        <source>To the middle of the page</source>
+        <translation>In die Mitte der Seite</translation>
+    </message>
+    <message>
+        <source>Align to &amp;Page</source>
+        <translation>An der &amp;Seite ausrichten</translation>
+    </message>
+    <message>
+        <source>Align several items to the page too, not to each other</source>
+        <translation>Auch mehrere Elemente an der Seite statt aneinander ausrichten</translation>
+    </message>
+    <message>
+        <source>&amp;Distribute</source>
+        <translation>&amp;Verteilen</translation>
+    </message>
+    <message>
+        <source>&amp;Same Size</source>
+        <translation>Gleiche &amp;Größe</translation>
+    </message>
+    <message>
+        <source>Ce&amp;ntre in Page</source>
+        <translation>In der Seite z&amp;entrieren</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>Anordnen</translation>
+    </message>
+    <message>
+        <source>Gap between neighbours, in pixels:</source>
+        <translation>Lücke zwischen Nachbarn in Pixel:</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>
@@ -509,6 +716,29 @@
     <message>
         <source>%1: the file is too big</source>
         <translation>%1: die Datei ist zu groß</translation>
+    </message>
+</context>
+<context>
+    <name>CItemArrange</name>
+    <message>
+        <source>Select one or more items first</source>
+        <translation>Erst ein oder mehrere Elemente auswählen</translation>
+    </message>
+    <message>
+        <source>Select two or more items first</source>
+        <translation>Erst zwei oder mehr Elemente auswählen</translation>
+    </message>
+    <message>
+        <source>Select three or more items first</source>
+        <translation>Erst drei oder mehr Elemente auswählen</translation>
+    </message>
+    <message>
+        <source>None of the other selected items can change its size</source>
+        <translation>Keines der anderen gewählten Elemente kann seine Größe ändern</translation>
+    </message>
+    <message>
+        <source>All selected items are locked</source>
+        <translation>Alle gewählten Elemente sind gesperrt</translation>
     </message>
 </context>
 <context>
@@ -1091,6 +1321,34 @@
         <source>Go back to what you saved last</source>
         <translation>Zum zuletzt gespeicherten Stand zurückkehren</translation>
     </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>&amp;Anordnen</translation>
+    </message>
+    <message>
+        <source>Paste in P&amp;lace</source>
+        <translation>An derselben Ste&amp;lle einfügen</translation>
+    </message>
+    <message>
+        <source>Paste to where it was copied</source>
+        <translation>Dort einfügen, wo kopiert wurde</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>Copy the selected items beside themselves</source>
+        <translation>Die gewählten Elemente neben sich kopieren</translation>
+    </message>
+    <message>
+        <source>Fit to &amp;Selection</source>
+        <translation>An die Au&amp;swahl anpassen</translation>
+    </message>
+    <message>
+        <source>Show the selected items as large as the view allows</source>
+        <translation>Die gewählten Elemente so groß zeigen, wie es die Ansicht erlaubt</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1588,6 +1846,10 @@
     <message>
         <source>Ungroup</source>
         <translation>Gruppierung aufheben</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,213 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CArrangeActions</name>
+    <message>
+        <source>Align &amp;Left</source>
+        <translation>左对齐(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Align the left edges</source>
+        <translation>对齐左边缘</translation>
+    </message>
+    <message>
+        <source>Align &amp;Centre</source>
+        <translation>水平居中对齐(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Align the middles, from left to right</source>
+        <translation>在水平方向对齐中心</translation>
+    </message>
+    <message>
+        <source>Align &amp;Right</source>
+        <translation>右对齐(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Align the right edges</source>
+        <translation>对齐右边缘</translation>
+    </message>
+    <message>
+        <source>Align &amp;Top</source>
+        <translation>顶端对齐(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Align the top edges</source>
+        <translation>对齐上边缘</translation>
+    </message>
+    <message>
+        <source>Align &amp;Middle</source>
+        <translation>垂直居中对齐(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Align the middles, from top to bottom</source>
+        <translation>在垂直方向对齐中心</translation>
+    </message>
+    <message>
+        <source>Align &amp;Bottom</source>
+        <translation>底端对齐(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Align the bottom edges</source>
+        <translation>对齐下边缘</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Left Edges</source>
+        <translation>分布左边缘(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Make the distances between left edges equal</source>
+        <translation>使左边缘的间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Centres</source>
+        <translation>水平分布中心(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Make the distances between middles equal, from left to right</source>
+        <translation>使中心的水平间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Right Edges</source>
+        <translation>分布右边缘(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Make the distances between right edges equal</source>
+        <translation>使右边缘的间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Horizontally</source>
+        <translation>水平分布(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Make the gaps equal, from left to right</source>
+        <translation>使从左到右的空隙相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Top Edges</source>
+        <translation>分布上边缘(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Make the distances between top edges equal</source>
+        <translation>使上边缘的间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Middles</source>
+        <translation>垂直分布中心(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Make the distances between middles equal, from top to bottom</source>
+        <translation>使中心的垂直间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Bottom Edges</source>
+        <translation>分布下边缘(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Make the distances between bottom edges equal</source>
+        <translation>使下边缘的间距相等</translation>
+    </message>
+    <message>
+        <source>Distribute &amp;Vertically</source>
+        <translation>垂直分布(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Make the gaps equal, from top to bottom</source>
+        <translation>使从上到下的空隙相等</translation>
+    </message>
+    <message>
+        <source>Horizontal &amp;Gap...</source>
+        <translation>水平空隙(&amp;G)...</translation>
+    </message>
+    <message>
+        <source>Line up from left to right with gaps of a given size</source>
+        <translation>按给定空隙从左到右排列</translation>
+    </message>
+    <message>
+        <source>Vertical Ga&amp;p...</source>
+        <translation>垂直空隙(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Line up from top to bottom with gaps of a given size</source>
+        <translation>按给定空隙从上到下排列</translation>
+    </message>
+    <message>
+        <source>Same &amp;Width</source>
+        <translation>相同宽度(&amp;W)</translation>
+    </message>
+    <message>
+        <source>As wide as the item that was selected first</source>
+        <translation>与最先选中的项目同宽</translation>
+    </message>
+    <message>
+        <source>Same &amp;Height</source>
+        <translation>相同高度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>As high as the item that was selected first</source>
+        <translation>与最先选中的项目同高</translation>
+    </message>
+    <message>
+        <source>Same &amp;Size</source>
+        <translation>相同大小(&amp;S)</translation>
+    </message>
+    <message>
+        <source>As large as the item that was selected first</source>
+        <translation>与最先选中的项目同样大小</translation>
+    </message>
+    <message>
+        <source>Centre &amp;Horizontally</source>
+        <translation>水平居中(&amp;H)</translation>
+    </message>
+    <message>
+        <source>To the middle of the page, from left to right</source>
+        <translation>移到页面的水平中心</translation>
+    </message>
+    <message>
+        <source>Centre &amp;Vertically</source>
+        <translation>垂直居中(&amp;V)</translation>
+    </message>
+    <message>
+        <source>To the middle of the page, from top to bottom</source>
+        <translation>移到页面的垂直中心</translation>
+    </message>
+    <message>
+        <source>Centre in &amp;Page</source>
+        <translation>在页面中居中(&amp;P)</translation>
+    </message>
+    <message>
+        <source>To the middle of the page</source>
+        <translation>移到页面中心</translation>
+    </message>
+    <message>
+        <source>Align to &amp;Page</source>
+        <translation>对齐到页面(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Align several items to the page too, not to each other</source>
+        <translation>多个项目也对齐到页面，而不是互相对齐</translation>
+    </message>
+    <message>
+        <source>&amp;Distribute</source>
+        <translation>分布(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Same Size</source>
+        <translation>相同大小(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Ce&amp;ntre in Page</source>
+        <translation>在页面中居中(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Arrange</source>
+        <translation>排列</translation>
+    </message>
+    <message>
+        <source>Gap between neighbours, in pixels:</source>
+        <translation>相邻项目的空隙（像素）：</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>
@@ -509,6 +716,29 @@
     <message>
         <source>%1: the file is too big</source>
         <translation>%1：文件太大</translation>
+    </message>
+</context>
+<context>
+    <name>CItemArrange</name>
+    <message>
+        <source>Select one or more items first</source>
+        <translation>请先选择一个或多个项目</translation>
+    </message>
+    <message>
+        <source>Select two or more items first</source>
+        <translation>请先选择两个或更多项目</translation>
+    </message>
+    <message>
+        <source>Select three or more items first</source>
+        <translation>请先选择三个或更多项目</translation>
+    </message>
+    <message>
+        <source>None of the other selected items can change its size</source>
+        <translation>其他选中的项目都不能改变大小</translation>
+    </message>
+    <message>
+        <source>All selected items are locked</source>
+        <translation>所有选中的项目都已锁定</translation>
     </message>
 </context>
 <context>
@@ -1091,6 +1321,34 @@
         <source>Go back to what you saved last</source>
         <translation>返回上次保存的内容</translation>
     </message>
+    <message>
+        <source>&amp;Arrange</source>
+        <translation>排列(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Paste in P&amp;lace</source>
+        <translation>原位粘贴(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Paste to where it was copied</source>
+        <translation>粘贴到复制时的位置</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>创建副本(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Copy the selected items beside themselves</source>
+        <translation>在旁边复制选中的项目</translation>
+    </message>
+    <message>
+        <source>Fit to &amp;Selection</source>
+        <translation>适合所选(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show the selected items as large as the view allows</source>
+        <translation>尽可能大地显示选中的项目</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1588,6 +1846,10 @@
     <message>
         <source>Ungroup</source>
         <translation>取消组合</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
     </message>
 </context>
 <context>

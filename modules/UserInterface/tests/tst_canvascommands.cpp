@@ -1,5 +1,6 @@
 // The commands of the menus on a real project with a real emulator: each does to the shown page
 // what its name says, is one undo step, and does nothing harmful when there is nothing to do it to.
+#include "CArrangeActions.h"
 #include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
@@ -18,6 +19,7 @@
 #include "CZoomComboWidget.h"
 #include "CanvasRoles.h"
 #include "ProgramFolder.h"
+#include "PropertyKey.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -128,6 +130,52 @@ private Q_SLOTS:
         }
     }
 
+    /// From the keys; what was selected first gives its size, and the reason for what is disabled
+    /// is told.
+    void arranging()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        const CArrangeActions *arrange = m_window->arrangeActions();
+        const QAction *left = arrange->action(CItemArrange::AlignLeft);
+        QVERIFY(!left->isEnabled() && left->statusTip().startsWith("Select one"));
+        CScreenScene *scene = m_screens->currentView()->screenScene();
+        QVector<CItemModel *> items; // A lies in front; clicked in another order
+        for (const char *name : {"C", "A", "B"})
+            items.append(select(name));
+        scene->chooseModelItems({});
+        items[0]->setProperty(PropertyKey::Width, 33);
+        for (int count = 1; count <= items.size(); ++count) {
+            scene->chooseModelItems(items.mid(0, count));
+            QCOMPARE(arrange->action(CItemArrange::DistributeAcross)->isEnabled(), count == 3);
+        }
+        arrange->action(CItemArrange::SameWidth)->trigger();
+        for (CItemModel *each : qAsConst(items))
+            QCOMPARE(each->width(), 33.0);
+        m_screens->currentView()->setFocus();
+        const auto press = [this](const char *keys) {
+            QTest::keySequence(m_screens->currentView(), QKeySequence(keys));
+        };
+        press("Ctrl+Shift+L");
+        for (CItemModel *each : qAsConst(items))
+            QCOMPARE(each->x(), 10.0);
+        QUndoStack *stack = m_window->project()->undoStack();
+        QCOMPARE(stack->undoText(), "Align Left");
+        QCOMPARE(stack->count(), 2);
+        const Items before = selected();
+        for (const char *keys : {"Ctrl+[", "Ctrl+[", "Ctrl+]", "Ctrl+Shift+["})
+            press(keys);
+        for (const char *keys : {"Ctrl+L", "Ctrl+L", "Ctrl+G", "Ctrl+Shift+G"})
+            press(keys);
+        QCOMPARE(selected(), before);
+        press("Ctrl+L");
+        QVERIFY(!left->isEnabled() && left->statusTip().contains("locked"));
+        press("Ctrl+3");
+        QVERIFY(m_screens->currentView()->zoomPercent() > 100);
+        press("Ctrl+0");
+        QCOMPARE(m_screens->currentView()->zoomPercent(), 100);
+    }
+
     void randomCommands_data()
     {
         QTest::addColumn<uint>("seed");
@@ -145,7 +193,7 @@ private Q_SLOTS:
         constexpr CMenuBar::EAction actions[] = {
             CMenuBar::BringToFront, CMenuBar::SendToBack, CMenuBar::BringForward,
             CMenuBar::SendBackward, CMenuBar::Cut,        CMenuBar::Copy,
-            CMenuBar::Paste,        CMenuBar::Paste,      CMenuBar::SelectAll,
+            CMenuBar::Paste,        CMenuBar::Duplicate,  CMenuBar::SelectAll,
             CMenuBar::SelectNone,   CMenuBar::Delete,     CMenuBar::SelectInverse,
             CMenuBar::Undo,         CMenuBar::Redo,       CMenuBar::Undo,
             CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::NewPage};
@@ -366,8 +414,7 @@ private Q_SLOTS:
         trigger(CMenuBar::Undo);
         QCOMPARE(project->saveToBytes(nullptr), before);
         m_screens->currentView()->setFocus();
-        for (const int key : {Qt::Key_D, Qt::Key_A})
-            QTest::keyClick(m_screens->currentView(), Qt::Key(key), Qt::ControlModifier);
+        QTest::keyClick(m_screens->currentView(), Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(selected().size(), 3);
         QTest::keyClick(m_screens->currentView(), Qt::Key_Escape);
         QCOMPARE(selected().size(), 0);

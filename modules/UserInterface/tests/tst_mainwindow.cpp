@@ -1,3 +1,4 @@
+#include "CArrangeActions.h"
 #include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
@@ -91,10 +92,17 @@ private Q_SLOTS:
             for (const QKeySequence &each : bar->action(CMenuBar::EAction(id))->shortcuts())
                 all.append(each.toString());
         }
-        QCOMPARE(all.join(' '), "Ctrl+N Ctrl+O Ctrl+W Ctrl+S Ctrl+Shift+S Ctrl+P "
-                                "Ctrl+Q Ctrl+X Shift+Del Ctrl+C Ctrl+Ins Ctrl+V "
-                                "Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+Z "
-                                "Ctrl+Shift+Z Ctrl+Y Ctrl+F F1");
+        QCOMPARE(all.join(' '), "Ctrl+N Ctrl+O Ctrl+W Ctrl+S Ctrl+Shift+S Ctrl+P Ctrl+Q "
+                                "Ctrl+Shift+] Ctrl+Shift+[ Ctrl+] Ctrl+[ Ctrl+X Shift+Del Ctrl+C "
+                                "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
+                                "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
+                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3");
+        for (int what = 0; what < CItemArrange::WhatCount; ++what) {
+            for (const QKeySequence &each :
+                 m_window->arrangeActions()->action(CItemArrange::EWhat(what))->shortcuts())
+                all.append(each.toString());
+        }
+        QCOMPARE(all.removeDuplicates(), 0);
     }
 
     void zoomMarks()

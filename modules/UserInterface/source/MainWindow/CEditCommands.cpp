@@ -68,8 +68,9 @@ void deselectIn(QWidget *text)
 void CEditCommands::watchKeysOf(const CMenuBar &menus)
 {
     for (const CMenuBar::EAction each :
-         {CMenuBar::Cut, CMenuBar::Copy, CMenuBar::Paste, CMenuBar::Delete, CMenuBar::SelectAll,
-          CMenuBar::SelectNone, CMenuBar::SelectInverse})
+         {CMenuBar::Cut, CMenuBar::Copy, CMenuBar::Paste, CMenuBar::PasteInPlace,
+          CMenuBar::Duplicate, CMenuBar::Delete, CMenuBar::SelectAll, CMenuBar::SelectNone,
+          CMenuBar::SelectInverse})
         m_keys.watch(menus.action(each));
 }
 
@@ -100,6 +101,7 @@ bool CEditCommands::isForFocused(EText what) const
         deselectIn(text);
         break;
     case EText::SelectInverse:
+    case EText::Duplicate:
         break; // a text has none, and what lies unseen behind it is not meant
     }
     return true;
@@ -155,6 +157,18 @@ void CEditCommands::paste()
     }
     m_panels->explorer()->setFocus(); // the pages will be selected there
     m_panels->explorer()->paste();
+}
+
+void CEditCommands::pasteInPlace()
+{
+    if (!isForFocused(EText::Paste))
+        runOnView(&CSelectionCommands::pasteInPlace);
+}
+
+void CEditCommands::duplicate()
+{
+    if (!isForFocused(EText::Duplicate))
+        runOnView(&CSelectionCommands::duplicate);
 }
 
 void CEditCommands::remove()

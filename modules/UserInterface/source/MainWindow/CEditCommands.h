@@ -29,6 +29,9 @@ public:
     void copy();
     /// Onto the page that is shown; whole pages behind all others.
     void paste();
+    /// To where it was copied, without stepping aside.
+    void pasteInPlace();
+    void duplicate();
     void remove();
     void selectAll();
     void selectNone();
@@ -39,7 +42,7 @@ public:
     void runOnView(void (CSelectionCommands::*command)());
 
 private:
-    enum class EText { Cut, Copy, Paste, Delete, SelectAll, SelectNone, SelectInverse };
+    enum class EText { Cut, Copy, Paste, Duplicate, Delete, SelectAll, SelectNone, SelectInverse };
 
     bool isForFocused(EText what) const;
     ItemOperations::Items items() const;

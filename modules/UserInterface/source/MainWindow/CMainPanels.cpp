@@ -151,6 +151,7 @@ void CMainPanels::clear()
     m_properties->setProject(nullptr);
     m_explorer->setProject(nullptr);
     m_output->clear();
+    Q_EMIT selectionShown();
 }
 
 void CMainPanels::refresh()

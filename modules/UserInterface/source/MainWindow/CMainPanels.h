@@ -59,6 +59,10 @@ public:
     void cancelGestures();
     void retranslate();
 
+Q_SIGNALS:
+    /// All panels show what is selected now, which may be the same as before.
+    void selectionShown();
+
 public Q_SLOTS:
     void write(const QString &text); ///< into the output window
     /// Why something that the user asked for was not done: seen also when that window was closed.

@@ -67,6 +67,7 @@ void CMainPanels::selectionChanged(const QModelIndexList &selected)
         openPageOf(current);
     m_screens->selectItems(items);
     m_properties->showItems(items);
+    Q_EMIT selectionShown();
 }
 
 void CMainPanels::explorerClicked(const QModelIndex &index)
@@ -87,6 +88,7 @@ void CMainPanels::takeFromCanvas(const QList<CItemModel *> &items)
     m_selection->select(items);
     m_explorer->selectItems(items);
     m_properties->showItems(items);
+    Q_EMIT selectionShown();
 }
 
 /// From here on keys are for what is selected there: a page that was chosen in the explorer, or a
@@ -146,6 +148,7 @@ void CMainPanels::showSelection()
     m_screens->selectItems(m_selection->items());
     m_explorer->selectItems(m_selection->items());
     m_properties->showItems(m_selection->shownItems());
+    Q_EMIT selectionShown();
 }
 
 /// Of an item; choosing a page itself leads nowhere until it is clicked.

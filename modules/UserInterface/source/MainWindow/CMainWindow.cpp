@@ -1,5 +1,6 @@
 #include "CMainWindow.h"
 
+#include "CArrangeActions.h"
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
 #include "CDialogQuestions.h"
@@ -78,6 +79,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
+    m_arrange = new CArrangeActions(this, m_panels, m_menuBar->menu(CMenuBar::ArrangeMenu));
+    connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_edit->watchKeysOf(*m_menuBar);
     m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
@@ -313,6 +316,7 @@ void CMainWindow::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange || !m_menuBar)
         return;
     m_menuBar->retranslate();
+    m_arrange->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

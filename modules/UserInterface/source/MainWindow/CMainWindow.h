@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class CArrangeActions;
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
@@ -56,6 +57,7 @@ public:
     QUndoGroup *undoGroup() const { return m_undoGroup; }
     CRecentProjects *recentProjects() const { return m_recent; }
     CMenuBar *actions() const { return m_menuBar; }
+    CArrangeActions *arrangeActions() const { return m_arrange; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -127,6 +129,9 @@ public Q_SLOTS:
     // What the menus command besides.
     void revertProject();
     void newTab();
+    void pasteInPlace();
+    void duplicate();
+    void zoomToSelection();
     void selectAll();
     void selectNone();
     void selectInverse();
@@ -179,6 +184,7 @@ private:
     CMainPanels *m_panels = nullptr;
     std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
+    CArrangeActions *m_arrange = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

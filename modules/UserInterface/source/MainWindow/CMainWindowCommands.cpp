@@ -21,8 +21,11 @@
 #include "CScreenView.h"
 #include "CSelectionCommands.h"
 #include "CUpdater.h"
+#include "CZoomComboWidget.h"
 #include "ChipFindings.h"
+#include "ItemGeometry.h"
 #include "ProgramInfo.h"
+#include "ZoomRule.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -32,8 +35,11 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 constexpr int AutosaveRetryTime = 1000; // ms
+constexpr double ShareOfView = 0.8;     // that the selection takes up when it is zoomed to
 
 void toggle(QWidget *widget)
 {
@@ -311,6 +317,30 @@ void CMainWindow::cut()
 void CMainWindow::paste()
 {
     m_edit->paste();
+}
+
+void CMainWindow::pasteInPlace()
+{
+    m_edit->pasteInPlace();
+}
+
+void CMainWindow::duplicate()
+{
+    m_edit->duplicate();
+}
+
+void CMainWindow::zoomToSelection()
+{
+    CScreenView *view = m_panels->screens()->currentView();
+    const QVector<CItemModel *> items = view ? view->selectedItems() : QVector<CItemModel *>();
+    if (items.isEmpty())
+        return;
+    const QRectF frame = ItemGeometry::frameOf(items);
+    const double across = view->viewport()->width() / std::max(1.0, frame.width());
+    const double down = view->viewport()->height() / std::max(1.0, frame.height());
+    const int percent = static_cast<int>(std::min(across, down) * ShareOfView * 100);
+    m_menuBar->zoomWidget()->setZoom(ZoomRule::clamped(percent), CZoomComboWidget::FreeValue);
+    view->centerOn(frame.center());
 }
 
 void CMainWindow::printScreen()

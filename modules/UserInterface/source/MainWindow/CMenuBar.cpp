@@ -13,21 +13,10 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QToolBar>
 #include <QUndoGroup>
 
 using namespace MenuBarTables;
-
-namespace {
-/// Without the marks of mnemonics, which stand in brackets behind texts of languages that have no
-/// letters for them.
-QString plain(QString text)
-{
-    static const QRegularExpression mark(QStringLiteral("\\(&\\w\\)|&"));
-    return text.remove(mark);
-}
-} // namespace
 
 CMenuBar::CMenuBar(CMainWindow *window)
     : QObject(window),
@@ -201,7 +190,8 @@ void CMenuBar::setProjectOpen(bool isOpen)
         if (id != Exit && id != Undo && id != Redo) // the latter two follow their stack
             m_actions[size_t(id)]->setEnabled(isOpen);
     }
-    m_actions[Fonts]->setEnabled(isOpen);
+    for (const EAction id : {Fonts, PasteInPlace, Duplicate, ZoomSelection})
+        m_actions[id]->setEnabled(isOpen);
 }
 
 void CMenuBar::setSnapToGrid()

@@ -79,12 +79,16 @@ public:
         Updates,
         Revert,
         Fonts,
+        PasteInPlace,
+        Duplicate,
+        ZoomSelection,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };
     enum EMenu {
         FileMenu,
         EditMenu,
+        ArrangeMenu, ///< which CArrangeActions fills
         ViewMenu,
         ProjectMenu,
         ToolsMenu,

@@ -5,6 +5,7 @@
 #include "CZoomComboWidget.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 namespace MenuBarTables {
 namespace {
@@ -45,13 +46,13 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.printScreen(); }},
         {CMenuBar::Exit, QT_TRANSLATE_NOOP("CMenuBar", "&Exit"), "Exit", QT_TRANSLATE_NOOP("CMenuBar", "Exit"), "Ctrl+Q", No,
          [](W &w, B &) { w.close(); }},
-        {CMenuBar::BringToFront, QT_TRANSLATE_NOOP("CMenuBar", "&Bring to Front"), "bringfront", QT_TRANSLATE_NOOP("CMenuBar", "Bring to Front"), nullptr, No,
+        {CMenuBar::BringToFront, QT_TRANSLATE_NOOP("CMenuBar", "&Bring to Front"), "bringfront", QT_TRANSLATE_NOOP("CMenuBar", "Bring to Front"), "Ctrl+Shift+]", No,
          [](W &w, B &) { w.orderingToFront(); }},
-        {CMenuBar::SendToBack, QT_TRANSLATE_NOOP("CMenuBar", "&Send to Back"), "sendback", QT_TRANSLATE_NOOP("CMenuBar", "Send to Back"), nullptr, No,
+        {CMenuBar::SendToBack, QT_TRANSLATE_NOOP("CMenuBar", "&Send to Back"), "sendback", QT_TRANSLATE_NOOP("CMenuBar", "Send to Back"), "Ctrl+Shift+[", No,
          [](W &w, B &) { w.orderingToBack(); }},
-        {CMenuBar::BringForward, QT_TRANSLATE_NOOP("CMenuBar", "&Bring Forward"), "bringfront", QT_TRANSLATE_NOOP("CMenuBar", "Bring Forward"), nullptr, No,
+        {CMenuBar::BringForward, QT_TRANSLATE_NOOP("CMenuBar", "&Bring Forward"), "bringfront", QT_TRANSLATE_NOOP("CMenuBar", "Bring Forward"), "Ctrl+]", No,
          [](W &w, B &) { w.orderingForward(); }},
-        {CMenuBar::SendBackward, QT_TRANSLATE_NOOP("CMenuBar", "&Send Backward"), "sendback", QT_TRANSLATE_NOOP("CMenuBar", "Send Backward"), nullptr, No,
+        {CMenuBar::SendBackward, QT_TRANSLATE_NOOP("CMenuBar", "&Send Backward"), "sendback", QT_TRANSLATE_NOOP("CMenuBar", "Send Backward"), "Ctrl+[", No,
          [](W &w, B &) { w.orderingBackward(); }},
         {CMenuBar::Cut, QT_TRANSLATE_NOOP("CMenuBar", "&Cut"), "Cut", QT_TRANSLATE_NOOP("CMenuBar", "Cut"), "Ctrl+X; Shift+Del", No,
          [](W &w, B &) { w.cut(); }},
@@ -67,23 +68,23 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.selectInverse(); }},
         {CMenuBar::Delete, QT_TRANSLATE_NOOP("CMenuBar", "&Delete"), "cut", QT_TRANSLATE_NOOP("CMenuBar", "Delete Selected Items"), "Del", No,
          [](W &w, B &) { w.deleteSelectedItems(); }},
-        {CMenuBar::LockUnlock, QT_TRANSLATE_NOOP("CMenuBar", "&Lock/Unlock"), "Lock", QT_TRANSLATE_NOOP("CMenuBar", "Lock/Unlock selected items"), nullptr, No,
+        {CMenuBar::LockUnlock, QT_TRANSLATE_NOOP("CMenuBar", "&Lock/Unlock"), "Lock", QT_TRANSLATE_NOOP("CMenuBar", "Lock/Unlock selected items"), "Ctrl+L", No,
          [](W &w, B &) { w.lockItems(); }},
         {CMenuBar::Undo, QT_TRANSLATE_NOOP("CMenuBar", "&Undo"), "Undo", QT_TRANSLATE_NOOP("CMenuBar", "Undo"), "Ctrl+Z", No, nullptr},
         {CMenuBar::Redo, QT_TRANSLATE_NOOP("CMenuBar", "&Redo"), "Redo", QT_TRANSLATE_NOOP("CMenuBar", "Redo"), "Ctrl+Shift+Z; Ctrl+Y", No, nullptr},
-        {CMenuBar::Group, QT_TRANSLATE_NOOP("CMenuBar", "&Group Selected"), "Selection", QT_TRANSLATE_NOOP("CMenuBar", "Group selected objects together"), nullptr, No,
+        {CMenuBar::Group, QT_TRANSLATE_NOOP("CMenuBar", "&Group Selected"), "Selection", QT_TRANSLATE_NOOP("CMenuBar", "Group selected objects together"), "Ctrl+G", No,
          [](W &w, B &) { w.group(); }},
-        {CMenuBar::Ungroup, QT_TRANSLATE_NOOP("CMenuBar", "&Ungroup"), "Clear", QT_TRANSLATE_NOOP("CMenuBar", "Ungroup selected objects"), nullptr, No,
+        {CMenuBar::Ungroup, QT_TRANSLATE_NOOP("CMenuBar", "&Ungroup"), "Clear", QT_TRANSLATE_NOOP("CMenuBar", "Ungroup selected objects"), "Ctrl+Shift+G", No,
          [](W &w, B &) { w.ungroup(); }},
         {CMenuBar::Dark, QT_TRANSLATE_NOOP("CMenuBar", "&Dark"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the theme to the Dark style"), nullptr, On,
          [](W &w, B &) { w.darkStyle(); }},
         {CMenuBar::Light, QT_TRANSLATE_NOOP("CMenuBar", "&Light"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the theme to the Light style"), nullptr, Off,
          [](W &w, B &) { w.lightStyle(); }},
-        {CMenuBar::ZoomReset, QT_TRANSLATE_NOOP("CMenuBar", "&Zoom (100%)"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Zoom to pixel size 100%"), nullptr, Off,
+        {CMenuBar::ZoomReset, QT_TRANSLATE_NOOP("CMenuBar", "&Zoom (100%)"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Zoom to pixel size 100%"), "Ctrl+0", Off,
          [](W &, B &b) { b.zoomWidget()->resetZoom(); }},
-        {CMenuBar::FitToPage, QT_TRANSLATE_NOOP("CMenuBar", "&Fit to Page"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Fit to Page"), nullptr, Off,
+        {CMenuBar::FitToPage, QT_TRANSLATE_NOOP("CMenuBar", "&Fit to Page"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Fit to Page"), "Ctrl+1", Off,
          [](W &, B &b) { b.zoomWidget()->zoomFitToPage(); }},
-        {CMenuBar::FitToWidth, QT_TRANSLATE_NOOP("CMenuBar", "&Fit to Width"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Fit to Width"), nullptr, Off,
+        {CMenuBar::FitToWidth, QT_TRANSLATE_NOOP("CMenuBar", "&Fit to Width"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Fit to Width"), "Ctrl+2", Off,
          [](W &, B &b) { b.zoomWidget()->zoomFitToWidth(); }},
         {CMenuBar::RulerSize, QT_TRANSLATE_NOOP("CMenuBar", "&Ruler Size..."), "Test line", QT_TRANSLATE_NOOP("CMenuBar", "Change ruler size"), nullptr, No, nullptr},
         {CMenuBar::GridSize, QT_TRANSLATE_NOOP("CMenuBar", "&Grid Size..."), "grid", QT_TRANSLATE_NOOP("CMenuBar", "Change grid size"), nullptr, No, nullptr},
@@ -121,6 +122,12 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.revertProject(); }},
         {CMenuBar::Fonts, QT_TRANSLATE_NOOP("CMenuBar", "&Fonts..."), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Add fonts of your own to the project"), nullptr, No,
          [](W &w, B &) { w.showFontsDialog(); }},
+        {CMenuBar::PasteInPlace, QT_TRANSLATE_NOOP("CMenuBar", "Paste in P&lace"), "Paste", QT_TRANSLATE_NOOP("CMenuBar", "Paste to where it was copied"), "Ctrl+Shift+V", No,
+         [](W &w, B &) { w.pasteInPlace(); }},
+        {CMenuBar::Duplicate, QT_TRANSLATE_NOOP("CMenuBar", "&Duplicate"), "Copy", QT_TRANSLATE_NOOP("CMenuBar", "Copy the selected items beside themselves"), "Ctrl+D", No,
+         [](W &w, B &) { w.duplicate(); }},
+        {CMenuBar::ZoomSelection, QT_TRANSLATE_NOOP("CMenuBar", "Fit to &Selection"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Show the selected items as large as the view allows"), "Ctrl+3", No,
+         [](W &w, B &) { w.zoomToSelection(); }},
     };
     return table;
 }
@@ -135,6 +142,7 @@ const std::vector<SMenu> &menus()
         {M::EditMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Edit"), true,
          {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},
+        {M::ArrangeMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Arrange"), true, {}},
         {M::ViewMenu, QT_TRANSLATE_NOOP("CMenuBar", "&View"), true, {M::ThemeMenu, M::ZoomMenu, M::GridMenu, M::WindowsMenu}},
         {M::ProjectMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Project"), true, {M::Fonts}},
         {M::ToolsMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Tools"), true, {M::SnapToGrid, M::Options, M::Language}},
@@ -142,11 +150,11 @@ const std::vector<SMenu> &menus()
         {M::RecentMenu, QT_TRANSLATE_NOOP("CMenuBar", "Recent"), false, {}},
         {M::ExportMenu, QT_TRANSLATE_NOOP("CMenuBar", "Export"), false, {M::ProjectToDL, M::PageToDL, M::ProjectToBinary, M::PageToBinary}},
         {M::OrderMenu, QT_TRANSLATE_NOOP("CMenuBar", "Order"), false, {M::BringToFront, M::SendToBack, M::BringForward, M::SendBackward}},
-        {M::ClipboardMenu, QT_TRANSLATE_NOOP("CMenuBar", "Clipboard"), false, {M::Cut, M::Copy, M::Paste}},
+        {M::ClipboardMenu, QT_TRANSLATE_NOOP("CMenuBar", "Clipboard"), false, {M::Cut, M::Copy, M::Paste, M::Separator, M::PasteInPlace, M::Duplicate}},
         {M::SelectMenu, QT_TRANSLATE_NOOP("CMenuBar", "Select"), false, {M::SelectAll, M::SelectNone, M::SelectInverse}},
         {M::GroupingMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grouping"), false, {M::Group, M::Ungroup}},
         {M::ThemeMenu, QT_TRANSLATE_NOOP("CMenuBar", "Theme"), false, {M::Dark, M::Light}},
-        {M::ZoomMenu, QT_TRANSLATE_NOOP("CMenuBar", "Zoom"), false, {M::ZoomReset, M::FitToPage, M::FitToWidth}},
+        {M::ZoomMenu, QT_TRANSLATE_NOOP("CMenuBar", "Zoom"), false, {M::ZoomReset, M::FitToPage, M::FitToWidth, M::ZoomSelection}},
         {M::GridMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grid"), false, {M::GridToggle, M::GridType, M::GridColour}},
         {M::WindowsMenu, QT_TRANSLATE_NOOP("CMenuBar", "Windows"), false,
          {M::ProjectWindow, M::LibraryWindow, M::PropertiesWindow, M::OutputWindow, M::StatusBar}},
@@ -154,4 +162,10 @@ const std::vector<SMenu> &menus()
     return table;
 }
 // clang-format on
+
+QString plain(QString text)
+{
+    static const QRegularExpression mark(QStringLiteral("\\(&\\w\\)|&"));
+    return text.remove(mark);
+}
 } // namespace MenuBarTables

@@ -40,4 +40,8 @@ struct SMenu
 
 const std::vector<SAction> &actions(); ///< in the order of EAction
 const std::vector<SMenu> &menus();     ///< in the order of EMenu
+
+/// Without the marks of mnemonics, which stand in brackets behind texts of languages that have no
+/// letters for them.
+QString plain(QString text);
 } // namespace MenuBarTables

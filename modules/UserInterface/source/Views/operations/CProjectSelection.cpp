@@ -4,6 +4,7 @@
 #include "CProjectModel.h"
 #include "ItemTree.h"
 
+#include <QSet>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -63,7 +64,17 @@ QList<CItemModel *> CProjectSelection::shownItems() const
 
 void CProjectSelection::select(const QList<CItemModel *> &items)
 {
-    m_items = CItemSequence(items);
+    const QSet<CItemModel *> wanted(items.begin(), items.end());
+    QList<CItemModel *> ordered;
+    for (CItemModel *each : m_items.list()) {
+        if (wanted.contains(each))
+            ordered.append(each);
+    }
+    for (CItemModel *each : items) {
+        if (!m_items.contains(each))
+            ordered.append(each);
+    }
+    m_items = CItemSequence(ordered);
     m_member = nullptr;
 }
 

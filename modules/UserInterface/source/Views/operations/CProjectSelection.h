@@ -25,7 +25,8 @@ public:
     /// Nothing of it is selected at first. Not owned; null for none.
     void setProject(CProjectModel *project);
 
-    QList<CItemModel *> items() const { return m_items.list(); } ///< screens too
+    /// Screens too; what has been selected for longest comes first.
+    QList<CItemModel *> items() const { return m_items.list(); }
     /// The same without what lies below another of them.
     QList<CItemModel *> topmostItems() const;
     /// What there is to edit: the items, or the one member of a group whose group is selected.

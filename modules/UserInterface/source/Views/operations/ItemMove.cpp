@@ -1,5 +1,6 @@
 #include "ItemMove.h"
 
+#include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
@@ -28,6 +29,22 @@ std::array<ItemMove::SAxis, 2> ItemMove::axes(const CItemModel &item, const QPoi
 std::array<ItemMove::SAxis, 2> ItemMove::axes(const CItemModel &item, const QPointF &target)
 {
     return axes(item, {item.x(), item.y()}, {item.x2(), item.y2()}, target);
+}
+
+QVector<QUndoCommand *> ItemMove::commands(CItemModel *item, const QPointF &target,
+                                           QUndoCommand *parent)
+{
+    QVector<QUndoCommand *> made;
+    for (const SAxis &axis : axes(*item, target)) {
+        const QVariant old = item->propertyValue(axis.key);
+        if (old.toString() == QString::number(axis.value))
+            continue;
+        made.append(new CCommandChangeItemProperty(item, axis.key, axis.value, old, parent));
+        if (axis.second)
+            made.append(new CCommandChangeItemProperty(
+                item, axis.secondKey, *axis.second, item->propertyValue(axis.secondKey), parent));
+    }
+    return made;
 }
 
 bool ItemMove::isBetweenTwoPoints(const CItemModel &item)

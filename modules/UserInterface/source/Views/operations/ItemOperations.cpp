@@ -271,7 +271,8 @@ bool ItemOperations::canPaste(const QMimeData *data)
     return data && data->hasFormat(ScreenDocuments::CopiedItemsMime);
 }
 
-Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem)
+Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem,
+                            std::optional<QPoint> by, const QString &macroText)
 {
     QString reason;
     const QByteArray xml =
@@ -310,12 +311,25 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     Items copies;
     for (int row = 0; row < count; ++row)
         copies.append(holding->childItem(row));
-    const QPoint by = PastePlace::offset(copies, screen, pageSizeOf(data));
+    if (!by)
+        by = PastePlace::offset(copies, screen, pageSizeOf(data));
     ItemNames::Names taken = ItemNames::below(screen);
     for (CItemModel *each : qAsConst(copies)) {
-        PastePlace::move(*each, by);
+        PastePlace::move(*each, *by);
         ItemNames::makeUnique(*each, taken);
     }
-    stackOf(screen).push(new CCommandPaste(&screen, std::move(holding)));
+    auto *command = new CCommandPaste(&screen, std::move(holding));
+    if (!macroText.isEmpty())
+        command->setText(macroText);
+    stackOf(screen).push(command);
     return copies;
+}
+
+Items ItemOperations::duplicate(CScreenModel &screen, const Items &items, std::optional<QPoint> by)
+{
+    const std::unique_ptr<QMimeData> copied(toMimeData(items));
+    if (!copied)
+        return {};
+    return paste(screen, *copied, nullptr, by,
+                 QCoreApplication::translate("CSelectionCommands", "Duplicate"));
 }

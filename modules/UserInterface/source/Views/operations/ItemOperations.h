@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QPoint>
+#include <QString>
 #include <QVector>
+
+#include <optional>
 
 class CItemModel;
 class CScreenModel;
 class QMimeData;
-class QPoint;
 
 /// What a user does to the selected items, recorded on their project's undo stack: one step each.
 /// The items are direct rows of a screen, front first. An operation that changes nothing records
@@ -40,6 +43,10 @@ QMimeData *toMimeData(const Items &items);
 bool canPaste(const QMimeData *data);
 /// The pasted items. They get unused ids, and names that no other item of the screen has; images
 /// of another project come along. `problem` says why nothing was pasted, or which images are
-/// missing.
-Items paste(CScreenModel &screen, const QMimeData &data, QString *problem = nullptr);
+/// missing. They come as far from where they were copied as `by` says; without it, to a place
+/// where they are seen.
+Items paste(CScreenModel &screen, const QMimeData &data, QString *problem = nullptr,
+            std::optional<QPoint> by = {}, const QString &macroText = {});
+/// The copies, at a distance as with paste().
+Items duplicate(CScreenModel &screen, const Items &items, std::optional<QPoint> by);
 } // namespace ItemOperations

@@ -161,6 +161,43 @@ private Q_SLOTS:
         QCOMPARE(savedBytes(*canvas.project), before);
     }
 
+    /// A row: once, moved, and again as often as wanted. What is chosen anew begins anew.
+    void duplicates()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, 100, 100, 40, 30);
+        item->setLocked(true);
+        canvas.show();
+        canvas.select({item});
+        CSelectionCommands *commands = canvas.view->commands();
+        const auto front = [&canvas] { return canvas.screen->childItem(0); };
+        commands->duplicate();
+        QCOMPARE(rectOf(front()), QRectF(110, 110, 40, 30));
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({front()}));
+        commands->nudge(50, -10);
+        QStringList names;
+        for (const int x : {220, 280, 340}) {
+            commands->duplicate();
+            QCOMPARE(rectOf(front()), QRectF(x, 100, 40, 30));
+            names << front()->name();
+        }
+        const QString stem = item->name();
+        QCOMPARE(names, QStringList({stem + " 3", stem + " 4", stem + " 5"}));
+        QVERIFY(!front()->isLocked());
+        QCOMPARE(canvas.stack.undoText(), QString("Duplicate"));
+        canvas.stack.undo();
+        QCOMPARE(canvas.screen->rowCount(), 4);
+        canvas.select({item});
+        commands->copy();
+        commands->pasteInPlace();
+        QCOMPARE(rectOf(front()), rectOf(item));
+        canvas.select({item});
+        commands->duplicate();
+        QCOMPARE(rectOf(front()), QRectF(110, 110, 40, 30));
+        canvas.stack.setIndex(0);
+        QCOMPARE(canvas.screen->rowCount(), 1);
+    }
+
     void rejectedPastes_data()
     {
         QTest::addColumn<QString>("format");

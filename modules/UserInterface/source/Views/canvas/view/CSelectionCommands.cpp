@@ -1,6 +1,5 @@
 #include "CSelectionCommands.h"
 
-#include "CCommandChangeItemProperty.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -18,19 +17,6 @@
 
 #include <algorithm>
 #include <cmath>
-
-namespace {
-void pushAxis(QUndoStack &stack, CItemModel *item, const ItemMove::SAxis &axis)
-{
-    const QVariant old = item->propertyValue(axis.key);
-    if (old.toString() == QString::number(axis.value))
-        return;
-    stack.push(new CCommandChangeItemProperty(item, axis.key, axis.value, old));
-    if (axis.second)
-        stack.push(new CCommandChangeItemProperty(item, axis.secondKey, *axis.second,
-                                                  item->propertyValue(axis.secondKey)));
-}
-} // namespace
 
 CSelectionCommands::CSelectionCommands(CScreenScene *scene, QObject *parent)
     : QObject(parent), m_scene(scene)
@@ -70,13 +56,36 @@ void CSelectionCommands::cut()
 
 void CSelectionCommands::paste()
 {
+    paste(std::nullopt);
+}
+
+void CSelectionCommands::pasteInPlace()
+{
+    paste(QPoint());
+}
+
+void CSelectionCommands::duplicate()
+{
+    const QVector<CItemModel *> items = selectedItems();
+    const QPointF corner = ItemGeometry::frameOf(items).topLeft();
+    std::optional<QPoint> by;
+    if (items == m_copies && corner != m_copiedFrom)
+        by = (corner - m_copiedFrom).toPoint();
+    m_copies = ItemOperations::duplicate(*screen(), items, by);
+    m_copiedFrom = corner;
+    if (!m_copies.isEmpty())
+        m_scene->chooseModelItems(m_copies);
+}
+
+void CSelectionCommands::paste(std::optional<QPoint> by)
+{
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
     if (!ItemOperations::canPaste(copied)) {
         Q_EMIT message(tr("The clipboard holds neither widgets nor pages, so nothing was pasted."));
         return;
     }
     QString problem;
-    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied, &problem);
+    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied, &problem, by);
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
@@ -177,8 +186,8 @@ void CSelectionCommands::move(CItemModel *item, const QPointF &newPosition)
     const bool both = ItemMove::isBetweenTwoPoints(*item);
     if (both)
         stack.beginMacro(tr("Move Object"));
-    for (const ItemMove::SAxis &axis : ItemMove::axes(*item, newPosition))
-        pushAxis(stack, item, axis);
+    for (QUndoCommand *each : ItemMove::commands(item, newPosition))
+        stack.push(each);
     if (both)
         stack.endMacro();
 }

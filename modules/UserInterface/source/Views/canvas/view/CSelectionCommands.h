@@ -4,6 +4,8 @@
 #include <QPointF>
 #include <QVector>
 
+#include <optional>
+
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
@@ -26,6 +28,11 @@ public:
     void cut();
     /// Selects what was pasted.
     void paste();
+    /// To where it was copied.
+    void pasteInPlace();
+    /// Selects the copies. Those of what was duplicated last lie as far from it as it lies now from
+    /// what it is a copy of, so that a row grows evenly.
+    void duplicate();
     void selectAll();
     void selectNone();
     void selectInverse();
@@ -59,7 +66,10 @@ Q_SIGNALS:
 
 private:
     CScreenModel *screen() const;
+    void paste(std::optional<QPoint> by);
     QUndoStack &undoStack() const;
 
     CScreenScene *const m_scene;
+    QVector<CItemModel *> m_copies; ///< by the last duplicate(); only compared
+    QPointF m_copiedFrom;           ///< the corner of what they are copies of
 };
