@@ -543,6 +543,10 @@
 <context>
     <name>CFontsDialog</name>
     <message>
+        <source>Items that still use handle %1: %2</source>
+        <translation>Elemente, die noch die Kennzahl %1 benutzen: %2</translation>
+    </message>
+    <message>
         <source>Font File</source>
         <translation>Schriftdatei</translation>
     </message>
@@ -601,6 +605,13 @@
     <message>
         <source>Change Fonts</source>
         <translation>Schriften ändern</translation>
+    </message>
+</context>
+<context>
+    <name>FontFiles</name>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1: Es gibt keine solche Datei</translation>
     </message>
 </context>
 <context>

@@ -543,6 +543,10 @@
 <context>
     <name>CFontsDialog</name>
     <message>
+        <source>Items that still use handle %1: %2</source>
+        <translation>仍使用编号 %1 的项目：%2</translation>
+    </message>
+    <message>
         <source>Font File</source>
         <translation>字体文件</translation>
     </message>
@@ -601,6 +605,13 @@
     <message>
         <source>Change Fonts</source>
         <translation>更改字体</translation>
+    </message>
+</context>
+<context>
+    <name>FontFiles</name>
+    <message>
+        <source>%1: there is no such file</source>
+        <translation>%1：没有这样的文件</translation>
     </message>
 </context>
 <context>

@@ -50,8 +50,8 @@ public:
     /// it.
     int advance16(uint32_t slot) const { return m_states[slot].advance16; }
     /// Why a glyph of this frame is left out; empty when none is.
-    const char *why() const { return m_why; }
-    void leaveOut(const char *why) { m_why = why; }
+    const std::string &why() const { return m_why; }
+    void leaveOut(const std::string &why) { m_why = why; }
 
     size_t glyphCount() const { return m_order.size(); }
     size_t maskBytes() const { return m_maskBytes; }
@@ -79,7 +79,7 @@ private:
     SGlyphTurn m_turn;
     double m_cosine;
     uint64_t m_frame = 0;
-    const char *m_why = "";
+    std::string m_why;
     std::vector<SState> m_states; ///< by slot
     struct SUsed
     {

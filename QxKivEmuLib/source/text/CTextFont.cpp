@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <hb-ot.h>
 #include <hb.h>
@@ -55,6 +56,13 @@ private:
     static constexpr uint64_t MostWork = 40'000'000;
     uint64_t m_work = 0;
 };
+
+std::string codeName(char32_t c)
+{
+    char name[16];
+    std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(c));
+    return name;
+}
 
 bool isBlank(char32_t c)
 {
@@ -261,14 +269,30 @@ CGlyphBlock &CTextFont::block(double degrees, uint64_t frame)
     return block;
 }
 
+/// The first character that no face has; 0 when there is none.
+char32_t CTextFont::firstLacking(const std::u32string &characters) const
+{
+    for (const char32_t c : characters) {
+        bool isThere = false;
+        for (size_t face = 0; face < m_faces.count() && !isThere; ++face)
+            isThere = m_faces.has(face, c);
+        if (!isThere)
+            return c;
+    }
+    return 0;
+}
+
 /// What a font has besides takes nothing from the item that happens to be the first to use it.
 void CTextFont::addExtra(CGlyphBlock &block)
 {
     CExtraMeter meter;
     for (const char32_t c : m_line.extra)
         block.use(m_faces.slotOfCharacter(c), meter);
-    if (meter.isOver())
+    if (meter.isOver() || m_line.hasMoreExtra)
         block.leaveOut("there are too many extra characters, and some are left out");
+    else if (const char32_t lacking = firstLacking(m_line.extra))
+        block.leaveOut("of the extra characters, " + codeName(lacking) +
+                       " is in no font; a box stands for it and for others like it");
 }
 
 void CTextFont::endFrame(uint64_t frame)

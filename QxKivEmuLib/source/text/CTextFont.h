@@ -63,6 +63,7 @@ public:
 private:
     std::string fitted(std::string_view utf8, int32_t width, bool isCutAnyway);
     int32_t widthOf(std::string_view utf8);
+    char32_t firstLacking(const std::u32string &characters) const;
     void addExtra(CGlyphBlock &block);
     bool wrapSection(std::string_view section, bool isLast, int32_t width, size_t mostLines,
                      SWrappedText &wrapped);

@@ -211,7 +211,7 @@ std::vector<CTexts::SBlock> CTexts::finish()
         if (used.block->glyphCount() > 0)
             block.bytes = used.block->bytes();
         blocks.push_back(std::move(block));
-        if (*used.block->why() != '\0')
+        if (!used.block->why().empty())
             m_messages.push_back(label(line) + ": " + used.block->why());
     }
     for (SHandle &known : m_handles) {

@@ -59,19 +59,33 @@ bool parseFallback(std::string_view text, SFontLine &font)
     return true;
 }
 
-void addExtra(std::u32string &extra, char32_t first, char32_t last)
+void addExtra(SFontLine &font, char32_t first, char32_t last)
 {
-    for (char32_t c = first; c <= last && extra.size() < MostExtra; ++c)
-        extra += c;
+    for (char32_t c = first; c <= last && !font.hasMoreExtra; ++c) {
+        font.hasMoreExtra = font.extra.size() == MostExtra;
+        if (!font.hasMoreExtra)
+            font.extra += c;
+    }
 }
 
+/// Whether a range may begin or end there; signs beside a "-" are meant themselves.
+bool isRangeEnd(char32_t c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c >= 0xA0;
+}
+
+/// Words of characters and ranges: "A-Za-z0-9 , . -".
 void parseExtra(std::string_view text, SFontLine &font)
 {
     while (!text.empty()) {
         const std::u32string word = decodeUtf8(cut(text, ' '), MostExtra).text;
-        const bool isRange = word.size() == 3 && word[1] == '-' && word[0] <= word[2];
-        for (size_t at = 0; at < (isRange ? 1 : word.size()); ++at)
-            addExtra(font.extra, word[at], isRange ? word[2] : word[at]);
+        for (size_t at = 0; at < word.size(); ++at) {
+            const bool isRange = at + 2 < word.size() && word[at + 1] == '-' &&
+                                 isRangeEnd(word[at]) && isRangeEnd(word[at + 2]);
+            const char32_t end = isRange ? word[at + 2] : word[at];
+            addExtra(font, std::min(word[at], end), std::max(word[at], end));
+            at += isRange ? 2 : 0;
+        }
     }
 }
 

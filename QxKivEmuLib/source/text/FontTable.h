@@ -18,6 +18,7 @@ struct SFontLine
     std::vector<std::pair<std::string, double>> axes; ///< tag and value
     std::vector<int> fallback; ///< handles whose files are asked for what this one lacks
     std::u32string extra;      ///< characters that the firmware will write
+    bool hasMoreExtra = false; ///< than are taken
 };
 
 /// Reads a project's fonts: a line for each, its fields parted by tabs (handle, name, file, size,

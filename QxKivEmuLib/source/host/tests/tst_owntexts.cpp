@@ -409,6 +409,13 @@ TEST_F(OwnTexts, measuresAreToldAndWhatIsWrongIsReported)
         {font.substr(0, font.size() - 1) + "7\t", "text(0, 50, 0, 'A')",
          "font \"F\" (" + Made +
              "variable.ttf): font 7 is not in the project; it is no fallback therefore"},
+        {font + "A-Ca .-,中", "text(0, 50, 0, 'A')",
+         "font \"F\" (" + Made +
+             "variable.ttf): of the extra characters, U+0042 is in no font; a box stands for it "
+             "and for others like it"},
+        {font + "一-龥", "text(0, 50, 0, 'A')",
+         "font \"F\" (" + Made +
+             "variable.ttf): there are too many extra characters, and some are left out"},
         {"0\tF\t" + Noto + "SansArabic-Regular.ttf\t256\t8\t\t\t", "text(0, 0, 0, '\uFDFD')",
          "font \"F\" (" + Noto +
              "SansArabic-Regular.ttf): a glyph is larger than 512 pixels and is left out"},
@@ -419,7 +426,7 @@ TEST_F(OwnTexts, measuresAreToldAndWhatIsWrongIsReported)
 
 TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
 {
-    const std::string fonts = "0\tF\t" + DejaVu + "\t24\t8\t\t1\t0-9 \u20AC\n1\tH\t" + Noto +
+    const std::string fonts = "0\tF\t" + DejaVu + "\t24\t8\t\t1\t0-74-9\u20AC\n1\tH\t" + Noto +
                               "SansHebrew-Regular.ttf\t24\t4\t\t\t\n";
     const std::string commands =
         "text(9, 50, 0, 'Abc') text(9, 90, 1, 'של') rotate(45, 50, 50) text(9, 50, 0, 'cA')";
@@ -462,7 +469,7 @@ TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
     EXPECT_EQ(m_host.assets()[0].width, 2U);
     EXPECT_EQ(m_host.assets()[1].width, 2U);
     const SHostRun many =
-        run("0\tF\t" + Wqy + "\t40\t1\t\t\t\u4E00-\u9FFF\n", "text(9, 250, 0, 'A')");
+        run("0\tF\t" + Wqy + "\t40\t1\t\t\t\u4E00-\u5DFF\n", "text(9, 250, 0, 'A')");
     EXPECT_EQ(many.errors, "") << "extra characters are no work of the item's";
     const SHostRun full =
         run("0\tF\t" + Wqy + "\t256\t8\t\t\t\u4E00-\u4E60\n", "text(9, 250, 0, 'A')");

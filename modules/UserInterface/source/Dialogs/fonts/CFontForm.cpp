@@ -177,6 +177,7 @@ void CFontForm::showAxes(const std::vector<kivemu::SFontAxis> &axes)
     while (form->rowCount() > 0)
         form->removeRow(0);
     m_axisFields.clear();
+    QWidget *before = m_size;
     const QStringList set = m_font.axes.split(QLatin1Char(','), Qt::SkipEmptyParts);
     for (const kivemu::SFontAxis &axis : axes) {
         auto *value = new QDoubleSpinBox(m_axes);
@@ -191,8 +192,11 @@ void CFontForm::showAxes(const std::vector<kivemu::SFontAxis> &axes)
         connect(value, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
                 &CFontForm::take);
         form->addRow(ShownText::name(text(axis.name)), value);
+        setTabOrder(before, value);
+        before = value;
         m_axisFields.push_back({text(axis.tag), axis.standard, value});
     }
+    setTabOrder(before, m_bits);
     m_axes->setVisible(!axes.empty());
     if (QWidget *label = m_form->labelForField(m_axes))
         label->setVisible(!axes.empty());

@@ -12,12 +12,15 @@
 #include "ShownText.h"
 
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -27,7 +30,8 @@
 namespace {
 constexpr int PreviewDelay = 120; // ms
 constexpr int ListWidth = 240;
-constexpr int RoomForAxes = 80; // pixels, so that a variable font does not enlarge the dialog
+const QSize RoomAboutForm(ListWidth + 64, 330); // with some for the axes of a variable font
+const QSize RoomForFrame(16, 48);               // of the window
 const QSize PreviewSize(460, 96);
 
 bool usesFont(const CItemModel &item, int handle)
@@ -84,7 +88,8 @@ CFontsDialog::CFontsDialog(CEmulatorAdapter *adapter, CProjectModel *project, QW
     fillList();
     m_list->setCurrentRow(m_fonts.isEmpty() ? -1 : 0);
     showCurrent();
-    resize(sizeHint() + QSize(0, RoomForAxes));
+    const QSize wanted = sizeHint().expandedTo(m_form->sizeHint() + RoomAboutForm);
+    resize(wanted.boundedTo(QGuiApplication::primaryScreen()->availableSize() - RoomForFrame));
 }
 
 void CFontsDialog::layOut()
@@ -107,10 +112,14 @@ void CFontsDialog::layOut()
     left->setSpacing(8);
     left->addWidget(m_list, 1);
     left->addLayout(buttons);
+    auto *fields = new QScrollArea(this); // on small displays
+    fields->setFrameShape(QFrame::NoFrame);
+    fields->setWidgetResizable(true);
+    fields->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    fields->setWidget(m_form);
     auto *right = new QVBoxLayout;
     right->setSpacing(8);
-    right->addWidget(m_form);
-    right->addStretch(1);
+    right->addWidget(fields, 1);
     auto *sampleLabel = new QLabel(tr("&Preview"), this);
     sampleLabel->setBuddy(m_sample);
     auto *sample = new QHBoxLayout;
@@ -175,7 +184,7 @@ void CFontsDialog::showCurrent()
         readInfo(m_project->absoluteFolder(m_fonts[index].file));
         m_previewDelay.start();
     }
-    check();
+    tellAbandoned();
 }
 
 /// A large font takes a while to unpack.
@@ -288,8 +297,23 @@ void CFontsDialog::takeForm()
     m_list->item(index)->setText(QStringLiteral("%1   %2")
                                      .arg(m_fonts[index].handle)
                                      .arg(ShownText::name(m_fonts[index].name)));
+    tellAbandoned();
     m_previewDelay.start();
-    check();
+}
+
+/// Widgets keep their number when a font takes another one, or goes.
+void CFontsDialog::tellAbandoned()
+{
+    m_notice.clear();
+    for (const SProjectFont &before : m_project ? m_project->fonts() : ProjectFontList()) {
+        const bool isThere =
+            std::any_of(m_fonts.begin(), m_fonts.end(),
+                        [&](const SProjectFont &now) { return now.handle == before.handle; });
+        const int users = isThere ? 0 : itemsUsing(before.handle);
+        if (users > 0)
+            m_notice = tr("Items that still use handle %1: %2").arg(before.handle).arg(users);
+    }
+    check(m_notice);
 }
 
 void CFontsDialog::showPreview(const QImage &picture, size_t bytes, const QString &errors)
@@ -302,7 +326,7 @@ void CFontsDialog::showPreview(const QImage &picture, size_t bytes, const QStrin
                          .arg(itemsUsing(m_fonts[current()].handle)));
     QString problem = errors.section(QLatin1Char('\n'), 0, 0);
     problem.remove(CFontPreview::itemLabel()); // the sample is nobody's item
-    check(ShownText::message(problem));
+    check(problem.isEmpty() ? m_notice : ShownText::message(problem));
 }
 
 /// `problem`: something that is no reason to refuse.

@@ -41,6 +41,7 @@ private:
     void addFont(const QString &file, const kivemu::SFontInfo &info);
     void tellUnusable(const QString &file, const kivemu::SFontInfo &info);
     void removeCurrent();
+    void tellAbandoned();
     void fillList();
     void showCurrent();
     void takeForm();
@@ -52,6 +53,7 @@ private:
 
     const QPointer<CProjectModel> m_project;
     ProjectFontList m_fonts;                   ///< as they are to become
+    QString m_notice;                          ///< shown unless there is something worse to say
     QHash<QString, kivemu::SFontInfo> m_infos; ///< by absolute path
     CFontPreview *const m_preview;
     QTimer m_previewDelay; ///< until the user pauses

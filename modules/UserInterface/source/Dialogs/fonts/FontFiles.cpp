@@ -5,15 +5,23 @@
 #include "FileNames.h"
 #include "PropertyKey.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+
+#include <algorithm>
 
 namespace {
 QString rootOf(const CProjectModel &project)
 {
     const QString folder = project.workingDirectory();
     return folder.isEmpty() ? QDir::currentPath() : folder;
+}
+bool isKnown(const CProjectModel &project, const QString &file)
+{
+    return std::any_of(project.fonts().begin(), project.fonts().end(),
+                       [&file](const SProjectFont &each) { return each.file == file; });
 }
 } // namespace
 
@@ -32,8 +40,14 @@ QString FontFiles::bringIn(const CProjectModel &project, ProjectFontList &fonts)
     ProjectFontList result = fonts;
     for (SProjectFont &each : result) {
         const QString source = QDir::cleanPath(project.absoluteFolder(each.file));
-        if (each.file.isEmpty() || QDir::isRelativePath(each.file) || !QFileInfo(source).isFile())
+        if (each.file.isEmpty() || QDir::isRelativePath(each.file))
             continue;
+        if (!QFileInfo(source).isFile()) {
+            if (isKnown(project, each.file))
+                continue; // a file that went missing is no reason to refuse other changes
+            return QCoreApplication::translate("FontFiles", "%1: there is no such file")
+                .arg(source);
+        }
         if (source.startsWith(root + QLatin1Char('/'))) {
             each.file = project.placeText(source);
             continue;
