@@ -84,8 +84,12 @@ const char *CTypeface::draw(const hb_font_t *font, uint32_t glyph, int size64,
     hb_glyph_extents_t extents{};
     if (!hb_font_get_glyph_extents(const_cast<hb_font_t *>(font), glyph, &extents))
         return Damaged;
-    if (extents.width == 0 || extents.height == 0)
+    if (extents.width == 0 || extents.height == 0) {
+        if (glyph == 0)
+            drawMissingBox(hb_font_get_glyph_h_advance(const_cast<hb_font_t *>(font), 0), size64,
+                           coverage);
         return "";
+    }
     const int64_t most = int64_t{MaxSide + 2} * 64;
     const bool isUpright = turn.xy == 0 && turn.yx == 0;
     if (isUpright &&
@@ -124,6 +128,23 @@ const char *CTypeface::draw(const hb_font_t *font, uint32_t glyph, int size64,
                 bitmap.buffer,
                 static_cast<size_t>(bitmap.pitch)};
     return "";
+}
+
+/// Some fonts show nothing for a character that they lack; a user must see that it is missing.
+void CTypeface::drawMissingBox(int advance64, int size64, SGlyphCoverage &coverage)
+{
+    const int side = std::clamp(size64 / 64, 4, MaxSide);
+    const int line = std::max(1, side / 16);
+    const int width = std::clamp(advance64 / 64 - 2, 3, side);
+    const int height = side * 7 / 10;
+    m_missingBox.assign(static_cast<size_t>(width * height), 0);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const bool isInside = x >= line && x < width - line && y >= line && y < height - line;
+            m_missingBox[static_cast<size_t>(y * width + x)] = isInside ? 0 : 255;
+        }
+    }
+    coverage = {width, height, 1, height, m_missingBox.data(), static_cast<size_t>(width)};
 }
 
 } // namespace kivemu

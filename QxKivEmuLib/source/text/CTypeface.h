@@ -55,16 +55,20 @@ public:
     /// The font at a size of the em in 1/64 pixels; its lengths have that unit too.
     FontPtr makeFont(int size64) const;
 
-    /// Draws a glyph's outline as it is, without hints. Gives why it cannot be drawn, otherwise an
+    /// Draws a glyph's outline as it is, without hints; a box, upright, for a glyph 0 that shows
+    /// nothing. Gives why it cannot be drawn, otherwise an
     /// empty text.
     const char *draw(const hb_font_t *font, uint32_t glyph, int size64, const SGlyphTurn &turn,
                      SGlyphCoverage &coverage);
 
 private:
+    void drawMissingBox(int advance64, int size64, SGlyphCoverage &coverage);
+
     CFontFile m_file;
     Axes m_axes;
     hb_face_t *m_face;
     int m_size64 = 0; ///< that FreeType has been told
+    std::vector<uint8_t> m_missingBox;
 };
 
 } // namespace kivemu

@@ -424,6 +424,13 @@ TEST_F(OwnTexts, measuresAreToldAndWhatIsWrongIsReported)
         EXPECT_EQ(run(row.fonts, row.commands).errors, row.errors) << row.commands;
 }
 
+TEST_F(OwnTexts, aMissingCharacterIsSeenAlsoInAFontThatShowsNothingForIt)
+{
+    run("0\tF\t" + Made + "restricted.ttf\t40\t8\t\t\t", "text(9, 52, 0, '中')");
+    ASSERT_EQ(m_host.assets().size(), 1U);
+    EXPECT_EQ(m_host.assets()[0].bytes, 8U + 16U + 22U * 28U); // a box within its advance
+}
+
 TEST_F(OwnTexts, dependOnNothingThatWasDrawnBefore)
 {
     const std::string fonts = "0\tF\t" + DejaVu + "\t24\t8\t\t1\t0-74-9\u20AC\n1\tH\t" + Noto +

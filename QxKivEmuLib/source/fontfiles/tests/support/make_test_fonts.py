@@ -4,7 +4,8 @@
     make_test_fonts.py FOLDER
 
 variable.ttf    two axes, "wght" and "wdth"; an A as wide as the axes say
-restricted.ttf  the same shapes without axes, and all permissions denied
+restricted.ttf  the same shapes without axes, all permissions denied, and nothing to see for a character
+                that it lacks
 """
 import os
 import struct
@@ -89,7 +90,8 @@ def cmap():
 
 def font(family, fs_type, is_variable):
     loca, glyf = [0], b""
-    for data in GLYPHS:
+    glyphs = GLYPHS if is_variable else [b""] + GLYPHS[1:]
+    for data in glyphs:
         glyf += data
         loca.append(len(glyf))
     tables = {
@@ -103,7 +105,7 @@ def font(family, fs_type, is_variable):
                              100, 0, 500, 700, 0, 8, 2, 1, 0),
         b"hhea": struct.pack(">IhhhHhhhhhhhhhhhH", 0x10000, 800, -200, 0, ADVANCE, 100, 100, 500,
                              1, 0, 0, 0, 0, 0, 0, 0, len(GLYPHS)),
-        b"hmtx": b"".join(struct.pack(">Hh", ADVANCE, 100 if data else 0) for data in GLYPHS),
+        b"hmtx": b"".join(struct.pack(">Hh", ADVANCE, 100 if data else 0) for data in glyphs),
         b"loca": b"".join(struct.pack(">I", offset) for offset in loca),
         b"maxp": struct.pack(">I14H", 0x10000, len(GLYPHS), 8, 2, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0),
         b"name": name_table(family),
