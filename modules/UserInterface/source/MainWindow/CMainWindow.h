@@ -162,7 +162,6 @@ private:
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();
     bool isBusy() const;
-    QString aboutText() const;
 
     const QString m_folder; ///< of the programs and their data
     const CPlatformTable m_platforms;

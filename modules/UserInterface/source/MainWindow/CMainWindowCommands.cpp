@@ -30,7 +30,6 @@
 #include <QAction>
 #include <QDockWidget>
 #include <QFile>
-#include <QLocale>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
@@ -201,21 +200,8 @@ void CMainWindow::showAboutBox()
 {
     m_aboutBox->setWindowTitle(tr("About"));
     m_aboutBox->setIconPixmap(windowIcon().pixmap(64, 64));
-    m_aboutBox->setText(aboutText());
+    m_aboutBox->setText(ProgramInfo::about(m_languages->language()));
     m_aboutBox->exec();
-}
-
-QString CMainWindow::aboutText() const
-{
-    // "Nov  5 2024", the form that compilers give.
-    const QDate built = QLocale::c().toDate(QString::fromLatin1(__DATE__).simplified(),
-                                            QStringLiteral("MMM d yyyy"));
-    return QStringLiteral("<h3>%1</h3><p>%2</p><p>%3</p><p>%4</p>")
-        .arg(ProgramInfo::Name,
-             tr("Built at: ") + QLocale(m_languages->language())
-                                    .toString(built, tr("dd MMMM yyyy", "form of a date")),
-             tr("Version %1").arg(ProgramInfo::Version),
-             tr("Lays out the screens of embedded user interfaces for KIV graphics controllers."));
 }
 
 void CMainWindow::zoomChanged(int zoomPercent, int zoomType)
