@@ -164,6 +164,10 @@ void CArrangeActions::update()
         QAction *action = m_actions.at(size_t(what));
         action->setEnabled(lack.isEmpty());
         action->setStatusTip(lack.isEmpty() ? tr(Rows[what].tip) : lack);
+        QString toolTip = action->iconText();
+        if (!lack.isEmpty()) // the status bar may be hidden
+            toolTip += QLatin1Char('\n') + lack;
+        action->setToolTip(toolTip);
     }
 }
 

@@ -271,19 +271,21 @@ bool ItemOperations::canPaste(const QMimeData *data)
     return data && data->hasFormat(ScreenDocuments::CopiedItemsMime);
 }
 
-Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem,
-                            std::optional<QPoint> by, const QString &macroText)
+namespace {
+/// The step that would paste, and the items that it would bring; null when there is a problem.
+std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &data, QString *problem,
+                                      std::optional<QPoint> by, Items *pasted)
 {
     QString reason;
     const QByteArray xml =
         ScreenDocuments::fromClipboard(data.data(ScreenDocuments::CopiedItemsMime));
     std::optional<SItemElement> copied = ScreenDocuments::copiedItems(xml, &reason);
-    const auto refuse = [problem](const QString &why) {
+    const auto refuse = [problem](const QString &why) -> std::unique_ptr<QUndoCommand> {
         if (problem)
             *problem = QCoreApplication::translate("CSelectionCommands",
                                                    "What was copied cannot be pasted: %1")
                            .arg(why);
-        return Items();
+        return nullptr;
     };
     if (!copied)
         return refuse(reason);
@@ -292,7 +294,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
     if (problem)
         *problem = error.isEmpty() ? images.missing() : error;
     if (!error.isEmpty())
-        return {};
+        return nullptr;
     // Ids, names and place are settled before the command is made: they are no change of the pasted
     // items.
     auto holding = std::make_unique<CScreenModel>(screen.project());
@@ -318,18 +320,34 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
         PastePlace::move(*each, *by);
         ItemNames::makeUnique(*each, taken);
     }
-    auto *command = new CCommandPaste(&screen, std::move(holding));
-    if (!macroText.isEmpty())
-        command->setText(macroText);
-    stackOf(screen).push(command);
-    return copies;
+    *pasted = copies;
+    return std::make_unique<CCommandPaste>(&screen, std::move(holding));
+}
+} // namespace
+
+Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString *problem,
+                            std::optional<QPoint> by)
+{
+    Items pasted;
+    if (auto step = pasting(screen, data, problem, by, &pasted))
+        stackOf(screen).push(step.release());
+    return pasted;
+}
+
+std::unique_ptr<QUndoCommand> ItemOperations::duplication(CScreenModel &screen, const Items &items,
+                                                          std::optional<QPoint> by, Items *copies)
+{
+    const std::unique_ptr<QMimeData> copied(toMimeData(items));
+    auto step = copied ? pasting(screen, *copied, nullptr, by, copies) : nullptr;
+    if (step)
+        step->setText(QCoreApplication::translate("CSelectionCommands", "Duplicate"));
+    return step;
 }
 
 Items ItemOperations::duplicate(CScreenModel &screen, const Items &items, std::optional<QPoint> by)
 {
-    const std::unique_ptr<QMimeData> copied(toMimeData(items));
-    if (!copied)
-        return {};
-    return paste(screen, *copied, nullptr, by,
-                 QCoreApplication::translate("CSelectionCommands", "Duplicate"));
+    Items copies;
+    if (auto step = duplication(screen, items, by, &copies))
+        stackOf(screen).push(step.release());
+    return copies;
 }

@@ -4,11 +4,13 @@
 #include <QString>
 #include <QVector>
 
+#include <memory>
 #include <optional>
 
 class CItemModel;
 class CScreenModel;
 class QMimeData;
+class QUndoCommand;
 
 /// What a user does to the selected items, recorded on their project's undo stack: one step each.
 /// The items are direct rows of a screen, front first. An operation that changes nothing records
@@ -46,7 +48,10 @@ bool canPaste(const QMimeData *data);
 /// missing. They come as far from where they were copied as `by` says; without it, to a place
 /// where they are seen.
 Items paste(CScreenModel &screen, const QMimeData &data, QString *problem = nullptr,
-            std::optional<QPoint> by = {}, const QString &macroText = {});
+            std::optional<QPoint> by = {});
 /// The copies, at a distance as with paste().
 Items duplicate(CScreenModel &screen, const Items &items, std::optional<QPoint> by);
+/// The step that would do so, for who must first see where they go; null for no items.
+std::unique_ptr<QUndoCommand> duplication(CScreenModel &screen, const Items &items,
+                                          std::optional<QPoint> by, Items *copies);
 } // namespace ItemOperations

@@ -99,6 +99,7 @@ private:
     void followChanges();
     void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
     std::unique_ptr<CGesture> moveOf(CItemView *pressed);
+    std::unique_ptr<CGesture> copyOf(const CItemView &pressed);
     void finishGesture();
     void dropGesture();
 

@@ -1,15 +1,19 @@
 // What a press on a canvas takes hold of, and the gesture that follows from it.
 #include "CBandGesture.h"
+#include "CCopyGesture.h"
 #include "CEditorState.h"
 #include "CItemModel.h"
 #include "CItemView.h"
 #include "CMoveGesture.h"
 #include "CScreenScene.h"
 #include "GestureFactory.h"
+#include "ItemOperations.h"
 
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
 #include <QPointer>
+
+#include <algorithm>
 
 namespace {
 constexpr int DragDistance = 3; ///< screen pixels; a hand that trembles has clicked all the same
@@ -64,7 +68,15 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
         event->accept();
         return;
     }
-    const QPointer<CItemView> pressed(selectableViewsAt(event->scenePos(), transform).value(0));
+    const QList<CItemView *> under = selectableViewsAt(event->scenePos(), transform);
+    if (event->modifiers() == Qt::AltModifier && !under.isEmpty()) {
+        const auto isSelected = [](const CItemView *view) { return view->isSelected(); };
+        const auto chosen = std::find_if(under.begin(), under.end(), isSelected);
+        beginGesture(copyOf(chosen != under.end() ? **chosen : *under.constFirst()), *event);
+        event->accept();
+        return;
+    }
+    const QPointer<CItemView> pressed(under.value(0));
     // A locked item is the ground for what lies before it.
     const bool isBandOnLocked = pressed && pressed->item()->isLocked() &&
                                 event->modifiers() == Qt::NoModifier &&
@@ -109,6 +121,28 @@ std::unique_ptr<CGesture> CScreenScene::moveOf(CItemView *pressed)
         pressed, others, snap,
         [this](const QVector<CItemModel *> &items, const QVector<QPointF> &places) {
             Q_EMIT itemsDragged(items, places);
+        });
+}
+
+/// Of all that is selected, when that is pressed.
+std::unique_ptr<CGesture> CScreenScene::copyOf(const CItemView &pressed)
+{
+    const QVector<CItemModel *> selected = selectedModelItems();
+    const QVector<CItemModel *> items =
+        pressed.isSelected() ? selected : QVector<CItemModel *>{pressed.item()};
+    const int grip = items.indexOf(pressed.item());
+    return std::make_unique<CCopyGesture>(
+        [this, items] {
+            CCopyGesture::SCopies copies;
+            copies.command = ItemOperations::duplication(*m_screen, items, QPoint(), &copies.items);
+            return copies;
+        },
+        [this, grip](const QVector<CItemModel *> &copies) {
+            chooseModelItems(copies);
+            return moveOf(viewOf(copies.at(grip)));
+        },
+        [this, selected](const QVector<CItemModel *> *copies) {
+            chooseModelItems(copies ? *copies : selected);
         });
 }
 
@@ -174,8 +208,10 @@ void CScreenScene::finishGesture()
 void CScreenScene::cancelGesture()
 {
     const bool wasActive = isGestureActive();
-    if (m_gesture)
-        m_gesture->cancel();
+    if (std::unique_ptr<CGesture> gesture = std::move(m_gesture)) { // which may take rows away
+        gesture->cancel();
+        m_gesture = std::move(gesture); // moves until the release are still its own
+    }
     if (!wasActive)
         return;
     hideGuides();

@@ -71,6 +71,50 @@ private Q_SLOTS:
         QCOMPARE(canvas.viewOf(item)->pos(), QPointF(item->x(), item->y()));
     }
 
+    /// Of what is pressed, selected or not, locked or not; what it is a copy of stays.
+    void altDragsCopies()
+    {
+        CEditorState::instance()->setSnapToGrid(false);
+        Canvas canvas;
+        CItemModel *box = appendBox(canvas.screen, 100, 100, 40, 40);
+        CItemModel *other = appendBox(canvas.screen, 200, 100, 40, 40);
+        canvas.show();
+        const auto drag = [&](QPointF from, QPointF by, bool isEscaped, bool isBack = false) {
+            canvas.press(from, Qt::AltModifier);
+            for (const double part : {0.5, 1.0}) {
+                canvas.move(from + by * part, Qt::AltModifier);
+                QCOMPARE(rectOf(box), QRectF(100, 100, 40, 40));
+            }
+            if (isEscaped)
+                QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+            if (isBack)
+                canvas.move(from, Qt::AltModifier);
+            canvas.release(isBack ? from : from + by, Qt::AltModifier);
+        };
+        const QByteArray before = savedBytes(*canvas.project);
+        drag({120, 120}, {31, -20}, false);
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(131, 80, 40, 40));
+        QCOMPARE(canvas.view->selectedItems(),
+                 QVector<CItemModel *>({canvas.screen->childItem(0)}));
+        canvas.checkOneStep(before);
+
+        canvas.stack.undo();
+        canvas.select({box, other});
+        for (const bool isEscaped : {true, false}) { // given up, or brought back
+            drag({120, 120}, {50, 50}, isEscaped, !isEscaped);
+            QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({box, other}));
+            QCOMPARE(savedBytes(*canvas.project), before);
+            QVERIFY(canvas.stack.canRedo());
+        }
+        canvas.select({box, other});
+        other->setLocked(true);
+        drag({120, 120}, {0, 60}, false);
+        QCOMPARE(canvas.screen->rowCount(), 4);
+        QCOMPARE(rectOf(canvas.screen->childItem(1)), QRectF(200, 160, 40, 40));
+        QVERIFY(!canvas.screen->childItem(1)->isLocked() && other->isLocked());
+        QCOMPARE(canvas.stack.count(), 1);
+    }
+
     void aDragSnaps_data()
     {
         QTest::addColumn<QPointF>("by");

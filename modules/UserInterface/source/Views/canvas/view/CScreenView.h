@@ -3,6 +3,7 @@
 #include <QGraphicsView>
 
 #include <cstddef>
+#include <optional>
 
 class CGestureReadout;
 class CItemDrop;
@@ -130,6 +131,7 @@ private:
     QByteArray m_displayListBytes;
     size_t m_graphicsMemory = 0;
     QVector<CItemModel *> m_selectedAtPress; ///< only compared, since items may have gone since
+    std::optional<QPoint> m_altPress;        ///< until the release; without a drag it is a click
     QPoint m_panPos;
     Qt::MouseButton m_panButton = Qt::NoButton; ///< whose release ends the panning
     bool m_panning = false;

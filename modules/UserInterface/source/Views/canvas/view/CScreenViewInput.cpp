@@ -45,6 +45,7 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
         if (event->key() == Qt::Key_Escape) {
             m_scene->cancelGesture();
             cancelRubberBand();
+            m_altPress.reset();
         }
         event->accept();
         return;
@@ -182,9 +183,11 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
     }
     const bool isOnHandle =
         m_scene->handleAt(mapToScene(event->pos()), viewportTransform()) != nullptr;
-    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::AltModifier && !isOnHandle) {
-        selectCovered(event->pos());
-        return;
+    m_altPress.reset();
+    if (m_leftHeld && event->modifiers() == Qt::AltModifier && !isOnHandle) {
+        m_altPress = event->pos();
+        if (m_scene->selectableViewsAt(mapToScene(event->pos()), viewportTransform()).isEmpty())
+            return; // nothing to be copied or chosen
     }
     if (event->modifiers() == Qt::ShiftModifier && !isOnHandle &&
         m_scene->selectableViewsAt(mapToScene(event->pos()), viewportTransform()).isEmpty()) {
@@ -244,7 +247,10 @@ void CScreenView::mouseReleaseEvent(QMouseEvent *event)
         return;
     if (event->button() == Qt::LeftButton)
         m_leftHeld = false;
+    const bool isAltClick = m_altPress && !isGestureActive();
     QGraphicsView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && isAltClick)
+        selectCovered(*m_altPress);
 }
 
 void CScreenView::mouseDoubleClickEvent(QMouseEvent *event)
