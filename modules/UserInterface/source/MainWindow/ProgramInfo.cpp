@@ -1,6 +1,7 @@
 #include "ProgramInfo.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QLocale>
 
 QString ProgramInfo::about(const QString &language)
