@@ -24,7 +24,7 @@ int32_t fixed(double number)
 CGlyphBlock::CGlyphBlock(CTextFaces &faces, int bits, int angle64)
     : m_faces(faces), m_bits(bits), m_angle64(angle64)
 {
-    const double radians = angle64 * Pi / (FullTurn / 2);
+    const double radians = angle64 * Pi / (FullTurn / 2.0);
     m_cosine = angle64 == 0 ? 1 : std::cos(radians);
     if (angle64 != 0) {
         const int32_t sine = fixed(std::sin(radians));
