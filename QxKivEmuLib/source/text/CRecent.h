@@ -36,7 +36,7 @@ private:
     struct SEntry
     {
         std::unique_ptr<Value> value;
-        size_t weight;
+        size_t weight = 0;
     };
     Value *keep(const std::string &key, SEntry entry)
     {

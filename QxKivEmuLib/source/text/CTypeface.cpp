@@ -78,7 +78,7 @@ const char *CTypeface::draw(const hb_font_t *font, uint32_t glyph, int size64,
 {
     constexpr const char *Damaged = "a glyph is damaged and is left out";
     constexpr const char *TooLarge = "a glyph is larger than 512 pixels and is left out";
-    constexpr FT_Pos Farthest = 16384 * 64;
+    constexpr FT_Pos Farthest = FT_Pos{16384} * 64;
     coverage = {};
     // It gives up programs of outlines that run long, which FreeType would carry out.
     hb_glyph_extents_t extents{};
@@ -137,14 +137,16 @@ void CTypeface::drawMissingBox(int advance64, int size64, SGlyphCoverage &covera
     const int line = std::max(1, side / 16);
     const int width = std::clamp(advance64 / 64 - 2, 3, side);
     const int height = side * 7 / 10;
-    m_missingBox.assign(static_cast<size_t>(width * height), 0);
+    const auto stride = static_cast<size_t>(width);
+    m_missingBox.assign(stride * static_cast<size_t>(height), 0);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const bool isInside = x >= line && x < width - line && y >= line && y < height - line;
-            m_missingBox[static_cast<size_t>(y * width + x)] = isInside ? 0 : 255;
+            m_missingBox[static_cast<size_t>(y) * stride + static_cast<size_t>(x)] =
+                isInside ? 0 : 255;
         }
     }
-    coverage = {width, height, 1, height, m_missingBox.data(), static_cast<size_t>(width)};
+    coverage = {width, height, 1, height, m_missingBox.data(), stride};
 }
 
 } // namespace kivemu

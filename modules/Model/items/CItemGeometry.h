@@ -14,14 +14,12 @@ public:
     class IProperties
     {
     public:
+        virtual ~IProperties() = default;
         /// Sets one, if the item has it and its value is another.
         virtual void writeBack(const QString &name, const QVariant &value, bool notify) = 0;
         /// Keeps a size that follows from another property up to date, so that setting it back to
         /// what it was (as an undo does) gives the defining property back as well.
         virtual void storeDerived(const QString &name, double size) = 0;
-
-    protected:
-        ~IProperties() = default;
     };
 
     const ItemGeometry &values() const { return m_values; }
