@@ -761,8 +761,10 @@ private:
         collect(*project->screen(0), onPage);
         QVector<CItemModel *> inProject = onPage;
         collect(*project->screen(1), inProject);
-        for (const CItemModel *each : qAsConst(inProject))
-            QCOMPARE(each->isGrouped(), each->parentItem()->kind() == CItemModel::Kind::Group);
+        for (const CItemModel *each : qAsConst(inProject)) {
+            const CItemModel *parent = each->parentItem();
+            QCOMPARE(each->isGrouped(), parent && parent->kind() == CItemModel::Kind::Group);
+        }
         QVector<CItemModel *> seen;
         m_explorer->expandAll();
         for (QModelIndex each = project->index(0, 0); each.isValid();
