@@ -180,7 +180,8 @@ void CFontsDialog::showCurrent()
     m_bytes->setText(index < 0 ? tr("Add a TTF, OTF or WOFF2 file; texts can then be drawn in it.")
                                : QString());
     m_form->show(index >= 0 ? m_fonts[index] : SProjectFont(), m_fonts);
-    if (index >= 0) {
+    m_ownHandle = m_form->font().handle;
+    if (index >= 0 && m_project) {
         readInfo(m_project->absoluteFolder(m_fonts[index].file));
         m_previewDelay.start();
     }
@@ -288,11 +289,14 @@ void CFontsDialog::takeForm()
     const int index = current();
     if (index < 0)
         return;
-    const int before = m_fonts[index].handle;
     m_fonts[index] = m_form->font();
-    if (m_fonts[index].handle != before) {
+    const int handle = m_fonts[index].handle;
+    const auto owners = std::count_if(m_fonts.begin(), m_fonts.end(),
+                                      [handle](const auto &each) { return each.handle == handle; });
+    if (owners == 1) { // on its way it may meet the handles of others
         for (SProjectFont &each : m_fonts)
-            std::replace(each.fallback.begin(), each.fallback.end(), before, m_fonts[index].handle);
+            std::replace(each.fallback.begin(), each.fallback.end(), m_ownHandle, handle);
+        m_ownHandle = handle;
     }
     m_list->item(index)->setText(QStringLiteral("%1   %2")
                                      .arg(m_fonts[index].handle)

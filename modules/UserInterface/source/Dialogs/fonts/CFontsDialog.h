@@ -52,8 +52,9 @@ private:
     int itemsUsing(int handle) const;
 
     const QPointer<CProjectModel> m_project;
-    ProjectFontList m_fonts;                   ///< as they are to become
-    QString m_notice;                          ///< shown unless there is something worse to say
+    ProjectFontList m_fonts; ///< as they are to become
+    int m_ownHandle = 0;     ///< the last one that the current font had for itself
+    QString m_notice;        ///< shown unless there is something worse to say
     QHash<QString, kivemu::SFontInfo> m_infos; ///< by absolute path
     CFontPreview *const m_preview;
     QTimer m_previewDelay; ///< until the user pauses

@@ -126,6 +126,13 @@ private Q_SLOTS:
                 dialog.addFiles({file});
                 QTRY_COMPARE(list->count(), before + 1);
             }
+            for (const int row : {0, 1}) { // the first one asks the last one, the second the first
+                list->setCurrentRow(row);
+                field<QListWidget>(dialog, "fontFallback")
+                    ->item(1 - row)
+                    ->setCheckState(Qt::Checked);
+            }
+            list->setCurrentRow(2);
             field<QDoubleSpinBox>(dialog, "fontSize")->setValue(13.5);
             field<QListWidget>(dialog, "fontFallback")->item(1)->setCheckState(Qt::Checked);
             field<QSpinBox>(dialog, "fontHandle")->setValue(0);
@@ -140,7 +147,8 @@ private Q_SLOTS:
         const QString fonts = told();
         const QStringList lines = fonts.split('\n');
         QCOMPARE(lines.size(), 3);
-        QCOMPARE(lines[1].section('\t', 2), "before_Fonts/variable.ttf\t24\t8\t\t\t");
+        QCOMPARE(lines[0].section('\t', 6, 6), "15"); // it was 2, and met the first one's 0
+        QCOMPARE(lines[1].section('\t', 2), "before_Fonts/variable.ttf\t24\t8\t\t0\t");
         QCOMPARE(lines[2].section('\t', 2),
                  "before_Fonts/variable (1).ttf\t13.5\t8\twght=900\t1\t");
         QCOMPARE(QDir(home.filePath("before_Fonts")).entryList(QDir::Files).size(), 2);
