@@ -209,7 +209,8 @@ bool SCommand::hasHeaderOperand() const
 
 const std::vector<SCommand> &commandTable()
 {
-    static const std::vector<SCommand> table = makeTable();
+    // Never destroyed: at the end of the process a worker may still read it.
+    static const std::vector<SCommand> &table = *new std::vector<SCommand>(makeTable());
     return table;
 }
 
