@@ -24,6 +24,7 @@ private Q_SLOTS:
     void showsHelpAndVersion();
     void wrongCommandLines();
     void exportsAnExample();
+    void guidesAreInNoExport();
     void picksScreens();
     void namesOfScreensStayInTheFolder();
     void reportsToStandardOutput();
@@ -216,6 +217,24 @@ void tst_PanelExport::exportsAnExample()
     QVERIFY(read("1.dl") == read("e.dl") && read("1.json") == read("new/e.json"));
     for (const QString &picture : QDir(path("1")).entryList(QDir::Files))
         QVERIFY2(read("1/" + picture) == read("made/png/" + picture), qPrintable(picture));
+}
+
+void tst_PanelExport::guidesAreInNoExport()
+{
+    const QByteArray plain = TestFiles::read(m_example);
+    const QByteArray tag = "<Kiv_Screen_T ";
+    QVERIFY(QDir(m_folder->path()).mkdir("plain") && QDir(m_folder->path()).mkdir("guided"));
+    write("guided/p.nyx", QByteArray(plain).replace(tag, tag + "guides=\"x9 y40,#ff8800\" "));
+    write("plain/p.nyx", plain);
+    QMap<QString, QByteArray> made[2];
+    for (const QString folder : {"plain", "guided"}) {
+        const QString outputs = " --dl %1/p.dl --bin %1/p.bin --png %1/png --package %1 --ramg %1";
+        QCOMPARE(run(QString("%1/p.nyx" + outputs).arg(folder)).exitCode, 0);
+        made[folder == "guided"] = TestFiles::below(path(folder));
+    }
+    QVERIFY(made[0].size() > 10);
+    QVERIFY(made[0].take("p.nyx") != made[1].take("p.nyx"));
+    QCOMPARE(made[0], made[1]);
 }
 
 void tst_PanelExport::picksScreens()

@@ -3,6 +3,7 @@
 #include "CItemModel.h"
 #include "CPropertyTable.h"
 #include "CScreenModel.h"
+#include "PropertyKey.h"
 
 QVector<const CWidgetProperty *> CScreenDocument::saved(const CItemModel &item) const
 {
@@ -11,6 +12,9 @@ QVector<const CWidgetProperty *> CScreenDocument::saved(const CItemModel &item) 
         if (!each->key().isEmpty() && !each->isInternal())
             saved.append(each);
     }
+    const CWidgetProperty &guides = static_cast<const CScreenModel &>(item).guidesAttribute();
+    if (!guides.textUtf8().isEmpty())
+        saved.append(&guides);
     return saved;
 }
 
@@ -18,6 +22,10 @@ void CScreenDocument::take(CItemModel &item, const ItemAttributes &attributes) c
 {
     const ItemAttributes sorted = sortedByName(attributes);
     for (const ItemAttribute &attribute : sorted) {
+        if (attribute.name == PropertyKey::Guides) {
+            static_cast<CScreenModel &>(item).loadGuides(attribute.text);
+            continue;
+        }
         CWidgetProperty property(attribute.name, PropertyType::String);
         property.setValueFromText(attribute.text);
         item.addProperty(property);

@@ -1,6 +1,7 @@
 #include "CScreenModel.h"
 
 #include "CProjectModel.h"
+#include "IPropertyChangeObserver.h"
 #include "ItemXml.h"
 #include "PropertyKey.h"
 
@@ -23,7 +24,8 @@ CScreenModel::CScreenModel(const QString &name, const CWidgetLibraryModel *libra
     : CItemModel(Kind::Screen, TypeName::Screen, library, observer),
       m_color(PropertyKey::Color, PropertyType::Rgb),
       m_workingDirectory(PropertyKey::WorkingDirectory, PropertyType::String),
-      m_fonts(PropertyKey::Fonts, PropertyType::String)
+      m_fonts(PropertyKey::Fonts, PropertyType::String),
+      m_guidesAttribute(PropertyKey::Guides, PropertyType::String)
 {
     m_workingDirectory.setInternal(true);
     m_fonts.setInternal(true);
@@ -47,6 +49,20 @@ const QStringList &CScreenModel::builtInKeys()
     static const QStringList keys = {PropertyKey::Name, PropertyKey::Color,
                                      PropertyKey::ScreenBitmapTimestamp};
     return keys;
+}
+
+void CScreenModel::setGuides(const ScreenGuideList &guides)
+{
+    m_guides = ScreenGuides::bounded(guides);
+    m_guidesAttribute.setValueFromText(ScreenGuides::text(m_guides));
+    if (observer())
+        observer()->onGuidesChanged(this);
+}
+
+void CScreenModel::loadGuides(const QString &text)
+{
+    m_guides = ScreenGuides::fromText(text);
+    m_guidesAttribute.setValueFromText(text);
 }
 
 /// What the project gives to all of its screens, with its text of today.
@@ -104,7 +120,10 @@ IModelProperty *CScreenModel::property(int index)
 
 CItemModel *CScreenModel::cloneEmpty() const
 {
-    return new CScreenModel(name(), library(), observer());
+    auto *copy = new CScreenModel(name(), library(), observer());
+    copy->m_guides = m_guides;
+    copy->m_guidesAttribute = m_guidesAttribute;
+    return copy;
 }
 
 bool CScreenModel::isBuiltIn(const QString &name) const

@@ -2,11 +2,14 @@
 
 #include "CItemModel.h"
 #include "CWidgetProperty.h"
+#include "ScreenGuides.h"
 
 /// One screen (page) of a project. Its rows are the items on it, the front one first.
 /// The emulator library is also given the project's working directory, against which the folders of
 /// bitmaps are meant, and the project's fonts (ProjectFonts::rendererText()); they are in no
 /// screen's element, and attributes of their names that a document has are kept but hidden by them.
+/// Its guides are no property: neither the emulator library nor a panel that shows properties gets
+/// to see them. Their attribute is written as it was read until they are changed.
 /// The colour is handed out in its canonical form, whatever a document calls it.
 class CScreenModel final : public CItemModel
 {
@@ -19,6 +22,13 @@ public:
     void loadFromElement(const QDomElement &element) override;
     void saveToElement(QDomElement &element) const override;
     static const QStringList &builtInKeys();
+
+    const ScreenGuideList &guides() const { return m_guides; }
+    /// As far as they are within ScreenGuides::bounded(). Tells the observer, also of equal ones.
+    void setGuides(const ScreenGuideList &guides);
+    /// The attribute of the guides in documents; without a text there is none.
+    const CWidgetProperty &guidesAttribute() const { return m_guidesAttribute; }
+    void loadGuides(const QString &text); ///< of a document; tells nobody
 
     int propertyCount() override;
     IModelProperty *property(int index) override;
@@ -35,4 +45,6 @@ private:
 
     CWidgetProperty m_workingDirectory;
     CWidgetProperty m_fonts;
+    ScreenGuideList m_guides;
+    CWidgetProperty m_guidesAttribute;
 };

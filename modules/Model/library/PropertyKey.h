@@ -27,6 +27,7 @@ inline const QString Locked = QStringLiteral("locked");
 
 // Screens.
 inline const QString Color = QStringLiteral("color");
+inline const QString Guides = QStringLiteral("guides"); ///< an attribute only, no property
 inline const QString ScreenBitmapTimestamp = QStringLiteral("screen_bm_ts");
 
 // The project.

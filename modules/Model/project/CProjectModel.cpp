@@ -260,3 +260,8 @@ void CProjectModel::onGeometryChanged(CItemModel *item)
 {
     Q_EMIT geometryChanged(item);
 }
+
+void CProjectModel::onGuidesChanged(CScreenModel *screen)
+{
+    Q_EMIT guidesChanged(screen);
+}

@@ -119,11 +119,13 @@ public:
 
     void onPropertyChanged(CItemModel *item, const QString &key, const QVariant &value) override;
     void onGeometryChanged(CItemModel *item) override;
+    void onGuidesChanged(CScreenModel *screen) override;
     CProjectModel *project() override { return this; }
 
 Q_SIGNALS:
     void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
     void geometryChanged(CItemModel *item);
+    void guidesChanged(CScreenModel *screen); ///< which looks as before
     /// All texts may look different from now on.
     void fontsChanged();
 

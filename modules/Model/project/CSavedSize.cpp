@@ -1,6 +1,6 @@
 #include "CSavedSize.h"
 
-#include "CItemModel.h"
+#include "CScreenModel.h"
 #include "CWidgetProperty.h"
 #include "CXmlGuard.h"
 #include "PropertyKey.h"
@@ -41,7 +41,11 @@ void CSavedSize::add(const CItemModel &item, int depth)
     // Of the tag, twice, no character takes more than three bytes; both lines are indented.
     m_bytes += 6 * item.itemTypeName().size() + MarkupOfElement + 2 * depth;
     const CItemModel::PropertySet &properties = item.properties();
-    m_mostInOneElement = std::max<qint64>(m_mostInOneElement, properties.size());
+    m_mostInOneElement = std::max<qint64>(m_mostInOneElement, properties.size() + 1); // guides
+    if (item.kind() == CItemModel::Kind::Screen) {
+        const auto &guides = static_cast<const CScreenModel &>(item).guidesAttribute();
+        addAttribute(guides.keyUtf8().size(), guides.textUtf8());
+    }
     for (const CWidgetProperty &each : properties)
         addAttribute(each.keyUtf8().size(), each.textUtf8());
     for (int row = 0; row < item.rowCount(); ++row) {

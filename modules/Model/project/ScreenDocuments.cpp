@@ -51,7 +51,7 @@ struct SExtent
 /// What an item takes at most in a document.
 SExtent extentOf(const CItemModel &item)
 {
-    SExtent extent{0, int(item.properties().size())};
+    SExtent extent{0, int(item.properties().size()) + 1}; // of a screen, its guides
     for (int row = 0; row < item.rowCount(); ++row) {
         if (!item.childItem(row))
             continue;

@@ -137,6 +137,61 @@ private Q_SLOTS:
         QCOMPARE(saved(project), xml);
     }
 
+    void guides_data()
+    {
+        QTest::addColumn<QString>("document"); // then what is made of it; empty: just that
+        QTest::addColumn<QString>("meant");
+        QTest::newRow("all") << "x120 y-40,#ff8800 x120,locked y9,#000000,locked"
+                             << "";
+        QTest::newRow("hostile") << "x16384 x16385 y-99999999999 x y5.5 xy7 z9 X1 , x1x "
+                                    "y2,#12,later,locked x3,#80ff0000 x0x10 x+4 "
+                                 << "x16384 y2,locked x3,#ff0000 x4";
+        QTest::newRow("many") << QString("x7 ").repeated(100000) << QString("x7 ").repeated(200);
+        QTest::newRow("long") << "x" + QString("0").repeated(100000) << " ";
+    }
+
+    void guides()
+    {
+        QFETCH(QString, document);
+        QFETCH(QString, meant);
+        const QString text = (meant.isEmpty() ? document : meant).trimmed();
+        const QString attribute = QString("guides=\"%1\"").arg(document);
+        CProjectModel project;
+        QVERIFY(load(
+            project,
+            QString("<Kiv_Project_T><Kiv_Screen_T %1/></Kiv_Project_T>").arg(attribute).toUtf8()));
+        CScreenModel *screen = project.screen(0);
+        QCOMPARE(ScreenGuides::text(screen->guides()), text);
+        QVERIFY(saved(project).contains(attribute.toUtf8())); // until they are changed
+        QVERIFY(!screen->hasProperty(PropertyKey::Guides));
+        for (int i = 0; i < screen->propertyCount(); ++i)
+            QVERIFY(qstrcmp(screen->property(i)->name(), "guides") != 0);
+
+        const std::unique_ptr<CItemModel> copy(screen->clone());
+        QCOMPARE(static_cast<CScreenModel *>(copy.get())->guides(), screen->guides());
+        const auto page = ScreenDocuments::pageFile(ScreenDocuments::ofPageFile({screen}));
+        QCOMPARE(project.buildScreen(page->children.front(), -1)->guides(), screen->guides());
+        QDomDocument dom;
+        project.save(dom);
+        CProjectModel byDom;
+        QVERIFY(byDom.load(dom));
+        QCOMPARE(byDom.screen(0)->guides(), screen->guides());
+
+        const QByteArray before = saved(project);
+        QSignalSpy told(&project, &CProjectModel::guidesChanged);
+        ScreenGuideList guides = screen->guides().mid(0, 3);
+        guides.append({Qt::Horizontal, 999999, QColor(1, 2, 3, 4), true}); // brought into bounds
+        screen->setGuides(guides);
+        QCOMPARE(screen->guides().last(),
+                 (SScreenGuide{Qt::Horizontal, SScreenGuide::Farthest, QColor(1, 2, 3), true}));
+        screen->setGuides(guides + ScreenGuides::fromText(QString("y1 ").repeated(300)));
+        QCOMPARE(screen->guides().size(), SScreenGuide::MostOfScreen);
+        QCOMPARE(told.count(), 2);
+        QCOMPARE(ScreenGuides::fromText(ScreenGuides::text(screen->guides())), screen->guides());
+        screen->setGuides({});
+        QVERIFY(saved(project).count("guides=") == before.count("guides=") - 1);
+    }
+
     void fonts()
     {
         const QByteArray list = " <fonts>\n"
