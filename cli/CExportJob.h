@@ -3,6 +3,7 @@
 #include "CExportOptions.h"
 #include "CExportReport.h"
 #include "CMessages.h"
+#include "CProjectRun.h"
 
 #include <QList>
 #include <QString>
@@ -10,10 +11,7 @@
 #include <memory>
 #include <optional>
 
-class CEmulatorSession;
 class CPageOutputs;
-class CProjectExporter;
-class CProjectModel;
 class CScreenModel;
 
 /// Does what panel-export was asked for: opens the project, renders its screens, writes the
@@ -30,13 +28,8 @@ public:
     EExit run();
 
 private:
-    bool loadProgramData();
-    bool openProject();
     std::optional<QList<int>> wantedRows();
     QStringList namesOf(const QList<int> &rows) const;
-    int screensAtOnce() const;
-    void render(const QList<int> &rows, CPageOutputs &outputs);
-    void prepare(CProjectExporter &exporter, CEmulatorSession &session) const;
     SScreenReport newReport(const CScreenModel &screen) const;
     void addToReport(const SScreenExport &screen);
     void addMissing(const CScreenModel &screen);
@@ -45,7 +38,7 @@ private:
 
     const CExportOptions m_options;
     CMessages m_messages;
-    std::unique_ptr<CProjectModel> m_project;
+    CProjectRun m_run;
     std::unique_ptr<CExportReport> m_report;
     bool m_isComplete = true; ///< all screens that were wanted have come
 };

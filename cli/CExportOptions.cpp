@@ -1,6 +1,7 @@
 #include "CExportOptions.h"
 
 #include "StreamFile.h"
+#include "Subcommands.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -84,7 +85,9 @@ CExportOptions::EParsed CExportOptions::parse(const QStringList &arguments)
 
     const bool parsed = parser.parse(arguments);
     if (parser.isSet(options.help)) {
-        text = parser.helpText() + QString::fromLatin1(helpEnd);
+        text = parser.helpText() + QString::fromLatin1(helpEnd) +
+               QStringLiteral("\nOther commands, each with its --help:\n") +
+               Subcommands::overview();
         return EParsed::ShowText;
     }
     if (parser.isSet(options.version)) {

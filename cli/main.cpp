@@ -2,12 +2,28 @@
 #include "CExportJob.h"
 #include "CExportOptions.h"
 #include "StopSignals.h"
+#include "Subcommands.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
 
 #include <cstdio>
 #include <cstdlib>
+
+namespace {
+
+/// What the process ends with when a command did: a signal's code goes first.
+int ended(int result)
+{
+    const int code = StopSignals::exitCode() != 0 ? StopSignals::exitCode() : result;
+    if (CEmulatorAdapter::instance()->hasLeftBehind()) {
+        std::fflush(stdout);
+        std::_Exit(code); // a worker that hangs may come back while things are taken down
+    }
+    return code;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -24,6 +40,8 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("panel-export"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KIV_VERSION));
 
+    if (const std::optional<int> result = Subcommands::run(QCoreApplication::arguments()))
+        return ended(*result);
     CExportOptions options;
     switch (options.parse(QCoreApplication::arguments())) {
     case CExportOptions::EParsed::ShowText:
@@ -36,11 +54,5 @@ int main(int argc, char *argv[])
     case CExportOptions::EParsed::Run:
         break;
     }
-    const int result = int(CExportJob(options).run());
-    const int code = StopSignals::exitCode() != 0 ? StopSignals::exitCode() : result;
-    if (CEmulatorAdapter::instance()->hasLeftBehind()) {
-        std::fflush(stdout);
-        std::_Exit(code); // a worker that hangs may come back while things are taken down
-    }
-    return code;
+    return ended(int(CExportJob(options).run()));
 }

@@ -1,0 +1,165 @@
+#include "DiffCommand.h"
+
+#include "CCommandLine.h"
+#include "CExportJob.h"
+#include "CItemMatch.h"
+#include "CMessages.h"
+#include "CPackedPictures.h"
+#include "CProjectModel.h"
+#include "CProjectRun.h"
+#include "CScreenModel.h"
+#include "CScreenshotWriter.h"
+#include "ChangesText.h"
+#include "CommandOutput.h"
+#include "FileNames.h"
+#include "ProjectChanges.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+namespace {
+
+const char *const helpEnd = R"end(
+Items are the same when they have the same id and kind, otherwise the same name and kind, otherwise
+the same kind and place. A screen that was renamed is known by what lies on it. Both projects are
+drawn, and pictures are compared pixel by pixel.
+
+--png writes, for each screen whose picture differs, NAME.old.png, NAME.new.png and NAME.diff.png:
+the new picture, pale, with what differs in red.
+
+As a tool of git, which hands over files without the images beside them:
+  git config difftool.nyx.cmd 'panel-export diff --folder "$(dirname "$MERGED")" "$LOCAL" "$REMOTE"'
+  git config diff.nyx.textconv 'panel-export diff --describe'
+with "*.nyx diff=nyx" in .gitattributes, so that git diff shows a line for each value.
+
+Exit codes: 0 equal, 1 different, 2 the command line is wrong, 3 a project could not be opened or
+drawn, or an output not written.
+)end";
+
+QByteArray joined(const QStringList &lines)
+{
+    return lines.isEmpty() ? QByteArray()
+                           : (lines.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8();
+}
+
+class CDiff
+{
+public:
+    explicit CDiff(const CCommandLine &line)
+        : m_line(line),
+          m_messages(true),
+          m_before(line.word(0), m_messages),
+          m_after(line.word(1), m_messages)
+    {
+    }
+
+    CExportJob::EExit run()
+    {
+        using EExit = CExportJob::EExit;
+        if (!CProjectRun::loadProgramData(m_messages) || !m_before.open() || !m_after.open())
+            return EExit::Failed;
+        if (m_line.isSet("folder"))
+            for (CProjectRun *each : {&m_before, &m_after})
+                each->project().setWorkingDirectory(
+                    QFileInfo(m_line.value("folder")).absoluteFilePath());
+        const SProjectChanges changes = projectChanges(m_before.project(), m_after.project());
+        if (!comparePictures())
+            return EExit::Failed;
+        const QJsonObject json = ChangesText::toJson(changes, m_differences);
+        const bool isEqual = json.value(QStringLiteral("equal")).toBool();
+        if (m_line.value("json") != QLatin1String("-"))
+            CommandOutput::print(joined(ChangesText::toLines(changes, m_differences)), m_messages);
+        if (m_line.isSet("json"))
+            CommandOutput::write(m_line.value("json"), QJsonDocument(json).toJson(), m_messages);
+        if (m_messages.hasFailed())
+            return EExit::Failed;
+        return isEqual ? EExit::Done : EExit::Findings;
+    }
+
+private:
+    /// The earlier pictures wait, packed, for the later ones: there is one emulator.
+    bool comparePictures()
+    {
+        CPackedPictures earlier;
+        const auto keep = [&earlier](SScreenExport &&screen) {
+            earlier.add(screen.screen, screen.frame);
+        };
+        if (!m_before.renderAll(keep))
+            return false;
+        const CItemMatch match(m_before.project(), m_after.project());
+        const QStringList names = pictureNames();
+        return m_after.renderAll([&](SScreenExport &&screen) {
+            if (const CItemModel *before = match.before(screen.screen))
+                compare(earlier.take(before), screen, names.value(screen.screen->row()));
+        });
+    }
+
+    void compare(const QImage &before, const SScreenExport &screen, const QString &name)
+    {
+        const SPictureDifference difference = pictureDifference(before, screen.frame);
+        if (difference.isEmpty())
+            return;
+        m_differences.insert(screen.screen, difference);
+        if (!m_line.isSet("png"))
+            return;
+        const QDir folder(m_line.value("png"));
+        const auto write = [&](const char *kind, const QImage &picture) {
+            CommandOutput::write(folder.filePath(name + QLatin1String(kind)),
+                                 CScreenshotWriter::toPng(picture), m_messages);
+        };
+        write(".old.png", before);
+        write(".new.png", screen.frame);
+        write(".diff.png", differencePicture(before, screen.frame));
+    }
+
+    /// Without suffix, of the screens in the rows of the later project.
+    QStringList pictureNames() const
+    {
+        QStringList names;
+        for (int row = 0; row < m_after.project().screenCount(); ++row)
+            names.append(m_after.project().screen(row)->name());
+        return FileNames::unusedForAll(names, QString());
+    }
+
+    const CCommandLine &m_line;
+    CMessages m_messages;
+    CProjectRun m_before;
+    CProjectRun m_after;
+    PictureDifferences m_differences;
+};
+
+int describe(const QString &file)
+{
+    CMessages messages(true);
+    CProjectRun run(file, messages);
+    if (!CProjectRun::loadProgramData(messages) || !run.open())
+        return int(CExportJob::EExit::Failed);
+    CommandOutput::print(joined(ChangesText::describe(run.project())), messages);
+    return int(messages.hasFailed() ? CExportJob::EExit::Failed : CExportJob::EExit::Done);
+}
+
+} // namespace
+
+namespace DiffCommand {
+
+int run(const QStringList &arguments)
+{
+    const bool describes = arguments.contains(QStringLiteral("--describe"));
+    CCommandLine line("diff", "Tells what differs between two states of a project.",
+                      describes ? QStringList{QStringLiteral("PROJECT")}
+                                : QStringList{QStringLiteral("BEFORE"), QStringLiteral("AFTER")},
+                      {{"json",
+                        "Writes the differences in JSON; - is the standard output, without "
+                        "the lines for people.",
+                        "FILE|-"},
+                       {"png", "Writes pictures of the screens that differ into a folder.", "DIR"},
+                       {"folder", "Takes the images of both projects from this folder.", "DIR"},
+                       {"describe", "Prints one project instead, a line for each value."}},
+                      helpEnd);
+    if (const std::optional<int> code = line.read(arguments))
+        return *code;
+    return describes ? describe(line.word(0)) : int(CDiff(line).run());
+}
+
+} // namespace DiffCommand
