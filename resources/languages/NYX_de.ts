@@ -608,6 +608,15 @@
     </message>
 </context>
 <context>
+    <name>CNumberEntry</name>
+    <message>
+        <source>A number, or an expression: +4, -=4, *2 and 50% go on from the number that is there; =width/2 and (x+8)*2 name other numbers of the item.
+Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
+        <translation>Eine Zahl oder ein Ausdruck: +4, -=4, *2 und 50% gehen von der Zahl aus, die dasteht; =width/2 und (x+8)*2 nennen andere Zahlen des Objekts.
+Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>
@@ -2173,6 +2182,45 @@ Installierte Version: </translation>
     <message>
         <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
         <translation>Widget-Bibliothek, Zeile %1: „%2“ kann keine Widget-Art sein.</translation>
+    </message>
+</context>
+<context>
+    <name>NumberExpression</name>
+    <message>
+        <source>&quot;%1&quot; is not expected here</source>
+        <translation>„%1“ wird hier nicht erwartet</translation>
+    </message>
+    <message>
+        <source>The result is too large</source>
+        <translation>Das Ergebnis ist zu groß</translation>
+    </message>
+    <message>
+        <source>Division by zero</source>
+        <translation>Division durch null</translation>
+    </message>
+    <message>
+        <source>Too many brackets or signs within each other</source>
+        <translation>Zu viele Klammern oder Vorzeichen ineinander</translation>
+    </message>
+    <message>
+        <source>A closing bracket is missing</source>
+        <translation>Eine schließende Klammer fehlt</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end</source>
+        <translation>Am Ende fehlt eine Zahl</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>There is no number named &quot;%1&quot;</source>
+        <translation>Es gibt keine Zahl namens „%1“</translation>
+    </message>
+    <message>
+        <source>An expression has %1 characters at most</source>
+        <translation>Ein Ausdruck hat höchstens %1 Zeichen</translation>
     </message>
 </context>
 <context>

@@ -608,6 +608,15 @@
     </message>
 </context>
 <context>
+    <name>CNumberEntry</name>
+    <message>
+        <source>A number, or an expression: +4, -=4, *2 and 50% go on from the number that is there; =width/2 and (x+8)*2 name other numbers of the item.
+Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
+        <translation>一个数或一个表达式：+4、-=4、*2 和 50% 以现有的数为基础；=width/2 和 (x+8)*2 引用该对象的其他数值。
+方向键逐步增减，按住 Shift 或 Ctrl 时每次十步。</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>
@@ -2173,6 +2182,45 @@ Installed version: </source>
     <message>
         <source>Widget library, line %1: &quot;%2&quot; cannot be the type of a widget.</source>
         <translation>控件库第 %1 行：“%2”不能作为控件类型。</translation>
+    </message>
+</context>
+<context>
+    <name>NumberExpression</name>
+    <message>
+        <source>&quot;%1&quot; is not expected here</source>
+        <translation>此处不应有“%1”</translation>
+    </message>
+    <message>
+        <source>The result is too large</source>
+        <translation>结果过大</translation>
+    </message>
+    <message>
+        <source>Division by zero</source>
+        <translation>除数为零</translation>
+    </message>
+    <message>
+        <source>Too many brackets or signs within each other</source>
+        <translation>括号或正负号嵌套过多</translation>
+    </message>
+    <message>
+        <source>A closing bracket is missing</source>
+        <translation>缺少右括号</translation>
+    </message>
+    <message>
+        <source>A number is missing at the end</source>
+        <translation>末尾缺少一个数</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>“%1”不是数字</translation>
+    </message>
+    <message>
+        <source>There is no number named &quot;%1&quot;</source>
+        <translation>没有名为“%1”的数</translation>
+    </message>
+    <message>
+        <source>An expression has %1 characters at most</source>
+        <translation>表达式最多 %1 个字符</translation>
     </message>
 </context>
 <context>

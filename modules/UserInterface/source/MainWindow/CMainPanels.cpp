@@ -216,6 +216,7 @@ bool CMainPanels::isGestureActive() const
 
 void CMainPanels::cancelGestures()
 {
+    m_properties->cancelDrag();
     if (CScreenView *view = m_screens->currentView())
         view->screenScene()->cancelGesture();
     if (m_explorer->isDragging())

@@ -1,8 +1,15 @@
 #include "CNumberSpinBox.h"
 
+#include "CNumberEntry.h"
 #include "CPropertyManager.h"
 
-#include <algorithm>
+CNumberSpinBox::CNumberSpinBox(QWidget *parent)
+    : QDoubleSpinBox(parent),
+      m_entry(new CNumberEntry(
+          this, [this] { return value(); },
+          [this](double number) { return textFromValue(qBound(minimum(), number, maximum())); }))
+{
+}
 
 QString CNumberSpinBox::textFromValue(double value) const
 {
@@ -12,19 +19,16 @@ QString CNumberSpinBox::textFromValue(double value) const
 
 double CNumberSpinBox::valueFromText(const QString &text) const
 {
-    return CPropertyManager::rounded(locale().toDouble(text.trimmed()));
+    return CPropertyManager::rounded(m_entry->result(text).value);
 }
 
 /// More decimals than are shown may be typed: they decide how the last one is rounded.
-QValidator::State CNumberSpinBox::validate(QString &text, int &position) const
+QValidator::State CNumberSpinBox::validate(QString &text, int &) const
 {
-    const int shown = text.indexOf(locale().decimalPoint()) + 1 + decimals();
-    const QString rest = text.mid(shown);
-    const bool areDigits =
-        std::all_of(rest.begin(), rest.end(), [](QChar each) { return each.isDigit(); });
-    if (shown <= decimals() || rest.isEmpty() || !areDigits)
-        return QDoubleSpinBox::validate(text, position);
-    QString cut = text.left(shown);
-    int within = 0;
-    return QDoubleSpinBox::validate(cut, within);
+    return m_entry->state(text);
+}
+
+/// No sign is taken out of what is typed.
+void CNumberSpinBox::fixup(QString &) const
+{
 }

@@ -1,5 +1,7 @@
 #include "CPropertyEditorFactory.h"
 
+#include "CIntegerSpinBox.h"
+#include "CNumberEntry.h"
 #include "CNumberSpinBox.h"
 #include "CPendingEdit.h"
 #include "CTextBox.h"
@@ -12,7 +14,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QSpinBox>
 #include <QtVariantPropertyManager>
 
 namespace {
@@ -168,7 +169,8 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
 QWidget *CPropertyEditorFactory::makeSpinBox(QtVariantPropertyManager *manager,
                                              QtProperty *property, QWidget *parent)
 {
-    auto *box = new QSpinBox(parent);
+    auto *box = new CIntegerSpinBox(parent);
+    box->entry()->setNames(m_names);
     box->setKeyboardTracking(false);
     CPendingEdit *pending = follow(
         manager, property, box, [box] { return box->value(); },
@@ -185,6 +187,7 @@ QWidget *CPropertyEditorFactory::makeNumberBox(QtVariantPropertyManager *manager
                                                QtProperty *property, QWidget *parent)
 {
     auto *box = new CNumberSpinBox(parent);
+    box->entry()->setNames(m_names);
     box->setKeyboardTracking(false);
     CPendingEdit *pending = follow(
         manager, property, box, [box] { return box->value(); },

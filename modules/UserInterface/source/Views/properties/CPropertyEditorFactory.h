@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CPendingEdit.h"
+#include "NumberExpression.h"
 
 #include <QHash>
 #include <QPointer>
@@ -26,6 +27,8 @@ public:
     void setFileRow(QtProperty *property);
     /// Rows whose text may have line ends.
     void setMultiLine(QtProperty *property);
+    /// The names that expressions in number fields may have.
+    void setNames(const NumberExpression::Names &names) { m_names = names; }
     /// A click that has opened the row's editor: turns a switch over, opens a list.
     void use(QtProperty *property);
 
@@ -73,4 +76,5 @@ private:
     QHash<QtProperty *, SEditor> m_editors;
     QtProperty *m_fileRow = nullptr;
     QSet<QtProperty *> m_multiLineRows;
+    NumberExpression::Names m_names;
 };

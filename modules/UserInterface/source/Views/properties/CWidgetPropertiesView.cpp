@@ -7,9 +7,12 @@
 #include "CPropertyEditorFactory.h"
 #include "CPropertyManager.h"
 #include "CPropertyRows.h"
+#include "CRowDrag.h"
 #include "ItemGeometry.h"
 #include "ItemNames.h"
+#include "ItemNumbers.h"
 #include "PropertyKey.h"
+#include "PropertyStep.h"
 #include "ShownProperties.h"
 
 #include <QEvent>
@@ -17,28 +20,6 @@
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 #include <QUndoStack>
-
-#include <cmath>
-
-namespace {
-
-/// The largest difference of two real numbers that is no edit.
-constexpr double Tolerance = 0.0001;
-
-bool isEdit(const CItemModel &item, const QString &key, const QVariant &value)
-{
-    const QVariant old = item.propertyValue(key);
-    if (value.type() == QVariant::Double &&
-        std::abs(value.toDouble() - old.toDouble()) <= Tolerance)
-        return false;
-    if (value == old)
-        return false;
-    CWidgetProperty changed = item.properties().value(key); // "red" is no change of #ff0000
-    changed.setValue(value);
-    return changed.text() != item.propertyText(key);
-}
-
-} // namespace
 
 CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     : QtTreePropertyBrowser(parent),
@@ -68,6 +49,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
             m_steps.takeBack(m_project->undoStack());
     });
     new CPropertyRows(this, m_factory);
+    makeDrag();
     connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
     const QAbstractItemModel *rows = findChild<QTreeWidget *>()->model();
     connect(rows, &QAbstractItemModel::rowsInserted, this, &CWidgetPropertiesView::spaceRows);
@@ -77,6 +59,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
 
 CWidgetPropertiesView::~CWidgetPropertiesView()
 {
+    cancelDrag();
     m_factory->discardPending();
     m_item = nullptr;
     clear();
@@ -86,8 +69,36 @@ CWidgetPropertiesView::~CWidgetPropertiesView()
     delete m_manager;
 }
 
+/// Expressions and drags: what a number is changed by beside digits.
+void CWidgetPropertiesView::makeDrag()
+{
+    m_factory->setNames([this](const QString &name) {
+        return m_item ? ItemNumbers::find(*m_item, name) : std::nullopt;
+    });
+    m_drag = new CRowDrag(findChild<QTreeWidget *>()->viewport(), m_manager,
+                          {[this](const QPoint &place) { return rowNamedAt(place); },
+                           [this](QtProperty *row) { return m_rows.key(row); },
+                           [this] { return isEnabled() ? m_item : nullptr; },
+                           [this] { m_factory->commitPending(); }});
+}
+
+/// Null beside the names and for rows within others.
+QtProperty *CWidgetPropertiesView::rowNamedAt(const QPoint &place) const
+{
+    const auto *tree = findChild<QTreeWidget *>();
+    const QTreeWidgetItem *item = tree->itemAt(place);
+    const bool isName = item && !item->parent() && tree->columnAt(place.x()) == 0;
+    return isName ? m_rows.value(item->text(0)) : nullptr;
+}
+
+void CWidgetPropertiesView::cancelDrag()
+{
+    m_drag->cancel();
+}
+
 void CWidgetPropertiesView::setProject(CProjectModel *project)
 {
+    cancelDrag();
     m_factory->discardPending();
     if (m_project)
         disconnect(m_project, nullptr, this, nullptr);
@@ -119,6 +130,7 @@ void CWidgetPropertiesView::showItems(const QList<CItemModel *> &items)
 {
     CItemModel *item = items.size() == 1 ? items.first() : nullptr;
     if (item != m_item || !item) {
+        cancelDrag();
         m_factory->commitPending();
         m_item = item;
         m_areSeveral = items.size() > 1;
@@ -231,7 +243,7 @@ void CWidgetPropertiesView::itemChanged(QtBrowserItem *changed)
 
 void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
 {
-    if (!m_project || !m_item->hasProperty(key) || !isEdit(*m_item, key, value))
+    if (!m_project || !m_item->hasProperty(key) || !PropertyStep::isChange(*m_item, key, value))
         return;
     if (key == PropertyKey::Name && value.toString().trimmed().isEmpty()) {
         propertyChanged(m_item, key, m_item->name()); // everything has a name
@@ -324,6 +336,7 @@ void CWidgetPropertiesView::forgetRemoved(const QModelIndex &parent, int first, 
         const CItemModel *removed = CItemModel::fromItem(each);
         if (removed && removed->isMoving())
             return; // it comes back at once
+        cancelDrag();
         m_factory->discardPending();
         m_item = nullptr;
         showItems({});

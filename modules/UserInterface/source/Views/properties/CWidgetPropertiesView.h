@@ -13,6 +13,7 @@ class CItemModel;
 class CProjectModel;
 class CPropertyEditorFactory;
 class CPropertyManager;
+class CRowDrag;
 class CWidgetProperty;
 
 /// Shows and edits the properties of the one selected item. An edit is one command on the project's
@@ -32,6 +33,9 @@ public:
     void showItems(const QList<CItemModel *> &items);
     void showIndexes(const QModelIndexList &indexes);
     CItemModel *currentItemModel() const { return m_item; }
+
+    /// Puts back what is being dragged.
+    void cancelDrag();
 
     /// The limits and entries of the item's properties may be others now.
     void refresh();
@@ -56,6 +60,8 @@ private Q_SLOTS:
     void onCurrentItemChanged(QtBrowserItem *current);
 
 private:
+    void makeDrag();
+    QtProperty *rowNamedAt(const QPoint &place) const;
     void clearRows();
     void showState();
     void showText(const QString &text);
@@ -77,6 +83,7 @@ private:
     CPropertyManager *m_manager;
     CPropertyEditorFactory *m_factory;
     CImageChooser *const m_images;
+    CRowDrag *m_drag = nullptr;
     QHash<QString, QtProperty *> m_rows; ///< by property key
     CPointListRows m_points;
     CEditSteps m_steps;

@@ -1,0 +1,34 @@
+#include "ItemNumbers.h"
+
+#include "CItemModel.h"
+#include "CWidgetProperty.h"
+#include "ItemGeometry.h"
+#include "PropertyKey.h"
+
+namespace {
+QString keyOf(const QString &name)
+{
+    static const QHash<QString, QString> shortNames = {{PropertyKey::ShortX, PropertyKey::X},
+                                                       {PropertyKey::ShortY, PropertyKey::Y},
+                                                       {QStringLiteral("x2"), PropertyKey::X2},
+                                                       {QStringLiteral("y2"), PropertyKey::Y2}};
+    const QString key = name.toLower();
+    return shortNames.value(key, key);
+}
+} // namespace
+
+std::optional<double> ItemNumbers::find(const CItemModel &item, const QString &name)
+{
+    const QString key = keyOf(name);
+    const auto property = item.properties().constFind(key);
+    if (property != item.properties().constEnd()) {
+        const PropertyType type = property->propertyType();
+        if (type == PropertyType::Int || type == PropertyType::Float)
+            return property->value().toDouble();
+    }
+    if (key == PropertyKey::Width)
+        return ItemGeometry::frameOf(item).width();
+    if (key == PropertyKey::Height)
+        return ItemGeometry::frameOf(item).height();
+    return {};
+}
