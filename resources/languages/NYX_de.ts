@@ -794,6 +794,10 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Output Window</source>
         <translation>Ausgabefenster</translation>
     </message>
+    <message>
+        <source>Open a page first: the widget is placed in the middle of it.</source>
+        <translation>Bitte zuerst eine Seite öffnen: Das Widget wird in ihrer Mitte platziert.</translation>
+    </message>
 </context>
 <context>
     <name>CMainWindow</name>
@@ -2059,6 +2063,26 @@ Installierte Version: </translation>
     <message>
         <source>No widget found</source>
         <translation>Kein Widget gefunden</translation>
+    </message>
+    <message>
+        <source>Favourites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Last used</source>
+        <translation>Zuletzt verwendet</translation>
+    </message>
+    <message>
+        <source>Place in the Middle</source>
+        <translation>In der Mitte platzieren</translation>
+    </message>
+    <message>
+        <source>Remove from Favourites</source>
+        <translation>Aus den Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Add to Favourites</source>
+        <translation>Zu den Favoriten hinzufügen</translation>
     </message>
 </context>
 <context>

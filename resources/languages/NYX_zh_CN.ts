@@ -794,6 +794,10 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Output Window</source>
         <translation>输出窗口</translation>
     </message>
+    <message>
+        <source>Open a page first: the widget is placed in the middle of it.</source>
+        <translation>请先打开一个页面：控件将放置在页面中间。</translation>
+    </message>
 </context>
 <context>
     <name>CMainWindow</name>
@@ -2059,6 +2063,26 @@ Installed version: </source>
     <message>
         <source>No widget found</source>
         <translation>未找到控件</translation>
+    </message>
+    <message>
+        <source>Favourites</source>
+        <translation>收藏</translation>
+    </message>
+    <message>
+        <source>Last used</source>
+        <translation>最近使用</translation>
+    </message>
+    <message>
+        <source>Place in the Middle</source>
+        <translation>放置到中间</translation>
+    </message>
+    <message>
+        <source>Remove from Favourites</source>
+        <translation>从收藏中移除</translation>
+    </message>
+    <message>
+        <source>Add to Favourites</source>
+        <translation>添加到收藏</translation>
     </message>
 </context>
 <context>

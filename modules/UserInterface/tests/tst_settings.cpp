@@ -39,8 +39,10 @@ private Q_SLOTS:
     {
         QVERIFY(CSettings(m_folder->path()).write({}));
         QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
-                 "autosaveInterval gridColor gridSize gridType isMaximized language lastFolder "
-                 "latestProjects mainWindow savingFolderPath screenshotDir showGrid snapToGrid "
+                 "autosaveInterval favouriteWidgets gridColor gridSize gridType isMaximized "
+                 "language lastFolder "
+                 "lastWidgets latestProjects mainWindow savingFolderPath screenshotDir showGrid "
+                 "snapToGrid "
                  "statusBar theme windowState windowStateCheck zoomPercent zoomType");
     }
 

@@ -20,6 +20,7 @@
 
 #include <QAbstractItemView>
 #include <QDockWidget>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <functional>
@@ -107,6 +108,7 @@ void CMainPanels::connectPanels()
             &CWidgetPropertiesView::geometryChanged);
     connect(m_screens, &CScreen::message, this, &CMainPanels::report);
     connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::report);
+    connect(palette(), &CWidgetSelectionView::placeWanted, this, &CMainPanels::placeWidget);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
 
@@ -165,7 +167,25 @@ void CMainPanels::refresh()
 void CMainPanels::showPalette()
 {
     const CWidgetLibraryManager &manager = CWidgetLibraryManager::instance();
-    m_palette->view()->setToolbox(manager.toolboxModel(CPlatformTable::chipCode(QString())));
+    palette()->setToolbox(manager.toolboxModel(CPlatformTable::chipCode(QString())));
+}
+
+CWidgetSelectionView *CMainPanels::palette() const
+{
+    return m_palette->view();
+}
+
+void CMainPanels::placeWidget(const QString &type)
+{
+    CScreenView *view = m_screens->currentView();
+    if (!view) {
+        report(tr("Open a page first: the widget is placed in the middle of it."));
+        return;
+    }
+    const int before = m_project->undoStack()->index();
+    view->placeInMiddle(type);
+    if (m_project && m_project->undoStack()->index() > before)
+        palette()->noteUsed(type);
 }
 
 /// Leads from an error message to the item that it is about.

@@ -16,6 +16,7 @@ class CScreenNavigator;
 class CStatusBar;
 class CWidgetPropertiesView;
 class CWidgetSelectionPanel;
+class CWidgetSelectionView;
 class QAction;
 class QDockWidget;
 
@@ -36,6 +37,7 @@ public:
     CScreen *screens() const { return m_screens; }
     CScreenNavigator *navigator() const { return m_navigator; }
     CProjectExplorerView *explorer() const { return m_explorer; }
+    CWidgetSelectionView *palette() const;
     /// Items and screens that a command is for, the same that all panels show as selected. Nothing
     /// that lies below another of them.
     QList<CItemModel *> selectedItems() const;
@@ -76,6 +78,7 @@ private:
     void makePanels();
     void connectPanels();
     void showPalette();
+    void placeWidget(const QString &type);
     void showScreen(CScreenModel *screen);
     void connectSelection();
     CItemModel *itemAt(const QModelIndex &index) const;

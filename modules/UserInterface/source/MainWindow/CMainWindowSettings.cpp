@@ -2,12 +2,14 @@
 #include "CDialogQuestions.h"
 #include "CEditorState.h"
 #include "CLanguageLoader.h"
+#include "CMainPanels.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CSettings.h"
 #include "CStartMark.h"
+#include "CWidgetSelectionView.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ShownText.h"
@@ -65,6 +67,8 @@ void CMainWindow::useSettings(const SSettings &values)
                                                                         : m_savingFolder);
     setSnapToGrid(values.snapToGrid);
     setAutosaveInterval(values.autosaveInterval);
+    m_panels->palette()->setShelf(CWidgetSelectionView::Favourites, values.favouriteWidgets);
+    m_panels->palette()->setShelf(CWidgetSelectionView::LastUsed, values.lastWidgets);
 }
 
 void CMainWindow::writeSettings()
@@ -90,5 +94,7 @@ void CMainWindow::writeSettings()
     values.language = m_chosenLanguage;
     values.lastFolder = m_session->workingDirectory();
     values.snapToGrid = state->isSnapToGrid();
+    values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
+    values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     m_settings->write(values);
 }

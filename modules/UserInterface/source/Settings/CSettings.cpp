@@ -33,6 +33,8 @@ constexpr char language[] = "language";
 constexpr char lastFolder[] = "lastFolder";
 constexpr char snapToGrid[] = "snapToGrid";
 constexpr char isMaximized[] = "isMaximized";
+constexpr char favouriteWidgets[] = "favouriteWidgets";
+constexpr char lastWidgets[] = "lastWidgets";
 } // namespace Key
 
 constexpr qint64 MaxBytes = qint64{1} << 20;
@@ -43,6 +45,7 @@ constexpr int MinWindowSide = 200;   // pixels
 constexpr int MaxWindowSide = 32000;
 constexpr int MaxTextLength = 4096; // of a path; longer ones no system has
 constexpr int MaxProjects = 10;
+constexpr int MaxKinds = 100; ///< of widgets in a list
 
 void readInt(const CIniText &file, const char *key, int smallest, int largest, int *value)
 {
@@ -77,13 +80,13 @@ void readText(const CIniText &file, const char *key, QString *value)
         *value = read;
 }
 
-QStringList readProjects(const CIniText &file)
+QStringList readTexts(const CIniText &file, const char *key, int most)
 {
-    QStringList paths = file.list(Key::latestProjects);
-    paths.erase(std::remove_if(paths.begin(), paths.end(),
+    QStringList texts = file.list(key);
+    texts.erase(std::remove_if(texts.begin(), texts.end(),
                                [](const QString &each) { return !isPlain(each); }),
-                paths.end());
-    return paths.mid(0, MaxProjects);
+                texts.end());
+    return texts.mid(0, most);
 }
 
 /// Written as "@Rect(x y width height)".
@@ -209,7 +212,7 @@ SSettings CSettings::read(QString *aside) const
     int gridType = values.gridType;
     readInt(file, Key::gridType, Qt::SolidLine, Qt::DotLine, &gridType);
     values.gridType = static_cast<Qt::PenStyle>(gridType);
-    values.latestProjects = readProjects(file);
+    values.latestProjects = readTexts(file, Key::latestProjects, MaxProjects);
     readText(file, Key::screenshotDir, &values.screenshotDir);
     readText(file, Key::theme, &values.theme);
     readBool(file, Key::statusBar, &values.statusBar);
@@ -219,6 +222,8 @@ SSettings CSettings::read(QString *aside) const
     readText(file, Key::lastFolder, &values.lastFolder);
     readBool(file, Key::snapToGrid, &values.snapToGrid);
     readBool(file, Key::isMaximized, &values.isMaximized);
+    values.favouriteWidgets = readTexts(file, Key::favouriteWidgets, MaxKinds);
+    values.lastWidgets = readTexts(file, Key::lastWidgets, MaxKinds);
     return values;
 }
 
@@ -250,6 +255,8 @@ bool CSettings::write(const SSettings &values) const
     file.setText(Key::lastFolder, values.lastFolder);
     setBool(Key::snapToGrid, values.snapToGrid);
     setBool(Key::isMaximized, values.isMaximized);
+    file.setList(Key::favouriteWidgets, values.favouriteWidgets);
+    file.setList(Key::lastWidgets, values.lastWidgets);
     const QString problem = CFileWriter::write(path(), file.toText());
     if (problem.isEmpty())
         return true;

@@ -27,6 +27,8 @@ struct SSettings
     QString lastFolder;        ///< of the project that was opened or saved last
     bool snapToGrid = false;
     bool isMaximized = false;
+    QStringList favouriteWidgets; ///< kinds, in the palette
+    QStringList lastWidgets;      ///< kinds, the one that was used last first
 };
 
 /// The settings file. A key that is missing, or whose value makes no sense, gets its default and

@@ -6,6 +6,7 @@ class CWidgetSelectionView;
 class QLineEdit;
 
 /// What the palette's dock holds: the palette and, above it, a line that filters it.
+/// Enter there places the best match, Down leads into the palette, Esc shows all again.
 class CWidgetSelectionPanel : public QWidget
 {
     Q_OBJECT
@@ -17,6 +18,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void retranslate();

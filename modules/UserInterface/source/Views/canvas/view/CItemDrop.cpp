@@ -1,6 +1,7 @@
 #include "CItemDrop.h"
 
 #include "CCommandAddItem.h"
+#include "CDropGhost.h"
 #include "CEditorState.h"
 #include "CItemImages.h"
 #include "CProjectModel.h"
@@ -13,6 +14,7 @@
 #include "ItemNames.h"
 #include "ItemOperations.h"
 #include "ItemTree.h"
+#include "MiddlePlace.h"
 #include "PropertyKey.h"
 
 #include <QDataStream>
@@ -88,16 +90,52 @@ CItemDrop::CItemDrop(CScreenScene *scene, QWidget *window)
     connect(m_images, &CItemImages::message, this, &CItemDrop::message);
 }
 
+CItemDrop::~CItemDrop() = default;
+
 bool CItemDrop::isWelcome(const QMimeData &data)
 {
     return data.hasFormat(CreateMime) || data.hasFormat(ItemDrag::Mime) ||
            !droppedFiles(data).isEmpty();
 }
 
-void CItemDrop::showPlace(const QPointF &scenePos)
+void CItemDrop::showPlace(const QMimeData &data, const QPointF &scenePos)
 {
-    if (CEditorState::instance()->isSnapToGrid())
-        m_scene->snapped(scenePos);
+    const bool snaps = CEditorState::instance()->isSnapToGrid();
+    const QPointF place = snaps ? m_scene->snapped(scenePos) : scenePos;
+    if (!data.hasFormat(CreateMime))
+        return;
+    if (!m_ghost) {
+        m_ghost = std::make_unique<CDropGhost>();
+        m_scene->addItem(m_ghost.get());
+    }
+    const QString type = draggedKind(data);
+    const CWidgetLibraryModel *library = screen()->project()->library();
+    if (!m_ghost->isOf(type) && library && library->contains(type))
+        m_ghost->show(ofKind(type));
+    m_ghost->moveTo(place);
+}
+
+void CItemDrop::hidePlace()
+{
+    m_scene->hideGuides();
+    m_ghost.reset();
+}
+
+void CItemDrop::place(const QString &type, const QRectF &room, size_t graphicsMemory)
+{
+    m_memory = graphicsMemory;
+    auto item = make(type, QString());
+    if (!item)
+        return;
+    QVector<QRectF> others;
+    for (int row = 0; row < screen()->rowCount(); ++row)
+        others.append(ItemGeometry::frameOf(*screen()->childItem(row)));
+    const QRectF frame = ItemGeometry::frameOf(*item);
+    const QRectF middle = MiddlePlace::frame(room, frame.size(), others);
+    placeAt(*item, QPointF(item->x(), item->y()) + middle.topLeft() - frame.topLeft());
+    Made made;
+    made.push_back(std::move(item));
+    add(std::move(made));
 }
 
 bool CItemDrop::drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory)
@@ -193,17 +231,21 @@ bool CItemDrop::fitsMemory(const CItemImages::SImage &image)
     return false;
 }
 
-/// Null when there is nothing to add, which has been told.
-std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &scenePos,
-                                            const QString &file)
+std::unique_ptr<CItemModel> CItemDrop::ofKind(const QString &type)
 {
     CProjectModel *project = screen()->project();
-    if (!project->library() || !project->library()->contains(type)) {
+    return std::make_unique<CWidgetModel>(type, project->library(), project);
+}
+
+/// Null when there is nothing to add, which has been told.
+std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QString &file)
+{
+    const CWidgetLibraryModel *library = screen()->project()->library();
+    if (!library || !library->contains(type)) {
         Q_EMIT message(tr("There is no widget kind %1.").arg(type));
         return nullptr;
     }
-    auto item = std::make_unique<CWidgetModel>(type, project->library(), project);
-    placeAt(*item, landing(scenePos, {}));
+    auto item = ofKind(type);
     if (CItemImages::isKind(type)) {
         const auto image = imageFor(*item, file);
         if (!image) {
@@ -214,6 +256,16 @@ std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &
             return nullptr;
         takeImage(*item, *image);
     }
+    return item;
+}
+
+std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &scenePos,
+                                            const QString &file)
+{
+    const QPointF place = landing(scenePos, {}); // as it was shown, before anything is asked
+    auto item = make(type, file);
+    if (item)
+        placeAt(*item, place);
     return item;
 }
 

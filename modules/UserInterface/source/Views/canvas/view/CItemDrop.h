@@ -10,11 +10,13 @@
 #include <optional>
 #include <vector>
 
+class CDropGhost;
 class CItemModel;
 class CScreenModel;
 class CScreenScene;
 class QMimeData;
 class QPointF;
+class QRectF;
 class QWidget;
 
 /// What is dropped on a screen: kinds from the palette, items from the explorer, image and media
@@ -26,13 +28,18 @@ class CItemDrop final : public QObject
 public:
     /// A child of `window`, over which it asks. The scene must outlive it.
     CItemDrop(CScreenScene *scene, QWidget *window);
+    ~CItemDrop() override;
 
     static bool isWelcome(const QMimeData &data);
-    /// Marks where something dropped at a place would land, until the scene hides its guides.
-    void showPlace(const QPointF &scenePos);
+    /// Marks where the data would land, dropped at a place, and what a kind from the palette will
+    /// look like.
+    void showPlace(const QMimeData &data, const QPointF &scenePos);
+    void hidePlace();
     /// `graphicsMemory`: bytes of the chip's memory that the screen needs by now. False when the
     /// data hold nothing that the screen can take.
     bool drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory);
+    /// Adds a widget of a kind to the middle of a part of the scene.
+    void place(const QString &type, const QRectF &room, size_t graphicsMemory);
 
 Q_SIGNALS:
     void dropped(const QVector<CItemModel *> &items); ///< they are to be selected
@@ -47,6 +54,8 @@ private:
     QPointF landing(const QPointF &scenePos, const QVector<CItemModel *> &moving);
     bool dropItems(const QMimeData &data, const QPointF &scenePos);
     bool dropFiles(const QMimeData &data, const QPointF &scenePos);
+    std::unique_ptr<CItemModel> ofKind(const QString &type);
+    std::unique_ptr<CItemModel> make(const QString &type, const QString &file);
     std::unique_ptr<CItemModel> make(const QString &type, const QPointF &scenePos,
                                      const QString &file);
     std::optional<CItemImages::SImage> imageFor(const CItemModel &item, const QString &file);
@@ -56,5 +65,6 @@ private:
     CScreenScene *m_scene; ///< not owned
     QWidget *m_window;
     CItemImages *m_images;
-    size_t m_memory = 0; ///< bytes in use, with those of what the drop has brought
+    std::unique_ptr<CDropGhost> m_ghost; ///< while a kind is dragged over the scene
+    size_t m_memory = 0;                 ///< bytes in use, with those of what the drop has brought
 };

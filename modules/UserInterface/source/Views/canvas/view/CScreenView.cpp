@@ -99,6 +99,7 @@ void CScreenView::detach()
 {
     m_restTimer->stop();
     m_readout->hide();
+    m_drop->hidePlace();
     disconnect(CEditorState::instance(), nullptr, this, nullptr);
     m_scene->disconnect(this);
     m_scene->detach();
@@ -160,6 +161,16 @@ void CScreenView::reportCounts()
     const SItemCounts counts = countItems(*screen());
     Q_EMIT widgetDropped(counts.widgets);
     Q_EMIT bitmapDropped(counts.bitmaps);
+}
+
+void CScreenView::placeInMiddle(const QString &type)
+{
+    if (!screen())
+        return;
+    const QRectF seen = mapToScene(viewport()->rect()).boundingRect();
+    const QRectF room = seen & m_scene->sceneRect();
+    m_drop->place(type, room.isEmpty() ? m_scene->sceneRect() : room, m_graphicsMemory);
+    setFocus();
 }
 
 void CScreenView::updateRepaint()

@@ -44,6 +44,8 @@ public:
     bool isGestureActive() const;
     int zoomPercent() const;
     double scale() const { return transform().m11(); }
+    /// Adds a widget of a kind to the middle of what is seen, selects it and takes the keys.
+    void placeInMiddle(const QString &type);
     /// Counts widgets and bitmaps and tells them.
     void reportCounts();
 

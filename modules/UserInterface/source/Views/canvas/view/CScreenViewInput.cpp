@@ -305,18 +305,18 @@ void CScreenView::dragMoveEvent(QDragMoveEvent *event)
     event->setAccepted(CItemDrop::isWelcome(*event->mimeData()));
     reportPointer(event->pos());
     if (event->isAccepted())
-        m_drop->showPlace(mapToScene(event->pos()));
+        m_drop->showPlace(*event->mimeData(), mapToScene(event->pos()));
 }
 
 void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
 {
-    m_scene->hideGuides();
+    m_drop->hidePlace();
     event->accept();
 }
 
 void CScreenView::dropEvent(QDropEvent *event)
 {
-    m_scene->hideGuides();
+    m_drop->hidePlace();
     if (m_drop->drop(*event->mimeData(), mapToScene(event->pos()), m_graphicsMemory))
         event->acceptProposedAction();
     else

@@ -64,6 +64,32 @@ private Q_SLOTS:
         QCOMPARE(shown(*panel.view()).size(), count);
     }
 
+    void bestMatchFirst_data()
+    {
+        QTest::addColumn<QString>("first");
+        for (const char *text : {"signal", "strength", "sig str", "SIGNAL strength"})
+            QTest::newRow(text) << "Signal strength";
+        QTest::newRow("gauge") << "Gauge"; // and not "Arc gauge", which stands before it
+        QTest::newRow("line") << "Line";
+        QTest::newRow("text") << "Text";
+        QTest::newRow("tton") << "Button";
+        QTest::newRow("arc g") << "Arc gauge";
+        QTest::newRow("Kiv_Media_T") << "Media";
+    }
+
+    void bestMatchFirst()
+    {
+        QFETCH(QString, first);
+        CWidgetSelectionView view;
+        fill(view);
+        const QStringList all = shown(view);
+        view.setFilter(QTest::currentDataTag());
+        QCOMPARE(shown(view).value(1), first);
+        QCOMPARE(view.currentItem()->text(), first);
+        view.setFilter({});
+        QCOMPARE(shown(view), all);
+    }
+
 private:
     static void fill(CWidgetSelectionView &view)
     {

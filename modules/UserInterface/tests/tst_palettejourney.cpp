@@ -1,0 +1,208 @@
+// What a user does with the palette and the explorer on the real window, with a real emulator,
+// beginning with nothing selected.
+#include "CDropGhost.h"
+#include "CEditorState.h"
+#include "CFrameItem.h"
+#include "CItemModel.h"
+#include "CMainWindow.h"
+#include "CProjectModel.h"
+#include "CScreen.h"
+#include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CScreenView.h"
+#include "CSettings.h"
+#include "CWidgetSelectionView.h"
+#include "ItemGeometry.h"
+#include "ProgramFolder.h"
+#include "PropertyKey.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <memory>
+
+class tst_PaletteJourney : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<CProgramFolder>();
+        const QString path = m_folder->path("demo.nyx");
+        writeFile(path, "<Kiv_Project_T platform=\"QX110\" width=\"480\" height=\"272\">"
+                        "<Kiv_Screen_T name=\"First\" color=\"#102030\"/></Kiv_Project_T>");
+        m_window = std::make_unique<CMainWindow>(path);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_view = m_window->findChild<CScreen *>()->currentView();
+        m_palette = m_window->findChild<CWidgetSelectionView *>();
+        m_before = saved();
+    }
+
+    void cleanup()
+    {
+        m_window->project()->undoStack()->setClean();
+        m_window.reset();
+        m_folder.reset();
+    }
+
+    /// By the keys alone and by the mouse: in the middle of what is seen, selected, one step each,
+    /// and none lies exactly over another one.
+    void placedWithoutADrag()
+    {
+        auto *filter = m_window->findChild<QLineEdit *>("widgetFilter");
+        filter->setFocus();
+        filter->setClearButtonEnabled(false); // its fading would outlive the program and be a leak
+        QTest::keyClicks(filter, "signal");
+        QTest::keyClick(filter, Qt::Key_Return);
+        QVERIFY(m_view->hasFocus());
+        QCOMPARE(screen()->rowCount(), 1);
+        CItemModel *first = screen()->childItem(0);
+        QCOMPARE(first->itemTypeName(), "Kiv_Signal_T");
+        const QRectF seen = m_view->mapToScene(m_view->viewport()->rect()).boundingRect();
+        const QPointF middle = ItemGeometry::frameOf(*first).center();
+        QVERIFY(((seen & m_view->scene()->sceneRect()).center() - middle).manhattanLength() <= 1);
+        QCOMPARE(m_view->selectedItems(), QVector<CItemModel *>{first});
+        QTest::keyClick(m_view, Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(ItemGeometry::frameOf(*first).center(), middle - QPointF(1, 0));
+        m_window->project()->undoStack()->undo();
+        filter->setFocus();
+        QTest::keyClick(filter, Qt::Key_Down);
+        QTest::keyClick(m_palette, Qt::Key_Enter);
+        const QPoint entry = m_palette->visualItemRect(m_palette->currentItem()).center();
+        for (int time = 0; time < 40; ++time) // as many as no diagonal of the page holds
+            QTest::mouseDClick(m_palette->viewport(), Qt::LeftButton, {}, entry);
+        QCOMPARE(screen()->rowCount(), 41);
+        QSet<QPair<double, double>> places;
+        for (int row = 0; row < screen()->rowCount(); ++row)
+            places.insert({screen()->childItem(row)->x(), screen()->childItem(row)->y()});
+        QCOMPARE(places.size(), 41);
+        QCOMPARE(m_window->project()->undoStack()->count(), 41);
+        m_window->project()->undoStack()->setIndex(0);
+        QCOMPARE(saved(), m_before);
+    }
+
+    /// The shelves are there after the next start; what is on them works as it does below.
+    void favouritesAndLastUsed()
+    {
+        const int entries = m_palette->count();
+        choose("Kiv_Slider_T");
+        QTest::keyClick(m_palette, Qt::Key_Return);
+        choose("Kiv_Button_T");
+        QTest::keyClick(m_palette, Qt::Key_Return);
+        m_palette->setFavourite("Kiv_Gauge_T", true);
+        m_palette->setFavourite("Kiv_Gone_T", true); // of another library
+        QCOMPARE(top(6), (QStringList{"Favourites", "Gauge", "Last used", "Button", "Slider",
+                                      "Basic Shapes"}));
+        m_window->project()->undoStack()->setClean();
+        m_window->close();
+        m_window = std::make_unique<CMainWindow>(m_folder->path("demo.nyx"));
+        m_palette = m_window->findChild<CWidgetSelectionView *>();
+        QCOMPARE(top(5), (QStringList{"Favourites", "Gauge", "Last used", "Button", "Slider"}));
+        m_palette->setCurrentRow(1);
+        QTest::keyClick(m_palette, Qt::Key_Return);
+        QCOMPARE(top(4), (QStringList{"Favourites", "Gauge", "Last used", "Gauge"}));
+        m_palette->setFilter("gauge"); // each is found once
+        QCOMPARE(top(3), (QStringList{"Indicators", "Gauge", "Arc gauge"}));
+        m_palette->setFilter({});
+        m_palette->setShelf(CWidgetSelectionView::LastUsed, {});
+        m_palette->setShelf(CWidgetSelectionView::Favourites, {});
+        QCOMPARE(m_palette->count(), entries);
+        QCOMPARE(top(3), (QStringList{"Basic Shapes", "Rectangle", "Circle"}));
+    }
+
+    void ghost_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("snaps");
+        QTest::newRow("box") << "Kiv_Rectangle_T" << false;
+        QTest::newRow("about its middle") << "Kiv_Circle_T" << true;
+        QTest::newRow("between points") << "Kiv_Arrow_T" << false;
+    }
+
+    /// What is dragged over the page looks as the dropped widget will, at the place of the drop.
+    void ghost()
+    {
+        QFETCH(QString, type);
+        QFETCH(bool, snaps);
+        CEditorState::instance()->setSnapToGrid(snaps);
+        choose(type);
+        const std::unique_ptr<QMimeData> data(m_palette->dragData());
+        const QPoint at = m_view->mapFromScene(203, 117);
+        QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_view->viewport(), &enter);
+        QDragMoveEvent move(at, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_view->viewport(), &move);
+        const auto ghosts = [this] {
+            QVector<CDropGhost *> found;
+            for (QGraphicsItem *each : m_view->scene()->items()) {
+                if (auto *one = dynamic_cast<CDropGhost *>(each))
+                    found.append(one);
+            }
+            return found;
+        };
+        QCOMPARE(ghosts().size(), 1);
+        const CDropGhost *ghost = ghosts().constFirst();
+        QTRY_VERIFY(!ghost->picture().isNull());
+        QCOMPARE(saved(), m_before);
+        QImage expected(480, 272, QImage::Format_ARGB32_Premultiplied);
+        expected.fill(QColor("#102030"));
+        QPainter painter(&expected);
+        painter.drawImage(ghost->pos() + ghost->corner(), ghost->picture());
+        painter.end();
+
+        QDropEvent drop(at, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+        QCoreApplication::sendEvent(m_view->viewport(), &drop);
+        QVERIFY(ghosts().isEmpty());
+        QCOMPARE(screen()->rowCount(), 1);
+        int off = 256; // the largest difference of a colour: two roundings
+        const auto farthest = [&] {
+            const QImage drawn =
+                m_view->screenScene()->frameItem()->pixmap().toImage().convertToFormat(
+                    expected.format());
+            off = drawn.size() == expected.size() ? 0 : 256;
+            for (int y = 0; off < 256 && y < drawn.height(); ++y) {
+                for (int x = 0; x < drawn.width(); ++x) {
+                    const QRgb left = drawn.pixel(x, y);
+                    const QRgb right = expected.pixel(x, y);
+                    off = std::max({off, std::abs(qRed(left) - qRed(right)),
+                                    std::abs(qGreen(left) - qGreen(right)),
+                                    std::abs(qBlue(left) - qBlue(right))});
+                }
+            }
+            return off;
+        };
+        QTRY_VERIFY2(farthest() <= 3, qPrintable(QString::number(off)));
+    }
+
+private:
+    CScreenModel *screen() const { return m_window->project()->screen(0); }
+    QByteArray saved() const { return m_window->project()->saveToBytes(nullptr); }
+    void choose(const QString &type)
+    {
+        for (int row = m_palette->count() - 1; row >= 0; --row) {
+            if (m_palette->item(row)->data(CWidgetSelectionView::TypeRole) == type)
+                m_palette->setCurrentRow(row);
+        }
+        QCOMPARE(m_palette->currentType(), type);
+    }
+    QStringList top(int count) const
+    {
+        QStringList texts;
+        for (int row = 0; texts.size() < count && row < m_palette->count(); ++row) {
+            if (!m_palette->item(row)->isHidden())
+                texts.append(m_palette->item(row)->text());
+        }
+        return texts;
+    }
+
+    std::unique_ptr<CProgramFolder> m_folder;
+    std::unique_ptr<CMainWindow> m_window;
+    CScreenView *m_view = nullptr;
+    CWidgetSelectionView *m_palette = nullptr;
+    QByteArray m_before;
+};
+
+QTEST_MAIN(tst_PaletteJourney)
+#include "tst_palettejourney.moc"
