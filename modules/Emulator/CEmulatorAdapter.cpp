@@ -1,7 +1,6 @@
 #include "CEmulatorAdapter.h"
 
 #include "CItemModel.h"
-#include "CModelIterator.h"
 #include "CProjectModel.h"
 
 #include <QFile>
@@ -73,16 +72,16 @@ bool CEmulatorAdapter::registerEmulator(const QString &scriptPath)
     return true;
 }
 
-void CEmulatorAdapter::renderForeground(CItemModel *screen, void *observer)
+void CEmulatorAdapter::renderForeground(CItemModel *screen, void *observer,
+                                        CModelIterator::EHidden hidden)
 {
     if (!m_registered)
         return;
-    if (isBusy()) {
-        m_pendingForegroundScreen = screen;
-        m_pendingForegroundObserver = observer;
-        return;
-    }
-    issueForeground(screen, observer);
+    const SForegroundRequest request{screen, observer, hidden};
+    if (isBusy())
+        m_pendingForeground = request;
+    else
+        issueForeground(request);
 }
 
 void CEmulatorAdapter::renderBackground(IModelIterator *iterator, void *observer)
@@ -100,7 +99,7 @@ void CEmulatorAdapter::renderBackground(IModelIterator *iterator, void *observer
 
 void CEmulatorAdapter::forgetScreen(const QStandardItem *screen)
 {
-    if (m_pendingForegroundScreen && m_pendingForegroundScreen == screen)
+    if (m_pendingForeground.screen && m_pendingForeground.screen == screen)
         clearPendingForeground();
 }
 
@@ -126,7 +125,7 @@ void CEmulatorAdapter::withdraw(const void *observer)
     m_backgroundQueue.erase(
         std::remove_if(m_backgroundQueue.begin(), m_backgroundQueue.end(), isHis),
         m_backgroundQueue.end());
-    if (m_pendingForegroundObserver == observer)
+    if (m_pendingForeground.observer == observer)
         clearPendingForeground();
     for (SInFlight &request : m_inFlight)
         if (request.observer == observer)
@@ -255,18 +254,14 @@ void CEmulatorAdapter::dispatchNext()
     if (isBusy())
         return;
     m_backgroundInFlight = false;
-    if (m_pendingForegroundObserver) {
-        CItemModel *screen = m_pendingForegroundScreen;
-        void *observer = m_pendingForegroundObserver;
-        clearPendingForeground();
-        issueForeground(screen, observer);
-    }
+    if (m_pendingForeground.observer)
+        issueForeground(std::exchange(m_pendingForeground, {}));
 }
 
-void CEmulatorAdapter::issueForeground(CItemModel *screen, void *observer)
+void CEmulatorAdapter::issueForeground(const SForegroundRequest &request)
 {
-    m_foregroundIterator->setRoot(screen);
-    issue(m_foregroundIterator.get(), observer, ERequest::Foreground);
+    m_foregroundIterator->setRoot(request.screen, request.hidden);
+    issue(m_foregroundIterator.get(), request.observer, ERequest::Foreground);
 }
 
 void CEmulatorAdapter::issue(IModelIterator *iterator, void *observer, ERequest request)
@@ -280,6 +275,5 @@ void CEmulatorAdapter::issue(IModelIterator *iterator, void *observer, ERequest 
 
 void CEmulatorAdapter::clearPendingForeground()
 {
-    m_pendingForegroundScreen = nullptr;
-    m_pendingForegroundObserver = nullptr;
+    m_pendingForeground = {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CModelIterator.h"
 #include "QxKivEmuLib.h"
 #include "SScreenExport.h"
 
@@ -16,7 +17,6 @@
 #include <memory>
 
 class CItemModel;
-class CModelIterator;
 class CProjectModel;
 class QStandardItem;
 
@@ -61,7 +61,8 @@ public:
     uint32_t chipCode() const { return m_chipCode; }
 
     /// Asks for frame and display list of one screen, to be shown.
-    void renderForeground(CItemModel *screen, void *observer);
+    void renderForeground(CItemModel *screen, void *observer,
+                          CModelIterator::EHidden hidden = CModelIterator::EHidden::Walked);
     /// Asks for display list and raw frame of what `iterator` walks. The iterator stays the
     /// caller's and must live until the answer has come or the request is withdrawn.
     void renderBackground(IModelIterator *iterator, void *observer);
@@ -116,6 +117,12 @@ private:
         void *observer;
         bool isWanted; ///< false when it was withdrawn
     };
+    struct SForegroundRequest
+    {
+        CItemModel *screen = nullptr;
+        void *observer = nullptr; ///< null: nothing is asked for
+        CModelIterator::EHidden hidden = CModelIterator::EHidden::Walked;
+    };
     struct SBackgroundRequest
     {
         IModelIterator *iterator; ///< the requester's
@@ -139,7 +146,7 @@ private:
     void takeDisplayList(const SDisplayList &list);
     void dispatchNext();
     void issue(IModelIterator *iterator, void *observer, ERequest request);
-    void issueForeground(CItemModel *screen, void *observer);
+    void issueForeground(const SForegroundRequest &request);
     void clearPendingForeground();
     void beginRun();
 
@@ -154,7 +161,6 @@ private:
     bool m_hasLeftBehind = false;
     bool m_backgroundInFlight = false;
     std::unique_ptr<CModelIterator> m_foregroundIterator;
-    CItemModel *m_pendingForegroundScreen = nullptr;
-    void *m_pendingForegroundObserver = nullptr;
+    SForegroundRequest m_pendingForeground;
     std::deque<SBackgroundRequest> m_backgroundQueue;
 };

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-CFrameRequest::CFrameRequest(QObject *parent) : QObject(parent)
+CFrameRequest::CFrameRequest(QObject *parent, EHidden hidden) : QObject(parent), m_hidden(hidden)
 {
     const CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
     connect(adapter, &CEmulatorAdapter::emulatorFrameDLCallback, this,
@@ -44,7 +44,7 @@ void CFrameRequest::askForDue()
 
 void CFrameRequest::ask(CScreenModel *screen)
 {
-    CEmulatorAdapter::instance()->renderForeground(screen, this);
+    CEmulatorAdapter::instance()->renderForeground(screen, this, m_hidden);
 }
 
 void CFrameRequest::withdraw()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CModelIterator.h"
+
 #include <QObject>
 #include <QPixmap>
 
@@ -16,7 +18,9 @@ class CFrameRequest final : public QObject
     Q_OBJECT
 
 public:
-    explicit CFrameRequest(QObject *parent = nullptr);
+    using EHidden = CModelIterator::EHidden;
+
+    explicit CFrameRequest(QObject *parent = nullptr, EHidden hidden = EHidden::Walked);
     ~CFrameRequest() override;
 
     /// With the next turn of the event loop: the many changes of one step are one request.
@@ -39,6 +43,7 @@ private:
                          size_t graphicsMemory, const char *errors);
     void takeFrame(bool output, const QPixmap &frame, void *observer, size_t displayList);
 
+    const EHidden m_hidden;
     CScreenModel *m_due = nullptr;
     bool m_isQueued = false;
     size_t m_graphicsMemory = 0; ///< of the answer whose frame is still to come

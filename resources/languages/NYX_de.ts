@@ -1373,6 +1373,22 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Show the selected items as large as the view allows</source>
         <translation>Die gewählten Elemente so groß zeigen, wie es die Ansicht erlaubt</translation>
     </message>
+    <message>
+        <source>&amp;Hide/Show</source>
+        <translation>&amp;Ausblenden/Einblenden</translation>
+    </message>
+    <message>
+        <source>Hide the selected items while editing, or show them again; they are exported all the same</source>
+        <translation>Ausgewählte Elemente beim Bearbeiten aus- oder wieder einblenden; exportiert werden sie trotzdem</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w All Hidden</source>
+        <translation>Alle ausgeblendeten &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Show everything on this page that is hidden while editing</source>
+        <translation>Alles zeigen, was auf dieser Seite beim Bearbeiten ausgeblendet ist</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1875,6 +1891,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Duplicate</source>
         <translation>Duplizieren</translation>
     </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Einblenden</translation>
+    </message>
 </context>
 <context>
     <name>CStartPage</name>
@@ -1937,6 +1961,10 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source> bytes RAM_G used</source>
         <translation> Byte RAM_G belegt</translation>
+    </message>
+    <message>
+        <source>%1 hidden: exported, but not in these figures</source>
+        <translation>%1 ausgeblendet: exportiert, aber nicht in diesen Zahlen</translation>
     </message>
 </context>
 <context>

@@ -1373,6 +1373,22 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Show the selected items as large as the view allows</source>
         <translation>尽可能大地显示选中的项目</translation>
     </message>
+    <message>
+        <source>&amp;Hide/Show</source>
+        <translation>隐藏/显示(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Hide the selected items while editing, or show them again; they are exported all the same</source>
+        <translation>编辑时隐藏所选项目，或再次显示；导出时仍包含它们</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w All Hidden</source>
+        <translation>显示所有隐藏项(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Show everything on this page that is hidden while editing</source>
+        <translation>显示此页面上编辑时隐藏的全部内容</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -1875,6 +1891,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Duplicate</source>
         <translation>创建副本</translation>
     </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>显示</translation>
+    </message>
 </context>
 <context>
     <name>CStartPage</name>
@@ -1937,6 +1961,10 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source> bytes RAM_G used</source>
         <translation> 字节 RAM_G 已用</translation>
+    </message>
+    <message>
+        <source>%1 hidden: exported, but not in these figures</source>
+        <translation>%1 个已隐藏：会导出，但不计入这些数字</translation>
     </message>
 </context>
 <context>

@@ -39,6 +39,7 @@ CItemModel *CItemModel::clone() const
     copy->m_id = m_id;
     copy->m_parts->geometry.copyFrom(m_parts->geometry);
     copy->m_locked = m_locked;
+    copy->m_hidden = m_hidden;
     copy->m_name = m_name;
     copy->QStandardItem::setData(text(), Qt::DisplayRole);
 
@@ -132,6 +133,9 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
     } else if (name == PropertyKey::Locked) {
         m_locked = m_kind != Kind::Screen && value.toBool();
         emitDataChanged(); // views show a lock
+    } else if (name == PropertyKey::Hidden) {
+        m_hidden = m_kind != Kind::Screen && value.toBool();
+        emitDataChanged();
     } else {
         m_parts->geometry.apply(name, value, *m_parts);
     }
@@ -140,7 +144,7 @@ void CItemModel::applyProperty(const QString &name, const QVariant &value)
 bool CItemModel::isDerivedFrom(const QString &name)
 {
     return name == PropertyKey::Name || name == PropertyKey::Id || name == PropertyKey::Locked ||
-           CItemGeometry::isGeometry(name);
+           name == PropertyKey::Hidden || CItemGeometry::isGeometry(name);
 }
 
 void CItemModel::SParts::writeBack(const QString &name, const QVariant &value, bool notify)
@@ -304,6 +308,19 @@ bool CItemModel::isUnderLock() const
     while (item && !item->m_locked)
         item = item->parentItem();
     return item != nullptr;
+}
+
+bool CItemModel::isUnderHidden() const
+{
+    const CItemModel *item = this;
+    while (item && !item->m_hidden)
+        item = item->parentItem();
+    return item != nullptr;
+}
+
+void CItemModel::setHidden(bool hidden)
+{
+    setProperty(PropertyKey::Hidden, hiddenValue(hidden));
 }
 
 void CItemModel::setLocked(bool locked)

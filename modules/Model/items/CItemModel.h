@@ -120,6 +120,13 @@ public:
     /// What the property of that name is set to for a lock. Documents have it only where there is
     /// one, unless the kind itself has the property.
     QVariant lockValue(bool locked) const;
+    /// Not drawn on the canvas while the page is edited; exports draw it. Widgets and groups only.
+    bool isHidden() const { return m_hidden; }
+    /// Hidden itself or by a group that it is in: nothing of it is seen or hit on the canvas.
+    bool isUnderHidden() const;
+    void setHidden(bool hidden);
+    /// What the property of that name is set to; documents have it only where an item is hidden.
+    static QVariant hiddenValue(bool hidden) { return hidden ? QVariant(1) : QVariant(); }
     /// Member of a group; then not selectable by itself.
     bool isGrouped() const { return m_grouped; }
     void setGrouped(bool grouped);
@@ -166,6 +173,7 @@ private:
     quint32 m_id = 0;
     const Kind m_kind;
     bool m_locked = false;
+    bool m_hidden = false;
     bool m_grouped = false;
     bool m_moving = false;
     const std::unique_ptr<SParts> m_parts;

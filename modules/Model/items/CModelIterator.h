@@ -10,18 +10,25 @@ class CItemModel;
 class CModelIterator final : public IModelIterator
 {
 public:
+    /// Whether the walk leads to what is hidden while editing, too.
+    enum class EHidden { Walked, LeftOut };
+
     explicit CModelIterator(CItemModel *root = nullptr);
     ~CModelIterator() override;
 
     /// Stands at the start of a walk below another screen.
-    void setRoot(CItemModel *root);
+    void setRoot(CItemModel *root, EHidden hidden = EHidden::Walked);
 
     void next() override;
     IModelItem *current() override;
     CItemModel *currentItem() const { return m_current; }
 
 private:
+    CItemModel *lastBefore(CItemModel *parent, int row) const;
+    CItemModel *lastDescendant(CItemModel *item) const;
+
     CItemModel *m_root;
     CItemModel *m_current;
+    EHidden m_hidden = EHidden::Walked;
     bool m_started = false;
 };

@@ -50,6 +50,7 @@ SItemCounts countItems(const CItemModel &screen)
 {
     SItemCounts counts;
     forEachItem(screen, [&counts](const CItemModel &item) {
+        counts.hidden += item.isHidden() && !item.parentItem()->isUnderHidden() ? 1 : 0;
         if (item.kind() != CItemModel::Kind::Widget)
             return;
         ++counts.widgets;

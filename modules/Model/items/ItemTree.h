@@ -24,5 +24,6 @@ struct SItemCounts
 {
     int widgets = 0; ///< groups not counted
     int bitmaps = 0; ///< those of the widgets that show an image or a video from a file
+    int hidden = 0;  ///< from the canvas, groups counted once with all that is in them
 };
 SItemCounts countItems(const CItemModel &screen);

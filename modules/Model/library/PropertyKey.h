@@ -24,6 +24,8 @@ inline const QString Resizeable = QStringLiteral("resizeable");
 inline const QString HeightFromFont = QStringLiteral("heightfromfont");
 inline const QString Font = QStringLiteral("font");
 inline const QString Locked = QStringLiteral("locked");
+inline const QString Hidden =
+    QStringLiteral("hidden_in_editor"); ///< drawn by the chip all the same
 
 // Screens.
 inline const QString Color = QStringLiteral("color");

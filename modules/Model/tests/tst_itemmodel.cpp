@@ -133,6 +133,15 @@ private Q_SLOTS:
         inner->setLocked(false);
         QVERIFY(poly->hasProperty(PropertyKey::Locked) && !inner->hasProperty(PropertyKey::Locked));
         QCOMPARE(describe(*group), before);
+        inner->setHidden(true);
+        QVERIFY(inner->childItem(0)->isUnderHidden() && !inner->childItem(0)->isHidden());
+        QCOMPARE(countItems(*screen()).hidden, 1);
+        CModelIterator canvas;
+        canvas.setRoot(screen(), CModelIterator::EHidden::LeftOut);
+        for (canvas.next(); canvas.currentItem(); canvas.next())
+            QVERIFY(!canvas.currentItem()->isUnderHidden());
+        inner->setHidden(false);
+        QVERIFY(!inner->hasProperty(PropertyKey::Hidden)); // documents are as before
         screen()->setProperty(PropertyKey::Locked, 1); // by hand, in a file: nothing could undo it
         QVERIFY(!dot->isUnderLock());
     }

@@ -80,6 +80,7 @@ private Q_SLOTS:
         row("forward", CMenuBar::BringForward, same);
         row("backward", CMenuBar::SendBackward, same);
         row("lock", CMenuBar::LockUnlock, same);
+        row("hide", CMenuBar::HideShow, same);
         row("copy", CMenuBar::Copy, same);
         row("cut", CMenuBar::Cut, {0, 0, 0, 0});
         row("delete", CMenuBar::Delete, {0, 0, 0, 0});
@@ -112,7 +113,8 @@ private Q_SLOTS:
             const QPointer<CItemView> view =
                 m_screens->currentView()->screenScene()->viewOf(items.first());
             trigger(id);
-            if (isMember && id == CMenuBar::LockUnlock) { // the panel still shows the member
+            if (isMember && (id == CMenuBar::LockUnlock ||
+                             id == CMenuBar::HideShow)) { // the panel still shows the member
                 QVERIFY(stack->index() > steps && m_screens->selectedItems() == items);
             } else if (stack->index() > steps) {
                 const int count = counts.at(states.indexOf(state));
@@ -483,16 +485,30 @@ private Q_SLOTS:
         QVERIFY(m_answers->allGiven());
     }
 
-    /// What is written is what the page has last received, and equals its part of the project.
+    void pageExports_data()
+    {
+        QTest::addColumn<bool>("isHidden");
+        QTest::newRow("what the page has last received") << false;
+        QTest::newRow("with what it hides") << true;
+    }
+
+    /// What is written equals the page's part of the project.
     void pageExports()
     {
+        QFETCH(bool, isHidden);
         m_window->show();
         const CScreenView *view = m_screens->currentView();
         QTRY_VERIFY(!view->lastDisplayListBytes().isEmpty());
         const QString text = view->lastDisplayListText();
+        const QByteArray bytes = view->lastDisplayListBytes();
+        if (isHidden) {
+            select("B");
+            trigger(CMenuBar::HideShow);
+            QTRY_VERIFY(view->lastDisplayListBytes() != bytes);
+        }
         for (const auto &[action, written] :
              {std::pair(CMenuBar::PageToDL, "===First===\n" + text.toUtf8() + "\n"),
-              std::pair(CMenuBar::PageToBinary, view->lastDisplayListBytes())}) {
+              std::pair(CMenuBar::PageToBinary, bytes)}) {
             QString suffix;
             m_answers->expect([&](QDialog *dialog) {
                 auto *files = qobject_cast<QFileDialog *>(dialog);

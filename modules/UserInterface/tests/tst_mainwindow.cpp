@@ -96,7 +96,7 @@ private Q_SLOTS:
                                 "Ctrl+Shift+] Ctrl+Shift+[ Ctrl+] Ctrl+[ Ctrl+X Shift+Del Ctrl+C "
                                 "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
                                 "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
-                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3");
+                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+Shift+H");
         for (int what = 0; what < CItemArrange::WhatCount; ++what) {
             for (const QKeySequence &each :
                  m_window->arrangeActions()->action(CItemArrange::EWhat(what))->shortcuts())

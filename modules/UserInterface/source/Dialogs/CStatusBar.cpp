@@ -22,7 +22,7 @@ CStatusBar::CStatusBar(QMainWindow *window)
 {
     hide(); // the inner bar is the one that is seen
     m_window->setStatusBar(m_bar);
-    const char *const names[] = {"cursor", "widgets", "bitmaps", "memory", "budget"};
+    const char *const names[] = {"cursor", "widgets", "bitmaps", "hidden", "memory", "budget"};
     for (size_t field = 0; field < FieldCount; ++field) {
         m_labels[field] = new CElidedLabel(field == Cursor ? Qt::ElideLeft : Qt::ElideRight, m_bar);
         m_labels[field]->setObjectName(QLatin1String(names[field]));
@@ -63,6 +63,16 @@ void CStatusBar::receiveWidgetCountUpdate(int widgetCount)
 void CStatusBar::receiveBitmapCountUpdate(int bitmapCount)
 {
     show(Bitmaps, [bitmapCount] { return QString::number(bitmapCount) + tr(" bitmaps"); });
+}
+
+void CStatusBar::receiveHiddenCountUpdate(int hiddenCount)
+{
+    if (hiddenCount == 0)
+        show(Hidden, nullptr);
+    else
+        show(Hidden, [hiddenCount] {
+            return tr("%1 hidden: exported, but not in these figures").arg(hiddenCount);
+        });
 }
 
 void CStatusBar::receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage)

@@ -32,6 +32,8 @@ public Q_SLOTS:
     void receiveMouseMoveUpdate(QPoint point); ///< in pixels of the screen
     void receiveWidgetCountUpdate(int widgetCount);
     void receiveBitmapCountUpdate(int bitmapCount);
+    /// Items that the canvas does not draw; nothing is told of none.
+    void receiveHiddenCountUpdate(int hiddenCount);
     void receiveMemoryUsage(size_t dlBinBufferSize, size_t RAM_G_Usage); ///< bytes
     void resetStatusBar();
 
@@ -39,7 +41,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    enum Field { Cursor, Widgets, Bitmaps, Memory, Budget, FieldCount };
+    enum Field { Cursor, Widgets, Bitmaps, Hidden, Memory, Budget, FieldCount };
 
     void show(Field field, const std::function<QString()> &text);
 

@@ -6,8 +6,10 @@
 #include "CPageOperations.h"
 #include "CProjectExplorerView.h"
 #include "CScreen.h"
+#include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CSelectionCommands.h"
+#include "ItemTree.h"
 
 #include <QAbstractSpinBox>
 #include <QClipboard>
@@ -195,12 +197,34 @@ void CEditCommands::selectInverse()
         runOnView(&CSelectionCommands::selectInverse);
 }
 
-void CEditCommands::lock()
+/// Without pages themselves.
+ItemOperations::Items CEditCommands::itemsOfPages() const
 {
     ItemOperations::Items selected = items();
     const auto isScreen = [](const CItemModel *each) { return !each->parentItem(); };
     selected.erase(std::remove_if(selected.begin(), selected.end(), isScreen), selected.end());
-    ItemOperations::toggleLock(selected);
+    return selected;
+}
+
+void CEditCommands::lock()
+{
+    ItemOperations::toggleLock(itemsOfPages());
+}
+
+void CEditCommands::hide()
+{
+    ItemOperations::toggleHidden(itemsOfPages());
+}
+
+void CEditCommands::showHidden()
+{
+    ItemOperations::Items hidden;
+    if (CScreenModel *page = m_panels->screens()->currentScreen())
+        forEachItem(*page, [&hidden](CItemModel &each) {
+            if (each.isHidden())
+                hidden.append(&each);
+        });
+    ItemOperations::setHidden(hidden, false);
 }
 
 void CEditCommands::order(ItemOperations::EOrder where)

@@ -37,6 +37,9 @@ public:
     void selectNone();
     void selectInverse();
     void lock();
+    void hide(); ///< or show again what is hidden
+    /// All that is hidden on the page that is shown.
+    void showHidden();
     void order(ItemOperations::EOrder where);
     /// The commands for the canvas that is shown, if any.
     void runOnView(void (CSelectionCommands::*command)());
@@ -46,6 +49,7 @@ private:
 
     bool isForFocused(EText what) const;
     ItemOperations::Items items() const;
+    ItemOperations::Items itemsOfPages() const;
     bool arePagesSelected() const;
 
     QMainWindow *const m_window;

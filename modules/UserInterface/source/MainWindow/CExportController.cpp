@@ -120,6 +120,30 @@ CProjectExporter::EResult CExportController::writePackage(CProjectExporter *expo
                              : CProjectExporter::EResult::NotWritten;
 }
 
+bool CExportController::drawHidden(SShownScreen *shown, CProjectModel *project, int row)
+{
+    if (m_isRunning)
+        return false;
+    m_isRunning = true;
+    m_isCancelled = false;
+    bool isDrawn = false;
+    waitForEmulator();
+    CProjectExporter exporter(m_adapter);
+    exporter.setErrorReport([this](const QString &text) { m_user->showError(text, QString()); });
+    exporter.setCancelled([this] { return m_isCancelled; });
+    const QList<int> rows = {row};
+    exporter.render(project, CProjectExporter::EContent::DisplayLists, &rows,
+                    [&](SScreenExport &&page) {
+                        shown->text = page.text;
+                        shown->bytes = page.bytes;
+                        shown->findings = page.errors.join(QLatin1Char('\n'));
+                        isDrawn = true;
+                    });
+    m_isRunning = false;
+    Q_EMIT finished();
+    return isDrawn;
+}
+
 void CExportController::exportScreenDL(const SShownScreen &screen, const QString &folder)
 {
     const QString path = askPath(

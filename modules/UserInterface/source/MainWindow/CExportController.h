@@ -35,6 +35,9 @@ public:
     void exportProjectDL(CProjectModel *project, const QString &folder);
     void exportProjectBin(CProjectModel *project, const QString &folder);
     void exportPackage(CProjectModel *project, const QString &folder);
+    /// Of a page that hides items from its canvas: draws it with them, since the chip does. Turns
+    /// the event loop. False when that did not come about, and the user was told.
+    bool drawHidden(SShownScreen *shown, CProjectModel *project, int row);
     void exportScreenDL(const SShownScreen &screen, const QString &folder);
     void exportScreenBin(const SShownScreen &screen, const QString &folder);
 

@@ -117,6 +117,7 @@ void CMainPanels::connectStatusBar(CStatusBar *bar)
     connect(m_screens, &CScreen::cursorMoved, bar, &CStatusBar::receiveMouseMoveUpdate);
     connect(m_screens, &CScreen::widgetCountChanged, bar, &CStatusBar::receiveWidgetCountUpdate);
     connect(m_screens, &CScreen::bitmapCountChanged, bar, &CStatusBar::receiveBitmapCountUpdate);
+    connect(m_screens, &CScreen::hiddenCountChanged, bar, &CStatusBar::receiveHiddenCountUpdate);
     connect(m_screens, &CScreen::memoryUsageChanged, bar, &CStatusBar::receiveMemoryUsage);
     connect(m_screens, &CScreen::currentScreenChanged, bar, [bar](const CScreenModel *screen) {
         if (!screen) // what it said was about the one that was shown

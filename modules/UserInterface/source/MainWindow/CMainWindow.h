@@ -132,6 +132,8 @@ public Q_SLOTS:
     void pasteInPlace();
     void duplicate();
     void zoomToSelection();
+    void hideItems();
+    void showHiddenItems();
     void selectAll();
     void selectNone();
     void selectInverse();
@@ -158,7 +160,7 @@ private:
     void connectSession();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
-    std::optional<SShownScreen> shownScreen() const;
+    std::optional<SShownScreen> shownScreen();
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();
     bool isBusy() const;

@@ -24,6 +24,7 @@
 #include "CZoomComboWidget.h"
 #include "ChipFindings.h"
 #include "ItemGeometry.h"
+#include "ItemTree.h"
 #include "ProgramInfo.h"
 #include "ZoomRule.h"
 
@@ -178,11 +179,17 @@ bool CMainWindow::snapToGrid() const
     return CEditorState::instance()->isSnapToGrid();
 }
 
-std::optional<SShownScreen> CMainWindow::shownScreen() const
+std::optional<SShownScreen> CMainWindow::shownScreen()
 {
     const CScreenView *view = m_panels->screens()->currentView();
     if (!view || !view->screen())
         return std::nullopt;
+    if (countItems(*view->screen()).hidden > 0) {
+        SShownScreen whole;
+        whole.name = view->screen()->name();
+        const bool isDrawn = m_export->drawHidden(&whole, project(), view->screen()->row());
+        return isDrawn ? std::optional(whole) : std::nullopt;
+    }
     QStringList findings = chipFindings(*view->screen());
     findings.prepend(m_panels->screens()->currentErrors());
     findings.removeAll(QString());
@@ -313,6 +320,16 @@ void CMainWindow::pasteInPlace()
 void CMainWindow::duplicate()
 {
     m_edit->duplicate();
+}
+
+void CMainWindow::hideItems()
+{
+    m_edit->hide();
+}
+
+void CMainWindow::showHiddenItems()
+{
+    m_edit->showHidden();
 }
 
 void CMainWindow::zoomToSelection()

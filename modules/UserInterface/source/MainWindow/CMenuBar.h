@@ -82,6 +82,8 @@ public:
         PasteInPlace,
         Duplicate,
         ZoomSelection,
+        HideShow,
+        ShowHidden,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };

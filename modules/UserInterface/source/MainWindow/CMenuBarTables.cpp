@@ -128,6 +128,10 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.duplicate(); }},
         {CMenuBar::ZoomSelection, QT_TRANSLATE_NOOP("CMenuBar", "Fit to &Selection"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Show the selected items as large as the view allows"), "Ctrl+3", No,
          [](W &w, B &) { w.zoomToSelection(); }},
+        {CMenuBar::HideShow, QT_TRANSLATE_NOOP("CMenuBar", "&Hide/Show"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Hide the selected items while editing, or show them again; they are exported all the same"), "Ctrl+Shift+H", No,
+         [](W &w, B &) { w.hideItems(); }},
+        {CMenuBar::ShowHidden, QT_TRANSLATE_NOOP("CMenuBar", "Sho&w All Hidden"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Show everything on this page that is hidden while editing"), nullptr, No,
+         [](W &w, B &) { w.showHiddenItems(); }},
     };
     return table;
 }
@@ -140,7 +144,7 @@ const std::vector<SMenu> &menus()
          {M::New, M::Open, M::RecentMenu, M::CloseProject, M::SaveProject, M::SaveAs, M::Revert,
           M::Separator, M::NewPage, M::ExportMenu, M::ExportPackage, M::PrintScreen, M::Separator, M::Exit}},
         {M::EditMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Edit"), true,
-         {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock,
+         {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock, M::HideShow, M::ShowHidden,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},
         {M::ArrangeMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Arrange"), true, {}},
         {M::ViewMenu, QT_TRANSLATE_NOOP("CMenuBar", "&View"), true, {M::ThemeMenu, M::ZoomMenu, M::GridMenu, M::WindowsMenu}},

@@ -171,6 +171,27 @@ void ItemOperations::toggleLock(const Items &items)
     stack.endMacro();
 }
 
+void ItemOperations::toggleHidden(const Items &items)
+{
+    const auto isHidden = [](const CItemModel *each) { return each->isHidden(); };
+    setHidden(items, !std::all_of(items.begin(), items.end(), isHidden));
+}
+
+void ItemOperations::setHidden(const Items &items, bool isHidden)
+{
+    auto step = std::make_unique<QUndoCommand>(
+        isHidden ? QCoreApplication::translate("CSelectionCommands", "Hide")
+                 : QCoreApplication::translate("CSelectionCommands", "Show"));
+    for (CItemModel *each : items) {
+        if (each->isHidden() != isHidden && each->parentItem())
+            new CCommandChangeItemProperty(each, PropertyKey::Hidden,
+                                           CItemModel::hiddenValue(isHidden),
+                                           each->propertyValue(PropertyKey::Hidden), step.get());
+    }
+    if (step->childCount() > 0)
+        items.constFirst()->project()->undoStack()->push(step.release());
+}
+
 CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, const QPoint &position)
 {
     if (items.size() < 2)
@@ -311,8 +332,11 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
         return refuse(reason);
     }
     Items copies;
-    for (int row = 0; row < count; ++row)
+    for (int row = 0; row < count; ++row) {
         copies.append(holding->childItem(row));
+        copies.last()->setProperty(PropertyKey::Hidden, CItemModel::hiddenValue(false),
+                                   CItemModel::Notify::No); // it is to be seen where it goes
+    }
     if (!by)
         by = PastePlace::offset(copies, screen, pageSizeOf(data));
     ItemNames::Names taken = ItemNames::below(screen);

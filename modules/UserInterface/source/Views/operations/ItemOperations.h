@@ -28,6 +28,11 @@ void order(const Items &items, EOrder where);
 /// Unlocks items of any screens when all are locked, and locks them otherwise.
 void toggleLock(const Items &items);
 
+/// Shows items of any screens when all are hidden, and hides them otherwise.
+void toggleHidden(const Items &items);
+/// Hides items and members of groups from the canvas, or shows them there again.
+void setHidden(const Items &items, bool isHidden);
+
 /// The new group, which stands at `position`; null for fewer than two items.
 CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
 /// What were members of the groups among the items.

@@ -20,9 +20,9 @@ using Content = QPair<QByteArray, QPair<double, double>>; ///< what it is, and w
 void addLook(const CItemModel &item, const QPointF &origin, QByteArray &look)
 {
     static const QSet<QString> apart = {
-        PropertyKey::Id,       PropertyKey::Name,         PropertyKey::Locked,
-        PropertyKey::FileName, PropertyKey::BitmapFolder, PropertyKey::X,
-        PropertyKey::Y,        PropertyKey::X2,           PropertyKey::Y2};
+        PropertyKey::Id,           PropertyKey::Name,  PropertyKey::Locked, PropertyKey::FileName,
+        PropertyKey::BitmapFolder, PropertyKey::X,     PropertyKey::Y,      PropertyKey::X2,
+        PropertyKey::Y2,           PropertyKey::Hidden};
     const QPointF from = QPointF(item.x(), item.y()) - origin;
     const QPointF to =
         item.hasProperty(PropertyKey::X2) ? QPointF(item.x2(), item.y2()) - origin : QPointF();

@@ -173,6 +173,7 @@ void CScreen::connectView(CScreenCompositeView *page)
     };
     connect(view, &CScreenView::widgetDropped, this, ifCurrent(&CScreen::widgetCountChanged));
     connect(view, &CScreenView::bitmapDropped, this, ifCurrent(&CScreen::bitmapCountChanged));
+    connect(view, &CScreenView::hiddenCounted, this, ifCurrent(&CScreen::hiddenCountChanged));
     connect(view, &CScreenView::memoryUsageChanged, this, ifCurrent(&CScreen::memoryUsageChanged));
     const CScreenScene *scene = view->screenScene();
     connect(scene, &QGraphicsScene::selectionChanged, this, [this, view] {

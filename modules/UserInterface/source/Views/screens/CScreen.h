@@ -61,6 +61,7 @@ Q_SIGNALS:
     void viewResized();
     void widgetCountChanged(int widgets);
     void bitmapCountChanged(int bitmaps);
+    void hiddenCountChanged(int hidden);
     void memoryUsageChanged(size_t displayListBytes, size_t graphicsMemoryBytes);
     void renderErrors(CScreenModel *screen, const QString &errors);
     void message(const QString &text);

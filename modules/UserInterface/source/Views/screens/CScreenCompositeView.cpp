@@ -13,7 +13,8 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
     : QWidget(parent),
       m_view(new CScreenView(screen, this)),
       m_horizontalRuler(new CRuler(Qt::Horizontal, this)),
-      m_verticalRuler(new CRuler(Qt::Vertical, this))
+      m_verticalRuler(new CRuler(Qt::Vertical, this)),
+      m_request(nullptr, CFrameRequest::EHidden::LeftOut)
 {
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -92,9 +92,11 @@ QVector<QPainterPath> CItemView::hitParts() const
     return {alongPath(path)};
 }
 
-/// Where the item is seen.
+/// Where the item is seen; what is hidden is nowhere.
 QVector<QPainterPath> CItemView::turnedParts() const
 {
+    if (m_item->isUnderHidden())
+        return {};
     QVector<QPainterPath> parts = hitParts();
     if (shownAngle() == 0 || m_item->geometryMode() == GeometryMode::TwoCorners)
         return parts;
@@ -123,7 +125,7 @@ bool CItemView::contains(const QPointF &point) const
 
 bool CItemView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode mode) const
 {
-    if (isLeftOutOfBand())
+    if (isLeftOutOfBand() || m_item->isUnderHidden())
         return false;
     if (mode != Qt::IntersectsItemShape)
         return QGraphicsObject::collidesWithPath(path, mode);
@@ -172,6 +174,8 @@ void CItemView::onPropertyChanged(const QString &key)
         updateBounds();
     } else if (key == PropertyKey::Locked) {
         updateFlags();
+    } else if (key == PropertyKey::Hidden) {
+        update();
     }
 }
 

@@ -10,6 +10,7 @@
 #include "CanvasRoles.h"
 #include "ItemTree.h"
 #include "ItemViewFactory.h"
+#include "PropertyKey.h"
 
 #include <algorithm>
 
@@ -160,6 +161,7 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
         return;
     view->onPropertyChanged(key);
     membersChanged(item->parentItem());
+    m_haveRowsChanged = m_haveRowsChanged || key == PropertyKey::Hidden; // what is to be counted
     followChangesSoon();
     Q_EMIT contentChanged();
 }
@@ -316,8 +318,9 @@ void CScreenScene::highlightObjectBehind(bool repaint)
     CRectIndex inFront; // of selected items
     for (CItemView *view : order()) {
         const QRectF rect = view->sceneRect();
-        const bool isBehind = !view->item()->isGrouped() && inFront.intersects(rect);
-        if (view->isSelected())
+        const bool isHidden = view->item()->isUnderHidden();
+        const bool isBehind = !isHidden && !view->item()->isGrouped() && inFront.intersects(rect);
+        if (view->isSelected() && !isHidden)
             inFront.add(rect);
         if (view->isHighlighted() == isBehind)
             continue;

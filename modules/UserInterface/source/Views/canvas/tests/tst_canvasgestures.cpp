@@ -2,6 +2,7 @@
 #include "CResizeRule.h"
 #include "CanvasFixture.h"
 #include "CanvasRoles.h"
+#include "ItemOperations.h"
 
 #include <QSignalSpy>
 
@@ -176,6 +177,37 @@ private Q_SLOTS:
         canvas.view->lockItems();
         canvas.view->paste(); // a copy is there to be put somewhere
         QVERIFY(!canvas.screen->childItem(0)->isLocked());
+    }
+
+    /// The canvas neither shows nor takes it, what is selected stays so, and documents keep it.
+    void whatIsHiddenIsNotHit()
+    {
+        Canvas canvas;
+        CItemModel *cover = appendBox(canvas.screen, 90, 90, 200, 100);
+        CItemModel *box = appendBox(canvas.screen, 100, 100, 40, 30);
+        CItemModel *other = appendBox(canvas.screen, 160, 100, 40, 30);
+        ItemOperations::group(*canvas.screen, {box, other}, {100, 100});
+        canvas.stack.clear();
+        canvas.show();
+        QSignalSpy counted(canvas.view.get(), &CScreenView::hiddenCounted);
+        canvas.select({cover});
+        const QByteArray before = savedBytes(*canvas.project);
+        ItemOperations::toggleHidden(canvas.view->selectedItems());
+        QTRY_COMPARE(counted.value(0).value(0).toInt(), 1);
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({cover}));
+        canvas.checkOneStep(before);
+        canvas.click({250, 170}); // where it alone is
+        QVERIFY(canvas.view->selectedItems().isEmpty());
+        canvas.click({120, 115});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({box->parentItem()}));
+        ItemOperations::setHidden({box}, true); // a member alone
+        canvas.click({20, 20});
+        canvas.click({120, 115});
+        QVERIFY(canvas.view->selectedItems().isEmpty());
+        canvas.drag({20, 20}, {300, 250});
+        QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({box->parentItem()}));
+        canvas.view->commands()->selectAll();
+        QCOMPARE(canvas.view->selectedItems().size(), 1);
     }
 
     void aLockedGroundIsNoObstacle()

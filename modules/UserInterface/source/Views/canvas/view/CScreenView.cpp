@@ -161,6 +161,7 @@ void CScreenView::reportCounts()
     const SItemCounts counts = countItems(*screen());
     Q_EMIT widgetDropped(counts.widgets);
     Q_EMIT bitmapDropped(counts.bitmaps);
+    Q_EMIT hiddenCounted(counts.hidden);
 }
 
 void CScreenView::placeInMiddle(const QString &type)

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void pointerLeft();
     void widgetDropped(qint32 widgets); ///< how many the screen has
     void bitmapDropped(qint32 bitmaps);
+    void hiddenCounted(int hidden); ///< items that are not drawn here
     void memoryUsageChanged(size_t displayListBytes, size_t graphicsMemoryBytes);
     void zoomChanged(int percent);
     void zoomChanged(int percent, int type);

@@ -92,12 +92,21 @@ void CSelectionCommands::paste(std::optional<QPoint> by)
         m_scene->chooseModelItems(pasted);
 }
 
-void CSelectionCommands::selectAll()
+/// What there is to be selected, front first.
+QVector<CItemModel *> CSelectionCommands::choosable() const
 {
     QVector<CItemModel *> items;
-    for (int row = 0; row < screen()->rowCount(); ++row)
-        items.append(screen()->childItem(row));
-    m_scene->chooseModelItems(items);
+    for (int row = 0; row < screen()->rowCount(); ++row) {
+        CItemModel *item = screen()->childItem(row);
+        if (!item->isHidden())
+            items.append(item);
+    }
+    return items;
+}
+
+void CSelectionCommands::selectAll()
+{
+    m_scene->chooseModelItems(choosable());
 }
 
 void CSelectionCommands::selectNone()
@@ -110,8 +119,7 @@ void CSelectionCommands::selectInverse()
     const QVector<CItemModel *> before = selectedItems();
     const QSet<CItemModel *> selected(before.begin(), before.end());
     QVector<CItemModel *> items;
-    for (int row = 0; row < screen()->rowCount(); ++row) {
-        CItemModel *item = screen()->childItem(row);
+    for (CItemModel *item : choosable()) {
         if (!selected.contains(item))
             items.append(item);
     }
@@ -163,12 +171,14 @@ void CSelectionCommands::ungroup()
 
 CItemModel *CSelectionCommands::selectNext()
 {
-    const int rows = screen()->rowCount();
-    if (rows == 0)
+    const QVector<CItemModel *> all = choosable();
+    if (all.isEmpty())
         return nullptr;
     const QVector<CItemModel *> items = selectedItems();
-    CItemModel *next =
-        screen()->childItem(items.isEmpty() ? 0 : (items.constLast()->row() + 1) % rows);
+    const int row = items.isEmpty() ? -1 : items.constLast()->row();
+    const auto isBehind = [row](const CItemModel *each) { return each->row() > row; };
+    const auto found = std::find_if(all.begin(), all.end(), isBehind);
+    CItemModel *next = found == all.end() ? all.constFirst() : *found;
     m_scene->chooseModelItems({next});
     return next;
 }

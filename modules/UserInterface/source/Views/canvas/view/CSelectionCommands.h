@@ -66,6 +66,7 @@ Q_SIGNALS:
 
 private:
     CScreenModel *screen() const;
+    QVector<CItemModel *> choosable() const;
     void paste(std::optional<QPoint> by);
     QUndoStack &undoStack() const;
 
