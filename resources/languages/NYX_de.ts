@@ -209,6 +209,13 @@
     </message>
 </context>
 <context>
+    <name>CBatchItems</name>
+    <message>
+        <source>Change %1 of %2 Items</source>
+        <translation>%1 von %2 Objekten ändern</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>

@@ -209,6 +209,13 @@
     </message>
 </context>
 <context>
+    <name>CBatchItems</name>
+    <message>
+        <source>Change %1 of %2 Items</source>
+        <translation>更改 %2 个对象的 %1</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>
