@@ -4,7 +4,7 @@ if(LIBRARY)
   set(place "type=\"int\" value=\"0\" min=\"-2048@QX110..|-512\" max=\"2048@QX110..|512\" singlestep=\"1\"")
   string(CONCAT ID_AND_POSITION
     "<property name=\"id\" type=\"int\" value=\"0\" min=\"0\" max=\"16777215\" singlestep=\"1\"/>\n"
-    "    <property name=\"x_coordinate\" ${place}/>\n"
+    "    <property name=\"x_coordinate\" ${place} section=\"Place\"/>\n"
     "    <property name=\"y_coordinate\" ${place}/>")
   configure_file(${SOURCES} ${OUTPUT} @ONLY)
   file(TOUCH_NOCREATE ${OUTPUT})

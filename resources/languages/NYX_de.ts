@@ -624,6 +624,37 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
 </context>
 <context>
+    <name>CPropertyLayout</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>B</translation>
+    </message>
+    <message>
+        <source>H</source>
+        <translation>H</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>
@@ -2834,6 +2865,610 @@ Installierte Version: </translation>
     <message>
         <source>Which page of several is shown</source>
         <translation>Welche von mehreren Seiten gezeigt wird</translation>
+    </message>
+    <message>
+        <source>12 hours</source>
+        <translation>12 Stunden</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Arc colour</source>
+        <translation>Farbe des Bogens</translation>
+    </message>
+    <message>
+        <source>Area opacity</source>
+        <translation>Deckkraft der Fläche</translation>
+    </message>
+    <message>
+        <source>Badge colour</source>
+        <translation>Farbe der Marke</translation>
+    </message>
+    <message>
+        <source>Bar colour</source>
+        <translation>Farbe der Balken</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Balken</translation>
+    </message>
+    <message>
+        <source>Border colour</source>
+        <translation>Rahmenfarbe</translation>
+    </message>
+    <message>
+        <source>Border width</source>
+        <translation>Rahmenbreite</translation>
+    </message>
+    <message>
+        <source>Caption</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>Caption colour</source>
+        <translation>Farbe der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Caption font</source>
+        <translation>Schrift der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Cells</source>
+        <translation>Zellen</translation>
+    </message>
+    <message>
+        <source>Charging</source>
+        <translation>Wird geladen</translation>
+    </message>
+    <message>
+        <source>Checked</source>
+        <translation>Angekreuzt</translation>
+    </message>
+    <message>
+        <source>Closed</source>
+        <translation>Geschlossen</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Corner radius</source>
+        <translation>Eckenradius</translation>
+    </message>
+    <message>
+        <source>Danger colour</source>
+        <translation>Gefahrenfarbe</translation>
+    </message>
+    <message>
+        <source>Danger from</source>
+        <translation>Gefahr ab</translation>
+    </message>
+    <message>
+        <source>Decimals</source>
+        <translation>Nachkommastellen</translation>
+    </message>
+    <message>
+        <source>Detail colour</source>
+        <translation>Farbe der Einzelheit</translation>
+    </message>
+    <message>
+        <source>Detail font</source>
+        <translation>Schrift der Einzelheit</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Dot colour</source>
+        <translation>Punktfarbe</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>End X</source>
+        <translation>Ende X</translation>
+    </message>
+    <message>
+        <source>End Y</source>
+        <translation>Ende Y</translation>
+    </message>
+    <message>
+        <source>Ends</source>
+        <translation>Enden</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>Einträge</translation>
+    </message>
+    <message>
+        <source>Face colour</source>
+        <translation>Farbe des Zifferblatts</translation>
+    </message>
+    <message>
+        <source>Figure colour</source>
+        <translation>Ziffernfarbe</translation>
+    </message>
+    <message>
+        <source>Figures</source>
+        <translation>Ziffern</translation>
+    </message>
+    <message>
+        <source>Fill colour</source>
+        <translation>Füllfarbe</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>First colour</source>
+        <translation>Erste Farbe</translation>
+    </message>
+    <message>
+        <source>Focus colour</source>
+        <translation>Farbe bei Fokus</translation>
+    </message>
+    <message>
+        <source>Focused</source>
+        <translation>Hat den Fokus</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Gap</source>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>Glow</source>
+        <translation>Leuchten</translation>
+    </message>
+    <message>
+        <source>Grid colour</source>
+        <translation>Farbe der Hilfslinien</translation>
+    </message>
+    <message>
+        <source>Grid lines</source>
+        <translation>Hilfslinien</translation>
+    </message>
+    <message>
+        <source>Hand colour</source>
+        <translation>Zeigerfarbe</translation>
+    </message>
+    <message>
+        <source>Head colour</source>
+        <translation>Farbe des Kopfes</translation>
+    </message>
+    <message>
+        <source>Head font</source>
+        <translation>Schrift des Kopfes</translation>
+    </message>
+    <message>
+        <source>Head size</source>
+        <translation>Größe der Spitze</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Hint colour</source>
+        <translation>Farbe des Hinweises</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Key colour</source>
+        <translation>Tastenfarbe</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Knob colour</source>
+        <translation>Farbe des Knopfs</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Beschriftungen</translation>
+    </message>
+    <message>
+        <source>Last colour</source>
+        <translation>Letzte Farbe</translation>
+    </message>
+    <message>
+        <source>Line colour</source>
+        <translation>Linienfarbe</translation>
+    </message>
+    <message>
+        <source>Line height</source>
+        <translation>Zeilenhöhe</translation>
+    </message>
+    <message>
+        <source>Line spacing</source>
+        <translation>Zeilenabstand</translation>
+    </message>
+    <message>
+        <source>Lit</source>
+        <translation>Leuchtet</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Aussehen</translation>
+    </message>
+    <message>
+        <source>Low below</source>
+        <translation>Niedrig unter</translation>
+    </message>
+    <message>
+        <source>Low colour</source>
+        <translation>Farbe bei niedrigem Wert</translation>
+    </message>
+    <message>
+        <source>Major ticks</source>
+        <translation>Hauptstriche</translation>
+    </message>
+    <message>
+        <source>Mark colour</source>
+        <translation>Farbe der Marken</translation>
+    </message>
+    <message>
+        <source>Mark last value</source>
+        <translation>Letzten Wert hervorheben</translation>
+    </message>
+    <message>
+        <source>Marked bar</source>
+        <translation>Hervorgehobener Balken</translation>
+    </message>
+    <message>
+        <source>Marked colour</source>
+        <translation>Farbe der Hervorhebung</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation>Marken</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Größter Wert</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Kleinster Wert</translation>
+    </message>
+    <message>
+        <source>Minor ticks</source>
+        <translation>Zwischenstriche</translation>
+    </message>
+    <message>
+        <source>Monochrome</source>
+        <translation>Einfarbig</translation>
+    </message>
+    <message>
+        <source>Most lines</source>
+        <translation>Höchstens Zeilen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Needle colour</source>
+        <translation>Farbe der Nadel</translation>
+    </message>
+    <message>
+        <source>Off colour</source>
+        <translation>Farbe, wenn aus</translation>
+    </message>
+    <message>
+        <source>On colour</source>
+        <translation>Farbe, wenn ein</translation>
+    </message>
+    <message>
+        <source>Is open</source>
+        <translation>Ist offen</translation>
+    </message>
+    <message>
+        <source>Open colour</source>
+        <translation>Farbe, wenn offen</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Möglichkeiten</translation>
+    </message>
+    <message>
+        <source>Outline colour</source>
+        <translation>Umrissfarbe</translation>
+    </message>
+    <message>
+        <source>Padding</source>
+        <translation>Innenabstand</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Page colour</source>
+        <translation>Farbe der Seite</translation>
+    </message>
+    <message>
+        <source>Page size</source>
+        <translation>Seitengröße</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>Spitzenwert</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Picture file</source>
+        <translation>Bilddatei</translation>
+    </message>
+    <message>
+        <source>Picture folder</source>
+        <translation>Bildordner</translation>
+    </message>
+    <message>
+        <source>Picture height</source>
+        <translation>Bildhöhe</translation>
+    </message>
+    <message>
+        <source>Picture width</source>
+        <translation>Bildbreite</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Lage</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Prefix</source>
+        <translation>Vorsatz</translation>
+    </message>
+    <message>
+        <source>Pressed</source>
+        <translation>Gedrückt</translation>
+    </message>
+    <message>
+        <source>Pressed colour</source>
+        <translation>Farbe, wenn gedrückt</translation>
+    </message>
+    <message>
+        <source>Pressed key</source>
+        <translation>Gedrückte Taste</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Rim colour</source>
+        <translation>Randfarbe</translation>
+    </message>
+    <message>
+        <source>Ring colour</source>
+        <translation>Farbe des Rings</translation>
+    </message>
+    <message>
+        <source>Rounded ends</source>
+        <translation>Runde Enden</translation>
+    </message>
+    <message>
+        <source>Row height</source>
+        <translation>Zeilenhöhe</translation>
+    </message>
+    <message>
+        <source>Second hand colour</source>
+        <translation>Farbe des Sekundenzeigers</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Ausgewählt</translation>
+    </message>
+    <message>
+        <source>Selected colour</source>
+        <translation>Farbe der Auswahl</translation>
+    </message>
+    <message>
+        <source>Selected text colour</source>
+        <translation>Textfarbe der Auswahl</translation>
+    </message>
+    <message>
+        <source>Show unlit segments</source>
+        <translation>Dunkle Segmente zeigen</translation>
+    </message>
+    <message>
+        <source>Show value</source>
+        <translation>Wert zeigen</translation>
+    </message>
+    <message>
+        <source>Start angle</source>
+        <translation>Startwinkel</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Stripe colour</source>
+        <translation>Streifenfarbe</translation>
+    </message>
+    <message>
+        <source>Striped</source>
+        <translation>Gestreift</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Suffix</source>
+        <translation>Endung</translation>
+    </message>
+    <message>
+        <source>Sweep</source>
+        <translation>Bogenwinkel</translation>
+    </message>
+    <message>
+        <source>Symbol colour</source>
+        <translation>Symbolfarbe</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>Zielwert</translation>
+    </message>
+    <message>
+        <source>Text colour</source>
+        <translation>Textfarbe</translation>
+    </message>
+    <message>
+        <source>Text when off</source>
+        <translation>Text, wenn aus</translation>
+    </message>
+    <message>
+        <source>Text when on</source>
+        <translation>Text, wenn ein</translation>
+    </message>
+    <message>
+        <source>Thickness</source>
+        <translation>Dicke</translation>
+    </message>
+    <message>
+        <source>Thumb colour</source>
+        <translation>Farbe des Schiebers</translation>
+    </message>
+    <message>
+        <source>Tick colour</source>
+        <translation>Farbe der Striche</translation>
+    </message>
+    <message>
+        <source>Ticks</source>
+        <translation>Striche</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Title colour</source>
+        <translation>Titelfarbe</translation>
+    </message>
+    <message>
+        <source>Track colour</source>
+        <translation>Farbe der Bahn</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Unit colour</source>
+        <translation>Farbe der Einheit</translation>
+    </message>
+    <message>
+        <source>Unit font</source>
+        <translation>Schrift der Einheit</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Value colour</source>
+        <translation>Farbe des Werts</translation>
+    </message>
+    <message>
+        <source>Value font</source>
+        <translation>Schrift des Werts</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Vertical alignment</source>
+        <translation>Ausrichtung senkrecht</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Warning colour</source>
+        <translation>Warnfarbe</translation>
+    </message>
+    <message>
+        <source>Warning from</source>
+        <translation>Warnung ab</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Zone colour</source>
+        <translation>Farbe des Bereichs</translation>
+    </message>
+    <message>
+        <source>Zone from</source>
+        <translation>Bereich ab</translation>
     </message>
 </context>
 </TS>

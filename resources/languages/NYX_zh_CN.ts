@@ -624,6 +624,37 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
 </context>
 <context>
+    <name>CPropertyLayout</name>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>终点</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <translation>宽</translation>
+    </message>
+    <message>
+        <source>H</source>
+        <translation>高</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>
@@ -2834,6 +2865,610 @@ Installed version: </source>
     <message>
         <source>Which page of several is shown</source>
         <translation>显示多页中的哪一页</translation>
+    </message>
+    <message>
+        <source>12 hours</source>
+        <translation>12 小时制</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Arc colour</source>
+        <translation>弧线颜色</translation>
+    </message>
+    <message>
+        <source>Area opacity</source>
+        <translation>区域不透明度</translation>
+    </message>
+    <message>
+        <source>Badge colour</source>
+        <translation>徽章颜色</translation>
+    </message>
+    <message>
+        <source>Bar colour</source>
+        <translation>柱颜色</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>条数</translation>
+    </message>
+    <message>
+        <source>Border colour</source>
+        <translation>边框颜色</translation>
+    </message>
+    <message>
+        <source>Border width</source>
+        <translation>边框宽度</translation>
+    </message>
+    <message>
+        <source>Caption</source>
+        <translation>说明文字</translation>
+    </message>
+    <message>
+        <source>Caption colour</source>
+        <translation>说明文字颜色</translation>
+    </message>
+    <message>
+        <source>Caption font</source>
+        <translation>说明文字字体</translation>
+    </message>
+    <message>
+        <source>Cells</source>
+        <translation>单元格</translation>
+    </message>
+    <message>
+        <source>Charging</source>
+        <translation>正在充电</translation>
+    </message>
+    <message>
+        <source>Checked</source>
+        <translation>已选中</translation>
+    </message>
+    <message>
+        <source>Closed</source>
+        <translation>闭合</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>列</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>Corner radius</source>
+        <translation>圆角半径</translation>
+    </message>
+    <message>
+        <source>Danger colour</source>
+        <translation>危险颜色</translation>
+    </message>
+    <message>
+        <source>Danger from</source>
+        <translation>危险起始值</translation>
+    </message>
+    <message>
+        <source>Decimals</source>
+        <translation>小数位数</translation>
+    </message>
+    <message>
+        <source>Detail colour</source>
+        <translation>详情颜色</translation>
+    </message>
+    <message>
+        <source>Detail font</source>
+        <translation>详情字体</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Dot colour</source>
+        <translation>圆点颜色</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>End X</source>
+        <translation>终点 X</translation>
+    </message>
+    <message>
+        <source>End Y</source>
+        <translation>终点 Y</translation>
+    </message>
+    <message>
+        <source>Ends</source>
+        <translation>端点</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>条目</translation>
+    </message>
+    <message>
+        <source>Face colour</source>
+        <translation>表盘颜色</translation>
+    </message>
+    <message>
+        <source>Figure colour</source>
+        <translation>数字颜色</translation>
+    </message>
+    <message>
+        <source>Figures</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>Fill colour</source>
+        <translation>填充颜色</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>滤波</translation>
+    </message>
+    <message>
+        <source>First colour</source>
+        <translation>起始颜色</translation>
+    </message>
+    <message>
+        <source>Focus colour</source>
+        <translation>焦点颜色</translation>
+    </message>
+    <message>
+        <source>Focused</source>
+        <translation>获得焦点</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Gap</source>
+        <translation>间隙</translation>
+    </message>
+    <message>
+        <source>Glow</source>
+        <translation>发光</translation>
+    </message>
+    <message>
+        <source>Grid colour</source>
+        <translation>网格颜色</translation>
+    </message>
+    <message>
+        <source>Grid lines</source>
+        <translation>网格线</translation>
+    </message>
+    <message>
+        <source>Hand colour</source>
+        <translation>指针颜色</translation>
+    </message>
+    <message>
+        <source>Head colour</source>
+        <translation>表头颜色</translation>
+    </message>
+    <message>
+        <source>Head font</source>
+        <translation>表头字体</translation>
+    </message>
+    <message>
+        <source>Head size</source>
+        <translation>箭头大小</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Hint</source>
+        <translation>提示文字</translation>
+    </message>
+    <message>
+        <source>Hint colour</source>
+        <translation>提示文字颜色</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Key colour</source>
+        <translation>按键颜色</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>Knob colour</source>
+        <translation>旋钮颜色</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>标签</translation>
+    </message>
+    <message>
+        <source>Last colour</source>
+        <translation>结束颜色</translation>
+    </message>
+    <message>
+        <source>Line colour</source>
+        <translation>线条颜色</translation>
+    </message>
+    <message>
+        <source>Line height</source>
+        <translation>行高</translation>
+    </message>
+    <message>
+        <source>Line spacing</source>
+        <translation>行距</translation>
+    </message>
+    <message>
+        <source>Lit</source>
+        <translation>点亮</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Low below</source>
+        <translation>低值界限</translation>
+    </message>
+    <message>
+        <source>Low colour</source>
+        <translation>低值颜色</translation>
+    </message>
+    <message>
+        <source>Major ticks</source>
+        <translation>主刻度</translation>
+    </message>
+    <message>
+        <source>Mark colour</source>
+        <translation>标记颜色</translation>
+    </message>
+    <message>
+        <source>Mark last value</source>
+        <translation>标记最后的值</translation>
+    </message>
+    <message>
+        <source>Marked bar</source>
+        <translation>标记的柱</translation>
+    </message>
+    <message>
+        <source>Marked colour</source>
+        <translation>标记的颜色</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation>刻度标记</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>Minor ticks</source>
+        <translation>次刻度</translation>
+    </message>
+    <message>
+        <source>Monochrome</source>
+        <translation>单色</translation>
+    </message>
+    <message>
+        <source>Most lines</source>
+        <translation>最多行数</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Needle colour</source>
+        <translation>指针颜色</translation>
+    </message>
+    <message>
+        <source>Off colour</source>
+        <translation>关闭时颜色</translation>
+    </message>
+    <message>
+        <source>On colour</source>
+        <translation>开启时颜色</translation>
+    </message>
+    <message>
+        <source>Is open</source>
+        <translation>已展开</translation>
+    </message>
+    <message>
+        <source>Open colour</source>
+        <translation>展开时颜色</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>Outline colour</source>
+        <translation>轮廓颜色</translation>
+    </message>
+    <message>
+        <source>Padding</source>
+        <translation>内边距</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>当前页</translation>
+    </message>
+    <message>
+        <source>Page colour</source>
+        <translation>当前页颜色</translation>
+    </message>
+    <message>
+        <source>Page size</source>
+        <translation>每页大小</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>页数</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>峰值</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Picture file</source>
+        <translation>图片文件</translation>
+    </message>
+    <message>
+        <source>Picture folder</source>
+        <translation>图片文件夹</translation>
+    </message>
+    <message>
+        <source>Picture height</source>
+        <translation>图片高度</translation>
+    </message>
+    <message>
+        <source>Picture width</source>
+        <translation>图片宽度</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Prefix</source>
+        <translation>前缀</translation>
+    </message>
+    <message>
+        <source>Pressed</source>
+        <translation>按下</translation>
+    </message>
+    <message>
+        <source>Pressed colour</source>
+        <translation>按下时颜色</translation>
+    </message>
+    <message>
+        <source>Pressed key</source>
+        <translation>按下的键</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Rim colour</source>
+        <translation>边缘颜色</translation>
+    </message>
+    <message>
+        <source>Ring colour</source>
+        <translation>圆环颜色</translation>
+    </message>
+    <message>
+        <source>Rounded ends</source>
+        <translation>圆头端点</translation>
+    </message>
+    <message>
+        <source>Row height</source>
+        <translation>行高</translation>
+    </message>
+    <message>
+        <source>Second hand colour</source>
+        <translation>秒针颜色</translation>
+    </message>
+    <message>
+        <source>Seconds</source>
+        <translation>显示秒</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>选中项</translation>
+    </message>
+    <message>
+        <source>Selected colour</source>
+        <translation>选中颜色</translation>
+    </message>
+    <message>
+        <source>Selected text colour</source>
+        <translation>选中文字颜色</translation>
+    </message>
+    <message>
+        <source>Show unlit segments</source>
+        <translation>显示未点亮的段</translation>
+    </message>
+    <message>
+        <source>Show value</source>
+        <translation>显示数值</translation>
+    </message>
+    <message>
+        <source>Start angle</source>
+        <translation>起始角度</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Stripe colour</source>
+        <translation>条纹颜色</translation>
+    </message>
+    <message>
+        <source>Striped</source>
+        <translation>条纹</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>样式</translation>
+    </message>
+    <message>
+        <source>Suffix</source>
+        <translation>后缀</translation>
+    </message>
+    <message>
+        <source>Sweep</source>
+        <translation>扫过角度</translation>
+    </message>
+    <message>
+        <source>Symbol colour</source>
+        <translation>符号颜色</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>目标值</translation>
+    </message>
+    <message>
+        <source>Text colour</source>
+        <translation>文字颜色</translation>
+    </message>
+    <message>
+        <source>Text when off</source>
+        <translation>关闭时文字</translation>
+    </message>
+    <message>
+        <source>Text when on</source>
+        <translation>开启时文字</translation>
+    </message>
+    <message>
+        <source>Thickness</source>
+        <translation>粗细</translation>
+    </message>
+    <message>
+        <source>Thumb colour</source>
+        <translation>滑块颜色</translation>
+    </message>
+    <message>
+        <source>Tick colour</source>
+        <translation>刻度颜色</translation>
+    </message>
+    <message>
+        <source>Ticks</source>
+        <translation>刻度数</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>着色</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>标题</translation>
+    </message>
+    <message>
+        <source>Title colour</source>
+        <translation>标题颜色</translation>
+    </message>
+    <message>
+        <source>Track colour</source>
+        <translation>轨道颜色</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>单位</translation>
+    </message>
+    <message>
+        <source>Unit colour</source>
+        <translation>单位颜色</translation>
+    </message>
+    <message>
+        <source>Unit font</source>
+        <translation>单位字体</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>数值</translation>
+    </message>
+    <message>
+        <source>Value colour</source>
+        <translation>数值颜色</translation>
+    </message>
+    <message>
+        <source>Value font</source>
+        <translation>数值字体</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>数据</translation>
+    </message>
+    <message>
+        <source>Vertical alignment</source>
+        <translation>垂直对齐</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Warning colour</source>
+        <translation>警告颜色</translation>
+    </message>
+    <message>
+        <source>Warning from</source>
+        <translation>警告起始值</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Zone colour</source>
+        <translation>区域颜色</translation>
+    </message>
+    <message>
+        <source>Zone from</source>
+        <translation>区域起始值</translation>
     </message>
 </context>
 </TS>

@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # Takes new and changed texts of the sources over into the .ts files; what is no longer used goes.
 #   resources/languages/update.sh [FOLDER]     into the files of another folder
-# The texts of the widget library are taken as if they stood in a source file: groups, names and
-# tool tips, which stand in one line of it each.
+# The texts of the widget library are taken as if they stood in a source file: groups, names, tool
+# tips, sections and captions, which stand in one line of it each.
 set -eu -o pipefail
 cd "$(dirname "$0")/../.."
 folder=${1:-resources/languages}
 trap 'rm -f "$folder/sources.lst" "$folder/library.cpp"' EXIT
-sed -nE 's/.*<(toolboxgroup|widget) .*name="([^"]*)".*/\2/p; s/.*<tooltip>(.*)<\/tooltip>.*/\1/p' \
-  resources/widgets.xml | LC_ALL=C sort -u |
+sed -nE 'h; s/.*<(toolboxgroup|widget) .*name="([^"]*)".*/\2/p; g; s/.*<tooltip>(.*)<\/tooltip>.*/\1/p
+    g; s/.* section=\\?"([^"\]*)\\?".*/\1/p; g; s/.* caption="([^"]*)".*/\1/p
+    g; s/.*<caption .*text="([^"]*)".*/\1/p' \
+  resources/widgets.xml resources/assemble.cmake | LC_ALL=C sort -u |
   sed -E 's/&lt;/</g; s/&gt;/>/g; s/&quot;/\\"/g; s/&amp;/\&/g; s/.*/QT_TRANSLATE_NOOP("WidgetLibrary", "&")/' \
     >"$folder/library.cpp"
 {

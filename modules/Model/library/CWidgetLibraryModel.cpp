@@ -36,10 +36,32 @@ CWidgetProperty readProperty(const QDomElement &element, quint32 chipCode)
         property.setEnumerationEntries(PlatformFilter::enumerationEntries(type, chipCode));
     return property;
 }
+
+/// A text that is shown in one line, however the document has it.
+QString shortText(const QString &text)
+{
+    constexpr int most = 60;
+    return text.simplified().left(most);
+}
+
+/// An editor that does not go with the property's type is passed over.
+SPropertyLook::EEditor editorOf(const QDomElement &element, PropertyType type)
+{
+    using EEditor = SPropertyLook::EEditor;
+    const QString name = element.attribute(QStringLiteral("editor"));
+    if (name == QLatin1String("font") && type == PropertyType::Int)
+        return EEditor::Font;
+    if (name == QLatin1String("sixteenths") && type == PropertyType::Int)
+        return EEditor::Sixteenths;
+    if (name == QLatin1String("symbol") && type == PropertyType::Enum)
+        return EEditor::Symbol;
+    return EEditor::Plain;
+}
 } // namespace
 
 CWidgetLibraryModel::CWidgetLibraryModel(const QDomDocument &document, quint32 chipCode)
 {
+    m_captions = LibraryXml::captions(document);
     const QVector<QDomElement> groups = LibraryXml::groups(document);
     for (const QDomElement &group : groups) {
         const QVector<QDomElement> widgets = LibraryXml::widgets(group);
@@ -52,9 +74,11 @@ CWidgetLibraryModel::CWidgetLibraryModel(const QDomDocument &document, quint32 c
     m_version = version.attribute(PropertyKey::Name, m_version);
 }
 
-CWidgetLibraryModel::Kind CWidgetLibraryModel::readKind(const QDomElement &widget, quint32 chipCode)
+CWidgetLibraryModel::Kind CWidgetLibraryModel::readKind(const QDomElement &widget,
+                                                        quint32 chipCode) const
 {
     Kind kind;
+    QString section; // goes on until the next begins
     const QString propertyTag = QStringLiteral("property");
     QDomElement element =
         widget.firstChildElement(QStringLiteral("properties")).firstChildElement(propertyTag);
@@ -66,6 +90,10 @@ CWidgetLibraryModel::Kind CWidgetLibraryModel::readKind(const QDomElement &widge
         }
         kind.propertySet.insert(property.key(), property);
         kind.properties.append(property);
+        const QString caption = shortText(element.attribute(QStringLiteral("caption")));
+        section = shortText(element.attribute(QStringLiteral("section"), section));
+        kind.looks.insert(property.key(), {caption.isEmpty() ? captionOf(property.key()) : caption,
+                                           section, editorOf(element, property.propertyType())});
     }
     kind.renderCommands = widget.firstChildElement(QStringLiteral("rendercmds")).text();
     kind.renderCommandsUtf8 = kind.renderCommands.toUtf8();
@@ -101,6 +129,24 @@ int CWidgetLibraryModel::propertyIndex(const QString &typeName, const QString &k
 {
     const Kind *kind = find(typeName);
     return kind ? kind->propertyIndexes.value(key, -1) : -1;
+}
+
+/// "inner_gap" is "Inner gap" where the document has no better word.
+QString CWidgetLibraryModel::captionOf(const QString &key) const
+{
+    QString caption = shortText(m_captions.value(key));
+    if (!caption.isEmpty())
+        return caption;
+    caption = shortText(QString(key).replace(QLatin1Char('_'), QLatin1Char(' ')));
+    return caption.isEmpty() ? key : caption.at(0).toUpper() + caption.mid(1);
+}
+
+SPropertyLook CWidgetLibraryModel::look(const QString &typeName, const QString &key) const
+{
+    const Kind *kind = find(typeName);
+    if (kind && kind->looks.contains(key))
+        return kind->looks.value(key);
+    return {captionOf(key), QString(), SPropertyLook::EEditor::Plain};
 }
 
 QString CWidgetLibraryModel::renderCommands(const QString &typeName) const

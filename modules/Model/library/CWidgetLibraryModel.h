@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CWidgetProperty.h"
+#include "SPropertyLook.h"
 
 #include <QHash>
 #include <QString>
@@ -30,6 +31,8 @@ public:
     QStringList propertyKeys(const QString &typeName) const;
     /// Where a name stands among propertyKeys(); -1 when the kind has no such property.
     int propertyIndex(const QString &typeName, const QString &key) const;
+    /// How panels show it; of a kind or property that is not known, its caption alone.
+    SPropertyLook look(const QString &typeName, const QString &key) const;
     QString renderCommands(const QString &typeName) const;
     /// Zero-terminated UTF-8, valid as long as the library; empty for an unknown type.
     const char *renderCommandsUtf8(const QString &typeName) const;
@@ -46,14 +49,17 @@ private:
         PropertySet propertySet;
         QStringList propertyKeys;
         QHash<QString, int> propertyIndexes;
+        QHash<QString, SPropertyLook> looks;
         QString renderCommands;
         QByteArray renderCommandsUtf8;
         QString tooltip;
     };
 
-    static Kind readKind(const QDomElement &widget, quint32 chipCode);
+    Kind readKind(const QDomElement &widget, quint32 chipCode) const;
+    QString captionOf(const QString &key) const;
     const Kind *find(const QString &typeName) const;
 
     QHash<QString, Kind> m_kinds;
+    QHash<QString, QString> m_captions; ///< by key, for all kinds
     QString m_version = QStringLiteral("1.X");
 };

@@ -62,6 +62,17 @@ QStringList LibraryXml::problems(const QDomDocument &document)
     return lines;
 }
 
+QHash<QString, QString> LibraryXml::captions(const QDomDocument &document)
+{
+    QHash<QString, QString> captions;
+    const QVector<QDomElement> all = childrenOf(
+        root(document).firstChildElement(QStringLiteral("captions")), QStringLiteral("caption"));
+    for (const QDomElement &each : all)
+        captions.insert(each.attribute(QStringLiteral("key")),
+                        each.attribute(QStringLiteral("text")));
+    return captions;
+}
+
 QString LibraryXml::typeOf(const QDomElement &widget)
 {
     return widget.attribute(QStringLiteral("type"));

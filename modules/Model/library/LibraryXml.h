@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDomDocument>
+#include <QHash>
 #include <QStringList>
 #include <QVector>
 
@@ -18,6 +19,9 @@ QVector<QDomElement> widgets(const QDomElement &group);
 
 /// What was left out of the lists, for people, a line each.
 QStringList problems(const QDomDocument &document);
+
+/// What properties are called for people, by key.
+QHash<QString, QString> captions(const QDomDocument &document);
 
 /// The type name of a widget.
 QString typeOf(const QDomElement &widget);

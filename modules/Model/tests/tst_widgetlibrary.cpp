@@ -2,6 +2,7 @@
 #include "PlatformFilter.h"
 
 #include <QColor>
+#include <QDomDocument>
 #include <QTemporaryDir>
 #include <QTime>
 
@@ -122,6 +123,39 @@ private Q_SLOTS:
         QCOMPARE(old->renderCommandsUtf8("None_T"), "");
         QVERIFY(!manager.libraryModel(0x200) && !manager.toolboxModel(0x200));
         QVERIFY(!old->contains("has space")); // could not be an element's name
+    }
+
+    /// Sections go on until the next; what is missing, unknown or does not fit leaves a list with
+    /// names made of the keys.
+    void looksOfProperties()
+    {
+        QDomDocument document;
+        QVERIFY(document.setContent(
+            QString("<widgetlibrary><captions><caption key='b' text='  Bee \n "
+                    "line'/><caption/></captions>"
+                    "<toolboxgroup><widget type='K_T'><properties><property name='inner_gap'/>"
+                    "<property name='b' section='Place' editor='sixteenths'/>"
+                    "<property name='c' type='enum:x' editor='symbol' caption='Sea'/>"
+                    "<property name='d' type='string' editor='font' section='%1'/>"
+                    "<property name='e' editor='hammer' section=''/><property name=''/>"
+                    "</properties></widget></toolboxgroup></widgetlibrary>")
+                .arg(QString(1000000, 'x'))));
+        const CWidgetLibraryModel library(document, 0x110);
+        const QStringList wanted = {"inner_gap|Inner gap||0",
+                                    "b|Bee line|Place|3",
+                                    "c|Sea|Place|2",
+                                    "d|D|" + QString(60, 'x') + "|0",
+                                    "e|E||0",
+                                    "|||0"};
+        QStringList found;
+        for (const QString &key : library.propertyKeys("K_T")) {
+            const SPropertyLook look = library.look("K_T", key);
+            found << QStringList{key, look.caption, look.section, QString::number(int(look.editor))}
+                         .join('|');
+        }
+        QCOMPARE(found, wanted);
+        QCOMPARE(library.look("Other_T", "b").caption, "Bee line");
+        QCOMPARE(library.look("Other_T", "no_such").caption, "No such");
     }
 
     void brokenFiles()

@@ -564,9 +564,8 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         auto *panel = m_window->findChild<CWidgetPropertiesView *>();
         panel->showItems({select("A")});
-        auto *tree = panel->findChild<QTreeWidget *>();
-        const auto type = [this, tree](const char *key, const char *text) { // and no Enter
-            tree->editItem(tree->findItems(key, Qt::MatchExactly).value(0), 1);
+        const auto type = [this, panel](const char *key, const char *text) { // and no Enter
+            panel->edit(key);
             auto *box = qobject_cast<QSpinBox *>(m_window->focusWidget());
             QVERIFY2(box, key);
             box->selectAll();

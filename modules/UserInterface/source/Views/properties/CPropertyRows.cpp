@@ -1,6 +1,8 @@
 #include "CPropertyRows.h"
 
+#include "CPropertyDelegate.h"
 #include "CPropertyEditorFactory.h"
+#include "CPropertyLayout.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -10,12 +12,16 @@
 
 namespace {
 constexpr int ValueColumn = 1;
+constexpr int Still = 2; // pixels that a click may move
 } // namespace
 
-CPropertyRows::CPropertyRows(QtTreePropertyBrowser *browser, CPropertyEditorFactory *factory)
+CPropertyRows::CPropertyRows(QtTreePropertyBrowser *browser, CPropertyEditorFactory *factory,
+                             CPropertyDelegate *delegate, const CPropertyLayout *layout)
     : QObject(browser),
       m_browser(browser),
       m_factory(factory),
+      m_delegate(delegate),
+      m_layout(layout),
       m_tree(browser->findChild<QTreeWidget *>())
 {
     m_tree->viewport()->installEventFilter(this);
@@ -24,9 +30,14 @@ CPropertyRows::CPropertyRows(QtTreePropertyBrowser *browser, CPropertyEditorFact
 
 bool CPropertyRows::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::MouseButtonPress)
-        pressed(*static_cast<QMouseEvent *>(event));
-    else if (event->type() == QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto &press = *static_cast<QMouseEvent *>(event);
+        pressed(press);
+        // A letter is held for a drag; its editor opens when it is let go.
+        if (press.button() == Qt::LeftButton && m_delegate->letterAt(press.pos()) >= 0)
+            return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease)
         released(*static_cast<QMouseEvent *>(event));
     return QObject::eventFilter(watched, event);
 }
@@ -36,6 +47,9 @@ void CPropertyRows::pressed(const QMouseEvent &event)
     const QModelIndex index = m_tree->indexAt(event.pos());
     const bool opens = event.button() == Qt::LeftButton && index.column() == ValueColumn;
     m_pressed = opens ? index : QModelIndex();
+    m_pressedAt = event.pos();
+    if (const QTreeWidgetItem *item = m_tree->itemAt(event.pos()))
+        m_delegate->setPart(m_delegate->partAt(item, event.pos()));
 }
 
 void CPropertyRows::released(const QMouseEvent &event)
@@ -44,33 +58,41 @@ void CPropertyRows::released(const QMouseEvent &event)
         m_tree->indexAt(event.pos()) != m_pressed)
         return;
     m_pressed = QModelIndex();
-    if (const QtBrowserItem *current = m_browser->currentItem())
-        m_factory->use(current->property());
+    const int letter = m_delegate->letterAt(m_pressedAt);
+    if (letter >= 0 && (event.pos() - m_pressedAt).manhattanLength() <= Still)
+        edit(m_tree->itemAt(event.pos()), letter);
+    QtProperty *current = m_delegate->currentProperty();
+    if (letter < 0 && current)
+        m_factory->use(current);
 }
 
-/// From the row that is edited, over those without an editor.
+/// From the value that is edited, over rows without an editor.
 void CPropertyRows::goOn(bool forward)
 {
     QTreeWidgetItem *item = m_tree->currentItem();
+    const int part = m_delegate->part();
+    m_tree->setFocus(); // ends the edit; the next may be in the same row
+    if (m_layout->pair(item) && forward == (part == 0) && edit(item, 1 - part))
+        return;
     do {
         item = forward ? m_tree->itemBelow(item) : m_tree->itemAbove(item);
-    } while (item && !edit(item));
+    } while (item && !edit(item, !forward && m_layout->pair(item) ? 1 : 0));
     if (item)
         return;
-    m_tree->setFocus();
     QKeyEvent leave(QEvent::KeyPress, forward ? Qt::Key_Tab : Qt::Key_Backtab,
                     forward ? Qt::NoModifier : Qt::ShiftModifier);
     QCoreApplication::sendEvent(m_tree, &leave);
 }
 
-bool CPropertyRows::edit(QTreeWidgetItem *item)
+bool CPropertyRows::edit(QTreeWidgetItem *item, int part)
 {
-    if (!(item->flags() & Qt::ItemIsEnabled))
+    if (!(item->flags() & Qt::ItemIsEnabled) || m_layout->isHeading(item))
         return false;
     m_tree->setCurrentItem(item, ValueColumn);
     const QtBrowserItem *current = m_browser->currentItem();
     if (!current || !current->property()->hasValue())
         return false;
+    m_delegate->setPart(part);
     m_tree->editItem(item, ValueColumn);
     return true;
 }

@@ -4,10 +4,13 @@
 #include "CImageChooser.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "CPropertyDelegate.h"
 #include "CPropertyEditorFactory.h"
+#include "CPropertyLayout.h"
 #include "CPropertyManager.h"
 #include "CPropertyRows.h"
 #include "CRowDrag.h"
+#include "CWidgetLibraryModel.h"
 #include "ItemGeometry.h"
 #include "ItemNames.h"
 #include "ItemNumbers.h"
@@ -15,6 +18,7 @@
 #include "PropertyStep.h"
 #include "ShownProperties.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -26,6 +30,11 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
       m_manager(new CPropertyManager(this)),
       m_factory(new CPropertyEditorFactory(this)),
       m_images(new CImageChooser(this)),
+      m_layout(new CPropertyLayout(findChild<QTreeWidget *>())),
+      m_delegate(new CPropertyDelegate(
+          this, m_layout,
+          [this](QtProperty *property, QWidget *cell) { return createEditor(property, cell); })),
+      m_leading(new CPropertyRows(this, m_factory, m_delegate, m_layout)),
       m_points(m_manager)
 {
     // Editors with labels and check boxes have a light ground in every theme.
@@ -48,7 +57,6 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
         if (m_project)
             m_steps.takeBack(m_project->undoStack());
     });
-    new CPropertyRows(this, m_factory);
     makeDrag();
     connect(m_images, &CImageChooser::message, this, &CWidgetPropertiesView::message);
     const QAbstractItemModel *rows = findChild<QTreeWidget *>()->model();
@@ -62,6 +70,7 @@ CWidgetPropertiesView::~CWidgetPropertiesView()
     cancelDrag();
     m_factory->discardPending();
     m_item = nullptr;
+    m_layout->clear();
     clear();
     // Else the browser's tables keep the pointers, and a later view at the same address stumbles.
     unsetFactoryForManager(m_manager);
@@ -82,12 +91,18 @@ void CWidgetPropertiesView::makeDrag()
                            [this] { m_factory->commitPending(); }});
 }
 
-/// Null beside the names and for rows within others.
+/// Null beside the names and for rows within others. In a row of two values the letters are the
+/// names.
 QtProperty *CWidgetPropertiesView::rowNamedAt(const QPoint &place) const
 {
     const auto *tree = findChild<QTreeWidget *>();
     const QTreeWidgetItem *item = tree->itemAt(place);
-    const bool isName = item && !item->parent() && tree->columnAt(place.x()) == 0;
+    if (!item || item->parent())
+        return nullptr;
+    const CPropertyLayout::SPair *pair = m_layout->pair(item);
+    if (pair && m_delegate->letterAt(place) == 1)
+        return pair->property;
+    const bool isName = pair ? m_delegate->letterAt(place) == 0 : tree->columnAt(place.x()) == 0;
     return isName ? m_rows.value(item->text(0)) : nullptr;
 }
 
@@ -163,6 +178,8 @@ void CWidgetPropertiesView::clearRows()
     const QString key = m_currentKey;
     m_rows.clear();
     m_points.forget();
+    m_layout->clear();
+    m_delegate->setPart(0);
     clear();
     m_manager->clear();
     findChild<QTreeWidget *>()->reset(); // it would remember rows that were expanded for ever
@@ -175,12 +192,14 @@ void CWidgetPropertiesView::rebuild()
     setUpdatesEnabled(false);
     const int scroll = scrollPosition();
     clearRows();
-    for (const CWidgetProperty &each : ShownProperties::of(*m_item)) {
+    const QVector<CWidgetProperty> properties = ShownProperties::of(*m_item);
+    for (const CWidgetProperty &each : properties) {
         addRow(each);
         const QString kind = each.key() == PropertyKey::Name ? kindText() : QString();
         if (!kind.isEmpty())
             addProperty(m_manager->addText(QStringLiteral("type"), kind));
     }
+    layOut(properties);
     fitColumns();
     setScrollPosition(scroll);
     const QList<QtBrowserItem *> shown = items(m_rows.value(m_currentKey));
@@ -224,6 +243,51 @@ void CWidgetPropertiesView::insertRow(QtProperty *row, const QString &key)
 {
     m_rows.insert(key, row);
     addProperty(row);
+}
+
+/// The rows of screens and groups are called as they are; those of widgets, which the library
+/// describes, as it says.
+void CWidgetPropertiesView::layOut(const QVector<CWidgetProperty> &properties)
+{
+    const CWidgetLibraryModel *library = m_item->library();
+    const QString kind = m_item->itemTypeName();
+    if (m_item->kind() != CItemModel::Kind::Widget || !library || !library->contains(kind))
+        return;
+    QVector<CPropertyLayout::SRow> rows;
+    for (const CWidgetProperty &each : properties) {
+        const SPropertyLook look = library->look(kind, each.key());
+        const QString caption =
+            QCoreApplication::translate("WidgetLibrary", look.caption.toUtf8().constData());
+        rows.append({each.key(), m_rows.value(each.key()), caption, look.section});
+    }
+    m_layout->arrange(rows);
+}
+
+/// The item that shows the row, and which of its values that is; null when none does.
+QPair<QTreeWidgetItem *, int> CWidgetPropertiesView::place(const QString &key) const
+{
+    const auto *tree = findChild<QTreeWidget *>();
+    for (int row = 0; row < tree->topLevelItemCount(); ++row) {
+        QTreeWidgetItem *item = tree->topLevelItem(row);
+        const CPropertyLayout::SPair *pair = m_layout->pair(item);
+        if (!m_layout->isHeading(item) && item->text(0) == key)
+            return {item, 0};
+        if (pair && pair->second->text(0) == key)
+            return {item, 1};
+    }
+    return {nullptr, 0};
+}
+
+QRect CWidgetPropertiesView::valueRect(const QString &key) const
+{
+    const auto [item, part] = place(key);
+    return item ? m_delegate->valueRect(item, part) : QRect();
+}
+
+bool CWidgetPropertiesView::edit(const QString &key)
+{
+    const auto [item, part] = place(key);
+    return item && m_leading->edit(item, part);
 }
 
 void CWidgetPropertiesView::itemChanged(QtBrowserItem *changed)
@@ -393,8 +457,12 @@ void CWidgetPropertiesView::fitColumns()
 {
     auto *tree = findChild<QTreeWidget *>();
     int widest = tree->fontMetrics().horizontalAdvance(tree->headerItem()->text(0));
-    for (auto row = m_rows.constBegin(); row != m_rows.constEnd(); ++row)
-        widest = std::max(widest, tree->fontMetrics().horizontalAdvance(row.key()));
+    for (int row = 0; row < tree->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem *item = tree->topLevelItem(row);
+        if (!item->isHidden() && !m_layout->isHeading(item) && m_item)
+            widest =
+                std::max(widest, tree->fontMetrics().horizontalAdvance(m_layout->caption(item)));
+    }
     constexpr int padding = 16;
     const int wanted = widest + tree->indentation() + padding;
     setSplitterPosition(qBound(width() / 4, wanted, width() / 2));

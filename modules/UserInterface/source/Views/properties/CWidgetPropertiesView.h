@@ -2,7 +2,9 @@
 
 #include <QHash>
 #include <QModelIndex>
+#include <QPair>
 #include <QPointer>
+#include <QVector>
 #include <QtTreePropertyBrowser>
 
 #include "CEditSteps.h"
@@ -11,10 +13,14 @@
 class CImageChooser;
 class CItemModel;
 class CProjectModel;
+class CPropertyDelegate;
 class CPropertyEditorFactory;
+class CPropertyLayout;
 class CPropertyManager;
 class CRowDrag;
+class CPropertyRows;
 class CWidgetProperty;
+class QTreeWidgetItem;
 
 /// Shows and edits the properties of the one selected item. An edit is one command on the project's
 /// undo stack; the model is never written directly. What changes the model elsewhere is mirrored.
@@ -41,6 +47,11 @@ public:
     void refresh();
 
     QtProperty *row(const QString &key) const { return m_rows.value(key); }
+    /// Opens the editor of a row. False when there is none, or it is not to be edited.
+    bool edit(const QString &key);
+    /// Where the value of a row stands, in coordinates of the tree's viewport.
+    QRect valueRect(const QString &key) const;
+    CPropertyLayout *rowLayout() const { return m_layout; }
 
 public Q_SLOTS:
     void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
@@ -69,6 +80,8 @@ private:
     QString kindText() const;
     void addRow(const CWidgetProperty &property);
     void insertRow(QtProperty *row, const QString &key);
+    QPair<QTreeWidgetItem *, int> place(const QString &key) const;
+    void layOut(const QVector<CWidgetProperty> &properties);
     void commit(const QString &key, const QVariant &value);
     void change(const QString &key, const QVariant &value);
     void chooseFile();
@@ -84,6 +97,9 @@ private:
     CPropertyEditorFactory *m_factory;
     CImageChooser *const m_images;
     CRowDrag *m_drag = nullptr;
+    CPropertyLayout *const m_layout;
+    CPropertyDelegate *const m_delegate;
+    CPropertyRows *const m_leading;
     QHash<QString, QtProperty *> m_rows; ///< by property key
     CPointListRows m_points;
     CEditSteps m_steps;

@@ -1,3 +1,4 @@
+#include "CPropertyLayout.h"
 #include "CPropertyManager.h"
 #include "CWidgetPropertiesView.h"
 #include "CanvasTestSupport.h"
@@ -32,19 +33,46 @@ private Q_SLOTS:
         m_project.reset();
     }
 
-    /// All properties of its definition but the hidden ones, in its order.
+    /// All properties of its definition but the hidden ones, in its order, under headings; called
+    /// as people call them, with the key as the tool tip. Screens and groups have no other names.
     void rowsOfAnItem()
     {
         show("Kiv_Bitmap_T");
         QStringList keys = m_project->library()->propertyKeys("Kiv_Bitmap_T");
         QVERIFY(keys.removeAll("suffix") == 1); // hidden
-        QStringList rows;
-        for (int row = 0; row < tree()->topLevelItemCount(); ++row)
-            rows.append(tree()->topLevelItem(row)->text(0));
+        QStringList rows, headings, captions;
+        for (int row = 0; row < tree()->topLevelItemCount(); ++row) {
+            QTreeWidgetItem *each = tree()->topLevelItem(row);
+            (layout()->isHeading(each) ? headings : rows).append(each->text(0));
+            if (!each->isHidden() && !layout()->isHeading(each))
+                captions.append(layout()->caption(each));
+        }
         QCOMPARE(rows, keys);
+        QCOMPARE(headings.join(' '), "Place Content Look");
+        QCOMPARE(captions.mid(0, 6).join(' '), "Name ID Position Size Angle Picture file");
+        QCOMPARE(treeRow("bfolder")->toolTip(0), "bfolder");
         m_view->showIndexes({m_project->screen(0)->index()});
         QVERIFY(treeRow("color") && !treeRow("filename"));
+        QCOMPARE(layout()->caption(treeRow("color")), "color");
+        QCOMPARE(tree()->topLevelItemCount(), 3);
         QCOMPARE(stack().count(), 0);
+    }
+
+    /// By mouse and keyboard; they stay closed for the next item.
+    void sectionsCloseAndOpen()
+    {
+        show("Kiv_Line_T");
+        QTreeWidgetItem *place = treeRow("Place");
+        click(tree()->visualItemRect(place).center());
+        QVERIFY(treeRow("x_coordinate")->isHidden() && !treeRow("line_color")->isHidden());
+        show("Kiv_Text_T");
+        QVERIFY(treeRow("width")->isHidden() && !treeRow("text")->isHidden());
+        QCOMPARE(layout()->closedSections(), QStringList("Place"));
+        tree()->setCurrentItem(treeRow("Place"));
+        QTest::keyClick(tree(), Qt::Key_Right);
+        QVERIFY(!treeRow("width")->isHidden());
+        QVERIFY(treeRow("height")->isHidden()); // beside the width all the same
+        QVERIFY(layout()->closedSections().isEmpty());
     }
 
     /// What a document gives a screen are texts.
@@ -180,39 +208,84 @@ private Q_SLOTS:
                 !shown("text").contains('\n')); // in its one line
     }
 
-    /// Through every editor of the clock, over rows that have none, and out at both ends.
+    /// Through every value of every kind, over rows that have none, and out at both ends; back
+    /// just the same. Nobody has changed anything.
     void tabLeadsThroughThePanel()
     {
         const auto isInside = [this] {
             return tree()->viewport()->isAncestorOf(qApp->focusWidget());
         };
-        const auto currentRow = [this] { return tree()->currentItem()->text(0); };
+        const auto valueAt = [this] { // by its place: the rows of points are called alike
+            QWidget *editor = qApp->focusWidget();
+            while (editor->parentWidget() != tree()->viewport())
+                editor = editor->parentWidget();
+            return editor->geometry().translated(0, tree()->verticalScrollBar()->value()).topLeft();
+        };
         QLineEdit after(m_view.get());
         after.show();
-        for (const char *type : {"Kiv_DigitalClock_T", "Kiv_Polyline_T"}) {
+        m_view->resize(360, 1500);
+        const QStringList types = m_project->library()->typeNames();
+        for (const QString &type : types) {
             show(type);
-            QStringList rows;
-            for (QTreeWidgetItem *row = tree()->topLevelItem(0); row;
-                 row = tree()->itemBelow(row)) {
-                if (row->text(0) != "pointlist" && row->text(0) != "point")
-                    rows.append(row->text(0));
+            int values = 0;
+            for (QTreeWidgetItemIterator row(tree()); *row; ++row)
+                values += (*row)->text(1).isEmpty() && (*row)->isFirstColumnSpanned() ? 0 : 1;
+            for (QTreeWidgetItemIterator row(tree()); *row; ++row) {
+                if ((*row)->parent() && !(*row)->parent()->isExpanded())
+                    --values; // the channels of colours
             }
-            for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-                edit<QLineEdit>(tree()->topLevelItem(0));
-                while (key == Qt::Key_Backtab && currentRow() != rows.last())
-                    QTest::keyClick(qApp->focusWidget(), Qt::Key_Tab);
-                QStringList met;
-                while (isInside() && met.size() < 100) {
-                    met.append(currentRow());
-                    QTest::keyClick(qApp->focusWidget(), key);
-                }
-                if (key == Qt::Key_Backtab)
-                    std::reverse(met.begin(), met.end());
-                QCOMPARE(met, rows);
-                QVERIFY(qApp->focusWidget() != tree());
-            }
+            edit<QLineEdit>("name");
+            QVector<QPoint> met, back;
+            for (; isInside() && met.size() < 100;
+                 QTest::keyClick(qApp->focusWidget(), Qt::Key_Tab))
+                met.append(valueAt());
+            QVERIFY2(met.size() == values, type.toUtf8());
+            QVERIFY(qApp->focusWidget() != tree());
+            edit<QLineEdit>("name");
+            for (int value = 1; value < values; ++value)
+                QTest::keyClick(qApp->focusWidget(), Qt::Key_Tab);
+            for (; isInside() && back.size() < 100;
+                 QTest::keyClick(qApp->focusWidget(), Qt::Key_Backtab))
+                back.prepend(valueAt());
+            QCOMPARE(back, met);
+            QVERIFY(qApp->focusWidget() != tree());
             QCOMPARE(stack().count(), 0);
         }
+    }
+
+    /// Each of two values in a row has its editor, and Escape is for that one.
+    void xBesideY()
+    {
+        CWidgetModel *box = show("Kiv_Rectangle_T");
+        QCOMPARE(m_view->valueRect("x_coordinate").top(), m_view->valueRect("y_coordinate").top());
+        enter(edit<QSpinBox>("y_coordinate"), "31");
+        QCOMPARE(box->propertyText("y_coordinate"), "31");
+        auto *x = edit<QSpinBox>("x_coordinate");
+        x->selectAll();
+        QTest::keyClicks(x, "7");
+        QTest::keyClick(x, Qt::Key_Tab);
+        QCOMPARE(box->propertyText("x_coordinate"), "7");
+        QCOMPARE(stack().count(), 2);
+        auto *y = qobject_cast<QSpinBox *>(qApp->focusWidget());
+        QVERIFY(y && y->value() == 31);
+        QTest::keyClicks(y, "99");
+        QTest::keyClick(y, Qt::Key_Escape);
+        QCOMPARE(box->propertyText("y_coordinate"), "31");
+        QCOMPARE(stack().count(), 2);
+        QPoint at = m_view->valueRect("y_coordinate").topLeft() + QPoint(-8, 8); // its letter
+        const auto send = [&](QEvent::Type type, Qt::MouseButtons held) {
+            QMouseEvent event(type, at, tree()->viewport()->mapToGlobal(at), Qt::LeftButton, held,
+                              {});
+            qApp->sendEvent(tree()->viewport(), &event);
+        };
+        send(QEvent::MouseButtonPress, Qt::LeftButton);
+        for (int step = 0; step < 3; ++step, at += {5, 0})
+            send(QEvent::MouseMove, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, {});
+        QCOMPARE(box->propertyText("y_coordinate"), "36");
+        QCOMPARE(box->propertyText("x_coordinate"), "7");
+        QCOMPARE(stack().count(), 3);
+        QVERIFY(!tree()->viewport()->isAncestorOf(qApp->focusWidget()));
     }
 
     /// The stack's action stands for the one in the window's menu.
@@ -498,15 +571,21 @@ private:
         return tree()->findItems(key, Qt::MatchExactly).value(0);
     }
     QString shown(const QString &key) const { return treeRow(key)->text(1); }
+    CPropertyLayout *layout() const { return m_view->rowLayout(); }
+    void click(const QPoint &position) const
+    {
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, position);
+    }
     /// Opens the editor of a row by a click into its value.
     template<typename Editor>
     Editor *edit(QTreeWidgetItem *row) const
     {
         tree()->scrollToItem(row);
         QCoreApplication::processEvents(); // what is still to be laid out would move it
-        const QRect cell = tree()->visualItemRect(row);
-        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {},
-                          {tree()->columnViewportPosition(1) + 20, cell.center().y()});
+        QRect cell = m_view->valueRect(row->text(0));
+        if (row->parent())
+            cell = {tree()->columnViewportPosition(1), tree()->visualItemRect(row).top(), 40, 20};
+        click({cell.left() + 20, cell.center().y()});
         Editor *editor = nullptr;
         for (Editor *each : tree()->viewport()->findChildren<Editor *>())
             editor = each->isVisible() ? each : editor;
