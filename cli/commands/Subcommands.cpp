@@ -1,5 +1,6 @@
 #include "Subcommands.h"
 
+#include "CheckCommand.h"
 #include "DiffCommand.h"
 #include "VerifyCommand.h"
 
@@ -13,6 +14,7 @@ struct SSubcommand
 };
 
 const SSubcommand table[] = {
+    {"check", "Tells what of a project will go wrong on the device.", CheckCommand::run},
     {"diff", "Tells what differs between two states of a project.", DiffCommand::run},
     {"verify", "Compares the pictures of a project with accepted ones.", VerifyCommand::run},
 };

@@ -36,7 +36,7 @@ public:
                 continue;
             const QString problem = problemOf(item.itemTypeName(), here, *property);
             if (!problem.isEmpty())
-                findings.append(labelOf(item) + QStringLiteral(": ") + problem);
+                findings.append(messageLabel(item) + QStringLiteral(": ") + problem);
         }
     }
 
@@ -82,17 +82,6 @@ private:
             });
     }
 
-    /// As the emulator library names an item.
-    static QString labelOf(const CItemModel &item)
-    {
-        QString label = item.itemTypeName();
-        if (!item.idString().isEmpty())
-            label += QLatin1Char(' ') + item.idString();
-        if (!item.name().isEmpty())
-            label += QStringLiteral(" \"%1\"").arg(item.name());
-        return label;
-    }
-
     const QString m_platform;
     QList<const CWidgetLibraryModel *> m_libraries;
 };
@@ -108,4 +97,14 @@ QStringList chipFindings(const CItemModel &screen)
             finder.lookAt(each);
     });
     return finder.findings;
+}
+
+QString messageLabel(const CItemModel &item)
+{
+    QString label = item.itemTypeName();
+    if (!item.idString().isEmpty())
+        label += QLatin1Char(' ') + item.idString();
+    if (!item.name().isEmpty())
+        label += QStringLiteral(" \"%1\"").arg(item.name());
+    return label;
 }

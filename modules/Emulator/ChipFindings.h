@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringList>
 
 class CItemModel;
@@ -12,3 +13,6 @@ class CItemModel;
 /// - a property that other chips have, set to something else than its default.
 /// Items of kinds that the library lacks have none; the emulator reports them.
 QStringList chipFindings(const CItemModel &screen);
+
+/// How messages of the emulator begin that are about an item: its kind, id and name, then ": ".
+QString messageLabel(const CItemModel &item);

@@ -97,6 +97,7 @@ CWidgetLibraryModel::Kind CWidgetLibraryModel::readKind(const QDomElement &widge
     }
     kind.renderCommands = widget.firstChildElement(QStringLiteral("rendercmds")).text();
     kind.renderCommandsUtf8 = kind.renderCommands.toUtf8();
+    kind.isTouched = flagOf(widget, QStringLiteral("touch"), chipCode);
     kind.tooltip = widget.firstChildElement(QStringLiteral("tooltip")).text();
     return kind;
 }
@@ -165,6 +166,12 @@ QString CWidgetLibraryModel::tooltip(const QString &typeName) const
 {
     const Kind *kind = find(typeName);
     return kind ? kind->tooltip : QString();
+}
+
+bool CWidgetLibraryModel::isTouched(const QString &typeName) const
+{
+    const Kind *kind = find(typeName);
+    return kind && kind->isTouched;
 }
 
 QStringList CWidgetLibraryModel::typeNames() const

@@ -37,6 +37,8 @@ public:
     /// Zero-terminated UTF-8, valid as long as the library; empty for an unknown type.
     const char *renderCommandsUtf8(const QString &typeName) const;
     QString tooltip(const QString &typeName) const;
+    /// Whether users of the device touch it: "touch" in the document.
+    bool isTouched(const QString &typeName) const;
     /// The type names, sorted.
     QStringList typeNames() const;
     /// "1.X" unless the document says otherwise.
@@ -53,6 +55,7 @@ private:
         QString renderCommands;
         QByteArray renderCommandsUtf8;
         QString tooltip;
+        bool isTouched = false;
     };
 
     Kind readKind(const QDomElement &widget, quint32 chipCode) const;

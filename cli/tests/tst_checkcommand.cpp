@@ -1,0 +1,296 @@
+#include "TestFiles.h"
+
+#include <QDir>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+/// panel-export check, on a project without a fault and with one seeded.
+class tst_CheckCommand : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void oneFault_data();
+    void oneFault();
+    void ignored();
+    void sarif();
+    void examplesAreClean_data();
+    void examplesAreClean();
+
+private:
+    struct SResult
+    {
+        int exitCode;
+        QByteArray out;
+        QString errors;
+    };
+    SResult run(const QStringList &words) const;
+    QJsonObject check(const QString &project) const
+    {
+        return QJsonDocument::fromJson(run({"check", project, "--json", "-"}).out).object();
+    }
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+namespace {
+
+const QByteArray clean = R"(<?xml version="1.0" encoding="UTF-8"?>
+<Kiv_Project_T name="P" project_name="p" platform="QX110" width="320" height="240">
+ <Kiv_Screen_T name="Home" color="#101010">
+  <Kiv_Text_T name="Title" id="1" x_coordinate="10" y_coordinate="10" text="Title" font="27" text_color="#ffffff"/>
+  <Kiv_Button_T name="Start" id="2" x_coordinate="10" y_coordinate="60" width="120" height="50" text="Start" font="27"/>
+  <Kiv_Slider_T name="Pump" id="3" x_coordinate="150" y_coordinate="60" width="100" height="46"/>
+  <Kiv_Bitmap_T name="Logo" id="4" x_coordinate="150" y_coordinate="120" width="16" height="16" basename="logo" bfolder="p_ConvertedImages" format="RGB565" bwidth="16" bheight="16"/>
+  <Kiv_Rectangle_T name="Box" id="5" x_coordinate="10" y_coordinate="130" width="60" height="60"/>
+ </Kiv_Screen_T>
+ <Kiv_Screen_T name="Menu" color="#101010">
+  <Kiv_Line_T name="Rule" id="9" x_coordinate="10" y_coordinate="100" x2_coordinate="90" y2_coordinate="100"/>
+  <Kiv_Rectangle_T name="Frame" id="6" x_coordinate="10" y_coordinate="10" width="60" height="60"/>
+ </Kiv_Screen_T>
+</Kiv_Project_T>
+)";
+
+using Edit = std::function<void(QByteArray &)>;
+
+Edit replaced(const char *from, const char *to)
+{
+    return [=](QByteArray &xml) {
+        if (xml.count(from) != 1)
+            qFatal("%s is not there once", from);
+        xml.replace(from, to);
+    };
+}
+
+} // namespace
+
+void tst_CheckCommand::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir(m_folder->path()).mkdir("p_ConvertedImages"));
+    TestFiles::write(path("p_ConvertedImages/logo_RGB565.raw"), QByteArray(512, '\x5a'));
+    TestFiles::write(path("p.nyx"), clean);
+}
+
+tst_CheckCommand::SResult tst_CheckCommand::run(const QStringList &words) const
+{
+    QProcess process;
+    process.setWorkingDirectory(m_folder->path());
+    process.start(qEnvironmentVariable("KIV_BIN_DIR") + "/panel-export", words);
+    if (!process.waitForFinished(60000))
+        return {-1, {}, "did not end"};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(), QString::fromUtf8(process.readAllStandardError())};
+}
+
+void tst_CheckCommand::oneFault_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("file");     ///< that lies there too, or is left out: "-name"
+    QTest::addColumn<QString>("expected"); ///< severity, rule, item
+    const auto row = [](const char *name, const Edit &edit, const char *expected,
+                        const char *file = "") {
+        QByteArray xml = clean;
+        edit(xml);
+        QTest::newRow(name) << xml << QString(file) << QString(expected);
+    };
+    const auto none = [](QByteArray &) {};
+    row("clean", none, "");
+    row("outside",
+        replaced("name=\"Box\" id=\"5\" x_coordinate=\"10\"",
+                 "name=\"Box\" id=\"5\" x_coordinate=\"330\""),
+        "warning outside-screen Box");
+    row("partly outside",
+        replaced("name=\"Box\" id=\"5\" x_coordinate=\"10\"",
+                 "name=\"Box\" id=\"5\" x_coordinate=\"300\""),
+        "note outside-screen Box");
+    row("turned out of it",
+        replaced("name=\"Box\" id=\"5\" x_coordinate=\"10\"",
+                 "angle=\"45\" name=\"Box\" id=\"5\" x_coordinate=\"0\""),
+        "note outside-screen Box");
+    row("without a size", replaced("x2_coordinate=\"90\"", "x2_coordinate=\"10\""),
+        "warning no-size Rule");
+    row(
+        "covered",
+        [](QByteArray &xml) {
+            xml.replace("  <Kiv_Rectangle_T name=\"Box\"",
+                        "  <Kiv_Rectangle_T name=\"Lid\" id=\"7\" x_coordinate=\"5\" "
+                        "y_coordinate=\"125\" width=\"80\" height=\"80\"/>\n"
+                        "  <Kiv_Rectangle_T name=\"Box\"");
+        },
+        "warning hidden Box");
+    row(
+        "covered by glass, which is no fault",
+        [](QByteArray &xml) {
+            xml.replace(
+                "  <Kiv_Rectangle_T name=\"Box\"",
+                "  <Kiv_Rectangle_T name=\"Lid\" id=\"7\" x_coordinate=\"5\" "
+                "y_coordinate=\"125\" width=\"80\" height=\"80\" fill_color=\"#400000ff\"/>\n"
+                "  <Kiv_Rectangle_T name=\"Box\"");
+        },
+        "");
+    row("a small button", replaced("width=\"120\" height=\"50\"", "width=\"120\" height=\"41\""),
+        "warning touch-size Start");
+    row(
+        "large enough on a coarse display",
+        [](QByteArray &xml) {
+            xml.replace("width=\"120\" height=\"50\"", "width=\"120\" height=\"41\"");
+            xml.replace("name=\"P\"", "dots_per_inch=\"140\" name=\"P\"");
+        },
+        "");
+    row("buttons over each other",
+        replaced("x_coordinate=\"150\" y_coordinate=\"60\"",
+                 "x_coordinate=\"128\" y_coordinate=\"60\""),
+        "warning touch-overlap Pump");
+    row("a text that is cut", replaced("text=\"Start\"", "text=\"Start the washing programme\""),
+        "warning text-cut Start");
+    row("an ellipsis of its own", replaced("text=\"Start\"", "text=\"Start\xe2\x80\xa6\""), "");
+    row("a text like its background", replaced("text_color=\"#ffffff\"", "text_color=\"#505050\""),
+        "warning contrast Title");
+    row("a text that is its background",
+        replaced("text_color=\"#ffffff\"", "text_color=\"#101010\""), "warning contrast Title");
+    row(
+        "large, so less is enough",
+        [](QByteArray &xml) {
+            xml.replace("font=\"27\" text_color=\"#ffffff\"",
+                        "font=\"31\" height=\"60\" width=\"300\" text_color=\"#707070\"");
+        },
+        "");
+    row("no image file", none, "error missing-image Logo", "-p_ConvertedImages/logo_RGB565.raw");
+    row("an image that nothing shows", none, "note unused-image ",
+        "p_ConvertedImages/old_RGB565.raw");
+    row("an image three times as large",
+        replaced("y_coordinate=\"120\" width=\"16\" height=\"16\"",
+                 "y_coordinate=\"120\" width=\"48\" height=\"48\""),
+        "warning scaled-image Logo");
+    row(
+        "one image, two names",
+        [](QByteArray &xml) {
+            xml.replace("  <Kiv_Rectangle_T name=\"Box\"",
+                        "  <Kiv_Bitmap_T name=\"Mark\" id=\"8\" x_coordinate=\"200\" "
+                        "y_coordinate=\"120\" width=\"16\" height=\"16\" basename=\"mark\" "
+                        "bfolder=\"p_ConvertedImages\" format=\"RGB565\" bwidth=\"16\" "
+                        "bheight=\"16\"/>\n  <Kiv_Rectangle_T name=\"Box\"");
+        },
+        "note same-image ", "p_ConvertedImages/mark_RGB565.raw");
+    row("one id twice", replaced("id=\"6\"", "id=\"5\""), "warning duplicate-id Frame");
+    row("one name twice", replaced("name=\"Logo\"", "name=\"Box\""), "note duplicate-name Box");
+    row(
+        "one name in C",
+        [](QByteArray &xml) {
+            xml.replace("name=\"Logo\"", "name=\"a-b\"").replace("name=\"Box\"", "name=\"A b\"");
+        },
+        "note identifier A b");
+    row("screens with one name", replaced("name=\"Menu\"", "name=\"Home\""),
+        "warning duplicate-name ");
+    row("a kind that nobody knows",
+        replaced("Kiv_Rectangle_T name=\"Frame\"", "Kiv_Rocket_T name=\"Frame\""),
+        "error render-error Frame");
+    row(
+        "a format of other chips",
+        [](QByteArray &xml) { xml.replace("format=\"RGB565\"", "format=\"PALETTED\""); },
+        "error chip-value Logo", "p_ConvertedImages/logo_PALETTED.raw");
+    row("memory that gets short", replaced("name=\"P\"", "memory_share=\"0.3\" name=\"P\""),
+        "warning memory ");
+}
+
+void tst_CheckCommand::oneFault()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(QString, file);
+    QFETCH(QString, expected);
+    TestFiles::write(path("p.nyx"), xml);
+    if (file.startsWith('-'))
+        QVERIFY(QFile::remove(path(file.mid(1))));
+    else if (!file.isEmpty())
+        TestFiles::write(path(file), QByteArray(512, '\x5a'));
+    if (file.contains("PALETTED"))
+        QVERIFY(QFile::remove(path("p_ConvertedImages/logo_RGB565.raw")));
+    QStringList told;
+    const QJsonObject json = check("p.nyx");
+    for (const QJsonValue &each : json["findings"].toArray())
+        told.append(each["severity"].toString() + ' ' + each["rule"].toString() + ' ' +
+                    each["name"].toString());
+    QCOMPARE(told.join(", "), expected);
+    const bool isError = expected.startsWith("error");
+    QCOMPARE(run({"check", "p.nyx"}).exitCode, isError ? 1 : 0);
+    QCOMPARE(run({"check", "p.nyx", "--warnings-as-errors"}).exitCode,
+             isError || expected.startsWith("warning") ? 1 : 0);
+}
+
+void tst_CheckCommand::ignored()
+{
+    QByteArray xml = clean;
+    xml.replace("text_color=\"#ffffff\"",
+                "text_color=\"#505050\" ignored_checks=\"contrast: a watermark\"");
+    TestFiles::write(path("p.nyx"), xml);
+    const QJsonObject json = check("p.nyx");
+    QCOMPARE(json["warnings"].toInt(), 0);
+    QCOMPARE(json["ignored"].toInt(), 1);
+    QCOMPARE(json["findings"].toArray()[0].toObject()["ignored_because"].toString(),
+             QString("a watermark"));
+    QCOMPARE(run({"check", "p.nyx", "--warnings-as-errors"}).out, QByteArray());
+}
+
+void tst_CheckCommand::sarif()
+{
+    QByteArray xml = clean;
+    xml.replace("text_color=\"#ffffff\"",
+                "text_color=\"#505050\" ignored_checks=\"contrast: a watermark\"");
+    xml.replace("name=\"Box\" id=\"5\" x_coordinate=\"10\"",
+                "name=\"Box\" id=\"5\" x_coordinate=\"330\"");
+    QVERIFY(QDir(m_folder->path()).mkdir("a b"));
+    QVERIFY(QFile::rename(path("p_ConvertedImages"), path("a b/p_ConvertedImages")));
+    TestFiles::write(path("a b/p.nyx"), xml);
+    QCOMPARE(run({"check", "a b/p.nyx", "--sarif", "out/p.sarif"}).exitCode, 0);
+    const QJsonObject log = QJsonDocument::fromJson(TestFiles::read(path("out/p.sarif"))).object();
+    QCOMPARE(log["version"].toString(), QString("2.1.0"));
+    const QJsonObject part = log["runs"].toArray()[0].toObject();
+    const QJsonArray rules = part["tool"].toObject()["driver"].toObject()["rules"].toArray();
+    const QJsonArray results = part["results"].toArray();
+    QCOMPARE(results.size(), 2);
+    for (const QJsonValue &value : results) {
+        const QJsonObject result = value.toObject();
+        QCOMPARE(rules[result["ruleIndex"].toInt()].toObject()["id"], result["ruleId"]);
+        QVERIFY(QStringList({"error", "warning", "note"}).contains(result["level"].toString()));
+        QVERIFY(!result["message"].toObject()["text"].toString().isEmpty());
+        const QJsonObject place = result["locations"].toArray()[0].toObject();
+        const QJsonObject file = place["physicalLocation"].toObject();
+        QCOMPARE(file["artifactLocation"].toObject()["uri"].toString(), QString("a%20b/p.nyx"));
+        const bool isIgnored = result.contains("suppressions");
+        QCOMPARE(file["region"].toObject()["startLine"].toInt(), isIgnored ? 4 : 8);
+        QCOMPARE(
+            place["logicalLocations"].toArray()[0].toObject()["fullyQualifiedName"].toString(),
+            QString(isIgnored ? "Home/Kiv_Text_T 1 \"Title\"" : "Home/Kiv_Rectangle_T 5 \"Box\""));
+    }
+}
+
+void tst_CheckCommand::examplesAreClean_data()
+{
+    QTest::addColumn<QString>("project");
+    for (const char *name : {"thermostat", "coffee-machine", "ev-charger"})
+        QTest::newRow(name)
+            << QString("%1/examples/%2/%2.nyx").arg(qEnvironmentVariable("KIV_SOURCE_DIR"), name);
+}
+
+void tst_CheckCommand::examplesAreClean()
+{
+    QFETCH(QString, project);
+    const SResult result = run({"check", project, "--warnings-as-errors"});
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(tst_CheckCommand)
+#include "tst_checkcommand.moc"

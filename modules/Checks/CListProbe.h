@@ -1,0 +1,67 @@
+#pragma once
+
+#include "SScreenExport.h"
+
+#include <QImage>
+#include <QRect>
+#include <QSet>
+#include <QVector>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace kivemu {
+class CExecutor;
+class CRamG;
+} // namespace kivemu
+
+/// Looks into a screen's display list, and draws it with a part left out, to see what that part
+/// does to the picture. What is left out moves nothing else: only drawing commands are, none that
+/// change the state.
+class CListProbe
+{
+public:
+    /// The glyphs of one line of text as the list draws them.
+    struct STextRun
+    {
+        quint32 tag = 0;    ///< of its item; 0: the list does not name it
+        QRect ink;          ///< pixels that the glyphs may cover; may reach out of the frame
+        QRgb colour = 0;    ///< opaque
+        int lineHeight = 0; ///< of the font, pixels; of an own font that of its highest glyph
+        QByteArray latin1; ///< its characters; empty in an own font, whose glyphs have only numbers
+    };
+
+    /// `screen` with frame and memory; it must live longer.
+    explicit CListProbe(const SScreenExport &screen);
+    ~CListProbe();
+
+    /// False when the emulator does not tell its memory: then nothing can be drawn again.
+    bool canDraw() const { return m_screen.memory.isKnown && !m_screen.frame.isNull(); }
+    const QVector<STextRun> &texts() const { return m_texts; }
+    /// Whether the list draws something for an item.
+    bool draws(quint32 tag) const { return m_drawn.contains(tag); }
+    QImage withoutItem(quint32 tag);
+    QImage withoutTexts();
+
+private:
+    struct SPiece
+    {
+        size_t first;
+        size_t count;
+        quint32 tag;
+        bool isText;
+    };
+
+    void read();
+    template<typename Test>
+    QImage drawWithout(Test isLeftOut);
+
+    const SScreenExport &m_screen;
+    std::vector<uint32_t> m_words;
+    QVector<SPiece> m_pieces; ///< the drawing commands, in their order
+    QSet<quint32> m_drawn;
+    QVector<STextRun> m_texts;
+    std::unique_ptr<kivemu::CRamG> m_memory;
+    std::unique_ptr<kivemu::CExecutor> m_executor;
+};

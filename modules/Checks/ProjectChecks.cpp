@@ -1,0 +1,165 @@
+#include "ProjectChecks.h"
+
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "ConvertedImages.h"
+#include "Identifiers.h"
+#include "ItemTree.h"
+#include "PropertyKey.h"
+#include "QxKivEmuLib.h"
+#include "RuleSupport.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QMap>
+#include <QSet>
+
+namespace {
+
+void checkIds(CRuleContext &context)
+{
+    QHash<quint32, const CItemModel *> first;
+    forEachItem(context.project, [&](const CItemModel &item) {
+        if (item.kind() != CItemModel::Kind::Widget || item.id() == 0)
+            return;
+        const CItemModel *&known = first[item.id()];
+        if (!known) {
+            known = &item;
+            return;
+        }
+        SFinding &finding = context.add(ERule::DuplicateId, ESeverity::Warning, &item,
+                                        CRuleContext::tr("%1 has the id %2 as %3 has.")
+                                            .arg(context.called(item))
+                                            .arg(item.id())
+                                            .arg(context.called(*known)));
+        const CItemModel *screen = &item;
+        while (screen->parentItem())
+            screen = screen->parentItem();
+        finding.screen = screen;
+        finding.property = PropertyKey::Id;
+    });
+}
+
+void checkScreenNames(CRuleContext &context)
+{
+    QHash<QString, const CItemModel *> first;
+    for (int row = 0; row < context.project.screenCount(); ++row) {
+        const CItemModel *screen = context.project.screen(row);
+        const QString inC =
+            Identifiers::unique(QString(), {screen->name()}, QStringLiteral("UNNAMED")).first();
+        const CItemModel *&known = first[inC];
+        if (!known) {
+            known = screen;
+            continue;
+        }
+        const bool isSame = known->name() == screen->name();
+        SFinding &finding = context.add(
+            isSame ? ERule::DuplicateName : ERule::Identifier, ESeverity::Warning, nullptr,
+            isSame ? CRuleContext::tr("Two screens are called %1.").arg(context.called(*screen))
+                   : CRuleContext::tr("The screens %1 and %2 are the same name in C; one gets a "
+                                      "number.")
+                         .arg(context.called(*known), context.called(*screen)));
+        finding.screen = screen;
+        finding.property = PropertyKey::Name;
+    }
+}
+
+void checkSameImages(CRuleContext &context, const ProjectChecks::ImageContents &images)
+{
+    QHash<QByteArray, QMap<QString, int>> files; // by content
+    for (const auto &[content, file] : images)
+        ++files[content][file];
+    QStringList told;
+    const QDir folder(context.project.workingDirectory());
+    for (const QMap<QString, int> &names : qAsConst(files)) {
+        if (names.size() < 2)
+            continue;
+        QStringList texts;
+        for (auto it = names.begin(); it != names.end(); ++it)
+            texts.append(folder.relativeFilePath(it.key()));
+        told.append(texts.join(QStringLiteral(", ")));
+    }
+    told.sort(); // hashes have no order
+    for (const QString &texts : qAsConst(told))
+        context.add(ERule::SameImage, ESeverity::Note, nullptr,
+                    CRuleContext::tr("The same image lies under several names: %1").arg(texts));
+}
+
+void checkUnusedImages(CRuleContext &context)
+{
+    if (context.project.workingDirectory().isEmpty())
+        return;
+    QSet<QString> used;
+    forEachItem(context.project, [&used](const CItemModel &item) {
+        const QString file = CRuleContext::imageFile(item);
+        if (!file.isEmpty())
+            used.insert(QFileInfo(file).canonicalFilePath());
+    });
+    const QDir folder(ConvertedImages::folder(context.project));
+    const QFileInfoList images =
+        folder.entryInfoList({QStringLiteral("*.raw")}, QDir::Files, QDir::Name);
+    for (const QFileInfo &image : images) {
+        if (used.contains(image.canonicalFilePath()))
+            continue;
+        context
+            .add(ERule::UnusedImage, ESeverity::Note, nullptr,
+                 CRuleContext::tr("No item shows %1.")
+                     .arg(QDir(context.project.workingDirectory())
+                              .relativeFilePath(image.filePath())))
+            .file = image.filePath();
+    }
+}
+
+} // namespace
+
+namespace ProjectChecks {
+
+const QString DotsPerInch = QStringLiteral("dots_per_inch");
+const QString MemoryShare = QStringLiteral("memory_share");
+
+Findings ofScreen(const CItemModel &screen, const SScreenExport &render)
+{
+    Findings findings;
+    const CProjectModel *project = screen.project();
+    if (!project)
+        return findings;
+    CRuleContext context(*project, &screen, findings);
+    checkChip(context, render);
+    checkImages(context);
+    checkPlaces(context);
+    checkPictures(context, render);
+    checkNames(context);
+    return findings;
+}
+
+ImageContents imagesOf(const SScreenExport &render)
+{
+    ImageContents images;
+    const QByteArray &memory = render.memory.bytes;
+    for (const SGraphicsMemory::SAsset &asset : render.memory.assets) {
+        if (asset.format == EMU_ASSET_FONT)
+            continue;
+        QCryptographicHash content(QCryptographicHash::Sha1);
+        for (const uint32_t number : {asset.format, asset.width, asset.height})
+            content.addData(QByteArray::number(number) + ' ');
+        content.addData(memory.mid(int(asset.address), int(asset.bytes)));
+        content.addData(memory.mid(int(asset.paletteAddress), int(asset.paletteBytes)));
+        images.append({content.result(), asset.file});
+    }
+    return images;
+}
+
+Findings ofProject(const CProjectModel &project, const ImageContents &images)
+{
+    Findings findings;
+    CRuleContext context(project, nullptr, findings);
+    checkScreenNames(context);
+    checkIds(context);
+    checkSameImages(context, images);
+    checkUnusedImages(context);
+    return findings;
+}
+
+} // namespace ProjectChecks

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "SFinding.h"
+#include "SScreenExport.h"
+
+class CProjectModel;
+
+/// What will go wrong on the device. Findings that somebody ignores (Rules::IgnoredKey) are among
+/// them, with the reason. Texts are in the user's language. Reads the model: the GUI thread only.
+namespace ProjectChecks {
+
+/// Names of project properties, each with the value that counts when the project has none.
+extern const QString DotsPerInch; ///< of the device's display; 150
+extern const QString MemoryShare; ///< percent of a memory from which on it is told; 80
+
+/// A screen by itself. `render` is what the emulator made of it as it is now, with frame and
+/// memory.
+Findings ofScreen(const CItemModel &screen, const SScreenExport &render);
+
+/// The images that a screen draws: what tells their contents apart, and their files.
+using ImageContents = QVector<QPair<QByteArray, QString>>;
+ImageContents imagesOf(const SScreenExport &render);
+
+/// What several screens have to do with each other, and the files of the project. `images`: of all
+/// screens.
+Findings ofProject(const CProjectModel &project, const ImageContents &images);
+
+} // namespace ProjectChecks

@@ -1,0 +1,64 @@
+#include "RuleSupport.h"
+
+#include "CProjectModel.h"
+#include "CWidgetLibraryModel.h"
+#include "PropertyKey.h"
+#include "Rules.h"
+
+#include <QDir>
+
+SFinding &CRuleContext::add(ERule rule, ESeverity severity, const CItemModel *item,
+                            const QString &text)
+{
+    SFinding finding;
+    finding.rule = rule;
+    finding.severity = severity;
+    finding.text = text;
+    finding.screen = screen;
+    finding.item = item;
+    const QString ignored = item     ? item->propertyText(Rules::IgnoredKey)
+                            : screen ? screen->propertyText(Rules::IgnoredKey)
+                                     : project.propertyText(Rules::IgnoredKey);
+    finding.ignoredBecause = Rules::ignoredBecause(ignored, rule);
+    m_findings.append(finding);
+    return m_findings.last();
+}
+
+double CRuleContext::setting(const QString &key, double otherwise) const
+{
+    const double value = project.propertyText(key).toDouble();
+    return value > 0 && value < 1e6 ? value : otherwise;
+}
+
+QString CRuleContext::called(const CItemModel &item)
+{
+    return item.name().isEmpty() ? item.itemTypeName()
+                                 : QLatin1Char('"') + item.name() + QLatin1Char('"');
+}
+
+bool CRuleContext::isTouched(const CItemModel &item)
+{
+    const QString enabled = QStringLiteral("enabled");
+    return item.kind() == CItemModel::Kind::Widget && item.library() &&
+           item.library()->isTouched(item.itemTypeName()) &&
+           (!item.hasProperty(enabled) || item.propertyValue(enabled).toBool());
+}
+
+QString CRuleContext::imageFile(const CItemModel &item)
+{
+    const QString name = item.propertyText(PropertyKey::BaseName);
+    const CProjectModel *project = item.project();
+    if (name.isEmpty() || !project)
+        return {};
+    const QString suffix = item.propertyText(PropertyKey::Suffix);
+    const bool isAsItIs = suffix == QLatin1String("raw") ||
+                          item.itemTypeName() == TypeName::Media ||
+                          !item.hasProperty(PropertyKey::Format);
+    const QString file =
+        name + (isAsItIs ? QLatin1Char('.') + suffix
+                         : QLatin1Char('_') + item.propertyText(PropertyKey::Format) +
+                               QLatin1String(".raw"));
+    const QString folder = project->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder));
+    return QDir::cleanPath(QDir(project->workingDirectory()).filePath(folder) + QLatin1Char('/') +
+                           file);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "CItemModel.h"
+#include "SFinding.h"
+#include "SScreenExport.h"
+
+#include <QCoreApplication>
+
+class CProjectModel;
+
+/// What the rules share: where findings go, and how they are begun.
+class CRuleContext
+{
+    Q_DECLARE_TR_FUNCTIONS(Checks)
+
+public:
+    CRuleContext(const CProjectModel &ofProject, const CItemModel *onScreen, Findings &findings)
+        : project(ofProject), screen(onScreen), m_findings(findings)
+    {
+    }
+
+    /// About an item; null for one about the screen, or the project when there is no screen.
+    SFinding &add(ERule rule, ESeverity severity, const CItemModel *item, const QString &text);
+    /// A number that the project may set; `otherwise` when it does not, or sets none above 0.
+    double setting(const QString &key, double otherwise) const;
+    /// The item's name in quotation marks, or its kind when it has none.
+    static QString called(const CItemModel &item);
+    /// Whether the item is made to be touched and can be.
+    static bool isTouched(const CItemModel &item);
+    /// The file of the image that the item shows, absolute; empty when it shows none.
+    static QString imageFile(const CItemModel &item);
+
+    const CProjectModel &project;
+    const CItemModel *const screen;
+
+private:
+    Findings &m_findings;
+};
+
+// A file pair for each subject; each looks at one screen.
+void checkPlaces(CRuleContext &context);
+void checkNames(CRuleContext &context);
+void checkChip(CRuleContext &context, const SScreenExport &render);
+void checkImages(CRuleContext &context);
+void checkPictures(CRuleContext &context, const SScreenExport &render);

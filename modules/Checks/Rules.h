@@ -1,0 +1,24 @@
+#pragma once
+
+#include "SFinding.h"
+
+namespace Rules {
+
+/// As it is called in project files and reports: "outside-screen".
+QString id(ERule rule);
+/// What the rule is about, a few words in the user's language.
+QString title(ERule rule);
+/// As reports call it: "error", "warning", "note".
+QString id(ESeverity severity);
+const QVector<ERule> &all();
+
+// Who has looked at a finding may ignore its rule for an item, with a reason: lines "id: reason" in
+// a property that an item, a screen or a project has for this alone.
+
+extern const QString IgnoredKey; ///< "ignored_checks"
+/// The reason; null when the rule is not ignored in such a text.
+QString ignoredBecause(const QString &text, ERule rule);
+/// The text with the rule ignored for that reason, or no more ignored when the reason is null.
+QString withIgnored(const QString &text, ERule rule, const QString &reason);
+
+} // namespace Rules
