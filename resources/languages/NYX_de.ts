@@ -2,6 +2,60 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>CActionCentre</name>
+    <message>
+        <source>Search &amp;Actions...</source>
+        <translation>&amp;Aktionen suchen...</translation>
+    </message>
+    <message>
+        <source>Find any action, page or item by its name</source>
+        <translation>Jede Aktion, jede Seite und jedes Element nach dem Namen finden</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard Shortcuts...</source>
+        <translation>&amp;Tastenkürzel...</translation>
+    </message>
+    <message>
+        <source>See and change the keys of all actions</source>
+        <translation>Die Tasten aller Aktionen ansehen und ändern</translation>
+    </message>
+    <message>
+        <source>No project is open</source>
+        <translation>Es ist kein Projekt geöffnet</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo</source>
+        <translation>Es gibt nichts rückgängig zu machen</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo</source>
+        <translation>Es gibt nichts wiederherzustellen</translation>
+    </message>
+    <message>
+        <source>Nothing has been saved over what you saved last</source>
+        <translation>Über das zuletzt Gespeicherte wurde nichts gespeichert</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>it is used on the canvas</source>
+        <translation>es wird auf der Zeichenfläche gebraucht</translation>
+    </message>
+    <message>
+        <source>it opens a menu</source>
+        <translation>es öffnet ein Menü</translation>
+    </message>
+</context>
+<context>
+    <name>CActionFinder</name>
+    <message>
+        <source>Search for actions, pages and items</source>
+        <translation>Nach Aktionen, Seiten und Elementen suchen</translation>
+    </message>
+</context>
+<context>
     <name>CArrangeActions</name>
     <message>
         <source>Align &amp;Left</source>
@@ -652,6 +706,121 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>H</source>
         <translation>H</translation>
+    </message>
+</context>
+<context>
+    <name>CShortcutDialog</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Search by name, menu or keys</source>
+        <translation>Nach Namen, Menü oder Tasten suchen</translation>
+    </message>
+    <message>
+        <source>Press the new keys; Esc leaves it as it is</source>
+        <translation>Die neuen Tasten drücken; Esc lässt alles, wie es ist</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>&amp;Change</source>
+        <translation>Ä&amp;ndern</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>R&amp;eset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset A&amp;ll</source>
+        <translation>A&amp;lle zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>E&amp;xportieren...</translation>
+    </message>
+    <message>
+        <source>Before it was changed: %1</source>
+        <translation>Vor der Änderung: %1</translation>
+    </message>
+    <message>
+        <source>The keys for &quot;%1&quot; are the ones that you press now.</source>
+        <translation>Die Tasten für „%1“ sind die, die Sie jetzt drücken.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed: %2.</source>
+        <translation>%1 kann nicht vergeben werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 are the keys for &quot;%2&quot;. Press them once more to take them from there, or press others.</source>
+        <translation>%1 sind die Tasten für „%2“. Drücken Sie sie noch einmal, um sie dort wegzunehmen, oder drücken Sie andere.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has the keys %2 now.</source>
+        <translation>„%1“ hat jetzt die Tasten %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has the keys %2 now, and &quot;%3&quot; has them no longer.</source>
+        <translation>„%1“ hat jetzt die Tasten %2, und „%3“ hat sie nicht mehr.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no keys now.</source>
+        <translation>„%1“ hat jetzt keine Tasten.</translation>
+    </message>
+    <message>
+        <source>The keys were taken from &quot;%1&quot;.</source>
+        <translation>Die Tasten wurden „%1“ weggenommen.</translation>
+    </message>
+    <message>
+        <source>All actions have the keys that they came with.</source>
+        <translation>Alle Aktionen haben die Tasten, die sie von Haus aus hatten.</translation>
+    </message>
+    <message>
+        <source>Export Keyboard Shortcuts</source>
+        <translation>Tastenkürzel exportieren</translation>
+    </message>
+    <message>
+        <source>Import Keyboard Shortcuts</source>
+        <translation>Tastenkürzel importieren</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts (*.keys)</source>
+        <translation>Tastenkürzel (*.keys)</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 holds no keyboard shortcuts.</source>
+        <translation>%1 enthält keine Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>The keys are those of the file %1.</source>
+        <translation>Die Tasten sind die der Datei %1.</translation>
     </message>
 </context>
 <context>

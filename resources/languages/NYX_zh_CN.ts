@@ -2,6 +2,60 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CActionCentre</name>
+    <message>
+        <source>Search &amp;Actions...</source>
+        <translation>搜索操作(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Find any action, page or item by its name</source>
+        <translation>按名称查找任何操作、页面或对象</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard Shortcuts...</source>
+        <translation>键盘快捷键(&amp;K)...</translation>
+    </message>
+    <message>
+        <source>See and change the keys of all actions</source>
+        <translation>查看和更改所有操作的按键</translation>
+    </message>
+    <message>
+        <source>No project is open</source>
+        <translation>没有打开的项目</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo</source>
+        <translation>没有可撤销的操作</translation>
+    </message>
+    <message>
+        <source>There is nothing to redo</source>
+        <translation>没有可重做的操作</translation>
+    </message>
+    <message>
+        <source>Nothing has been saved over what you saved last</source>
+        <translation>上次保存的内容未被覆盖</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>it is used on the canvas</source>
+        <translation>画布上要使用它</translation>
+    </message>
+    <message>
+        <source>it opens a menu</source>
+        <translation>它用于打开菜单</translation>
+    </message>
+</context>
+<context>
+    <name>CActionFinder</name>
+    <message>
+        <source>Search for actions, pages and items</source>
+        <translation>搜索操作、页面和对象</translation>
+    </message>
+</context>
+<context>
     <name>CArrangeActions</name>
     <message>
         <source>Align &amp;Left</source>
@@ -652,6 +706,121 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>H</source>
         <translation>高</translation>
+    </message>
+</context>
+<context>
+    <name>CShortcutDialog</name>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Search by name, menu or keys</source>
+        <translation>按名称、菜单或按键搜索</translation>
+    </message>
+    <message>
+        <source>Press the new keys; Esc leaves it as it is</source>
+        <translation>按下新的按键；Esc 保持不变</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>&amp;Change</source>
+        <translation>更改(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>添加(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>移除(&amp;R)</translation>
+    </message>
+    <message>
+        <source>R&amp;eset</source>
+        <translation>重置(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Reset A&amp;ll</source>
+        <translation>全部重置(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>导入(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>E&amp;xport...</source>
+        <translation>导出(&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Before it was changed: %1</source>
+        <translation>更改之前：%1</translation>
+    </message>
+    <message>
+        <source>The keys for &quot;%1&quot; are the ones that you press now.</source>
+        <translation>“%1”的按键将是您现在按下的按键。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed: %2.</source>
+        <translation>%1 不能更改：%2。</translation>
+    </message>
+    <message>
+        <source>%1 are the keys for &quot;%2&quot;. Press them once more to take them from there, or press others.</source>
+        <translation>%1 是“%2”的按键。再按一次即可从那里取走，或者按其他按键。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has the keys %2 now.</source>
+        <translation>“%1”的按键现在是 %2。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has the keys %2 now, and &quot;%3&quot; has them no longer.</source>
+        <translation>“%1”的按键现在是 %2，“%3”不再使用它们。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no keys now.</source>
+        <translation>“%1”现在没有按键。</translation>
+    </message>
+    <message>
+        <source>The keys were taken from &quot;%1&quot;.</source>
+        <translation>这些按键已从“%1”取走。</translation>
+    </message>
+    <message>
+        <source>All actions have the keys that they came with.</source>
+        <translation>所有操作都恢复了原有的按键。</translation>
+    </message>
+    <message>
+        <source>Export Keyboard Shortcuts</source>
+        <translation>导出键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Import Keyboard Shortcuts</source>
+        <translation>导入键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts (*.keys)</source>
+        <translation>键盘快捷键 (*.keys)</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存 %1</translation>
+    </message>
+    <message>
+        <source>%1 holds no keyboard shortcuts.</source>
+        <translation>%1 不包含键盘快捷键。</translation>
+    </message>
+    <message>
+        <source>The keys are those of the file %1.</source>
+        <translation>按键取自文件 %1。</translation>
     </message>
 </context>
 <context>

@@ -1,4 +1,5 @@
-#include "CArrangeActions.h"
+#include "CActionCentre.h"
+#include "CActionFinder.h"
 #include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
@@ -14,9 +15,11 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
+#include "CScreenView.h"
 #include "CSettings.h"
 #include "CStartPage.h"
 #include "CWidgetPropertiesView.h"
+#include "CWindowActions.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramFolder.h"
@@ -97,12 +100,92 @@ private Q_SLOTS:
                                 "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
                                 "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
                                 "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+Shift+H");
-        for (int what = 0; what < CItemArrange::WhatCount; ++what) {
-            for (const QKeySequence &each :
-                 m_window->arrangeActions()->action(CItemArrange::EWhat(what))->shortcuts())
-                all.append(each.toString());
+    }
+
+    /// Of all actions, whoever made them: no two have the same keys or the same id, and each can be
+    /// given keys.
+    void actionsAreKnown()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        QStringList ids;
+        QStringList keys;
+        for (const auto &each : m_window->actionCentre()->actions()->all()) {
+            QVERIFY2(!each.id.isEmpty() || each.menu.contains("Recent"), qPrintable(each.text));
+            if (!each.id.isEmpty())
+                ids << each.id;
+            for (const QKeySequence &key : each.action->shortcuts())
+                keys << key.toString();
         }
-        QCOMPARE(all.removeDuplicates(), 0);
+        QVERIFY(ids.size() > 70 && ids.contains("Undo") && ids.contains("alignLeft"));
+        QCOMPARE(ids.removeDuplicates(), 0);
+        QCOMPARE(keys.removeDuplicates(), 0);
+    }
+
+    /// Keys alone: the search finds and runs, selects, and gives the keys back to where they were;
+    /// keys that are changed work, the old ones do not, and the next window has them too.
+    void searchAndShortcuts()
+    {
+        writeFile(m_project, twoPages().replace("color=\"#000000\"/>",
+                                                "color=\"#000000\"><Kiv_Widget_T "
+                                                "type=\"Kiv_Text_T\" id=\"7\" name=\"Fill level\" "
+                                                "x_coordinate=\"20\"/></Kiv_Screen_T>"));
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        const auto *screens = m_window->findChild<CScreen *>();
+        auto *filter = m_window->findChild<QLineEdit *>("widgetFilter");
+        auto *finder = m_window->actionCentre()->finder();
+        auto *list = finder->findChild<QListView *>();
+        const auto find = [&](const QString &text) {
+            QTest::keyClick(m_window.get(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+            QVERIFY(finder->isVisible());
+            QTest::keyClicks(QApplication::focusWidget(), text);
+        };
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        filter->setFocus();
+        find("light");
+        press(Qt::Key_Escape);
+        QVERIFY(!finder->isVisible() && filter->hasFocus() && filter->text().isEmpty());
+        find("undo");
+        QCOMPARE(list->currentIndex().data(CFoundList::LackRole).toString(),
+                 QString("There is nothing to undo"));
+        press(Qt::Key_Return); // cannot be
+        QVERIFY(finder->isVisible());
+        press(Qt::Key_Escape);
+        find("new pa");
+        press(Qt::Key_Return);
+        QVERIFY(!finder->isVisible());
+        QCOMPARE(m_window->project()->screenCount(), 3);
+        find("");
+        QCOMPARE(list->currentIndex().data().toString(), QString("New Page")); // used last
+        press(Qt::Key_Escape);
+        find("fill");
+        press(Qt::Key_Return);
+        QCOMPARE(screens->currentScreen(), m_window->project()->screen(1));
+        QCOMPARE(screens->selectedItems().value(0), m_window->project()->screen(1)->childItem(0));
+        QVERIFY(screens->currentView()->hasFocus());
+
+        m_answers->expect([](QDialog *dialog) {
+            QVERIFY(QTest::qWaitForWindowActive(dialog));
+            QTest::keyClicks(dialog->findChild<QLineEdit *>("shortcutSearch"), "duplicate");
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_F9);
+            dialog->accept();
+        });
+        find("keyboard sh");
+        press(Qt::Key_Return);
+        m_window->activateWindow(); // there is no window manager
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        const CItemModel *page = screens->currentScreen();
+        screens->currentView()->setFocus();
+        QTest::keyClick(screens->currentView(), Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(page->rowCount(), 1); // no longer
+        QTest::keyClick(screens->currentView(), Qt::Key_F9);
+        QCOMPARE(page->rowCount(), 2);
+        m_window->closeUnattended();
+        m_window = std::make_unique<CMainWindow>();
+        QCOMPARE(m_window->actions()->action(CMenuBar::Duplicate)->shortcut(), QKeySequence("F9"));
+        QCOMPARE(m_window->actionCentre()->finder()->lastUsed().value(1), QString("NewPage"));
     }
 
     void zoomMarks()

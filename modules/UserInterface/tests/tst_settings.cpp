@@ -40,10 +40,9 @@ private Q_SLOTS:
         QVERIFY(CSettings(m_folder->path()).write({}));
         QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
                  "autosaveInterval favouriteWidgets gridColor gridSize gridType isMaximized "
-                 "language lastFolder "
-                 "lastWidgets latestProjects mainWindow savingFolderPath screenshotDir showGrid "
-                 "snapToGrid "
-                 "statusBar theme windowState windowStateCheck zoomPercent zoomType");
+                 "language lastFolder lastWidgets latestProjects mainWindow projectViews "
+                 "savingFolderPath screenshotDir shortcuts showGrid snapToGrid statusBar theme "
+                 "usedActions windowState windowStateCheck zoomPercent zoomType");
     }
 
     void absurdValues_data()

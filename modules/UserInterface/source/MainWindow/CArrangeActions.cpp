@@ -72,12 +72,14 @@ void CArrangeActions::makeActions()
 {
     for (int what = 0; what < CItemArrange::WhatCount; ++what) {
         auto *action = new QAction(iconOf(Rows[what].icon), QString(), m_window);
+        action->setObjectName(QString::fromLatin1(Rows[what].icon));
         action->setShortcut(QKeySequence(QLatin1String(Rows[what].keys)));
         connect(action, &QAction::triggered, this,
                 [this, what] { run(CItemArrange::EWhat(what)); });
         m_actions.at(size_t(what)) = action;
     }
     m_toPage = new QAction(iconOf("alignToPage"), QString(), m_window);
+    m_toPage->setObjectName(QStringLiteral("alignToPage"));
     m_toPage->setCheckable(true);
 }
 

@@ -19,7 +19,7 @@ namespace {
 constexpr QSize FirstSize(1040, 760);
 }
 
-CHelpWindow::CHelpWindow(const QString &page, QWidget *parent)
+CHelpWindow::CHelpWindow(const QString &page, const QString &place, QWidget *parent)
     : QWidget(parent, Qt::Window), m_folder(QFileInfo(page).path()), m_view(new QWebView(this))
 {
     setObjectName(QStringLiteral("helpWindow"));
@@ -37,7 +37,10 @@ CHelpWindow::CHelpWindow(const QString &page, QWidget *parent)
     connect(m_view, &QWebView::linkClicked, this, &CHelpWindow::follow);
     connect(qGuiApp, &QGuiApplication::paletteChanged, this, &CHelpWindow::showTheme);
     showTheme(); // before the page is there, so that it never flashes
-    m_view->load(QUrl::fromLocalFile(page));
+    QUrl address = QUrl::fromLocalFile(page);
+    if (!place.isEmpty())
+        address.setFragment(place);
+    m_view->load(address);
 }
 
 /// The page is light by itself; a second sheet makes it dark.

@@ -12,8 +12,8 @@ class CHelpWindow final : public QWidget
     Q_OBJECT
 
 public:
-    /// `page`: the file that is shown first; absolute.
-    explicit CHelpWindow(const QString &page, QWidget *parent = nullptr);
+    /// `page`: the file that is shown first; absolute. `place`: the id of a part of it, or empty.
+    CHelpWindow(const QString &page, const QString &place, QWidget *parent);
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -43,6 +43,8 @@ public:
     QList<CItemModel *> selectedItems() const;
     /// Selects exactly these in all panels.
     void select(const QList<CItemModel *> &items);
+    /// Opens the page of an item and selects it; a member of a group through its group.
+    void reveal(CItemModel *item);
     /// Where the keys of the action mean the selection: on a canvas and in the explorer.
     void addDeselectAction(QAction *action);
 
@@ -89,7 +91,6 @@ private:
     void showStep();
     void showSelection();
     void openPageOf(CItemModel *item);
-    void reveal(CItemModel *item);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
     void layOut();

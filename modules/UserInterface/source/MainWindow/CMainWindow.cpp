@@ -1,5 +1,6 @@
 #include "CMainWindow.h"
 
+#include "CActionCentre.h"
 #include "CArrangeActions.h"
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
@@ -82,6 +83,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_arrange = new CArrangeActions(this, m_panels, m_menuBar->menu(CMenuBar::ArrangeMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_edit->watchKeysOf(*m_menuBar);
+    m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
     m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
     connectSession();
@@ -317,6 +319,7 @@ void CMainWindow::changeEvent(QEvent *event)
         return;
     m_menuBar->retranslate();
     m_arrange->retranslate();
+    m_centre->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class CActionCentre;
 class CArrangeActions;
 class CAutosaver;
 class CAutosaveTimer;
@@ -58,6 +59,9 @@ public:
     CRecentProjects *recentProjects() const { return m_recent; }
     CMenuBar *actions() const { return m_menuBar; }
     CArrangeActions *arrangeActions() const { return m_arrange; }
+    CActionCentre *actionCentre() const { return m_centre; }
+    /// A new window with the user guide, not shown yet. `place`: the id of a part of it.
+    CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -186,6 +190,7 @@ private:
     std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
     CArrangeActions *m_arrange = nullptr;
+    CActionCentre *m_centre = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

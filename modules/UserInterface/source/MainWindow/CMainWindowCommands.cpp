@@ -251,10 +251,15 @@ void CMainWindow::orderingBackward()
 void CMainWindow::showHelp()
 {
     if (!m_help)
-        m_help = new CHelpWindow(m_folder + QStringLiteral("/html/help.htm"), this);
+        m_help = makeHelp({}, this);
     m_help->show();
     m_help->raise();
     m_help->activateWindow();
+}
+
+CHelpWindow *CMainWindow::makeHelp(const QString &place, QWidget *parent) const
+{
+    return new CHelpWindow(m_folder + QStringLiteral("/html/help.htm"), place, parent);
 }
 
 void CMainWindow::showOptionDialog()

@@ -1,4 +1,6 @@
 // What the window takes from the settings, and what it keeps there.
+#include "CActionCentre.h"
+#include "CActionFinder.h"
 #include "CDialogQuestions.h"
 #include "CEditorState.h"
 #include "CLanguageLoader.h"
@@ -10,6 +12,7 @@
 #include "CSettings.h"
 #include "CStartMark.h"
 #include "CWidgetSelectionView.h"
+#include "CWindowActions.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ShownText.h"
@@ -69,6 +72,8 @@ void CMainWindow::useSettings(const SSettings &values)
     setAutosaveInterval(values.autosaveInterval);
     m_panels->palette()->setShelf(CWidgetSelectionView::Favourites, values.favouriteWidgets);
     m_panels->palette()->setShelf(CWidgetSelectionView::LastUsed, values.lastWidgets);
+    m_centre->actions()->setShortcutTexts(values.shortcuts);
+    m_centre->finder()->setLastUsed(values.usedActions);
 }
 
 void CMainWindow::writeSettings()
@@ -96,5 +101,7 @@ void CMainWindow::writeSettings()
     values.snapToGrid = state->isSnapToGrid();
     values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
+    values.shortcuts = m_centre->actions()->shortcutTexts();
+    values.usedActions = m_centre->finder()->lastUsed();
     m_settings->write(values);
 }

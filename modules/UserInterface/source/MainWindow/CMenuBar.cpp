@@ -13,6 +13,7 @@
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMetaEnum>
 #include <QToolBar>
 #include <QUndoGroup>
 
@@ -52,6 +53,7 @@ QAction *CMenuBar::makeAction(int id)
     QAction *action = id == Undo   ? undo->createUndoAction(m_window, tr(row.text))
                       : id == Redo ? undo->createRedoAction(m_window, tr(row.text))
                                    : new QAction(m_window);
+    action->setObjectName(QString::fromLatin1(QMetaEnum::fromType<EAction>().valueToKey(row.id)));
     if (row.icon)
         action->setIcon(CThemeIcons::icon(QStringLiteral(":/images/%1.png").arg(row.icon)));
     action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(row.keys)));

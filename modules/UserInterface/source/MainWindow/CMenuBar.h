@@ -87,6 +87,7 @@ public:
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };
+    Q_ENUM(EAction)
     enum EMenu {
         FileMenu,
         EditMenu,

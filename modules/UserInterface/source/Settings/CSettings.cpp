@@ -35,6 +35,9 @@ constexpr char snapToGrid[] = "snapToGrid";
 constexpr char isMaximized[] = "isMaximized";
 constexpr char favouriteWidgets[] = "favouriteWidgets";
 constexpr char lastWidgets[] = "lastWidgets";
+constexpr char shortcuts[] = "shortcuts";
+constexpr char usedActions[] = "usedActions";
+constexpr char projectViews[] = "projectViews";
 } // namespace Key
 
 constexpr qint64 MaxBytes = qint64{1} << 20;
@@ -45,7 +48,8 @@ constexpr int MinWindowSide = 200;   // pixels
 constexpr int MaxWindowSide = 32000;
 constexpr int MaxTextLength = 4096; // of a path; longer ones no system has
 constexpr int MaxProjects = 10;
-constexpr int MaxKinds = 100; ///< of widgets in a list
+constexpr int MaxKinds = 100;  ///< of widgets in a list
+constexpr int MaxTexts = 1000; // of a list whose reader has limits of its own
 
 void readInt(const CIniText &file, const char *key, int smallest, int largest, int *value)
 {
@@ -224,6 +228,9 @@ SSettings CSettings::read(QString *aside) const
     readBool(file, Key::isMaximized, &values.isMaximized);
     values.favouriteWidgets = readTexts(file, Key::favouriteWidgets, MaxKinds);
     values.lastWidgets = readTexts(file, Key::lastWidgets, MaxKinds);
+    values.shortcuts = readTexts(file, Key::shortcuts, MaxTexts);
+    values.usedActions = readTexts(file, Key::usedActions, MaxTexts);
+    values.projectViews = readTexts(file, Key::projectViews, MaxTexts);
     return values;
 }
 
@@ -257,6 +264,9 @@ bool CSettings::write(const SSettings &values) const
     setBool(Key::isMaximized, values.isMaximized);
     file.setList(Key::favouriteWidgets, values.favouriteWidgets);
     file.setList(Key::lastWidgets, values.lastWidgets);
+    file.setList(Key::shortcuts, values.shortcuts);
+    file.setList(Key::usedActions, values.usedActions);
+    file.setList(Key::projectViews, values.projectViews);
     const QString problem = CFileWriter::write(path(), file.toText());
     if (problem.isEmpty())
         return true;

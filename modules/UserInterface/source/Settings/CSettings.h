@@ -29,6 +29,9 @@ struct SSettings
     bool isMaximized = false;
     QStringList favouriteWidgets; ///< kinds, in the palette
     QStringList lastWidgets;      ///< kinds, the one that was used last first
+    QStringList shortcuts;        ///< texts of CShortcutMap
+    QStringList usedActions;      ///< ids, the one that was used last first
+    QStringList projectViews;     ///< texts of CProjectViews
 };
 
 /// The settings file. A key that is missing, or whose value makes no sense, gets its default and
