@@ -57,24 +57,34 @@ double median(std::vector<double> &values)
     return *middle;
 }
 
+const QRgb *rowOf(const QImage &picture, int y)
+{
+    return reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+}
+
 /// Between a text and what is behind it, where its strokes are fullest; 0 when nothing of it is
-/// seen because something lies in front.
+/// seen because something lies in front. Both pictures are Format_RGB32.
 double contrastOf(const CListProbe::STextRun &text, const QImage &with, const QImage &without)
 {
     const QRect area = text.ink.intersected(with.rect());
     int fullest = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb *here = rowOf(with, y);
+        const QRgb *behind = rowOf(without, y);
         for (int x = area.left(); x <= area.right(); ++x)
-            fullest = std::max(fullest, distance(with.pixel(x, y), without.pixel(x, y)));
+            fullest = std::max(fullest, distance(here[x], behind[x]));
+    }
     std::vector<double> ratios;
-    for (int y = area.top(); y <= area.bottom(); ++y)
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb *here = rowOf(with, y);
+        const QRgb *behind = rowOf(without, y);
         for (int x = area.left(); x <= area.right(); ++x) {
-            const QRgb behind = without.pixel(x, y);
             if (fullest == 0)
-                ratios.push_back(contrast(text.colour, behind));
-            else if (4 * distance(with.pixel(x, y), behind) >= 3 * fullest)
-                ratios.push_back(contrast(with.pixel(x, y), behind));
+                ratios.push_back(contrast(text.colour, behind[x]));
+            else if (4 * distance(here[x], behind[x]) >= 3 * fullest)
+                ratios.push_back(contrast(here[x], behind[x]));
         }
+    }
     if (ratios.empty())
         return 0;
     const double ratio = median(ratios);
@@ -215,6 +225,6 @@ void checkPictures(CRuleContext &context, const SScreenExport &render)
     for (const quint32 id : qAsConst(several))
         items.remove(id);
     checkTextSize(context, probe, items);
-    checkContrast(context, probe, render.frame, items);
+    checkContrast(context, probe, render.frame.convertToFormat(QImage::Format_RGB32), items);
     checkHidden(context, probe, render, items);
 }
