@@ -26,6 +26,7 @@ struct Inks
 constexpr Inks themes[] = {
     {"dark", "#e8e8e8", "#8cbef0", "#f2b33d", "#ff7b70", "#989898"},
     {"light", "#202020", "#184880", "#6a4300", "#a01010", "#5a5a5a"},
+    {"bright", "#2b333b", "#1f6fb2", "#8a4b00", "#b3261e", "#7d8792"},
 };
 
 /// Device pixels at which the editor shows icons: 16, 20 and 24 units at 100 %, 125 %, 150 %, 200

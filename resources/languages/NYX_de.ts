@@ -1596,6 +1596,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Show everything on this page that is hidden while editing</source>
         <translation>Alles zeigen, was auf dieser Seite beim Bearbeiten ausgeblendet ist</translation>
     </message>
+    <message>
+        <source>&amp;Bright</source>
+        <translation>&amp;Weiß</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Bright style</source>
+        <translation>Zum weißen Farbschema wechseln</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>

@@ -1596,6 +1596,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Show everything on this page that is hidden while editing</source>
         <translation>显示此页面上编辑时隐藏的全部内容</translation>
     </message>
+    <message>
+        <source>&amp;Bright</source>
+        <translation>明亮(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Change the theme to the Bright style</source>
+        <translation>切换到明亮主题</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>

@@ -8,8 +8,8 @@
 
 namespace {
 
-const QString dark = QStringLiteral("dark");
-const QString light = QStringLiteral("light");
+constexpr CTheme::Kind AllThemes[] = {CTheme::Kind::Dark, CTheme::Kind::Light,
+                                      CTheme::Kind::Bright};
 
 double luminance(QRgb colour)
 {
@@ -28,9 +28,11 @@ double contrast(QRgb a, QRgb b)
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-QRgb windowColour(const QString &theme)
+QRgb windowColour(CTheme::Kind kind)
 {
-    return theme == dark ? qRgb(64, 64, 64) : qRgb(192, 192, 192);
+    return kind == CTheme::Kind::Dark    ? qRgb(64, 64, 64)
+           : kind == CTheme::Kind::Light ? qRgb(192, 192, 192)
+                                         : qRgb(245, 246, 248);
 }
 
 /// The contrast of the pixel that stands out most from a ground.
@@ -70,8 +72,9 @@ private Q_SLOTS:
         CTheme theme(&window);
         warnings = 0;
         previousHandler = qInstallMessageHandler(countWarnings);
-        for (const auto kind : {CTheme::Kind::Light, CTheme::Kind::Dark, CTheme::Kind::Light}) {
+        for (const auto kind : AllThemes) {
             theme.apply(kind);
+            QCOMPARE(CTheme::kindOf(theme.name()), kind);
             window.ensurePolished();
             QCOMPARE(theme.name(), CTheme::nameOf(kind));
             QVERIFY(!window.styleSheet().contains('@'));
@@ -95,6 +98,29 @@ private Q_SLOTS:
             QCOMPARE(list->palette().color(role).name(), expected.color(role).name());
     }
 
+    /// Texts of every weight, on whatever they stand. What the two old themes have is fixed.
+    void textsAreLegible()
+    {
+        using P = QPalette;
+        const std::pair<P::ColorRole, P::ColorRole> pairs[] = {{P::WindowText, P::Window},
+                                                               {P::ButtonText, P::Button},
+                                                               {P::Text, P::Base},
+                                                               {P::Text, P::AlternateBase},
+                                                               {P::Link, P::Window},
+                                                               {P::Link, P::Base},
+                                                               {P::PlaceholderText, P::Base},
+                                                               {P::PlaceholderText, P::Window},
+                                                               {P::HighlightedText, P::Highlight}};
+        for (const auto kind : AllThemes) {
+            const P palette = CTheme::palette(kind);
+            const double least = kind == CTheme::Kind::Bright ? 4.5 : 3.9;
+            QCOMPARE(palette.color(P::Window).rgb(), windowColour(kind));
+            for (const auto &[text, ground] : pairs)
+                QVERIFY2(contrast(palette.color(text).rgb(), palette.color(ground).rgb()) >= least,
+                         qPrintable(CTheme::nameOf(kind) + QString(" %1").arg(text)));
+        }
+    }
+
     /// And when it is disabled, weaker than before.
     void iconsAreLegible()
     {
@@ -102,8 +128,8 @@ private Q_SLOTS:
             if (QStringList{"icon.png", "error.png", "warning.png"}.contains(file) ||
                 file.contains("@"))
                 continue;
-            for (const QString &theme : {dark, light}) {
-                CThemeIcons::setTheme(theme);
+            for (const auto theme : AllThemes) {
+                CThemeIcons::setTheme(CTheme::nameOf(theme));
                 const QIcon icon = CThemeIcons::icon(":/images/" + file);
                 const auto seen = [&](QIcon::Mode mode) {
                     return strongestContrast(icon.pixmap(24, 24, mode).toImage(),
@@ -116,11 +142,11 @@ private Q_SLOTS:
         }
     }
 
-    /// In both themes: the focus is seen and moves nothing, and what is disabled can be read and
+    /// In all themes: the focus is seen and moves nothing, and what is disabled can be read and
     /// told from what is not.
     void controls()
     {
-        for (const auto kind : {CTheme::Kind::Dark, CTheme::Kind::Light})
+        for (const auto kind : AllThemes)
             check(kind, {new QPushButton("Hxm"), new QCheckBox("Hxm"), new QRadioButton("Hxm"),
                          new QLineEdit("Hxm"), new QSpinBox, new QSlider(Qt::Horizontal),
                          filled(new QComboBox), filled(new QListWidget)});
@@ -163,7 +189,7 @@ private:
             const QImage focused = grab();
             QVERIFY(focused != plain);
             QCOMPARE(control->sizeHint(), size);
-            const QRgb ground = windowColour(CTheme::nameOf(kind));
+            const QRgb ground = windowColour(kind);
             QImage ring = focused; // what is new, which has to stand out as outlines must
             for (int y = 0; y < plain.height(); ++y) {
                 for (int x = 0; x < plain.width(); ++x)
@@ -178,7 +204,8 @@ private:
             QVERIFY(disabled != plain);
             QVERIFY(strongestContrast(disabled, ground) < strongestContrast(plain, ground));
             if (!qobject_cast<QSlider *>(control))
-                QVERIFY(strongestContrast(disabled, ground) >= 3.0);
+                QVERIFY(strongestContrast(disabled, ground) >=
+                        (kind == CTheme::Kind::Bright ? 4.5 : 3.0));
         }
     }
 };

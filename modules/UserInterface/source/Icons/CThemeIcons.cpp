@@ -22,7 +22,8 @@ QIcon applicationIcon()
 
 void CThemeIcons::setTheme(const QString &name)
 {
-    themeInForce = name == QStringLiteral("light") ? name : QStringLiteral("dark");
+    const bool isKnown = name == QStringLiteral("light") || name == QStringLiteral("bright");
+    themeInForce = isKnown ? name : QStringLiteral("dark");
 }
 
 QString CThemeIcons::theme()

@@ -8,7 +8,7 @@
 class CThemeIcons
 {
 public:
-    /// Theme of all icons from now on: "dark" or "light"; any other name means dark.
+    /// Theme of all icons from now on: "dark", "light" or "bright"; any other name means dark.
     static void setTheme(const QString &name);
     static QString theme();
 

@@ -23,6 +23,8 @@ struct Colours
 
 Colours coloursOf(CTheme::Kind kind)
 {
+    if (kind == CTheme::Kind::Bright)
+        return {"#f5f6f8", "#ffffff", "#1b2026", "#bbdaf3", "#1a639f", "#5f6975"};
     if (kind == CTheme::Kind::Light)
         return {{192, 192, 192}, {208, 208, 208}, Qt::black,
                 {128, 160, 192}, {24, 72, 128},   {88, 88, 88}};
@@ -66,7 +68,23 @@ void CTheme::showErrorIcons()
 
 QString CTheme::nameOf(Kind kind)
 {
-    return kind == Kind::Light ? QStringLiteral("light") : QStringLiteral("dark");
+    switch (kind) {
+    case Kind::Light:
+        return QStringLiteral("light");
+    case Kind::Bright:
+        return QStringLiteral("bright");
+    default:
+        return QStringLiteral("dark");
+    }
+}
+
+CTheme::Kind CTheme::kindOf(const QString &name)
+{
+    for (const Kind each : {Kind::Light, Kind::Bright}) {
+        if (name == nameOf(each))
+            return each;
+    }
+    return Kind::Dark;
 }
 
 QPalette CTheme::palette(Kind kind)

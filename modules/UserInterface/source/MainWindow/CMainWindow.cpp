@@ -337,7 +337,10 @@ bool CMainWindow::isBusy() const
 void CMainWindow::showTheme(CTheme::Kind kind)
 {
     m_theme.apply(kind);
-    m_menuBar->setChecked(kind == CTheme::Kind::Light ? CMenuBar::Light : CMenuBar::Dark, true);
+    m_menuBar->setChecked(kind == CTheme::Kind::Light    ? CMenuBar::Light
+                          : kind == CTheme::Kind::Bright ? CMenuBar::Bright
+                                                         : CMenuBar::Dark,
+                          true);
 }
 
 /// The marks of the Windows menu follow what is shown, also when a dock was closed by its button.

@@ -88,6 +88,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     void darkStyle();
     void lightStyle();
+    void brightStyle();
     void toggleStatusBar();
     void toggleOutputWindow();
     void togglePropertiesWindow();

@@ -57,6 +57,11 @@ void CMainWindow::lightStyle()
     showTheme(CTheme::Kind::Light);
 }
 
+void CMainWindow::brightStyle()
+{
+    showTheme(CTheme::Kind::Bright);
+}
+
 void CMainWindow::toggleStatusBar()
 {
     toggle(statusBar());

@@ -64,7 +64,7 @@ void CMainWindow::useSettings(const SSettings &values)
     Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
     m_recent->setPaths(values.latestProjects);
     m_screenshotFolder = values.screenshotDir;
-    showTheme(values.theme == QLatin1String("light") ? CTheme::Kind::Light : CTheme::Kind::Dark);
+    showTheme(CTheme::kindOf(values.theme));
     savingPathChanged(values.savingFolderPath);
     m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
                                                                         : m_savingFolder);

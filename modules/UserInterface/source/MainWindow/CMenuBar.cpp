@@ -43,6 +43,7 @@ void CMenuBar::makeActions()
     m_themeGroup = new QActionGroup(this);
     m_themeGroup->addAction(m_actions[Dark]);
     m_themeGroup->addAction(m_actions[Light]);
+    m_themeGroup->addAction(m_actions[Bright]);
 }
 
 QAction *CMenuBar::makeAction(int id)

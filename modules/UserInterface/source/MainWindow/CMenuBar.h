@@ -84,6 +84,7 @@ public:
         ZoomSelection,
         HideShow,
         ShowHidden,
+        Bright,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };

@@ -132,6 +132,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.hideItems(); }},
         {CMenuBar::ShowHidden, QT_TRANSLATE_NOOP("CMenuBar", "Sho&w All Hidden"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Show everything on this page that is hidden while editing"), nullptr, No,
          [](W &w, B &) { w.showHiddenItems(); }},
+        {CMenuBar::Bright, QT_TRANSLATE_NOOP("CMenuBar", "&Bright"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the theme to the Bright style"), nullptr, Off,
+         [](W &w, B &) { w.brightStyle(); }},
     };
     return table;
 }
@@ -157,7 +159,7 @@ const std::vector<SMenu> &menus()
         {M::ClipboardMenu, QT_TRANSLATE_NOOP("CMenuBar", "Clipboard"), false, {M::Cut, M::Copy, M::Paste, M::Separator, M::PasteInPlace, M::Duplicate}},
         {M::SelectMenu, QT_TRANSLATE_NOOP("CMenuBar", "Select"), false, {M::SelectAll, M::SelectNone, M::SelectInverse}},
         {M::GroupingMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grouping"), false, {M::Group, M::Ungroup}},
-        {M::ThemeMenu, QT_TRANSLATE_NOOP("CMenuBar", "Theme"), false, {M::Dark, M::Light}},
+        {M::ThemeMenu, QT_TRANSLATE_NOOP("CMenuBar", "Theme"), false, {M::Dark, M::Light, M::Bright}},
         {M::ZoomMenu, QT_TRANSLATE_NOOP("CMenuBar", "Zoom"), false, {M::ZoomReset, M::FitToPage, M::FitToWidth, M::ZoomSelection}},
         {M::GridMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grid"), false, {M::GridToggle, M::GridType, M::GridColour}},
         {M::WindowsMenu, QT_TRANSLATE_NOOP("CMenuBar", "Windows"), false,

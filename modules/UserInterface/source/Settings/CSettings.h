@@ -19,7 +19,7 @@ struct SSettings
     Qt::PenStyle gridType = Qt::SolidLine;
     QStringList latestProjects;
     QString screenshotDir;
-    QString theme; ///< "dark", "light" or anything else
+    QString theme; ///< as CTheme::name(), or anything else
     bool statusBar = false;
     QString savingFolderPath;
     int autosaveInterval = 10; ///< seconds; 0 or less: off

@@ -255,7 +255,10 @@ void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
 {
     const QColor window = palette().color(QPalette::Window);
     const bool isDark = window.lightness() < 128;
-    painter->fillRect(rect, isDark ? window.darker(130) : window.lighter(106));
+    const bool isAlmostWhite = window.lightness() > 224; // then pages would not stand out
+    painter->fillRect(rect, isDark          ? window.darker(130)
+                            : isAlmostWhite ? window.darker(107)
+                                            : window.lighter(106));
     const QRectF page = m_scene->sceneRect();
     const double pixel = 1 / transform().m11();
     if (!page.contains(rect))
