@@ -858,6 +858,178 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
 </context>
 <context>
+    <name>CGuideActions</name>
+    <message>
+        <source>Pixels from the left:</source>
+        <translation>Pixel von links:</translation>
+    </message>
+    <message>
+        <source>Pixels from the top:</source>
+        <translation>Pixel von oben:</translation>
+    </message>
+    <message>
+        <source>Guides</source>
+        <translation>Hilfslinien</translation>
+    </message>
+    <message>
+        <source>&amp;Show Guides</source>
+        <translation>Hilfslinien an&amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Show the guides, which are drawn out of the rulers</source>
+        <translation>Die Hilfslinien anzeigen, die aus den Linealen gezogen werden</translation>
+    </message>
+    <message>
+        <source>New &amp;Vertical Guide...</source>
+        <translation>Neue &amp;senkrechte Hilfslinie...</translation>
+    </message>
+    <message>
+        <source>New &amp;Horizontal Guide...</source>
+        <translation>Neue &amp;waagerechte Hilfslinie...</translation>
+    </message>
+    <message>
+        <source>Add a guide at a given place</source>
+        <translation>Eine Hilfslinie an einer bestimmten Stelle hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Lock All Guides</source>
+        <translation>Alle Hilfslinien s&amp;perren</translation>
+    </message>
+    <message>
+        <source>The pointer takes hold of no guide of the page</source>
+        <translation>Der Zeiger greift keine Hilfslinie der Seite</translation>
+    </message>
+    <message>
+        <source>&amp;Unlock All Guides</source>
+        <translation>Alle Hilfslinien &amp;entsperren</translation>
+    </message>
+    <message>
+        <source>The pointer takes hold of the page&apos;s guides</source>
+        <translation>Der Zeiger greift die Hilfslinien der Seite</translation>
+    </message>
+    <message>
+        <source>&amp;Clear All Guides</source>
+        <translation>Alle Hilfslinien entfe&amp;rnen</translation>
+    </message>
+    <message>
+        <source>Remove all guides from the page</source>
+        <translation>Alle Hilfslinien von der Seite entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideEdits</name>
+    <message>
+        <source>Add Guide</source>
+        <translation>Hilfslinie hinzufügen</translation>
+    </message>
+    <message>
+        <source>Move Guide</source>
+        <translation>Hilfslinie verschieben</translation>
+    </message>
+    <message>
+        <source>Lock Guide</source>
+        <translation>Hilfslinie sperren</translation>
+    </message>
+    <message>
+        <source>Unlock Guide</source>
+        <translation>Hilfslinie entsperren</translation>
+    </message>
+    <message>
+        <source>Change Guide Colour</source>
+        <translation>Farbe der Hilfslinie ändern</translation>
+    </message>
+    <message>
+        <source>Delete Guide</source>
+        <translation>Hilfslinie löschen</translation>
+    </message>
+    <message>
+        <source>Clear Guides</source>
+        <translation>Hilfslinien entfernen</translation>
+    </message>
+    <message>
+        <source>Lock Guides</source>
+        <translation>Hilfslinien sperren</translation>
+    </message>
+    <message>
+        <source>Unlock Guides</source>
+        <translation>Hilfslinien entsperren</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideMenu</name>
+    <message>
+        <source>&amp;Red</source>
+        <translation>&amp;Rot</translation>
+    </message>
+    <message>
+        <source>&amp;Orange</source>
+        <translation>&amp;Orange</translation>
+    </message>
+    <message>
+        <source>&amp;Green</source>
+        <translation>&amp;Grün</translation>
+    </message>
+    <message>
+        <source>&amp;Blue</source>
+        <translation>&amp;Blau</translation>
+    </message>
+    <message>
+        <source>&amp;Position...</source>
+        <translation>&amp;Position...</translation>
+    </message>
+    <message>
+        <source>&amp;Locked</source>
+        <translation>&amp;Gesperrt</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Guide</source>
+        <translation>Hilfslinie &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Usual</source>
+        <translation>&amp;Übliche</translation>
+    </message>
+    <message>
+        <source>O&amp;ther...</source>
+        <translation>&amp;Andere...</translation>
+    </message>
+    <message>
+        <source>Guide Position</source>
+        <translation>Position der Hilfslinie</translation>
+    </message>
+    <message>
+        <source>Pixels from the left:</source>
+        <translation>Pixel von links:</translation>
+    </message>
+    <message>
+        <source>Pixels from the top:</source>
+        <translation>Pixel von oben:</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideTool</name>
+    <message>
+        <source>No guide</source>
+        <translation>Keine Hilfslinie</translation>
+    </message>
+    <message>
+        <source>Delete guide</source>
+        <translation>Hilfslinie löschen</translation>
+    </message>
+    <message>
+        <source>X %1</source>
+        <translation>X %1</translation>
+    </message>
+    <message>
+        <source>Y %1</source>
+        <translation>Y %1</translation>
+    </message>
+</context>
+<context>
     <name>CHelpWindow</name>
     <message>
         <source>%1 Help</source>

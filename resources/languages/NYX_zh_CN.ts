@@ -858,6 +858,178 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
 </context>
 <context>
+    <name>CGuideActions</name>
+    <message>
+        <source>Pixels from the left:</source>
+        <translation>距左侧的像素:</translation>
+    </message>
+    <message>
+        <source>Pixels from the top:</source>
+        <translation>距顶部的像素:</translation>
+    </message>
+    <message>
+        <source>Guides</source>
+        <translation>参考线</translation>
+    </message>
+    <message>
+        <source>&amp;Show Guides</source>
+        <translation>显示参考线(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Show the guides, which are drawn out of the rulers</source>
+        <translation>显示从标尺拖出的参考线</translation>
+    </message>
+    <message>
+        <source>New &amp;Vertical Guide...</source>
+        <translation>新建垂直参考线(&amp;V)...</translation>
+    </message>
+    <message>
+        <source>New &amp;Horizontal Guide...</source>
+        <translation>新建水平参考线(&amp;H)...</translation>
+    </message>
+    <message>
+        <source>Add a guide at a given place</source>
+        <translation>在指定位置添加参考线</translation>
+    </message>
+    <message>
+        <source>&amp;Lock All Guides</source>
+        <translation>锁定所有参考线(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The pointer takes hold of no guide of the page</source>
+        <translation>指针不再抓取本页面的参考线</translation>
+    </message>
+    <message>
+        <source>&amp;Unlock All Guides</source>
+        <translation>解锁所有参考线(&amp;U)</translation>
+    </message>
+    <message>
+        <source>The pointer takes hold of the page&apos;s guides</source>
+        <translation>指针可抓取本页面的参考线</translation>
+    </message>
+    <message>
+        <source>&amp;Clear All Guides</source>
+        <translation>清除所有参考线(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Remove all guides from the page</source>
+        <translation>从页面移除所有参考线</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideEdits</name>
+    <message>
+        <source>Add Guide</source>
+        <translation>添加参考线</translation>
+    </message>
+    <message>
+        <source>Move Guide</source>
+        <translation>移动参考线</translation>
+    </message>
+    <message>
+        <source>Lock Guide</source>
+        <translation>锁定参考线</translation>
+    </message>
+    <message>
+        <source>Unlock Guide</source>
+        <translation>解锁参考线</translation>
+    </message>
+    <message>
+        <source>Change Guide Colour</source>
+        <translation>更改参考线颜色</translation>
+    </message>
+    <message>
+        <source>Delete Guide</source>
+        <translation>删除参考线</translation>
+    </message>
+    <message>
+        <source>Clear Guides</source>
+        <translation>清除参考线</translation>
+    </message>
+    <message>
+        <source>Lock Guides</source>
+        <translation>锁定所有参考线</translation>
+    </message>
+    <message>
+        <source>Unlock Guides</source>
+        <translation>解锁所有参考线</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideMenu</name>
+    <message>
+        <source>&amp;Red</source>
+        <translation>红色(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Orange</source>
+        <translation>橙色(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Green</source>
+        <translation>绿色(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Blue</source>
+        <translation>蓝色(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Position...</source>
+        <translation>位置(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>&amp;Locked</source>
+        <translation>锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>颜色(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Guide</source>
+        <translation>删除参考线(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Usual</source>
+        <translation>默认(&amp;U)</translation>
+    </message>
+    <message>
+        <source>O&amp;ther...</source>
+        <translation>其他(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Guide Position</source>
+        <translation>参考线位置</translation>
+    </message>
+    <message>
+        <source>Pixels from the left:</source>
+        <translation>距左侧的像素:</translation>
+    </message>
+    <message>
+        <source>Pixels from the top:</source>
+        <translation>距顶部的像素:</translation>
+    </message>
+</context>
+<context>
+    <name>CGuideTool</name>
+    <message>
+        <source>No guide</source>
+        <translation>无参考线</translation>
+    </message>
+    <message>
+        <source>Delete guide</source>
+        <translation>删除参考线</translation>
+    </message>
+    <message>
+        <source>X %1</source>
+        <translation>X %1</translation>
+    </message>
+    <message>
+        <source>Y %1</source>
+        <translation>Y %1</translation>
+    </message>
+</context>
+<context>
     <name>CHelpWindow</name>
     <message>
         <source>%1 Help</source>

@@ -41,7 +41,8 @@ private Q_SLOTS:
         QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
                  "autosaveInterval favouriteWidgets gridColor gridSize gridType isMaximized "
                  "language lastFolder lastWidgets latestProjects mainWindow projectViews "
-                 "savingFolderPath screenshotDir shortcuts showGrid snapToGrid statusBar theme "
+                 "savingFolderPath screenshotDir shortcuts showGrid showGuides snapToGrid "
+                 "statusBar theme "
                  "usedActions windowState windowStateCheck zoomPercent zoomType");
     }
 

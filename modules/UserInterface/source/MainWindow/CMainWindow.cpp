@@ -11,6 +11,7 @@
 #include "CEmulatorSession.h"
 #include "CErrorBox.h"
 #include "CExportController.h"
+#include "CGuideActions.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMenuBar.h"
@@ -81,6 +82,7 @@ CMainWindow::CMainWindow(const QString &file)
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
     m_arrange = new CArrangeActions(this, m_panels, m_menuBar->menu(CMenuBar::ArrangeMenu));
+    m_guides = new CGuideActions(this, m_panels, m_menuBar->menu(CMenuBar::ViewMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
@@ -319,6 +321,7 @@ void CMainWindow::changeEvent(QEvent *event)
         return;
     m_menuBar->retranslate();
     m_arrange->retranslate();
+    m_guides->retranslate();
     m_centre->retranslate();
     m_errorMessage->retranslate();
     showSaveState();

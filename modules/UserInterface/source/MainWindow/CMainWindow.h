@@ -13,6 +13,7 @@
 
 class CActionCentre;
 class CArrangeActions;
+class CGuideActions;
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
@@ -62,6 +63,7 @@ public:
     CActionCentre *actionCentre() const { return m_centre; }
     /// A new window with the user guide, not shown yet. `place`: the id of a part of it.
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
+    CGuideActions *guideActions() const { return m_guides; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -192,6 +194,7 @@ private:
     CMenuBar *m_menuBar = nullptr;
     CArrangeActions *m_arrange = nullptr;
     CActionCentre *m_centre = nullptr;
+    CGuideActions *m_guides = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

@@ -69,6 +69,7 @@ void CMainWindow::useSettings(const SSettings &values)
     m_session->setWorkingDirectory(QFileInfo(values.lastFolder).isDir() ? values.lastFolder
                                                                         : m_savingFolder);
     setSnapToGrid(values.snapToGrid);
+    CEditorState::instance()->setGuidesShown(values.showGuides);
     setAutosaveInterval(values.autosaveInterval);
     m_panels->palette()->setShelf(CWidgetSelectionView::Favourites, values.favouriteWidgets);
     m_panels->palette()->setShelf(CWidgetSelectionView::LastUsed, values.lastWidgets);
@@ -103,5 +104,6 @@ void CMainWindow::writeSettings()
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     values.shortcuts = m_centre->actions()->shortcutTexts();
     values.usedActions = m_centre->finder()->lastUsed();
+    values.showGuides = state->areGuidesShown();
     m_settings->write(values);
 }

@@ -38,6 +38,7 @@ constexpr char lastWidgets[] = "lastWidgets";
 constexpr char shortcuts[] = "shortcuts";
 constexpr char usedActions[] = "usedActions";
 constexpr char projectViews[] = "projectViews";
+constexpr char showGuides[] = "showGuides";
 } // namespace Key
 
 constexpr qint64 MaxBytes = qint64{1} << 20;
@@ -231,6 +232,7 @@ SSettings CSettings::read(QString *aside) const
     values.shortcuts = readTexts(file, Key::shortcuts, MaxTexts);
     values.usedActions = readTexts(file, Key::usedActions, MaxTexts);
     values.projectViews = readTexts(file, Key::projectViews, MaxTexts);
+    readBool(file, Key::showGuides, &values.showGuides);
     return values;
 }
 
@@ -267,6 +269,7 @@ bool CSettings::write(const SSettings &values) const
     file.setList(Key::shortcuts, values.shortcuts);
     file.setList(Key::usedActions, values.usedActions);
     file.setList(Key::projectViews, values.projectViews);
+    setBool(Key::showGuides, values.showGuides);
     const QString problem = CFileWriter::write(path(), file.toText());
     if (problem.isEmpty())
         return true;

@@ -32,6 +32,7 @@ struct SSettings
     QStringList shortcuts;        ///< texts of CShortcutMap
     QStringList usedActions;      ///< ids, the one that was used last first
     QStringList projectViews;     ///< texts of CProjectViews
+    bool showGuides = true;
 };
 
 /// The settings file. A key that is missing, or whose value makes no sense, gets its default and

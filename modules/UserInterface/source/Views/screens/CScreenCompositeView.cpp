@@ -1,5 +1,6 @@
 #include "CScreenCompositeView.h"
 
+#include "CGuideTool.h"
 #include "CProjectModel.h"
 #include "CRuler.h"
 #include "CScreenModel.h"
@@ -23,6 +24,8 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
     layout->addWidget(m_verticalRuler, 1, 0);
     layout->addWidget(m_view, 1, 1);
     setFocusProxy(m_view);
+    connectRuler(m_horizontalRuler, Qt::Horizontal);
+    connectRuler(m_verticalRuler, Qt::Vertical);
 
     connect(m_view, &CScreenView::frameWanted, this, &CScreenCompositeView::requestFrame);
     connect(m_view, &CScreenView::viewportMoved, this, &CScreenCompositeView::updateRulers);
@@ -41,6 +44,21 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
 CScreenCompositeView::~CScreenCompositeView()
 {
     detach();
+}
+
+void CScreenCompositeView::connectRuler(CRuler *ruler, Qt::Orientation orientation)
+{
+    CGuideTool *guides = m_view->guides();
+    connect(ruler, &CRuler::pressed, this, [this, guides, orientation] {
+        m_view->setFocus(Qt::MouseFocusReason); // whose keys break it off
+        guides->beginNew(orientation);
+    });
+    connect(ruler, &CRuler::dragged, this,
+            [this, guides](const QPoint &place, Qt::KeyboardModifiers modifiers) {
+                guides->dragTo(m_view->viewport()->mapFromGlobal(place), modifiers);
+            });
+    connect(ruler, &CRuler::released, guides, &CGuideTool::drop);
+    connect(ruler, &CRuler::cancelled, guides, &CGuideTool::cancel);
 }
 
 CScreenModel *CScreenCompositeView::screen() const

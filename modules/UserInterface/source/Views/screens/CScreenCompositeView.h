@@ -29,6 +29,7 @@ Q_SIGNALS:
     void renderErrors(CScreenModel *screen, const QString &errors);
 
 private:
+    void connectRuler(CRuler *ruler, Qt::Orientation orientation);
     void requestFrame();
     void beforeRequest();
     void showFrame(const QPixmap &frame, size_t displayList, size_t graphicsMemory);

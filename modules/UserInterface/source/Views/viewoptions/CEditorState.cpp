@@ -29,6 +29,14 @@ void CEditorState::setGrid(bool on, int spacing, QColor colour, Qt::PenStyle sty
     Q_EMIT gridChanged(on, spacing, colour, style);
 }
 
+void CEditorState::setGuidesShown(bool shown)
+{
+    if (m_guidesShown == shown)
+        return;
+    m_guidesShown = shown;
+    Q_EMIT guidesShownChanged(shown);
+}
+
 void CEditorState::setZoom(int percent, int type)
 {
     if (m_zoomPercent == percent && m_zoomType == type)

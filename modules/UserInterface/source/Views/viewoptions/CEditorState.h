@@ -3,9 +3,10 @@
 #include <QColor>
 #include <QObject>
 
-/// What holds for every screen that is edited: snapping, the grid and the zoom. It alone owns them:
-/// the controls, the menus, the settings and the wheel over a canvas set it, and its signals are
-/// what scenes, views, menus and controls follow. Nothing is announced that was so before.
+/// What holds for every screen that is edited: snapping, the grid, guides and the zoom. It alone
+/// owns them: the controls, the menus, the settings and the wheel over a canvas set it, and its
+/// signals are what scenes, views, menus and controls follow. Nothing is announced that was so
+/// before.
 /// Threads: the GUI thread only.
 class CEditorState final : public QObject
 {
@@ -20,17 +21,20 @@ public:
     int gridSpacing() const { return m_gridSpacing; } ///< scene units, at least 1
     QColor gridColour() const { return m_gridColour; }
     Qt::PenStyle gridStyle() const { return m_gridStyle; }
+    bool areGuidesShown() const { return m_guidesShown; }
     int zoomPercent() const { return m_zoomPercent; }
     int zoomType() const { return m_zoomType; } ///< as CZoomComboWidget::Type
 
 public Q_SLOTS:
     void setSnapToGrid(bool on);
     void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void setGuidesShown(bool shown);
     void setZoom(int percent, int type);
 
 Q_SIGNALS:
     void snapToGridChanged(bool on);
     void gridChanged(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void guidesShownChanged(bool shown);
     void zoomChanged(int percent, int type);
 
 private:
@@ -41,6 +45,7 @@ private:
     int m_gridSpacing = 20;
     QColor m_gridColour = Qt::red;
     Qt::PenStyle m_gridStyle = Qt::SolidLine;
+    bool m_guidesShown = true;
     int m_zoomPercent = 100;
     int m_zoomType = 0;
 };

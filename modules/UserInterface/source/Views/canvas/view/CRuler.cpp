@@ -1,5 +1,6 @@
 #include "CRuler.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <cmath>
@@ -25,6 +26,7 @@ CRuler::CRuler(Qt::Orientation orientation, QWidget *parent)
         setFixedHeight(Thickness);
     else
         setFixedWidth(Thickness);
+    setCursor(orientation == Qt::Horizontal ? Qt::SplitVCursor : Qt::SplitHCursor);
 }
 
 QSize CRuler::sizeHint() const
@@ -145,4 +147,24 @@ void CRuler::paintEvent(QPaintEvent *)
         const int pixel = static_cast<int>(std::floor(toPixels(m_pointer)));
         painter.fillRect(across(pixel, pixel + 1, Thickness), accent);
     }
+}
+
+void CRuler::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT pressed();
+    else
+        Q_EMIT cancelled();
+}
+
+void CRuler::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        Q_EMIT dragged(event->globalPos(), event->modifiers());
+}
+
+void CRuler::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT released();
 }

@@ -25,8 +25,18 @@ public:
     /// Units between two labelled marks, so that they are at least 56 pixels apart.
     static int labelStep(double scale);
 
+Q_SIGNALS:
+    // A guide is drawn out of the ruler. Places are global.
+    void pressed();
+    void dragged(const QPoint &place, Qt::KeyboardModifiers modifiers);
+    void released();
+    void cancelled();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     int length() const;

@@ -3,8 +3,10 @@
 #include "CEditorState.h"
 #include "CFrameItem.h"
 #include "CGestureReadout.h"
+#include "CGuideTool.h"
 #include "CItemDrop.h"
 #include "CItemModel.h"
+#include "CItemView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
@@ -21,6 +23,8 @@ namespace {
 constexpr int RestAfter = 150;  ///< milliseconds without a change
 constexpr int LongestWait = 40; ///< milliseconds that a change is kept back for its frame
 constexpr int ShadowWidth = 6;  ///< screen pixels
+constexpr double GuideReachOnItems = 3;
+constexpr double SmallForGuides = 12; ///< screen pixels across
 constexpr int ShadowAlpha = 14;
 
 } // namespace
@@ -31,6 +35,11 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
       m_commands(new CSelectionCommands(m_scene, this)),
       m_drop(new CItemDrop(m_scene, this)),
       m_zoom(new CViewZoom(this)),
+      m_guides(
+          new CGuideTool(screen, this,
+                         [this](const QPoint &position, Qt::Orientation guide, double distance) {
+                             return doItemsKeep(position, guide, distance);
+                         })),
       m_restTimer(new QTimer(this)),
       m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
@@ -51,6 +60,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     connect(m_waitTimer, &QTimer::timeout, this, &CScreenView::paintAgain);
     connectScene();
     connectCommands();
+    connectGuides();
 
     CEditorState *state = CEditorState::instance();
     connect(m_zoom, &CViewZoom::scaled, this, &CScreenView::becomeBusy);
@@ -90,6 +100,35 @@ void CScreenView::connectCommands()
     connect(m_drop, &CItemDrop::movesWanted, m_commands, &CSelectionCommands::moveAll);
 }
 
+void CScreenView::connectGuides()
+{
+    connect(m_guides, &CGuideTool::reported, this, &CScreenView::showReadout);
+    connect(m_guides, &CGuideTool::ended, m_readout, &QWidget::hide);
+    connect(m_guides, &CGuideTool::hovered, this, &CScreenView::leaveItems);
+    connect(m_guides, &CGuideTool::chosen, m_scene, [this] { m_scene->chooseModelItems({}); });
+    const auto yield = [this] {
+        if (!m_scene->selectedItems().isEmpty())
+            m_guides->chooseNone();
+    };
+    connect(m_scene, &QGraphicsScene::selectionChanged, m_guides, yield);
+    connect(m_scene, &CScreenScene::selectionShown, m_guides, yield);
+}
+
+/// A guide must not bury what it lies on: handles keep their presses, and so do items that are
+/// hardly wider than the reach of the guide, which can be taken elsewhere.
+bool CScreenView::doItemsKeep(const QPoint &position, Qt::Orientation guide, double distance) const
+{
+    const QPointF place = mapToScene(position);
+    if (m_scene->handleAt(place, viewportTransform()))
+        return true;
+    const QList<CItemView *> views = m_scene->selectableViewsAt(place, viewportTransform());
+    if (views.isEmpty())
+        return false;
+    const QSizeF size = views.constFirst()->sceneRect().size() * scale();
+    return distance > GuideReachOnItems ||
+           (guide == Qt::Vertical ? size.width() : size.height()) < SmallForGuides;
+}
+
 CScreenModel *CScreenView::screen() const
 {
     return m_scene->screen();
@@ -102,6 +141,7 @@ void CScreenView::detach()
     m_drop->hidePlace();
     disconnect(CEditorState::instance(), nullptr, this, nullptr);
     m_scene->disconnect(this);
+    m_guides->detach();
     m_scene->detach();
 }
 
@@ -112,7 +152,7 @@ int CScreenView::zoomPercent() const
 
 bool CScreenView::isGestureActive() const
 {
-    return m_scene->isGestureActive();
+    return m_scene->isGestureActive() || m_guides->isHeld();
 }
 
 void CScreenView::setFrame(const QPixmap &frame)
@@ -271,6 +311,14 @@ void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(page.adjusted(-pixel, -pixel, 0, 0));
     QGraphicsView::drawBackground(painter, rect);
+}
+
+void CScreenView::drawForeground(QPainter *painter, const QRectF &rect)
+{
+    painter->save();
+    QGraphicsView::drawForeground(painter, rect);
+    painter->restore();
+    m_guides->paint(*painter);
 }
 
 QVector<CItemModel *> CScreenView::selectedItems() const

@@ -6,6 +6,7 @@
 #include <optional>
 
 class CGestureReadout;
+class CGuideTool;
 class CItemDrop;
 class CItemModel;
 class CScreenModel;
@@ -27,6 +28,7 @@ public:
     CScreenModel *screen() const;
     CScreenScene *screenScene() const { return m_scene; }
     CSelectionCommands *commands() const { return m_commands; }
+    CGuideTool *guides() const { return m_guides; }
     /// Lets go of the screen, which is about to go.
     void detach();
 
@@ -104,12 +106,16 @@ protected:
     void showEvent(QShowEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void drawBackground(QPainter *painter, const QRectF &rect) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
 
 private:
     void connectScene();
     void showReadout(const QString &text);
     void connectCommands();
+    void connectGuides();
+    bool doItemsKeep(const QPoint &position, Qt::Orientation guide, double distance) const;
     void showNext();
+    void leaveItems();
     void reportPointer(const QPoint &position);
     bool isPointerHeld() const;
     bool beginPan(const QMouseEvent &event);
@@ -127,6 +133,7 @@ private:
     CSelectionCommands *m_commands; ///< a child
     CItemDrop *m_drop;              ///< a child
     CViewZoom *m_zoom;              ///< a child
+    CGuideTool *m_guides;           ///< a child
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;

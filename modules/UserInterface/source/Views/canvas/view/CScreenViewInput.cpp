@@ -1,4 +1,5 @@
 // Mouse, wheel, keys, drops and the context menu of a screen.
+#include "CGuideTool.h"
 #include "CItemDrop.h"
 #include "CItemModel.h"
 #include "CItemView.h"
@@ -29,6 +30,11 @@ bool CScreenView::event(QEvent *event)
         event->accept(); // an undo in the middle of a drag would pull the ground from under it
         return true;
     }
+    if (event->type() == QEvent::ShortcutOverride && m_guides->hasChosen() &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Delete)) {
+        event->accept(); // of the guide, not of items
+        return true;
+    }
     return QGraphicsView::event(event);
 }
 
@@ -44,9 +50,15 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
     if (isPointerHeld()) {
         if (event->key() == Qt::Key_Escape) {
             m_scene->cancelGesture();
+            m_guides->cancel();
             cancelRubberBand();
             m_altPress.reset();
         }
+        event->accept();
+        return;
+    }
+    if (m_guides->hasChosen() && event->matches(QKeySequence::Delete)) {
+        m_guides->removeChosen();
         event->accept();
         return;
     }
@@ -171,10 +183,12 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
     if (isPointerHeld() && !m_panning &&
         (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)))
         dropGesture();
+    if (m_guides->isHeld())
+        m_guides->press(*event); // breaks it off
     if (isPointerHeld())
         return;
     m_selectedAtPress = selectedItems();
-    if (beginPan(*event))
+    if (beginPan(*event) || m_guides->press(*event))
         return;
     m_leftHeld = event->button() == Qt::LeftButton;
     if (event->button() == Qt::RightButton) {
@@ -225,13 +239,26 @@ void CScreenView::mouseMoveEvent(QMouseEvent *event)
         return; // the cursors of items would take the hand for their ground and put it back later
     if (isPointerHeld() && !event->buttons().testFlag(Qt::LeftButton))
         dropGesture();
+    if (m_guides->move(*event))
+        return;
     QGraphicsView::mouseMoveEvent(event);
+}
+
+/// For items, and their cursors, the pointer is elsewhere now.
+void CScreenView::leaveItems()
+{
+    constexpr double away = -1e6;
+    QMouseEvent left(QEvent::MouseMove, QPointF(away, away), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QGraphicsView::mouseMoveEvent(&left);
 }
 
 /// The button was released where the view has not heard of it.
 void CScreenView::dropGesture()
 {
     m_leftHeld = false;
+    m_guides->cancel();
+    m_guides->drop();
     m_scene->cancelGesture();
     if (QGraphicsItem *grabber = m_scene->mouseGrabberItem())
         grabber->ungrabMouse();
@@ -243,7 +270,7 @@ void CScreenView::mouseReleaseEvent(QMouseEvent *event)
         endPan();
         return;
     }
-    if (event->button() == Qt::RightButton)
+    if (event->button() == Qt::RightButton || m_guides->release(*event))
         return;
     if (event->button() == Qt::LeftButton)
         m_leftHeld = false;
@@ -255,18 +282,21 @@ void CScreenView::mouseReleaseEvent(QMouseEvent *event)
 
 void CScreenView::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    if (!isPointerHeld() && m_guides->doubleClick(*event))
+        return;
     mousePressEvent(event); // two quick presses are two presses
 }
 
 void CScreenView::leaveEvent(QEvent *event)
 {
     QGraphicsView::leaveEvent(event);
+    m_guides->leave();
     Q_EMIT pointerLeft();
 }
 
 void CScreenView::focusOutEvent(QFocusEvent *event)
 {
-    if (m_leftHeld) { // whatever has the keys now may change the items
+    if (m_leftHeld || m_guides->isHeld()) { // whatever has the keys now may change the items
         cancelRubberBand();
         dropGesture();
     }
@@ -326,7 +356,7 @@ void CScreenView::dropEvent(QDropEvent *event)
 
 void CScreenView::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (isPointerHeld())
+    if (isPointerHeld() || m_guides->showMenu(*event))
         return;
     QMenu menu(this);
     m_commands->addTo(&menu);
