@@ -270,6 +270,40 @@
     </message>
 </context>
 <context>
+    <name>CColourChooser</name>
+    <message>
+        <source>Change Colour</source>
+        <translation>Farbe ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CColourDialog</name>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+    <message>
+        <source>#rrggbb, #aarrggbb or the name of a colour</source>
+        <translation>#rrggbb, #aarrggbb oder der Name einer Farbe</translation>
+    </message>
+    <message>
+        <source>%1, uses: %2</source>
+        <translation>%1, Verwendungen: %2</translation>
+    </message>
+    <message>
+        <source>In this project</source>
+        <translation>In diesem Projekt</translation>
+    </message>
+    <message>
+        <source>Chosen last</source>
+        <translation>Zuletzt gewählt</translation>
+    </message>
+    <message>
+        <source>Before and now</source>
+        <translation>Vorher und jetzt</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>

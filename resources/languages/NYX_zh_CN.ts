@@ -270,6 +270,40 @@
     </message>
 </context>
 <context>
+    <name>CColourChooser</name>
+    <message>
+        <source>Change Colour</source>
+        <translation>更改颜色</translation>
+    </message>
+</context>
+<context>
+    <name>CColourDialog</name>
+    <message>
+        <source>Choose a colour</source>
+        <translation>选择颜色</translation>
+    </message>
+    <message>
+        <source>#rrggbb, #aarrggbb or the name of a colour</source>
+        <translation>#rrggbb、#aarrggbb 或颜色名称</translation>
+    </message>
+    <message>
+        <source>%1, uses: %2</source>
+        <translation>%1，使用次数：%2</translation>
+    </message>
+    <message>
+        <source>In this project</source>
+        <translation>此项目中</translation>
+    </message>
+    <message>
+        <source>Chosen last</source>
+        <translation>最近选择</translation>
+    </message>
+    <message>
+        <source>Before and now</source>
+        <translation>之前与现在</translation>
+    </message>
+</context>
+<context>
     <name>CConfigurationDialog</name>
     <message>
         <source>Project configuration</source>

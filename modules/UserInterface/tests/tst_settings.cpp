@@ -38,12 +38,14 @@ private Q_SLOTS:
     void writtenUnderTheirNames()
     {
         QVERIFY(CSettings(m_folder->path()).write({}));
-        QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
-                 "autosaveInterval favouriteWidgets gridColor gridSize gridType isMaximized "
-                 "language lastFolder lastWidgets latestProjects mainWindow projectViews "
-                 "savingFolderPath screenshotDir shortcuts showGrid showGuides snapToGrid "
-                 "statusBar theme "
-                 "usedActions windowState windowStateCheck zoomPercent zoomType");
+        QCOMPARE(
+            QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
+            "autosaveInterval closedSections favouriteWidgets gridColor gridSize gridType "
+            "isMaximized "
+            "language lastFolder lastWidgets latestProjects mainWindow projectViews recentColours "
+            "savingFolderPath screenshotDir shortcuts showGrid showGuides snapToGrid "
+            "statusBar theme "
+            "usedActions windowState windowStateCheck zoomPercent zoomType");
     }
 
     void absurdValues_data()

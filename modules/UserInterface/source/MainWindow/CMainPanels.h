@@ -38,6 +38,7 @@ public:
     CScreenNavigator *navigator() const { return m_navigator; }
     CProjectExplorerView *explorer() const { return m_explorer; }
     CWidgetSelectionView *palette() const;
+    CWidgetPropertiesView *properties() const { return m_properties; }
     /// Items and screens that a command is for, the same that all panels show as selected. Nothing
     /// that lies below another of them.
     QList<CItemModel *> selectedItems() const;

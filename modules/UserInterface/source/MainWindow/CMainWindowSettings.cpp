@@ -8,9 +8,11 @@
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectSession.h"
+#include "CRecentColours.h"
 #include "CRecentProjects.h"
 #include "CSettings.h"
 #include "CStartMark.h"
+#include "CWidgetPropertiesView.h"
 #include "CWidgetSelectionView.h"
 #include "CWindowActions.h"
 #include "CWindowPlacement.h"
@@ -71,6 +73,8 @@ void CMainWindow::useSettings(const SSettings &values)
     setSnapToGrid(values.snapToGrid);
     CEditorState::instance()->setGuidesShown(values.showGuides);
     setAutosaveInterval(values.autosaveInterval);
+    m_panels->properties()->setClosedSections(values.closedSections);
+    CRecentColours::instance().setNames(values.recentColours);
     m_panels->palette()->setShelf(CWidgetSelectionView::Favourites, values.favouriteWidgets);
     m_panels->palette()->setShelf(CWidgetSelectionView::LastUsed, values.lastWidgets);
     m_centre->actions()->setShortcutTexts(values.shortcuts);
@@ -100,6 +104,8 @@ void CMainWindow::writeSettings()
     values.language = m_chosenLanguage;
     values.lastFolder = m_session->workingDirectory();
     values.snapToGrid = state->isSnapToGrid();
+    values.closedSections = m_panels->properties()->closedSections();
+    values.recentColours = CRecentColours::instance().names();
     values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     values.shortcuts = m_centre->actions()->shortcutTexts();

@@ -33,6 +33,8 @@ constexpr char language[] = "language";
 constexpr char lastFolder[] = "lastFolder";
 constexpr char snapToGrid[] = "snapToGrid";
 constexpr char isMaximized[] = "isMaximized";
+constexpr char closedSections[] = "closedSections";
+constexpr char recentColours[] = "recentColours";
 constexpr char favouriteWidgets[] = "favouriteWidgets";
 constexpr char lastWidgets[] = "lastWidgets";
 constexpr char shortcuts[] = "shortcuts";
@@ -49,6 +51,8 @@ constexpr int MinWindowSide = 200;   // pixels
 constexpr int MaxWindowSide = 32000;
 constexpr int MaxTextLength = 4096; // of a path; longer ones no system has
 constexpr int MaxProjects = 10;
+constexpr int MaxSections = 100;
+constexpr int MaxColours = 64;
 constexpr int MaxKinds = 100;  ///< of widgets in a list
 constexpr int MaxTexts = 1000; // of a list whose reader has limits of its own
 
@@ -227,6 +231,8 @@ SSettings CSettings::read(QString *aside) const
     readText(file, Key::lastFolder, &values.lastFolder);
     readBool(file, Key::snapToGrid, &values.snapToGrid);
     readBool(file, Key::isMaximized, &values.isMaximized);
+    values.closedSections = readTexts(file, Key::closedSections, MaxSections);
+    values.recentColours = readTexts(file, Key::recentColours, MaxColours);
     values.favouriteWidgets = readTexts(file, Key::favouriteWidgets, MaxKinds);
     values.lastWidgets = readTexts(file, Key::lastWidgets, MaxKinds);
     values.shortcuts = readTexts(file, Key::shortcuts, MaxTexts);
@@ -264,6 +270,8 @@ bool CSettings::write(const SSettings &values) const
     file.setText(Key::lastFolder, values.lastFolder);
     setBool(Key::snapToGrid, values.snapToGrid);
     setBool(Key::isMaximized, values.isMaximized);
+    file.setList(Key::closedSections, values.closedSections);
+    file.setList(Key::recentColours, values.recentColours);
     file.setList(Key::favouriteWidgets, values.favouriteWidgets);
     file.setList(Key::lastWidgets, values.lastWidgets);
     file.setList(Key::shortcuts, values.shortcuts);

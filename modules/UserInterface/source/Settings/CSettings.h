@@ -27,6 +27,8 @@ struct SSettings
     QString lastFolder;        ///< of the project that was opened or saved last
     bool snapToGrid = false;
     bool isMaximized = false;
+    QStringList closedSections;   ///< of the property panel
+    QStringList recentColours;    ///< newest first
     QStringList favouriteWidgets; ///< kinds, in the palette
     QStringList lastWidgets;      ///< kinds, the one that was used last first
     QStringList shortcuts;        ///< texts of CShortcutMap

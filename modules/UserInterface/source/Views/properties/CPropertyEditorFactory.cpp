@@ -4,23 +4,32 @@
 #include "CNumberEntry.h"
 #include "CNumberSpinBox.h"
 #include "CPendingEdit.h"
+#include "CPropertyManager.h"
 #include "CTextBox.h"
 #include "CThemeIcons.h"
 #include "CTimeEdit.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QtVariantPropertyManager>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 QVariant attribute(QtVariantPropertyManager *manager, QtProperty *property, const char *name)
 {
     return manager->attributeValue(property, QLatin1String(name));
+}
+
+SPropertyLook::EEditor editorOf(QtVariantPropertyManager *manager, QtProperty *property)
+{
+    const auto *rows = qobject_cast<CPropertyManager *>(manager);
+    return rows ? rows->editorOf(property) : SPropertyLook::EEditor::Plain;
 }
 
 /// "#rrggbb", also without its "#", "#aarrggbb" or a colour's name.
@@ -146,7 +155,9 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
 {
     switch (manager->propertyType(property)) {
     case QVariant::Int:
-        return makeSpinBox(manager, property, parent);
+        return editorOf(manager, property) == SPropertyLook::EEditor::Sixteenths
+                   ? makePixelBox(manager, property, parent)
+                   : makeSpinBox(manager, property, parent);
     case QVariant::Double:
         return makeNumberBox(manager, property, parent);
     case QVariant::String:
@@ -199,6 +210,32 @@ QWidget *CPropertyEditorFactory::makeNumberBox(QtVariantPropertyManager *manager
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), pending,
             &CPendingEdit::touch);
     connect(box, &QDoubleSpinBox::editingFinished, pending, &CPendingEdit::commit);
+    return box;
+}
+
+/// Pixels, to a sixteenth; the row counts sixteenths.
+QWidget *CPropertyEditorFactory::makePixelBox(QtVariantPropertyManager *manager,
+                                              QtProperty *property, QWidget *parent)
+{
+    auto *box = new CNumberSpinBox(parent);
+    box->setKeyboardTracking(false);
+    constexpr double unit = CPropertyManager::Sixteenths;
+    CPendingEdit *pending = follow(
+        manager, property, box,
+        [box] { return static_cast<int>(std::lround(box->value() * unit)); },
+        [manager, property, box] {
+            box->setDecimals(CPropertyManager::Decimals);
+            setRange<QDoubleSpinBox, double>(box, manager, property);
+            box->setRange(box->minimum() / unit, box->maximum() / unit);
+            box->setSingleStep(std::max(box->singleStep(), 1.0) / unit);
+            box->setValue(manager->value(property).toInt() / unit);
+        });
+    connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), pending,
+            &CPendingEdit::touch);
+    connect(box, &QDoubleSpinBox::editingFinished, pending, [this, property, pending] {
+        pending->commit();
+        refresh(property); // to the sixteenth that it has become
+    });
     return box;
 }
 
@@ -291,18 +328,8 @@ QWidget *CPropertyEditorFactory::makeColourEdit(QtVariantPropertyManager *manage
     choose->setToolTip(tr("Choose a colour"));
     for (QAction *opener : {swatch, choose})
         connect(opener, &QAction::triggered, pending,
-                [this, manager, property] { chooseColour(manager, property); });
+                [this, property, line] { Q_EMIT colourWanted(property, line); });
     return line;
-}
-
-void CPropertyEditorFactory::chooseColour(QtVariantPropertyManager *manager, QtProperty *property)
-{
-    const QPointer<QWidget> editor = m_editors.value(property).widget;
-    const QColor chosen =
-        QColorDialog::getColor(manager->value(property).value<QColor>(), editor->window(),
-                               tr("Choose a colour"), QColorDialog::ShowAlphaChannel);
-    if (chosen.isValid() && m_editors.contains(property)) // the row may have gone meanwhile
-        manager->setValue(property, chosen);
 }
 
 QWidget *CPropertyEditorFactory::makeTimeEdit(QtVariantPropertyManager *manager,

@@ -34,6 +34,7 @@ public:
 
 Q_SIGNALS:
     void fileWanted(QtProperty *property);
+    void colourWanted(QtProperty *property, QWidget *editor);
     void nextWanted(bool forward); ///< the editor of the next row, in place of the open one
     /// Of the open editor, around the commit of a step; and when its steps are not wanted.
     void stepping(bool isFirst);
@@ -57,6 +58,7 @@ private:
     QWidget *makeSpinBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeNumberBox(QtVariantPropertyManager *manager, QtProperty *property,
                            QWidget *parent);
+    QWidget *makePixelBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeLineEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeColourEdit(QtVariantPropertyManager *manager, QtProperty *property,
                             QWidget *parent);
@@ -68,8 +70,6 @@ private:
     CPendingEdit *follow(QtVariantPropertyManager *manager, QtProperty *property, QWidget *widget,
                          const std::function<QVariant()> &value,
                          const std::function<void()> &showValue);
-    /// Asks for a colour and gives it to the row.
-    void chooseColour(QtVariantPropertyManager *manager, QtProperty *property);
     void refresh(QtProperty *property);
     void forget(QtProperty *property);
 

@@ -117,7 +117,13 @@ void CPropertyLayout::setOpen(QTreeWidgetItem *heading, bool open)
         m_closed.insert(section);
     for (auto each = m_headings.constBegin(); each != m_headings.constEnd(); ++each)
         showSection(each.key());
-    Q_EMIT closedSectionsChanged();
+}
+
+QStringList CPropertyLayout::closedSections() const
+{
+    QStringList names = m_closed.values();
+    names.sort(); // the settings stay as they are
+    return names;
 }
 
 void CPropertyLayout::setClosedSections(const QStringList &names)

@@ -53,11 +53,8 @@ public:
     QString caption(const QTreeWidgetItem *item) const;
 
     /// The sections that are closed, whichever item is shown, as the library calls them.
-    QStringList closedSections() const { return m_closed.values(); }
+    QStringList closedSections() const;
     void setClosedSections(const QStringList &names);
-
-Q_SIGNALS:
-    void closedSectionsChanged();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

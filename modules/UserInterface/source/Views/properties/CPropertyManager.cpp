@@ -107,10 +107,13 @@ QString CPropertyManager::numberText(double number)
     return QString::number(rounded(number), 'g', 15);
 }
 
-QtVariantProperty *CPropertyManager::addRow(const CWidgetProperty &property)
+QtVariantProperty *CPropertyManager::addRow(const CWidgetProperty &property,
+                                            SPropertyLook::EEditor editor)
 {
     const int type = editorType(property.propertyType());
     QtVariantProperty *row = addProperty(type, property.key());
+    if (editor != SPropertyLook::EEditor::Plain)
+        m_editors.insert(row, editor);
     if (type == QVariant::Double)
         row->setAttribute(decimalsAttribute, Decimals);
     if (type == enumTypeId())
@@ -129,7 +132,8 @@ QtVariantProperty *CPropertyManager::addRow(const CWidgetProperty &property)
         else
             row->setEnabled(false);
     }
-    row->setToolTip(rangeText(property));
+    row->setToolTip(
+        rangeText(property, editor == SPropertyLook::EEditor::Sixteenths ? Sixteenths : 1));
     showValue(row, property.value());
     return row;
 }
@@ -172,6 +176,12 @@ void CPropertyManager::showEntry(QtVariantProperty *row, const QString &entry)
     row->setValue(entries.indexOf(entry));
 }
 
+void CPropertyManager::uninitializeProperty(QtProperty *property)
+{
+    m_editors.remove(property);
+    QtVariantPropertyManager::uninitializeProperty(property);
+}
+
 QVariant CPropertyManager::modelValue(const QtProperty *row) const
 {
     const QVariant shown = value(row);
@@ -190,6 +200,8 @@ QString CPropertyManager::valueText(const QtProperty *property) const
     case QVariant::Double:
         return numberText(value(property).toDouble());
     case QVariant::Int:
+        if (editorOf(property) == SPropertyLook::EEditor::Sixteenths)
+            return numberText(value(property).toInt() / double{Sixteenths});
         return QString::number(value(property).toInt());
     case QVariant::String: // in one line
         return value(property).toString().replace(QLatin1Char('\n'), QStringLiteral(" \u21b5 "));
@@ -212,15 +224,18 @@ QIcon CPropertyManager::valueIcon(const QtProperty *property) const
     return sizes.isEmpty() ? icon : CThemeIcons::untinted(icon.pixmap(sizes.first()));
 }
 
-QString CPropertyManager::rangeText(const CWidgetProperty &property)
+/// `unit`: what makes one of what is shown.
+QString CPropertyManager::rangeText(const CWidgetProperty &property, int unit)
 {
     const bool hasMinimum = property.minimum().isValid();
     const bool hasMaximum = property.maximum().isValid();
     if (!isNumber(editorType(property.propertyType())) || !(hasMinimum || hasMaximum))
         return {};
+    const QString least = numberText(property.minimum().toInt() / double(unit));
+    const QString most = numberText(property.maximum().toInt() / double(unit));
     if (!hasMaximum)
-        return tr("%1 or more").arg(property.minimum().toInt());
+        return tr("%1 or more").arg(least);
     if (!hasMinimum)
-        return tr("at most %1").arg(property.maximum().toInt());
-    return tr("%1 to %2").arg(property.minimum().toInt()).arg(property.maximum().toInt());
+        return tr("at most %1").arg(most);
+    return tr("%1 to %2").arg(least, most);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "SPropertyLook.h"
+
+#include <QHash>
 #include <QtVariantPropertyManager>
 
 class CWidgetProperty;
@@ -13,7 +16,8 @@ class CPropertyManager : public QtVariantPropertyManager
     Q_OBJECT
 
 public:
-    static constexpr int Decimals = 4; ///< smaller differences are no edit
+    static constexpr int Sixteenths = 16; ///< in a pixel
+    static constexpr int Decimals = 4;    ///< smaller differences are no edit
     /// A colour's name as documents have it, with alpha where it is not opaque.
     static QString colourText(const QColor &colour);
     static QString numberText(double number);
@@ -23,7 +27,9 @@ public:
     explicit CPropertyManager(QObject *parent = nullptr);
 
     /// A new row for the property, with its limits and tool tip, showing its value.
-    QtVariantProperty *addRow(const CWidgetProperty &property);
+    QtVariantProperty *addRow(const CWidgetProperty &property,
+                              SPropertyLook::EEditor editor = SPropertyLook::EEditor::Plain);
+    SPropertyLook::EEditor editorOf(const QtProperty *row) const { return m_editors.value(row); }
     /// A row that only tells something.
     QtVariantProperty *addText(const QString &name, const QString &text);
     /// Shows a value of the model.
@@ -35,7 +41,11 @@ protected:
     QString valueText(const QtProperty *property) const override;
     QIcon valueIcon(const QtProperty *property) const override;
 
+    void uninitializeProperty(QtProperty *property) override;
+
 private:
     void showEntry(QtVariantProperty *row, const QString &entry);
-    static QString rangeText(const CWidgetProperty &property);
+    static QString rangeText(const CWidgetProperty &property, int unit);
+
+    QHash<const QtProperty *, SPropertyLook::EEditor> m_editors; ///< of those that are not plain
 };

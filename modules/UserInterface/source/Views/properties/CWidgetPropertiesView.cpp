@@ -1,5 +1,6 @@
 #include "CWidgetPropertiesView.h"
 
+#include "CColourChooser.h"
 #include "CCommandChangeItemProperty.h"
 #include "CImageChooser.h"
 #include "CItemModel.h"
@@ -30,6 +31,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
       m_manager(new CPropertyManager(this)),
       m_factory(new CPropertyEditorFactory(this)),
       m_images(new CImageChooser(this)),
+      m_colours(new CColourChooser(this)),
       m_layout(new CPropertyLayout(findChild<QTreeWidget *>())),
       m_delegate(new CPropertyDelegate(
           this, m_layout,
@@ -50,6 +52,8 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
             SLOT(onCurrentItemChanged(QtBrowserItem *)));
     connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
             &CWidgetPropertiesView::chooseFile);
+    connect(m_factory, &CPropertyEditorFactory::colourWanted, this,
+            &CWidgetPropertiesView::chooseColour);
     connect(m_factory, &CPropertyEditorFactory::stepping, this,
             [this](bool isFirst) { m_steps.begin(isFirst); });
     connect(m_factory, &CPropertyEditorFactory::stepped, this, [this] { m_steps.end(); });
@@ -109,6 +113,7 @@ QtProperty *CWidgetPropertiesView::rowNamedAt(const QPoint &place) const
 void CWidgetPropertiesView::cancelDrag()
 {
     m_drag->cancel();
+    m_colours->cancel();
 }
 
 void CWidgetPropertiesView::setProject(CProjectModel *project)
@@ -225,7 +230,10 @@ void CWidgetPropertiesView::addRow(const CWidgetProperty &property)
         insertRow(list, key);
         return;
     }
-    QtVariantProperty *added = m_manager->addRow(property);
+    const CWidgetLibraryModel *library = m_item->library();
+    const auto editor =
+        library ? library->look(m_item->itemTypeName(), key).editor : SPropertyLook::EEditor::Plain;
+    QtVariantProperty *added = m_manager->addRow(property, editor);
     insertRow(added, key);
     if (property.isMultiLine())
         m_factory->setMultiLine(added);
@@ -276,6 +284,16 @@ QPair<QTreeWidgetItem *, int> CWidgetPropertiesView::place(const QString &key) c
             return {item, 1};
     }
     return {nullptr, 0};
+}
+
+QStringList CWidgetPropertiesView::closedSections() const
+{
+    return m_layout->closedSections();
+}
+
+void CWidgetPropertiesView::setClosedSections(const QStringList &names)
+{
+    m_layout->setClosedSections(names);
 }
 
 QRect CWidgetPropertiesView::valueRect(const QString &key) const
@@ -349,6 +367,16 @@ void CWidgetPropertiesView::chooseFile()
     if (m_item && m_project)
         m_images->choose(m_item);
     takeFocusBack();
+}
+
+/// The dialog stands beside the panel, so that both its row and the canvas are seen.
+void CWidgetPropertiesView::chooseColour(QtProperty *row, QWidget *editor)
+{
+    const QString key = m_rows.key(row);
+    if (!m_item || !m_project || key.isEmpty())
+        return;
+    m_factory->commitPending();
+    m_colours->choose({m_item}, key, editor);
 }
 
 /// The box of a conversion may have closed the editor that had the focus; without any, the window's

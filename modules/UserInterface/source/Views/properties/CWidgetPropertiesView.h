@@ -10,6 +10,7 @@
 #include "CEditSteps.h"
 #include "CPointListRows.h"
 
+class CColourChooser;
 class CImageChooser;
 class CItemModel;
 class CProjectModel;
@@ -52,6 +53,9 @@ public:
     /// Where the value of a row stands, in coordinates of the tree's viewport.
     QRect valueRect(const QString &key) const;
     CPropertyLayout *rowLayout() const { return m_layout; }
+    /// Which sections are closed, whatever item is shown.
+    QStringList closedSections() const;
+    void setClosedSections(const QStringList &names);
 
 public Q_SLOTS:
     void propertyChanged(CItemModel *item, const QString &key, const QVariant &value);
@@ -85,6 +89,7 @@ private:
     void commit(const QString &key, const QVariant &value);
     void change(const QString &key, const QVariant &value);
     void chooseFile();
+    void chooseColour(QtProperty *row, QWidget *editor);
     void takeFocusBack();
     void changeFormat(const QString &format);
     void showLock();
@@ -96,6 +101,7 @@ private:
     CPropertyManager *m_manager;
     CPropertyEditorFactory *m_factory;
     CImageChooser *const m_images;
+    CColourChooser *const m_colours;
     CRowDrag *m_drag = nullptr;
     CPropertyLayout *const m_layout;
     CPropertyDelegate *const m_delegate;

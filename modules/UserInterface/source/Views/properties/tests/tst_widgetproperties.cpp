@@ -430,10 +430,37 @@ private Q_SLOTS:
         stack().undo();
         QCOMPARE(line->propertyText("line_color"), "#102030");
         QCOMPARE(colour->child(0)->text(1), "16");
+        // In the dialog, seen in the row at once.
+        auto *text = edit<QLineEdit>("line_color");
+        text->findChild<QAction *>("chooseColour")->trigger();
+        auto *dialog = m_view->findChild<QDialog *>();
+        QVERIFY(dialog);
+        auto *name = dialog->findChild<QLineEdit *>("colourName");
+        enter(name, "#445566");
+        QCOMPARE(shown("line_color"), "#445566");
+        QCOMPARE(stack().count(), 1);
+        stack().undo();
         // The same colour by another name is no edit.
         line->setProperty("line_color", "red");
         variantRow("line_color")->setValue(QColor(255, 0, 0));
+        QCOMPARE(stack().count(), 1);
+    }
+
+    /// In pixels to a sixteenth; what is kept counts sixteenths.
+    void sixteenthsAreShownAsPixels()
+    {
+        CWidgetModel *circle = show("Kiv_Circle_T");
+        QCOMPARE(shown("point_size"), "32");
+        QCOMPARE(treeRow("point_size")->toolTip(1), "1 to 1024");
+        auto *box = edit<QDoubleSpinBox>("point_size");
+        QTest::keyClick(box, Qt::Key_Up);
+        QTRY_COMPARE(circle->propertyText("point_size"), "528");
+        enter(box, "10.53");
+        QCOMPARE(circle->propertyText("point_size"), "168");
+        QCOMPARE(shown("point_size"), "10.5");
         QCOMPARE(stack().count(), 2);
+        circle->setProperty("point_size", 3);
+        QCOMPARE(shown("point_size"), "0.1875");
     }
 
     void smallDifferencesAreNoEdit()
