@@ -1,5 +1,6 @@
 #include "Subcommands.h"
 
+#include "BudgetCommand.h"
 #include "CheckCommand.h"
 #include "DiffCommand.h"
 #include "VerifyCommand.h"
@@ -14,6 +15,7 @@ struct SSubcommand
 };
 
 const SSubcommand table[] = {
+    {"budget", "Tells where the chip's memory goes.", BudgetCommand::run},
     {"check", "Tells what of a project will go wrong on the device.", CheckCommand::run},
     {"diff", "Tells what differs between two states of a project.", DiffCommand::run},
     {"verify", "Compares the pictures of a project with accepted ones.", VerifyCommand::run},

@@ -1,6 +1,7 @@
 #include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "ChipFindings.h"
+#include "ConvertedImages.h"
 #include "ItemTree.h"
 #include "ProjectChecks.h"
 #include "RuleSupport.h"
@@ -76,7 +77,7 @@ void checkChip(CRuleContext &context, const SScreenExport &render)
     }
     for (const QString &message : render.errors) {
         const CItemModel *item = itemOf(message, items);
-        const QString file = item ? CRuleContext::imageFile(*item) : QString();
+        const QString file = item ? ConvertedImages::fileOf(*item) : QString();
         const bool isTold = ofChip.contains(message) || (item && toldByChip.contains(item)) ||
                             message.contains(QLatin1String("RAM_G is full")) ||
                             message.contains(QLatin1String("RAM_DL is full")) ||

@@ -1,4 +1,5 @@
 #include "CProjectModel.h"
+#include "ConvertedImages.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
 #include "RuleSupport.h"
@@ -48,7 +49,7 @@ void checkScale(CRuleContext &context, const CItemModel &item)
 void checkImages(CRuleContext &context)
 {
     forEachItem(*context.screen, [&context](const CItemModel &item) {
-        const QString file = CRuleContext::imageFile(item);
+        const QString file = ConvertedImages::fileOf(item);
         if (file.isEmpty())
             return;
         if (!QFileInfo(file).isFile()) {

@@ -93,7 +93,7 @@ void checkUnusedImages(CRuleContext &context)
         return;
     QSet<QString> used;
     forEachItem(context.project, [&used](const CItemModel &item) {
-        const QString file = CRuleContext::imageFile(item);
+        const QString file = ConvertedImages::fileOf(item);
         if (!file.isEmpty())
             used.insert(QFileInfo(file).canonicalFilePath());
     });

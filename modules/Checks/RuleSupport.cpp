@@ -5,8 +5,6 @@
 #include "PropertyKey.h"
 #include "Rules.h"
 
-#include <QDir>
-
 SFinding &CRuleContext::add(ERule rule, ESeverity severity, const CItemModel *item,
                             const QString &text)
 {
@@ -42,23 +40,4 @@ bool CRuleContext::isTouched(const CItemModel &item)
     return item.kind() == CItemModel::Kind::Widget && item.library() &&
            item.library()->isTouched(item.itemTypeName()) &&
            (!item.hasProperty(enabled) || item.propertyValue(enabled).toBool());
-}
-
-QString CRuleContext::imageFile(const CItemModel &item)
-{
-    const QString name = item.propertyText(PropertyKey::BaseName);
-    const CProjectModel *project = item.project();
-    if (name.isEmpty() || !project)
-        return {};
-    const QString suffix = item.propertyText(PropertyKey::Suffix);
-    const bool isAsItIs = suffix == QLatin1String("raw") ||
-                          item.itemTypeName() == TypeName::Media ||
-                          !item.hasProperty(PropertyKey::Format);
-    const QString file =
-        name + (isAsItIs ? QLatin1Char('.') + suffix
-                         : QLatin1Char('_') + item.propertyText(PropertyKey::Format) +
-                               QLatin1String(".raw"));
-    const QString folder = project->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder));
-    return QDir::cleanPath(QDir(project->workingDirectory()).filePath(folder) + QLatin1Char('/') +
-                           file);
 }

@@ -27,8 +27,6 @@ public:
     static QString called(const CItemModel &item);
     /// Whether the item is made to be touched and can be.
     static bool isTouched(const CItemModel &item);
-    /// The file of the image that the item shows, absolute; empty when it shows none.
-    static QString imageFile(const CItemModel &item);
 
     const CProjectModel &project;
     const CItemModel *const screen;

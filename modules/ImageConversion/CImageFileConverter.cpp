@@ -9,6 +9,7 @@
 #include "ConvertedImageFacts.h"
 #include "ConvertedImages.h"
 #include "ImageNames.h"
+#include "ImageTools.h"
 #include "PictureFile.h"
 #include "pictures/CAviReader.h"
 #include "pictures/FileReading.h"
@@ -18,24 +19,6 @@
 #include <QFileInfo>
 
 namespace {
-
-const QString GeneralTool = QStringLiteral("/bmpconv/bmpconv.exe");
-const QString Quantiser = QStringLiteral("/Palette/pngquant.exe");
-const QString PaletteSplitter = QStringLiteral("/Palette/palsplit.exe");
-const QString Dxt1Tool = QStringLiteral("/DXT1/dxtpack.exe");
-
-QString toolPath(const QString &tool)
-{
-    return QDir::currentPath() + QStringLiteral("/Image conversion tool for KIV") + tool;
-}
-
-/// A file name that no tool takes for an option (or Qt, at ":", for a resource).
-QString asArgument(const QString &fileName)
-{
-    const bool isOdd =
-        fileName.startsWith(QLatin1Char('-')) || fileName.startsWith(QLatin1Char(':'));
-    return isOdd ? QStringLiteral("./") + fileName : fileName;
-}
 
 bool isWithinLimit(const QSize &size)
 {
@@ -57,16 +40,6 @@ bool clear(const CFolder &folder, const QStringList &names)
         isClear = (!isInTheWay || folder.remove(each)) && isClear;
     }
     return isClear;
-}
-
-/// The names under which quantisers leave their output: they always write PNG, and keep all of a
-/// name that has more than one dot, or not.
-QStringList quantisedNames(const CConversionPaths &paths)
-{
-    const QFileInfo source(paths.fileName());
-    const QString end = QStringLiteral("-fs8.png");
-    return {QFileInfo(paths.quantised()).fileName(), source.completeBaseName() + end,
-            source.baseName() + end};
 }
 
 QStringList namesOf(const QStringList &files)
@@ -177,7 +150,7 @@ CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
     const QStringList outputs = namesOf(ImageNames::outputs(paths, formatCode));
     if (!folder.isOpen())
         return fail(folder.error()), Paths();
-    if (!clear(folder, outputs + quantisedNames(paths)))
+    if (!clear(folder, outputs + ImageTools::quantisedNames(paths)))
         return fail(tr("%1: cannot be written into").arg(place)), Paths();
     Paths result;
     if (runTools(paths, formatCode)) {
@@ -198,7 +171,7 @@ CImageFileConverter::Paths CImageFileConverter::run(const QString &source,
         for (const QString &each : outputs)
             folder.remove(each);
         if (isNew)
-            folder.remove(quantisedNames(paths).first());
+            folder.remove(ImageTools::quantisedNames(paths).first());
         copies.takeBack();
     }
     return result;
@@ -235,35 +208,23 @@ CImageFileConverter::Paths CImageFileConverter::placeRaw(const QString &source)
 
 bool CImageFileConverter::runTools(const CConversionPaths &paths, int formatCode)
 {
-    const QString folder = paths.folder(formatCode);
-    QStringList arguments{QStringLiteral("-i"), asArgument(paths.fileName())};
-    switch (CBitmapFormatTable::path(formatCode)) {
-    case CBitmapFormatTable::EPath::General:
-        arguments += {QStringLiteral("-f"), QString::number(formatCode)};
-        return runTool({toolPath(GeneralTool), arguments, folder}, paths.output(formatCode));
-    case CBitmapFormatTable::EPath::Dxt1:
-        return runTool({toolPath(Dxt1Tool), arguments, folder}, paths.output(formatCode));
-    case CBitmapFormatTable::EPath::Palette:
-        break;
-    case CBitmapFormatTable::EPath::None:
+    const SToolCall call = ImageTools::conversion(paths, formatCode, QDir::currentPath());
+    if (call.program.isEmpty())
         return false;
-    }
-    const QString splitter = QLatin1Char('"') + toolPath(PaletteSplitter) + QLatin1Char('"');
-    arguments =
-        QStringList{QStringLiteral("-i"), asArgument(QFileInfo(paths.quantised()).fileName()),
-                    QStringLiteral("-f"), CBitmapFormatTable::paletteKind(formatCode)};
-    return quantise(folder, paths) &&
-           runTool({splitter, arguments, folder}, paths.output(formatCode));
+    if (ImageTools::needsQuantiser(formatCode) && !quantise(paths, formatCode))
+        return false;
+    return runTool(call, paths.output(formatCode));
 }
 
-bool CImageFileConverter::quantise(const QString &folder, const CConversionPaths &paths)
+bool CImageFileConverter::quantise(const CConversionPaths &paths, int formatCode)
 {
-    const QStringList names = quantisedNames(paths);
+    const SToolCall call = ImageTools::quantiser(paths, formatCode, QDir::currentPath());
+    const QString &folder = call.workingFolder;
+    const QStringList names = ImageTools::quantisedNames(paths);
     QVector<CFileStamp> candidates;
     for (const QString &each : names)
         candidates.append(CFileStamp(folder + QLatin1Char('/') + each));
-    const QString error = CToolRunner().run(
-        {toolPath(Quantiser), {QStringLiteral("-f"), asArgument(paths.fileName())}, folder});
+    const QString error = CToolRunner().run(call);
     if (!error.isEmpty())
         return fail(error);
     for (int i = 0; i < names.size(); ++i) {

@@ -63,7 +63,7 @@ private:
               const QVector<CConversionPaths> &candidates);
     bool runTools(const CConversionPaths &paths, int formatCode);
     /// Leaves the quantised image under the name that the splitter is given.
-    bool quantise(const QString &folder, const CConversionPaths &paths);
+    bool quantise(const CConversionPaths &paths, int formatCode);
     /// Runs a tool that must leave this file, made anew.
     bool runTool(const SToolCall &call, const QString &output);
     bool failAsTooLarge(const QString &source);

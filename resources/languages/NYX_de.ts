@@ -3854,4 +3854,190 @@ Installierte Version: </translation>
         <translation>Bereich ab</translation>
     </message>
 </context>
+<context>
+    <name>Checks</name>
+    <message>
+        <source>The screen needs %1 bytes of %2; the chip has %3.</source>
+        <translation>Die Seite braucht %1 Byte von %2; der Chip hat %3.</translation>
+    </message>
+    <message>
+        <source>The screen needs %1 % of %2: %3 of %4 bytes.</source>
+        <translation>Die Seite braucht %1 % von %2: %3 von %4 Byte.</translation>
+    </message>
+    <message>
+        <source>%1 shows its image %2 times as large as it is.</source>
+        <translation>%1 zeigt das Bild %2-mal so groß, wie es ist.</translation>
+    </message>
+    <message>
+        <source>%1 shows its image at %2 % of its size; a smaller image would look as good.</source>
+        <translation>%1 zeigt das Bild auf %2 % verkleinert; ein kleineres Bild sähe ebenso gut aus.</translation>
+    </message>
+    <message>
+        <source>The image of %1 is missing: %2</source>
+        <translation>Das Bild von %1 fehlt: %2</translation>
+    </message>
+    <message>
+        <source>%1 items of the screen are called %2.</source>
+        <translation>%1 Objekte der Seite heißen %2.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are the same name in C; one gets a number.</source>
+        <translation>%1 und %2 ergeben in C denselben Namen; einer bekommt eine Nummer.</translation>
+    </message>
+    <message>
+        <source>The text of %1 has a contrast of %2 : 1 to what is behind it; %3 : 1 is the least.</source>
+        <translation>Der Text von %1 hat zu seinem Hintergrund einen Kontrast von %2 : 1; mindestens nötig ist %3 : 1.</translation>
+    </message>
+    <message>
+        <source>The text of %1 is cut.</source>
+        <translation>Der Text von %1 ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>The text of %1 is larger than its box.</source>
+        <translation>Der Text von %1 ist größer als sein Feld.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden by what lies in front of it.</source>
+        <translation>%1 ist von dem verdeckt, was davor liegt.</translation>
+    </message>
+    <message>
+        <source>%1 lies outside the screen.</source>
+        <translation>%1 liegt außerhalb der Seite.</translation>
+    </message>
+    <message>
+        <source>%1 lies partly outside the screen.</source>
+        <translation>%1 liegt teilweise außerhalb der Seite.</translation>
+    </message>
+    <message>
+        <source>%1 is %2 mm for a finger, at %3 dots per inch; 7 mm is the least.</source>
+        <translation>%1 misst bei %3 Punkten je Zoll %2 mm; für einen Finger sind mindestens 7 mm nötig.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 can be touched in the same place.</source>
+        <translation>%1 und %2 lassen sich an derselben Stelle berühren.</translation>
+    </message>
+    <message>
+        <source>%1 has no size.</source>
+        <translation>%1 hat keine Größe.</translation>
+    </message>
+    <message>
+        <source>%1 has the id %2 as %3 has.</source>
+        <translation>%1 hat die Kennung %2, die auch %3 hat.</translation>
+    </message>
+    <message>
+        <source>Two screens are called %1.</source>
+        <translation>Zwei Seiten heißen %1.</translation>
+    </message>
+    <message>
+        <source>The screens %1 and %2 are the same name in C; one gets a number.</source>
+        <translation>Die Seiten %1 und %2 ergeben in C denselben Namen; eine bekommt eine Nummer.</translation>
+    </message>
+    <message>
+        <source>The same image lies under several names: %1</source>
+        <translation>Dasselbe Bild liegt unter mehreren Namen: %1</translation>
+    </message>
+    <message>
+        <source>No item shows %1.</source>
+        <translation>Kein Objekt zeigt %1.</translation>
+    </message>
+    <message>
+        <source>Not drawn as designed</source>
+        <translation>Nicht wie entworfen gezeichnet</translation>
+    </message>
+    <message>
+        <source>Memory of the chip</source>
+        <translation>Speicher des Chips</translation>
+    </message>
+    <message>
+        <source>Not available on the chip</source>
+        <translation>Auf dem Chip nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>Missing image</source>
+        <translation>Fehlendes Bild</translation>
+    </message>
+    <message>
+        <source>Outside the screen</source>
+        <translation>Außerhalb der Seite</translation>
+    </message>
+    <message>
+        <source>Without a size</source>
+        <translation>Ohne Größe</translation>
+    </message>
+    <message>
+        <source>Hidden by others</source>
+        <translation>Von anderen verdeckt</translation>
+    </message>
+    <message>
+        <source>Too small for a finger</source>
+        <translation>Zu klein für einen Finger</translation>
+    </message>
+    <message>
+        <source>Touch areas overlap</source>
+        <translation>Berührungsflächen überlappen sich</translation>
+    </message>
+    <message>
+        <source>Text does not fit</source>
+        <translation>Text passt nicht</translation>
+    </message>
+    <message>
+        <source>Text with little contrast</source>
+        <translation>Text mit wenig Kontrast</translation>
+    </message>
+    <message>
+        <source>Image scaled a lot</source>
+        <translation>Stark skaliertes Bild</translation>
+    </message>
+    <message>
+        <source>One image under two names</source>
+        <translation>Ein Bild unter zwei Namen</translation>
+    </message>
+    <message>
+        <source>Image that nothing shows</source>
+        <translation>Bild, das nichts zeigt</translation>
+    </message>
+    <message>
+        <source>Id used twice</source>
+        <translation>Kennung doppelt vergeben</translation>
+    </message>
+    <message>
+        <source>Name used twice</source>
+        <translation>Name doppelt vergeben</translation>
+    </message>
+    <message>
+        <source>Same name in C</source>
+        <translation>Gleicher Name in C</translation>
+    </message>
+</context>
+<context>
+    <name>SFormatTrial</name>
+    <message>
+        <source>%1 cannot be copied</source>
+        <translation>%1 kann nicht kopiert werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>%1 kann nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>%1 was ended</source>
+        <translation>%1 wurde beendet</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>there is no such format</source>
+        <translation>dieses Format gibt es nicht</translation>
+    </message>
+    <message>
+        <source>its size is another</source>
+        <translation>seine Größe ist eine andere</translation>
+    </message>
+</context>
 </TS>

@@ -3854,4 +3854,190 @@ Installed version: </source>
         <translation>区域起始值</translation>
     </message>
 </context>
+<context>
+    <name>Checks</name>
+    <message>
+        <source>The screen needs %1 bytes of %2; the chip has %3.</source>
+        <translation>该页面需要 %2 的 %1 字节；芯片只有 %3 字节。</translation>
+    </message>
+    <message>
+        <source>The screen needs %1 % of %2: %3 of %4 bytes.</source>
+        <translation>该页面占用 %2 的 %1 %：%3 / %4 字节。</translation>
+    </message>
+    <message>
+        <source>%1 shows its image %2 times as large as it is.</source>
+        <translation>%1 将图像放大到原来的 %2 倍显示。</translation>
+    </message>
+    <message>
+        <source>%1 shows its image at %2 % of its size; a smaller image would look as good.</source>
+        <translation>%1 将图像缩小到原来的 %2 % 显示；使用更小的图像效果相同。</translation>
+    </message>
+    <message>
+        <source>The image of %1 is missing: %2</source>
+        <translation>%1 的图像缺失：%2</translation>
+    </message>
+    <message>
+        <source>%1 items of the screen are called %2.</source>
+        <translation>该页面有 %1 个对象名为 %2。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 are the same name in C; one gets a number.</source>
+        <translation>%1 和 %2 在 C 中是同一个名称；其中一个会加上编号。</translation>
+    </message>
+    <message>
+        <source>The text of %1 has a contrast of %2 : 1 to what is behind it; %3 : 1 is the least.</source>
+        <translation>%1 的文字与背景的对比度为 %2 : 1；至少应为 %3 : 1。</translation>
+    </message>
+    <message>
+        <source>The text of %1 is cut.</source>
+        <translation>%1 的文字被截断。</translation>
+    </message>
+    <message>
+        <source>The text of %1 is larger than its box.</source>
+        <translation>%1 的文字超出了它的区域。</translation>
+    </message>
+    <message>
+        <source>%1 is hidden by what lies in front of it.</source>
+        <translation>%1 被前面的对象遮住。</translation>
+    </message>
+    <message>
+        <source>%1 lies outside the screen.</source>
+        <translation>%1 位于页面之外。</translation>
+    </message>
+    <message>
+        <source>%1 lies partly outside the screen.</source>
+        <translation>%1 部分位于页面之外。</translation>
+    </message>
+    <message>
+        <source>%1 is %2 mm for a finger, at %3 dots per inch; 7 mm is the least.</source>
+        <translation>按每英寸 %3 点计算，%1 只有 %2 毫米；手指操作至少需要 7 毫米。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 can be touched in the same place.</source>
+        <translation>%1 和 %2 的触摸区域重叠。</translation>
+    </message>
+    <message>
+        <source>%1 has no size.</source>
+        <translation>%1 没有大小。</translation>
+    </message>
+    <message>
+        <source>%1 has the id %2 as %3 has.</source>
+        <translation>%1 的编号 %2 与 %3 相同。</translation>
+    </message>
+    <message>
+        <source>Two screens are called %1.</source>
+        <translation>有两个页面名为 %1。</translation>
+    </message>
+    <message>
+        <source>The screens %1 and %2 are the same name in C; one gets a number.</source>
+        <translation>页面 %1 和 %2 在 C 中是同一个名称；其中一个会加上编号。</translation>
+    </message>
+    <message>
+        <source>The same image lies under several names: %1</source>
+        <translation>同一图像有多个名称：%1</translation>
+    </message>
+    <message>
+        <source>No item shows %1.</source>
+        <translation>没有对象显示 %1。</translation>
+    </message>
+    <message>
+        <source>Not drawn as designed</source>
+        <translation>未按设计绘制</translation>
+    </message>
+    <message>
+        <source>Memory of the chip</source>
+        <translation>芯片内存</translation>
+    </message>
+    <message>
+        <source>Not available on the chip</source>
+        <translation>芯片不支持</translation>
+    </message>
+    <message>
+        <source>Missing image</source>
+        <translation>图像缺失</translation>
+    </message>
+    <message>
+        <source>Outside the screen</source>
+        <translation>位于页面之外</translation>
+    </message>
+    <message>
+        <source>Without a size</source>
+        <translation>没有大小</translation>
+    </message>
+    <message>
+        <source>Hidden by others</source>
+        <translation>被其他对象遮住</translation>
+    </message>
+    <message>
+        <source>Too small for a finger</source>
+        <translation>手指操作区域太小</translation>
+    </message>
+    <message>
+        <source>Touch areas overlap</source>
+        <translation>触摸区域重叠</translation>
+    </message>
+    <message>
+        <source>Text does not fit</source>
+        <translation>文字放不下</translation>
+    </message>
+    <message>
+        <source>Text with little contrast</source>
+        <translation>文字对比度不足</translation>
+    </message>
+    <message>
+        <source>Image scaled a lot</source>
+        <translation>图像缩放过大</translation>
+    </message>
+    <message>
+        <source>One image under two names</source>
+        <translation>一个图像有两个名称</translation>
+    </message>
+    <message>
+        <source>Image that nothing shows</source>
+        <translation>未使用的图像</translation>
+    </message>
+    <message>
+        <source>Id used twice</source>
+        <translation>编号重复</translation>
+    </message>
+    <message>
+        <source>Name used twice</source>
+        <translation>名称重复</translation>
+    </message>
+    <message>
+        <source>Same name in C</source>
+        <translation>C 名称相同</translation>
+    </message>
+</context>
+<context>
+    <name>SFormatTrial</name>
+    <message>
+        <source>%1 cannot be copied</source>
+        <translation>无法复制 %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>无法启动 %1</translation>
+    </message>
+    <message>
+        <source>%1 was ended</source>
+        <translation>%1 已被终止</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 失败</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取 %1</translation>
+    </message>
+    <message>
+        <source>there is no such format</source>
+        <translation>没有这种格式</translation>
+    </message>
+    <message>
+        <source>its size is another</source>
+        <translation>大小不一致</translation>
+    </message>
+</context>
 </TS>

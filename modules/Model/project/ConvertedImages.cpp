@@ -1,5 +1,6 @@
 #include "ConvertedImages.h"
 
+#include "CItemModel.h"
 #include "CProjectModel.h"
 #include "FileNames.h"
 #include "PropertyKey.h"
@@ -28,4 +29,23 @@ bool ConvertedImages::isFolder(const QString &path, const QString &projectFolder
 {
     const QString ending = FileNames::convertedImages(QString());
     return path.endsWith(ending) && QFileInfo(path).path() == projectFolder;
+}
+
+QString ConvertedImages::fileOf(const CItemModel &item)
+{
+    const QString name = item.propertyText(PropertyKey::BaseName);
+    const CProjectModel *project = item.project();
+    if (name.isEmpty() || !project)
+        return {};
+    const QString suffix = item.propertyText(PropertyKey::Suffix);
+    const bool isAsItIs = suffix == QLatin1String("raw") ||
+                          item.itemTypeName() == TypeName::Media ||
+                          !item.hasProperty(PropertyKey::Format);
+    const QString file =
+        name + (isAsItIs ? QLatin1Char('.') + suffix
+                         : QLatin1Char('_') + item.propertyText(PropertyKey::Format) +
+                               QLatin1String(".raw"));
+    const QString folder = project->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder));
+    return QDir::cleanPath(QDir(project->workingDirectory()).filePath(folder) + QLatin1Char('/') +
+                           file);
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class CItemModel;
 class CProjectModel;
 
 /// Where the converted images of a project lie: in a folder of their own in the project's folder,
@@ -14,4 +15,7 @@ QString folder(const CProjectModel &project);
 /// Whether that is what the path of an entry in the project's folder names, under any name that the
 /// project may have had.
 bool isFolder(const QString &path, const QString &projectFolder);
+/// The file of the image that an item of a project shows, absolute, as the render commands name it;
+/// empty when it shows none.
+QString fileOf(const CItemModel &item);
 } // namespace ConvertedImages
