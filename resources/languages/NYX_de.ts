@@ -503,6 +503,17 @@
     </message>
 </context>
 <context>
+    <name>CExplorerPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>Filter pages and items</source>
+        <translation>Seiten und Elemente filtern</translation>
+    </message>
+</context>
+<context>
     <name>CFileWriter</name>
     <message>
         <source>this is not the name of a file</source>
@@ -2034,6 +2045,26 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>No project</source>
         <translation>Kein Projekt</translation>
     </message>
+    <message>
+        <source>Show on the canvas</source>
+        <translation>Auf der Zeichenfläche zeigen</translation>
+    </message>
+    <message>
+        <source>Hide on the canvas</source>
+        <translation>Auf der Zeichenfläche ausblenden</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>Entsperren</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>Sperren</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
 </context>
 <context>
     <name>CProjectExporter</name>
@@ -2792,6 +2823,10 @@ Installierte Version: </translation>
     <message>
         <source>Ungroup Selected Items</source>
         <translation>Gruppierung der Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>Move Item</source>
+        <translation>Element verschieben</translation>
     </message>
 </context>
 <context>

@@ -503,6 +503,17 @@
     </message>
 </context>
 <context>
+    <name>CExplorerPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Filter pages and items</source>
+        <translation>筛选页面和项目</translation>
+    </message>
+</context>
+<context>
     <name>CFileWriter</name>
     <message>
         <source>this is not the name of a file</source>
@@ -2034,6 +2045,26 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>No project</source>
         <translation>没有项目</translation>
     </message>
+    <message>
+        <source>Show on the canvas</source>
+        <translation>在画布上显示</translation>
+    </message>
+    <message>
+        <source>Hide on the canvas</source>
+        <translation>在画布上隐藏</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>解锁</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到任何内容</translation>
+    </message>
 </context>
 <context>
     <name>CProjectExporter</name>
@@ -2792,6 +2823,10 @@ Installed version: </source>
     <message>
         <source>Ungroup Selected Items</source>
         <translation>取消选中项目的组合</translation>
+    </message>
+    <message>
+        <source>Move Item</source>
+        <translation>移动项目</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "CMainPanels.h"
 
+#include "CExplorerPanel.h"
 #include "CMainWindow.h"
 #include "COutputWindowView.h"
 #include "CPlatformTable.h"
@@ -47,8 +48,9 @@ CMainPanels::CMainPanels(CMainWindow *window)
 
 void CMainPanels::makePanels()
 {
-    m_explorer = new CProjectExplorerView;
-    m_explorerDock = makeDock("projectExplorer", m_explorer, Qt::LeftDockWidgetArea);
+    auto *explorer = new CExplorerPanel;
+    m_explorer = explorer->view();
+    m_explorerDock = makeDock("projectExplorer", explorer, Qt::LeftDockWidgetArea);
     m_screens = new CScreen(m_window);
     m_screens->setObjectName(QStringLiteral("viewProjectWindow"));
     m_window->setCentralWidget(m_screens);

@@ -7,6 +7,7 @@
 class CItemModel;
 class CMainWindow;
 class COutputWindowView;
+class CExplorerPanel;
 class CProjectExplorerView;
 class CProjectModel;
 class CProjectSelection;
@@ -67,6 +68,8 @@ public:
 Q_SIGNALS:
     /// All panels show what is selected now, which may be the same as before.
     void selectionShown();
+    /// They are to be seen as large as they can be; their page is open.
+    void zoomWanted(const QVector<CItemModel *> &items);
 
 public Q_SLOTS:
     void write(const QString &text); ///< into the output window
@@ -88,6 +91,8 @@ private:
     void takeFromCanvas(const QList<CItemModel *> &items);
     void enterCanvas();
     void explorerClicked(const QModelIndex &index);
+    void explorerMoved(const QVector<CItemModel *> &items);
+    void explorerZooms(CItemModel *item);
     void showPage(const QList<CItemModel *> &touched);
     void showStep();
     void showSelection();

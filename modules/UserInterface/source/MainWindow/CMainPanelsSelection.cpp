@@ -36,6 +36,8 @@ void CMainPanels::connectSelection()
             &CMainPanels::selectionChanged);
     connect(m_explorer, &CProjectExplorerView::screenActivated, this, &CMainPanels::showScreen);
     connect(m_explorer, &QAbstractItemView::clicked, this, &CMainPanels::explorerClicked);
+    connect(m_explorer, &CProjectExplorerView::itemsMoved, this, &CMainPanels::explorerMoved);
+    connect(m_explorer, &CProjectExplorerView::zoomWanted, this, &CMainPanels::explorerZooms);
     connect(m_explorer, &CProjectExplorerView::memberReached, this, &CMainPanels::reveal);
     connect(m_screens, &CScreen::selectionChanged, this, &CMainPanels::takeFromCanvas);
     connect(m_screens, &CScreen::canvasEntered, this, &CMainPanels::enterCanvas);
@@ -79,6 +81,25 @@ void CMainPanels::explorerClicked(const QModelIndex &index)
     }
     m_selection->forgetMember();
     m_properties->showItems(m_selection->shownItems());
+}
+
+/// They stay selected where that is possible; of those that have come into a group, the first is
+/// shown.
+void CMainPanels::explorerMoved(const QVector<CItemModel *> &items)
+{
+    CItemModel *first = items.constFirst();
+    openPageOf(first);
+    m_explorer->selectionModel()->setCurrentIndex(first->index(), QItemSelectionModel::NoUpdate);
+    if (first->isGrouped())
+        reveal(first);
+    else
+        select(items.toList());
+}
+
+void CMainPanels::explorerZooms(CItemModel *item)
+{
+    openPageOf(item);
+    Q_EMIT zoomWanted({item});
 }
 
 void CMainPanels::takeFromCanvas(const QList<CItemModel *> &items)
@@ -151,12 +172,12 @@ void CMainPanels::showSelection()
     Q_EMIT selectionShown();
 }
 
-/// Of an item; choosing a page itself leads nowhere until it is clicked.
+/// Of an item, or the page itself.
 void CMainPanels::openPageOf(CItemModel *item)
 {
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     CItemModel *page = pageOf(item);
-    if (page != item && page != m_screens->currentScreen())
+    if (page != m_screens->currentScreen())
         m_screens->openScreen(static_cast<CScreenModel *>(page));
 }
 

@@ -78,6 +78,7 @@ CMainWindow::CMainWindow(const QString &file)
     const SSettings settings = readSettings();
     startSubsystems();
     m_panels = new CMainPanels(this);
+    connect(m_panels, &CMainPanels::zoomWanted, this, &CMainWindow::zoomTo);
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);

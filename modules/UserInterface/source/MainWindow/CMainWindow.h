@@ -139,6 +139,7 @@ public Q_SLOTS:
     void pasteInPlace();
     void duplicate();
     void zoomToSelection();
+    void zoomTo(const QVector<CItemModel *> &items); ///< of the shown page
     void hideItems();
     void showHiddenItems();
     void selectAll();

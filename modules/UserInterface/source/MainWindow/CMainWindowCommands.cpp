@@ -344,9 +344,14 @@ void CMainWindow::showHiddenItems()
 
 void CMainWindow::zoomToSelection()
 {
+    const CScreenView *view = m_panels->screens()->currentView();
+    zoomTo(view ? view->selectedItems() : QVector<CItemModel *>());
+}
+
+void CMainWindow::zoomTo(const QVector<CItemModel *> &items)
+{
     CScreenView *view = m_panels->screens()->currentView();
-    const QVector<CItemModel *> items = view ? view->selectedItems() : QVector<CItemModel *>();
-    if (items.isEmpty())
+    if (!view || items.isEmpty())
         return;
     const QRectF frame = ItemGeometry::frameOf(items);
     const double across = view->viewport()->width() / std::max(1.0, frame.width());

@@ -7,6 +7,7 @@
 #include "CThemeIcons.h"
 #include "CToolboxModel.h"
 #include "CWidgetLibraryManager.h"
+#include "ExplorerMarks.h"
 #include "ItemNames.h"
 #include "PropertyKey.h"
 #include "ShownText.h"
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr QSize IconSize(16, 16);
+constexpr int TextMargins = 12; ///< beside the icon and the text, pixels
 
 const CItemModel *itemOf(const QModelIndex &index)
 {
@@ -32,7 +34,10 @@ CExplorerDelegate::CExplorerDelegate(QObject *parent)
       m_screenIcon(CThemeIcons::icon(QStringLiteral(":/images/screen.png"))),
       m_groupIcon(CThemeIcons::icon(QStringLiteral(":/images/group.png"))),
       m_widgetIcon(CThemeIcons::icon(QStringLiteral(":/images/widget.png"))),
-      m_lockIcon(CThemeIcons::icon(QStringLiteral(":/images/locked.png")))
+      m_lockIcon(CThemeIcons::icon(QStringLiteral(":/images/locked.png"))),
+      m_unlockedIcon(CThemeIcons::icon(QStringLiteral(":/images/unlocked.png"))),
+      m_hiddenIcon(CThemeIcons::icon(QStringLiteral(":/images/eyeOff.png"))),
+      m_seenIcon(CThemeIcons::icon(QStringLiteral(":/images/eye.png")))
 {
 }
 
@@ -84,6 +89,14 @@ void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,
         option->palette.setBrush(
             QPalette::Text,
             palette.brush(item->isGrouped() ? QPalette::PlaceholderText : QPalette::Text));
+        if (item->isUnderHidden())
+            option->palette.setBrush(QPalette::Text, palette.brush(QPalette::PlaceholderText));
+        if (item == m_shownScreen)
+            option->font.setWeight(QFont::DemiBold);
+        const int room = option->rect.width() - option->decorationSize.width() -
+                         ExplorerMarks::Width - TextMargins;
+        if (item->parentItem() && room > 0) // no name runs under the marks
+            option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight, room);
         if (item->isGrouped()) // it is selected through its group, but is not disabled
             option->state |= QStyle::State_Enabled;
     }
@@ -92,18 +105,26 @@ void CExplorerDelegate::initStyleOption(QStyleOptionViewItem *option,
 void CExplorerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const
 {
-    const CItemModel *item = itemOf(index);
-    if (!item || !item->isUnderLock()) {
-        QStyledItemDelegate::paint(painter, option, index);
-        return;
-    }
-    const QSize size = option.decorationSize;
-    constexpr int gap = 4;
     QStyledItemDelegate::paint(painter, option, index);
-    const QRect place(option.rect.right() - size.width() - gap,
-                      option.rect.center().y() - size.height() / 2, size.width(), size.height());
-    painter->setOpacity(item->isLocked() ? 1.0 : 0.4); // faint for what its group locks
-    m_lockIcon.paint(painter, place);
+    const CItemModel *item = itemOf(index);
+    if (item && item->parentItem())
+        paintMarks(painter, option, *item);
+}
+
+/// Faint for what only its group locks or hides, and for what a click would do.
+void CExplorerDelegate::paintMarks(QPainter *painter, const QStyleOptionViewItem &option,
+                                   const CItemModel &item) const
+{
+    const bool isPointedAt = option.state.testFlag(QStyle::State_MouseOver);
+    const auto paintMark = [&](ExplorerMarks::EMark mark, const QIcon &on, const QIcon &off,
+                               bool isOwn, bool isInherited) {
+        if (!isOwn && !isInherited && !isPointedAt)
+            return;
+        painter->setOpacity(isOwn ? 1.0 : 0.45);
+        (isOwn || isInherited ? on : off).paint(painter, ExplorerMarks::place(mark, option.rect));
+    };
+    paintMark(ExplorerMarks::Eye, m_hiddenIcon, m_seenIcon, item.isHidden(), item.isUnderHidden());
+    paintMark(ExplorerMarks::Lock, m_lockIcon, m_unlockedIcon, item.isLocked(), item.isUnderLock());
     painter->setOpacity(1.0);
 }
 

@@ -1,9 +1,11 @@
-// How the explorer reorders screens by dragging them, and lets items be dragged to a canvas.
+// How the explorer reorders screens and items by dragging them, and lets items be dragged to a
+// canvas.
 #include "CCommandOrderItem.h"
 #include "CProjectExplorerView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "ItemDrag.h"
+#include "ItemOperations.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -14,6 +16,7 @@
 namespace {
 
 const QString dragFormat = QStringLiteral("drag-drop-explorer");
+const QString memberFormat = QStringLiteral("drag-drop-explorer-member");
 constexpr int IndicatorHeight = 3;
 constexpr int ScrollMargin = 16; ///< pixels at the edges within which the tree scrolls
 
@@ -22,14 +25,17 @@ constexpr int ScrollMargin = 16; ///< pixels at the edges within which the tree 
 void CProjectExplorerView::startDrag(Qt::DropActions)
 {
     CItemModel *item = itemAt(currentIndex());
-    if (!item || item->isGrouped())
+    if (!item)
         return;
     auto *drag = new QDrag(this);
     const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
     drag->setPixmap(viewport()->grab(row));
     if (item->kind() != CItemModel::Kind::Screen) {
-        drag->setMimeData(ItemDrag::toMimeData(draggedItems(item)));
+        const QVector<CItemModel *> items = draggedItems(item);
+        drag->setMimeData(item->isGrouped() ? memberData() : ItemDrag::toMimeData(items));
+        m_itemDrag.begin(ItemOperations::inOrder(items));
         execute(drag);
+        m_itemDrag.begin({});
         return;
     }
     auto *payload = new QMimeData;
@@ -43,10 +49,13 @@ void CProjectExplorerView::startDrag(Qt::DropActions)
     m_dragged = nullptr;
 }
 
-/// The item that the drag began on, and what else is selected on the screens.
+/// The item that the drag began on, and what else is selected on the screens. A member of a group
+/// goes by itself.
 QVector<CItemModel *> CProjectExplorerView::draggedItems(CItemModel *pressed) const
 {
     QVector<CItemModel *> items{pressed};
+    if (pressed->isGrouped())
+        return items;
     for (const QModelIndex &index : selectedIndexes()) {
         CItemModel *item = itemAt(index);
         if (item && item != pressed && item->kind() != CItemModel::Kind::Screen &&
@@ -54,6 +63,28 @@ QVector<CItemModel *> CProjectExplorerView::draggedItems(CItemModel *pressed) co
             items.append(item);
     }
     return items;
+}
+
+/// A canvas does not take members: on it only their group can be moved.
+QMimeData *CProjectExplorerView::memberData()
+{
+    auto *payload = new QMimeData;
+    payload->setData(memberFormat, {});
+    return payload;
+}
+
+/// What is dragged within this tree.
+bool CProjectExplorerView::areItems(const QMimeData &payload) const
+{
+    return m_itemDrag.isActive() &&
+           (payload.hasFormat(ItemDrag::Mime) || payload.hasFormat(memberFormat));
+}
+
+void CProjectExplorerView::followItems(QDropEvent *event)
+{
+    scrollAtEdges(event->pos().y());
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(m_itemDrag.follow(event->pos()));
 }
 
 void CProjectExplorerView::execute(QDrag *drag)
@@ -104,6 +135,11 @@ void CProjectExplorerView::showReturned(CItemModel &screen)
 
 void CProjectExplorerView::dragEnterEvent(QDragEnterEvent *event)
 {
+    if (areItems(*event->mimeData())) {
+        followItems(event);
+        event->accept(); // also where they cannot be dropped: they may come to where they can
+        return;
+    }
     if (!m_dragged || !event->mimeData()->hasFormat(dragFormat)) {
         event->ignore();
         return;
@@ -117,23 +153,32 @@ void CProjectExplorerView::dragEnterEvent(QDragEnterEvent *event)
 
 void CProjectExplorerView::dragMoveEvent(QDragMoveEvent *event)
 {
+    if (areItems(*event->mimeData())) {
+        followItems(event);
+        return;
+    }
     if (!m_taken) {
         event->ignore();
         return;
     }
-    const int y = event->pos().y();
-    QScrollBar *bar = verticalScrollBar();
-    if (y < ScrollMargin)
-        bar->triggerAction(QScrollBar::SliderSingleStepSub);
-    else if (y > viewport()->height() - ScrollMargin)
-        bar->triggerAction(QScrollBar::SliderSingleStepAdd);
+    scrollAtEdges(event->pos().y());
     followPointer(event->pos());
     event->setDropAction(Qt::MoveAction);
     event->accept();
 }
 
+void CProjectExplorerView::scrollAtEdges(int y)
+{
+    QScrollBar *bar = verticalScrollBar();
+    if (y < ScrollMargin)
+        bar->triggerAction(QScrollBar::SliderSingleStepSub);
+    else if (y > viewport()->height() - ScrollMargin)
+        bar->triggerAction(QScrollBar::SliderSingleStepAdd);
+}
+
 void CProjectExplorerView::dragLeaveEvent(QDragLeaveEvent *event)
 {
+    m_itemDrag.leave();
     if (CItemModel *back = putScreenBack())
         showReturned(*back);
     event->accept();
@@ -141,6 +186,13 @@ void CProjectExplorerView::dragLeaveEvent(QDragLeaveEvent *event)
 
 void CProjectExplorerView::dropEvent(QDropEvent *event)
 {
+    if (areItems(*event->mimeData())) {
+        followItems(event);
+        const QVector<CItemModel *> moved = m_itemDrag.drop();
+        if (!moved.isEmpty())
+            Q_EMIT itemsMoved(moved);
+        return;
+    }
     CItemModel *screen = putScreenBack();
     if (!screen) {
         event->ignore();

@@ -1,5 +1,6 @@
 #include "CProjectExplorerView.h"
 #include "CanvasTestSupport.h"
+#include "ItemTree.h"
 #include "ScreenDocuments.h"
 
 #include <QtTest>
@@ -211,6 +212,110 @@ private Q_SLOTS:
         QVERIFY(m_view->isExpanded(m_project->index(1, 0)));
     }
 
+    void dragMovesItems_data()
+    {
+        QTest::addColumn<QString>("dragged"); // those before the last one are selected as well
+        QTest::addColumn<QString>("over");
+        QTest::addColumn<double>("share"); // of its row's height; below 0: to the left of it
+        QTest::addColumn<QString>("after");
+        const auto row = [](const char *dragged, const char *over, double share,
+                            const char *after) {
+            QTest::addRow("%s to %s at %g", dragged, over, share)
+                << dragged << over << share << after;
+        };
+        row("A", "D", 0.9, "G(BC)DAH(EF)");
+        row("D", "A", 0.1, "DAG(BC)H(EF)");
+        row("DA", "H", 0.1, "G(BC)ADH(EF)"); // in their order
+        row("A", "G", 0.5, "G(ABC)DH(EF)");
+        row("A", "B", 0.9, "G(BAC)DH(EF)");
+        row("DA", "C", 0.9, "G(BCAD)H(EF)");
+        row("B", "A", 0.1, "BAG(C)DH(EF)");
+        row("C", "B", 0.1, "AG(CB)DH(EF)");
+        row("B", "H", 0.5, "AG(C)DH(BEF)");
+        row("G", "H", 0.5, "ADH(G(BC)EF)");
+        row("A", "F", -0.9, "G(BC)DH(EF)A"); // out of the group again
+        row("A", "Page 3", 0.5, "AG(BC)DH(EF)");
+        row("A", "A", 0.9, "AG(BC)DH(EF)");
+        row("G", "B", 0.9, "AG(BC)DH(EF)"); // not into itself
+        row("A", "L", 0.1, "AG(BC)DH(EF)"); // nor into what is locked
+    }
+
+    /// One step, which changes the order and nothing else: no item moves on its page.
+    void dragMovesItems()
+    {
+        QFETCH(QString, dragged);
+        QFETCH(QString, over);
+        QFETCH(double, share);
+        QFETCH(QString, after);
+        CScreenModel *page = m_project->screen(2);
+        const QString before = "AG(BC)DH(EF)";
+        fill(*page, before);
+        fill(*m_project->screen(1), "K(L)");
+        m_project->screen(1)->childItem(1)->setLocked(true);
+        m_view->resize(240, 900);
+        m_view->expandAll();
+        const QByteArray start = savedBytes(*m_project);
+        const auto named = [this](const QString &name) {
+            CItemModel *found = nullptr;
+            forEachItem(*m_project, [&](CItemModel &each) {
+                if (each.name() == name)
+                    found = &each;
+            });
+            return found;
+        };
+        QList<CItemModel *> items;
+        for (const QChar each : dragged)
+            items.append(named(each));
+        const QRectF frame = ItemGeometry::frameOf(*items.last());
+        m_view->selectItems(items);
+        const QRect row = m_view->visualRect(named(over)->index());
+        const QPoint at(share < 0 ? 8 : row.left() + 20,
+                        row.top() + qRound(std::abs(share) * (row.height() - 1)));
+        QSignalSpy moved(m_view.get(), &CProjectExplorerView::itemsMoved);
+        m_view->user = [&](QMimeData *data) {
+            m_view->enter(data, at);
+            QCOMPARE(savedBytes(*m_project), start);
+            m_view->move(data, at);
+            m_view->drop(data, at);
+        };
+        if (items.size() == 1)
+            m_view->setCurrentIndex(items.last()->index());
+        m_view->dragFrom(items.last()->index());
+        QCOMPARE(m_view->drags, 1);
+        QCOMPARE(textOf(*page), after);
+        QCOMPARE(m_project->undoStack()->count(), after == before ? 0 : 1);
+        QCOMPARE(ItemGeometry::frameOf(*items.last()), frame);
+        QVERIFY(m_view->isExpanded(named("G")->index()));
+        const QByteArray end = savedBytes(*m_project);
+        m_project->undoStack()->undo();
+        QCOMPARE(savedBytes(*m_project), start);
+        m_project->undoStack()->redo();
+        QCOMPARE(savedBytes(*m_project), end);
+    }
+
+    /// The last member takes its group along; on another page a name that is there counts up.
+    void dragToAnotherPage()
+    {
+        fill(*m_project->screen(2), "G(B)");
+        fill(*m_project->screen(1), "B");
+        const QByteArray start = savedBytes(*m_project);
+        m_view->resize(240, 900);
+        m_view->expandAll();
+        m_view->user = [&](QMimeData *data) {
+            QCOMPARE(data->formats(), QStringList("drag-drop-explorer-member")); // not for a canvas
+            m_view->enter(data, upperHalfOf(1));
+            m_view->drop(data, upperHalfOf(1));
+        };
+        CItemModel *member = m_project->screen(2)->childItem(0)->childItem(0);
+        m_view->dragFrom(member->index());
+        QCOMPARE(textOf(*m_project->screen(2)), "");
+        QCOMPARE(member->name(), "B 2");
+        QCOMPARE(m_project->screen(1)->childItem(0), member);
+        QCOMPARE(m_project->undoStack()->count(), 1);
+        m_project->undoStack()->undo();
+        QCOMPARE(savedBytes(*m_project), start);
+    }
+
     void onlyScreensAreReordered()
     {
         m_view->user = [this](QMimeData *payload) { // a widget is for the canvas
@@ -332,6 +437,37 @@ private:
             line->setText(name);
             QTest::keyClick(line, Qt::Key_Return);
         });
+    }
+    /// Boxes and, with their members in brackets, groups.
+    static void fill(CItemModel &parent, const QString &text)
+    {
+        CItemModel *into = &parent;
+        for (int at = 0; at < text.size(); ++at) {
+            if (text.at(at) == ')') {
+                into = into->parentItem();
+                continue;
+            }
+            CItemModel *item = text.mid(at + 1, 1) == "("
+                                   ? new CWidgetGroupModel(parent.library(), parent.observer())
+                                   : appendBox(into, 10 * at, 20, 30, 40);
+            item->setProperty(PropertyKey::Name, QString(text.at(at)));
+            item->setGrouped(into->kind() == CItemModel::Kind::Group);
+            if (item->kind() != CItemModel::Kind::Group)
+                continue;
+            into->appendRow(item);
+            into = item;
+            ++at;
+        }
+    }
+    static QString textOf(const CItemModel &parent)
+    {
+        QString text;
+        for (int row = 0; row < parent.rowCount(); ++row) {
+            const CItemModel &item = *parent.childItem(row);
+            const bool isGroup = item.kind() == CItemModel::Kind::Group;
+            text += item.name() + (isGroup ? '(' + textOf(item) + ')' : QString());
+        }
+        return text;
     }
     QPoint upperHalfOf(int screen) const
     {

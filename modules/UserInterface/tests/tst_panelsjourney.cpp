@@ -5,6 +5,7 @@
 #include "CFrameItem.h"
 #include "CItemModel.h"
 #include "CMainWindow.h"
+#include "CProjectExplorerView.h"
 #include "CProjectModel.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
@@ -12,6 +13,7 @@
 #include "CScreenView.h"
 #include "CSettings.h"
 #include "CWidgetSelectionView.h"
+#include "ExplorerMarks.h"
 #include "ItemGeometry.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
@@ -21,7 +23,7 @@
 
 #include <memory>
 
-class tst_PaletteJourney : public QObject
+class tst_PanelsJourney : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +33,11 @@ private Q_SLOTS:
         m_folder = std::make_unique<CProgramFolder>();
         const QString path = m_folder->path("demo.nyx");
         writeFile(path, "<Kiv_Project_T platform=\"QX110\" width=\"480\" height=\"272\">"
-                        "<Kiv_Screen_T name=\"First\" color=\"#102030\"/></Kiv_Project_T>");
+                        "<Kiv_Screen_T name=\"First\" color=\"#102030\"/>"
+                        "<Kiv_Screen_T name=\"Second\">"
+                        "<Kiv_Rectangle_T name=\"Speed\" id=\"1\" x_coordinate=\"20\"/>"
+                        "<Kiv_Rectangle_T name=\"Range\" id=\"2\" x_coordinate=\"300\"/>"
+                        "</Kiv_Screen_T></Kiv_Project_T>");
         m_window = std::make_unique<CMainWindow>(path);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
@@ -176,8 +182,95 @@ private Q_SLOTS:
         QTRY_VERIFY2(farthest() <= 3, qPrintable(QString::number(off)));
     }
 
+    /// By a click each: one step, of all that is selected when the row is; the selection stays.
+    void marksInTheExplorer()
+    {
+        CItemModel *item = screen(1)->childItem(0);
+        CItemModel *other = screen(1)->childItem(1);
+        auto *tree = m_window->findChild<CProjectExplorerView *>();
+        tree->expandAll();
+        const auto click = [tree](const CItemModel *on, ExplorerMarks::EMark mark) {
+            const QRect row = tree->visualRect(on->index());
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                              ExplorerMarks::place(mark, row).center());
+        };
+        click(item, ExplorerMarks::Eye);
+        QVERIFY(item->isHidden() && !other->isHidden());
+        click(item, ExplorerMarks::Lock);
+        QVERIFY(item->isLocked() && tree->selectionModel()->selectedIndexes().isEmpty());
+        QCOMPARE(m_window->project()->undoStack()->count(), 2);
+        click(item, ExplorerMarks::Eye);
+        click(item, ExplorerMarks::Lock);
+        QCOMPARE(saved(), m_before);
+        tree->selectAll();
+        click(other, ExplorerMarks::Eye);
+        QVERIFY(item->isHidden() && other->isHidden());
+        m_window->project()->undoStack()->undo();
+        QCOMPARE(saved(), m_before);
+    }
+
+    /// Explorer and canvas agree about the page, whoever changes it, and a double-click zooms.
+    void explorerAndCanvasAgree()
+    {
+        CItemModel *item = screen(1)->childItem(1);
+        auto *screens = m_window->findChild<CScreen *>();
+        auto *tree = m_window->findChild<CProjectExplorerView *>();
+        tree->expandAll();
+        const auto isMarked = [tree](const CScreenModel *page) {
+            return tree->shownScreen() == page;
+        };
+        tree->setFocus();
+        tree->setCurrentIndex(screen(0)->index());
+        QTest::keyClick(tree, Qt::Key_Down);
+        QCOMPARE(screens->currentScreen(), screen(1));
+        QVERIFY(isMarked(screen(1)));
+        screens->openScreen(screen(0));
+        QVERIFY(isMarked(screen(0)));
+        tree->scrollTo(item->index());
+        const QPoint row = tree->visualRect(item->index()).center();
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, row);
+        QTRY_VERIFY(screens->currentView()->isVisible()); // laid out, as between two clicks
+        QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, row);
+        QCOMPARE(screens->currentScreen(), screen(1));
+        CScreenView *view = screens->currentView();
+        const QRectF seen = view->mapToScene(view->viewport()->rect()).boundingRect();
+        const QRectF frame = ItemGeometry::frameOf(*item);
+        QVERIFY(seen.contains(frame));
+        QVERIFY(frame.width() * 2 > seen.width() || frame.height() * 2 > seen.height());
+        QCOMPARE(view->selectedItems(), QVector<CItemModel *>{item});
+        QCOMPARE(saved(), m_before);
+    }
+
+    void explorerFilter()
+    {
+        auto *tree = m_window->findChild<CProjectExplorerView *>();
+        tree->collapseAll();
+        const auto rows = [tree] {
+            QStringList names;
+            for (QModelIndex at = tree->indexAt({20, 4}); at.isValid(); at = tree->indexBelow(at))
+                names.append(at.data().toString());
+            return names.join(' ');
+        };
+        auto *filter = m_window->findChild<QLineEdit *>("explorerFilter");
+        filter->setClearButtonEnabled(false);
+        filter->setFocus();
+        QTest::keyClicks(filter, "ran");
+        QCOMPARE(rows(), "Second Range");
+        screen(1)->childItem(0)->setProperty(PropertyKey::Name, "Transfer"); // it fits now
+        QTRY_COMPARE(rows(), "Second Transfer Range");
+        QTest::keyClick(filter, Qt::Key_Return);
+        const auto *screens = m_window->findChild<CScreen *>();
+        QCOMPARE(screens->selectedItems(), QList<CItemModel *>{screen(1)->childItem(0)});
+        filter->setText("sec");
+        QCOMPARE(rows(), "Second Transfer Range");
+        filter->setText("nothing");
+        QCOMPARE(rows(), "");
+        QTest::keyClick(filter, Qt::Key_Escape);
+        QCOMPARE(rows(), "First Second"); // collapsed as before
+    }
+
 private:
-    CScreenModel *screen() const { return m_window->project()->screen(0); }
+    CScreenModel *screen(int row = 0) const { return m_window->project()->screen(row); }
     QByteArray saved() const { return m_window->project()->saveToBytes(nullptr); }
     void choose(const QString &type)
     {
@@ -204,5 +297,5 @@ private:
     QByteArray m_before;
 };
 
-QTEST_MAIN(tst_PaletteJourney)
-#include "tst_palettejourney.moc"
+QTEST_MAIN(tst_PanelsJourney)
+#include "tst_panelsjourney.moc"
