@@ -40,6 +40,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
                          [this](const QPoint &position, Qt::Orientation guide, double distance) {
                              return doItemsKeep(position, guide, distance);
                          })),
+      m_measure(*m_scene, *this),
       m_restTimer(new QTimer(this)),
       m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
@@ -87,6 +88,10 @@ void CScreenView::connectScene()
     connect(m_scene, &CScreenScene::gestureEnded, m_readout, &QWidget::hide);
     connect(m_scene, &CScreenScene::itemsDragged, m_commands, &CSelectionCommands::moveDragged);
     connect(m_scene, &CScreenScene::contentChanged, this, &CScreenView::frameWanted);
+    const auto stopMeasuring = [this] { m_measure.hide(); };
+    connect(m_scene, &CScreenScene::contentChanged, this, stopMeasuring);
+    connect(m_scene, &QGraphicsScene::selectionChanged, this, stopMeasuring);
+    connect(m_scene, &CScreenScene::selectionShown, this, stopMeasuring);
     connect(m_scene, &CScreenScene::itemsChanged, this, &CScreenView::reportCounts);
 }
 
@@ -142,6 +147,7 @@ void CScreenView::detach()
     disconnect(CEditorState::instance(), nullptr, this, nullptr);
     m_scene->disconnect(this);
     m_guides->detach();
+    m_measure.hide();
     m_scene->detach();
 }
 
@@ -270,6 +276,7 @@ void CScreenView::showEvent(QShowEvent *event)
 
 void CScreenView::scrollContentsBy(int dx, int dy)
 {
+    m_measure.hide();
     QGraphicsView::scrollContentsBy(dx, dy);
     Q_EMIT viewportMoved();
 }
@@ -319,6 +326,7 @@ void CScreenView::drawForeground(QPainter *painter, const QRectF &rect)
     QGraphicsView::drawForeground(painter, rect);
     painter->restore();
     m_guides->paint(*painter);
+    m_measure.paint(*painter);
 }
 
 QVector<CItemModel *> CScreenView::selectedItems() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CMeasureTool.h"
+
 #include <QGraphicsView>
 
 #include <cstddef>
@@ -29,6 +31,7 @@ public:
     CScreenScene *screenScene() const { return m_scene; }
     CSelectionCommands *commands() const { return m_commands; }
     CGuideTool *guides() const { return m_guides; }
+    const CMeasureTool &measure() const { return m_measure; }
     /// Lets go of the screen, which is about to go.
     void detach();
 
@@ -118,6 +121,7 @@ private:
     void leaveItems();
     void reportPointer(const QPoint &position);
     bool isPointerHeld() const;
+    bool mayMeasure(const QKeyEvent &event) const;
     bool beginPan(const QMouseEvent &event);
     void endPan();
     void selectUnder(const QPoint &position);
@@ -134,6 +138,7 @@ private:
     CItemDrop *m_drop;              ///< a child
     CViewZoom *m_zoom;              ///< a child
     CGuideTool *m_guides;           ///< a child
+    CMeasureTool m_measure;
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;

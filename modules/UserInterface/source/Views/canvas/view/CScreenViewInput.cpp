@@ -35,7 +35,18 @@ bool CScreenView::event(QEvent *event)
         event->accept(); // of the guide, not of items
         return true;
     }
+    if (event->type() == QEvent::ShortcutOverride && mayMeasure(*static_cast<QKeyEvent *>(event))) {
+        event->accept(); // else the menu bar would take the keys with the release
+        return true;
+    }
     return QGraphicsView::event(event);
+}
+
+/// Alt alone, with the pointer on the canvas.
+bool CScreenView::mayMeasure(const QKeyEvent &event) const
+{
+    return event.key() == Qt::Key_Alt && (event.modifiers() & ~Qt::AltModifier) == 0 &&
+           viewport()->underMouse() && !isPointerHeld() && m_measure.isPossible();
 }
 
 bool CScreenView::focusNextPrevChild(bool next)
@@ -62,6 +73,10 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
+    if (mayMeasure(*event))
+        m_measure.show(viewport()->mapFromGlobal(QCursor::pos()));
+    else
+        m_measure.hide();
     switch (event->key()) {
     case Qt::Key_Left:
         return m_commands->nudge(-step, 0);
@@ -95,6 +110,8 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
 
 void CScreenView::keyReleaseEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_Alt)
+        m_measure.hide();
     if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
         m_spaceHeld = false;
         if (!m_panning)
@@ -180,6 +197,7 @@ void CScreenView::cancelRubberBand()
 
 void CScreenView::mousePressEvent(QMouseEvent *event)
 {
+    m_measure.hide();
     if (isPointerHeld() && !m_panning &&
         (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)))
         dropGesture();
@@ -239,6 +257,10 @@ void CScreenView::mouseMoveEvent(QMouseEvent *event)
         return; // the cursors of items would take the hand for their ground and put it back later
     if (isPointerHeld() && !event->buttons().testFlag(Qt::LeftButton))
         dropGesture();
+    if (event->buttons() == Qt::NoButton && event->modifiers() == Qt::AltModifier)
+        m_measure.show(event->pos());
+    else
+        m_measure.hide();
     if (m_guides->move(*event))
         return;
     QGraphicsView::mouseMoveEvent(event);
@@ -291,6 +313,7 @@ void CScreenView::leaveEvent(QEvent *event)
 {
     QGraphicsView::leaveEvent(event);
     m_guides->leave();
+    m_measure.hide();
     Q_EMIT pointerLeft();
 }
 
@@ -301,6 +324,7 @@ void CScreenView::focusOutEvent(QFocusEvent *event)
         dropGesture();
     }
     QGraphicsView::focusOutEvent(event);
+    m_measure.hide();
     m_spaceHeld = false; // its release will go elsewhere
     if (!m_panning)
         viewport()->unsetCursor();

@@ -1,5 +1,5 @@
 // Guides on a page with its rulers: what the pointer and the keys do to them and what they leave to
-// the items. Nothing is selected at the start.
+// the items; and measuring with Alt. Nothing is selected at the start.
 #include "CEditorState.h"
 #include "CGuideEdits.h"
 #include "CGuideMenu.h"
@@ -82,9 +82,11 @@ struct Page
         if (word == "top" || word == "left" || word == "press") {
             mouse(QEvent::MouseButtonPress, Qt::LeftButton);
             isDown = true;
-        } else if (word == "to" || word == "shift") {
+        } else if (word == "to" || word == "shift" || word == "alt") {
             mouse(QEvent::MouseMove, Qt::NoButton,
-                  word == "to" ? Qt::NoModifier : Qt::ShiftModifier);
+                  word == "to"      ? Qt::NoModifier
+                  : word == "shift" ? Qt::ShiftModifier
+                                    : Qt::AltModifier);
         } else if (word == "up") {
             mouse(QEvent::MouseButtonRelease, Qt::LeftButton);
             grabber = nullptr;
@@ -265,6 +267,75 @@ private Q_SLOTS:
         while (page.project->undoStack()->canUndo())
             page.project->undoStack()->undo();
         QCOMPARE(page.guides(), QString("x120 y70,locked"));
+    }
+
+    void distances_data()
+    {
+        QTest::addColumn<QRectF>("to");
+        QTest::addColumn<QString>("expected"); // of the box 100,100 60x40: lines, then leads
+        QTest::newRow("page") << QRectF(0, 0, 480, 272)
+                              << "100,120-0,120 160,120-480,120 130,100-130,0 130,140-130,272";
+        QTest::newRow("right") << QRectF(172, 110, 20, 90) << "160,125-172,125";
+        QTest::newRow("below, left") << QRectF(20, 150, 40, 40)
+                                     << "100,120-60,120 130,140-130,150 | 60,120-60,150 "
+                                        "130,150-60,150";
+        QTest::newRow("overlapping")
+            << QRectF(90, 100, 20, 50) << "100,120-90,120 160,120-110,120 105,140-105,150";
+        QTest::newRow("equal") << QRectF(100, 100, 60, 40) << "";
+        QTest::newRow("touching") << QRectF(160, 100, 60, 40) << "";
+        QTest::newRow("less than half a pixel") << QRectF(160.4, 100, 60, 40) << "";
+    }
+
+    void distances()
+    {
+        QFETCH(QRectF, to);
+        QFETCH(QString, expected);
+        QStringList lines;
+        QStringList leads;
+        const auto text = [](const QLineF &line) {
+            return QString("%1,%2-%3,%4")
+                .arg(line.x1())
+                .arg(line.y1())
+                .arg(line.x2())
+                .arg(line.y2());
+        };
+        for (const auto &each : MeasureRule::distances({100, 100, 60, 40}, to)) {
+            QCOMPARE(each.length, int(each.line.length()));
+            lines.append(text(each.line));
+            if (!each.lead.isNull())
+                leads.append(text(each.lead));
+        }
+        if (!leads.isEmpty())
+            lines += QStringList("|") + leads;
+        QCOMPARE(lines.join(' '), expected);
+    }
+
+    void measuring()
+    {
+        Page page;
+        const auto lengths = [&page](const QString &step) {
+            page.run(step);
+            QStringList texts;
+            for (const auto &each : page.view->measure().distances())
+                texts.append(QString::number(each.length));
+            return texts.join(' ');
+        };
+        QCOMPARE(lengths("alt 202 110"), QString()); // from nothing
+        page.run("press 110 110; up");
+        QCOMPARE(lengths("to 202 110"), QString());
+        const QImage plain = page.view->viewport()->grab().toImage();
+        QCOMPARE(lengths("alt 202 110"), QString("40")); // the thin one begins at 200
+        QVERIFY(page.view->viewport()->grab().toImage() != plain);
+        QCOMPARE(lengths("alt 300 250"), QString("100 320 100 132")); // the page
+        QCOMPARE(lengths("alt 110 110"), QString("100 320 100 132")); // itself
+        QTest::keyRelease(page.view, Qt::Key_Alt);
+        QCOMPARE(lengths(""), QString());
+        QCOMPARE(page.view->viewport()->grab().toImage(), plain);
+        page.run("alt 202 110");
+        page.page->setFocus();
+        page.view->clearFocus();
+        QCOMPARE(lengths(""), QString());
+        QCOMPARE(page.project->undoStack()->count(), 0);
     }
 
     void picture()
