@@ -188,6 +188,50 @@ private Q_SLOTS:
         QCOMPARE(m_window->actionCentre()->finder()->lastUsed().value(1), QString("NewPage"));
     }
 
+    /// Pages, zoom, what was in the middle and the selection come back with the project, in the
+    /// next window too; what has changed meanwhile is passed over.
+    void sessionComesBack()
+    {
+        const QByteArray item = "><Kiv_Widget_T type=\"Kiv_Text_T\" id=\"7\" name=\"Text\" "
+                                "x_coordinate=\"20\"/></Kiv_Screen_T>";
+        writeFile(m_project, twoPages().replace("\"#000000\"/>", "\"#000000\"" + item));
+        QVERIFY(m_window->openProjectFile(m_project));
+        const CScreen *screens = m_window->findChild<CScreen *>();
+        const auto show = [&] {
+            m_window->show();
+            QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+            screens = m_window->findChild<CScreen *>();
+        };
+        const auto middle = [&] {
+            const CScreenView *view = screens->currentView();
+            return view->mapToScene(view->viewport()->rect().center());
+        };
+        show();
+        QCOMPARE(screens->count(), 1); // nothing is known yet: the first page
+        m_window->findChild<CScreen *>()->openScreen(m_window->project()->screen(1));
+        m_window->actions()->zoomWidget()->setZoom(800, CZoomComboWidget::FreeValue);
+        screens->currentView()->centerOn(300, 200);
+        QTRY_VERIFY(QLineF(middle(), {300, 200}).length() < 1);
+        screens->currentView()->setFocus();
+        m_window->selectAll();
+        QCOMPARE(screens->selectedItems().size(), 1);
+        QVERIFY(m_window->closeProject());
+        m_window->actions()->zoomWidget()->setZoom(100, CZoomComboWidget::FreeValue);
+        m_window->closeUnattended();
+        m_window = std::make_unique<CMainWindow>(m_project); // not shown yet
+        show();
+        QCOMPARE(screens->count(), 2);
+        QCOMPARE(screens->currentScreen(), m_window->project()->screen(1));
+        QCOMPARE(screens->selectedItems().size(), 1);
+        QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 800);
+        QTRY_VERIFY(QLineF(middle(), {300, 200}).length() < 1);
+        QVERIFY(m_window->closeProject());
+        writeFile(m_project, twoPages().replace("Second", "Other"));
+        QVERIFY(m_window->openProjectFile(m_project));
+        QCOMPARE(screens->count(), 1);
+        QVERIFY(screens->selectedItems().isEmpty());
+    }
+
     void zoomMarks()
     {
         const CMenuBar *bar = m_window->actions();

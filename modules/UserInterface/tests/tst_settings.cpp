@@ -1,3 +1,4 @@
+#include "CProjectViews.h"
 #include "CSettings.h"
 #include "ProgramFolder.h"
 
@@ -123,6 +124,41 @@ private Q_SLOTS:
         }
         writeFile(m_file, whole);
         QCOMPARE(settings.read().windowState, values.windowState);
+    }
+
+    /// How projects were seen comes back as it was, within its limits; texts that make no sense
+    /// leave the others alone.
+    void projectViews()
+    {
+        CProjectViews views;
+        for (int i = 0; i < 30; ++i)
+            views.remember(QString("/p%1.nyx").arg(i), {});
+        SProjectView seen{{}, 45, 250, 1, {7, 4294967295U}};
+        for (int i = 0; i < 50; ++i)
+            seen.pages.append({QString(30, '"') + QString::number(i), i, {i + 0.4, -20}});
+        views.remember("/a \"b\"\\.nyx", seen);
+        SSettings values;
+        values.projectViews =
+            views.texts() + QStringList{"", "[]", "{\"file\":3}", QString(5000, '['), "{\"file\":"};
+        const CSettings settings(m_folder->path());
+        QVERIFY(settings.write(values));
+        CProjectViews read;
+        read.setTexts(settings.read().projectViews);
+        QCOMPARE(read.texts().size(), CProjectViews::MaxProjects);
+        const auto found = read.find("/a \"b\"\\.nyx");
+        QVERIFY(found && !read.find("/p0.nyx") && read.find("/p29.nyx"));
+        QVERIFY(found->pages.size() > 20 && found->pages.size() <= CProjectViews::MaxPages);
+        const SProjectView::SPage &page = found->pages.at(found->current);
+        QCOMPARE(page.name, seen.pages[45].name); // those further from it were left out
+        QVERIFY(page.row == 45 && page.centre == QPointF(45, -20));
+        QVERIFY(found->zoomPercent == 250 && found->zoomType == 1);
+        QCOMPARE(found->selected, seen.selected);
+        read.setTexts({R"({"file":"/x","pages":[["a"],7,["b",-3,1e99,"c"]],"current":9,)"
+                       R"("zoom":[0,7],"selected":[-1,"x",1e20]})"});
+        const auto absurd = read.find("/x");
+        QVERIFY(absurd && absurd->pages.size() == 2 && absurd->current == 0);
+        QVERIFY(absurd->pages[1].row == 0 && absurd->pages[1].centre == QPointF(100000, 0));
+        QVERIFY(absurd->zoomPercent == 100 && absurd->zoomType == 0 && absurd->selected.isEmpty());
     }
 
     void brokenFileIsKeptAside()

@@ -30,6 +30,7 @@
 #include "CStatusBar.h"
 #include "CThemeIcons.h"
 #include "CUpdater.h"
+#include "CViewMemory.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
 #include "ProgramInfo.h"
@@ -87,6 +88,9 @@ CMainWindow::CMainWindow(const QString &file)
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
+    m_viewMemory = new CViewMemory(m_panels);
+    connect(m_viewMemory, &CViewMemory::zoomWanted, m_menuBar->zoomWidget(),
+            &CZoomComboWidget::setZoom);
     m_panels->addDeselectAction(m_menuBar->action(CMenuBar::SelectNone));
     makeOptionDialog();
     connectSession();
@@ -183,8 +187,7 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::projectAboutToClose, this, &CMainWindow::deactivate);
     connect(m_session, &CProjectSession::titleChanged, this, &CMainWindow::showProjectName);
     connect(m_session, &CProjectSession::projectLoaded, this, [this] {
-        if (CScreenModel *first = project()->screen(0))
-            m_panels->screens()->openScreen(first);
+        m_viewMemory->restore(m_session->path(), project());
         if (CScreenView *view = m_panels->screens()->currentView())
             view->setFocus(); // what had it belonged to the start page, or to another project
         m_autosaveRetry->stop();
@@ -247,6 +250,7 @@ void CMainWindow::activate(CProjectModel *project)
 void CMainWindow::deactivate(CProjectModel *project)
 {
     m_export->cancel();
+    m_viewMemory->remember(m_session->path());
     m_undoGroup->removeStack(project->undoStack());
     m_panels->clear();
     m_statusBar->resetStatusBar();

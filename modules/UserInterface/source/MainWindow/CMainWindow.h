@@ -37,6 +37,7 @@ class CStartMark;
 class CStartPage;
 class CStatusBar;
 class CUpdater;
+class CViewMemory;
 class QFile;
 class QMessageBox;
 class QTimer;
@@ -196,6 +197,7 @@ private:
     CArrangeActions *m_arrange = nullptr;
     CActionCentre *m_centre = nullptr;
     CGuideActions *m_guides = nullptr;
+    CViewMemory *m_viewMemory = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

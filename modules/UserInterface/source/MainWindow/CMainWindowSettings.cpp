@@ -12,6 +12,7 @@
 #include "CRecentProjects.h"
 #include "CSettings.h"
 #include "CStartMark.h"
+#include "CViewMemory.h"
 #include "CWidgetPropertiesView.h"
 #include "CWidgetSelectionView.h"
 #include "CWindowActions.h"
@@ -79,6 +80,7 @@ void CMainWindow::useSettings(const SSettings &values)
     m_panels->palette()->setShelf(CWidgetSelectionView::LastUsed, values.lastWidgets);
     m_centre->actions()->setShortcutTexts(values.shortcuts);
     m_centre->finder()->setLastUsed(values.usedActions);
+    m_viewMemory->views()->setTexts(values.projectViews);
 }
 
 void CMainWindow::writeSettings()
@@ -109,6 +111,7 @@ void CMainWindow::writeSettings()
     values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     values.shortcuts = m_centre->actions()->shortcutTexts();
+    values.projectViews = m_viewMemory->views()->texts();
     values.usedActions = m_centre->finder()->lastUsed();
     values.showGuides = state->areGuidesShown();
     m_settings->write(values);

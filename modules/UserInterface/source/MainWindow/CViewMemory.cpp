@@ -1,0 +1,119 @@
+#include "CViewMemory.h"
+
+#include "CEditorState.h"
+#include "CItemModel.h"
+#include "CMainPanels.h"
+#include "CProjectModel.h"
+#include "CScreen.h"
+#include "CScreenCompositeView.h"
+#include "CScreenModel.h"
+#include "CScreenView.h"
+#include "ItemTree.h"
+
+#include <QEvent>
+#include <QPointer>
+
+namespace {
+constexpr char Centre[] = "centreWhenShown"; // property of a view, as long as it waits
+
+CScreenModel *pageOf(const CProjectModel &project, const SProjectView::SPage &page)
+{
+    CScreenModel *there = project.screen(page.row);
+    if (there && there->name() == page.name)
+        return there;
+    for (int row = 0; row < project.screenCount(); ++row) {
+        if (project.screen(row)->name() == page.name)
+            return project.screen(row);
+    }
+    return nullptr;
+}
+
+QPointF middleOf(const CScreenView &view)
+{
+    const QVariant waiting = view.property(Centre);
+    const QPointF middle(view.viewport()->width() * 0.5, view.viewport()->height() * 0.5);
+    return waiting.isValid() ? waiting.toPointF() // it was never shown
+                             : view.viewportTransform().inverted().map(middle);
+}
+
+/// Once the event is over: the view takes its size and its zoom in it.
+void centreLater(CScreenView *view)
+{
+    const auto centre = [shown = QPointer<CScreenView>(view)] {
+        if (!shown || !shown->property(Centre).isValid())
+            return;
+        shown->centerOn(shown->property(Centre).toPointF());
+        shown->setProperty(Centre, QVariant());
+    };
+    QMetaObject::invokeMethod(view, centre, Qt::QueuedConnection);
+}
+} // namespace
+
+CViewMemory::CViewMemory(CMainPanels *panels) : QObject(panels), m_panels(panels)
+{
+}
+
+void CViewMemory::remember(const QString &file)
+{
+    const CScreen *screens = m_panels->screens();
+    if (file.isEmpty() || screens->count() == 0)
+        return;
+    SProjectView seen;
+    for (int index = 0; index < screens->count(); ++index) {
+        const auto *tab = static_cast<const CScreenCompositeView *>(screens->widget(index));
+        if (const CScreenModel *page = tab->screen())
+            seen.pages.append({page->name(), page->row(), middleOf(*tab->view())});
+    }
+    seen.current = screens->currentIndex();
+    seen.zoomPercent = CEditorState::instance()->zoomPercent();
+    seen.zoomType = CEditorState::instance()->zoomType();
+    for (const CItemModel *each : screens->selectedItems()) {
+        if (each->id() != 0) // which is none
+            seen.selected.append(each->id());
+    }
+    m_views.remember(file, seen);
+}
+
+void CViewMemory::restore(const QString &file, const CProjectModel *project)
+{
+    CScreen *screens = m_panels->screens();
+    const auto seen = m_views.find(file);
+    CScreenModel *current = nullptr;
+    if (seen) {
+        Q_EMIT zoomWanted(seen->zoomPercent, seen->zoomType);
+        for (int i = 0; i < seen->pages.size(); ++i) {
+            CScreenModel *page = pageOf(*project, seen->pages[i]);
+            screens->openScreen(page);
+            CScreenView *view = screens->currentView();
+            if (!page || !view)
+                continue;
+            view->setProperty(Centre, seen->pages[i].centre);
+            view->installEventFilter(this);
+            current = i == seen->current ? page : current;
+        }
+    }
+    if (screens->count() == 0)
+        screens->openScreen(project->screen(0));
+    screens->openScreen(current);
+    CScreenView *view = screens->currentView();
+    if (!seen || !current || !view)
+        return;
+    if (view->isVisible())
+        centreLater(view);
+    QList<CItemModel *> items;
+    forEachItem(*current, [&](CItemModel &item) {
+        if (&item != current && !item.isGrouped() && item.id() != 0 &&
+            seen->selected.contains(item.id()))
+            items.append(&item);
+    });
+    m_panels->select(items);
+}
+
+bool CViewMemory::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show) {
+        watched->removeEventFilter(this);
+        centreLater(static_cast<CScreenView *>(watched));
+    }
+    return QObject::eventFilter(watched, event);
+}
