@@ -529,6 +529,136 @@
     </message>
 </context>
 <context>
+    <name>CFindActions</name>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>&amp;Suchen...</translation>
+    </message>
+    <message>
+        <source>Find items by name, text, kind, value, colour, font or image</source>
+        <translation>Elemente nach Name, Text, Art, Wert, Farbe, Schrift oder Bild suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Replace...</source>
+        <translation>&amp;Ersetzen...</translation>
+    </message>
+    <message>
+        <source>Replace what is found in items of all pages</source>
+        <translation>Ersetzen, was in den Elementen aller Seiten gefunden wird</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>&amp;Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Go to the next item that was found</source>
+        <translation>Zum nächsten gefundenen Element gehen</translation>
+    </message>
+    <message>
+        <source>Find Pre&amp;vious</source>
+        <translation>&amp;Rückwärts suchen</translation>
+    </message>
+    <message>
+        <source>Go to the previous item that was found</source>
+        <translation>Zum vorigen gefundenen Element gehen</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>CFindPanel</name>
+    <message>
+        <source>Find in all pages</source>
+        <translation>Auf allen Seiten suchen</translation>
+    </message>
+    <message>
+        <source>Replace by</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>Replace what is found</source>
+        <translation>Gefundenes ersetzen</translation>
+    </message>
+    <message>
+        <source>Capital and small letters differ</source>
+        <translation>Groß- und Kleinschreibung unterscheiden</translation>
+    </message>
+    <message>
+        <source>Regular expression; in the replacement, \1 stands for the first group</source>
+        <translation>Regulärer Ausdruck; in der Ersetzung steht \1 für die erste Gruppe</translation>
+    </message>
+    <message>
+        <source>Where to look</source>
+        <translation>Wo gesucht wird</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <translation>Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>width, width=120, width&gt;=120 or text:room</source>
+        <translation>width, width=120, width&gt;=120 oder text:room</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>Gefundenes</translation>
+    </message>
+    <message>
+        <source>Replace (%1)</source>
+        <translation>Ersetzen (%1)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 ticked</source>
+        <translation>%1 von %2 angehakt</translation>
+    </message>
+    <message>
+        <source>Nothing found in %1 items</source>
+        <translation>In %1 Elementen nichts gefunden</translation>
+    </message>
+    <message>
+        <source>%1 of %2 items</source>
+        <translation>%1 von %2 Elementen</translation>
+    </message>
+    <message>
+        <source>Of long texts only the beginning was looked at.</source>
+        <translation>Von langen Texten wurde nur der Anfang durchsucht.</translation>
+    </message>
+</context>
+<context>
     <name>CFolder</name>
     <message>
         <source>%1 lies outside of %2</source>
@@ -714,6 +844,79 @@
     </message>
 </context>
 <context>
+    <name>CItemFacets</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>CItemReplacement</name>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>A kind cannot be replaced</source>
+        <translation>Eine Art lässt sich nicht ersetzen</translation>
+    </message>
+    <message>
+        <source>Each item has a number of its own</source>
+        <translation>Jedes Element hat seine eigene Nummer</translation>
+    </message>
+    <message>
+        <source>Needs the image converted: change it in the property panel</source>
+        <translation>Dazu muss das Bild umgewandelt werden: in den Eigenschaften ändern</translation>
+    </message>
+    <message>
+        <source>Points are moved on the canvas</source>
+        <translation>Punkte werden auf der Zeichenfläche verschoben</translation>
+    </message>
+    <message>
+        <source>Cannot be edited</source>
+        <translation>Lässt sich nicht bearbeiten</translation>
+    </message>
+    <message>
+        <source>A name is missing</source>
+        <translation>Der Name fehlt</translation>
+    </message>
+    <message>
+        <source>Another page is called so</source>
+        <translation>Eine andere Seite heißt so</translation>
+    </message>
+    <message>
+        <source>The text is too long</source>
+        <translation>Der Text ist zu lang</translation>
+    </message>
+    <message>
+        <source>No font has this number</source>
+        <translation>Keine Schrift hat diese Nummer</translation>
+    </message>
+    <message>
+        <source>Is so already</source>
+        <translation>Ist schon so</translation>
+    </message>
+    <message>
+        <source>No %1 shows an image of this name</source>
+        <translation>In der Art „%1“ gibt es kein Bild dieses Namens</translation>
+    </message>
+</context>
+<context>
+    <name>CItemSearch</name>
+    <message>
+        <source>The search was stopped because it took too long.</source>
+        <translation>Die Suche wurde abgebrochen, weil sie zu lange dauerte.</translation>
+    </message>
+    <message>
+        <source>Only the first %1 are shown.</source>
+        <translation>Nur die ersten %1 werden gezeigt.</translation>
+    </message>
+</context>
+<context>
     <name>CNumberEntry</name>
     <message>
         <source>A number, or an expression: +4, -=4, *2 and 50% go on from the number that is there; =width/2 and (x+8)*2 name other numbers of the item.
@@ -866,6 +1069,21 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>The keys are those of the file %1.</source>
         <translation>Die Tasten sind die der Datei %1.</translation>
+    </message>
+</context>
+<context>
+    <name>CTextMatcher</name>
+    <message>
+        <source>The regular expression is too long.</source>
+        <translation>Der reguläre Ausdruck ist zu lang.</translation>
+    </message>
+    <message>
+        <source>At character %1: %2</source>
+        <translation>Bei Zeichen %1: %2</translation>
+    </message>
+    <message>
+        <source>The regular expression takes too long. Make it simpler.</source>
+        <translation>Der reguläre Ausdruck braucht zu lange. Vereinfachen Sie ihn.</translation>
     </message>
 </context>
 <context>
@@ -2860,6 +3078,17 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>ReplaceStep</name>
+    <message>
+        <source>Replace in one place</source>
+        <translation>An einer Stelle ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace in %1 places</source>
+        <translation>An %1 Stellen ersetzen</translation>
+    </message>
+</context>
+<context>
     <name>ScreenDocuments</name>
     <message>
         <source>There is nothing in it.</source>
@@ -2868,6 +3097,41 @@ Installierte Version: </translation>
     <message>
         <source>The document has no element %1.</source>
         <translation>Das Dokument hat kein Element %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ValueText</name>
+    <message>
+        <source>Not a number</source>
+        <translation>Keine Zahl</translation>
+    </message>
+    <message>
+        <source>Less than %1</source>
+        <translation>Kleiner als %1</translation>
+    </message>
+    <message>
+        <source>More than %1</source>
+        <translation>Größer als %1</translation>
+    </message>
+    <message>
+        <source>None of its choices</source>
+        <translation>Keine der Möglichkeiten</translation>
+    </message>
+    <message>
+        <source>Neither true nor false</source>
+        <translation>Weder true noch false</translation>
+    </message>
+    <message>
+        <source>Not a colour</source>
+        <translation>Keine Farbe</translation>
+    </message>
+    <message>
+        <source>Not a time</source>
+        <translation>Keine Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Has only one line</source>
+        <translation>Hat nur eine Zeile</translation>
     </message>
 </context>
 <context>

@@ -529,6 +529,136 @@
     </message>
 </context>
 <context>
+    <name>CFindActions</name>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>查找(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Find items by name, text, kind, value, colour, font or image</source>
+        <translation>按名称、文本、种类、值、颜色、字体或图像查找元素</translation>
+    </message>
+    <message>
+        <source>&amp;Replace...</source>
+        <translation>替换(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Replace what is found in items of all pages</source>
+        <translation>替换在所有页面的元素中找到的内容</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>查找下一个(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Go to the next item that was found</source>
+        <translation>转到找到的下一个元素</translation>
+    </message>
+    <message>
+        <source>Find Pre&amp;vious</source>
+        <translation>查找上一个(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Go to the previous item that was found</source>
+        <translation>转到找到的上一个元素</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>查找</translation>
+    </message>
+</context>
+<context>
+    <name>CFindPanel</name>
+    <message>
+        <source>Find in all pages</source>
+        <translation>在所有页面中查找</translation>
+    </message>
+    <message>
+        <source>Replace by</source>
+        <translation>替换为</translation>
+    </message>
+    <message>
+        <source>Replace what is found</source>
+        <translation>替换找到的内容</translation>
+    </message>
+    <message>
+        <source>Capital and small letters differ</source>
+        <translation>区分大小写</translation>
+    </message>
+    <message>
+        <source>Regular expression; in the replacement, \1 stands for the first group</source>
+        <translation>正则表达式；替换内容中的 \1 代表第一个分组</translation>
+    </message>
+    <message>
+        <source>Where to look</source>
+        <translation>查找范围</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文本</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Property</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>width, width=120, width&gt;=120 or text:room</source>
+        <translation>width、width=120、width&gt;=120 或 text:room</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>找到的内容</translation>
+    </message>
+    <message>
+        <source>Replace (%1)</source>
+        <translation>替换 (%1)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 ticked</source>
+        <translation>已勾选 %1 / %2</translation>
+    </message>
+    <message>
+        <source>Nothing found in %1 items</source>
+        <translation>在 %1 个元素中未找到</translation>
+    </message>
+    <message>
+        <source>%1 of %2 items</source>
+        <translation>%1 / %2 个元素</translation>
+    </message>
+    <message>
+        <source>Of long texts only the beginning was looked at.</source>
+        <translation>较长的文本只查找了开头部分。</translation>
+    </message>
+</context>
+<context>
     <name>CFolder</name>
     <message>
         <source>%1 lies outside of %2</source>
@@ -714,6 +844,79 @@
     </message>
 </context>
 <context>
+    <name>CItemFacets</name>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组</translation>
+    </message>
+</context>
+<context>
+    <name>CItemReplacement</name>
+    <message>
+        <source>Locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>A kind cannot be replaced</source>
+        <translation>种类不能替换</translation>
+    </message>
+    <message>
+        <source>Each item has a number of its own</source>
+        <translation>每个元素都有自己的编号</translation>
+    </message>
+    <message>
+        <source>Needs the image converted: change it in the property panel</source>
+        <translation>需要转换图像：请在属性面板中更改</translation>
+    </message>
+    <message>
+        <source>Points are moved on the canvas</source>
+        <translation>点在画布上移动</translation>
+    </message>
+    <message>
+        <source>Cannot be edited</source>
+        <translation>不能编辑</translation>
+    </message>
+    <message>
+        <source>A name is missing</source>
+        <translation>缺少名称</translation>
+    </message>
+    <message>
+        <source>Another page is called so</source>
+        <translation>另一页面已用此名称</translation>
+    </message>
+    <message>
+        <source>The text is too long</source>
+        <translation>文本太长</translation>
+    </message>
+    <message>
+        <source>No font has this number</source>
+        <translation>没有此编号的字体</translation>
+    </message>
+    <message>
+        <source>Is so already</source>
+        <translation>已经如此</translation>
+    </message>
+    <message>
+        <source>No %1 shows an image of this name</source>
+        <translation>没有 %1 显示此名称的图像</translation>
+    </message>
+</context>
+<context>
+    <name>CItemSearch</name>
+    <message>
+        <source>The search was stopped because it took too long.</source>
+        <translation>查找耗时过长，已停止。</translation>
+    </message>
+    <message>
+        <source>Only the first %1 are shown.</source>
+        <translation>只显示前 %1 个。</translation>
+    </message>
+</context>
+<context>
     <name>CNumberEntry</name>
     <message>
         <source>A number, or an expression: +4, -=4, *2 and 50% go on from the number that is there; =width/2 and (x+8)*2 name other numbers of the item.
@@ -866,6 +1069,21 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>The keys are those of the file %1.</source>
         <translation>按键取自文件 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>CTextMatcher</name>
+    <message>
+        <source>The regular expression is too long.</source>
+        <translation>正则表达式太长。</translation>
+    </message>
+    <message>
+        <source>At character %1: %2</source>
+        <translation>第 %1 个字符处：%2</translation>
+    </message>
+    <message>
+        <source>The regular expression takes too long. Make it simpler.</source>
+        <translation>正则表达式耗时过长。请将其简化。</translation>
     </message>
 </context>
 <context>
@@ -2860,6 +3078,17 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>ReplaceStep</name>
+    <message>
+        <source>Replace in one place</source>
+        <translation>替换一处</translation>
+    </message>
+    <message>
+        <source>Replace in %1 places</source>
+        <translation>替换 %1 处</translation>
+    </message>
+</context>
+<context>
     <name>ScreenDocuments</name>
     <message>
         <source>There is nothing in it.</source>
@@ -2868,6 +3097,41 @@ Installed version: </source>
     <message>
         <source>The document has no element %1.</source>
         <translation>文档没有元素 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>ValueText</name>
+    <message>
+        <source>Not a number</source>
+        <translation>不是数字</translation>
+    </message>
+    <message>
+        <source>Less than %1</source>
+        <translation>小于 %1</translation>
+    </message>
+    <message>
+        <source>More than %1</source>
+        <translation>大于 %1</translation>
+    </message>
+    <message>
+        <source>None of its choices</source>
+        <translation>不在可选项中</translation>
+    </message>
+    <message>
+        <source>Neither true nor false</source>
+        <translation>既不是 true 也不是 false</translation>
+    </message>
+    <message>
+        <source>Not a colour</source>
+        <translation>不是颜色</translation>
+    </message>
+    <message>
+        <source>Not a time</source>
+        <translation>不是时间</translation>
+    </message>
+    <message>
+        <source>Has only one line</source>
+        <translation>只有一行</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,9 @@ public Q_SLOTS:
     void showFindings(const QString &screenName, const QString &errors);
     /// Of the explorer: selects the items on the canvas too, on their own page.
     void selectionChanged(const QModelIndexList &selected);
+    /// Selects an item or a page of the project where it is, and brings it into sight. The keys
+    /// stay where they are.
+    void goTo(CItemModel *item);
 
 private:
     void makePanels();

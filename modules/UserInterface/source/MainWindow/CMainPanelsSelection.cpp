@@ -8,6 +8,7 @@
 #include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CWidgetPropertiesView.h"
+#include "ItemGeometry.h"
 
 #include <QAction>
 #include <QScopedValueRollback>
@@ -188,6 +189,15 @@ void CMainPanels::reveal(CItemModel *item)
     openPageOf(item);
     m_selection->selectMember(item);
     showSelection();
+}
+
+void CMainPanels::goTo(CItemModel *item)
+{
+    if (item->kind() == CItemModel::Kind::Screen)
+        m_screens->openScreen(static_cast<CScreenModel *>(item));
+    reveal(item);
+    if (CScreenView *view = m_screens->currentView(); view && item->parentItem())
+        view->ensureVisible(ItemGeometry::frameOf(*item));
 }
 
 void CMainPanels::addDeselectAction(QAction *action)

@@ -11,6 +11,7 @@
 #include "CEmulatorSession.h"
 #include "CErrorBox.h"
 #include "CExportController.h"
+#include "CFindActions.h"
 #include "CGuideActions.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
@@ -85,6 +86,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_menuBar = new CMenuBar(this);
     m_arrange = new CArrangeActions(this, m_panels, m_menuBar->menu(CMenuBar::ArrangeMenu));
     m_guides = new CGuideActions(this, m_panels, m_menuBar->menu(CMenuBar::ViewMenu));
+    m_find = new CFindActions(this, m_panels, m_menuBar->menu(CMenuBar::EditMenu),
+                              m_menuBar->menu(CMenuBar::WindowsMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
@@ -240,6 +243,7 @@ void CMainWindow::activate(CProjectModel *project)
 {
     m_emulator->open(project);
     m_panels->showProject(project);
+    m_find->setProject(project);
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
@@ -252,6 +256,7 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_export->cancel();
     m_viewMemory->remember(m_session->path());
     m_undoGroup->removeStack(project->undoStack());
+    m_find->setProject(nullptr);
     m_panels->clear();
     m_statusBar->resetStatusBar();
 }
@@ -328,6 +333,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_arrange->retranslate();
     m_guides->retranslate();
     m_centre->retranslate();
+    m_find->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

@@ -21,6 +21,7 @@ class CEditCommands;
 class CEmulatorSession;
 class CErrorBox;
 class CExportController;
+class CFindActions;
 class CHelpWindow;
 class CItemModel;
 class CLanguageLoader;
@@ -65,6 +66,7 @@ public:
     /// A new window with the user guide, not shown yet. `place`: the id of a part of it.
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
     CGuideActions *guideActions() const { return m_guides; }
+    CFindActions *findActions() const { return m_find; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -198,6 +200,7 @@ private:
     CActionCentre *m_centre = nullptr;
     CGuideActions *m_guides = nullptr;
     CViewMemory *m_viewMemory = nullptr;
+    CFindActions *m_find = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

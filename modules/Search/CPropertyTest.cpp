@@ -1,0 +1,57 @@
+#include "CPropertyTest.h"
+
+#include <QRegularExpression>
+
+CPropertyTest::CPropertyTest(const QString &text)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^\\s*([^=<>!:]*?)\\s*(?:(<=|>=|!=|=|<|>|:)\\s*(.*?)\\s*)?$"),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch parts = form.match(text);
+    m_key = parts.hasMatch() ? parts.captured(1) : text;
+    static const QString signs[] = {QStringLiteral(":"), QStringLiteral("="),  QStringLiteral("!="),
+                                    QStringLiteral("<"), QStringLiteral("<="), QStringLiteral(">"),
+                                    QStringLiteral(">=")};
+    for (int sign = 0; sign < int(std::size(signs)); ++sign) {
+        if (parts.captured(2) == signs[sign])
+            m_test = ETest(sign + 1);
+    }
+    m_value = parts.captured(3);
+}
+
+bool isSameValue(const QString &left, const QString &right)
+{
+    bool isLeft = false;
+    bool isRight = false;
+    const double first = left.toDouble(&isLeft);
+    const double second = right.toDouble(&isRight);
+    return isLeft && isRight ? first == second : left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+bool CPropertyTest::isPassedBy(const QString &value) const
+{
+    bool isNumber = false;
+    bool isLimit = false;
+    const double number = value.toDouble(&isNumber);
+    const double limit = m_value.toDouble(&isLimit);
+    const bool areNumbers = isNumber && isLimit;
+    switch (m_test) {
+    case ETest::None:
+        return true;
+    case ETest::Contains:
+        return value.contains(m_value, Qt::CaseInsensitive);
+    case ETest::Equal:
+        return isSameValue(value, m_value);
+    case ETest::Unequal:
+        return !isSameValue(value, m_value);
+    case ETest::Less:
+        return areNumbers && number < limit;
+    case ETest::LessOrEqual:
+        return areNumbers && number <= limit;
+    case ETest::Greater:
+        return areNumbers && number > limit;
+    case ETest::GreaterOrEqual:
+        return areNumbers && number >= limit;
+    }
+    return false;
+}

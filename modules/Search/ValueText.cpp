@@ -1,0 +1,86 @@
+#include "ValueText.h"
+
+#include "CWidgetProperty.h"
+
+#include <QColor>
+#include <QCoreApplication>
+#include <QTime>
+
+#include <cmath>
+
+namespace {
+using ValueText::SValue;
+
+class CTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(ValueText)
+};
+
+SValue refused(const QString &why)
+{
+    return {{}, why};
+}
+
+SValue number(const CWidgetProperty &property, const QString &text)
+{
+    bool isNumber = false;
+    const double value = property.propertyType() == PropertyType::Int
+                             ? double(text.toInt(&isNumber))
+                             : text.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(value))
+        return refused(CTexts::tr("Not a number"));
+    if (property.minimum().isValid() && value < property.minimum().toDouble())
+        return refused(CTexts::tr("Less than %1").arg(property.minimum().toString()));
+    if (property.maximum().isValid() && value > property.maximum().toDouble())
+        return refused(CTexts::tr("More than %1").arg(property.maximum().toString()));
+    return property.propertyType() == PropertyType::Int ? SValue{int(value), {}}
+                                                        : SValue{value, {}};
+}
+
+SValue entry(const QStringList &entries, const QString &text)
+{
+    for (const QString &each : entries) {
+        if (each.compare(text, Qt::CaseInsensitive) == 0)
+            return {each, {}};
+    }
+    return entries.isEmpty() ? SValue{text, {}} : refused(CTexts::tr("None of its choices"));
+}
+
+SValue truth(const QString &text)
+{
+    const bool isTrue = text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0;
+    const bool isFalse = text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0;
+    if (isTrue || isFalse || text == QLatin1String("1") || text == QLatin1String("0"))
+        return {isTrue || text == QLatin1String("1"), {}};
+    return refused(CTexts::tr("Neither true nor false"));
+}
+} // namespace
+
+ValueText::SValue ValueText::read(const CWidgetProperty &property, const QString &text)
+{
+    const QString bare = text.trimmed();
+    switch (property.propertyType()) {
+    case PropertyType::Int:
+    case PropertyType::Float:
+        return number(property, bare);
+    case PropertyType::Bool:
+        return truth(bare);
+    case PropertyType::Rgb: {
+        if (!QColor::isValidColor(bare))
+            return refused(CTexts::tr("Not a colour"));
+        const QColor colour(bare);
+        return {colour.name(colour.alpha() < 255 ? QColor::HexArgb : QColor::HexRgb), {}};
+    }
+    case PropertyType::Time: {
+        const QTime time = QTime::fromString(bare, Qt::TextDate);
+        return time.isValid() ? SValue{time, {}} : refused(CTexts::tr("Not a time"));
+    }
+    case PropertyType::Enum:
+        return entry(property.enumerationEntries(), bare);
+    default:
+        break;
+    }
+    if (!property.isMultiLine() && text.contains(QLatin1Char('\n')))
+        return refused(CTexts::tr("Has only one line"));
+    return {text, {}};
+}
