@@ -2571,6 +2571,53 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
 </context>
 <context>
+    <name>CSnapActions</name>
+    <message>
+        <source>S&amp;napping</source>
+        <translation>&amp;Einrasten</translation>
+    </message>
+    <message>
+        <source>&amp;Snap While Dragging</source>
+        <translation>Beim &amp;Ziehen einrasten</translation>
+    </message>
+    <message>
+        <source>Bring what is dragged in line with others; while Control is held, it is not</source>
+        <translation>Was gezogen wird, an anderem ausrichten; nicht, solange Strg gehalten wird</translation>
+    </message>
+    <message>
+        <source>To &amp;Items</source>
+        <translation>An An &amp;Objektenamp;Elementen</translation>
+    </message>
+    <message>
+        <source>Snap to edges and middles of other items</source>
+        <translation>An Kanten und Mitten anderer Elemente einrasten</translation>
+    </message>
+    <message>
+        <source>To the &amp;Page</source>
+        <translation>An der &amp;Seite</translation>
+    </message>
+    <message>
+        <source>Snap to the edges and the middle of the page</source>
+        <translation>An den Kanten und der Mitte der Seite einrasten</translation>
+    </message>
+    <message>
+        <source>To &amp;Guides</source>
+        <translation>An &amp;Hilfslinien</translation>
+    </message>
+    <message>
+        <source>Snap to the guides of the page</source>
+        <translation>An den Hilfslinien der Seite einrasten</translation>
+    </message>
+    <message>
+        <source>To &amp;Equal Gaps</source>
+        <translation>Bei gleichen &amp;Abständen</translation>
+    </message>
+    <message>
+        <source>Snap to where the gaps between neighbours are equal</source>
+        <translation>Einrasten, wo die Abstände zwischen Nachbarn gleich sind</translation>
+    </message>
+</context>
+<context>
     <name>CStartPage</name>
     <message>
         <source>yyyy-MM-dd hh:mm</source>

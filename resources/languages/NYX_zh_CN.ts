@@ -2571,6 +2571,53 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
 </context>
 <context>
+    <name>CSnapActions</name>
+    <message>
+        <source>S&amp;napping</source>
+        <translation>吸附(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Snap While Dragging</source>
+        <translation>拖动时吸附(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Bring what is dragged in line with others; while Control is held, it is not</source>
+        <translation>使拖动的项目与其他项目对齐；按住 Ctrl 时不吸附</translation>
+    </message>
+    <message>
+        <source>To &amp;Items</source>
+        <translation>到项目(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Snap to edges and middles of other items</source>
+        <translation>吸附到其他项目的边缘和中线</translation>
+    </message>
+    <message>
+        <source>To the &amp;Page</source>
+        <translation>到页面(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Snap to the edges and the middle of the page</source>
+        <translation>吸附到页面的边缘和中线</translation>
+    </message>
+    <message>
+        <source>To &amp;Guides</source>
+        <translation>到参考线(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Snap to the guides of the page</source>
+        <translation>吸附到页面的参考线</translation>
+    </message>
+    <message>
+        <source>To &amp;Equal Gaps</source>
+        <translation>到相等空隙(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Snap to where the gaps between neighbours are equal</source>
+        <translation>吸附到与相邻项目空隙相等的位置</translation>
+    </message>
+</context>
+<context>
     <name>CStartPage</name>
     <message>
         <source>yyyy-MM-dd hh:mm</source>

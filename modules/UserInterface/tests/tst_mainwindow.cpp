@@ -4,6 +4,7 @@
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
 #include "CDialogQuestions.h"
+#include "CEditorState.h"
 #include "CEmulatorAdapter.h"
 #include "CGridComboWidget.h"
 #include "CItemModel.h"
@@ -17,6 +18,7 @@
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CSettings.h"
+#include "CSnapActions.h"
 #include "CStartPage.h"
 #include "CWidgetPropertiesView.h"
 #include "CWindowActions.h"
@@ -367,6 +369,7 @@ private Q_SLOTS:
         m_window->lightStyle();
         m_window->toggleStatusBar();
         m_window->actions()->action(CMenuBar::SnapToGrid)->trigger();
+        m_window->snapActions()->action(ESnapKind::Page)->trigger();
         m_window->loadLanguage("de");
         m_window->toggleLibraryWindow();
         m_window->setAutosaveInterval(33);
@@ -382,6 +385,7 @@ private Q_SLOTS:
         QVERIFY(m_window->close());
         QFile::remove(m_folder->path("gone.nyx"));
         m_window.reset();
+        CEditorState::instance()->setSnapping(false, {});
 
         m_window = std::make_unique<CMainWindow>();
         QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(192, 192, 192));
@@ -393,6 +397,8 @@ private Q_SLOTS:
         QTRY_COMPARE(m_window->recentProjects()->paths(), QStringList({m_project, other}));
         const QAction *snap = m_window->actions()->action(CMenuBar::SnapToGrid);
         QVERIFY(snap->isChecked() && snap->text().contains("Raster"));
+        QCOMPARE(CEditorState::instance()->activeSnapKinds(), // those on from the first start
+                 ESnapKind::Items | ESnapKind::Guides | ESnapKind::Gaps);
         QVERIFY(!m_window->actions()->action(CMenuBar::Updates)->isEnabled()); // no address
         m_answers->expect([](QDialog *dialog) {
             const QFileInfo folder(qobject_cast<QFileDialog *>(dialog)->directory().path());

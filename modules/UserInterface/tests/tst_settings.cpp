@@ -39,14 +39,13 @@ private Q_SLOTS:
     void writtenUnderTheirNames()
     {
         QVERIFY(CSettings(m_folder->path()).write({}));
-        QCOMPARE(
-            QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
-            "autosaveInterval closedSections favouriteWidgets gridColor gridSize gridType "
-            "isMaximized "
-            "language lastFolder lastWidgets latestProjects mainWindow projectViews recentColours "
-            "savingFolderPath screenshotDir shortcuts showGrid showGuides snapToGrid "
-            "statusBar theme "
-            "usedActions windowState windowStateCheck zoomPercent zoomType");
+        QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
+                 "autosaveInterval closedSections favouriteWidgets gridColor gridSize "
+                 "gridType isMaximized language lastFolder lastWidgets latestProjects "
+                 "mainWindow projectViews recentColours savingFolderPath screenshotDir "
+                 "shortcuts showGrid showGuides snapToGaps snapToGrid snapToGuides "
+                 "snapToItems snapToPage snapping statusBar theme usedActions windowState "
+                 "windowStateCheck zoomPercent zoomType");
     }
 
     void absurdValues_data()

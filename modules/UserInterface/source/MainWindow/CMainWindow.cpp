@@ -26,6 +26,7 @@
 #include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CSettings.h"
+#include "CSnapActions.h"
 #include "CStartMark.h"
 #include "CStartPage.h"
 #include "CStatusBar.h"
@@ -89,6 +90,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_find = new CFindActions(this, m_panels, m_menuBar->menu(CMenuBar::EditMenu),
                               m_menuBar->menu(CMenuBar::WindowsMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
+    m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
+                              m_menuBar->action(CMenuBar::Options), this);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
     m_viewMemory = new CViewMemory(m_panels);
@@ -332,6 +335,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_menuBar->retranslate();
     m_arrange->retranslate();
     m_guides->retranslate();
+    m_snap->retranslate();
     m_centre->retranslate();
     m_find->retranslate();
     m_errorMessage->retranslate();

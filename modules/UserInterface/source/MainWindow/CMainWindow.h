@@ -14,6 +14,7 @@
 class CActionCentre;
 class CArrangeActions;
 class CGuideActions;
+class CSnapActions;
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
@@ -62,6 +63,7 @@ public:
     CRecentProjects *recentProjects() const { return m_recent; }
     CMenuBar *actions() const { return m_menuBar; }
     CArrangeActions *arrangeActions() const { return m_arrange; }
+    CSnapActions *snapActions() const { return m_snap; }
     CActionCentre *actionCentre() const { return m_centre; }
     /// A new window with the user guide, not shown yet. `place`: the id of a part of it.
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
@@ -197,6 +199,7 @@ private:
     std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
     CArrangeActions *m_arrange = nullptr;
+    CSnapActions *m_snap = nullptr;
     CActionCentre *m_centre = nullptr;
     CGuideActions *m_guides = nullptr;
     CViewMemory *m_viewMemory = nullptr;

@@ -11,6 +11,7 @@
 #include "CRecentColours.h"
 #include "CRecentProjects.h"
 #include "CSettings.h"
+#include "CSnapActions.h"
 #include "CStartMark.h"
 #include "CViewMemory.h"
 #include "CWidgetPropertiesView.h"
@@ -73,6 +74,7 @@ void CMainWindow::useSettings(const SSettings &values)
                                                                         : m_savingFolder);
     setSnapToGrid(values.snapToGrid);
     CEditorState::instance()->setGuidesShown(values.showGuides);
+    CSnapActions::use(values);
     setAutosaveInterval(values.autosaveInterval);
     m_panels->properties()->setClosedSections(values.closedSections);
     CRecentColours::instance().setNames(values.recentColours);
@@ -108,6 +110,7 @@ void CMainWindow::writeSettings()
     values.snapToGrid = state->isSnapToGrid();
     values.closedSections = m_panels->properties()->closedSections();
     values.recentColours = CRecentColours::instance().names();
+    CSnapActions::keep(values);
     values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     values.shortcuts = m_centre->actions()->shortcutTexts();

@@ -26,6 +26,11 @@ struct SSettings
     QString language;          ///< as the user chose it; empty: the system's
     QString lastFolder;        ///< of the project that was opened or saved last
     bool snapToGrid = false;
+    bool snapping = true; ///< to the kinds that follow
+    bool snapToItems = true;
+    bool snapToPage = true;
+    bool snapToGuides = true;
+    bool snapToGaps = true;
     bool isMaximized = false;
     QStringList closedSections;   ///< of the property panel
     QStringList recentColours;    ///< newest first

@@ -16,6 +16,15 @@ void CEditorState::setSnapToGrid(bool on)
     Q_EMIT snapToGridChanged(on);
 }
 
+void CEditorState::setSnapping(bool on, SnapKinds kinds)
+{
+    if (m_isSnapping == on && m_snapKinds == kinds)
+        return;
+    m_isSnapping = on;
+    m_snapKinds = kinds;
+    Q_EMIT snappingChanged();
+}
+
 void CEditorState::setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style)
 {
     spacing = std::max(1, spacing);

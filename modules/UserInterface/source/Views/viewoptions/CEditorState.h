@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SnapKinds.h"
+
 #include <QColor>
 #include <QObject>
 
@@ -17,6 +19,9 @@ public:
     static CEditorState *instance();
 
     bool isSnapToGrid() const { return m_snapToGrid; }
+    bool isSnapping() const { return m_isSnapping; } ///< to the kinds; to the grid is apart from it
+    SnapKinds snapKinds() const { return m_snapKinds; } ///< also while there is no snapping
+    SnapKinds activeSnapKinds() const { return m_isSnapping ? m_snapKinds : SnapKinds(); }
     bool isGridShown() const { return m_gridShown; }
     int gridSpacing() const { return m_gridSpacing; } ///< scene units, at least 1
     QColor gridColour() const { return m_gridColour; }
@@ -27,12 +32,14 @@ public:
 
 public Q_SLOTS:
     void setSnapToGrid(bool on);
+    void setSnapping(bool on, SnapKinds kinds);
     void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
     void setGuidesShown(bool shown);
     void setZoom(int percent, int type);
 
 Q_SIGNALS:
     void snapToGridChanged(bool on);
+    void snappingChanged();
     void gridChanged(bool on, int spacing, QColor colour, Qt::PenStyle style);
     void guidesShownChanged(bool shown);
     void zoomChanged(int percent, int type);
@@ -41,6 +48,9 @@ private:
     CEditorState() = default;
 
     bool m_snapToGrid = true;
+    bool m_isSnapping = false; // until the settings say
+    SnapKinds m_snapKinds =
+        ESnapKind::Items | ESnapKind::Page | ESnapKind::Guides | ESnapKind::Gaps;
     bool m_gridShown = true;
     int m_gridSpacing = 20;
     QColor m_gridColour = Qt::red;

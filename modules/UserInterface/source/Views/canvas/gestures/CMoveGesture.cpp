@@ -1,7 +1,10 @@
 #include "CMoveGesture.h"
 
+#include "CItemArrange.h"
 #include "CItemModel.h"
 #include "CItemView.h"
+#include "CSnapping.h"
+#include "ItemGeometry.h"
 #include "ItemMove.h"
 
 #include <algorithm>
@@ -11,9 +14,9 @@ namespace {
 constexpr int DragDistance = 3; ///< screen pixels; a press that trembles is no drag
 } // namespace
 
-CMoveGesture::CMoveGesture(CItemView *pressed, const QVector<CItemView *> &others, Snap snap,
-                           Moved moved)
-    : m_snap(std::move(snap)), m_moved(std::move(moved))
+CMoveGesture::CMoveGesture(CItemView *pressed, const QVector<CItemView *> &others,
+                           CSnapping &snapping, Snap snap, Moved moved)
+    : m_snapping(snapping), m_snap(std::move(snap)), m_moved(std::move(moved))
 {
     m_starts.append({pressed, {}, {}, {}});
     for (CItemView *view : others)
@@ -42,6 +45,10 @@ bool CMoveGesture::begin()
                                   [](const Start &each) { return each.view->item()->isLocked(); }),
                    m_starts.end());
     m_recorder.begin(items(), CStartValues::geometryKeys());
+    for (const CItemModel *item : items())
+        m_frame |= CItemArrange::frameOf(*item);
+    if (!m_snap)
+        m_snapping.begin(items());
     return true;
 }
 
@@ -54,7 +61,7 @@ QString CMoveGesture::update(const SGesturePointer &pointer)
     if (m_snap)
         moveSnapped(pointer.place);
     else
-        moveTo(pointer.place - m_press);
+        moveInLine(pointer);
     const CItemModel *item = m_starts.constFirst().view->item();
     return QObject::tr("%1, %2").arg(item->x()).arg(item->y());
 }
@@ -91,6 +98,19 @@ void CMoveGesture::moveSnapped(const QPointF &pointer) const
     // recorded are the whole numbers that the model holds.
     for (const Start &each : m_starts)
         each.view->setPos(each.place + delta);
+}
+
+/// Edges and the middle of all that move come to lie in line with others.
+void CMoveGesture::moveInLine(const SGesturePointer &pointer) const
+{
+    const QPointF start = m_starts.constFirst().position;
+    const auto whole = [](const QPointF &place) {
+        return QPointF(double(roundedToInteger(place.x())), double(roundedToInteger(place.y())));
+    };
+    const auto frameAt = [&](const QPointF &offset) {
+        return m_frame.translated(whole(start + offset) - start);
+    };
+    moveTo(m_snapping.snapped(frameAt, pointer.place - m_press, pointer.modifiers));
 }
 
 void CMoveGesture::putBack()

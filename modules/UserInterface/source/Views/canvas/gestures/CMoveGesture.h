@@ -2,11 +2,13 @@
 
 #include "CGesture.h"
 
+#include <QRectF>
 #include <QVector>
 
 #include <functional>
 
 class CItemView;
+class CSnapping;
 
 /// A drag of the selected items, which begins when the pointer has left the place of the press.
 /// While Shift is held they wait. Locked items stay.
@@ -18,8 +20,9 @@ public:
     /// Takes the items, which stand at their old places again, and where they were left.
     using Moved = std::function<void(const QVector<CItemModel *> &, const QVector<QPointF> &)>;
 
-    /// `others`: selected too. Without `snap`, the items follow the pointer.
-    CMoveGesture(CItemView *pressed, const QVector<CItemView *> &others, Snap snap, Moved moved);
+    /// `others`: selected too. Without `snap`, the items follow the pointer as `snapping` allows.
+    CMoveGesture(CItemView *pressed, const QVector<CItemView *> &others, CSnapping &snapping,
+                 Snap snap, Moved moved);
 
     void start(const SGesturePointer &press) override;
     QString update(const SGesturePointer &pointer) override;
@@ -38,11 +41,14 @@ private:
     QVector<CItemModel *> items() const;
     void moveTo(const QPointF &delta) const;
     void moveSnapped(const QPointF &pointer) const;
+    void moveInLine(const SGesturePointer &pointer) const;
     void putBack();
 
     QVector<Start> m_starts; ///< the pressed one first
     QPointF m_press;         ///< scene units
+    QRectF m_frame;          ///< of all that move, at the start
     bool m_isOver = false;
+    CSnapping &m_snapping;
     const Snap m_snap;
     const Moved m_moved;
 };

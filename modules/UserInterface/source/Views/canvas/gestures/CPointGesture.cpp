@@ -2,10 +2,13 @@
 
 #include "CItemModel.h"
 #include "CMultiPointItemView.h"
+#include "CSnapping.h"
+#include "ItemGeometry.h"
 #include "PointList.h"
 #include "PropertyKey.h"
 
-CPointGesture::CPointGesture(CMultiPointItemView *view, int index) : m_view(view), m_index(index)
+CPointGesture::CPointGesture(CMultiPointItemView *view, int index, CSnapping &snapping)
+    : m_view(view), m_index(index), m_snapping(snapping)
 {
 }
 
@@ -16,8 +19,15 @@ void CPointGesture::start(const SGesturePointer &press)
         return;
     }
     const PointList::Points points = PointList::ofItem(*m_view->item());
-    m_grip = press.place - m_view->mapToScene(points.value(m_index));
+    m_press = press.place;
+    m_start = points.value(m_index);
     m_recorder.begin({m_view->item()}, {PropertyKey::PointList});
+    QVector<QRectF> others;
+    for (int index = 0; index < points.size(); ++index) {
+        if (index != m_index)
+            others.append({m_view->mapToScene(points.at(index)), QSizeF(0, 0)});
+    }
+    m_snapping.begin({m_view->item()}, others);
 }
 
 QString CPointGesture::update(const SGesturePointer &pointer)
@@ -25,7 +35,14 @@ QString CPointGesture::update(const SGesturePointer &pointer)
     PointList::Points points = PointList::ofItem(*m_view->item());
     if (!isUnderWay() || m_index >= points.size())
         return {};
-    points[m_index] = m_view->mapFromScene(pointer.place - m_grip);
+    const auto at = [this](const QPointF &offset) {
+        const QPointF place = m_start + offset;
+        return QPointF(double(roundedToInteger(place.x())), double(roundedToInteger(place.y())));
+    };
+    const auto outlineAt = [&](const QPointF &offset) {
+        return QRectF(m_view->mapToScene(at(offset)), QSizeF(0, 0));
+    };
+    points[m_index] = at(m_snapping.snapped(outlineAt, pointer.place - m_press, pointer.modifiers));
     const QPointF place = m_view->mapToScene(points.at(m_index));
     m_view->item()->setPropertyIfChanged(PropertyKey::PointList, PointList::format(points));
     return QObject::tr("%1, %2").arg(qRound(place.x())).arg(qRound(place.y()));

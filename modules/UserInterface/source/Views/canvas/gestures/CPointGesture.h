@@ -3,12 +3,13 @@
 #include "CGesture.h"
 
 class CMultiPointItemView;
+class CSnapping;
 
 /// A drag of one point of an item that is drawn through several; with Control, its removal.
 class CPointGesture final : public CGesture
 {
 public:
-    CPointGesture(CMultiPointItemView *view, int index);
+    CPointGesture(CMultiPointItemView *view, int index, CSnapping &snapping);
 
     void start(const SGesturePointer &press) override;
     QString update(const SGesturePointer &pointer) override;
@@ -18,5 +19,7 @@ public:
 private:
     CMultiPointItemView *const m_view; ///< not owned
     const int m_index;
-    QPointF m_grip; ///< from the point to the press, scene units
+    CSnapping &m_snapping;
+    QPointF m_start; ///< of the point, in the view's coordinates
+    QPointF m_press; ///< scene units
 };

@@ -3,9 +3,10 @@
 #include "CItemModel.h"
 #include "CItemView.h"
 #include "CResizeRule.h"
-#include "ItemResize.h"
+#include "CSnapping.h"
 
-CResizeGesture::CResizeGesture(CItemView *view, int handle) : m_view(view), m_handle(handle)
+CResizeGesture::CResizeGesture(CItemView *view, int handle, CSnapping &snapping)
+    : m_view(view), m_handle(handle), m_snapping(snapping)
 {
 }
 
@@ -15,7 +16,9 @@ void CResizeGesture::start(const SGesturePointer &press)
 {
     m_press = press.place;
     m_rule = ItemResize::ruleFor(*m_view->item(), m_handle, m_view->shownAngle());
+    m_start = ItemResize::startOf(*m_view->item(), m_view->shownAngle());
     m_recorder.begin({m_view->item()}, CStartValues::geometryKeys());
+    m_snapping.begin({m_view->item()});
 }
 
 QString CResizeGesture::update(const SGesturePointer &pointer)
@@ -26,7 +29,12 @@ QString CResizeGesture::update(const SGesturePointer &pointer)
     modifiers.keepAspect = pointer.modifiers.testFlag(Qt::ShiftModifier);
     modifiers.fromCentre = pointer.modifiers.testFlag(Qt::AltModifier);
     CItemModel &item = *m_view->item();
-    ItemResize::apply(item, m_rule->geometryFor(pointer.place - m_press, modifiers));
+    const auto outlineAt = [&](const QPointF &offset) {
+        return ItemResize::outlineOf(m_start, m_rule->geometryFor(offset, modifiers));
+    };
+    const QPointF offset =
+        m_snapping.snapped(outlineAt, pointer.place - m_press, pointer.modifiers);
+    ItemResize::apply(item, m_rule->geometryFor(offset, modifiers));
     m_view->updateBounds();
     const QSizeF size = m_view->frameRect().size();
     return QObject::tr("%1, %2   %3 × %4")

@@ -7,13 +7,14 @@
 #include "CResizeHandle.h"
 #include "CRotateGesture.h"
 
-std::unique_ptr<CGesture> GestureFactory::forHandle(const QGraphicsItem &handle)
+std::unique_ptr<CGesture> GestureFactory::forHandle(const QGraphicsItem &handle,
+                                                    CSnapping &snapping)
 {
     auto *view = static_cast<CItemView *>(handle.parentItem());
     if (const auto *resize = dynamic_cast<const CResizeHandle *>(&handle))
-        return std::make_unique<CResizeGesture>(view, resize->index());
+        return std::make_unique<CResizeGesture>(view, resize->index(), snapping);
     if (const auto *point = dynamic_cast<const CPointHandle *>(&handle))
         return std::make_unique<CPointGesture>(static_cast<CMultiPointItemView *>(view),
-                                               point->index());
+                                               point->index(), snapping);
     return std::make_unique<CRotateGesture>(view);
 }

@@ -3,10 +3,11 @@
 #include <memory>
 
 class CGesture;
+class CSnapping;
 class QGraphicsItem;
 
 /// Which gesture a handle stands for.
 namespace GestureFactory {
 /// The handle belongs to a selected view that is not locked.
-std::unique_ptr<CGesture> forHandle(const QGraphicsItem &handle);
+std::unique_ptr<CGesture> forHandle(const QGraphicsItem &handle, CSnapping &snapping);
 } // namespace GestureFactory

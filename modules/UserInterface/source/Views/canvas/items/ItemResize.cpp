@@ -5,6 +5,8 @@
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
 
+#include <QTransform>
+
 namespace {
 void setWhole(CItemModel &item, const QString &key, double value)
 {
@@ -61,6 +63,31 @@ SizeLimits ItemResize::limitsOf(const CItemModel &item)
     limits.minimum.setHeight(least);
     limits.maximum.setHeight(most);
     return limits;
+}
+
+ItemResize::SStart ItemResize::startOf(const CItemModel &item, double degrees)
+{
+    return {kindOf(item), ItemGeometry::frameOf(item), QPointF(item.x(), item.y()), degrees};
+}
+
+QRectF ItemResize::outlineOf(const SStart &start, const CResizeRule::Geometry &geometry)
+{
+    QRectF frame(geometry.position, geometry.size);
+    if (start.kind == ResizeKind::Circular)
+        frame.moveCenter(geometry.position);
+    if (start.kind == ResizeKind::WidthOnly) {
+        frame.translate(start.frame.topLeft() - start.position);
+        frame.setHeight(start.frame.height());
+    }
+    frame = frame.normalized();
+    if (start.degrees == 0)
+        return frame;
+    const QPointF middle = frame.center();
+    QTransform turn;
+    turn.translate(middle.x(), middle.y())
+        .rotate(start.degrees)
+        .translate(-middle.x(), -middle.y());
+    return turn.mapRect(frame);
 }
 
 std::unique_ptr<CResizeRule> ItemResize::ruleFor(const CItemModel &item, int handle, double degrees)

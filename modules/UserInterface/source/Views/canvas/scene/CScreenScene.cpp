@@ -7,6 +7,7 @@
 #include "CProjectModel.h"
 #include "CRectIndex.h"
 #include "CScreenModel.h"
+#include "CSnapMarks.h"
 #include "CanvasRoles.h"
 #include "ItemTree.h"
 #include "ItemViewFactory.h"
@@ -15,7 +16,7 @@
 #include <algorithm>
 
 CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
-    : QGraphicsScene(parent), m_screen(screen), m_guides(*this)
+    : QGraphicsScene(parent), m_screen(screen), m_guides(*this), m_snapping(*this, *screen)
 {
     setItemIndexMethod(NoIndex); // handles and guide lines move with every step of a drag
     CProjectModel *project = screen->project();
@@ -63,7 +64,7 @@ void CScreenScene::detach()
 /// All at once: of views that go one by one each is looked for in the list of all items.
 void CScreenScene::deleteViews()
 {
-    QVector<QGraphicsItem *> kept = {m_guides.cross()};
+    QVector<QGraphicsItem *> kept = {m_guides.cross(), m_snapping.marks()};
     if (m_frame)
         kept.append(m_frame);
     for (QGraphicsItem *each : qAsConst(kept))
@@ -333,4 +334,5 @@ void CScreenScene::highlightObjectBehind(bool repaint)
 void CScreenScene::hideGuides()
 {
     m_guides.hide();
+    m_snapping.end();
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "CGesture.h"
 #include "CSnapGuides.h"
+#include "CSnapping.h"
 #include "ICanvas.h"
 
 #include <QColor>
@@ -12,7 +14,6 @@
 #include <memory>
 
 class CFrameItem;
-class CGesture;
 class CScreenModel;
 class QStandardItem;
 
@@ -55,7 +56,11 @@ public:
     /// cross there and the guide lines, until hideGuides().
     QPointF snapped(const QPointF &proposed, const QVector<CItemModel *> &moving = {});
     void hideGuides();
+    /// What is dragged over the canvas from elsewhere; until hideGuides().
+    CSnapping &snapping() { return m_snapping; }
 
+    /// A key that a gesture heeds went down or up while the pointer rests.
+    void followModifiers(Qt::KeyboardModifiers modifiers);
     bool isGestureActive() const; ///< it has changed the model live, or will
     /// Puts everything back as it was when the gesture began; what is pressed is not dragged then.
     void cancelGesture();
@@ -100,11 +105,13 @@ private:
     void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
     std::unique_ptr<CGesture> moveOf(CItemView *pressed);
     std::unique_ptr<CGesture> copyOf(const CItemView &pressed);
+    void followPointer(const SGesturePointer &pointer);
     void finishGesture();
     void dropGesture();
 
     CScreenModel *m_screen; ///< not owned; null once detached
     CSnapGuides m_guides;
+    CSnapping m_snapping;
     CFrameItem *m_frame = nullptr;
     QHash<const CItemModel *, CItemView *> m_views;
     // What follows from many changes at once is worked out once, when it is asked for or when they
@@ -115,4 +122,5 @@ private:
     bool m_isFollowingDue = false;
     bool m_haveRowsChanged = false;
     std::unique_ptr<CGesture> m_gesture; ///< from a press to its release
+    SGesturePointer m_pointer;           ///< where it was told of last
 };

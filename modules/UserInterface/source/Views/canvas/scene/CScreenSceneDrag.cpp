@@ -64,7 +64,7 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
     // the selection were not there to be taken hold of.
     if (QGraphicsItem *handle = handleAt(event->scenePos(), transform)) {
         handle->parentItem()->setFocus(Qt::MouseFocusReason);
-        beginGesture(GestureFactory::forHandle(*handle), *event);
+        beginGesture(GestureFactory::forHandle(*handle, m_snapping), *event);
         event->accept();
         return;
     }
@@ -118,7 +118,7 @@ std::unique_ptr<CGesture> CScreenScene::moveOf(CItemView *pressed)
             return snapped(place, moving);
         };
     return std::make_unique<CMoveGesture>(
-        pressed, others, snap,
+        pressed, others, m_snapping, snap,
         [this](const QVector<CItemModel *> &items, const QVector<QPointF> &places) {
             Q_EMIT itemsDragged(items, places);
         });
@@ -157,13 +157,26 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
             QGraphicsScene::mouseMoveEvent(event);
         return;
     }
-    const QString readout = m_gesture->update(pointerOf(*event));
+    followPointer(pointerOf(*event));
+    if (isGestureActive())
+        event->accept(); // the cursor of the press stays
+}
+
+void CScreenScene::followPointer(const SGesturePointer &pointer)
+{
+    m_pointer = pointer;
+    const QString readout = m_gesture->update(pointer);
     if (!isGestureActive())
         return;
-    event->accept(); // the cursor of the press stays
     highlightObjectBehind(false);
     if (!readout.isEmpty())
         Q_EMIT gestureReported(readout);
+}
+
+void CScreenScene::followModifiers(Qt::KeyboardModifiers modifiers)
+{
+    if (isGestureActive())
+        followPointer({m_pointer.place, m_pointer.travelled, modifiers});
 }
 
 QPointF CScreenScene::snapped(const QPointF &proposed, const QVector<CItemModel *> &moving)

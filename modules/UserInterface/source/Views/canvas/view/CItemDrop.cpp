@@ -85,7 +85,11 @@ QString draggedKind(const QMimeData &data)
 } // namespace
 
 CItemDrop::CItemDrop(CScreenScene *scene, QWidget *window)
-    : QObject(window), m_scene(scene), m_window(window), m_images(new CItemImages(window, this))
+    : QObject(window),
+      m_scene(scene),
+      m_window(window),
+      m_images(new CItemImages(window, this)),
+      m_place(*scene)
 {
     connect(m_images, &CItemImages::message, this, &CItemDrop::message);
 }
@@ -98,21 +102,26 @@ bool CItemDrop::isWelcome(const QMimeData &data)
            !droppedFiles(data).isEmpty();
 }
 
-void CItemDrop::showPlace(const QMimeData &data, const QPointF &scenePos)
+void CItemDrop::showPlace(const QMimeData &data, const QPointF &scenePos,
+                          Qt::KeyboardModifiers modifiers)
 {
-    const bool snaps = CEditorState::instance()->isSnapToGrid();
-    const QPointF place = snaps ? m_scene->snapped(scenePos) : scenePos;
-    if (!data.hasFormat(CreateMime))
+    if (!data.hasFormat(CreateMime)) {
+        m_place.setItems(movable(data));
+        m_place.at(scenePos, modifiers);
         return;
+    }
     if (!m_ghost) {
         m_ghost = std::make_unique<CDropGhost>();
         m_scene->addItem(m_ghost.get());
     }
     const QString type = draggedKind(data);
     const CWidgetLibraryModel *library = screen()->project()->library();
-    if (!m_ghost->isOf(type) && library && library->contains(type))
-        m_ghost->show(ofKind(type));
-    m_ghost->moveTo(place);
+    if (!m_ghost->isOf(type) && library && library->contains(type)) {
+        auto item = ofKind(type);
+        m_place.setNew(*item);
+        m_ghost->show(std::move(item));
+    }
+    m_ghost->moveTo(m_place.at(scenePos, modifiers));
 }
 
 void CItemDrop::hidePlace()
@@ -138,8 +147,10 @@ void CItemDrop::place(const QString &type, const QRectF &room, size_t graphicsMe
     add(std::move(made));
 }
 
-bool CItemDrop::drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory)
+bool CItemDrop::drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory,
+                     Qt::KeyboardModifiers modifiers)
 {
+    m_modifiers = modifiers;
     m_memory = graphicsMemory;
     if (!data.hasFormat(CreateMime))
         return dropItems(data, scenePos) || dropFiles(data, scenePos);
@@ -155,16 +166,15 @@ CScreenModel *CItemDrop::screen() const
     return m_scene->screen();
 }
 
-QPointF CItemDrop::landing(const QPointF &scenePos, const QVector<CItemModel *> &moving)
+QPointF CItemDrop::landing(const QPointF &scenePos)
 {
-    const bool snaps = CEditorState::instance()->isSnapToGrid();
-    const QPointF place = snaps ? m_scene->snapped(scenePos, moving) : scenePos;
+    const QPointF place = m_place.at(scenePos, m_modifiers);
     m_scene->hideGuides();
     return place;
 }
 
-/// The first item comes to the place, the others keep their distance from it.
-bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
+/// What of the dragged items can be put here.
+QVector<CItemModel *> CItemDrop::movable(const QMimeData &data) const
 {
     QVector<CItemModel *> items;
     for (CItemModel *each : ItemDrag::fromMimeData(data, *screen()->project())) {
@@ -172,10 +182,18 @@ bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
         if (!(each->parentItem() == screen() ? each->isLocked() : holdsLock(*each)))
             items.append(each);
     }
+    return items;
+}
+
+/// The first item comes to the place, the others keep their distance from it.
+bool CItemDrop::dropItems(const QMimeData &data, const QPointF &scenePos)
+{
+    const QVector<CItemModel *> items = movable(data);
     if (items.isEmpty())
         return false;
+    m_place.setItems(items);
     const QPointF by =
-        landing(scenePos, items) - QPointF(items.constFirst()->x(), items.constFirst()->y());
+        landing(scenePos) - QPointF(items.constFirst()->x(), items.constFirst()->y());
     QVector<QPointF> positions;
     for (const CItemModel *each : qAsConst(items))
         positions.append(QPointF(each->x(), each->y()) + by);
@@ -262,7 +280,12 @@ std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QString &
 std::unique_ptr<CItemModel> CItemDrop::make(const QString &type, const QPointF &scenePos,
                                             const QString &file)
 {
-    const QPointF place = landing(scenePos, {}); // as it was shown, before anything is asked
+    const CWidgetLibraryModel *library = screen()->project()->library();
+    if (file.isEmpty() && library && library->contains(type))
+        m_place.setNew(*ofKind(type));
+    else
+        m_place.setNothing();                // a file's size is known when it lies there
+    const QPointF place = landing(scenePos); // as it was shown, before anything is asked
     auto item = make(type, file);
     if (item)
         placeAt(*item, place);

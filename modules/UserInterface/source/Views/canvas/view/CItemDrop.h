@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CDropPlace.h"
 #include "CItemImages.h"
 
 #include <QObject>
@@ -33,11 +34,12 @@ public:
     static bool isWelcome(const QMimeData &data);
     /// Marks where the data would land, dropped at a place, and what a kind from the palette will
     /// look like.
-    void showPlace(const QMimeData &data, const QPointF &scenePos);
+    void showPlace(const QMimeData &data, const QPointF &scenePos, Qt::KeyboardModifiers modifiers);
     void hidePlace();
     /// `graphicsMemory`: bytes of the chip's memory that the screen needs by now. False when the
     /// data hold nothing that the screen can take.
-    bool drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory);
+    bool drop(const QMimeData &data, const QPointF &scenePos, size_t graphicsMemory,
+              Qt::KeyboardModifiers modifiers = {});
     /// Adds a widget of a kind to the middle of a part of the scene.
     void place(const QString &type, const QRectF &room, size_t graphicsMemory);
 
@@ -51,7 +53,8 @@ private:
     using Made = std::vector<std::unique_ptr<CItemModel>>;
 
     CScreenModel *screen() const;
-    QPointF landing(const QPointF &scenePos, const QVector<CItemModel *> &moving);
+    QVector<CItemModel *> movable(const QMimeData &data) const;
+    QPointF landing(const QPointF &scenePos);
     bool dropItems(const QMimeData &data, const QPointF &scenePos);
     bool dropFiles(const QMimeData &data, const QPointF &scenePos);
     std::unique_ptr<CItemModel> ofKind(const QString &type);
@@ -65,6 +68,8 @@ private:
     CScreenScene *m_scene; ///< not owned
     QWidget *m_window;
     CItemImages *m_images;
+    CDropPlace m_place;
+    Qt::KeyboardModifiers m_modifiers;
     std::unique_ptr<CDropGhost> m_ghost; ///< while a kind is dragged over the scene
     size_t m_memory = 0;                 ///< bytes in use, with those of what the drop has brought
 };

@@ -119,6 +119,7 @@ private:
     bool doItemsKeep(const QPoint &position, Qt::Orientation guide, double distance) const;
     void showNext();
     void leaveItems();
+    void followControl(const QKeyEvent &event);
     void reportPointer(const QPoint &position);
     bool isPointerHeld() const;
     bool mayMeasure(const QKeyEvent &event) const;

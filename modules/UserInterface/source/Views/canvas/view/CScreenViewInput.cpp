@@ -65,6 +65,7 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
             cancelRubberBand();
             m_altPress.reset();
         }
+        followControl(*event);
         event->accept();
         return;
     }
@@ -108,8 +109,16 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
     event->ignore();
 }
 
+/// Control lets go of what is snapped to, also while the pointer rests.
+void CScreenView::followControl(const QKeyEvent &event)
+{
+    if (event.key() == Qt::Key_Control && !event.isAutoRepeat())
+        m_scene->followModifiers(event.modifiers());
+}
+
 void CScreenView::keyReleaseEvent(QKeyEvent *event)
 {
+    followControl(*event);
     if (event->key() == Qt::Key_Alt)
         m_measure.hide();
     if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
@@ -359,7 +368,7 @@ void CScreenView::dragMoveEvent(QDragMoveEvent *event)
     event->setAccepted(CItemDrop::isWelcome(*event->mimeData()));
     reportPointer(event->pos());
     if (event->isAccepted())
-        m_drop->showPlace(*event->mimeData(), mapToScene(event->pos()));
+        m_drop->showPlace(*event->mimeData(), mapToScene(event->pos()), event->keyboardModifiers());
 }
 
 void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
@@ -371,7 +380,8 @@ void CScreenView::dragLeaveEvent(QDragLeaveEvent *event)
 void CScreenView::dropEvent(QDropEvent *event)
 {
     m_drop->hidePlace();
-    if (m_drop->drop(*event->mimeData(), mapToScene(event->pos()), m_graphicsMemory))
+    if (m_drop->drop(*event->mimeData(), mapToScene(event->pos()), m_graphicsMemory,
+                     event->keyboardModifiers()))
         event->acceptProposedAction();
     else
         event->ignore();
