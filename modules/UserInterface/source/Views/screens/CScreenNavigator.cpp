@@ -9,6 +9,7 @@
 #include "ShownText.h"
 
 #include <QPainter>
+#include <QScrollBar>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -50,6 +51,7 @@ void CScreenNavigator::setProject(CProjectModel *project)
     m_project = project;
     releasePictures();
     m_changed.clear();
+    scrollToTop();
     if (project) {
         const auto rowsChanged = [this](const QModelIndex &parent) {
             if (parent.isValid())
@@ -76,9 +78,12 @@ void CScreenNavigator::releasePictures()
         [frames = std::move(frames)]() mutable { frames.clear(); });
 }
 
-/// A row for each screen, in the project's order. Frames of screens that are still there are kept.
+/// A row for each screen, in the project's order. Frames of screens that are still there are kept,
+/// and so is the place to which the user has scrolled.
 void CScreenNavigator::rebuild()
 {
+    const int place = verticalScrollBar()->value();
+    setAutoScroll(false); // to the marked one, which is only marked again
     clear();
     QHash<const CScreenModel *, SPicture> pictures;
     QList<CScreenModel *> changed;
@@ -93,6 +98,9 @@ void CScreenNavigator::rebuild()
         if (screen == m_current)
             setCurrentItem(entry);
     }
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(place);
+    setAutoScroll(true);
     m_pictures = pictures;
     m_changed = changed;
     if (!pictures.contains(m_requested) && !changed.contains(m_requested))

@@ -52,6 +52,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setTransformationAnchor(NoAnchor);
+    setResizeAnchor(AnchorViewCenter); // a new view gets its size only after it is shown
     setViewportUpdateMode(BoundingRectViewportUpdate);
     m_restTimer->setSingleShot(true);
     m_restTimer->setInterval(RestAfter);
@@ -269,9 +270,17 @@ void CScreenView::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
     m_zoom->fit();
+    if (resizeAnchor() == AnchorViewCenter)
+        centerOn(m_scene->sceneRect().center());
     Q_EMIT frameWanted();
     viewport()->update();
     reportCounts();
+}
+
+void CScreenView::paintEvent(QPaintEvent *event)
+{
+    setResizeAnchor(NoAnchor); // what has been seen stays where it is
+    QGraphicsView::paintEvent(event);
 }
 
 void CScreenView::scrollContentsBy(int dx, int dy)

@@ -2,6 +2,7 @@
 // come, go and are renamed.
 #include "CCommandDeleteScreen.h"
 #include "CCommandOrderItem.h"
+#include "CEditorState.h"
 #include "CItemView.h"
 #include "CRuler.h"
 #include "CScreen.h"
@@ -13,6 +14,8 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QMainWindow>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTimer>
 #include <QUndoStack>
@@ -125,6 +128,65 @@ private Q_SLOTS:
 
         project->removeRow(0);
         QCOMPARE(navigator.count(), 2);
+    }
+
+    void theNavigatorKeepsItsPlace()
+    {
+        const auto project = newTestProject(20);
+        CScreenNavigator navigator;
+        navigator.resize(200, 400);
+        navigator.show();
+        navigator.setProject(project.get());
+        navigator.setCurrentScreen(project->screen(0));
+        QScrollBar *bar = navigator.verticalScrollBar();
+        QTRY_VERIFY(bar->maximum() > 1000);
+        bar->setValue(700);
+        project->appendRow(new CScreenModel(project.get()));
+        QTest::qWait(1); // the list is laid out
+        QCOMPARE(bar->value(), 700);
+        project->insertRow(3, project->takeRow(12));
+        project->removeRow(15);
+        QTest::qWait(1);
+        QCOMPARE(bar->value(), 700);
+        navigator.setCurrentScreen(project->screen(1)); // goes to another page
+        QVERIFY(bar->value() < 300);
+        bar->setValue(700);
+        const auto other = newTestProject(20);
+        navigator.setProject(other.get());
+        QTest::qWait(1);
+        QCOMPARE(bar->value(), 0);
+    }
+
+    /// Also when it gets its size only after it is shown.
+    void aPageBeginsInItsMiddle()
+    {
+        for (const bool isShownBefore : {false, true}) {
+            CEditorState::instance()->setZoom(200, 0);
+            const auto project = newTestProject(2);
+            QMainWindow window;
+            auto *tabs = new CScreen(&window);
+            tabs->setProject(project.get());
+            window.setCentralWidget(tabs);
+            window.resize(760, 560);
+            if (isShownBefore)
+                window.show();
+            tabs->openScreen(project->screen(0));
+            window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            const auto middle = [tabs] {
+                const CScreenView *view = tabs->currentView();
+                return view->mapToScene(view->viewport()->rect().center()).toPoint();
+            };
+            QVERIFY((middle() - QPoint(240, 136)).manhattanLength() <= 2);
+            const QPointF corner = tabs->currentView()->mapToScene(0, 0);
+            window.resize(700, 560); // what is seen stays
+            QTest::qWait(1);
+            QCOMPARE(tabs->currentView()->mapToScene(0, 0), corner);
+            tabs->openScreen(project->screen(1));
+            QTest::qWait(1);
+            QVERIFY((middle() - QPoint(240, 136)).manhattanLength() <= 2);
+        }
+        CEditorState::instance()->setZoom(100, 0);
     }
 };
 
