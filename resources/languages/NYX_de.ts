@@ -1087,6 +1087,17 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
 </context>
 <context>
+    <name>FontEntries</name>
+    <message>
+        <source>%1 · %2 px · %3</source>
+        <translation>%1 · %2 px · %3</translation>
+    </message>
+    <message>
+        <source>%1 · %2 px</source>
+        <translation>%1 · %2 px</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>

@@ -1087,6 +1087,17 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
 </context>
 <context>
+    <name>FontEntries</name>
+    <message>
+        <source>%1 · %2 px · %3</source>
+        <translation>%1 · %2 像素 · %3</translation>
+    </message>
+    <message>
+        <source>%1 · %2 px</source>
+        <translation>%1 · %2 像素</translation>
+    </message>
+</context>
+<context>
     <name>FontFiles</name>
     <message>
         <source>%1: there is no such file</source>

@@ -4,6 +4,7 @@
 #include "CNumberEntry.h"
 #include "CNumberSpinBox.h"
 #include "CPendingEdit.h"
+#include "CPictureBox.h"
 #include "CPropertyManager.h"
 #include "CTextBox.h"
 #include "CThemeIcons.h"
@@ -155,9 +156,7 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
 {
     switch (manager->propertyType(property)) {
     case QVariant::Int:
-        return editorOf(manager, property) == SPropertyLook::EEditor::Sixteenths
-                   ? makePixelBox(manager, property, parent)
-                   : makeSpinBox(manager, property, parent);
+        return makeWholeNumberEditor(manager, property, parent);
     case QVariant::Double:
         return makeNumberBox(manager, property, parent);
     case QVariant::String:
@@ -175,6 +174,23 @@ QWidget *CPropertyEditorFactory::createEditor(QtVariantPropertyManager *manager,
     if (manager->propertyType(property) == QtVariantPropertyManager::enumTypeId())
         return makeComboBox(manager, property, parent);
     return QtVariantEditorFactory::createEditor(manager, property, parent);
+}
+
+QWidget *CPropertyEditorFactory::makeWholeNumberEditor(QtVariantPropertyManager *manager,
+                                                       QtProperty *property, QWidget *parent)
+{
+    const bool isReadOnly = attribute(manager, property, "readOnly").toBool();
+    switch (editorOf(manager, property)) {
+    case SPropertyLook::EEditor::Sixteenths:
+        return makePixelBox(manager, property, parent);
+    case SPropertyLook::EEditor::Font:
+        if (m_project && !isReadOnly)
+            return makeFontBox(manager, property, parent);
+        break;
+    default:
+        break;
+    }
+    return makeSpinBox(manager, property, parent);
 }
 
 QWidget *CPropertyEditorFactory::makeSpinBox(QtVariantPropertyManager *manager,
@@ -236,6 +252,29 @@ QWidget *CPropertyEditorFactory::makePixelBox(QtVariantPropertyManager *manager,
         pending->commit();
         refresh(property); // to the sixteenth that it has become
     });
+    return box;
+}
+
+/// The fonts that there are; a handle that none has is an entry too, as long as it is the value.
+QWidget *CPropertyEditorFactory::makeFontBox(QtVariantPropertyManager *manager,
+                                             QtProperty *property, QWidget *parent)
+{
+    auto *box = new CPictureBox(m_project, parent);
+    const QVector<FontEntries::SEntry> entries = FontEntries::of(*m_project);
+    for (const FontEntries::SEntry &each : entries) {
+        box->addItem(each.text, each.handle);
+        box->setSample(box->count() - 1, each.sample);
+    }
+    CPendingEdit *pending = follow(
+        manager, property, box, [box] { return box->currentData(); },
+        [manager, property, box] {
+            const int font = manager->value(property).toInt();
+            if (box->findData(font) < 0)
+                box->addItem(QString::number(font), font);
+            box->setCurrentIndex(box->findData(font));
+        });
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), pending,
+            &CPendingEdit::touch);
     return box;
 }
 
@@ -348,7 +387,9 @@ QWidget *CPropertyEditorFactory::makeTimeEdit(QtVariantPropertyManager *manager,
 QWidget *CPropertyEditorFactory::makeComboBox(QtVariantPropertyManager *manager,
                                               QtProperty *property, QWidget *parent)
 {
-    auto *box = new QComboBox(parent);
+    const bool hasSymbols = editorOf(manager, property) == SPropertyLook::EEditor::Symbol;
+    auto *symbols = hasSymbols && m_project ? new CPictureBox(m_project, parent) : nullptr;
+    QComboBox *box = symbols ? symbols : new QComboBox(parent);
     CPendingEdit *pending = follow(
         manager, property, box, [box] { return box->currentIndex(); },
         [manager, property, box] {
@@ -359,6 +400,10 @@ QWidget *CPropertyEditorFactory::makeComboBox(QtVariantPropertyManager *manager,
             }
             box->setCurrentIndex(manager->value(property).toInt());
         });
+    constexpr QSize symbolSize(24, 24);
+    for (int entry = 0; symbols && entry < symbols->count(); ++entry)
+        symbols->setSample(entry,
+                           {symbols->itemText(entry), CSampleSheet::SSample::None, symbolSize});
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), pending,
             &CPendingEdit::touch);
     return box;

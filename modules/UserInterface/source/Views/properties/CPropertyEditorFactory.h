@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CPendingEdit.h"
+#include "CProjectModel.h"
 #include "NumberExpression.h"
 
 #include <QHash>
@@ -29,6 +30,8 @@ public:
     void setMultiLine(QtProperty *property);
     /// The names that expressions in number fields may have.
     void setNames(const NumberExpression::Names &names) { m_names = names; }
+    /// Whose fonts and line drawings the lists show; null: lists without pictures.
+    void setProject(const CProjectModel *project) { m_project = project; }
     /// A click that has opened the row's editor: turns a switch over, opens a list.
     void use(QtProperty *property);
 
@@ -55,10 +58,13 @@ private:
         std::function<void()> showValue; ///< in the widget, without taking it for an edit
     };
 
+    QWidget *makeWholeNumberEditor(QtVariantPropertyManager *manager, QtProperty *property,
+                                   QWidget *parent);
     QWidget *makeSpinBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeNumberBox(QtVariantPropertyManager *manager, QtProperty *property,
                            QWidget *parent);
     QWidget *makePixelBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
+    QWidget *makeFontBox(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeLineEdit(QtVariantPropertyManager *manager, QtProperty *property, QWidget *parent);
     QWidget *makeColourEdit(QtVariantPropertyManager *manager, QtProperty *property,
                             QWidget *parent);
@@ -74,6 +80,7 @@ private:
     void forget(QtProperty *property);
 
     QHash<QtProperty *, SEditor> m_editors;
+    QPointer<const CProjectModel> m_project;
     QtProperty *m_fileRow = nullptr;
     QSet<QtProperty *> m_multiLineRows;
     NumberExpression::Names m_names;

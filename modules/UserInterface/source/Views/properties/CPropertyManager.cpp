@@ -202,6 +202,8 @@ QString CPropertyManager::valueText(const QtProperty *property) const
     case QVariant::Int:
         if (editorOf(property) == SPropertyLook::EEditor::Sixteenths)
             return numberText(value(property).toInt() / double{Sixteenths});
+        if (editorOf(property) == SPropertyLook::EEditor::Font && m_fontText)
+            return m_fontText(value(property).toInt());
         return QString::number(value(property).toInt());
     case QVariant::String: // in one line
         return value(property).toString().replace(QLatin1Char('\n'), QStringLiteral(" \u21b5 "));

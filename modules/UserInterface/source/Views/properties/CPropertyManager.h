@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QtVariantPropertyManager>
 
+#include <functional>
+
 class CWidgetProperty;
 
 /// The rows' values and how they read: colours as #rrggbb, real numbers without idle zeros. Also
@@ -32,6 +34,8 @@ public:
     SPropertyLook::EEditor editorOf(const QtProperty *row) const { return m_editors.value(row); }
     /// A row that only tells something.
     QtVariantProperty *addText(const QString &name, const QString &text);
+    /// How the number of a font reads; as any number while there is none.
+    void setFontText(const std::function<QString(int)> &text) { m_fontText = text; }
     /// Shows a value of the model.
     void showValue(QtVariantProperty *row, const QVariant &value);
     /// The row's value as the model stores it: the entry of an enumeration, not its index.
@@ -47,5 +51,6 @@ private:
     void showEntry(QtVariantProperty *row, const QString &entry);
     static QString rangeText(const CWidgetProperty &property, int unit);
 
+    std::function<QString(int)> m_fontText;
     QHash<const QtProperty *, SPropertyLook::EEditor> m_editors; ///< of those that are not plain
 };

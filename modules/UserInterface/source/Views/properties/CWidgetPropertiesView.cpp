@@ -4,6 +4,7 @@
 #include "CCommandChangeItemProperty.h"
 #include "CImageChooser.h"
 #include "CItemModel.h"
+#include "CPictureBox.h"
 #include "CProjectModel.h"
 #include "CPropertyDelegate.h"
 #include "CPropertyEditorFactory.h"
@@ -52,6 +53,10 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
             SLOT(onCurrentItemChanged(QtBrowserItem *)));
     connect(m_factory, &CPropertyEditorFactory::fileWanted, this,
             &CWidgetPropertiesView::chooseFile);
+    m_manager->setFontText([this](int font) {
+        return m_project ? FontEntries::textOf(FontEntries::of(*m_project), font)
+                         : QString::number(font);
+    });
     connect(m_factory, &CPropertyEditorFactory::colourWanted, this,
             &CWidgetPropertiesView::chooseColour);
     connect(m_factory, &CPropertyEditorFactory::stepping, this,
@@ -123,7 +128,9 @@ void CWidgetPropertiesView::setProject(CProjectModel *project)
     if (m_project)
         disconnect(m_project, nullptr, this, nullptr);
     m_project = project;
+    m_factory->setProject(project);
     if (project) {
+        connect(project, &CProjectModel::fontsChanged, this, &CWidgetPropertiesView::refresh);
         connect(project, &CProjectModel::propertyChanged, this,
                 &CWidgetPropertiesView::propertyChanged);
         connect(project, &CProjectModel::geometryChanged, this,

@@ -2,8 +2,11 @@
 #include "CColourDialog.h"
 #include "CColourField.h"
 #include "CColourSwatches.h"
+#include "CEmulatorAdapter.h"
+#include "CPictureBox.h"
 #include "CRecentColours.h"
 #include "CanvasTestSupport.h"
+#include "RomFonts.h"
 
 #include <QUndoStack>
 #include <QtWidgets>
@@ -121,7 +124,89 @@ private Q_SLOTS:
                  QColor(accepted ? tried : "#0000ff").name(QColor::HexArgb));
     }
 
+    /// Byte for byte what lies in the ROM, on as many pages as it takes; each sample once.
+    void samplesAreWhatTheChipDraws()
+    {
+        startEmulator();
+        QVector<CSampleSheet::SSample> samples = {{"A", 26, {30, 30}},
+                                                  {"heart", CSampleSheet::SSample::None, {24, 24}},
+                                                  {"", 26, {0, 0}},
+                                                  {"A", 34, {5000, 5000}},
+                                                  {"no such", CSampleSheet::SSample::None, {9, 9}}};
+        for (int more = 0; more < 30; ++more)
+            samples.append({"A", 26, {200, 100}});
+        QMap<int, QImage> drawn;
+        CSampleSheet sheet(m_project.get());
+        connect(&sheet, &CSampleSheet::drawn, this, [&](int index, const QImage &coverage) {
+            QVERIFY(!drawn.contains(index));
+            drawn.insert(index, coverage);
+        });
+        sheet.ask({samples.mid(0, 2)}); // what is asked for last counts
+        sheet.ask(samples);
+        QTRY_COMPARE(drawn.size(), samples.size() - 1);
+        const romfonts::SGlyph *glyph = romfonts::glyph(26, 'A');
+        const QRect ink = inkOf(drawn[0]);
+        QCOMPARE(ink.size(), QSize(glyph->width, glyph->height));
+        for (int y = 0; y < ink.height(); ++y) {
+            for (int x = 0; x < ink.width(); ++x)
+                QCOMPARE(drawn[0].constScanLine(ink.top() + y)[ink.left() + x],
+                         glyph->coverage[y * glyph->stride + x]);
+        }
+        QVERIFY(inkOf(drawn[1]).height() > 15 && inkOf(drawn[4]).isNull());
+        QCOMPARE(drawn[3].size(), m_project->resolution());
+        sheet.ask(samples); // nobody waits for it
+    }
+
+    void fontsOfTheProjectComeFirst()
+    {
+        SProjectFont own;
+        own.handle = 3;
+        own.name = "Fancy";
+        own.size = 20.5;
+        m_project->setFonts({own});
+        const auto entries = FontEntries::of(*m_project);
+        QCOMPARE(entries.size(), 1 + romfonts::LastFont - romfonts::FirstFont + 1);
+        QCOMPARE(entries.first().text, QString::fromUtf8("3 · 20.5 px · Fancy"));
+        QCOMPARE(FontEntries::textOf(entries, 26), QString::fromUtf8("26 · 16 px"));
+        QCOMPARE(FontEntries::textOf(entries, 99), "99");
+    }
+
+    /// Pictures come when the list is opened, and only then.
+    void listsShowPictures()
+    {
+        startEmulator();
+        CPictureBox box(m_project.get(), &m_panel);
+        box.addItems({"heart", "bell"});
+        for (int index : {0, 1})
+            box.setSample(index, {box.itemText(index), CSampleSheet::SSample::None, {24, 24}});
+        box.show();
+        QVERIFY(box.itemData(1, CPictureBox::PictureRole).isNull());
+        box.showPopup();
+        QTRY_VERIFY(!inkOf(box.itemData(1, CPictureBox::PictureRole).value<QImage>()).isNull());
+        QVERIFY(box.view()->grab().width() > 60); // and they are painted
+        QTest::keyClick(box.view(), Qt::Key_Down);
+        QTest::keyClick(box.view(), Qt::Key_Return);
+        QCOMPARE(box.currentText(), "bell");
+    }
+
 private:
+    static void startEmulator()
+    {
+        CEmulatorAdapter *adapter = CEmulatorAdapter::instance();
+        QVERIFY(adapter->registerEmulator(qEnvironmentVariable("KIV_BIN_DIR") + "/kiv_render.lua"));
+        adapter->emulatorStart(0x110);
+        adapter->emulatorConfigScreen(480, 272);
+    }
+    static QRect inkOf(const QImage &coverage)
+    {
+        QRect ink;
+        for (int y = 0; y < coverage.height(); ++y) {
+            for (int x = 0; x < coverage.width(); ++x)
+                ink |= coverage.constScanLine(y)[x] ? QRect(x, y, 1, 1) : QRect();
+        }
+        return ink;
+    }
+
     std::unique_ptr<CProjectModel> m_project;
     CItemModel *m_box = nullptr;
     QWidget m_panel;

@@ -191,6 +191,30 @@ private Q_SLOTS:
         QCOMPARE(stack().count(), 1);
     }
 
+    /// With their height, also the one that there is not; chosen as any entry is.
+    void fontsAreChosenFromAList()
+    {
+        CWidgetModel *text = show("Kiv_Text_T");
+        QCOMPARE(shown("font"), QString::fromUtf8("27 · 20 px"));
+        auto *list = edit<QComboBox>("font");
+        QVERIFY(list && list->view()->isVisible());
+        QTest::keyClick(list->view(), Qt::Key_End);
+        QTest::keyClick(list->view(), Qt::Key_Return);
+        QTRY_COMPARE(text->propertyText("font"), "34");
+        QCOMPARE(stack().count(), 1);
+        SProjectFont own;
+        own.handle = 3;
+        own.name = "Fancy";
+        m_project->setFonts({own});
+        text->setProperty("font", 3);
+        QCOMPARE(shown("font"), QString::fromUtf8("3 · 24 px · Fancy"));
+        m_project->setFonts({});
+        QCOMPARE(shown("font"), "3");
+        list = edit<QComboBox>("font");
+        QCOMPARE(list->currentText(), "3");
+        QCOMPARE(stack().count(), 1);
+    }
+
     void textsOfSeveralLines()
     {
         CWidgetModel *paragraph = show("Kiv_Paragraph_T");
