@@ -5,9 +5,7 @@
 #include "CFileWriter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "ChipFindings.h"
-#include "ItemOutline.h"
-#include "ItemTree.h"
+#include "ScreenAnswer.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -36,21 +34,6 @@ QList<QPersistentModelIndex> screensOf(const CProjectModel *project, const QList
 CScreenModel *screenOf(const QPersistentModelIndex &screen)
 {
     return qobject_cast<const CProjectModel *>(screen.model())->screen(screen.row());
-}
-
-QList<SExportedItem> exportedItems(const CItemModel &screen)
-{
-    QList<SExportedItem> items;
-    forEachItem(screen, [&items](const CItemModel &item) {
-        if (item.kind() != CItemModel::Kind::Widget)
-            return;
-        const CItemModel *parent = item.parentItem();
-        const bool isMember = parent && parent->kind() == CItemModel::Kind::Group;
-        const SItemOutline outline = itemOutline(item);
-        items.append({item.name(), item.itemTypeName(), item.idString(), item.id(),
-                      isMember ? parent->name() : QString(), outline.box, outline.turn});
-    });
-    return items;
 }
 
 /// Found out before the screens are rendered.
@@ -216,17 +199,7 @@ void CProjectExporter::handOut(SAsked &asked,
                                const std::function<void(SScreenExport &&)> &take) const
 {
     CScreenModel *screen = screenOf(asked.screen);
-    CBackgroundRender &render = *asked.render;
-    SScreenExport page{screen,
-                       screen->name(),
-                       render.text(),
-                       render.bytes(),
-                       render.takeFrame(),
-                       render.ramDl(),
-                       render.ramG(),
-                       render.errors() + chipFindings(*screen),
-                       render.memory(),
-                       asked.items};
+    SScreenExport page = screenAnswer(*screen, *asked.render, asked.items);
     asked.render.reset();
     if (m_findings && !page.errors.isEmpty())
         m_findings(page.name, page.errors.join(QLatin1Char('\n')));

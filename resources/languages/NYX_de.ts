@@ -4212,6 +4212,143 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>CCheckActions</name>
+    <message>
+        <source>Checks</source>
+        <translation>Prüfungen</translation>
+    </message>
+    <message>
+        <source>Checks (%1)</source>
+        <translation>Prüfungen (%1)</translation>
+    </message>
+    <message>
+        <source>Next &amp;Finding</source>
+        <translation>Nächster &amp;Befund</translation>
+    </message>
+    <message>
+        <source>Go to the next finding of the checks</source>
+        <translation>Zum nächsten Befund der Prüfungen gehen</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Finding</source>
+        <translation>&amp;Voriger Befund</translation>
+    </message>
+    <message>
+        <source>Go to the previous finding of the checks</source>
+        <translation>Zum vorigen Befund der Prüfungen gehen</translation>
+    </message>
+</context>
+<context>
+    <name>CChecksView</name>
+    <message>
+        <source>All pages</source>
+        <translation>Alle Seiten</translation>
+    </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>Nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>Es ist kein Projekt geöffnet.</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Hinweise</translation>
+    </message>
+    <message>
+        <source>Ignored</source>
+        <translation>Übergangen</translation>
+    </message>
+    <message>
+        <source>Ignored: %1</source>
+        <translation>Übergangen: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Go There</source>
+        <translation>&amp;Dorthin gehen</translation>
+    </message>
+    <message>
+        <source>&amp;Ignore Here...</source>
+        <translation>&amp;Hier übergehen...</translation>
+    </message>
+    <message>
+        <source>&amp;Ask About It Again</source>
+        <translation>&amp;Wieder danach fragen</translation>
+    </message>
+    <message>
+        <source>Ignore a Finding</source>
+        <translation>Einen Befund übergehen</translation>
+    </message>
+    <message>
+        <source>Why is it right as it is?</source>
+        <translation>Warum ist es so richtig?</translation>
+    </message>
+    <message>
+        <source>Delete %1? This cannot be undone.</source>
+        <translation>%1 löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Delete the File</source>
+        <translation>Datei löschen</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Befund</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Show ignored</source>
+        <translation>Übergangene zeigen</translation>
+    </message>
+    <message>
+        <source>The page whose findings are shown</source>
+        <translation>Die Seite, deren Befunde gezeigt werden</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFixes</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Give It a New &amp;Id</source>
+        <translation>Eine neue &amp;Kennung geben</translation>
+    </message>
+    <message>
+        <source>&amp;Delete the File...</source>
+        <translation>Datei &amp;löschen...</translation>
+    </message>
+    <message>
+        <source>New id</source>
+        <translation>Neue Kennung</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Ask about it again</source>
+        <translation>Wieder danach fragen</translation>
+    </message>
+    <message>
+        <source>Ignore a finding</source>
+        <translation>Einen Befund übergehen</translation>
+    </message>
+</context>
+<context>
     <name>Checks</name>
     <message>
         <source>The screen needs %1 bytes of %2; the chip has %3.</source>

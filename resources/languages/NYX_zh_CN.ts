@@ -4212,6 +4212,143 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>CCheckActions</name>
+    <message>
+        <source>Checks</source>
+        <translation>检查</translation>
+    </message>
+    <message>
+        <source>Checks (%1)</source>
+        <translation>检查 (%1)</translation>
+    </message>
+    <message>
+        <source>Next &amp;Finding</source>
+        <translation>下一个问题(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Go to the next finding of the checks</source>
+        <translation>转到检查发现的下一个问题</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious Finding</source>
+        <translation>上一个问题(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Go to the previous finding of the checks</source>
+        <translation>转到检查发现的上一个问题</translation>
+    </message>
+</context>
+<context>
+    <name>CChecksView</name>
+    <message>
+        <source>All pages</source>
+        <translation>所有页面</translation>
+    </message>
+    <message>
+        <source>Nothing found.</source>
+        <translation>没有发现问题。</translation>
+    </message>
+    <message>
+        <source>No project is open.</source>
+        <translation>没有打开的项目。</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>Ignored</source>
+        <translation>已忽略</translation>
+    </message>
+    <message>
+        <source>Ignored: %1</source>
+        <translation>已忽略：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Go There</source>
+        <translation>转到该处(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Ignore Here...</source>
+        <translation>在此忽略(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>&amp;Ask About It Again</source>
+        <translation>重新检查(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Ignore a Finding</source>
+        <translation>忽略一个问题</translation>
+    </message>
+    <message>
+        <source>Why is it right as it is?</source>
+        <translation>为什么这样是正确的？</translation>
+    </message>
+    <message>
+        <source>Delete %1? This cannot be undone.</source>
+        <translation>删除 %1？此操作无法撤消。</translation>
+    </message>
+    <message>
+        <source>Delete the File</source>
+        <translation>删除文件</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Show ignored</source>
+        <translation>显示已忽略的</translation>
+    </message>
+    <message>
+        <source>The page whose findings are shown</source>
+        <translation>显示其问题的页面</translation>
+    </message>
+</context>
+<context>
+    <name>CheckFixes</name>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>重命名(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Give It a New &amp;Id</source>
+        <translation>分配新编号(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete the File...</source>
+        <translation>删除文件(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>New id</source>
+        <translation>新编号</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Ask about it again</source>
+        <translation>重新检查</translation>
+    </message>
+    <message>
+        <source>Ignore a finding</source>
+        <translation>忽略一个问题</translation>
+    </message>
+</context>
+<context>
     <name>Checks</name>
     <message>
         <source>The screen needs %1 bytes of %2; the chip has %3.</source>

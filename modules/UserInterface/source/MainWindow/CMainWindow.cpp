@@ -4,6 +4,7 @@
 #include "CArrangeActions.h"
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
+#include "CCheckActions.h"
 #include "CDialogQuestions.h"
 #include "CEditCommands.h"
 #include "CEditorState.h"
@@ -89,6 +90,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_guides = new CGuideActions(this, m_panels, m_menuBar->menu(CMenuBar::ViewMenu));
     m_find = new CFindActions(this, m_panels, m_menuBar->menu(CMenuBar::EditMenu),
                               m_menuBar->menu(CMenuBar::WindowsMenu));
+    m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
+                                 m_menuBar->menu(CMenuBar::WindowsMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
                               m_menuBar->action(CMenuBar::Options), this);
@@ -247,6 +250,7 @@ void CMainWindow::activate(CProjectModel *project)
     m_emulator->open(project);
     m_panels->showProject(project);
     m_find->setProject(project);
+    m_checks->setProject(project);
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
@@ -260,6 +264,7 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_viewMemory->remember(m_session->path());
     m_undoGroup->removeStack(project->undoStack());
     m_find->setProject(nullptr);
+    m_checks->setProject(nullptr);
     m_panels->clear();
     m_statusBar->resetStatusBar();
 }
@@ -338,6 +343,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_snap->retranslate();
     m_centre->retranslate();
     m_find->retranslate();
+    m_checks->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

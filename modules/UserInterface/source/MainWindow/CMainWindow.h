@@ -22,6 +22,7 @@ class CEditCommands;
 class CEmulatorSession;
 class CErrorBox;
 class CExportController;
+class CCheckActions;
 class CFindActions;
 class CHelpWindow;
 class CItemModel;
@@ -69,6 +70,7 @@ public:
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
     CGuideActions *guideActions() const { return m_guides; }
     CFindActions *findActions() const { return m_find; }
+    CCheckActions *checkActions() const { return m_checks; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -204,6 +206,7 @@ private:
     CGuideActions *m_guides = nullptr;
     CViewMemory *m_viewMemory = nullptr;
     CFindActions *m_find = nullptr;
+    CCheckActions *m_checks = nullptr;
     CStartPage *m_startPage = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;

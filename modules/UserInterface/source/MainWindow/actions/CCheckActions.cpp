@@ -1,0 +1,84 @@
+#include "CCheckActions.h"
+
+#include "CCheckResults.h"
+#include "CChecksView.h"
+#include "CItemModel.h"
+#include "CMainPanels.h"
+#include "CScreenRounds.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QMenu>
+
+CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, QMenu *toolsMenu,
+                             QMenu *windowsMenu)
+    : QObject(window),
+      m_panels(panels),
+      m_rounds(new CScreenRounds(this)),
+      m_results(new CCheckResults(this)),
+      m_view(new CChecksView),
+      m_dock(new QDockWidget(window)),
+      m_next(new QAction(window)),
+      m_previous(new QAction(window))
+{
+    m_dock->setObjectName(QStringLiteral("checks"));
+    m_dock->setWidget(m_view);
+    window->addDockWidget(Qt::BottomDockWidgetArea, m_dock);
+    window->tabifyDockWidget(panels->outputDock(), m_dock);
+    m_dock->hide();
+    m_dock->toggleViewAction()->setObjectName(QStringLiteral("checksWindow"));
+    windowsMenu->addAction(m_dock->toggleViewAction());
+    m_next->setObjectName(QStringLiteral("nextFinding"));
+    m_next->setShortcut(QKeySequence(Qt::Key_F8));
+    m_previous->setObjectName(QStringLiteral("previousFinding"));
+    m_previous->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F8));
+    toolsMenu->addSeparator();
+    toolsMenu->addActions({m_next, m_previous});
+
+    m_view->setResults(m_results);
+    m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
+    connect(m_rounds, &CScreenRounds::drawn, m_results, &CCheckResults::takeScreen);
+    connect(m_rounds, &CScreenRounds::done, m_results, &CCheckResults::takeProject);
+    connect(m_view, &CChecksView::filesChanged, m_rounds, &CScreenRounds::restart);
+    connect(m_view, &CChecksView::placeWanted, panels, &CMainPanels::goTo);
+    connect(m_view, &CChecksView::countChanged, this, &CCheckActions::showCount);
+    connect(m_dock, &QDockWidget::visibilityChanged, m_rounds, &CScreenRounds::setWanted);
+    connect(m_next, &QAction::triggered, this, [this] { go(1); });
+    connect(m_previous, &QAction::triggered, this, [this] { go(-1); });
+    setProject(nullptr);
+    retranslate();
+}
+
+void CCheckActions::setProject(CProjectModel *project)
+{
+    m_results->setProject(project);
+    m_rounds->setProject(project);
+    for (QAction *each : {m_next, m_previous})
+        each->setEnabled(project != nullptr);
+}
+
+/// The first time the dock is shown, and what it finds comes a moment later.
+void CCheckActions::go(int step)
+{
+    if (m_dock->isHidden()) {
+        m_dock->show();
+        m_dock->raise();
+    }
+    m_view->goTo(step);
+}
+
+void CCheckActions::showCount()
+{
+    const int count = m_view->count();
+    m_dock->setWindowTitle(count == 0 ? tr("Checks") : tr("Checks (%1)").arg(count));
+}
+
+void CCheckActions::retranslate()
+{
+    showCount();
+    m_next->setText(tr("Next &Finding"));
+    m_next->setStatusTip(tr("Go to the next finding of the checks"));
+    m_previous->setText(tr("Pre&vious Finding"));
+    m_previous->setStatusTip(tr("Go to the previous finding of the checks"));
+}

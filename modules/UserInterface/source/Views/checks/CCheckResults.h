@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ProjectChecks.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPersistentModelIndex>
+#include <QVector>
+
+class CProjectModel;
+
+/// The findings of the open project, as they were found last. What they are about may be gone
+/// meanwhile; such findings are left out.
+class CCheckResults final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct SEntry
+    {
+        SFinding finding;             ///< its pointers are not to be followed: see the places
+        QPersistentModelIndex screen; ///< invalid for what concerns the project
+        QPersistentModelIndex item;   ///< invalid for what concerns the screen as a whole
+    };
+
+    using QObject::QObject;
+
+    void setProject(CProjectModel *project);
+    /// A screen as it is now.
+    void takeScreen(const SScreenExport &screen);
+    /// All screens were taken.
+    void takeProject();
+
+    CProjectModel *project() const { return m_project; }
+    QVector<SEntry> entries() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    struct SScreen
+    {
+        QPersistentModelIndex place;
+        QVector<SEntry> entries;
+        ProjectChecks::ImageContents images;
+    };
+
+    SEntry entryOf(const SFinding &finding) const;
+
+    CProjectModel *m_project = nullptr; ///< not owned
+    QVector<SScreen> m_screens;         ///< in the order in which they were taken first
+    QVector<SEntry> m_ofProject;
+};

@@ -1,0 +1,286 @@
+#include "CChecksView.h"
+
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CheckFixes.h"
+#include "Rules.h"
+#include "ShownText.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QStackedLayout>
+#include <QStyle>
+#include <QTreeWidget>
+
+#include <utility>
+
+namespace {
+
+constexpr int EntryRole = Qt::UserRole + 1; ///< index of the entry
+constexpr int Margin = 6;                   // pixels
+
+} // namespace
+
+CChecksView::CChecksView(QWidget *parent)
+    : QWidget(parent),
+      m_screens(new QComboBox),
+      m_showIgnored(new QCheckBox),
+      m_tree(new QTreeWidget),
+      m_empty(new QLabel),
+      m_stack(new QStackedLayout)
+{
+    m_tree->setObjectName(QStringLiteral("checksList"));
+    m_tree->setColumnCount(2);
+    m_tree->setRootIsDecorated(true);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    m_tree->installEventFilter(this);
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+
+    auto *tools = new QHBoxLayout;
+    tools->setContentsMargins(Margin, Margin, Margin, 0);
+    m_screens->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    tools->addWidget(m_screens);
+    tools->addWidget(m_showIgnored);
+    tools->addStretch();
+    m_stack->addWidget(m_tree);
+    m_stack->addWidget(m_empty);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(tools);
+    layout->addLayout(m_stack, 1);
+
+    connect(m_screens, QOverload<int>::of(&QComboBox::activated), this, &CChecksView::fill);
+    connect(m_showIgnored, &QCheckBox::toggled, this, &CChecksView::fill);
+    connect(m_tree, &QTreeWidget::itemClicked, this, &CChecksView::showPlace);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &CChecksView::showMenu);
+    retranslate();
+}
+
+void CChecksView::setResults(CCheckResults *results)
+{
+    m_results = results;
+    connect(results, &CCheckResults::changed, this, &CChecksView::fill);
+    fill();
+}
+
+void CChecksView::fillScreens()
+{
+    const QString chosen = m_screens->currentIndex() > 0 ? m_screens->currentText() : QString();
+    m_screens->clear();
+    m_screens->addItem(tr("All pages"));
+    const CProjectModel *project = m_results ? m_results->project() : nullptr;
+    for (int row = 0; project && row < project->screenCount(); ++row)
+        if (const CScreenModel *screen = project->screen(row))
+            m_screens->addItem(ShownText::name(screen->name()),
+                               QPersistentModelIndex(project->index(row, 0)));
+    m_screens->setCurrentIndex(std::max(0, m_screens->findText(chosen)));
+}
+
+bool CChecksView::isShown(const CCheckResults::SEntry &entry) const
+{
+    const QModelIndex screen = m_screens->currentData().toPersistentModelIndex();
+    return m_screens->currentIndex() <= 0 || entry.screen == screen;
+}
+
+void CChecksView::fill()
+{
+    const CCheckResults::SEntry *kept = entryOf(m_tree->currentItem());
+    const CCheckResults::SEntry current = kept ? *kept : CCheckResults::SEntry();
+    const bool hadCurrent = kept;
+    fillScreens();
+    m_entries = m_results ? m_results->entries() : QVector<CCheckResults::SEntry>();
+    QVector<int> groups[4]; // errors, warnings, notes, ignored
+    int count = 0;
+    for (int i = 0; i < m_entries.size(); ++i) {
+        const SFinding &finding = m_entries[i].finding;
+        const bool isIgnored = !finding.ignoredBecause.isNull();
+        if (!isIgnored && finding.severity != ESeverity::Note)
+            ++count;
+        if (!isShown(m_entries[i]))
+            continue;
+        groups[isIgnored                                ? 3
+               : finding.severity == ESeverity::Error   ? 0
+               : finding.severity == ESeverity::Warning ? 1
+                                                        : 2]
+            .append(i);
+    }
+    m_tree->setUpdatesEnabled(false);
+    m_tree->clear();
+    addGroup(tr("Errors"), "SP_MessageBoxCritical", groups[0]);
+    addGroup(tr("Warnings"), "SP_MessageBoxWarning", groups[1]);
+    addGroup(tr("Notes"), "SP_MessageBoxInformation", groups[2]);
+    if (m_showIgnored->isChecked())
+        addGroup(tr("Ignored"), nullptr, groups[3]);
+    m_tree->expandAll();
+    for (QTreeWidgetItemIterator it(m_tree); hadCurrent && *it; ++it) {
+        const CCheckResults::SEntry *entry = entryOf(*it);
+        if (entry && entry->finding.rule == current.finding.rule && entry->item == current.item &&
+            entry->screen == current.screen && entry->finding.text == current.finding.text) {
+            m_tree->setCurrentItem(*it);
+            break;
+        }
+    }
+    m_tree->setUpdatesEnabled(true);
+    const bool isEmpty = m_tree->topLevelItemCount() == 0;
+    m_empty->setText(m_results && m_results->project() ? tr("Nothing found.")
+                                                       : tr("No project is open."));
+    m_stack->setCurrentWidget(isEmpty ? static_cast<QWidget *>(m_empty) : m_tree);
+    if (std::exchange(m_count, count) != count)
+        Q_EMIT countChanged(count);
+}
+
+void CChecksView::addGroup(const QString &title, const char *icon, const QVector<int> &entries)
+{
+    if (entries.isEmpty())
+        return;
+    auto *group = new QTreeWidgetItem(m_tree);
+    group->setText(0, QStringLiteral("%1 (%2)").arg(title).arg(entries.size()));
+    group->setFirstColumnSpanned(true);
+    group->setFlags(Qt::ItemIsEnabled);
+    const auto pixmap = [icon] {
+        return icon == QLatin1String("SP_MessageBoxCritical")  ? QStyle::SP_MessageBoxCritical
+               : icon == QLatin1String("SP_MessageBoxWarning") ? QStyle::SP_MessageBoxWarning
+                                                               : QStyle::SP_MessageBoxInformation;
+    };
+    if (icon)
+        group->setIcon(0, style()->standardIcon(pixmap()));
+    for (const int i : entries) {
+        const CCheckResults::SEntry &entry = m_entries[i];
+        auto *row = new QTreeWidgetItem(group);
+        row->setText(0, ShownText::name(entry.finding.text));
+        row->setText(1, entry.screen.isValid() ? ShownText::name(entry.screen.data().toString())
+                                               : QString());
+        const QString tip =
+            Rules::title(entry.finding.rule) + QLatin1Char('\n') + entry.finding.text +
+            (entry.finding.ignoredBecause.isEmpty()
+                 ? QString()
+                 : QLatin1Char('\n') + tr("Ignored: %1").arg(entry.finding.ignoredBecause));
+        row->setToolTip(0, ShownText::toolTip(tip));
+        row->setData(0, EntryRole, i);
+    }
+}
+
+const CCheckResults::SEntry *CChecksView::entryOf(const QTreeWidgetItem *row) const
+{
+    const QVariant index = row ? row->data(0, EntryRole) : QVariant();
+    return index.isValid() && index.toInt() < m_entries.size() ? &m_entries[index.toInt()]
+                                                               : nullptr;
+}
+
+void CChecksView::showPlace(const QTreeWidgetItem *row)
+{
+    const CCheckResults::SEntry *entry = entryOf(row);
+    if (!entry || !m_results->project())
+        return;
+    const QPersistentModelIndex &index = entry->item.isValid() ? entry->item : entry->screen;
+    if (CItemModel *place = CItemModel::fromItem(m_results->project()->itemFromIndex(index)))
+        Q_EMIT placeWanted(place);
+}
+
+void CChecksView::goTo(int step)
+{
+    QVector<QTreeWidgetItem *> rows;
+    int current = -1;
+    for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {
+        if (!entryOf(*it))
+            continue;
+        if (*it == m_tree->currentItem())
+            current = rows.size();
+        rows.append(*it);
+    }
+    if (rows.isEmpty())
+        return;
+    const int count = rows.size();
+    const int next = current < 0 ? (step > 0 ? 0 : count - 1) : (current + step + count) % count;
+    m_tree->setCurrentItem(rows[next]);
+    m_tree->scrollToItem(rows[next]);
+    showPlace(rows[next]);
+}
+
+bool CChecksView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            showPlace(m_tree->currentItem());
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CChecksView::showMenu(const QPoint &place)
+{
+    QTreeWidgetItem *row = m_tree->itemAt(place);
+    const CCheckResults::SEntry *found = entryOf(row);
+    if (!found)
+        return;
+    const CCheckResults::SEntry entry = *found; // the list may be filled anew meanwhile
+    QMenu menu(this);
+    if (CheckFixes::canIgnore(entry)) {
+        menu.addAction(tr("&Go There"), this, [this, row] { showPlace(row); });
+        if (entry.finding.ignoredBecause.isNull())
+            menu.addAction(tr("&Ignore Here..."), this, [this, &entry] { ignore(entry); });
+        else
+            menu.addAction(tr("&Ask About It Again"), this, [this, &entry] {
+                CheckFixes::ignore(*m_results->project(), entry, QString());
+            });
+    }
+    const QString fix = CheckFixes::mend(entry);
+    if (!fix.isEmpty())
+        menu.addAction(fix, this, [this, &entry] { mend(entry); });
+    menu.exec(m_tree->viewport()->mapToGlobal(place));
+}
+
+void CChecksView::ignore(const CCheckResults::SEntry &entry)
+{
+    bool isGiven = false;
+    const QString reason =
+        QInputDialog::getText(this, tr("Ignore a Finding"), tr("Why is it right as it is?"),
+                              QLineEdit::Normal, QString(), &isGiven);
+    const bool isThere = entry.item.isValid() || entry.screen.isValid();
+    if (isGiven && isThere && m_results->project())
+        CheckFixes::ignore(*m_results->project(), entry, reason + QLatin1String(""));
+}
+
+void CChecksView::mend(const CCheckResults::SEntry &entry)
+{
+    if (CheckFixes::removesFile(entry)) {
+        const QString question =
+            tr("Delete %1? This cannot be undone.").arg(ShownText::message(entry.finding.file));
+        if (QMessageBox::question(this, tr("Delete the File"), question) != QMessageBox::Yes)
+            return;
+    }
+    if (!m_results->project())
+        return;
+    CheckFixes::apply(*m_results->project(), entry);
+    if (CheckFixes::removesFile(entry))
+        Q_EMIT filesChanged();
+}
+
+void CChecksView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void CChecksView::retranslate()
+{
+    m_tree->setHeaderLabels({tr("Finding"), tr("Page")});
+    m_showIgnored->setText(tr("Show ignored"));
+    m_screens->setToolTip(tr("The page whose findings are shown"));
+    fill();
+}

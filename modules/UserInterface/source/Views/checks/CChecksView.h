@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CCheckResults.h"
+
+#include <QWidget>
+
+class CItemModel;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QStackedLayout;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/// The list of what will go wrong on the device, by how grave it is. A click goes to the place.
+class CChecksView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CChecksView(QWidget *parent = nullptr);
+
+    /// Must live longer.
+    void setResults(CCheckResults *results);
+    /// Goes to the next finding that is shown, or with -1 to the one before; round at the ends.
+    void goTo(int step);
+    /// Errors and warnings that nobody ignores.
+    int count() const { return m_count; }
+
+Q_SIGNALS:
+    /// To be shown and selected: an item or a screen.
+    void placeWanted(CItemModel *place);
+    void countChanged(int count);
+    /// A file was removed: nothing in the project tells of that.
+    void filesChanged();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void fill();
+    void fillScreens();
+    bool isShown(const CCheckResults::SEntry &entry) const;
+    void addGroup(const QString &title, const char *icon, const QVector<int> &entries);
+    void showPlace(const QTreeWidgetItem *row);
+    void showMenu(const QPoint &place);
+    void ignore(const CCheckResults::SEntry &entry);
+    void mend(const CCheckResults::SEntry &entry);
+    const CCheckResults::SEntry *entryOf(const QTreeWidgetItem *row) const;
+    void retranslate();
+
+    CCheckResults *m_results = nullptr;
+    QVector<CCheckResults::SEntry> m_entries;
+    QComboBox *m_screens;
+    QCheckBox *m_showIgnored;
+    QTreeWidget *m_tree;
+    QLabel *m_empty;
+    QStackedLayout *m_stack; ///< the list, or what says that it is empty
+    int m_count = 0;
+};

@@ -1,0 +1,117 @@
+#include "CheckFixes.h"
+
+#include "CCommandChangeItemProperty.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "ItemTree.h"
+#include "PropertyKey.h"
+#include "Rules.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSet>
+#include <QUndoStack>
+
+namespace {
+
+struct SText
+{
+    Q_DECLARE_TR_FUNCTIONS(CheckFixes)
+};
+
+CItemModel *itemAt(CProjectModel &project, const QPersistentModelIndex &index)
+{
+    return CItemModel::fromItem(project.itemFromIndex(index));
+}
+
+/// The item, or else the screen, that the finding is about.
+CItemModel *placeOf(CProjectModel &project, const CCheckResults::SEntry &entry)
+{
+    return itemAt(project, entry.item.isValid() ? entry.item : entry.screen);
+}
+
+void change(CProjectModel &project, CItemModel &item, const QString &key, const QVariant &value,
+            const QString &step)
+{
+    auto *command = new CCommandChangeItemProperty(&item, key, value, item.propertyValue(key));
+    command->setText(step);
+    project.undoStack()->push(command);
+}
+
+/// "Text 2", "Text 3", ...: the first that nothing beside the item is called.
+QString unusedName(const CProjectModel &project, const CItemModel &item)
+{
+    QSet<QString> names;
+    const auto take = [&names](const CItemModel &each) { names.insert(each.name()); };
+    if (item.kind() == CItemModel::Kind::Screen) {
+        for (int row = 0; row < project.screenCount(); ++row)
+            take(*project.screen(row));
+    } else {
+        const CItemModel *screen = &item;
+        while (screen->parentItem())
+            screen = screen->parentItem();
+        forEachItem(*screen, take);
+    }
+    for (int number = 2;; ++number) {
+        const QString name = item.name() + QLatin1Char(' ') + QString::number(number);
+        if (!names.contains(name))
+            return name;
+    }
+}
+
+} // namespace
+
+namespace CheckFixes {
+
+bool removesFile(const CCheckResults::SEntry &entry)
+{
+    return entry.finding.rule == ERule::UnusedImage;
+}
+
+QString mend(const CCheckResults::SEntry &entry)
+{
+    switch (entry.finding.rule) {
+    case ERule::DuplicateName:
+    case ERule::Identifier:
+        return SText::tr("&Rename");
+    case ERule::DuplicateId:
+        return SText::tr("Give It a New &Id");
+    case ERule::UnusedImage:
+        return SText::tr("&Delete the File...");
+    default:
+        return {};
+    }
+}
+
+void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
+{
+    if (removesFile(entry)) {
+        QFile::remove(entry.finding.file);
+        return;
+    }
+    CItemModel *item = placeOf(project, entry);
+    if (!item)
+        return;
+    if (entry.finding.rule == ERule::DuplicateId)
+        change(project, *item, PropertyKey::Id, project.unusedId(), SText::tr("New id"));
+    else if (!mend(entry).isEmpty())
+        change(project, *item, PropertyKey::Name, unusedName(project, *item), SText::tr("Rename"));
+}
+
+bool canIgnore(const CCheckResults::SEntry &entry)
+{
+    return entry.screen.isValid() || entry.item.isValid();
+}
+
+void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason)
+{
+    CItemModel *item = placeOf(project, entry);
+    if (!item)
+        return;
+    const QString text =
+        Rules::withIgnored(item->propertyText(Rules::IgnoredKey), entry.finding.rule, reason);
+    change(project, *item, Rules::IgnoredKey, text.isEmpty() ? QVariant() : QVariant(text),
+           reason.isNull() ? SText::tr("Ask about it again") : SText::tr("Ignore a finding"));
+}
+
+} // namespace CheckFixes

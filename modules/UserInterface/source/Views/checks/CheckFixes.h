@@ -1,0 +1,22 @@
+#pragma once
+
+#include "CCheckResults.h"
+
+#include <QString>
+
+/// What the user can do about findings, each as one step that can be undone.
+namespace CheckFixes {
+
+/// What a mend would do, for a menu; empty when there is no safe one.
+QString mend(const CCheckResults::SEntry &entry);
+/// Does it. A file that is to be removed is gone for good: to be asked before.
+void apply(CProjectModel &project, const CCheckResults::SEntry &entry);
+/// Whether it removes a file.
+bool removesFile(const CCheckResults::SEntry &entry);
+
+/// Whether the rule can be ignored there: for items and screens.
+bool canIgnore(const CCheckResults::SEntry &entry);
+/// A null reason ends it.
+void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason);
+
+} // namespace CheckFixes

@@ -1,0 +1,226 @@
+#include "CChecksView.h"
+#include "CEmulatorAdapter.h"
+#include "CEmulatorSession.h"
+#include "CItemModel.h"
+#include "CProgramData.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
+#include "CScreenRounds.h"
+#include "CheckFixes.h"
+#include "ItemTree.h"
+#include "PropertyKey.h"
+
+#include <QSignalSpy>
+#include <QTreeWidget>
+#include <QUndoStack>
+#include <QtTest>
+
+#include <memory>
+
+/// The whole way from a change of the project to the list, with the real emulator.
+class tst_ChecksView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void followsTheProject();
+    void goesThroughThem();
+    void whatIsGoneIsNotListed();
+    void mends_data();
+    void mends();
+    void ignoring();
+    void waitsWhileBusy();
+
+private:
+    QStringList rows() const;
+    CItemModel *item(const char *name) const;
+    void set(const char *name, const QString &key, const QVariant &value) const
+    {
+        item(name)->setProperty(key, value);
+    }
+    CCheckResults::SEntry first() const { return m_results->entries().value(0); }
+
+    std::unique_ptr<CProjectModel> m_project;
+    std::unique_ptr<CEmulatorSession> m_session;
+    std::unique_ptr<CScreenRounds> m_rounds;
+    std::unique_ptr<CCheckResults> m_results;
+    std::unique_ptr<CChecksView> m_view;
+    bool m_isBusy = false;
+};
+
+namespace {
+
+const QByteArray clean =
+    R"(<Kiv_Project_T project_name="p" platform="QX110" width="320" height="240">
+ <Kiv_Screen_T name="Home" color="#101010">
+  <Kiv_Rectangle_T name="A" id="1" x_coordinate="10" y_coordinate="10" width="60" height="60"/>
+  <Kiv_Rectangle_T name="B" id="2" x_coordinate="100" y_coordinate="10" width="60" height="60"/>
+ </Kiv_Screen_T>
+ <Kiv_Screen_T name="Menu" color="#101010">
+  <Kiv_Rectangle_T name="C" id="3" x_coordinate="10" y_coordinate="10" width="60" height="60"/>
+ </Kiv_Screen_T>
+</Kiv_Project_T>)";
+
+} // namespace
+
+void tst_ChecksView::initTestCase()
+{
+    const CProgramData data(qEnvironmentVariable("KIV_BIN_DIR"));
+    QCOMPARE(data.loadWidgetLibrary(), QString());
+    QCOMPARE(data.registerEmulator(), QString());
+}
+
+void tst_ChecksView::init()
+{
+    m_isBusy = false;
+    m_project = std::make_unique<CProjectModel>();
+    QString error;
+    QVERIFY2(m_project->loadFromBytes(clean, &error), qPrintable(error));
+    m_session = std::make_unique<CEmulatorSession>(CEmulatorAdapter::instance());
+    m_session->open(m_project.get());
+    m_results = std::make_unique<CCheckResults>();
+    m_rounds = std::make_unique<CScreenRounds>();
+    m_view = std::make_unique<CChecksView>();
+    m_view->setResults(m_results.get());
+    m_rounds->setBusy([this] { return m_isBusy; });
+    connect(m_rounds.get(), &CScreenRounds::drawn, m_results.get(), &CCheckResults::takeScreen);
+    connect(m_rounds.get(), &CScreenRounds::done, m_results.get(), &CCheckResults::takeProject);
+    m_results->setProject(m_project.get());
+    m_rounds->setProject(m_project.get());
+    QSignalSpy done(m_rounds.get(), &CScreenRounds::done);
+    m_rounds->setWanted(true);
+    QVERIFY(done.wait(10000));
+    QCOMPARE(rows(), QStringList());
+}
+
+void tst_ChecksView::cleanup()
+{
+    m_view.reset();
+    m_rounds.reset();
+    m_session->close();
+    m_project.reset();
+}
+
+/// "page: rule" of all that nobody ignores.
+QStringList tst_ChecksView::rows() const
+{
+    QStringList rows;
+    const auto *tree = m_view->findChild<QTreeWidget *>();
+    for (QTreeWidgetItemIterator it(const_cast<QTreeWidget *>(tree)); *it; ++it)
+        if ((*it)->parent())
+            rows.append((*it)->text(1) + ": " + (*it)->text(0));
+    return rows;
+}
+
+CItemModel *tst_ChecksView::item(const char *name) const
+{
+    CItemModel *found = nullptr;
+    forEachItem(*m_project, [&](CItemModel &each) {
+        if (each.name() == QLatin1String(name))
+            found = &each;
+    });
+    return found;
+}
+
+void tst_ChecksView::followsTheProject()
+{
+    QSignalSpy drawn(m_rounds.get(), &CScreenRounds::drawn);
+    set("B", PropertyKey::X, 400);
+    const QString outside = "Home: \"B\" lies outside the screen.";
+    QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList(outside), 10000);
+    QCOMPARE(m_view->count(), 1);
+    QCOMPARE(drawn.count(), 1); // the other screen has not changed
+    set("C", PropertyKey::Id, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        rows(), QStringList({outside, "Menu: \"C\" has the id 1 as \"A\" has."}), 10000);
+    set("B", PropertyKey::X, 100);
+    set("C", PropertyKey::Id, 3);
+    QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList(), 10000);
+}
+
+void tst_ChecksView::goesThroughThem()
+{
+    set("A", PropertyKey::X, 400);
+    set("C", PropertyKey::X, 400);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 2, 10000);
+    QStringList places;
+    connect(m_view.get(), &CChecksView::placeWanted, this,
+            [&places](CItemModel *place) { places.append(place->name()); });
+    for (const int step : {1, 1, 1, -1})
+        m_view->goTo(step);
+    QCOMPARE(places, QStringList({"A", "C", "A", "C"}));
+    set("A", PropertyKey::Y, 11); // the list is made anew; the chosen row stays chosen
+    QSignalSpy done(m_rounds.get(), &CScreenRounds::done);
+    QVERIFY(done.wait(10000));
+    m_view->goTo(1);
+    QCOMPARE(places.last(), QString("A"));
+}
+
+void tst_ChecksView::whatIsGoneIsNotListed()
+{
+    set("C", PropertyKey::X, 400);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+    m_project->removeRow(1);
+    QCOMPARE(m_results->entries().size(), 0); // at once, before anything is drawn again
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 0, 10000);
+}
+
+void tst_ChecksView::mends_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("a name twice") << PropertyKey::Name << QVariant("A");
+    QTest::newRow("an id twice") << PropertyKey::Id << QVariant(1);
+}
+
+void tst_ChecksView::mends()
+{
+    QFETCH(QString, key);
+    QFETCH(QVariant, value);
+    set("B", key, value);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+    QString error;
+    const QByteArray before = m_project->saveToBytes(&error);
+    QVERIFY(!CheckFixes::mend(first()).isEmpty());
+    CheckFixes::apply(*m_project, first());
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 0, 10000);
+    QCOMPARE(m_project->undoStack()->count(), 1);
+    m_project->undoStack()->undo();
+    QCOMPARE(m_project->saveToBytes(&error), before);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+}
+
+void tst_ChecksView::ignoring()
+{
+    set("B", PropertyKey::X, 400);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+    QString error;
+    const QByteArray before = m_project->saveToBytes(&error);
+    CheckFixes::ignore(*m_project, first(), "waits there");
+    QTRY_COMPARE_WITH_TIMEOUT(m_view->count(), 0, 10000);
+    QCOMPARE(rows(), QStringList());
+    QVERIFY(
+        m_project->saveToBytes(&error).contains("ignored_checks=\"outside-screen: waits there\""));
+    QCOMPARE(first().finding.ignoredBecause, QString("waits there"));
+    CheckFixes::ignore(*m_project, first(), QString());
+    QTRY_COMPARE_WITH_TIMEOUT(m_view->count(), 1, 10000);
+    QCOMPARE(m_project->saveToBytes(&error), before);
+}
+
+void tst_ChecksView::waitsWhileBusy()
+{
+    QSignalSpy drawn(m_rounds.get(), &CScreenRounds::drawn);
+    m_isBusy = true;
+    set("B", PropertyKey::X, 400);
+    QTest::qWait(3 * CScreenRounds::IdleTime);
+    QCOMPARE(drawn.count(), 0);
+    m_isBusy = false;
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+}
+
+QTEST_MAIN(tst_ChecksView)
+#include "tst_checksview.moc"
