@@ -152,7 +152,9 @@ void CMainPanels::showStep()
         };
         items.erase(std::remove_if(items.begin(), items.end(), isScreen), items.end());
     }
-    select(items);
+    if (items.size() < m_selection->items().size())
+        m_selection->select(items);
+    showSelection();
 }
 
 /// Of the explorer, whose selection stays: the canvas of another screen has one of its own, which

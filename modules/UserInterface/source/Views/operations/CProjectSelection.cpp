@@ -11,6 +11,24 @@
 #include <iterator>
 #include <utility>
 
+namespace {
+CItemModel *pageOf(CItemModel *item)
+{
+    while (item->parentItem())
+        item = item->parentItem();
+    return item;
+}
+
+/// From the page on, and an end.
+void appendRows(QVector<int> &rows, const CItemModel *item)
+{
+    const int first = rows.size();
+    for (; item; item = item->parentItem())
+        rows.insert(first, item->row());
+    rows.append(-1);
+}
+} // namespace
+
 CProjectSelection::CProjectSelection(QObject *parent) : QObject(parent)
 {
 }
@@ -26,6 +44,8 @@ void CProjectSelection::setProject(CProjectModel *project)
     if (!project)
         return;
     isReplayed(project->undoStack()->index());
+    connect(project, &QAbstractItemModel::rowsAboutToBeInserted, this,
+            &CProjectSelection::rowsAboutToChange);
     connect(project, &QAbstractItemModel::modelAboutToBeReset, this, &CProjectSelection::clear);
     connect(project, &QAbstractItemModel::rowsInserted, this, &CProjectSelection::rowsInserted);
     connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
@@ -41,6 +61,40 @@ void CProjectSelection::clear()
     m_touched.clear();
     m_lastTouched = nullptr;
     m_haveRowsChanged = false;
+    m_steps.clear();
+}
+
+/// Now the rows still lead to what was selected before the step.
+void CProjectSelection::rowsAboutToChange()
+{
+    if (!m_haveRowsChanged)
+        m_before = mark();
+}
+
+CProjectSelection::SMark CProjectSelection::mark() const
+{
+    SMark mark;
+    for (const CItemModel *each : m_items.list())
+        appendRows(mark.rows, each);
+    if (m_member)
+        appendRows(mark.member, m_member);
+    return mark;
+}
+
+QList<CItemModel *> CProjectSelection::itemsOf(const QVector<int> &rows) const
+{
+    QList<CItemModel *> items;
+    QStandardItem *item = m_project->invisibleRootItem();
+    for (const int row : rows) {
+        if (row >= 0) {
+            item = item ? item->child(row) : nullptr;
+            continue;
+        }
+        if (CItemModel *found = CItemModel::fromItem(item))
+            items.append(found);
+        item = m_project->invisibleRootItem();
+    }
+    return items;
 }
 
 QList<CItemModel *> CProjectSelection::topmostItems() const
@@ -105,6 +159,7 @@ void CProjectSelection::rowsInserted(const QModelIndex &parent, int first, int l
 
 void CProjectSelection::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
 {
+    rowsAboutToChange();
     m_haveRowsChanged = true;
     touch(itemAt(parent, first));
     for (int row = first; row <= last; ++row) {
@@ -132,8 +187,7 @@ void CProjectSelection::touch(CItemModel *item)
 {
     if (!item || !item->parentItem())
         return;
-    while (item->parentItem())
-        item = item->parentItem();
+    item = pageOf(item);
     if (m_lastTouched != item) // which comes for each of many
         m_touched.append(item);
     m_lastTouched = item;
@@ -152,12 +206,65 @@ bool CProjectSelection::isReplayed(int index)
 void CProjectSelection::endStep(int index)
 {
     const QList<CItemModel *> touched = std::exchange(m_touched, {}).list();
-    m_lastTouched = nullptr;
-    if (isReplayed(index) && !touched.isEmpty())
-        Q_EMIT pagesTouched(touched);
-    if (!std::exchange(m_haveRowsChanged, false))
-        return;
     const QList<CItemModel *> arrived = std::exchange(m_arrived, {}).list();
-    select(arrived.isEmpty() ? items() : arrived);
-    Q_EMIT stepDone();
+    const bool haveRowsChanged = std::exchange(m_haveRowsChanged, false);
+    m_lastTouched = nullptr;
+    const int last = m_index;
+    const bool isOld = isReplayed(index);
+    const bool isKnown = isOld && std::max(index, last) <= m_steps.size() && index != last;
+    const SMark before = haveRowsChanged ? m_before : mark();
+    // What a group is shown for after rows have moved is the group itself.
+    if (isKnown && bringBack(index < last ? m_steps.at(index).before : m_steps.at(index - 1).after,
+                             touched, !haveRowsChanged)) {
+        if (haveRowsChanged || !(mark() == before))
+            Q_EMIT stepDone();
+        return;
+    }
+    if (isOld && !touched.isEmpty())
+        Q_EMIT pagesTouched(touched);
+    if (haveRowsChanged)
+        select(arrived.isEmpty() ? items() : arrived);
+    if (!isOld)
+        record(index, before);
+    if (haveRowsChanged)
+        Q_EMIT stepDone();
+}
+
+/// Selections that are the same share their memory.
+void CProjectSelection::record(int index, const SMark &before)
+{
+    m_steps.resize(std::max(0, index - 1));
+    SStep step{before, mark()};
+    if (!m_steps.isEmpty() && m_steps.constLast().after == before)
+        step.before = m_steps.constLast().after;
+    if (step.after == step.before)
+        step.after = step.before;
+    m_steps.append(step);
+}
+
+/// What was selected elsewhere than where the step has changed something is left alone: what has
+/// changed is to be seen.
+bool CProjectSelection::bringBack(const SMark &mark, const QList<CItemModel *> &touched,
+                                  bool withMember)
+{
+    const QList<CItemModel *> items = itemsOf(mark.rows);
+    QList<CItemModel *> pages;
+    for (CItemModel *each : items) {
+        CItemModel *page = pageOf(each);
+        if (!pages.contains(page))
+            pages.append(page);
+        if (page != each && !touched.isEmpty() && !touched.contains(page))
+            return false;
+    }
+    pages.erase(std::remove_if(pages.begin(), pages.end(),
+                               [&touched](CItemModel *each) { return !touched.contains(each); }),
+                pages.end());
+    if (!touched.isEmpty())
+        Q_EMIT pagesTouched(pages.isEmpty() ? touched : pages);
+    const QList<CItemModel *> members = withMember ? itemsOf(mark.member) : QList<CItemModel *>();
+    if (members.isEmpty())
+        select(items);
+    else
+        selectMember(members.constFirst());
+    return true;
 }

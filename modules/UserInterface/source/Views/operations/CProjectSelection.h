@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QVector>
 
 class CItemModel;
 class CProjectModel;
@@ -14,7 +15,8 @@ class QUndoCommand;
 /// show and that commands are for.
 /// It follows the project. What leaves it is selected no more, what only changes its place still
 /// is, and what a step of the undo stack brings in (a paste, a new group, an undone deletion) is
-/// selected in place of the rest when the step is over.
+/// selected in place of the rest when the step is over. Undo and redo bring back what was selected
+/// before and after the step.
 class CProjectSelection : public QObject
 {
     Q_OBJECT
@@ -44,12 +46,34 @@ Q_SIGNALS:
     /// Undo or redo has changed something on these pages, the last one last; told ahead of
     /// stepDone().
     void pagesTouched(const QList<CItemModel *> &pages);
-    /// A step that took rows away, moved them or brought them in is over; the views, which have
-    /// lost rows on the way, are to show this selection again.
+    /// A step is over that took rows away, moved them or brought them in, or that has brought
+    /// another selection back; the views, which may have lost rows on the way, are to show it.
     void stepDone();
 
 private:
+    /// A selection by the rows that lead to its items: what they are called by may be made anew by
+    /// a redo, while a state of the project always has the same rows.
+    struct SMark
+    {
+        QVector<int> rows;   ///< of each item from its page on, then -1
+        QVector<int> member; ///< the same of a member of a group that is shown
+        bool operator==(const SMark &other) const
+        {
+            return rows == other.rows && member == other.member;
+        }
+    };
+    struct SStep
+    {
+        SMark before;
+        SMark after;
+    };
+
     void clear();
+    void rowsAboutToChange();
+    SMark mark() const;
+    QList<CItemModel *> itemsOf(const QVector<int> &rows) const;
+    void record(int index, const SMark &before);
+    bool bringBack(const SMark &mark, const QList<CItemModel *> &touched, bool withMember);
     void rowsInserted(const QModelIndex &parent, int first, int last);
     void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
     void touch(CItemModel *item);
@@ -65,6 +89,8 @@ private:
     CItemModel *m_lastTouched = nullptr; ///< only compared
     CItemModel *m_member = nullptr;
     bool m_haveRowsChanged = false;       ///< in the step under way
+    SMark m_before;                       ///< when they began to
+    QVector<SStep> m_steps;               ///< of the undo stack
     int m_index = 0;                      ///< of the undo stack after the last step
     const QUndoCommand *m_next = nullptr; ///< that a redo would do then; only compared
 };
