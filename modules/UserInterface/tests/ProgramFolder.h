@@ -28,6 +28,7 @@ public:
             QFile::link(bin.filePath(QLatin1String(name)), path(name));
         QDir::setCurrent(m_folder.path());
         qputenv("XDG_DATA_HOME", path("data").toUtf8());
+        qputenv("XDG_CACHE_HOME", path("cache").toUtf8());
     }
     ~CProgramFolder() { QDir::setCurrent(m_before); }
 

@@ -11,6 +11,7 @@
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectModel.h"
+#include "CProjectPictures.h"
 #include "CRecentProjects.h"
 #include "CRecoveryCopy.h"
 #include "CScreen.h"
@@ -274,7 +275,7 @@ private Q_SLOTS:
         auto *page = m_window->findChild<CStartPage *>();
         QVERIFY(page && !page->isHidden());
         m_window->recentProjects()->add(QFileInfo(m_project));
-        auto *label = page->findChild<QLabel *>();
+        auto *label = page->findChild<QLabel *>("startPageText");
         QVERIFY(label->text().contains(QStringLiteral("project:") + m_project));
         QSignalSpy loaded(m_window.get(), &CMainWindow::projectLoaded);
         Q_EMIT label->linkActivated(QStringLiteral("project:") + m_project);
@@ -283,7 +284,40 @@ private Q_SLOTS:
         QVERIFY(m_window->closeProject());
         QTRY_VERIFY(!page->isHidden());
         m_answers->expect([](QDialog *dialog) { dialog->reject(); });
-        Q_EMIT label->linkActivated("open:");
+        page->findChild<QPushButton *>("startPageOpen")->click();
+    }
+
+    /// Made by the emulator, kept when a project is closed, seen on the start page; what lies there
+    /// in its place is passed over.
+    void picturesOfRecentProjects()
+    {
+        QVERIFY(m_window->openProjectFile(m_project));
+        m_window->show();
+        const auto *navigator = m_window->findChild<CScreenNavigator *>();
+        QTRY_VERIFY(!navigator->getScreenPixmaps().value(0).second.isNull());
+        QVERIFY(m_window->closeProject());
+        QTRY_COMPARE(CProjectPictures::read(m_project).size(), QSize(400, 226));
+        QCOMPARE(CProjectPictures::read(m_project).pixel(200, 100), qRgb(16, 32, 48)); // the page's
+        const auto *label = m_window->findChild<QLabel *>("startPageText");
+        const auto shown = [label] { return label->text().count("<img"); };
+        QTRY_COMPARE(shown(), 1);
+        QString withPicture;
+        QTRY_VERIFY((withPicture = label->text()).size() > 1000);
+        const QString file = CProjectPictures::pathOf(m_project);
+        QVERIFY(QFile::remove(file));
+        writeFile(file, "\x89PNG\r\n\x1a\n no picture");
+        m_window->findChild<CStartPage *>()->readPictures();
+        QTRY_VERIFY(label->text() != withPicture); // an empty one in its place
+        QCOMPARE(shown(), 1);
+        QVERIFY(QFile::remove(file) && QDir().mkpath(file));
+        CProjectPictures pictures;
+        QSignalSpy kept(&pictures, &CProjectPictures::kept);
+        pictures.keep(m_project, QPixmap(10, 10)); // cannot be
+        QTRY_COMPARE(kept.count(), 1);
+        for (int i = 0; i < CProjectPictures::MaxFiles + 5; ++i)
+            pictures.keep(m_folder->path("x") + QString::number(i), QPixmap(4, 4));
+        QTRY_COMPARE(kept.count(), CProjectPictures::MaxFiles + 6);
+        QVERIFY(QFileInfo(file).dir().entryList(QDir::Files).size() <= CProjectPictures::MaxFiles);
     }
 
     void openDialogAndUndoGroup()
@@ -552,7 +586,7 @@ private Q_SLOTS:
     {
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        auto *label = m_window->findChild<CStartPage *>()->findChild<QLabel *>();
+        auto *label = m_window->findChild<QLabel *>("startPageText");
         const QString example = m_folder->path("shipped/demo.nyx");
         QVERIFY(QDir().mkdir(m_folder->path("shipped")) && QFile::rename(m_project, example));
         Q_EMIT label->linkActivated(QStringLiteral("example:") + example);

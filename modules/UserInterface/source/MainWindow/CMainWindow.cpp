@@ -21,10 +21,12 @@
 #include "CPlainToolTips.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
+#include "CProjectPictures.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CSettings.h"
 #include "CSnapActions.h"
@@ -51,6 +53,8 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoGroup>
+
+#include <algorithm>
 
 namespace {
 constexpr QSize FirstSize(1440, 900);
@@ -166,7 +170,19 @@ void CMainWindow::makeProjectParts()
             QTimer::singleShot(0, this, &QWidget::close);
     });
     m_startPage = new CStartPage(m_folder + QStringLiteral("/examples"), m_panels->screens());
+    m_pictures = new CProjectPictures(this);
+    connect(m_pictures, &CProjectPictures::kept, m_startPage, &CStartPage::readPictures);
     showStartPage();
+}
+
+/// The first page that was drawn.
+void CMainWindow::keepPicture()
+{
+    const auto pages = m_panels->navigator()->getScreenPixmaps();
+    const auto drawn = std::find_if(pages.begin(), pages.end(),
+                                    [](const auto &each) { return !each.second.isNull(); });
+    if (drawn != pages.end())
+        m_pictures->keep(m_session->path(), drawn->second);
 }
 
 void CMainWindow::showStartPage()
@@ -218,6 +234,8 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::saved, this,
             [this](const QString &path, CProjectFile::EWrite kind) {
                 m_errorMessage->withdrawQuiet();
+                if (kind == CProjectFile::EWrite::ByUser)
+                    keepPicture();
                 statusBar()->showMessage((kind == CProjectFile::EWrite::ByUser
                                               ? tr("Saved %1")
                                               : tr("Saved automatically: %1"))
@@ -262,6 +280,7 @@ void CMainWindow::deactivate(CProjectModel *project)
 {
     m_export->cancel();
     m_viewMemory->remember(m_session->path());
+    keepPicture();
     m_undoGroup->removeStack(project->undoStack());
     m_find->setProject(nullptr);
     m_checks->setProject(nullptr);

@@ -31,6 +31,7 @@ class CMainPanels;
 class CMenuBar;
 class COptionDialog;
 class CProjectModel;
+class CProjectPictures;
 class CProjectSession;
 class CRecentProjects;
 class CScreenModel;
@@ -171,6 +172,7 @@ private:
     void writeSettings();
     void showStartPage();
     void showNoHint();
+    void keepPicture();
     void showSaveState();
     void connectSession();
     void activate(CProjectModel *project);
@@ -208,6 +210,7 @@ private:
     CFindActions *m_find = nullptr;
     CCheckActions *m_checks = nullptr;
     CStartPage *m_startPage = nullptr;
+    CProjectPictures *m_pictures = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;
     CUpdater *m_updater = nullptr; ///< null until a check is wanted

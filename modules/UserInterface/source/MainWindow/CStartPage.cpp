@@ -2,6 +2,7 @@
 
 #include "BackgroundWork.h"
 #include "CMenuBar.h"
+#include "CProjectPictures.h"
 #include "PictureFile.h"
 #include "ProgramInfo.h"
 #include "ShownText.h"
@@ -12,6 +13,8 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -19,15 +22,14 @@
 #include <algorithm>
 
 namespace {
-const QString NewLink = QStringLiteral("new:");
-const QString OpenLink = QStringLiteral("open:");
 const QString FileLink = QStringLiteral("project:");
 const QString ExampleLink = QStringLiteral("example:");
 const QString RecoverLink = QStringLiteral("recover:"); // and the index
 const QString ForgetLink = QStringLiteral("forget:");
 constexpr int MaxMargin = 48;
-constexpr int MaxWidth = 640; // pixels, of the texts
+constexpr int MaxWidth = 1080; // pixels, of texts and pictures
 constexpr int Gap = 16;
+constexpr double TitleSize = 1.5; // of other texts
 constexpr PictureFile::SLimits PreviewLimits = {1024, 4 << 20};
 
 QStringList projectsBelow(const QString &folder)
@@ -54,6 +56,41 @@ QString addressOf(const QImage &image)
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "png");
     return QStringLiteral("data:image/png;base64,") + QString::fromLatin1(bytes.toBase64());
+}
+
+/// In a field of the size that all have.
+QImage framed(const QImage &picture)
+{
+    QImage field(CProjectPictures::Size * 2, QImage::Format_ARGB32_Premultiplied);
+    field.fill(Qt::transparent);
+    QRect place(QPoint(), picture.size().scaled(field.size(), Qt::KeepAspectRatio));
+    place.moveBottomLeft(field.rect().bottomLeft()); // its name stands below
+    QPainter painter(&field);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, picture);
+    return field;
+}
+
+/// For a project that has no picture (yet).
+QString emptyPicture()
+{
+    QImage field(CProjectPictures::Size, QImage::Format_ARGB32_Premultiplied);
+    QColor colour = QGuiApplication::palette().color(QPalette::WindowText);
+    colour.setAlpha(24);
+    field.fill(colour);
+    return addressOf(field);
+}
+
+QString tableRow(const QString &cells)
+{
+    return QStringLiteral("<table style=\"margin:4px 0 12px 0\" cellspacing=\"0\" "
+                          "cellpadding=\"0\"><tr>%1</tr></table>")
+        .arg(cells);
+}
+
+QString tableCell(const QString &content, int width)
+{
+    return QStringLiteral("<td width=\"%1\">%2</td>").arg(width + Gap).arg(content);
 }
 
 /// With its colour: a document takes that of links from the palette only when it is read. Under the
@@ -83,7 +120,7 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setFocusPolicy(Qt::NoFocus);
     m_area->setWidgetResizable(true);
-    m_area->setWidget(m_label);
+    makeContent();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_area);
@@ -99,6 +136,35 @@ CStartPage::CStartPage(const QString &examples, QWidget *parent)
             showTexts();
         });
     showTexts();
+}
+
+void CStartPage::makeContent()
+{
+    auto *content = new QWidget;
+    auto *layout = new QVBoxLayout(content);
+    layout->setSpacing(Gap);
+    m_title = new QLabel(ProgramInfo::Name);
+    m_title->setObjectName(QStringLiteral("startPageTitle"));
+    QFont large = m_title->font();
+    large.setPointSizeF(large.pointSizeF() * TitleSize);
+    m_title->setFont(large);
+    m_title->setWordWrap(true);
+    m_new = new QPushButton;
+    m_new->setObjectName(QStringLiteral("startPageNew"));
+    m_open = new QPushButton;
+    m_open->setObjectName(QStringLiteral("startPageOpen"));
+    connect(m_new, &QPushButton::clicked, this, &CStartPage::newProjectWanted);
+    connect(m_open, &QPushButton::clicked, this, &CStartPage::openWanted);
+    auto *buttons = new QHBoxLayout;
+    m_buttons = buttons;
+    buttons->setSpacing(Gap / 2);
+    buttons->addWidget(m_new, 0, Qt::AlignLeft);
+    buttons->addWidget(m_open, 1, Qt::AlignLeft);
+    layout->addWidget(m_title);
+    layout->addLayout(buttons);
+    layout->addWidget(m_label);
+    layout->addStretch();
+    m_area->setWidget(content);
 }
 
 QVector<CStartPage::SExample> CStartPage::examplesBelow(const QString &folder, bool isFine)
@@ -127,6 +193,27 @@ void CStartPage::setRecentProjects(const QStringList &paths)
 {
     m_recent = paths;
     showTexts();
+    readPictures();
+}
+
+void CStartPage::readPictures()
+{
+    using Found = QHash<QString, QString>;
+    BackgroundWork::run(
+        this,
+        [paths = m_recent] {
+            Found found;
+            for (const QString &path : paths) {
+                const QImage picture = CProjectPictures::read(path);
+                if (!picture.isNull())
+                    found.insert(path, addressOf(framed(picture)));
+            }
+            return found;
+        },
+        [this](const Found &found) {
+            m_pictures = found;
+            showTexts();
+        });
 }
 
 void CStartPage::setLeftWork(const QVector<CRecoveryCopy::SLeft> &left)
@@ -137,27 +224,17 @@ void CStartPage::setLeftWork(const QVector<CRecoveryCopy::SLeft> &left)
 
 void CStartPage::showTexts()
 {
-    const QColor quiet = QGuiApplication::palette().color(QPalette::PlaceholderText);
+    m_new->setText(tr("New project..."));
+    m_open->setText(tr("Open a project..."));
     const auto heading = [](const QString &text) {
         return QStringLiteral("<p style=\"margin:20px 0 8px 0;font-weight:600\">%1</p>")
             .arg(text.toHtmlEscaped());
     };
-    QString html = QStringLiteral("<p style=\"margin:0 0 16px 0;font-size:x-large\">%1</p>")
-                       .arg(ProgramInfo::Name) +
-                   paragraph(link(NewLink, tr("New project..."))) +
-                   paragraph(link(OpenLink, tr("Open a project...")));
+    QString html;
     if (!m_left.isEmpty())
         html += heading(tr("Unsaved work of a session that ended unexpectedly")) + leftWorkInRows();
     if (!m_recent.isEmpty())
-        html += heading(tr("Recent projects"));
-    for (const QString &path : qAsConst(m_recent)) {
-        const QFileInfo info(path);
-        html += paragraph(
-            link(FileLink + path, ShownText::name(CMenuBar::shortened(info.fileName()))) +
-            QStringLiteral("&nbsp;&nbsp;<span style=\"color:%1\">%2</span>")
-                .arg(quiet.name(),
-                     ShownText::name(QDir::toNativeSeparators(info.path())).toHtmlEscaped()));
-    }
+        html += heading(tr("Recent projects")) + recentProjects();
     if (!m_examples.isEmpty())
         html += heading(tr("Examples")) + examples();
     if (m_label->text() != html)
@@ -178,42 +255,67 @@ QString CStartPage::leftWorkInRows() const
     return rows;
 }
 
-/// Pictures side by side, in as many rows as the width asks for.
-QString CStartPage::examples() const
+int CStartPage::room() const
 {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const int room = std::min(width() - 2 * m_label->margin() - bar, MaxWidth);
-    const auto row = [](const QString &cells) {
-        return QStringLiteral("<table style=\"margin:4px 0 12px 0\" cellspacing=\"0\" "
-                              "cellpadding=\"0\"><tr>%1</tr></table>")
-            .arg(cells);
+    const QMargins margins = m_area->widget()->layout()->contentsMargins();
+    return std::min(width() - margins.left() - margins.right() - bar, MaxWidth);
+}
+
+/// Each with its picture, or an empty one: side by side, in as many rows as the width asks for.
+QString CStartPage::recentProjects() const
+{
+    const int width = std::max(1, std::min(CProjectPictures::Size.width(), room() - Gap));
+    const int inARow = std::max(1, (room() + Gap) / (width + Gap));
+    const QString quiet = QGuiApplication::palette().color(QPalette::PlaceholderText).name();
+    const QString empty = emptyPicture();
+    const auto cut = [this, width](const QString &text, Qt::TextElideMode where) {
+        return m_label->fontMetrics().elidedText(text, where, width);
     };
+    QString rows;
+    QString cells;
+    for (int i = 0; i < m_recent.size(); ++i) {
+        const QFileInfo info(m_recent[i]);
+        const QString folder = ShownText::name(QDir::toNativeSeparators(info.path()));
+        cells += tableCell(
+            link(FileLink + m_recent[i],
+                 cut(ShownText::name(CMenuBar::shortened(info.fileName())), Qt::ElideMiddle),
+                 m_pictures.value(m_recent[i], empty), width) +
+                QStringLiteral("<br><span style=\"color:%1\">%2</span>")
+                    .arg(quiet, cut(folder, Qt::ElideLeft).toHtmlEscaped()),
+            width);
+        if ((i + 1) % inARow == 0 || i + 1 == m_recent.size()) {
+            rows += tableRow(cells);
+            cells.clear();
+        }
+    }
+    return rows;
+}
+
+/// The same, as wide as each is.
+QString CStartPage::examples() const
+{
     QString rows;
     QString cells;
     int used = 0;
     for (const SExample &example : m_examples) {
-        const int width = std::min(example.width, room - Gap);
-        if (used > 0 && used + width > room) {
-            rows += row(cells);
+        const int width = std::min(example.width, room() - Gap);
+        if (used > 0 && used + width > room()) {
+            rows += tableRow(cells);
             cells.clear();
             used = 0;
         }
         used += width + Gap;
         const QString name = ShownText::name(QFileInfo(example.project).completeBaseName());
-        cells += QStringLiteral("<td style=\"padding-right:%1px\">%2</td>")
-                     .arg(Gap)
-                     .arg(link(ExampleLink + example.project, name, example.picture, width));
+        cells +=
+            tableCell(link(ExampleLink + example.project, name, example.picture, width), width);
     }
-    return rows + row(cells);
+    return rows + tableRow(cells);
 }
 
 void CStartPage::follow(const QString &link)
 {
-    if (link == NewLink)
-        Q_EMIT newProjectWanted();
-    else if (link == OpenLink)
-        Q_EMIT openWanted();
-    else if (link.startsWith(ExampleLink))
+    if (link.startsWith(ExampleLink))
         Q_EMIT exampleWanted(link.mid(ExampleLink.size()));
     else if (link.startsWith(RecoverLink))
         Q_EMIT recoveryWanted(m_left.value(link.midRef(RecoverLink.size()).toInt()));
@@ -234,8 +336,10 @@ void CStartPage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     const int margin = std::min(width() / 12, MaxMargin);
-    m_label->setMargin(margin);
-    m_label->setMaximumWidth(MaxWidth + 2 * margin);
+    m_area->widget()->layout()->setContentsMargins(margin, margin, margin, margin);
+    m_label->setMaximumWidth(MaxWidth);
+    const int wide = m_new->sizeHint().width() + Gap + m_open->sizeHint().width();
+    m_buttons->setDirection(wide > room() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     showTexts();
 }
 

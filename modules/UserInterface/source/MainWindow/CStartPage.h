@@ -2,14 +2,18 @@
 
 #include "CRecoveryCopy.h"
 
+#include <QHash>
 #include <QStringList>
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
+class QPushButton;
 class QScrollArea;
 
-/// What the central area shows while no project is open: ways to one, as links. Covers its parent;
-/// scrolls where that is too small for it.
+/// What the central area shows while no project is open: ways to one, as buttons and links, with
+/// pictures of the recent projects and the examples. Covers its parent; scrolls where that is too
+/// small for it.
 class CStartPage final : public QWidget
 {
     Q_OBJECT
@@ -19,6 +23,8 @@ public:
     CStartPage(const QString &examples, QWidget *parent);
 
     void setRecentProjects(const QStringList &paths);
+    /// Reads the pictures of the recent projects again.
+    void readPictures();
     void setLeftWork(const QVector<CRecoveryCopy::SLeft> &left);
 
 Q_SIGNALS:
@@ -44,14 +50,22 @@ private:
 
     /// With the pictures for a display of more than one pixel a unit, where there are any.
     static QVector<SExample> examplesBelow(const QString &folder, bool isFine);
+    void makeContent();
     void showTexts();
+    int room() const;
+    QString recentProjects() const;
     QString examples() const;
     QString leftWorkInRows() const;
     void follow(const QString &link);
 
     QVector<SExample> m_examples;
     QStringList m_recent;
+    QHash<QString, QString> m_pictures; ///< of recent projects, as addresses
     QVector<CRecoveryCopy::SLeft> m_left;
     QScrollArea *m_area;
     QLabel *m_label;
+    QLabel *m_title = nullptr;
+    QPushButton *m_new = nullptr;
+    QPushButton *m_open = nullptr;
+    QBoxLayout *m_buttons = nullptr;
 };
