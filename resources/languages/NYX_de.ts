@@ -263,10 +263,80 @@
     </message>
 </context>
 <context>
+    <name>CBatchColour</name>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+    <message>
+        <source>A colour is typed as #rrggbb, #aarrggbb or its name</source>
+        <translation>Eine Farbe wird als #rrggbb, #aarrggbb oder mit ihrem Namen eingegeben</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchEditView</name>
+    <message>
+        <source>Only some of them have (%1)</source>
+        <translation>Nur einige davon haben (%1)</translation>
+    </message>
+    <message>
+        <source>%1, of %2 items</source>
+        <translation>%1, von %2 Objekten</translation>
+    </message>
+    <message>
+        <source>Select some items to edit them together.</source>
+        <translation>Wählen Sie Objekte aus, um sie zusammen zu bearbeiten.</translation>
+    </message>
+    <message>
+        <source>1 item</source>
+        <translation>1 Objekt</translation>
+    </message>
+    <message>
+        <source>%1 items</source>
+        <translation>%1 Objekte</translation>
+    </message>
+    <message>
+        <source>What is selected is locked.</source>
+        <translation>Das Ausgewählte ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>%1 locked, left out</source>
+        <translation>%1 gesperrt, ausgenommen</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchEditor</name>
+    <message>
+        <source>%1 stays as it is, and so do the others: its image could not be taken.</source>
+        <translation>%1 bleibt, wie es ist, und die anderen auch: Sein Bild konnte nicht übernommen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchField</name>
+    <message>
+        <source>mixed</source>
+        <translation>verschieden</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchImage</name>
+    <message>
+        <source>Choose a file</source>
+        <translation>Datei wählen</translation>
+    </message>
+</context>
+<context>
     <name>CBatchItems</name>
     <message>
         <source>Change %1 of %2 Items</source>
         <translation>%1 von %2 Objekten ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchTime</name>
+    <message>
+        <source>A time is typed as 18:30:00</source>
+        <translation>Eine Uhrzeit wird als 18:30:00 eingegeben</translation>
     </message>
 </context>
 <context>
@@ -1451,6 +1521,10 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Open a page first: the widget is placed in the middle of it.</source>
         <translation>Bitte zuerst eine Seite öffnen: Das Widget wird in ihrer Mitte platziert.</translation>
     </message>
+    <message>
+        <source>Batch Edit</source>
+        <translation>Stapelbearbeitung</translation>
+    </message>
 </context>
 <context>
     <name>CMainWindow</name>
@@ -2049,6 +2123,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>Change the theme to the Bright style</source>
         <translation>Zum weißen Farbschema wechseln</translation>
+    </message>
+    <message>
+        <source>Batch Edit</source>
+        <translation>Stapelbearbeitung</translation>
+    </message>
+    <message>
+        <source>Change the properties of all selected items at once</source>
+        <translation>Die Eigenschaften aller ausgewählten Objekte auf einmal ändern</translation>
     </message>
 </context>
 <context>

@@ -263,10 +263,80 @@
     </message>
 </context>
 <context>
+    <name>CBatchColour</name>
+    <message>
+        <source>Choose a colour</source>
+        <translation>选择颜色</translation>
+    </message>
+    <message>
+        <source>A colour is typed as #rrggbb, #aarrggbb or its name</source>
+        <translation>颜色可输入为 #rrggbb、#aarrggbb 或其名称</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchEditView</name>
+    <message>
+        <source>Only some of them have (%1)</source>
+        <translation>仅部分对象具有 (%1)</translation>
+    </message>
+    <message>
+        <source>%1, of %2 items</source>
+        <translation>%1，%2 个对象具有</translation>
+    </message>
+    <message>
+        <source>Select some items to edit them together.</source>
+        <translation>选择一些对象以便一起编辑。</translation>
+    </message>
+    <message>
+        <source>1 item</source>
+        <translation>1 个对象</translation>
+    </message>
+    <message>
+        <source>%1 items</source>
+        <translation>%1 个对象</translation>
+    </message>
+    <message>
+        <source>What is selected is locked.</source>
+        <translation>所选内容已锁定。</translation>
+    </message>
+    <message>
+        <source>%1 locked, left out</source>
+        <translation>%1 个已锁定，不包括在内</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchEditor</name>
+    <message>
+        <source>%1 stays as it is, and so do the others: its image could not be taken.</source>
+        <translation>%1 及其他对象保持不变：无法采用其图像。</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchField</name>
+    <message>
+        <source>mixed</source>
+        <translation>不一致</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchImage</name>
+    <message>
+        <source>Choose a file</source>
+        <translation>选择文件</translation>
+    </message>
+</context>
+<context>
     <name>CBatchItems</name>
     <message>
         <source>Change %1 of %2 Items</source>
         <translation>更改 %2 个对象的 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CBatchTime</name>
+    <message>
+        <source>A time is typed as 18:30:00</source>
+        <translation>时间的输入格式为 18:30:00</translation>
     </message>
 </context>
 <context>
@@ -1451,6 +1521,10 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Open a page first: the widget is placed in the middle of it.</source>
         <translation>请先打开一个页面：控件将放置在页面中间。</translation>
     </message>
+    <message>
+        <source>Batch Edit</source>
+        <translation>批量编辑</translation>
+    </message>
 </context>
 <context>
     <name>CMainWindow</name>
@@ -2049,6 +2123,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>Change the theme to the Bright style</source>
         <translation>切换到明亮主题</translation>
+    </message>
+    <message>
+        <source>Batch Edit</source>
+        <translation>批量编辑</translation>
+    </message>
+    <message>
+        <source>Change the properties of all selected items at once</source>
+        <translation>一次更改所有所选对象的属性</translation>
     </message>
 </context>
 <context>

@@ -76,13 +76,15 @@ void CEditCommands::watchKeysOf(const CMenuBar &menus)
         m_keys.watch(menus.action(each));
 }
 
-/// Whether it was for the text that has the focus, or for the property panel.
+/// Whether it was for the text that has the focus, or for the panels that edit properties.
 bool CEditCommands::isForFocused(EText what) const
 {
     QWidget *const focused = m_window->focusWidget();
     QWidget *const text = textIn(focused);
     if (!text)
-        return m_keys.isByKey() && focused && m_panels->propertiesDock()->isAncestorOf(focused);
+        return m_keys.isByKey() && focused &&
+               (m_panels->propertiesDock()->isAncestorOf(focused) ||
+                m_panels->batchDock()->isAncestorOf(focused));
     switch (what) { // slots of all three kinds of text; where one must not be written, they know
     case EText::Cut:
         QMetaObject::invokeMethod(text, "cut");

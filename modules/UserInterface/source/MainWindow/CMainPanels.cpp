@@ -1,5 +1,7 @@
 #include "CMainPanels.h"
 
+#include "CBatchEditView.h"
+#include "CBatchTab.h"
 #include "CExplorerPanel.h"
 #include "CMainWindow.h"
 #include "COutputWindowView.h"
@@ -60,6 +62,10 @@ void CMainPanels::makePanels()
     m_paletteDock = makeDock("widgetSelector", m_palette, Qt::LeftDockWidgetArea);
     m_properties = new CWidgetPropertiesView;
     m_propertiesDock = makeDock("widgetProperties", m_properties, Qt::RightDockWidgetArea);
+    m_batch = new CBatchEditView;
+    m_batchDock = makeDock("batchEdit", m_batch, Qt::RightDockWidgetArea);
+    m_batchTab = new CBatchTab(m_batchDock, m_propertiesDock);
+    connect(m_batchDock, &QDockWidget::visibilityChanged, m_batch, &CBatchEditView::setSeen);
     m_output = new COutputWindowView;
     m_outputDock = makeDock("outputWindow", m_output, Qt::BottomDockWidgetArea);
 }
@@ -80,6 +86,8 @@ QDockWidget *CMainPanels::makeDock(const char *name, QWidget *content, Qt::DockW
 void CMainPanels::layOut()
 {
     m_window->splitDockWidget(m_propertiesDock, m_navigatorDock, Qt::Vertical);
+    m_window->tabifyDockWidget(m_propertiesDock, m_batchDock);
+    m_propertiesDock->raise();
     const int half = m_window->height() / 2;
     const int quarter = m_window->width() / 4;
     m_window->resizeDocks({m_explorerDock, m_propertiesDock},
@@ -110,6 +118,7 @@ void CMainPanels::connectPanels()
             &CWidgetPropertiesView::geometryChanged);
     connect(m_screens, &CScreen::message, this, &CMainPanels::report);
     connect(m_properties, &CWidgetPropertiesView::message, this, &CMainPanels::report);
+    connect(m_batch, &CBatchEditView::message, this, &CMainPanels::report);
     connect(palette(), &CWidgetSelectionView::placeWanted, this, &CMainPanels::placeWidget);
     connect(m_output, &COutputWindowView::itemActivated, this, &CMainPanels::showItem);
 }
@@ -133,6 +142,7 @@ void CMainPanels::retranslate()
     m_navigatorDock->setWindowTitle(tr("Navigator"));
     m_paletteDock->setWindowTitle(tr("Widget Selection"));
     m_propertiesDock->setWindowTitle(tr("Widget Properties"));
+    m_batchDock->setWindowTitle(tr("Batch Edit"));
     m_outputDock->setWindowTitle(tr("Output Window"));
 }
 
@@ -144,6 +154,7 @@ void CMainPanels::showProject(CProjectModel *project)
     m_screens->setProject(project);
     m_navigator->setProject(project);
     m_properties->setProject(project);
+    m_batch->setProject(project);
     connect(project, &CProjectModel::fontsChanged, this, &CMainPanels::refresh);
 }
 
@@ -154,6 +165,7 @@ void CMainPanels::clear()
     m_screens->setProject(nullptr);
     m_navigator->setProject(nullptr);
     m_properties->setProject(nullptr);
+    m_batch->setProject(nullptr);
     m_explorer->setProject(nullptr);
     m_output->clear();
     Q_EMIT selectionShown();
@@ -164,6 +176,7 @@ void CMainPanels::refresh()
     m_screens->updateRepaint();
     m_navigator->refreshAll();
     m_properties->refresh();
+    m_batch->refresh();
 }
 
 /// The kinds of the first chip, whatever the project's: the palette is the same for all projects.
@@ -210,6 +223,7 @@ void CMainPanels::showItem(const QString &screenName, quint32 id)
 
 void CMainPanels::finishEdits()
 {
+    m_batch->commit();
     QWidget *above = m_window->focusWidget();
     if (qobject_cast<QAbstractItemView *>(above))
         return; // no editor is open
@@ -222,6 +236,8 @@ void CMainPanels::finishEdits()
 /// The palette's filter is no editor: nothing of the project is typed there.
 bool CMainPanels::isEditorOpen() const
 {
+    if (m_batch->isBeingEdited())
+        return true;
     const QWidget *focus = m_window->focusWidget();
     if (!focus || qobject_cast<const QAbstractItemView *>(focus))
         return false;
@@ -240,6 +256,7 @@ bool CMainPanels::isGestureActive() const
 void CMainPanels::cancelGestures()
 {
     m_properties->cancelDrag();
+    m_batch->cancel();
     if (CScreenView *view = m_screens->currentView())
         view->screenScene()->cancelGesture();
     if (m_explorer->isDragging())

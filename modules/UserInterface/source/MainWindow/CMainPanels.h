@@ -4,6 +4,8 @@
 #include <QModelIndexList>
 #include <QObject>
 
+class CBatchEditView;
+class CBatchTab;
 class CItemModel;
 class CMainWindow;
 class COutputWindowView;
@@ -34,6 +36,7 @@ public:
     QDockWidget *explorerDock() const { return m_explorerDock; }
     QDockWidget *paletteDock() const { return m_paletteDock; }
     QDockWidget *propertiesDock() const { return m_propertiesDock; }
+    QDockWidget *batchDock() const { return m_batchDock; }
     QDockWidget *outputDock() const { return m_outputDock; }
     CScreen *screens() const { return m_screens; }
     CScreenNavigator *navigator() const { return m_navigator; }
@@ -99,6 +102,7 @@ private:
     void showPage(const QList<CItemModel *> &touched);
     void showStep();
     void showSelection();
+    void showProperties(const QList<CItemModel *> &items);
     void openPageOf(CItemModel *item);
     void showItem(const QString &screenName, quint32 id);
     QDockWidget *makeDock(const char *name, QWidget *content, Qt::DockWidgetArea area);
@@ -110,11 +114,14 @@ private:
     CScreenNavigator *m_navigator = nullptr;
     CWidgetSelectionPanel *m_palette = nullptr;
     CWidgetPropertiesView *m_properties = nullptr;
+    CBatchEditView *m_batch = nullptr;
+    CBatchTab *m_batchTab = nullptr;
     COutputWindowView *m_output = nullptr;
     QDockWidget *m_explorerDock = nullptr;
     QDockWidget *m_navigatorDock = nullptr;
     QDockWidget *m_paletteDock = nullptr;
     QDockWidget *m_propertiesDock = nullptr;
+    QDockWidget *m_batchDock = nullptr;
     QDockWidget *m_outputDock = nullptr;
     CProjectSelection *m_selection = nullptr;
     CProjectModel *m_project = nullptr; ///< the one that is shown; not owned

@@ -1,4 +1,6 @@
 // How CMainPanels keeps canvas, explorer and property panel in step with what is selected.
+#include "CBatchEditView.h"
+#include "CBatchTab.h"
 #include "CItemModel.h"
 #include "CMainPanels.h"
 #include "CProjectExplorerView.h"
@@ -69,7 +71,7 @@ void CMainPanels::selectionChanged(const QModelIndexList &selected)
     if (items.contains(current))
         openPageOf(current);
     m_screens->selectItems(items);
-    m_properties->showItems(items);
+    showProperties(items);
     Q_EMIT selectionShown();
 }
 
@@ -81,7 +83,7 @@ void CMainPanels::explorerClicked(const QModelIndex &index)
         return;
     }
     m_selection->forgetMember();
-    m_properties->showItems(m_selection->shownItems());
+    showProperties(m_selection->shownItems());
 }
 
 /// They stay selected where that is possible; of those that have come into a group, the first is
@@ -109,7 +111,7 @@ void CMainPanels::takeFromCanvas(const QList<CItemModel *> &items)
         return;
     m_selection->select(items);
     m_explorer->selectItems(items);
-    m_properties->showItems(items);
+    showProperties(items);
     Q_EMIT selectionShown();
 }
 
@@ -166,12 +168,19 @@ void CMainPanels::showScreen(CScreenModel *screen)
     showSelection();
 }
 
+void CMainPanels::showProperties(const QList<CItemModel *> &items)
+{
+    m_properties->showItems(items);
+    m_batch->showItems(items);
+    m_batchTab->follow(items);
+}
+
 void CMainPanels::showSelection()
 {
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     m_screens->selectItems(m_selection->items());
     m_explorer->selectItems(m_selection->items());
-    m_properties->showItems(m_selection->shownItems());
+    showProperties(m_selection->shownItems());
     Q_EMIT selectionShown();
 }
 

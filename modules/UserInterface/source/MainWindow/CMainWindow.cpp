@@ -393,6 +393,7 @@ void CMainWindow::showWindowToggles()
         {CMenuBar::ProjectWindow, m_panels->explorerDock()},
         {CMenuBar::LibraryWindow, m_panels->paletteDock()},
         {CMenuBar::PropertiesWindow, m_panels->propertiesDock()},
+        {CMenuBar::BatchWindow, m_panels->batchDock()},
         {CMenuBar::OutputWindow, m_panels->outputDock()}};
     for (const auto &each : docks) {
         QAction *mark = m_menuBar->action(each.first);

@@ -102,6 +102,7 @@ public Q_SLOTS:
     void toggleStatusBar();
     void toggleOutputWindow();
     void togglePropertiesWindow();
+    void toggleBatchWindow();
     void toggleLibraryWindow();
     void toggleProjectWindow();
     void newProject();

@@ -78,6 +78,12 @@ void CMainWindow::togglePropertiesWindow()
     toggle(m_panels->propertiesDock());
 }
 
+void CMainWindow::toggleBatchWindow()
+{
+    toggle(m_panels->batchDock());
+    m_panels->batchDock()->raise(); // it shares a place
+}
+
 void CMainWindow::toggleLibraryWindow()
 {
     toggle(m_panels->paletteDock());

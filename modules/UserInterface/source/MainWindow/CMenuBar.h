@@ -85,6 +85,7 @@ public:
         HideShow,
         ShowHidden,
         Bright,
+        BatchWindow,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };

@@ -134,6 +134,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.showHiddenItems(); }},
         {CMenuBar::Bright, QT_TRANSLATE_NOOP("CMenuBar", "&Bright"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the theme to the Bright style"), nullptr, Off,
          [](W &w, B &) { w.brightStyle(); }},
+        {CMenuBar::BatchWindow, QT_TRANSLATE_NOOP("CMenuBar", "Batch Edit"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the properties of all selected items at once"), nullptr, On,
+         [](W &w, B &) { w.toggleBatchWindow(); }},
     };
     return table;
 }
@@ -163,7 +165,7 @@ const std::vector<SMenu> &menus()
         {M::ZoomMenu, QT_TRANSLATE_NOOP("CMenuBar", "Zoom"), false, {M::ZoomReset, M::FitToPage, M::FitToWidth, M::ZoomSelection}},
         {M::GridMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grid"), false, {M::GridToggle, M::GridType, M::GridColour}},
         {M::WindowsMenu, QT_TRANSLATE_NOOP("CMenuBar", "Windows"), false,
-         {M::ProjectWindow, M::LibraryWindow, M::PropertiesWindow, M::OutputWindow, M::StatusBar}},
+         {M::ProjectWindow, M::LibraryWindow, M::PropertiesWindow, M::OutputWindow, M::StatusBar, M::BatchWindow}},
     };
     return table;
 }

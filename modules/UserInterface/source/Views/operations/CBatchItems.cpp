@@ -26,11 +26,26 @@ bool isOfPlace(const QString &key)
     return key == PropertyKey::Name || key == PropertyKey::X || key == PropertyKey::Y;
 }
 
+/// The file of an image, which is chosen also where it is not typed.
+bool isImage(const CItemModel &item, const QString &key)
+{
+    return item.hasProperty(PropertyKey::BitmapFolder) &&
+           (key == PropertyKey::FileName ||
+            (key == PropertyKey::BaseName && !item.hasProperty(PropertyKey::FileName)));
+}
+
+SPropertyLook lookOf(const CItemModel &item, const QString &key)
+{
+    return item.library() ? item.library()->look(item.itemTypeName(), key)
+                          : SPropertyLook{key, QString(), SPropertyLook::EEditor::Plain};
+}
+
 /// Of a value that many may have.
-bool isShared(const CWidgetProperty &property)
+bool isShared(const CItemModel &item, const CWidgetProperty &property)
 {
     const QString &key = property.key();
-    return !property.isReadOnly() && key != PropertyKey::Id && key != PropertyKey::PointList;
+    return (!property.isReadOnly() || isImage(item, key)) && key != PropertyKey::Id &&
+           key != PropertyKey::PointList;
 }
 
 bool isGroup(const CItemModel &item)
@@ -145,13 +160,15 @@ void CBatchItems::addRows(const CItemModel &first, int kind)
 {
     const bool isPlaced = m_kinds.at(kind).isPlaced;
     for (const CWidgetProperty &each : ShownProperties::of(first)) {
-        if (!isShared(each) || isOfPlace(each.key()) != isPlaced)
+        if (!isShared(first, each) || isOfPlace(each.key()) != isPlaced)
             continue;
         const auto known = m_rowOf.constFind(each.key());
         if (known == m_rowOf.constEnd()) {
             m_rowOf.insert(each.key(), m_rows.size());
-            m_rows.append({each, {kind}, 0, isPlaced});
-        } else if (unite(m_rows[*known].definition, each)) {
+            m_rows.append(
+                {each, {kind}, 0, isPlaced, isImage(first, each.key()), lookOf(first, each.key())});
+        } else if (m_rows.at(*known).isImage == isImage(first, each.key()) &&
+                   unite(m_rows[*known].definition, each)) {
             m_rows[*known].kinds.append(kind);
         }
     }
@@ -170,7 +187,9 @@ QVector<CBatchItems::SProperty> CBatchItems::properties() const
     for (const SRow &row : m_rows) {
         SProperty read;
         read.property = row.definition;
+        read.look = row.look;
         read.count = row.count;
+        read.isImage = row.isImage;
         read.isCommon = row.count == (row.isOfPlaced ? m_placed.size() : m_contents);
         const QString &key = row.definition.key();
         // A screen that was read has its colour as a text, which is shown as any colour is.
@@ -187,6 +206,9 @@ QVector<CBatchItems::SProperty> CBatchItems::properties() const
         }
         (read.isCommon ? common : others).append(read);
     }
+    std::stable_sort(
+        others.begin(), others.end(),
+        [](const SProperty &left, const SProperty &right) { return left.count > right.count; });
     return common + others;
 }
 
@@ -213,18 +235,18 @@ PropertyStep::Changes CBatchItems::changes(const QString &key, const QVariant &v
 }
 
 PropertyStep::Changes CBatchItems::changesTo(const QString &key, const QString &expression,
-                                             QString *error) const
+                                             QString *error, double unit) const
 {
     PropertyStep::Changes made;
     for (CItemModel *each : with(key)) {
         const NumberExpression::SResult result = NumberExpression::evaluate(
-            expression, each->propertyValue(key).toDouble(),
+            expression, each->propertyValue(key).toDouble() / unit,
             [each](const QString &name) { return ItemNumbers::find(*each, name); });
         if (!result) {
             *error = result.error;
             return {};
         }
-        made.append({each, key, allowed(*each, key, result.value)});
+        made.append({each, key, allowed(*each, key, result.value * unit)});
     }
     return made;
 }

@@ -2,6 +2,7 @@
 
 #include "CWidgetProperty.h"
 #include "PropertyStep.h"
+#include "SPropertyLook.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -25,8 +26,10 @@ public:
         /// Key, type and value; of numbers the limits in which one of the items may be, of an
         /// enumeration the entries that all have. Whole and real numbers together are real ones.
         CWidgetProperty property;
+        SPropertyLook look;   ///< as the first kind has it
         bool isMixed = false; ///< the value is that of one item, and others differ
         bool isCommon = true; ///< all items have it
+        bool isImage = false; ///< the file of one, which is chosen
         int count = 0;        ///< items that have it
     };
 
@@ -36,7 +39,7 @@ public:
     int editable() const { return m_placed.size(); } ///< of the selected ones
     int locked() const { return m_locked; }          ///< left out, members of groups too
 
-    /// Those that all items have come first; each in the order in which the kinds have them.
+    /// Those that most items have come first; else in the order in which the kinds have them.
     QVector<SProperty> properties() const;
     QVector<CItemModel *> with(const QString &key) const;
 
@@ -44,9 +47,10 @@ public:
     /// counted up.
     PropertyStep::Changes changes(const QString &key, const QVariant &value) const;
     /// The same for what was typed into a number field, worked out for each item from its own
-    /// numbers. No changes and an error when it cannot be for one of them.
-    PropertyStep::Changes changesTo(const QString &key, const QString &expression,
-                                    QString *error) const;
+    /// numbers. No changes and an error when it cannot be for one of them. `unit`: what one of the
+    /// typed numbers stands for.
+    PropertyStep::Changes changesTo(const QString &key, const QString &expression, QString *error,
+                                    double unit = 1) const;
     /// Each number by so much more, within its limits.
     static QVariant stepped(const CItemModel &item, const QString &key, const QVariant &start,
                             double by);
@@ -60,6 +64,8 @@ private:
         QVector<int> kinds; ///< that have it
         int count = 0;
         bool isOfPlaced = false; ///< of the selected items, else of what they hold
+        bool isImage = false;
+        SPropertyLook look;
     };
     struct SKind
     {

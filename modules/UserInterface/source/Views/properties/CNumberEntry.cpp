@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -42,6 +43,13 @@ QValidator::State CNumberEntry::state(const QString &text) const
     return result(text) ? QValidator::Acceptable : QValidator::Intermediate;
 }
 
+/// Parts of it are typed or pasted, and no HTML.
+void CNumberEntry::showBelow(QWidget *field, const QString &text)
+{
+    QToolTip::showText(field->mapToGlobal(QPoint(0, field->height())),
+                       Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text, field);
+}
+
 void CNumberEntry::tell(const QString &text) const
 {
     const NumberExpression::SResult typed = result(text);
@@ -50,7 +58,7 @@ void CNumberEntry::tell(const QString &text) const
         told = typed.error;
     else if (typed && !NumberExpression::isPlain(text))
         told = QStringLiteral("= ") + m_shown(typed.value);
-    QToolTip::showText(m_box->mapToGlobal(QPoint(0, m_box->height())), told, m_box);
+    showBelow(m_box, told);
 }
 
 bool CNumberEntry::refuses() const
@@ -59,7 +67,7 @@ bool CNumberEntry::refuses() const
         return false; // nothing typed leaves what was there
     const NumberExpression::SResult typed = result(m_line->text());
     if (!typed)
-        QToolTip::showText(m_box->mapToGlobal(QPoint(0, m_box->height())), typed.error, m_box);
+        showBelow(m_box, typed.error);
     return !typed;
 }
 

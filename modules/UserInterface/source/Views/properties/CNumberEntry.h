@@ -26,6 +26,8 @@ public:
     QValidator::State state(const QString &text) const;
     /// What an expression may be, for a tool tip.
     static QString hint();
+    /// Tells something about what is typed.
+    static void showBelow(QWidget *field, const QString &text);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

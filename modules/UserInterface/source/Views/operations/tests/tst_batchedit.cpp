@@ -112,7 +112,7 @@ private Q_SLOTS:
             "border_color=#3a4a5a",
             "");
         row("kinds", "acw", "name=* x_coordinate=* y_coordinate=*",
-            "width/1 height/1 angle/1 corner/1 fill_color/2 border/2 border_color/2 point_size/1 "
+            "fill_color/2 border/2 border_color/2 width/1 height/1 angle/1 corner/1 point_size/1 "
             "thickness/1 closed/1 line_color/1");
         row("a group is one place and many contents", "g",
             "name=Group x_coordinate=300 y_coordinate=200 width=* height=30 angle=0 corner=10 "

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+class CBatchEditView;
+class CItemModel;
+class QDockWidget;
+
+/// Brings the batch edit forward when several items come to be selected while the property panel,
+/// whose tab it shares, is seen; and the panel again afterwards. A user who has chosen one of the
+/// two tabs since keeps it.
+class CBatchTab final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Neither dock is owned; this is a child of the batch edit's.
+    CBatchTab(QDockWidget *batch, QDockWidget *properties);
+
+    void follow(const QList<CItemModel *> &shown);
+
+private:
+    bool isShared() const;
+
+    QDockWidget *const m_batch;
+    QDockWidget *const m_properties;
+    bool m_isBatchSeen = false;
+    bool m_arePropertiesSeen = false;
+    bool m_areSeveral = false;
+    bool m_hasRaised = false; ///< this and not the user
+};
