@@ -11,7 +11,7 @@ core=${KIV_BENCH_CORE:-$(($(nproc) - 1))}
 names=("$@")
 [ ${#names[@]} -gt 0 ] ||
     names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_conversion
-        bench_canvas bench_bulk bench_startup bench_export)
+        bench_canvas bench_bulk bench_snapping bench_startup bench_export)
 
 fetch_property_browser
 build_preset release build benchmarks

@@ -152,17 +152,40 @@ void CSnapAxis::addGapCandidates(const QRectF &frame, double tolerance,
         found.append({Middle, (from + to) / 2, Same});
 }
 
+/// What has a line at a place, in the order of the items.
+QVector<int> CSnapAxis::on(double at) const
+{
+    QVector<int> found;
+    auto each = std::lower_bound(m_targets.begin(), m_targets.end(), at - Same, isBefore);
+    for (; each != m_targets.end() && each->at <= at + Same; ++each)
+        found.append(each->item);
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
 void CSnapAxis::describe(const QRectF &frame, const Mask &mask,
                          const std::optional<SCandidate> &landed, SSnapped &result) const
 {
-    bool isAny = false;
     const Lines lines = linesOf(frame);
+    std::array<QVector<int>, LineCount> found;
+    for (const ELine line : {First, Middle, Last}) {
+        const bool isNew = line == First || !isSame(lines[line], lines[line - 1]);
+        if (mask[line] && isNew) // an empty frame has all in one place
+            found[line] = on(lines[line]);
+    }
+    // Between two edges that are in line the middle is so anyway.
+    const auto isTold = [&found](int item) {
+        return std::binary_search(found[First].begin(), found[First].end(), item) &&
+               std::binary_search(found[Last].begin(), found[Last].end(), item);
+    };
+    if (std::all_of(found[Middle].begin(), found[Middle].end(), isTold))
+        found[Middle].clear();
+    bool isAny = false;
     for (const ELine line : {Middle, First, Last}) {
-        const bool isTold = // an empty frame has all in one place
-            (line == First && isSame(lines[First], lines[Middle])) ||
-            (line == Last && isSame(lines[Last], lines[Middle]));
-        if (mask[line] && !isTold && describeAt(lines[line], frame, result))
-            isAny = true;
+        if (found[line].isEmpty())
+            continue;
+        describeAt(lines[line], frame, result);
+        isAny = true;
     }
     if (landed && !isAny)
         describeAt(landed->at, frame, result);
@@ -171,22 +194,22 @@ void CSnapAxis::describe(const QRectF &frame, const Mask &mask,
 }
 
 /// The line at a place, over all that is there, and the distances along it.
-bool CSnapAxis::describeAt(double at, const QRectF &frame, SSnapped &result) const
+void CSnapAxis::describeAt(double at, const QRectF &frame, SSnapped &result) const
 {
-    auto each = std::lower_bound(m_targets.begin(), m_targets.end(), at - Same, isBefore);
-    if (each == m_targets.end() || each->at > at + Same)
-        return false;
+    const QVector<int> items = on(at);
+    if (items.isEmpty())
+        return;
     double first = frame.top();
     double last = frame.bottom();
     std::optional<double> before; // where the next neighbour ends
     std::optional<double> after;
     bool isPageWide = false;
-    for (; each != m_targets.end() && each->at <= at + Same; ++each) {
-        isPageWide = isPageWide || each->item < 0;
-        const QRectF &rect = each->item < 0 ? m_page : m_items.at(each->item);
+    for (const int item : items) {
+        isPageWide = isPageWide || item < 0;
+        const QRectF &rect = item < 0 ? m_page : m_items.at(item);
         first = std::min(first, rect.top());
         last = std::max(last, rect.bottom());
-        if (each->item < 0)
+        if (item < 0)
             continue;
         if (rect.bottom() <= frame.top())
             before = std::max(before.value_or(rect.bottom()), rect.bottom());
@@ -210,7 +233,6 @@ bool CSnapAxis::describeAt(double at, const QRectF &frame, SSnapped &result) con
         tell(*before, frame.top());
     if (after)
         tell(frame.bottom(), *after);
-    return true;
 }
 
 /// All gaps in the row that are as wide as one beside the frame.

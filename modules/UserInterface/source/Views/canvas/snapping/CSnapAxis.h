@@ -44,7 +44,8 @@ private:
     struct SBeside; // neighbours on one side
     void addTargets(const QRectF &rect, int item);
     void addGapCandidates(const QRectF &frame, double tolerance, QVector<SCandidate> &found) const;
-    bool describeAt(double at, const QRectF &frame, SSnapped &result) const;
+    QVector<int> on(double at) const;
+    void describeAt(double at, const QRectF &frame, SSnapped &result) const;
     void describeGaps(const QRectF &frame, SSnapped &result) const;
     SBeside beside(const QRectF &frame, bool isBefore, double overlap) const;
 

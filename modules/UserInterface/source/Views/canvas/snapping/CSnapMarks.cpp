@@ -9,7 +9,7 @@
 namespace {
 const QColor Line(255, 45, 120);
 const QColor Bar(255, 45, 120, 90);
-const QColor Casing(255, 255, 255, 150); // stands out from a picture of the line's own colour
+const QColor Casing(255, 255, 255, 110); // stands out from a picture of the line's own colour
 const QColor Number(Qt::white);
 constexpr double Z = 1001;       // over the snap cross
 constexpr double Cap = 4;        // screen pixels; half the stroke at the end of a distance
@@ -39,15 +39,24 @@ public:
         painter.setFont(font);
     }
 
-    void drawLine(const QLineF &line) { stroke(toPixels(line)); }
+    void addLine(const QLineF &line) { m_strokes.append(toPixels(line)); }
 
-    void drawDistance(const QLineF &line)
+    void addDistance(const QLineF &line)
     {
         const QLineF mapped = toPixels(line);
         const QPointF cap = isUpright(mapped) ? QPointF(Cap, 0) : QPointF(0, Cap);
-        stroke(mapped);
-        stroke({mapped.p1() - cap, mapped.p1() + cap});
-        stroke({mapped.p2() - cap, mapped.p2() + cap});
+        m_strokes.append(mapped);
+        m_strokes.append({mapped.p1() - cap, mapped.p1() + cap});
+        m_strokes.append({mapped.p2() - cap, mapped.p2() + cap});
+    }
+
+    /// All that were added: none covers another with its casing.
+    void drawLines()
+    {
+        for (const QPen &pen : {QPen(Casing, 3, Qt::SolidLine, Qt::FlatCap), QPen(Line, 1)}) {
+            m_painter.setPen(pen);
+            m_painter.drawLines(m_strokes);
+        }
     }
 
     void drawBand(const QRectF &band) { m_painter.fillRect(m_toPixels.mapRect(band), Bar); }
@@ -88,17 +97,10 @@ private:
         return {whole(mapped.p1()), whole(mapped.p2())};
     }
 
-    void stroke(const QLineF &line)
-    {
-        for (const QPen &pen : {QPen(Casing, 3, Qt::SolidLine, Qt::FlatCap), QPen(Line, 1)}) {
-            m_painter.setPen(pen);
-            m_painter.drawLine(line);
-        }
-    }
-
     QPainter &m_painter;
     const QTransform m_toPixels;
     const QRectF m_seen;
+    QVector<QLineF> m_strokes; ///< screen pixels
 };
 
 QLineF middleOf(const SSnapGap &gap)
@@ -144,11 +146,12 @@ void CSnapMarks::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWid
     for (const SSnapGap &gap : qAsConst(m_shown.gaps))
         marks.drawBand(gap.band);
     for (const QLineF &line : qAsConst(m_shown.lines))
-        marks.drawLine(line);
+        marks.addLine(line);
     for (const QLineF &line : qAsConst(m_shown.distances))
-        marks.drawDistance(line);
+        marks.addDistance(line);
     for (const SSnapGap &gap : qAsConst(m_shown.gaps))
-        marks.drawDistance(middleOf(gap));
+        marks.addDistance(middleOf(gap));
+    marks.drawLines();
     for (const QLineF &line : qAsConst(m_shown.distances)) // over all lines
         marks.drawNumber(line);
     for (const SSnapGap &gap : qAsConst(m_shown.gaps))

@@ -139,5 +139,11 @@ SSnapped CSnapRule::snap(const OutlineAt &outlineAt, const QPointF &offset, doub
         for (const SSnapGap &each : qAsConst(its.gaps))
             result.gaps.append(axis == 0 ? each : SSnapGap{transposed(each.band), Qt::Vertical});
     }
+    const auto isGap = [&result](const QLineF &line) {
+        return std::any_of(result.gaps.begin(), result.gaps.end(),
+                           [&line](const SSnapGap &gap) { return gap.spans(line); });
+    };
+    result.distances.erase(std::remove_if(result.distances.begin(), result.distances.end(), isGap),
+                           result.distances.end());
     return result;
 }

@@ -20,6 +20,12 @@ struct SSnapGap
     QRectF band; ///< between the two items, where both of them are beside it
     Qt::Orientation along = Qt::Horizontal;
 
+    /// Whether it tells the same as a distance.
+    bool spans(const QLineF &line) const
+    {
+        return along == Qt::Horizontal ? line.x1() == band.left() && line.x2() == band.right()
+                                       : line.y1() == band.top() && line.y2() == band.bottom();
+    }
     double length() const { return along == Qt::Horizontal ? band.width() : band.height(); }
 };
 

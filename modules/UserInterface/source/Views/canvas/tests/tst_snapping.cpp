@@ -77,6 +77,8 @@ private Q_SLOTS:
             {104, 3}, "x204:40..133, x224:40..133, |224:60..103");
         row("what is on a line tells its next ones", {below, {200, 40, 9, 20}, {200, 10, 9, 9}},
             ESnapKind::Items, {99, 3}, {100, 3}, "x200:10..220, |200:133..200, |200:60..103");
+        row("edges in line, so no middle", {{300, 60, 40, 30}}, ESnapKind::Items, {3, -37},
+            {3, -40}, "y60:103..340, y90:103..340, -60:143..300");
         row("a middle between pixels", {{201, 200, 59, 20}}, ESnapKind::Items, {112, 3}, {111, 3},
             "x230.5:103..220, |230.5:133..200");
         row("the page", {}, ESnapKind::Page, {3, 137}, {3, 142},
@@ -90,6 +92,8 @@ private Q_SLOTS:
             "gap across 40, gap across 40");
         row("on in a row", {{10, 95, 20, 40}, {45, 95, 20, 40}}, ESnapKind::Gaps, {-17, 0},
             {-20, 0}, "gap across 15, gap across 15");
+        row("a gap is told once", {{10, 90, 20, 30}, {45, 90, 20, 30}}, All, {-17, -7}, {-20, -10},
+            "y90:10..120, y120:10..120, gap across 15, gap across 15");
         row("on before a column", {{100, 160, 20, 20}, {100, 190, 20, 20}}, ESnapKind::Gaps,
             {3, 24}, {3, 20}, "gap down 10, gap down 10");
         row("a ground is no neighbour",
