@@ -8,7 +8,8 @@
 #include <QGraphicsView>
 
 namespace {
-constexpr double Reach = 6; ///< screen pixels from which something snaps
+constexpr double Reach =
+    5; ///< screen pixels from which something snaps: little more than a hand misses by
 }
 
 CSnapping::CSnapping(QGraphicsScene &scene, const CScreenModel &screen)
