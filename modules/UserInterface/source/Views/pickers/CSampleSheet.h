@@ -44,7 +44,7 @@ private:
     class CItem;
     struct SPlace
     {
-        int index;
+        int index = 0;
         QRect rect;
     };
     using Page = QVector<SPlace>;

@@ -2,6 +2,7 @@
 
 #include "CPropertyLayout.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QEvent>
 #include <QFocusEvent>
@@ -173,7 +174,7 @@ void CPropertyDelegate::paintPair(QPainter *painter, const QStyleOptionViewItem 
                                     mixed(option.palette.color(group, QPalette::Text),
                                           option.palette.color(group, QPalette::Base)));
         drawDisplay(painter, letter, {half.topLeft(), QPoint(value.left(), half.bottom())},
-                    pair->letters[part]);
+                    pair->letters[size_t(part)]);
         drawDisplay(painter, option,
                     {value.left(), half.top(), half.right() - value.left(), half.height()},
                     rows[part]->text(ValueColumn));
@@ -199,6 +200,8 @@ QWidget *CPropertyDelegate::createEditor(QWidget *parent, const QStyleOptionView
         return nullptr;
     editor->setAutoFillBackground(true);
     editor->setProperty(partProperty, m_part);
+    if (auto *box = qobject_cast<QAbstractSpinBox *>(editor); box && m_layout->pair(item))
+        box->setButtonSymbols(QAbstractSpinBox::NoButtons); // half a row is for the digits
     return editor;
 }
 

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <array>
+
 class QFontMetrics;
 class QKeyEvent;
 class QtProperty;
@@ -33,7 +35,7 @@ public:
     {
         QTreeWidgetItem *second;
         QtProperty *property; ///< of the second
-        QString letters[2];
+        std::array<QString, 2> letters;
     };
 
     explicit CPropertyLayout(QTreeWidget *tree);
