@@ -1585,6 +1585,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
 <context>
     <name>CMenuBar</name>
     <message>
+        <source>&amp;Faint</source>
+        <translation>&amp;Blass</translation>
+    </message>
+    <message>
+        <source>Draw the grid so that it hardly covers the page</source>
+        <translation>Das Raster so zeichnen, dass es die Seite kaum verdeckt</translation>
+    </message>
+    <message>
         <source>Toolbar</source>
         <translation>Werkzeugleiste</translation>
     </message>

@@ -1585,6 +1585,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
 <context>
     <name>CMenuBar</name>
     <message>
+        <source>&amp;Faint</source>
+        <translation>淡化(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Draw the grid so that it hardly covers the page</source>
+        <translation>绘制几乎不遮挡页面的网格</translation>
+    </message>
+    <message>
         <source>Toolbar</source>
         <translation>工具栏</translation>
     </message>

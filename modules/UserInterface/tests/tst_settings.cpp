@@ -40,7 +40,7 @@ private Q_SLOTS:
     {
         QVERIFY(CSettings(m_folder->path()).write({}));
         QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
-                 "autosaveInterval closedSections favouriteWidgets gridColor gridSize "
+                 "autosaveInterval closedSections favouriteWidgets gridColor gridFaint gridSize "
                  "gridType isMaximized language lastFolder lastWidgets latestProjects "
                  "mainWindow projectViews recentColours savingFolderPath screenshotDir "
                  "shortcuts showGrid showGuides snapToGaps snapToGrid snapToGuides "

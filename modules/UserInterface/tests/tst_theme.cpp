@@ -1,5 +1,6 @@
 #include "CTheme.h"
 #include "CThemeIcons.h"
+#include "CThemeStyle.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -140,6 +141,25 @@ private Q_SLOTS:
                 QVERIFY2(seen(QIcon::Disabled) < 0.8 * seen(QIcon::Normal), qPrintable(file));
             }
         }
+    }
+
+    void rubberBand()
+    {
+        QImage picture(100, 60, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(2);
+        picture.fill(Qt::gray);
+        QStyleOptionRubberBand option;
+        option.palette = CTheme::palette(CTheme::Kind::Dark);
+        option.rect = {5, 5, 40, 20};
+        QPainter painter(&picture);
+        CThemeStyle().drawControl(QStyle::CE_RubberBand, &option, &painter);
+        const QColor inside = picture.pixelColor(50, 30);
+        const QColor outside = picture.pixelColor(2, 30);
+        int lines = 0; // both sides, each one pixel of the device
+        for (int x = 0; x < picture.width(); ++x)
+            lines += picture.pixelColor(x, 30) != inside && picture.pixelColor(x, 30) != outside;
+        QCOMPARE(lines, 2);
+        QVERIFY(inside != outside && std::abs(inside.red() - outside.red()) < 20);
     }
 
     /// In all themes: the focus is seen and moves nothing, and what is disabled can be read and

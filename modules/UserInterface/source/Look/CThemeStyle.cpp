@@ -2,7 +2,9 @@
 
 #include "CThemeIcons.h"
 
+#include <QPainter>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace {
 
@@ -43,6 +45,24 @@ QIcon CThemeStyle::standardIcon(StandardPixmap which, const QStyleOption *option
     const QString name = nameOf(which);
     return name.isEmpty() ? QProxyStyle::standardIcon(which, option, widget)
                           : CThemeIcons::icon(QStringLiteral(":/images/%1.png").arg(name));
+}
+
+void CThemeStyle::drawControl(ControlElement which, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const
+{
+    constexpr int withFill = 26; // of 255
+    constexpr int middle = 150;  // of 255: seen on dark and on bright pages, in every theme
+    if (which != CE_RubberBand)
+        return QProxyStyle::drawControl(which, option, painter, widget);
+    QColor colour = option->palette.color(QPalette::Active, QPalette::Highlight);
+    colour.setHsl(colour.hslHue(), colour.hslSaturation(), middle);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(QPen(colour, 0)); // one pixel of the device, whatever a pixel is to the window
+    colour.setAlpha(withFill);
+    painter->setBrush(colour);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
 }
 
 int CThemeStyle::pixelMetric(PixelMetric which, const QStyleOption *option,

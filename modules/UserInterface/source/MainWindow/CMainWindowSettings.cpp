@@ -74,6 +74,8 @@ void CMainWindow::useSettings(const SSettings &values)
                                                                         : m_savingFolder);
     setSnapToGrid(values.snapToGrid);
     CEditorState::instance()->setGuidesShown(values.showGuides);
+    CEditorState::instance()->setGridFaint(values.gridFaint);
+    m_menuBar->setChecked(CMenuBar::GridFaint, values.gridFaint);
     CSnapActions::use(values);
     setAutosaveInterval(values.autosaveInterval);
     m_panels->properties()->setClosedSections(values.closedSections);
@@ -117,5 +119,6 @@ void CMainWindow::writeSettings()
     values.projectViews = m_viewMemory->views()->texts();
     values.usedActions = m_centre->finder()->lastUsed();
     values.showGuides = state->areGuidesShown();
+    values.gridFaint = state->isGridFaint();
     m_settings->write(values);
 }

@@ -86,6 +86,7 @@ public:
         ShowHidden,
         Bright,
         BatchWindow,
+        GridFaint,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };

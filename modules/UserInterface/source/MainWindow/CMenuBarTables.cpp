@@ -1,5 +1,6 @@
 #include "CMenuBarTables.h"
 
+#include "CEditorState.h"
 #include "CGridComboWidget.h"
 #include "CMainWindow.h"
 #include "CZoomComboWidget.h"
@@ -136,6 +137,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.brightStyle(); }},
         {CMenuBar::BatchWindow, QT_TRANSLATE_NOOP("CMenuBar", "Batch Edit"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Change the properties of all selected items at once"), nullptr, On,
          [](W &w, B &) { w.toggleBatchWindow(); }},
+        {CMenuBar::GridFaint, QT_TRANSLATE_NOOP("CMenuBar", "&Faint"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Draw the grid so that it hardly covers the page"), nullptr, Off,
+         [](W &, B &) { CEditorState::instance()->setGridFaint(!CEditorState::instance()->isGridFaint()); }},
     };
     return table;
 }
@@ -163,7 +166,7 @@ const std::vector<SMenu> &menus()
         {M::GroupingMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grouping"), false, {M::Group, M::Ungroup}},
         {M::ThemeMenu, QT_TRANSLATE_NOOP("CMenuBar", "Theme"), false, {M::Dark, M::Light, M::Bright}},
         {M::ZoomMenu, QT_TRANSLATE_NOOP("CMenuBar", "Zoom"), false, {M::ZoomReset, M::FitToPage, M::FitToWidth, M::ZoomSelection}},
-        {M::GridMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grid"), false, {M::GridToggle, M::GridType, M::GridColour}},
+        {M::GridMenu, QT_TRANSLATE_NOOP("CMenuBar", "Grid"), false, {M::GridToggle, M::GridType, M::GridColour, M::GridFaint}},
         {M::WindowsMenu, QT_TRANSLATE_NOOP("CMenuBar", "Windows"), false,
          {M::ProjectWindow, M::LibraryWindow, M::PropertiesWindow, M::OutputWindow, M::StatusBar, M::BatchWindow}},
     };

@@ -46,6 +46,7 @@ constexpr char shortcuts[] = "shortcuts";
 constexpr char usedActions[] = "usedActions";
 constexpr char projectViews[] = "projectViews";
 constexpr char showGuides[] = "showGuides";
+constexpr char gridFaint[] = "gridFaint";
 } // namespace Key
 
 constexpr qint64 MaxBytes = qint64{1} << 20;
@@ -249,6 +250,7 @@ SSettings CSettings::read(QString *aside) const
     values.usedActions = readTexts(file, Key::usedActions, MaxTexts);
     values.projectViews = readTexts(file, Key::projectViews, MaxTexts);
     readBool(file, Key::showGuides, &values.showGuides);
+    readBool(file, Key::gridFaint, &values.gridFaint);
     return values;
 }
 
@@ -293,6 +295,7 @@ bool CSettings::write(const SSettings &values) const
     file.setList(Key::usedActions, values.usedActions);
     file.setList(Key::projectViews, values.projectViews);
     setBool(Key::showGuides, values.showGuides);
+    setBool(Key::gridFaint, values.gridFaint);
     const QString problem = CFileWriter::write(path(), file.toText());
     if (problem.isEmpty())
         return true;

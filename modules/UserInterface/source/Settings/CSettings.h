@@ -40,6 +40,7 @@ struct SSettings
     QStringList usedActions;      ///< ids, the one that was used last first
     QStringList projectViews;     ///< texts of CProjectViews
     bool showGuides = true;
+    bool gridFaint = false;
 };
 
 /// The settings file. A key that is missing, or whose value makes no sense, gets its default and

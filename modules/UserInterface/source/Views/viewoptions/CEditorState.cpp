@@ -38,6 +38,14 @@ void CEditorState::setGrid(bool on, int spacing, QColor colour, Qt::PenStyle sty
     Q_EMIT gridChanged(on, spacing, colour, style);
 }
 
+void CEditorState::setGridFaint(bool faint)
+{
+    if (m_gridFaint == faint)
+        return;
+    m_gridFaint = faint;
+    Q_EMIT gridFaintChanged(faint);
+}
+
 void CEditorState::setGuidesShown(bool shown)
 {
     if (m_guidesShown == shown)

@@ -26,6 +26,7 @@ public:
     int gridSpacing() const { return m_gridSpacing; } ///< scene units, at least 1
     QColor gridColour() const { return m_gridColour; }
     Qt::PenStyle gridStyle() const { return m_gridStyle; }
+    bool isGridFaint() const { return m_gridFaint; } ///< it then hardly covers the design
     bool areGuidesShown() const { return m_guidesShown; }
     int zoomPercent() const { return m_zoomPercent; }
     int zoomType() const { return m_zoomType; } ///< as CZoomComboWidget::Type
@@ -34,6 +35,7 @@ public Q_SLOTS:
     void setSnapToGrid(bool on);
     void setSnapping(bool on, SnapKinds kinds);
     void setGrid(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void setGridFaint(bool faint);
     void setGuidesShown(bool shown);
     void setZoom(int percent, int type);
 
@@ -41,6 +43,7 @@ Q_SIGNALS:
     void snapToGridChanged(bool on);
     void snappingChanged();
     void gridChanged(bool on, int spacing, QColor colour, Qt::PenStyle style);
+    void gridFaintChanged(bool faint);
     void guidesShownChanged(bool shown);
     void zoomChanged(int percent, int type);
 
@@ -55,6 +58,7 @@ private:
     int m_gridSpacing = 20;
     QColor m_gridColour = Qt::red;
     Qt::PenStyle m_gridStyle = Qt::SolidLine;
+    bool m_gridFaint = false;
     bool m_guidesShown = true;
     int m_zoomPercent = 100;
     int m_zoomType = 0;

@@ -23,6 +23,7 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
     setSceneRect(QRectF(QPointF(), QSizeF(project->resolution())));
 
     connect(CEditorState::instance(), &CEditorState::gridChanged, this, [this] { update(); });
+    connect(CEditorState::instance(), &CEditorState::gridFaintChanged, this, [this] { update(); });
     connect(this, &QGraphicsScene::selectionChanged, this, &CScreenScene::selectionChanged);
 
     connect(project, &QAbstractItemModel::rowsInserted, this, &CScreenScene::onRowsInserted);

@@ -14,6 +14,7 @@ constexpr double LeastDistance = 10.0; ///< screen pixels between two lines
 constexpr double PixelGridScale = 10;  ///< from here on every scene unit has its line
 constexpr int FirstAlpha = 50;
 constexpr int SecondAlpha = 100;
+constexpr int FaintPercent = 40; ///< of these
 
 /// The lines of both directions, in the two sets in which they are drawn.
 struct GridLines
@@ -80,10 +81,11 @@ void CScreenScene::drawForeground(QPainter *painter, const QRectF &rect)
 
     painter->setClipRect(sceneRect(), Qt::IntersectClip);
     QColor colour = state->gridColour();
-    colour.setAlpha(FirstAlpha);
+    const int strength = state->isGridFaint() ? FaintPercent : 100;
+    colour.setAlpha(FirstAlpha * strength / 100);
     painter->setPen(QPen(colour, 0, state->gridStyle(), Qt::FlatCap, Qt::MiterJoin));
     painter->drawLines(lines.first.constData(), lines.first.size());
-    colour.setAlpha(SecondAlpha);
+    colour.setAlpha(SecondAlpha * strength / 100);
     painter->setPen(QPen(colour, 0, state->gridStyle(), Qt::FlatCap, Qt::MiterJoin));
     painter->drawLines(lines.second.constData(), lines.second.size());
 }

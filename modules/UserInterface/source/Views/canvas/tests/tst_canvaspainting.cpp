@@ -79,6 +79,10 @@ private Q_SLOTS:
             lines += isOnLine ? 1 : 0;
         }
         QVERIFY(lines >= 3);
+        CEditorState::instance()->setGridFaint(true);
+        QCOMPARE(countOf(pictureOf(canvas), QColor(50, 50, 50)), 0);
+        QVERIFY(countOf(pictureOf(canvas), QColor(20, 20, 20)) > 100);
+        CEditorState::instance()->setGridFaint(false);
         CEditorState::instance()->setGrid(false, spacing, Qt::white, Qt::SolidLine);
         QCOMPARE(countOf(pictureOf(canvas), QColor(50, 50, 50)), 0);
     }
