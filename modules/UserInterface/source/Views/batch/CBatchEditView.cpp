@@ -229,10 +229,13 @@ CBatchField *CBatchEditView::makeField(const CBatchItems::SProperty &property, Q
     const QString key = property.property.key();
     if (property.isImage)
         return new CBatchImage(m_editor, key, parent);
+    const SPropertyLook::EEditor look = property.look.editor;
+    if (look == SPropertyLook::EEditor::Font)
+        return new CBatchList(m_editor, key, look, parent);
     switch (property.property.propertyType()) {
     case PropertyType::Int:
     case PropertyType::Float: {
-        const bool isSixteenths = property.look.editor == SPropertyLook::EEditor::Sixteenths;
+        const bool isSixteenths = look == SPropertyLook::EEditor::Sixteenths;
         return new CBatchNumber(m_editor, key, isSixteenths ? ItemGeometry::PointSizeOfPixel : 1,
                                 parent);
     }
@@ -243,7 +246,7 @@ CBatchField *CBatchEditView::makeField(const CBatchItems::SProperty &property, Q
     case PropertyType::Time:
         return new CBatchTime(m_editor, key, parent);
     case PropertyType::Enum:
-        return new CBatchList(m_editor, key, parent);
+        return new CBatchList(m_editor, key, look, parent);
     default:
         break;
     }

@@ -26,6 +26,11 @@ void CBatchEditor::setProject(CProjectModel *project)
     m_project = project;
 }
 
+CProjectModel *CBatchEditor::project() const
+{
+    return m_project;
+}
+
 void CBatchEditor::setItems(const QList<CItemModel *> &items)
 {
     cancel();

@@ -28,6 +28,7 @@ public:
     /// Nothing is edited until items are given. Not owned; null for none.
     void setProject(CProjectModel *project);
     void setItems(const QList<CItemModel *> &items);
+    CProjectModel *project() const;
     const CBatchItems &items() const { return m_items; }
     /// It or what it is in is edited.
     bool holds(const CItemModel *item) const;

@@ -54,6 +54,7 @@ private Q_SLOTS:
         row("a time", "cc", "time", "10:10:00", "7:05", "07:05:00|07:05:00");
         row("a switch", "c", "seconds", "0", "click", "1");
         row("a list", "c", "align", "left", "choose", "right");
+        row("a font", "cc", "font", "31", "choose", "34|34");
         row("lines", "p", "text", nullptr, "one\ntwo", "one\ntwo");
     }
 
@@ -227,7 +228,7 @@ private:
         if (const auto *line = field->findChild<QLineEdit *>())
             return orMixed(line->text(), line->placeholderText());
         if (const auto *list = field->findChild<QComboBox *>())
-            return orMixed(list->currentText(), list->placeholderText());
+            return orMixed(list->currentText().section(" \u00b7", 0, 0), list->placeholderText());
         if (const auto *lines = field->findChild<QPlainTextEdit *>())
             return lines->toPlainText();
         const auto *box = field->findChild<QCheckBox *>();
