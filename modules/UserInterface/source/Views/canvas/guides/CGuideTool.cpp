@@ -7,6 +7,7 @@
 #include "CScreenModel.h"
 #include "GuideLook.h"
 #include "GuideRule.h"
+#include "SnapReferences.h"
 
 #include <QContextMenuEvent>
 #include <QGraphicsView>
@@ -151,9 +152,7 @@ bool CGuideTool::press(const QMouseEvent &event)
     choose(index);
     if (isMenu)
         return true;
-    m_drag = SDrag();
-    m_drag->index = index;
-    m_drag->guide = m_screen->guides().at(index);
+    hold(index, m_screen->guides().at(index));
     m_drag->press = event.pos();
     return true;
 }
@@ -212,9 +211,31 @@ void CGuideTool::beginNew(Qt::Orientation ruler)
     if (!m_screen || m_drag)
         return;
     chooseNone();
-    m_drag = SDrag();
-    m_drag->guide.orientation = ruler;
+    SScreenGuide guide;
+    guide.orientation = ruler;
+    hold(-1, guide);
     m_drag->isMoved = m_drag->isOver = true;
+}
+
+void CGuideTool::hold(int index, const SScreenGuide &guide)
+{
+    m_drag = SDrag();
+    m_drag->index = index;
+    m_drag->guide = guide;
+    m_drag->references = SnapReferences::of(*m_screen, {});
+}
+
+int CGuideTool::positionAt(const QPoint &place, Qt::KeyboardModifiers modifiers) const
+{
+    const Qt::Orientation guide = m_drag->guide.orientation;
+    const QTransform toView = m_view->viewportTransform();
+    const int position = GuideRule::positionAt(guide, place, toView);
+    if (modifiers.testFlag(Qt::ShiftModifier))
+        return static_cast<int>(std::lround(double(position) / CoarseStep)) * CoarseStep;
+    if (modifiers.testFlag(Qt::ControlModifier))
+        return position;
+    return GuideRule::snapped(guide, position, m_drag->references,
+                              CEditorState::instance()->activeSnapKinds(), Reach / toView.m11());
 }
 
 void CGuideTool::dragTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
@@ -227,10 +248,7 @@ void CGuideTool::dragTo(const QPoint &place, Qt::KeyboardModifiers modifiers)
     SScreenGuide &guide = m_drag->guide;
     updateLine(guide);
     m_drag->isOver = GuideRule::across(guide.orientation, place) < 0;
-    guide.position = GuideRule::positionAt(guide.orientation, place, m_view->viewportTransform());
-    if (modifiers.testFlag(Qt::ShiftModifier))
-        guide.position =
-            static_cast<int>(std::lround(double(guide.position) / CoarseStep)) * CoarseStep;
+    guide.position = positionAt(place, modifiers);
     updateLine(guide);
     Q_EMIT reported(readout());
 }

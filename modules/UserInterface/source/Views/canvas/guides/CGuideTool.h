@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SSnapped.h"
 #include "ScreenGuides.h"
 
 #include <QObject>
@@ -63,12 +64,15 @@ private:
     {
         int index = -1; ///< negative: a new one
         SScreenGuide guide;
+        SSnapReferences references; ///< what it can lie on
         QPoint press;
         bool isMoved = false;
         bool isOver = false; ///< the ruler, where it goes
         bool isCancelled = false;
     };
 
+    void hold(int index, const SScreenGuide &guide);
+    int positionAt(const QPoint &place, Qt::KeyboardModifiers modifiers) const;
     int guideAt(const QPoint &place, bool isWithLocked = false) const;
     void setHover(int index);
     void choose(int index);

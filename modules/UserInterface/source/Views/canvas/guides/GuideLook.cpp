@@ -7,7 +7,6 @@ const QColor Usual(139, 108, 255); // apart from frames, snap lines and the grid
 constexpr double Width = 1;        // pixels
 constexpr double Glow = 5;
 constexpr int GlowAlpha = 90;
-constexpr int LockedAlpha = 150;
 
 QRectF band(Qt::Orientation orientation, double pixel, double width, const QSizeF &view)
 {
@@ -25,14 +24,18 @@ QColor GuideLook::colourOf(const SScreenGuide &guide)
 void GuideLook::paint(QPainter &painter, const SScreenGuide &guide, EState state, double pixel,
                       const QSizeF &view)
 {
-    QColor colour = colourOf(guide);
+    const QColor colour = colourOf(guide);
     if (state == EState::Hot) {
         QColor glow = colour;
         glow.setAlpha(GlowAlpha);
         painter.fillRect(band(guide.orientation, pixel, Glow, view), glow);
     }
-    if (guide.isLocked)
-        colour.setAlpha(LockedAlpha);
-    painter.fillRect(band(guide.orientation, pixel, Width, view),
-                     guide.isLocked ? QBrush(colour, Qt::Dense4Pattern) : QBrush(colour));
+    const QRectF line = band(guide.orientation, pixel, Width, view);
+    if (!guide.isLocked)
+        return painter.fillRect(line, colour);
+    const QPointF half(Width / 2, Width / 2); // where a pen is crisp
+    painter.setPen(QPen(colour, Width, Qt::DashLine, Qt::FlatCap));
+    painter.drawLine(line.topLeft() + half, guide.orientation == Qt::Vertical
+                                                ? line.bottomLeft() + half
+                                                : line.topRight() + half);
 }

@@ -21,6 +21,27 @@ int GuideRule::positionAt(Qt::Orientation guide, const QPointF &place, const QTr
     return static_cast<int>(std::lround(std::clamp(position, -farthest, farthest)));
 }
 
+int GuideRule::snapped(Qt::Orientation guide, int position, const SSnapReferences &references,
+                       SnapKinds kinds, double tolerance)
+{
+    QVector<QRectF> rects;
+    if (kinds.testFlag(ESnapKind::Items))
+        rects = references.items;
+    if (kinds.testFlag(ESnapKind::Page))
+        rects.append(references.page);
+    int found = position;
+    for (const QRectF &each : qAsConst(rects)) {
+        for (const QPointF &point : {each.topLeft(), each.center(), each.bottomRight()}) {
+            const double distance = std::abs(across(guide, point) - position);
+            if (distance > tolerance)
+                continue;
+            tolerance = distance;
+            found = static_cast<int>(std::lround(across(guide, point)));
+        }
+    }
+    return found;
+}
+
 GuideRule::SHit GuideRule::at(const ScreenGuideList &guides, const QPointF &place,
                               const QTransform &toView, double reach, bool isWithLocked)
 {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "SSnapped.h"
 #include "ScreenGuides.h"
+#include "SnapKinds.h"
 
 #include <QPointF>
 #include <QTransform>
@@ -11,6 +13,10 @@ namespace GuideRule {
 double pixelOf(const SScreenGuide &guide, const QTransform &toView);
 /// The position that a guide has when it is dragged to a place of the view.
 int positionAt(Qt::Orientation guide, const QPointF &place, const QTransform &toView);
+/// The edge or middle of an item or the page that is nearest, within the tolerance (scene units);
+/// otherwise the position itself.
+int snapped(Qt::Orientation guide, int position, const SSnapReferences &references, SnapKinds kinds,
+            double tolerance);
 /// The coordinate of a place that counts for a guide.
 double across(Qt::Orientation guide, const QPointF &place);
 

@@ -21,6 +21,7 @@ struct Page
         resetEditorState();
         CEditorState::instance()->setSnapToGrid(false);
         CEditorState::instance()->setGuidesShown(true);
+        CEditorState::instance()->setSnapping(true, ESnapKind::Items | ESnapKind::Page);
         CEditorState::instance()->setZoom(zoom, 0);
         screen->setGuides(ScreenGuides::fromText(guides));
         box = appendBox(screen, 100, 100, 60, 40);
@@ -82,10 +83,11 @@ struct Page
         if (word == "top" || word == "left" || word == "press") {
             mouse(QEvent::MouseButtonPress, Qt::LeftButton);
             isDown = true;
-        } else if (word == "to" || word == "shift" || word == "alt") {
+        } else if (word == "to" || word == "shift" || word == "alt" || word == "ctrl") {
             mouse(QEvent::MouseMove, Qt::NoButton,
                   word == "to"      ? Qt::NoModifier
                   : word == "shift" ? Qt::ShiftModifier
+                  : word == "ctrl"  ? Qt::ControlModifier
                                     : Qt::AltModifier);
         } else if (word == "up") {
             mouse(QEvent::MouseButtonRelease, Qt::LeftButton);
@@ -147,6 +149,10 @@ private Q_SLOTS:
         row("from the left ruler", "y9", "left; to 60 50; to 121 50; up", "y9 x121");
         row("from the top ruler", "", "top; to 50 60; up", "y60");
         row("from the ruler, tens", "", "top; shift 50 57; up", "y60");
+        row("onto an edge", "", "left; to 157 50; up", "x160");
+        row("onto the middle of the page", "", "top; to 9 133; up", "y136");
+        row("between, Ctrl", "", "left; ctrl 157 50; up", "x157");
+        row("edges are near in pixels", "", "left; to 237 136; up", "x237", 1, 0, 400);
         row("off the page", "", "left; to -20 50; up", "x-20");
         row("back to the ruler", "", "top; to 50 60; to 50 -999; up", "", 0);
         row("only pressed", "", "top; up", "", 0);
