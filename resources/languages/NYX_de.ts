@@ -2670,6 +2670,18 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Show</source>
         <translation>Einblenden</translation>
     </message>
+    <message>
+        <source>Paste Style</source>
+        <translation>Stil einfügen</translation>
+    </message>
+    <message>
+        <source>Paste to Replace</source>
+        <translation>Einfügen und ersetzen</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no widgets, so nothing was replaced.</source>
+        <translation>Die Zwischenablage enthält keine Widgets, deshalb wurde nichts ersetzt.</translation>
+    </message>
 </context>
 <context>
     <name>CSnapActions</name>
@@ -2891,6 +2903,33 @@ Installierte Version: </translation>
     <message>
         <source>Value</source>
         <translation>Wert</translation>
+    </message>
+</context>
+<context>
+    <name>CStyleActions</name>
+    <message>
+        <source>Copy St&amp;yle</source>
+        <translation>Sti&amp;l kopieren</translation>
+    </message>
+    <message>
+        <source>Paste &amp;Style</source>
+        <translation>&amp;Stil einfügen</translation>
+    </message>
+    <message>
+        <source>Paste to &amp;Replace</source>
+        <translation>Einfügen und &amp;ersetzen</translation>
+    </message>
+    <message>
+        <source>Copy colours, fonts, line widths and options of the look</source>
+        <translation>Farben, Schriften, Linienstärken und Optionen des Aussehens kopieren</translation>
+    </message>
+    <message>
+        <source>Give the selected items the copied style</source>
+        <translation>Den ausgewählten Elementen den kopierten Stil geben</translation>
+    </message>
+    <message>
+        <source>Paste in the place of each selected item, at its place in the order</source>
+        <translation>Anstelle jedes ausgewählten Elements einfügen, an dessen Platz in der Reihenfolge</translation>
     </message>
 </context>
 <context>

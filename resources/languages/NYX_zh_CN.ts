@@ -2670,6 +2670,18 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Show</source>
         <translation>显示</translation>
     </message>
+    <message>
+        <source>Paste Style</source>
+        <translation>粘贴样式</translation>
+    </message>
+    <message>
+        <source>Paste to Replace</source>
+        <translation>粘贴替换</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no widgets, so nothing was replaced.</source>
+        <translation>剪贴板中没有控件，因此未替换任何内容。</translation>
+    </message>
 </context>
 <context>
     <name>CSnapActions</name>
@@ -2891,6 +2903,33 @@ Installed version: </source>
     <message>
         <source>Value</source>
         <translation>值</translation>
+    </message>
+</context>
+<context>
+    <name>CStyleActions</name>
+    <message>
+        <source>Copy St&amp;yle</source>
+        <translation>复制样式(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Paste &amp;Style</source>
+        <translation>粘贴样式(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Paste to &amp;Replace</source>
+        <translation>粘贴替换(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Copy colours, fonts, line widths and options of the look</source>
+        <translation>复制颜色、字体、线宽和外观选项</translation>
+    </message>
+    <message>
+        <source>Give the selected items the copied style</source>
+        <translation>将复制的样式应用到选中的项目</translation>
+    </message>
+    <message>
+        <source>Paste in the place of each selected item, at its place in the order</source>
+        <translation>粘贴到每个选中项目的位置，并保持其层叠顺序</translation>
     </message>
 </context>
 <context>

@@ -15,6 +15,7 @@
 #include "CWidgetSelectionView.h"
 #include "ExplorerMarks.h"
 #include "ItemGeometry.h"
+#include "ItemOperations.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
@@ -37,6 +38,7 @@ private Q_SLOTS:
                         "<Kiv_Screen_T name=\"Second\">"
                         "<Kiv_Rectangle_T name=\"Speed\" id=\"1\" x_coordinate=\"20\"/>"
                         "<Kiv_Rectangle_T name=\"Range\" id=\"2\" x_coordinate=\"300\"/>"
+                        "<Kiv_Button_T name=\"Go\" id=\"3\" y_coordinate=\"200\" text=\"Go\"/>"
                         "</Kiv_Screen_T></Kiv_Project_T>");
         m_window = std::make_unique<CMainWindow>(path);
         m_window->show();
@@ -262,14 +264,96 @@ private Q_SLOTS:
         const auto *screens = m_window->findChild<CScreen *>();
         QCOMPARE(screens->selectedItems(), QList<CItemModel *>{screen(1)->childItem(0)});
         filter->setText("sec");
-        QCOMPARE(rows(), "Second Transfer Range");
+        QCOMPARE(rows(), "Second Transfer Range Go");
         filter->setText("nothing");
         QCOMPARE(rows(), "");
         QTest::keyClick(filter, Qt::Key_Escape);
         QCOMPARE(rows(), "First Second"); // collapsed as before
     }
 
+    /// Looks go over to what has them, and nothing else does; what is locked keeps its own.
+    void styleByKeys()
+    {
+        const auto page = [this](int row) { return screen(1)->childItem(row); };
+        QHash<QString, QVariant> look{
+            {"fill_color", "#ff0000"}, {"corner", 3}, {PropertyKey::Width, 50}, {"border", 2}};
+        for (auto each = look.cbegin(); each != look.cend(); ++each)
+            page(0)->setProperty(each.key(), each.value());
+        m_before = saved();
+        press({page(0)}, "Ctrl+Alt+C");
+        press({page(1), page(2)}, "Ctrl+Alt+V");
+        QCOMPARE(page(1)->propertyText("fill_color"), "#ff0000");
+        QCOMPARE(page(1)->propertyText("border"), "2");
+        QCOMPARE(page(2)->propertyText("fill_color"), "#ff0000");
+        QCOMPARE(page(2)->propertyText("corner"), "3");
+        QVERIFY(!page(2)->hasProperty("border"));
+        QCOMPARE(page(1)->propertyText(PropertyKey::Width), "120");
+        QCOMPARE(page(2)->propertyText("text"), "Go");
+        checkOneStep();
+        page(1)->setLocked(true);
+        m_before = saved();
+        press({page(1)}, "Ctrl+Alt+V");
+        QCOMPARE(saved(), m_before);
+    }
+
+    /// The copy takes the place on the page and in the order of each that is selected.
+    void pasteToReplace()
+    {
+        const auto page = [this](int row) { return screen(1)->childItem(row); };
+        press({page(2)}, "Ctrl+C");
+        press({page(0), page(1)}, "Ctrl+Alt+R");
+        QCOMPARE(screen(1)->rowCount(), 3);
+        const QStringList names = {"Go 2", "Go 3", "Go"};
+        const int x[] = {20, 300, 0};
+        for (int row = 0; row < 3; ++row) {
+            QCOMPARE(page(row)->name(), names.at(row));
+            QCOMPARE(page(row)->x(), double(x[row]));
+            QCOMPARE(page(row)->y(), row < 2 ? 0.0 : 200.0);
+        }
+        const auto *screens = m_window->findChild<CScreen *>();
+        QCOMPARE(screens->selectedItems().size(), 2);
+        checkOneStep();
+        press({page(2)}, "Ctrl+Alt+R");
+        QCOMPARE(page(2)->name(), "Go"); // its name was free
+    }
+
+    /// What lay on a larger page comes onto this one.
+    void pastedInPlaceFromALargerPage()
+    {
+        CItemModel *item = screen(1)->childItem(1);
+        item->setProperty(PropertyKey::X, 700);
+        const std::unique_ptr<QMimeData> data(ItemOperations::toMimeData({item}));
+        const auto xAfter = [&](const char *size) {
+            data->setData("widget-copy-page-size", size);
+            const auto pasted = ItemOperations::paste(*screen(), *data, nullptr, QPoint());
+            return pasted.value(0)->x();
+        };
+        QCOMPARE(xAfter("480 272"), 700.0); // it lay there beside the page
+        QCOMPARE(xAfter("800 480"), 360.0);
+    }
+
 private:
+    /// Selected on the canvas of their page, which has the keys.
+    void press(const QList<CItemModel *> &items, const char *keys)
+    {
+        auto *screens = m_window->findChild<CScreen *>();
+        screens->openScreen(static_cast<CScreenModel *>(items.first()->parentItem()));
+        QTRY_VERIFY(screens->currentView()->isVisible());
+        screens->currentView()->screenScene()->chooseModelItems(items.toVector());
+        screens->currentView()->setFocus();
+        QTest::keySequence(screens->currentView(), QKeySequence(keys));
+    }
+    void checkOneStep()
+    {
+        QUndoStack *stack = m_window->project()->undoStack();
+        const QByteArray after = saved();
+        QVERIFY(after != m_before);
+        QCOMPARE(stack->count(), 1);
+        stack->undo();
+        QCOMPARE(saved(), m_before);
+        stack->redo();
+        QCOMPARE(saved(), after);
+    }
     CScreenModel *screen(int row = 0) const { return m_window->project()->screen(row); }
     QByteArray saved() const { return m_window->project()->saveToBytes(nullptr); }
     void choose(const QString &type)

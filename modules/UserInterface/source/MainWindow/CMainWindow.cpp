@@ -33,6 +33,7 @@
 #include "CStartMark.h"
 #include "CStartPage.h"
 #include "CStatusBar.h"
+#include "CStyleActions.h"
 #include "CThemeIcons.h"
 #include "CUpdater.h"
 #include "CViewMemory.h"
@@ -96,6 +97,7 @@ CMainWindow::CMainWindow(const QString &file)
                               m_menuBar->menu(CMenuBar::WindowsMenu));
     m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
                                  m_menuBar->menu(CMenuBar::WindowsMenu));
+    m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
                               m_menuBar->action(CMenuBar::Options), this);
@@ -360,6 +362,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_arrange->retranslate();
     m_guides->retranslate();
     m_snap->retranslate();
+    m_style->retranslate();
     m_centre->retranslate();
     m_find->retranslate();
     m_checks->retranslate();

@@ -15,6 +15,7 @@ class CActionCentre;
 class CArrangeActions;
 class CGuideActions;
 class CSnapActions;
+class CStyleActions;
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
@@ -210,6 +211,7 @@ private:
     CViewMemory *m_viewMemory = nullptr;
     CFindActions *m_find = nullptr;
     CCheckActions *m_checks = nullptr;
+    CStyleActions *m_style = nullptr;
     CStartPage *m_startPage = nullptr;
     CProjectPictures *m_pictures = nullptr;
     CStatusBar *m_statusBar = nullptr;

@@ -121,7 +121,10 @@ void CExplorerItemDrag::paint(QPainter *painter) const
 {
     if (m_mark.isNull())
         return;
-    const QColor colour = m_tree->palette().color(QPalette::Highlight).lighter(140);
+    const QPalette &palette = m_tree->palette();
+    const bool isDark = palette.color(QPalette::Base).lightness() < 128;
+    const QColor accent = palette.color(QPalette::Highlight);
+    const QColor colour = isDark ? accent.lighter(140) : accent.darker(140);
     if (m_mark.height() <= LineHeight) {
         painter->fillRect(m_mark, colour);
         return;

@@ -13,6 +13,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CWidgetGroupModel.h"
+#include "ItemGeometry.h"
 #include "ItemNames.h"
 #include "ItemTree.h"
 #include "ItemXml.h"
@@ -28,6 +29,7 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -293,9 +295,35 @@ bool ItemOperations::canPaste(const QMimeData *data)
 }
 
 namespace {
+/// How far the copies go from where they were copied; they stand there when it is asked.
+using Placing = std::function<QPoint(const Items &copies)>;
+
+Placing placing(const CScreenModel &screen, const QMimeData &data, std::optional<QPoint> by)
+{
+    const QSize from = pageSizeOf(data);
+    return [&screen, from, by](const Items &copies) {
+        if (!by)
+            return PastePlace::offset(copies, screen, from);
+        return *by + (by->isNull() ? PastePlace::ontoPage(copies, screen, from) : QPoint());
+    };
+}
+
+/// Those of the screen's items, but of one that is about to go.
+ItemNames::Names takenNames(const CScreenModel &screen, const CItemModel *leaving)
+{
+    ItemNames::Names taken;
+    for (int row = 0; row < screen.rowCount(); ++row) {
+        const CItemModel *item = screen.childItem(row);
+        if (item != leaving)
+            forEachItem(*item, [&taken](const CItemModel &each) { taken.insert(each.name()); });
+    }
+    return taken;
+}
+
 /// The step that would paste, and the items that it would bring; null when there is a problem.
 std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &data, QString *problem,
-                                      std::optional<QPoint> by, Items *pasted)
+                                      const Placing &place, Items *pasted,
+                                      const CItemModel *leaving = nullptr)
 {
     QString reason;
     const QByteArray xml =
@@ -337,11 +365,10 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
         copies.last()->setProperty(PropertyKey::Hidden, CItemModel::hiddenValue(false),
                                    CItemModel::Notify::No); // it is to be seen where it goes
     }
-    if (!by)
-        by = PastePlace::offset(copies, screen, pageSizeOf(data));
-    ItemNames::Names taken = ItemNames::below(screen);
+    const QPoint by = place(copies);
+    ItemNames::Names taken = takenNames(screen, leaving);
     for (CItemModel *each : qAsConst(copies)) {
-        PastePlace::move(*each, *by);
+        PastePlace::move(*each, by);
         ItemNames::makeUnique(*each, taken);
     }
     *pasted = copies;
@@ -353,7 +380,7 @@ Items ItemOperations::paste(CScreenModel &screen, const QMimeData &data, QString
                             std::optional<QPoint> by)
 {
     Items pasted;
-    if (auto step = pasting(screen, data, problem, by, &pasted))
+    if (auto step = pasting(screen, data, problem, placing(screen, data, by), &pasted))
         stackOf(screen).push(step.release());
     return pasted;
 }
@@ -362,7 +389,8 @@ std::unique_ptr<QUndoCommand> ItemOperations::duplication(CScreenModel &screen, 
                                                           std::optional<QPoint> by, Items *copies)
 {
     const std::unique_ptr<QMimeData> copied(toMimeData(items));
-    auto step = copied ? pasting(screen, *copied, nullptr, by, copies) : nullptr;
+    auto step =
+        copied ? pasting(screen, *copied, nullptr, placing(screen, *copied, by), copies) : nullptr;
     if (step)
         step->setText(QCoreApplication::translate("CSelectionCommands", "Duplicate"));
     return step;
@@ -374,4 +402,37 @@ Items ItemOperations::duplicate(CScreenModel &screen, const Items &items, std::o
     if (auto step = duplication(screen, items, by, &copies))
         stackOf(screen).push(step.release());
     return copies;
+}
+
+Items ItemOperations::replace(CScreenModel &screen, const Items &items, const QMimeData &data,
+                              QString *problem)
+{
+    Items all;
+    for (CItemModel *each : items) {
+        if (each->isLocked())
+            continue;
+        const QPointF corner = ItemGeometry::frameOf(*each).topLeft();
+        Items copies;
+        auto step = pasting(
+            screen, data, problem,
+            [&corner](const Items &made) {
+                return (corner - ItemGeometry::frameOf(made).topLeft()).toPoint();
+            },
+            &copies, each);
+        if (!step)
+            break; // as for all others
+        QUndoStack &stack = stackOf(screen);
+        if (all.isEmpty())
+            stack.beginMacro(QCoreApplication::translate("CSelectionCommands", "Paste to Replace"));
+        stack.push(step.release());
+        const RowOperations::Rows rows =
+            RowOperations::span(each->row() - copies.size(), copies.size());
+        if (rows != RowOperations::rowsOf(copies))
+            stack.push(new CCommandOrderItem(copies, rows));
+        stack.push(new CCommandDeleteItem({each}));
+        all += copies;
+    }
+    if (!all.isEmpty())
+        stackOf(screen).endMacro();
+    return all;
 }

@@ -69,6 +69,18 @@ void shift(CItemModel &item, const QString &key, int by)
 }
 } // namespace
 
+QPoint PastePlace::ontoPage(const QVector<CItemModel *> &items, const CScreenModel &screen,
+                            const QSize &from)
+{
+    const QRectF page(QPointF(), QSizeF(screen.project()->resolution()));
+    const QRectF box = ItemGeometry::frameOf(items);
+    if (!from.isEmpty() && from.width() <= page.width() && from.height() <= page.height())
+        return {};
+    return QPointF(std::floor(inward(box.left(), box.right(), page.width())),
+                   std::floor(inward(box.top(), box.bottom(), page.height())))
+        .toPoint();
+}
+
 QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel &screen,
                           const QSize &from)
 {
@@ -77,11 +89,7 @@ QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel
     QVector<Content> pasted;
     for (const CItemModel *each : items)
         pasted.append(contentOf(*each));
-    QPoint base;
-    if (from.isEmpty() || from.width() > page.width() || from.height() > page.height())
-        base = QPointF(std::floor(inward(box.left(), box.right(), page.width())),
-                       std::floor(inward(box.top(), box.bottom(), page.height())))
-                   .toPoint();
+    const QPoint base = ontoPage(items, screen, from);
 
     QSet<Content> present;
     for (int row = 0; row < screen.rowCount(); ++row)

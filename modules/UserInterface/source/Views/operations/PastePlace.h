@@ -15,6 +15,8 @@ constexpr int Step = 10; ///< pixels to the right and down; back, where the page
 /// By how much. The items stand where they were copied, on a page of the size `from`; an empty one
 /// is unknown, and they must be on this page.
 QPoint offset(const QVector<CItemModel *> &items, const CScreenModel &screen, const QSize &from);
+/// The part of it that brings them from a larger page onto this one.
+QPoint ontoPage(const QVector<CItemModel *> &items, const CScreenModel &screen, const QSize &from);
 /// Moves an item that is in no project yet, with all its members.
 void move(CItemModel &item, const QPoint &by);
 } // namespace PastePlace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PaletteEntry.h"
+
 #include <QListWidget>
 
 #include <array>
@@ -15,8 +17,8 @@ class CWidgetSelectionView : public QListWidget
     Q_OBJECT
 
 public:
-    static constexpr int TypeRole = Qt::UserRole; ///< of an entry: its type name
-    static constexpr int MostUsed = 6;            ///< kinds that count as used last
+    static constexpr int TypeRole = PaletteEntry::TypeRole;
+    static constexpr int MostUsed = 6; ///< kinds that count as used last
 
     enum EShelf { Favourites, LastUsed, ShelfCount };
 

@@ -64,6 +64,22 @@ void CSelectionCommands::pasteInPlace()
     paste(QPoint());
 }
 
+void CSelectionCommands::pasteToReplace()
+{
+    const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+    if (!ItemOperations::canPaste(copied)) {
+        Q_EMIT message(tr("The clipboard holds no widgets, so nothing was replaced."));
+        return;
+    }
+    QString problem;
+    const QVector<CItemModel *> pasted =
+        ItemOperations::replace(*screen(), selectedItems(), *copied, &problem);
+    if (!problem.isEmpty())
+        Q_EMIT message(problem);
+    if (!pasted.isEmpty())
+        m_scene->chooseModelItems(pasted);
+}
+
 void CSelectionCommands::duplicate()
 {
     const QVector<CItemModel *> items = selectedItems();

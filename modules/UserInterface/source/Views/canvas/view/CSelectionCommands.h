@@ -30,6 +30,8 @@ public:
     void paste();
     /// To where it was copied.
     void pasteInPlace();
+    /// In the place of each selected item; selects what was pasted.
+    void pasteToReplace();
     /// Selects the copies. Those of what was duplicated last lie as far from it as it lies now from
     /// what it is a copy of, so that a row grows evenly.
     void duplicate();
