@@ -4,6 +4,7 @@
 #include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CCommandDeleteItem.h"
+#include "CCommandDeleteScreen.h"
 #include "CImageChooser.h"
 #include "CPageOperations.h"
 #include "CProjectModel.h"
@@ -61,6 +62,8 @@ private Q_SLOTS:
     void undoAfterSaveAs();
     void fromAnotherProject_data();
     void fromAnotherProject();
+    void fontsFromAnotherProject_data();
+    void fontsFromAnotherProject();
     void examples_data();
     void examples();
 
@@ -279,6 +282,72 @@ void tst_ImageJourney::fromAnotherProject()
     stack.setIndex(2);
     QVERIFY(editor.session.save());
     QCOMPARE(picture(editor), mine);
+}
+
+void tst_ImageJourney::fontsFromAnotherProject_data()
+{
+    QTest::addColumn<bool>("isPage");
+    QTest::newRow("page") << true;
+    QTest::newRow("items") << false;
+}
+
+/// Texts look as where they were copied, also where their handle is another font's, and the other
+/// project may go.
+void tst_ImageJourney::fontsFromAnotherProject()
+{
+    QFETCH(bool, isPage);
+    const auto open = [this](Editor &editor, const QString &folder, double size) {
+        QDir().mkpath(at(folder));
+        writeFile(at(folder + "/demo.nyx"),
+                  "<Kiv_Project_T project_name=\"x\" platform=\"QX110\" width=\"200\" "
+                  "height=\"100\"><Kiv_Screen_T name=\"Page\"><Kiv_Text_T name=\"t\" font=\"0\" "
+                  "text=\"A a\"/></Kiv_Screen_T></Kiv_Project_T>");
+        QVERIFY(editor.session.openFile(at(folder + "/demo.nyx")));
+        ProjectFontList fonts(1);
+        fonts[0].size = size;
+        fonts[0].file = QStringLiteral(KIV_TEST_FONTS "/variable.woff2");
+        QCOMPARE(FontFiles::bringIn(*editor.project(), fonts), QString());
+        editor.stack().beginMacro({});
+        editor.stack().push(new CCommandChangeFonts(editor.project(), fonts));
+        editor.stack().endMacro();
+        QVERIFY(editor.session.save());
+    };
+    Editor editor;
+    open(editor, "mine", 12);
+    std::unique_ptr<QMimeData> copied;
+    QImage wanted;
+    {
+        Editor other;
+        open(other, "other", 40);
+        wanted = picture(other);
+        QString error;
+        copied.reset(isPage ? CPageOperations::copy({other.project()->screen(0)}, &error)
+                            : ItemOperations::toMimeData({other.item(0)}));
+    }
+    QVERIFY(picture(editor) != wanted);
+    const QByteArray before = editor.project()->saveToBytes(nullptr);
+    for (int time = 0; time < 2; ++time) { // the second one shares the font of the first
+        if (isPage)
+            QCOMPARE(CPageOperations(editor.project()).paste(copied.get()), QString());
+        else
+            ItemOperations::paste(*editor.project()->screen(0), *copied, nullptr, QPoint());
+        QCOMPARE(editor.project()->fonts().size(), 2);
+    }
+    editor.stack().undo();
+    const QByteArray after = editor.project()->saveToBytes(nullptr);
+    QVERIFY(!after.contains("/other"));
+    QVERIFY(QDir(at("other")).removeRecursively());
+    // What came is looked at.
+    if (isPage)
+        editor.stack().push(new CCommandDeleteScreen(editor.project()->screen(0)));
+    else
+        editor.stack().push(new CCommandDeleteItem({editor.item(1)}));
+    QVERIFY(editor.session.save());
+    QCOMPARE(picture(editor), wanted);
+    editor.stack().undo();
+    QCOMPARE(editor.project()->saveToBytes(nullptr), after);
+    editor.stack().undo();
+    QCOMPARE(editor.project()->saveToBytes(nullptr), before);
 }
 
 void tst_ImageJourney::examples_data()

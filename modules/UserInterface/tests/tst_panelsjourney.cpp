@@ -248,6 +248,7 @@ private Q_SLOTS:
         auto *tree = m_window->findChild<CProjectExplorerView *>();
         tree->collapseAll();
         const auto rows = [tree] {
+            tree->scrollToTop();
             QStringList names;
             for (QModelIndex at = tree->indexAt({20, 4}); at.isValid(); at = tree->indexBelow(at))
                 names.append(at.data().toString());

@@ -4,6 +4,7 @@
 #include "CCommandDeleteScreen.h"
 #include "CCommandPasteScreen.h"
 #include "CFileWriter.h"
+#include "CFontImport.h"
 #include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -47,6 +48,10 @@ QMimeData *CPageOperations::copy(const Screens &screens, QString *error)
         return nullptr;
     auto *data = new QMimeData;
     data->setData(ScreenDocuments::CopiedScreensMime, ScreenDocuments::toClipboard(xml));
+    const QVector<const CItemModel *> items(screens.begin(), screens.end());
+    const QByteArray fonts = CFontImport::copied(*screens.constFirst()->project(), items);
+    if (!fonts.isEmpty())
+        data->setData(CFontImport::Mime, fonts);
     return data;
 }
 
@@ -78,7 +83,8 @@ QString CPageOperations::paste(const QMimeData *data)
     std::optional<SItemElement> root = ScreenDocuments::copiedScreens(xml, &error);
     if (root)
         error = refusalOf(*root);
-    return error.isEmpty() ? addScreens(*root, tr("Paste Page"), Values::Canonical)
+    return error.isEmpty() ? addScreens(*root, tr("Paste Page"), Values::Canonical,
+                                        data->data(CFontImport::Mime))
                            : tr("What was copied cannot be pasted: %1").arg(error);
 }
 
@@ -110,12 +116,15 @@ QString CPageOperations::refusalOf(const SItemElement &root) const
                                  : ScreenDocuments::savingRefusal(root, m_project);
 }
 
-QString CPageOperations::addScreens(SItemElement &root, const QString &macroText, Values values)
+QString CPageOperations::addScreens(SItemElement &root, const QString &macroText, Values values,
+                                    const QByteArray &fonts)
 {
     CImageImport images(m_project);
     const QString error = images.bring(root);
     if (!error.isEmpty())
         return error;
+    CFontImport fontImport(m_project);
+    const QString lack = fontImport.bring(root, fonts);
     QUndoStack *stack = m_project->undoStack();
     ItemNames::Names taken = ItemNames::ofScreens(*m_project);
     const auto unused = std::make_shared<SUnused>(*m_project);
@@ -128,13 +137,15 @@ QString CPageOperations::addScreens(SItemElement &root, const QString &macroText
         }
     }
     stack->beginMacro(macroText);
+    if (QUndoCommand *change = fontImport.command())
+        stack->push(change);
     for (SItemElement &element : root.children)
         stack->push(
             new CCommandPasteScreen(m_project, std::move(element), m_project->rowCount(), unused));
     if (values == Values::Canonical)
         makeValuesCanonical();
     stack->endMacro();
-    return images.missing();
+    return images.missing().isEmpty() ? lack : images.missing();
 }
 
 void CPageOperations::makeValuesCanonical()

@@ -41,7 +41,8 @@ private:
     enum class Values { AsTheyAre, Canonical };
 
     QString refusalOf(const SItemElement &root) const;
-    QString addScreens(SItemElement &root, const QString &macroText, Values values);
+    QString addScreens(SItemElement &root, const QString &macroText, Values values,
+                       const QByteArray &fonts = {});
     void makeValuesCanonical();
 
     CProjectModel *const m_project; ///< not owned

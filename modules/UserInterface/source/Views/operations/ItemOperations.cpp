@@ -9,6 +9,7 @@
 #include "CCommandOrderItem.h"
 #include "CCommandPaste.h"
 #include "CCommandUngroupItem.h"
+#include "CFontImport.h"
 #include "CImageImport.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -286,6 +287,9 @@ QMimeData *ItemOperations::toMimeData(const Items &items)
     const QSize page = items.constFirst()->project()->resolution();
     data->setData(PageSizeMime,
                   QStringLiteral("%1 %2").arg(page.width()).arg(page.height()).toLatin1());
+    const QByteArray fonts = CFontImport::copied(*items.constFirst()->project(), copied);
+    if (!fonts.isEmpty())
+        data->setData(CFontImport::Mime, fonts);
     return data;
 }
 
@@ -344,6 +348,10 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
         *problem = error.isEmpty() ? images.missing() : error;
     if (!error.isEmpty())
         return nullptr;
+    CFontImport fonts(screen.project());
+    const QString lack = fonts.bring(*copied, data.data(CFontImport::Mime));
+    if (problem && problem->isEmpty())
+        *problem = lack; // texts are pasted all the same
     // Ids, names and place are settled before the command is made: they are no change of the pasted
     // items.
     auto holding = std::make_unique<CScreenModel>(screen.project());
@@ -372,7 +380,11 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
         ItemNames::makeUnique(*each, taken);
     }
     *pasted = copies;
-    return std::make_unique<CCommandPaste>(&screen, std::move(holding));
+    auto step = std::make_unique<QUndoCommand>(QObject::tr("Paste"));
+    if (!fonts.command(step.get()))
+        return std::make_unique<CCommandPaste>(&screen, std::move(holding));
+    new CCommandPaste(&screen, std::move(holding), step.get());
+    return step;
 }
 } // namespace
 
