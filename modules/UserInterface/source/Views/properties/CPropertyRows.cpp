@@ -25,11 +25,17 @@ CPropertyRows::CPropertyRows(QtTreePropertyBrowser *browser, CPropertyEditorFact
       m_tree(browser->findChild<QTreeWidget *>())
 {
     m_tree->viewport()->installEventFilter(this);
+    m_tree->installEventFilter(this);
     connect(factory, &CPropertyEditorFactory::nextWanted, this, &CPropertyRows::goOn);
 }
 
 bool CPropertyRows::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_tree) {
+        if (event->type() == QEvent::KeyPress)
+            m_delegate->setPart(0); // a row that keys open begins with its first value
+        return false;
+    }
     if (event->type() == QEvent::MouseButtonPress) {
         const auto &press = *static_cast<QMouseEvent *>(event);
         pressed(press);

@@ -310,6 +310,13 @@ private Q_SLOTS:
         QCOMPARE(box->propertyText("x_coordinate"), "7");
         QCOMPARE(stack().count(), 3);
         QVERIFY(!tree()->viewport()->isAncestorOf(qApp->focusWidget()));
+        enter(edit<QSpinBox>("y_coordinate"), "1"); // the second was edited last
+        tree()->setFocus();
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return})
+            QTest::keyClick(tree(), key);
+        QTest::keyClicks(qApp->focusWidget(), "50");
+        QTest::keyClick(qApp->focusWidget(), Qt::Key_Return);
+        QCOMPARE(box->propertyText("width"), "50");
     }
 
     /// The stack's action stands for the one in the window's menu.
