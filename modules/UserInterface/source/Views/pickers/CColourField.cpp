@@ -161,10 +161,10 @@ void CColourField::paintKnob(QPainter *painter, int part, const QPointF &middle)
 {
     const bool isCurrent = hasFocus() && m_part == part;
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(QColor(0, 0, 0, 160), 4));
-    painter->drawEllipse(middle, Knob - 1, Knob - 1);
     painter->setPen(
-        QPen(isCurrent ? palette().color(QPalette::Highlight).lighter(130) : QColor(Qt::white), 2));
+        QPen(isCurrent ? palette().color(QPalette::Highlight) : QColor(0, 0, 0, 160), 5));
+    painter->drawEllipse(middle, Knob - 1, Knob - 1);
+    painter->setPen(QPen(Qt::white, 2));
     painter->drawEllipse(middle, Knob - 1, Knob - 1);
 }
 

@@ -58,6 +58,57 @@ private Q_SLOTS:
         QCOMPARE(stack().count(), 0);
     }
 
+    /// A user's library: without sections one list; with odd ones each row is still there once.
+    void librariesOfUsers_data()
+    {
+        QTest::addColumn<QString>("section");
+        QTest::addColumn<int>("headings");
+        QTest::newRow("none") << QString() << 0;
+        QTest::newRow("empty") << "section=''" << 0;
+        QTest::newRow("called as a property") << "section='x_coordinate'" << 1;
+        QTest::newRow("markup") << "section='&lt;b&gt;&amp;&#10;%1'" << 1;
+    }
+
+    void librariesOfUsers()
+    {
+        QFETCH(QString, section);
+        QFETCH(int, headings);
+        const QTemporaryDir folder;
+        const QString file = written(
+            folder.filePath("library.xml"),
+            QString(
+                "<widgetlibrary><toolboxgroup name='G'><widget type='K_T'><properties>"
+                "<property name='name' type='string' value='K'/>"
+                "<property name='x_coordinate' type='int' %1/><property name='height' type='int'/>"
+                "<property name='width' type='int'/><property name='y_coordinate' type='int'/>"
+                "</properties></widget></toolboxgroup></widgetlibrary>")
+                .arg(section)
+                .toUtf8());
+        m_view->setProject(nullptr);
+        m_project.reset();
+        QVERIFY(CWidgetLibraryManager::instance().initialise(
+            file, {0x100, 0x101, 0x110, 0x111, 0x112, 0x113}));
+        m_project = newTestProject();
+        m_view->setProject(m_project.get());
+        show("K_T");
+        int found = 0;
+        QStringList rows;
+        for (int row = 0; row < tree()->topLevelItemCount(); ++row) {
+            QTreeWidgetItem *each = tree()->topLevelItem(row);
+            QVERIFY(!each->isHidden()); // nothing is a pair here
+            if (layout()->isHeading(each))
+                ++found;
+            else
+                rows.append(each->text(0));
+        }
+        QCOMPARE(rows.join(' '), "name x_coordinate height width y_coordinate");
+        QCOMPARE(found, headings);
+        QVERIFY(m_view->edit("width"));
+        m_view->setProject(nullptr);
+        m_project.reset();
+        loadWidgetLibrary();
+    }
+
     /// By mouse and keyboard; they stay closed for the next item.
     void sectionsCloseAndOpen()
     {
