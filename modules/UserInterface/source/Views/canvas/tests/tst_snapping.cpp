@@ -144,8 +144,13 @@ private Q_SLOTS:
         row("a small one", "small", {103, 103}, {202, 61}, "", {300, 161, 6, 6});
         row("a turned one by its outline", "turned", {120, 115}, {192, 51}, "", {300, 146, 30, 40});
         row("a group by its frame", "group", {105, 105}, {223, 21}, "", {320, 121, 40, 30});
+        row("a group a little way: its members do not hold it", "group", {105, 105}, {4, 4}, "",
+            {104, 106, 40, 30});
         row("a round one", "circle", {100, 100}, {253, 70}, "", {330, 150, 40, 40});
         row("locked: nothing", "locked", {120, 115}, {217, 61}, "", {100, 100, 40, 30});
+        row("on the grid, whatever else is on", "box", {120, 115}, {217, 61}, "g",
+            {320, 160, 40, 30});
+        row("one end of a line", "arrow resize 3", {140, 130}, {157, 30}, "", {100, 100, 200, 60});
         row("resized: right to left", "resize 3", {140, 130}, {157, 30}, "", {100, 100, 200, 60});
         row("resized: bottom to the page", "resize 4", {120, 130}, {3, 139}, "",
             {100, 100, 40, 172});
@@ -168,13 +173,22 @@ private Q_SLOTS:
         QFETCH(QRectF, expected);
         Canvas canvas;
         canvas.screen->setGuides({{Qt::Vertical, 30}});
-        appendBox(canvas.screen, 300, 200, 60, 40)->setLocked(true); // a reference all the same
+        CItemModel *other = appendBox(canvas.screen, 300, 200, 60, 40);
+        other->setLocked(true); // a reference all the same
+        other->setHidden(true);
+        CEditorState::instance()->setSnapToGrid(keys.contains('g'));
         CItemModel *item = nullptr;
         if (kind.startsWith("line")) {
             item = appendWidget(canvas.screen, "Kiv_Polyline_T",
                                 {{PropertyKey::X, 100},
                                  {PropertyKey::Y, 100},
                                  {PropertyKey::PointList, "0,0;80,60"}});
+        } else if (kind.startsWith("arrow")) {
+            item = appendWidget(canvas.screen, "Kiv_Line_T",
+                                {{PropertyKey::X, 100},
+                                 {PropertyKey::Y, 100},
+                                 {PropertyKey::X2, 140},
+                                 {PropertyKey::Y2, 130}});
         } else if (kind.startsWith("circle")) {
             item = appendWidget(
                 canvas.screen, "Kiv_Circle_T",
@@ -197,7 +211,7 @@ private Q_SLOTS:
         }
         canvas.select({});
         if (kind.contains("resize") || kind == "line") // handles come with the selection
-            canvas.click(kind == "line" ? QPointF(120, 115) : QPointF(110, 112));
+            canvas.click(kind == "line" ? QPointF(120, 115) : QPointF(112, 110));
         canvas.stack.clear();
         const QByteArray before = savedBytes(*canvas.project);
         const auto held = [&](bool isEnd) {
@@ -215,7 +229,8 @@ private Q_SLOTS:
             QTest::keyRelease(canvas.view.get(), Qt::Key_Control, Qt::ControlModifier);
         const bool isMarked =
             !canvas.view->screenScene()->snapping().marks()->shown().lines.isEmpty();
-        QCOMPARE(isMarked, !held(true).testFlag(Qt::ControlModifier) && kind != "locked");
+        QCOMPARE(isMarked, !held(true).testFlag(Qt::ControlModifier) && kind != "locked" &&
+                               !keys.contains('g'));
         const CItemView *view = canvas.viewOf(item);
         const auto taken = [&] {
             if (kind == "line")
