@@ -152,6 +152,8 @@ private Q_SLOTS:
             {320, 160, 40, 30});
         row("one end of a line", "arrow resize 3", {140, 130}, {157, 30}, "", {100, 100, 200, 60});
         row("resized: right to left", "resize 3", {140, 130}, {157, 30}, "", {100, 100, 200, 60});
+        row("resized: the middle to the page's", "resize 3", {140, 130}, {237, 30}, "",
+            {100, 100, 280, 60});
         row("resized: bottom to the page", "resize 4", {120, 130}, {3, 139}, "",
             {100, 100, 40, 172});
         row("resized with Control", "resize 3", {140, 130}, {157, 30}, "c", {100, 100, 197, 60});
