@@ -122,7 +122,7 @@ CSnapMarks::CSnapMarks()
 void CSnapMarks::show(const SSnapped &snapped)
 {
     m_shown = snapped;
-    setVisible(true);
+    setVisible(!snapped.lines.isEmpty() || !snapped.gaps.isEmpty());
     update();
 }
 
