@@ -2,14 +2,21 @@
 
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QTimer>
 
 CBatchTab::CBatchTab(QDockWidget *batch, QDockWidget *properties)
     : QObject(batch), m_batch(batch), m_properties(properties)
 {
     connect(batch, &QDockWidget::visibilityChanged, this,
             [this](bool isSeen) { m_isBatchSeen = isSeen; });
-    connect(properties, &QDockWidget::visibilityChanged, this,
-            [this](bool isSeen) { m_arePropertiesSeen = isSeen; });
+    connect(properties, &QDockWidget::visibilityChanged, this, [this](bool isSeen) {
+        m_arePropertiesSeen = isSeen;
+        if (m_isAwaited) // when the window has laid them out
+            QTimer::singleShot(0, this, [this] {
+                if (m_isAwaited)
+                    raise();
+            });
+    });
 }
 
 /// One tab bar for both.
@@ -26,7 +33,15 @@ void CBatchTab::follow(const QList<CItemModel *> &shown)
     if (areSeveral == m_areSeveral)
         return;
     m_areSeveral = areSeveral;
-    if (areSeveral) {
+    m_isAwaited = !m_properties->isVisible();
+    if (!m_isAwaited)
+        raise();
+}
+
+void CBatchTab::raise()
+{
+    m_isAwaited = false;
+    if (*m_areSeveral) {
         m_hasRaised = isShared() && m_arePropertiesSeen;
         if (m_hasRaised)
             m_batch->raise();

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QObject>
 
+#include <optional>
+
 class CBatchEditView;
 class CItemModel;
 class QDockWidget;
@@ -22,11 +24,13 @@ public:
 
 private:
     bool isShared() const;
+    void raise();
 
     QDockWidget *const m_batch;
     QDockWidget *const m_properties;
     bool m_isBatchSeen = false;
     bool m_arePropertiesSeen = false;
-    bool m_areSeveral = false;
-    bool m_hasRaised = false; ///< this and not the user
+    std::optional<bool> m_areSeveral; ///< selected; nothing before the first project
+    bool m_isAwaited = false;         ///< the docks have yet to be shown
+    bool m_hasRaised = true;          ///< this and not the user, also before the program ended
 };
