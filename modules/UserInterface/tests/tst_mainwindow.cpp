@@ -1,5 +1,6 @@
 #include "CActionCentre.h"
 #include "CActionFinder.h"
+#include "CBatchTab.h"
 #include "CCommandChangeItemProperty.h"
 #include "CCommandChangeOptions.h"
 #include "CDialogAnswers.h"
@@ -482,6 +483,37 @@ private Q_SLOTS:
         }
         dock->close(); // by its button
         QVERIFY(!action->isChecked());
+    }
+
+    /// The batch edit shares the property panel's tab, also in a layout from before there was one;
+    /// it comes forward for several items, and a tab that the user has chosen stays.
+    void batchEditComesForward()
+    {
+        auto *batch = m_window->findChild<QDockWidget *>("batchEdit");
+        auto *properties = m_window->findChild<QDockWidget *>("widgetProperties");
+        batch->setObjectName("notYet");
+        m_window->close(); // which keeps the layout
+        m_window = std::make_unique<CMainWindow>();
+        batch = m_window->findChild<QDockWidget *>("batchEdit");
+        properties = m_window->findChild<QDockWidget *>("widgetProperties");
+        QCOMPARE(m_window->tabifiedDockWidgets(batch), QList<QDockWidget *>{properties});
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        CBatchTab tab(batch, properties);
+        const auto isFront = [](const QDockWidget *dock) { return dock->geometry().right() > 0; };
+        const auto follow = [&tab](int count) {
+            tab.follow(QList<CItemModel *>::fromVector(QVector<CItemModel *>(count)));
+        };
+        batch->raise(); // what is in front is told when it changes
+        properties->raise();
+        for (const int count : {2, 1, 3}) {
+            follow(count);
+            QTRY_COMPARE(isFront(batch), count > 1);
+        }
+        properties->raise(); // by its tab
+        follow(0);
+        follow(1);
+        QTRY_VERIFY(isFront(properties) && !isFront(batch));
     }
 
     /// For the chip that was just chosen; also of pages that were never shown, and by the name that

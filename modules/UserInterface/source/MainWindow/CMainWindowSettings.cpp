@@ -21,9 +21,41 @@
 #include "CZoomComboWidget.h"
 #include "ShownText.h"
 
+#include <QDataStream>
 #include <QDir>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QStatusBar>
+
+namespace {
+/// A layout that an earlier version has kept lacks the docks that it did not have: they stay with
+/// those whose place they share.
+void restoreLayout(QMainWindow &window, const QByteArray &layout)
+{
+    struct SNew
+    {
+        QDockWidget *dock;
+        QDockWidget *partner;
+        bool isHidden;
+    };
+    QVector<SNew> lacking;
+    for (QDockWidget *each : window.findChildren<QDockWidget *>()) {
+        QByteArray name;
+        QDataStream stream(&name, QIODevice::WriteOnly);
+        stream << each->objectName();
+        const QList<QDockWidget *> partners = window.tabifiedDockWidgets(each);
+        if (!layout.contains(name) && !partners.isEmpty())
+            lacking.append({each, partners.constFirst(), each->isHidden()});
+    }
+    if (!window.restoreState(layout))
+        return;
+    for (const SNew &each : qAsConst(lacking)) {
+        window.tabifyDockWidget(each.partner, each.dock);
+        each.dock->setHidden(each.isHidden);
+        each.partner->raise();
+    }
+}
+} // namespace
 
 SSettings CMainWindow::readSettings()
 {
@@ -63,7 +95,7 @@ void CMainWindow::useSettings(const SSettings &values)
     if (values.isMaximized)
         setWindowState(windowState() | Qt::WindowMaximized);
     if (!values.windowState.isEmpty())
-        restoreState(values.windowState);
+        restoreLayout(*this, values.windowState);
     Q_EMIT setZoom(values.zoomPercent, values.zoomType);
     Q_EMIT setGrid(values.showGrid, values.gridSize, values.gridColor, values.gridType);
     m_recent->setPaths(values.latestProjects);
