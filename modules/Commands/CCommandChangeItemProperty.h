@@ -17,6 +17,12 @@ public:
     void redo() override { apply(m_newValue); }
     void undo() override { apply(m_oldValue); }
 
+    // For who tells what the step does.
+    const CItemModel *item() const { return m_item; }
+    const QString &key() const { return m_key; }
+    const QVariant &oldValue() const { return m_oldValue; }
+    const QVariant &newValue() const { return m_newValue; }
+
 private:
     void apply(const QVariant &value);
 

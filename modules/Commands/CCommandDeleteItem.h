@@ -16,6 +16,7 @@ public:
 
     void redo() override;
     void undo() override;
+    int itemCount() const { return m_rows.size(); }
 
 private:
     QStandardItemModel *const m_project; ///< not owned; owns the stack that owns this command

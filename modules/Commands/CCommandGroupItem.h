@@ -15,6 +15,7 @@ public:
 
     void redo() override;
     void undo() override;
+    int itemCount() const { return m_rows.size(); }
 
 private:
     QStandardItem *const m_oldParent; ///< not owned

@@ -18,6 +18,7 @@ public:
 
     void redo() override;
     void undo() override;
+    const RowOperations::Items &items() const { return m_items; }
 
 private:
     /// What leaves one parent, in the order of its rows.

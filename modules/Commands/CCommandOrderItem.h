@@ -16,6 +16,7 @@ public:
 
     void redo() override { move(m_oldRows, m_newRows); }
     void undo() override { move(m_newRows, m_oldRows); }
+    const RowOperations::Items &items() const { return m_items; }
 
 private:
     void move(const RowOperations::Rows &from, const RowOperations::Rows &to);

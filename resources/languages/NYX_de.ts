@@ -914,6 +914,31 @@
     </message>
 </context>
 <context>
+    <name>CHistoryDock</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+</context>
+<context>
+    <name>CHistoryModel</name>
+    <message>
+        <source>Beginning</source>
+        <translation>Anfang</translation>
+    </message>
+    <message>
+        <source>%1 (saved)</source>
+        <translation>%1 (gespeichert)</translation>
+    </message>
+</context>
+<context>
+    <name>CHistoryView</name>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+</context>
+<context>
     <name>CItemFacets</name>
     <message>
         <source>Page</source>
@@ -3284,6 +3309,105 @@ Installierte Version: </translation>
     <message>
         <source>The document has no element %1.</source>
         <translation>Das Dokument hat kein Element %1.</translation>
+    </message>
+</context>
+<context>
+    <name>StepNames</name>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
+    <message>
+        <source>Move %1 items</source>
+        <translation>%1 Elemente verschieben</translation>
+    </message>
+    <message>
+        <source>Resize %1</source>
+        <translation>Größe von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Resize %1 items</source>
+        <translation>Größe von %1 Elementen ändern</translation>
+    </message>
+    <message>
+        <source>Turn %1</source>
+        <translation>%1 drehen</translation>
+    </message>
+    <message>
+        <source>Turn %1 items</source>
+        <translation>%1 Elemente drehen</translation>
+    </message>
+    <message>
+        <source>Bring %1 to the front</source>
+        <translation>%1 in den Vordergrund</translation>
+    </message>
+    <message>
+        <source>Bring %1 items to the front</source>
+        <translation>%1 Elemente in den Vordergrund</translation>
+    </message>
+    <message>
+        <source>Send %1 to the back</source>
+        <translation>%1 in den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Send %1 items to the back</source>
+        <translation>%1 Elemente in den Hintergrund</translation>
+    </message>
+    <message>
+        <source>Bring %1 forward</source>
+        <translation>%1 eine Ebene nach vorne</translation>
+    </message>
+    <message>
+        <source>Bring %1 items forward</source>
+        <translation>%1 Elemente eine Ebene nach vorne</translation>
+    </message>
+    <message>
+        <source>Send %1 backward</source>
+        <translation>%1 eine Ebene nach hinten</translation>
+    </message>
+    <message>
+        <source>Send %1 items backward</source>
+        <translation>%1 Elemente eine Ebene nach hinten</translation>
+    </message>
+    <message>
+        <source>Move %1 in the order</source>
+        <translation>%1 in der Reihenfolge verschieben</translation>
+    </message>
+    <message>
+        <source>Move %1 items in the order</source>
+        <translation>%1 Elemente in der Reihenfolge verschieben</translation>
+    </message>
+    <message>
+        <source>Lock or unlock %1</source>
+        <translation>%1 sperren oder entsperren</translation>
+    </message>
+    <message>
+        <source>Lock or unlock %1 items</source>
+        <translation>%1 Elemente sperren oder entsperren</translation>
+    </message>
+    <message>
+        <source>Delete %1 items</source>
+        <translation>%1 Elemente löschen</translation>
+    </message>
+    <message>
+        <source>Cut %1 items</source>
+        <translation>%1 Elemente ausschneiden</translation>
+    </message>
+    <message>
+        <source>Group %1 items</source>
+        <translation>%1 Elemente gruppieren</translation>
+    </message>
+    <message>
+        <source>Rename %1 to %2</source>
+        <translation>%1 in %2 umbenennen</translation>
+    </message>
+    <message>
+        <source>Clear %1 of %2</source>
+        <translation>%1 von %2 leeren</translation>
+    </message>
+    <message>
+        <source>Set %1 of %2 to %3</source>
+        <translation>%1 von %2 auf %3 setzen</translation>
     </message>
 </context>
 <context>

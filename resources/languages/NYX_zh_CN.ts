@@ -914,6 +914,31 @@
     </message>
 </context>
 <context>
+    <name>CHistoryDock</name>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+</context>
+<context>
+    <name>CHistoryModel</name>
+    <message>
+        <source>Beginning</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>%1 (saved)</source>
+        <translation>%1（已保存）</translation>
+    </message>
+</context>
+<context>
+    <name>CHistoryView</name>
+    <message>
+        <source>No project</source>
+        <translation>没有项目</translation>
+    </message>
+</context>
+<context>
     <name>CItemFacets</name>
     <message>
         <source>Page</source>
@@ -3284,6 +3309,105 @@ Installed version: </source>
     <message>
         <source>The document has no element %1.</source>
         <translation>文档没有元素 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>StepNames</name>
+    <message>
+        <source>Move %1</source>
+        <translation>移动 %1</translation>
+    </message>
+    <message>
+        <source>Move %1 items</source>
+        <translation>移动 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Resize %1</source>
+        <translation>调整 %1 的大小</translation>
+    </message>
+    <message>
+        <source>Resize %1 items</source>
+        <translation>调整 %1 个元素的大小</translation>
+    </message>
+    <message>
+        <source>Turn %1</source>
+        <translation>旋转 %1</translation>
+    </message>
+    <message>
+        <source>Turn %1 items</source>
+        <translation>旋转 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Bring %1 to the front</source>
+        <translation>将 %1 置于最前</translation>
+    </message>
+    <message>
+        <source>Bring %1 items to the front</source>
+        <translation>将 %1 个元素置于最前</translation>
+    </message>
+    <message>
+        <source>Send %1 to the back</source>
+        <translation>将 %1 置于最后</translation>
+    </message>
+    <message>
+        <source>Send %1 items to the back</source>
+        <translation>将 %1 个元素置于最后</translation>
+    </message>
+    <message>
+        <source>Bring %1 forward</source>
+        <translation>将 %1 前移一层</translation>
+    </message>
+    <message>
+        <source>Bring %1 items forward</source>
+        <translation>将 %1 个元素前移一层</translation>
+    </message>
+    <message>
+        <source>Send %1 backward</source>
+        <translation>将 %1 后移一层</translation>
+    </message>
+    <message>
+        <source>Send %1 items backward</source>
+        <translation>将 %1 个元素后移一层</translation>
+    </message>
+    <message>
+        <source>Move %1 in the order</source>
+        <translation>调整 %1 的次序</translation>
+    </message>
+    <message>
+        <source>Move %1 items in the order</source>
+        <translation>调整 %1 个元素的次序</translation>
+    </message>
+    <message>
+        <source>Lock or unlock %1</source>
+        <translation>锁定或解锁 %1</translation>
+    </message>
+    <message>
+        <source>Lock or unlock %1 items</source>
+        <translation>锁定或解锁 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Delete %1 items</source>
+        <translation>删除 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Cut %1 items</source>
+        <translation>剪切 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Group %1 items</source>
+        <translation>组合 %1 个元素</translation>
+    </message>
+    <message>
+        <source>Rename %1 to %2</source>
+        <translation>将 %1 重命名为 %2</translation>
+    </message>
+    <message>
+        <source>Clear %1 of %2</source>
+        <translation>清除 %2 的 %1</translation>
+    </message>
+    <message>
+        <source>Set %1 of %2 to %3</source>
+        <translation>将 %2 的 %1 设为 %3</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,8 @@
 #include "CDialogAnswers.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
+#include "CHistoryDock.h"
+#include "CHistoryView.h"
 #include "CItemView.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
@@ -156,6 +158,69 @@ private Q_SLOTS:
         QCOMPARE(selected(), Items());
         stack->setIndex(0);
         QCOMPARE(selected(), a);
+    }
+
+    /// Steps by their names; a click leads to a state, however far, as one change of the canvas.
+    void history()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_window->historyDock()->show();
+        QListView *list = m_window->historyDock()->view();
+        const auto rows = [list] {
+            QStringList texts;
+            for (int row = 0; row < list->model()->rowCount(); ++row)
+                texts << list->model()->index(row, 0).data().toString();
+            return texts;
+        };
+        const auto go = [list](int row) {
+            list->scrollTo(list->model()->index(row, 0));
+            const QRect place = list->visualRect(list->model()->index(row, 0));
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place.center());
+        };
+        CProjectModel *project = m_window->project();
+        const QByteArray before = project->saveToBytes(nullptr);
+        CItemModel *b = select("B");
+        project->undoStack()->push(
+            new CCommandChangeItemProperty(b, PropertyKey::Name, "Frame", "B"));
+        project->undoStack()->push(
+            new CCommandChangeItemProperty(b, PropertyKey::Width, 50, b->propertyValue("width")));
+        project->undoStack()->setClean();
+        select("AC");
+        QTest::keyClick(m_screens->currentView(), Qt::Key_Right);
+        trigger(CMenuBar::BringForward);
+        trigger(CMenuBar::Delete);
+        select("Frame");
+        trigger(CMenuBar::Delete);
+        const QStringList names = {
+            "Beginning",    "Rename B to Frame", "Set width of Frame to 50 (saved)",
+            "Move 2 items", "Bring 2 items forward",   "Delete 2 items",
+            "Delete Frame"};
+        QCOMPARE(rows(), names);
+        QCOMPARE(list->currentIndex().row(), 6);
+        const QByteArray after = project->saveToBytes(nullptr);
+        go(0);
+        QCOMPARE(project->saveToBytes(nullptr), before);
+        QCOMPARE(list->currentIndex().row(), 0);
+        QVERIFY(list->model()->index(1, 0).data(CHistoryModel::UndoneRole).toBool());
+        go(6);
+        QCOMPARE(project->saveToBytes(nullptr), after);
+        go(2);
+        QCOMPARE(selected(), (Items{project->screen(0)->childItem(1)}));
+        project->undoStack()->push(new CCommandChangeItemProperty(b, PropertyKey::X, 1, 60));
+        QCOMPARE(rows(), (QStringList(names.mid(0, 3)) << "Set x_coordinate of Frame to 1"));
+
+        for (int step = 0; step < 300; ++step)
+            project->undoStack()->push(
+                new CCommandChangeItemProperty(b, PropertyKey::X, step % 2, 1 - step % 2));
+        QTRY_VERIFY(!CEmulatorAdapter::instance()->isBusy());
+        QCoreApplication::processEvents();
+        QSignalSpy frames(CEmulatorAdapter::instance(), &CEmulatorAdapter::emulatorFrameCallback);
+        go(0);
+        QTRY_VERIFY(!CEmulatorAdapter::instance()->isBusy());
+        QVERIFY(frames.size() <= 3); // of the canvas, and of small pictures
+        m_window->closeProject();
+        QCOMPARE(rows(), QStringList());
     }
 
     /// From the keys; what was selected first gives its size, and the reason for what is disabled

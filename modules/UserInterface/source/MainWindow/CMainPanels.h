@@ -34,6 +34,7 @@ public:
     explicit CMainPanels(CMainWindow *window);
 
     QDockWidget *explorerDock() const { return m_explorerDock; }
+    QDockWidget *navigatorDock() const { return m_navigatorDock; }
     QDockWidget *paletteDock() const { return m_paletteDock; }
     QDockWidget *propertiesDock() const { return m_propertiesDock; }
     QDockWidget *batchDock() const { return m_batchDock; }

@@ -14,6 +14,7 @@
 #include "CExportController.h"
 #include "CFindActions.h"
 #include "CGuideActions.h"
+#include "CHistoryDock.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMenuBar.h"
@@ -95,6 +96,8 @@ CMainWindow::CMainWindow(const QString &file)
     m_guides = new CGuideActions(this, m_panels, m_menuBar->menu(CMenuBar::ViewMenu));
     m_find = new CFindActions(this, m_panels, m_menuBar->menu(CMenuBar::EditMenu),
                               m_menuBar->menu(CMenuBar::WindowsMenu));
+    m_history =
+        new CHistoryDock(this, m_panels, m_undoGroup, m_menuBar->menu(CMenuBar::WindowsMenu));
     m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
                                  m_menuBar->menu(CMenuBar::WindowsMenu));
     m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));

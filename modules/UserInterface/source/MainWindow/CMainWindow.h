@@ -26,6 +26,7 @@ class CExportController;
 class CCheckActions;
 class CFindActions;
 class CHelpWindow;
+class CHistoryDock;
 class CItemModel;
 class CLanguageLoader;
 class CMainPanels;
@@ -72,6 +73,7 @@ public:
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
     CGuideActions *guideActions() const { return m_guides; }
     CFindActions *findActions() const { return m_find; }
+    CHistoryDock *historyDock() const { return m_history; }
     CCheckActions *checkActions() const { return m_checks; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
@@ -210,6 +212,7 @@ private:
     CGuideActions *m_guides = nullptr;
     CViewMemory *m_viewMemory = nullptr;
     CFindActions *m_find = nullptr;
+    CHistoryDock *m_history = nullptr;
     CCheckActions *m_checks = nullptr;
     CStyleActions *m_style = nullptr;
     CStartPage *m_startPage = nullptr;
