@@ -193,8 +193,8 @@ private Q_SLOTS:
         select("Frame");
         trigger(CMenuBar::Delete);
         const QStringList names = {
-            "Beginning",    "Rename B to Frame", "Set width of Frame to 50 (saved)",
-            "Move 2 items", "Bring 2 items forward",   "Delete 2 items",
+            "Beginning",    "Rename B to Frame",     "Set width of Frame to 50 (saved)",
+            "Move 2 items", "Bring 2 items forward", "Delete 2 items",
             "Delete Frame"};
         QCOMPARE(rows(), names);
         QCOMPARE(list->currentIndex().row(), 6);
@@ -206,7 +206,8 @@ private Q_SLOTS:
         go(6);
         QCOMPARE(project->saveToBytes(nullptr), after);
         go(2);
-        QCOMPARE(selected(), (Items{project->screen(0)->childItem(1)}));
+        QCOMPARE(selected(),
+                 (Items{project->screen(0)->childItem(0), project->screen(0)->childItem(2)}));
         project->undoStack()->push(new CCommandChangeItemProperty(b, PropertyKey::X, 1, 60));
         QCOMPARE(rows(), (QStringList(names.mid(0, 3)) << "Set x_coordinate of Frame to 1"));
 
@@ -219,6 +220,7 @@ private Q_SLOTS:
         go(0);
         QTRY_VERIFY(!CEmulatorAdapter::instance()->isBusy());
         QVERIFY(frames.size() <= 3); // of the canvas, and of small pictures
+        project->undoStack()->setClean();
         m_window->closeProject();
         QCOMPARE(rows(), QStringList());
     }

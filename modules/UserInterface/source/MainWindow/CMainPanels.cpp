@@ -88,6 +88,11 @@ void CMainPanels::layOut()
     m_window->splitDockWidget(m_propertiesDock, m_navigatorDock, Qt::Vertical);
     m_window->tabifyDockWidget(m_propertiesDock, m_batchDock);
     m_propertiesDock->raise();
+    shareSpace();
+}
+
+void CMainPanels::shareSpace()
+{
     const int half = m_window->height() / 2;
     const int quarter = m_window->width() / 4;
     m_window->resizeDocks({m_explorerDock, m_propertiesDock},

@@ -68,6 +68,8 @@ public:
     /// Takes that back, for a project that is about to be saved and closed without a question.
     void cancelGestures();
     void retranslate();
+    /// Gives the docks of a first start their sizes again, which those that others add disturb.
+    void shareSpace();
 
 Q_SIGNALS:
     /// All panels show what is selected now, which may be the same as before.

@@ -101,6 +101,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
                                  m_menuBar->menu(CMenuBar::WindowsMenu));
     m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));
+    m_panels->shareSpace(); // all docks are there
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
                               m_menuBar->action(CMenuBar::Options), this);
