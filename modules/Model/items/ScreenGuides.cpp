@@ -74,7 +74,8 @@ QString ScreenGuides::text(const ScreenGuideList &guides)
 ScreenGuideList ScreenGuides::fromText(const QString &text)
 {
     ScreenGuideList guides;
-    const QVector<QStringRef> parts = text.splitRef(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringRef sensible = text.leftRef(SScreenGuide::MostOfScreen * LongestGuide);
+    const QVector<QStringRef> parts = sensible.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QStringRef &each : parts) {
         if (guides.size() == SScreenGuide::MostOfScreen)
             break;
