@@ -93,6 +93,8 @@ bool isIn(CItemArrange::EWhat what, CItemArrange::EWhat first, CItemArrange::EWh
 QRectF CItemArrange::frameOf(const CItemModel &item)
 {
     const QRectF frame = ItemGeometry::frameOf(item);
+    if (!item.hasAngle() || item.angle() == 0)
+        return frame; // of many items at once, whose texts would be measured twice
     const SItemOutline outline = itemOutline(item);
     // Lines and arrows are "turned" along their direction, which their frame has in it already.
     if (outline.turn == 0 || item.geometryMode() == GeometryMode::TwoCorners)

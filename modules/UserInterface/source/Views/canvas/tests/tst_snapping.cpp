@@ -248,11 +248,21 @@ private Q_SLOTS:
             QCOMPARE(savedBytes(*canvas.project), before);
             return;
         }
+        QVERIFY(view->isSelected()); // Control has chosen nothing
         for (const double number : {item->x(), item->y(), item->width(), item->height()})
             QCOMPARE(number, std::round(number));
         if (member) // not held by its own group
             QCOMPARE(rectOf(member).topLeft(), expected.topLeft());
         canvas.checkOneStep(before);
+    }
+
+    void aCopyIsHeldByWhatItIsOf()
+    {
+        Canvas canvas;
+        appendBox(canvas.screen, 100, 100, 40, 30);
+        canvas.show();
+        canvas.drag({120, 115}, {123, 175}, Qt::AltModifier);
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(100, 160, 40, 30));
     }
 
     /// What is seen while it is dragged over the page is where it lands.
