@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -68,7 +69,7 @@ CShortcutDialog::CShortcutDialog(const QVector<CWindowActions::SAction> &actions
     m_list->setCurrentItem(m_list->topLevelItem(0));
     for (const int column : {Name, Menu})
         m_list->resizeColumnToContents(column);
-    resize(FirstSize);
+    resize(FirstSize.boundedTo(screen()->availableSize() * 9 / 10));
     m_search->setFocus();
 }
 

@@ -31,7 +31,7 @@ public:
 
     /// Another action that has these keys, or keys of which they are the beginning, or the other
     /// way round. Empty when they are free.
-    QString holder(const QKeySequence &keys, const QString &except) const;
+    QString holder(const QKeySequence &wanted, const QString &except) const;
     /// Gives an action these keys, and takes them from whoever has them.
     void setKeys(const QString &id, const Keys &keys);
     void reset(const QString &id);
@@ -47,7 +47,7 @@ public:
     static std::optional<QStringList> textsOfFile(const QByteArray &bytes);
 
 private:
-    void take(const QKeySequence &keys, const QString &from);
+    void take(const QKeySequence &wanted, const QString &from);
     void settle();
 
     QStringList m_ids;

@@ -15,6 +15,7 @@ constexpr int Whole = 30;
 constexpr int Start = 8;
 constexpr int Together = 8; // all that was typed stands there as it is
 constexpr int Elsewhere = 20;
+constexpr int LeastOfALetter = 2; // on average; below, letters are scattered
 constexpr int None = std::numeric_limits<int>::min() / 2;
 
 bool isWordStart(const QString &text, int at)
@@ -64,10 +65,20 @@ std::optional<int> scoreOfWord(const QString &word, const QString &written)
     const QString text = written.toLower();
     if (word.size() > text.size() || text.size() != written.size() || !isSubsequence(word, text))
         return {};
-    int score = bestWay(word, text, written);
-    if (score < 0)
+    const int score = bestWay(word, text, written);
+    if (score < LeastOfALetter * word.size())
         return {};
     return text.startsWith(word) ? score + Start : score;
+}
+/// Beside the name only whole beginnings of words count, or everything would answer to something.
+std::optional<int> scoreBeside(const QString &word, const QString &written)
+{
+    for (int at = written.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
+         at = written.indexOf(word, at + 1, Qt::CaseInsensitive)) {
+        if (isWordStart(written, at))
+            return WordStart + Beside * (word.size() - 1);
+    }
+    return {};
 }
 } // namespace
 
@@ -79,7 +90,7 @@ std::optional<int> FuzzyMatch::score(const QString &typed, const QString &name,
     int sum = 0;
     for (const QString &word : phrase.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         std::optional<int> best = scoreOfWord(word, shown);
-        const auto beside = scoreOfWord(word, context.left(MaxLetters));
+        const auto beside = scoreBeside(word, context.left(MaxLetters));
         if (beside && *beside - Elsewhere > best.value_or(None))
             best = *beside - Elsewhere;
         if (!best)

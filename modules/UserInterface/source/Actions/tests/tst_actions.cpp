@@ -57,6 +57,9 @@ private Q_SLOTS:
             {"Type | Grid", "Grid Type", "Type | Theme"}, {"Grid Type", "Type"});
         row("scattered letters are no match", "open",
             {"Outline of the upper eastern panel", "Open"}, {"Open"});
+        row("nor are they beside the name", "sel",
+            {"Schedule | Page", "Weekday | Segments", "All | Select", "Selected"},
+            {"Selected", "All"});
         row("case, spaces", "  ALIGN   le", {"align left"}, {"align left"});
         row("other letters", "\u00dcb", {"\u00fcber"}, {"\u00fcber"});
         row("not there", "xq", {"Text"}, {});
