@@ -233,7 +233,8 @@ private Q_SLOTS:
         row("C", "B", 0.1, "AG(CB)DH(EF)");
         row("B", "H", 0.5, "AG(C)DH(BEF)");
         row("G", "H", 0.5, "ADH(G(BC)EF)");
-        row("A", "F", -0.9, "G(BC)DH(EF)A"); // out of the group again
+        row("MA", "D", 0.9, "G(BC)DMAH(EF)"); // from two pages
+        row("A", "F", -0.9, "G(BC)DH(EF)A");  // out of the group again
         row("A", "Page 3", 0.5, "AG(BC)DH(EF)");
         row("A", "A", 0.9, "AG(BC)DH(EF)");
         row("G", "B", 0.9, "AG(BC)DH(EF)"); // not into itself
@@ -250,7 +251,7 @@ private Q_SLOTS:
         CScreenModel *page = m_project->screen(2);
         const QString before = "AG(BC)DH(EF)";
         fill(*page, before);
-        fill(*m_project->screen(1), "K(L)");
+        fill(*m_project->screen(1), "K(L)M");
         m_project->screen(1)->childItem(1)->setLocked(true);
         m_view->resize(240, 900);
         m_view->expandAll();

@@ -69,8 +69,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("first");
         for (const char *text : {"signal", "strength", "sig str", "SIGNAL strength"})
             QTest::newRow(text) << "Signal strength";
-        QTest::newRow("gauge") << "Gauge"; // and not "Arc gauge", which stands before it
-        QTest::newRow("line") << "Line";
+        QTest::newRow("clock") << "Clock";   // "Digital clock" stands before it
+        QTest::newRow("bar") << "Bar chart"; // and so does "Progress bar"
         QTest::newRow("text") << "Text";
         QTest::newRow("tton") << "Button";
         QTest::newRow("arc g") << "Arc gauge";
