@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 core=${KIV_BENCH_CORE:-$(($(nproc) - 1))}
 names=("$@")
 [ ${#names[@]} -gt 0 ] ||
-    names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_conversion
+    names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_search bench_conversion
         bench_canvas bench_bulk bench_snapping bench_startup bench_export)
 
 fetch_property_browser
