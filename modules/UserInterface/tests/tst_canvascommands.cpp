@@ -209,7 +209,7 @@ private Q_SLOTS:
         QCOMPARE(selected(),
                  (Items{project->screen(0)->childItem(0), project->screen(0)->childItem(2)}));
         project->undoStack()->push(new CCommandChangeItemProperty(b, PropertyKey::X, 1, 60));
-        QCOMPARE(rows(), (QStringList(names.mid(0, 3)) << "Set x_coordinate of Frame to 1"));
+        QCOMPARE(rows(), (QStringList(names.mid(0, 3)) << "Move Frame"));
 
         for (int step = 0; step < 300; ++step)
             project->undoStack()->push(

@@ -43,6 +43,7 @@ CFindActions::CFindActions(QMainWindow *window, CMainPanels *panels, QMenu *edit
     m_dock->hide();
     m_dock->toggleViewAction()->setObjectName(QStringLiteral("findWindow"));
     windowsMenu->addAction(m_dock->toggleViewAction());
+    connect(m_dock->toggleViewAction(), &QAction::triggered, m_dock, &QWidget::raise);
     editMenu->addSeparator();
     for (int what = 0; what < WhatCount; ++what) {
         auto *action = new QAction(window);

@@ -21,6 +21,7 @@ CHistoryDock::CHistoryDock(QMainWindow *window, CMainPanels *panels, QUndoGroup 
     hide();
     toggleViewAction()->setObjectName(QStringLiteral("historyWindow"));
     windowsMenu->addAction(toggleViewAction());
+    connect(toggleViewAction(), &QAction::triggered, this, &QWidget::raise);
     connect(group, &QUndoGroup::activeStackChanged, m_view, &CHistoryView::setStack);
     connect(m_view, &CHistoryView::aboutToGo, panels, &CMainPanels::finishEdits);
     retranslate();

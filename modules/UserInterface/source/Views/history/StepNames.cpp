@@ -92,6 +92,8 @@ QString changeText(const CCommandChangeItemProperty &change)
     if (change.key() == PropertyKey::Name)
         return CTexts::tr("Rename %1 to %2")
             .arg(shown(change.oldValue()), shown(change.newValue()));
+    if (change.key() == PropertyKey::X || change.key() == PropertyKey::Y) // such as by a key
+        return CTexts::tr("Move %1").arg(name);
     if (!change.newValue().isValid() || shown(change.newValue()).isEmpty())
         return CTexts::tr("Clear %1 of %2").arg(change.key(), name);
     return CTexts::tr("Set %1 of %2 to %3").arg(change.key(), name, shown(change.newValue()));
