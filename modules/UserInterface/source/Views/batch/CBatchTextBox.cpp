@@ -19,7 +19,7 @@ CBatchTextBox::CBatchTextBox(CBatchEditor *editor, const QString &key, QWidget *
         m_box,
         [this] {
             const QString text = m_box->toPlainText();
-            if (text != m_shown && !(m_isMixed && text.isEmpty()))
+            if (isBeingEdited() && text != m_shown && !(m_isMixed && text.isEmpty()))
                 this->editor()->set(this->key(), text);
             else
                 showAgain();
@@ -40,16 +40,19 @@ void CBatchTextBox::show(const CBatchItems::SProperty &property)
         showAgain();
 }
 
+/// The box gives some characters back as others: it is asked for its text only when it was edited.
 void CBatchTextBox::showAgain()
 {
     const QSignalBlocker noEdit(m_box);
-    if (m_box->toPlainText() != m_shown)
+    if (isBeingEdited() || m_loaded != m_shown)
         m_box->setPlainText(m_shown);
+    m_loaded = m_shown;
+    m_box->document()->setModified(false);
 }
 
 bool CBatchTextBox::isBeingEdited() const
 {
-    return m_box->toPlainText() != m_shown;
+    return m_box->document()->isModified();
 }
 
 void CBatchTextBox::commit()

@@ -26,5 +26,6 @@ private:
     QPlainTextEdit *const m_box;
     CPendingEdit *m_pending = nullptr;
     QString m_shown;
+    QString m_loaded; ///< into the box
     bool m_isMixed = false;
 };

@@ -178,6 +178,13 @@ private Q_SLOTS:
         items.at(0)->setLocked(true);
         m_view->refresh();
         QVERIFY(texts().contains("2 items \u00b7 1 locked, left out"));
+        const QList<CItemModel *> paragraphs = make("p");
+        paragraphs.first()->setProperty("text", QString("10\u00a0kW"));
+        m_view->showItems(paragraphs);
+        m_view->commit(); // of what nobody has typed
+        QVERIFY(!m_view->isBeingEdited());
+        QCOMPARE(paragraphs.first()->propertyText("text"), QString("10\u00a0kW"));
+        m_view->showItems(items);
         m_project->screen(0)->removeRow(items.at(1)->row());
         QVERIFY(!m_view->field("name"));
         m_view->showItems({items.at(0)});
