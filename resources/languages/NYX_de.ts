@@ -261,6 +261,18 @@
         <source>Gap between neighbours, in pixels:</source>
         <translation>Lücke zwischen Nachbarn in Pixel:</translation>
     </message>
+    <message>
+        <source>Align to &amp;Key Item</source>
+        <translation>Am &amp;Bezugselement ausrichten</translation>
+    </message>
+    <message>
+        <source>Align to one of the selected items, which stays; click it to choose it</source>
+        <translation>An einem der ausgewählten Elemente ausrichten, das stehen bleibt; ein Klick wählt es</translation>
+    </message>
+    <message>
+        <source>Select two or more items first</source>
+        <translation>Erst zwei oder mehr Elemente auswählen</translation>
+    </message>
 </context>
 <context>
     <name>CBatchColour</name>
@@ -2165,6 +2177,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>Change the properties of all selected items at once</source>
         <translation>Die Eigenschaften aller ausgewählten Objekte auf einmal ändern</translation>
     </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Vorheriger</translation>
+    </message>
+    <message>
+        <source>Zoom and place as before the last change</source>
+        <translation>Zoom und Ausschnitt wie vor der letzten Änderung</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -2234,6 +2254,22 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>Change Project Options</source>
         <translation>Projektoptionen ändern</translation>
+    </message>
+    <message>
+        <source> pixels</source>
+        <translation> Pixel</translation>
+    </message>
+    <message>
+        <source>Moving with the Arrow Keys</source>
+        <translation>Verschieben mit den Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>&amp;Step</source>
+        <translation>&amp;Schritt</translation>
+    </message>
+    <message>
+        <source>With S&amp;hift</source>
+        <translation>Mit &amp;Umschalt</translation>
     </message>
 </context>
 <context>
@@ -2706,6 +2742,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>The clipboard holds no widgets, so nothing was replaced.</source>
         <translation>Die Zwischenablage enthält keine Widgets, deshalb wurde nichts ersetzt.</translation>
+    </message>
+    <message>
+        <source>Hide/Show</source>
+        <translation>Ausblenden/Einblenden</translation>
+    </message>
+    <message>
+        <source>Enter Group</source>
+        <translation>In die Gruppe</translation>
     </message>
 </context>
 <context>
@@ -3257,6 +3301,10 @@ Installierte Version: </translation>
     <message>
         <source>Move Item</source>
         <translation>Element verschieben</translation>
+    </message>
+    <message>
+        <source>Scale Selected Items</source>
+        <translation>Ausgewählte Elemente skalieren</translation>
     </message>
 </context>
 <context>

@@ -261,6 +261,18 @@
         <source>Gap between neighbours, in pixels:</source>
         <translation>相邻项目的空隙（像素）：</translation>
     </message>
+    <message>
+        <source>Align to &amp;Key Item</source>
+        <translation>对齐到基准项目(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Align to one of the selected items, which stays; click it to choose it</source>
+        <translation>对齐到所选项目之一，该项目保持不动；单击即可选定</translation>
+    </message>
+    <message>
+        <source>Select two or more items first</source>
+        <translation>请先选择两个或更多项目</translation>
+    </message>
 </context>
 <context>
     <name>CBatchColour</name>
@@ -2165,6 +2177,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>Change the properties of all selected items at once</source>
         <translation>一次更改所有所选对象的属性</translation>
     </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>上一个(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Zoom and place as before the last change</source>
+        <translation>恢复上次更改前的缩放和位置</translation>
+    </message>
 </context>
 <context>
     <name>CMultiPointItemView</name>
@@ -2234,6 +2254,22 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>Change Project Options</source>
         <translation>更改项目选项</translation>
+    </message>
+    <message>
+        <source> pixels</source>
+        <translation> 像素</translation>
+    </message>
+    <message>
+        <source>Moving with the Arrow Keys</source>
+        <translation>用方向键移动</translation>
+    </message>
+    <message>
+        <source>&amp;Step</source>
+        <translation>步长(&amp;S)</translation>
+    </message>
+    <message>
+        <source>With S&amp;hift</source>
+        <translation>按住 Shift(&amp;H)</translation>
     </message>
 </context>
 <context>
@@ -2706,6 +2742,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>The clipboard holds no widgets, so nothing was replaced.</source>
         <translation>剪贴板中没有控件，因此未替换任何内容。</translation>
+    </message>
+    <message>
+        <source>Hide/Show</source>
+        <translation>隐藏/显示</translation>
+    </message>
+    <message>
+        <source>Enter Group</source>
+        <translation>进入组</translation>
     </message>
 </context>
 <context>
@@ -3257,6 +3301,10 @@ Installed version: </source>
     <message>
         <source>Move Item</source>
         <translation>移动项目</translation>
+    </message>
+    <message>
+        <source>Scale Selected Items</source>
+        <translation>缩放所选项目</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,7 @@
 #include "CScreenModel.h"
 #include "CScreenScene.h"
 #include "CScreenView.h"
+#include "CSelectionCommands.h"
 #include "CWidgetPropertiesView.h"
 #include "CZoomComboWidget.h"
 #include "CanvasRoles.h"
@@ -574,6 +575,40 @@ private Q_SLOTS:
               CMenuBar::SaveProject, CMenuBar::SaveAs, CMenuBar::CloseProject, CMenuBar::FitToPage})
             trigger(id);
         QVERIFY(m_answers->allGiven());
+    }
+
+    /// After a click in the explorer the canvas moves what was chosen; there Enter leads into a
+    /// group, and Esc out of it.
+    void theCanvasHasTheKeys()
+    {
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        m_explorer->expandAll();
+        CItemModel *item = m_screens->currentScreen()->childItem(1);
+        QTest::mouseClick(m_explorer->viewport(), Qt::LeftButton, {},
+                          m_explorer->visualRect(item->index()).center());
+        press(Qt::Key_Right);
+        QCOMPARE(item->x(), 80.0);
+
+        select("AC");
+        trigger(CMenuBar::Group);
+        CItemModel *group = m_screens->selectedItems().value(0);
+        m_screens->currentView()->setFocus();
+        press(Qt::Key_Return);
+        const Items member = {group->childItem(0)};
+        QCOMPARE(selected(), member); // on the canvas and in the panel
+        press(Qt::Key_Right);
+        trigger(CMenuBar::Undo);
+        QCOMPARE(selected(), member);
+        press(Qt::Key_Escape);
+        QCOMPARE(selected(), Items({group}));
+        press(Qt::Key_Escape);
+        QCOMPARE(selected(), Items());
+        QMenu menu;
+        m_screens->currentView()->commands()->addTo(&menu);
+        m_window->actions()->complete(&menu);
+        QCOMPARE(menu.findChild<QAction *>("Group")->shortcut(), QKeySequence("Ctrl+G"));
     }
 
     void pageExports_data()

@@ -103,7 +103,7 @@ private Q_SLOTS:
                                 "Ctrl+Shift+] Ctrl+Shift+[ Ctrl+] Ctrl+[ Ctrl+X Shift+Del Ctrl+C "
                                 "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
                                 "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
-                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+Shift+H");
+                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+4 Ctrl+Shift+H");
     }
 
     /// Of all actions, whoever made them: no two have the same keys or the same id, and each can be

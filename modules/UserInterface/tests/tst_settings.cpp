@@ -40,9 +40,10 @@ private Q_SLOTS:
     {
         QVERIFY(CSettings(m_folder->path()).write({}));
         QCOMPARE(QSettings(m_file, QSettings::IniFormat).allKeys().join(' '),
-                 "autosaveInterval closedSections favouriteWidgets gridColor gridFaint gridSize "
+                 "autosaveInterval closedSections favouriteWidgets fineNudgeStep gridColor "
+                 "gridFaint gridSize "
                  "gridType isMaximized language lastFolder lastWidgets latestProjects "
-                 "mainWindow projectViews recentColours savingFolderPath screenshotDir "
+                 "mainWindow nudgeStep projectViews recentColours savingFolderPath screenshotDir "
                  "shortcuts showGrid showGuides snapToGaps snapToGrid snapToGuides "
                  "snapToItems snapToPage snapping statusBar theme usedActions windowState "
                  "windowStateCheck zoomPercent zoomType");

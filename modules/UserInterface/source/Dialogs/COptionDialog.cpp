@@ -24,6 +24,7 @@ namespace {
 constexpr int FieldWidth = 320;
 constexpr int DefaultInterval = 10; ///< seconds
 constexpr int LongestInterval = 3600;
+constexpr int LargestNudge = 1000; ///< pixels
 
 } // namespace
 
@@ -41,6 +42,8 @@ COptionDialog::COptionDialog(const CPlatformTable &platforms, IProjectOptionsObs
       m_sizeProblem(new CProblemLabel(this)),
       m_autosave(new QCheckBox(tr("&Enabled"), this)),
       m_interval(new QSpinBox(this)),
+      m_nudgeStep(new QSpinBox(this)),
+      m_fineNudgeStep(new QSpinBox(this)),
       m_folder(new QLineEdit(this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
@@ -54,11 +57,17 @@ COptionDialog::COptionDialog(const CPlatformTable &platforms, IProjectOptionsObs
     m_sizeProblem->setObjectName(QStringLiteral("sizeProblem"));
     m_autosave->setObjectName(QStringLiteral("autosave"));
     m_interval->setObjectName(QStringLiteral("autosaveInterval"));
+    m_nudgeStep->setObjectName(QStringLiteral("nudgeStep"));
+    m_fineNudgeStep->setObjectName(QStringLiteral("fineNudgeStep"));
     m_folder->setObjectName(QStringLiteral("workingDirectory"));
     m_platform->addItems(m_platforms.platforms());
     m_folder->setReadOnly(true); // it is where the project's file lies
     m_interval->setRange(1, LongestInterval);
     m_interval->setSuffix(tr(" seconds"));
+    for (QSpinBox *step : {m_nudgeStep, m_fineNudgeStep}) {
+        step->setRange(1, LargestNudge);
+        step->setSuffix(tr(" pixels"));
+    }
     layOut();
 
     connect(m_name, &QLineEdit::textChanged, this, &COptionDialog::check);
@@ -95,6 +104,7 @@ void COptionDialog::layOut()
     form->addRow(sizeLabel, size);
     form->addRow(nullptr, m_sizeProblem);
     form->addRow(makeAutosaveGroup());
+    form->addRow(makeNudgeGroup());
     form->addItem(new QSpacerItem(0, 8));
     form->addRow(tr("&Working Directory"), m_folder);
     m_folder->setMinimumWidth(FieldWidth);
@@ -124,6 +134,22 @@ QWidget *COptionDialog::makeAutosaveGroup()
         connect(m_autosave, &QCheckBox::toggled, shown, &QWidget::setVisible);
     }
     return group;
+}
+
+QWidget *COptionDialog::makeNudgeGroup()
+{
+    auto *group = new QGroupBox(tr("Moving with the Arrow Keys"));
+    auto *form = new QFormLayout(group);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    form->addRow(tr("&Step"), m_nudgeStep);
+    form->addRow(tr("With S&hift"), m_fineNudgeStep);
+    return group;
+}
+
+void COptionDialog::fillNudgeSteps(int step, int fine)
+{
+    m_nudgeStep->setValue(step);
+    m_fineNudgeStep->setValue(fine);
 }
 
 void COptionDialog::fill(CProjectModel *project, int autosaveInterval)
@@ -227,6 +253,7 @@ void COptionDialog::accept()
         pushOptions();
     if (autosaveInterval() != m_oldInterval)
         Q_EMIT autosaveIntervalChanged(autosaveInterval());
+    Q_EMIT nudgeStepsChosen(m_nudgeStep->value(), m_fineNudgeStep->value());
     QDialog::accept();
 }
 

@@ -14,7 +14,8 @@ class QDialogButtonBox;
 class QLineEdit;
 class QSpinBox;
 
-/// The options of the open project, changed as one undo step, and the autosave of all projects.
+/// The options of the open project, changed as one undo step, and for all projects the autosave and
+/// how far the arrow keys move.
 /// Lives as long as the window and is filled anew for each showing.
 class COptionDialog : public QDialog
 {
@@ -25,9 +26,11 @@ public:
     COptionDialog(const CPlatformTable &platforms, IProjectOptionsObserver *observer,
                   QWidget *parent = nullptr);
 
-    /// Fills the fields. Without a project only autosave can be changed.
+    /// Fills the fields. Without a project only what is for all of them can be changed.
     /// `autosaveInterval`: seconds; 0 or less is off.
     void fill(CProjectModel *project, int autosaveInterval);
+    /// How far the arrow keys move, in pixels.
+    void fillNudgeSteps(int step, int fine);
 
 public Q_SLOTS:
     void accept() override;
@@ -35,10 +38,12 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Only when it has changed; 0 is off.
     void autosaveIntervalChanged(int seconds);
+    void nudgeStepsChosen(int step, int fine);
 
 private:
     void layOut();
     QWidget *makeAutosaveGroup();
+    QWidget *makeNudgeGroup();
     void platformChanged(const QString &platform);
     void showSize(const QSize &size);
     void sizeChosen();
@@ -61,6 +66,8 @@ private:
     CProblemLabel *const m_sizeProblem;
     QCheckBox *const m_autosave;
     QSpinBox *const m_interval;
+    QSpinBox *const m_nudgeStep;
+    QSpinBox *const m_fineNudgeStep;
     QLineEdit *const m_folder;
     QDialogButtonBox *const m_buttons;
 };

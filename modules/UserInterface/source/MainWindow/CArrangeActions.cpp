@@ -5,6 +5,8 @@
 #include "CMenuBarTables.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
+#include "CScreenScene.h"
+#include "CScreenView.h"
 #include "CThemeIcons.h"
 
 #include <QAction>
@@ -66,6 +68,7 @@ CArrangeActions::CArrangeActions(QMainWindow *window, CMainPanels *panels, QMenu
     makeToolBar();
     retranslate();
     connect(panels, &CMainPanels::selectionShown, this, &CArrangeActions::update);
+    connect(panels->screens(), &CScreen::keyItemChanged, this, &CArrangeActions::update);
 }
 
 void CArrangeActions::makeActions()
@@ -81,6 +84,14 @@ void CArrangeActions::makeActions()
     m_toPage = new QAction(iconOf("alignToPage"), QString(), m_window);
     m_toPage->setObjectName(QStringLiteral("alignToPage"));
     m_toPage->setCheckable(true);
+    m_toKey = new QAction(iconOf("alignToKey"), QString(), m_window);
+    m_toKey->setObjectName(QStringLiteral("alignToKey"));
+    m_toKey->setCheckable(true);
+    connect(m_toKey, &QAction::triggered, this, &CArrangeActions::chooseKey);
+    connect(m_toPage, &QAction::triggered, this, [this](bool isToPage) {
+        if (isToPage) // of the references there is one at a time
+            chooseKey(false);
+    });
 }
 
 void CArrangeActions::fill(QMenu *menu)
@@ -94,7 +105,7 @@ void CArrangeActions::fill(QMenu *menu)
     menu->addSeparator();
     add(menu, {W::AlignTop, W::AlignMiddle, W::AlignBottom});
     menu->addSeparator();
-    menu->addAction(m_toPage);
+    menu->addActions({m_toPage, m_toKey});
     menu->addSeparator();
     m_distribute = menu->addMenu(QString());
     add(m_distribute, {W::DistributeAcross, W::DistributeDown});
@@ -124,7 +135,7 @@ void CArrangeActions::makeToolBar()
     add({W::DistributeAcross, W::DistributeDown});
     add({W::SameWidth, W::SameHeight, W::SameSize});
     add({W::CentreBoth});
-    m_toolBar->addAction(m_toPage);
+    m_toolBar->addActions({m_toPage, m_toKey});
     m_window->addToolBarBreak(); // beside the other one there is no room
     m_window->addToolBar(m_toolBar);
 }
@@ -140,6 +151,7 @@ void CArrangeActions::retranslate()
         name(m_actions.at(size_t(what)), tr(Rows[what].text));
     name(m_toPage, tr("Align to &Page"));
     m_toPage->setStatusTip(tr("Align several items to the page too, not to each other"));
+    name(m_toKey, tr("Align to &Key Item"));
     m_distribute->setTitle(tr("&Distribute"));
     m_size->setTitle(tr("&Same Size"));
     m_centre->setTitle(tr("Ce&ntre in Page"));
@@ -150,17 +162,56 @@ void CArrangeActions::retranslate()
 QVector<CItemModel *> CArrangeActions::items() const
 {
     const CItemModel *page = m_panels->screens()->currentScreen();
+    CItemModel *const key = keyItem();
     QVector<CItemModel *> items;
     for (CItemModel *each : m_panels->selectedItems()) {
-        if (page && each->parentItem() == page)
+        const CItemModel *above = each->parentItem();
+        while (above && above != page)
+            above = above->parentItem();
+        if (!page || !above)
+            continue;
+        if (each == key)
+            items.prepend(each);
+        else
             items.append(each);
     }
     return items;
 }
 
+CItemModel *CArrangeActions::keyItem() const
+{
+    const CScreenView *view = m_panels->screens()->currentView();
+    return view ? view->screenScene()->keyItem() : nullptr;
+}
+
+/// By menu or tool bar it is the item that was selected first.
+void CArrangeActions::chooseKey(bool isWanted)
+{
+    const CScreenView *view = m_panels->screens()->currentView();
+    if (view)
+        view->screenScene()->setKeyItem(isWanted ? items().value(0) : nullptr);
+    update();
+}
+
+CItemArrange::EReference CArrangeActions::reference() const
+{
+    using EReference = CItemArrange::EReference;
+    return m_toPage->isChecked() ? EReference::Page
+           : keyItem()           ? EReference::KeyItem
+                                 : EReference::Selection;
+}
+
 void CArrangeActions::update()
 {
     const CItemArrange arrange(items());
+    const bool canHaveKey = items().size() > 1;
+    m_toKey->setEnabled(canHaveKey);
+    m_toKey->setChecked(keyItem() != nullptr);
+    if (keyItem())
+        m_toPage->setChecked(false);
+    m_toKey->setStatusTip(
+        canHaveKey ? tr("Align to one of the selected items, which stays; click it to choose it")
+                   : tr("Select two or more items first"));
     for (int what = 0; what < CItemArrange::WhatCount; ++what) {
         const QString lack = arrange.lack(CItemArrange::EWhat(what));
         QAction *action = m_actions.at(size_t(what));
@@ -186,5 +237,5 @@ void CArrangeActions::run(CItemArrange::EWhat what)
             return;
         m_gap = gap;
     }
-    CItemArrange(items(), m_toPage->isChecked()).run(what, action->iconText(), m_gap);
+    CItemArrange(items(), reference()).run(what, action->iconText(), m_gap);
 }

@@ -25,6 +25,8 @@ public:
 
     QAction *action(CItemArrange::EWhat what) const { return m_actions.at(size_t(what)); }
     QAction *toPage() const { return m_toPage; } ///< alignments are to the page while it is checked
+    /// Checked while one of the selected items is the key item; alignments are to it then.
+    QAction *toKey() const { return m_toKey; }
     QToolBar *toolBar() const { return m_toolBar; }
     /// Sets all texts again in the language that is now in force.
     void retranslate();
@@ -36,12 +38,16 @@ private:
     void fill(QMenu *menu);
     void makeToolBar();
     QVector<CItemModel *> items() const;
+    CItemModel *keyItem() const;
+    void chooseKey(bool isWanted);
+    CItemArrange::EReference reference() const;
     void run(CItemArrange::EWhat what);
 
     QMainWindow *const m_window;
     CMainPanels *const m_panels;
     std::array<QAction *, CItemArrange::WhatCount> m_actions{};
     QAction *m_toPage = nullptr;
+    QAction *m_toKey = nullptr;
     QMenu *m_distribute = nullptr;
     QMenu *m_size = nullptr;
     QMenu *m_centre = nullptr;

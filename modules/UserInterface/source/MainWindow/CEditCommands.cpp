@@ -189,7 +189,10 @@ void CEditCommands::selectAll()
 
 void CEditCommands::selectNone()
 {
-    if (!isForFocused(EText::SelectNone))
+    if (isForFocused(EText::SelectNone))
+        return;
+    const CScreenView *view = m_panels->screens()->currentView();
+    if (!view || !view->commands()->leaveGroup()) // out of a group first
         m_panels->select({});
 }
 

@@ -78,12 +78,15 @@ void CMainPanels::selectionChanged(const QModelIndexList &selected)
 void CMainPanels::explorerClicked(const QModelIndex &index)
 {
     CItemModel *item = itemAt(index);
-    if (item && item->isGrouped()) {
+    if (item && item->isGrouped() && !item->isSelectable()) { // it is, once the canvas is in there
         reveal(item);
         return;
     }
     m_selection->forgetMember();
     showProperties(m_selection->shownItems());
+    CScreenView *view = m_screens->currentView();
+    if (view && item && item->parentItem() && !isEditorOpen())
+        view->setFocus(); // what was chosen can be moved at once
 }
 
 /// They stay selected where that is possible; of those that have come into a group, the first is

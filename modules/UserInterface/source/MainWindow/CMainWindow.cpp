@@ -50,6 +50,7 @@
 #include <QDockWidget>
 #include <QFile>
 #include <QLocale>
+#include <QMenu>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <QStatusBar>
@@ -105,6 +106,7 @@ CMainWindow::CMainWindow(const QString &file)
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
     m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
                               m_menuBar->action(CMenuBar::Options), this);
+    connect(m_panels->screens(), &CScreen::menuAboutToShow, m_menuBar, &CMenuBar::complete);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
     m_viewMemory = new CViewMemory(m_panels);
@@ -208,6 +210,8 @@ void CMainWindow::makeOptionDialog()
 {
     delete m_options;
     m_options = new COptionDialog(m_platforms, this, this);
+    connect(m_options, &COptionDialog::nudgeStepsChosen, CEditorState::instance(),
+            &CEditorState::setNudgeSteps);
     connect(m_options, &COptionDialog::autosaveIntervalChanged, this,
             &CMainWindow::setAutosaveInterval);
 }

@@ -152,6 +152,7 @@ public Q_SLOTS:
     void duplicate();
     void zoomToSelection();
     void zoomTo(const QVector<CItemModel *> &items); ///< of the shown page
+    void zoomToPrevious();
     void hideItems();
     void showHiddenItems();
     void selectAll();

@@ -277,6 +277,8 @@ void CMainWindow::showOptionDialog()
 {
     m_panels->finishEdits();
     m_options->fill(project(), m_autosaveInterval);
+    const CEditorState *state = CEditorState::instance();
+    m_options->fillNudgeSteps(state->nudgeStep(), state->fineNudgeStep());
     m_options->exec();
 }
 
@@ -336,6 +338,12 @@ void CMainWindow::pasteInPlace()
 void CMainWindow::duplicate()
 {
     m_edit->duplicate();
+}
+
+void CMainWindow::zoomToPrevious()
+{
+    if (CScreenView *view = m_panels->screens()->currentView())
+        view->showPreviousZoom();
 }
 
 void CMainWindow::hideItems()

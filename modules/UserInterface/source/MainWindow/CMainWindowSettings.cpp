@@ -109,6 +109,7 @@ void CMainWindow::useSettings(const SSettings &values)
     CEditorState::instance()->setGridFaint(values.gridFaint);
     m_menuBar->setChecked(CMenuBar::GridFaint, values.gridFaint);
     CSnapActions::use(values);
+    CEditorState::instance()->setNudgeSteps(values.nudgeStep, values.fineNudgeStep);
     setAutosaveInterval(values.autosaveInterval);
     m_panels->properties()->setClosedSections(values.closedSections);
     CRecentColours::instance().setNames(values.recentColours);
@@ -145,6 +146,8 @@ void CMainWindow::writeSettings()
     values.closedSections = m_panels->properties()->closedSections();
     values.recentColours = CRecentColours::instance().names();
     CSnapActions::keep(values);
+    values.nudgeStep = state->nudgeStep();
+    values.fineNudgeStep = state->fineNudgeStep();
     values.favouriteWidgets = m_panels->palette()->shelf(CWidgetSelectionView::Favourites);
     values.lastWidgets = m_panels->palette()->shelf(CWidgetSelectionView::LastUsed);
     values.shortcuts = m_centre->actions()->shortcutTexts();

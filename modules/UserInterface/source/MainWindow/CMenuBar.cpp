@@ -239,3 +239,17 @@ void CMenuBar::updateGridMenu(bool on, int, QColor, Qt::PenStyle)
 {
     setChecked(GridToggle, on);
 }
+
+void CMenuBar::complete(QMenu *contextMenu) const
+{
+    const auto ids = QMetaEnum::fromType<EAction>();
+    for (QAction *entry : contextMenu->actions()) {
+        bool isKnown = false;
+        const int id = ids.keyToValue(entry->objectName().toLatin1().constData(), &isKnown);
+        if (isKnown)
+            entry->setShortcut(m_actions[size_t(id)]->shortcut());
+    }
+    contextMenu->addSeparator();
+    contextMenu->addAction(action(Delete));
+    contextMenu->addMenu(menu(ArrangeMenu));
+}

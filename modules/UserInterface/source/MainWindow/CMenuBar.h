@@ -82,6 +82,7 @@ public:
         PasteInPlace,
         Duplicate,
         ZoomSelection,
+        ZoomPrevious,
         HideShow,
         ShowHidden,
         Bright,
@@ -135,6 +136,9 @@ public:
     static QString shortened(const QString &fileName);
 
 public Q_SLOTS:
+    /// Brings the keys into a canvas's menu, which the user may have changed, and what else there
+    /// is to do with items.
+    void complete(QMenu *contextMenu) const;
     void setSnapToGrid();
     void updateRecentSubMenu();
     void updateZoomMenu(int percent, int type);

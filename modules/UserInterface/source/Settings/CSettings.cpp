@@ -31,6 +31,8 @@ constexpr char savingFolderPath[] = "savingFolderPath";
 constexpr char autosaveInterval[] = "autosaveInterval";
 constexpr char language[] = "language";
 constexpr char lastFolder[] = "lastFolder";
+constexpr char nudgeStep[] = "nudgeStep";
+constexpr char fineNudgeStep[] = "fineNudgeStep";
 constexpr char snapToGrid[] = "snapToGrid";
 constexpr char snapping[] = "snapping";
 constexpr char snapToItems[] = "snapToItems";
@@ -52,6 +54,7 @@ constexpr char gridFaint[] = "gridFaint";
 constexpr qint64 MaxBytes = qint64{1} << 20;
 constexpr int MaxZoom = 3000;        // percent
 constexpr int MaxSpacing = 200;      // pixels
+constexpr int MaxNudge = 1000;       // pixels
 constexpr int MaxInterval = 2000000; // seconds that a timer can hold as milliseconds
 constexpr int MinWindowSide = 200;   // pixels
 constexpr int MaxWindowSide = 32000;
@@ -235,6 +238,8 @@ SSettings CSettings::read(QString *aside) const
     readInt(file, Key::autosaveInterval, -MaxInterval, MaxInterval, &values.autosaveInterval);
     readText(file, Key::language, &values.language);
     readText(file, Key::lastFolder, &values.lastFolder);
+    readInt(file, Key::nudgeStep, 1, MaxNudge, &values.nudgeStep);
+    readInt(file, Key::fineNudgeStep, 1, MaxNudge, &values.fineNudgeStep);
     readBool(file, Key::snapToGrid, &values.snapToGrid);
     readBool(file, Key::snapping, &values.snapping);
     readBool(file, Key::snapToItems, &values.snapToItems);
@@ -280,6 +285,8 @@ bool CSettings::write(const SSettings &values) const
     setInt(Key::autosaveInterval, values.autosaveInterval);
     file.setText(Key::language, values.language);
     file.setText(Key::lastFolder, values.lastFolder);
+    setInt(Key::nudgeStep, values.nudgeStep);
+    setInt(Key::fineNudgeStep, values.fineNudgeStep);
     setBool(Key::snapToGrid, values.snapToGrid);
     setBool(Key::snapping, values.snapping);
     setBool(Key::snapToItems, values.snapToItems);

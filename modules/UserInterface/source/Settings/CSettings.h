@@ -25,6 +25,8 @@ struct SSettings
     int autosaveInterval = 10; ///< seconds; 0 or less: off
     QString language;          ///< as the user chose it; empty: the system's
     QString lastFolder;        ///< of the project that was opened or saved last
+    int nudgeStep = 20;        ///< pixels
+    int fineNudgeStep = 1;     ///< pixels, with Shift
     bool snapToGrid = false;
     bool snapping = true; ///< to the kinds that follow
     bool snapToItems = true;

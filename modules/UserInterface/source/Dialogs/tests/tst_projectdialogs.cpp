@@ -288,8 +288,11 @@ private Q_SLOTS:
         QVERIFY(!field<QLineEdit>(dialog, "projectName")->isEnabled());
         QVERIFY(okButton(dialog)->isEnabled());
         field<QSpinBox>(dialog, "autosaveInterval")->setValue(20);
+        QSignalSpy steps(&dialog, &COptionDialog::nudgeStepsChosen);
+        dialog.fillNudgeSteps(8, 2);
         dialog.accept();
         QCOMPARE(changed.count(), 1);
+        QCOMPARE(steps.takeFirst(), QVariantList({8, 2}));
     }
 
     void languagesOfTheFolder()

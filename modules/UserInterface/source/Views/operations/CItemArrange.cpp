@@ -134,9 +134,11 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
         return axis == Qt::Horizontal ? ArrangeRule::SSpan{frame.left(), frame.right(), isFixed}
                                       : ArrangeRule::SSpan{frame.top(), frame.bottom(), isFixed};
     };
+    const CItemModel *key =
+        m_reference == EReference::KeyItem ? m_items.constFirst() : nullptr; // which stays
     ArrangeRule::Spans spans;
     for (const CItemModel *each : m_items)
-        spans.append(spanOf(frameOf(*each), each->isLocked()));
+        spans.append(spanOf(frameOf(*each), each->isLocked() || each == key));
     if (what == DistributeAcross || what == DistributeDown)
         return ArrangeRule::distributeGaps(spans);
     if (what == GapAcross || what == GapDown)
@@ -147,9 +149,14 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
     const bool isCentring = isIn(what, CentreAcross, CentreBoth);
     const QRectF page(QPointF(), QSizeF(m_items.constFirst()->project()->resolution()));
     const ArrangeRule::SSpan pageSpan = spanOf(page, true);
-    if (!isCentring)
-        return ArrangeRule::align(
-            spans, m_toPage || spans.size() == 1 ? pageSpan : ArrangeRule::reference(spans), edge);
+    if (!isCentring) {
+        const bool isToPage = m_reference == EReference::Page || spans.size() == 1;
+        return ArrangeRule::align(spans,
+                                  isToPage ? pageSpan
+                                  : key    ? spans.constFirst()
+                                           : ArrangeRule::reference(spans),
+                                  edge);
+    }
     // What is centred keeps its arrangement.
     ArrangeRule::SSpan all{spans.constFirst().first, spans.constFirst().last};
     for (const ArrangeRule::SSpan &each : qAsConst(spans)) {

@@ -41,9 +41,13 @@ public:
         WhatCount
     };
 
-    /// `items`: not owned; the one that others take their size from comes first.
-    explicit CItemArrange(const QVector<CItemModel *> &items, bool toPage = false)
-        : m_items(items), m_toPage(toPage)
+    /// What several items are aligned to: what they take up together, the page, or one of them.
+    enum class EReference { Selection, Page, KeyItem };
+
+    /// `items`: not owned; the key item comes first, from which others take their size.
+    explicit CItemArrange(const QVector<CItemModel *> &items,
+                          EReference reference = EReference::Selection)
+        : m_items(items), m_reference(reference)
     {
     }
 
@@ -61,5 +65,5 @@ private:
     void resize(QUndoCommand *step, bool isWidth, bool isHeight) const;
 
     const QVector<CItemModel *> m_items;
-    const bool m_toPage;
+    const EReference m_reference;
 };

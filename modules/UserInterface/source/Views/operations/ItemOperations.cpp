@@ -100,13 +100,11 @@ QVector<Items> byParent(const Items &items)
     return sorted;
 }
 
-/// The items of each screen, front first.
-QVector<Items> byScreen(Items items)
+/// The items of each screen or group, front first.
+QVector<Items> withoutScreens(Items items)
 {
-    const auto isNoScreensItem = [](const CItemModel *each) {
-        return !each->parentItem() || each->isGrouped();
-    };
-    items.erase(std::remove_if(items.begin(), items.end(), isNoScreensItem), items.end());
+    const auto isScreen = [](const CItemModel *each) { return !each->parentItem(); };
+    items.erase(std::remove_if(items.begin(), items.end(), isScreen), items.end());
     return byParent(items);
 }
 
@@ -118,6 +116,12 @@ QSize pageSizeOf(const QMimeData &data)
 {
     const QList<QByteArray> sides = data.data(PageSizeMime).split(' ');
     return sides.size() == 2 ? QSize(sides.first().toInt(), sides.last().toInt()) : QSize();
+}
+
+bool isAnyGrouped(const Items &items)
+{
+    return std::any_of(items.begin(), items.end(),
+                       [](const CItemModel *each) { return each->isGrouped(); });
 }
 
 /// A copy is there to be put somewhere.
@@ -141,7 +145,7 @@ Items ItemOperations::inOrder(const Items &items)
 void ItemOperations::order(const Items &items, EOrder where)
 {
     QVector<CCommandOrderItem *> moves;
-    for (const Items &each : byScreen(items)) {
+    for (const Items &each : withoutScreens(items)) {
         const RowOperations::Rows rows = newRows(each, where);
         if (rows != RowOperations::rowsOf(each))
             moves.append(new CCommandOrderItem(each, rows));
@@ -197,7 +201,7 @@ void ItemOperations::setHidden(const Items &items, bool isHidden)
 
 CItemModel *ItemOperations::group(CScreenModel &screen, const Items &items, const QPoint &position)
 {
-    if (items.size() < 2)
+    if (items.size() < 2 || isAnyGrouped(items))
         return nullptr;
     const RowOperations::Rows rows = RowOperations::rowsOf(byParent(items).constFirst());
     auto *made = new CWidgetGroupModel(screen.library(), screen.observer());
@@ -223,7 +227,7 @@ Items ItemOperations::ungroup(CScreenModel &screen, const Items &items)
             groups.append(each);
     }
     Items members;
-    if (groups.isEmpty())
+    if (groups.isEmpty() || isAnyGrouped(groups))
         return members;
     QUndoStack &stack = stackOf(screen);
     stack.beginMacro(QObject::tr("Ungroup Selected Items"));

@@ -22,7 +22,8 @@ using Items = QVector<CItemModel *>;
 Items inOrder(const Items &items);
 
 enum class EOrder { ToFront, ToBack, Forward, Backward };
-/// Items of any screens, in any order; each stays on its screen. Screens among them are left alone.
+/// Items of any screens and groups, in any order; each stays in its own. Screens among them are
+/// left alone.
 void order(const Items &items, EOrder where);
 
 /// Unlocks items of any screens when all are locked, and locks them otherwise.
@@ -33,9 +34,9 @@ void toggleHidden(const Items &items);
 /// Hides items and members of groups from the canvas, or shows them there again.
 void setHidden(const Items &items, bool isHidden);
 
-/// The new group, which stands at `position`; null for fewer than two items.
+/// The new group, which stands at `position`; null for fewer than two items, and for members.
 CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
-/// What were members of the groups among the items.
+/// What were members of the groups among the items; nothing for groups that are members.
 Items ungroup(CScreenModel &screen, const Items &items);
 /// Items of any screens, and screens.
 void remove(const Items &items, const QString &macroText);

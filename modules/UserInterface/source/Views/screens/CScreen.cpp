@@ -163,6 +163,7 @@ void CScreen::connectView(CScreenCompositeView *page)
     CScreenView *view = page->view();
     connect(page, &CScreenCompositeView::renderErrors, this, &CScreen::renderErrors);
     connect(view, &CScreenView::message, this, &CScreen::message);
+    connect(view, &CScreenView::menuAboutToShow, this, &CScreen::menuAboutToShow);
     connect(view, &CScreenView::mouseMovedSC, this, &CScreen::cursorMoved);
     connect(view, &CScreenView::resized, this, &CScreen::viewResized);
     const auto ifCurrent = [this, view](auto signal) {
@@ -185,6 +186,7 @@ void CScreen::connectView(CScreenCompositeView *page)
             Q_EMIT liveGeometry(item);
     });
     connect(scene, &CScreenScene::gestureEnded, this, &CScreen::gestureEnded);
+    connect(scene, &CScreenScene::keyItemChanged, this, &CScreen::keyItemChanged);
     view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
 }

@@ -13,6 +13,7 @@ class CScreenCompositeView;
 class CScreenModel;
 class CScreenView;
 class QLabel;
+class QMenu;
 class QModelIndex;
 class QStandardItem;
 
@@ -67,6 +68,8 @@ Q_SIGNALS:
     void message(const QString &text);
     /// A gesture is changing the item.
     void liveGeometry(CItemModel *item);
+    void keyItemChanged();
+    void menuAboutToShow(QMenu *menu); ///< of a canvas
     void gestureEnded();
 
 protected:

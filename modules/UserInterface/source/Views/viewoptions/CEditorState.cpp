@@ -62,3 +62,9 @@ void CEditorState::setZoom(int percent, int type)
     m_zoomType = type;
     Q_EMIT zoomChanged(percent, type);
 }
+
+void CEditorState::setNudgeSteps(int step, int fine)
+{
+    m_nudgeStep = std::max(1, step);
+    m_fineNudgeStep = std::max(1, fine);
+}

@@ -28,6 +28,8 @@ public:
     Qt::PenStyle gridStyle() const { return m_gridStyle; }
     bool isGridFaint() const { return m_gridFaint; } ///< it then hardly covers the design
     bool areGuidesShown() const { return m_guidesShown; }
+    int nudgeStep() const { return m_nudgeStep; }         ///< of the arrow keys, scene units
+    int fineNudgeStep() const { return m_fineNudgeStep; } ///< with Shift
     int zoomPercent() const { return m_zoomPercent; }
     int zoomType() const { return m_zoomType; } ///< as CZoomComboWidget::Type
 
@@ -38,6 +40,7 @@ public Q_SLOTS:
     void setGridFaint(bool faint);
     void setGuidesShown(bool shown);
     void setZoom(int percent, int type);
+    void setNudgeSteps(int step, int fine); ///< each at least 1
 
 Q_SIGNALS:
     void snapToGridChanged(bool on);
@@ -60,6 +63,8 @@ private:
     Qt::PenStyle m_gridStyle = Qt::SolidLine;
     bool m_gridFaint = false;
     bool m_guidesShown = true;
+    int m_nudgeStep = 20;
+    int m_fineNudgeStep = 1;
     int m_zoomPercent = 100;
     int m_zoomType = 0;
 };

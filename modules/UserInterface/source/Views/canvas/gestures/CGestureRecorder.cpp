@@ -34,14 +34,18 @@ void CGestureRecorder::restore()
 void CGestureRecorder::record(const QString &macroText)
 {
     const bool isAnyChanged = !changedItems().isEmpty();
-    const QVector<CStartValues> starts = std::exchange(m_starts, {});
+    const QVector<CStartValues> starts = m_starts;
+    QVector<QVector<QVariant>> reached;
+    for (const CStartValues &each : starts)
+        reached.append(each.reached());
+    restore();
     if (!isAnyChanged)
         return;
     QUndoStack &stack = *starts.constFirst().item()->project()->undoStack();
     if (!macroText.isEmpty())
         stack.beginMacro(macroText);
-    for (const CStartValues &each : starts)
-        each.commit(stack);
+    for (int index = 0; index < starts.size(); ++index)
+        starts.at(index).record(reached.at(index), stack);
     if (!macroText.isEmpty())
         stack.endMacro();
 }

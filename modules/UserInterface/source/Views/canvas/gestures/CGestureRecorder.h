@@ -7,7 +7,7 @@
 class CGestureRecorder
 {
 public:
-    /// Remembers those of the properties that the items have.
+    /// Remembers those of the properties that the items have; groups come before their members.
     void begin(const QVector<CItemModel *> &items, const QStringList &keys);
     bool isRecording() const { return !m_starts.isEmpty(); }
     QVector<CItemModel *> changedItems() const;

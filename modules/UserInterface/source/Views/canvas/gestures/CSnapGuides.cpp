@@ -39,7 +39,7 @@ QPointF CSnapGuides::place(const QPointF &proposed, const QVector<CItemView *> &
     QVector<SnapRule::Candidate> down;
     const QSet<CItemModel *> away(moving.begin(), moving.end());
     for (CItemView *view : views) {
-        if (view->isSelected() || isUnder(view->item(), away))
+        if (view->isSelected() || view->item()->isUnderHidden() || isUnder(view->item(), away))
             continue;
         const QRectF rect = view->sceneRect();
         across << SnapRule::Candidate{rect.left(), view} << SnapRule::Candidate{rect.right(), view}

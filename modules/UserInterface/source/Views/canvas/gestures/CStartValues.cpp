@@ -40,15 +40,20 @@ void CStartValues::restore() const
     }
 }
 
-void CStartValues::commit(QUndoStack &stack) const
+QVector<QVariant> CStartValues::reached() const
 {
     QVector<QVariant> reached;
     for (const auto &each : m_values)
         reached.append(m_item->propertyValue(each.first));
-    restore();
+    return reached;
+}
+
+void CStartValues::record(const QVector<QVariant> &reached, QUndoStack &stack) const
+{
+    const QVector<QVariant> before = this->reached();
     for (int index = 0; index < m_values.size(); ++index) {
-        const auto &[key, start] = m_values.at(index);
-        if (reached.at(index).toString() != start.toString())
-            stack.push(new CCommandChangeItemProperty(m_item, key, reached.at(index), start));
+        if (reached.at(index).toString() != before.at(index).toString())
+            stack.push(new CCommandChangeItemProperty(m_item, m_values.at(index).first,
+                                                      reached.at(index), before.at(index)));
     }
 }

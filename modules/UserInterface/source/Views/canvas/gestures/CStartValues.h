@@ -20,9 +20,11 @@ public:
     bool isAnyChanged() const;
     /// Puts everything back exactly as it was.
     void restore() const;
-    /// Puts everything back and records a command for each property that the gesture has changed.
-    /// Whoever calls it has begun a macro.
-    void commit(QUndoStack &stack) const;
+    /// The values of now, in the order in which they were remembered.
+    QVector<QVariant> reached() const;
+    /// Records a command for each property that was to reach another value. To be called once all
+    /// is put back; what was done before may have brought the item along, as a group does.
+    void record(const QVector<QVariant> &reached, QUndoStack &stack) const;
 
     /// Position and size, in the order in which a resize records them.
     static const QStringList &geometryKeys();

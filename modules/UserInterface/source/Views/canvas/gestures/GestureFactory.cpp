@@ -6,10 +6,14 @@
 #include "CResizeGesture.h"
 #include "CResizeHandle.h"
 #include "CRotateGesture.h"
+#include "CScaleGesture.h"
+#include "CSelectionFrame.h"
 
 std::unique_ptr<CGesture> GestureFactory::forHandle(const QGraphicsItem &handle,
                                                     CSnapping &snapping)
 {
+    if (const auto *scale = dynamic_cast<const CFrameHandle *>(&handle))
+        return std::make_unique<CScaleGesture>(scale->frame().items(), scale->index(), snapping);
     auto *view = static_cast<CItemView *>(handle.parentItem());
     if (const auto *resize = dynamic_cast<const CResizeHandle *>(&handle))
         return std::make_unique<CResizeGesture>(view, resize->index(), snapping);

@@ -8,6 +8,7 @@
 #include "CRotateHandle.h"
 #include "CRotationOutline.h"
 #include "CanvasRoles.h"
+#include "FramePaint.h"
 #include "ICanvas.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
@@ -18,6 +19,7 @@
 #include <algorithm>
 
 namespace {
+constexpr double KeyFrame = 3;  ///< logical pixels
 constexpr double ThinFrame = 8; ///< scene units; thinner frames are hard to hit
 
 bool isSizeKey(const QString &key)
@@ -136,7 +138,7 @@ bool CItemView::collidesWithPath(const QPainterPath &path, Qt::ItemSelectionMode
 
 bool CItemView::isLeftOutOfBand() const
 {
-    return m_item->isLocked() && m_canvas.isBandOnLocked();
+    return m_canvas.isLeftOutOfBand(*m_item);
 }
 
 QPainterPath CItemView::alongPath(const QPainterPath &path) const
@@ -157,12 +159,42 @@ QPainterPath CItemView::alongPath(const QPainterPath &path) const
 
 void CItemView::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    if (!isSelected() && !isHighlighted())
-        return;
-    painter->setPen(CanvasColour::outlinePen(CanvasColour::Outline));
-    painter->setBrush(Qt::transparent);
-    painter->setOpacity(!isSelected() ? 0.4 : (m_hovered ? 1.0 : 0.8));
-    painter->drawRect(m_frame.normalized());
+    if (isSelected() || isHighlighted()) {
+        painter->setOpacity(!isSelected() ? 0.4 : (m_hovered ? 1.0 : 0.8));
+        FramePaint::drawRect(*painter, m_frame.normalized(), Qt::DashLine);
+    }
+    if (m_isKey && isSelected()) {
+        painter->setOpacity(1.0);
+        FramePaint::drawRect(*painter, m_frame.normalized(), Qt::SolidLine, KeyFrame);
+    }
+    if (m_canvas.isEntered(*m_item)) {
+        painter->setOpacity(0.8);
+        FramePaint::drawRect(*painter, m_frame.normalized(), Qt::DotLine);
+    }
+    if (m_isTarget && !isSelected()) {
+        painter->setOpacity(1.0);
+        paintTarget(*painter);
+    }
+}
+
+void CItemView::paintTarget(QPainter &painter) const
+{
+    if (m_item->kind() == CItemModel::Kind::Group || (!isDrawnByLines() && shownAngle() == 0))
+        FramePaint::drawRect(painter, m_frame.normalized(), Qt::SolidLine);
+    else
+        FramePaint::drawPath(painter, shape().simplified());
+}
+
+void CItemView::setKey(bool isKey)
+{
+    m_isKey = isKey;
+    update();
+}
+
+void CItemView::setTarget(bool isTarget)
+{
+    m_isTarget = isTarget;
+    update();
 }
 
 void CItemView::onPropertyChanged(const QString &key)
@@ -200,7 +232,7 @@ void CItemView::updateBounds()
 
 void CItemView::updateFlags()
 {
-    const bool selectable = !m_item->isGrouped();
+    const bool selectable = m_canvas.isReachable(*m_item);
     setFlag(ItemIsSelectable, selectable);
     setFlag(ItemIsMovable, selectable && !m_item->isLocked());
     setAcceptHoverEvents(selectable);
@@ -241,7 +273,7 @@ bool CItemView::isResizable() const
 
 bool CItemView::isRotatable() const
 {
-    return m_item->hasAngle() && !m_item->isGrouped() && !m_item->isLocked();
+    return m_item->hasAngle() && m_canvas.isReachable(*m_item) && !m_item->isLocked();
 }
 
 void CItemView::makeHandles()
@@ -290,7 +322,8 @@ void CItemView::updateHandles()
 
 void CItemView::showHandles(bool visible)
 {
-    if (visible && !m_marks)
+    const bool isOwn = visible && m_canvas.hasOwnHandles(*this);
+    if (isOwn && !m_marks)
         m_marks = new CHandleMarks(this);
     if (visible && !m_outline && m_item->hasAngle())
         m_outline = new CRotationOutline(this);
@@ -298,7 +331,7 @@ void CItemView::showHandles(bool visible)
         m_lockMark = new CLockMark(this);
     updateHandles();
     if (m_marks)
-        m_marks->setVisible(visible);
+        m_marks->setVisible(isOwn);
     if (m_outline)
         m_outline->setVisible(visible);
     if (m_lockMark)
@@ -306,10 +339,10 @@ void CItemView::showHandles(bool visible)
     if (!areHandlesMade())
         return;
     for (CResizeHandle *handle : m_handles)
-        handle->setVisible(visible && !m_item->isLocked() &&
+        handle->setVisible(isOwn && !m_item->isLocked() &&
                            CResizeHandle::isOfUseFor(handle->index(), *m_item));
     if (m_rotateHandle)
-        m_rotateHandle->setVisible(visible && isRotatable());
+        m_rotateHandle->setVisible(isOwn && isRotatable());
 }
 
 double CItemView::zoom() const
@@ -318,12 +351,17 @@ double CItemView::zoom() const
     return view ? view->transform().m11() : 1.0;
 }
 
+double CItemView::standOff(double side)
+{
+    constexpr double Outside = 5; // of a frame that is too small to hold them, all of a handle
+    const double half = std::abs(side) / 2;
+    return half < HandleReach ? std::max(HandleReach - half, Outside) : 0;
+}
+
 QPointF CItemView::handleStandOff() const
 {
-    const auto off = [scale = zoom()](double side) {
-        return std::max(0.0, HandleReach - std::abs(side) * scale / 2);
-    };
-    return {off(m_frame.width()), off(m_frame.height())};
+    const double scale = zoom();
+    return {standOff(m_frame.width() * scale), standOff(m_frame.height() * scale)};
 }
 
 QRectF CItemView::handlesRect() const

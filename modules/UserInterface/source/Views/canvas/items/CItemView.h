@@ -26,6 +26,9 @@ class CItemView : public QGraphicsObject
 public:
     static constexpr int HandleCount = 8;
     static constexpr double HandleReach = 12; ///< screen pixels from the centre, at least
+    /// How far handles stand off a frame whose side has so many screen pixels: those of a small one
+    /// lie outside and leave room between them to take hold of the item itself.
+    static double standOff(double side);
 
     CItemView(CItemModel *item, const ICanvas &canvas);
     ~CItemView() override;
@@ -47,9 +50,15 @@ public:
     virtual void onPropertyChanged(const QString &key);
     void updatePosition();
     void updateBounds();
+    /// The canvas shows other handles now.
+    void updateHandlesShown() { showHandles(isSelected()); }
     /// Whether it can be selected, moved, resized and rotated.
     void updateFlags();
 
+    /// Framed as the one that others are arranged by.
+    void setKey(bool isKey);
+    /// Framed as what a click would take.
+    void setTarget(bool isTarget);
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
     /// Those of the twelve guide lines that lie at the places; they reach across `visible` (all in
@@ -67,8 +76,7 @@ public:
     /// Of a list that the item is drawn through, in the view's coordinates.
     virtual QVector<QPointF> points() const { return {}; }
     double zoom() const; ///< screen pixels of a scene unit
-    /// How far handles stand off the frame, in screen pixels across and down: those of a small
-    /// frame leave room between them to take hold of the item itself.
+    /// How far handles stand off the frame, in screen pixels across and down.
     QPointF handleStandOff() const;
     /// Where handles lie, but for how far they stand off; in the view's coordinates.
     QRectF handlesRect() const;
@@ -96,6 +104,7 @@ protected:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
 
 private:
+    void paintTarget(QPainter &painter) const;
     bool isDrawnByLines() const;
     double lineWidth() const; ///< scene units, enough to be hit
     QVector<QPainterPath> turnedParts() const;
@@ -104,6 +113,8 @@ private:
     const ICanvas &m_canvas;
     QRectF m_frame; ///< what handles and the scene were last told
     bool m_hovered = false;
+    bool m_isTarget = false;
+    bool m_isKey = false;
     bool m_highlighted = false; ///< what data() says as well, where it is slow to read
     double m_angle = 0;
     // Children, made when they are first of use.

@@ -4,6 +4,7 @@
 #include "CItemModel.h"
 #include "CPointHandle.h"
 #include "CProjectModel.h"
+#include "ICanvas.h"
 #include "PointList.h"
 #include "PropertyKey.h"
 
@@ -74,7 +75,7 @@ void CMultiPointItemView::showHandles(bool visible)
 {
     CItemView::showHandles(visible);
     for (CPointHandle *handle : qAsConst(m_points))
-        handle->setVisible(visible && !item()->isLocked());
+        handle->setVisible(visible && canvas().hasOwnHandles(*this) && !item()->isLocked());
 }
 
 void CMultiPointItemView::record(const QString &macroText, const QString &points)

@@ -57,6 +57,8 @@ QSizeF CResizeRule::limited(const QSizeF &size) const
 QSizeF CResizeRule::withAspect(const QSizeF &size) const
 {
     const QSizeF &start = m_start.size;
+    if (m_kind == ResizeKind::Line)
+        return alongLine(size);
     if (start.width() == 0 || start.height() == 0)
         return size;
     const double across = size.width() / start.width();
@@ -67,13 +69,27 @@ QSizeF CResizeRule::withAspect(const QSizeF &size) const
     return {std::round(start.width() * factor), std::round(start.height() * factor)};
 }
 
+/// The end where the line passes the pointer. A flat line would leap away from it if the side that
+/// grows most in proportion decided.
+QSizeF CResizeRule::alongLine(const QSizeF &size) const
+{
+    const QSizeF &start = m_start.size;
+    const double across = m_horizontal != 0 ? start.width() : 0;
+    const double down = m_vertical != 0 ? start.height() : 0;
+    const double square = across * across + down * down;
+    if (square == 0)
+        return start; // no direction that the handle could go
+    const double factor = (size.width() * across + size.height() * down) / square;
+    return {std::round(start.width() * factor), std::round(start.height() * factor)};
+}
+
 CResizeRule::Geometry CResizeRule::boxFor(const QPointF &own, Modifiers modifiers) const
 {
     const double share = modifiers.fromCentre ? 2 : 1;
     const QSizeF dragged(std::round(own.x()) * m_horizontal * share,
                          std::round(own.y()) * m_vertical * share);
     QSizeF size = limited(m_start.size + dragged);
-    if (modifiers.keepAspect && m_kind == ResizeKind::Box)
+    if (modifiers.keepAspect && m_kind != ResizeKind::WidthOnly)
         size = limited(withAspect(size));
     if (m_kind == ResizeKind::WidthOnly)
         size.setHeight(m_start.size.height());

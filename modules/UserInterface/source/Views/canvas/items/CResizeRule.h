@@ -42,6 +42,7 @@ private:
     Geometry circleFor(const QPointF &own, Modifiers modifiers) const;
     QSizeF limited(const QSizeF &size) const;
     QSizeF withAspect(const QSizeF &size) const;
+    QSizeF alongLine(const QSizeF &size) const;
 
     const ResizeKind m_kind;
     const int m_horizontal;

@@ -20,6 +20,8 @@ const QColor Guide(255, 232, 32);
 const QColor SnapCross(255, 32, 0);
 const QColor Handle(33, 255, 200);
 const QColor LockGround(0, 0, 0, 190);
+const QColor FrameShade(0, 0, 0, 150);   ///< beside the outline
+const QColor HandleGround(0, 0, 0, 110); ///< in the handles of a common frame
 
 /// One pixel wide at every zoom.
 inline QPen outlinePen(const QColor &colour)

@@ -44,6 +44,8 @@ ResizeKind ItemResize::kindOf(const CItemModel &item)
 {
     if (ItemGeometry::isCentred(item))
         return ResizeKind::Circular;
+    if (item.geometryMode() == GeometryMode::TwoCorners)
+        return ResizeKind::Line;
     return item.isHeightFromFont() ? ResizeKind::WidthOnly : ResizeKind::Box;
 }
 

@@ -4,7 +4,8 @@
 
 /// How an item answers to its resize handles.
 enum class ResizeKind {
-    Box,       ///< edges move by themselves; also items between two points
+    Box,       ///< edges move by themselves
+    Line,      ///< a box between two points: keeping the proportions is keeping the direction
     WidthOnly, ///< the height follows from something else
     Circular,  ///< about a centre, width and height are one
 };

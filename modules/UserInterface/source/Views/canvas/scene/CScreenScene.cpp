@@ -7,6 +7,7 @@
 #include "CProjectModel.h"
 #include "CRectIndex.h"
 #include "CScreenModel.h"
+#include "CSelectionFrame.h"
 #include "CSnapMarks.h"
 #include "CanvasRoles.h"
 #include "ItemTree.h"
@@ -16,8 +17,13 @@
 #include <algorithm>
 
 CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
-    : QGraphicsScene(parent), m_screen(screen), m_guides(*this), m_snapping(*this, *screen)
+    : QGraphicsScene(parent),
+      m_screen(screen),
+      m_guides(*this),
+      m_snapping(*this, *screen),
+      m_selectionFrame(new CSelectionFrame)
 {
+    addItem(m_selectionFrame);
     setItemIndexMethod(NoIndex); // handles and guide lines move with every step of a drag
     CProjectModel *project = screen->project();
     setSceneRect(QRectF(QPointF(), QSizeF(project->resolution())));
@@ -65,7 +71,10 @@ void CScreenScene::detach()
 /// All at once: of views that go one by one each is looked for in the list of all items.
 void CScreenScene::deleteViews()
 {
-    QVector<QGraphicsItem *> kept = {m_guides.cross(), m_snapping.marks()};
+    m_selectionFrame->setItems({});
+    enter(nullptr);
+    m_keyItem = nullptr;
+    QVector<QGraphicsItem *> kept = {m_guides.cross(), m_snapping.marks(), m_selectionFrame};
     if (m_frame)
         kept.append(m_frame);
     for (QGraphicsItem *each : qAsConst(kept))
@@ -110,6 +119,10 @@ void CScreenScene::removeViews(const CItemModel *item)
             removeViews(member);
     }
     m_dueGroups.remove(item);
+    if (m_entered == item)
+        enter(nullptr);
+    if (m_keyItem == item)
+        setKeyItem(nullptr);
     delete m_views.take(item);
 }
 
@@ -119,8 +132,12 @@ void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last
     if (!parentItem || !isBelowScreen(parentItem))
         return;
     for (int row = first; row <= last; ++row) {
-        if (CItemModel *item = parentItem->childItem(row))
-            addViews(item);
+        CItemModel *item = parentItem->childItem(row);
+        if (!item)
+            continue;
+        addViews(item);
+        if (parentItem == m_entered)
+            item->setSelectable(true);
     }
     rowsChanged(parentItem);
 }
@@ -132,6 +149,7 @@ void CScreenScene::onRowsAboutToBeRemoved(const QModelIndex &parent, int first, 
         return;
     cancelGesture();
     dropGesture();
+    m_selectionFrame->setItems({}); // until the rows are gone, or back
     {
         const QSignalBlocker quiet(this); // of what is selected the project's selection knows
         for (int row = first; row <= last; ++row) {
@@ -161,6 +179,8 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
     CItemView *view = m_views.value(item);
     if (!view)
         return;
+    if (m_entered && (m_entered->isUnderLock() || m_entered->isUnderHidden()))
+        enter(nullptr);
     view->onPropertyChanged(key);
     membersChanged(item->parentItem());
     m_haveRowsChanged = m_haveRowsChanged || key == PropertyKey::Hidden; // what is to be counted
@@ -188,6 +208,7 @@ void CScreenScene::followChanges()
     const bool haveRowsChanged = std::exchange(m_haveRowsChanged, false);
     if (!m_screen)
         return;
+    updateHandles();
     highlightObjectBehind(true);
     if (!haveRowsChanged)
         return;
@@ -259,9 +280,14 @@ void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
     {
         const QSignalBlocker quiet(this);
         const QSet<CItemModel *> selected(items.begin(), items.end());
+        if (!items.isEmpty()) {
+            CItemModel *first = items.constFirst();
+            enter(m_views.contains(first) && first->isGrouped() ? first->parentItem() : nullptr);
+        }
         for (CItemView *view : order())
             view->setSelected(selected.contains(view->item()));
     }
+    updateHandles();
     highlightObjectBehind(true);
     update();
     Q_EMIT selectionShown();
@@ -284,19 +310,92 @@ QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,
             each->flags().testFlag(QGraphicsItem::ItemIsSelectable))
             found.append(static_cast<CItemView *>(each));
     }
+    if (m_entered)
+        std::stable_partition(found.begin(), found.end(), [this](const CItemView *each) {
+            return each->item()->parentItem() == m_entered;
+        });
     return found;
 }
 
 QGraphicsItem *CScreenScene::handleAt(const QPointF &scenePos,
                                       const QTransform &deviceTransform) const
 {
-    for (CItemView *view : order()) {
-        if (!view->isSelected())
-            continue;
-        if (QGraphicsItem *handle = view->handleAt(scenePos, deviceTransform))
-            return handle;
+    QGraphicsItem *own = m_single ? m_single->handleAt(scenePos, deviceTransform) : nullptr;
+    return own ? own : m_selectionFrame->handleAt(scenePos, deviceTransform);
+}
+
+/// One selected item has handles of its own, several have a common frame.
+void CScreenScene::updateHandles()
+{
+    const QVector<CItemModel *> items = selectedModelItems();
+    CItemView *single = items.size() == 1 ? m_views.value(items.constFirst()) : nullptr;
+    if (m_single != single) {
+        const QPointer<CItemView> before = std::exchange(m_single, single);
+        for (CItemView *each : {before.data(), single}) {
+            if (each)
+                each->updateHandlesShown();
+        }
     }
-    return nullptr;
+    m_selectionFrame->setItems(items);
+    if (items.size() < 2 || !items.contains(m_keyItem))
+        setKeyItem(nullptr);
+}
+
+bool CScreenScene::isReachable(const CItemModel &item) const
+{
+    if (m_entered && item.parentItem() == m_entered)
+        return true;
+    const CItemModel *around = m_entered; // what holds the members would cover them
+    while (around && around != &item)
+        around = around->parentItem();
+    return !around && !item.isGrouped();
+}
+
+void CScreenScene::enter(CItemModel *group)
+{
+    if (m_entered == group)
+        return;
+    CItemModel *before = std::exchange(m_entered, group);
+    for (CItemModel *parent : {before, group, static_cast<CItemModel *>(m_screen)}) {
+        for (int row = 0; parent && row < parent->rowCount(); ++row) {
+            CItemModel *item = parent->childItem(row);
+            item->setSelectable(parent == group || !item->isGrouped()); // in lists as well
+            if (CItemView *view = m_views.value(item))
+                view->updateFlags();
+        }
+    }
+    update();
+}
+
+void CScreenScene::setKeyItem(CItemModel *item)
+{
+    if (m_keyItem == item)
+        return;
+    for (CItemModel *each : {std::exchange(m_keyItem, item), item}) {
+        if (CItemView *view = m_views.value(each))
+            view->setKey(each == item);
+    }
+    Q_EMIT keyItemChanged();
+}
+
+void CScreenScene::showTargetAt(const QPointF &scenePos, const QTransform &deviceTransform)
+{
+    CItemView *target = handleAt(scenePos, deviceTransform)
+                            ? nullptr
+                            : selectableViewsAt(scenePos, deviceTransform).value(0);
+    if (m_target == target)
+        return;
+    hideTarget();
+    m_target = target;
+    if (target)
+        target->setTarget(true);
+}
+
+void CScreenScene::hideTarget()
+{
+    if (m_target)
+        m_target->setTarget(false);
+    m_target = nullptr;
 }
 
 void CScreenScene::setFrame(const QPixmap &frame)
@@ -310,6 +409,7 @@ void CScreenScene::setFrame(const QPixmap &frame)
 
 void CScreenScene::selectionChanged()
 {
+    updateHandles();
     highlightObjectBehind(true);
 }
 

@@ -15,6 +15,7 @@
 
 class CFrameItem;
 class CScreenModel;
+class CSelectionFrame;
 class QStandardItem;
 
 /// The canvas of one screen: an item view for each model item, the emulator's frame behind them,
@@ -47,7 +48,22 @@ public:
                                          const QTransform &deviceTransform) const;
     /// The handle of a selected view at a place, also where other items cover it.
     QGraphicsItem *handleAt(const QPointF &scenePos, const QTransform &deviceTransform) const;
-    bool isBandOnLocked() const override;
+    bool isBandOnLocked() const; ///< it leaves out locked items
+    bool isLeftOutOfBand(const CItemModel &item) const override;
+    bool isReachable(const CItemModel &item) const override;
+    bool isEntered(const CItemModel &item) const override { return m_entered == &item; }
+    /// The group whose members are selected one by one; null for none. It is the one of the members
+    /// that are selected: choosing something else leaves it.
+    CItemModel *entered() const { return m_entered; }
+    /// The one of several selected items that others are arranged by; null for none.
+    CItemModel *keyItem() const { return m_keyItem; }
+    void setKeyItem(CItemModel *item);
+    bool hasOwnHandles(const CItemView &view) const override { return m_single == &view; }
+    const CSelectionFrame *selectionFrame() const { return m_selectionFrame; }
+    /// Frames what a click at a place would take, until hideTarget().
+    void showTargetAt(const QPointF &scenePos, const QTransform &deviceTransform);
+    void hideTarget();
+    const CItemView *target() const { return m_target; } ///< null for none
 
     void setFrame(const QPixmap &frame);
     CFrameItem *frameItem() const { return m_frame; }
@@ -71,6 +87,7 @@ public Q_SLOTS:
     void selectionChanged();
 
 Q_SIGNALS:
+    void keyItemChanged();
     void selectionShown(); ///< of what was chosen elsewhere; selectionChanged() tells the others
     void gestureReported(const QString &readout);
     void gestureEnded();
@@ -98,6 +115,9 @@ private:
     const QVector<CItemView *> &order() const;
     void restack() const;
     void updateGroupFrames() const;
+    void updateHandles();
+    void enter(CItemModel *group);
+    QList<CItemView *> viewsForPress(const QGraphicsSceneMouseEvent &event);
     void rowsChanged(const CItemModel *parent);
     void membersChanged(const CItemModel *group);
     void followChangesSoon();
@@ -113,6 +133,12 @@ private:
     CSnapGuides m_guides;
     CSnapping m_snapping;
     CFrameItem *m_frame = nullptr;
+    CSelectionFrame *m_selectionFrame; ///< the scene's
+    QPointer<CItemView> m_single;      ///< the one selected view
+    CItemModel *m_entered = nullptr;
+    CItemModel *m_keyItem = nullptr;
+    CItemModel *m_keyPressed = nullptr; ///< becomes the key item unless it is dragged
+    QPointer<CItemView> m_target;       ///< that is framed as what a click would take
     QHash<const CItemModel *, CItemView *> m_views;
     // What follows from many changes at once is worked out once, when it is asked for or when they
     // are over.

@@ -6,6 +6,7 @@
 #include "CItemView.h"
 #include "CMoveGesture.h"
 #include "CScreenScene.h"
+#include "CSelectionFrame.h"
 #include "GestureFactory.h"
 #include "ItemOperations.h"
 
@@ -55,6 +56,8 @@ QTransform transformOf(const QGraphicsSceneMouseEvent &event)
 void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     dropGesture();
+    hideTarget();
+    m_keyPressed = nullptr;
     if (event->button() != Qt::LeftButton) {
         event->accept(); // else the selection would be lost
         return;
@@ -68,7 +71,7 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
         event->accept();
         return;
     }
-    const QList<CItemView *> under = selectableViewsAt(event->scenePos(), transform);
+    const QList<CItemView *> under = viewsForPress(*event);
     if (event->modifiers() == Qt::AltModifier && !under.isEmpty()) {
         const auto isSelected = [](const CItemView *view) { return view->isSelected(); };
         const auto chosen = std::find_if(under.begin(), under.end(), isSelected);
@@ -87,6 +90,8 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
         event->ignore(); // the view begins a rubber band
         return;
     }
+    if (pressed->isSelected() && !m_single && event->modifiers() == Qt::NoModifier)
+        m_keyPressed = pressed->item();
     const bool isShift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (isShift)
         event->setModifiers(event->modifiers() | Qt::ControlModifier); // adds to the selection
@@ -96,6 +101,22 @@ void CScreenScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
     }
     if (pressed && !isShift)
         beginGesture(moveOf(pressed), *event);
+}
+
+/// What lies at the place, front first. A press beside the members leaves their group.
+QList<CItemView *> CScreenScene::viewsForPress(const QGraphicsSceneMouseEvent &event)
+{
+    const QTransform transform = transformOf(event);
+    const QList<CItemView *> under = selectableViewsAt(event.scenePos(), transform);
+    if (!m_entered)
+        return under;
+    const bool isInside = under.isEmpty()
+                              ? viewOf(m_entered)->sceneRect().contains(event.scenePos())
+                              : under.constFirst()->item()->parentItem() == m_entered;
+    if (isInside)
+        return under;
+    enter(nullptr);
+    return selectableViewsAt(event.scenePos(), transform);
 }
 
 void CScreenScene::beginGesture(std::unique_ptr<CGesture> gesture,
@@ -150,8 +171,8 @@ void CScreenScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     const bool isDrag = m_gesture && event->buttons().testFlag(Qt::LeftButton);
     if (!isDrag) {
-        if (!mouseGrabberItem()) // the handles that the pointer comes near are to be there
-            handleAt(event->scenePos(), transformOf(*event));
+        if (!mouseGrabberItem()) // the handles that the pointer comes near are to be there, too
+            showTargetAt(event->scenePos(), transformOf(*event));
         // A pressed view would move itself, and its item would not know.
         if (!mouseGrabberItem() || !event->buttons().testFlag(Qt::LeftButton))
             QGraphicsScene::mouseMoveEvent(event);
@@ -168,6 +189,7 @@ void CScreenScene::followPointer(const SGesturePointer &pointer)
     const QString readout = m_gesture->update(pointer);
     if (!isGestureActive())
         return;
+    m_selectionFrame->follow();
     highlightObjectBehind(false);
     if (!readout.isEmpty())
         Q_EMIT gestureReported(readout);
@@ -189,8 +211,15 @@ void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     if (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier) &&
         !isGestureActive())
         event->setModifiers(event->modifiers() | Qt::ControlModifier);
-    if (!isGestureActive() && pointerOf(*event).travelled < DragDistance)
+    const bool isClick = !isGestureActive() && pointerOf(*event).travelled < DragDistance;
+    CItemModel *clicked = std::exchange(m_keyPressed, nullptr);
+    const bool isNewKey = isClick && clicked && clicked != m_keyItem && m_views.contains(clicked);
+    if (isClick)
         event->setScenePos(event->buttonDownScenePos(Qt::LeftButton));
+    if (isNewKey) { // for the view a drag, which leaves the selection as it is
+        event->setScenePos(event->scenePos() + QPointF(1, 1));
+        setKeyItem(clicked);
+    }
     QGraphicsScene::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton)
         return;
@@ -201,6 +230,11 @@ void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 bool CScreenScene::isGestureActive() const
 {
     return m_gesture && m_gesture->isUnderWay();
+}
+
+bool CScreenScene::isLeftOutOfBand(const CItemModel &item) const
+{
+    return (item.isLocked() && isBandOnLocked()) || (m_entered && item.parentItem() != m_entered);
 }
 
 bool CScreenScene::isBandOnLocked() const
@@ -228,6 +262,7 @@ void CScreenScene::cancelGesture()
     if (!wasActive)
         return;
     hideGuides();
+    m_selectionFrame->follow();
     highlightObjectBehind(true);
     Q_EMIT gestureEnded();
 }

@@ -12,7 +12,7 @@ void add(const CItemModel &parent, const QSet<const CItemModel *> &moving,
 {
     for (int row = 0; row < parent.rowCount(); ++row) {
         const CItemModel *item = parent.childItem(row);
-        if (!item || moving.contains(item))
+        if (!item || item->isHidden() || moving.contains(item)) // nothing unseen holds the item
             continue;
         if (!holders.contains(item))
             frames.append(CItemArrange::frameOf(*item));

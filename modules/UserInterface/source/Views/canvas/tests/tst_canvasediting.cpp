@@ -86,7 +86,11 @@ private Q_SLOTS:
         QCOMPARE(line->x2(), 80.0);
         QCOMPARE(canvas.stack.count(), 4); // one step for both
         canvas.select({line});
+        CEditorState::instance()->setNudgeSteps(7, 3);
         QTest::keyClick(canvas.view.get(), Qt::Key_Right);
+        QTest::keyClick(canvas.view.get(), Qt::Key_Left, Qt::ShiftModifier);
+        CEditorState::instance()->setNudgeSteps(20, 1);
+        QCOMPARE(line->x(), 34.0);
         QCOMPARE(canvas.stack.text(4), QString("Move Object"));
     }
 
@@ -339,6 +343,23 @@ private Q_SLOTS:
         QTest::keyClick(canvas.view.get(), Qt::Key_Tab); // what it selects comes into sight
         QVERIFY(canvas.viewOf(far)->isSelected());
         QVERIFY(canvas.view->viewport()->rect().contains(canvas.at({450, 255})));
+    }
+
+    void thePreviousZoomComesBack()
+    {
+        Canvas canvas;
+        canvas.show();
+        const auto middle = [&] {
+            return canvas.view->mapToScene(canvas.view->viewport()->rect().center());
+        };
+        CEditorState::instance()->setZoom(400, 0);
+        canvas.view->centerOn(120, 90);
+        const QPointF near = middle();
+        canvas.view->showPreviousZoom();
+        QCOMPARE(canvas.view->zoomPercent(), 100);
+        canvas.view->showPreviousZoom();
+        QCOMPARE(canvas.view->zoomPercent(), 400);
+        QVERIFY((middle() - near).manhattanLength() < 2);
     }
 
     void contextMenu()

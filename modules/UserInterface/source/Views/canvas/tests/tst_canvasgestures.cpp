@@ -1,9 +1,11 @@
 // Drags on the canvas, with real mouse and key events on a shown view.
 #include "CResizeRule.h"
+#include "CSelectionFrame.h"
 #include "CanvasFixture.h"
 #include "CanvasRoles.h"
 #include "ItemOperations.h"
 
+#include <QSet>
 #include <QSignalSpy>
 
 #include <cmath>
@@ -177,6 +179,224 @@ private Q_SLOTS:
         canvas.view->lockItems();
         canvas.view->paste(); // a copy is there to be put somewhere
         QVERIFY(!canvas.screen->childItem(0)->isLocked());
+    }
+
+    void severalAreScaledTogether_data()
+    {
+        QTest::addColumn<int>("handle");
+        QTest::addColumn<QPointF>("by");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QRectF>("frame"); // that (100, 100) to (200, 200) becomes
+        QTest::newRow("corner") << 3 << QPointF(100, 50) << 0 << QRectF(100, 100, 200, 150);
+        QTest::newRow("opposite corner") << 7 << QPointF(50, 25) << 0 << QRectF(150, 125, 50, 75);
+        QTest::newRow("edge") << 2 << QPointF(100, 9) << 0 << QRectF(100, 100, 200, 100);
+        QTest::newRow("aspect") << 3 << QPointF(50, 10) << int(Qt::ShiftModifier)
+                                << QRectF(100, 100, 150, 150);
+        QTest::newRow("centre") << 3 << QPointF(50, 0) << int(Qt::AltModifier)
+                                << QRectF(50, 100, 200, 100);
+        QTest::newRow("it does not turn over")
+            << 0 << QPointF(0, 400) << 0 << QRectF(100, 199, 100, 1);
+    }
+
+    /// From nothing selected: a band around them, a drag, Esc or not. Where edges go is worked out
+    /// here; members, what is locked and what is round have their own rules.
+    void severalAreScaledTogether()
+    {
+        QFETCH(int, handle);
+        QFETCH(QPointF, by);
+        QFETCH(int, modifiers);
+        QFETCH(QRectF, frame);
+        Canvas canvas;
+        CItemModel *box = appendBox(canvas.screen, 100, 100, 40, 20);
+        CItemModel *disc = appendWidget(
+            canvas.screen, "Kiv_Circle_T",
+            {{PropertyKey::X, 190}, {PropertyKey::Y, 110}, {PropertyKey::PointSize, 160}});
+        CItemModel *line = appendWidget(canvas.screen, "Kiv_Line_T",
+                                        {{PropertyKey::X, 140},
+                                         {PropertyKey::Y, 180},
+                                         {PropertyKey::X2, 100},
+                                         {PropertyKey::Y2, 200}});
+        CItemModel *area = appendWidget(canvas.screen, "Kiv_Polygon_T",
+                                        {{PropertyKey::X, 180},
+                                         {PropertyKey::Y, 180},
+                                         {PropertyKey::PointList, "0,0;20,0;20,20"}});
+        CItemModel *turned = appendBox(canvas.screen, 150, 120, 40, 20);
+        turned->setProperty(PropertyKey::Angle, 90);
+        CItemModel *locked = appendBox(canvas.screen, 110, 150, 20, 20);
+        CItemModel *member = appendBox(canvas.screen, 120, 140, 10, 10);
+        CItemModel *fixed = appendBox(canvas.screen, 140, 160, 10, 10);
+        ItemOperations::group(*canvas.screen, {member, fixed}, {120, 140});
+        locked->setLocked(true);
+        fixed->setLocked(true);
+        canvas.stack.clear();
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        canvas.drag({90, 90}, {215, 215});
+        QCOMPARE(canvas.view->selectedItems().size(), 7);
+        const QGraphicsItem *dragged = canvas.view->screenScene()->selectionFrame()->handle(handle);
+        const QPointF from = dragged->scenePos();
+        for (const bool isEscaped : {true, false}) {
+            canvas.press(from, Qt::KeyboardModifiers(modifiers));
+            canvas.move(from + 2 * by,
+                        Qt::KeyboardModifiers(modifiers)); // rounding must not add up
+            canvas.move(from + by / 3, Qt::KeyboardModifiers(modifiers));
+            canvas.move(from + by, Qt::KeyboardModifiers(modifiers));
+            QVERIFY(savedBytes(*canvas.project) != before);
+            if (isEscaped)
+                QTest::keyClick(canvas.view.get(), Qt::Key_Escape);
+            canvas.release(from + by, Qt::KeyboardModifiers(modifiers));
+            QVERIFY(!isEscaped || savedBytes(*canvas.project) == before);
+        }
+        const double across = frame.width() / 100;
+        const double down = frame.height() / 100;
+        const auto at = [&](double x, double y) {
+            return QPointF(std::round(frame.x() + (x - 100) * across),
+                           std::round(frame.y() + (y - 100) * down));
+        };
+        QCOMPARE(rectOf(box),
+                 QRectF(at(100, 100), at(140, 120)) | QRectF(at(100, 100), QSizeF(1, 1)));
+        QCOMPARE(QPointF(disc->x(), disc->y()), at(190, 110));
+        QCOMPARE(disc->radius(), std::max(1.0, std::round(10 * std::min(across, down))));
+        QCOMPARE(QPointF(line->x(), line->y()), at(140, 180));
+        QCOMPARE(QPointF(line->x2(), line->y2()), at(100, 200));
+        QCOMPARE(QPointF(area->x(), area->y()), at(180, 180));
+        const QPointF tip = at(200, 200) - at(180, 180);
+        QVERIFY(area->propertyText(PropertyKey::PointList)
+                    .endsWith(QString(";%1,%2").arg(tip.x()).arg(tip.y())));
+        const QSizeF own(std::max(1.0, std::round(40 * down)), std::round(20 * across));
+        QCOMPARE(QSizeF(turned->width(), turned->height()), own); // its sides lie across
+        const QPointF off = QRectF(turned->x(), turned->y(), own.width(), own.height()).center() -
+                            (frame.topLeft() + QPointF(70 * across, 30 * down));
+        QVERIFY(std::abs(off.x()) <= 0.5 && std::abs(off.y()) <= 0.5 && turned->angle() == 90);
+        QCOMPARE(QPointF(member->x(), member->y()), at(120, 140));
+        QCOMPARE(QPointF(member->parentItem()->x(), member->parentItem()->y()), at(120, 140));
+        QCOMPARE(rectOf(locked), QRectF(110, 150, 20, 20));
+        QCOMPARE(rectOf(fixed), QRectF(140, 160, 10, 10));
+        canvas.checkOneStep(before);
+        const QRectF now = canvas.view->screenScene()->selectionFrame()->boundingRect();
+        QVERIFY(handle != 3 || modifiers || (now.bottomRight() - frame.bottomRight()).isNull());
+    }
+
+    /// What is framed under the resting pointer is what the click selects, then and there.
+    void theHoverFrameIsKept()
+    {
+        Canvas canvas;
+        CItemModel *small = appendBox(canvas.screen, 100, 100, 3, 3);
+        CItemModel *turned = appendBox(canvas.screen, 90, 96, 60, 10);
+        turned->setProperty(PropertyKey::Angle, 45);
+        CItemModel *hidden = appendBox(canvas.screen, 80, 80, 90, 90);
+        hidden->setHidden(true);
+        CItemModel *members[] = {appendBox(canvas.screen, 140, 140, 30, 30),
+                                 appendBox(canvas.screen, 60, 60, 20, 20)};
+        ItemOperations::group(*canvas.screen, {members[0], members[1]}, {60, 60});
+        appendBox(canvas.screen, 50, 50, 200, 150)->setLocked(true);
+        canvas.show();
+        const CScreenScene *scene = canvas.view->screenScene();
+        QSet<const CItemModel *> seen;
+        for (int y = 45; y < 210; y += 3) {
+            for (int x = 45; x < 260; x += 7) {
+                canvas.select({});
+                canvas.mouse(QEvent::MouseMove, {double(x), double(y)}, Qt::NoButton, Qt::NoButton);
+                const CItemModel *target = scene->target() ? scene->target()->item() : nullptr;
+                canvas.click({double(x), double(y)});
+                QCOMPARE(canvas.view->selectedItems().value(0), target);
+                seen.insert(target);
+            }
+        }
+        QVERIFY(seen.contains(small) && seen.contains(turned) && seen.size() == 5);
+        QVERIFY(seen.contains(nullptr) && !seen.contains(hidden));
+        canvas.mouse(QEvent::MouseMove, {200, 180}, Qt::NoButton, Qt::NoButton);
+        canvas.press({200, 180});
+        QVERIFY(!scene->target()); // a press has decided
+    }
+
+    void membersAreEditedInTheirGroup()
+    {
+        CEditorState::instance()->setSnapToGrid(false);
+        Canvas canvas;
+        CItemModel *outside = appendBox(canvas.screen, 300, 100, 40, 40);
+        CItemModel *first = appendBox(canvas.screen, 100, 100, 40, 40);
+        CItemModel *second = appendBox(canvas.screen, 160, 100, 40, 40);
+        CItemModel *third = appendBox(canvas.screen, 100, 160, 40, 40);
+        CItemModel *inner = ItemOperations::group(*canvas.screen, {first, second}, {100, 100});
+        CItemModel *group = ItemOperations::group(*canvas.screen, {inner, third}, {100, 100});
+        canvas.stack.clear();
+        canvas.show();
+        const QByteArray before = savedBytes(*canvas.project);
+        using Items = QVector<CItemModel *>;
+        const auto selected = [&canvas] { return canvas.view->selectedItems(); };
+        CScreenView *view = canvas.view.get();
+        canvas.click({120, 120});
+        QTest::keyClick(view, Qt::Key_Return);
+        QCOMPARE(selected(), Items({inner}));
+        QTest::keyClick(view, Qt::Key_Return);
+        QCOMPARE(selected(), Items({first}));
+        QTest::keyClick(view, Qt::Key_Return); // no group
+        QTest::keyClick(view, Qt::Key_Tab);
+        QCOMPARE(selected(), Items({second}));
+        canvas.drag({110, 110}, {117, 113}); // the one that is not selected, at once
+        QCOMPARE(selected(), Items({first}));
+        QCOMPARE(rectOf(first), QRectF(107, 103, 40, 40));
+        QCOMPARE(rectOf(second), QRectF(160, 100, 40, 40));
+        canvas.checkOneStep(before);
+        canvas.view->commands()->selectAll();
+        QCOMPARE(selected(), Items({first, second}));
+        canvas.view->orderingToBack();
+        canvas.view->group(); // neither is for members
+        canvas.view->ungroup();
+        QCOMPARE(canvas.stack.count(), 1);
+        canvas.select({first});
+        canvas.view->orderingToBack();
+        QCOMPARE(inner->childItem(1), first);
+        QCOMPARE(selected(), Items({first}));
+        QVERIFY(canvas.view->commands()->leaveGroup());
+        QCOMPARE(selected(), Items({inner}));
+        QVERIFY(canvas.view->commands()->leaveGroup());
+        QCOMPARE(selected(), Items({group}));
+        QVERIFY(!canvas.view->commands()->leaveGroup());
+        canvas.mouse(QEvent::MouseButtonDblClick, {120, 180}, Qt::LeftButton, Qt::LeftButton);
+        canvas.release({120, 180});
+        QCOMPARE(selected(), Items({third}));
+        canvas.click({320, 120}); // beside it
+        QCOMPARE(selected(), Items({outside}));
+        canvas.click({120, 180});
+        QCOMPARE(selected(), Items({group}));
+        QTest::keyClick(view, Qt::Key_Return);
+        group->setLocked(true);
+        QVERIFY(selected().isEmpty() && !canvas.view->screenScene()->entered());
+        canvas.click({120, 180});
+        QTest::keyClick(view, Qt::Key_Return); // what is locked stays closed
+        QCOMPARE(selected(), Items({group}));
+    }
+
+    void aSecondClickMakesTheKeyItem()
+    {
+        Canvas canvas;
+        CItemModel *left = appendBox(canvas.screen, 100, 100, 40, 40);
+        CItemModel *right = appendBox(canvas.screen, 200, 120, 40, 40);
+        canvas.show();
+        const CScreenScene *scene = canvas.view->screenScene();
+        using Items = QVector<CItemModel *>;
+        canvas.click({110, 110});
+        canvas.click({110, 110});
+        QVERIFY(!scene->keyItem()); // one alone
+        canvas.click({220, 140}, Qt::ShiftModifier);
+        QVERIFY(!scene->keyItem());
+        canvas.click({220, 140});
+        QCOMPARE(scene->keyItem(), right);
+        canvas.click({120, 120});
+        QCOMPARE(scene->keyItem(), left);
+        QCOMPARE(canvas.view->selectedItems(), Items({left, right}));
+        canvas.drag({220, 140}, {260, 140}); // no click
+        QCOMPARE(scene->keyItem(), left);
+        canvas.stack.undo();
+        canvas.click({120, 120}); // it alone
+        QCOMPARE(canvas.view->selectedItems(), Items({left}));
+        QVERIFY(!scene->keyItem());
+        canvas.drag({90, 90}, {290, 190});
+        canvas.click({120, 120});
+        canvas.click({400, 200});
+        QVERIFY(!scene->keyItem() && canvas.view->selectedItems().isEmpty());
     }
 
     /// The canvas neither shows nor takes it, what is selected stays so, and documents keep it.

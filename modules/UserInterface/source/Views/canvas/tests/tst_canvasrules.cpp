@@ -39,6 +39,8 @@ private Q_SLOTS:
         row("right past the maximum of 200", box, 2, {999, 0}, "", {100, 50, 200, 30});
         row("corner with the aspect", box, 3, {40, 0}, "s", {100, 50, 80, 60});
         row("edge with the aspect", box, 2, {40, 0}, "s", {100, 35, 80, 60});
+        row("a line in its direction", ResizeKind::Line, 3, {-30, 30}, "s", {100, 50, 35, 26});
+        row("a line at the pointer", ResizeKind::Line, 3, {3, 30}, "s", {100, 50, 56, 42});
         row("right from the centre", box, 2, {10, 0}, "a", {90, 50, 60, 30});
         row("height from font: sideways", width, 3, {10, 10}, "", {100, 50, 50, 30});
         row("height from font: up and down", width, 0, {10, 10}, "", {100, 50, 40, 30});

@@ -157,6 +157,15 @@ int CScreenView::zoomPercent() const
     return m_zoom->percent();
 }
 
+void CScreenView::showPreviousZoom()
+{
+    const auto previous = m_zoom->previous();
+    if (!previous)
+        return;
+    CEditorState::instance()->setZoom(previous->percent, previous->type);
+    centerOn(previous->centre);
+}
+
 bool CScreenView::isGestureActive() const
 {
     return m_scene->isGestureActive() || m_guides->isHeld();

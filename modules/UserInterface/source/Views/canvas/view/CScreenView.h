@@ -15,6 +15,7 @@ class CScreenModel;
 class CScreenScene;
 class CSelectionCommands;
 class CViewZoom;
+class QMenu;
 
 /// Shows the canvas of one screen and takes what the user does there: mouse, wheel, keys, drops and
 /// the context menu. What is done to the selected items is CSelectionCommands', drops are
@@ -48,6 +49,8 @@ public:
     QVector<CItemModel *> selectedItems() const; ///< front first
     bool isGestureActive() const;
     int zoomPercent() const;
+    /// Asks for the zoom and the place of before the last change.
+    void showPreviousZoom();
     double scale() const { return transform().m11(); }
     /// Adds a widget of a kind to the middle of what is seen, selects it and takes the keys.
     void placeInMiddle(const QString &type);
@@ -68,7 +71,8 @@ Q_SIGNALS:
     void resized();
     void itemMoved(CItemModel *item, QPointF oldPosition, QPointF newPosition);
     void message(const QString &text);
-    void frameWanted(); ///< the screen looks different now
+    void menuAboutToShow(QMenu *menu); ///< for the items; more may be added
+    void frameWanted();                ///< the screen looks different now
 
 public Q_SLOTS:
     // Those of commands() that are connected to by name.
@@ -154,4 +158,5 @@ private:
     bool m_panning = false;
     bool m_leftHeld = false; ///< pressed here and, as far as is known, not released yet
     bool m_spaceHeld = false;
+    bool m_isDoubleClick = false; ///< until the release
 };

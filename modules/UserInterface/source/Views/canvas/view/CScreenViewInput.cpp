@@ -1,4 +1,5 @@
 // Mouse, wheel, keys, drops and the context menu of a screen.
+#include "CEditorState.h"
 #include "CGuideTool.h"
 #include "CItemDrop.h"
 #include "CItemModel.h"
@@ -18,11 +19,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
-
-namespace {
-constexpr int NudgeStep = 20; ///< scene units
-constexpr int FineNudgeStep = 1;
-} // namespace
+#include <utility>
 
 bool CScreenView::event(QEvent *event)
 {
@@ -57,7 +54,8 @@ bool CScreenView::focusNextPrevChild(bool next)
 void CScreenView::keyPressEvent(QKeyEvent *event)
 {
     const bool isShiftAlone = event->modifiers() == Qt::ShiftModifier;
-    const int step = isShiftAlone ? FineNudgeStep : NudgeStep;
+    const CEditorState &state = *CEditorState::instance();
+    const int step = isShiftAlone ? state.fineNudgeStep() : state.nudgeStep();
     if (isPointerHeld()) {
         if (event->key() == Qt::Key_Escape) {
             m_scene->cancelGesture();
@@ -93,6 +91,11 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
             return;
         }
         showNext();
+        event->accept();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_commands->enterGroup();
         event->accept();
         return;
     case Qt::Key_Space:
@@ -306,7 +309,10 @@ void CScreenView::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() == Qt::LeftButton)
         m_leftHeld = false;
     const bool isAltClick = m_altPress && !isGestureActive();
+    const bool isDoubleClick = std::exchange(m_isDoubleClick, false) && !isGestureActive();
     QGraphicsView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && isDoubleClick)
+        m_commands->enterGroupAt(mapToScene(event->pos()));
     if (event->button() == Qt::LeftButton && isAltClick)
         selectCovered(*m_altPress);
 }
@@ -316,6 +322,7 @@ void CScreenView::mouseDoubleClickEvent(QMouseEvent *event)
     if (!isPointerHeld() && m_guides->doubleClick(*event))
         return;
     mousePressEvent(event); // two quick presses are two presses
+    m_isDoubleClick = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
 }
 
 void CScreenView::leaveEvent(QEvent *event)
@@ -323,6 +330,7 @@ void CScreenView::leaveEvent(QEvent *event)
     QGraphicsView::leaveEvent(event);
     m_guides->leave();
     m_measure.hide();
+    m_scene->hideTarget();
     Q_EMIT pointerLeft();
 }
 
@@ -394,5 +402,6 @@ void CScreenView::contextMenuEvent(QContextMenuEvent *event)
         return;
     QMenu menu(this);
     m_commands->addTo(&menu);
+    Q_EMIT menuAboutToShow(&menu);
     menu.exec(event->globalPos());
 }

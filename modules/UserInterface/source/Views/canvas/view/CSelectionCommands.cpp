@@ -1,6 +1,7 @@
 #include "CSelectionCommands.h"
 
 #include "CItemModel.h"
+#include "CItemView.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
@@ -112,8 +113,9 @@ void CSelectionCommands::paste(std::optional<QPoint> by)
 QVector<CItemModel *> CSelectionCommands::choosable() const
 {
     QVector<CItemModel *> items;
-    for (int row = 0; row < screen()->rowCount(); ++row) {
-        CItemModel *item = screen()->childItem(row);
+    const CItemModel *parent = m_scene->entered() ? m_scene->entered() : screen();
+    for (int row = 0; row < parent->rowCount(); ++row) {
+        CItemModel *item = parent->childItem(row);
         if (!item->isHidden())
             items.append(item);
     }
@@ -199,6 +201,52 @@ CItemModel *CSelectionCommands::selectNext()
     return next;
 }
 
+CItemModel *CSelectionCommands::enterable() const
+{
+    const QVector<CItemModel *> items = selectedItems();
+    CItemModel *group = items.size() == 1 ? items.constFirst() : nullptr;
+    const bool isOpen = group && group->kind() == CItemModel::Kind::Group &&
+                        !group->isUnderLock() && !group->isUnderHidden() && group->rowCount() > 0;
+    return isOpen ? group : nullptr;
+}
+
+void CSelectionCommands::enterGroup()
+{
+    CItemModel *group = enterable();
+    for (int row = 0; group && row < group->rowCount(); ++row) {
+        if (group->childItem(row)->isHidden())
+            continue;
+        m_scene->chooseModelItems({group->childItem(row)});
+        return;
+    }
+}
+
+bool CSelectionCommands::enterGroupAt(const QPointF &scenePos)
+{
+    CItemModel *group = enterable();
+    for (int row = 0; group && row < group->rowCount(); ++row) {
+        const CItemView *view = m_scene->viewOf(group->childItem(row));
+        if (!view->contains(view->mapFromScene(scenePos)))
+            continue;
+        m_scene->chooseModelItems({view->item()});
+        return true;
+    }
+    return false;
+}
+
+bool CSelectionCommands::leaveGroup()
+{
+    CItemModel *group = m_scene->entered();
+    if (group)
+        m_scene->chooseModelItems({group});
+    return group != nullptr;
+}
+
+void CSelectionCommands::toggleHidden()
+{
+    ItemOperations::toggleHidden(selectedItems());
+}
+
 void CSelectionCommands::toggleLock()
 {
     ItemOperations::toggleLock(selectedItems());
@@ -264,21 +312,30 @@ void CSelectionCommands::addTo(QMenu *menu)
     const bool anyGroup = std::any_of(items.begin(), items.end(), [](const CItemModel *each) {
         return each->kind() == CItemModel::Kind::Group && !each->isLocked();
     });
-    const auto add = [this, menu](const QString &text, void (CSelectionCommands::*command)(),
-                                  bool enabled) {
-        menu->addAction(text, this, command)->setEnabled(enabled);
+    const bool isInGroup = m_scene->entered() != nullptr;
+    const auto add = [this, menu](const char *name, const QString &text,
+                                  void (CSelectionCommands::*command)(), bool enabled) {
+        QAction *action = menu->addAction(text, this, command);
+        action->setObjectName(QLatin1String(name));
+        action->setEnabled(enabled);
+        return action;
     };
-    add(tr("Copy"), &CSelectionCommands::copy, any);
-    add(tr("Paste"), &CSelectionCommands::paste,
+    add("Copy", tr("Copy"), &CSelectionCommands::copy, any);
+    add("Paste", tr("Paste"), &CSelectionCommands::paste,
         ItemOperations::canPaste(QGuiApplication::clipboard()->mimeData()));
-    add(tr("Cut"), &CSelectionCommands::cut, any);
+    add("Cut", tr("Cut"), &CSelectionCommands::cut, any);
     menu->addSeparator();
-    add(tr("Bring to Front"), &CSelectionCommands::toFront, any);
-    add(tr("Send to Back"), &CSelectionCommands::toBack, any);
-    add(tr("Bring Forward"), &CSelectionCommands::forward, any);
-    add(tr("Send Backward"), &CSelectionCommands::backward, any);
-    add(items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
+    add("BringToFront", tr("Bring to Front"), &CSelectionCommands::toFront, any);
+    add("SendToBack", tr("Send to Back"), &CSelectionCommands::toBack, any);
+    add("BringForward", tr("Bring Forward"), &CSelectionCommands::forward, any);
+    add("SendBackward", tr("Send Backward"), &CSelectionCommands::backward, any);
+    add("LockUnlock", items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
         &CSelectionCommands::toggleLock, any);
-    add(tr("Group Selected"), &CSelectionCommands::group, items.size() > 1);
-    add(tr("Ungroup"), &CSelectionCommands::ungroup, anyGroup);
+    add("Group", tr("Group Selected"), &CSelectionCommands::group, items.size() > 1 && !isInGroup);
+    add("Ungroup", tr("Ungroup"), &CSelectionCommands::ungroup, anyGroup && !isInGroup);
+    menu->addSeparator();
+    add("Duplicate", tr("Duplicate"), &CSelectionCommands::duplicate, any);
+    add("HideShow", tr("Hide/Show"), &CSelectionCommands::toggleHidden, any);
+    add("EnterGroup", tr("Enter Group"), &CSelectionCommands::enterGroup, enterable() != nullptr)
+        ->setShortcut(Qt::Key_Return);
 }

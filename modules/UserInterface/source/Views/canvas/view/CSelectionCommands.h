@@ -41,6 +41,13 @@ public:
     /// The item behind the selected one, after the rearmost the front one; null when the screen is
     /// empty.
     CItemModel *selectNext();
+    /// Into the one selected group: its members are selected one by one from now on, the foremost
+    /// at first.
+    void enterGroup();
+    /// The same, to the member at a place; false when there is none.
+    bool enterGroupAt(const QPointF &scenePos);
+    /// Out of the group again, which is selected then; false when the canvas is in none.
+    bool leaveGroup();
     void toFront();
     void toBack();
     void forward();
@@ -49,6 +56,7 @@ public:
     void ungroup();
     /// Unlocks the items when all are locked, locks them otherwise.
     void toggleLock();
+    void toggleHidden(); ///< the same with hiding
     /// Scene units; what is locked stays.
     void nudge(int dx, int dy);
 
@@ -59,7 +67,8 @@ public:
     /// Carries one move out.
     void move(CItemModel *item, const QPointF &newPosition);
 
-    /// The entries of the context menu.
+    /// The entries of the context menu. Their names are those of the menu bar's
+    /// actions, which have the keys.
     void addTo(QMenu *menu);
 
 Q_SIGNALS:
@@ -69,6 +78,7 @@ Q_SIGNALS:
 private:
     CScreenModel *screen() const;
     QVector<CItemModel *> choosable() const;
+    CItemModel *enterable() const;
     void paste(std::optional<QPoint> by);
     QUndoStack &undoStack() const;
 

@@ -42,6 +42,8 @@ int CViewZoom::fitted(int percent) const
 
 void CViewZoom::set(int percent, int type)
 {
+    if (m_view->isVisible() && (percent != m_percent || type != m_type))
+        remember();
     if (type != m_type) {
         m_type = type;
         const bool page = type == CZoomComboWidget::FitToPage;
@@ -55,6 +57,22 @@ void CViewZoom::set(int percent, int type)
     if (m_view->isVisible())
         apply(percent);
     m_percent = isFree() ? ZoomRule::clamped(percent) : percent;
+}
+
+/// The turns of a wheel follow each other quickly, and a fit tells its percentage afterwards.
+void CViewZoom::remember()
+{
+    constexpr int OneChange = 700; // milliseconds
+    if (!m_sinceChange.isValid() || m_sinceChange.elapsed() > OneChange)
+        m_previous =
+            SPlace{m_percent, m_type, m_view->mapToScene(m_view->viewport()->rect().center())};
+    m_sinceChange.start();
+}
+
+std::optional<CViewZoom::SPlace> CViewZoom::previous()
+{
+    m_sinceChange.invalidate();
+    return m_previous;
 }
 
 void CViewZoom::fit()
@@ -74,6 +92,7 @@ void CViewZoom::step(const QPoint &position, int angleDelta)
         return;
     const QPointF under = m_view->mapToScene(position);
     const QPoint before = m_view->mapFromScene(under);
+    remember();
     scaleTo(ZoomRule::wheelStep(m_percent, angleDelta));
     const QPoint by = m_view->mapFromScene(under) - before;
     scrollBy(*m_view, by.x(), by.y());

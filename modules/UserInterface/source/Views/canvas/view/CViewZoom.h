@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QPointF>
+
+#include <optional>
 
 class QGraphicsView;
 class QPoint;
@@ -22,6 +26,15 @@ public:
     /// Free percentages are kept within their limits. A view that is not visible takes the zoom
     /// when it is shown.
     void set(int percent, int type);
+    /// Before the last change, in which quick steps count as one; the next change is another one.
+    /// Nothing when there was none.
+    struct SPlace
+    {
+        int percent;
+        int type;
+        QPointF centre; ///< scene units
+    };
+    std::optional<SPlace> previous();
     /// Works out the percentage anew: the view was shown or resized.
     void fit();
     /// The scene's rectangle is another one.
@@ -39,8 +52,11 @@ private:
     void apply(int percent);
     void scaleTo(int percent);
     void updateMargins();
+    void remember();
 
     QGraphicsView *m_view;
     int m_percent = 100;
     int m_type = 0;
+    std::optional<SPlace> m_previous;
+    QElapsedTimer m_sinceChange;
 };

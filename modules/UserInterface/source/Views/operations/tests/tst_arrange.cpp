@@ -80,6 +80,9 @@ private Q_SLOTS:
         row("to the bottom, turned by what is seen", W::AlignBottom, "bt",
             "10,110 40x30|180,100 40x40");
         row("a group goes to the page", W::AlignRight, "g", "440,200 40x30");
+        row("to the key item", W::AlignLeft, "!tb", "180,100 40x40|180,20 40x30");
+        row("about the key item", W::DistributeAcross, "!cblg",
+            "135,85 30x30|10,20 40x30|228,40 60x50|350,200 40x30");
         row("locked: the others come", W::AlignTop, "bk", "10,230 40x30|100,230 30x20");
         row("locked alone", W::AlignTop, "k", "");
         row("gaps across", W::DistributeAcross, "bcg", "10,20 40x30|185,85 30x30|350,200 40x30");
@@ -127,10 +130,12 @@ private Q_SLOTS:
         all['k']->setLocked(true);
 
         QVector<CItemModel *> chosen;
-        for (const QChar each : items)
+        const auto reference =
+            items.startsWith('!') ? W::EReference::KeyItem : W::EReference::Selection;
+        for (const QChar each : items.remove('!'))
             chosen.append(all.value(each));
         const QByteArray before = savedBytes(*project);
-        const W arrange(chosen);
+        const W arrange(chosen, reference);
         QCOMPARE(arrange.lack(W::EWhat(what)).isEmpty(), !after.isEmpty());
         arrange.run(W::EWhat(what), "Arrange", 4);
         QUndoStack *stack = project->undoStack();
@@ -147,7 +152,7 @@ private Q_SLOTS:
                           .arg(frame.height());
         }
         QCOMPARE(frames.join('|'), after);
-        W(chosen).run(W::EWhat(what), "Arrange", 4); // nothing is left to do
+        W(chosen, reference).run(W::EWhat(what), "Arrange", 4); // nothing is left to do
         QCOMPARE(stack->count(), 1);
         stack->undo();
         QCOMPARE(savedBytes(*project), before);
