@@ -586,8 +586,9 @@ private Q_SLOTS:
         const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
         m_explorer->expandAll();
         CItemModel *item = m_screens->currentScreen()->childItem(1);
-        QTest::mouseClick(m_explorer->viewport(), Qt::LeftButton, {},
-                          m_explorer->visualRect(item->index()).center());
+        m_explorer->setFocus();
+        m_explorer->setCurrentIndex(item->index());
+        Q_EMIT m_explorer->clicked(item->index());
         press(Qt::Key_Right);
         QCOMPARE(item->x(), 80.0);
 
