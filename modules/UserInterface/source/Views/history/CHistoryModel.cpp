@@ -39,7 +39,8 @@ void CHistoryModel::follow()
         beginInsertRows({}, m_rows, rows - 1);
         m_rows = rows;
         endInsertRows();
-    } else if (rows < m_rows) {
+    }
+    if (rows < m_rows) {
         beginRemoveRows({}, rows, m_rows - 1);
         m_rows = rows;
         endRemoveRows();
