@@ -82,12 +82,12 @@ bool CExplorerItemDrag::follow(const QPoint &position)
     const double share = (position.y() - rect.top()) / double(std::max(1, rect.height()));
     const bool isGroup = item->kind() == CItemModel::Kind::Group;
     const double edge = isGroup ? EdgeOf : 0.5;
-    if (item->kind() == CItemModel::Kind::Screen)
+    const bool isIntoGroup =
+        isGroup && share >= edge && share <= 1 && (share <= 1 - edge || m_tree->isExpanded(row));
+    if (item->kind() == CItemModel::Kind::Screen || isIntoGroup)
         placeInto(row);
     else if (share < edge)
         placeBefore(row);
-    else if (isGroup && (share <= 1 - edge || m_tree->isExpanded(row)) && share <= 1)
-        placeInto(row);
     else
         placeBehind(row, position.x());
 
