@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QSocketNotifier>
+#include <QToolButton>
 #include <QWindow>
 
 #include <iostream>
@@ -99,6 +100,27 @@ QString CProbe::answerTo(const QString &question)
         const QWidget *button = visibleWidget([&rest](const QWidget *each) {
             const auto *candidate = qobject_cast<const QAbstractButton *>(each);
             return candidate && candidate->text().remove(QLatin1Char('&')) == rest;
+        });
+        return button ? placeOf(button, button->rect()) : QStringLiteral("none");
+    }
+    if (subject == QLatin1String("corner")) {
+        constexpr int Inside = 8; // pixels
+        const QWidget *widget =
+            visibleWidget([&rest](const QWidget *each) { return each->objectName() == rest; });
+        return widget ? placeOf(widget, QRect(Inside, Inside, 1, 1)) : QStringLiteral("none");
+    }
+    if (subject == QLatin1String("tool")) {
+        const QString name = rest.section(QLatin1Char(' '), 0, 0);
+        const QString holder = rest.section(QLatin1Char(' '), 1);
+        const QWidget *button = visibleWidget([&](const QWidget *each) {
+            const auto *candidate = qobject_cast<const QToolButton *>(each);
+            if (!candidate || !candidate->isEnabled() || !candidate->defaultAction() ||
+                candidate->defaultAction()->objectName() != name)
+                return false;
+            const QWidget *parent = each->parentWidget();
+            while (!holder.isEmpty() && parent && parent->objectName() != holder)
+                parent = parent->parentWidget();
+            return parent != nullptr;
         });
         return button ? placeOf(button, button->rect()) : QStringLiteral("none");
     }

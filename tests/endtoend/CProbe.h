@@ -12,6 +12,10 @@
 ///   scene X Y        where a point of the shown page lies
 ///   widget NAME      the middle of the visible widget of that object name
 ///   button TEXT      the middle of the visible button with that text
+///   corner NAME      a place just inside the upper left corner of that widget
+///   tool NAME HOLDER the visible, enabled tool button of that action's object name, below a widget
+///   of
+///                    the second name when there is one
 ///   row CLASS TEXT   the middle of the row of a view
 ///   menu TEXT        the middle of the entry of the open menu
 ///   windows          the classes of the visible top-level windows

@@ -80,6 +80,11 @@ private Q_SLOTS:
             std::function<void()> act;
             double limit = Limit;
         };
+        // The page is larger than the view, which begins in its middle; the items lie in its
+        // corner.
+        m_display.moveTo(editor.scene(1024, 1024));
+        for (const char *towards : {"4", "6"}) // up, to the left
+            m_display.hands({"click", "--repeat", "60", "--delay", "5", towards});
         const SStep steps[] = {
             {"focus", [&] { editor.focus("scene 300 394", "CScreenView"); }},
             {"move the pointer", [&] { m_display.moveTo(editor.scene(400, 200)); }},

@@ -65,7 +65,10 @@ CColourDialog::CColourDialog(const QColor &start, const ProjectColours::Uses &us
         swatches->setObjectName(QLatin1String(name));
         swatches->setColours(all, tips);
         column->addWidget(swatches);
-        connect(swatches, &CColourSwatches::chosen, this, &CColourDialog::tryColour);
+        connect(swatches, &CColourSwatches::chosen, this, [this](const QColor &colour) {
+            tryColour(colour);
+            accept(); // one click, as from any palette
+        });
     };
     addSwatches(tr("In this project"), "projectColours", colours, texts);
     texts.clear();

@@ -11,7 +11,8 @@ class QLabel;
 class QLineEdit;
 
 /// Asks for a colour: by its parts, as #rrggbb or a name, or one of those that the project uses or
-/// that were chosen last. What is tried is told at once; accepting adds it to the recent ones.
+/// that were chosen last; a click on one of these takes it. What is tried is told at once;
+/// accepting adds it to the recent ones.
 class CColourDialog : public QDialog
 {
     Q_OBJECT
