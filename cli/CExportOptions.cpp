@@ -1,13 +1,11 @@
 #include "CExportOptions.h"
 
+#include "CPathClash.h"
 #include "StreamFile.h"
 #include "Subcommands.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QHash>
 
 namespace {
 
@@ -130,26 +128,12 @@ CExportOptions::EParsed CExportOptions::parse(const QStringList &arguments)
 
 QString CExportOptions::pathClash() const
 {
-    QHash<QString, QString> users; // by absolute path
-    const auto add = [&users](const QString &path, const QString &user) -> QString {
-        if (path.isEmpty())
-            return {};
-        const QFileInfo info(path);
-        const QString canonical = info.canonicalFilePath(); // empty for a file not yet there
-        QString &known =
-            users[canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical];
-        if (!known.isEmpty() && canonical != QLatin1String("/dev/null"))
-            return QStringLiteral("\"%1\" is given as %2 and as %3.").arg(path, known, user);
-        known = user;
-        return {};
-    };
-    for (const QString &clash :
-         {add(project, QStringLiteral("the project")), add(dlFile, QStringLiteral("--dl")),
-          add(binFile, QStringLiteral("--bin")),
-          reportsToStdout() ? QString() : add(reportFile, QStringLiteral("--report"))})
-        if (!clash.isEmpty())
-            return clash;
-    return {};
+    CPathClash clash;
+    clash.add(project, QStringLiteral("the project"));
+    clash.add(dlFile, QStringLiteral("--dl"));
+    clash.add(binFile, QStringLiteral("--bin"));
+    clash.add(reportFile, QStringLiteral("--report"));
+    return clash.text();
 }
 
 bool CExportOptions::takesStdout() const

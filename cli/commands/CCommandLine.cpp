@@ -1,6 +1,7 @@
 #include "CCommandLine.h"
 
 #include "CExportJob.h"
+#include "CPathClash.h"
 
 #include <cstdio>
 
@@ -48,6 +49,15 @@ std::optional<int> CCommandLine::read(const QStringList &arguments)
     if (given.size() > m_words.size())
         return wrong(
             QStringLiteral("\"%1\" is more than %2 takes.").arg(given[m_words.size()], m_name));
+    for (int word = 0; word < given.size(); ++word) { // two that are compared may be one
+        CPathClash clash;
+        clash.add(given[word], m_words[word]);
+        for (const SOption &option : m_options)
+            if (QLatin1String(option.value) == QLatin1String("FILE|-"))
+                clash.add(value(option.name), QStringLiteral("--") + QLatin1String(option.name));
+        if (!clash.text().isEmpty())
+            return wrong(clash.text());
+    }
     return std::nullopt;
 }
 

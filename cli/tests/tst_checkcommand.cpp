@@ -22,6 +22,7 @@ private Q_SLOTS:
 
     void oneFault_data();
     void oneFault();
+    void projectsAreNotOverwritten();
     void ignored();
     void sarif();
     void examplesAreClean_data();
@@ -201,6 +202,8 @@ void tst_CheckCommand::oneFault_data()
         "a format of other chips",
         [](QByteArray &xml) { xml.replace("format=\"RGB565\"", "format=\"PALETTED\""); },
         "error chip-value Logo", "p_ConvertedImages/logo_PALETTED.raw");
+    row("a chip that nobody knows", replaced("platform=\"QX110\"", "platform=\"ZZ9\""),
+        "error chip-value ");
     row("memory that gets short", replaced("name=\"P\"", "memory_share=\"0.3\" name=\"P\""),
         "warning memory ");
 }
@@ -227,6 +230,22 @@ void tst_CheckCommand::oneFault()
     QCOMPARE(run({"check", "p.nyx"}).exitCode, isError ? 1 : 0);
     QCOMPARE(run({"check", "p.nyx", "--warnings-as-errors"}).exitCode,
              isError || expected.startsWith("warning") ? 1 : 0);
+}
+
+/// A report in the place of the project would be the end of it.
+void tst_CheckCommand::projectsAreNotOverwritten()
+{
+    const QStringList lines[] = {{"check", "p.nyx", "--json", "p.nyx"},
+                                 {"check", "p.nyx", "--json", "a", "--sarif", "./a"},
+                                 {"budget", "p.nyx", "--json", "./p.nyx"},
+                                 {"diff", "p.nyx", "p.nyx", "--json", "p.nyx"}};
+    for (const QStringList &words : lines) {
+        const SResult result = run(words);
+        QVERIFY2(result.exitCode == 2 && result.errors.contains("is given as"),
+                 qPrintable(words.join(' ')));
+        QCOMPARE(TestFiles::read(path("p.nyx")), clean);
+        QVERIFY(!QFile::exists(path("a")));
+    }
 }
 
 void tst_CheckCommand::ignored()

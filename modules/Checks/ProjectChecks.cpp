@@ -1,5 +1,6 @@
 #include "ProjectChecks.h"
 
+#include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "ConvertedImages.h"
@@ -17,6 +18,18 @@
 #include <QSet>
 
 namespace {
+
+void checkPlatform(CRuleContext &context)
+{
+    const QString platform = context.project.platform();
+    const CPlatformTable platforms;
+    if (!platforms.isKnown(platform))
+        context
+            .add(ERule::ChipValue, ESeverity::Error, nullptr,
+                 CRuleContext::tr("The platform \"%1\" is not known; known are %2.")
+                     .arg(platform, platforms.platforms().join(QStringLiteral(", "))))
+            .property = PropertyKey::Platform;
+}
 
 void checkIds(CRuleContext &context)
 {
@@ -155,6 +168,7 @@ Findings ofProject(const CProjectModel &project, const ImageContents &images)
 {
     Findings findings;
     CRuleContext context(project, nullptr, findings);
+    checkPlatform(context);
     checkScreenNames(context);
     checkIds(context);
     checkSameImages(context, images);

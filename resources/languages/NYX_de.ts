@@ -4652,6 +4652,10 @@ Installierte Version: </translation>
 <context>
     <name>Checks</name>
     <message>
+        <source>The platform &quot;%1&quot; is not known; known are %2.</source>
+        <translation>Die Plattform „%1“ ist nicht bekannt; bekannt sind %2.</translation>
+    </message>
+    <message>
         <source>The screen needs %1 bytes of %2; the chip has %3.</source>
         <translation>Die Seite braucht %1 Byte von %2; der Chip hat %3.</translation>
     </message>

@@ -4652,6 +4652,10 @@ Installed version: </source>
 <context>
     <name>Checks</name>
     <message>
+        <source>The platform &quot;%1&quot; is not known; known are %2.</source>
+        <translation>未知的平台“%1”；已知的有 %2。</translation>
+    </message>
+    <message>
         <source>The screen needs %1 bytes of %2; the chip has %3.</source>
         <translation>该页面需要 %2 的 %1 字节；芯片只有 %3 字节。</translation>
     </message>
