@@ -209,7 +209,13 @@ void CMainPanels::goTo(CItemModel *item)
 {
     if (item->kind() == CItemModel::Kind::Screen)
         m_screens->openScreen(static_cast<CScreenModel *>(item));
-    reveal(item);
+    const CItemModel *group = item->isGrouped() ? item->parentItem() : nullptr;
+    if (group && !group->isUnderLock() && !group->isUnderHidden()) {
+        openPageOf(item); // whose canvas goes into the group: keys are for the member alone
+        select({item});
+    } else {
+        reveal(item);
+    }
     if (CScreenView *view = m_screens->currentView(); view && item->parentItem())
         view->ensureVisible(ItemGeometry::frameOf(*item));
 }
