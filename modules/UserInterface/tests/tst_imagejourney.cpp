@@ -15,7 +15,7 @@
 #include "CWidgetLibraryManager.h"
 #include "CWidgetModel.h"
 #include "FontFiles.h"
-#include "ItemOperations.h"
+#include "ItemClipboard.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
@@ -239,7 +239,7 @@ void tst_ImageJourney::fromAnotherProject()
         QVERIFY(!wanted.isNull());
         const CScreenModel *screen = other.project()->screen(0);
         QCOMPARE(CPageOperations::save({screen}, at("saved.page")), QString());
-        copied.reset(way == "items" ? ItemOperations::toMimeData({other.item(0), other.item(1)})
+        copied.reset(way == "items" ? ItemClipboard::toMimeData({other.item(0), other.item(1)})
                                     : CPageOperations::copy({screen}, &error));
     }
     Editor editor;
@@ -252,8 +252,7 @@ void tst_ImageJourney::fromAnotherProject()
         else if (way == "page")
             QCOMPARE(pages.paste(copied.get()), QString());
         else
-            QCOMPARE(ItemOperations::paste(*editor.project()->screen(0), *copied, &error).size(),
-                     2);
+            QCOMPARE(ItemClipboard::paste(*editor.project()->screen(0), *copied, &error).size(), 2);
         QCOMPARE(error, QString());
     };
     bring();
@@ -322,7 +321,7 @@ void tst_ImageJourney::fontsFromAnotherProject()
         wanted = picture(other);
         QString error;
         copied.reset(isPage ? CPageOperations::copy({other.project()->screen(0)}, &error)
-                            : ItemOperations::toMimeData({other.item(0)}));
+                            : ItemClipboard::toMimeData({other.item(0)}));
     }
     QVERIFY(picture(editor) != wanted);
     const QByteArray before = editor.project()->saveToBytes(nullptr);
@@ -330,7 +329,7 @@ void tst_ImageJourney::fontsFromAnotherProject()
         if (isPage)
             QCOMPARE(CPageOperations(editor.project()).paste(copied.get()), QString());
         else
-            ItemOperations::paste(*editor.project()->screen(0), *copied, nullptr, QPoint());
+            ItemClipboard::paste(*editor.project()->screen(0), *copied, nullptr, QPoint());
         QCOMPARE(editor.project()->fonts().size(), 2);
     }
     editor.stack().undo();

@@ -14,8 +14,8 @@
 #include "CSettings.h"
 #include "CWidgetSelectionView.h"
 #include "ExplorerMarks.h"
+#include "ItemClipboard.h"
 #include "ItemGeometry.h"
-#include "ItemOperations.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
@@ -323,10 +323,10 @@ private Q_SLOTS:
     {
         CItemModel *item = screen(1)->childItem(1);
         item->setProperty(PropertyKey::X, 700);
-        const std::unique_ptr<QMimeData> data(ItemOperations::toMimeData({item}));
+        const std::unique_ptr<QMimeData> data(ItemClipboard::toMimeData({item}));
         const auto xAfter = [&](const char *size) {
             data->setData("widget-copy-page-size", size);
-            const auto pasted = ItemOperations::paste(*screen(), *data, nullptr, QPoint());
+            const auto pasted = ItemClipboard::paste(*screen(), *data, nullptr, QPoint());
             return pasted.value(0)->x();
         };
         QCOMPARE(xAfter("480 272"), 700.0); // it lay there beside the page

@@ -9,6 +9,7 @@
 #include "CScreenModel.h"
 #include "CScreenView.h"
 #include "CSelectionCommands.h"
+#include "ItemClipboard.h"
 #include "ItemTree.h"
 
 #include <QAbstractSpinBox>
@@ -130,7 +131,7 @@ void CEditCommands::copy()
         return;
     if (arePagesSelected())
         m_panels->explorer()->copy();
-    else if (QMimeData *copied = ItemOperations::toMimeData(items()))
+    else if (QMimeData *copied = ItemClipboard::toMimeData(items()))
         QGuiApplication::clipboard()->setMimeData(copied);
 }
 
@@ -143,7 +144,7 @@ void CEditCommands::cut()
         return;
     }
     const ItemOperations::Items selected = items();
-    QMimeData *copied = ItemOperations::toMimeData(selected);
+    QMimeData *copied = ItemClipboard::toMimeData(selected);
     if (!copied)
         return; // nothing is taken away that could not be pasted
     QGuiApplication::clipboard()->setMimeData(copied);

@@ -10,8 +10,8 @@
 #include "CWidgetModel.h"
 #include "IModelItem.h"
 #include "IModelProperty.h"
+#include "ItemClipboard.h"
 #include "ItemGeometry.h"
-#include "ItemOperations.h"
 #include "ModelTestSupport.h"
 #include "ScreenDocuments.h"
 
@@ -58,7 +58,7 @@ void take(CProjectModel &project, char form, const QByteArray &document)
     case 'W':
     case 'w':
         setDocument(data, ScreenDocuments::CopiedItemsMime, form, document);
-        ItemOperations::paste(*project.screen(0), data);
+        ItemClipboard::paste(*project.screen(0), data);
         break;
     default:
         setDocument(data, ScreenDocuments::CopiedScreensMime, form, document);

@@ -8,7 +8,7 @@
 #include "CScreenScene.h"
 #include "CSelectionFrame.h"
 #include "GestureFactory.h"
-#include "ItemOperations.h"
+#include "ItemClipboard.h"
 
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
@@ -155,7 +155,7 @@ std::unique_ptr<CGesture> CScreenScene::copyOf(const CItemView &pressed)
     return std::make_unique<CCopyGesture>(
         [this, items] {
             CCopyGesture::SCopies copies;
-            copies.command = ItemOperations::duplication(*m_screen, items, QPoint(), &copies.items);
+            copies.command = ItemClipboard::duplication(*m_screen, items, QPoint(), &copies.items);
             return copies;
         },
         [this, grip](const QVector<CItemModel *> &copies) {

@@ -5,6 +5,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenScene.h"
+#include "ItemClipboard.h"
 #include "ItemGeometry.h"
 #include "ItemMove.h"
 #include "ItemOperations.h"
@@ -41,14 +42,14 @@ QVector<CItemModel *> CSelectionCommands::selectedItems() const
 
 void CSelectionCommands::copy()
 {
-    if (QMimeData *copied = ItemOperations::toMimeData(selectedItems()))
+    if (QMimeData *copied = ItemClipboard::toMimeData(selectedItems()))
         QGuiApplication::clipboard()->setMimeData(copied);
 }
 
 void CSelectionCommands::cut()
 {
     const QVector<CItemModel *> items = selectedItems();
-    QMimeData *copied = ItemOperations::toMimeData(items);
+    QMimeData *copied = ItemClipboard::toMimeData(items);
     if (!copied)
         return; // nothing is taken away that could not be pasted
     QGuiApplication::clipboard()->setMimeData(copied);
@@ -68,13 +69,13 @@ void CSelectionCommands::pasteInPlace()
 void CSelectionCommands::pasteToReplace()
 {
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
-    if (!ItemOperations::canPaste(copied)) {
+    if (!ItemClipboard::canPaste(copied)) {
         Q_EMIT message(tr("The clipboard holds no widgets, so nothing was replaced."));
         return;
     }
     QString problem;
     const QVector<CItemModel *> pasted =
-        ItemOperations::replace(*screen(), selectedItems(), *copied, &problem);
+        ItemClipboard::replace(*screen(), selectedItems(), *copied, &problem);
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
@@ -88,7 +89,7 @@ void CSelectionCommands::duplicate()
     std::optional<QPoint> by;
     if (items == m_copies && corner != m_copiedFrom)
         by = (corner - m_copiedFrom).toPoint();
-    m_copies = ItemOperations::duplicate(*screen(), items, by);
+    m_copies = ItemClipboard::duplicate(*screen(), items, by);
     m_copiedFrom = corner;
     if (!m_copies.isEmpty())
         m_scene->chooseModelItems(m_copies);
@@ -97,12 +98,12 @@ void CSelectionCommands::duplicate()
 void CSelectionCommands::paste(std::optional<QPoint> by)
 {
     const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
-    if (!ItemOperations::canPaste(copied)) {
+    if (!ItemClipboard::canPaste(copied)) {
         Q_EMIT message(tr("The clipboard holds neither widgets nor pages, so nothing was pasted."));
         return;
     }
     QString problem;
-    const QVector<CItemModel *> pasted = ItemOperations::paste(*screen(), *copied, &problem, by);
+    const QVector<CItemModel *> pasted = ItemClipboard::paste(*screen(), *copied, &problem, by);
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
@@ -322,7 +323,7 @@ void CSelectionCommands::addTo(QMenu *menu)
     };
     add("Copy", tr("Copy"), &CSelectionCommands::copy, any);
     add("Paste", tr("Paste"), &CSelectionCommands::paste,
-        ItemOperations::canPaste(QGuiApplication::clipboard()->mimeData()));
+        ItemClipboard::canPaste(QGuiApplication::clipboard()->mimeData()));
     add("Cut", tr("Cut"), &CSelectionCommands::cut, any);
     menu->addSeparator();
     add("BringToFront", tr("Bring to Front"), &CSelectionCommands::toFront, any);
