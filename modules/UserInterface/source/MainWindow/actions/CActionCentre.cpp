@@ -6,13 +6,10 @@
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectModel.h"
-#include "CScreen.h"
 #include "CScreenModel.h"
-#include "CScreenView.h"
 #include "CShortcutDialog.h"
 #include "CThemeIcons.h"
 #include "CWindowActions.h"
-#include "ItemGeometry.h"
 #include "ItemTree.h"
 
 #include <QAction>
@@ -20,8 +17,6 @@
 #include <QMenuBar>
 
 namespace {
-constexpr int Margin = 32; // pixels, round an item that is shown
-
 /// What an entry of an item says besides its name.
 QString placeOf(const CItemModel &item, const CItemModel &page)
 {
@@ -46,7 +41,7 @@ CActionCentre::CActionCentre(CMainWindow *window, CMainPanels *panels)
     menus->menu(CMenuBar::ToolsMenu)->addAction(m_search);
     menus->menu(CMenuBar::ToolsMenu)->addAction(m_shortcuts);
     menus->menu(CMenuBar::HelpMenu)->addAction(m_shortcuts);
-    connect(m_finder, &CActionFinder::itemChosen, this, &CActionCentre::goTo);
+    connect(m_finder, &CActionFinder::itemChosen, m_panels, &CMainPanels::workOn);
     connect(window, &CMainWindow::projectClosed, m_finder, &CActionFinder::close);
     retranslate();
 }
@@ -110,21 +105,6 @@ void CActionCentre::search()
         });
     }
     m_finder->open(entries);
-}
-
-void CActionCentre::goTo(CItemModel *item)
-{
-    CScreen *screens = m_panels->screens();
-    if (item->kind() == CItemModel::Kind::Screen)
-        screens->openScreen(static_cast<CScreenModel *>(item));
-    else
-        m_panels->reveal(item);
-    CScreenView *view = screens->currentView();
-    if (!view)
-        return;
-    if (item->kind() != CItemModel::Kind::Screen)
-        view->ensureVisible(ItemGeometry::frameOf({item}), Margin, Margin);
-    view->setFocus();
 }
 
 void CActionCentre::showShortcuts()

@@ -4,7 +4,6 @@
 #include <QVector>
 
 class CActionFinder;
-class CItemModel;
 class CMainPanels;
 class CMainWindow;
 class CWindowActions;
@@ -31,7 +30,6 @@ public Q_SLOTS:
 private:
     QAction *makeAction(const char *id, void (CActionCentre::*slot)());
     void tellLacks();
-    void goTo(CItemModel *item);
 
     CMainWindow *const m_window;
     CMainPanels *const m_panels;

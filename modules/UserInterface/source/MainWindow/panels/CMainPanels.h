@@ -88,6 +88,8 @@ public Q_SLOTS:
     /// Selects an item or a page of the project where it is, and brings it into sight. The keys
     /// stay where they are.
     void goTo(CItemModel *item);
+    /// The same, and gives the keys to the canvas; a page shows what was selected there.
+    void workOn(CItemModel *item);
 
 private:
     void makePanels();

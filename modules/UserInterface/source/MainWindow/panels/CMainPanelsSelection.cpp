@@ -220,6 +220,16 @@ void CMainPanels::goTo(CItemModel *item)
         view->ensureVisible(ItemGeometry::frameOf(*item));
 }
 
+void CMainPanels::workOn(CItemModel *item)
+{
+    if (item->parentItem())
+        goTo(item);
+    else
+        m_screens->openScreen(static_cast<CScreenModel *>(item));
+    if (CScreenView *view = m_screens->currentView())
+        view->setFocus();
+}
+
 void CMainPanels::addDeselectAction(QAction *action)
 {
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut); // elsewhere Esc has other uses
