@@ -4513,6 +4513,216 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>CCompareActions</name>
+    <message>
+        <source>The version that you saved last</source>
+        <translation>Die zuletzt von Ihnen gespeicherte Fassung</translation>
+    </message>
+    <message>
+        <source>The version that was saved automatically</source>
+        <translation>Die automatisch gespeicherte Fassung</translation>
+    </message>
+    <message>
+        <source>The last saved version</source>
+        <translation>Die zuletzt gespeicherte Fassung</translation>
+    </message>
+    <message>
+        <source>Compare With</source>
+        <translation>Vergleichen mit</translation>
+    </message>
+    <message>
+        <source>Projects (*.nyx *.xml);;All files (*)</source>
+        <translation>Projekte (*.nyx *.xml);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>The project was not compared: %1</source>
+        <translation>Das Projekt wurde nicht verglichen: %1</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleich</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With...</source>
+        <translation>Vergleichen &amp;mit...</translation>
+    </message>
+    <message>
+        <source>Show what has changed since an earlier version</source>
+        <translation>Zeigen, was sich seit einer früheren Fassung geändert hat</translation>
+    </message>
+</context>
+<context>
+    <name>CCompareView</name>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>There are more changes than are listed here.</source>
+        <translation>Es gibt mehr Änderungen, als hier aufgeführt sind.</translation>
+    </message>
+    <message>
+        <source>Choose File &gt; Compare With... to see what has changed.</source>
+        <translation>Datei &gt; Vergleichen mit... zeigt, was sich geändert hat.</translation>
+    </message>
+    <message>
+        <source>Nothing has changed since: %1</source>
+        <translation>Nichts hat sich geändert seit: %1</translation>
+    </message>
+    <message>
+        <source>Changed since: %1</source>
+        <translation>Geändert seit: %1</translation>
+    </message>
+    <message>
+        <source>Page added: %1</source>
+        <translation>Seite hinzugefügt: %1</translation>
+    </message>
+    <message>
+        <source>Page removed: %1</source>
+        <translation>Seite entfernt: %1</translation>
+    </message>
+    <message>
+        <source>Page changed: %1</source>
+        <translation>Seite geändert: %1</translation>
+    </message>
+    <message>
+        <source>In another order</source>
+        <translation>In anderer Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Picture changed: %1</source>
+        <translation>Bild geändert: %1</translation>
+    </message>
+    <message>
+        <source>Pixels: %1</source>
+        <translation>Pixel: %1</translation>
+    </message>
+    <message>
+        <source>Added: %1</source>
+        <translation>Hinzugefügt: %1</translation>
+    </message>
+    <message>
+        <source>Removed: %1</source>
+        <translation>Entfernt: %1</translation>
+    </message>
+    <message>
+        <source>Moved: %1</source>
+        <translation>Verschoben: %1</translation>
+    </message>
+    <message>
+        <source>Changed: %1</source>
+        <translation>Geändert: %1</translation>
+    </message>
+    <message>
+        <source>From another page: %1</source>
+        <translation>Von einer anderen Seite: %1</translation>
+    </message>
+    <message>
+        <source>In another group</source>
+        <translation>In einer anderen Gruppe</translation>
+    </message>
+    <message>
+        <source>There is no picture here yet, or none on this side.</source>
+        <translation>Hier ist noch kein Bild, oder keines auf dieser Seite.</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+</context>
+<context>
+    <name>CComparedPictures</name>
+    <message>
+        <source>Difference</source>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>Blinken</translation>
+    </message>
+    <message>
+        <source>Swipe</source>
+        <translation>Wischen</translation>
+    </message>
+    <message>
+        <source>How the page is shown before and now</source>
+        <translation>Wie die Seite vorher und jetzt gezeigt wird</translation>
+    </message>
+</context>
+<context>
+    <name>CComparison</name>
+    <message>
+        <source>No project is open.</source>
+        <translation>Kein Projekt ist geöffnet.</translation>
+    </message>
+    <message>
+        <source>There are no pictures: the earlier version is for another chip (%1).</source>
+        <translation>Es gibt keine Bilder: Die frühere Fassung ist für einen anderen Chip (%1).</translation>
+    </message>
+    <message>
+        <source>There are no pictures: the earlier version has another size (%1 x %2).</source>
+        <translation>Es gibt keine Bilder: Die frühere Fassung hat eine andere Größe (%1 x %2).</translation>
+    </message>
+</context>
+<context>
+    <name>CGitVersions</name>
+    <message>
+        <source>git did not give the file in that version.</source>
+        <translation>git hat die Datei in dieser Fassung nicht geliefert.</translation>
+    </message>
+</context>
+<context>
+    <name>CVersionDialog</name>
+    <message>
+        <source>Compare With</source>
+        <translation>Vergleichen mit</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The open project is compared with:</source>
+        <translation>Das geöffnete Projekt wird verglichen mit:</translation>
+    </message>
+    <message>
+        <source>A file...</source>
+        <translation>Einer Datei...</translation>
+    </message>
+    <message>
+        <source>Looking for versions in git...</source>
+        <translation>Fassungen in git werden gesucht...</translation>
+    </message>
+    <message>
+        <source>git keeps no version of this project.</source>
+        <translation>git kennt keine Fassung dieses Projekts.</translation>
+    </message>
+    <message>
+        <source>%1, in git: %2</source>
+        <translation>%1, in git: %2</translation>
+    </message>
+</context>
+<context>
     <name>CCheckActions</name>
     <message>
         <source>Checks</source>

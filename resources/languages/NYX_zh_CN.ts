@@ -4513,6 +4513,216 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>CCompareActions</name>
+    <message>
+        <source>The version that you saved last</source>
+        <translation>您上次保存的版本</translation>
+    </message>
+    <message>
+        <source>The version that was saved automatically</source>
+        <translation>自动保存的版本</translation>
+    </message>
+    <message>
+        <source>The last saved version</source>
+        <translation>上次保存的版本</translation>
+    </message>
+    <message>
+        <source>Compare With</source>
+        <translation>比较对象</translation>
+    </message>
+    <message>
+        <source>Projects (*.nyx *.xml);;All files (*)</source>
+        <translation>项目 (*.nyx *.xml);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>The project was not compared: %1</source>
+        <translation>未能比较项目：%1</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>比较</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With...</source>
+        <translation>比较(&amp;W)...</translation>
+    </message>
+    <message>
+        <source>Show what has changed since an earlier version</source>
+        <translation>显示自早期版本以来的更改</translation>
+    </message>
+</context>
+<context>
+    <name>CCompareView</name>
+    <message>
+        <source>Project</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>There are more changes than are listed here.</source>
+        <translation>更改数量超出此处所列。</translation>
+    </message>
+    <message>
+        <source>Choose File &gt; Compare With... to see what has changed.</source>
+        <translation>选择“文件 &gt; 比较...”查看更改。</translation>
+    </message>
+    <message>
+        <source>Nothing has changed since: %1</source>
+        <translation>自此版本以来没有更改：%1</translation>
+    </message>
+    <message>
+        <source>Changed since: %1</source>
+        <translation>自此版本以来的更改：%1</translation>
+    </message>
+    <message>
+        <source>Page added: %1</source>
+        <translation>已添加页面：%1</translation>
+    </message>
+    <message>
+        <source>Page removed: %1</source>
+        <translation>已删除页面：%1</translation>
+    </message>
+    <message>
+        <source>Page changed: %1</source>
+        <translation>已更改页面：%1</translation>
+    </message>
+    <message>
+        <source>In another order</source>
+        <translation>顺序不同</translation>
+    </message>
+    <message>
+        <source>Picture changed: %1</source>
+        <translation>图像已更改：%1</translation>
+    </message>
+    <message>
+        <source>Pixels: %1</source>
+        <translation>像素：%1</translation>
+    </message>
+    <message>
+        <source>Added: %1</source>
+        <translation>已添加：%1</translation>
+    </message>
+    <message>
+        <source>Removed: %1</source>
+        <translation>已删除：%1</translation>
+    </message>
+    <message>
+        <source>Moved: %1</source>
+        <translation>已移动：%1</translation>
+    </message>
+    <message>
+        <source>Changed: %1</source>
+        <translation>已更改：%1</translation>
+    </message>
+    <message>
+        <source>From another page: %1</source>
+        <translation>来自其他页面：%1</translation>
+    </message>
+    <message>
+        <source>In another group</source>
+        <translation>在其他组中</translation>
+    </message>
+    <message>
+        <source>There is no picture here yet, or none on this side.</source>
+        <translation>此处尚无图像，或此版本没有图像。</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>更改</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>之前</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>现在</translation>
+    </message>
+</context>
+<context>
+    <name>CComparedPictures</name>
+    <message>
+        <source>Difference</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>之前</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>现在</translation>
+    </message>
+    <message>
+        <source>Blink</source>
+        <translation>闪烁</translation>
+    </message>
+    <message>
+        <source>Swipe</source>
+        <translation>滑动</translation>
+    </message>
+    <message>
+        <source>How the page is shown before and now</source>
+        <translation>页面前后对比的显示方式</translation>
+    </message>
+</context>
+<context>
+    <name>CComparison</name>
+    <message>
+        <source>No project is open.</source>
+        <translation>没有打开的项目。</translation>
+    </message>
+    <message>
+        <source>There are no pictures: the earlier version is for another chip (%1).</source>
+        <translation>没有图像：早期版本用于其他芯片 (%1)。</translation>
+    </message>
+    <message>
+        <source>There are no pictures: the earlier version has another size (%1 x %2).</source>
+        <translation>没有图像：早期版本的尺寸不同 (%1 x %2)。</translation>
+    </message>
+</context>
+<context>
+    <name>CGitVersions</name>
+    <message>
+        <source>git did not give the file in that version.</source>
+        <translation>git 未能提供该版本的文件。</translation>
+    </message>
+</context>
+<context>
+    <name>CVersionDialog</name>
+    <message>
+        <source>Compare With</source>
+        <translation>比较对象</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>比较</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>The open project is compared with:</source>
+        <translation>将打开的项目与以下版本比较：</translation>
+    </message>
+    <message>
+        <source>A file...</source>
+        <translation>文件...</translation>
+    </message>
+    <message>
+        <source>Looking for versions in git...</source>
+        <translation>正在 git 中查找版本...</translation>
+    </message>
+    <message>
+        <source>git keeps no version of this project.</source>
+        <translation>git 中没有此项目的版本。</translation>
+    </message>
+    <message>
+        <source>%1, in git: %2</source>
+        <translation>%1，git：%2</translation>
+    </message>
+</context>
+<context>
     <name>CCheckActions</name>
     <message>
         <source>Checks</source>

@@ -5,6 +5,7 @@
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
 #include "CCheckActions.h"
+#include "CCompareActions.h"
 #include "CDialogQuestions.h"
 #include "CEditCommands.h"
 #include "CEditorState.h"
@@ -101,6 +102,7 @@ CMainWindow::CMainWindow(const QString &file)
         new CHistoryDock(this, m_panels, m_undoGroup, m_menuBar->menu(CMenuBar::WindowsMenu));
     m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
                                  m_menuBar->menu(CMenuBar::WindowsMenu));
+    m_compare = new CCompareActions(this, m_panels, *m_menuBar, [this] { return projectPath(); });
     m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));
     m_panels->shareSpace(); // all docks are there
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
@@ -279,6 +281,7 @@ void CMainWindow::activate(CProjectModel *project)
     m_panels->showProject(project);
     m_find->setProject(project);
     m_checks->setProject(project);
+    m_compare->setProject(project);
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
@@ -294,6 +297,7 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_undoGroup->removeStack(project->undoStack());
     m_find->setProject(nullptr);
     m_checks->setProject(nullptr);
+    m_compare->setProject(nullptr);
     m_panels->clear();
     m_statusBar->resetStatusBar();
 }
@@ -374,6 +378,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_centre->retranslate();
     m_find->retranslate();
     m_checks->retranslate();
+    m_compare->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

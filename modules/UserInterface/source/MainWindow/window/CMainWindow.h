@@ -24,6 +24,7 @@ class CEmulatorSession;
 class CErrorBox;
 class CExportController;
 class CCheckActions;
+class CCompareActions;
 class CFindActions;
 class CHelpWindow;
 class CHistoryDock;
@@ -75,6 +76,7 @@ public:
     CFindActions *findActions() const { return m_find; }
     CHistoryDock *historyDock() const { return m_history; }
     CCheckActions *checkActions() const { return m_checks; }
+    CCompareActions *compareActions() const { return m_compare; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -215,6 +217,7 @@ private:
     CFindActions *m_find = nullptr;
     CHistoryDock *m_history = nullptr;
     CCheckActions *m_checks = nullptr;
+    CCompareActions *m_compare = nullptr;
     CStyleActions *m_style = nullptr;
     CStartPage *m_startPage = nullptr;
     CProjectPictures *m_pictures = nullptr;

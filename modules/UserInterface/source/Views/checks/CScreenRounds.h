@@ -38,6 +38,7 @@ public:
     /// All are to be looked at again.
     void restart();
     bool isIdle() const { return m_changed.isEmpty(); }
+    const CProjectModel *project() const { return m_project; } ///< null for none
 
 Q_SIGNALS:
     /// A screen as it is now; the screen is the project's.

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CVersionDialog.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class CComparison;
+class CCompareView;
+class CGitVersions;
+class CMainPanels;
+class CMenuBar;
+class CProjectModel;
+class QAction;
+class QDockWidget;
+class QMainWindow;
+
+/// File > "Compare With..." and the dock "Compare": what changed since an earlier version.
+class CCompareActions final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Adds the dock to the window, hidden at first, and entries to the menus. `path`: of the open
+    /// project; empty when it was never saved.
+    CCompareActions(QMainWindow *window, CMainPanels *panels, const CMenuBar &menus,
+                    std::function<QString()> path);
+
+    QDockWidget *dock() const { return m_dock; }
+    CCompareView *view() const { return m_view; }
+    CComparison *comparison() const { return m_comparison; }
+    void setProject(CProjectModel *project); ///< not owned; null for none
+    /// Asks with what.
+    void choose();
+    /// Reads it in the background and shows the dock, or says why not.
+    void compareWith(const CVersionDialog::SChoice &choice, const QString &file);
+    void retranslate();
+
+private:
+    struct SRead
+    {
+        QByteArray bytes;
+        QString error; ///< empty when it was read
+    };
+
+    static SRead readVersion(CVersionDialog::EKind kind, const QString &file);
+    void take(const QByteArray &bytes, const QString &title);
+    void fail(const QString &reason);
+
+    QMainWindow *const m_window;
+    const std::function<QString()> m_path;
+    CComparison *const m_comparison;
+    CCompareView *const m_view;
+    QDockWidget *const m_dock;
+    QAction *const m_action;
+    CGitVersions *m_git = nullptr; ///< of the question under way
+    CMainPanels *const m_panels;
+    int m_question = 0; ///< the answer to an earlier one does not count
+};
