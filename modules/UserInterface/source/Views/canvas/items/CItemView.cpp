@@ -9,6 +9,7 @@
 #include "CRotationOutline.h"
 #include "CanvasRoles.h"
 #include "FramePaint.h"
+#include "HitArea.h"
 #include "ICanvas.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
@@ -19,8 +20,7 @@
 #include <algorithm>
 
 namespace {
-constexpr double KeyFrame = 3;  ///< logical pixels
-constexpr double ThinFrame = 8; ///< scene units; thinner frames are hard to hit
+constexpr double KeyFrame = 3; ///< logical pixels
 
 bool isSizeKey(const QString &key)
 {
@@ -43,17 +43,6 @@ CItemView::CItemView(CItemModel *item, const ICanvas &canvas) : m_item(item), m_
 
 CItemView::~CItemView() = default;
 
-/// The frame, thick enough to be hit.
-QRectF CItemView::hitRect() const
-{
-    QRectF rect = m_frame.normalized();
-    if (rect.width() < ThinFrame)
-        rect.adjust(-ThinFrame / 2, 0, ThinFrame / 2, 0);
-    if (rect.height() < ThinFrame)
-        rect.adjust(0, -ThinFrame / 2, 0, ThinFrame / 2);
-    return rect;
-}
-
 QTransform CItemView::turn() const
 {
     const QPointF centre = m_frame.center();
@@ -69,13 +58,14 @@ bool CItemView::isDrawnByLines() const
 
 double CItemView::lineWidth() const
 {
-    return std::max(ThinFrame, m_item->propertyValue(QStringLiteral("thickness")).toDouble());
+    return std::max(HitArea::LeastWidth,
+                    m_item->propertyValue(QStringLiteral("thickness")).toDouble());
 }
 
 QRectF CItemView::boundingRect() const
 {
-    QRectF rect = hitRect(); // the outline of a turned item is drawn unturned as well
-    if (isDrawnByLines()) {  // their ends stick out, slanted ones by their corners
+    QRectF rect = HitArea::of(m_frame); // the outline of a turned item is drawn unturned as well
+    if (isDrawnByLines()) {             // their ends stick out, slanted ones by their corners
         const double end = lineWidth() * 0.75;
         rect.adjust(-end, -end, end, end);
     }
@@ -86,7 +76,7 @@ QVector<QPainterPath> CItemView::hitParts() const
 {
     QPainterPath path;
     if (m_item->geometryMode() != GeometryMode::TwoCorners) {
-        path.addRect(hitRect());
+        path.addRect(HitArea::of(m_frame));
         return {path};
     }
     path.moveTo(m_frame.topLeft());
@@ -143,18 +133,7 @@ bool CItemView::isLeftOutOfBand() const
 
 QPainterPath CItemView::alongPath(const QPainterPath &path) const
 {
-    const QRectF rect = path.boundingRect();
-    if (rect.isNull()) { // all in one point, which has no stroke
-        const double reach = lineWidth() / 2;
-        QPainterPath spot;
-        spot.addRect(rect.adjusted(-reach, -reach, reach, reach));
-        return spot;
-    }
-    QPainterPathStroker stroker;
-    stroker.setWidth(lineWidth());
-    stroker.setCapStyle(Qt::SquareCap);
-    stroker.setJoinStyle(Qt::RoundJoin); // the tips of points as well
-    return stroker.createStroke(path);
+    return HitArea::along(path, lineWidth());
 }
 
 void CItemView::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

@@ -89,7 +89,6 @@ public:
 protected:
     /// Where a press takes the item, before it is turned. They may overlap.
     virtual QVector<QPainterPath> hitParts() const;
-    QRectF hitRect() const;
     bool isLeftOutOfBand() const;
     /// Along a line that the item draws, thick enough to be hit.
     QPainterPath alongPath(const QPainterPath &path) const;
