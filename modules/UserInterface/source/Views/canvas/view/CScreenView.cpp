@@ -13,20 +13,17 @@
 #include "CSelectionCommands.h"
 #include "CViewZoom.h"
 #include "ItemTree.h"
+#include "PagePaint.h"
 #include "SaveRenderHandler.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QTimer>
 
 namespace {
 constexpr int RestAfter = 150;  ///< milliseconds without a change
 constexpr int LongestWait = 40; ///< milliseconds that a change is kept back for its frame
-constexpr int ShadowWidth = 6;  ///< screen pixels
 constexpr double GuideReachOnItems = 3;
 constexpr double SmallForGuides = 12; ///< screen pixels across
-constexpr int ShadowAlpha = 14;
-
 } // namespace
 
 CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
@@ -41,6 +38,7 @@ CScreenView::CScreenView(CScreenModel *screen, QWidget *parent)
                              return doItemsKeep(position, guide, distance);
                          })),
       m_measure(*m_scene, *this),
+      m_pan(*this),
       m_restTimer(new QTimer(this)),
       m_waitTimer(new QTimer(this)),
       m_readout(new CGestureReadout(viewport()))
@@ -299,42 +297,11 @@ void CScreenView::scrollContentsBy(int dx, int dy)
     Q_EMIT viewportMoved();
 }
 
-/// About the page only: what lies under it is not seen, and large.
-void CScreenView::drawShadow(QPainter *painter, const QRectF &page, double pixel)
-{
-    QColor shade = Qt::black;
-    shade.setAlpha(ShadowAlpha);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(shade);
-    for (int width = 1; width <= ShadowWidth; ++width) {
-        const double reach = width * pixel;
-        QPainterPath ring;
-        ring.addRoundedRect(page.translated(0, 1).adjusted(-reach, -reach, reach, reach), reach,
-                            reach);
-        ring.addRect(page);
-        painter->drawPath(ring);
-    }
-}
-
 void CScreenView::drawBackground(QPainter *painter, const QRectF &rect)
 {
-    const QColor window = palette().color(QPalette::Window);
-    const bool isDark = window.lightness() < 128;
-    const bool isAlmostWhite = window.lightness() > 224; // then pages would not stand out
-    painter->fillRect(rect, isDark          ? window.darker(130)
-                            : isAlmostWhite ? window.darker(107)
-                                            : window.lighter(106));
-    const QRectF page = m_scene->sceneRect();
-    const double pixel = 1 / transform().m11();
-    if (!page.contains(rect))
-        drawShadow(painter, page, pixel);
-    painter->fillRect(page, screen() ? QColor(screen()->propertyText(QStringLiteral("color")))
-                                     : QColor(Qt::black));
-    QColor outline = palette().color(QPalette::WindowText);
-    outline.setAlphaF(0.35);
-    painter->setPen(QPen(outline, 0));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(page.adjusted(-pixel, -pixel, 0, 0));
+    const QColor colour =
+        screen() ? QColor(screen()->propertyText(QStringLiteral("color"))) : QColor(Qt::black);
+    PagePaint::draw(*painter, rect, {m_scene->sceneRect(), colour, palette(), 1 / scale()});
     QGraphicsView::drawBackground(painter, rect);
 }
 

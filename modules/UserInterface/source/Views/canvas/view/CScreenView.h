@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CMeasureTool.h"
+#include "CViewPan.h"
 
 #include <QGraphicsView>
 
@@ -128,13 +129,10 @@ private:
     void reportPointer(const QPoint &position);
     bool isPointerHeld() const;
     bool mayMeasure(const QKeyEvent &event) const;
-    bool beginPan(const QMouseEvent &event);
-    void endPan();
     void selectUnder(const QPoint &position);
     void selectCovered(const QPoint &position);
     void cancelRubberBand();
     void dropGesture();
-    static void drawShadow(QPainter *painter, const QRectF &page, double pixel);
     void showAtRest();
     void becomeBusy();
     void paintAgain();
@@ -145,6 +143,7 @@ private:
     CViewZoom *m_zoom;              ///< a child
     CGuideTool *m_guides;           ///< a child
     CMeasureTool m_measure;
+    CViewPan m_pan;
     QTimer *m_restTimer;
     QTimer *m_waitTimer; ///< runs while a frame is awaited
     CGestureReadout *m_readout;
@@ -153,10 +152,6 @@ private:
     size_t m_graphicsMemory = 0;
     QVector<CItemModel *> m_selectedAtPress; ///< only compared, since items may have gone since
     std::optional<QPoint> m_altPress;        ///< until the release; without a drag it is a click
-    QPoint m_panPos;
-    Qt::MouseButton m_panButton = Qt::NoButton; ///< whose release ends the panning
-    bool m_panning = false;
-    bool m_leftHeld = false; ///< pressed here and, as far as is known, not released yet
-    bool m_spaceHeld = false;
+    bool m_leftHeld = false;      ///< pressed here and, as far as is known, not released yet
     bool m_isDoubleClick = false; ///< until the release
 };

@@ -99,10 +99,8 @@ void CScreenView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     case Qt::Key_Space:
-        if (!event->isAutoRepeat()) {
-            m_spaceHeld = true;
-            viewport()->setCursor(Qt::OpenHandCursor);
-        }
+        if (!event->isAutoRepeat())
+            m_pan.setReady(true);
         event->accept();
         return;
     default:
@@ -125,9 +123,7 @@ void CScreenView::keyReleaseEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Alt)
         m_measure.hide();
     if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
-        m_spaceHeld = false;
-        if (!m_panning)
-            viewport()->unsetCursor();
+        m_pan.setReady(false);
         event->accept();
         return;
     }
@@ -146,28 +142,7 @@ void CScreenView::showNext()
 /// menu reaches the items, but for the key that breaks it off.
 bool CScreenView::isPointerHeld() const
 {
-    return m_leftHeld || m_panning || isGestureActive();
-}
-
-bool CScreenView::beginPan(const QMouseEvent &event)
-{
-    const bool isSpaceDrag = m_spaceHeld && event.button() == Qt::LeftButton;
-    if (m_panning || (event.button() != Qt::MiddleButton && !isSpaceDrag))
-        return false;
-    m_panning = true;
-    m_panButton = event.button();
-    m_panPos = event.pos();
-    viewport()->setCursor(Qt::ClosedHandCursor);
-    return true;
-}
-
-void CScreenView::endPan()
-{
-    m_panning = false;
-    if (m_spaceHeld)
-        viewport()->setCursor(Qt::OpenHandCursor);
-    else
-        viewport()->unsetCursor();
+    return m_leftHeld || m_pan.isActive() || isGestureActive();
 }
 
 void CScreenView::selectUnder(const QPoint &position)
@@ -210,7 +185,7 @@ void CScreenView::cancelRubberBand()
 void CScreenView::mousePressEvent(QMouseEvent *event)
 {
     m_measure.hide();
-    if (isPointerHeld() && !m_panning &&
+    if (isPointerHeld() && !m_pan.isActive() &&
         (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)))
         dropGesture();
     if (m_guides->isHeld())
@@ -218,7 +193,7 @@ void CScreenView::mousePressEvent(QMouseEvent *event)
     if (isPointerHeld())
         return;
     m_selectedAtPress = selectedItems();
-    if (beginPan(*event) || m_guides->press(*event))
+    if (m_pan.press(*event) || m_guides->press(*event))
         return;
     m_leftHeld = event->button() == Qt::LeftButton;
     if (event->button() == Qt::RightButton) {
@@ -256,16 +231,9 @@ void CScreenView::reportPointer(const QPoint &position)
 void CScreenView::mouseMoveEvent(QMouseEvent *event)
 {
     reportPointer(event->pos());
-    if (m_panning && !event->buttons().testFlag(m_panButton))
-        endPan();
-    if (m_panning) {
-        const QPoint by = event->pos() - m_panPos;
-        m_panPos = event->pos();
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
-        verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
+    if (m_pan.move(*event))
         return;
-    }
-    if (m_spaceHeld && event->buttons() == Qt::NoButton)
+    if (m_pan.isReady() && event->buttons() == Qt::NoButton)
         return; // the cursors of items would take the hand for their ground and put it back later
     if (isPointerHeld() && !event->buttons().testFlag(Qt::LeftButton))
         dropGesture();
@@ -300,10 +268,8 @@ void CScreenView::dropGesture()
 
 void CScreenView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_panning && event->button() == m_panButton) {
-        endPan();
+    if (m_pan.release(*event))
         return;
-    }
     if (event->button() == Qt::RightButton || m_guides->release(*event))
         return;
     if (event->button() == Qt::LeftButton)
@@ -342,9 +308,7 @@ void CScreenView::focusOutEvent(QFocusEvent *event)
     }
     QGraphicsView::focusOutEvent(event);
     m_measure.hide();
-    m_spaceHeld = false; // its release will go elsewhere
-    if (!m_panning)
-        viewport()->unsetCursor();
+    m_pan.setReady(false); // the release of the key will go elsewhere
 }
 
 void CScreenView::wheelEvent(QWheelEvent *event)
