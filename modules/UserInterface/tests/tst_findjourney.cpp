@@ -1,9 +1,14 @@
 // Finding, jumping and replacing on the real window, by the keys and the mouse, beginning with
 // nothing selected; and that the results follow the project.
+#include "CCommandChangeItemProperty.h"
+#include "CCompareActions.h"
+#include "CCompareView.h"
+#include "CDialogAnswers.h"
 #include "CFindActions.h"
 #include "CFindPanel.h"
 #include "CItemModel.h"
 #include "CMainWindow.h"
+#include "COutputWindowView.h"
 #include "CProjectModel.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
@@ -89,6 +94,36 @@ private Q_SLOTS:
         QTest::keyClick(m_text, Qt::Key_Escape);
         QCOMPARE(QApplication::focusWidget(), m_screens->currentView());
         QCOMPARE(selected(), QStringList{"Third/Locked"});
+    }
+
+    /// File > Compare With..., the file as it was saved, after a change; then a file that is none.
+    void comparedWithTheSavedFile()
+    {
+        auto *list = m_window->compareActions()->view()->findChild<QTreeWidget *>();
+        CItemModel *label = m_window->project()->screen(1)->childItem(0)->childItem(0);
+        m_window->project()->undoStack()->push(
+            new CCommandChangeItemProperty(label, "text", "Hall", "Room 2, room 3"));
+        CDialogAnswers answers;
+        answers.expect([](QDialog *dialog) { dialog->accept(); });
+        m_window->findChild<QAction *>("compareWith")->trigger();
+        QTRY_COMPARE(list->topLevelItemCount(), 1);
+        QVERIFY(answers.allGiven() && list->isVisible());
+        QTreeWidgetItem *changed = list->topLevelItem(0)->child(0);
+        QCOMPARE(changed->text(0), "Changed: Label");
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(changed).center());
+        QCOMPARE(selected(), QStringList{"Second/Label"});
+        m_window->project()->undoStack()->undo(); // the list follows
+        QTRY_COMPARE(list->topLevelItemCount(), 0);
+        const QString bad = m_folder->path("bad.nyx");
+        writeFile(bad, "<!DOCTYPE a [<!ENTITY b 'c'>]><a/>");
+        const auto *output = m_window->findChild<COutputWindowView *>();
+        for (const QString &file : {bad, m_folder->path("none.nyx"), m_folder->path("")}) {
+            const QString before = output->toPlainText();
+            m_window->compareActions()->compareWith({}, file);
+            QTRY_VERIFY(output->toPlainText() != before);
+        }
+        QCOMPARE(saved(), m_before);
     }
 
     void pagesAreFoundToo()

@@ -21,6 +21,10 @@
 
 #include <utility>
 
+namespace {
+constexpr int LeastHeight = 280; ///< pixels, for a picture in which something is seen
+}
+
 CCompareActions::CCompareActions(QMainWindow *window, CMainPanels *panels, const CMenuBar &menus,
                                  std::function<QString()> path)
     : QObject(window),
@@ -144,6 +148,8 @@ void CCompareActions::take(const QByteArray &bytes, const QString &title)
     }
     m_dock->show();
     m_dock->raise();
+    if (m_view->height() < LeastHeight)
+        m_window->resizeDocks({m_dock}, {LeastHeight}, Qt::Vertical);
 }
 
 void CCompareActions::fail(const QString &reason)

@@ -6,7 +6,9 @@
 #include "CScreenModel.h"
 #include "ShownText.h"
 
+#include <QComboBox>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -20,6 +22,7 @@ namespace {
 constexpr int BeforeRole = Qt::UserRole + 1; ///< index in the earlier project
 constexpr int AfterRole = Qt::UserRole + 2;  ///< index in the open one
 constexpr int Margin = 6;                    // pixels
+constexpr int FewRows = 60;                  ///< of which the values are seen at once
 
 QPersistentModelIndex placeOf(const QTreeWidgetItem *row, int role)
 {
@@ -44,7 +47,6 @@ CCompareView::CCompareView(CComparison *comparison, QWidget *parent)
 {
     m_head->setTextFormat(Qt::PlainText);
     m_head->setWordWrap(true);
-    m_head->setContentsMargins(Margin, Margin, Margin, 0);
     m_tree->setObjectName(QStringLiteral("compareList"));
     m_tree->setColumnCount(3);
     m_tree->setUniformRowHeights(true);
@@ -57,9 +59,14 @@ CCompareView::CCompareView(CComparison *comparison, QWidget *parent)
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     splitter->setChildrenCollapsible(false);
+    splitter->setSizes({600, 400}); // 3 : 2
+    auto *top = new QHBoxLayout;
+    top->setContentsMargins(Margin, Margin, Margin, 0);
+    top->addWidget(m_head, 1);
+    top->addWidget(m_pictures->modes());
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_head);
+    layout->addLayout(top);
     layout->addWidget(splitter, 1);
     connect(comparison, &CComparison::changed, this, &CCompareView::fill);
     connect(comparison, &CComparison::pictureTaken, this, &CCompareView::showPictures);
@@ -94,8 +101,10 @@ void CCompareView::fill()
                 kept = *it;
                 break;
             }
-        for (int row = 0; row < m_tree->topLevelItemCount(); ++row)
-            m_tree->topLevelItem(row)->setExpanded(true);
+        if (m_rows <= FewRows)
+            m_tree->expandAll();
+        else
+            m_tree->expandToDepth(0);
         m_tree->setCurrentItem(kept);
         m_tree->setUpdatesEnabled(true);
     }

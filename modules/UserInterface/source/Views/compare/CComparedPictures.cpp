@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -16,15 +15,12 @@ constexpr int Margin = 6;          // pixels
 constexpr double SwipeStep = 0.02; // of the width, a key
 } // namespace
 
-CComparedPictures::CComparedPictures(QWidget *parent) : QWidget(parent), m_modes(new QComboBox)
+CComparedPictures::CComparedPictures(QWidget *parent)
+    : QWidget(parent), m_modes(new QComboBox(this))
 {
     m_modes->setObjectName(QStringLiteral("comparePictures"));
     for (int mode = 0; mode < ModeCount; ++mode)
         m_modes->addItem(QString());
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->addWidget(m_modes, 0, Qt::AlignLeft);
-    layout->addStretch();
     setMinimumSize(160, 90);
     setFocusPolicy(Qt::ClickFocus);
     connect(m_modes, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
@@ -82,8 +78,8 @@ QImage CComparedPictures::shown() const
     case Swipe: {
         QImage both = m_now;
         QPainter painter(&both);
-        const int width = qRound(m_swipe * m_before.width());
-        painter.drawImage(0, 0, m_before, 0, 0, width, m_before.height());
+        painter.setClipRect(QRectF(0, 0, m_swipe * m_before.width(), m_before.height()));
+        painter.drawImage(0, 0, m_before);
         return both;
     }
     default:
@@ -93,8 +89,7 @@ QImage CComparedPictures::shown() const
 
 QRect CComparedPictures::pictureRect() const
 {
-    const QRect room =
-        rect().adjusted(Margin, m_modes->geometry().bottom() + Margin, -Margin, -Margin);
+    const QRect room = rect().adjusted(Margin, Margin, -Margin, -Margin);
     const QImage &any = m_now.isNull() ? m_before : m_now;
     if (any.isNull())
         return room;

@@ -18,6 +18,7 @@ public:
 
     explicit CComparedPictures(QWidget *parent = nullptr);
 
+    QComboBox *modes() const { return m_modes; } ///< for whoever lays it out beside this
     /// Null ones are not there (yet). `note` stands in their place.
     void setPictures(const QImage &before, const QImage &now, const QString &note);
     void setMode(EMode mode);

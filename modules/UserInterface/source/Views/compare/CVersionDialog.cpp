@@ -2,6 +2,7 @@
 
 #include "ShownText.h"
 
+#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
@@ -23,6 +24,8 @@ CVersionDialog::CVersionDialog(const QVector<SChoice> &offered, const QString &p
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("Compare"));
     buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
+    for (QAbstractButton *each : buttons->buttons())
+        each->setIcon(QIcon());
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(tr("The open project is compared with:")));
     layout->addWidget(m_list, 1);

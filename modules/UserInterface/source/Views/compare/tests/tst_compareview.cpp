@@ -114,6 +114,9 @@ void tst_CompareView::listsPicturesAndPlaces()
     QCOMPARE(pictures->shown().pixelColor(85, 40), QColor("#ff0000"));
     pictures->setMode(CComparedPictures::Swipe); // in the middle
     QCOMPARE(pictures->shown().pixelColor(15, 40), QColor("#ff0000"));
+    for (int i = 0; i < 60; ++i) // to the left end
+        QTest::keyClick(pictures, Qt::Key_Left);
+    QCOMPARE(pictures->shown().pixelColor(15, 40), QColor(Qt::black));
     pictures->setMode(CComparedPictures::Blink);
     const QImage first = pictures->shown();
     QTRY_VERIFY(pictures->shown() != first);
