@@ -4723,6 +4723,121 @@ Installierte Version: </translation>
     </message>
 </context>
 <context>
+    <name>CBudgetActions</name>
+    <message>
+        <source>Budget</source>
+        <translation>Budget</translation>
+    </message>
+</context>
+<context>
+    <name>CBudgetView</name>
+    <message>
+        <source>No project is open.</source>
+        <translation>Es ist kein Projekt geöffnet.</translation>
+    </message>
+    <message>
+        <source>The project has no pages.</source>
+        <translation>Das Projekt hat keine Seiten.</translation>
+    </message>
+    <message>
+        <source>Measuring...</source>
+        <translation>Wird gemessen …</translation>
+    </message>
+    <message>
+        <source>Project (fullest page)</source>
+        <translation>Projekt (vollste Seite)</translation>
+    </message>
+    <message>
+        <source>Each page is loaded by itself, so the fullest one decides. All pictures and fonts of the project together take %1 bytes.</source>
+        <translation>Jede Seite wird für sich geladen, daher entscheidet die vollste. Alle Bilder und Schriften des Projekts belegen zusammen %1 Byte.</translation>
+    </message>
+    <message>
+        <source>RAM_G: %1
+RAM_DL: %2</source>
+        <translation>RAM_G: %1
+RAM_DL: %2</translation>
+    </message>
+    <message>
+        <source>Used by: %1</source>
+        <translation>Verwendet von: %1</translation>
+    </message>
+    <message>
+        <source>(gaps between them)</source>
+        <translation>(Lücken dazwischen)</translation>
+    </message>
+    <message>
+        <source>(the page itself)</source>
+        <translation>(die Seite selbst)</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>%1 glyphs</source>
+        <translation>%1 Zeichen</translation>
+    </message>
+    <message>
+        <source>RAM_G, bytes</source>
+        <translation>RAM_G, Byte</translation>
+    </message>
+    <message>
+        <source>RAM_DL, bytes</source>
+        <translation>RAM_DL, Byte</translation>
+    </message>
+    <message>
+        <source>Picture or font</source>
+        <translation>Bild oder Schrift</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Pixels</source>
+        <translation>Pixel</translation>
+    </message>
+    <message>
+        <source>Used by</source>
+        <translation>Verwendet von</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>Byte</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>Anteil</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Element</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Pictures and Fonts</source>
+        <translation>Bilder und Schriften</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>Elemente</translation>
+    </message>
+    <message>
+        <source>What each item adds to the display list of its page</source>
+        <translation>Was jedes Element zur Anzeigeliste seiner Seite beiträgt</translation>
+    </message>
+</context>
+<context>
+    <name>CMemoryBar</name>
+    <message>
+        <source>%1 of %2 (%3 %)</source>
+        <translation>%1 von %2 (%3 %)</translation>
+    </message>
+</context>
+<context>
     <name>CCheckActions</name>
     <message>
         <source>Checks</source>

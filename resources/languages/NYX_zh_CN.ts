@@ -4723,6 +4723,121 @@ Installed version: </source>
     </message>
 </context>
 <context>
+    <name>CBudgetActions</name>
+    <message>
+        <source>Budget</source>
+        <translation>预算</translation>
+    </message>
+</context>
+<context>
+    <name>CBudgetView</name>
+    <message>
+        <source>No project is open.</source>
+        <translation>没有打开的项目。</translation>
+    </message>
+    <message>
+        <source>The project has no pages.</source>
+        <translation>项目没有页面。</translation>
+    </message>
+    <message>
+        <source>Measuring...</source>
+        <translation>正在测量…</translation>
+    </message>
+    <message>
+        <source>Project (fullest page)</source>
+        <translation>项目（占用最多的页面）</translation>
+    </message>
+    <message>
+        <source>Each page is loaded by itself, so the fullest one decides. All pictures and fonts of the project together take %1 bytes.</source>
+        <translation>每个页面单独加载，因此以占用最多的页面为准。项目的全部图片和字体共占用 %1 字节。</translation>
+    </message>
+    <message>
+        <source>RAM_G: %1
+RAM_DL: %2</source>
+        <translation>RAM_G：%1
+RAM_DL：%2</translation>
+    </message>
+    <message>
+        <source>Used by: %1</source>
+        <translation>使用者：%1</translation>
+    </message>
+    <message>
+        <source>(gaps between them)</source>
+        <translation>（之间的空隙）</translation>
+    </message>
+    <message>
+        <source>(the page itself)</source>
+        <translation>（页面本身）</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>%1 glyphs</source>
+        <translation>%1 个字形</translation>
+    </message>
+    <message>
+        <source>RAM_G, bytes</source>
+        <translation>RAM_G（字节）</translation>
+    </message>
+    <message>
+        <source>RAM_DL, bytes</source>
+        <translation>RAM_DL（字节）</translation>
+    </message>
+    <message>
+        <source>Picture or font</source>
+        <translation>图片或字体</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Pixels</source>
+        <translation>像素</translation>
+    </message>
+    <message>
+        <source>Used by</source>
+        <translation>使用者</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>占比</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>项</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Pictures and Fonts</source>
+        <translation>图片和字体</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>项</translation>
+    </message>
+    <message>
+        <source>What each item adds to the display list of its page</source>
+        <translation>每个项在其页面的显示列表中所占的部分</translation>
+    </message>
+</context>
+<context>
+    <name>CMemoryBar</name>
+    <message>
+        <source>%1 of %2 (%3 %)</source>
+        <translation>%1 / %2 (%3 %)</translation>
+    </message>
+</context>
+<context>
     <name>CCheckActions</name>
     <message>
         <source>Checks</source>

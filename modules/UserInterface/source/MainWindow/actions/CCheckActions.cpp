@@ -11,11 +11,10 @@
 #include <QMainWindow>
 #include <QMenu>
 
-CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, QMenu *toolsMenu,
-                             QMenu *windowsMenu)
+CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRounds *rounds,
+                             QMenu *toolsMenu, QMenu *windowsMenu)
     : QObject(window),
       m_panels(panels),
-      m_rounds(new CScreenRounds(this)),
       m_results(new CCheckResults(this)),
       m_view(new CChecksView),
       m_dock(new QDockWidget(window)),
@@ -37,13 +36,17 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, QMenu *to
     toolsMenu->addActions({m_next, m_previous});
 
     m_view->setResults(m_results);
-    m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
-    connect(m_rounds, &CScreenRounds::drawn, m_results, &CCheckResults::takeScreen);
-    connect(m_rounds, &CScreenRounds::done, m_results, &CCheckResults::takeProject);
-    connect(m_view, &CChecksView::filesChanged, m_rounds, &CScreenRounds::restart);
+    connect(rounds, &CScreenRounds::drawn, m_results, &CCheckResults::takeScreen);
+    connect(rounds, &CScreenRounds::done, m_results, &CCheckResults::takeProject);
+    connect(m_view, &CChecksView::filesChanged, rounds, &CScreenRounds::restart);
     connect(m_view, &CChecksView::placeWanted, panels, &CMainPanels::goTo);
     connect(m_view, &CChecksView::countChanged, this, &CCheckActions::showCount);
-    connect(m_dock, &QDockWidget::visibilityChanged, m_rounds, &CScreenRounds::setWanted);
+    connect(m_dock, &QDockWidget::visibilityChanged, rounds,
+            [this, rounds](bool isSeen) { rounds->setWanted(this, isSeen); });
+    connect(m_dock->toggleViewAction(), &QAction::triggered, m_dock, [this](bool isShown) {
+        if (isShown)
+            m_dock->raise(); // it is one of several in its place
+    });
     connect(m_next, &QAction::triggered, this, [this] { go(1); });
     connect(m_previous, &QAction::triggered, this, [this] { go(-1); });
     setProject(nullptr);
@@ -53,7 +56,6 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, QMenu *to
 void CCheckActions::setProject(CProjectModel *project)
 {
     m_results->setProject(project);
-    m_rounds->setProject(project);
     for (QAction *each : {m_next, m_previous})
         each->setEnabled(project != nullptr);
 }

@@ -19,8 +19,10 @@ class CCheckActions final : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the dock to the window, hidden at first, and entries to the menus.
-    CCheckActions(QMainWindow *window, CMainPanels *panels, QMenu *toolsMenu, QMenu *windowsMenu);
+    /// Adds the dock to the window, hidden at first, and entries to the menus. `rounds` must
+    /// live longer.
+    CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRounds *rounds, QMenu *toolsMenu,
+                  QMenu *windowsMenu);
 
     QDockWidget *dock() const { return m_dock; }
     CChecksView *view() const { return m_view; }
@@ -32,7 +34,6 @@ private:
     void go(int step);
 
     CMainPanels *const m_panels;
-    CScreenRounds *const m_rounds;
     CCheckResults *const m_results;
     CChecksView *const m_view;
     QDockWidget *const m_dock;

@@ -4,6 +4,7 @@
 #include "CArrangeActions.h"
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
+#include "CBudgetActions.h"
 #include "CCheckActions.h"
 #include "CCompareActions.h"
 #include "CDialogQuestions.h"
@@ -29,6 +30,7 @@
 #include "CScreen.h"
 #include "CScreenModel.h"
 #include "CScreenNavigator.h"
+#include "CScreenRounds.h"
 #include "CScreenView.h"
 #include "CSettings.h"
 #include "CSnapActions.h"
@@ -100,9 +102,12 @@ CMainWindow::CMainWindow(const QString &file)
                               m_menuBar->menu(CMenuBar::WindowsMenu));
     m_history =
         new CHistoryDock(this, m_panels, m_undoGroup, m_menuBar->menu(CMenuBar::WindowsMenu));
-    m_checks = new CCheckActions(this, m_panels, m_menuBar->menu(CMenuBar::ToolsMenu),
+    m_rounds = new CScreenRounds(this);
+    m_rounds->setBusy([this] { return m_panels->isGestureActive() || m_panels->isEditorOpen(); });
+    m_checks = new CCheckActions(this, m_panels, m_rounds, m_menuBar->menu(CMenuBar::ToolsMenu),
                                  m_menuBar->menu(CMenuBar::WindowsMenu));
     m_compare = new CCompareActions(this, m_panels, *m_menuBar, [this] { return projectPath(); });
+    m_budget = new CBudgetActions(this, m_panels, m_rounds, m_menuBar->menu(CMenuBar::WindowsMenu));
     m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));
     m_panels->shareSpace(); // all docks are there
     connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
@@ -282,6 +287,8 @@ void CMainWindow::activate(CProjectModel *project)
     m_find->setProject(project);
     m_checks->setProject(project);
     m_compare->setProject(project);
+    m_budget->setProject(project);
+    m_rounds->setProject(project);
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
     m_startPage->hide();
@@ -296,8 +303,10 @@ void CMainWindow::deactivate(CProjectModel *project)
     keepPicture();
     m_undoGroup->removeStack(project->undoStack());
     m_find->setProject(nullptr);
+    m_rounds->setProject(nullptr);
     m_checks->setProject(nullptr);
     m_compare->setProject(nullptr);
+    m_budget->setProject(nullptr);
     m_panels->clear();
     m_statusBar->resetStatusBar();
 }
@@ -315,6 +324,7 @@ void CMainWindow::projectOptionsChanged()
     m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project()->platform()));
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
+    m_rounds->restart();
     showProjectName();
 }
 
@@ -379,6 +389,7 @@ void CMainWindow::changeEvent(QEvent *event)
     m_find->retranslate();
     m_checks->retranslate();
     m_compare->retranslate();
+    m_budget->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

@@ -23,6 +23,7 @@ class CEditCommands;
 class CEmulatorSession;
 class CErrorBox;
 class CExportController;
+class CBudgetActions;
 class CCheckActions;
 class CCompareActions;
 class CFindActions;
@@ -38,6 +39,7 @@ class CProjectPictures;
 class CProjectSession;
 class CRecentProjects;
 class CScreenModel;
+class CScreenRounds;
 class CScreenView;
 class CSettings;
 class CStartMark;
@@ -77,6 +79,7 @@ public:
     CHistoryDock *historyDock() const { return m_history; }
     CCheckActions *checkActions() const { return m_checks; }
     CCompareActions *compareActions() const { return m_compare; }
+    CBudgetActions *budgetActions() const { return m_budget; }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -216,8 +219,10 @@ private:
     CViewMemory *m_viewMemory = nullptr;
     CFindActions *m_find = nullptr;
     CHistoryDock *m_history = nullptr;
+    CScreenRounds *m_rounds = nullptr;
     CCheckActions *m_checks = nullptr;
     CCompareActions *m_compare = nullptr;
+    CBudgetActions *m_budget = nullptr;
     CStyleActions *m_style = nullptr;
     CStartPage *m_startPage = nullptr;
     CProjectPictures *m_pictures = nullptr;

@@ -42,8 +42,8 @@ void CComparison::setBusy(const std::function<bool()> &isBusy)
 void CComparison::setWanted(bool wanted)
 {
     m_isWanted = wanted;
-    m_earlierRounds->setWanted(wanted);
-    m_rounds->setWanted(wanted);
+    m_earlierRounds->setWanted(this, wanted);
+    m_rounds->setWanted(this, wanted);
     if (wanted && m_earlier)
         m_idle.start(0);
 }

@@ -92,7 +92,7 @@ void tst_ChecksView::init()
     m_results->setProject(m_project.get());
     m_rounds->setProject(m_project.get());
     QSignalSpy done(m_rounds.get(), &CScreenRounds::done);
-    m_rounds->setWanted(true);
+    m_rounds->setWanted(this, true);
     QVERIFY(done.wait(10000));
     QCOMPARE(rows(), QStringList());
 }

@@ -21,11 +21,14 @@ CScreenRounds::CScreenRounds(QObject *parent) : QObject(parent)
 
 CScreenRounds::~CScreenRounds() = default;
 
-void CScreenRounds::setWanted(bool wanted)
+void CScreenRounds::setWanted(const QObject *by, bool wanted)
 {
-    m_isWanted = wanted;
-    if (wanted)
-        m_idle.start(0);
+    if (!wanted) {
+        m_wantedBy.remove(by);
+        return;
+    }
+    m_wantedBy.insert(by);
+    m_idle.start(0);
 }
 
 void CScreenRounds::setProject(CProjectModel *project)
@@ -125,7 +128,7 @@ void CScreenRounds::dropCurrent()
 
 void CScreenRounds::step()
 {
-    if (!m_project || !m_isWanted || m_current.isValid())
+    if (!m_project || m_wantedBy.isEmpty() || m_current.isValid())
         return;
     if (m_isBusy && m_isBusy()) {
         m_idle.start(IdleTime);

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QPersistentModelIndex>
+#include <QSet>
 #include <QTimer>
 
 #include <functional>
@@ -31,7 +32,7 @@ public:
     /// Asked before each step; true puts it off.
     void setBusy(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
     /// None while nobody wants to know: changes are remembered all the same.
-    void setWanted(bool wanted);
+    void setWanted(const QObject *by, bool wanted);
     void setProject(CProjectModel *project);
     /// This one comes first.
     void prefer(const CItemModel *screen);
@@ -57,7 +58,7 @@ private:
 
     CProjectModel *m_project = nullptr;
     std::function<bool()> m_isBusy;
-    bool m_isWanted = false;
+    QSet<const QObject *> m_wantedBy;
     bool m_isTold = true;                   ///< done() was sent for what is known
     QList<QPersistentModelIndex> m_changed; ///< the next one first
     QPersistentModelIndex m_current;        ///< that is being drawn

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QVector>
+
+class CItemModel;
+
+/// Rows with figures, sorted by the column that is chosen: numbers by their size.
+class CBudgetTable final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    struct SRow
+    {
+        QVector<QVariant> cells; ///< a string or an int; a double is a share, 1 for all
+        QIcon icon;
+        QString toolTip;
+        QString key; ///< what it is about; no other row has it
+        QVector<const CItemModel *> items;
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setHeaders(const QStringList &headers);
+    void setRows(const QVector<SRow> &rows);
+    const SRow &row(int row) const { return m_rows[row]; }
+    /// -1 when there is none.
+    int rowOf(const QString &key) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    void sort(int column, Qt::SortOrder order) override;
+
+private:
+    void sortRows();
+
+    QStringList m_headers;
+    QVector<SRow> m_rows;
+    int m_column = -1;
+    Qt::SortOrder m_order = Qt::DescendingOrder;
+};
