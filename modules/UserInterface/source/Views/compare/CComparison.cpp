@@ -88,7 +88,7 @@ QString CComparison::compareWith(const QByteArray &bytes, const QString &title)
     earlier->setWorkingDirectory(m_project->workingDirectory());
     m_earlier = std::move(earlier);
     m_title = title;
-    refresh();
+    m_idle.start(0); // reading was a step of its own, and who shows it may want it shown anew
     return {};
 }
 

@@ -34,7 +34,7 @@ public:
     /// The open one, not owned; null for none. What was compared goes.
     void setProject(CProjectModel *project);
     /// The earlier version, as the bytes of its file. Its images are looked for where those of the
-    /// open one lie. Empty, or why it cannot be; then all stays as it was.
+    /// open one lie; changed() follows. Empty, or why it cannot be; then all stays as it was.
     QString compareWith(const QByteArray &bytes, const QString &title);
     void clear();
 
