@@ -156,6 +156,9 @@ void tst_CheckCommand::oneFault_data()
         "warning touch-overlap Pump");
     row("a text that is cut", replaced("text=\"Start\"", "text=\"Start the washing programme\""),
         "warning text-cut Start");
+    row("a text that has no room at all",
+        replaced("id=\"1\" x_coordinate=\"10\"", "height=\"6\" id=\"1\" x_coordinate=\"10\""),
+        "warning text-cut Title");
     row("an ellipsis of its own", replaced("text=\"Start\"", "text=\"Start\xe2\x80\xa6\""), "");
     row("a text like its background", replaced("text_color=\"#ffffff\"", "text_color=\"#505050\""),
         "warning contrast Title");

@@ -7,6 +7,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 // What items are called, for people and in C.
 
 namespace {
@@ -30,13 +32,18 @@ void checkNames(CRuleContext &context)
         const auto same = named.constFind(item.name());
         if (same == named.constEnd() || same->first() != &item)
             return; // told with the first
-        if (same->size() > 1)
+        if (same->size() > 1) {
+            const auto isOlder = [](const CItemModel *a, const CItemModel *b) {
+                return a->id() < b->id(); // ids are given in their order
+            };
             context
-                .add(ERule::DuplicateName, ESeverity::Note, &item,
+                .add(ERule::DuplicateName, ESeverity::Note,
+                     *std::max_element(same->begin(), same->end(), isOlder),
                      CRuleContext::tr("%1 items of the screen are called %2.")
                          .arg(same->size())
                          .arg(context.called(item)))
                 .property = PropertyKey::Name;
+        }
         const CItemModel *&first = inC[nameInC(item.name())];
         if (first)
             context

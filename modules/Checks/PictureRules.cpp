@@ -3,6 +3,7 @@
 #include "ItemGeometry.h"
 #include "ItemOutline.h"
 #include "ItemTree.h"
+#include "PropertyKey.h"
 #include "RuleSupport.h"
 
 #include <QHash>
@@ -157,8 +158,16 @@ void checkTextSize(CRuleContext &context, const CListProbe &probe,
             cut.insert(text.tag);
     }
     forEachItem(*context.screen, [&](const CItemModel &item) {
-        if (items.value(item.id()) != &item || !ink.contains(item.id()))
+        if (items.value(item.id()) != &item)
             return;
+        if (!ink.contains(item.id())) {
+            const QString text = item.propertyText(QStringLiteral("text")).simplified();
+            if (!text.isEmpty() && item.hasProperty(PropertyKey::Font))
+                context.add(ERule::TextCut, ESeverity::Warning, &item,
+                            CRuleContext::tr("There is no room for the text of %1.")
+                                .arg(context.called(item)));
+            return;
+        }
         const SItemOutline outline = itemOutline(item);
         const QRectF room = outline.box.adjusted(-CutOfText, -CutOfText, CutOfText, CutOfText);
         const bool isCut = cut.contains(item.id()) && !saysEllipsis(item);

@@ -1822,6 +1822,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <translation>&amp;Sperren/Entsperren</translation>
     </message>
     <message>
+        <source>Rena&amp;me</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename the selected item or page</source>
+        <translation>Das ausgewählte Element oder die Seite umbenennen</translation>
+    </message>
+    <message>
         <source>Lock/Unlock selected items</source>
         <translation>Ausgewählte Elemente sperren oder entsperren</translation>
     </message>
@@ -4976,6 +4984,10 @@ RAM_DL: %2</translation>
 </context>
 <context>
     <name>Checks</name>
+    <message>
+        <source>There is no room for the text of %1.</source>
+        <translation>Für den Text von %1 ist kein Platz.</translation>
+    </message>
     <message>
         <source>The platform &quot;%1&quot; is not known; known are %2.</source>
         <translation>Die Plattform „%1“ ist nicht bekannt; bekannt sind %2.</translation>

@@ -1822,6 +1822,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>锁定/解锁(&amp;L)</translation>
     </message>
     <message>
+        <source>Rena&amp;me</source>
+        <translation>重命名(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Rename the selected item or page</source>
+        <translation>重命名所选对象或页面</translation>
+    </message>
+    <message>
         <source>Lock/Unlock selected items</source>
         <translation>锁定或解锁选中的项目</translation>
     </message>
@@ -4976,6 +4984,10 @@ RAM_DL：%2</translation>
 </context>
 <context>
     <name>Checks</name>
+    <message>
+        <source>There is no room for the text of %1.</source>
+        <translation>%1 的文字没有显示空间。</translation>
+    </message>
     <message>
         <source>The platform &quot;%1&quot; is not known; known are %2.</source>
         <translation>未知的平台“%1”；已知的有 %2。</translation>

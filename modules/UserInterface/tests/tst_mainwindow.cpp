@@ -99,11 +99,12 @@ private Q_SLOTS:
             for (const QKeySequence &each : bar->action(CMenuBar::EAction(id))->shortcuts())
                 all.append(each.toString());
         }
-        QCOMPARE(all.join(' '), "Ctrl+N Ctrl+O Ctrl+W Ctrl+S Ctrl+Shift+S Ctrl+P Ctrl+Q "
-                                "Ctrl+Shift+] Ctrl+Shift+[ Ctrl+] Ctrl+[ Ctrl+X Shift+Del Ctrl+C "
-                                "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
-                                "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
-                                "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+4 Ctrl+Shift+H");
+        QCOMPARE(all.join(' '),
+                 "Ctrl+N Ctrl+O Ctrl+W Ctrl+S Ctrl+Shift+S Ctrl+P Ctrl+Q "
+                 "Ctrl+Shift+] Ctrl+Shift+[ Ctrl+] Ctrl+[ Ctrl+X Shift+Del Ctrl+C "
+                 "Ctrl+Ins Ctrl+V Shift+Ins Ctrl+A Esc Ctrl+Shift+A Del Ctrl+L "
+                 "Ctrl+Z Ctrl+Shift+Z Ctrl+Y Ctrl+G Ctrl+Shift+G Ctrl+0 Ctrl+1 "
+                 "Ctrl+2 Ctrl+F F1 Ctrl+Shift+V Ctrl+D Ctrl+3 Ctrl+4 Ctrl+Shift+H F2");
     }
 
     /// Of all actions, whoever made them: no two have the same keys or the same id, and each can be

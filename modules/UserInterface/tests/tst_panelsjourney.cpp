@@ -243,6 +243,36 @@ private Q_SLOTS:
         QCOMPARE(saved(), m_before);
     }
 
+    /// A row that was clicked gives the keys to the canvas; its name is opened from there.
+    void renamedWhereverTheKeysAre()
+    {
+        CItemModel *item = screen(1)->childItem(1);
+        auto *tree = m_window->findChild<CProjectExplorerView *>();
+        tree->expandAll();
+        tree->scrollTo(item->index());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualRect(item->index()).center());
+        QVERIFY(!tree->hasFocus());
+        QTest::keyClick(m_window.get(), Qt::Key_F2);
+        auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(line); // its row of the property panel
+        line->selectAll();
+        QTest::keyClicks(line, "Called so");
+        QTest::keyClick(line, Qt::Key_Return);
+        QCOMPARE(item->name(), "Called so");
+        tree->scrollTo(screen(1)->index());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualRect(screen(1)->index()).center());
+        QTest::keyClick(m_window.get(), Qt::Key_F2);
+        line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(line && tree->isAncestorOf(line)); // a page, where it stands
+        line->selectAll();
+        QTest::keyClicks(line, "Its page");
+        QTest::keyClick(line, Qt::Key_Return);
+        QTRY_COMPARE(screen(1)->name(), QString("Its page"));
+        QCOMPARE(m_window->project()->undoStack()->count(), 2);
+    }
+
     void explorerFilter()
     {
         auto *tree = m_window->findChild<CProjectExplorerView *>();

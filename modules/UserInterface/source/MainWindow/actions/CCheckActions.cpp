@@ -41,9 +41,10 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRo
     connect(m_view, &CChecksView::filesChanged, rounds, &CScreenRounds::restart);
     connect(m_view, &CChecksView::placeWanted, panels, &CMainPanels::goTo);
     connect(m_view, &CChecksView::countChanged, this, &CCheckActions::showCount);
-    connect(m_dock, &QDockWidget::visibilityChanged, rounds,
-            [this, rounds](bool isSeen) { rounds->setWanted(this, isSeen); });
-    connect(m_dock->toggleViewAction(), &QAction::triggered, m_dock, [this](bool isShown) {
+    QAction *shown = m_dock->toggleViewAction(); // also while it is a tab behind another
+    connect(shown, &QAction::toggled, rounds,
+            [this, rounds](bool isShown) { rounds->setWanted(this, isShown); });
+    connect(shown, &QAction::triggered, m_dock, [this](bool isShown) {
         if (isShown)
             m_dock->raise(); // it is one of several in its place
     });

@@ -13,7 +13,7 @@ class QMainWindow;
 class QMenu;
 
 /// The dock "Checks", and the keys that go through what it has found. Looks for faults while the
-/// dock is to be seen.
+/// dock is there.
 class CCheckActions final : public QObject
 {
     Q_OBJECT

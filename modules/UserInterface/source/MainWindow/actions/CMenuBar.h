@@ -88,6 +88,7 @@ public:
         Bright,
         BatchWindow,
         GridFaint,
+        Rename,
         ActionCount,
         Separator = ActionCount ///< in lists of menu entries
     };

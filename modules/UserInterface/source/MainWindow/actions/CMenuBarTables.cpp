@@ -141,6 +141,8 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.toggleBatchWindow(); }},
         {CMenuBar::GridFaint, QT_TRANSLATE_NOOP("CMenuBar", "&Faint"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Draw the grid so that it hardly covers the page"), nullptr, Off,
          [](W &, B &) { CEditorState::instance()->setGridFaint(!CEditorState::instance()->isGridFaint()); }},
+        {CMenuBar::Rename, QT_TRANSLATE_NOOP("CMenuBar", "Rena&me"), nullptr, QT_TRANSLATE_NOOP("CMenuBar", "Rename the selected item or page"), "F2", No,
+         [](W &w, B &) { w.renameSelected(); }},
     };
     return table;
 }
@@ -153,7 +155,7 @@ const std::vector<SMenu> &menus()
          {M::New, M::Open, M::RecentMenu, M::CloseProject, M::SaveProject, M::SaveAs, M::Revert,
           M::Separator, M::NewPage, M::ExportMenu, M::ExportPackage, M::PrintScreen, M::Separator, M::Exit}},
         {M::EditMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Edit"), true,
-         {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::LockUnlock, M::HideShow, M::ShowHidden,
+         {M::OrderMenu, M::ClipboardMenu, M::SelectMenu, M::Separator, M::Delete, M::Rename, M::LockUnlock, M::HideShow, M::ShowHidden,
           M::Separator, M::Undo, M::Redo, M::Separator, M::GroupingMenu}},
         {M::ArrangeMenu, QT_TRANSLATE_NOOP("CMenuBar", "&Arrange"), true, {}},
         {M::ViewMenu, QT_TRANSLATE_NOOP("CMenuBar", "&View"), true, {M::ThemeMenu, M::ZoomMenu, M::GridMenu, M::WindowsMenu}},

@@ -51,6 +51,8 @@ public:
     void select(const QList<CItemModel *> &items);
     /// Opens the page of an item and selects it; a member of a group through its group.
     void reveal(CItemModel *item);
+    /// Opens the name of the only selected item, or page, wherever the keys are.
+    void renameSelected();
     /// Where the keys of the action mean the selection: on a canvas and in the explorer.
     void addDeselectAction(QAction *action);
 

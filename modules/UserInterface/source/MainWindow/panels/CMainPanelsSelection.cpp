@@ -11,8 +11,10 @@
 #include "CScreenView.h"
 #include "CWidgetPropertiesView.h"
 #include "ItemGeometry.h"
+#include "PropertyKey.h"
 
 #include <QAction>
+#include <QDockWidget>
 #include <QScopedValueRollback>
 #include <QSet>
 
@@ -203,6 +205,24 @@ void CMainPanels::reveal(CItemModel *item)
     openPageOf(item);
     m_selection->selectMember(item);
     showSelection();
+}
+
+void CMainPanels::renameSelected()
+{
+    const QList<CItemModel *> items = m_selection->shownItems();
+    if (items.size() != 1 || isEditorOpen())
+        return;
+    const QModelIndex index = items.constFirst()->index();
+    const bool isPage = index.flags().testFlag(Qt::ItemIsEditable);
+    QDockWidget *dock = isPage ? m_explorerDock : m_propertiesDock;
+    dock->show();
+    dock->raise();
+    if (isPage) {
+        m_explorer->scrollTo(index);
+        m_explorer->edit(index);
+    } else {
+        m_properties->edit(PropertyKey::Name);
+    }
 }
 
 void CMainPanels::goTo(CItemModel *item)

@@ -147,6 +147,7 @@ public Q_SLOTS:
     void paste();
     void printScreen();
     void lockItems();
+    void renameSelected();
     void loadLanguage(const QString &rLanguage);
     void exportPackage();
 

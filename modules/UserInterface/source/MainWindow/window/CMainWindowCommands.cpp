@@ -390,6 +390,11 @@ void CMainWindow::printScreen()
     m_screenshotFolder = dialog.saveFolder();
 }
 
+void CMainWindow::renameSelected()
+{
+    m_panels->renameSelected();
+}
+
 void CMainWindow::lockItems()
 {
     m_edit->lock();

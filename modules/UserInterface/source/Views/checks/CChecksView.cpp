@@ -106,7 +106,7 @@ void CChecksView::fill()
     for (int i = 0; i < m_entries.size(); ++i) {
         const SFinding &finding = m_entries[i].finding;
         const bool isIgnored = !finding.ignoredBecause.isNull();
-        if (!isIgnored && finding.severity != ESeverity::Note)
+        if (!isIgnored)
             ++count;
         if (!isShown(m_entries[i]))
             continue;
@@ -251,8 +251,8 @@ void CChecksView::ignore(const CCheckResults::SEntry &entry)
         QInputDialog::getText(this, tr("Ignore a Finding"), tr("Why is it right as it is?"),
                               QLineEdit::Normal, QString(), &isGiven);
     const bool isThere = entry.item.isValid() || entry.screen.isValid();
-    if (isGiven && isThere && m_results->project())
-        CheckFixes::ignore(*m_results->project(), entry, reason + QLatin1String(""));
+    if (isGiven && isThere && m_results->project() && !reason.trimmed().isEmpty())
+        CheckFixes::ignore(*m_results->project(), entry, reason);
 }
 
 void CChecksView::mend(const CCheckResults::SEntry &entry)

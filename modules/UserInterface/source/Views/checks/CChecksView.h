@@ -24,7 +24,7 @@ public:
     void setResults(CCheckResults *results);
     /// Goes to the next finding that is shown, or with -1 to the one before; round at the ends.
     void goTo(int step);
-    /// Errors and warnings that nobody ignores.
+    /// Findings that nobody ignores.
     int count() const { return m_count; }
 
 Q_SIGNALS:

@@ -93,6 +93,8 @@ Q_SIGNALS:
     void gestureEnded();
     /// A drag has moved items; they stand at their old positions again.
     void itemsDragged(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
+    /// A drag has made copies, which are selected; the frame of what they are of begins at `from`.
+    void itemsCopied(const QVector<CItemModel *> &copies, const QPointF &from);
     /// Something that the frame shows has changed.
     void contentChanged();
     void itemsChanged(); ///< there are more or fewer items

@@ -9,6 +9,7 @@
 #include "CSelectionFrame.h"
 #include "GestureFactory.h"
 #include "ItemClipboard.h"
+#include "ItemGeometry.h"
 
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
@@ -152,6 +153,7 @@ std::unique_ptr<CGesture> CScreenScene::copyOf(const CItemView &pressed)
     const QVector<CItemModel *> items =
         pressed.isSelected() ? selected : QVector<CItemModel *>{pressed.item()};
     const int grip = items.indexOf(pressed.item());
+    const QPointF from = ItemGeometry::frameOf(items).topLeft();
     return std::make_unique<CCopyGesture>(
         [this, items] {
             CCopyGesture::SCopies copies;
@@ -162,8 +164,10 @@ std::unique_ptr<CGesture> CScreenScene::copyOf(const CItemView &pressed)
             chooseModelItems(copies);
             return moveOf(viewOf(copies.at(grip)));
         },
-        [this, selected](const QVector<CItemModel *> *copies) {
+        [this, selected, from](const QVector<CItemModel *> *copies) {
             chooseModelItems(copies ? *copies : selected);
+            if (copies)
+                Q_EMIT itemsCopied(*copies, from);
         });
 }
 

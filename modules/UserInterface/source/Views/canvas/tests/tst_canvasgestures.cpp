@@ -102,6 +102,11 @@ private Q_SLOTS:
         canvas.checkOneStep(before);
 
         canvas.stack.undo();
+        drag({120, 120}, {31, -20}, false);
+        canvas.view->commands()->duplicate(); // goes on as the drag began
+        QCOMPARE(rectOf(canvas.screen->childItem(0)), QRectF(162, 60, 40, 40));
+        canvas.stack.undo();
+        canvas.stack.undo();
         canvas.select({box, other});
         for (const bool isEscaped : {true, false}) { // given up, or brought back
             drag({120, 120}, {50, 50}, isEscaped, !isEscaped);

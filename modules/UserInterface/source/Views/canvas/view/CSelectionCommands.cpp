@@ -23,6 +23,11 @@
 CSelectionCommands::CSelectionCommands(CScreenScene *scene, QObject *parent)
     : QObject(parent), m_scene(scene)
 {
+    connect(scene, &CScreenScene::itemsCopied, this,
+            [this](const QVector<CItemModel *> &copies, const QPointF &from) {
+                m_copies = copies; // to be repeated, as those of duplicate() are
+                m_copiedFrom = from;
+            });
 }
 
 CScreenModel *CSelectionCommands::screen() const

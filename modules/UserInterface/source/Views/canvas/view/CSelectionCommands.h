@@ -83,6 +83,6 @@ private:
     QUndoStack &undoStack() const;
 
     CScreenScene *const m_scene;
-    QVector<CItemModel *> m_copies; ///< by the last duplicate(); only compared
+    QVector<CItemModel *> m_copies; ///< that were made last, here or by a drag; only compared
     QPointF m_copiedFrom;           ///< the corner of what they are copies of
 };
