@@ -1,12 +1,8 @@
 #include "CMainWindow.h"
 
 #include "CActionCentre.h"
-#include "CArrangeActions.h"
 #include "CAutosaveTimer.h"
 #include "CAutosaver.h"
-#include "CBudgetActions.h"
-#include "CCheckActions.h"
-#include "CCompareActions.h"
 #include "CDialogQuestions.h"
 #include "CEditCommands.h"
 #include "CEditorState.h"
@@ -14,30 +10,24 @@
 #include "CEmulatorSession.h"
 #include "CErrorBox.h"
 #include "CExportController.h"
-#include "CFindActions.h"
-#include "CGuideActions.h"
-#include "CHistoryDock.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
 #include "CMenuBar.h"
+#include "CMenuSubjects.h"
 #include "COptionDialog.h"
 #include "CPlainToolTips.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
-#include "CProjectPictures.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
-#include "CScreenNavigator.h"
 #include "CScreenRounds.h"
 #include "CScreenView.h"
 #include "CSettings.h"
-#include "CSnapActions.h"
 #include "CStartMark.h"
-#include "CStartPage.h"
+#include "CStartScreen.h"
 #include "CStatusBar.h"
-#include "CStyleActions.h"
 #include "CThemeIcons.h"
 #include "CUpdater.h"
 #include "CViewMemory.h"
@@ -59,8 +49,6 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoGroup>
-
-#include <algorithm>
 
 namespace {
 constexpr QSize FirstSize(1440, 900);
@@ -96,23 +84,7 @@ CMainWindow::CMainWindow(const QString &file)
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
-    m_arrange = new CArrangeActions(this, m_panels, m_menuBar->menu(CMenuBar::ArrangeMenu));
-    m_guides = new CGuideActions(this, m_panels, m_menuBar->menu(CMenuBar::ViewMenu));
-    m_find = new CFindActions(this, m_panels, m_menuBar->menu(CMenuBar::EditMenu),
-                              m_menuBar->menu(CMenuBar::WindowsMenu));
-    m_history =
-        new CHistoryDock(this, m_panels, m_undoGroup, m_menuBar->menu(CMenuBar::WindowsMenu));
-    m_rounds = new CScreenRounds(this);
-    m_rounds->setBusy([this] { return m_panels->isGestureActive() || m_panels->isEditorOpen(); });
-    m_checks = new CCheckActions(this, m_panels, m_rounds, m_menuBar->menu(CMenuBar::ToolsMenu),
-                                 m_menuBar->menu(CMenuBar::WindowsMenu));
-    m_compare = new CCompareActions(this, m_panels, *m_menuBar, [this] { return projectPath(); });
-    m_budget = new CBudgetActions(this, m_panels, m_rounds, m_menuBar->menu(CMenuBar::WindowsMenu));
-    m_style = new CStyleActions(this, m_panels, m_menuBar->menu(CMenuBar::ClipboardMenu));
-    m_panels->shareSpace(); // all docks are there
-    connect(m_undoGroup, &QUndoGroup::indexChanged, m_arrange, &CArrangeActions::update);
-    m_snap = new CSnapActions(m_menuBar->menu(CMenuBar::ToolsMenu),
-                              m_menuBar->action(CMenuBar::Options), this);
+    m_subjects = std::make_unique<CMenuSubjects>(this, m_panels, m_menuBar);
     connect(m_panels->screens(), &CScreen::menuAboutToShow, m_menuBar, &CMenuBar::complete);
     m_edit->watchKeysOf(*m_menuBar);
     m_centre = new CActionCentre(this, m_panels); // after whoever adds to the menus
@@ -184,33 +156,8 @@ void CMainWindow::makeProjectParts()
         if (m_closeAfterExport)
             QTimer::singleShot(0, this, &QWidget::close);
     });
-    m_startPage = new CStartPage(m_folder + QStringLiteral("/examples"), m_panels->screens());
-    m_pictures = new CProjectPictures(this);
-    connect(m_pictures, &CProjectPictures::kept, m_startPage, &CStartPage::readPictures);
-    showStartPage();
-}
-
-/// The first page that was drawn.
-void CMainWindow::keepPicture()
-{
-    const auto pages = m_panels->navigator()->getScreenPixmaps();
-    const auto drawn = std::find_if(pages.begin(), pages.end(),
-                                    [](const auto &each) { return !each.second.isNull(); });
-    if (drawn != pages.end())
-        m_pictures->keep(m_session->path(), drawn->second);
-}
-
-void CMainWindow::showStartPage()
-{
-    m_startPage->setLeftWork(m_session->leftWork());
-    m_startPage->show();
-    showNoHint();
-}
-
-/// What there is to say stands on the start page.
-void CMainWindow::showNoHint()
-{
-    m_panels->screens()->setHint(QStringLiteral(" "));
+    m_start = new CStartScreen(m_session, m_panels, m_folder + QStringLiteral("/examples"));
+    m_start->show();
 }
 
 void CMainWindow::makeOptionDialog()
@@ -239,20 +186,14 @@ void CMainWindow::connectSession()
     connect(m_session, &CProjectSession::projectClosed, this, [this] {
         m_emulator->close();
         m_errorMessage->withdrawQuiet();
-        showNoHint();
-        // Laying out its text is work of its own, and another project may be opened at once.
-        const auto show = [this] {
-            if (!project())
-                showStartPage();
-        };
-        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+        m_start->showSoon();
         Q_EMIT projectClosed();
     });
     connect(m_session, &CProjectSession::saved, this,
             [this](const QString &path, CProjectFile::EWrite kind) {
                 m_errorMessage->withdrawQuiet();
                 if (kind == CProjectFile::EWrite::ByUser)
-                    keepPicture();
+                    m_start->keepPicture();
                 statusBar()->showMessage((kind == CProjectFile::EWrite::ByUser
                                               ? tr("Saved %1")
                                               : tr("Saved automatically: %1"))
@@ -265,34 +206,21 @@ void CMainWindow::connectSession()
     connect(this, &CMainWindow::projectClosed, this, &CMainWindow::showSaveState);
     connect(m_errorMessage, &CErrorBox::saveAsWanted, this, &CMainWindow::saveProjectAs);
     connect(m_recent, &CRecentProjects::changed, this, [this] {
-        m_startPage->setRecentProjects(m_recent->paths());
+        m_start->setRecentProjects(m_recent->paths());
         Q_EMIT listRecentProjectsUpdated();
     });
-    connect(m_startPage, &CStartPage::newProjectWanted, this, &CMainWindow::newProject);
-    connect(m_startPage, &CStartPage::openWanted, this, &CMainWindow::openProject);
-    connect(m_startPage, &CStartPage::projectWanted, m_session,
-            qOverload<const QString &>(&CProjectSession::open));
-    connect(m_startPage, &CStartPage::exampleWanted, m_session, &CProjectSession::openCopy);
-    connect(m_startPage, &CStartPage::recoveryWanted, m_session, &CProjectSession::recover);
-    connect(m_startPage, &CStartPage::forgetWanted, this, [this](const CRecoveryCopy::SLeft &left) {
-        m_session->forget(left);
-        m_startPage->setLeftWork(m_session->leftWork());
-    });
+    connect(m_start, &CStartScreen::newProjectWanted, this, &CMainWindow::newProject);
+    connect(m_start, &CStartScreen::openWanted, this, &CMainWindow::openProject);
 }
 
 void CMainWindow::activate(CProjectModel *project)
 {
     m_emulator->open(project);
     m_panels->showProject(project);
-    m_find->setProject(project);
-    m_checks->setProject(project);
-    m_compare->setProject(project);
-    m_budget->setProject(project);
-    m_rounds->setProject(project);
+    m_subjects->setProject(project);
     m_undoGroup->addStack(project->undoStack());
     m_undoGroup->setActiveStack(project->undoStack());
-    m_startPage->hide();
-    m_panels->screens()->setHint(QString());
+    m_start->hide();
     m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project->platform()));
 }
 
@@ -300,13 +228,9 @@ void CMainWindow::deactivate(CProjectModel *project)
 {
     m_export->cancel();
     m_viewMemory->remember(m_session->path());
-    keepPicture();
+    m_start->keepPicture();
     m_undoGroup->removeStack(project->undoStack());
-    m_find->setProject(nullptr);
-    m_rounds->setProject(nullptr);
-    m_checks->setProject(nullptr);
-    m_compare->setProject(nullptr);
-    m_budget->setProject(nullptr);
+    m_subjects->setProject(nullptr);
     m_panels->clear();
     m_statusBar->resetStatusBar();
 }
@@ -324,7 +248,7 @@ void CMainWindow::projectOptionsChanged()
     m_statusBar->setMemoryBudget(CPlatformTable::ramGBudget(project()->platform()));
     const QSize size = project()->resolution();
     Q_EMIT configChanged(uint32_t(size.width()), uint32_t(size.height()));
-    m_rounds->restart();
+    m_subjects->rounds()->restart();
     showProjectName();
 }
 
@@ -381,15 +305,8 @@ void CMainWindow::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange || !m_menuBar)
         return;
     m_menuBar->retranslate();
-    m_arrange->retranslate();
-    m_guides->retranslate();
-    m_snap->retranslate();
-    m_style->retranslate();
+    m_subjects->retranslate();
     m_centre->retranslate();
-    m_find->retranslate();
-    m_checks->retranslate();
-    m_compare->retranslate();
-    m_budget->retranslate();
     m_errorMessage->retranslate();
     showSaveState();
     m_panels->retranslate();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CMenuSubjects.h"
 #include "CPlatformTable.h"
 #include "CTheme.h"
 #include "IProjectOptionsObserver.h"
@@ -12,10 +13,6 @@
 #include <optional>
 
 class CActionCentre;
-class CArrangeActions;
-class CGuideActions;
-class CSnapActions;
-class CStyleActions;
 class CAutosaver;
 class CAutosaveTimer;
 class CDialogQuestions;
@@ -23,27 +20,20 @@ class CEditCommands;
 class CEmulatorSession;
 class CErrorBox;
 class CExportController;
-class CBudgetActions;
-class CCheckActions;
-class CCompareActions;
-class CFindActions;
 class CHelpWindow;
-class CHistoryDock;
 class CItemModel;
 class CLanguageLoader;
 class CMainPanels;
 class CMenuBar;
 class COptionDialog;
 class CProjectModel;
-class CProjectPictures;
 class CProjectSession;
 class CRecentProjects;
 class CScreenModel;
-class CScreenRounds;
 class CScreenView;
 class CSettings;
 class CStartMark;
-class CStartPage;
+class CStartScreen;
 class CStatusBar;
 class CUpdater;
 class CViewMemory;
@@ -69,17 +59,17 @@ public:
     QUndoGroup *undoGroup() const { return m_undoGroup; }
     CRecentProjects *recentProjects() const { return m_recent; }
     CMenuBar *actions() const { return m_menuBar; }
-    CArrangeActions *arrangeActions() const { return m_arrange; }
-    CSnapActions *snapActions() const { return m_snap; }
+    CArrangeActions *arrangeActions() const { return m_subjects->arrange(); }
+    CSnapActions *snapActions() const { return m_subjects->snap(); }
     CActionCentre *actionCentre() const { return m_centre; }
     /// A new window with the user guide, not shown yet. `place`: the id of a part of it.
     CHelpWindow *makeHelp(const QString &place, QWidget *parent) const;
-    CGuideActions *guideActions() const { return m_guides; }
-    CFindActions *findActions() const { return m_find; }
-    CHistoryDock *historyDock() const { return m_history; }
-    CCheckActions *checkActions() const { return m_checks; }
-    CCompareActions *compareActions() const { return m_compare; }
-    CBudgetActions *budgetActions() const { return m_budget; }
+    CGuideActions *guideActions() const { return m_subjects->guides(); }
+    CFindActions *findActions() const { return m_subjects->find(); }
+    CHistoryDock *historyDock() const { return m_subjects->history(); }
+    CCheckActions *checkActions() const { return m_subjects->checks(); }
+    CCompareActions *compareActions() const { return m_subjects->compare(); }
+    CBudgetActions *budgetActions() const { return m_subjects->budget(); }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
@@ -181,9 +171,6 @@ private:
     void makeOptionDialog();
     void useSettings(const SSettings &values);
     void writeSettings();
-    void showStartPage();
-    void showNoHint();
-    void keepPicture();
     void showSaveState();
     void connectSession();
     void activate(CProjectModel *project);
@@ -213,20 +200,10 @@ private:
     CMainPanels *m_panels = nullptr;
     std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
-    CArrangeActions *m_arrange = nullptr;
-    CSnapActions *m_snap = nullptr;
+    std::unique_ptr<CMenuSubjects> m_subjects;
     CActionCentre *m_centre = nullptr;
-    CGuideActions *m_guides = nullptr;
     CViewMemory *m_viewMemory = nullptr;
-    CFindActions *m_find = nullptr;
-    CHistoryDock *m_history = nullptr;
-    CScreenRounds *m_rounds = nullptr;
-    CCheckActions *m_checks = nullptr;
-    CCompareActions *m_compare = nullptr;
-    CBudgetActions *m_budget = nullptr;
-    CStyleActions *m_style = nullptr;
-    CStartPage *m_startPage = nullptr;
-    CProjectPictures *m_pictures = nullptr;
+    CStartScreen *m_start = nullptr;
     CStatusBar *m_statusBar = nullptr;
     COptionDialog *m_options = nullptr;
     CUpdater *m_updater = nullptr; ///< null until a check is wanted
