@@ -40,7 +40,10 @@ CExportJob::EExit budget(const CCommandLine &line)
     if (!CProjectRun::loadProgramData(messages) || !run.open())
         return EExit::Failed;
     QVector<SScreenBudget> screens;
-    const bool isComplete = run.renderAll([&screens](SScreenExport &&screen) {
+    const bool isComplete = run.renderAll([&](SScreenExport &&screen) {
+        for (const QString &error : screen.errors) // what is not drawn takes no memory
+            messages.warn(
+                QStringLiteral("%1: screen \"%2\": %3").arg(line.word(0), screen.name, error));
         screens.append(ProjectBudget::ofScreen(*screen.screen, screen));
     });
     const SProjectBudget whole = ProjectBudget::ofProject(screens);

@@ -42,7 +42,8 @@ CExportJob::EExit check(const CCommandLine &line)
     });
     findings += ProjectChecks::ofProject(run.project(), images);
 
-    if (line.value("json") != QLatin1String("-"))
+    const QString output = QStringLiteral("-");
+    if (line.value("json") != output && line.value("sarif") != output)
         for (const QString &each : FindingsReport::toLines(findings))
             CommandOutput::print((CProjectExporter::oneLine(each) + QLatin1Char('\n')).toUtf8(),
                                  messages);
@@ -86,6 +87,8 @@ int run(const QStringList &arguments)
                       helpEnd);
     if (const std::optional<int> code = line.read(arguments))
         return *code;
+    if (line.value("json") == QLatin1String("-") && line.value("sarif") == QLatin1String("-"))
+        return line.wrong(QStringLiteral("Only one report can go to the standard output."));
     return int(check(line));
 }
 

@@ -188,6 +188,16 @@ void tst_CheckCommand::oneFault_data()
                         "bheight=\"16\"/>\n  <Kiv_Rectangle_T name=\"Box\"");
         },
         "note same-image ", "p_ConvertedImages/mark_RGB565.raw");
+    row(
+        "a text that is read only on half of its ground",
+        [](QByteArray &xml) {
+            xml.replace("text=\"Title\"", "text=\"A title of two halves\" width=\"200\"");
+            xml.replace("  <Kiv_Bitmap_T",
+                        "  <Kiv_Rectangle_T name=\"Half\" id=\"7\" x_coordinate=\"80\" "
+                        "y_coordinate=\"0\" width=\"200\" height=\"50\" corner=\"0\" "
+                        "fill_color=\"#f0f0f0\"/>\n  <Kiv_Bitmap_T");
+        },
+        "warning contrast Title");
     row("one id twice", replaced("id=\"6\"", "id=\"5\""), "warning duplicate-id Frame");
     row("one name twice", replaced("name=\"Logo\"", "name=\"Box\""), "note duplicate-name Box");
     row(

@@ -63,6 +63,36 @@ const QRgb *rowOf(const QImage &picture, int y)
     return reinterpret_cast<const QRgb *>(picture.constScanLine(y));
 }
 
+/// Of the pieces of a line, each as wide as the line is high, the one that is read worst: grounds
+/// differ along a line. From the text's colour, since strokes that are not seen cannot be measured;
+/// a large number when it is not drawn in full strength anywhere.
+double worstPart(const CListProbe::STextRun &text, const QRect &area, const QImage &with,
+                 const QImage &without)
+{
+    constexpr double None = 21;
+    const auto isFull = [&](int x, int y) {
+        return distance(rowOf(with, y)[x], text.colour) <= 24 &&
+               distance(rowOf(with, y)[x], rowOf(without, y)[x]) > 24;
+    };
+    bool isOpaque = false;
+    for (int y = area.top(); y <= area.bottom() && !isOpaque; ++y)
+        for (int x = area.left(); x <= area.right() && !isOpaque; ++x)
+            isOpaque = isFull(x, y);
+    if (!isOpaque)
+        return None;
+    double worst = None;
+    const int width = std::max(text.lineHeight, 8);
+    for (int left = area.left(); left + width / 2 <= area.right(); left += width) {
+        const int right = std::min(left + width - 1, area.right());
+        std::vector<double> ratios;
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = left; x <= right; ++x)
+                ratios.push_back(contrast(text.colour, rowOf(without, y)[x]));
+        worst = std::min(worst, median(ratios));
+    }
+    return worst;
+}
+
 /// Between a text and what is behind it, where its strokes are fullest; 0 when nothing of it is
 /// seen because something lies in front. Both pictures are Format_RGB32.
 double contrastOf(const CListProbe::STextRun &text, const QImage &with, const QImage &without)
@@ -90,7 +120,9 @@ double contrastOf(const CListProbe::STextRun &text, const QImage &with, const QI
         return 0;
     const double ratio = median(ratios);
     constexpr double Same = 1.1; // a text of the colour that is there already
-    return fullest == 0 && ratio > Same ? 0 : ratio;
+    if (fullest == 0)
+        return ratio > Same ? 0 : ratio;
+    return std::min(ratio, worstPart(text, area, with, without));
 }
 
 bool isDisabled(const CItemModel &item)

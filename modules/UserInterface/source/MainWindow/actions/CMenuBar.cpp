@@ -252,4 +252,6 @@ void CMenuBar::complete(QMenu *contextMenu) const
     contextMenu->addSeparator();
     contextMenu->addAction(action(Delete));
     contextMenu->addMenu(menu(ArrangeMenu));
+    contextMenu->addMenu(menu(ClipboardMenu));
+    contextMenu->addMenu(menu(ZoomMenu));
 }

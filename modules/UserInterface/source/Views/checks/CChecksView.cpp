@@ -260,7 +260,9 @@ void CChecksView::mend(const CCheckResults::SEntry &entry)
     if (CheckFixes::removesFile(entry)) {
         const QString question =
             tr("Delete %1? This cannot be undone.").arg(ShownText::message(entry.finding.file));
-        if (QMessageBox::question(this, tr("Delete the File"), question) != QMessageBox::Yes)
+        constexpr auto Both = QMessageBox::Yes | QMessageBox::No;
+        if (QMessageBox::question(this, tr("Delete the File"), question, Both, QMessageBox::No) !=
+            QMessageBox::Yes)
             return;
     }
     if (!m_results->project())

@@ -19,12 +19,15 @@ QString keyOf(const QString &name)
 
 std::optional<double> ItemNumbers::find(const CItemModel &item, const QString &name)
 {
-    const QString key = keyOf(name);
+    QString key = keyOf(name);
+    if (key == PropertyKey::Radius && !item.hasProperty(key))
+        key = PropertyKey::PointSize; // which users see as a radius, in pixels
     const auto property = item.properties().constFind(key);
     if (property != item.properties().constEnd()) {
         const PropertyType type = property->propertyType();
+        const double unit = key == PropertyKey::PointSize ? ItemGeometry::PointSizeOfPixel : 1;
         if (type == PropertyType::Int || type == PropertyType::Float)
-            return property->value().toDouble();
+            return property->value().toDouble() / unit;
     }
     if (key == PropertyKey::Width)
         return ItemGeometry::frameOf(item).width();

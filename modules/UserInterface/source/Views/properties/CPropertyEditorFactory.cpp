@@ -227,6 +227,7 @@ QWidget *CPropertyEditorFactory::makePixelBox(QtVariantPropertyManager *manager,
                                               QtProperty *property, QWidget *parent)
 {
     auto *box = new CNumberSpinBox(parent);
+    box->entry()->setNames(m_names);
     box->setKeyboardTracking(false);
     constexpr double unit = CPropertyManager::Sixteenths;
     CPendingEdit *pending = follow(
