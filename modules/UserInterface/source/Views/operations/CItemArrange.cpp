@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 namespace {
 using ArrangeRule::EEdge;
@@ -157,12 +158,17 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
                                            : ArrangeRule::reference(spans),
                                   edge);
     }
-    // What is centred keeps its arrangement.
-    ArrangeRule::SSpan all{spans.constFirst().first, spans.constFirst().last};
-    for (const ArrangeRule::SSpan &each : qAsConst(spans)) {
-        all.first = std::min(all.first, each.first);
-        all.last = std::max(all.last, each.last);
+    // What is centred keeps its arrangement; what is locked stays and does not count.
+    std::optional<ArrangeRule::SSpan> together;
+    for (int index = 0; index < spans.size(); ++index) {
+        if (m_items.at(index)->isLocked())
+            continue;
+        if (!together)
+            together = spans.at(index);
+        together->first = std::min(together->first, spans.at(index).first);
+        together->last = std::max(together->last, spans.at(index).last);
     }
+    const ArrangeRule::SSpan all = together.value_or(spans.constFirst());
     const int step = ArrangeRule::align({all}, pageSpan, EEdge::Middle).constFirst();
     return QVector<int>(spans.size(), step);
 }

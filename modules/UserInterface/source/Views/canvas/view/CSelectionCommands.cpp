@@ -20,6 +20,10 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+constexpr QPoint BesideMember(10, 10); // pixels, from a member of a group to its copy
+} // namespace
+
 CSelectionCommands::CSelectionCommands(CScreenScene *scene, QObject *parent)
     : QObject(parent), m_scene(scene)
 {
@@ -94,6 +98,8 @@ void CSelectionCommands::duplicate()
     std::optional<QPoint> by;
     if (items == m_copies && corner != m_copiedFrom)
         by = (corner - m_copiedFrom).toPoint();
+    else if (m_scene->entered())
+        by = BesideMember; // the copies come onto the page, where nothing stands in their way
     m_copies = ItemClipboard::duplicate(*screen(), items, by);
     m_copiedFrom = corner;
     if (!m_copies.isEmpty())

@@ -93,6 +93,7 @@ private Q_SLOTS:
         row("height, of a circle both", W::SameHeight, "tck",
             "180,100 40x40|130,80 40x40|100,230 30x20");
         row("size of no group", W::SameSize, "bgp", "");
+        row("what is locked does not count", W::CentreBoth, "bk", "220,121 40x30|100,230 30x20");
         row("both ways, in their arrangement", W::CentreBoth, "bc", "162,88 40x30|287,153 30x30");
     }
 
