@@ -177,7 +177,7 @@ private Q_SLOTS:
         canvas.screen->setGuides({{Qt::Vertical, 30}});
         CItemModel *other = appendBox(canvas.screen, 300, 200, 60, 40);
         other->setLocked(true); // a reference all the same
-        other->setHidden(true);
+        appendBox(canvas.screen, 301, 202, 60, 40)->setHidden(true); // none, though it is nearer
         CEditorState::instance()->setSnapToGrid(keys.contains('g'));
         CItemModel *item = nullptr;
         if (kind.startsWith("line")) {

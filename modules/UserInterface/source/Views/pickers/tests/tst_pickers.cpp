@@ -108,11 +108,11 @@ private Q_SLOTS:
             text->selectAll();
             QTest::keyClicks(text, way);
         }
-        QCOMPARE(m_project->undoStack()->count(), 0);
+        QCOMPARE(m_project->undoStack()->count(), isSwatch ? 1 : 0); // which is taken by its click
         QCOMPARE(m_box->propertyText("fill_color"), tried);
         if (way == "cancel")
             chooser.cancel();
-        else
+        else if (!isSwatch)
             QTest::keyClick(text, accepted ? Qt::Key_Return : Qt::Key_Escape);
         QTRY_VERIFY(!dialog);
         const bool isChange = accepted && tried != "#102030";
