@@ -91,7 +91,9 @@ void CBatchEditView::showItems(const QList<CItemModel *> &items)
         return;
     commit();
     m_items = items;
-    outdate();
+    m_editor->setItems({});
+    m_isOutdated = true;
+    m_update.start(); // after the step of the user's that it follows, and once for several
 }
 
 void CBatchEditView::refresh()

@@ -68,6 +68,7 @@ private Q_SLOTS:
         const QList<CItemModel *> shown = make(items);
         const QByteArray saved = savedBytes(*m_project);
         m_view->showItems(shown);
+        QCoreApplication::processEvents();
         CBatchField *field = m_view->field(key);
         QVERIFY(field);
         if (!before.isNull())
@@ -120,6 +121,7 @@ private Q_SLOTS:
     {
         const QList<CItemModel *> items = make("ab");
         m_view->showItems(items);
+        QCoreApplication::processEvents();
         QLabel *label = labelOf("width");
         const auto move = [label](int x) {
             const QPoint at(x, 5);
@@ -144,6 +146,7 @@ private Q_SLOTS:
     {
         const QList<CItemModel *> items = make("ab");
         m_view->showItems(items);
+        QCoreApplication::processEvents();
         auto *choose = m_view->field("fill_color")->findChild<QAction *>("chooseColour");
         for (const bool isTaken : {false, true}) {
             choose->trigger();
@@ -166,6 +169,7 @@ private Q_SLOTS:
     {
         const QList<CItemModel *> items = make("abc");
         m_view->showItems(items);
+        QCoreApplication::processEvents();
         auto *others = m_view->findChild<QToolButton *>("others");
         others->click();
         QVERIFY(!m_view->field("fill_color"));
@@ -181,13 +185,16 @@ private Q_SLOTS:
         const QList<CItemModel *> paragraphs = make("p");
         paragraphs.first()->setProperty("text", QString("10\u00a0kW"));
         m_view->showItems(paragraphs);
+        QCoreApplication::processEvents();
         m_view->commit(); // of what nobody has typed
         QVERIFY(!m_view->isBeingEdited());
         QCOMPARE(paragraphs.first()->propertyText("text"), QString("10\u00a0kW"));
         m_view->showItems(items);
+        QCoreApplication::processEvents();
         m_project->screen(0)->removeRow(items.at(1)->row());
         QVERIFY(!m_view->field("name"));
         m_view->showItems({items.at(0)});
+        QCoreApplication::processEvents();
         QVERIFY(texts().contains("What is selected is locked."));
     }
 
@@ -200,6 +207,7 @@ private Q_SLOTS:
         QElapsedTimer clock;
         clock.start();
         m_view->showItems(items);
+        QCoreApplication::processEvents();
         const qint64 shown = clock.restart();
         QCOMPARE(shownIn(m_view->field("x_coordinate")), "~");
         QWidget *input = m_view->field("width")->focusProxy();

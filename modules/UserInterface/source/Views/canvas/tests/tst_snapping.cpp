@@ -176,7 +176,7 @@ private Q_SLOTS:
         Canvas canvas;
         canvas.screen->setGuides({{Qt::Vertical, 30}});
         CItemModel *other = appendBox(canvas.screen, 300, 200, 60, 40);
-        other->setLocked(true); // a reference all the same
+        other->setLocked(true);                                      // a reference all the same
         appendBox(canvas.screen, 301, 202, 60, 40)->setHidden(true); // none, though it is nearer
         CEditorState::instance()->setSnapToGrid(keys.contains('g'));
         CItemModel *item = nullptr;
