@@ -7,6 +7,7 @@
 #include "CFindActions.h"
 #include "CGuideActions.h"
 #include "CHistoryDock.h"
+#include "CLateContent.h"
 #include "CMainPanels.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
@@ -14,6 +15,7 @@
 #include "CSnapActions.h"
 #include "CStyleActions.h"
 
+#include <QDockWidget>
 #include <QUndoGroup>
 
 CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar *menus)
@@ -35,6 +37,9 @@ CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar 
 {
     m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
     panels->shareSpace(); // all docks are there
+    for (QDockWidget *dock : {m_find->dock(), static_cast<QDockWidget *>(m_history),
+                              m_checks->dock(), m_compare->dock(), m_budget->dock()})
+        new CLateContent(dock); // which owns it
     QObject::connect(window->undoGroup(), &QUndoGroup::indexChanged, m_arrange,
                      &CArrangeActions::update);
 }

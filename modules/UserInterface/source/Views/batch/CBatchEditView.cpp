@@ -112,6 +112,14 @@ void CBatchEditView::outdate()
 void CBatchEditView::setSeen(bool isSeen)
 {
     m_isSeen = isSeen;
+    if (!isSeen &&
+        !m_properties.isEmpty()) { // rows that nobody sees cost their share of each theme
+        commit();
+        m_editor->setItems({});
+        m_isOutdated = true;
+        m_properties.clear();
+        rebuild({});
+    }
     update();
 }
 
