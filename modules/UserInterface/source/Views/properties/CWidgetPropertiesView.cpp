@@ -339,11 +339,24 @@ void CWidgetPropertiesView::resizeEvent(QResizeEvent *event)
 void CWidgetPropertiesView::changeEvent(QEvent *event)
 {
     QtTreePropertyBrowser::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) // the marks of switches are drawn in its colours
+        QMetaObject::invokeMethod(this, &CWidgetPropertiesView::drawMarks, Qt::QueuedConnection);
     if (event->type() != QEvent::LanguageChange)
         return;
     showHeader();
     m_factory->commitPending();
     showState();
+}
+
+void CWidgetPropertiesView::drawMarks()
+{
+    for (QtProperty *row : qAsConst(m_rows)) {
+        if (m_manager->propertyType(row) != QVariant::Bool)
+            continue;
+        const bool isModified = row->isModified(); // telling of a change has a row drawn anew
+        row->setModified(!isModified);
+        row->setModified(isModified);
+    }
 }
 
 void CWidgetPropertiesView::showHeader()

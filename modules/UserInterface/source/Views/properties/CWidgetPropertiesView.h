@@ -78,6 +78,7 @@ private:
     void makeDrag();
     QtProperty *rowNamedAt(const QPoint &place) const;
     void clearRows();
+    void drawMarks();
     void showState();
     void showText(const QString &text);
     void rebuild();
