@@ -63,6 +63,18 @@ const QRgb *rowOf(const QImage &picture, int y)
     return reinterpret_cast<const QRgb *>(picture.constScanLine(y));
 }
 
+bool isOneColour(const QImage &picture, const QRect &area)
+{
+    const QRgb colour = rowOf(picture, area.top())[area.left()];
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb *row = rowOf(picture, y);
+        if (std::any_of(row + area.left(), row + area.right() + 1,
+                        [colour](QRgb each) { return each != colour; }))
+            return false;
+    }
+    return true;
+}
+
 /// Of the pieces of a line, each as wide as the line is high, the one that is read worst: grounds
 /// differ along a line. From the text's colour, since strokes that are not seen cannot be measured;
 /// a large number when it is not drawn in full strength anywhere.
@@ -122,7 +134,8 @@ double contrastOf(const CListProbe::STextRun &text, const QImage &with, const QI
     constexpr double Same = 1.1; // a text of the colour that is there already
     if (fullest == 0)
         return ratio > Same ? 0 : ratio;
-    return std::min(ratio, worstPart(text, area, with, without));
+    return isOneColour(without, area) ? ratio
+                                      : std::min(ratio, worstPart(text, area, with, without));
 }
 
 bool isDisabled(const CItemModel &item)
