@@ -184,6 +184,9 @@ private Q_SLOTS:
             actions.append({new QAction(&owner), id, QString("Do ") + id, "Menu"});
         const CShortcutMap map = mapOf({"one=Ctrl+1", "two=Ctrl+2; F2", "three="});
         CShortcutDialog dialog(actions, map, {{QKeySequence("Tab"), "it is fixed"}});
+        for (QLineEdit *each : dialog.findChildren<QLineEdit *>())
+            each->setClearButtonEnabled(
+                false); // its fading would outlive the program and be a leak
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         int helps = 0;

@@ -36,7 +36,7 @@ bool CNumberDrag::eventFilter(QObject *watched, QEvent *event)
     }
     if (watched != m_watched)
         return false;
-    const auto *mouse = static_cast<QMouseEvent *>(event);
+    const auto *mouse = dynamic_cast<QMouseEvent *>(event);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         m_isPressed = mouse->button() == Qt::LeftButton && m_use.isLabel(mouse->pos());
