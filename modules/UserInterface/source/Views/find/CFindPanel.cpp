@@ -352,7 +352,7 @@ void CFindPanel::hideEvent(QHideEvent *event)
 bool CFindPanel::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isList = watched == m_list;
-    const auto *keyEvent = static_cast<QKeyEvent *>(event);
+    const auto *keyEvent = dynamic_cast<QKeyEvent *>(event);
     // In the list these would be for items on a canvas that is not looked at.
     if (event->type() == QEvent::ShortcutOverride && isList &&
         (keyEvent->key() == Qt::Key_Delete || keyEvent->key() == Qt::Key_Escape)) {
