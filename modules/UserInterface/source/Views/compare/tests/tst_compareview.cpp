@@ -180,8 +180,7 @@ void tst_CompareView::versionsInGit()
                                  "user.name=n", "-c",          "user.email=e@f.g"};
         return QProcess::execute("git", who + arguments);
     };
-    if (git({"init", "-q"}) != 0)
-        QSKIP("there is no git");
+    QCOMPARE(git({"init", "-q"}), 0); // scripts/packages.txt has it
     for (const QByteArray &version : {before, now()}) {
         QFile out(file);
         QVERIFY(out.open(QIODevice::WriteOnly));
