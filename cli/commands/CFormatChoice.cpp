@@ -1,12 +1,7 @@
 #include "CFormatChoice.h"
 
-#include "CItemImages.h"
-#include "CItemModel.h"
 #include "CProjectModel.h"
-#include "CWidgetLibraryModel.h"
-#include "FormatFit.h"
 #include "PackagePaths.h"
-#include "PropertyKey.h"
 #include "StopSignals.h"
 
 #include <QCoreApplication>
@@ -18,36 +13,9 @@
 #include <atomic>
 #include <cmath>
 
-namespace {
-
-/// The formats that the item's kind offers on the project's chip.
-QStringList formatsOf(const CItemModel &item)
-{
-    QStringList formats = item.properties().value(PropertyKey::Format).enumerationEntries();
-    formats.removeAll(QStringLiteral("None"));
-    return formats;
-}
-
-} // namespace
-
 CFormatChoice::CFormatChoice(const CProjectModel &project, const SProjectBudget &budget)
-    : m_project(project), m_budget(budget)
+    : m_project(project), m_budget(budget), m_images(FormatProposal::imagesOf(budget))
 {
-    for (const SAssetUse &asset : budget.assets) {
-        const CItemModel *item = asset.items.isEmpty() ? nullptr : asset.items.first();
-        if (!item || !item->hasProperty(PropertyKey::BaseName) || CItemImages::isMedia(*item))
-            continue;
-        const QString source = CItemImages::sourceOf(*item);
-        if (source.isEmpty())
-            continue; // nothing is left of which it could be made anew
-        SImage image{&asset, source, item->propertyText(PropertyKey::Format), {}, -1};
-        for (const QString &format : formatsOf(*item)) {
-            SFormatTrial trial;
-            trial.format = format;
-            image.trials.append(trial);
-        }
-        m_images.append(image);
-    }
 }
 
 void CFormatChoice::measure()
@@ -55,12 +23,13 @@ void CFormatChoice::measure()
     std::atomic<bool> cancelled{false};
     const QString folder = QCoreApplication::applicationDirPath();
     QThreadPool threads;
-    for (SImage &image : m_images)
+    for (SImageTrials &image : m_images)
         for (SFormatTrial &trial : image.trials) {
             SFormatTrial *const result = &trial;
             const QString source = image.source;
             threads.start([result, source, folder, &cancelled] {
                 *result = tryFormat(source, result->format, folder, cancelled);
+                result->picture = {}; // all of a project would be much
             });
         }
     constexpr int StepTime = 50; // milliseconds
@@ -69,50 +38,14 @@ void CFormatChoice::measure()
             threads.clear();
             cancelled = true;
         }
-    propose();
-}
-
-void CFormatChoice::propose()
-{
-    QVector<FormatFit::SImage> images;
-    for (const SImage &image : qAsConst(m_images)) {
-        FormatFit::SImage options;
-        for (const SFormatTrial &trial : image.trials)
-            if (trial.problem.isEmpty())
-                options.options.append({size_t(trial.bytes), trial.error.squares});
-        if (options.options.isEmpty())
-            options.options.append({image.asset->bytes, 0}); // stays as it is
-        images.append(options);
-    }
-    QVector<FormatFit::SScreen> screens;
-    for (const SScreenBudget &screen : m_budget.screens) {
-        FormatFit::SScreen limits;
-        limits.budget = screen.ramG.budget;
-        limits.otherBytes = screen.ramG.used;
-        for (int i = 0; i < m_images.size(); ++i)
-            for (const SAssetUse &asset : screen.assets)
-                if (asset.file == m_images[i].asset->file &&
-                    asset.format == m_images[i].asset->format) {
-                    limits.images.append(i);
-                    limits.otherBytes -= std::min(limits.otherBytes, asset.bytes);
-                }
-        screens.append(limits);
-    }
-    const FormatFit::SChoice choice = FormatFit::choose(images, screens);
-    m_fits = choice.fits;
-    for (int i = 0; i < m_images.size(); ++i) {
-        int option = choice.options[i];
-        for (int trial = 0; trial < m_images[i].trials.size(); ++trial)
-            if (m_images[i].trials[trial].problem.isEmpty() && option-- == 0)
-                m_images[i].proposed = trial;
-    }
+    m_fits = FormatProposal::propose(m_images, m_budget);
 }
 
 QStringList CFormatChoice::toLines() const
 {
     QStringList lines;
-    for (const SImage &image : m_images) {
-        const QString file = fileInPackage(image.asset->file, m_project.workingDirectory());
+    for (const SImageTrials &image : m_images) {
+        const QString file = fileInPackage(image.asset.file, m_project.workingDirectory());
         for (const SFormatTrial &trial : image.trials)
             lines.append(
                 trial.problem.isEmpty()
@@ -135,7 +68,7 @@ QStringList CFormatChoice::toLines() const
 QJsonArray CFormatChoice::toJson() const
 {
     QJsonArray images;
-    for (const SImage &image : m_images) {
+    for (const SImageTrials &image : m_images) {
         QJsonArray trials;
         for (const SFormatTrial &trial : image.trials) {
             QJsonObject object{{QStringLiteral("format"), trial.format}};
@@ -151,8 +84,7 @@ QJsonArray CFormatChoice::toJson() const
             trials.append(object);
         }
         images.append(QJsonObject{
-            {QStringLiteral("file"),
-             fileInPackage(image.asset->file, m_project.workingDirectory())},
+            {QStringLiteral("file"), fileInPackage(image.asset.file, m_project.workingDirectory())},
             {QStringLiteral("format"), image.format},
             {QStringLiteral("trials"), trials},
             {QStringLiteral("proposed"),

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "FormatTrial.h"
-#include "SBudget.h"
+#include "FormatProposal.h"
 
 #include <QJsonArray>
 #include <QStringList>
@@ -26,19 +25,8 @@ public:
     QJsonArray toJson() const;
 
 private:
-    struct SImage
-    {
-        const SAssetUse *asset;
-        QString source;
-        QString format; ///< that it has
-        QVector<SFormatTrial> trials;
-        int proposed = -1; ///< of the trials
-    };
-
-    void propose();
-
     const CProjectModel &m_project;
     const SProjectBudget &m_budget;
-    QVector<SImage> m_images;
+    QVector<SImageTrials> m_images;
     bool m_fits = false;
 };

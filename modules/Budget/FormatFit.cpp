@@ -38,14 +38,16 @@ class CFit
 {
 public:
     CFit(const QVector<SImage> &images, const QVector<SScreen> &screens)
-        : m_images(images), m_screens(screens), m_step(images.size(), 0)
+        : m_images(images), m_screens(screens), m_shownBy(images.size()), m_step(images.size(), 0)
     {
         for (const SImage &image : images)
             m_hulls.append(hullOf(image));
-        for (const SScreen &screen : screens) {
-            size_t bytes = screen.otherBytes;
-            for (const int image : screen.images)
+        for (int screen = 0; screen < screens.size(); ++screen) {
+            size_t bytes = screens[screen].otherBytes;
+            for (const int image : screens[screen].images) {
                 bytes += option(image, 0).bytes;
+                m_shownBy[image].append(screen);
+            }
             m_bytes.append(bytes);
         }
     }
@@ -88,8 +90,8 @@ private:
             if (m_step[image] + 1 >= m_hulls[image].size())
                 continue;
             int helped = 0;
-            for (int screen = 0; screen < m_screens.size(); ++screen)
-                if (isOver(screen) && m_screens[screen].images.contains(image))
+            for (const int screen : m_shownBy[image])
+                if (isOver(screen))
                     ++helped;
             if (helped == 0)
                 continue;
@@ -128,17 +130,17 @@ private:
 
     void move(int image, int step)
     {
-        for (int screen = 0; screen < m_screens.size(); ++screen)
-            if (m_screens[screen].images.contains(image))
-                m_bytes[screen] = m_bytes[screen] - option(image, m_step[image]).bytes +
-                                  option(image, step).bytes;
+        for (const int screen : m_shownBy[image])
+            m_bytes[screen] =
+                m_bytes[screen] - option(image, m_step[image]).bytes + option(image, step).bytes;
         m_step[image] = step;
     }
 
     const QVector<SImage> &m_images;
     const QVector<SScreen> &m_screens;
     QVector<QVector<int>> m_hulls;
-    QVector<int> m_step; ///< of each image, on its hull
+    QVector<QVector<int>> m_shownBy; ///< screens of each image
+    QVector<int> m_step;             ///< of each image, on its hull
     QVector<size_t> m_bytes;
 };
 

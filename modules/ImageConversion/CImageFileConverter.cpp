@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProgressDialog>
 
 namespace {
 
@@ -61,6 +62,11 @@ QString storedFolder(const QString &folder)
 
 CImageFileConverter::CImageFileConverter(QObject *parent) : QObject(parent)
 {
+}
+
+void CImageFileConverter::setBox(QProgressDialog *box)
+{
+    m_box = box;
 }
 
 QString CImageFileConverter::convertedImagesFolder()
@@ -224,7 +230,7 @@ bool CImageFileConverter::quantise(const CConversionPaths &paths, int formatCode
     QVector<CFileStamp> candidates;
     for (const QString &each : names)
         candidates.append(CFileStamp(folder + QLatin1Char('/') + each));
-    const QString error = CToolRunner().run(call);
+    const QString error = CToolRunner(CToolRunner::DefaultTimeLimit, m_box).run(call);
     if (!error.isEmpty())
         return fail(error);
     for (int i = 0; i < names.size(); ++i) {
@@ -239,7 +245,7 @@ bool CImageFileConverter::quantise(const CConversionPaths &paths, int formatCode
 bool CImageFileConverter::runTool(const SToolCall &call, const QString &output)
 {
     const CFileStamp stamp(output);
-    const QString error = CToolRunner().run(call);
+    const QString error = CToolRunner(CToolRunner::DefaultTimeLimit, m_box).run(call);
     if (!error.isEmpty())
         return fail(error);
     return stamp.isRewritten() || fail(tr("%1: was not written").arg(output));

@@ -4,10 +4,12 @@
 #include "SConvertedImage.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 #include <optional>
 
 class CProjectModel;
+class QProgressDialog;
 struct SToolCall;
 
 /// Turns images into the chip's bitmap formats by the tools beside the program, into the folder of
@@ -16,11 +18,15 @@ struct SToolCall;
 /// failed() says why; it leaves nothing behind.
 /// No file of an earlier conversion is ever replaced: an image that was converted already is
 /// shared, and another one of the same name gets a base name of its own (see ImageNames).
+/// Several conversions in a row can have one box.
 class CImageFileConverter : public QObject
 {
     Q_OBJECT
 public:
     explicit CImageFileConverter(QObject *parent = nullptr);
+
+    /// The box, as CToolRunner wants it, until it is deleted.
+    void setBox(QProgressDialog *box);
 
     /// Converts into the format of this name. A source whose suffix is "raw" is only copied.
     bool convert(const QString &source, const QString &formatName);
@@ -68,4 +74,6 @@ private:
     bool runTool(const SToolCall &call, const QString &output);
     bool failAsTooLarge(const QString &source);
     bool fail(const QString &reason);
+
+    QPointer<QProgressDialog> m_box; ///< null: each tool has its own
 };

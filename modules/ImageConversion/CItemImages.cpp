@@ -66,6 +66,11 @@ QString CItemImages::formatFor(const CItemModel &item, const QString &file)
     return isChosen ? format : CImageFileConverter::usualFormat(file, usual);
 }
 
+void CItemImages::setBox(QProgressDialog *box)
+{
+    m_converter->setBox(box);
+}
+
 QString CItemImages::ask(const CItemModel &item)
 {
     const bool media = isMedia(item);

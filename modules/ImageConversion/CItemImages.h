@@ -10,6 +10,7 @@
 class CImageFileConverter;
 class CItemModel;
 class CProjectModel;
+class QProgressDialog;
 class QWidget;
 
 /// Takes images from files for widgets that show one. However a file comes (dropped, asked for when
@@ -45,6 +46,8 @@ public:
     /// What a file is converted into: the item's format, or the usual one if nobody chose it.
     static QString formatFor(const CItemModel &item, const QString &file);
 
+    /// Over all that is taken until it is deleted: modal, seen already, its Cancel ends the tool.
+    void setBox(QProgressDialog *box);
     /// Asks the user for a file; empty when there is none.
     QString ask(const CItemModel &item);
     /// Converts a file into the format of this name; media stay as they are. Nothing, and a

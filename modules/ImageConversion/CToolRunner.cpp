@@ -5,11 +5,13 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProgressBar>
+#include <QProgressDialog>
 #include <QTimer>
 
 namespace {
@@ -53,10 +55,10 @@ public:
     enum class EEnd { Cancelled, TimedOut, NotStarted, Ended };
 
     /// `box` must outlive this, or be deleted by its parent.
-    CToolWait(CToolProcess *process, QMessageBox *box);
+    CToolWait(CToolProcess *process, QDialog *box);
 
-    /// Shows the box until the wait ends one way or another, then ends what still runs. False when
-    /// that cannot be done.
+    /// Shows the box, unless it is seen already, until the wait ends one way or another, then ends
+    /// what still runs. False when that cannot be done.
     bool run(const QString &program, const QStringList &arguments, int timeLimit);
     EEnd end() const { return m_end; }
     const QByteArray &output() const { return m_output; }
@@ -66,15 +68,21 @@ private:
     void takeOutput();
 
     CToolProcess *const m_process;
-    const QPointer<QMessageBox> m_box;
+    const QPointer<QDialog> m_box;
+    bool m_isShared = false; // the box is seen already, unless it was cancelled
+    QEventLoop m_loop;
     EEnd m_end = EEnd::Cancelled; // what it is when the box is closed by the user
     bool m_hasEnded = false;      // a failure can come before the box is shown
     QByteArray m_output;
     QObject m_receiver; // the last member: no signal arrives once the others go
 };
 
-CToolWait::CToolWait(CToolProcess *process, QMessageBox *box) : m_process(process), m_box(box)
+CToolWait::CToolWait(CToolProcess *process, QDialog *box) : m_process(process), m_box(box)
 {
+    if (auto *shared = qobject_cast<QProgressDialog *>(box)) {
+        m_isShared = true;
+        QObject::connect(shared, &QProgressDialog::canceled, &m_loop, &QEventLoop::quit);
+    }
     QObject::connect(process, &QProcess::readyReadStandardOutput, &m_receiver,
                      [this] { takeOutput(); });
     QObject::connect(process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished),
@@ -89,8 +97,10 @@ bool CToolWait::run(const QString &program, const QStringList &arguments, int ti
 {
     QTimer::singleShot(timeLimit, &m_receiver, [this] { endWait(EEnd::TimedOut); });
     m_process->startGroup(program, arguments);
-    if (!m_hasEnded && m_box)
+    if (!m_hasEnded && m_box && !m_isShared)
         m_box->exec();
+    else if (!m_hasEnded && m_box && m_box->isVisible())
+        m_loop.exec();
     m_hasEnded = true;
     m_process->killGroup();
     const bool isGone = m_process->state() == QProcess::NotRunning ||
@@ -105,7 +115,9 @@ void CToolWait::endWait(EEnd end)
         return;
     m_end = end;
     m_hasEnded = true;
-    if (m_box)
+    if (m_isShared)
+        m_loop.quit();
+    else if (m_box)
         m_box->done(QDialog::Accepted);
 }
 
@@ -118,7 +130,7 @@ void CToolWait::takeOutput()
 
 } // namespace
 
-CToolRunner::CToolRunner(int timeLimit) : m_timeLimit(timeLimit)
+CToolRunner::CToolRunner(int timeLimit, QProgressDialog *box) : m_timeLimit(timeLimit), m_box(box)
 {
 }
 
@@ -132,10 +144,11 @@ QString CToolRunner::run(const SToolCall &call) const
     process.setStandardInputFile(QProcess::nullDevice()); // else a tool that asks would never end
     process.setProcessChannelMode(QProcess::MergedChannels);
 
-    const QPointer<QMessageBox> box = makeBox(tr("Converting Image"), tr("Running tool ") + name);
-    CToolWait wait(&process, box);
+    const QPointer<QMessageBox> own =
+        m_box ? nullptr : makeBox(tr("Converting Image"), tr("Running tool ") + name);
+    CToolWait wait(&process, m_box ? static_cast<QDialog *>(m_box) : own);
     const bool isGone = wait.run(program, call.arguments, m_timeLimit);
-    delete box;
+    delete own;
     if (!isGone)
         return tr("%1 cannot be ended").arg(name);
 

@@ -4826,6 +4826,10 @@ RAM_DL: %2</translation>
         <translation>Art</translation>
     </message>
     <message>
+        <source>What If</source>
+        <translation>Was wäre wenn</translation>
+    </message>
+    <message>
         <source>Pictures and Fonts</source>
         <translation>Bilder und Schriften</translation>
     </message>
@@ -4843,6 +4847,89 @@ RAM_DL: %2</translation>
     <message>
         <source>%1 of %2 (%3 %)</source>
         <translation>%1 von %2 (%3 %)</translation>
+    </message>
+</context>
+<context>
+    <name>CWhatIfView</name>
+    <message>
+        <source>%1 (as it is)</source>
+        <translation>%1 (wie jetzt)</translation>
+    </message>
+    <message>
+        <source>not possible</source>
+        <translation>nicht möglich</translation>
+    </message>
+    <message>
+        <source>An item that shows the image is locked.</source>
+        <translation>Ein Element, das das Bild zeigt, ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>Choose a picture in the first table.</source>
+        <translation>Wählen Sie ein Bild in der ersten Tabelle.</translation>
+    </message>
+    <message>
+        <source>This one cannot be made in another format: it is no image of an item, or the file that it was made of is gone.</source>
+        <translation>Dies kann nicht in ein anderes Format gebracht werden: Es ist kein Bild eines Elements, oder die Datei, aus der es entstand, ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>Left the original, right the picture as the chip shows it. Wheel, + and - zoom both, a drag and the arrow keys move them.</source>
+        <translation>Links das Original, rechts das Bild, wie der Chip es zeigt. Mausrad, + und - vergrößern beide, Ziehen und Pfeiltasten verschieben sie.</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>Byte</translation>
+    </message>
+    <message>
+        <source>SSIM</source>
+        <translation>SSIM</translation>
+    </message>
+    <message>
+        <source>&amp;Use This Format</source>
+        <translation>Dieses Format &amp;verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>CFormatAdoption</name>
+    <message>
+        <source>Nothing was changed: %1 shows the image and is locked.</source>
+        <translation>Es wurde nichts geändert: %1 zeigt das Bild und ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: the image of %1 could not be taken in the format %2.</source>
+        <translation>Es wurde nichts geändert: Das Bild von %1 konnte nicht im Format %2 übernommen werden.</translation>
+    </message>
+    <message>
+        <source>Converting the image...</source>
+        <translation>Das Bild wird konvertiert...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Change Image Format</source>
+        <translation>Bildformat ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorCells</name>
+    <message>
+        <source>PSNR, dB</source>
+        <translation>PSNR, dB</translation>
+    </message>
+    <message>
+        <source>equal</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>PSNR: peak signal-to-noise ratio over red, green and blue, in dB; more is better.
+SSIM: mean structural similarity of the luminance, 1 for no difference (Wang, Bovik, Sheikh, Simoncelli, 2004).</source>
+        <translation>PSNR: Spitzen-Signal-Rausch-Verhältnis über Rot, Grün und Blau in dB; mehr ist besser.
+SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wang, Bovik, Sheikh, Simoncelli, 2004).</translation>
     </message>
 </context>
 <context>

@@ -4826,6 +4826,10 @@ RAM_DL：%2</translation>
         <translation>种类</translation>
     </message>
     <message>
+        <source>What If</source>
+        <translation>假设分析</translation>
+    </message>
+    <message>
         <source>Pictures and Fonts</source>
         <translation>图片和字体</translation>
     </message>
@@ -4843,6 +4847,89 @@ RAM_DL：%2</translation>
     <message>
         <source>%1 of %2 (%3 %)</source>
         <translation>%1 / %2 (%3 %)</translation>
+    </message>
+</context>
+<context>
+    <name>CWhatIfView</name>
+    <message>
+        <source>%1 (as it is)</source>
+        <translation>%1（当前）</translation>
+    </message>
+    <message>
+        <source>not possible</source>
+        <translation>无法转换</translation>
+    </message>
+    <message>
+        <source>An item that shows the image is locked.</source>
+        <translation>显示此图片的某个项已锁定。</translation>
+    </message>
+    <message>
+        <source>Choose a picture in the first table.</source>
+        <translation>请在第一个表格中选择一张图片。</translation>
+    </message>
+    <message>
+        <source>This one cannot be made in another format: it is no image of an item, or the file that it was made of is gone.</source>
+        <translation>它无法转换为其他格式：它不是某个项的图片，或者生成它的文件已不存在。</translation>
+    </message>
+    <message>
+        <source>Left the original, right the picture as the chip shows it. Wheel, + and - zoom both, a drag and the arrow keys move them.</source>
+        <translation>左为原图，右为芯片显示的图片。滚轮、+ 和 - 同时缩放两者，拖动或方向键移动它们。</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>SSIM</source>
+        <translation>SSIM</translation>
+    </message>
+    <message>
+        <source>&amp;Use This Format</source>
+        <translation>使用此格式(&amp;U)</translation>
+    </message>
+</context>
+<context>
+    <name>CFormatAdoption</name>
+    <message>
+        <source>Nothing was changed: %1 shows the image and is locked.</source>
+        <translation>未作任何更改：%1 显示此图片且已锁定。</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: the image of %1 could not be taken in the format %2.</source>
+        <translation>未作任何更改：%1 的图片无法以格式 %2 采用。</translation>
+    </message>
+    <message>
+        <source>Converting the image...</source>
+        <translation>正在转换图片...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Change Image Format</source>
+        <translation>更改图片格式</translation>
+    </message>
+</context>
+<context>
+    <name>ErrorCells</name>
+    <message>
+        <source>PSNR, dB</source>
+        <translation>PSNR (dB)</translation>
+    </message>
+    <message>
+        <source>equal</source>
+        <translation>相同</translation>
+    </message>
+    <message>
+        <source>PSNR: peak signal-to-noise ratio over red, green and blue, in dB; more is better.
+SSIM: mean structural similarity of the luminance, 1 for no difference (Wang, Bovik, Sheikh, Simoncelli, 2004).</source>
+        <translation>PSNR：红、绿、蓝的峰值信噪比，单位 dB，越大越好。
+SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sheikh、Simoncelli，2004）。</translation>
     </message>
 </context>
 <context>

@@ -31,6 +31,7 @@ CBudgetActions::CBudgetActions(QMainWindow *window, CMainPanels *panels, CScreen
     connect(rounds, &CScreenRounds::done, m_results, &CBudgetResults::takeProject);
     connect(m_dock, &QDockWidget::visibilityChanged, rounds,
             [this, rounds](bool isSeen) { rounds->setWanted(this, isSeen); });
+    connect(m_view, &CBudgetView::message, panels, &CMainPanels::report);
     connect(m_view, &CBudgetView::itemsWanted, panels, [panels](const QList<CItemModel *> &items) {
         panels->goTo(items.first());
         if (items.size() > 1)

@@ -13,17 +13,29 @@ bool isText(const QVariant &cell)
     return cell.type() == QVariant::String;
 }
 
+bool isFigure(const QVariant &cell)
+{
+    return cell.userType() == qMetaTypeId<CBudgetTable::SFigure>();
+}
+
+double numberOf(const QVariant &cell)
+{
+    return isFigure(cell) ? cell.value<CBudgetTable::SFigure>().value : cell.toDouble();
+}
+
 bool isLess(const QVariant &a, const QVariant &b)
 {
     if (isText(a) && isText(b))
         return QString::localeAwareCompare(a.toString(), b.toString()) < 0;
-    return a.toDouble() < b.toDouble();
+    return numberOf(a) < numberOf(b);
 }
 
 QString shown(const QVariant &cell)
 {
     if (isText(cell))
         return ShownText::name(cell.toString());
+    if (isFigure(cell))
+        return cell.value<CBudgetTable::SFigure>().text;
     if (cell.type() == QVariant::Double)
         return QLocale().toString(100 * cell.toDouble(), 'f', 1) + QStringLiteral(" %");
     return QLocale().toString(cell.toLongLong());
@@ -94,9 +106,17 @@ void CBudgetTable::sort(int column, Qt::SortOrder order)
 {
     m_column = column;
     m_order = order;
-    beginResetModel();
+    Q_EMIT layoutAboutToBeChanged(); // what is chosen stays chosen
+    const QModelIndexList before = persistentIndexList();
+    QStringList keys;
+    for (const QModelIndex &each : before)
+        keys.append(m_rows[each.row()].key);
     sortRows();
-    endResetModel();
+    QModelIndexList after;
+    for (int i = 0; i < before.size(); ++i)
+        after.append(index(rowOf(keys[i]), before[i].column()));
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged();
 }
 
 void CBudgetTable::sortRows()

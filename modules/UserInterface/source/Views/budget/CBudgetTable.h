@@ -12,9 +12,16 @@ class CBudgetTable final : public QAbstractTableModel
     Q_OBJECT
 
 public:
+    /// A number in a form of its own.
+    struct SFigure
+    {
+        double value = 0; ///< that it is sorted by
+        QString text;
+    };
     struct SRow
     {
-        QVector<QVariant> cells; ///< a string or an int; a double is a share, 1 for all
+        /// A string, an int or an SFigure; a double is a share, 1 for all.
+        QVector<QVariant> cells;
         QIcon icon;
         QString toolTip;
         QString key; ///< what it is about; no other row has it
@@ -43,3 +50,5 @@ private:
     int m_column = -1;
     Qt::SortOrder m_order = Qt::DescendingOrder;
 };
+
+Q_DECLARE_METATYPE(CBudgetTable::SFigure)

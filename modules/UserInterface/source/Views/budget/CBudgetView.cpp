@@ -4,6 +4,7 @@
 #include "CMemoryBar.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CWhatIfView.h"
 #include "PackagePaths.h"
 #include "QxKivEmuLib.h"
 #include "ShownText.h"
@@ -28,6 +29,7 @@ constexpr int PageRole = Qt::UserRole + 1; ///< index of the screen; none for th
 constexpr int IconSide = 32;               // pixels
 constexpr int PagesWidth = 5;              // to the tables' width
 constexpr int TablesWidth = 6;
+constexpr int Width = 100; // more than they need at first, to be shared
 
 double shareOf(size_t bytes, size_t budget)
 {
@@ -54,6 +56,7 @@ CBudgetView::CBudgetView(QWidget *parent)
       m_tabs(new QTabWidget),
       m_assets(new CBudgetTable(this)),
       m_items(new CBudgetTable(this)),
+      m_whatIf(new CWhatIfView),
       m_empty(new QLabel),
       m_stack(new QStackedLayout(this))
 {
@@ -69,6 +72,7 @@ CBudgetView::CBudgetView(QWidget *parent)
     m_assetView = makeTable(m_assets, "budgetAssets", AssetBytes);
     m_assetView->setIconSize(QSize(IconSide, IconSide));
     m_itemView = makeTable(m_items, "budgetItems", ItemBytes);
+    m_tabs->addTab(m_whatIf, QString());
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
 
@@ -78,6 +82,7 @@ CBudgetView::CBudgetView(QWidget *parent)
     sides->setStretchFactor(0, PagesWidth);
     sides->setStretchFactor(1, TablesWidth);
     sides->setChildrenCollapsible(false);
+    sides->setSizes({PagesWidth * Width, TablesWidth * Width});
     m_stack->addWidget(sides);
     m_stack->addWidget(m_empty);
 
@@ -87,6 +92,9 @@ CBudgetView::CBudgetView(QWidget *parent)
         if (m_results->project() && place.isValid())
             Q_EMIT itemsWanted({m_results->project()->screen(place.row())});
     });
+    connect(m_assetView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &CBudgetView::showWhatIf);
+    connect(m_whatIf, &CWhatIfView::message, this, &CBudgetView::message);
     retranslate();
     for (const QTreeView *view : {m_assetView, m_itemView}) { // which have their columns now
         view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -117,6 +125,7 @@ QTreeView *CBudgetView::makeTable(CBudgetTable *table, const char *name, int byt
 void CBudgetView::setResults(CBudgetResults *results)
 {
     m_results = results;
+    m_whatIf->setResults(results);
     connect(results, &CBudgetResults::changed, this, &CBudgetView::fill);
     fill();
 }
@@ -252,6 +261,7 @@ void CBudgetView::fillAssets(const QVector<SAssetUse> &assets, const SScreenBudg
     if (page && page->ramGRest > 0)
         rows.append(restRow(tr("(gaps between them)"), page->ramGRest, budget, AssetShare + 1));
     showRows(m_assetView, m_assets, rows);
+    showWhatIf();
 }
 
 void CBudgetView::fillItems(const QVector<const SScreenBudget *> &pages)
@@ -284,8 +294,12 @@ void CBudgetView::showRows(QTreeView *view, CBudgetTable *table,
 {
     const QModelIndex current = view->currentIndex();
     const QString key = current.isValid() ? table->row(current.row()).key : QString();
+    const CItemModel *user = current.isValid() ? table->row(current.row()).items.value(0) : nullptr;
     table->setRows(rows);
-    const int row = key.isEmpty() ? -1 : table->rowOf(key);
+    int row = key.isEmpty() ? -1 : table->rowOf(key);
+    for (int i = 0; row < 0 && user && i < table->rowCount(); ++i)
+        if (table->row(i).items.contains(user)) // its image has another format now
+            row = i;
     if (row >= 0)
         view->setCurrentIndex(table->index(row, 0));
 }
@@ -298,6 +312,23 @@ void CBudgetView::choose(const CBudgetTable &table, const QModelIndex &index)
             items.append(const_cast<CItemModel *>(item));
     if (!items.isEmpty())
         Q_EMIT itemsWanted(items);
+}
+
+/// Only with items that are there.
+void CBudgetView::showWhatIf()
+{
+    const QModelIndex current = m_assetView->currentIndex();
+    const QString key = current.isValid() ? m_assets->row(current.row()).key : QString();
+    SAssetUse chosen;
+    for (const SAssetUse &asset : m_results->budget().assets)
+        if (CBudgetResults::keyOf(asset) == key)
+            chosen = asset;
+    QVector<const CItemModel *> items;
+    for (const CItemModel *item : qAsConst(chosen.items))
+        if (m_results->isThere(item))
+            items.append(item);
+    chosen.items = items;
+    m_whatIf->setAsset(chosen);
 }
 
 void CBudgetView::changeEvent(QEvent *event)
@@ -315,6 +346,8 @@ void CBudgetView::retranslate()
     m_items->setHeaders({tr("Item"), tr("Kind"), tr("Page"), tr("Bytes"), tr("Share")});
     m_tabs->setTabText(m_tabs->indexOf(m_assetView), tr("Pictures and Fonts"));
     m_tabs->setTabText(m_tabs->indexOf(m_itemView), tr("Items"));
+    m_tabs->setTabText(m_tabs->indexOf(m_whatIf), tr("What If"));
+    m_whatIf->retranslate();
     m_tabs->setTabToolTip(m_tabs->indexOf(m_itemView),
                           tr("What each item adds to the display list of its page"));
     fill();

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CBudgetResults;
+class CWhatIfView;
 class QLabel;
 class QStackedLayout;
 class QTabWidget;
@@ -28,6 +29,7 @@ public:
 Q_SIGNALS:
     /// To be shown and selected: items, or one page. Never none.
     void itemsWanted(const QList<CItemModel *> &items);
+    void message(const QString &text); ///< why something was not done
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -44,6 +46,7 @@ private:
     void fillItems(const QVector<const SScreenBudget *> &pages);
     void showRows(QTreeView *view, CBudgetTable *table, const QVector<CBudgetTable::SRow> &rows);
     void choose(const CBudgetTable &table, const QModelIndex &index);
+    void showWhatIf();
     void retranslate();
 
     CBudgetResults *m_results = nullptr;
@@ -53,6 +56,7 @@ private:
     CBudgetTable *m_items;
     QTreeView *m_assetView = nullptr;
     QTreeView *m_itemView = nullptr;
+    CWhatIfView *m_whatIf;
     QLabel *m_empty;
     QStackedLayout *m_stack; ///< the figures, or what says that there are none
     bool m_isStale = true;   ///< to be filled when it is seen

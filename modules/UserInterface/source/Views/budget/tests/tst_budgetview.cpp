@@ -2,19 +2,54 @@
 #include "CBudgetView.h"
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
+#include "CItemModel.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenRounds.h"
+#include "ItemTree.h"
+#include "PropertyKey.h"
 
 #include <QHeaderView>
 #include <QLocale>
+#include <QProcess>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <QUndoStack>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
+
+/// Something that happened to the example before it is looked at; given those that show the cup.
+using Prepare = std::function<void(const QVector<CItemModel *> &, const QDir &)>;
+Q_DECLARE_METATYPE(Prepare)
+
+namespace {
+
+void copyExample(const QString &name, const QString &folder)
+{
+    QCOMPARE(
+        QProcess::execute(
+            "cp", {"-r", qEnvironmentVariable("KIV_SOURCE_DIR") + "/examples/" + name, folder}),
+        0);
+}
+
+QVector<CItemModel *> users(const CProjectModel &project)
+{
+    QVector<CItemModel *> items;
+    forEachItem(project, [&items](CItemModel &item) {
+        if (item.propertyText(PropertyKey::BaseName) == QLatin1String("cappuccino"))
+            items.append(&item);
+    });
+    return items;
+}
+
+} // namespace
 
 /// From a project on the disk to the rows of the tables, with the real emulator.
 class tst_BudgetView : public QObject
@@ -30,9 +65,12 @@ private Q_SLOTS:
     void sumsAreTheEmulators();
     void aClickSelects();
     void whatIsGoneIsNotSelected();
+    void whatIfIsAdopted_data();
+    void whatIfIsAdopted();
 
 private:
-    void open(const QString &name);
+    void open(const QString &name, const QString &folder = {}, const Prepare &prepare = {});
+    void chooseAsset(const QString &name);
     QTreeView *table(const char *name) const { return m_view->findChild<QTreeView *>(name); }
     QTreeWidget *pages() const { return m_view->findChild<QTreeWidget *>(); }
     void click(QTreeView *view, int row) const
@@ -61,6 +99,7 @@ void tst_BudgetView::initTestCase()
     const CProgramData data(qEnvironmentVariable("KIV_BIN_DIR"));
     QCOMPARE(data.loadWidgetLibrary(), QString());
     QCOMPARE(data.registerEmulator(), QString());
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR")); // as the program does, beside its tools
 }
 
 void tst_BudgetView::init()
@@ -82,13 +121,18 @@ void tst_BudgetView::init()
     m_wanted.clear();
 }
 
-void tst_BudgetView::open(const QString &name)
+void tst_BudgetView::open(const QString &name, const QString &folder, const Prepare &prepare)
 {
     const QString file =
-        QStringLiteral("%1/examples/%2/%2.nyx").arg(qEnvironmentVariable("KIV_SOURCE_DIR"), name);
+        QStringLiteral("%1/%2/%2.nyx")
+            .arg(folder.isEmpty() ? qEnvironmentVariable("KIV_SOURCE_DIR") + "/examples" : folder,
+                 name);
     m_project = std::make_unique<CProjectModel>();
     QString error;
     QVERIFY2(m_project->loadFromFile(file, &error), qPrintable(error));
+    CProjectModel::setCurrent(m_project.get());
+    if (prepare)
+        prepare(users(*m_project), folder);
     m_session = std::make_unique<CEmulatorSession>(CEmulatorAdapter::instance());
     m_session->open(m_project.get());
     m_results->setProject(m_project.get());
@@ -97,6 +141,15 @@ void tst_BudgetView::open(const QString &name)
     m_rounds->setWanted(this, true);
     QVERIFY(done.wait(20000));
     QCOMPARE(pages()->topLevelItemCount(), 1 + m_project->screenCount());
+}
+
+void tst_BudgetView::chooseAsset(const QString &name)
+{
+    QTreeView *assets = table("budgetAssets");
+    for (int row = 0; row < assets->model()->rowCount(); ++row)
+        if (assets->model()->index(row, 0).data().toString() == name)
+            click(assets, row);
+    m_view->findChild<QTabWidget *>()->setCurrentIndex(2);
 }
 
 void tst_BudgetView::cleanup()
@@ -179,6 +232,79 @@ void tst_BudgetView::whatIsGoneIsNotSelected()
     pages()->setCurrentItem(pages()->topLevelItem(1));
     QCOMPARE(m_wanted.size(), 0);
     QTRY_COMPARE_WITH_TIMEOUT(items->model()->rowCount(), 0, 10000);
+}
+
+void tst_BudgetView::whatIfIsAdopted_data()
+{
+    QTest::addColumn<Prepare>("prepare");
+    QTest::addColumn<bool>("isAdopted");
+    const auto file = [](const QDir &folder, const QString &name) {
+        QVERIFY(QFile::remove(folder.filePath("coffee-machine/" + name)));
+    };
+    QTest::newRow("on two pages, one in a group")
+        << Prepare([](const auto &, const auto &) {}) << true;
+    QTest::newRow("one that is not drawn") << Prepare([](const auto &items, const auto &) {
+        items.last()->setProperty(PropertyKey::X, -500);
+    }) << true;
+    QTest::newRow("the file was moved away after another conversion")
+        << Prepare([file](const auto &, const QDir &folder) {
+               const QString made =
+                   folder.filePath("coffee-machine/coffee-machine_ConvertedImages");
+               QVERIFY(QFile::rename(folder.filePath("coffee-machine/images/cappuccino.png"),
+                                     made + "/cappuccino.png"));
+           })
+        << true;
+    QTest::newRow("locked by a group") << Prepare([](const auto &items, const auto &) {
+        items.first()->parentItem()->setLocked(true);
+    }) << false;
+    QTest::newRow("the file has gone") << Prepare([file](const auto &, const QDir &folder) {
+        file(folder, "images/cappuccino.png");
+    }) << false;
+}
+
+void tst_BudgetView::whatIfIsAdopted()
+{
+    QFETCH(Prepare, prepare);
+    QFETCH(bool, isAdopted);
+    const QTemporaryDir folder;
+    copyExample("coffee-machine", folder.path());
+    open("coffee-machine", folder.path(), prepare);
+    const auto saved = [this] { return m_project->saveToBytes(nullptr); };
+    const QByteArray before = saved();
+    QVERIFY(!before.isEmpty());
+    const QHash<QString, SMemoryUse> ramG = m_ramG;
+    chooseAsset("cappuccino_ARGB4.raw");
+    QTreeView *formats = table("whatIfFormats");
+    const auto cell = [formats](int row, int column) {
+        return formats->model()->index(row, column).data().toString();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(!isAdopted || (!cell(0, 3).isEmpty() && !cell(9, 3).isEmpty()), 30000);
+    int row = 0; // largest first
+    while (row < formats->model()->rowCount() && cell(row, 0) != "PALETTED")
+        ++row;
+    click(formats, row);
+    auto *use = m_view->findChild<QPushButton *>("useFormat");
+    QCOMPARE(use->isEnabled(), isAdopted);
+    if (!isAdopted)
+        return;
+    QCOMPARE(formats->model()->rowCount(), 10); // what this chip has
+    QCOMPARE(number(formats, row, 1), 128 * 104 + 1024);
+    QSignalSpy done(m_rounds.get(), &CScreenRounds::done);
+    QTest::mouseClick(use, Qt::LeftButton);
+    QCOMPARE(m_project->undoStack()->count(), 1);
+    for (const CItemModel *item : users(*m_project))
+        QCOMPARE(item->propertyText(PropertyKey::Format), QString("PALETTED"));
+    QVERIFY(done.wait(20000));
+    for (const QString &page : {QStringLiteral("Drinks"), QStringLiteral("Brewing")})
+        if (page == "Drinks" || QTest::currentDataTag() != QByteArray("one that is not drawn"))
+            QCOMPARE(m_ramG[page].used, ramG[page].used - (128 * 104 * 2 - 128 * 104 - 1024));
+    const QByteArray after = saved();
+    m_project->undoStack()->undo();
+    QCOMPARE(saved(), before);
+    QVERIFY(done.wait(20000));
+    QCOMPARE(m_ramG["Drinks"].used, ramG["Drinks"].used);
+    m_project->undoStack()->redo();
+    QCOMPARE(saved(), after);
 }
 
 QTEST_MAIN(tst_BudgetView)
