@@ -71,14 +71,22 @@ QImage framed(const QImage &picture)
     return field;
 }
 
+QString plainPicture(const QColor &colour)
+{
+    QImage field(CProjectPictures::Size, QImage::Format_ARGB32_Premultiplied);
+    field.fill(colour);
+    return addressOf(field);
+}
+
 /// For a project that has no picture (yet).
 QString emptyPicture()
 {
-    QImage field(CProjectPictures::Size, QImage::Format_ARGB32_Premultiplied);
+    static QPair<QRgb, QString> last; // to write a picture takes as long as all the rest
     QColor colour = QGuiApplication::palette().color(QPalette::WindowText);
     colour.setAlpha(24);
-    field.fill(colour);
-    return addressOf(field);
+    if (last.second.isEmpty() || last.first != colour.rgba())
+        last = {colour.rgba(), plainPicture(colour)};
+    return last.second;
 }
 
 QString tableRow(const QString &cells)
@@ -222,8 +230,18 @@ void CStartPage::setLeftWork(const QVector<CRecoveryCopy::SLeft> &left)
     showTexts();
 }
 
+void CStartPage::setVisible(bool visible)
+{
+    QWidget::setVisible(visible);
+    if (visible && m_areTextsOld)
+        showTexts();
+}
+
 void CStartPage::showTexts()
 {
+    m_areTextsOld = isHidden();
+    if (m_areTextsOld)
+        return;
     m_new->setText(tr("New project..."));
     m_open->setText(tr("Open a project..."));
     const auto heading = [](const QString &text) {

@@ -26,6 +26,8 @@ public:
     /// Reads the pictures of the recent projects again.
     void readPictures();
     void setLeftWork(const QVector<CRecoveryCopy::SLeft> &left);
+    /// Its texts are made when it is seen: it lies hidden behind every project that is open.
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     void newProjectWanted();
@@ -58,6 +60,7 @@ private:
     QString leftWorkInRows() const;
     void follow(const QString &link);
 
+    bool m_areTextsOld = false;
     QVector<SExample> m_examples;
     QStringList m_recent;
     QHash<QString, QString> m_pictures; ///< of recent projects, as addresses
