@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace kivemu {
 
@@ -84,8 +85,13 @@ CPattern::CPattern(lua_State *state, std::string_view pattern, bool isAnchorAllo
     while (m_at < m_pattern.size()) {
         if (m_itemCount == MaxItems)
             fail("the pattern is too long");
-        compileItem(m_items[m_itemCount++]);
+        compileItem(addItem());
     }
+}
+
+CPattern::SItem &CPattern::addItem()
+{
+    return *new (&m_items[m_itemCount++].item) SItem;
 }
 
 void CPattern::fail(const char *message) const
@@ -213,7 +219,7 @@ const char *CPattern::matchFrom(const char *at, size_t index)
         fail("the pattern is too complex");
     for (; at && index < m_itemCount; ++index) {
         countStep();
-        const SItem &item = m_items[index];
+        const SItem &item = m_items[index].item;
         bool isLast = true; // the rest was matched by the call
         if (item.kind == EKind::Open || item.kind == EKind::OpenPosition ||
             item.kind == EKind::Close)
@@ -250,7 +256,7 @@ const char *CPattern::matchFrom(const char *at, size_t index)
 
 const char *CPattern::matchMost(const char *at, size_t index)
 {
-    const SItem &item = m_items[index];
+    const SItem &item = m_items[index].item;
     const char *to = at;
     for (; isSingle(to, item); ++to)
         countStep();
@@ -264,7 +270,7 @@ const char *CPattern::matchMost(const char *at, size_t index)
 
 const char *CPattern::matchLeast(const char *at, size_t index)
 {
-    const SItem &item = m_items[index];
+    const SItem &item = m_items[index].item;
     for (;; ++at) {
         if (const char *end = matchFrom(at, index + 1))
             return end;
@@ -276,7 +282,7 @@ const char *CPattern::matchLeast(const char *at, size_t index)
 /// Opens or closes a capture for what follows, and takes that back when it does not match.
 const char *CPattern::matchCapture(const char *at, size_t index)
 {
-    const EKind kind = m_items[index].kind;
+    const EKind kind = m_items[index].item.kind;
     if (kind != EKind::Close) {
         if (m_captureCount == MaxCaptures)
             fail("the pattern has too many captures");

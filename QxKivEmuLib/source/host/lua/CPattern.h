@@ -61,9 +61,15 @@ private:
         uint8_t last = 0;
         Set set;
     };
+    /// An item that nobody has begun: most patterns have a few of them, and are compiled often.
+    union URoom {
+        URoom() {} // NOLINT(modernize-use-equals-default): the item is left out
+        SItem item;
+    };
     static constexpr ptrdiff_t OpenCapture = -1;
 
     // Compiling: `m_at` moves through the pattern.
+    SItem &addItem();
     void compileItem(SItem &item);
     void compileEscape(SItem &item);
     void compileSet(Set &set);
@@ -89,7 +95,7 @@ private:
     std::string_view m_pattern;
     size_t m_at = 0;
     bool m_isAnchored = false;
-    std::array<SItem, MaxItems> m_items;
+    std::array<URoom, MaxItems> m_items; ///< as many as are counted
     size_t m_itemCount = 0;
     const char *m_begin = nullptr;
     const char *m_end = nullptr;
