@@ -20,6 +20,8 @@ const char *const helpEnd = R"end(
 A line for each finding: the screen, the item, how grave it is, what is wrong, and the rule's name in
 brackets. A rule may be ignored for an item, with a reason, in the editor or in the project file:
   ignored_checks="contrast: a watermark"
+What is found of the project as a whole is ignored there, all of a rule or what brackets tell:
+  ignored_checks="unused-image [p_ConvertedImages/old_L8.raw]: for the next version"
 Such findings are in the reports with their reason and count nowhere. The attributes dots_per_inch
 (150) and memory_share (80, percent) of the project say what the rules of touch and memory ask for.
 
@@ -41,10 +43,12 @@ CExportJob::EExit check(const CCommandLine &line)
         images += ProjectChecks::imagesOf(screen);
     });
     findings += ProjectChecks::ofProject(run.project(), images);
+    findings += ProjectChecks::ofFiles(run.project(),
+                                       CImageFileLook().look(SImageFiles::of(run.project())));
 
     const QString output = QStringLiteral("-");
     if (line.value("json") != output && line.value("sarif") != output)
-        for (const QString &each : FindingsReport::toLines(findings))
+        for (const QString &each : FindingsReport::toLines(findings, line.isSet("ignored")))
             CommandOutput::print((CProjectExporter::oneLine(each) + QLatin1Char('\n')).toUtf8(),
                                  messages);
     if (line.isSet("json"))
@@ -83,6 +87,7 @@ int run(const QStringList &arguments)
                         "for people.",
                         "FILE|-"},
                        {"sarif", "Writes the findings in SARIF 2.1.0, for code hosts.", "FILE|-"},
+                       {"ignored", "Tells the findings that are ignored too, with their reasons."},
                        {"warnings-as-errors", "Fails on warnings too."}},
                       helpEnd);
     if (const std::optional<int> code = line.read(arguments))

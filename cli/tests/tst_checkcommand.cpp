@@ -23,6 +23,7 @@ private Q_SLOTS:
     void oneFault_data();
     void oneFault();
     void projectsAreNotOverwritten();
+    void ignored_data();
     void ignored();
     void sarif();
     void examplesAreClean_data();
@@ -40,6 +41,7 @@ private:
     {
         return QJsonDocument::fromJson(run({"check", project, "--json", "-"}).out).object();
     }
+    void put(const QString &files) const;
     QString path(const QString &name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -98,13 +100,13 @@ tst_CheckCommand::SResult tst_CheckCommand::run(const QStringList &words) const
 void tst_CheckCommand::oneFault_data()
 {
     QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("file");     ///< that lies there too, or is left out: "-name"
+    QTest::addColumn<QString>("files");    ///< see put()
     QTest::addColumn<QString>("expected"); ///< severity, rule, item
     const auto row = [](const char *name, const Edit &edit, const char *expected,
-                        const char *file = "") {
+                        const char *files = "") {
         QByteArray xml = clean;
         edit(xml);
-        QTest::newRow(name) << xml << QString(file) << QString(expected);
+        QTest::newRow(name) << xml << QString(files) << QString(expected);
     };
     const auto none = [](QByteArray &) {};
     row("clean", none, "");
@@ -174,6 +176,18 @@ void tst_CheckCommand::oneFault_data()
     row("no image file", none, "error missing-image Logo", "-p_ConvertedImages/logo_RGB565.raw");
     row("an image that nothing shows", none, "note unused-image ",
         "p_ConvertedImages/old_RGB565.raw");
+    // The copy that the converter leaves tells what was converted.
+    const Edit withSource =
+        replaced("basename=\"logo\"", "basename=\"logo\" suffix=\"png\" filename=\"logo.png\"");
+    row("the file of an image, painted anew", withSource, "warning changed-image Logo",
+        "logo.png:16:red p_ConvertedImages/logo.png:16:blue");
+    row("the same picture, packed in another way", withSource, "",
+        "logo.png:16:red:0 p_ConvertedImages/logo.png:16:red");
+    row("the file of an image without a copy, of another size", withSource,
+        "warning changed-image Logo", "logo.png:17:red");
+    row("the file of an image without a copy", withSource, "", "logo.png:16:red");
+    row("an image in a folder of its own that nothing shows", none, "note unused-image ",
+        "p_ConvertedImages/old_DXT1/old_DXT1.raw");
     row("an image three times as large",
         replaced("y_coordinate=\"120\" width=\"16\" height=\"16\"",
                  "y_coordinate=\"120\" width=\"48\" height=\"48\""),
@@ -214,25 +228,39 @@ void tst_CheckCommand::oneFault_data()
     row(
         "a format of other chips",
         [](QByteArray &xml) { xml.replace("format=\"RGB565\"", "format=\"PALETTED\""); },
-        "error chip-value Logo", "p_ConvertedImages/logo_PALETTED.raw");
+        "error chip-value Logo",
+        "p_ConvertedImages/logo_PALETTED.raw -p_ConvertedImages/logo_RGB565.raw");
     row("a chip that nobody knows", replaced("platform=\"QX110\"", "platform=\"ZZ9\""),
         "error chip-value ");
     row("memory that gets short", replaced("name=\"P\"", "memory_share=\"0.3\" name=\"P\""),
         "warning memory ");
 }
 
+/// Names of files to be there: "-name" to be gone, "name.png:side:colour:quality" a picture.
+void tst_CheckCommand::put(const QString &files) const
+{
+    for (const QString &each : files.split(' ', Qt::SkipEmptyParts)) {
+        const QStringList words = each.split(':');
+        const QString file = path(words[0].mid(each.startsWith('-') ? 1 : 0));
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QImage picture(words.value(1).toInt(), 16, QImage::Format_RGB32);
+        picture.fill(QColor(words.value(2)));
+        if (each.startsWith('-'))
+            QVERIFY(QFile::remove(file));
+        else if (picture.isNull())
+            TestFiles::write(file, QByteArray(512, '\x5a'));
+        else
+            QVERIFY(picture.save(file, "PNG", words.value(3, "100").toInt()));
+    }
+}
+
 void tst_CheckCommand::oneFault()
 {
     QFETCH(QByteArray, xml);
-    QFETCH(QString, file);
+    QFETCH(QString, files);
     QFETCH(QString, expected);
     TestFiles::write(path("p.nyx"), xml);
-    if (file.startsWith('-'))
-        QVERIFY(QFile::remove(path(file.mid(1))));
-    else if (!file.isEmpty())
-        TestFiles::write(path(file), QByteArray(512, '\x5a'));
-    if (file.contains("PALETTED"))
-        QVERIFY(QFile::remove(path("p_ConvertedImages/logo_RGB565.raw")));
+    put(files);
     QStringList told;
     const QJsonObject json = check("p.nyx");
     for (const QJsonValue &each : json["findings"].toArray())
@@ -261,18 +289,50 @@ void tst_CheckCommand::projectsAreNotOverwritten()
     }
 }
 
+void tst_CheckCommand::ignored_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("files");
+    QTest::addColumn<int>("notes"); ///< that are left, of two
+    const auto row = [](const char *name, const Edit &edit, const char *files, int notes) {
+        QByteArray xml = clean;
+        edit(xml);
+        QTest::newRow(name) << xml << QString(files) << notes;
+    };
+    const char *const two = "p_ConvertedImages/a_L8.raw p_ConvertedImages/b_L8.raw";
+    row("an item's",
+        replaced("text_color=\"#ffffff\"",
+                 "text_color=\"#505050\" ignored_checks=\"contrast: so it is\""),
+        "", 0);
+    row("one of the project's",
+        replaced("name=\"P\"", "name=\"P\" "
+                               "ignored_checks=\"unused-image [p_ConvertedImages/a_L8.raw]: "
+                               "so it is\""),
+        two, 1);
+    row("all of a rule",
+        replaced("name=\"P\"", "name=\"P\" ignored_checks=\"unused-image: so it is\""), two, 0);
+    row("a page's",
+        replaced("Kiv_Screen_T name=\"Menu\"",
+                 "Kiv_Screen_T name=\"Home\" ignored_checks=\"duplicate-name: so it is\""),
+        "", 0);
+}
+
 void tst_CheckCommand::ignored()
 {
-    QByteArray xml = clean;
-    xml.replace("text_color=\"#ffffff\"",
-                "text_color=\"#505050\" ignored_checks=\"contrast: a watermark\"");
+    QFETCH(QByteArray, xml);
+    QFETCH(QString, files);
+    QFETCH(int, notes);
     TestFiles::write(path("p.nyx"), xml);
+    put(files);
     const QJsonObject json = check("p.nyx");
     QCOMPARE(json["warnings"].toInt(), 0);
-    QCOMPARE(json["ignored"].toInt(), 1);
+    QCOMPARE(json["notes"].toInt(), notes);
+    const int ignored = json["ignored"].toInt();
+    QCOMPARE(ignored, files.isEmpty() ? 1 : 2 - notes);
     QCOMPARE(json["findings"].toArray()[0].toObject()["ignored_because"].toString(),
-             QString("a watermark"));
-    QCOMPARE(run({"check", "p.nyx", "--warnings-as-errors"}).out, QByteArray());
+             QString("so it is"));
+    QCOMPARE(run({"check", "p.nyx", "--warnings-as-errors"}).out.count('\n'), notes);
+    QCOMPARE(run({"check", "p.nyx", "--ignored"}).out.count("] (ignored: so it is)\n"), ignored);
 }
 
 void tst_CheckCommand::sarif()

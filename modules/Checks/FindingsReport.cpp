@@ -91,6 +91,8 @@ QJsonObject toJson(const SFinding &finding, const QString &folder)
         object.insert(QStringLiteral("property"), finding.property);
     if (!finding.file.isEmpty())
         object.insert(QStringLiteral("file"), relative(finding.file, folder));
+    if (!finding.subject.isEmpty())
+        object.insert(QStringLiteral("subject"), finding.subject);
     if (!finding.ignoredBecause.isNull())
         object.insert(QStringLiteral("ignored_because"), finding.ignoredBecause);
     return object;
@@ -145,20 +147,23 @@ SCounts count(const Findings &findings)
     return counts;
 }
 
-QStringList toLines(const Findings &findings)
+QStringList toLines(const Findings &findings, bool withIgnored)
 {
     QStringList lines;
     for (const SFinding &finding : findings) {
-        if (!finding.ignoredBecause.isNull())
+        const bool isIgnored = !finding.ignoredBecause.isNull();
+        if (isIgnored && !withIgnored)
             continue;
         QString line;
         if (finding.screen)
             line += QStringLiteral("screen \"%1\": ").arg(finding.screen->name());
         if (finding.item)
             line += label(*finding.item) + QStringLiteral(": ");
-        lines.append(line +
-                     QStringLiteral("%1: %2 [%3]")
-                         .arg(Rules::id(finding.severity), finding.text, Rules::id(finding.rule)));
+        line += QStringLiteral("%1: %2 [%3]")
+                    .arg(Rules::id(finding.severity), finding.text, Rules::id(finding.rule));
+        if (isIgnored)
+            line += QStringLiteral(" (ignored: %1)").arg(finding.ignoredBecause);
+        lines.append(line);
     }
     return lines;
 }

@@ -19,13 +19,13 @@ struct SCounts
 };
 SCounts count(const Findings &findings);
 
-/// "screen "Home": Kiv_Text_T 12 "Title": warning: sentence [rule]", without those that are
-/// ignored.
-QStringList toLines(const Findings &findings);
+/// "screen "Home": Kiv_Text_T 12 "Title": warning: sentence [rule]"; those that are ignored only
+/// when they are asked for, with "(ignored: reason)" behind them.
+QStringList toLines(const Findings &findings, bool withIgnored);
 
 /// {"errors", "warnings", "notes", "ignored", "findings": [{"rule", "severity", "message",
-/// "screen", "type", "id", "name", "property", "file", "ignored_because"}]}; what does not apply is
-/// left out. Files are named from `folder` where they lie below it.
+/// "screen", "type", "id", "name", "property", "file", "subject", "ignored_because"}]}; what does
+/// not apply is left out. Files are named from `folder` where they lie below it.
 QJsonObject toJson(const Findings &findings, const QString &folder);
 
 /// SARIF 2.1.0 (OASIS standard). `file`: the project as reports shall call it; `document`: its

@@ -3,7 +3,6 @@
 #include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "ConvertedImages.h"
 #include "Identifiers.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
@@ -31,6 +30,14 @@ void checkPlatform(CRuleContext &context)
             .property = PropertyKey::Platform;
 }
 
+const CItemModel *screenOf(const CItemModel &item)
+{
+    const CItemModel *screen = &item;
+    while (screen->parentItem())
+        screen = screen->parentItem();
+    return screen;
+}
+
 void checkIds(CRuleContext &context)
 {
     QHash<quint32, const CItemModel *> first;
@@ -42,16 +49,13 @@ void checkIds(CRuleContext &context)
             known = &item;
             return;
         }
-        SFinding &finding = context.add(ERule::DuplicateId, ESeverity::Warning, &item,
-                                        CRuleContext::tr("%1 has the id %2 as %3 has.")
-                                            .arg(context.called(item))
-                                            .arg(item.id())
-                                            .arg(context.called(*known)));
-        const CItemModel *screen = &item;
-        while (screen->parentItem())
-            screen = screen->parentItem();
-        finding.screen = screen;
-        finding.property = PropertyKey::Id;
+        context.on(screenOf(item))
+            .add(ERule::DuplicateId, ESeverity::Warning, &item,
+                 CRuleContext::tr("%1 has the id %2 as %3 has.")
+                     .arg(context.called(item))
+                     .arg(item.id())
+                     .arg(context.called(*known)))
+            .property = PropertyKey::Id;
     });
 }
 
@@ -68,14 +72,14 @@ void checkScreenNames(CRuleContext &context)
             continue;
         }
         const bool isSame = known->name() == screen->name();
-        SFinding &finding = context.add(
-            isSame ? ERule::DuplicateName : ERule::Identifier, ESeverity::Warning, nullptr,
-            isSame ? CRuleContext::tr("Two screens are called %1.").arg(context.called(*screen))
-                   : CRuleContext::tr("The screens %1 and %2 are the same name in C; one gets a "
-                                      "number.")
-                         .arg(context.called(*known), context.called(*screen)));
-        finding.screen = screen;
-        finding.property = PropertyKey::Name;
+        context.on(screen)
+            .add(isSame ? ERule::DuplicateName : ERule::Identifier, ESeverity::Warning, nullptr,
+                 isSame
+                     ? CRuleContext::tr("Two screens are called %1.").arg(context.called(*screen))
+                     : CRuleContext::tr("The screens %1 and %2 are the same name in C; one gets a "
+                                        "number.")
+                           .arg(context.called(*known), context.called(*screen)))
+            .property = PropertyKey::Name;
     }
 }
 
@@ -96,33 +100,30 @@ void checkSameImages(CRuleContext &context, const ProjectChecks::ImageContents &
     }
     told.sort(); // hashes have no order
     for (const QString &texts : qAsConst(told))
-        context.add(ERule::SameImage, ESeverity::Note, nullptr,
-                    CRuleContext::tr("The same image lies under several names: %1").arg(texts));
+        context.addAbout(
+            texts, ERule::SameImage, ESeverity::Note,
+            CRuleContext::tr("The same image lies under several names: %1").arg(texts));
 }
 
-void checkUnusedImages(CRuleContext &context)
+void addUnused(CRuleContext &context, const QString &file)
 {
-    if (context.project.workingDirectory().isEmpty())
-        return;
-    QSet<QString> used;
-    forEachItem(context.project, [&used](const CItemModel &item) {
-        const QString file = ConvertedImages::fileOf(item);
-        if (!file.isEmpty())
-            used.insert(QFileInfo(file).canonicalFilePath());
-    });
-    const QDir folder(ConvertedImages::folder(context.project));
-    const QFileInfoList images =
-        folder.entryInfoList({QStringLiteral("*.raw")}, QDir::Files, QDir::Name);
-    for (const QFileInfo &image : images) {
-        if (used.contains(image.canonicalFilePath()))
-            continue;
-        context
-            .add(ERule::UnusedImage, ESeverity::Note, nullptr,
-                 CRuleContext::tr("No item shows %1.")
-                     .arg(QDir(context.project.workingDirectory())
-                              .relativeFilePath(image.filePath())))
-            .file = image.filePath();
-    }
+    const QString name = QDir(context.project.workingDirectory()).relativeFilePath(file);
+    context
+        .addAbout(name, ERule::UnusedImage, ESeverity::Note,
+                  CRuleContext::tr("No item shows %1.").arg(name))
+        .file = file;
+}
+
+void addChanged(CRuleContext &context, const SImageFiles::SImage &image)
+{
+    SFinding &finding =
+        context.on(screenOf(*image.item))
+            .add(ERule::ChangedImage, ESeverity::Warning, image.item,
+                 CRuleContext::tr("The image of %1 was made of %2, which has changed since.")
+                     .arg(context.called(*image.item),
+                          QDir(context.project.workingDirectory()).relativeFilePath(image.source)));
+    finding.property = PropertyKey::FileName;
+    finding.file = image.source;
 }
 
 } // namespace
@@ -172,7 +173,20 @@ Findings ofProject(const CProjectModel &project, const ImageContents &images)
     checkScreenNames(context);
     checkIds(context);
     checkSameImages(context, images);
-    checkUnusedImages(context);
+    return findings;
+}
+
+Findings ofFiles(const CProjectModel &project, const SImageFiles::SState &state)
+{
+    Findings findings;
+    CRuleContext context(project, nullptr, findings);
+    const SImageFiles files = SImageFiles::of(project);
+    for (const SImageFiles::SImage &image : files.images)
+        if (state.changed.contains(image.key()))
+            addChanged(context, image);
+    for (const QString &file : state.unused)
+        if (!files.used.contains(file)) // as it was then
+            addUnused(context, file);
     return findings;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CImageFileLook.h"
 #include "SFinding.h"
 #include "SScreenExport.h"
 
@@ -21,8 +22,10 @@ Findings ofScreen(const CItemModel &screen, const SScreenExport &render);
 using ImageContents = QVector<QPair<QByteArray, QString>>;
 ImageContents imagesOf(const SScreenExport &render);
 
-/// What several screens have to do with each other, and the files of the project. `images`: of all
-/// screens.
+/// What several screens have to do with each other. `images`: of all screens.
 Findings ofProject(const CProjectModel &project, const ImageContents &images);
+
+/// What lies in the project's files. `state`: as CImageFileLook found it.
+Findings ofFiles(const CProjectModel &project, const SImageFiles::SState &state);
 
 } // namespace ProjectChecks

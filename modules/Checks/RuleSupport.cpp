@@ -6,7 +6,7 @@
 #include "Rules.h"
 
 SFinding &CRuleContext::add(ERule rule, ESeverity severity, const CItemModel *item,
-                            const QString &text)
+                            const QString &text, const QString &subject)
 {
     SFinding finding;
     finding.rule = rule;
@@ -17,7 +17,8 @@ SFinding &CRuleContext::add(ERule rule, ESeverity severity, const CItemModel *it
     const QString ignored = item     ? item->propertyText(Rules::IgnoredKey)
                             : screen ? screen->propertyText(Rules::IgnoredKey)
                                      : project.propertyText(Rules::IgnoredKey);
-    finding.ignoredBecause = Rules::ignoredBecause(ignored, rule);
+    finding.subject = subject;
+    finding.ignoredBecause = Rules::ignoredBecause(ignored, rule, subject);
     m_findings.append(finding);
     return m_findings.last();
 }

@@ -20,7 +20,17 @@ public:
     }
 
     /// About an item; null for one about the screen, or the project when there is no screen.
-    SFinding &add(ERule rule, ESeverity severity, const CItemModel *item, const QString &text);
+    SFinding &add(ERule rule, ESeverity severity, const CItemModel *item, const QString &text)
+    {
+        return add(rule, severity, item, text, QString());
+    }
+    /// About something of the project that is no item.
+    SFinding &addAbout(const QString &subject, ERule rule, ESeverity severity, const QString &text)
+    {
+        return add(rule, severity, nullptr, text, subject);
+    }
+    /// The same findings, but about another screen.
+    CRuleContext on(const CItemModel *other) const { return {project, other, m_findings}; }
     /// A number that the project may set; `otherwise` when it does not, or sets none above 0.
     double setting(const QString &key, double otherwise) const;
     /// The item's name in quotation marks, or its kind when it has none.
@@ -32,6 +42,9 @@ public:
     const CItemModel *const screen;
 
 private:
+    SFinding &add(ERule rule, ESeverity severity, const CItemModel *item, const QString &text,
+                  const QString &subject);
+
     Findings &m_findings;
 };
 

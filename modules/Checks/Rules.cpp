@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace {
 
 struct SRule
@@ -17,6 +19,7 @@ const SRule table[] = {
     {ERule::Memory, "memory", QT_TRANSLATE_NOOP("Checks", "Memory of the chip")},
     {ERule::ChipValue, "chip-value", QT_TRANSLATE_NOOP("Checks", "Not available on the chip")},
     {ERule::MissingImage, "missing-image", QT_TRANSLATE_NOOP("Checks", "Missing image")},
+    {ERule::ChangedImage, "changed-image", QT_TRANSLATE_NOOP("Checks", "Image file changed since")},
     {ERule::OutsideScreen, "outside-screen", QT_TRANSLATE_NOOP("Checks", "Outside the screen")},
     {ERule::NoSize, "no-size", QT_TRANSLATE_NOOP("Checks", "Without a size")},
     {ERule::Hidden, "hidden", QT_TRANSLATE_NOOP("Checks", "Hidden by others")},
@@ -40,9 +43,16 @@ const SRule &row(ERule rule)
     return table[0];
 }
 
-QString beginning(ERule rule)
+/// Of a line that ignores the rule. What a subject is called may hold anything, and a line ends at
+/// its end.
+QString beginning(ERule rule, QString subject = {})
 {
-    return Rules::id(rule) + QLatin1Char(':');
+    if (subject.isEmpty())
+        return Rules::id(rule) + QLatin1Char(':');
+    subject.replace(QLatin1Char('%'), QLatin1String("%25"));
+    subject.replace(QLatin1Char('\n'), QLatin1String("%0A"));
+    subject.replace(QLatin1Char(']'), QLatin1String("%5D"));
+    return QStringLiteral("%1 [%2]:").arg(Rules::id(rule), subject);
 }
 
 } // namespace
@@ -79,24 +89,27 @@ const QVector<ERule> &all()
     return rules;
 }
 
-QString ignoredBecause(const QString &text, ERule rule)
+QString ignoredBecause(const QString &text, ERule rule, const QString &subject)
 {
     if (text.isEmpty())
         return {};
-    for (const QString &line : text.split(QLatin1Char('\n')))
-        if (line.startsWith(beginning(rule)))
-            return line.mid(beginning(rule).size()).trimmed() + QLatin1String("");
+    for (const QString &begin : {beginning(rule, subject), beginning(rule)})
+        for (const QString &line : text.split(QLatin1Char('\n')))
+            if (line.startsWith(begin))
+                return line.mid(begin.size()).trimmed() + QLatin1String("");
     return {};
 }
 
-QString withIgnored(const QString &text, ERule rule, const QString &reason)
+QString withIgnored(const QString &text, ERule rule, const QString &subject, const QString &reason)
 {
     QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (int i = lines.size() - 1; i >= 0; --i)
-        if (lines[i].startsWith(beginning(rule)))
-            lines.removeAt(i);
+    const QString begin = beginning(rule, subject);
+    const auto isTold = [&](const QString &line) {
+        return line.startsWith(begin) || (reason.isNull() && line.startsWith(beginning(rule)));
+    };
+    lines.erase(std::remove_if(lines.begin(), lines.end(), isTold), lines.end());
     if (!reason.isNull())
-        lines.append(beginning(rule) + QLatin1Char(' ') + reason.simplified());
+        lines.append(begin + QLatin1Char(' ') + reason.simplified());
     lines.sort();
     return lines.join(QLatin1Char('\n'));
 }

@@ -13,12 +13,14 @@ QString id(ESeverity severity);
 const QVector<ERule> &all();
 
 // Who has looked at a finding may ignore its rule for an item, with a reason: lines "id: reason" in
-// a property that an item, a screen or a project has for this alone.
+// a property that an item, a screen or a project has for this alone. What of the project a finding
+// is about stands in it too: "unused-image [images/old.raw]: reason"; without that the rule is
+// ignored for the whole project.
 
 extern const QString IgnoredKey; ///< "ignored_checks"
 /// The reason; null when the rule is not ignored in such a text.
-QString ignoredBecause(const QString &text, ERule rule);
+QString ignoredBecause(const QString &text, ERule rule, const QString &subject);
 /// The text with the rule ignored for that reason, or no more ignored when the reason is null.
-QString withIgnored(const QString &text, ERule rule, const QString &reason);
+QString withIgnored(const QString &text, ERule rule, const QString &subject, const QString &reason);
 
 } // namespace Rules

@@ -17,6 +17,7 @@ enum class ERule {
     Memory,
     ChipValue,
     MissingImage,
+    ChangedImage,
     OutsideScreen,
     NoSize,
     Hidden,
@@ -42,7 +43,8 @@ struct SFinding
     const CItemModel *item = nullptr;   ///< null: it concerns the screen as a whole
     QString property;                   ///< that is to be looked at; may be empty
     QString file;                       ///< that it concerns, absolute; may be empty
-    QString ignoredBecause;             ///< somebody has said that it is right so; null otherwise
+    QString subject; ///< what of the project it is about, where that is no screen and no item
+    QString ignoredBecause; ///< somebody has said that it is right so; null otherwise
 };
 
 using Findings = QVector<SFinding>;

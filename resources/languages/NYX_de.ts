@@ -5037,6 +5037,21 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
         <source>The page whose findings are shown</source>
         <translation>Die Seite, deren Befunde gezeigt werden</translation>
     </message>
+    <message>
+        <source>&amp;Ignore...</source>
+        <translation>Ü&amp;bergehen...</translation>
+    </message>
+</context>
+<context>
+    <name>CImageRenewal</name>
+    <message>
+        <source>Convert again</source>
+        <translation>Neu umwandeln</translation>
+    </message>
+    <message>
+        <source>%1 was converted again, and nothing of the picture is different.</source>
+        <translation>%1 wurde neu umgewandelt, und am Bild ist nichts anders.</translation>
+    </message>
 </context>
 <context>
     <name>CheckFixes</name>
@@ -5067,6 +5082,10 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     <message>
         <source>Ignore a finding</source>
         <translation>Einen Befund übergehen</translation>
+    </message>
+    <message>
+        <source>&amp;Convert Again</source>
+        <translation>&amp;Neu umwandeln</translation>
     </message>
 </context>
 <context>
@@ -5230,6 +5249,14 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     <message>
         <source>Same name in C</source>
         <translation>Gleicher Name in C</translation>
+    </message>
+    <message>
+        <source>Image file changed since</source>
+        <translation>Bilddatei seither geändert</translation>
+    </message>
+    <message>
+        <source>The image of %1 was made of %2, which has changed since.</source>
+        <translation>Das Bild von %1 wurde aus %2 gemacht, das sich seither geändert hat.</translation>
     </message>
 </context>
 <context>

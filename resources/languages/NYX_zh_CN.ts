@@ -5037,6 +5037,21 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
         <source>The page whose findings are shown</source>
         <translation>显示其问题的页面</translation>
     </message>
+    <message>
+        <source>&amp;Ignore...</source>
+        <translation>忽略(&amp;I)...</translation>
+    </message>
+</context>
+<context>
+    <name>CImageRenewal</name>
+    <message>
+        <source>Convert again</source>
+        <translation>重新转换</translation>
+    </message>
+    <message>
+        <source>%1 was converted again, and nothing of the picture is different.</source>
+        <translation>%1 已重新转换，图像没有任何不同。</translation>
+    </message>
 </context>
 <context>
     <name>CheckFixes</name>
@@ -5067,6 +5082,10 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
     <message>
         <source>Ignore a finding</source>
         <translation>忽略一个问题</translation>
+    </message>
+    <message>
+        <source>&amp;Convert Again</source>
+        <translation>重新转换(&amp;C)</translation>
     </message>
 </context>
 <context>
@@ -5230,6 +5249,14 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
     <message>
         <source>Same name in C</source>
         <translation>C 名称相同</translation>
+    </message>
+    <message>
+        <source>Image file changed since</source>
+        <translation>图像文件之后有改动</translation>
+    </message>
+    <message>
+        <source>The image of %1 was made of %2, which has changed since.</source>
+        <translation>%1 的图像由 %2 转换而来，而该文件之后有改动。</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
 
@@ -38,7 +39,13 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRo
     m_view->setResults(m_results);
     connect(rounds, &CScreenRounds::drawn, m_results, &CCheckResults::takeScreen);
     connect(rounds, &CScreenRounds::done, m_results, &CCheckResults::takeProject);
-    connect(m_view, &CChecksView::filesChanged, rounds, &CScreenRounds::restart);
+    connect(m_view, &CChecksView::message, panels, &CMainPanels::report);
+    // Who comes back may have painted in another program.
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, m_results,
+            [this](Qt::ApplicationState state) {
+                if (state == Qt::ApplicationActive && m_dock->toggleViewAction()->isChecked())
+                    m_results->lookAtFiles();
+            });
     connect(m_view, &CChecksView::placeWanted, panels, &CMainPanels::goTo);
     connect(m_view, &CChecksView::countChanged, this, &CCheckActions::showCount);
     QAction *shown = m_dock->toggleViewAction(); // also while it is a tab behind another

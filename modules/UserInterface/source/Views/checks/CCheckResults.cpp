@@ -1,15 +1,44 @@
 #include "CCheckResults.h"
 
+#include "BackgroundWork.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "Rules.h"
+
+#include <QUndoStack>
 
 #include <algorithm>
+#include <utility>
 
 void CCheckResults::setProject(CProjectModel *project)
 {
+    if (m_project)
+        disconnect(m_project->undoStack(), nullptr, this, nullptr);
     m_project = project;
     m_screens.clear();
     m_ofProject.clear();
+    m_ofFiles.clear();
+    m_look.reset();
+    if (project) {
+        m_look = std::make_shared<CImageFileLook>();
+        m_ignored = project->propertyText(Rules::IgnoredKey);
+        connect(project->undoStack(), &QUndoStack::indexChanged, this,
+                &CCheckResults::followIgnored);
+    }
+    m_isLooking = false;
+    Q_EMIT changed();
+}
+
+/// Nothing tells of a change of the project itself but its steps.
+void CCheckResults::followIgnored()
+{
+    if (std::exchange(m_ignored, m_project->propertyText(Rules::IgnoredKey)) == m_ignored)
+        return;
+    for (QVector<SEntry> *entries : {&m_ofProject, &m_ofFiles})
+        for (SEntry &entry : *entries)
+            if (!entry.finding.screen)
+                entry.finding.ignoredBecause =
+                    Rules::ignoredBecause(m_ignored, entry.finding.rule, entry.finding.subject);
     Q_EMIT changed();
 }
 
@@ -54,6 +83,34 @@ void CCheckResults::takeProject()
     for (const SFinding &finding : ProjectChecks::ofProject(*m_project, images))
         m_ofProject.append(entryOf(finding));
     Q_EMIT changed();
+    lookAtFiles();
+}
+
+void CCheckResults::lookAtFiles()
+{
+    if (!m_project)
+        return;
+    m_looksAgain = m_isLooking;
+    if (std::exchange(m_isLooking, true))
+        return;
+    const auto look = m_look; // of this project alone
+    BackgroundWork::run(
+        this, [look, files = SImageFiles::of(*m_project)] { return look->look(files); },
+        [this, look](const SImageFiles::SState &state) {
+            if (look == m_look)
+                takeFiles(state);
+        });
+}
+
+void CCheckResults::takeFiles(const SImageFiles::SState &state)
+{
+    m_isLooking = false;
+    m_ofFiles.clear();
+    for (const SFinding &finding : ProjectChecks::ofFiles(*m_project, state))
+        m_ofFiles.append(entryOf(finding));
+    Q_EMIT changed();
+    if (m_looksAgain)
+        lookAtFiles();
 }
 
 QVector<CCheckResults::SEntry> CCheckResults::entries() const
@@ -74,5 +131,6 @@ QVector<CCheckResults::SEntry> CCheckResults::entries() const
     for (const SScreen &screen : qAsConst(screens))
         add(screen.entries);
     add(m_ofProject);
+    add(m_ofFiles);
     return all;
 }

@@ -7,6 +7,8 @@
 #include <QPersistentModelIndex>
 #include <QVector>
 
+#include <memory>
+
 class CProjectModel;
 
 /// The findings of the open project, as they were found last. What they are about may be gone
@@ -30,6 +32,8 @@ public:
     void takeScreen(const SScreenExport &screen);
     /// All screens were taken.
     void takeProject();
+    /// Looks at the image files, of which nothing in the project tells: in the background.
+    void lookAtFiles();
 
     CProjectModel *project() const { return m_project; }
     QVector<SEntry> entries() const;
@@ -46,8 +50,15 @@ private:
     };
 
     SEntry entryOf(const SFinding &finding) const;
+    void takeFiles(const SImageFiles::SState &state);
+    void followIgnored();
 
     CProjectModel *m_project = nullptr; ///< not owned
     QVector<SScreen> m_screens;         ///< in the order in which they were taken first
     QVector<SEntry> m_ofProject;
+    QVector<SEntry> m_ofFiles;
+    QString m_ignored; ///< what the project says of findings about it
+    std::shared_ptr<CImageFileLook> m_look;
+    bool m_isLooking = false;
+    bool m_looksAgain = false; ///< when it has looked
 };

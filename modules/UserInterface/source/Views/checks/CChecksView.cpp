@@ -1,5 +1,6 @@
 #include "CChecksView.h"
 
+#include "CImageRenewal.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CheckFixes.h"
@@ -229,15 +230,15 @@ void CChecksView::showMenu(const QPoint &place)
         return;
     const CCheckResults::SEntry entry = *found; // the list may be filled anew meanwhile
     QMenu menu(this);
-    if (CheckFixes::canIgnore(entry)) {
+    const bool hasPlace = entry.screen.isValid() || entry.item.isValid();
+    if (hasPlace)
         menu.addAction(tr("&Go There"), this, [this, row] { showPlace(row); });
-        if (entry.finding.ignoredBecause.isNull())
-            menu.addAction(tr("&Ignore Here..."), this, [this, &entry] { ignore(entry); });
-        else
-            menu.addAction(tr("&Ask About It Again"), this, [this, &entry] {
-                CheckFixes::ignore(*m_results->project(), entry, QString());
-            });
-    }
+    if (entry.finding.ignoredBecause.isNull())
+        menu.addAction(hasPlace ? tr("&Ignore Here...") : tr("&Ignore..."), this,
+                       [this, &entry] { ignore(entry); });
+    else
+        menu.addAction(tr("&Ask About It Again"), this,
+                       [this, &entry] { CheckFixes::ignore(*m_results->project(), entry, {}); });
     const QString fix = CheckFixes::mend(entry);
     if (!fix.isEmpty())
         menu.addAction(fix, this, [this, &entry] { mend(entry); });
@@ -250,7 +251,8 @@ void CChecksView::ignore(const CCheckResults::SEntry &entry)
     const QString reason =
         QInputDialog::getText(this, tr("Ignore a Finding"), tr("Why is it right as it is?"),
                               QLineEdit::Normal, QString(), &isGiven);
-    const bool isThere = entry.item.isValid() || entry.screen.isValid();
+    const bool isThere = !(entry.finding.item && !entry.item.isValid()) &&
+                         !(entry.finding.screen && !entry.screen.isValid());
     if (isGiven && isThere && m_results->project() && !reason.trimmed().isEmpty())
         CheckFixes::ignore(*m_results->project(), entry, reason);
 }
@@ -267,9 +269,15 @@ void CChecksView::mend(const CCheckResults::SEntry &entry)
     }
     if (!m_results->project())
         return;
+    if (entry.finding.rule == ERule::ChangedImage) {
+        CImageRenewal renewal(this);
+        connect(&renewal, &CImageRenewal::message, this, &CChecksView::message);
+        renewal.run(*m_results->project(), entry.finding.file);
+        return;
+    }
     CheckFixes::apply(*m_results->project(), entry);
     if (CheckFixes::removesFile(entry))
-        Q_EMIT filesChanged();
+        m_results->lookAtFiles();
 }
 
 void CChecksView::changeEvent(QEvent *event)

@@ -31,8 +31,7 @@ Q_SIGNALS:
     /// To be shown and selected: an item or a screen.
     void placeWanted(CItemModel *place);
     void countChanged(int count);
-    /// A file was removed: nothing in the project tells of that.
-    void filesChanged();
+    void message(const QString &text); ///< why something could not be done
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -1,6 +1,7 @@
 #include "CheckFixes.h"
 
 #include "CCommandChangeItemProperty.h"
+#include "CCommandChangeProjectProperty.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "ItemTree.h"
@@ -78,6 +79,8 @@ QString mend(const CCheckResults::SEntry &entry)
         return SText::tr("Give It a New &Id");
     case ERule::UnusedImage:
         return SText::tr("&Delete the File...");
+    case ERule::ChangedImage:
+        return SText::tr("&Convert Again");
     default:
         return {};
     }
@@ -86,7 +89,9 @@ QString mend(const CCheckResults::SEntry &entry)
 void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
 {
     if (removesFile(entry)) {
-        QFile::remove(entry.finding.file);
+        // The tools leave its size and its palette beside it.
+        for (const char *suffix : {"raw", "json", "lut"})
+            QFile::remove(entry.finding.file.chopped(3) + QLatin1String(suffix));
         return;
     }
     CItemModel *item = placeOf(project, entry);
@@ -98,20 +103,24 @@ void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
         change(project, *item, PropertyKey::Name, unusedName(project, *item), SText::tr("Rename"));
 }
 
-bool canIgnore(const CCheckResults::SEntry &entry)
-{
-    return entry.screen.isValid() || entry.item.isValid();
-}
-
 void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason)
 {
     CItemModel *item = placeOf(project, entry);
-    if (!item)
-        return;
+    const QString before =
+        item ? item->propertyText(Rules::IgnoredKey) : project.propertyText(Rules::IgnoredKey);
     const QString text =
-        Rules::withIgnored(item->propertyText(Rules::IgnoredKey), entry.finding.rule, reason);
-    change(project, *item, Rules::IgnoredKey, text.isEmpty() ? QVariant() : QVariant(text),
-           reason.isNull() ? SText::tr("Ask about it again") : SText::tr("Ignore a finding"));
+        Rules::withIgnored(before, entry.finding.rule, entry.finding.subject, reason);
+    const QString step =
+        reason.isNull() ? SText::tr("Ask about it again") : SText::tr("Ignore a finding");
+    if (item) {
+        change(project, *item, Rules::IgnoredKey, text.isEmpty() ? QVariant() : QVariant(text),
+               step);
+        return;
+    }
+    auto *command = new CCommandChangeProjectProperty(&project, Rules::IgnoredKey,
+                                                      text.isEmpty() ? QString() : text);
+    command->setText(step);
+    project.undoStack()->push(command);
 }
 
 } // namespace CheckFixes

@@ -14,9 +14,8 @@ void apply(CProjectModel &project, const CCheckResults::SEntry &entry);
 /// Whether it removes a file.
 bool removesFile(const CCheckResults::SEntry &entry);
 
-/// Whether the rule can be ignored there: for items and screens.
-bool canIgnore(const CCheckResults::SEntry &entry);
-/// A null reason ends it.
+/// Ignores the rule for the item or the screen, or what of the project it was found in. A null
+/// reason ends it.
 void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason);
 
 } // namespace CheckFixes

@@ -1,16 +1,21 @@
 #include "CChecksView.h"
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
+#include "CImageRenewal.h"
 #include "CItemModel.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "CScreenRounds.h"
 #include "CheckFixes.h"
+#include "ItemFactory.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
+#include "TestFiles.h"
 
+#include <QDir>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QUndoStack>
 #include <QtTest>
@@ -33,6 +38,7 @@ private Q_SLOTS:
     void mends_data();
     void mends();
     void ignoring();
+    void imagesArePaintedAnew();
     void waitsWhileBusy();
 
 private:
@@ -209,6 +215,52 @@ void tst_ChecksView::ignoring()
     CheckFixes::ignore(*m_project, first(), QString());
     QTRY_COMPARE_WITH_TIMEOUT(m_view->count(), 1, 10000);
     QCOMPARE(m_project->saveToBytes(&error), before);
+}
+
+/// Of which nothing in the project tells.
+void tst_ChecksView::imagesArePaintedAnew()
+{
+    const QTemporaryDir folder;
+    const auto paint = [&folder](Qt::GlobalColor colour) {
+        QImage picture(16, 16, QImage::Format_RGB32);
+        picture.fill(colour);
+        return picture.save(folder.filePath("logo.png"));
+    };
+    QDir::setCurrent(qEnvironmentVariable("KIV_BIN_DIR")); // where the image tools are
+    CProjectModel::setCurrent(m_project.get());
+    m_project->setWorkingDirectory(folder.path());
+    QVERIFY(paint(Qt::blue));
+    auto *image = ItemFactory::make(TypeName::Bitmap, m_project->library(), m_project.get());
+    m_project->screen(0)->appendRow(image);
+    CItemImages images(nullptr, nullptr);
+    const auto made = images.take(*image, folder.filePath("logo.png"), "RGB565");
+    QVERIFY(made);
+    for (auto it = made->values.begin(); it != made->values.end(); ++it)
+        image->setProperty(it.key(), it.value());
+    QVERIFY(paint(Qt::red));
+    m_results->lookAtFiles();
+    QTRY_VERIFY_WITH_TIMEOUT(rows().join('\n').contains("logo.png, which has changed"), 10000);
+
+    CImageRenewal(nullptr).run(*m_project, folder.filePath("logo.png"));
+    QCOMPARE(m_project->undoStack()->count(), 1);
+    QCOMPARE(image->propertyText(PropertyKey::BaseName), QString("logo_2"));
+    const QString unused = ": No item shows p_ConvertedImages/logo_RGB565.raw.";
+    m_results->lookAtFiles();
+    QTRY_COMPARE_WITH_TIMEOUT(rows().last(), unused, 10000);
+    const auto unusedEntry = m_results->entries().last();
+    const int count = rows().size();
+    CheckFixes::ignore(*m_project, unusedEntry, "for later");
+    QCOMPARE(rows().size(), count - 1);
+    m_project->undoStack()->undo();
+    QCOMPARE(rows().last(), unused);
+    CheckFixes::apply(*m_project, unusedEntry);
+    QCOMPARE(TestFiles::below(folder.filePath("p_ConvertedImages")).keys(),
+             QStringList({"logo.png", "logo_2.png", "logo_2_RGB565.json", "logo_2_RGB565.raw"}));
+    m_results->lookAtFiles();
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), count - 1, 10000);
+    m_project->undoStack()->undo();
+    QCOMPARE(image->propertyText(PropertyKey::BaseName), QString("logo"));
+    CProjectModel::setCurrent(nullptr);
 }
 
 void tst_ChecksView::waitsWhileBusy()
