@@ -16,6 +16,8 @@ CCommandAddItem::~CCommandAddItem() = default;
 
 void CCommandAddItem::redo()
 {
+    if (const CItemModel *parent = CItemModel::fromItem(m_parentItem))
+        RowOperations::setGrouped({m_item.get()}, *parent);
     RowOperations::insert(m_parentItem, 0, m_item.release());
 }
 

@@ -4,14 +4,6 @@
 
 #include <algorithm>
 
-namespace {
-void setGrouped(const RowOperations::Items &items, const CItemModel &parent)
-{
-    for (CItemModel *each : items)
-        each->setGrouped(parent.kind() == CItemModel::Kind::Group);
-}
-} // namespace
-
 CCommandMoveItems::CCommandMoveItems(const RowOperations::Items &items, CItemModel *target, int row,
                                      QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Move Item"), parent), m_items(items), m_target(target)
@@ -40,7 +32,7 @@ void CCommandMoveItems::redo()
 {
     for (const SSource &each : qAsConst(m_sources))
         RowOperations::take(each.parent, each.rows);
-    setGrouped(m_items, *m_target);
+    RowOperations::setGrouped(m_items, *m_target);
     RowOperations::insert(m_target, m_targetRows, m_items);
 }
 
@@ -48,7 +40,7 @@ void CCommandMoveItems::undo()
 {
     RowOperations::take(m_target, m_targetRows);
     for (const SSource &each : qAsConst(m_sources)) {
-        setGrouped(each.items, *each.parent);
+        RowOperations::setGrouped(each.items, *each.parent);
         RowOperations::insert(each.parent, each.rows, each.items);
     }
 }

@@ -5,7 +5,7 @@
 #include "ItemXml.h"
 #include "RowOperations.h"
 
-CCommandPaste::CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel> holding,
+CCommandPaste::CCommandPaste(CItemModel *target, std::unique_ptr<CScreenModel> holding,
                              QUndoCommand *parent)
     : QUndoCommand(QObject::tr("Paste"), parent),
       m_target(target),
@@ -14,8 +14,7 @@ CCommandPaste::CCommandPaste(CScreenModel *target, std::unique_ptr<CScreenModel>
 {
 }
 
-CCommandPaste::CCommandPaste(CScreenModel *target, const SItemElement &element,
-                             QUndoCommand *parent)
+CCommandPaste::CCommandPaste(CItemModel *target, const SItemElement &element, QUndoCommand *parent)
     : CCommandPaste(target,
                     std::make_unique<CScreenModel>(static_cast<CProjectModel *>(target->model())),
                     parent)
@@ -28,7 +27,9 @@ CCommandPaste::~CCommandPaste() = default;
 void CCommandPaste::redo()
 {
     const RowOperations::Rows rows = RowOperations::span(0, m_holding->rowCount());
-    RowOperations::insert(m_target, rows, RowOperations::take(m_holding.get(), rows));
+    const RowOperations::Items items = RowOperations::take(m_holding.get(), rows);
+    RowOperations::setGrouped(items, *m_target);
+    RowOperations::insert(m_target, rows, items);
 }
 
 void CCommandPaste::undo()

@@ -75,6 +75,12 @@ Rows rowsOf(const Items &items)
     return rows;
 }
 
+void setGrouped(const Items &items, const CItemModel &parent)
+{
+    for (CItemModel *each : items)
+        each->setGrouped(parent.kind() == CItemModel::Kind::Group);
+}
+
 QStandardItem *parentOf(const CItemModel &item)
 {
     const bool isTopmost = !item.parent() && item.model();

@@ -24,6 +24,8 @@ QVector<Run> runsOf(const Rows &rows);
 Rows span(int first, int count);
 /// Of children of one parent, in the order of their rows.
 Rows rowsOf(const Items &items);
+/// Marks items as members, or as none, for a parent that they go to.
+void setGrouped(const Items &items, const CItemModel &parent);
 /// The item's parent, also of a screen, which is the model's root; null in no tree.
 QStandardItem *parentOf(const CItemModel &item);
 

@@ -21,6 +21,7 @@
 #include "CWidgetPropertiesView.h"
 #include "CZoomComboWidget.h"
 #include "CanvasRoles.h"
+#include "ItemGeometry.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
@@ -292,13 +293,14 @@ private Q_SLOTS:
             CMenuBar::Paste,        CMenuBar::Duplicate,  CMenuBar::SelectAll,
             CMenuBar::SelectNone,   CMenuBar::Delete,     CMenuBar::SelectInverse,
             CMenuBar::Undo,         CMenuBar::Redo,       CMenuBar::Undo,
-            CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::NewPage};
+            CMenuBar::Group,        CMenuBar::Ungroup,    CMenuBar::NewPage,
+            CMenuBar::HideShow,     CMenuBar::LockUnlock, CMenuBar::PasteInPlace};
         for (int step = 0; step < 300; ++step) {
             QVector<CItemModel *> all;
             for (int row = 0; row < project->screenCount(); ++row)
                 collect(*project->screen(row), all);
             const auto any = [&] { return all.at(int(random.bounded(uint(all.size())))); };
-            const quint32 what = all.isEmpty() ? 99 : random.bounded(14U);
+            const quint32 what = all.isEmpty() ? 99 : random.bounded(20U);
             if (what < 2) {
                 m_explorer->expandAll();
                 Q_EMIT m_explorer->clicked(any()->index());
@@ -309,12 +311,22 @@ private Q_SLOTS:
                     project->screen(int(random.bounded(uint(project->screenCount())))));
             } else if (what == 4 && m_screens->currentView()) {
                 const auto views = m_screens->currentView()->screenScene()->itemViews();
-                for (CItemView *each : views)
-                    each->setSelected(random.bounded(2U) && !each->item()->isGrouped());
+                for (CItemView *each : views) {
+                    const bool isReachable = each->flags() & QGraphicsItem::ItemIsSelectable;
+                    each->setSelected(random.bounded(2U) && isReachable);
+                }
             } else if (what == 5 && m_screens->currentView()) {
                 QTest::keyClick(m_screens->currentView(), Qt::Key_Right, Qt::ShiftModifier);
             } else if (what == 6) {
                 change(*any(), random);
+            } else if (what == 8) {
+                m_window->arrangeActions()
+                    ->action(CItemArrange::EWhat(random.bounded(uint(CItemArrange::GapAcross))))
+                    ->trigger();
+            } else if (what == 9 && m_screens->currentView()) {
+                m_screens->currentView()->placeInMiddle("Kiv_Rectangle_T");
+            } else if (what < 14 && m_screens->currentView()) {
+                QTest::keyClick(m_screens->currentView(), Qt::Key_Return); // into a group
             } else if (what == 7 && project->screenCount() < 9) {
                 chooseInExplorer({project->screen(0)});
                 random.bounded(2U) ? m_explorer->cut() : m_explorer->copy();
@@ -327,14 +339,21 @@ private Q_SLOTS:
             for (const QModelIndex &each : m_explorer->selectionModel()->selectedIndexes()) {
                 CItemModel *item = CItemModel::fromItem(project->itemFromIndex(each));
                 inExplorer.insert(item);
-                if (item->parentItem() && item->parentItem() == m_screens->currentScreen())
+                const CItemModel *page = item->parentItem();
+                while (page && page->parentItem())
+                    page = page->parentItem();
+                if (page && page == m_screens->currentScreen())
                     onPage.insert(item);
             }
+            checkCanvas();
             const QList<CItemModel *> shown = m_screens->selectedItems();
             QCOMPARE(onPage, Items(shown.begin(), shown.end()));
             const CItemModel *inPanel =
                 m_window->findChild<CWidgetPropertiesView *>()->currentItemModel();
-            while (inPanel && inPanel->isGrouped())
+            const auto isSelected = [&](const CItemModel *item) {
+                return inExplorer.contains(const_cast<CItemModel *>(item));
+            };
+            while (inPanel && inPanel->isGrouped() && !isSelected(inPanel))
                 inPanel = inPanel->parentItem();
             QCOMPARE(inPanel, inExplorer.size() == 1 ? *inExplorer.begin() : nullptr);
         }
@@ -452,6 +471,97 @@ private Q_SLOTS:
             QCOMPARE(m_screens->currentScreen(), first);
             QCOMPARE(selected(), Items{item});
         }
+    }
+
+    /// What is below the entries of the canvas is enabled when it does something, for as long as
+    /// they are shown.
+    void menusOfTheContextMenu()
+    {
+        const CMenuBar *bar = m_window->actions();
+        QGuiApplication::clipboard()->clear();
+        CScreenView *view = m_screens->currentView();
+        for (const bool isAny : {false, true}) {
+            choose({});
+            if (isAny)
+                select("A");
+            {
+                QMenu menu(view);
+                view->commands()->addTo(&menu);
+                Q_EMIT view->menuAboutToShow(&menu);
+                QVERIFY(menu.actions().contains(bar->action(CMenuBar::Delete)));
+                for (const auto id : {CMenuBar::Delete, CMenuBar::Cut, CMenuBar::Copy,
+                                      CMenuBar::Duplicate, CMenuBar::ZoomSelection})
+                    QCOMPARE(bar->action(id)->isEnabled(), isAny);
+                QVERIFY(!bar->action(CMenuBar::Paste)->isEnabled());
+                QVERIFY(!bar->action(CMenuBar::PasteInPlace)->isEnabled());
+            }
+            QVERIFY(bar->action(CMenuBar::Delete)->isEnabled()); // also for texts
+            QVERIFY(!m_window->findChild<QAction *>("pasteToReplace")->isEnabled());
+        }
+        trigger(CMenuBar::Copy);
+        QVERIFY(m_window->findChild<QAction *>("pasteToReplace")->isEnabled());
+    }
+
+    /// Whatever comes while a group is entered becomes a member, in front of the others and
+    /// selected; back and forth again.
+    void newMembers()
+    {
+        CScreenView *view = m_screens->currentView();
+        select("AB");
+        trigger(CMenuBar::Copy);
+        trigger(CMenuBar::Group);
+        CItemModel *group = m_window->project()->screen(0)->childItem(0);
+        QUndoStack *stack = m_window->project()->undoStack();
+        const auto alt = [view](QEvent::Type type, int x) {
+            const QPoint pos = view->mapFromScene(x, 30);
+            QMouseEvent event(type, pos, view->viewport()->mapToGlobal(pos), Qt::LeftButton,
+                              Qt::LeftButton, Qt::AltModifier);
+            QCoreApplication::sendEvent(view->viewport(), &event);
+        };
+        const std::function<void()> ways[] = {[&] { trigger(CMenuBar::Duplicate); },
+                                              [&] { trigger(CMenuBar::Paste); },
+                                              [&] { view->placeInMiddle("Kiv_Rectangle_T"); },
+                                              [&] {
+                                                  alt(QEvent::MouseButtonPress, 30);
+                                                  alt(QEvent::MouseMove, 300);
+                                                  alt(QEvent::MouseButtonRelease, 300);
+                                              },
+                                              [&] { view->commands()->pasteToReplace(); }};
+        for (const auto &way : ways) {
+            view->screenScene()->chooseModelItems({group});
+            QTest::keyClick(view, Qt::Key_Return);
+            const Items before = selected();
+            QCOMPARE(before, Items{group->childItem(0)});
+            const QByteArray bytes = m_window->project()->saveToBytes(nullptr);
+            way();
+            const Items after = selected();
+            QVERIFY(after.contains(group->childItem(0)) && after != before);
+            QCOMPARE(m_window->project()->screen(0)->rowCount(), 2);
+            checkCanvas();
+            trigger(CMenuBar::Undo);
+            QCOMPARE(m_window->project()->saveToBytes(nullptr), bytes);
+            QCOMPARE(selected(), before);
+            view->commands()->leaveGroup();
+            trigger(CMenuBar::Redo);
+            QCOMPARE(selected(), after);
+            checkCanvas();
+            trigger(CMenuBar::Undo);
+        }
+        group->childItem(1)->setLocked(true);
+        trigger(CMenuBar::SelectAll);
+        trigger(CMenuBar::Delete); // what is locked stays, as of the whole group
+        QCOMPARE(names(m_window->project()->screen(0)), "(B)C");
+        trigger(CMenuBar::Undo);
+        view->commands()->leaveGroup();
+        trigger(CMenuBar::Cut);
+        QCOMPARE(names(m_window->project()->screen(0)), "(B)C");
+        group->childItem(0)->setLocked(false);
+        trigger(CMenuBar::Delete); // with the last member its group goes
+        QCOMPARE(names(m_window->project()->screen(0)), "C");
+        while (stack->canUndo())
+            trigger(CMenuBar::Undo);
+        QCOMPARE(names(m_window->project()->screen(0)), "ABC");
+        checkCanvas();
     }
 
     /// After its member, a press on the group that is selected already.
@@ -892,6 +1002,24 @@ private:
                 all.removeAt(behind);
         }
         return all.join(QString());
+    }
+
+    /// The canvas is as its model is, and knows of no group that is gone.
+    void checkCanvas()
+    {
+        const CScreenView *view = m_screens->currentView();
+        QVector<CItemModel *> items;
+        if (view)
+            collect(*view->screen(), items);
+        for (CItemModel *each : items.mid(1)) {
+            const CItemView *its = view->screenScene()->viewOf(each);
+            QVERIFY(its && its->pos() == QPointF(each->x(), each->y()));
+            QCOMPARE(its->sceneRect(), ItemGeometry::frameOf(*each));
+            CItemModel *entered = view->screenScene()->entered();
+            QVERIFY(!entered || (items.contains(entered) && !entered->isUnderLock()));
+            QCOMPARE(each->isGrouped(), each->parentItem() != view->screen());
+            QCOMPARE(each->isSelectable(), !each->isGrouped() || each->parentItem() == entered);
+        }
     }
 
     void checkRows(const QString &first, const QString &second)

@@ -143,12 +143,16 @@ void CEditCommands::cut()
         m_panels->explorer()->cut();
         return;
     }
+    ItemClipboard::cut(going());
+}
+
+/// All that is selected, having told of what stays.
+ItemOperations::Items CEditCommands::going() const
+{
     const ItemOperations::Items selected = items();
-    QMimeData *copied = ItemClipboard::toMimeData(selected);
-    if (!copied)
-        return; // nothing is taken away that could not be pasted
-    QGuiApplication::clipboard()->setMimeData(copied);
-    ItemOperations::remove(selected, CSelectionCommands::tr("Cut"));
+    if (ItemOperations::removable(selected) != selected)
+        m_panels->report(CSelectionCommands::whatStays());
+    return selected;
 }
 
 /// What was copied last is pasted, widgets or pages.
@@ -179,7 +183,7 @@ void CEditCommands::duplicate()
 void CEditCommands::remove()
 {
     if (!isForFocused(EText::Delete))
-        ItemOperations::remove(items(), tr("Delete Selected Items"));
+        ItemOperations::remove(going(), tr("Delete Selected Items"));
 }
 
 void CEditCommands::selectAll()

@@ -5,6 +5,7 @@
 #include "CMainWindow.h"
 #include "CMenuBarTables.h"
 #include "CRecentProjects.h"
+#include "CScreenView.h"
 #include "CThemeIcons.h"
 #include "CZoomComboWidget.h"
 #include "ShownText.h"
@@ -249,6 +250,25 @@ void CMenuBar::complete(QMenu *contextMenu) const
         if (isKnown)
             entry->setShortcut(m_actions[size_t(id)]->shortcut());
     }
+    // What the entries know of what is selected holds for the menus below them, too, for as long as
+    // the context menu is there. The menu bar cannot tell: its actions are for texts as well.
+    const auto follow = [this, contextMenu](EAction id, const char *entry) {
+        const auto *known = contextMenu->findChild<QAction *>(QLatin1String(entry));
+        action(id)->setEnabled(known && known->isEnabled());
+        connect(contextMenu, &QObject::destroyed, action(id),
+                [this, id] { action(id)->setEnabled(m_window->project() != nullptr); });
+    };
+    follow(Cut, "Cut");
+    follow(Copy, "Copy");
+    follow(Paste, "Paste");
+    follow(PasteInPlace, "Paste");
+    follow(Duplicate, "Duplicate");
+    follow(Delete, "Cut");
+    follow(ZoomSelection, "Copy");
+    const auto *view = qobject_cast<CScreenView *>(contextMenu->parentWidget());
+    action(ZoomPrevious)->setEnabled(!view || view->hasPreviousZoom());
+    connect(contextMenu, &QObject::destroyed, action(ZoomPrevious),
+            [this] { action(ZoomPrevious)->setEnabled(true); });
     contextMenu->addSeparator();
     contextMenu->addAction(action(Delete));
     contextMenu->addMenu(menu(ArrangeMenu));

@@ -6,10 +6,16 @@
 #include "CScreen.h"
 #include "CScreenView.h"
 #include "CSelectionCommands.h"
+#include "ItemClipboard.h"
+#include "ItemOperations.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
+
+#include <algorithm>
 
 CStyleActions::CStyleActions(QMainWindow *window, CMainPanels *panels, QMenu *menu)
     : QObject(window),
@@ -30,6 +36,7 @@ CStyleActions::CStyleActions(QMainWindow *window, CMainPanels *panels, QMenu *me
     connect(m_paste, &QAction::triggered, this, &CStyleActions::paste);
     connect(m_replace, &QAction::triggered, this, &CStyleActions::replace);
     connect(panels, &CMainPanels::selectionShown, this, &CStyleActions::update);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &CStyleActions::update);
     retranslate();
     update();
 }
@@ -63,7 +70,11 @@ void CStyleActions::update()
     const bool isAny = !items().isEmpty();
     m_copy->setEnabled(isAny);
     m_paste->setEnabled(isAny && !m_style.isEmpty());
-    m_replace->setEnabled(isAny);
+    const auto selected = items();
+    m_replace->setEnabled(
+        std::any_of(selected.begin(), selected.end(),
+                    [](const CItemModel *each) { return ItemOperations::mayGo(*each); }) &&
+        ItemClipboard::canPaste(QGuiApplication::clipboard()->mimeData()));
 }
 
 void CStyleActions::copy()

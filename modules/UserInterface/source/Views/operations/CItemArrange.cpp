@@ -2,19 +2,24 @@
 
 #include "ArrangeRule.h"
 #include "CCommandChangeItemProperty.h"
+#include "CGestureRecorder.h"
 #include "CItemModel.h"
+#include "CItemScale.h"
 #include "CProjectModel.h"
 #include "ItemGeometry.h"
 #include "ItemMove.h"
 #include "ItemOutline.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
+#include <QPolygonF>
 #include <QTransform>
 #include <QUndoStack>
 
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace {
 using ArrangeRule::EEdge;
@@ -26,6 +31,48 @@ bool isSized(const CItemModel &item)
     return item.kind() == CItemModel::Kind::Widget && item.isResizeable() && !item.hasPointList() &&
            std::any_of(keys.begin(), keys.end(),
                        [&item](const QString &key) { return item.hasProperty(key); });
+}
+
+/// What of an item moves, and changes its size, with it: itself, or members of a group.
+void addFree(const CItemModel &item, QVector<const CItemModel *> &free)
+{
+    if (item.isLocked())
+        return;
+    if (item.rowCount() == 0)
+        free.append(&item);
+    for (int row = 0; row < item.rowCount(); ++row)
+        addFree(*item.childItem(row), free);
+}
+
+QVector<const CItemModel *> freeOf(const CItemModel &item)
+{
+    QVector<const CItemModel *> free;
+    addFree(item, free);
+    return free;
+}
+
+bool isFixed(const CItemModel &item)
+{
+    return freeOf(item).isEmpty();
+}
+
+/// Of a group what is not locked, which is all that can come to a place.
+QRectF freeFrameOf(const CItemModel &item)
+{
+    const auto isLocked = [](const CItemModel &each) { return each.isLocked(); };
+    if (item.rowCount() == 0 || isFixed(item) || !findItem(item, isLocked))
+        return CItemArrange::frameOf(item);
+    QPolygonF corners;
+    for (const CItemModel *each : freeOf(item)) {
+        const QRectF frame = ItemGeometry::frameOf(*each);
+        corners << frame.topLeft() << frame.bottomRight();
+    }
+    return corners.boundingRect();
+}
+
+bool isGroup(const CItemModel &item)
+{
+    return item.kind() == CItemModel::Kind::Group;
 }
 
 void addSize(QUndoCommand *step, CItemModel *item, const QString &key, double wanted)
@@ -117,7 +164,7 @@ QString CItemArrange::lack(EWhat what) const
                : isDistribution ? tr("Select three or more items first")
                                 : tr("Select two or more items first");
     const auto isFree = [isSize](const CItemModel *each) {
-        return !each->isLocked() && (!isSize || isSized(*each));
+        return !isFixed(*each) && (!isSize || isGroup(*each) || isSized(*each));
     };
     if (isSize)
         return std::any_of(m_items.begin() + 1, m_items.end(), isFree)
@@ -139,7 +186,7 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
         m_reference == EReference::KeyItem ? m_items.constFirst() : nullptr; // which stays
     ArrangeRule::Spans spans;
     for (const CItemModel *each : m_items)
-        spans.append(spanOf(frameOf(*each), each->isLocked() || each == key));
+        spans.append(spanOf(freeFrameOf(*each), isFixed(*each) || each == key));
     if (what == DistributeAcross || what == DistributeDown)
         return ArrangeRule::distributeGaps(spans);
     if (what == GapAcross || what == GapDown)
@@ -161,7 +208,7 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
     // What is centred keeps its arrangement; what is locked stays and does not count.
     std::optional<ArrangeRule::SSpan> together;
     for (int index = 0; index < spans.size(); ++index) {
-        if (m_items.at(index)->isLocked())
+        if (isFixed(*m_items.at(index)))
             continue;
         if (!together)
             together = spans.at(index);
@@ -171,6 +218,30 @@ QVector<int> CItemArrange::steps(EWhat what, Qt::Orientation axis, int gap) cons
     const ArrangeRule::SSpan all = together.value_or(spans.constFirst());
     const int step = ArrangeRule::align({all}, pageSpan, EEdge::Middle).constFirst();
     return QVector<int>(spans.size(), step);
+}
+
+/// Groups as by a drag of their frame, all at once; they are as they will be afterwards.
+void CItemArrange::resizeGroups(CGestureRecorder &recorder, bool isWidth, bool isHeight) const
+{
+    const QSizeF size = ItemGeometry::frameOf(*m_items.constFirst()).size();
+    std::vector<CItemScale> scales;
+    QVector<CItemModel *> items;
+    for (CItemModel *each : m_items.mid(1)) {
+        if (!isGroup(*each) || isFixed(*each))
+            continue;
+        scales.push_back(CItemScale({each}));
+        items += scales.back().items();
+    }
+    recorder.begin(items, CItemScale::keys());
+    for (const CItemScale &each : scales) {
+        QRectF frame = each.frame();
+        const QSizeF free = freeFrameOf(*each.items().constFirst()).size();
+        if (isWidth && free.width() > 0)
+            frame.setWidth(frame.width() * size.width() / free.width());
+        if (isHeight && free.height() > 0)
+            frame.setHeight(frame.height() * size.height() / free.height());
+        each.apply(frame);
+    }
 }
 
 void CItemArrange::resize(QUndoCommand *step, bool isWidth, bool isHeight) const
@@ -207,13 +278,23 @@ void CItemArrange::run(EWhat what, const QString &macroText, int gap) const
     auto step = std::make_unique<QUndoCommand>(macroText);
     for (int index = 0; index < m_items.size(); ++index) {
         CItemModel *item = m_items.at(index);
-        if (!item->isLocked() && (across.at(index) != 0 || down.at(index) != 0))
+        if (!isFixed(*item) && (across.at(index) != 0 || down.at(index) != 0))
             ItemMove::commands(item,
                                QPointF(item->x() + across.at(index), item->y() + down.at(index)),
                                step.get());
     }
-    if (isSize)
+    QUndoStack &stack = *m_items.constFirst()->project()->undoStack();
+    CGestureRecorder groups;
+    if (isSize) {
         resize(step.get(), what != SameHeight, what != SameWidth);
+        resizeGroups(groups, what != SameHeight, what != SameWidth);
+    }
+    const bool areGroups = !groups.changedItems().isEmpty();
+    if (areGroups)
+        stack.beginMacro(macroText);
+    groups.record(QString());
     if (step->childCount() > 0)
-        m_items.constFirst()->project()->undoStack()->push(step.release());
+        stack.push(step.release());
+    if (areGroups)
+        stack.endMacro();
 }

@@ -4,12 +4,13 @@
 #include <QRectF>
 #include <QVector>
 
+class CGestureRecorder;
 class CItemModel;
 class QUndoCommand;
 
 /// Aligns, distributes, sizes and centres items of one page, recorded as one step. Items are taken
-/// by their frames, turned ones by what they take up on the page, groups as one. What is locked
-/// stays where it is and as large as it is.
+/// by their frames, turned ones by what they take up on the page, groups as one by what of them is
+/// not locked. What is locked stays where it is and as large as it is.
 class CItemArrange
 {
     Q_DECLARE_TR_FUNCTIONS(CItemArrange)
@@ -63,6 +64,7 @@ public:
 private:
     QVector<int> steps(EWhat what, Qt::Orientation axis, int gap) const;
     void resize(QUndoCommand *step, bool isWidth, bool isHeight) const;
+    void resizeGroups(CGestureRecorder &recorder, bool isWidth, bool isHeight) const;
 
     const QVector<CItemModel *> m_items;
     const EReference m_reference;

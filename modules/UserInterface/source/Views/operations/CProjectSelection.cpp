@@ -152,7 +152,7 @@ void CProjectSelection::rowsInserted(const QModelIndex &parent, int first, int l
     touch(itemAt(parent, first));
     for (int row = first; row <= last; ++row) {
         CItemModel *item = itemAt(parent, row);
-        if (item && !item->isMoving() && !item->isGrouped())
+        if (item && !item->isMoving())
             m_arrived.append(item);
     }
 }
@@ -206,7 +206,11 @@ bool CProjectSelection::isReplayed(int index)
 void CProjectSelection::endStep(int index)
 {
     const QList<CItemModel *> touched = std::exchange(m_touched, {}).list();
-    const QList<CItemModel *> arrived = std::exchange(m_arrived, {}).list();
+    QList<CItemModel *> arrived = std::exchange(m_arrived, {}).list();
+    // Members are, in the group that their canvas has entered.
+    arrived.erase(std::remove_if(arrived.begin(), arrived.end(),
+                                 [](const CItemModel *each) { return !each->isSelectable(); }),
+                  arrived.end());
     const bool haveRowsChanged = std::exchange(m_haveRowsChanged, false);
     m_lastTouched = nullptr;
     const int last = m_index;

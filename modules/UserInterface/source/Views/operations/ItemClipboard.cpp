@@ -9,6 +9,7 @@
 #include "CScreenModel.h"
 #include "ItemGeometry.h"
 #include "ItemNames.h"
+#include "ItemOperations.h"
 #include "ItemTree.h"
 #include "ItemXml.h"
 #include "PastePlace.h"
@@ -16,7 +17,9 @@
 #include "RowOperations.h"
 #include "ScreenDocuments.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QUndoStack>
 
@@ -25,9 +28,9 @@
 namespace {
 using ItemClipboard::Items;
 
-QUndoStack &stackOf(const CScreenModel &screen)
+QUndoStack &stackOf(const CItemModel &item)
 {
-    return *screen.project()->undoStack();
+    return *item.project()->undoStack();
 }
 
 /// Of the page that items were copied from; its width and height. What reads only the items does
@@ -52,30 +55,39 @@ void unlockMembers(CItemModel &parent)
 /// How far the copies go from where they were copied; they stand there when it is asked.
 using Placing = std::function<QPoint(const Items &copies)>;
 
-Placing placing(const CScreenModel &screen, const QMimeData &data, std::optional<QPoint> by)
+Placing placing(const CItemModel &into, const QMimeData &data, std::optional<QPoint> by)
 {
     const QSize from = pageSizeOf(data);
-    return [&screen, from, by](const Items &copies) {
+    return [&into, from, by](const Items &copies) {
         if (!by)
-            return PastePlace::offset(copies, screen, from);
-        return *by + (by->isNull() ? PastePlace::ontoPage(copies, screen, from) : QPoint());
+            return PastePlace::offset(copies, into, from);
+        const QSize page = into.project()->resolution();
+        return *by + (by->isNull() ? PastePlace::ontoPage(copies, page, from) : QPoint());
     };
 }
 
-/// Those of the screen's items, but of one that is about to go.
-ItemNames::Names takenNames(const CScreenModel &screen, const CItemModel *leaving)
+/// Those of what is below a screen or group, but of one item that is about to go.
+void addTaken(ItemNames::Names &taken, const CItemModel &parent, const CItemModel *leaving)
 {
-    ItemNames::Names taken;
-    for (int row = 0; row < screen.rowCount(); ++row) {
-        const CItemModel *item = screen.childItem(row);
-        if (item != leaving)
-            forEachItem(*item, [&taken](const CItemModel &each) { taken.insert(each.name()); });
+    for (int row = 0; row < parent.rowCount(); ++row) {
+        const CItemModel *item = parent.childItem(row);
+        if (item == leaving)
+            continue;
+        taken.insert(item->name());
+        addTaken(taken, *item, leaving);
     }
-    return taken;
+}
+
+const CItemModel &pageOf(const CItemModel &item)
+{
+    const CItemModel *page = &item;
+    while (page->parentItem())
+        page = page->parentItem();
+    return *page;
 }
 
 /// The step that would paste, and the items that it would bring; null when there is a problem.
-std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &data, QString *problem,
+std::unique_ptr<QUndoCommand> pasting(CItemModel &into, const QMimeData &data, QString *problem,
                                       const Placing &place, Items *pasted,
                                       const CItemModel *leaving = nullptr)
 {
@@ -92,23 +104,23 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
     };
     if (!copied)
         return refuse(reason);
-    CImageImport images(screen.project());
+    CImageImport images(into.project());
     const QString error = images.bring(*copied);
     if (problem)
         *problem = error.isEmpty() ? images.missing() : error;
     if (!error.isEmpty())
         return nullptr;
-    CFontImport fonts(screen.project());
+    CFontImport fonts(into.project());
     const QString lack = fonts.bring(*copied, data.data(CFontImport::Mime));
     if (problem && problem->isEmpty())
         *problem = lack; // texts are pasted all the same
     // Ids, names and place are settled before the command is made: they are no change of the pasted
     // items.
-    auto holding = std::make_unique<CScreenModel>(screen.project());
+    auto holding = std::make_unique<CScreenModel>(into.project());
     ItemXml::read(*holding, *copied);
     copied.reset();
     unlockMembers(*holding);
-    screen.project()->assignFreshIds(holding.get());
+    into.project()->assignFreshIds(holding.get());
     const int count = holding->rowCount();
     reason = count == 0
                  ? QCoreApplication::translate("CSelectionCommands", "There is no widget in it.")
@@ -124,7 +136,8 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
                                    CItemModel::Notify::No); // it is to be seen where it goes
     }
     const QPoint by = place(copies);
-    ItemNames::Names taken = takenNames(screen, leaving);
+    ItemNames::Names taken;
+    addTaken(taken, pageOf(into), leaving);
     for (CItemModel *each : qAsConst(copies)) {
         PastePlace::move(*each, by);
         ItemNames::makeUnique(*each, taken);
@@ -132,8 +145,8 @@ std::unique_ptr<QUndoCommand> pasting(CScreenModel &screen, const QMimeData &dat
     *pasted = copies;
     auto step = std::make_unique<QUndoCommand>(QObject::tr("Paste"));
     if (!fonts.command(step.get()))
-        return std::make_unique<CCommandPaste>(&screen, std::move(holding));
-    new CCommandPaste(&screen, std::move(holding), step.get());
+        return std::make_unique<CCommandPaste>(&into, std::move(holding));
+    new CCommandPaste(&into, std::move(holding), step.get());
     return step;
 }
 } // namespace
@@ -162,52 +175,61 @@ bool ItemClipboard::canPaste(const QMimeData *data)
     return data && data->hasFormat(ScreenDocuments::CopiedItemsMime);
 }
 
-Items ItemClipboard::paste(CScreenModel &screen, const QMimeData &data, QString *problem,
+void ItemClipboard::cut(const Items &items)
+{
+    const Items going = ItemOperations::removable(items);
+    QMimeData *copied = toMimeData(going);
+    if (!copied)
+        return;
+    QGuiApplication::clipboard()->setMimeData(copied);
+    ItemOperations::remove(going, QCoreApplication::translate("CSelectionCommands", "Cut"));
+}
+
+Items ItemClipboard::paste(CItemModel &into, const QMimeData &data, QString *problem,
                            std::optional<QPoint> by)
 {
     Items pasted;
-    if (auto step = pasting(screen, data, problem, placing(screen, data, by), &pasted))
-        stackOf(screen).push(step.release());
+    if (auto step = pasting(into, data, problem, placing(into, data, by), &pasted))
+        stackOf(into).push(step.release());
     return pasted;
 }
 
-std::unique_ptr<QUndoCommand> ItemClipboard::duplication(CScreenModel &screen, const Items &items,
+std::unique_ptr<QUndoCommand> ItemClipboard::duplication(CItemModel &into, const Items &items,
                                                          std::optional<QPoint> by, Items *copies)
 {
     const std::unique_ptr<QMimeData> copied(toMimeData(items));
     auto step =
-        copied ? pasting(screen, *copied, nullptr, placing(screen, *copied, by), copies) : nullptr;
+        copied ? pasting(into, *copied, nullptr, placing(into, *copied, by), copies) : nullptr;
     if (step)
         step->setText(QCoreApplication::translate("CSelectionCommands", "Duplicate"));
     return step;
 }
 
-Items ItemClipboard::duplicate(CScreenModel &screen, const Items &items, std::optional<QPoint> by)
+Items ItemClipboard::duplicate(CItemModel &into, const Items &items, std::optional<QPoint> by)
 {
     Items copies;
-    if (auto step = duplication(screen, items, by, &copies))
-        stackOf(screen).push(step.release());
+    if (auto step = duplication(into, items, by, &copies))
+        stackOf(into).push(step.release());
     return copies;
 }
 
-Items ItemClipboard::replace(CScreenModel &screen, const Items &items, const QMimeData &data,
-                             QString *problem)
+Items ItemClipboard::replace(const Items &items, const QMimeData &data, QString *problem)
 {
     Items all;
     for (CItemModel *each : items) {
-        if (each->isLocked())
+        if (!ItemOperations::mayGo(*each))
             continue;
         const QPointF corner = ItemGeometry::frameOf(*each).topLeft();
         Items copies;
         auto step = pasting(
-            screen, data, problem,
+            *each->parentItem(), data, problem,
             [&corner](const Items &made) {
                 return (corner - ItemGeometry::frameOf(made).topLeft()).toPoint();
             },
             &copies, each);
         if (!step)
             break; // as for all others
-        QUndoStack &stack = stackOf(screen);
+        QUndoStack &stack = stackOf(*each);
         if (all.isEmpty())
             stack.beginMacro(QCoreApplication::translate("CSelectionCommands", "Paste to Replace"));
         stack.push(step.release());
@@ -219,6 +241,6 @@ Items ItemClipboard::replace(CScreenModel &screen, const Items &items, const QMi
         all += copies;
     }
     if (!all.isEmpty())
-        stackOf(screen).endMacro();
+        stackOf(*all.constFirst()).endMacro();
     return all;
 }

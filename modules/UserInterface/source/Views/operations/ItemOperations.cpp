@@ -17,6 +17,7 @@
 #include "RowOperations.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QMap>
 #include <QSet>
 #include <QUndoStack>
@@ -99,6 +100,33 @@ QVector<Items> withoutScreens(Items items)
     return byParent(items);
 }
 
+void addGoing(CItemModel &item, Items &going)
+{
+    if (!item.parentItem() || ItemOperations::mayGo(item)) {
+        going.append(&item);
+        return;
+    }
+    for (int row = 0; row < item.rowCount() && !item.isUnderLock(); ++row)
+        addGoing(*item.childItem(row), going);
+}
+
+/// Groups in the place of their members, where all of these are to go.
+Items withEmptied(Items going)
+{
+    QHash<CItemModel *, int> leaving;                    // of each group
+    for (int index = 0; index < going.size(); ++index) { // which grows
+        CItemModel *group = going.at(index)->isGrouped() ? going.at(index)->parentItem() : nullptr;
+        if (group && ++leaving[group] == group->rowCount())
+            going.append(group);
+    }
+    const auto isWithGroup =
+        [all = QSet<CItemModel *>(going.begin(), going.end())](const CItemModel *each) {
+            return each->isGrouped() && all.contains(each->parentItem());
+        };
+    going.erase(std::remove_if(going.begin(), going.end(), isWithGroup), going.end());
+    return going;
+}
+
 bool isAnyGrouped(const Items &items)
 {
     return std::any_of(items.begin(), items.end(),
@@ -112,6 +140,14 @@ Items ItemOperations::inOrder(const Items &items)
     for (const Items &each : byParent(items))
         ordered += each;
     return ordered;
+}
+
+bool ItemOperations::canOrder(const Items &items, EOrder where)
+{
+    const QVector<Items> sorted = withoutScreens(items);
+    return std::any_of(sorted.begin(), sorted.end(), [where](const Items &each) {
+        return newRows(each, where) != RowOperations::rowsOf(each);
+    });
 }
 
 void ItemOperations::order(const Items &items, EOrder where)
@@ -216,13 +252,28 @@ Items ItemOperations::ungroup(CScreenModel &screen, const Items &items)
     return members;
 }
 
+bool ItemOperations::mayGo(const CItemModel &item)
+{
+    const auto isLocked = [](const CItemModel &each) { return each.isLocked(); };
+    return !item.isUnderLock() && !findItem(item, isLocked);
+}
+
+Items ItemOperations::removable(const Items &items)
+{
+    Items going;
+    for (CItemModel *each : items)
+        addGoing(*each, going);
+    return going;
+}
+
 void ItemOperations::remove(const Items &items, const QString &macroText)
 {
-    if (items.isEmpty())
+    const Items going = removable(items);
+    if (going.isEmpty())
         return;
-    QUndoStack &stack = *items.constFirst()->project()->undoStack();
+    QUndoStack &stack = *going.constFirst()->project()->undoStack();
     stack.beginMacro(macroText);
-    for (const Items &each : byParent(items)) {
+    for (const Items &each : byParent(withEmptied(going))) {
         if (each.constFirst()->parent()) {
             stack.push(new CCommandDeleteItem(each));
             continue;

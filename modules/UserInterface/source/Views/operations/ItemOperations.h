@@ -20,6 +20,7 @@ enum class EOrder { ToFront, ToBack, Forward, Backward };
 /// Items of any screens and groups, in any order; each stays in its own. Screens among them are
 /// left alone.
 void order(const Items &items, EOrder where);
+bool canOrder(const Items &items, EOrder where); ///< whether any of them is not there yet
 
 /// Unlocks items of any screens when all are locked, and locks them otherwise.
 void toggleLock(const Items &items);
@@ -33,7 +34,13 @@ void setHidden(const Items &items, bool isHidden);
 CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &position);
 /// What were members of the groups among the items; nothing for groups that are members.
 Items ungroup(CScreenModel &screen, const Items &items);
-/// Items of any screens, and screens.
+/// Whether nothing of it is locked, nor what it is in.
+bool mayGo(const CItemModel &item);
+/// What of the items is taken away with them: of groups that hold something locked the other
+/// members, of locked items nothing. Screens are not asked for locks.
+Items removable(const Items &items);
+/// Takes away what is removable of items of any screens, and screens. A group that loses its last
+/// member goes as well.
 void remove(const Items &items, const QString &macroText);
 
 /// Makes items of any screen of the project the foremost ones of this screen; those that are its

@@ -1,8 +1,8 @@
 #include "PastePlace.h"
 
 #include "CItemDocument.h"
+#include "CItemModel.h"
 #include "CProjectModel.h"
-#include "CScreenModel.h"
 #include "ItemGeometry.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
@@ -69,10 +69,10 @@ void shift(CItemModel &item, const QString &key, int by)
 }
 } // namespace
 
-QPoint PastePlace::ontoPage(const QVector<CItemModel *> &items, const CScreenModel &screen,
+QPoint PastePlace::ontoPage(const QVector<CItemModel *> &items, const QSize &size,
                             const QSize &from)
 {
-    const QRectF page(QPointF(), QSizeF(screen.project()->resolution()));
+    const QRectF page(QRect(QPoint(), size));
     const QRectF box = ItemGeometry::frameOf(items);
     if (!from.isEmpty() && from.width() <= page.width() && from.height() <= page.height())
         return {};
@@ -81,19 +81,20 @@ QPoint PastePlace::ontoPage(const QVector<CItemModel *> &items, const CScreenMod
         .toPoint();
 }
 
-QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CScreenModel &screen,
+QPoint PastePlace::offset(const QVector<CItemModel *> &items, const CItemModel &into,
                           const QSize &from)
 {
-    const QRectF page(QPointF(), QSizeF(screen.project()->resolution()));
+    const QSize size = into.project()->resolution();
+    const QRectF page(QRect(QPoint(), size));
     const QRectF box = ItemGeometry::frameOf(items);
     QVector<Content> pasted;
     for (const CItemModel *each : items)
         pasted.append(contentOf(*each));
-    const QPoint base = ontoPage(items, screen, from);
+    const QPoint base = ontoPage(items, size, from);
 
     QSet<Content> present;
-    for (int row = 0; row < screen.rowCount(); ++row)
-        present.insert(contentOf(*screen.childItem(row)));
+    for (int row = 0; row < into.rowCount(); ++row)
+        present.insert(contentOf(*into.childItem(row)));
     const auto isThere = [&](const QPoint &by) {
         return std::all_of(pasted.begin(), pasted.end(), [&](const Content &each) {
             return present.contains(

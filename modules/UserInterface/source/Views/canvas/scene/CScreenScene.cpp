@@ -136,8 +136,7 @@ void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last
         if (!item)
             continue;
         addViews(item);
-        if (parentItem == m_entered)
-            item->setSelectable(true);
+        item->setSelectable(parentItem == m_entered || !item->isGrouped());
     }
     rowsChanged(parentItem);
 }
@@ -349,6 +348,11 @@ bool CScreenScene::isReachable(const CItemModel &item) const
     while (around && around != &item)
         around = around->parentItem();
     return !around && !item.isGrouped();
+}
+
+CItemModel *CScreenScene::holder() const
+{
+    return m_entered ? m_entered : m_screen;
 }
 
 void CScreenScene::enter(CItemModel *group)

@@ -55,6 +55,8 @@ public:
     /// The group whose members are selected one by one; null for none. It is the one of the members
     /// that are selected: choosing something else leaves it.
     CItemModel *entered() const { return m_entered; }
+    /// What new items become rows of: the group that was entered, or the screen.
+    CItemModel *holder() const;
     /// The one of several selected items that others are arranged by; null for none.
     CItemModel *keyItem() const { return m_keyItem; }
     void setKeyItem(CItemModel *item);

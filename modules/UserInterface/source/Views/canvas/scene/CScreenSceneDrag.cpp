@@ -157,7 +157,7 @@ std::unique_ptr<CGesture> CScreenScene::copyOf(const CItemView &pressed)
     return std::make_unique<CCopyGesture>(
         [this, items] {
             CCopyGesture::SCopies copies;
-            copies.command = ItemClipboard::duplication(*m_screen, items, QPoint(), &copies.items);
+            copies.command = ItemClipboard::duplication(*holder(), items, QPoint(), &copies.items);
             return copies;
         },
         [this, grip](const QVector<CItemModel *> &copies) {

@@ -395,6 +395,14 @@ private Q_SLOTS:
         open({210, 110}); // on one of several selected items: they stay selected
         QVERIFY(enabled.contains("Lock/Unlock Multiple") && enabled.contains("Paste") &&
                 enabled.contains("Group Selected") && !enabled.contains("Ungroup"));
+        open({110, 110});
+        QVERIFY(!enabled.contains("Bring to Front") && !enabled.contains("Send Backward"));
+        canvas.select({other});
+        other->setLocked(true);
+        open({210, 110}); // it is behind the other, and stays
+        QVERIFY(enabled.contains("Bring Forward") && !enabled.contains("Send to Back"));
+        QVERIFY(enabled.contains("Copy") && !enabled.contains("Cut"));
+        canvas.select({item, other});
         canvas.view->group();
         open({110, 110});
         QVERIFY(enabled.contains("Ungroup") && !enabled.contains("Group Selected"));

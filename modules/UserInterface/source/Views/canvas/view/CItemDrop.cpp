@@ -304,7 +304,7 @@ void CItemDrop::add(Made made)
         set(*each, PropertyKey::Id, static_cast<int>(project.unusedId()));
         set(*each, PropertyKey::Name, ItemNames::unused(each->name(), ItemNames::below(*screen())));
         added.append(each.release());
-        project.undoStack()->push(new CCommandAddItem(screen(), added.constLast()));
+        project.undoStack()->push(new CCommandAddItem(m_scene->holder(), added.constLast()));
     }
     if (areSeveral)
         project.undoStack()->endMacro();

@@ -164,6 +164,11 @@ void CScreenView::showPreviousZoom()
     centerOn(previous->centre);
 }
 
+bool CScreenView::hasPreviousZoom() const
+{
+    return m_zoom->hasPrevious();
+}
+
 bool CScreenView::isGestureActive() const
 {
     return m_scene->isGestureActive() || m_guides->isHeld();

@@ -52,6 +52,7 @@ public:
     int zoomPercent() const;
     /// Asks for the zoom and the place of before the last change.
     void showPreviousZoom();
+    bool hasPreviousZoom() const;
     double scale() const { return transform().m11(); }
     /// Adds a widget of a kind to the middle of what is seen, selects it and takes the keys.
     void placeInMiddle(const QString &type);

@@ -20,10 +20,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-constexpr QPoint BesideMember(10, 10); // pixels, from a member of a group to its copy
-} // namespace
-
 CSelectionCommands::CSelectionCommands(CScreenScene *scene, QObject *parent)
     : QObject(parent), m_scene(scene)
 {
@@ -58,11 +54,14 @@ void CSelectionCommands::copy()
 void CSelectionCommands::cut()
 {
     const QVector<CItemModel *> items = selectedItems();
-    QMimeData *copied = ItemClipboard::toMimeData(items);
-    if (!copied)
-        return; // nothing is taken away that could not be pasted
-    QGuiApplication::clipboard()->setMimeData(copied);
-    ItemOperations::remove(items, tr("Cut"));
+    if (ItemOperations::removable(items) != items)
+        Q_EMIT message(whatStays());
+    ItemClipboard::cut(items);
+}
+
+QString CSelectionCommands::whatStays()
+{
+    return tr("What is locked stays. Unlock it to cut or delete it.");
 }
 
 void CSelectionCommands::paste()
@@ -83,8 +82,7 @@ void CSelectionCommands::pasteToReplace()
         return;
     }
     QString problem;
-    const QVector<CItemModel *> pasted =
-        ItemClipboard::replace(*screen(), selectedItems(), *copied, &problem);
+    const QVector<CItemModel *> pasted = ItemClipboard::replace(selectedItems(), *copied, &problem);
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
@@ -98,9 +96,7 @@ void CSelectionCommands::duplicate()
     std::optional<QPoint> by;
     if (items == m_copies && corner != m_copiedFrom)
         by = (corner - m_copiedFrom).toPoint();
-    else if (m_scene->entered())
-        by = BesideMember; // the copies come onto the page, where nothing stands in their way
-    m_copies = ItemClipboard::duplicate(*screen(), items, by);
+    m_copies = ItemClipboard::duplicate(*m_scene->holder(), items, by);
     m_copiedFrom = corner;
     if (!m_copies.isEmpty())
         m_scene->chooseModelItems(m_copies);
@@ -114,7 +110,8 @@ void CSelectionCommands::paste(std::optional<QPoint> by)
         return;
     }
     QString problem;
-    const QVector<CItemModel *> pasted = ItemClipboard::paste(*screen(), *copied, &problem, by);
+    const QVector<CItemModel *> pasted =
+        ItemClipboard::paste(*m_scene->holder(), *copied, &problem, by);
     if (!problem.isEmpty())
         Q_EMIT message(problem);
     if (!pasted.isEmpty())
@@ -125,7 +122,7 @@ void CSelectionCommands::paste(std::optional<QPoint> by)
 QVector<CItemModel *> CSelectionCommands::choosable() const
 {
     QVector<CItemModel *> items;
-    const CItemModel *parent = m_scene->entered() ? m_scene->entered() : screen();
+    const CItemModel *parent = m_scene->holder();
     for (int row = 0; row < parent->rowCount(); ++row) {
         CItemModel *item = parent->childItem(row);
         if (!item->isHidden())
@@ -218,8 +215,12 @@ CItemModel *CSelectionCommands::enterable() const
     const QVector<CItemModel *> items = selectedItems();
     CItemModel *group = items.size() == 1 ? items.constFirst() : nullptr;
     const bool isOpen = group && group->kind() == CItemModel::Kind::Group &&
-                        !group->isUnderLock() && !group->isUnderHidden() && group->rowCount() > 0;
-    return isOpen ? group : nullptr;
+                        !group->isUnderLock() && !group->isUnderHidden();
+    for (int row = 0; isOpen && row < group->rowCount(); ++row) {
+        if (!group->childItem(row)->isHidden())
+            return group;
+    }
+    return nullptr;
 }
 
 void CSelectionCommands::enterGroup()
@@ -332,15 +333,20 @@ void CSelectionCommands::addTo(QMenu *menu)
         action->setEnabled(enabled);
         return action;
     };
+    using EOrder = ItemOperations::EOrder;
+    const auto canOrder = [&items](EOrder where) { return ItemOperations::canOrder(items, where); };
     add("Copy", tr("Copy"), &CSelectionCommands::copy, any);
     add("Paste", tr("Paste"), &CSelectionCommands::paste,
         ItemClipboard::canPaste(QGuiApplication::clipboard()->mimeData()));
-    add("Cut", tr("Cut"), &CSelectionCommands::cut, any);
+    add("Cut", tr("Cut"), &CSelectionCommands::cut, !ItemOperations::removable(items).isEmpty());
     menu->addSeparator();
-    add("BringToFront", tr("Bring to Front"), &CSelectionCommands::toFront, any);
-    add("SendToBack", tr("Send to Back"), &CSelectionCommands::toBack, any);
-    add("BringForward", tr("Bring Forward"), &CSelectionCommands::forward, any);
-    add("SendBackward", tr("Send Backward"), &CSelectionCommands::backward, any);
+    add("BringToFront", tr("Bring to Front"), &CSelectionCommands::toFront,
+        canOrder(EOrder::ToFront));
+    add("SendToBack", tr("Send to Back"), &CSelectionCommands::toBack, canOrder(EOrder::ToBack));
+    add("BringForward", tr("Bring Forward"), &CSelectionCommands::forward,
+        canOrder(EOrder::Forward));
+    add("SendBackward", tr("Send Backward"), &CSelectionCommands::backward,
+        canOrder(EOrder::Backward));
     add("LockUnlock", items.size() > 1 ? tr("Lock/Unlock Multiple") : tr("Lock/Unlock"),
         &CSelectionCommands::toggleLock, any);
     add("Group", tr("Group Selected"), &CSelectionCommands::group, items.size() > 1 && !isInGroup);

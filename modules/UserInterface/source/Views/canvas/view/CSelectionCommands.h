@@ -26,7 +26,7 @@ public:
 
     void copy();
     void cut();
-    /// Selects what was pasted.
+    /// Into the group that was entered, or onto the page. Selects what was pasted.
     void paste();
     /// To where it was copied.
     void pasteInPlace();
@@ -66,6 +66,8 @@ public:
     void moveAll(const QVector<CItemModel *> &items, const QVector<QPointF> &newPositions);
     /// Carries one move out.
     void move(CItemModel *item, const QPointF &newPosition);
+
+    static QString whatStays(); ///< told when something of what was to go has a lock
 
     /// The entries of the context menu. Their names are those of the menu bar's
     /// actions, which have the keys.

@@ -35,6 +35,7 @@ public:
         QPointF centre; ///< scene units
     };
     std::optional<SPlace> previous();
+    bool hasPrevious() const { return m_previous.has_value(); }
     /// Works out the percentage anew: the view was shown or resized.
     void fit();
     /// The scene's rectangle is another one.

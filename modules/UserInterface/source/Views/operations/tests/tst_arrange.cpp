@@ -2,6 +2,7 @@
 #include "ArrangeRule.h"
 #include "CItemArrange.h"
 #include "CanvasTestSupport.h"
+#include "ItemOperations.h"
 
 #include <QUndoStack>
 
@@ -92,7 +93,10 @@ private Q_SLOTS:
             "135,85 30x30|10,20 30x30|270,40 30x50|175,105 40x30");
         row("height, of a circle both", W::SameHeight, "tck",
             "180,100 40x40|130,80 40x40|100,230 30x20");
-        row("size of no group", W::SameSize, "bgp", "");
+        row("a group as one", W::SameSize, "lgb", "240,40 60x50|350,200 60x50|10,20 60x50");
+        row("height of a group with a lock", W::SameHeight, "lh", "240,40 60x50|400,100 20x117");
+        row("a group with a lock to the page", W::AlignTop, "h", "400,0 20x120");
+        row("points have no size", W::SameSize, "bp", "");
         row("what is locked does not count", W::CentreBoth, "bk", "220,121 40x30|100,230 30x20");
         row("both ways, in their arrangement", W::CentreBoth, "bc", "162,88 40x30|287,153 30x30");
     }
@@ -127,6 +131,11 @@ private Q_SLOTS:
         appendBox(group, 350, 200, 10, 10);
         appendBox(group, 370, 210, 20, 20);
         all['g'] = group;
+        all['h'] = ItemOperations::group(
+            *screen, {appendBox(screen, 400, 100, 20, 20), appendBox(screen, 400, 140, 20, 30)},
+            {400, 100});
+        all['h']->childItem(0)->setLocked(true); // 40 above the other
+        project->undoStack()->clear();
         all['k'] = appendBox(screen, 100, 230, 30, 20);
         all['k']->setLocked(true);
 
