@@ -20,7 +20,7 @@ CBatchLine::CBatchLine(CBatchEditor *editor, const QString &key, QWidget *parent
     connect(m_line, &QLineEdit::textEdited, m_pending, &CPendingEdit::change);
     connect(m_line, &QLineEdit::returnPressed, m_pending, &CPendingEdit::commit);
     connect(m_pending, &CPendingEdit::stepping, editor,
-            [editor](bool isFirst) { editor->steps().begin(isFirst); });
+            [editor](bool isFirst) { editor->steps().begin(isFirst, false); });
     connect(m_pending, &CPendingEdit::stepped, editor, [editor] { editor->steps().end(); });
     connect(m_pending, &CPendingEdit::takenBack, editor, &CBatchEditor::takeStepsBack);
     connect(m_pending, &CPendingEdit::left, this, &CBatchField::left);

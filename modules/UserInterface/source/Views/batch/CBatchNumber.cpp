@@ -16,6 +16,7 @@ CBatchNumber::CBatchNumber(CBatchEditor *editor, const QString &key, double unit
     line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     line()->setToolTip(CNumberEntry::hint());
     line()->installEventFilter(this);
+    pending()->setRest(CPendingEdit::Pause); // steps are seen on the items at once
 }
 
 void CBatchNumber::show(const CBatchItems::SProperty &property)

@@ -2,16 +2,17 @@
 
 #include <QUndoStack>
 
-void CEditSteps::begin(bool isFirst)
+void CEditSteps::begin(bool isFirst, bool goesOn)
 {
     m_isStep = true;
+    m_goesOn = goesOn;
     if (isFirst)
         m_first = m_last = 0;
 }
 
 void CEditSteps::end()
 {
-    m_isStep = false;
+    m_isStep = m_goesOn = false;
 }
 
 void CEditSteps::pushed(int before, int after)
@@ -21,6 +22,19 @@ void CEditSteps::pushed(int before, int after)
     if (m_first == m_last || m_last != before)
         m_first = before;
     m_last = after;
+}
+
+bool CEditSteps::goesOn(const QUndoStack &stack) const
+{
+    return m_isStep && m_goesOn && m_first != m_last && stack.index() == m_last &&
+           stack.cleanIndex() != m_last;
+}
+
+void CEditSteps::undoLast(QUndoStack *stack)
+{
+    stack->undo();
+    --m_last;
+    m_goesOn = false;
 }
 
 void CEditSteps::takeBack(QUndoStack *stack)

@@ -7,11 +7,16 @@ class QUndoStack;
 class CEditSteps
 {
 public:
-    /// What is pushed until end() is one step; `isFirst`: of a new run.
-    void begin(bool isFirst);
+    /// What is pushed until end() is one step; `isFirst`: of a new run; `goesOn`: with the one
+    /// before.
+    void begin(bool isFirst, bool goesOn);
     void end();
     /// An edit has moved the stack's index.
     void pushed(int before, int after);
+    /// Whether what is to be pushed goes on with the last command of the stack, which is not saved:
+    /// then undoLast() and a command that does both make one of the two.
+    bool goesOn(const QUndoStack &stack) const;
+    void undoLast(QUndoStack *stack);
     /// Undoes the run, unless something else has been done or undone since.
     void takeBack(QUndoStack *stack);
 
@@ -19,4 +24,5 @@ private:
     int m_first = 0; ///< the stack's index before the run
     int m_last = 0;  ///< and after it
     bool m_isStep = false;
+    bool m_goesOn = false;
 };

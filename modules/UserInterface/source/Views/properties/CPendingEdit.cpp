@@ -12,8 +12,12 @@ CPendingEdit::CPendingEdit(QWidget *editor, std::function<void()> commit,
       m_editor(editor),
       m_commit(std::move(commit)),
       m_revert(std::move(revert)),
-      m_rest(this)
+      m_rest(this),
+      m_pause(this)
 {
+    m_pause.setObjectName(QStringLiteral("pause"));
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(Pause);
     m_rest.setObjectName(QStringLiteral("rest"));
     m_rest.setSingleShot(true);
     m_rest.setInterval(Rest);
@@ -23,6 +27,8 @@ CPendingEdit::CPendingEdit(QWidget *editor, std::function<void()> commit,
 
 void CPendingEdit::touch()
 {
+    if (!m_isPending)
+        m_goesOn = m_pause.isActive();
     m_isPending = true;
     m_rest.start();
 }
@@ -35,11 +41,34 @@ void CPendingEdit::change()
 void CPendingEdit::commit()
 {
     m_rest.stop();
+    if (m_isPending && m_goesOn) {
+        if (!commitStep())
+            return;
+    } else if (m_isPending) {
+        m_isPending = false;
+        const QPointer<CPendingEdit> self(this); // a commit may end the editor
+        m_commit();
+        if (!self)
+            return;
+    }
     m_hasSteps = false;
-    if (!m_isPending)
-        return;
+    m_pause.stop();
+}
+
+/// False when it has ended the editor.
+bool CPendingEdit::commitStep()
+{
     m_isPending = false;
+    const QPointer<CPendingEdit> self(this);
+    Q_EMIT stepping(!m_hasSteps, m_goesOn);
     m_commit();
+    if (!self)
+        return false;
+    m_hasSteps = true;
+    m_goesOn = false;
+    m_pause.start();
+    Q_EMIT stepped();
+    return true;
 }
 
 void CPendingEdit::discard()
@@ -54,13 +83,8 @@ void CPendingEdit::commitWhenAtRest()
         m_rest.start();
         return;
     }
-    const QPointer<CPendingEdit> self(this); // a commit may end the editor
-    Q_EMIT stepping(!m_hasSteps);
-    commit();
-    if (!self)
-        return;
-    m_hasSteps = true;
-    Q_EMIT stepped();
+    if (m_isPending)
+        commitStep();
 }
 
 bool CPendingEdit::leavesToWindow(const QKeyEvent &shortcut) const
@@ -76,8 +100,9 @@ bool CPendingEdit::leavesToWindow(const QKeyEvent &shortcut) const
 }
 
 /// True when the editor is not to see it.
-bool CPendingEdit::pressKey(int key)
+bool CPendingEdit::pressKey(const QKeyEvent &event)
 {
+    const int key = event.key();
     switch (key) {
     case Qt::Key_Escape:
         discard();
@@ -92,10 +117,17 @@ bool CPendingEdit::pressKey(int key)
         m_isKeyHeld = false;
         Q_EMIT left(key == Qt::Key_Tab);
         return true;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        m_pause.stop(); // what is typed is an edit of its own
+        break;
     default:
-        m_isKeyHeld = true;
-        return false;
+        if (!event.text().isEmpty() && event.text().at(0).isPrint())
+            m_pause.stop();
+        break;
     }
+    m_isKeyHeld = true;
+    return false;
 }
 
 bool CPendingEdit::eventFilter(QObject *, QEvent *event)
@@ -112,7 +144,7 @@ bool CPendingEdit::eventFilter(QObject *, QEvent *event)
         m_editor->installEventFilter(this);
         break;
     case QEvent::KeyPress:
-        return pressKey(static_cast<QKeyEvent *>(event)->key());
+        return pressKey(*static_cast<QKeyEvent *>(event));
     case QEvent::KeyRelease:
         if (!static_cast<QKeyEvent *>(event)->isAutoRepeat())
             m_isKeyHeld = false;

@@ -40,7 +40,7 @@ Q_SIGNALS:
     void colourWanted(QtProperty *property, QWidget *editor);
     void nextWanted(bool forward); ///< the editor of the next row, in place of the open one
     /// Of the open editor, around the commit of a step; and when its steps are not wanted.
-    void stepping(bool isFirst);
+    void stepping(bool isFirst, bool goesOn);
     void stepped();
     void stepsTakenBack();
 

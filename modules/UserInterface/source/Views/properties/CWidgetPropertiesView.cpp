@@ -58,7 +58,7 @@ CWidgetPropertiesView::CWidgetPropertiesView(QWidget *parent)
     connect(m_factory, &CPropertyEditorFactory::colourWanted, this,
             &CWidgetPropertiesView::chooseColour);
     connect(m_factory, &CPropertyEditorFactory::stepping, this,
-            [this](bool isFirst) { m_steps.begin(isFirst); });
+            [this](bool isFirst, bool goesOn) { m_steps.begin(isFirst, goesOn); });
     connect(m_factory, &CPropertyEditorFactory::stepped, this, [this] { m_steps.end(); });
     connect(m_factory, &CPropertyEditorFactory::stepsTakenBack, this, [this] {
         if (m_project)
@@ -219,9 +219,13 @@ void CWidgetPropertiesView::commit(const QString &key, const QVariant &value)
         propertyChanged(m_item, key, m_item->name()); // everything has a name
         return;
     }
+    const bool isConverted =
+        key == PropertyKey::Format &&
+        CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value;
+    if (!isConverted)
+        takeUp(key);
     const int before = m_project->undoStack()->index();
-    if (key == PropertyKey::Format &&
-        CImageChooser::changeOf(*m_item, value.toString()) != CImageChooser::EFormat::Value)
+    if (isConverted)
         changeFormat(value.toString());
     else
         change(key, value);
@@ -238,6 +242,20 @@ void CWidgetPropertiesView::change(const QString &key, const QVariant &value)
         m_project->undoStack()->push(new CCommandChangeItemProperty(m_item, key, kept, old));
     else
         propertyChanged(m_item, key, old);
+}
+
+/// A step that goes on with the one before takes its place.
+void CWidgetPropertiesView::takeUp(const QString &key)
+{
+    QUndoStack *stack = m_project->undoStack();
+    if (!m_steps.goesOn(*stack))
+        return;
+    const auto *last =
+        dynamic_cast<const CCommandChangeItemProperty *>(stack->command(stack->index() - 1));
+    if (!last || last->item() != m_item || last->key() != key)
+        return;
+    const QScopedValueRollback<bool> updating(m_updating, true); // the row keeps the new value
+    m_steps.undoLast(stack);
 }
 
 /// Another format needs the image converted into it; when that fails, the format stays.

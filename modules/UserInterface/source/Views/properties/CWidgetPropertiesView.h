@@ -89,6 +89,7 @@ private:
     void layOut(const QVector<CWidgetProperty> &properties);
     void commit(const QString &key, const QVariant &value);
     void change(const QString &key, const QVariant &value);
+    void takeUp(const QString &key);
     void chooseFile();
     void chooseColour(QtProperty *row, QWidget *editor);
     void takeFocusBack();

@@ -183,12 +183,33 @@ private Q_SLOTS:
 
         QTest::keyPress(box, Qt::Key_Down); // held: no rest counts until it is released
         QSignalSpy rested(box->findChild<QTimer *>("rest"), &QTimer::timeout);
-        box->stepDown();
         QTRY_VERIFY(rested.count() >= 2);
         QCOMPARE(stack().count(), 1);
         QTest::keyRelease(box, Qt::Key_Down);
-        QTRY_COMPARE(stack().count(), 2);
+        QTRY_COMPARE(line->propertyText("thickness"), "8");
+        QCOMPARE(stack().count(), 1); // it goes on with the step before ...
+
+        auto *pause = box->findChild<QTimer *>("pause");
+        QTest::keyClick(box, Qt::Key_Down);
+        QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier); // ... also when it is to be undone
         QCOMPARE(line->propertyText("thickness"), "7");
+        QCOMPARE(stack().count(), 1);
+        const auto step = [&](int expected) {
+            QTest::keyClick(box, Qt::Key_Up);
+            QTRY_COMPARE(line->propertyText("thickness"), QString::number(expected));
+        };
+        step(8); // what is undone is over
+        QCOMPARE(stack().count(), 2);
+        stack().setClean(); // what is saved stays
+        step(9);
+        QCOMPARE(stack().count(), 3);
+        QTRY_VERIFY(!pause->isActive());
+        step(10);
+        QCOMPARE(stack().count(), 4);
+        QTest::keyClicks(box, "11\r"); // what is typed is another edit
+        QTRY_COMPARE(stack().count(), 5);
+        stack().setIndex(0);
+        QCOMPARE(line->propertyText("thickness"), "2");
     }
 
     void escapeTakesTheEditBack()
@@ -214,6 +235,7 @@ private Q_SLOTS:
         for (int index = 2; index <= 3; ++index) { // steps that come to rest, each a command
             QTest::keyClick(box, Qt::Key_Up);
             QTRY_COMPARE(stack().index(), index);
+            QTRY_VERIFY(!box->findChild<QTimer *>("pause")->isActive());
         }
         QTest::keyClick(box, Qt::Key_Escape);
         QCOMPARE(line->propertyText("thickness"), "5");
