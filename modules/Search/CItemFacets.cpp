@@ -4,6 +4,7 @@
 #include "CProjectModel.h"
 #include "CWidgetLibraryModel.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 
 #include <QColor>
 #include <QCoreApplication>
@@ -56,18 +57,22 @@ bool CItemFacets::isImageKey(const QString &key)
     return key == PropertyKey::BaseName || key == PropertyKey::FileName;
 }
 
-SFacet CItemFacets::facetOf(const QString &key, const CWidgetProperty &property)
+SFacet CItemFacets::facetOf(const CItemModel &item, const CWidgetProperty &property)
 {
-    return {key, sortOf(key, property)};
+    const QString key = property.key();
+    return {key, sortOf(key, property), PropertyWords::caption(item, key),
+            PropertyWords::unit(item, key)};
 }
 
 QVector<SFacet> CItemFacets::make(const CItemModel &item) const
 {
     QVector<SFacet> facets;
     if (item.kind() == CItemModel::Kind::Screen) // what its colour was read as is a text
-        return {{PropertyKey::Name, ESort::Name},
-                {PropertyKey::Color, ESort::Colour},
-                {{}, ESort::Kind}};
+        return {
+            {PropertyKey::Name, ESort::Name, PropertyWords::caption(item, PropertyKey::Name), 1},
+            {PropertyKey::Color, ESort::Colour, PropertyWords::caption(item, PropertyKey::Color),
+             1},
+            {{}, ESort::Kind, {}, 1}};
     QStringList keys = isKnown(item) ? item.library()->propertyKeys(item.itemTypeName())
                                      : QStringList(item.properties().keys());
     if (!isKnown(item))
@@ -79,9 +84,9 @@ QVector<SFacet> CItemFacets::make(const CItemModel &item) const
             continue;
         // The file that an image was made of may be elsewhere; its name in the project says more.
         if (key != PropertyKey::FileName || !item.hasProperty(PropertyKey::BaseName))
-            facets.append(facetOf(key, *property));
+            facets.append(facetOf(item, *property));
     }
-    facets.append({{}, ESort::Kind});
+    facets.append({{}, ESort::Kind, {}, 1});
     std::stable_sort(facets.begin(), facets.end(), [](const SFacet &left, const SFacet &right) {
         return left.sort < right.sort;
     });
@@ -128,6 +133,23 @@ QString CItemFacets::fontText(int handle) const
                           : QString::number(handle) + QLatin1Char(' ') + name;
 }
 
+QString CItemFacets::entry(const QString &name) const
+{
+    const auto known = m_entries.constFind(name);
+    return known != m_entries.constEnd() ? *known
+                                         : *m_entries.insert(name, PropertyWords::entry(name));
+}
+
+QString CItemFacets::key(const CItemModel &item, const SFacet &facet)
+{
+    if (facet.sort == ESort::Choice)
+        return item.propertyText(facet.key);
+    if (facet.sort != ESort::Switch)
+        return {};
+    return item.propertyText(facet.key) == QLatin1String("1") ? QStringLiteral("true")
+                                                              : QStringLiteral("false");
+}
+
 QString CItemFacets::text(const CItemModel &item, const SFacet &facet) const
 {
     switch (facet.sort) {
@@ -140,8 +162,13 @@ QString CItemFacets::text(const CItemModel &item, const SFacet &facet) const
     case ESort::Font:
         return fontText(item.propertyText(facet.key).toInt());
     case ESort::Switch:
-        return item.propertyText(facet.key) == QLatin1String("1") ? QStringLiteral("true")
-                                                                  : QStringLiteral("false");
+        return PropertyWords::truth(item.propertyText(facet.key) == QLatin1String("1"));
+    case ESort::Choice:
+        return entry(item.propertyText(facet.key));
+    case ESort::Number:
+        return facet.unit == 1 ? item.propertyText(facet.key)
+                               : PropertyWords::number(item.propertyText(facet.key).toInt() /
+                                                       double(facet.unit));
     case ESort::Colour: {
         const QString text = item.propertyText(facet.key);
         if (item.kind() == CItemModel::Kind::Widget || !QColor::isValidColor(text))

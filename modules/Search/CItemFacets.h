@@ -14,6 +14,8 @@ struct SFacet
     enum class ESort { Name, Text, Image, Font, Colour, Choice, Time, Number, Switch, Kind };
     QString key; ///< of the property; empty for the kind
     ESort sort = ESort::Text;
+    QString caption; ///< of the property, for users
+    int unit = 1;    ///< how much of a number is one of what users see
 };
 
 /// The facets of items, of which those of a kind are looked up once. Only what a user can see: no
@@ -27,6 +29,8 @@ public:
     QVector<SFacet> of(const CItemModel &item);
     /// As it is shown and searched.
     QString text(const CItemModel &item, const SFacet &facet) const;
+    /// What it is searched by as well: a choice or a switch as documents have it; else nothing.
+    static QString key(const CItemModel &item, const SFacet &facet);
     /// "14 Inter" for a font of the project, the number for those in ROM.
     QString fontText(int handle) const;
 
@@ -35,11 +39,13 @@ public:
     static bool isImageKey(const QString &key);
     /// The file name of the image that an item shows; empty when it shows none.
     static QString imageName(const CItemModel &item);
-    static SFacet facetOf(const QString &key, const CWidgetProperty &property);
 
 private:
+    static SFacet facetOf(const CItemModel &item, const CWidgetProperty &property);
+    QString entry(const QString &name) const;
     QVector<SFacet> make(const CItemModel &item) const;
 
     QHash<int, QString> m_fonts; ///< names by handle
     QHash<QString, QVector<SFacet>> m_ofKind;
+    mutable QHash<QString, QString> m_entries; ///< of enumerations, as users know them
 };

@@ -4,6 +4,7 @@
 #include "CProjectModel.h"
 #include "CScreenModel.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 #include "SearchChoices.h"
 #include "ValueText.h"
 
@@ -36,7 +37,8 @@ CItemReplacement::CItemReplacement(const CProjectModel &project, const SSearchQu
       m_by(by),
       m_matcher(query.text,
                 query.isPattern ? CTextMatcher::EMode::Pattern : CTextMatcher::EMode::Plain,
-                query.isCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive)
+                query.isCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive),
+      m_problem(query.field == ESearchField::Property ? QString() : m_matcher.lackFor(by))
 {
     for (int row = 0; row < project.screenCount(); ++row)
         m_pageNames.insert(project.screen(row)->name());
@@ -97,6 +99,9 @@ QString CItemReplacement::replaced(const SSearchHit &hit, QString *refusal)
          hit.facet.sort == ESort::Time || hit.facet.sort == ESort::Choice || m_query.isPattern);
     if (!isInText)
         return m_by;
+    *refusal = m_problem;
+    if (!refusal->isEmpty())
+        return {};
     const std::optional<QString> text = m_matcher.replaced(hit.text, m_by);
     if (!text)
         *refusal = m_matcher.problem().isEmpty() ? tr("The text is too long") : m_matcher.problem();
@@ -111,7 +116,7 @@ void CItemReplacement::change(const SSearchHit &hit, SReplacement &result)
     const CWidgetProperty definition = definitionOf(*hit.item, hit.facet.key);
     const QString bare =
         hit.facet.sort == ESort::Font ? result.text.section(QLatin1Char(' '), 0, 0) : result.text;
-    const ValueText::SValue read = ValueText::read(definition, bare);
+    const ValueText::SValue read = ValueText::read(definition, bare, hit.facet.unit);
     result.refusal = read.refusal;
     if (result.refusal.isEmpty() && hit.facet.sort == ESort::Font &&
         !m_fonts.contains(read.value.toInt()))
@@ -120,6 +125,8 @@ void CItemReplacement::change(const SSearchHit &hit, SReplacement &result)
         result.refusal = nameRefusal(*hit.item, result.text);
     if (!result.refusal.isEmpty())
         return;
+    if (hit.facet.sort == ESort::Choice)
+        result.text = PropertyWords::entry(read.value.toString());
     CWidgetProperty after = definition;
     after.setValue(read.value);
     CWidgetProperty before = definition;

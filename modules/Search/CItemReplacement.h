@@ -35,6 +35,8 @@ public:
     /// Hits are given in the order of the search: of two pages that would be called the same, the
     /// first one is.
     SReplacement of(const SSearchHit &hit);
+    /// What is wrong with what is put in their place; empty otherwise.
+    const QString &problem() const { return m_problem; }
 
 private:
     QString replaced(const SSearchHit &hit, QString *refusal);
@@ -47,6 +49,7 @@ private:
     const SSearchQuery m_query;
     const QString m_by;
     CTextMatcher m_matcher;
+    const QString m_problem;
     QSet<QString> m_pageNames;             ///< as they will be
     QHash<QString, CItemModel *> m_images; ///< by type: whose image is taken
     QSet<int> m_fonts;

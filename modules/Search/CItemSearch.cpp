@@ -134,15 +134,18 @@ bool CItemSearch::test(const CItemModel &item, const SFacet &facet, SSearchHit &
 {
     hit.text = m_facets.text(item, facet);
     if (m_query.field == ESearchField::Property) {
-        const bool isNamed = m_query.isPattern
-                                 ? m_matcher.find(facet.key).isFound()
-                                 : facet.key.contains(m_propertyTest.key(), Qt::CaseInsensitive);
-        return isNamed && (m_query.isPattern || m_propertyTest.isPassedBy(hit.text));
+        if (m_query.isPattern)
+            return m_matcher.find(facet.key).isFound() || m_matcher.find(facet.caption).isFound();
+        const QString &wanted = m_propertyTest.key();
+        return (facet.key.contains(wanted, Qt::CaseInsensitive) ||
+                facet.caption.contains(wanted, Qt::CaseInsensitive)) &&
+               m_propertyTest.isPassedBy(hit.text, CItemFacets::key(item, facet));
     }
     if (!m_query.isPattern && facet.sort == ESort::Colour)
         return isColour(hit.text);
     if (!m_query.isPattern && isWhole(facet.sort))
-        return isSameValue(hit.text, m_query.text.trimmed());
+        return isSameValue(hit.text, m_query.text.trimmed()) ||
+               isSameValue(CItemFacets::key(item, facet), m_query.text.trimmed());
     if (!m_query.isPattern && facet.sort == ESort::Font &&
         isSameValue(hit.text.section(QLatin1Char(' '), 0, 0), m_query.text.trimmed()))
         return true;
@@ -150,6 +153,9 @@ bool CItemSearch::test(const CItemModel &item, const SFacet &facet, SSearchHit &
     if (isHandle && !m_query.isPattern)
         return false; // one in ROM has no other name
     hit.found = find(hit.text);
-    return hit.found.isFound() ||
-           (facet.sort == ESort::Kind && m_matcher.find(item.itemTypeName()).isFound());
+    if (hit.found.isFound())
+        return true;
+    const QString key =
+        facet.sort == ESort::Kind ? item.itemTypeName() : CItemFacets::key(item, facet);
+    return !key.isEmpty() && m_matcher.find(key).isFound();
 }

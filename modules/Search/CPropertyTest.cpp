@@ -19,13 +19,31 @@ CPropertyTest::CPropertyTest(const QString &text)
     m_value = parts.captured(3);
 }
 
+namespace {
+/// Decimals may stand behind a comma.
+double numberOf(const QString &text, bool *isNumber)
+{
+    const double number = text.toDouble(isNumber);
+    return *isNumber ? number
+                     : QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(isNumber);
+}
+} // namespace
+
 bool isSameValue(const QString &left, const QString &right)
 {
     bool isLeft = false;
     bool isRight = false;
-    const double first = left.toDouble(&isLeft);
-    const double second = right.toDouble(&isRight);
+    const double first = numberOf(left, &isLeft);
+    const double second = numberOf(right, &isRight);
     return isLeft && isRight ? first == second : left.compare(right, Qt::CaseInsensitive) == 0;
+}
+
+bool CPropertyTest::isPassedBy(const QString &value, const QString &key) const
+{
+    if (key.isEmpty())
+        return isPassedBy(value);
+    return m_test == ETest::Unequal ? isPassedBy(value) && isPassedBy(key)
+                                    : isPassedBy(value) || isPassedBy(key);
 }
 
 bool CPropertyTest::isPassedBy(const QString &value) const
@@ -33,7 +51,7 @@ bool CPropertyTest::isPassedBy(const QString &value) const
     bool isNumber = false;
     bool isLimit = false;
     const double number = value.toDouble(&isNumber);
-    const double limit = m_value.toDouble(&isLimit);
+    const double limit = numberOf(m_value, &isLimit);
     const bool areNumbers = isNumber && isLimit;
     switch (m_test) {
     case ETest::None:

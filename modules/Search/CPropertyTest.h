@@ -11,6 +11,8 @@ public:
     const QString &key() const { return m_key; } ///< a part of the names that are meant
     bool hasValue() const { return m_test != ETest::None; }
     bool isPassedBy(const QString &value) const;
+    /// The same where a value has two texts; `key` may be empty.
+    bool isPassedBy(const QString &value, const QString &key) const;
 
 private:
     enum class ETest { None, Contains, Equal, Unequal, Less, LessOrEqual, Greater, GreaterOrEqual };

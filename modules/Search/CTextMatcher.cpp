@@ -105,6 +105,26 @@ std::optional<QString> CTextMatcher::patternReplaced(const QString &text, const 
     return result + text.midRef(end);
 }
 
+QString CTextMatcher::lackFor(const QString &by) const
+{
+    if (!isPattern() || !m_problem.isEmpty())
+        return {};
+    for (int at = by.indexOf(QLatin1Char('\\')); at >= 0 && at + 1 < by.size();
+         at = by.indexOf(QLatin1Char('\\'), at + 2)) {
+        const QChar next = by.at(at + 1);
+        if (next >= QLatin1Char('0') && next <= QLatin1Char('9') &&
+            next.digitValue() > m_pattern.captureCount())
+            return m_pattern.captureCount() == 0
+                       ? tr("The regular expression has no groups, so \\%1 stands for nothing.")
+                             .arg(next)
+                       : tr("\\%1 stands for nothing: the last group of the regular expression is "
+                            "\\%2.")
+                             .arg(next)
+                             .arg(m_pattern.captureCount());
+    }
+    return {};
+}
+
 QString CTextMatcher::expanded(const QString &by, const QRegularExpressionMatch &match)
 {
     QString result;

@@ -39,6 +39,8 @@ public:
     /// what was found and its groups, "\n" for a line end and "\\" for a backslash.
     /// Nothing when the result or, for a pattern, the text is too long.
     std::optional<QString> replaced(const QString &text, const QString &by);
+    /// What `by` refers to in the pattern that is not there; empty otherwise.
+    QString lackFor(const QString &by) const;
 
 private:
     static QString expanded(const QString &by, const QRegularExpressionMatch &match);

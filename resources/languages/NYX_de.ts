@@ -1192,6 +1192,14 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>The regular expression takes too long. Make it simpler.</source>
         <translation>Der reguläre Ausdruck braucht zu lange. Vereinfachen Sie ihn.</translation>
     </message>
+    <message>
+        <source>The regular expression has no groups, so \%1 stands for nothing.</source>
+        <translation>Der reguläre Ausdruck hat keine Gruppen; \%1 steht für nichts.</translation>
+    </message>
+    <message>
+        <source>\%1 stands for nothing: the last group of the regular expression is \%2.</source>
+        <translation>\%1 steht für nichts: Die letzte Gruppe des regulären Ausdrucks ist \%2.</translation>
+    </message>
 </context>
 <context>
     <name>FontEntries</name>
@@ -2985,6 +2993,10 @@ Installierte Version: </translation>
         <source>Value</source>
         <translation>Wert</translation>
     </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
 </context>
 <context>
     <name>CStyleActions</name>
@@ -3532,6 +3544,10 @@ Installierte Version: </translation>
         <translation>Pfeil vom ersten zum zweiten Punkt</translation>
     </message>
     <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
         <source>Badge</source>
         <translation>Plakette</translation>
     </message>
@@ -3560,12 +3576,40 @@ Installierte Version: </translation>
         <translation>Batterie mit Ladestand; nimmt bei niedrigem Stand die Warnfarbe an</translation>
     </message>
     <message>
+        <source>Bean</source>
+        <translation>Bohne</translation>
+    </message>
+    <message>
+        <source>Bell</source>
+        <translation>Glocke</translation>
+    </message>
+    <message>
+        <source>Bilinear</source>
+        <translation>Bilinear</translation>
+    </message>
+    <message>
         <source>Bitmap</source>
         <translation>Bitmap</translation>
     </message>
     <message>
+        <source>Bolt</source>
+        <translation>Blitz</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
         <source>Box to tick, with a text</source>
         <translation>Kästchen zum Ankreuzen, mit einem Text</translation>
+    </message>
+    <message>
+        <source>Bulb</source>
+        <translation>Glühbirne</translation>
     </message>
     <message>
         <source>Button</source>
@@ -3580,8 +3624,28 @@ Installierte Version: </translation>
         <translation>Schaltfläche mit Text, Symbol oder beidem</translation>
     </message>
     <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Car</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
         <source>Card</source>
         <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>Diagramm</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Häkchen</translation>
     </message>
     <message>
         <source>Checkbox</source>
@@ -3604,12 +3668,32 @@ Installierte Version: </translation>
         <translation>Uhr</translation>
     </message>
     <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cloud</source>
+        <translation>Wolke</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Contactless</source>
+        <translation>Kontaktlos</translation>
+    </message>
+    <message>
         <source>Controls</source>
         <translation>Bedienelemente</translation>
     </message>
     <message>
         <source>Converted image in one of the chip&apos;s formats</source>
         <translation>Konvertiertes Bild in einem der Formate des Chips</translation>
+    </message>
+    <message>
+        <source>Cup</source>
+        <translation>Tasse</translation>
     </message>
     <message>
         <source>Decoration</source>
@@ -3628,8 +3712,32 @@ Installierte Version: </translation>
         <translation>Scheibe, deren Größe die Punktgröße in sechzehntel Pixeln bestimmt</translation>
     </message>
     <message>
+        <source>Down</source>
+        <translation>Abwärts</translation>
+    </message>
+    <message>
+        <source>Drop</source>
+        <translation>Tropfen</translation>
+    </message>
+    <message>
         <source>Drop-down</source>
         <translation>Aufklapp­liste</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Espresso</source>
+        <translation>Espresso</translation>
+    </message>
+    <message>
+        <source>Euro</source>
+        <translation>Euro</translation>
+    </message>
+    <message>
+        <source>Fan</source>
+        <translation>Lüfter</translation>
     </message>
     <message>
         <source>Field for a text, with a hint while it is empty</source>
@@ -3640,6 +3748,10 @@ Installierte Version: </translation>
         <translation>Ziffern aus sieben Segmenten, so groß wie der Rahmen erlaubt</translation>
     </message>
     <message>
+        <source>Filled</source>
+        <translation>Gefüllt</translation>
+    </message>
+    <message>
         <source>Filled rectangle with rounded corners and a border</source>
         <translation>Gefülltes Rechteck mit runden Ecken und Rand</translation>
     </message>
@@ -3648,16 +3760,40 @@ Installierte Version: </translation>
         <translation>Gefüllte Form durch Punkte; Umschalt + Klick fügt einen Punkt hinzu</translation>
     </message>
     <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Flame</source>
+        <translation>Flamme</translation>
+    </message>
+    <message>
         <source>Gauge</source>
         <translation>Rund­instrument</translation>
+    </message>
+    <message>
+        <source>Glass</source>
+        <translation>Glas</translation>
     </message>
     <message>
         <source>Gradient</source>
         <translation>Farbverlauf</translation>
     </message>
     <message>
+        <source>Heart</source>
+        <translation>Herz</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Startseite</translation>
+    </message>
+    <message>
         <source>Horizontal slider</source>
         <translation>Waagerechter Schieberegler</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Stunden</translation>
     </message>
     <message>
         <source>Image button</source>
@@ -3670,6 +3806,14 @@ Installierte Version: </translation>
     <message>
         <source>Indicators</source>
         <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Inside</source>
+        <translation>Innen</translation>
     </message>
     <message>
         <source>Key row</source>
@@ -3686,6 +3830,14 @@ Installierte Version: </translation>
     <message>
         <source>LED</source>
         <translation>LED</translation>
+    </message>
+    <message>
+        <source>Leaf</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
     </message>
     <message>
         <source>Level in segments; the last ones warn</source>
@@ -3724,8 +3876,40 @@ Installierte Version: </translation>
         <translation>Liste</translation>
     </message>
     <message>
+        <source>Lock</source>
+        <translation>Schloss</translation>
+    </message>
+    <message>
         <source>Media</source>
         <translation>Medien</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Minus</source>
+        <translation>Minus</translation>
+    </message>
+    <message>
+        <source>Moon</source>
+        <translation>Mond</translation>
+    </message>
+    <message>
+        <source>Nearest</source>
+        <translation>Nächster Bildpunkt</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächstes</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>Number</source>
@@ -3748,6 +3932,14 @@ Installierte Version: </translation>
         <translation>Eine Zeile Text, bei Überlänge mit Auslassungspunkten gekürzt</translation>
     </message>
     <message>
+        <source>Outline</source>
+        <translation>Umriss</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>Außen</translation>
+    </message>
+    <message>
         <source>Page dots</source>
         <translation>Seiten­punkte</translation>
     </message>
@@ -3760,8 +3952,36 @@ Installierte Version: </translation>
         <translation>Absatz</translation>
     </message>
     <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>Person</translation>
+    </message>
+    <message>
         <source>Photo or film that the chip decodes itself (JPEG, PNG, AVI)</source>
         <translation>Foto oder Film, den der Chip selbst dekodiert (JPEG, PNG, AVI)</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Ortsmarke</translation>
+    </message>
+    <message>
+        <source>Plain</source>
+        <translation>Schlicht</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Plug</source>
+        <translation>Stecker</translation>
+    </message>
+    <message>
+        <source>Plus</source>
+        <translation>Plus</translation>
     </message>
     <message>
         <source>Polygon</source>
@@ -3772,8 +3992,20 @@ Installierte Version: </translation>
         <translation>Linienzug</translation>
     </message>
     <message>
+        <source>Power</source>
+        <translation>Ein/Aus</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Vorheriges</translation>
+    </message>
+    <message>
         <source>Progress bar</source>
         <translation>Fort­schritts­balken</translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation>Viertel</translation>
     </message>
     <message>
         <source>Radio button</source>
@@ -3786,6 +4018,14 @@ Installierte Version: </translation>
     <message>
         <source>Rectangle filled from one colour to another</source>
         <translation>Rechteck, gefüllt von einer Farbe zur anderen</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
     </message>
     <message>
         <source>Ring</source>
@@ -3816,12 +4056,20 @@ Installierte Version: </translation>
         <translation>Bildlaufleiste; senkrecht, wenn sie höher als breit ist</translation>
     </message>
     <message>
+        <source>Search</source>
+        <translation>Suche</translation>
+    </message>
+    <message>
         <source>Segments</source>
         <translation>Segmente</translation>
     </message>
     <message>
         <source>Separator</source>
         <translation>Trennlinie</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Seven segments</source>
@@ -3844,12 +4092,28 @@ Installierte Version: </translation>
         <translation>Schiebe­regler</translation>
     </message>
     <message>
+        <source>Snowflake</source>
+        <translation>Schneeflocke</translation>
+    </message>
+    <message>
         <source>Spinner</source>
         <translation>Wartekreis</translation>
     </message>
     <message>
+        <source>Star</source>
+        <translation>Stern</translation>
+    </message>
+    <message>
         <source>Stepper</source>
         <translation>Schritt­schalter</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Sun</source>
+        <translation>Sonne</translation>
     </message>
     <message>
         <source>Switch whose height follows its font</source>
@@ -3884,6 +4148,10 @@ Installierte Version: </translation>
         <translation>Text, der in Zeilen umbricht</translation>
     </message>
     <message>
+        <source>Thermometer</source>
+        <translation>Thermometer</translation>
+    </message>
+    <message>
         <source>Thin line, upright when it is higher than wide</source>
         <translation>Dünne Linie; senkrecht, wenn sie höher als breit ist</translation>
     </message>
@@ -3892,12 +4160,28 @@ Installierte Version: </translation>
         <translation>Uhrzeit in Ziffern</translation>
     </message>
     <message>
+        <source>Timer</source>
+        <translation>Kurzzeitwecker</translation>
+    </message>
+    <message>
         <source>Toggle</source>
         <translation>Umschalter</translation>
     </message>
     <message>
+        <source>Tonal</source>
+        <translation>Getönt</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
         <source>Turning arc while something is under way; the angle is its phase</source>
         <translation>Drehender Bogen, während etwas im Gange ist; der Winkel ist seine Phase</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Aufwärts</translation>
     </message>
     <message>
         <source>Value as an arc, with its figure in the middle</source>
@@ -3914,6 +4198,14 @@ Installierte Version: </translation>
     <message>
         <source>Vertical slider, largest value on top</source>
         <translation>Senkrechter Schieberegler, größter Wert oben</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>Which page of several is shown</source>
@@ -4506,6 +4798,14 @@ Installierte Version: </translation>
     <message>
         <source>Width</source>
         <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Wifi</source>
+        <translation>WLAN</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
     </message>
     <message>
         <source>X</source>

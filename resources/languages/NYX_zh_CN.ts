@@ -1192,6 +1192,14 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>The regular expression takes too long. Make it simpler.</source>
         <translation>正则表达式耗时过长。请将其简化。</translation>
     </message>
+    <message>
+        <source>The regular expression has no groups, so \%1 stands for nothing.</source>
+        <translation>正则表达式没有分组，\%1 不代表任何内容。</translation>
+    </message>
+    <message>
+        <source>\%1 stands for nothing: the last group of the regular expression is \%2.</source>
+        <translation>\%1 不代表任何内容：正则表达式的最后一个分组是 \%2。</translation>
+    </message>
 </context>
 <context>
     <name>FontEntries</name>
@@ -2985,6 +2993,10 @@ Installed version: </source>
         <source>Value</source>
         <translation>值</translation>
     </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
 </context>
 <context>
     <name>CStyleActions</name>
@@ -3532,6 +3544,10 @@ Installed version: </source>
         <translation>从第一点指向第二点的箭头</translation>
     </message>
     <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
         <source>Badge</source>
         <translation>徽标</translation>
     </message>
@@ -3560,12 +3576,40 @@ Installed version: </source>
         <translation>显示电量的电池；电量低时变为警告色</translation>
     </message>
     <message>
+        <source>Bean</source>
+        <translation>咖啡豆</translation>
+    </message>
+    <message>
+        <source>Bell</source>
+        <translation>铃铛</translation>
+    </message>
+    <message>
+        <source>Bilinear</source>
+        <translation>双线性</translation>
+    </message>
+    <message>
         <source>Bitmap</source>
         <translation>位图</translation>
     </message>
     <message>
+        <source>Bolt</source>
+        <translation>闪电</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>两端</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>底部</translation>
+    </message>
+    <message>
         <source>Box to tick, with a text</source>
         <translation>带文字的勾选框</translation>
+    </message>
+    <message>
+        <source>Bulb</source>
+        <translation>灯泡</translation>
     </message>
     <message>
         <source>Button</source>
@@ -3580,8 +3624,28 @@ Installed version: </source>
         <translation>带文字、符号或两者的按钮</translation>
     </message>
     <message>
+        <source>Calendar</source>
+        <translation>日历</translation>
+    </message>
+    <message>
+        <source>Car</source>
+        <translation>汽车</translation>
+    </message>
+    <message>
         <source>Card</source>
         <translation>卡片</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>居中</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>图表</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>勾号</translation>
     </message>
     <message>
         <source>Checkbox</source>
@@ -3604,12 +3668,32 @@ Installed version: </source>
         <translation>时钟</translation>
     </message>
     <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Cloud</source>
+        <translation>云</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Contactless</source>
+        <translation>非接触</translation>
+    </message>
+    <message>
         <source>Controls</source>
         <translation>控件</translation>
     </message>
     <message>
         <source>Converted image in one of the chip&apos;s formats</source>
         <translation>转换为芯片格式之一的图像</translation>
+    </message>
+    <message>
+        <source>Cup</source>
+        <translation>杯子</translation>
     </message>
     <message>
         <source>Decoration</source>
@@ -3628,8 +3712,32 @@ Installed version: </source>
         <translation>圆盘，大小由点大小决定（单位为十六分之一像素）</translation>
     </message>
     <message>
+        <source>Down</source>
+        <translation>向下</translation>
+    </message>
+    <message>
+        <source>Drop</source>
+        <translation>水滴</translation>
+    </message>
+    <message>
         <source>Drop-down</source>
         <translation>下拉列表</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>末端</translation>
+    </message>
+    <message>
+        <source>Espresso</source>
+        <translation>意式浓缩咖啡</translation>
+    </message>
+    <message>
+        <source>Euro</source>
+        <translation>欧元</translation>
+    </message>
+    <message>
+        <source>Fan</source>
+        <translation>风扇</translation>
     </message>
     <message>
         <source>Field for a text, with a hint while it is empty</source>
@@ -3640,6 +3748,10 @@ Installed version: </source>
         <translation>七段数码，大小随边框而定</translation>
     </message>
     <message>
+        <source>Filled</source>
+        <translation>填充</translation>
+    </message>
+    <message>
         <source>Filled rectangle with rounded corners and a border</source>
         <translation>带圆角和边框的填充矩形</translation>
     </message>
@@ -3648,16 +3760,40 @@ Installed version: </source>
         <translation>经过各点的填充形状；Shift + 单击添加一点</translation>
     </message>
     <message>
+        <source>Film</source>
+        <translation>影片</translation>
+    </message>
+    <message>
+        <source>Flame</source>
+        <translation>火焰</translation>
+    </message>
+    <message>
         <source>Gauge</source>
         <translation>仪表盘</translation>
+    </message>
+    <message>
+        <source>Glass</source>
+        <translation>玻璃杯</translation>
     </message>
     <message>
         <source>Gradient</source>
         <translation>渐变</translation>
     </message>
     <message>
+        <source>Heart</source>
+        <translation>心形</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>主页</translation>
+    </message>
+    <message>
         <source>Horizontal slider</source>
         <translation>水平滑块</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>小时</translation>
     </message>
     <message>
         <source>Image button</source>
@@ -3670,6 +3806,14 @@ Installed version: </source>
     <message>
         <source>Indicators</source>
         <translation>指示器</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>Inside</source>
+        <translation>内侧</translation>
     </message>
     <message>
         <source>Key row</source>
@@ -3686,6 +3830,14 @@ Installed version: </source>
     <message>
         <source>LED</source>
         <translation>LED</translation>
+    </message>
+    <message>
+        <source>Leaf</source>
+        <translation>叶子</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
     </message>
     <message>
         <source>Level in segments; the last ones warn</source>
@@ -3724,8 +3876,40 @@ Installed version: </source>
         <translation>列表</translation>
     </message>
     <message>
+        <source>Lock</source>
+        <translation>锁</translation>
+    </message>
+    <message>
         <source>Media</source>
         <translation>媒体</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
+        <source>Middle</source>
+        <translation>中间</translation>
+    </message>
+    <message>
+        <source>Minus</source>
+        <translation>减号</translation>
+    </message>
+    <message>
+        <source>Moon</source>
+        <translation>月亮</translation>
+    </message>
+    <message>
+        <source>Nearest</source>
+        <translation>最近邻</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一个</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
     </message>
     <message>
         <source>Number</source>
@@ -3748,6 +3932,14 @@ Installed version: </source>
         <translation>单行文字，过长时以省略号截断</translation>
     </message>
     <message>
+        <source>Outline</source>
+        <translation>轮廓</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>外侧</translation>
+    </message>
+    <message>
         <source>Page dots</source>
         <translation>页面圆点</translation>
     </message>
@@ -3760,8 +3952,36 @@ Installed version: </source>
         <translation>段落</translation>
     </message>
     <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>人物</translation>
+    </message>
+    <message>
         <source>Photo or film that the chip decodes itself (JPEG, PNG, AVI)</source>
         <translation>由芯片自行解码的照片或影片（JPEG、PNG、AVI）</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>图钉</translation>
+    </message>
+    <message>
+        <source>Plain</source>
+        <translation>朴素</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Plug</source>
+        <translation>插头</translation>
+    </message>
+    <message>
+        <source>Plus</source>
+        <translation>加号</translation>
     </message>
     <message>
         <source>Polygon</source>
@@ -3772,8 +3992,20 @@ Installed version: </source>
         <translation>折线</translation>
     </message>
     <message>
+        <source>Power</source>
+        <translation>电源</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>上一个</translation>
+    </message>
+    <message>
         <source>Progress bar</source>
         <translation>进度条</translation>
+    </message>
+    <message>
+        <source>Quarters</source>
+        <translation>刻钟</translation>
     </message>
     <message>
         <source>Radio button</source>
@@ -3786,6 +4018,14 @@ Installed version: </source>
     <message>
         <source>Rectangle filled from one colour to another</source>
         <translation>由一种颜色过渡到另一种颜色的矩形</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
     </message>
     <message>
         <source>Ring</source>
@@ -3816,12 +4056,20 @@ Installed version: </source>
         <translation>滚动条；高大于宽时为竖直</translation>
     </message>
     <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
         <source>Segments</source>
         <translation>分段选择</translation>
     </message>
     <message>
         <source>Separator</source>
         <translation>分隔线</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
     </message>
     <message>
         <source>Seven segments</source>
@@ -3844,12 +4092,28 @@ Installed version: </source>
         <translation>滑块</translation>
     </message>
     <message>
+        <source>Snowflake</source>
+        <translation>雪花</translation>
+    </message>
+    <message>
         <source>Spinner</source>
         <translation>等待圈</translation>
     </message>
     <message>
+        <source>Star</source>
+        <translation>星形</translation>
+    </message>
+    <message>
         <source>Stepper</source>
         <translation>步进器</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Sun</source>
+        <translation>太阳</translation>
     </message>
     <message>
         <source>Switch whose height follows its font</source>
@@ -3884,6 +4148,10 @@ Installed version: </source>
         <translation>自动换行的文字</translation>
     </message>
     <message>
+        <source>Thermometer</source>
+        <translation>温度计</translation>
+    </message>
+    <message>
         <source>Thin line, upright when it is higher than wide</source>
         <translation>细线；高大于宽时为竖直</translation>
     </message>
@@ -3892,12 +4160,28 @@ Installed version: </source>
         <translation>以数字显示的时间</translation>
     </message>
     <message>
+        <source>Timer</source>
+        <translation>定时器</translation>
+    </message>
+    <message>
         <source>Toggle</source>
         <translation>切换开关</translation>
     </message>
     <message>
+        <source>Tonal</source>
+        <translation>色调</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>顶部</translation>
+    </message>
+    <message>
         <source>Turning arc while something is under way; the angle is its phase</source>
         <translation>进行中时旋转的圆弧；角度为其相位</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>向上</translation>
     </message>
     <message>
         <source>Value as an arc, with its figure in the middle</source>
@@ -3914,6 +4198,14 @@ Installed version: </source>
     <message>
         <source>Vertical slider, largest value on top</source>
         <translation>垂直滑块，最大值在上</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
     </message>
     <message>
         <source>Which page of several is shown</source>
@@ -4506,6 +4798,14 @@ Installed version: </source>
     <message>
         <source>Width</source>
         <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Wifi</source>
+        <translation>无线网络</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗</translation>
     </message>
     <message>
         <source>X</source>

@@ -19,7 +19,8 @@ const QByteArray document =
     "<Test_Poly_T name=\"Shape\" font=\"3\"/></Kiv_Screen_T>"
     "<Kiv_Screen_T name=\"Setup\" color=\"#000000\">"
     "<Test_Box_T name=\"Room\" text=\"room room 27\" fill=\"#22dd99\" align=\"Right\" "
-    "alarm=\"07:15:00\"/><Test_Poly_T name=\"Line\" font=\"27\"/></Kiv_Screen_T></Kiv_Project_T>";
+    "alarm=\"07:15:00\"/><Test_Poly_T name=\"Line\" font=\"27\"/>"
+    "<Test_Dot_T name=\"Dot\" point_size=\"40\"/></Kiv_Screen_T></Kiv_Project_T>";
 
 QString told(const SSearchHit &hit)
 {
@@ -64,6 +65,10 @@ private Q_SLOTS:
         row("a property by name", F::Property, "radi", "", "Key 1.radius");
         row("with a value", F::Property, "width = 120", "", "Hello.width");
         row("compared", F::Property, "width>=40", "", "Hello.width Key 1.width Room.width");
+        row("by its name for people", F::Property, "FILL", "", "Hello.fill Room.fill");
+        row("sixteenths in pixels", F::Property, "point_size=2,5", "", "Dot.point_size");
+        row("with decimals behind a comma", F::Property, "width<120,5", "",
+            "Hello.width Key 1.width Room.width");
         row("text in a property", F::Property, "text:ROOM", "", "Room.text");
         row("a number is a whole", F::Everything, "27", "",
             "Key 1.radius Room.text Line.font"); // not 127, not "0.27"
@@ -111,10 +116,15 @@ private Q_SLOTS:
         row("each place in a text", F::Text, "ROOM", "hall", false, "Room.text=hall hall 27");
         row("groups of a pattern", F::Text, "(\\w+) (\\w+) (\\d)", "\\2-\\3\\\\", true,
             "Room.text=room-2\\7");
+        row("no such group", F::Text, "r(oo)m", "\\2", true,
+            "Room.text!\\2 stands for nothing: the last group of the regular expression is \\1.");
+        row("sixteenths as pixels", F::Property, "point_size=2.5", "3.25", false,
+            "Dot.point_size=52");
         row("what is empty", F::Name, "^", "A ", true,
             "Start.name=A Start|Hello.name=A Hello|Pic.name=A Pic|Keys.name!Locked|Key "
             "1.name!Locked|"
-            "Shape.name=A Shape|Setup.name=A Setup|Room.name=A Room|Line.name=A Line");
+            "Shape.name=A Shape|Setup.name=A Setup|Room.name=A Room|Line.name=A Line|Dot.name=A "
+            "Dot");
         row("pages stay apart", F::Name, "Setup", "Start", false,
             "Setup.name!Another page is called so");
         row("not to the same either", F::Name, "^S(tart|etup)$", "One", true,

@@ -195,7 +195,7 @@ private Q_SLOTS:
         select("Frame");
         trigger(CMenuBar::Delete);
         const QStringList names = {
-            "Beginning",    "Rename B to Frame",     "Set width of Frame to 50 (saved)",
+            "Beginning",    "Rename B to Frame",     "Set Width of Frame to 50 (saved)",
             "Move 2 items", "Bring 2 items forward", "Delete 2 items",
             "Delete Frame"};
         QCOMPARE(rows(), names);

@@ -2,6 +2,8 @@
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "COptionDialog.h"
+#include "CProjectModel.h"
+#include "CScreenModel.h"
 #include "ProgramFolder.h"
 
 #include <QTest>
@@ -185,6 +187,8 @@ private Q_SLOTS:
         QHash<QString, QStringList> translations;
         for (const SText &each : textsOf(languageFile(language)))
             translations[each.source] << each.translation;
+        for (int page = 0; page < window.project()->screenCount(); ++page)
+            translations.remove(window.project()->screen(page)->name()); // the user's words
 
         load(&window, language);
         const QStringList after = shownTexts(window);

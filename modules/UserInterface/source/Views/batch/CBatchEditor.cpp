@@ -50,7 +50,7 @@ void CBatchEditor::push(const PropertyStep::Changes &changes, const QString &key
     if (!m_project)
         return;
     const int before = m_project->undoStack()->index();
-    PropertyStep::push(changes, CBatchItems::stepText(key, changes.size()));
+    PropertyStep::push(changes, m_items.stepText(key, changes.size()));
     m_steps.pushed(before, m_project->undoStack()->index());
 }
 
@@ -110,7 +110,7 @@ void CBatchEditor::keep()
         return;
     const std::unique_ptr<CLiveEdit> live = std::move(m_live);
     const int before = m_project->undoStack()->index();
-    live->keep(CBatchItems::stepText(live->key(), live->items().size()));
+    live->keep(m_items.stepText(live->key(), live->items().size()));
     m_steps.pushed(before, m_project->undoStack()->index());
 }
 

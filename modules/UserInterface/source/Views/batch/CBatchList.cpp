@@ -2,6 +2,7 @@
 
 #include "CBatchEditor.h"
 #include "CPictureBox.h"
+#include "PropertyWords.h"
 
 #include <QEvent>
 
@@ -24,33 +25,26 @@ CBatchList::CBatchList(CBatchEditor *editor, const QString &key, EEditor look, Q
 
 void CBatchList::choose(int index)
 {
-    const QVariant font = m_box->itemData(index);
-    editor()->set(key(), font.isValid() ? font : m_box->itemText(index));
+    editor()->set(key(), m_box->itemData(index));
 }
 
-void CBatchList::fill(const QStringList &entries)
+void CBatchList::fill(const QVector<SEntry> &entries)
 {
-    QStringList there;
-    for (int index = 0; index < m_box->count(); ++index)
-        there.append(m_box->itemText(index));
-    if (there == entries)
+    const auto isShown = [this](int index, const SEntry &entry) {
+        return m_box->itemData(index) == entry.value && m_box->itemText(index) == entry.text;
+    };
+    bool areThere = m_box->count() == entries.size();
+    for (int index = 0; areThere && index < entries.size(); ++index)
+        areThere = isShown(index, entries.at(index));
+    if (areThere)
         return;
     m_box->clear();
-    m_box->addItems(entries);
-    for (int index = 0; m_look == EEditor::Symbol && index < entries.size(); ++index)
-        m_box->setSample(index, {entries.at(index), CSampleSheet::SSample::None, SymbolSize});
-}
-
-void CBatchList::fillWithFonts()
-{
-    const QVector<FontEntries::SEntry> fonts = FontEntries::of(*editor()->project());
-    QStringList texts;
-    for (const FontEntries::SEntry &each : fonts)
-        texts.append(each.text);
-    fill(texts);
-    for (int index = 0; index < fonts.size(); ++index) {
-        m_box->setItemData(index, fonts.at(index).handle);
-        m_box->setSample(index, fonts.at(index).sample);
+    for (const SEntry &each : entries) {
+        m_box->addItem(each.text, each.value);
+        if (each.sample.size.isValid())
+            m_box->setSample(m_box->count() - 1, each.sample);
+        if (m_look != EEditor::Font)
+            m_box->setItemData(m_box->count() - 1, each.value, Qt::ToolTipRole);
     }
 }
 
@@ -58,15 +52,24 @@ void CBatchList::fillWithFonts()
 void CBatchList::show(const CBatchItems::SProperty &property)
 {
     const QString value = property.property.text();
-    int shown = -1;
+    QVector<SEntry> entries;
     if (m_look == EEditor::Font) {
-        fillWithFonts();
-        shown = m_box->findData(value.toInt());
+        for (const FontEntries::SEntry &each : FontEntries::of(*editor()->project()))
+            entries.append({each.text, each.handle, each.sample});
     } else {
-        fill(property.property.enumerationEntries());
-        shown = m_box->findText(value, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        for (const QString &each : property.property.enumerationEntries())
+            entries.append(
+                {PropertyWords::entry(each), each,
+                 m_look == EEditor::Symbol
+                     ? CSampleSheet::SSample{each, CSampleSheet::SSample::None, SymbolSize}
+                     : CSampleSheet::SSample()});
     }
-    m_box->setPlaceholderText(property.isMixed ? mixedText() : value);
+    fill(entries);
+    const int shown =
+        m_box->findData(m_look == EEditor::Font ? QVariant(value.toInt()) : QVariant(value));
+    m_box->setPlaceholderText(property.isMixed          ? mixedText()
+                              : m_look == EEditor::Font ? value
+                                                        : PropertyWords::entry(value));
     m_box->setCurrentIndex(property.isMixed ? -1 : shown);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CBatchField.h"
+#include "CSampleSheet.h"
 #include "SPropertyLook.h"
 
 class CPictureBox;
@@ -21,8 +22,13 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void fill(const QStringList &entries);
-    void fillWithFonts();
+    struct SEntry
+    {
+        QString text;
+        QVariant value;
+        CSampleSheet::SSample sample; ///< empty: none
+    };
+    void fill(const QVector<SEntry> &entries);
     void choose(int index);
 
     const SPropertyLook::EEditor m_look;

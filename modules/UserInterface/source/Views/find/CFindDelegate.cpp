@@ -143,6 +143,7 @@ void CFindDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const QColor quiet = isSelected ? text : option.palette.color(QPalette::PlaceholderText);
     const QColor found = isSelected ? text : option.palette.color(QPalette::Link);
     const QString key = index.data(CFindResults::KeyRole).toString();
+    const QString caption = index.data(CFindResults::CaptionRole).toString();
     const QString after = index.data(CFindResults::AfterRole).toString();
     const QString refusal = index.data(CFindResults::RefusalRole).toString();
     const bool isReplacing = index.data(Qt::CheckStateRole).isValid();
@@ -167,7 +168,8 @@ void CFindDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         drawRuns(painter, lower, {{index.data(CFindResults::KindRole).toString(), false}}, font,
                  quiet, found);
     if (!isName && !key.isEmpty())
-        lower = drawRuns(painter, lower, {{key + QStringLiteral("  "), false}}, font, quiet, found);
+        lower =
+            drawRuns(painter, lower, {{caption + QStringLiteral("  "), false}}, font, quiet, found);
     if (!isName) {
         QRect before = lower;
         if (isReplacing) // there is room for both

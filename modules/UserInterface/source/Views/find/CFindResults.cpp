@@ -98,10 +98,12 @@ void CFindResults::tickAll(bool isTicked)
 /// What a narrow list has no room for.
 QString CFindResults::toolTip(const SRow &row) const
 {
-    const QString &key = row.found.hit.facet.key;
-    QStringList lines = {row.name, row.page, row.kind,
-                         key.isEmpty() ? QString()
-                                       : key + QStringLiteral(": ") + row.found.hit.text};
+    const SFacet &facet = row.found.hit.facet;
+    QStringList lines = {
+        row.name, row.page, row.kind,
+        facet.key.isEmpty()
+            ? QString()
+            : QStringLiteral("%1 (%2): %3").arg(facet.caption, facet.key, row.found.hit.text)};
     if (isTickable(row))
         lines.append(QStringLiteral("\u2192 ") + row.found.replacement.text);
     else if (m_isReplacing)
@@ -137,6 +139,8 @@ QVariant CFindResults::data(const QModelIndex &index, int role) const
         return row.kind;
     case KeyRole:
         return hit.facet.key;
+    case CaptionRole:
+        return hit.facet.caption;
     case TextRole:
         return hit.text;
     case StartRole:

@@ -17,9 +17,10 @@ public:
         NameRole = Qt::UserRole,
         PageRole,
         KindRole,
-        KeyRole,   ///< of the property; empty for the kind
-        TextRole,  ///< of what was found
-        StartRole, ///< of what was found in it; none when negative
+        KeyRole,     ///< of the property; empty for the kind
+        CaptionRole, ///< the same for users
+        TextRole,    ///< of what was found
+        StartRole,   ///< of what was found in it; none when negative
         LengthRole,
         AfterRole,   ///< what it will be; null when nothing is to be replaced
         RefusalRole, ///< why it will not be

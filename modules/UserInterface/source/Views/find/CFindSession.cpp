@@ -123,6 +123,8 @@ void CFindSession::work()
     if (m_replacement && m_replaced < m_next.size())
         return;
     m_problem = m_search->problem();
+    if (m_problem.isEmpty() && m_replacement)
+        m_problem = m_replacement->problem();
     m_itemCount = m_search->itemCount();
     m_cutTexts = m_search->cutTexts();
     publish();

@@ -6,7 +6,9 @@
 #include "CCommandMoveItems.h"
 #include "CCommandOrderItem.h"
 #include "CItemModel.h"
+#include "CWidgetProperty.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 #include "ShownText.h"
 
 #include <QCoreApplication>
@@ -84,9 +86,12 @@ const SRow Rows[] = {
 /// A change of one property, alone or as all that a step is.
 QString changeText(const CCommandChangeItemProperty &change)
 {
-    const QString name = ShownText::name(change.item()->name());
-    const auto shown = [](const QVariant &value) {
-        const QString text = value.toString();
+    const CItemModel &item = *change.item();
+    const QString name = ShownText::name(item.name());
+    const auto shown = [&](const QVariant &value) {
+        CWidgetProperty property = item.properties().value(change.key());
+        property.setValue(value);
+        const QString text = PropertyWords::value(item, change.key(), property.text());
         return ShownText::name(text.size() > MaxValue ? text.left(MaxValue) + QChar(0x2026) : text);
     };
     if (change.key() == PropertyKey::Name)
@@ -94,9 +99,10 @@ QString changeText(const CCommandChangeItemProperty &change)
             .arg(shown(change.oldValue()), shown(change.newValue()));
     if (change.key() == PropertyKey::X || change.key() == PropertyKey::Y) // such as by a key
         return CTexts::tr("Move %1").arg(name);
+    const QString caption = PropertyWords::caption(item, change.key());
     if (!change.newValue().isValid() || shown(change.newValue()).isEmpty())
-        return CTexts::tr("Clear %1 of %2").arg(change.key(), name);
-    return CTexts::tr("Set %1 of %2 to %3").arg(change.key(), name, shown(change.newValue()));
+        return CTexts::tr("Clear %1 of %2").arg(caption, name);
+    return CTexts::tr("Set %1 of %2 to %3").arg(caption, name, shown(change.newValue()));
 }
 } // namespace
 

@@ -10,6 +10,7 @@
 #include "ItemTree.h"
 #include "NumberExpression.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 #include "ShownProperties.h"
 
 #include <algorithm>
@@ -294,7 +295,10 @@ PropertyStep::Changes CBatchItems::renamed(const QString &name) const
     return made;
 }
 
-QString CBatchItems::stepText(const QString &key, int items)
+QString CBatchItems::stepText(const QString &key, int items) const
 {
-    return tr("Change %1 of %2 Items").arg(key).arg(items);
+    const QVector<CItemModel *> changed = with(key);
+    return tr("Change %1 of %2 Items")
+        .arg(changed.isEmpty() ? key : PropertyWords::caption(*changed.constFirst(), key))
+        .arg(items);
 }

@@ -55,7 +55,7 @@ public:
     static QVariant stepped(const CItemModel &item, const QString &key, const QVariant &start,
                             double by);
     /// How the step of such changes is called.
-    static QString stepText(const QString &key, int items);
+    QString stepText(const QString &key, int items) const;
 
 private:
     struct SRow

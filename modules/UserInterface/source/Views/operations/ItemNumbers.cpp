@@ -4,6 +4,7 @@
 #include "CWidgetProperty.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 
 namespace {
 QString keyOf(const QString &name)
@@ -20,18 +21,21 @@ QString keyOf(const QString &name)
 std::optional<double> ItemNumbers::find(const CItemModel &item, const QString &name)
 {
     QString key = keyOf(name);
-    if (key == PropertyKey::Radius && !item.hasProperty(key))
-        key = PropertyKey::PointSize; // which users see as a radius, in pixels
+    if (!item.hasProperty(key))
+        key = PropertyWords::keyOf(item, name);
     const auto property = item.properties().constFind(key);
     if (property != item.properties().constEnd()) {
         const PropertyType type = property->propertyType();
-        const double unit = key == PropertyKey::PointSize ? ItemGeometry::PointSizeOfPixel : 1;
         if (type == PropertyType::Int || type == PropertyType::Float)
-            return property->value().toDouble() / unit;
+            return property->value().toDouble() / PropertyWords::unit(item, key);
     }
+    key = keyOf(name);
     if (key == PropertyKey::Width)
         return ItemGeometry::frameOf(item).width();
     if (key == PropertyKey::Height)
         return ItemGeometry::frameOf(item).height();
+    if (key == PropertyKey::Radius && item.hasProperty(PropertyKey::PointSize))
+        return item.propertyValue(PropertyKey::PointSize).toDouble() /
+               ItemGeometry::PointSizeOfPixel;
     return {};
 }

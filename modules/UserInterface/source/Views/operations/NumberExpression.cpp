@@ -250,16 +250,38 @@ private:
         return value;
     }
 
-    double named()
+    QString word()
     {
         const int begin = m_at;
         while (isNameStart(peek()) || isDigit(peek()))
             ++m_at;
-        const QString name = m_text.mid(begin, m_at - begin);
-        const std::optional<double> value = m_names ? m_names(name) : std::nullopt;
-        if (!value && !hasFailed()) {
-            m_isIncomplete = m_at >= m_text.size(); // its end may not be typed yet
-            fail(tr("There is no number named \"%1\"").arg(quoted(name)));
+        return m_text.mid(begin, m_at - begin);
+    }
+
+    /// The longest of the names that begin here; one may have several words.
+    double named()
+    {
+        const QString first = word();
+        std::optional<double> value = m_names ? m_names(first) : std::nullopt;
+        int end = m_at;
+        QString name = first;
+        for (int words = 1; words < NumberExpression::MaxWords && m_names; ++words) {
+            skipBlanks();
+            if (!isNameStart(peek()) && !isDigit(peek()))
+                break;
+            name += QLatin1Char(' ') + word();
+            if (const std::optional<double> longer = m_names(name)) {
+                value = longer;
+                end = m_at;
+            }
+        }
+        const bool isLast = m_at >= m_text.size();
+        m_at = end;
+        skipBlanks();
+        const bool isName = value && !isNameStart(peek()); // two side by side are none
+        if (!isName && !hasFailed()) {
+            m_isIncomplete = isLast; // its end may not be typed yet
+            fail(tr("There is no number named \"%1\"").arg(quoted(isLast ? name : first)));
         }
         return value.value_or(0);
     }

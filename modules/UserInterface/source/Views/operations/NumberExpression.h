@@ -18,6 +18,7 @@
 namespace NumberExpression {
 constexpr int MaxLength = 500; ///< characters of an expression
 constexpr int MaxDepth = 50;   ///< brackets and signs within each other
+constexpr int MaxWords = 5;    ///< of a name
 
 using Names = std::function<std::optional<double>(const QString &)>;
 

@@ -88,6 +88,7 @@ void CPictureBox::setSample(int index, const CSampleSheet::SSample &sample)
     if (m_samples.size() <= index)
         m_samples.resize(index + 1);
     m_samples[index] = sample;
+    m_isAsked = false;
     setItemData(index, sample.size, SizeRole);
 }
 

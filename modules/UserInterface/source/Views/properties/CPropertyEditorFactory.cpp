@@ -9,6 +9,7 @@
 #include "CTextBox.h"
 #include "CThemeIcons.h"
 #include "CTimeEdit.h"
+#include "PropertyWords.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -357,16 +358,18 @@ QWidget *CPropertyEditorFactory::makeComboBox(QtVariantPropertyManager *manager,
         manager, property, box, [box] { return box->currentIndex(); },
         [manager, property, box] {
             const QStringList entries = attribute(manager, property, "enumNames").toStringList();
-            if (box->count() != entries.size()) {
+            if (box->count() != entries.size())
                 box->clear();
-                box->addItems(entries);
+            for (int entry = box->count(); entry < entries.size(); ++entry) {
+                box->addItem(PropertyWords::entry(entries.at(entry)), entries.at(entry));
+                box->setItemData(entry, entries.at(entry), Qt::ToolTipRole);
             }
             box->setCurrentIndex(manager->value(property).toInt());
         });
     constexpr QSize symbolSize(24, 24);
     for (int entry = 0; symbols && entry < symbols->count(); ++entry)
-        symbols->setSample(entry,
-                           {symbols->itemText(entry), CSampleSheet::SSample::None, symbolSize});
+        symbols->setSample(
+            entry, {symbols->itemData(entry).toString(), CSampleSheet::SSample::None, symbolSize});
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), pending,
             &CPendingEdit::touch);
     return box;

@@ -2,6 +2,7 @@
 
 #include "CThemeIcons.h"
 #include "CWidgetProperty.h"
+#include "PropertyWords.h"
 
 #include <QApplication>
 #include <QColor>
@@ -208,11 +209,12 @@ QString CPropertyManager::valueText(const QtProperty *property) const
     case QVariant::String: // in one line
         return value(property).toString().replace(QLatin1Char('\n'), QStringLiteral(" \u21b5 "));
     case QVariant::Bool: // as its editor says it, also in another language
-        return QCoreApplication::translate("QtBoolEdit",
-                                           value(property).toBool() ? "True" : "False");
+        return PropertyWords::truth(value(property).toBool());
     case QVariant::Time:
         return value(property).toTime().toString(QStringLiteral("HH:mm:ss"));
     default:
+        if (propertyType(property) == enumTypeId())
+            return PropertyWords::entry(modelValue(property).toString());
         return QtVariantPropertyManager::valueText(property);
     }
 }

@@ -9,9 +9,9 @@
 #include "CWidgetLibraryModel.h"
 #include "CWidgetPropertiesView.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 #include "ShownProperties.h"
 
-#include <QCoreApplication>
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 
@@ -79,20 +79,21 @@ void CWidgetPropertiesView::insertRow(QtProperty *row, const QString &key)
     addProperty(row);
 }
 
-/// The rows of screens and groups are called as they are; those of widgets, which the library
-/// describes, as it says.
+/// As the library says, under its headings; for a kind that it does not know, one below the other.
 void CWidgetPropertiesView::layOut(const QVector<CWidgetProperty> &properties)
 {
     const CWidgetLibraryModel *library = m_item->library();
     const QString kind = m_item->itemTypeName();
-    if (m_item->kind() != CItemModel::Kind::Widget || !library || !library->contains(kind))
+    const bool isWidget = m_item->kind() == CItemModel::Kind::Widget;
+    if (isWidget && (!library || !library->contains(kind)))
         return;
     QVector<CPropertyLayout::SRow> rows;
     for (const CWidgetProperty &each : properties) {
-        const SPropertyLook look = library->look(kind, each.key());
-        const QString caption =
-            QCoreApplication::translate("WidgetLibrary", look.caption.toUtf8().constData());
-        rows.append({each.key(), m_rows.value(each.key()), caption, look.section});
+        const QString &key = each.key();
+        rows.append({key, m_rows.value(key), PropertyWords::caption(*m_item, key),
+                     isWidget ? library->look(kind, key).section : QString()});
+        if (!isWidget && key == PropertyKey::Name) // what is no property has its row behind it
+            rows.append({QStringLiteral("type"), nullptr, tr("Type"), QString()});
     }
     m_layout->arrange(rows);
 }

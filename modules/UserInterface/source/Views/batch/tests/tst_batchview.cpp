@@ -243,7 +243,7 @@ private:
         if (const auto *line = field->findChild<QLineEdit *>())
             return orMixed(line->text(), line->placeholderText());
         if (const auto *list = field->findChild<QComboBox *>())
-            return orMixed(list->currentText().section(" \u00b7", 0, 0), list->placeholderText());
+            return orMixed(list->currentData().toString(), list->placeholderText());
         if (const auto *lines = field->findChild<QPlainTextEdit *>())
             return lines->toPlainText();
         const auto *box = field->findChild<QCheckBox *>();

@@ -42,6 +42,8 @@ private Q_SLOTS:
         row("2-3-4", "-5");
         row("12/2/3", "2");
         row("Height-Y", "21");
+        row("corner radius*2 + Corner  Radius", "30");
+        row("corner radiu", "\"corner radiu\"");
         row("50%", "6");
         row("+10%", "13.2");
         row("-=25%", "9");

@@ -34,7 +34,7 @@ private Q_SLOTS:
     }
 
     /// All properties of its definition but the hidden ones, in its order, under headings; called
-    /// as people call them, with the key as the tool tip. Screens and groups have no other names.
+    /// as people call them, with the key as the tool tip.
     void rowsOfAnItem()
     {
         show("Kiv_Bitmap_T");
@@ -53,7 +53,8 @@ private Q_SLOTS:
         QCOMPARE(treeRow("bfolder")->toolTip(0), "bfolder");
         m_view->showIndexes({m_project->screen(0)->index()});
         QVERIFY(treeRow("color") && !treeRow("filename"));
-        QCOMPARE(layout()->caption(treeRow("color")), "color");
+        QCOMPARE(layout()->caption(treeRow("color")), "Colour");
+        QCOMPARE(layout()->caption(treeRow("type")), "Type");
         QCOMPARE(tree()->topLevelItemCount(), 3);
         QCOMPARE(stack().count(), 0);
     }
@@ -260,7 +261,7 @@ private Q_SLOTS:
         QTRY_COMPARE(clock->propertyText("align"), "center");
         QCOMPARE(stack().count(), 1);
         clock->setProperty("align", "fishtail"); // of a later program
-        QCOMPARE(shown("align"), "fishtail");
+        QCOMPARE(shown("align"), "Fishtail");
         QCOMPARE(stack().count(), 1);
     }
 
