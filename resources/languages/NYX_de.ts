@@ -2788,7 +2788,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>To &amp;Items</source>
-        <translation>An An &amp;Objektenamp;Elementen</translation>
+        <translation>An &amp;Elementen</translation>
     </message>
     <message>
         <source>Snap to edges and middles of other items</source>

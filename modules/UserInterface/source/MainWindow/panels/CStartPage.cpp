@@ -239,11 +239,11 @@ void CStartPage::setVisible(bool visible)
 
 void CStartPage::showTexts()
 {
+    m_new->setText(tr("New project..."));
+    m_open->setText(tr("Open a project..."));
     m_areTextsOld = isHidden();
     if (m_areTextsOld)
         return;
-    m_new->setText(tr("New project..."));
-    m_open->setText(tr("Open a project..."));
     const auto heading = [](const QString &text) {
         return QStringLiteral("<p style=\"margin:20px 0 8px 0;font-weight:600\">%1</p>")
             .arg(text.toHtmlEscaped());
