@@ -5145,6 +5145,10 @@ RAM_DL: %2</translation>
         <source>What each item adds to the display list of its page</source>
         <translation>Was jedes Element zur Anzeigeliste seiner Seite beiträgt</translation>
     </message>
+    <message>
+        <source>Fit into Budget</source>
+        <translation>In das Budget einpassen</translation>
+    </message>
 </context>
 <context>
     <name>CMemoryBar</name>
@@ -5217,6 +5221,81 @@ RAM_DL: %2</translation>
     <message>
         <source>Change Image Format</source>
         <translation>Bildformat ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CFormatFitView</name>
+    <message>
+        <source>Trying all pictures in all formats of the chip...</source>
+        <translation>Alle Bilder werden in allen Formaten des Chips versucht...</translation>
+    </message>
+    <message>
+        <source>Tries all pictures of the project in every format of the chip and proposes those in which every page fits with the least visible loss.</source>
+        <translation>Versucht alle Bilder des Projekts in jedem Format des Chips und schlägt die vor, mit denen jede Seite bei geringstem sichtbarem Verlust passt.</translation>
+    </message>
+    <message>
+        <source>Every page fits as it is, and no other formats are better.</source>
+        <translation>Jede Seite passt, wie sie ist, und keine anderen Formate sind besser.</translation>
+    </message>
+    <message>
+        <source>Every page fits as it is. What is listed is as good or better and fits too; what would grow is not ticked.</source>
+        <translation>Jede Seite passt, wie sie ist. Was aufgeführt ist, ist gleich gut oder besser und passt auch; was größer würde, ist nicht angehakt.</translation>
+    </message>
+    <message>
+        <source>With all of these formats every page fits, with the least visible loss.</source>
+        <translation>Mit allen diesen Formaten passt jede Seite, mit dem geringsten sichtbaren Verlust.</translation>
+    </message>
+    <message>
+        <source>No formats make every page fit. What is listed comes closest.</source>
+        <translation>Mit keinen Formaten passt jede Seite. Was aufgeführt ist, kommt dem am nächsten.</translation>
+    </message>
+    <message>
+        <source>Locked or without the file it was made of: %1.</source>
+        <translation>Gesperrt oder ohne die Datei, aus der es entstand: %1.</translation>
+    </message>
+    <message>
+        <source>With what is ticked the fullest page is %1: %2.</source>
+        <translation>Mit dem Angehakten ist die vollste Seite %1: %2.</translation>
+    </message>
+    <message>
+        <source>With what is ticked the fullest page is %1: %2, %3 bytes too many.</source>
+        <translation>Mit dem Angehakten ist die vollste Seite %1: %2, %3 Byte zu viel.</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Proposed</source>
+        <translation>Vorschlag</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>Byte</translation>
+    </message>
+    <message>
+        <source>Then</source>
+        <translation>Danach</translation>
+    </message>
+    <message>
+        <source>SSIM</source>
+        <translation>SSIM</translation>
+    </message>
+    <message>
+        <source>&amp;Find Formats</source>
+        <translation>Formate &amp;suchen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Use Ticked Formats</source>
+        <translation>Angehakte &amp;verwenden</translation>
     </message>
 </context>
 <context>

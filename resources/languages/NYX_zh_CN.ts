@@ -5145,6 +5145,10 @@ RAM_DL：%2</translation>
         <source>What each item adds to the display list of its page</source>
         <translation>每个项在其页面的显示列表中所占的部分</translation>
     </message>
+    <message>
+        <source>Fit into Budget</source>
+        <translation>适应预算</translation>
+    </message>
 </context>
 <context>
     <name>CMemoryBar</name>
@@ -5217,6 +5221,81 @@ RAM_DL：%2</translation>
     <message>
         <source>Change Image Format</source>
         <translation>更改图片格式</translation>
+    </message>
+</context>
+<context>
+    <name>CFormatFitView</name>
+    <message>
+        <source>Trying all pictures in all formats of the chip...</source>
+        <translation>正在以芯片的所有格式尝试所有图片...</translation>
+    </message>
+    <message>
+        <source>Tries all pictures of the project in every format of the chip and proposes those in which every page fits with the least visible loss.</source>
+        <translation>以芯片的每种格式尝试项目的所有图片，并建议可见损失最小且每个页面都能容纳的格式。</translation>
+    </message>
+    <message>
+        <source>Every page fits as it is, and no other formats are better.</source>
+        <translation>每个页面现在都能容纳，没有更好的格式。</translation>
+    </message>
+    <message>
+        <source>Every page fits as it is. What is listed is as good or better and fits too; what would grow is not ticked.</source>
+        <translation>每个页面现在都能容纳。列出的格式同样好或更好，也能容纳；会变大的未勾选。</translation>
+    </message>
+    <message>
+        <source>With all of these formats every page fits, with the least visible loss.</source>
+        <translation>全部采用这些格式后，每个页面都能容纳，且可见损失最小。</translation>
+    </message>
+    <message>
+        <source>No formats make every page fit. What is listed comes closest.</source>
+        <translation>没有任何格式能使每个页面都容纳。列出的最为接近。</translation>
+    </message>
+    <message>
+        <source>Locked or without the file it was made of: %1.</source>
+        <translation>已锁定或缺少源文件：%1。</translation>
+    </message>
+    <message>
+        <source>With what is ticked the fullest page is %1: %2.</source>
+        <translation>采用勾选的格式后，占用最多的页面是 %1：%2。</translation>
+    </message>
+    <message>
+        <source>With what is ticked the fullest page is %1: %2, %3 bytes too many.</source>
+        <translation>采用勾选的格式后，占用最多的页面是 %1：%2，超出 %3 字节。</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Proposed</source>
+        <translation>建议</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>Then</source>
+        <translation>之后</translation>
+    </message>
+    <message>
+        <source>SSIM</source>
+        <translation>SSIM</translation>
+    </message>
+    <message>
+        <source>&amp;Find Formats</source>
+        <translation>查找格式(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Use Ticked Formats</source>
+        <translation>使用勾选的格式(&amp;U)</translation>
     </message>
 </context>
 <context>

@@ -88,11 +88,32 @@ QVariant CBudgetTable::data(const QModelIndex &index, int role) const
         return index.column() == 0 && !row.icon.isNull() ? QVariant(row.icon) : QVariant();
     case Qt::ToolTipRole:
         return row.toolTip.isEmpty() ? QVariant() : ShownText::toolTip(row.toolTip);
+    case Qt::CheckStateRole:
+        return index.column() == 0 && row.tick ? QVariant(*row.tick ? Qt::Checked : Qt::Unchecked)
+                                               : QVariant();
     case Qt::TextAlignmentRole:
         return int((isText(cell) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     default:
         return {};
     }
+}
+
+Qt::ItemFlags CBudgetTable::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    const bool canTick = index.isValid() && index.column() == 0 && m_rows[index.row()].tick;
+    return canTick ? usual | Qt::ItemIsUserCheckable : usual;
+}
+
+bool CBudgetTable::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (role != Qt::CheckStateRole || !flags(index).testFlag(Qt::ItemIsUserCheckable))
+        return false;
+    const bool isOn = value.toInt() == Qt::Checked;
+    m_rows[index.row()].tick.emplace(isOn);
+    Q_EMIT dataChanged(index, index);
+    Q_EMIT ticked(m_rows[index.row()].key, isOn);
+    return true;
 }
 
 QVariant CBudgetTable::headerData(int section, Qt::Orientation orientation, int role) const

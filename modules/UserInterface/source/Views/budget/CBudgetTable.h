@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QVector>
 
+#include <optional>
+
 class CItemModel;
 
 /// Rows with figures, sorted by the column that is chosen: numbers by their size.
@@ -24,7 +26,8 @@ public:
         QVector<QVariant> cells;
         QIcon icon;
         QString toolTip;
-        QString key; ///< what it is about; no other row has it
+        std::optional<bool> tick; ///< can be set by the user
+        QString key;              ///< what it is about; no other row has it
         QVector<const CItemModel *> items;
     };
 
@@ -40,7 +43,12 @@ public:
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     void sort(int column, Qt::SortOrder order) override;
+
+Q_SIGNALS:
+    void ticked(const QString &key, bool isOn); ///< by the user
 
 private:
     void sortRows();

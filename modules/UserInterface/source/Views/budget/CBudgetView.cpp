@@ -1,6 +1,7 @@
 #include "CBudgetView.h"
 
 #include "CBudgetResults.h"
+#include "CFormatFitView.h"
 #include "CMemoryBar.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -57,6 +58,7 @@ CBudgetView::CBudgetView(QWidget *parent)
       m_assets(new CBudgetTable(this)),
       m_items(new CBudgetTable(this)),
       m_whatIf(new CWhatIfView),
+      m_fit(new CFormatFitView),
       m_empty(new QLabel),
       m_stack(new QStackedLayout(this))
 {
@@ -73,6 +75,7 @@ CBudgetView::CBudgetView(QWidget *parent)
     m_assetView->setIconSize(QSize(IconSide, IconSide));
     m_itemView = makeTable(m_items, "budgetItems", ItemBytes);
     m_tabs->addTab(m_whatIf, QString());
+    m_tabs->addTab(m_fit, QString());
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
 
@@ -95,6 +98,8 @@ CBudgetView::CBudgetView(QWidget *parent)
     connect(m_assetView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &CBudgetView::showWhatIf);
     connect(m_whatIf, &CWhatIfView::message, this, &CBudgetView::message);
+    connect(m_fit, &CFormatFitView::message, this, &CBudgetView::message);
+    connect(m_fit, &CFormatFitView::itemsWanted, this, &CBudgetView::itemsWanted);
     retranslate();
     for (const QTreeView *view : {m_assetView, m_itemView}) { // which have their columns now
         view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -126,6 +131,7 @@ void CBudgetView::setResults(CBudgetResults *results)
 {
     m_results = results;
     m_whatIf->setResults(results);
+    m_fit->setResults(results);
     connect(results, &CBudgetResults::changed, this, &CBudgetView::fill);
     fill();
 }
@@ -347,7 +353,10 @@ void CBudgetView::retranslate()
     m_tabs->setTabText(m_tabs->indexOf(m_assetView), tr("Pictures and Fonts"));
     m_tabs->setTabText(m_tabs->indexOf(m_itemView), tr("Items"));
     m_tabs->setTabText(m_tabs->indexOf(m_whatIf), tr("What If"));
+    m_tabs->setTabText(m_tabs->indexOf(m_fit), tr("Fit into Budget"));
     m_whatIf->retranslate();
+    if (m_results)
+        m_fit->retranslate();
     m_tabs->setTabToolTip(m_tabs->indexOf(m_itemView),
                           tr("What each item adds to the display list of its page"));
     fill();

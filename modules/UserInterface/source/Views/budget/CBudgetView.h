@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CBudgetResults;
+class CFormatFitView;
 class CWhatIfView;
 class QLabel;
 class QStackedLayout;
@@ -57,6 +58,7 @@ private:
     QTreeView *m_assetView = nullptr;
     QTreeView *m_itemView = nullptr;
     CWhatIfView *m_whatIf;
+    CFormatFitView *m_fit;
     QLabel *m_empty;
     QStackedLayout *m_stack; ///< the figures, or what says that there are none
     bool m_isStale = true;   ///< to be filled when it is seen

@@ -9,8 +9,10 @@
 #include "CScreenRounds.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
+#include "TestFiles.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QLocale>
 #include <QProcess>
 #include <QPushButton>
@@ -67,6 +69,8 @@ private Q_SLOTS:
     void whatIsGoneIsNotSelected();
     void whatIfIsAdopted_data();
     void whatIfIsAdopted();
+    void fitsIntoBudget_data();
+    void fitsIntoBudget();
 
 private:
     void open(const QString &name, const QString &folder = {}, const Prepare &prepare = {});
@@ -305,6 +309,74 @@ void tst_BudgetView::whatIfIsAdopted()
     QCOMPARE(m_ramG["Drinks"].used, ramG["Drinks"].used);
     m_project->undoStack()->redo();
     QCOMPARE(saved(), after);
+}
+
+void tst_BudgetView::fitsIntoBudget_data()
+{
+    QTest::addColumn<QByteArray>("ofSky");
+    QTest::addColumn<bool>("fits");
+    QTest::newRow("on two pages") << QByteArray() << true;
+    QTest::newRow("locked") << QByteArray(" locked=\"1\"") << false;
+    QTest::newRow("no file is left") << QByteArray(" filename=\"gone.png\"") << false;
+}
+
+/// 400 x 400 texels: 320,000 bytes as they are, and the chip has 262,144.
+void tst_BudgetView::fitsIntoBudget()
+{
+    QFETCH(QByteArray, ofSky);
+    QFETCH(bool, fits);
+    const QTemporaryDir folder;
+    const QDir images(folder.filePath("p/p_ConvertedImages"));
+    QVERIFY(images.mkpath("."));
+    QImage picture(400, 400, QImage::Format_RGB32);
+    for (int i = 0; i < 400 * 400; ++i)
+        picture.setPixel(i % 400, i / 400, qRgb(i % 400 * 255 / 400, i / 400 * 255 / 400, 90));
+    QVERIFY(picture.save(images.filePath(ofSky.contains("gone") ? "other.png" : "sky.png")));
+    TestFiles::write(images.filePath("sky_RGB565.raw"), QByteArray(320000, '\x20'));
+    const QByteArray sky =
+        R"(<Kiv_Bitmap_T name="Sky" id="1" width="400" height="400" basename="sky" suffix="png" bfolder="p_ConvertedImages" format="RGB565" bwidth="400" bheight="400")" +
+        ofSky + "/>";
+    TestFiles::write(
+        folder.filePath("p/p.nyx"),
+        R"(<Kiv_Project_T project_name="p" platform="QX100" width="480" height="272"><Kiv_Screen_T name="Home">)" +
+            sky + R"(</Kiv_Screen_T><Kiv_Screen_T name="Next"><Widget_Group_T name="Group">)" +
+            sky + "</Widget_Group_T></Kiv_Screen_T></Kiv_Project_T>");
+    open("p", folder.path());
+    const QByteArray before = m_project->saveToBytes(nullptr);
+    m_view->findChild<QTabWidget *>()->setCurrentIndex(3);
+    const auto button = [this](const char *name) { return m_view->findChild<QPushButton *>(name); };
+    const auto *sum = m_view->findChild<QLabel *>("formatsSum");
+    QTest::mouseClick(button("findFormats"), Qt::LeftButton);
+    if (fits) {
+        QTest::mouseClick(button("cancelFormats"), Qt::LeftButton);
+        QVERIFY(sum->text().isEmpty());
+        QTest::mouseClick(button("findFormats"), Qt::LeftButton);
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(!sum->text().isEmpty(), 30000);
+    QTreeView *rows = table("fitFormats");
+    QCOMPARE(rows->model()->rowCount(), fits ? 1 : 0);
+    QCOMPARE(button("useFormats")->isEnabled(), fits);
+    QCOMPARE(sum->text().contains("57.856"), !fits); // 320,000 - 262,144
+    if (!fits)
+        return;
+    const QString fitting = sum->text();
+    QTest::keyClick(rows, Qt::Key_Space); // the first row is chosen
+    QVERIFY(sum->text().contains("57.856"));
+    QVERIFY(!button("useFormats")->isEnabled());
+    QTest::keyClick(rows, Qt::Key_Space);
+    QSignalSpy done(m_rounds.get(), &CScreenRounds::done);
+    QTest::mouseClick(button("useFormats"), Qt::LeftButton);
+    QCOMPARE(m_project->undoStack()->count(), 1);
+    QVERIFY(done.wait(20000));
+    QVERIFY2(fitting.contains(QLocale().toString(qulonglong(m_ramG["Home"].used))),
+             qPrintable(fitting));
+    QCOMPARE(m_ramG["Next"].used, m_ramG["Home"].used);
+    QCOMPARE(rows->model()->rowCount(), 0); // it follows: nothing is left to do
+    m_project->undoStack()->undo();
+    QCOMPARE(m_project->saveToBytes(nullptr), before);
+    QTRY_COMPARE_WITH_TIMEOUT(rows->model()->rowCount(), 1, 20000);
+    chooseAsset("sky_RGB565.raw");
+    m_view.reset(); // while it is tried; what runs is ended
 }
 
 QTEST_MAIN(tst_BudgetView)
