@@ -2,13 +2,13 @@
 
 #include "CCommandLine.h"
 #include "CExportJob.h"
-#include "CItemMatch.h"
 #include "CMessages.h"
 #include "CPackedPictures.h"
 #include "CProjectModel.h"
 #include "CProjectRun.h"
 #include "CScreenModel.h"
 #include "CScreenshotWriter.h"
+#include "CStateReader.h"
 #include "ChangesText.h"
 #include "CommandOutput.h"
 #include "FileNames.h"
@@ -63,8 +63,10 @@ public:
             for (CProjectRun *each : {&m_before, &m_after})
                 each->project().setWorkingDirectory(
                     QFileInfo(m_line.value("folder")).absoluteFilePath());
-        const SProjectChanges changes = projectChanges(m_before.project(), m_after.project());
-        if (!comparePictures())
+        const ProjectState before = CStateReader::read(m_before.project());
+        const ProjectState after = CStateReader::read(m_after.project());
+        const SProjectChanges changes = projectChanges(*before, *after);
+        if (!comparePictures(changes.pairs))
             return EExit::Failed;
         const QJsonObject json = ChangesText::toJson(changes, m_differences);
         const bool isEqual = json.value(QStringLiteral("equal")).toBool();
@@ -79,28 +81,33 @@ public:
 
 private:
     /// The earlier pictures wait, packed, for the later ones: there is one emulator.
-    bool comparePictures()
+    bool comparePictures(const QVector<SScreenPair> &pairs)
     {
+        QHash<const CItemModel *, SScreenPair> pairOf;
+        for (const SScreenPair &pair : pairs)
+            pairOf.insert(pair.after->item, pair);
         CPackedPictures earlier;
         const auto keep = [&earlier](SScreenExport &&screen) {
             earlier.add(screen.screen, screen.frame);
         };
         if (!m_before.renderAll(keep))
             return false;
-        const CItemMatch match(m_before.project(), m_after.project());
         const QStringList names = pictureNames();
         return m_after.renderAll([&](SScreenExport &&screen) {
-            if (const CItemModel *before = match.before(screen.screen))
-                compare(earlier.take(before), screen, names.value(screen.screen->row()));
+            const auto pair = pairOf.constFind(screen.screen);
+            if (pair != pairOf.cend())
+                compare(earlier.take(pair->before->item), *pair->after, screen.frame,
+                        names.value(screen.screen->row()));
         });
     }
 
-    void compare(const QImage &before, const SScreenExport &screen, const QString &name)
+    void compare(const QImage &before, const SItemState &screen, const QImage &after,
+                 const QString &name)
     {
-        const SPictureDifference difference = pictureDifference(before, screen.frame);
+        const SPictureDifference difference = pictureDifference(before, after);
         if (difference.isEmpty())
             return;
-        m_differences.insert(screen.screen, difference);
+        m_differences.insert(&screen, difference);
         if (!m_line.isSet("png"))
             return;
         const QDir folder(m_line.value("png"));
@@ -109,8 +116,8 @@ private:
                                  CScreenshotWriter::toPng(picture), m_messages);
         };
         write(".old.png", before);
-        write(".new.png", screen.frame);
-        write(".diff.png", differencePicture(before, screen.frame));
+        write(".new.png", after);
+        write(".diff.png", differencePicture(before, after));
     }
 
     /// Without suffix, of the screens in the rows of the later project.
@@ -135,7 +142,8 @@ int describe(const QString &file)
     CProjectRun run(file, messages);
     if (!CProjectRun::loadProgramData(messages) || !run.open())
         return int(CExportJob::EExit::Failed);
-    CommandOutput::print(joined(ChangesText::describe(run.project())), messages);
+    CommandOutput::print(joined(ChangesText::describe(*CStateReader::read(run.project()))),
+                         messages);
     return int(messages.hasFailed() ? CExportJob::EExit::Failed : CExportJob::EExit::Done);
 }
 

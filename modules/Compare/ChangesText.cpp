@@ -1,15 +1,8 @@
 #include "ChangesText.h"
 
-#include "CItemDocument.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
-#include "ItemGeometry.h"
-#include "ItemTree.h"
 #include "ProjectChanges.h"
 
 #include <QJsonArray>
-
-#include <algorithm>
 
 namespace {
 
@@ -62,21 +55,20 @@ QJsonArray toJson(const QVector<SValueChange> &values)
 }
 
 /// The group that it is a member of; empty when it is none.
-QString groupOf(const CItemModel &item)
+QString groupOf(const SItemState &item)
 {
-    const CItemModel *parent = item.parentItem();
-    return parent && parent->kind() == CItemModel::Kind::Group ? parent->name() : QString();
+    const SItemState *parent = item.parent;
+    return parent && parent->kind == CItemModel::Kind::Group ? parent->name : QString();
 }
 
 QJsonObject toJson(const SItemChange &change)
 {
-    const CItemModel &item = change.after ? *change.after : *change.before;
-    QJsonObject object{
-        {QStringLiteral("change"), word(change.kind)},
-        {QStringLiteral("type"), item.itemTypeName()},
-        {QStringLiteral("id"), item.idString()},
-        {QStringLiteral("name"), item.name()},
-        {QStringLiteral("box"), toJson(ItemGeometry::frameOf(item).toAlignedRect())}};
+    const SItemState &item = change.any();
+    QJsonObject object{{QStringLiteral("change"), word(change.kind)},
+                       {QStringLiteral("type"), item.typeName},
+                       {QStringLiteral("id"), item.idString},
+                       {QStringLiteral("name"), item.name},
+                       {QStringLiteral("box"), toJson(item.box)}};
     if (!groupOf(item).isEmpty())
         object.insert(QStringLiteral("group"), groupOf(item));
     if (!change.screenBefore.isNull())
@@ -92,11 +84,11 @@ QJsonObject toJson(const SItemChange &change)
 
 QJsonObject toJson(const SScreenChange &change)
 {
-    const CItemModel &screen = change.after ? *change.after : *change.before;
+    const SItemState &screen = change.any();
     QJsonObject object{{QStringLiteral("change"), word(change.kind)},
-                       {QStringLiteral("name"), screen.name()}};
-    if (change.before && change.before->name() != screen.name())
-        object.insert(QStringLiteral("old_name"), change.before->name());
+                       {QStringLiteral("name"), screen.name}};
+    if (change.before && change.before->name != screen.name)
+        object.insert(QStringLiteral("old_name"), change.before->name);
     if (change.isReordered)
         object.insert(QStringLiteral("reordered"), true);
     if (!change.values.isEmpty())
@@ -148,17 +140,17 @@ void addLines(const QString &place, const QVector<SValueChange> &values, QString
 }
 
 /// "Kiv_Text_T 12 "Title""
-QString label(const CItemModel &item)
+QString label(const SItemState &item)
 {
-    QString text = item.itemTypeName();
-    if (!item.idString().isEmpty())
-        text += QLatin1Char(' ') + item.idString();
-    return text + QLatin1Char(' ') + quoted(item.name());
+    QString text = item.typeName;
+    if (!item.idString.isEmpty())
+        text += QLatin1Char(' ') + item.idString;
+    return text + QLatin1Char(' ') + quoted(item.name);
 }
 
 void addLines(const QString &screen, const SItemChange &change, QStringList &lines)
 {
-    const CItemModel &item = change.after ? *change.after : *change.before;
+    const SItemState &item = change.any();
     const QString place = screen + label(item) + QStringLiteral(": ");
     if (change.kind == SItemChange::EKind::Added || change.kind == SItemChange::EKind::Removed)
         lines.append(place + word(change.kind));
@@ -184,24 +176,32 @@ void addLine(const QString &screen, const SPictureDifference &picture, QStringLi
                                   .arg(picture.box.height()));
 }
 
-QString screenLabel(const CItemModel &screen)
+QString screenLabel(const SItemState &screen)
 {
-    return QStringLiteral("screen ") + quoted(screen.name()) + QStringLiteral(": ");
+    return QStringLiteral("screen ") + quoted(screen.name) + QStringLiteral(": ");
 }
 
-/// The screens of which nothing but the picture differs, by their names.
-QVector<const CItemModel *> onlyPictures(const SProjectChanges &changes,
+/// The screens of which nothing but the picture differs, in their order.
+QVector<const SItemState *> onlyPictures(const SProjectChanges &changes,
                                          PictureDifferences pictures)
 {
     for (const SScreenChange &screen : changes.screens)
         pictures.remove(screen.after);
-    QVector<const CItemModel *> screens;
-    for (auto it = pictures.cbegin(); it != pictures.cend(); ++it)
-        if (!it->isEmpty())
-            screens.append(it.key());
-    std::sort(screens.begin(), screens.end(),
-              [](const CItemModel *a, const CItemModel *b) { return a->row() < b->row(); });
+    QVector<const SItemState *> screens;
+    for (const SScreenPair &pair : changes.pairs)
+        if (!pictures.value(pair.after).isEmpty())
+            screens.append(pair.after);
     return screens;
+}
+
+void describeItem(const SItemState &item, const QString &indent, QStringList &lines)
+{
+    lines.append(indent + label(item));
+    for (const auto &[key, text] : item.values)
+        lines.append(indent +
+                     QStringLiteral("  . %1: %2").arg(key, quoted(QString::fromUtf8(text))));
+    for (const auto &child : item.children)
+        describeItem(*child, indent + QStringLiteral("  "), lines);
 }
 
 } // namespace
@@ -218,9 +218,9 @@ QJsonObject toJson(const SProjectChanges &changes, const PictureDifferences &pic
             object.insert(QStringLiteral("pixels"), ::toJson(picture));
         screens.append(object);
     }
-    for (const CItemModel *screen : onlyPictures(changes, pictures))
+    for (const SItemState *screen : onlyPictures(changes, pictures))
         screens.append(QJsonObject{{QStringLiteral("change"), QStringLiteral("changed")},
-                                   {QStringLiteral("name"), screen->name()},
+                                   {QStringLiteral("name"), screen->name},
                                    {QStringLiteral("pixels"), ::toJson(pictures.value(screen))}});
     return {{QStringLiteral("equal"), changes.values.isEmpty() && screens.isEmpty()},
             {QStringLiteral("project"), ::toJson(changes.values)},
@@ -232,7 +232,7 @@ QStringList toLines(const SProjectChanges &changes, const PictureDifferences &pi
     QStringList lines;
     addLines(QStringLiteral("project: "), changes.values, lines);
     for (const SScreenChange &change : changes.screens) {
-        const QString screen = screenLabel(change.after ? *change.after : *change.before);
+        const QString screen = screenLabel(change.any());
         if (change.kind != SScreenChange::EKind::Changed)
             lines.append(screen + word(change.kind));
         if (change.isReordered)
@@ -242,29 +242,18 @@ QStringList toLines(const SProjectChanges &changes, const PictureDifferences &pi
             addLines(screen, item, lines);
         addLine(screen, pictures.value(change.after), lines);
     }
-    for (const CItemModel *screen : onlyPictures(changes, pictures))
+    for (const SItemState *screen : onlyPictures(changes, pictures))
         addLine(screenLabel(*screen), pictures.value(screen), lines);
     return lines;
 }
 
-QStringList describe(const CProjectModel &project)
+QStringList describe(const SProjectState &project)
 {
-    // Everything is new, compared with a project that has nothing.
     QStringList lines;
-    for (const SValueChange &value : projectChanges(CProjectModel(), project).values)
-        lines.append(QStringLiteral("%1: %2").arg(value.key, valueText(value.after)));
-    forEachItem(project, [&lines](const CItemModel &item) {
-        int depth = 0;
-        for (const CItemModel *parent = item.parentItem(); parent; parent = parent->parentItem())
-            ++depth;
-        const QString indent(2 * depth, QLatin1Char(' '));
-        lines.append(indent + label(item));
-        for (const CWidgetProperty *property : CItemDocument::of(item).saved(item))
-            lines.append(indent + QStringLiteral("  . %1: %2")
-                                      .arg(property->key(),
-                                           quoted(CItemDocument::savedText(item, *property,
-                                                                           FolderForm::Relative))));
-    });
+    for (const auto &[key, text] : project.values)
+        lines.append(QStringLiteral("%1: %2").arg(key, quoted(QString::fromUtf8(text))));
+    for (const auto &screen : project.screens)
+        describeItem(*screen, QString(), lines);
     return lines;
 }
 

@@ -2,16 +2,15 @@
 
 #include "PictureDifference.h"
 #include "SProjectChanges.h"
+#include "SProjectState.h"
 
 #include <QHash>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
-class CProjectModel;
-
 /// Of the pictures of screens that differ, by the later screen; none when no pictures were made.
-using PictureDifferences = QHash<const CItemModel *, SPictureDifference>;
+using PictureDifferences = QHash<const SItemState *, SPictureDifference>;
 
 /// The forms in which changes are told outside the editor.
 namespace ChangesText {
@@ -28,6 +27,6 @@ QJsonObject toJson(const SProjectChanges &changes, const PictureDifferences &pic
 QStringList toLines(const SProjectChanges &changes, const PictureDifferences &pictures);
 
 /// A project for line by line comparison: each screen, item and value on a line of its own.
-QStringList describe(const CProjectModel &project);
+QStringList describe(const SProjectState &project);
 
 } // namespace ChangesText

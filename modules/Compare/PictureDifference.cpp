@@ -1,6 +1,7 @@
 #include "PictureDifference.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -11,6 +12,51 @@ const QRgb *line(const QImage &picture, int y)
 {
     return reinterpret_cast<const QRgb *>(picture.constScanLine(y));
 }
+
+constexpr int CellSide = 8; // pixels; differences in cells that touch are one place
+
+/// Boxes of the pixels that differ, cell by cell; null where none do.
+class CCells
+{
+public:
+    CCells(const QImage &before, const QImage &after)
+        : m_columns((before.width() + CellSide - 1) / CellSide),
+          m_rows((before.height() + CellSide - 1) / CellSide),
+          m_boxes(m_columns * m_rows)
+    {
+        for (int y = 0; y < before.height(); ++y)
+            for (int x = 0; x < before.width(); ++x)
+                if (((line(before, y)[x] ^ line(after, y)[x]) & ColourBits) != 0)
+                    m_boxes[y / CellSide * m_columns + x / CellSide] |= QRect(x, y, 1, 1);
+    }
+
+    /// Takes the cells of one place; a null box when none are left.
+    QRect take()
+    {
+        while (m_next < m_boxes.size() && m_boxes.at(m_next).isNull())
+            ++m_next;
+        QRect place;
+        QVector<int> open;
+        if (m_next < m_boxes.size())
+            open.append(m_next);
+        while (!open.isEmpty()) {
+            const int cell = open.takeLast();
+            place |= std::exchange(m_boxes[cell], QRect());
+            for (int row = cell / m_columns - 1; row <= cell / m_columns + 1; ++row)
+                for (int column = cell % m_columns - 1; column <= cell % m_columns + 1; ++column)
+                    if (row >= 0 && row < m_rows && column >= 0 && column < m_columns &&
+                        !m_boxes.at(row * m_columns + column).isNull())
+                        open.append(row * m_columns + column);
+        }
+        return place;
+    }
+
+private:
+    const int m_columns;
+    const int m_rows;
+    QVector<QRect> m_boxes;
+    int m_next = 0;
+};
 
 /// A quarter of the colour's grey on white.
 QRgb pale(QRgb colour)
@@ -66,4 +112,21 @@ QImage differencePicture(const QImage &before, const QImage &after)
                 out[x] = pale(line(b, y)[x]);
     }
     return result;
+}
+
+QVector<QRect> differencePlaces(const QImage &before, const QImage &after)
+{
+    const QImage a = before.convertToFormat(QImage::Format_RGB32);
+    const QImage b = after.convertToFormat(QImage::Format_RGB32);
+    const SPictureDifference all = pictureDifference(a, b);
+    if (all.isEmpty() || a.size() != b.size())
+        return all.isEmpty() ? QVector<QRect>() : QVector<QRect>{all.box};
+    CCells cells(a, b);
+    QVector<QRect> places;
+    for (QRect place = cells.take(); !place.isNull(); place = cells.take()) {
+        if (places.size() == MaxPlaces)
+            return {all.box};
+        places.append(place);
+    }
+    return places;
 }

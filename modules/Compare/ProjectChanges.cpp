@@ -1,75 +1,43 @@
 #include "ProjectChanges.h"
 
-#include "CItemDocument.h"
 #include "CItemMatch.h"
-#include "CProjectModel.h"
-#include "CScreenModel.h"
-#include "ItemTree.h"
 #include "PropertyKey.h"
 
-#include <QMap>
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
 
 namespace {
 
-using Values = QVector<QPair<QString, QString>>; ///< keys and texts, in the order of documents
+/// Never null: that is for values that are not there.
+QString given(const QByteArray &text)
+{
+    return text.isEmpty() ? QString(QLatin1String("")) : QString::fromUtf8(text);
+}
 
 /// Those of `after` in their order, then what is gone.
-QVector<SValueChange> valueChanges(const Values &before, const Values &after)
+QVector<SValueChange> valueChanges(const SItemState::Values &before,
+                                   const SItemState::Values &after)
 {
-    QHash<QString, QString> earlier;
+    if (before == after)
+        return {};
+    QHash<QString, QByteArray> earlier;
     for (const auto &[key, text] : before)
         earlier.insert(key, text);
     QVector<SValueChange> changes;
     for (const auto &[key, text] : after) {
         const auto found = earlier.find(key);
         if (found == earlier.end())
-            changes.append({key, QString(), text});
+            changes.append({key, QString(), given(text)});
         else if (*found != text)
-            changes.append({key, *found, text});
+            changes.append({key, given(*found), given(text)});
         earlier.remove(key);
     }
     for (const auto &[key, text] : before)
         if (earlier.contains(key))
-            changes.append({key, text, QString()});
+            changes.append({key, given(text), QString()});
     return changes;
-}
-
-/// Never null: that is for values that are not there.
-QString given(const QString &text)
-{
-    return text.isNull() ? QString(QLatin1String("")) : text;
-}
-
-Values valuesOf(const CItemModel &item)
-{
-    Values values;
-    for (const CWidgetProperty *property : CItemDocument::of(item).saved(item))
-        values.append({property->key(),
-                       given(CItemDocument::savedText(item, *property, FolderForm::Relative))});
-    return values;
-}
-
-Values valuesOf(const CProjectModel &project)
-{
-    QMap<QString, QString> sorted;
-    for (const CWidgetProperty &property : project.properties())
-        sorted.insert(property.key(), given(property.text()));
-    sorted.remove(PropertyKey::WorkingDirectory); // where it lies and who saved it
-    sorted.remove(PropertyKey::NyxVersion);       // is nothing that was designed
-    sorted.remove(PropertyKey::Fonts);
-    Values values;
-    for (auto it = sorted.cbegin(); it != sorted.cend(); ++it)
-        values.append({it.key(), it.value()});
-    const QVector<ItemAttributes> fonts = ProjectFonts::attributes(project.fonts());
-    for (int i = 0; i < fonts.size(); ++i)
-        for (const ItemAttribute &attribute : fonts[i])
-            values.append(
-                {QStringLiteral("font %1 %2").arg(project.fonts()[i].handle).arg(attribute.name),
-                 given(attribute.text)});
-    return values;
 }
 
 /// Which of the numbers are not in the longest ascending sequence among them: the fewest that
@@ -107,38 +75,36 @@ bool isCoordinate(const SValueChange &change)
     return keys.contains(change.key);
 }
 
-const CItemModel *screenOf(const CItemModel *item)
-{
-    while (const CItemModel *parent = item->parentItem())
-        item = parent;
-    return item;
-}
-
 class CCompare
 {
 public:
-    CCompare(const CProjectModel &before, const CProjectModel &after)
-        : m_old(before), m_new(after), m_match(before, after)
+    CCompare(const SProjectState &before, const SProjectState &after, const std::atomic<bool> *stop)
+        : m_old(before), m_new(after), m_stop(stop), m_match(before, after)
     {
     }
 
     SProjectChanges changes()
     {
         SProjectChanges result;
-        result.values = valueChanges(valuesOf(m_old), valuesOf(m_new));
-        const QSet<const CItemModel *> moved = reordered(m_new.invisibleRootItem());
-        for (int row = 0; row < m_new.screenCount(); ++row)
-            if (const CItemModel *screen = m_new.screen(row))
-                take(screenChange(*screen, moved.contains(screen)), result);
-        for (int row = 0; row < m_old.screenCount(); ++row)
-            if (const CItemModel *screen = m_old.screen(row))
-                if (!m_match.after(screen))
-                    result.screens.append(
-                        {SScreenChange::EKind::Removed, screen, nullptr, {}, false, {}});
+        result.values = valueChanges(m_old.values, m_new.values);
+        const QSet<const SItemState *> moved = reordered(nullptr, m_new.screens);
+        for (const auto &screen : m_new.screens) {
+            if (m_stop && *m_stop)
+                return {};
+            take(screenChange(*screen, moved.contains(screen.get())), result);
+            if (const SItemState *before = m_match.before(screen.get()))
+                result.pairs.append({before, screen.get()});
+        }
+        for (const auto &screen : m_old.screens)
+            if (!m_match.after(screen.get()))
+                result.screens.append(
+                    {SScreenChange::EKind::Removed, screen.get(), nullptr, {}, false, {}});
         return result;
     }
 
 private:
+    using Children = std::vector<std::unique_ptr<SItemState>>;
+
     static void take(const SScreenChange &change, SProjectChanges &result)
     {
         if (change.kind == SScreenChange::EKind::Added || change.isReordered ||
@@ -146,35 +112,45 @@ private:
             result.screens.append(change);
     }
 
-    SScreenChange screenChange(const CItemModel &screen, bool isReordered) const
+    SScreenChange screenChange(const SItemState &screen, bool isReordered) const
     {
         SScreenChange change;
         change.after = &screen;
         change.before = m_match.before(&screen);
         change.isReordered = isReordered;
         if (change.before)
-            change.values = valueChanges(valuesOf(*change.before), valuesOf(screen));
+            change.values = valueChanges(change.before->values, screen.values);
         else
             change.kind = SScreenChange::EKind::Added;
-        QSet<const CItemModel *> moved;
-        forEachItem(screen, [&](const CItemModel &item) {
-            moved.unite(reordered(&item));
-            if (&item != &screen)
-                takeItem(item, moved.contains(&item), change.items);
-        });
+        takeItems(screen, change.items);
         if (change.before)
-            forEachItem(*change.before, [&](const CItemModel &item) {
-                if (&item != change.before && !m_match.after(&item)) {
-                    SItemChange removed;
-                    removed.kind = SItemChange::EKind::Removed;
-                    removed.before = &item;
-                    change.items.append(removed);
-                }
-            });
+            takeRemoved(*change.before, change.items);
         return change;
     }
 
-    void takeItem(const CItemModel &item, bool isReordered, QVector<SItemChange> &items) const
+    void takeItems(const SItemState &below, QVector<SItemChange> &items) const
+    {
+        const QSet<const SItemState *> moved = reordered(&below, below.children);
+        for (const auto &item : below.children) {
+            takeItem(*item, moved.contains(item.get()), items);
+            takeItems(*item, items);
+        }
+    }
+
+    void takeRemoved(const SItemState &below, QVector<SItemChange> &items) const
+    {
+        for (const auto &item : below.children) {
+            if (!m_match.after(item.get())) {
+                SItemChange removed;
+                removed.kind = SItemChange::EKind::Removed;
+                removed.before = item.get();
+                items.append(removed);
+            }
+            takeRemoved(*item, items);
+        }
+    }
+
+    void takeItem(const SItemState &item, bool isReordered, QVector<SItemChange> &items) const
     {
         SItemChange change;
         change.after = &item;
@@ -184,13 +160,13 @@ private:
             items.append(change);
             return;
         }
-        change.values = valueChanges(valuesOf(*change.before), valuesOf(item));
+        change.values = valueChanges(change.before->values, item.values);
         change.isReordered = isReordered;
-        const CItemModel *screenBefore = screenOf(change.before);
-        if (m_match.after(screenBefore) != screenOf(&item))
-            change.screenBefore = screenBefore->name();
+        const SItemState &screenBefore = change.before->screen();
+        if (m_match.after(&screenBefore) != &item.screen())
+            change.screenBefore = screenBefore.name;
         else
-            change.isRegrouped = m_match.after(change.before->parentItem()) != item.parentItem();
+            change.isRegrouped = m_match.after(change.before->parent) != item.parent;
         const bool isElsewhere =
             !change.screenBefore.isNull() || change.isRegrouped || change.isReordered;
         if (change.values.isEmpty() && !isElsewhere)
@@ -201,33 +177,34 @@ private:
     }
 
     /// Those of its children that lie in another order than before.
-    QSet<const CItemModel *> reordered(const QStandardItem *parent) const
+    QSet<const SItemState *> reordered(const SItemState *parent, const Children &children) const
     {
-        const CItemModel *parentBefore = m_match.before(CItemModel::fromItem(parent));
-        QVector<const CItemModel *> stayed;
+        const SItemState *parentBefore = m_match.before(parent);
+        QVector<const SItemState *> stayed;
         QVector<int> rows;
-        for (int row = 0; row < parent->rowCount(); ++row) {
-            const CItemModel *item = CItemModel::fromItem(parent->child(row));
-            const CItemModel *earlier = item ? m_match.before(item) : nullptr;
-            if (!earlier || earlier->parentItem() != parentBefore)
+        for (const auto &item : children) {
+            const SItemState *earlier = m_match.before(item.get());
+            if (!earlier || earlier->parent != parentBefore)
                 continue;
-            stayed.append(item);
-            rows.append(earlier->row());
+            stayed.append(item.get());
+            rows.append(earlier->row);
         }
-        QSet<const CItemModel *> moved;
+        QSet<const SItemState *> moved;
         for (const int i : outOfOrder(rows))
             moved.insert(stayed[i]);
         return moved;
     }
 
-    const CProjectModel &m_old;
-    const CProjectModel &m_new;
+    const SProjectState &m_old;
+    const SProjectState &m_new;
+    const std::atomic<bool> *const m_stop;
     const CItemMatch m_match;
 };
 
 } // namespace
 
-SProjectChanges projectChanges(const CProjectModel &before, const CProjectModel &after)
+SProjectChanges projectChanges(const SProjectState &before, const SProjectState &after,
+                               const std::atomic<bool> *stop)
 {
-    return CCompare(before, after).changes();
+    return CCompare(before, after, stop).changes();
 }

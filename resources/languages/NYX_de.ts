@@ -4866,14 +4866,6 @@ Installierte Version: </translation>
 <context>
     <name>CCompareView</name>
     <message>
-        <source>Project</source>
-        <translation>Projekt</translation>
-    </message>
-    <message>
-        <source>There are more changes than are listed here.</source>
-        <translation>Es gibt mehr Änderungen, als hier aufgeführt sind.</translation>
-    </message>
-    <message>
         <source>Choose File &gt; Compare With... to see what has changed.</source>
         <translation>Datei &gt; Vergleichen mit... zeigt, was sich geändert hat.</translation>
     </message>
@@ -4884,6 +4876,48 @@ Installierte Version: </translation>
     <message>
         <source>Changed since: %1</source>
         <translation>Geändert seit: %1</translation>
+    </message>
+    <message>
+        <source>There is no picture here yet, or none on this side.</source>
+        <translation>Hier ist noch kein Bild, oder keines auf dieser Seite.</translation>
+    </message>
+    <message>
+        <source>Not compared: %1</source>
+        <translation>Nicht verglichen: %1</translation>
+    </message>
+    <message>
+        <source>Comparing...</source>
+        <translation>Vergleich läuft...</translation>
+    </message>
+</context>
+<context>
+    <name>CChangeTexts</name>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Font %1</source>
+        <translation>Schrift %1</translation>
+    </message>
+    <message>
+        <source>Guides</source>
+        <translation>Hilfslinien</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>CChangesModel</name>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
     </message>
     <message>
         <source>Page added: %1</source>
@@ -4934,10 +4968,6 @@ Installierte Version: </translation>
         <translation>In einer anderen Gruppe</translation>
     </message>
     <message>
-        <source>There is no picture here yet, or none on this side.</source>
-        <translation>Hier ist noch kein Bild, oder keines auf dieser Seite.</translation>
-    </message>
-    <message>
         <source>Change</source>
         <translation>Änderung</translation>
     </message>
@@ -4975,6 +5005,30 @@ Installierte Version: </translation>
     <message>
         <source>How the page is shown before and now</source>
         <translation>Wie die Seite vorher und jetzt gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Side by side</source>
+        <translation>Nebeneinander</translation>
+    </message>
+    <message>
+        <source>Zoom: %1 %</source>
+        <translation>Zoom: %1 %</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Show all of the page (0)</source>
+        <translation>Die ganze Seite zeigen (0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Show a pixel for a pixel (1); Ctrl and the wheel, + and - zoom</source>
+        <translation>Ein Pixel für ein Pixel zeigen (1); Strg mit dem Rad, + und - zoomen</translation>
     </message>
 </context>
 <context>

@@ -4866,14 +4866,6 @@ Installed version: </source>
 <context>
     <name>CCompareView</name>
     <message>
-        <source>Project</source>
-        <translation>项目</translation>
-    </message>
-    <message>
-        <source>There are more changes than are listed here.</source>
-        <translation>更改数量超出此处所列。</translation>
-    </message>
-    <message>
         <source>Choose File &gt; Compare With... to see what has changed.</source>
         <translation>选择“文件 &gt; 比较...”查看更改。</translation>
     </message>
@@ -4884,6 +4876,48 @@ Installed version: </source>
     <message>
         <source>Changed since: %1</source>
         <translation>自此版本以来的更改：%1</translation>
+    </message>
+    <message>
+        <source>There is no picture here yet, or none on this side.</source>
+        <translation>此处尚无图像，或此版本没有图像。</translation>
+    </message>
+    <message>
+        <source>Not compared: %1</source>
+        <translation>未比较：%1</translation>
+    </message>
+    <message>
+        <source>Comparing...</source>
+        <translation>正在比较...</translation>
+    </message>
+</context>
+<context>
+    <name>CChangeTexts</name>
+    <message>
+        <source>Group</source>
+        <translation>组</translation>
+    </message>
+    <message>
+        <source>Font %1</source>
+        <translation>字体 %1</translation>
+    </message>
+    <message>
+        <source>Guides</source>
+        <translation>参考线</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>CChangesModel</name>
+    <message>
+        <source>Project</source>
+        <translation>项目</translation>
     </message>
     <message>
         <source>Page added: %1</source>
@@ -4934,10 +4968,6 @@ Installed version: </source>
         <translation>在其他组中</translation>
     </message>
     <message>
-        <source>There is no picture here yet, or none on this side.</source>
-        <translation>此处尚无图像，或此版本没有图像。</translation>
-    </message>
-    <message>
         <source>Change</source>
         <translation>更改</translation>
     </message>
@@ -4975,6 +5005,30 @@ Installed version: </source>
     <message>
         <source>How the page is shown before and now</source>
         <translation>页面前后对比的显示方式</translation>
+    </message>
+    <message>
+        <source>Side by side</source>
+        <translation>并排</translation>
+    </message>
+    <message>
+        <source>Zoom: %1 %</source>
+        <translation>缩放：%1 %</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>适合</translation>
+    </message>
+    <message>
+        <source>Show all of the page (0)</source>
+        <translation>显示整个页面 (0)</translation>
+    </message>
+    <message>
+        <source>100 %</source>
+        <translation>100 %</translation>
+    </message>
+    <message>
+        <source>Show a pixel for a pixel (1); Ctrl and the wheel, + and - zoom</source>
+        <translation>逐像素显示 (1)；Ctrl 加滚轮、+ 和 - 可缩放</translation>
     </message>
 </context>
 <context>

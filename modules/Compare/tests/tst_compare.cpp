@@ -1,9 +1,13 @@
+#include "CStateReader.h"
 #include "ChangesText.h"
+#include "ItemTree.h"
 #include "ModelTestSupport.h"
 #include "ProjectChanges.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRandomGenerator>
 #include <QtTest>
 
 #include <algorithm>
@@ -21,6 +25,8 @@ private Q_SLOTS:
     void oneChange_data();
     void oneChange();
     void pictures();
+    void randomChanges_data();
+    void randomChanges();
 };
 
 namespace {
@@ -58,6 +64,194 @@ QByteArray element(const char *start)
     const QByteArray line = base.mid(from, base.indexOf('\n', from) + 1 - from);
     return line;
 }
+
+QStringList changedLines(const CProjectModel &before, const CProjectModel &after)
+{
+    const ProjectState states[] = {CStateReader::read(before), CStateReader::read(after)};
+    const SProjectChanges changes = projectChanges(*states[0], *states[1]);
+    QStringList lines = ChangesText::toLines(changes, {});
+    lines.sort();
+    return lines;
+}
+
+/// Changes a project in one way that users have, by chance, and says what a comparison must tell.
+class CRandomChange
+{
+public:
+    CRandomChange(CProjectModel &project, quint32 seed) : m_project(project), m_random(seed) {}
+
+    enum {
+        Value,
+        Name,
+        Move,
+        Group,
+        Ungroup,
+        Remove,
+        Duplicate,
+        CopyId,
+        Reorder,
+        OtherScreen,
+        Guides,
+        RenameScreen,
+        MoveScreen,
+        NewScreen,
+        Setting,
+        WayCount
+    };
+
+    /// Nothing when the project has no place for a change of this kind.
+    QStringList make(int way)
+    {
+        CItemModel *screen = m_project.screen(below(m_project.screenCount()));
+        QVector<CItemModel *> items;
+        forEachItem(*screen, [&items](CItemModel &each) { items.append(&each); });
+        CItemModel *item = items.value(1 + below(items.size() - 1));
+        CItemModel *parent = item ? item->parentItem() : nullptr;
+        switch (way) {
+        case Value: // colours, texts, images, fonts, what is locked and hidden, whole numbers
+        case Move: {
+            const QStringList keys =
+                way == Move ? QStringList{PropertyKey::X, PropertyKey::Y} : valueKeys(item);
+            const QString key = keys.value(below(keys.size()));
+            if (!item || item->kind() != CItemModel::Kind::Widget || !item->hasProperty(key))
+                return {};
+            return {set(item, key, QString::number(item->propertyValue(key).toInt() + 7))};
+        }
+        case Name:
+            return item ? QStringList(set(item, PropertyKey::Name, "Other \"name\""))
+                        : QStringList();
+        case RenameScreen:
+            return {set(screen, PropertyKey::Name, "Other")};
+        case Setting:
+            m_project.setProjectProperty("remark", "x");
+            return {"project: remark: (none) -> \"x\""};
+        case Guides:
+            static_cast<CScreenModel *>(screen)->setGuides(ScreenGuides::fromText("x12"));
+            return {label(screen) + "guides: (none) -> \"x12\""};
+        case NewScreen:
+            m_project.appendRow(new CScreenModel(&m_project));
+            return {label(m_project.screen(m_project.screenCount() - 1)) + "added"};
+        case MoveScreen: {
+            if (m_project.screenCount() < 3)
+                return {};
+            QStandardItem *first = m_project.takeRow(0).first();
+            m_project.appendRow(first);
+            return {label(CItemModel::fromItem(first)) + "in another order"};
+        }
+        default:
+            return item ? place(way, item, parent, screen) : QStringList();
+        }
+    }
+
+private:
+    int below(int end) { return end > 0 ? m_random.bounded(end) : 0; }
+
+    static QString label(const CItemModel *item)
+    {
+        const CItemModel *screen = item;
+        while (screen->parentItem())
+            screen = screen->parentItem();
+        QString text = "screen \"" + screen->name() + "\": ";
+        if (item != screen) {
+            QString name = item->name();
+            text += item->itemTypeName() + ' ' + item->idString() +
+                    (item->idString().isEmpty() ? "\"" : " \"") + name.replace('"', "\\\"") +
+                    "\": ";
+        }
+        return text;
+    }
+
+    static QStringList valueKeys(const CItemModel *item)
+    {
+        QStringList keys{PropertyKey::Locked, PropertyKey::Hidden};
+        if (!item)
+            return keys;
+        for (const CWidgetProperty &each : item->properties())
+            if (!ItemGeometry::keys().contains(each.key()) && each.key() != PropertyKey::Name &&
+                each.key() != PropertyKey::Id && !each.isInternal())
+                keys.append(each.key());
+        keys.sort();
+        return keys;
+    }
+
+    static QString set(CItemModel *item, const QString &key, const QVariant &value)
+    {
+        const auto quoted = [item, &key] {
+            return item->hasProperty(key)
+                       ? '"' + item->propertyText(key).replace('"', "\\\"").replace('\n', "\\n") +
+                             '"'
+                       : QStringLiteral("(none)");
+        };
+        const QString before = quoted();
+        item->setProperty(key, value);
+        return label(item) + key + ": " + before + " -> " + quoted();
+    }
+
+    static QStringList told(const CItemModel *item, const QString &what)
+    {
+        QStringList lines;
+        forEachItem(*item, [&](const CItemModel &each) { lines.append(label(&each) + what); });
+        return lines;
+    }
+
+    QStringList place(int way, CItemModel *item, CItemModel *parent, CItemModel *screen)
+    {
+        const int row = item->row();
+        const auto copy = [&](bool isFresh) {
+            CItemModel *made = item->clone();
+            if (isFresh)
+                m_project.assignFreshIds(made);
+            parent->insertRow(0, made);
+            return told(made, "added");
+        };
+        switch (way) {
+        case Duplicate:
+        case CopyId:
+            return copy(way == Duplicate);
+        case Remove: {
+            const QStringList lines = told(item, "removed");
+            parent->removeRow(row);
+            return lines;
+        }
+        case Group: {
+            parent->takeRow(row);
+            CWidgetGroupModel *group = newGroup(m_project, {item});
+            group->setProperty(PropertyKey::Name, "New group");
+            parent->insertRow(row, group);
+            return {label(group) + "added", label(item) + "into group \"New group\""};
+        }
+        case Ungroup: {
+            if (item->kind() != CItemModel::Kind::Group || parent != screen)
+                return {};
+            QStringList lines{label(item) + "removed"};
+            parent->takeRow(row);
+            while (item->rowCount() > 0) {
+                QStandardItem *member = item->takeRow(item->rowCount() - 1).first();
+                parent->insertRow(row, member);
+                lines.append(label(CItemModel::fromItem(member)) + "out of its group");
+            }
+            delete item;
+            return lines;
+        }
+        case Reorder: {
+            if (row < 2)
+                return {};
+            parent->insertRow(0, parent->takeRow(row));
+            return {label(item) + "in another order"};
+        }
+        default: { // to another screen
+            CItemModel *other = m_project.screen((screen->row() + 1) % m_project.screenCount());
+            if (other == screen)
+                return {};
+            other->insertRow(0, parent->takeRow(row));
+            return told(item, "from screen \"" + screen->name() + '"');
+        }
+        }
+    }
+
+    CProjectModel &m_project;
+    QRandomGenerator m_random;
+};
 
 } // namespace
 
@@ -130,7 +324,8 @@ void tst_Compare::oneChange()
     QFETCH(QStringList, lines);
     const auto before = loaded(base);
     const auto later = loaded(after);
-    const SProjectChanges changes = projectChanges(*before, *later);
+    const ProjectState states[] = {CStateReader::read(*before), CStateReader::read(*later)};
+    const SProjectChanges changes = projectChanges(*states[0], *states[1]);
     // Items that a group brings along when it is measured anew are no business of these rows.
     QStringList told = ChangesText::toLines(changes, {});
     told.erase(std::remove_if(told.begin(), told.end(),
@@ -159,6 +354,42 @@ void tst_Compare::pictures()
     const QImage shown = differencePicture(before, after);
     QVERIFY(shown.pixel(3, 4) == shown.pixel(11, 9) && shown.pixel(3, 4) != shown.pixel(0, 0));
     QCOMPARE(pictureDifference(before, after.copy(0, 0, 5, 12)).box, QRect(0, 0, 20, 12));
+}
+
+void tst_Compare::randomChanges_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    for (const char *name : {"thermostat", "coffee-machine", "ev-charger"}) {
+        QFile file(qEnvironmentVariable("KIV_SOURCE_DIR") + "/examples/" + name + '/' + name +
+                   ".nyx");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QTest::newRow(name) << file.readAll();
+    }
+}
+
+/// Nothing but the change is told, also when the project was saved and read meanwhile. (The kinds
+/// are not those of the tests' library, so they keep what they have.)
+void tst_Compare::randomChanges()
+{
+    QFETCH(QByteArray, xml);
+    const auto before = loaded(xml);
+    QCOMPARE(changedLines(*before, *loaded(xml)), QStringList());
+    int changes = 0;
+    for (quint32 seed = 0; seed < 10 * CRandomChange::WayCount; ++seed) {
+        const auto after = loaded(xml);
+        QStringList expected =
+            CRandomChange(*after, seed).make(int(seed % CRandomChange::WayCount));
+        expected.sort();
+        changes += expected.isEmpty() ? 0 : 1;
+        const auto saved = loaded(after->saveToBytes(nullptr));
+        for (const CProjectModel *each : {after.get(), saved.get()})
+            QVERIFY2(
+                changedLines(*before, *each) == expected,
+                qPrintable(QStringLiteral("%1\n%2\ninstead of\n%3")
+                               .arg(seed)
+                               .arg(changedLines(*before, *each).join('\n'), expected.join('\n'))));
+    }
+    QVERIFY(changes > 100);
 }
 
 QTEST_GUILESS_MAIN(tst_Compare)

@@ -18,7 +18,7 @@ namespace {
 QString sharedName(const QStringRef &name)
 {
     constexpr size_t places = 512;
-    static std::array<QString, places> known;
+    thread_local std::array<QString, places> known; // projects are read by any thread
     uint place = static_cast<uint>(name.size());
     for (const QChar character : name)
         place = place * 31 + character.unicode();

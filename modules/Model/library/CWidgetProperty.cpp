@@ -91,7 +91,8 @@ QSharedDataPointer<CWidgetProperty::Definition>
 CWidgetProperty::definitionOfText(const QString &name)
 {
     constexpr int most = 4096; // names that a hostile document makes up are not kept for ever
-    static QHash<QString, QSharedDataPointer<Definition>> known;
+    thread_local QHash<QString, QSharedDataPointer<Definition>>
+        known; // items are read by any thread
     const auto found = known.constFind(name);
     if (found != known.constEnd())
         return *found;

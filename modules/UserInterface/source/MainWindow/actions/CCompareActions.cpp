@@ -52,6 +52,7 @@ CCompareActions::CCompareActions(QMainWindow *window, CMainPanels *panels, const
     m_comparison->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
     connect(m_action, &QAction::triggered, this, &CCompareActions::choose);
     connect(m_view, &CCompareView::placeWanted, panels, &CMainPanels::goTo);
+    connect(m_comparison, &CComparison::failed, this, &CCompareActions::fail);
     connect(m_dock, &QDockWidget::visibilityChanged, m_comparison, &CComparison::setWanted);
     setProject(nullptr);
     retranslate();
@@ -139,17 +140,14 @@ CCompareActions::SRead CCompareActions::readVersion(CVersionDialog::EKind kind, 
     return result;
 }
 
+/// The dock shows at once that something is being done.
 void CCompareActions::take(const QByteArray &bytes, const QString &title)
 {
-    const QString reason = m_comparison->compareWith(bytes, title);
-    if (!reason.isEmpty()) {
-        fail(reason);
-        return;
-    }
     m_dock->show();
     m_dock->raise();
     if (m_view->height() < LeastHeight)
         m_window->resizeDocks({m_dock}, {LeastHeight}, Qt::Vertical);
+    m_comparison->compareWith(bytes, title);
 }
 
 void CCompareActions::fail(const QString &reason)

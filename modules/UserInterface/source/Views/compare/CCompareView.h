@@ -1,16 +1,14 @@
 #pragma once
 
-#include "SProjectChanges.h"
-
-#include <QPersistentModelIndex>
+#include <QModelIndex>
 #include <QWidget>
 
+class CChangesModel;
 class CComparedPictures;
 class CComparison;
 class CItemModel;
 class QLabel;
-class QTreeWidget;
-class QTreeWidgetItem;
+class QTreeView;
 
 /// The list of what changed, and the chosen page before and now. A click goes to the item.
 class CCompareView final : public QWidget
@@ -18,8 +16,6 @@ class CCompareView final : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int MaxRows = 5000;
-
     /// The comparison must live longer.
     explicit CCompareView(CComparison *comparison, QWidget *parent = nullptr);
 
@@ -35,20 +31,19 @@ protected:
 
 private:
     void fill();
-    void showHead(bool isEqual);
-    QTreeWidgetItem *addRow(QTreeWidgetItem *parent, const QString &text);
-    void addValues(QTreeWidgetItem *parent, const QVector<SValueChange> &values);
-    void addScreen(const SScreenChange &change);
-    void addPictureChanges();
-    void addItem(QTreeWidgetItem *screen, const SItemChange &change);
-    void setPlaces(QTreeWidgetItem *row, const CItemModel *before, const CItemModel *after);
-    void showPictures();
-    void showPlace(const QTreeWidgetItem *row);
+    void fillAnew();
+    void expandFew();
+    void showHead();
+    void fetchPictures();
+    void showCurrent();
+    void showPlace(const QModelIndex &index);
     void retranslate();
 
     CComparison *const m_comparison;
     QLabel *const m_head;
-    QTreeWidget *const m_tree;
+    CChangesModel *const m_model;
+    QTreeView *const m_tree;
     CComparedPictures *const m_pictures;
-    int m_rows = 0;
+    const void *m_shown = nullptr; ///< the result that is listed
+    QString m_failure;             ///< why the last one was not compared; empty when it was
 };
