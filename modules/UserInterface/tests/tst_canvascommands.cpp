@@ -473,6 +473,24 @@ private Q_SLOTS:
         }
     }
 
+    /// Also of what the canvas leaves out.
+    void theMemoryIsThatOfTheExport()
+    {
+        QVector<size_t> sizes;
+        connect(m_screens, &CScreen::memoryUsageChanged, this,
+                [&sizes](size_t displayList, size_t) { sizes.append(displayList); });
+        m_window->show();
+        QTRY_VERIFY(!sizes.isEmpty() && !CEmulatorAdapter::instance()->isBusy());
+        select("A");
+        const size_t whole = sizes.last();
+        for (const bool isHidden : {true, false}) {
+            sizes.clear();
+            trigger(CMenuBar::HideShow);
+            QTRY_COMPARE(sizes, QVector<size_t>{whole});
+            QCOMPARE(m_window->project()->screen(0)->childItem(0)->isHidden(), isHidden);
+        }
+    }
+
     /// What is below the entries of the canvas is enabled when it does something, for as long as
     /// they are shown.
     void menusOfTheContextMenu()

@@ -4,6 +4,7 @@
 #include "CThemeIcons.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -47,9 +48,16 @@ CBatchColour::CBatchColour(CBatchEditor *editor, const QString &key, QWidget *pa
 
 void CBatchColour::show(const CBatchItems::SProperty &property)
 {
-    m_swatch->setIcon(
-        swatch(property.isMixed ? QColor() : QColor(property.property.text()), *this));
+    m_colour = property.isMixed ? QColor() : QColor(property.property.text());
+    m_swatch->setIcon(swatch(m_colour, *this));
     CBatchLine::show(property);
+}
+
+void CBatchColour::changeEvent(QEvent *event)
+{
+    CBatchLine::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        m_swatch->setIcon(swatch(m_colour, *this)); // drawn in the colours of the theme
 }
 
 QString CBatchColour::take(const QString &text)

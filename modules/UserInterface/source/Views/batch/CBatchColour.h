@@ -2,6 +2,8 @@
 
 #include "CBatchLine.h"
 
+#include <QColor>
+
 class QAction;
 
 /// A colour: typed as its name, or chosen in a dialog, seen on all items meanwhile.
@@ -16,9 +18,11 @@ public:
 
 protected:
     QString take(const QString &text) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void choose();
 
     QAction *const m_swatch;
+    QColor m_colour; ///< shown; none where they differ
 };

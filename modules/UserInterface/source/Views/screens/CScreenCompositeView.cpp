@@ -7,6 +7,7 @@
 #include "CScreenScene.h"
 #include "CScreenView.h"
 #include "ItemGeometry.h"
+#include "ItemTree.h"
 
 #include <QGridLayout>
 
@@ -39,6 +40,7 @@ CScreenCompositeView::CScreenCompositeView(CScreenModel *screen, QWidget *parent
     connect(&m_request, &CFrameRequest::displayListTaken, this,
             &CScreenCompositeView::showDisplayList);
     connect(&m_request, &CFrameRequest::frameTaken, this, &CScreenCompositeView::showFrame);
+    connect(&m_exportedSize, &CExportedSize::known, m_view, &CScreenView::setMemoryUsage);
 }
 
 CScreenCompositeView::~CScreenCompositeView()
@@ -69,6 +71,7 @@ CScreenModel *CScreenCompositeView::screen() const
 void CScreenCompositeView::detach()
 {
     m_request.withdraw();
+    m_exportedSize.withdraw();
     m_view->disconnect(this);
     m_view->screenScene()->disconnect(this);
     m_view->detach();
@@ -103,7 +106,13 @@ void CScreenCompositeView::showDisplayList(const QString &text, const QByteArray
 void CScreenCompositeView::showFrame(const QPixmap &frame, size_t displayList,
                                      size_t graphicsMemory)
 {
-    m_view->setMemoryUsage(displayList, graphicsMemory);
+    const auto isHidden = [](const CItemModel &each) { return each.isHidden(); };
+    if (screen() && findItem(*screen(), isHidden)) {
+        m_exportedSize.askSoon(screen()); // they take their place all the same
+    } else {
+        m_exportedSize.withdraw();
+        m_view->setMemoryUsage(displayList, graphicsMemory);
+    }
     if (!frame.isNull())
         m_view->setFrame(frame);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CExportedSize.h"
 #include "CFrameRequest.h"
 
 #include <QWidget>
@@ -43,5 +44,6 @@ private:
     CRuler *m_horizontalRuler;
     CRuler *m_verticalRuler;
     CFrameRequest m_request;
+    CExportedSize m_exportedSize;
     QString m_errors; ///< last told
 };

@@ -162,6 +162,12 @@ private Q_SLOTS:
             QCOMPARE(items.at(0)->propertyText("fill_color"), isTaken ? "#ff0000" : "#263442");
             QCOMPARE(stack().count(), isTaken ? 1 : 0);
         }
+        items.at(0)->setProperty("fill_color", "blue");
+        m_view->refresh();
+        const QAction *mark = m_view->field("fill_color")->findChild<QLineEdit *>()->actions()[0];
+        const QImage mixed = mark->icon().pixmap(16).toImage();
+        m_view->setPalette(QPalette(Qt::black)); // another theme
+        QVERIFY(mark->icon().pixmap(16).toImage() != mixed);
     }
 
     /// What only some have is behind a button; what is locked or gone is not edited.

@@ -5,6 +5,7 @@
 #include "CResizeHandle.h"
 #include "CRotateHandle.h"
 #include "CanvasRoles.h"
+#include "FramePaint.h"
 
 #include <QPainter>
 #include <QVarLengthArray>
@@ -32,14 +33,23 @@ void CHandleMarks::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
     const CItemView &its = *view();
     if (!its.isResizable())
         return;
-    const QTransform toScreen = painter->worldTransform();
-    painter->setPen(QPen(CanvasColour::Handle, 0));
+    for (const QPen &pen : FramePaint::handlePens()) {
+        painter->save();
+        painter->setPen(pen);
+        paintMarks(*painter);
+        painter->restore();
+    }
+}
 
+void CHandleMarks::paintMarks(QPainter &painter) const
+{
+    const CItemView &its = *view();
+    const QTransform toScreen = painter.worldTransform();
     // In screen pixels, turned as the frame is.
     const QTransform turned = QTransform().rotate(its.shownAngle());
     const QTransform back = turned.inverted();
     const QTransform fromFrame = its.turn() * toScreen * back;
-    painter->setWorldTransform(turned);
+    painter.setWorldTransform(turned);
     QVarLengthArray<QRectF, CItemView::HandleCount> rects;
     for (int index = 0; index < CItemView::HandleCount; ++index) {
         if (!CResizeHandle::isOfUseFor(index, *its.item()))
@@ -48,13 +58,13 @@ void CHandleMarks::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QW
             CResizeHandle::mark(index, its)
                 .translated(fromFrame.map(CResizeHandle::placeOn(index, its.frameRect()))));
     }
-    painter->drawRects(rects.constData(), rects.size());
+    painter.drawRects(rects.constData(), rects.size());
 
-    painter->setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing);
     if (its.isRotatable())
-        painter->drawEllipse(CRotateHandle::mark(its).translated(
+        painter.drawEllipse(CRotateHandle::mark(its).translated(
             fromFrame.map(CRotateHandle::placeOn(its.frameRect()))));
-    painter->setWorldTransform(QTransform());
+    painter.setWorldTransform(QTransform());
     for (const QPointF &point : its.points())
-        painter->drawEllipse(CPointHandle::mark().translated(toScreen.map(point)));
+        painter.drawEllipse(CPointHandle::mark().translated(toScreen.map(point)));
 }

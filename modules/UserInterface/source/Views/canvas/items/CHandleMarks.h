@@ -22,5 +22,6 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 private:
+    void paintMarks(QPainter &painter) const;
     CItemView *view() const;
 };

@@ -130,7 +130,10 @@ QPainterPath CFrameHandle::shape() const
 
 void CFrameHandle::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->setPen(QPen(CanvasColour::Handle, 0));
     painter->setBrush(CanvasColour::HandleGround);
-    painter->drawRect(QRectF(-Side / 2, -Side / 2, Side - 1, Side - 1).translated(centre()));
+    for (const QPen &pen : FramePaint::handlePens()) {
+        painter->setPen(pen);
+        painter->drawRect(QRectF(-Side / 2, -Side / 2, Side - 1, Side - 1).translated(centre()));
+        painter->setBrush(Qt::NoBrush);
+    }
 }

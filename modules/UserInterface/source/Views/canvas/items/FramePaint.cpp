@@ -30,6 +30,12 @@ void FramePaint::drawRect(QPainter &painter, const QRectF &rect, Qt::PenStyle st
     painter.drawRect(rect);
 }
 
+std::array<QPen, 2> FramePaint::handlePens()
+{
+    return {QPen(CanvasColour::FrameShade, 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin),
+            QPen(CanvasColour::Handle, 0)};
+}
+
 void FramePaint::drawPath(QPainter &painter, const QPainterPath &path)
 {
     painter.setBrush(Qt::NoBrush);

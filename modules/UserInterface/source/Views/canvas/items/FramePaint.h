@@ -1,6 +1,8 @@
 #pragma once
 
-#include <Qt>
+#include <QPen>
+
+#include <array>
 
 class QPainter;
 class QPainterPath;
@@ -13,4 +15,6 @@ namespace FramePaint {
 void drawRect(QPainter &painter, const QRectF &rect, Qt::PenStyle style, double width = 1);
 /// What has no inside: the light line on a wider dark one.
 void drawPath(QPainter &painter, const QPainterPath &path);
+/// What handles are drawn with, in screen pixels: the ground first, then the light line.
+std::array<QPen, 2> handlePens();
 } // namespace FramePaint

@@ -106,6 +106,32 @@ private Q_SLOTS:
         QVERIFY(countOf(pictureOf(canvas), HandleColour) > 8 * 4);
     }
 
+    /// Their light line has a dark one beside it.
+    void handlesAreSeenBesideThePage()
+    {
+        Canvas canvas;
+        CItemModel *item = appendBox(canvas.screen, -110, 60, 60, 40);
+        CItemModel *other = appendBox(canvas.screen, -110, 160, 60, 40);
+        canvas.show();
+        canvas.view->setPalette(QPalette(QColor(0xf5, 0xf6, 0xf8)));
+        canvas.view->centerOn(0, 0);
+        for (const QVector<CItemModel *> &items : {QVector<CItemModel *>{item}, {item, other}}) {
+            canvas.select(items);
+            const QImage picture = pictureOf(canvas);
+            int seen = 0;
+            for (int y = 1; y < picture.height() - 1; ++y) {
+                for (int x = 1; x < picture.width() - 1; ++x) {
+                    if (picture.pixelColor(x, y) != HandleColour)
+                        continue;
+                    ++seen;
+                    QVERIFY(picture.pixelColor(x - 1, y - 1).lightness() < 130 ||
+                            picture.pixelColor(x + 1, y + 1).lightness() < 130);
+                }
+            }
+            QVERIFY(seen > 8 * 20);
+        }
+    }
+
     void handlesAreTakenWhereTheyAreSeen_data()
     {
         QTest::addColumn<int>("percent");
