@@ -38,8 +38,9 @@ CExportJob::EExit check(const CCommandLine &line)
         return EExit::Failed;
     Findings findings;
     ProjectChecks::ImageContents images;
+    CPictureLook pictures;
     const bool isComplete = run.renderAll([&](SScreenExport &&screen) {
-        findings += ProjectChecks::ofScreen(*screen.screen, screen);
+        findings += ProjectChecks::ofScreen(*screen.screen, screen, pictures.look(screen));
         images += ProjectChecks::imagesOf(screen);
     });
     findings += ProjectChecks::ofProject(run.project(), images);

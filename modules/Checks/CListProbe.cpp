@@ -1,14 +1,11 @@
 #include "CListProbe.h"
 
+#include "CListDrawer.h"
 #include "CTextRuns.h"
 #include "displaylist/CommandTable.h"
 #include "displaylist/DisplayListText.h"
-#include "executor/CExecutor.h"
-#include "executor/CRamG.h"
-#include "raster/CSurface.h"
 
-#include <algorithm>
-#include <cstring>
+#include <utility>
 
 using namespace kivemu;
 
@@ -37,14 +34,13 @@ bool isDrawing(EOpcode opcode)
 
 } // namespace
 
-CListProbe::CListProbe(const SScreenExport &screen) : m_screen(screen)
+CListProbe::CListProbe(const SScreenExport &screen, CListDrawer &drawer)
+    : m_screen(screen), m_drawer(drawer)
 {
     m_words = fromBytes(reinterpret_cast<const uint8_t *>(screen.bytes.constData()),
                         static_cast<size_t>(screen.bytes.size()));
     read();
 }
-
-CListProbe::~CListProbe() = default;
 
 void CListProbe::read()
 {
@@ -78,13 +74,8 @@ QImage CListProbe::drawWithout(Test isLeftOut)
 {
     if (!canDraw())
         return {};
-    if (!m_memory) {
-        const QByteArray &bytes = m_screen.memory.bytes;
-        m_memory = std::make_unique<CRamG>(static_cast<size_t>(bytes.size()));
-        m_memory->append(reinterpret_cast<const uint8_t *>(bytes.constData()),
-                         static_cast<size_t>(bytes.size()));
-        m_executor = std::make_unique<CExecutor>();
-    }
+    if (!std::exchange(m_isSet, true))
+        m_drawer.setScreen(m_screen.memory.bytes, m_screen.frame.size());
     std::vector<uint32_t> words;
     words.reserve(m_words.size());
     size_t next = 0;
@@ -96,12 +87,5 @@ QImage CListProbe::drawWithout(Test isLeftOut)
         next = piece.first + piece.count;
     }
     words.insert(words.end(), m_words.begin() + static_cast<std::ptrdiff_t>(next), m_words.end());
-
-    QImage frame(m_screen.frame.size(), QImage::Format_RGB32);
-    CSurface surface(frame.width(), frame.height());
-    m_executor->execute(words.data(), words.size(), *m_memory, surface);
-    const size_t rowBytes = static_cast<size_t>(frame.width()) * sizeof(QRgb);
-    for (int y = 0; y < frame.height(); ++y)
-        std::memcpy(frame.scanLine(y), surface.row(y), rowBytes);
-    return frame;
+    return m_drawer.draw(words);
 }

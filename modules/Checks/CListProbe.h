@@ -8,13 +8,9 @@
 #include <QVector>
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
-namespace kivemu {
-class CExecutor;
-class CRamG;
-} // namespace kivemu
+class CListDrawer;
 
 /// Looks into a screen's display list, and draws it with a part left out, to see what that part
 /// does to the picture. What is left out moves nothing else: only drawing commands are, none that
@@ -32,15 +28,15 @@ public:
         QByteArray latin1; ///< its characters; empty in an own font, whose glyphs have only numbers
     };
 
-    /// `screen` with frame and memory; it must live longer.
-    explicit CListProbe(const SScreenExport &screen);
-    ~CListProbe();
+    /// `screen` with frame and memory. Both must live longer.
+    CListProbe(const SScreenExport &screen, CListDrawer &drawer);
 
     /// False when the emulator does not tell its memory: then nothing can be drawn again.
     bool canDraw() const { return m_screen.memory.isKnown && !m_screen.frame.isNull(); }
     const QVector<STextRun> &texts() const { return m_texts; }
     /// Whether the list draws something for an item.
     bool draws(quint32 tag) const { return m_drawn.contains(tag); }
+    // Format_RGB32; valid until the next one. Null when nothing can be drawn.
     QImage withoutItem(quint32 tag);
     QImage withoutTexts();
 
@@ -58,10 +54,10 @@ private:
     QImage drawWithout(Test isLeftOut);
 
     const SScreenExport &m_screen;
+    CListDrawer &m_drawer;
+    bool m_isSet = false; ///< the drawer has this screen's memory
     std::vector<uint32_t> m_words;
     QVector<SPiece> m_pieces; ///< the drawing commands, in their order
     QSet<quint32> m_drawn;
     QVector<STextRun> m_texts;
-    std::unique_ptr<kivemu::CRamG> m_memory;
-    std::unique_ptr<kivemu::CExecutor> m_executor;
 };

@@ -67,10 +67,11 @@ void checkChip(CRuleContext &context, const SScreenExport &render)
     checkMemory(context, QStringLiteral("RAM_G"), render.ramG,
                 CPlatformTable::ramGBudget(platform));
 
+    if (render.errors.isEmpty())
+        return;
     const QHash<QString, const CItemModel *> items = itemsByLabel(*context.screen);
-    const QStringList ofChip = chipFindings(*context.screen);
     QSet<const CItemModel *> toldByChip;
-    for (const QString &message : ofChip) {
+    for (const QString &message : render.chipFindings) {
         const CItemModel *item = itemOf(message, items);
         context.add(ERule::ChipValue, ESeverity::Error, item, message);
         toldByChip.insert(item);
@@ -78,7 +79,8 @@ void checkChip(CRuleContext &context, const SScreenExport &render)
     for (const QString &message : render.errors) {
         const CItemModel *item = itemOf(message, items);
         const QString file = item ? ConvertedImages::fileOf(*item) : QString();
-        const bool isTold = ofChip.contains(message) || (item && toldByChip.contains(item)) ||
+        const bool isTold = render.chipFindings.contains(message) ||
+                            (item && toldByChip.contains(item)) ||
                             message.contains(QLatin1String("RAM_G is full")) ||
                             message.contains(QLatin1String("RAM_DL is full")) ||
                             (!file.isEmpty() && !QFileInfo(file).isFile());

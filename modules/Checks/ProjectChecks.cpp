@@ -1,5 +1,6 @@
 #include "ProjectChecks.h"
 
+#include "CContentSum.h"
 #include "CPlatformTable.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -9,7 +10,6 @@
 #include "QxKivEmuLib.h"
 #include "RuleSupport.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -133,7 +133,8 @@ namespace ProjectChecks {
 const QString DotsPerInch = QStringLiteral("dots_per_inch");
 const QString MemoryShare = QStringLiteral("memory_share");
 
-Findings ofScreen(const CItemModel &screen, const SScreenExport &render)
+Findings ofScreen(const CItemModel &screen, const SScreenExport &render,
+                  const SPictureState &picture)
 {
     Findings findings;
     const CProjectModel *project = screen.project();
@@ -143,7 +144,7 @@ Findings ofScreen(const CItemModel &screen, const SScreenExport &render)
     checkChip(context, render);
     checkImages(context);
     checkPlaces(context);
-    checkPictures(context, render);
+    checkPictures(context, picture);
     checkNames(context);
     return findings;
 }
@@ -155,11 +156,15 @@ ImageContents imagesOf(const SScreenExport &render)
     for (const SGraphicsMemory::SAsset &asset : render.memory.assets) {
         if (asset.format == EMU_ASSET_FONT)
             continue;
-        QCryptographicHash content(QCryptographicHash::Sha1);
+        CContentSum content;
         for (const uint32_t number : {asset.format, asset.width, asset.height})
-            content.addData(QByteArray::number(number) + ' ');
-        content.addData(memory.mid(int(asset.address), int(asset.bytes)));
-        content.addData(memory.mid(int(asset.paletteAddress), int(asset.paletteBytes)));
+            content.add(number);
+        const auto add = [&](uint32_t address, uint32_t bytes) {
+            if (qint64{address} + bytes <= memory.size())
+                content.add(memory.constData() + address, bytes);
+        };
+        add(asset.address, asset.bytes);
+        add(asset.paletteAddress, asset.paletteBytes);
         images.append({content.result(), asset.file});
     }
     return images;

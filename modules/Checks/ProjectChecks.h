@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CImageFileLook.h"
+#include "CPictureLook.h"
 #include "SFinding.h"
 #include "SScreenExport.h"
 
@@ -15,10 +16,12 @@ extern const QString DotsPerInch; ///< of the device's display; 150
 extern const QString MemoryShare; ///< percent of a memory from which on it is told; 80
 
 /// A screen by itself. `render` is what the emulator made of it as it is now, with frame and
-/// memory.
-Findings ofScreen(const CItemModel &screen, const SScreenExport &render);
+/// memory; `picture`: as CPictureLook found it.
+Findings ofScreen(const CItemModel &screen, const SScreenExport &render,
+                  const SPictureState &picture);
 
-/// The images that a screen draws: what tells their contents apart, and their files.
+/// The images that a screen draws: what tells their contents apart, and their files. Any thread may
+/// ask.
 using ImageContents = QVector<QPair<QByteArray, QString>>;
 ImageContents imagesOf(const SScreenExport &render);
 

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 class CProjectModel;
+struct SPictureState;
 
 /// What the rules share: where findings go, and how they are begun.
 class CRuleContext
@@ -53,4 +54,4 @@ void checkPlaces(CRuleContext &context);
 void checkNames(CRuleContext &context);
 void checkChip(CRuleContext &context, const SScreenExport &render);
 void checkImages(CRuleContext &context);
-void checkPictures(CRuleContext &context, const SScreenExport &render);
+void checkPictures(CRuleContext &context, const SPictureState &picture);

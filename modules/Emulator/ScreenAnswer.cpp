@@ -24,6 +24,7 @@ QList<SExportedItem> exportedItems(const CItemModel &screen)
 SScreenExport screenAnswer(CScreenModel &screen, CBackgroundRender &render,
                            const QList<SExportedItem> &items)
 {
+    const QStringList ofChip = chipFindings(screen);
     return {&screen,
             screen.name(),
             render.text(),
@@ -31,7 +32,8 @@ SScreenExport screenAnswer(CScreenModel &screen, CBackgroundRender &render,
             render.takeFrame(),
             render.ramDl(),
             render.ramG(),
-            render.errors() + chipFindings(screen),
+            render.errors() + ofChip,
+            ofChip,
             render.memory(),
             items};
 }

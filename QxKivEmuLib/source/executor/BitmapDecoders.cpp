@@ -212,6 +212,16 @@ void decodeBlock(const uint8_t *block, SBitmapImage &image, int left, int top)
     const uint32_t indices = word32(block + 4);
     const int width = std::min(BlockSide, image.width - left);
     const int height = std::min(BlockSide, image.height - top);
+    if (width == BlockSide && height == BlockSide) { // nearly all
+        uint32_t *row = image.at(left, top);
+        for (uint32_t rest = indices, y = 0; y < BlockSide; ++y, row += image.stride, rest >>= 8) {
+            row[0] = colours[rest & 3];
+            row[1] = colours[rest >> 2 & 3];
+            row[2] = colours[rest >> 4 & 3];
+            row[3] = colours[rest >> 6 & 3];
+        }
+        return;
+    }
     for (int y = 0; y < height; ++y) {
         uint32_t *row = image.at(left, top + y);
         for (int x = 0; x < width; ++x)
@@ -230,13 +240,19 @@ void decodeBlocks(const uint8_t *from, uint32_t stride, SBitmapImage &image)
 
 bool isOpaque(const SBitmapImage &image)
 {
-    uint32_t all = 0xFF000000;
+    constexpr int Lanes = 8; // of a vector
+    std::array<uint32_t, Lanes> all;
+    all.fill(0xFF000000);
     for (int y = 0; y < image.height; ++y) {
         const uint32_t *row = image.at(0, y);
-        for (int x = 0; x < image.width; ++x)
-            all &= row[x];
+        int x = 0;
+        for (; x + Lanes <= image.width; x += Lanes)
+            for (int lane = 0; lane < Lanes; ++lane)
+                all[size_t(lane)] &= row[x + lane];
+        for (; x < image.width; ++x)
+            all[0] &= row[x];
     }
-    return all == 0xFF000000;
+    return std::all_of(all.begin(), all.end(), [](uint32_t each) { return each == 0xFF000000; });
 }
 
 bool liesWithin(uint64_t address, uint64_t size, size_t memorySize)

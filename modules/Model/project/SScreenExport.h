@@ -55,7 +55,8 @@ struct SScreenExport
     QImage frame;               ///< null unless frames were asked for
     size_t ramDl = 0;           ///< bytes that the whole list needs; 0 unless frames were asked for
     size_t ramG = 0;            ///< bytes that all assets need
-    QStringList errors;         ///< of the render, and what the chip cannot do
+    QStringList errors;         ///< of the render, and chipFindings
+    QStringList chipFindings;   ///< what the chip cannot do
     SGraphicsMemory memory;     ///< unless frames were asked for, not known
     QList<SExportedItem> items; ///< front-most first; empty unless frames were asked for
 };

@@ -64,7 +64,8 @@ void CCheckResults::takeScreen(const SScreenExport &screen)
         known = std::prev(m_screens.end());
     }
     known->entries.clear();
-    for (const SFinding &finding : ProjectChecks::ofScreen(*screen.screen, screen))
+    for (const SFinding &finding :
+         ProjectChecks::ofScreen(*screen.screen, screen, CPictureLook().look(screen)))
         known->entries.append(entryOf(finding));
     known->images = ProjectChecks::imagesOf(screen);
     Q_EMIT changed();
