@@ -2,22 +2,18 @@
 // and the most memory that it had. On one core the two are the same; what they differ by on more is
 // the work that was done beside other work, or the sleep that was none.
 
+#include "ProgramCost.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <cstdio>
-#include <fcntl.h>
-#include <sched.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
 
-enum class ECores { All, One };
+using bench::ECores;
 
 struct SCase
 {
@@ -27,14 +23,6 @@ struct SCase
     int width;
     int height;
     std::vector<const char *> outputs;
-};
-
-struct SCost
-{
-    double seconds;
-    double processorSeconds;
-    double megabytes; ///< at most
-    bool isDone;
 };
 
 /// Rectangles, discs and buttons, all screens different.
@@ -65,45 +53,6 @@ QByteArray projectOf(const SCase &each)
     return text + "</Kiv_Project_T>\n";
 }
 
-[[noreturn]] void becomeExport(const SCase &each, const char *folder, ECores cores)
-{
-    cpu_set_t allowed;
-    if (cores == ECores::One && sched_getaffinity(0, sizeof(allowed), &allowed) == 0) {
-        int core = 0;
-        while (!CPU_ISSET(core, &allowed))
-            ++core;
-        CPU_ZERO(&allowed);
-        CPU_SET(core, &allowed);
-        sched_setaffinity(0, sizeof(allowed), &allowed);
-    }
-    const int nowhere = open("/dev/null", O_WRONLY);
-    dup2(nowhere, STDOUT_FILENO);
-    dup2(nowhere, STDERR_FILENO);
-    std::vector<const char *> arguments{"panel-export", "p.nyx"};
-    arguments.insert(arguments.end(), each.outputs.begin(), each.outputs.end());
-    arguments.push_back(nullptr);
-    if (chdir(folder) == 0)
-        execv(KIV_BIN_DIR "/panel-export", const_cast<char *const *>(arguments.data()));
-    _exit(127);
-}
-
-SCost run(const SCase &each, const char *folder, ECores cores)
-{
-    const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
-    if (child == 0)
-        becomeExport(each, folder, cores);
-    int status = -1;
-    rusage used = {};
-    wait4(child, &status, 0, &used);
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-    const auto seconds = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return {took.count(), seconds(used.ru_utime) + seconds(used.ru_stime),
-            static_cast<double>(used.ru_maxrss) / 1024, status == 0};
-}
-
 } // namespace
 
 int main()
@@ -131,11 +80,14 @@ int main()
             return 1;
         project.close();
         for (const ECores cores : {ECores::One, ECores::All}) {
-            const SCost cost = run(each, QFile::encodeName(folder.path()).constData(), cores);
+            std::vector<const char *> words{"panel-export", "p.nyx"};
+            words.insert(words.end(), each.outputs.begin(), each.outputs.end());
+            const bench::SProgramCost cost =
+                bench::programCost(QFile::encodeName(folder.path()).constData(), words, cores);
             std::printf("%-42s %5s %8.2f %10.2f %9.2f %8.0f%s\n", each.title,
                         cores == ECores::One ? "one" : "all", cost.seconds, cost.processorSeconds,
                         cost.seconds / cost.processorSeconds, cost.megabytes,
-                        cost.isDone ? "" : "  FAILED");
+                        cost.exitCode == 0 ? "" : "  FAILED");
             std::fflush(stdout);
         }
     }
