@@ -5214,8 +5214,8 @@ RAM_DL: %2</translation>
 <context>
     <name>CWhatIfView</name>
     <message>
-        <source>%1 (as it is)</source>
-        <translation>%1 (wie jetzt)</translation>
+        <source>%1, now %2</source>
+        <translation>%1, jetzt %2</translation>
     </message>
     <message>
         <source>not possible</source>

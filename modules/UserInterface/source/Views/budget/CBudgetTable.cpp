@@ -2,7 +2,9 @@
 
 #include "ShownText.h"
 
+#include <QFont>
 #include <QLocale>
+#include <QPixmap>
 
 #include <algorithm>
 
@@ -65,6 +67,17 @@ int CBudgetTable::rowOf(const QString &key) const
     return found == m_rows.end() ? -1 : int(found - m_rows.begin());
 }
 
+QIcon CBudgetTable::iconOf(const QImage &picture)
+{
+    constexpr int Side = 32;
+    QPixmap icon = QPixmap::fromImage(picture);
+    if (icon.isNull()) {
+        icon = QPixmap(Side, Side);
+        icon.fill(Qt::transparent);
+    }
+    return icon;
+}
+
 int CBudgetTable::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : m_rows.size();
@@ -88,6 +101,11 @@ QVariant CBudgetTable::data(const QModelIndex &index, int role) const
         return index.column() == 0 && !row.icon.isNull() ? QVariant(row.icon) : QVariant();
     case Qt::ToolTipRole:
         return row.toolTip.isEmpty() ? QVariant() : ShownText::toolTip(row.toolTip);
+    case Qt::FontRole: {
+        QFont font;
+        font.setBold(true);
+        return row.isStrong ? QVariant(font) : QVariant();
+    }
     case Qt::CheckStateRole:
         return index.column() == 0 && row.tick ? QVariant(*row.tick ? Qt::Checked : Qt::Unchecked)
                                                : QVariant();

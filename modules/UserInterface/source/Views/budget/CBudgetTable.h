@@ -26,6 +26,7 @@ public:
         QVector<QVariant> cells;
         QIcon icon;
         QString toolTip;
+        bool isStrong = false;
         std::optional<bool> tick; ///< can be set by the user
         QString key;              ///< what it is about; no other row has it
         QVector<const CItemModel *> items;
@@ -38,6 +39,8 @@ public:
     const SRow &row(int row) const { return m_rows[row]; }
     /// -1 when there is none.
     int rowOf(const QString &key) const;
+    /// Of a picture; an empty one has room too, so that names stand below each other.
+    static QIcon iconOf(const QImage &picture);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

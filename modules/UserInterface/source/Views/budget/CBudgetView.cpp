@@ -259,9 +259,7 @@ void CBudgetView::fillAssets(const QVector<SAssetUse> &assets, const SScreenBudg
                      shareOf(asset.bytes, budget)};
         row.key = CBudgetResults::keyOf(asset);
         row.toolTip = asset.file + QLatin1Char('\n') + tr("Used by: %1").arg(names.join(", "));
-        const QImage picture = m_results->pictureOf(asset);
-        if (!picture.isNull())
-            row.icon = QIcon(QPixmap::fromImage(picture));
+        row.icon = CBudgetTable::iconOf(m_results->pictureOf(asset));
         rows.append(row);
     }
     if (page && page->ramGRest > 0)

@@ -53,17 +53,6 @@ QString keyOf(const SImageTrials &image)
     return proposed(image).format + QLatin1Char('/') + CBudgetResults::keyOf(image.asset);
 }
 
-/// What did not fit was not decoded; its name stands below the others all the same.
-QIcon iconOf(const QImage &picture)
-{
-    QPixmap icon = QPixmap::fromImage(picture);
-    if (icon.isNull()) {
-        icon = QPixmap(IconSide, IconSide);
-        icon.fill(Qt::transparent);
-    }
-    return icon;
-}
-
 } // namespace
 
 CFormatFitView::CFormatFitView(QWidget *parent)
@@ -214,7 +203,7 @@ void CFormatFitView::fillRows()
         row.tick = isTicked(image);
         row.items = image.asset.items;
         row.toolTip = image.source + QLatin1Char('\n') + ErrorCells::toolTip();
-        row.icon = iconOf(m_results->pictureOf(image.asset));
+        row.icon = CBudgetTable::iconOf(m_results->pictureOf(image.asset));
         row.cells = {QFileInfo(image.source).fileName(),
                      image.format,
                      trial.format,

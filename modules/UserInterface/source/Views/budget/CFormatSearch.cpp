@@ -109,18 +109,22 @@ void CFormatSearch::waitForResults()
     Q_EMIT changed();
 }
 
+void CFormatSearch::forget()
+{
+    m_trials->cancel();
+    m_known.clear();
+    m_images.clear();
+    m_isWanted = false;
+    m_hasProposal = false;
+    m_project = m_results->project();
+}
+
 void CFormatSearch::follow()
 {
-    if (m_project != m_results->project()) {
-        m_trials->cancel();
-        m_known.clear();
-        m_images.clear();
-        m_isWanted = false;
-        m_hasProposal = false;
-        m_project = m_results->project();
-    } else if (m_isWanted && !m_trials->isRunning()) {
+    if (m_project != m_results->project())
+        forget();
+    else if (m_isWanted && !m_trials->isRunning())
         propose();
-    }
     Q_EMIT changed();
 }
 

@@ -44,6 +44,7 @@ Q_SIGNALS:
 
 private:
     void follow();
+    void forget();
     void takeBudget();
     void propose();
     QString keyOf(const SImageTrials &image, const QString &format) const;

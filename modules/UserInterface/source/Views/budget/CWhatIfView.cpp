@@ -127,7 +127,8 @@ void CWhatIfView::fill()
         const auto trial = m_tried.constFind(format);
         CBudgetTable::SRow row;
         row.key = format;
-        row.cells = {format == m_image.format ? tr("%1 (as it is)").arg(format) : format};
+        row.cells = {format};
+        row.isStrong = format == m_image.format;
         if (trial == m_tried.constEnd()) {
             row.cells.append(QStringLiteral("..."));
         } else if (!trial->problem.isEmpty()) {
@@ -161,13 +162,14 @@ void CWhatIfView::showChosen()
     m_use->setEnabled(!trial.picture.isNull() && trial.format != m_image.format &&
                       !m_image.isLocked);
     m_use->setToolTip(m_image.isLocked ? tr("An item that shows the image is locked.") : QString());
-    m_name->setText(ShownText::name(QFileInfo(m_image.source).fileName()));
-    m_hint->setText(m_image.asset.file.isEmpty() ? tr("Choose a picture in the first table.")
-                    : m_image.source.isEmpty()
-                        ? tr("This one cannot be made in another format: it is no image of an "
-                             "item, or the file that it was made of is gone.")
-                        : tr("Left the original, right the picture as the chip shows it. Wheel, + "
-                             "and - zoom both, a drag and the arrow keys move them."));
+    const QString name = QFileInfo(m_image.source).fileName();
+    m_name->setText(name.isEmpty() ? QString()
+                                   : ShownText::name(tr("%1, now %2").arg(name, m_image.format)));
+    m_hint->setVisible(m_image.source.isEmpty());
+    m_hint->setText(m_image.asset.file.isEmpty()
+                        ? tr("Choose a picture in the first table.")
+                        : tr("This one cannot be made in another format: it is no image of an "
+                             "item, or the file that it was made of is gone."));
 }
 
 void CWhatIfView::adopt()
@@ -186,5 +188,7 @@ void CWhatIfView::retranslate()
 {
     m_formats->setHeaders({tr("Format"), tr("Bytes"), ErrorCells::psnrTitle(), tr("SSIM")});
     m_use->setText(tr("&Use This Format"));
+    m_pictures->setToolTip(tr("Left the original, right the picture as the chip shows it. Wheel, + "
+                              "and - zoom both, a drag and the arrow keys move them."));
     fill();
 }
