@@ -77,6 +77,12 @@ struct EmuAsset
 using EmuMemoryCallback = int (*)(const unsigned char *memory, size_t size, const EmuAsset *assets,
                                   size_t assetCount);
 
+/// Takes what the request whose display list follows could not show of its texts.
+/// items   ids of the items that have less room than one of their texts needs, which was cut for
+///         that; `count` of them, each once, in the order in which they are drawn.
+/// The pointer is valid during the call only. The result is not looked at.
+using EmuCutTextsCallback = int (*)(const uint32_t *items, size_t count);
+
 // All functions may be called from one thread (the "caller's thread"); callbacks arrive on worker
 // threads of the library, one callback at a time and in the order of the requests, the callbacks of
 // one request from one thread. A callback may call Emu_RenderObjects, but not Emu_Stop.
@@ -115,6 +121,10 @@ QXKIVEMULIB_API int Emu_Stop();
 /// Optional: a library that takes this one's place need not have it. A caller that links it weakly
 /// finds a null function then, and does without what only the memory tells.
 QXKIVEMULIB_OPTIONAL int Emu_RegisterMemory(EmuMemoryCallback memory);
+
+/// Sets the callback that is told the cut texts, before the display list's, for all requests from
+/// now on. May be null, as it is at the start. Optional, as the function before.
+QXKIVEMULIB_OPTIONAL int Emu_RegisterCutTexts(EmuCutTextsCallback texts);
 
 /// How many requests the library works on at once, a worker each. Whoever has more than one of them
 /// under way uses that many cores; the answers come in the order of the requests all the same, and

@@ -49,6 +49,8 @@ private:
 
 namespace {
 
+#define DEJAVU "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+
 const QByteArray clean = R"(<?xml version="1.0" encoding="UTF-8"?>
 <Kiv_Project_T name="P" project_name="p" platform="QX110" width="320" height="240">
  <Kiv_Screen_T name="Home" color="#101010">
@@ -161,6 +163,29 @@ void tst_CheckCommand::oneFault_data()
     row("a text that has no room at all",
         replaced("id=\"1\" x_coordinate=\"10\"", "height=\"6\" id=\"1\" x_coordinate=\"10\""),
         "warning text-cut Title");
+    const auto own = [](const char *from, const char *to) {
+        return Edit([=](QByteArray &xml) {
+            replaced(from, to)(xml);
+            replaced(" <Kiv_Screen_T name=\"Home\"",
+                     " <fonts><font handle=\"0\" name=\"Own\" file=\"" DEJAVU
+                     "\" size=\"20\"/></fonts>\n <Kiv_Screen_T name=\"Home\"")(xml);
+        });
+    };
+    row("a text in an own font that is cut",
+        own("text=\"Start\" font=\"27\"", "text=\"Start the washing programme\" font=\"0\""),
+        "warning text-cut Start");
+    row("a text in an own font that fits",
+        own("text=\"Start\" font=\"27\"", "text=\"Start\xe2\x80\xa6\" font=\"0\""), "");
+    row("a text in an own font that is too high",
+        own("id=\"1\" x_coordinate=\"10\" y_coordinate=\"10\" text=\"Title\" font=\"27\"",
+            "id=\"1\" x_coordinate=\"10\" y_coordinate=\"10\" text=\"Title\" font=\"0\" "
+            "height=\"8\""),
+        "warning text-cut Title");
+    row("a character that the fonts in ROM lack",
+        replaced("text=\"Title\"", "text=\"5 \xe2\x82\xac\""), "error missing-glyph Title");
+    row("a character that an own font lacks",
+        own("text=\"Title\" font=\"27\"", "text=\"\xe4\xb8\xad\" font=\"0\""),
+        "error missing-glyph Title");
     row("an ellipsis of its own", replaced("text=\"Start\"", "text=\"Start\xe2\x80\xa6\""), "");
     row("a text like its background", replaced("text_color=\"#ffffff\"", "text_color=\"#505050\""),
         "warning contrast Title");

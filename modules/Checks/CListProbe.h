@@ -25,7 +25,6 @@ public:
         QRect ink;          ///< pixels that the glyphs may cover; may reach out of the frame
         QRgb colour = 0;    ///< opaque
         int lineHeight = 0; ///< of the font, pixels; of an own font that of its highest glyph
-        QByteArray latin1; ///< its characters; empty in an own font, whose glyphs have only numbers
     };
 
     /// `screen` with frame and memory. Both must live longer.

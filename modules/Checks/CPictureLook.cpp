@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr char Ellipsis = '\x85';
-
 /// Those that one item has, and no other.
 QSet<quint32> uniqueTags(const QList<SExportedItem> &items)
 {
@@ -42,8 +40,6 @@ void lookAtTexts(SPictureState &state, CListProbe &probe, const QImage &frame,
         if (!tags.contains(text.tag))
             continue;
         state.ink[text.tag] |= text.ink;
-        if (text.latin1.endsWith(Ellipsis))
-            state.cut.insert(text.tag);
         if (without.isNull())
             without = probe.withoutTexts();
         const STextContrast contrast = textContrast(text, frame, without);
@@ -86,6 +82,9 @@ SPictureState CPictureLook::look(const SScreenExport &render)
     if (!state.isKnown)
         return state;
     const QSet<quint32> tags = uniqueTags(render.items);
+    for (const quint32 tag : render.cutTexts)
+        if (tags.contains(tag))
+            state.cut.insert(tag);
     const QImage frame = render.frame.convertToFormat(QImage::Format_RGB32);
     lookAtTexts(state, probe, frame, tags);
     lookForHidden(state, probe, frame, render.items, tags);

@@ -17,7 +17,7 @@ struct SPictureState
 {
     bool isKnown = false;                   ///< false when the emulator does not tell its memory
     QHash<quint32, QRect> ink;              ///< of all texts of an item, pixels
-    QSet<quint32> cut;                      ///< whose texts end in an ellipsis
+    QSet<quint32> cut;                      ///< that have no room for one of their texts
     QHash<quint32, STextContrast> contrast; ///< of the text that is read worst, when that is badly
     QVector<quint32> hidden;                ///< by what lies in front of them; front-most first
 };

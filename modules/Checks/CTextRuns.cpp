@@ -75,7 +75,6 @@ void CTextRuns::takeChars(uint32_t operand)
         const romfonts::SGlyph *glyph = character ? romfonts::glyph(m_font, character) : nullptr;
         if (!glyph || m_runs.isEmpty())
             continue;
-        m_runs.last().latin1.append(static_cast<char>(character));
         addInk(glyph->left, glyph->top, glyph->width, glyph->height, glyph->advance16);
     }
 }

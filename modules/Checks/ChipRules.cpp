@@ -29,6 +29,15 @@ const CItemModel *itemOf(const QString &message, const QHash<QString, const CIte
     return nullptr;
 }
 
+/// Of the messages about what could not be drawn, those about characters.
+bool isAboutCharacters(const QString &message, const CItemModel *item)
+{
+    const QString said = item ? message.mid(messageLabel(*item).size() + 2) : message;
+    return said.startsWith(QLatin1String("no font has ")) ||
+           (said.startsWith(QLatin1String("font \"")) &&
+            said.contains(QLatin1String("\" and its fallbacks lack ")));
+}
+
 QHash<QString, const CItemModel *> itemsByLabel(const CItemModel &screen)
 {
     QHash<QString, const CItemModel *> items;
@@ -85,6 +94,7 @@ void checkChip(CRuleContext &context, const SScreenExport &render)
                             message.contains(QLatin1String("RAM_DL is full")) ||
                             (!file.isEmpty() && !QFileInfo(file).isFile());
         if (!isTold)
-            context.add(ERule::RenderError, ESeverity::Error, item, message);
+            context.add(isAboutCharacters(message, item) ? ERule::MissingGlyph : ERule::RenderError,
+                        ESeverity::Error, item, message);
     }
 }

@@ -37,17 +37,6 @@ void checkContrast(CRuleContext &context, const SPictureState &picture,
     });
 }
 
-/// A text that the item itself says ends in an ellipsis was not cut.
-bool saysEllipsis(const CItemModel &item)
-{
-    for (const CWidgetProperty &property : item.properties()) {
-        const QString text = property.text();
-        if (text.contains(QChar(0x2026)) || text.contains(QLatin1String("...")))
-            return true;
-    }
-    return false;
-}
-
 void checkTextSize(CRuleContext &context, const SPictureState &picture,
                    const QHash<quint32, const CItemModel *> &items)
 {
@@ -64,11 +53,10 @@ void checkTextSize(CRuleContext &context, const SPictureState &picture,
         }
         const SItemOutline outline = itemOutline(item);
         const QRectF room = outline.box.adjusted(-CutOfText, -CutOfText, CutOfText, CutOfText);
-        const bool isCut = picture.cut.contains(item.id()) && !saysEllipsis(item);
         const bool hasRoom = outline.turn != 0 || outline.box.isEmpty() ||
                              item.geometryMode() != GeometryMode::Box ||
                              room.contains(picture.ink.value(item.id()));
-        if (isCut)
+        if (picture.cut.contains(item.id()))
             context.add(ERule::TextCut, ESeverity::Warning, &item,
                         CRuleContext::tr("The text of %1 is cut.").arg(context.called(item)));
         else if (!hasRoom)

@@ -16,6 +16,8 @@ struct SRule
 
 const SRule table[] = {
     {ERule::RenderError, "render-error", QT_TRANSLATE_NOOP("Checks", "Not drawn as designed")},
+    {ERule::MissingGlyph, "missing-glyph",
+     QT_TRANSLATE_NOOP("Checks", "Character that the font lacks")},
     {ERule::Memory, "memory", QT_TRANSLATE_NOOP("Checks", "Memory of the chip")},
     {ERule::ChipValue, "chip-value", QT_TRANSLATE_NOOP("Checks", "Not available on the chip")},
     {ERule::MissingImage, "missing-image", QT_TRANSLATE_NOOP("Checks", "Missing image")},

@@ -14,6 +14,7 @@ enum class ESeverity {
 /// The rules. Their ids (Rules.h) stand in project files and reports, so they stay.
 enum class ERule {
     RenderError,
+    MissingGlyph,
     Memory,
     ChipValue,
     MissingImage,

@@ -11,6 +11,11 @@ CBackgroundRender::CBackgroundRender(CEmulatorAdapter *adapter, CProjectModel *p
             &CBackgroundRender::takeDisplayList);
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundMemory, this,
             &CBackgroundRender::takeMemory);
+    connect(adapter, &CEmulatorAdapter::emulatorBackgroundCutTexts, this,
+            [this](const QVector<quint32> &items, void *observer) {
+                if (observer == &m_handler)
+                    m_cutTexts = items;
+            });
     connect(adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, this,
             [this](bool, const argb8888 *buffer, uint32_t width, uint32_t height, void *observer,
                    size_t ramDl) { keepFrame(buffer, width, height, observer, ramDl); });
@@ -39,6 +44,7 @@ void CBackgroundRender::ask(const QPersistentModelIndex &screen)
     m_ramG = 0;
     m_errors.clear();
     m_memory = {};
+    m_cutTexts.clear();
     m_screen = screen;
 
     const auto *project = qobject_cast<const CProjectModel *>(screen.model());

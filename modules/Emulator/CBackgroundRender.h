@@ -44,6 +44,7 @@ public:
     size_t ramG() const { return m_ramG; }                    ///< bytes
     QStringList errors() const { return m_errors; }
     SGraphicsMemory memory() const { return m_memory; }
+    QVector<quint32> cutTexts() const { return m_cutTexts; }
 
 Q_SIGNALS:
     /// A part of the answer is there, or it will not come any more.
@@ -66,4 +67,5 @@ private:
     size_t m_ramG = 0;
     QStringList m_errors;
     SGraphicsMemory m_memory;
+    QVector<quint32> m_cutTexts;
 };

@@ -68,6 +68,8 @@ bool CEmulatorAdapter::registerEmulator(const QString &scriptPath)
     Emu_Register(&CEmulatorAdapter::libraryFrame, &CEmulatorAdapter::libraryDisplayList);
     if (&Emu_RegisterMemory) // not every library has it
         Emu_RegisterMemory(&CEmulatorAdapter::libraryMemory);
+    if (&Emu_RegisterCutTexts)
+        Emu_RegisterCutTexts(&CEmulatorAdapter::libraryCutTexts);
     m_registered = true;
     return true;
 }
@@ -177,7 +179,8 @@ int CEmulatorAdapter::libraryDisplayList(const char *text, const unsigned char *
                                : QByteArray();
     instance()->post(&CEmulatorAdapter::takeDisplayList,
                      SDisplayList{QString::fromLatin1(text), copiedBytes, ramG, QByteArray(errors),
-                                  std::exchange(instance()->m_memory, {})});
+                                  std::exchange(instance()->m_memory, {}),
+                                  std::exchange(instance()->m_cutTexts, {})});
     return 1;
 }
 
@@ -194,6 +197,12 @@ int CEmulatorAdapter::libraryMemory(const unsigned char *memory, size_t size,
                             asset->height, asset->stride, asset->address, asset->bytes,
                             asset->paletteAddress, asset->paletteBytes});
     instance()->m_memory = copy;
+    return 1;
+}
+
+int CEmulatorAdapter::libraryCutTexts(const uint32_t *items, size_t count)
+{
+    instance()->m_cutTexts = QVector<quint32>(items, items + count);
     return 1;
 }
 
@@ -235,6 +244,8 @@ void CEmulatorAdapter::takeDisplayList(const SDisplayList &list)
     void *const observer = m_inFlight.front().observer;
     if (m_backgroundInFlight && list.memory.isKnown)
         Q_EMIT emulatorBackgroundMemory(list.memory, observer);
+    if (m_backgroundInFlight && !list.cutTexts.isEmpty())
+        Q_EMIT emulatorBackgroundCutTexts(list.cutTexts, observer);
     QByteArray errors = list.errors; // receivers get a pointer that they could write through
     if (m_backgroundInFlight)
         Q_EMIT emulatorBackgroundFrameDLCallback(list.text, list.bytes, observer, list.ramG,

@@ -92,6 +92,8 @@ Q_SIGNALS:
                                            void *observer, size_t RAM_G_Usage, char *errorMessages);
     /// Before the display list of a background request, where the library tells it.
     void emulatorBackgroundMemory(const SGraphicsMemory &memory, void *observer);
+    /// In the same way: ids of the items that have no room for one of their texts.
+    void emulatorBackgroundCutTexts(const QVector<quint32> &items, void *observer);
 
 private:
     enum class ERequest : uint32_t { Foreground = 0, Background = 1 };
@@ -111,6 +113,7 @@ private:
         size_t ramG;
         QByteArray errors;
         SGraphicsMemory memory;
+        QVector<quint32> cutTexts;
     };
     struct SInFlight
     {
@@ -138,6 +141,7 @@ private:
                                   size_t ramG, char *errors);
     static int libraryMemory(const unsigned char *memory, size_t size, const EmuAsset *assets,
                              size_t assetCount);
+    static int libraryCutTexts(const uint32_t *items, size_t count);
     template<typename Answer>
     void post(void (CEmulatorAdapter::*receiver)(const Answer &), Answer answer);
 
@@ -154,6 +158,7 @@ private:
     uint32_t m_chipCode = 0;
     std::atomic<bool> m_memoryWanted{false};
     SGraphicsMemory m_memory;         ///< of the frame under way; the library's thread only
+    QVector<quint32> m_cutTexts;      ///< the same
     std::atomic<uint64_t> m_run{0};   ///< told apart by it: answers of this run and of stopped ones
     std::deque<SInFlight> m_inFlight; ///< in the order in which they are answered
     size_t m_mostInFlight = 1;

@@ -35,5 +35,6 @@ SScreenExport screenAnswer(CScreenModel &screen, CBackgroundRender &render,
             render.errors() + ofChip,
             ofChip,
             render.memory(),
-            items};
+            items,
+            render.cutTexts()};
 }

@@ -5695,6 +5695,10 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
         <source>The image of %1 was made of %2, which has changed since.</source>
         <translation>Das Bild von %1 wurde aus %2 gemacht, das sich seither geändert hat.</translation>
     </message>
+    <message>
+        <source>Character that the font lacks</source>
+        <translation>Zeichen, das der Schrift fehlt</translation>
+    </message>
 </context>
 <context>
     <name>SFormatTrial</name>

@@ -5695,6 +5695,10 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
         <source>The image of %1 was made of %2, which has changed since.</source>
         <translation>%1 的图像由 %2 转换而来，而该文件之后有改动。</translation>
     </message>
+    <message>
+        <source>Character that the font lacks</source>
+        <translation>字体缺少的字符</translation>
+    </message>
 </context>
 <context>
     <name>SFormatTrial</name>

@@ -97,6 +97,12 @@ void CEmulator::setMemoryCallback(EmuMemoryCallback memory)
     m_memory = memory;
 }
 
+void CEmulator::setCutTextsCallback(EmuCutTextsCallback texts)
+{
+    const Lock lock(m_mutex);
+    m_cutTexts = texts;
+}
+
 void CEmulator::configure(uint32_t width, uint32_t height)
 {
     const Lock lock(m_mutex);
@@ -196,6 +202,7 @@ void CEmulator::render(IModelIterator *iterator, void *observer, bool isForegrou
     request->frame = m_frame;
     request->displayList = m_displayList;
     request->memory = m_memory;
+    request->cutTexts = m_cutTexts;
     m_waiting.push_back(request);
     m_unanswered.push_back(request);
     // One whose answer is being given does not need its worker any more.
@@ -270,6 +277,8 @@ void CEmulator::callBack(const SRequest &request, const CFrameMaker &maker, cons
     std::string errors = frame.errors;
     if (request.memory)
         tellMemory(maker, request.memory);
+    if (request.cutTexts)
+        request.cutTexts(frame.cutTexts.data(), frame.cutTexts.size());
     if (request.displayList)
         request.displayList(frame.displayListText.c_str(), frame.displayList.data(),
                             static_cast<int>(frame.displayList.size()), frame.ramGUsage,

@@ -44,6 +44,7 @@ public:
 
     void setCallbacks(EmuFrameCallback frame, EmuDisplayListCallback displayList);
     void setMemoryCallback(EmuMemoryCallback memory);
+    void setCutTextsCallback(EmuCutTextsCallback texts);
     /// False when the script cannot be used (the emulator then runs, and every frame says so), and
     /// in a callback.
     bool start(const std::string &scriptPath, uint32_t chipCode);
@@ -66,6 +67,7 @@ private:
         EmuFrameCallback frame = nullptr;
         EmuDisplayListCallback displayList = nullptr;
         EmuMemoryCallback memory = nullptr;
+        EmuCutTextsCallback cutTexts = nullptr;
     };
     using RequestPtr = std::shared_ptr<SRequest>;
     struct SWorker
@@ -97,6 +99,7 @@ private:
     EmuFrameCallback m_frame = nullptr;
     EmuDisplayListCallback m_displayList = nullptr;
     EmuMemoryCallback m_memory = nullptr;
+    EmuCutTextsCallback m_cutTexts = nullptr;
     uint32_t m_width = 480;
     uint32_t m_height = 272;
     std::shared_ptr<CRun> m_run;

@@ -53,6 +53,7 @@ const SFrame &CFrameMaker::make(const CSnapshot &snapshot, uint32_t width, uint3
     execute(drawing.words, &snapshot);
     m_frame.ramDlUsage = drawing.ramDlNeeded;
     m_frame.ramGUsage = drawing.ramGNeeded;
+    m_frame.cutTexts = drawing.cutTexts;
     addLines(m_frame.errors, drawing.errors.text());
     addLines(m_frame.errors, m_executionErrors);
     return m_frame;
@@ -64,6 +65,7 @@ const SFrame &CFrameMaker::makeBlack(uint32_t width, uint32_t height, const std:
     m_frame.width = std::min(width, LargestSide);
     m_frame.height = std::min(height, LargestSide);
     m_frame.errors = error;
+    m_frame.cutTexts.clear();
     CDisplayListWriter writer(m_host.chip().ramDl);
     writer.clear(0xFF000000);
     writer.finish();

@@ -22,9 +22,10 @@ struct SFrame
     std::vector<uint32_t> pixels; ///< rows packed
     std::vector<uint8_t> displayList;
     std::string displayListText;
-    std::string errors;    ///< a line each
-    size_t ramGUsage = 0;  ///< bytes that all assets need
-    size_t ramDlUsage = 0; ///< bytes that the whole list needs
+    std::string errors;             ///< a line each
+    size_t ramGUsage = 0;           ///< bytes that all assets need
+    size_t ramDlUsage = 0;          ///< bytes that the whole list needs
+    std::vector<uint32_t> cutTexts; ///< ids of items
 };
 
 /// Makes frames for one chip: snapshot, script, display list, execution. A frame whose display list

@@ -35,6 +35,14 @@ int Emu_RegisterMemory(EmuMemoryCallback memory)
     });
 }
 
+int Emu_RegisterCutTexts(EmuCutTextsCallback texts)
+{
+    return guarded([&] {
+        CEmulator::instance().setCutTextsCallback(texts);
+        return true;
+    });
+}
+
 int Emu_Start(const char *scriptPath, uint32_t chipCode)
 {
     return guarded(

@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <cstddef>
 #include <cstdint>
@@ -59,4 +60,5 @@ struct SScreenExport
     QStringList chipFindings;   ///< what the chip cannot do
     SGraphicsMemory memory;     ///< unless frames were asked for, not known
     QList<SExportedItem> items; ///< front-most first; empty unless frames were asked for
+    QVector<quint32> cutTexts;  ///< tags of items that have no room for one of their texts
 };

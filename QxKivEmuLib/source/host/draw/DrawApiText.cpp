@@ -82,6 +82,12 @@ SCorner aligned(const SFontChoice &font, SCorner at, int align, int valign, doub
     return at;
 }
 
+void noteIfCut(lua_State *state, bool isWhole)
+{
+    if (CItemRunner *items = isWhole ? nullptr : contextOf(state).items)
+        items->noteCutText();
+}
+
 const char *const Vertical[] = {"baseline", "middle", "top", "bottom", nullptr};
 
 int textInRom(lua_State *state, SCorner at, const SFontChoice &font)
@@ -132,7 +138,9 @@ int textFit(lua_State *state)
     const SFontChoice font = checkFont(state, 1);
     const double width = checkNumber(state, 3);
     if (font.own) {
-        const std::string &fitted = font.own->fit(checkText(state, 2, FittingPerByte), width);
+        const std::string_view whole = checkText(state, 2, FittingPerByte);
+        const std::string &fitted = font.own->fit(whole, width);
+        noteIfCut(state, fitted == whole);
         lua_pushlstring(state, fitted.data(), fitted.size());
         return 1;
     }
@@ -141,6 +149,7 @@ int textFit(lua_State *state)
         lua_settop(state, 2);
         return 1;
     }
+    noteIfCut(state, false);
     constexpr uint64_t WorkPerCharacter = 16;
     contextOf(state).watchdog.charge(state, latin1.view().size() * WorkPerCharacter);
     contextOf(state).texts->kept() = romFit(font.rom, lua_tostring(state, 2), width);
@@ -172,6 +181,7 @@ int textBox(lua_State *state)
     context.watchdog.charge(state, length * (font.own ? FittingPerByte : 4 * WorkPerByte));
     const STextBoxResult result = drawTextBox(context, box, font, {utf8, length});
     context.watchdog.charge(state, 0);
+    noteIfCut(state, result.isWhole);
     lua_pushinteger(state, static_cast<lua_Integer>(result.lines));
     lua_pushboolean(state, result.isWhole);
     return 2;

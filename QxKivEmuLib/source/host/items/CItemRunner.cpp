@@ -45,6 +45,7 @@ void CItemRunner::beginFrame(const CSnapshot &snapshot, CErrorList &errors)
     m_errors = &errors;
     m_current = NoItem;
     m_overruns = 0;
+    m_cutTexts.clear();
     m_tables.beginFrame(snapshot);
     m_frameChunks.clear();
 }
@@ -144,6 +145,13 @@ void CItemRunner::noteMissing(const std::string &font, const std::u32string &cha
         if (known->second.size() < MostMissing && known->second.find(c) == std::u32string::npos)
             known->second += c;
     }
+}
+
+void CItemRunner::noteCutText()
+{
+    const uint32_t id = m_current == NoItem ? 0 : m_snapshot->id(m_current);
+    if (id != 0 && (m_cutTexts.empty() || m_cutTexts.back() != id))
+        m_cutTexts.push_back(id);
 }
 
 /// Work that an item may do. Those that overrun take less and less of the frame, so that many of

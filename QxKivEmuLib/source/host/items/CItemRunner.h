@@ -33,6 +33,11 @@ public:
     /// Characters that a font of the project and its fallbacks lack; reported in the same way.
     void noteMissing(const std::string &font, const std::u32string &characters);
 
+    /// A text of the item that is being drawn was cut, since there is no more room for it.
+    void noteCutText();
+    /// Ids of the items of the last frame for which that was noted, each once.
+    const std::vector<uint32_t> &cutTexts() const { return m_cutTexts; }
+
     /// Adds draw_item to the globals.
     static void addFunctions(lua_State *state);
 
@@ -66,6 +71,7 @@ private:
     int m_overruns = 0;       ///< items of this frame that were stopped
     std::u32string m_missing; ///< of the item that is drawn, or of the script; so the next
     std::vector<std::pair<std::string, std::u32string>> m_missingInFonts;
+    std::vector<uint32_t> m_cutTexts;
     std::unordered_map<std::string, SChunk> m_chunks; ///< by text
     std::vector<SChunk *> m_frameChunks;              ///< by the snapshot's index of the text
 };

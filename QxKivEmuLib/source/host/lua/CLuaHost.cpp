@@ -128,7 +128,7 @@ SDrawing CLuaHost::draw(const CSnapshot &snapshot, int width, int height)
     if (!hasState)
         result.errors.add(m_loadError);
     if (hasState && snapshot.hasScreen())
-        runRender(snapshot, drawing, width, height, result.errors);
+        runRender(snapshot, drawing, width, height, result);
     else
         drawing.clear(Black);
     const std::vector<uint32_t> fonts = placeFonts(result.errors);
@@ -171,11 +171,11 @@ struct CLuaHost::SFrame
 };
 
 void CLuaHost::runRender(const CSnapshot &snapshot, CDrawContext &drawing, int width, int height,
-                         CErrorList &errors)
+                         SDrawing &result)
 {
     SLuaContext &context = m_sandbox->context();
     lua_State *state = m_sandbox->state();
-    m_items->beginFrame(snapshot, errors);
+    m_items->beginFrame(snapshot, result.errors);
     context.drawing = &drawing;
     context.items = m_items.get();
     context.frameNumber = ++m_frameNumber;
@@ -187,12 +187,13 @@ void CLuaHost::runRender(const CSnapshot &snapshot, CDrawContext &drawing, int w
     lua_pushlightuserdata(state, &frame);
     const int status = lua_pcall(state, 1, 0, 0);
     if (status != LUA_OK)
-        errors.add(m_sandbox->popError(status));
+        result.errors.add(m_sandbox->popError(status));
     const bool wasKilled = context.watchdog.isExpired() || context.memoryRefused;
     context.watchdog.stop();
     context.drawing = nullptr;
     context.items = nullptr;
     m_items->endFrame();
+    result.cutTexts = m_items->cutTexts();
     // What a stopped script leaves behind may be anything.
     if (wasKilled || status == LUA_ERRMEM || status == LUA_ERRERR)
         m_sandbox->context().isSpent = true;

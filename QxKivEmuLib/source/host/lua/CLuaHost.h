@@ -27,6 +27,7 @@ struct SDrawing
     size_t ramDlNeeded = 0; ///< bytes of the whole list; more than those of `words` when it was cut
     size_t ramGNeeded =
         0; ///< bytes of all assets; more than the memory holds when some are missing
+    std::vector<uint32_t> cutTexts; ///< ids of items that have no room for a text, each once
     CErrorList errors;
 };
 
@@ -73,7 +74,7 @@ private:
     struct SFrame;
     bool startState();
     void runRender(const CSnapshot &snapshot, CDrawContext &drawing, int width, int height,
-                   CErrorList &errors);
+                   SDrawing &result);
     std::vector<uint32_t> placeFonts(CErrorList &errors);
     void tidyState();
     static int callRender(lua_State *state);

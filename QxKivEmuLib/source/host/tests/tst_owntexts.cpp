@@ -377,6 +377,25 @@ TEST_F(OwnTexts, breakFitAndAlignAsIfDrawnPieceByPiece)
     }
 }
 
+TEST_F(OwnTexts, textsWithoutRoomAreTold)
+{
+    const std::string fonts = "0\tF\t" + Made + "variable.ttf\t40\t8\t\t\t";
+    const std::vector<std::pair<const char *, bool>> cases = {
+        {"text_fit(0, 'AAAA', 96)", false},
+        {"text_fit(0, 'AAAA', 95) text_fit(0, 'AAAA', 95)", true},
+        {"text_fit(0, 'A…', 96)", false},
+        {"text_fit(26, 'one two', text_width(26, 'one two'))", false},
+        {"text_fit(26, 'one two', 20)", true},
+        {"text_box(0, 0, 60, 80, 0, 'AA A')", false},
+        {"text_box(0, 0, 60, 80, 0, 'AA A A')", true},
+        {"text_box(0, 0, 200, 20, 26, 'one\\ntwo')", true},
+    };
+    for (const auto &[commands, isCut] : cases) {
+        const std::vector<uint32_t> expected(isCut ? 1 : 0, 1);
+        EXPECT_EQ(run(fonts, commands, "").cutTexts, expected) << commands;
+    }
+}
+
 TEST_F(OwnTexts, measuresAreToldAndWhatIsWrongIsReported)
 {
     const std::string font = "0\tF\t" + Made + "variable.ttf\t40\t8\t\t\t";

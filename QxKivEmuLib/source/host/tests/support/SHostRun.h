@@ -35,11 +35,13 @@ struct SHostRun
         ramDlNeeded = drawing.ramDlNeeded;
         list = kivemu::disassemble(words.data(), words.size());
         errors = drawing.errors.text();
+        cutTexts = drawing.cutTexts;
     }
     bool has(const std::string &command) const { return list.find(command) != std::string::npos; }
 
     std::vector<uint32_t> words;
     std::string list;
     std::string errors;
+    std::vector<uint32_t> cutTexts;
     size_t ramDlNeeded;
 };
