@@ -14,6 +14,7 @@ bool isModifier(int key)
 CKeyField::CKeyField(QWidget *parent) : QLineEdit(parent)
 {
     setReadOnly(true);
+    setFocusPolicy(Qt::ClickFocus); // Tab would lead into it, and not out again
     setContextMenuPolicy(Qt::NoContextMenu);
     setAttribute(Qt::WA_InputMethodEnabled, false);
 }

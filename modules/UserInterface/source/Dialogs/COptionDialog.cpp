@@ -66,7 +66,7 @@ COptionDialog::COptionDialog(const CPlatformTable &platforms, IProjectOptionsObs
     m_interval->setSuffix(tr(" seconds"));
     for (QSpinBox *step : {m_nudgeStep, m_fineNudgeStep}) {
         step->setRange(1, LargestNudge);
-        step->setSuffix(tr(" pixels"));
+        step->setSuffix(tr(" px"));
     }
     layOut();
 
@@ -115,6 +115,11 @@ void COptionDialog::layOut()
     layout->addLayout(form);
     layout->addWidget(m_buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    const QList<QWidget *> order{m_name,          m_platform, m_offered,  m_width,
+                                 m_height,        m_autosave, m_interval, m_nudgeStep,
+                                 m_fineNudgeStep, m_folder,   m_buttons};
+    for (int i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 QWidget *COptionDialog::makeAutosaveGroup()
@@ -141,7 +146,7 @@ QWidget *COptionDialog::makeNudgeGroup()
     auto *group = new QGroupBox(tr("Moving with the Arrow Keys"));
     auto *form = new QFormLayout(group);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    form->addRow(tr("&Step"), m_nudgeStep);
+    form->addRow(tr("S&tep"), m_nudgeStep);
     form->addRow(tr("With S&hift"), m_fineNudgeStep);
     return group;
 }

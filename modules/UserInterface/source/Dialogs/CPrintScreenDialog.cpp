@@ -17,14 +17,16 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 const QSize IconSize(256, 224);
 
 /// A frame, for a screen that has no picture yet.
-QIcon emptyIcon()
+QIcon emptyIcon(const QSize &size)
 {
-    QPixmap frame(IconSize.width(), IconSize.width() * 9 / 16);
+    QPixmap frame(size);
     frame.fill(Qt::transparent);
     QPainter painter(&frame);
     painter.setPen(QPen(QApplication::palette().color(QPalette::PlaceholderText), 1, Qt::DashLine));
@@ -121,7 +123,14 @@ void CPrintScreenDialog::layOut()
 void CPrintScreenDialog::fill()
 {
     const Pictures pictures = m_pictures();
-    const QIcon empty = emptyIcon();
+    // All are as large as the first that is there; one that is larger than the frame in its place
+    // would come over the row below.
+    QSize frame(IconSize.width(), IconSize.width() * 9 / 16);
+    const auto known = std::find_if(pictures.begin(), pictures.end(),
+                                    [](const auto &each) { return !each.second.isNull(); });
+    if (known != pictures.end())
+        frame = known->second.size().scaled(IconSize, Qt::KeepAspectRatio);
+    const QIcon empty = emptyIcon(frame.expandedTo({1, 1}));
     for (const auto &[name, picture] : pictures) {
         auto *item = new QListWidgetItem(empty, ShownText::name(name), m_screens);
         item->setTextAlignment(Qt::AlignHCenter);
@@ -161,7 +170,11 @@ void CPrintScreenDialog::showScaled(int row, const QPixmap &picture)
                 return;
             QPixmap fitting = QPixmap::fromImage(scaled);
             fitting.setDevicePixelRatio(ratio);
-            m_screens->item(row)->setIcon(CThemeIcons::untinted(fitting));
+            QListWidgetItem *item = m_screens->item(row);
+            const QSize before = item->icon().actualSize(IconSize);
+            item->setIcon(CThemeIcons::untinted(fitting));
+            if (item->icon().actualSize(IconSize) != before) // the list would leave the rows alone
+                m_screens->doItemsLayout();
         });
 }
 

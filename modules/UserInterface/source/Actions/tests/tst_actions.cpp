@@ -213,6 +213,9 @@ private Q_SLOTS:
         QVERIFY(message->text().contains("Do two"));
         QCOMPARE(shown(dialog.map()), shown(map)); // told before it takes effect
         press(Qt::Key_Escape);
+        press(Qt::Key_Tab); // from the list past the field, which would take the next Tab as keys
+        QCOMPARE(QApplication::focusWidget()->objectName(), QString("shortcutChange"));
+        press(Qt::Key_Backtab);
         press(Qt::Key_Return); // of the list
         QVERIFY(dialog.isVisible());
         QCOMPARE(shown(dialog.map()), shown(map));

@@ -213,6 +213,17 @@ private Q_SLOTS:
         QCOMPARE(project.undoStack()->count(), 0);
 
         dialog.fill(&project, 10);
+        dialog.layout()->activate();
+        QWidget *first = field<QLineEdit>(dialog, "projectName");
+        int height = 0; // Tab leads down the dialog
+        for (QWidget *each = first->nextInFocusChain(); each != first;
+             each = each->nextInFocusChain()) {
+            if (!(each->focusPolicy() & Qt::TabFocus) || each->objectName().startsWith("qt_"))
+                continue;
+            const int bottom = each->mapTo(&dialog, QPoint(0, each->height())).y();
+            QVERIFY2(bottom >= height, qPrintable(each->objectName()));
+            height = bottom;
+        }
         field<QLineEdit>(dialog, "projectName")->setText("after");
         field<QComboBox>(dialog, "platform")
             ->setCurrentText("QX100"); // 800 x 480 is too large for it
@@ -321,17 +332,21 @@ private Q_SLOTS:
             picture.fill(pictures.isEmpty() ? Qt::red : Qt::blue);
             pictures.append({name, picture});
         }
-        pictures[2].second = QPixmap(); // never rendered
+        pictures[1].second = QPixmap(); // never rendered
         const auto source = [&pictures] { return pictures; };
         touch(folder.filePath("Page 1.png"));
 
         CPrintScreenDialog dialog(source, folder.path());
         auto *screens = field<QListWidget>(dialog, "screens");
-        const qint64 empty = screens->item(2)->icon().cacheKey();
-        pictures[2].second = QPixmap(16, 16);
-        dialog.refresh();
-        QTRY_VERIFY(screens->item(2)->icon().cacheKey() != empty);
+        dialog.resize(330, 900); // one below the other
         dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const qint64 empty = screens->item(1)->icon().cacheKey();
+        pictures[1].second = QPixmap(16, 16); // higher than its frame
+        dialog.refresh();
+        QTRY_VERIFY(screens->item(1)->icon().cacheKey() != empty);
+        QVERIFY(!screens->visualItemRect(screens->item(1))
+                     .intersects(screens->visualItemRect(screens->item(2))));
         for (const int row : {0, 1, 1, 1}) // the second one on, off, on again
             QTest::mouseClick(screens->viewport(), Qt::LeftButton, {},
                               screens->visualItemRect(screens->item(row)).center());
