@@ -57,7 +57,7 @@ private Q_SLOTS:
         row("names, members and pages too", F::Name, "e", "",
             "Hello.name Keys.name Key 1.name "
             "Shape.name Setup.name Line.name");
-        row("kind as it is called", F::Kind, "circ", "", "Key 1.kind");
+        row("kind as it is called", F::Kind, "disc", "", "Key 1.kind");
         row("kind by its type", F::Kind, "Test_Poly", "", "Shape.kind Line.kind");
         row("pages and groups", F::Kind, "g", "",
             "Start.kind Keys.kind Shape.kind Setup.kind "

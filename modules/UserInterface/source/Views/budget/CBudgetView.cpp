@@ -2,6 +2,7 @@
 
 #include "CBudgetResults.h"
 #include "CFormatFitView.h"
+#include "CItemFacets.h"
 #include "CMemoryBar.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
@@ -35,6 +36,16 @@ constexpr int Width = 100; // more than they need at first, to be shared
 double shareOf(size_t bytes, size_t budget)
 {
     return CMemoryBar::shareOf({bytes, budget});
+}
+
+/// Without what a converted file says of its format, which has a column of its own.
+QString nameOf(const SAssetUse &asset, const QString &format)
+{
+    QString name = QFileInfo(asset.file).fileName();
+    const QString made = QLatin1Char('_') + format + QLatin1String(".raw");
+    if (name.endsWith(made) && name != made)
+        name.chop(made.size());
+    return name;
 }
 
 /// The rest of a sum that is nobody's.
@@ -105,6 +116,8 @@ CBudgetView::CBudgetView(QWidget *parent)
         view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
+    // As wide as its texts, who uses an asset would leave its name nothing.
+    m_assetView->header()->setSectionResizeMode(AssetItems, QHeaderView::Stretch);
 }
 
 QTreeView *CBudgetView::makeTable(CBudgetTable *table, const char *name, int bytesColumn)
@@ -251,8 +264,9 @@ void CBudgetView::fillAssets(const QVector<SAssetUse> &assets, const SScreenBudg
                 row.items.append(item);
                 names.append(item->name());
             }
-        row.cells = {QFileInfo(asset.file).fileName(),
-                     formatInPackage(asset.format),
+        const QString format = formatInPackage(asset.format);
+        row.cells = {nameOf(asset, format),
+                     format,
                      pixels,
                      names.join(QStringLiteral(", ")),
                      qlonglong(asset.bytes),
@@ -280,7 +294,7 @@ void CBudgetView::fillItems(const QVector<const SScreenBudget *> &pages)
             if (!m_results->isThere(use.item))
                 continue;
             CBudgetTable::SRow row;
-            row.cells = {use.item->name(), use.item->itemTypeName(), page->screen->name(),
+            row.cells = {use.item->name(), CItemFacets::kindName(*use.item), page->screen->name(),
                          qlonglong(use.displayListBytes), shareOf(use.displayListBytes, budget)};
             row.key = QString::number(quintptr(use.item), 16);
             row.items = {use.item};

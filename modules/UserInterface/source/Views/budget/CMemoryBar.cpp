@@ -20,6 +20,11 @@ QColor barColour(double share, const QPalette &palette, bool isSelected)
     return isSelected ? palette.color(QPalette::HighlightedText) : QColor(0x3D, 0x8F, 0xD1);
 }
 
+QString percentOf(double share)
+{
+    return CMemoryBar::tr("%1 %").arg(QLocale().toString(100 * share, 'f', 1));
+}
+
 } // namespace
 
 double CMemoryBar::shareOf(const SMemoryUse &use)
@@ -32,9 +37,9 @@ double CMemoryBar::shareOf(const SMemoryUse &use)
 QString CMemoryBar::textOf(const SMemoryUse &use)
 {
     const QLocale locale;
-    return tr("%1 of %2 (%3 %)")
+    return tr("%1 of %2 (%3)")
         .arg(locale.toString(qulonglong(use.used)), locale.toString(qulonglong(use.budget)),
-             locale.toString(100 * shareOf(use), 'f', 1));
+             percentOf(shareOf(use)));
 }
 
 void CMemoryBar::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -55,8 +60,9 @@ void CMemoryBar::paint(QPainter *painter, const QStyleOptionViewItem &option,
     painter->save();
     painter->setFont(cell.font);
     painter->setPen(cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    const bool fits = cell.fontMetrics.horizontalAdvance(text) <= room.width();
     painter->drawText(QRect(room.left(), top, room.width(), textHeight), Qt::AlignVCenter,
-                      cell.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+                      fits ? text : percentOf(share)); // the tool tip has it all
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     QRectF bar(room.left(), top + textHeight + BarGap, room.width(), BarHeight);
