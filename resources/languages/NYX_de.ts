@@ -28,6 +28,10 @@
         <translation>Es gibt nichts rückgängig zu machen</translation>
     </message>
     <message>
+        <source>This installation names no place to look for updates</source>
+        <translation>Diese Installation nennt keine Stelle, an der nach Aktualisierungen gesucht wird</translation>
+    </message>
+    <message>
         <source>There is nothing to redo</source>
         <translation>Es gibt nichts wiederherzustellen</translation>
     </message>
@@ -71,7 +75,7 @@
     </message>
     <message>
         <source>Align the middles, from left to right</source>
-        <translation>Die Mitten waagrecht ausrichten</translation>
+        <translation>Die Mitten waagerecht ausrichten</translation>
     </message>
     <message>
         <source>Align &amp;Right</source>
@@ -115,11 +119,11 @@
     </message>
     <message>
         <source>Distribute &amp;Centres</source>
-        <translation>&amp;Mitten waagrecht verteilen</translation>
+        <translation>&amp;Mitten waagerecht verteilen</translation>
     </message>
     <message>
         <source>Make the distances between middles equal, from left to right</source>
-        <translation>Gleiche waagrechte Abstände zwischen den Mitten</translation>
+        <translation>Gleiche waagerechte Abstände zwischen den Mitten</translation>
     </message>
     <message>
         <source>Distribute &amp;Right Edges</source>
@@ -131,7 +135,7 @@
     </message>
     <message>
         <source>Distribute &amp;Horizontally</source>
-        <translation>&amp;Waagrecht verteilen</translation>
+        <translation>&amp;Waagerecht verteilen</translation>
     </message>
     <message>
         <source>Make the gaps equal, from left to right</source>
@@ -171,7 +175,7 @@
     </message>
     <message>
         <source>Horizontal &amp;Gap...</source>
-        <translation>Waagrechte Lü&amp;cke...</translation>
+        <translation>Waagerechte Lü&amp;cke...</translation>
     </message>
     <message>
         <source>Line up from left to right with gaps of a given size</source>
@@ -211,11 +215,11 @@
     </message>
     <message>
         <source>Centre &amp;Horizontally</source>
-        <translation>&amp;Waagrecht zentrieren</translation>
+        <translation>&amp;Waagerecht zentrieren</translation>
     </message>
     <message>
         <source>To the middle of the page, from left to right</source>
-        <translation>Waagrecht in die Mitte der Seite</translation>
+        <translation>Waagerecht in die Mitte der Seite</translation>
     </message>
     <message>
         <source>Centre &amp;Vertically</source>
@@ -293,19 +297,19 @@
     </message>
     <message>
         <source>%1, of %2 items</source>
-        <translation>%1, von %2 Objekten</translation>
+        <translation>%1, von %2 Elementen</translation>
     </message>
     <message>
         <source>Select some items to edit them together.</source>
-        <translation>Wählen Sie Objekte aus, um sie zusammen zu bearbeiten.</translation>
+        <translation>Wählen Sie Elemente aus, um sie zusammen zu bearbeiten.</translation>
     </message>
     <message>
         <source>1 item</source>
-        <translation>1 Objekt</translation>
+        <translation>1 Element</translation>
     </message>
     <message>
         <source>%1 items</source>
-        <translation>%1 Objekte</translation>
+        <translation>%1 Elemente</translation>
     </message>
     <message>
         <source>What is selected is locked.</source>
@@ -341,7 +345,7 @@
     <name>CBatchItems</name>
     <message>
         <source>Change %1 of %2 Items</source>
-        <translation>%1 von %2 Objekten ändern</translation>
+        <translation>%1 von %2 Elementen ändern</translation>
     </message>
 </context>
 <context>
@@ -614,14 +618,14 @@
     <name>CFindActions</name>
     <message>
         <source>&amp;Find...</source>
-        <translation>&amp;Suchen...</translation>
+        <translation>Su&amp;chen...</translation>
     </message>
     <message>
         <source>Find items by name, text, kind, value, colour, font or image</source>
         <translation>Elemente nach Name, Text, Art, Wert, Farbe, Schrift oder Bild suchen</translation>
     </message>
     <message>
-        <source>&amp;Replace...</source>
+        <source>R&amp;eplace...</source>
         <translation>&amp;Ersetzen...</translation>
     </message>
     <message>
@@ -630,7 +634,7 @@
     </message>
     <message>
         <source>Find &amp;Next</source>
-        <translation>&amp;Weitersuchen</translation>
+        <translation>Weitersuche&amp;n</translation>
     </message>
     <message>
         <source>Go to the next item that was found</source>
@@ -638,7 +642,7 @@
     </message>
     <message>
         <source>Find Pre&amp;vious</source>
-        <translation>&amp;Rückwärts suchen</translation>
+        <translation>Rückwär&amp;ts suchen</translation>
     </message>
     <message>
         <source>Go to the previous item that was found</source>
@@ -1028,7 +1032,7 @@
     <message>
         <source>A number, or an expression: +4, -=4, *2 and 50% go on from the number that is there; =width/2 and (x+8)*2 name other numbers of the item.
 Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
-        <translation>Eine Zahl oder ein Ausdruck: +4, -=4, *2 und 50% gehen von der Zahl aus, die dasteht; =width/2 und (x+8)*2 nennen andere Zahlen des Objekts.
+        <translation>Eine Zahl oder ein Ausdruck: +4, -=4, *2 und 50% gehen von der Zahl aus, die dasteht; =width/2 und (x+8)*2 nennen andere Zahlen des Elements.
 Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</translation>
     </message>
 </context>
@@ -1863,7 +1867,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Group selected objects together</source>
-        <translation>Ausgewählte Objekte gruppieren</translation>
+        <translation>Ausgewählte Elemente gruppieren</translation>
     </message>
     <message>
         <source>&amp;Ungroup</source>
@@ -1871,7 +1875,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Ungroup selected objects</source>
-        <translation>Gruppierung der ausgewählten Objekte aufheben</translation>
+        <translation>Gruppierung der ausgewählten Elemente aufheben</translation>
     </message>
     <message>
         <source>&amp;Dark</source>
@@ -1963,15 +1967,15 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Project Window</source>
-        <translation>Projektfenster</translation>
+        <translation>Projekt-Explorer</translation>
     </message>
     <message>
         <source>Properties Window</source>
-        <translation>Eigenschaftenfenster</translation>
+        <translation>Widget-Eigenschaften</translation>
     </message>
     <message>
         <source>Library Window</source>
-        <translation>Bibliotheksfenster</translation>
+        <translation>Widget-Auswahl</translation>
     </message>
     <message>
         <source>&amp;Resolution</source>
@@ -1987,7 +1991,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Search objects by text</source>
-        <translation>Objekte nach Text suchen</translation>
+        <translation>Elemente nach Text suchen</translation>
     </message>
     <message>
         <source>&amp;Spell Check</source>
@@ -2114,7 +2118,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <translation>Fenster</translation>
     </message>
     <message>
-        <source>Export &amp;Package...</source>
+        <source>Export Pac&amp;kage...</source>
         <translation>&amp;Paket exportieren...</translation>
     </message>
     <message>
@@ -2135,7 +2139,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>&amp;Arrange</source>
-        <translation>&amp;Anordnen</translation>
+        <translation>A&amp;nordnen</translation>
     </message>
     <message>
         <source>Paste in P&amp;lace</source>
@@ -2155,7 +2159,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Fit to &amp;Selection</source>
-        <translation>An die Au&amp;swahl anpassen</translation>
+        <translation>An die Aus&amp;wahl anpassen</translation>
     </message>
     <message>
         <source>Show the selected items as large as the view allows</source>
@@ -2191,7 +2195,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Change the properties of all selected items at once</source>
-        <translation>Die Eigenschaften aller ausgewählten Objekte auf einmal ändern</translation>
+        <translation>Die Eigenschaften aller ausgewählten Elemente auf einmal ändern</translation>
     </message>
     <message>
         <source>&amp;Previous</source>
@@ -2272,15 +2276,15 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <translation>Projektoptionen ändern</translation>
     </message>
     <message>
-        <source> pixels</source>
-        <translation> Pixel</translation>
+        <source> px</source>
+        <translation> px</translation>
     </message>
     <message>
         <source>Moving with the Arrow Keys</source>
         <translation>Verschieben mit den Pfeiltasten</translation>
     </message>
     <message>
-        <source>&amp;Step</source>
+        <source>S&amp;tep</source>
         <translation>&amp;Schritt</translation>
     </message>
     <message>
@@ -2701,7 +2705,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Move Object</source>
-        <translation>Objekt verschieben</translation>
+        <translation>Element verschieben</translation>
     </message>
     <message>
         <source>Move Selected Items</source>
@@ -2817,6 +2821,17 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>Snap to where the gaps between neighbours are equal</source>
         <translation>Einrasten, wo die Abstände zwischen Nachbarn gleich sind</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenNavigator</name>
+    <message>
+        <source>No screen</source>
+        <translation>Keine Seite</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
     </message>
 </context>
 <context>
@@ -3002,7 +3017,7 @@ Installierte Version: </translation>
     <name>CStyleActions</name>
     <message>
         <source>Copy St&amp;yle</source>
-        <translation>Sti&amp;l kopieren</translation>
+        <translation>Stil k&amp;opieren</translation>
     </message>
     <message>
         <source>Paste &amp;Style</source>
@@ -3010,7 +3025,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Paste to &amp;Replace</source>
-        <translation>Einfügen und &amp;ersetzen</translation>
+        <translation>Einfügen und e&amp;rsetzen</translation>
     </message>
     <message>
         <source>Copy colours, fonts, line widths and options of the look</source>
@@ -5107,7 +5122,7 @@ Installierte Version: </translation>
     </message>
     <message>
         <source>Measuring...</source>
-        <translation>Wird gemessen …</translation>
+        <translation>Wird gemessen...</translation>
     </message>
     <message>
         <source>Project (fullest page)</source>
@@ -5197,7 +5212,7 @@ RAM_DL: %2</translation>
     </message>
     <message>
         <source>What each item adds to the display list of its page</source>
-        <translation>Was jedes Element zur Anzeigeliste seiner Seite beiträgt</translation>
+        <translation>Was jedes Element zur Display-Liste seiner Seite beiträgt</translation>
     </message>
     <message>
         <source>Fit into Budget</source>
@@ -5207,8 +5222,12 @@ RAM_DL: %2</translation>
 <context>
     <name>CMemoryBar</name>
     <message>
-        <source>%1 of %2 (%3 %)</source>
-        <translation>%1 von %2 (%3 %)</translation>
+        <source>%1 of %2 (%3)</source>
+        <translation>%1 von %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -5557,7 +5576,7 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     </message>
     <message>
         <source>%1 items of the screen are called %2.</source>
-        <translation>%1 Objekte der Seite heißen %2.</translation>
+        <translation>%1 Elemente der Seite heißen %2.</translation>
     </message>
     <message>
         <source>%1 and %2 are the same name in C; one gets a number.</source>
@@ -5617,7 +5636,7 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     </message>
     <message>
         <source>No item shows %1.</source>
-        <translation>Kein Objekt zeigt %1.</translation>
+        <translation>Kein Element zeigt %1.</translation>
     </message>
     <message>
         <source>Not drawn as designed</source>

@@ -28,6 +28,10 @@
         <translation>没有可撤销的操作</translation>
     </message>
     <message>
+        <source>This installation names no place to look for updates</source>
+        <translation>此安装未指定更新的查找位置</translation>
+    </message>
+    <message>
         <source>There is nothing to redo</source>
         <translation>没有可重做的操作</translation>
     </message>
@@ -191,7 +195,7 @@
     </message>
     <message>
         <source>As wide as the item that was selected first</source>
-        <translation>与最先选中的项目同宽</translation>
+        <translation>与最先选中的对象同宽</translation>
     </message>
     <message>
         <source>Same &amp;Height</source>
@@ -199,7 +203,7 @@
     </message>
     <message>
         <source>As high as the item that was selected first</source>
-        <translation>与最先选中的项目同高</translation>
+        <translation>与最先选中的对象同高</translation>
     </message>
     <message>
         <source>Same &amp;Size</source>
@@ -207,7 +211,7 @@
     </message>
     <message>
         <source>As large as the item that was selected first</source>
-        <translation>与最先选中的项目同样大小</translation>
+        <translation>与最先选中的对象同样大小</translation>
     </message>
     <message>
         <source>Centre &amp;Horizontally</source>
@@ -239,7 +243,7 @@
     </message>
     <message>
         <source>Align several items to the page too, not to each other</source>
-        <translation>多个项目也对齐到页面，而不是互相对齐</translation>
+        <translation>多个对象也对齐到页面，而不是互相对齐</translation>
     </message>
     <message>
         <source>&amp;Distribute</source>
@@ -259,19 +263,19 @@
     </message>
     <message>
         <source>Gap between neighbours, in pixels:</source>
-        <translation>相邻项目的空隙（像素）：</translation>
+        <translation>相邻对象的空隙（像素）：</translation>
     </message>
     <message>
         <source>Align to &amp;Key Item</source>
-        <translation>对齐到基准项目(&amp;K)</translation>
+        <translation>对齐到基准对象(&amp;K)</translation>
     </message>
     <message>
         <source>Align to one of the selected items, which stays; click it to choose it</source>
-        <translation>对齐到所选项目之一，该项目保持不动；单击即可选定</translation>
+        <translation>对齐到所选对象之一，该对象保持不动；单击即可选定</translation>
     </message>
     <message>
         <source>Select two or more items first</source>
-        <translation>请先选择两个或更多项目</translation>
+        <translation>请先选择两个或更多对象</translation>
     </message>
 </context>
 <context>
@@ -592,7 +596,7 @@
     </message>
     <message>
         <source>Filter pages and items</source>
-        <translation>筛选页面和项目</translation>
+        <translation>筛选页面和对象</translation>
     </message>
 </context>
 <context>
@@ -618,15 +622,15 @@
     </message>
     <message>
         <source>Find items by name, text, kind, value, colour, font or image</source>
-        <translation>按名称、文本、种类、值、颜色、字体或图像查找元素</translation>
+        <translation>按名称、文本、种类、值、颜色、字体或图像查找对象</translation>
     </message>
     <message>
-        <source>&amp;Replace...</source>
-        <translation>替换(&amp;R)...</translation>
+        <source>R&amp;eplace...</source>
+        <translation>替换(&amp;E)...</translation>
     </message>
     <message>
         <source>Replace what is found in items of all pages</source>
-        <translation>替换在所有页面的元素中找到的内容</translation>
+        <translation>替换在所有页面的对象中找到的内容</translation>
     </message>
     <message>
         <source>Find &amp;Next</source>
@@ -634,7 +638,7 @@
     </message>
     <message>
         <source>Go to the next item that was found</source>
-        <translation>转到找到的下一个元素</translation>
+        <translation>转到找到的下一个对象</translation>
     </message>
     <message>
         <source>Find Pre&amp;vious</source>
@@ -642,7 +646,7 @@
     </message>
     <message>
         <source>Go to the previous item that was found</source>
-        <translation>转到找到的上一个元素</translation>
+        <translation>转到找到的上一个对象</translation>
     </message>
     <message>
         <source>Find</source>
@@ -729,11 +733,11 @@
     </message>
     <message>
         <source>Nothing found in %1 items</source>
-        <translation>在 %1 个元素中未找到</translation>
+        <translation>在 %1 个对象中未找到</translation>
     </message>
     <message>
         <source>%1 of %2 items</source>
-        <translation>%1 / %2 个元素</translation>
+        <translation>%1 / %2 个对象</translation>
     </message>
     <message>
         <source>Of long texts only the beginning was looked at.</source>
@@ -862,7 +866,7 @@
     <name>CFontsDialog</name>
     <message>
         <source>Items that still use handle %1: %2</source>
-        <translation>仍使用编号 %1 的项目：%2</translation>
+        <translation>仍使用编号 %1 的对象：%2</translation>
     </message>
     <message>
         <source>Font File</source>
@@ -910,7 +914,7 @@
     </message>
     <message>
         <source>%1 bytes of graphics memory for this preview; items that use the font: %2</source>
-        <translation>此预览占用 %1 字节图形内存；使用该字体的项目：%2</translation>
+        <translation>此预览占用 %1 字节图形内存；使用该字体的对象：%2</translation>
     </message>
     <message>
         <source>Handle %1 belongs to two fonts.</source>
@@ -973,7 +977,7 @@
     </message>
     <message>
         <source>Each item has a number of its own</source>
-        <translation>每个元素都有自己的编号</translation>
+        <translation>每个对象都有自己的编号</translation>
     </message>
     <message>
         <source>Needs the image converted: change it in the property panel</source>
@@ -1510,23 +1514,23 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <name>CItemArrange</name>
     <message>
         <source>Select one or more items first</source>
-        <translation>请先选择一个或多个项目</translation>
+        <translation>请先选择一个或多个对象</translation>
     </message>
     <message>
         <source>Select two or more items first</source>
-        <translation>请先选择两个或更多项目</translation>
+        <translation>请先选择两个或更多对象</translation>
     </message>
     <message>
         <source>Select three or more items first</source>
-        <translation>请先选择三个或更多项目</translation>
+        <translation>请先选择三个或更多对象</translation>
     </message>
     <message>
         <source>None of the other selected items can change its size</source>
-        <translation>其他选中的项目都不能改变大小</translation>
+        <translation>其他选中的对象都不能改变大小</translation>
     </message>
     <message>
         <source>All selected items are locked</source>
-        <translation>所有选中的项目都已锁定</translation>
+        <translation>所有选中的对象都已锁定</translation>
     </message>
 </context>
 <context>
@@ -1583,7 +1587,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Delete Selected Items</source>
-        <translation>删除选中的项目</translation>
+        <translation>删除选中的对象</translation>
     </message>
     <message>
         <source>Could not initialise Widget Library Manager</source>
@@ -1823,7 +1827,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Delete Selected Items</source>
-        <translation>删除选中的项目</translation>
+        <translation>删除选中的对象</translation>
     </message>
     <message>
         <source>&amp;Lock/Unlock</source>
@@ -1839,7 +1843,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Lock/Unlock selected items</source>
-        <translation>锁定或解锁选中的项目</translation>
+        <translation>锁定或解锁选中的对象</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -1963,15 +1967,15 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Project Window</source>
-        <translation>项目窗口</translation>
+        <translation>项目资源管理器</translation>
     </message>
     <message>
         <source>Properties Window</source>
-        <translation>属性窗口</translation>
+        <translation>控件属性</translation>
     </message>
     <message>
         <source>Library Window</source>
-        <translation>控件库窗口</translation>
+        <translation>控件选择</translation>
     </message>
     <message>
         <source>&amp;Resolution</source>
@@ -2114,8 +2118,8 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>窗口</translation>
     </message>
     <message>
-        <source>Export &amp;Package...</source>
-        <translation>导出程序包(&amp;P)...</translation>
+        <source>Export Pac&amp;kage...</source>
+        <translation>导出程序包(&amp;K)...</translation>
     </message>
     <message>
         <source>Export all that a firmware needs to draw the pages</source>
@@ -2151,7 +2155,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Copy the selected items beside themselves</source>
-        <translation>在旁边复制选中的项目</translation>
+        <translation>在旁边复制选中的对象</translation>
     </message>
     <message>
         <source>Fit to &amp;Selection</source>
@@ -2159,7 +2163,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Show the selected items as large as the view allows</source>
-        <translation>尽可能大地显示选中的项目</translation>
+        <translation>尽可能大地显示选中的对象</translation>
     </message>
     <message>
         <source>&amp;Hide/Show</source>
@@ -2167,7 +2171,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Hide the selected items while editing, or show them again; they are exported all the same</source>
-        <translation>编辑时隐藏所选项目，或再次显示；导出时仍包含它们</translation>
+        <translation>编辑时隐藏所选对象，或再次显示；导出时仍包含它们</translation>
     </message>
     <message>
         <source>Sho&amp;w All Hidden</source>
@@ -2195,7 +2199,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>&amp;Previous</source>
-        <translation>上一个(&amp;P)</translation>
+        <translation>上一个(&amp;V)</translation>
     </message>
     <message>
         <source>Zoom and place as before the last change</source>
@@ -2272,7 +2276,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>更改项目选项</translation>
     </message>
     <message>
-        <source> pixels</source>
+        <source> px</source>
         <translation> 像素</translation>
     </message>
     <message>
@@ -2280,8 +2284,8 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>用方向键移动</translation>
     </message>
     <message>
-        <source>&amp;Step</source>
-        <translation>步长(&amp;S)</translation>
+        <source>S&amp;tep</source>
+        <translation>步长(&amp;T)</translation>
     </message>
     <message>
         <source>With S&amp;hift</source>
@@ -2296,7 +2300,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Click to select the item</source>
-        <translation>单击以选择该项目</translation>
+        <translation>单击以选择该对象</translation>
     </message>
     <message>
         <source>(%1 times)</source>
@@ -2658,7 +2662,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Move Selected Items</source>
-        <translation>移动选中的项目</translation>
+        <translation>移动选中的对象</translation>
     </message>
     <message>
         <source>Add Files</source>
@@ -2705,7 +2709,7 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Move Selected Items</source>
-        <translation>移动选中的项目</translation>
+        <translation>移动选中的对象</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -2784,15 +2788,15 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Bring what is dragged in line with others; while Control is held, it is not</source>
-        <translation>使拖动的项目与其他项目对齐；按住 Ctrl 时不吸附</translation>
+        <translation>使拖动的对象与其他对象对齐；按住 Ctrl 时不吸附</translation>
     </message>
     <message>
         <source>To &amp;Items</source>
-        <translation>到项目(&amp;I)</translation>
+        <translation>到对象(&amp;I)</translation>
     </message>
     <message>
         <source>Snap to edges and middles of other items</source>
-        <translation>吸附到其他项目的边缘和中线</translation>
+        <translation>吸附到其他对象的边缘和中线</translation>
     </message>
     <message>
         <source>To the &amp;Page</source>
@@ -2816,7 +2820,18 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Snap to where the gaps between neighbours are equal</source>
-        <translation>吸附到与相邻项目空隙相等的位置</translation>
+        <translation>吸附到与相邻对象空隙相等的位置</translation>
+    </message>
+</context>
+<context>
+    <name>CScreenNavigator</name>
+    <message>
+        <source>No screen</source>
+        <translation>没有页面</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>没有项目</translation>
     </message>
 </context>
 <context>
@@ -2971,11 +2986,11 @@ Installed version: </source>
     <name>CWidgetPropertiesView</name>
     <message>
         <source>No Item Selected</source>
-        <translation>未选择项目</translation>
+        <translation>未选择对象</translation>
     </message>
     <message>
         <source>Multiple Items Selected</source>
-        <translation>已选择多个项目</translation>
+        <translation>已选择多个对象</translation>
     </message>
     <message>
         <source>KIV Screen</source>
@@ -3018,11 +3033,11 @@ Installed version: </source>
     </message>
     <message>
         <source>Give the selected items the copied style</source>
-        <translation>将复制的样式应用到选中的项目</translation>
+        <translation>将复制的样式应用到选中的对象</translation>
     </message>
     <message>
         <source>Paste in the place of each selected item, at its place in the order</source>
-        <translation>粘贴到每个选中项目的位置，并保持其层叠顺序</translation>
+        <translation>粘贴到每个选中对象的位置，并保持其层叠顺序</translation>
     </message>
 </context>
 <context>
@@ -3260,7 +3275,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Group Item</source>
-        <translation>组合项目</translation>
+        <translation>组合对象</translation>
     </message>
     <message>
         <source>Insert %1</source>
@@ -3268,7 +3283,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Order Item</source>
-        <translation>排列项目</translation>
+        <translation>排列对象</translation>
     </message>
     <message>
         <source>Paste</source>
@@ -3276,7 +3291,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Ungroup Item</source>
-        <translation>取消组合项目</translation>
+        <translation>取消组合对象</translation>
     </message>
     <message>
         <source>%1, %2</source>
@@ -3296,39 +3311,39 @@ Installed version: </source>
     </message>
     <message>
         <source>Rotate Item</source>
-        <translation>旋转项目</translation>
+        <translation>旋转对象</translation>
     </message>
     <message>
         <source>Bring To Front Selected Items</source>
-        <translation>将选中的项目置于顶层</translation>
+        <translation>将选中的对象置于顶层</translation>
     </message>
     <message>
         <source>Send To Back Selected Items</source>
-        <translation>将选中的项目置于底层</translation>
+        <translation>将选中的对象置于底层</translation>
     </message>
     <message>
         <source>Bring Forward Selected Items</source>
-        <translation>将选中的项目上移一层</translation>
+        <translation>将选中的对象上移一层</translation>
     </message>
     <message>
         <source>Send Backward Selected Items</source>
-        <translation>将选中的项目下移一层</translation>
+        <translation>将选中的对象下移一层</translation>
     </message>
     <message>
         <source>Group Selected Items</source>
-        <translation>组合选中的项目</translation>
+        <translation>组合选中的对象</translation>
     </message>
     <message>
         <source>Ungroup Selected Items</source>
-        <translation>取消选中项目的组合</translation>
+        <translation>取消选中对象的组合</translation>
     </message>
     <message>
         <source>Move Item</source>
-        <translation>移动项目</translation>
+        <translation>移动对象</translation>
     </message>
     <message>
         <source>Scale Selected Items</source>
-        <translation>缩放所选项目</translation>
+        <translation>缩放所选对象</translation>
     </message>
 </context>
 <context>
@@ -3391,7 +3406,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Move %1 items</source>
-        <translation>移动 %1 个元素</translation>
+        <translation>移动 %1 个对象</translation>
     </message>
     <message>
         <source>Resize %1</source>
@@ -3399,7 +3414,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Resize %1 items</source>
-        <translation>调整 %1 个元素的大小</translation>
+        <translation>调整 %1 个对象的大小</translation>
     </message>
     <message>
         <source>Turn %1</source>
@@ -3407,7 +3422,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Turn %1 items</source>
-        <translation>旋转 %1 个元素</translation>
+        <translation>旋转 %1 个对象</translation>
     </message>
     <message>
         <source>Bring %1 to the front</source>
@@ -3415,7 +3430,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Bring %1 items to the front</source>
-        <translation>将 %1 个元素置于最前</translation>
+        <translation>将 %1 个对象置于最前</translation>
     </message>
     <message>
         <source>Send %1 to the back</source>
@@ -3423,7 +3438,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Send %1 items to the back</source>
-        <translation>将 %1 个元素置于最后</translation>
+        <translation>将 %1 个对象置于最后</translation>
     </message>
     <message>
         <source>Bring %1 forward</source>
@@ -3431,7 +3446,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Bring %1 items forward</source>
-        <translation>将 %1 个元素前移一层</translation>
+        <translation>将 %1 个对象前移一层</translation>
     </message>
     <message>
         <source>Send %1 backward</source>
@@ -3439,7 +3454,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Send %1 items backward</source>
-        <translation>将 %1 个元素后移一层</translation>
+        <translation>将 %1 个对象后移一层</translation>
     </message>
     <message>
         <source>Move %1 in the order</source>
@@ -3447,7 +3462,7 @@ Installed version: </source>
     </message>
     <message>
         <source>Move %1 items in the order</source>
-        <translation>调整 %1 个元素的次序</translation>
+        <translation>调整 %1 个对象的次序</translation>
     </message>
     <message>
         <source>Lock or unlock %1</source>
@@ -3455,19 +3470,19 @@ Installed version: </source>
     </message>
     <message>
         <source>Lock or unlock %1 items</source>
-        <translation>锁定或解锁 %1 个元素</translation>
+        <translation>锁定或解锁 %1 个对象</translation>
     </message>
     <message>
         <source>Delete %1 items</source>
-        <translation>删除 %1 个元素</translation>
+        <translation>删除 %1 个对象</translation>
     </message>
     <message>
         <source>Cut %1 items</source>
-        <translation>剪切 %1 个元素</translation>
+        <translation>剪切 %1 个对象</translation>
     </message>
     <message>
         <source>Group %1 items</source>
-        <translation>组合 %1 个元素</translation>
+        <translation>组合 %1 个对象</translation>
     </message>
     <message>
         <source>Rename %1 to %2</source>
@@ -5177,7 +5192,7 @@ RAM_DL：%2</translation>
     </message>
     <message>
         <source>Item</source>
-        <translation>项</translation>
+        <translation>对象</translation>
     </message>
     <message>
         <source>Kind</source>
@@ -5193,7 +5208,7 @@ RAM_DL：%2</translation>
     </message>
     <message>
         <source>Items</source>
-        <translation>项</translation>
+        <translation>对象</translation>
     </message>
     <message>
         <source>What each item adds to the display list of its page</source>
@@ -5207,8 +5222,12 @@ RAM_DL：%2</translation>
 <context>
     <name>CMemoryBar</name>
     <message>
-        <source>%1 of %2 (%3 %)</source>
-        <translation>%1 / %2 (%3 %)</translation>
+        <source>%1 of %2 (%3)</source>
+        <translation>%1 / %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
     </message>
 </context>
 <context>

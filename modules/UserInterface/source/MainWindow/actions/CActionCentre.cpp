@@ -76,6 +76,8 @@ void CActionCentre::tellLacks()
             lack = tr("There is nothing to redo");
         else if (isOpen && id == CMenuBar::Revert)
             lack = tr("Nothing has been saved over what you saved last");
+        else if (id == CMenuBar::Updates)
+            lack = tr("This installation names no place to look for updates");
         m_window->actions()
             ->action(CMenuBar::EAction(id))
             ->setProperty(CWindowActions::LackProperty, lack);

@@ -25,7 +25,7 @@ struct SRow
 /// In the order of CFindActions::EWhat.
 const SRow Rows[CFindActions::WhatCount] = {
     {"findItems", QT_TRANSLATE_NOOP("CFindActions", "&Find..."), QT_TRANSLATE_NOOP("CFindActions", "Find items by name, text, kind, value, colour, font or image"), "Ctrl+F"},
-    {"replaceInItems", QT_TRANSLATE_NOOP("CFindActions", "&Replace..."), QT_TRANSLATE_NOOP("CFindActions", "Replace what is found in items of all pages"), "Ctrl+H"},
+    {"replaceInItems", QT_TRANSLATE_NOOP("CFindActions", "R&eplace..."), QT_TRANSLATE_NOOP("CFindActions", "Replace what is found in items of all pages"), "Ctrl+H"},
     {"findNext", QT_TRANSLATE_NOOP("CFindActions", "Find &Next"), QT_TRANSLATE_NOOP("CFindActions", "Go to the next item that was found"), "F3"},
     {"findPrevious", QT_TRANSLATE_NOOP("CFindActions", "Find Pre&vious"), QT_TRANSLATE_NOOP("CFindActions", "Go to the previous item that was found"), "Shift+F3"},
 };

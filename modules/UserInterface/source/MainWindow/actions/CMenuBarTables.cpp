@@ -41,7 +41,7 @@ const std::vector<SAction> &actions()
          [](W &w, B &) { w.exportProjectBin(); }},
         {CMenuBar::PageToBinary, QT_TRANSLATE_NOOP("CMenuBar", "&Page to Binary"), "exportprojbin", QT_TRANSLATE_NOOP("CMenuBar", "Export page in Binary format"), nullptr, No,
          [](W &w, B &) { w.exportScreenBin(); }},
-        {CMenuBar::ExportPackage, QT_TRANSLATE_NOOP("CMenuBar", "Export &Package..."), "exportproj", QT_TRANSLATE_NOOP("CMenuBar", "Export all that a firmware needs to draw the pages"), nullptr, No,
+        {CMenuBar::ExportPackage, QT_TRANSLATE_NOOP("CMenuBar", "Export Pac&kage..."), "exportproj", QT_TRANSLATE_NOOP("CMenuBar", "Export all that a firmware needs to draw the pages"), nullptr, No,
          [](W &w, B &) { w.exportPackage(); }},
         {CMenuBar::PrintScreen, QT_TRANSLATE_NOOP("CMenuBar", "&Print Screen"), "print", QT_TRANSLATE_NOOP("CMenuBar", "Print Screen"), "Ctrl+P", No,
          [](W &w, B &) { w.printScreen(); }},

@@ -15,7 +15,9 @@
 #include "CSnapActions.h"
 #include "CStyleActions.h"
 
+#include <QAction>
 #include <QDockWidget>
+#include <QMenu>
 #include <QUndoGroup>
 
 CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar *menus)
@@ -37,6 +39,10 @@ CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar 
 {
     m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
     panels->shareSpace(); // all docks are there
+    QAction *navigator = panels->navigatorDock()->toggleViewAction();
+    navigator->setObjectName(QStringLiteral("navigatorWindow"));
+    menus->menu(CMenuBar::WindowsMenu)->insertAction(m_find->dock()->toggleViewAction(), navigator);
+    QObject::connect(navigator, &QAction::triggered, panels->navigatorDock(), &QWidget::raise);
     for (QDockWidget *dock : {m_find->dock(), static_cast<QDockWidget *>(m_history),
                               m_checks->dock(), m_compare->dock(), m_budget->dock()})
         new CLateContent(dock); // which owns it

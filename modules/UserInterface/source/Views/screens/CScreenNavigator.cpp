@@ -230,3 +230,15 @@ QList<QPair<QString, QPixmap>> CScreenNavigator::getScreenPixmaps() const
     }
     return pixmaps;
 }
+
+void CScreenNavigator::paintEvent(QPaintEvent *event)
+{
+    QListWidget::paintEvent(event);
+    if (count() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap,
+                     m_project ? tr("No screen") : tr("No project"));
+}

@@ -39,6 +39,9 @@ Q_SIGNALS:
     void screenActivated(CScreenModel *screen);
     void frameTaken(); ///< getScreenPixmaps() has a newer frame
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     struct SPicture
     {
