@@ -38,16 +38,6 @@ double shareOf(size_t bytes, size_t budget)
     return CMemoryBar::shareOf({bytes, budget});
 }
 
-/// Without what a converted file says of its format, which has a column of its own.
-QString nameOf(const SAssetUse &asset, const QString &format)
-{
-    QString name = QFileInfo(asset.file).fileName();
-    const QString made = QLatin1Char('_') + format + QLatin1String(".raw");
-    if (name.endsWith(made) && name != made)
-        name.chop(made.size());
-    return name;
-}
-
 /// The rest of a sum that is nobody's.
 CBudgetTable::SRow restRow(const QString &name, size_t bytes, size_t budget, int columns)
 {
@@ -264,9 +254,8 @@ void CBudgetView::fillAssets(const QVector<SAssetUse> &assets, const SScreenBudg
                 row.items.append(item);
                 names.append(item->name());
             }
-        const QString format = formatInPackage(asset.format);
-        row.cells = {nameOf(asset, format),
-                     format,
+        row.cells = {QFileInfo(asset.file).fileName(),
+                     formatInPackage(asset.format),
                      pixels,
                      names.join(QStringLiteral(", ")),
                      qlonglong(asset.bytes),
