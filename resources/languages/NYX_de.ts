@@ -1079,7 +1079,7 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
     <message>
         <source>Press the new keys; Esc leaves it as it is</source>
-        <translation>Die neuen Tasten drücken; Esc lässt alles, wie es ist</translation>
+        <translation>Neue Tasten drücken; Esc behält die alten</translation>
     </message>
     <message>
         <source>Action</source>

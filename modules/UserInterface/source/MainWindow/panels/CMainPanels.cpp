@@ -29,8 +29,7 @@
 #include <functional>
 
 namespace {
-constexpr int SideWidth = 308;       // pixels; three columns of the palette
-constexpr int PropertiesWidth = 288; // pixels
+constexpr int SideWidth = 308; // pixels; three columns of the palette, and the tabs at the right
 constexpr int NavigatorHeight = 220;
 constexpr int OutputHeight = 120;
 constexpr int LeastHeight = 24; // of a list, so that the window fits on a small screen
@@ -95,9 +94,8 @@ void CMainPanels::shareSpace()
 {
     const int half = m_window->height() / 2;
     const int quarter = m_window->width() / 4;
-    m_window->resizeDocks({m_explorerDock, m_propertiesDock},
-                          {std::min(SideWidth, quarter), std::min(PropertiesWidth, quarter)},
-                          Qt::Horizontal);
+    const int side = std::min(SideWidth, quarter);
+    m_window->resizeDocks({m_explorerDock, m_propertiesDock}, {side, side}, Qt::Horizontal);
     m_window->resizeDocks({m_explorerDock, m_paletteDock}, {half, half}, Qt::Vertical);
     m_window->resizeDocks({m_propertiesDock, m_navigatorDock},
                           {m_window->height() - NavigatorHeight, NavigatorHeight}, Qt::Vertical);
