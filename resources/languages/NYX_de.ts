@@ -4877,6 +4877,26 @@ Installierte Version: </translation>
         <source>Show what has changed since an earlier version</source>
         <translation>Zeigen, was sich seit einer früheren Fassung geändert hat</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>A backup that was left beside the file</source>
+        <translation>Eine Sicherung, die neben der Datei liegen blieb</translation>
+    </message>
+    <message>
+        <source>The recovery copy of this project</source>
+        <translation>Die Wiederherstellungskopie dieses Projekts</translation>
+    </message>
+    <message>
+        <source>Work that was left: %1, %2</source>
+        <translation>Liegen gebliebene Arbeit: %1, %2</translation>
+    </message>
+    <message>
+        <source>That version is there no more.</source>
+        <translation>Diese Fassung gibt es nicht mehr.</translation>
+    </message>
 </context>
 <context>
     <name>CCompareView</name>
@@ -4918,14 +4938,6 @@ Installierte Version: </translation>
     <message>
         <source>Guides</source>
         <translation>Hilfslinien</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>Ja</translation>
-    </message>
-    <message>
-        <source>No</source>
-        <translation>Nein</translation>
     </message>
 </context>
 <context>
@@ -5067,6 +5079,22 @@ Installierte Version: </translation>
         <source>git did not give the file in that version.</source>
         <translation>git hat die Datei in dieser Fassung nicht geliefert.</translation>
     </message>
+    <message>
+        <source>git's answer is too large.</source>
+        <translation>Die Antwort von git ist zu groß.</translation>
+    </message>
+    <message>
+        <source>git did not answer within %1 seconds.</source>
+        <translation>git hat nicht innerhalb von %1 Sekunden geantwortet.</translation>
+    </message>
+    <message>
+        <source>git could not be started.</source>
+        <translation>git konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>git knows no revision &quot;%1&quot;.</source>
+        <translation>git kennt keine Revision &quot;%1&quot;.</translation>
+    </message>
 </context>
 <context>
     <name>CVersionDialog</name>
@@ -5101,6 +5129,18 @@ Installierte Version: </translation>
     <message>
         <source>%1, in git: %2</source>
         <translation>%1, in git: %2</translation>
+    </message>
+    <message>
+        <source>git &amp;revision:</source>
+        <translation>git-&amp;Revision:</translation>
+    </message>
+    <message>
+        <source>A branch, a tag, a hash, HEAD~3...</source>
+        <translation>Ein Branch, ein Tag, ein Hash, HEAD~3...</translation>
+    </message>
+    <message>
+        <source>git is asked...</source>
+        <translation>git wird gefragt...</translation>
     </message>
 </context>
 <context>

@@ -4877,6 +4877,26 @@ Installed version: </source>
         <source>Show what has changed since an earlier version</source>
         <translation>显示自早期版本以来的更改</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>A backup that was left beside the file</source>
+        <translation>文件旁遗留的备份</translation>
+    </message>
+    <message>
+        <source>The recovery copy of this project</source>
+        <translation>此项目的恢复副本</translation>
+    </message>
+    <message>
+        <source>Work that was left: %1, %2</source>
+        <translation>遗留的工作：%1，%2</translation>
+    </message>
+    <message>
+        <source>That version is there no more.</source>
+        <translation>该版本已不存在。</translation>
+    </message>
 </context>
 <context>
     <name>CCompareView</name>
@@ -4918,14 +4938,6 @@ Installed version: </source>
     <message>
         <source>Guides</source>
         <translation>参考线</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>是</translation>
-    </message>
-    <message>
-        <source>No</source>
-        <translation>否</translation>
     </message>
 </context>
 <context>
@@ -5067,6 +5079,22 @@ Installed version: </source>
         <source>git did not give the file in that version.</source>
         <translation>git 未能提供该版本的文件。</translation>
     </message>
+    <message>
+        <source>git's answer is too large.</source>
+        <translation>git 的回答过大。</translation>
+    </message>
+    <message>
+        <source>git did not answer within %1 seconds.</source>
+        <translation>git 未在 %1 秒内回答。</translation>
+    </message>
+    <message>
+        <source>git could not be started.</source>
+        <translation>无法启动 git。</translation>
+    </message>
+    <message>
+        <source>git knows no revision &quot;%1&quot;.</source>
+        <translation>git 中没有修订版本“%1”。</translation>
+    </message>
 </context>
 <context>
     <name>CVersionDialog</name>
@@ -5101,6 +5129,18 @@ Installed version: </source>
     <message>
         <source>%1, in git: %2</source>
         <translation>%1，git：%2</translation>
+    </message>
+    <message>
+        <source>git &amp;revision:</source>
+        <translation>git 修订版本(&amp;R)：</translation>
+    </message>
+    <message>
+        <source>A branch, a tag, a hash, HEAD~3...</source>
+        <translation>分支、标签、哈希、HEAD~3...</translation>
+    </message>
+    <message>
+        <source>git is asked...</source>
+        <translation>正在询问 git...</translation>
     </message>
 </context>
 <context>

@@ -83,6 +83,14 @@ std::optional<QByteArray> CProjectFile::savedVersion() const
     return backup->bytes;
 }
 
+std::optional<QByteArray> CProjectFile::leftBackup() const
+{
+    const auto backup = readBackup(backupPath());
+    if (!backup || savedVersion() || bytesOf(m_path) == backup->bytes)
+        return std::nullopt;
+    return backup->bytes;
+}
+
 QString CProjectFile::write(const QByteArray &bytes, EWrite kind)
 {
     if (kind == EWrite::Automatic) {

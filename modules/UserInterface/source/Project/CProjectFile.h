@@ -31,6 +31,9 @@ public:
     /// The version that the user saved last, when the file holds another one that was saved
     /// automatically since.
     std::optional<QByteArray> savedVersion() const;
+    /// What lies where savedVersion() does and belongs to another state of the file: a program
+    /// that crashed left it, or the file was changed by others since.
+    std::optional<QByteArray> leftBackup() const;
     /// Empty, or why nothing was written.
     QString write(const QByteArray &bytes, EWrite kind);
     void dropBackup() const;

@@ -65,6 +65,12 @@ public:
     /// it, as a project that was never saved. Nothing is written where the file lies.
     void openCopy(const QString &path);
     /// What an ended process has left in recovery copies, newest first.
+    const QString &recoveryRoot() const { return m_recoveryRoot; }
+    /// The copy of the open project; empty while there is none.
+    QString recoveryFile() const
+    {
+        return m_copy && m_copy->isWritten() ? m_copy->file() : QString();
+    }
     QVector<CRecoveryCopy::SLeft> leftWork() const { return CRecoveryCopy::left(m_recoveryRoot); }
     /// Asks about the open project and goes on with left work, which stays unsaved.
     void recover(const CRecoveryCopy::SLeft &left);

@@ -8,6 +8,7 @@
 #include "CMenuBar.h"
 #include "CProjectFile.h"
 #include "CProjectModel.h"
+#include "CRecoveryCopy.h"
 #include "CXmlGuard.h"
 #include "ShownText.h"
 
@@ -15,6 +16,7 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
@@ -23,13 +25,18 @@
 
 namespace {
 constexpr int LeastHeight = 280; ///< pixels, for a picture in which something is seen
+
+QString dateOf(const QDateTime &time)
+{
+    return QLocale().toString(time, QLocale::ShortFormat);
 }
+} // namespace
 
 CCompareActions::CCompareActions(QMainWindow *window, CMainPanels *panels, const CMenuBar &menus,
-                                 std::function<QString()> path)
+                                 std::function<SPlaces()> places)
     : QObject(window),
       m_window(window),
-      m_path(std::move(path)),
+      m_places(std::move(places)),
       m_comparison(new CComparison(this)),
       m_view(new CCompareView(m_comparison)),
       m_dock(new QDockWidget(window)),
@@ -65,30 +72,65 @@ void CCompareActions::setProject(CProjectModel *project)
     m_action->setEnabled(project != nullptr);
 }
 
+QVector<CVersionDialog::SChoice> CCompareActions::keptOf(const SPlaces &places)
+{
+    using EKind = CVersionDialog::EKind;
+    QVector<CVersionDialog::SChoice> kept;
+    const auto dated = [](const QString &title, const QString &file) {
+        return tr("%1, %2").arg(title, dateOf(QFileInfo(file).lastModified()));
+    };
+    const CProjectFile file(places.file);
+    if (!places.file.isEmpty() && QFileInfo::exists(places.file)) {
+        if (file.savedVersion()) {
+            kept.append({EKind::Saved, tr("The version that you saved last"), {}});
+            kept.append({EKind::Automatic,
+                         dated(tr("The version that was saved automatically"), places.file),
+                         {}});
+        } else {
+            kept.append({EKind::Automatic, dated(tr("The last saved version"), places.file), {}});
+        }
+        if (file.leftBackup())
+            kept.append({EKind::Backup,
+                         dated(tr("A backup that was left beside the file"), file.backupPath()),
+                         {}});
+    }
+    if (!places.copy.isEmpty())
+        kept.append({EKind::Copy, dated(tr("The recovery copy of this project"), places.copy),
+                     places.copy});
+    return kept;
+}
+
+/// Those of other projects too: one that was called otherwise, or copied, may be what is looked
+/// for.
+void CCompareActions::addLeft(CVersionDialog *dialog, const SPlaces &places)
+{
+    BackgroundWork::run(
+        dialog, [root = places.left] { return CRecoveryCopy::left(root); },
+        [dialog](const QVector<CRecoveryCopy::SLeft> &left) {
+            for (const CRecoveryCopy::SLeft &each : left)
+                dialog->add(
+                    {CVersionDialog::EKind::Copy,
+                     tr("Work that was left: %1, %2").arg(each.projectName, dateOf(each.written)),
+                     each.file});
+        });
+}
+
 void CCompareActions::choose()
 {
     using EKind = CVersionDialog::EKind;
-    const QString path = m_path();
-    QVector<CVersionDialog::SChoice> offered;
-    if (QFileInfo::exists(path)) {
-        if (CProjectFile(path).savedVersion()) {
-            offered.append({EKind::Saved, tr("The version that you saved last"), {}});
-            offered.append({EKind::Automatic, tr("The version that was saved automatically"), {}});
-        } else {
-            offered.append({EKind::Automatic, tr("The last saved version"), {}});
-        }
-    }
+    const SPlaces places = m_places();
     const int question = ++m_question;
     const QPointer<CCompareActions> self(this);
-    CVersionDialog dialog(offered, path, m_window);
+    CVersionDialog dialog(keptOf(places), places.file, m_window);
+    addLeft(&dialog, places);
     // The project, or all, may have been closed meanwhile.
     if (dialog.exec() != QDialog::Accepted || !self || question != m_question)
         return;
     CVersionDialog::SChoice choice = dialog.choice();
-    QString file = path;
+    QString file = choice.kind == EKind::Copy ? choice.id : places.file;
     if (choice.kind == EKind::File) {
         file = QFileDialog::getOpenFileName(
-            m_window, tr("Compare With"), QFileInfo(path).absolutePath(),
+            m_window, tr("Compare With"), QFileInfo(places.file).absolutePath(),
             tr("Projects (*.nyx *.xml);;All files (*)"), nullptr, QFileDialog::DontUseNativeDialog);
         if (file.isEmpty() || !self || question != m_question)
             return;
@@ -131,9 +173,12 @@ void CCompareActions::compareWith(const CVersionDialog::SChoice &choice, const Q
 CCompareActions::SRead CCompareActions::readVersion(CVersionDialog::EKind kind, const QString &file)
 {
     SRead result;
-    if (kind == CVersionDialog::EKind::Saved) {
-        if (const auto bytes = CProjectFile(file).savedVersion())
-            return {*bytes, {}};
+    const CProjectFile kept(file);
+    if (kind == CVersionDialog::EKind::Saved || kind == CVersionDialog::EKind::Backup) {
+        const bool isSaved = kind == CVersionDialog::EKind::Saved;
+        const auto bytes = isSaved ? kept.savedVersion() : kept.leftBackup();
+        return {bytes.value_or(QByteArray()),
+                bytes ? QString() : tr("That version is there no more.")};
     }
     const auto bytes = CXmlGuard::readFile(file, &result.error);
     result.bytes = bytes.value_or(QByteArray());

@@ -23,10 +23,17 @@ class CCompareActions final : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the dock to the window, hidden at first, and entries to the menus. `path`: of the open
-    /// project; empty when it was never saved.
+    /// Where versions of the open project are.
+    struct SPlaces
+    {
+        QString file; ///< empty when it was never saved
+        QString copy; ///< its recovery copy; empty when there is none
+        QString left; ///< the folder with recovery copies of all projects
+    };
+
+    /// Adds the dock to the window, hidden at first, and entries to the menus.
     CCompareActions(QMainWindow *window, CMainPanels *panels, const CMenuBar &menus,
-                    std::function<QString()> path);
+                    std::function<SPlaces()> places);
 
     QDockWidget *dock() const { return m_dock; }
     CCompareView *view() const { return m_view; }
@@ -45,12 +52,14 @@ private:
         QString error; ///< empty when it was read
     };
 
+    static QVector<CVersionDialog::SChoice> keptOf(const SPlaces &places);
+    void addLeft(CVersionDialog *dialog, const SPlaces &places);
     static SRead readVersion(CVersionDialog::EKind kind, const QString &file);
     void take(const QByteArray &bytes, const QString &title);
     void fail(const QString &reason);
 
     QMainWindow *const m_window;
-    const std::function<QString()> m_path;
+    const std::function<SPlaces()> m_places;
     CComparison *const m_comparison;
     CCompareView *const m_view;
     QDockWidget *const m_dock;

@@ -11,6 +11,7 @@
 #include "CMainPanels.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
+#include "CProjectSession.h"
 #include "CScreenRounds.h"
 #include "CSnapActions.h"
 #include "CStyleActions.h"
@@ -30,8 +31,13 @@ CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar 
       m_rounds(new CScreenRounds(window)),
       m_checks(new CCheckActions(window, panels, m_rounds, menus->menu(CMenuBar::ToolsMenu),
                                  menus->menu(CMenuBar::WindowsMenu))),
-      m_compare(
-          new CCompareActions(window, panels, *menus, [window] { return window->projectPath(); })),
+      m_compare(new CCompareActions(window, panels, *menus,
+                                    [window] {
+                                        const CProjectSession *session = window->session();
+                                        return CCompareActions::SPlaces{window->projectPath(),
+                                                                        session->recoveryFile(),
+                                                                        session->recoveryRoot()};
+                                    })),
       m_budget(new CBudgetActions(window, panels, m_rounds, menus->menu(CMenuBar::WindowsMenu))),
       m_style(new CStyleActions(window, panels, menus->menu(CMenuBar::ClipboardMenu))),
       m_snap(new CSnapActions(menus->menu(CMenuBar::ToolsMenu), menus->action(CMenuBar::Options),

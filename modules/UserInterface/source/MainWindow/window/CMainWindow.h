@@ -72,6 +72,7 @@ public:
     CBudgetActions *budgetActions() const { return m_subjects->budget(); }
     CProjectModel *project() const; ///< null when none is open
     QString projectPath() const;
+    const CProjectSession *session() const { return m_session; }
     int autosaveInterval() const { return m_autosaveInterval; } ///< seconds; 0 or less: off
     void setAutosaveInterval(int seconds);
     bool snapToGrid() const;

@@ -5,6 +5,7 @@
 #include "CWidgetLibraryModel.h"
 #include "ItemGeometry.h"
 #include "PropertyKey.h"
+#include "PropertyWords.h"
 #include "ShownText.h"
 
 #include <QCoreApplication>
@@ -60,7 +61,7 @@ QString CChangeTexts::value(const SItemState *item, const QString &key, const QS
 {
     const bool isFlag = item && (key == PropertyKey::Locked || key == PropertyKey::Hidden);
     if (isFlag)
-        return text.toInt() != 0 || text == QLatin1String("true") ? tr("Yes") : tr("No");
+        return PropertyWords::truth(text.toInt() != 0 || text == QLatin1String("true"));
     if (text.isNull())
         return Dash;
     const QString plain =
@@ -71,12 +72,14 @@ QString CChangeTexts::value(const SItemState *item, const QString &key, const QS
     if (editor == SPropertyLook::EEditor::Font)
         return (isBefore ? m_fontsBefore : m_fonts).value(text.toInt(), plain);
     if (editor == SPropertyLook::EEditor::Sixteenths)
-        return QString::number(text.toInt() / ItemGeometry::PointSizeOfPixel);
+        return PropertyWords::number(text.toInt() / ItemGeometry::PointSizeOfPixel);
     const auto properties = m_library->propertySet(item->typeName);
     const auto property = properties.constFind(key);
-    const bool isSwitch =
-        property != properties.cend() && property->propertyType() == PropertyType::Bool;
-    return isSwitch ? (text.toInt() != 0 ? tr("Yes") : tr("No")) : plain;
+    const PropertyType type =
+        property == properties.cend() ? PropertyType::Invalid : property->propertyType();
+    if (type == PropertyType::Bool)
+        return PropertyWords::truth(text.toInt() != 0);
+    return type == PropertyType::Enum ? PropertyWords::entry(plain) : plain;
 }
 
 QColor CChangeTexts::colour(const SItemState *item, const QString &key, const QString &text) const

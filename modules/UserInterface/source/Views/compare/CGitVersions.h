@@ -22,7 +22,7 @@ public:
     static constexpr int TimeLimit = 10000; ///< milliseconds for an answer
     struct SVersion
     {
-        QString id; ///< what read() wants
+        QString id; ///< what fetch() wants
         QString date;
         QString subject;
     };
@@ -32,20 +32,29 @@ public:
 
     /// Ends with listed(); without versions when there are none, for whatever reason.
     void list();
-    /// Ends with read() or failed().
+    /// Whether the file lies in a work tree, as the last list() found.
+    bool isInWorkTree() const { return m_isInWorkTree; }
+    /// What somebody typed: a branch, a tag, a hash, "HEAD~3". Git says what it is, and is never
+    /// given what it could take for an option. Ends with resolved() or failed().
+    void resolve(const QString &revision);
+    /// Ends with fetched() or failed().
     void fetch(const QString &id);
 
 Q_SIGNALS:
     void listed(const QVector<CGitVersions::SVersion> &versions);
+    void resolved(const CGitVersions::SVersion &version);
     void fetched(const QByteArray &bytes);
     void failed(const QString &reason);
 
 private:
-    using Answer = std::function<void(bool isGood)>;
+    enum class EEnd { Good, Refused, TooLarge, TooLate, NoGit };
+    using Answer = std::function<void(EEnd end)>;
 
     void ask(const QStringList &arguments, qint64 mostBytes, Answer answer);
     void take();
-    void end(bool isGood);
+    void end(EEnd end);
+    static QVector<SVersion> versionsOf(const QByteArray &lines);
+    static QString reasonOf(EEnd end, const QString &refusal);
     void drop();
 
     const QString m_folder;
@@ -55,4 +64,7 @@ private:
     qint64 m_mostBytes = 0;
     QByteArray m_output;
     Answer m_answer;
+    bool m_isInWorkTree = false;
 };
+
+Q_DECLARE_METATYPE(CGitVersions::SVersion)

@@ -67,6 +67,7 @@ QByteArray now()
 
 void tst_CompareView::initTestCase()
 {
+    qRegisterMetaType<CGitVersions::SVersion>();
     const CProgramData data(qEnvironmentVariable("KIV_BIN_DIR"));
     QCOMPARE(data.loadWidgetLibrary(), QString());
     QCOMPARE(data.registerEmulator(), QString());
@@ -215,8 +216,23 @@ void tst_CompareView::versionsInGit()
     asked.fetch(versions[1].id);
     QTRY_COMPARE(bytes, before);
     QSignalSpy failed(&asked, &CGitVersions::failed);
-    asked.fetch("--help");
-    QVERIFY(failed.wait());
+    QCOMPARE(git({"tag", "-m", "t", "v 1", "HEAD~1"}) == 0, false); // git's own rule
+    QCOMPARE(git({"tag", "-m", "t", "v1", "HEAD~1"}), 0);
+    QSignalSpy resolved(&asked, &CGitVersions::resolved);
+    for (const QString &typed : {QString(" HEAD~1 "), QString("v1"), versions[1].id.left(9)}) {
+        asked.resolve(typed);
+        QVERIFY2(resolved.wait(), qPrintable(typed));
+        QCOMPARE(resolved.takeLast().at(0).value<CGitVersions::SVersion>().id, versions[1].id);
+    }
+    const QString touched = folder.filePath("touched");
+    for (const QString &typed :
+         {QString(), QString("--help"), QString("-n1"), QString("HEAD~9"), QString("HEAD\nHEAD"),
+          QString("HEAD; touch " + touched), QString("HEAD:a [b].nyx"), QString("..HEAD")}) {
+        asked.resolve(typed);
+        QVERIFY2(failed.wait(), qPrintable(typed));
+    }
+    QVERIFY(resolved.isEmpty() && !QFile::exists(touched));
+    QVERIFY(failed.last().at(0).toString().contains("\"..HEAD\""));
     CGitVersions elsewhere("/nowhere/at all.nyx");
     QSignalSpy none(&elsewhere, &CGitVersions::listed);
     elsewhere.list();
