@@ -58,6 +58,11 @@ QString ImageNames::sourceIn(const QString &folder, const QString &base)
 {
     if (base.isEmpty())
         return {};
+    for (const char *suffix : {".bmp", ".jpeg", ".jpg", ".png"}) { // a folder may hold thousands
+        const QString path = folder + QLatin1Char('/') + base + QLatin1String(suffix);
+        if (QFileInfo(path).isFile())
+            return path;
+    }
     for (const QString &each : filesOf(folder, base)) {
         const QString path = folder + QLatin1Char('/') + each;
         if (isImage(each) && QFileInfo(path).isFile())

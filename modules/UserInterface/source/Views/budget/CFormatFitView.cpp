@@ -104,6 +104,8 @@ CFormatFitView::CFormatFitView(QWidget *parent)
     connect(m_cancel, &QPushButton::clicked, m_search, &CFormatSearch::cancel);
     connect(m_use, &QPushButton::clicked, this, &CFormatFitView::adopt);
     connect(m_search, &CFormatSearch::changed, this, &CFormatFitView::fill);
+    connect(m_search, &CFormatSearch::progressed, this,
+            [this] { m_progress->setValue(m_search->done()); });
     connect(m_rows, &CBudgetTable::ticked, this, [this](const QString &key, bool isOn) {
         m_ticks.insert(key, isOn);
         showSum();

@@ -7,18 +7,30 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
+
+namespace {
+
+/// A file that was changed since is another one.
+QString stateOf(const QString &source)
+{
+    const qint64 changedAt = QFileInfo(source).lastModified().toMSecsSinceEpoch();
+    return QStringLiteral("%1/%2").arg(changedAt).arg(source);
+}
+
+} // namespace
 
 CFormatSearch::CFormatSearch(QObject *parent) : QObject(parent), m_trials(new CFormatTrials(this))
 {
     connect(m_trials, &CFormatTrials::tried, this,
             [this](const QString &source, const SFormatTrial &trial) {
-                SImageTrials image;
-                image.source = source;
-                m_known.insert(keyOf(image, trial.format), trial);
-                if (!m_trials->isRunning())
-                    propose();
+                m_known[stateOf(source)].insert(trial.format, trial);
+                Q_EMIT progressed();
+                if (m_trials->isRunning())
+                    return;
+                propose();
                 Q_EMIT changed();
             });
 }
@@ -27,13 +39,6 @@ void CFormatSearch::setResults(CBudgetResults *results)
 {
     m_results = results;
     connect(results, &CBudgetResults::changed, this, &CFormatSearch::follow);
-}
-
-/// A file that was changed since is another one.
-QString CFormatSearch::keyOf(const SImageTrials &image, const QString &format) const
-{
-    const qint64 changedAt = QFileInfo(image.source).lastModified().toMSecsSinceEpoch();
-    return QStringLiteral("%1/%2/%3").arg(format).arg(changedAt).arg(image.source);
 }
 
 bool CFormatSearch::isRunning() const
@@ -80,15 +85,16 @@ void CFormatSearch::start()
     m_project = m_results->project();
     takeBudget();
     QVector<CFormatTrials::SJob> jobs;
-    QSet<QString> keys; // one source may have been made into several images
-    for (const SImageTrials &image : qAsConst(m_images))
-        for (const SFormatTrial &trial : image.trials) {
-            const QString key = keyOf(image, trial.format);
-            if (m_known.contains(key) || keys.contains(key))
-                continue;
-            keys.insert(key);
-            jobs.append({image.source, trial.format});
-        }
+    QHash<QString, QSet<QString>> asked; // one source may have been made into several images
+    for (const SImageTrials &image : qAsConst(m_images)) {
+        const auto known = m_known.value(stateOf(image.source));
+        QSet<QString> &formats = asked[image.source];
+        for (const SFormatTrial &trial : image.trials)
+            if (!known.contains(trial.format) && !formats.contains(trial.format)) {
+                formats.insert(trial.format);
+                jobs.append({image.source, trial.format});
+            }
+    }
     m_total = jobs.size();
     m_trials->start(jobs, false);
     if (jobs.isEmpty())
@@ -133,13 +139,13 @@ void CFormatSearch::propose()
 {
     takeBudget();
     m_hasProposal = true;
-    for (SImageTrials &image : m_images)
+    for (SImageTrials &image : m_images) {
+        const auto known = m_known.value(stateOf(image.source));
         for (SFormatTrial &trial : image.trials) {
-            const auto known = m_known.constFind(keyOf(image, trial.format));
-            m_hasProposal = m_hasProposal && known != m_known.constEnd();
-            if (known != m_known.constEnd())
-                trial = *known;
+            m_hasProposal = m_hasProposal && known.contains(trial.format);
+            trial = known.value(trial.format, trial);
         }
+    }
     if (m_hasProposal)
         m_fits = FormatProposal::propose(m_images, m_budget);
 }

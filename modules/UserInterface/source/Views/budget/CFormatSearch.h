@@ -41,19 +41,20 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void progressed(); ///< done() only
 
 private:
     void follow();
     void forget();
     void takeBudget();
     void propose();
-    QString keyOf(const SImageTrials &image, const QString &format) const;
 
     CBudgetResults *m_results = nullptr;
     CFormatTrials *m_trials;
     QPointer<const CProjectModel> m_project; ///< that the trials are of
-    QHash<QString, SFormatTrial> m_known;    ///< without pictures
-    bool m_isWanted = false;                 ///< the user has asked for a proposal
+    /// By the state of the source and the format; without pictures.
+    QHash<QString, QHash<QString, SFormatTrial>> m_known;
+    bool m_isWanted = false; ///< the user has asked for a proposal
     bool m_hasProposal = false;
     bool m_fits = false;
     int m_total = 0;
