@@ -22,6 +22,7 @@
 #include "CZoomComboWidget.h"
 #include "CanvasRoles.h"
 #include "ItemGeometry.h"
+#include "ItemReorder.h"
 #include "ProgramFolder.h"
 #include "PropertyKey.h"
 
@@ -300,7 +301,7 @@ private Q_SLOTS:
             for (int row = 0; row < project->screenCount(); ++row)
                 collect(*project->screen(row), all);
             const auto any = [&] { return all.at(int(random.bounded(uint(all.size())))); };
-            const quint32 what = all.isEmpty() ? 99 : random.bounded(20U);
+            const quint32 what = all.isEmpty() ? 99 : random.bounded(22U);
             if (what < 2) {
                 m_explorer->expandAll();
                 Q_EMIT m_explorer->clicked(any()->index());
@@ -325,7 +326,21 @@ private Q_SLOTS:
                     ->trigger();
             } else if (what == 9 && m_screens->currentView()) {
                 m_screens->currentView()->placeInMiddle("Kiv_Rectangle_T");
+            } else if (what == 10) { // dragged in the explorer
+                const QVector<CItemModel *> items = {any()};
+                CItemModel *target = any();
+                if (target->kind() != CItemModel::Kind::Widget &&
+                    ItemReorder::canMove(items, *target) &&
+                    ItemReorder::move(items, *target, target->rowCount()))
+                    Q_EMIT m_explorer->itemsMoved(items);
             } else if (what < 14 && m_screens->currentView()) {
+                const auto place = [&] {
+                    return QPointF(random.bounded(240U), random.bounded(160U));
+                };
+                constexpr Qt::KeyboardModifier keys[] = {Qt::NoModifier, Qt::AltModifier,
+                                                         Qt::ShiftModifier};
+                drag(place(), place(), keys[random.bounded(3U)]);
+            } else if (what < 16 && m_screens->currentView()) {
                 QTest::keyClick(m_screens->currentView(), Qt::Key_Return); // into a group
             } else if (what == 7 && project->screenCount() < 9) {
                 chooseInExplorer({project->screen(0)});
@@ -530,19 +545,11 @@ private Q_SLOTS:
         trigger(CMenuBar::Group);
         CItemModel *group = m_window->project()->screen(0)->childItem(0);
         QUndoStack *stack = m_window->project()->undoStack();
-        const auto alt = [view](QEvent::Type type, int x) {
-            const QPoint pos = view->mapFromScene(x, 30);
-            QMouseEvent event(type, pos, view->viewport()->mapToGlobal(pos), Qt::LeftButton,
-                              Qt::LeftButton, Qt::AltModifier);
-            QCoreApplication::sendEvent(view->viewport(), &event);
-        };
         const std::function<void()> ways[] = {[&] { trigger(CMenuBar::Duplicate); },
                                               [&] { trigger(CMenuBar::Paste); },
                                               [&] { view->placeInMiddle("Kiv_Rectangle_T"); },
                                               [&] {
-                                                  alt(QEvent::MouseButtonPress, 30);
-                                                  alt(QEvent::MouseMove, 300);
-                                                  alt(QEvent::MouseButtonRelease, 300);
+                                                  drag({30, 30}, {300, 30}, Qt::AltModifier);
                                               },
                                               [&] { view->commands()->pasteToReplace(); }};
         for (const auto &way : ways) {
@@ -887,6 +894,21 @@ private:
         }
         choose(items);
         return items.value(0);
+    }
+
+    void drag(const QPointF &from, const QPointF &to, Qt::KeyboardModifier key)
+    {
+        const CScreenView *view = m_screens->currentView();
+        const auto send = [&](QEvent::Type type, const QPointF &place) {
+            const QPoint pos = view->mapFromScene(place);
+            QMouseEvent event(type, pos, view->viewport()->mapToGlobal(pos), Qt::LeftButton,
+                              Qt::LeftButton, key);
+            QCoreApplication::sendEvent(view->viewport(), &event);
+        };
+        send(QEvent::MouseButtonPress, from);
+        send(QEvent::MouseMove, (from + to) / 2);
+        send(QEvent::MouseMove, to);
+        send(QEvent::MouseButtonRelease, to);
     }
 
     static void collect(CItemModel &item, QVector<CItemModel *> &items)
