@@ -1181,6 +1181,26 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <source>The keys are those of the file %1.</source>
         <translation>Die Tasten sind die der Datei %1.</translation>
     </message>
+    <message>
+        <source>%1 are the keys for &quot;%2&quot;, and &quot;%3&quot; does not have them.</source>
+        <translation>%1 ist die Taste für „%2“, „%3“ hat sie nicht.</translation>
+    </message>
+    <message>
+        <source>The keys are as they were.</source>
+        <translation>Die Tasten sind, wie sie waren.</translation>
+    </message>
+    <message>
+        <source>And %1 more.</source>
+        <translation>Und %1 weitere.</translation>
+    </message>
+    <message>
+        <source>Not all keys of the file can be taken as they are.</source>
+        <translation>Nicht alle Tasten der Datei können so übernommen werden.</translation>
+    </message>
+    <message>
+        <source>Take &amp;Keys</source>
+        <translation>Tasten ü&amp;bernehmen</translation>
+    </message>
 </context>
 <context>
     <name>CTextMatcher</name>

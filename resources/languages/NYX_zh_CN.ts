@@ -1181,6 +1181,26 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <source>The keys are those of the file %1.</source>
         <translation>按键取自文件 %1。</translation>
     </message>
+    <message>
+        <source>%1 are the keys for &quot;%2&quot;, and &quot;%3&quot; does not have them.</source>
+        <translation>%1 是“%2”的按键，“%3”没有此按键。</translation>
+    </message>
+    <message>
+        <source>The keys are as they were.</source>
+        <translation>按键保持原样。</translation>
+    </message>
+    <message>
+        <source>And %1 more.</source>
+        <translation>还有 %1 项。</translation>
+    </message>
+    <message>
+        <source>Not all keys of the file can be taken as they are.</source>
+        <translation>文件中的按键不能全部原样采用。</translation>
+    </message>
+    <message>
+        <source>Take &amp;Keys</source>
+        <translation>采用按键(&amp;K)</translation>
+    </message>
 </context>
 <context>
     <name>CTextMatcher</name>

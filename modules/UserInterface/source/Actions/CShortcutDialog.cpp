@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTreeWidget>
@@ -341,9 +342,13 @@ void CShortcutDialog::importFile()
     QFileDialog dialog(this, tr("Import Keyboard Shortcuts"), QString(),
                        tr("Keyboard shortcuts (*.keys)"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    QFile file(dialog.selectedFiles().value(0));
+    if (dialog.exec() == QDialog::Accepted)
+        importFrom(dialog.selectedFiles().value(0));
+}
+
+void CShortcutDialog::importFrom(const QString &path)
+{
+    QFile file(path);
     const bool isOpen = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
     const auto texts =
         CShortcutMap::textsOfFile(isOpen ? file.read(MaxFileBytes + 1) : QByteArray());
@@ -351,7 +356,47 @@ void CShortcutDialog::importFile()
         tell(tr("%1 holds no keyboard shortcuts.").arg(ShownText::name(file.fileName())));
         return;
     }
-    m_map.setTexts(*texts);
+    CShortcutMap map = m_map;
+    QStringList conflicts;
+    for (const CShortcutMap::SConflict &each : map.setTexts(*texts))
+        conflicts.append(tr("%1 are the keys for \"%2\", and \"%3\" does not have them.")
+                             .arg(each.keys.toString(QKeySequence::NativeText), nameOf(each.winner),
+                                  nameOf(each.loser)));
+    for (const QString &id : map.ids()) {
+        CShortcutMap::Keys free;
+        for (const QKeySequence &each : map.keys(id)) {
+            const QString fixed = objection(each, id);
+            if (fixed.isEmpty())
+                free.append(each);
+            else
+                conflicts.append(tr("%1 cannot be changed: %2.")
+                                     .arg(each.toString(QKeySequence::NativeText), fixed));
+        }
+        if (free != map.keys(id))
+            map.setKeys(id, free);
+    }
+    if (!conflicts.isEmpty() && !isTakenDespite(conflicts)) {
+        tell(tr("The keys are as they were."));
+        return;
+    }
+    m_map = map;
     showKeys();
     tell(tr("The keys are those of the file %1.").arg(ShownText::name(file.fileName())));
+}
+
+bool CShortcutDialog::isTakenDespite(const QStringList &conflicts)
+{
+    constexpr int most = 10; // that are told
+    QStringList told = conflicts.mid(0, most);
+    if (conflicts.size() > most)
+        told.append(tr("And %1 more.").arg(conflicts.size() - most));
+    QMessageBox box(QMessageBox::Question, windowTitle(),
+                    tr("Not all keys of the file can be taken as they are."), QMessageBox::Cancel,
+                    this);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(told.join(QLatin1Char('\n')));
+    QPushButton *take = box.addButton(tr("Take &Keys"), QMessageBox::AcceptRole);
+    box.setDefaultButton(take);
+    box.exec();
+    return box.clickedButton() == take;
 }

@@ -28,6 +28,8 @@ public:
                     const Reserved &fixed, QWidget *parent = nullptr);
 
     const CShortcutMap &map() const { return m_map; }
+    /// What stands in the way of keys of the file is told before they are taken.
+    void importFrom(const QString &path);
 
 Q_SIGNALS:
     void helpWanted();
@@ -58,6 +60,7 @@ private:
     void resetAll();
     void exportFile();
     void importFile();
+    bool isTakenDespite(const QStringList &conflicts);
 
     CShortcutMap m_map;
     const Reserved m_reserved;

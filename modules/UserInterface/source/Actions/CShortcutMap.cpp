@@ -76,9 +76,10 @@ void CShortcutMap::setKeys(const QString &id, const Keys &keys)
         m_changed[id] = keys;
 }
 
-/// From all but one.
-void CShortcutMap::take(const QKeySequence &wanted, const QString &from)
+/// From all but one. Who has lost them.
+QStringList CShortcutMap::take(const QKeySequence &wanted, const QString &from)
 {
+    QStringList losers;
     for (QString id = holder(wanted, from); !id.isEmpty(); id = holder(wanted, from)) {
         Keys left = keys(id);
         left.erase(std::remove_if(
@@ -86,7 +87,9 @@ void CShortcutMap::take(const QKeySequence &wanted, const QString &from)
                        [&wanted](const QKeySequence &each) { return areInTheWay(each, wanted); }),
                    left.end());
         m_changed[id] = left;
+        losers.append(id);
     }
+    return losers;
 }
 
 void CShortcutMap::reset(const QString &id)
@@ -110,7 +113,7 @@ QStringList CShortcutMap::toTexts() const
     return texts + m_foreign;
 }
 
-void CShortcutMap::setTexts(const QStringList &texts)
+QVector<CShortcutMap::SConflict> CShortcutMap::setTexts(const QStringList &texts)
 {
     static const QRegularExpression form(QStringLiteral(R"(^([A-Za-z][\w.-]*)=(.*)$)"));
     resetAll();
@@ -127,13 +130,14 @@ void CShortcutMap::setTexts(const QStringList &texts)
         else if (keys != m_defaults.value(id))
             m_changed[id] = keys;
     }
-    settle();
+    return settle();
 }
 
 /// No key may have two meanings: neither would come to pass. What the user chose goes before what
 /// an action came with.
-void CShortcutMap::settle()
+QVector<CShortcutMap::SConflict> CShortcutMap::settle()
 {
+    QVector<SConflict> conflicts;
     QStringList done;
     for (const QString &id : qAsConst(m_ids)) {
         if (!isChanged(id))
@@ -141,20 +145,24 @@ void CShortcutMap::settle()
         Keys free;
         const Keys wanted = m_changed.value(id);
         for (const QKeySequence &each : wanted) {
-            const bool isGiven = std::any_of(done.begin(), done.end(), [&](const QString &other) {
+            const auto holder = std::find_if(done.begin(), done.end(), [&](const QString &other) {
                 const Keys taken = keys(other);
                 return std::any_of(taken.begin(), taken.end(), [&each](const QKeySequence &key) {
                     return areInTheWay(key, each);
                 });
             });
-            if (isGiven)
+            if (holder != done.end()) {
+                conflicts.append({each, *holder, id});
                 continue;
-            take(each, id);
+            }
+            for (const QString &loser : take(each, id))
+                conflicts.append({each, id, loser});
             free.append(each);
         }
         m_changed[id] = free;
         done.append(id);
     }
+    return conflicts;
 }
 
 QByteArray CShortcutMap::toFile() const

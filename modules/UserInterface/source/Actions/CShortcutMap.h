@@ -5,6 +5,7 @@
 #include <QKeySequence>
 #include <QList>
 #include <QStringList>
+#include <QVector>
 
 #include <optional>
 
@@ -16,6 +17,14 @@ class CShortcutMap
 {
 public:
     using Keys = QList<QKeySequence>;
+
+    /// Keys that two actions would have had.
+    struct SConflict
+    {
+        QKeySequence keys;
+        QString winner;
+        QString loser;
+    };
 
     static constexpr int MaxTexts = 1000;
     static constexpr int MaxTextLength = 300; ///< of one
@@ -39,16 +48,17 @@ public:
 
     QStringList toTexts() const;
     /// Forgets all changes and takes those of the texts. What is no such text is passed over. Of
-    /// actions that would have the same keys one keeps them: rather a changed one, the first.
-    void setTexts(const QStringList &texts);
+    /// actions that would have the same keys one keeps them: rather a changed one, the first; these
+    /// are given.
+    QVector<SConflict> setTexts(const QStringList &texts);
 
     /// As a file for another installation, and back. Nothing when it is no such file.
     QByteArray toFile() const;
     static std::optional<QStringList> textsOfFile(const QByteArray &bytes);
 
 private:
-    void take(const QKeySequence &wanted, const QString &from);
-    void settle();
+    QStringList take(const QKeySequence &wanted, const QString &from);
+    QVector<SConflict> settle();
 
     QStringList m_ids;
     QHash<QString, Keys> m_defaults;

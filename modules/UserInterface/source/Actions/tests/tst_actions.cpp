@@ -191,7 +191,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         int helps = 0;
         connect(&dialog, &CShortcutDialog::helpWanted, this, [&helps] { ++helps; });
-        const auto *message = dialog.findChild<QLabel *>("shortcutMessage");
+        auto *message = dialog.findChild<QLabel *>("shortcutMessage");
         const auto press = [](int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), modifiers);
         };
@@ -231,7 +231,34 @@ private Q_SLOTS:
         QCOMPARE(shown(dialog.map()), "one=Ctrl+1; F1 two=Ctrl+2; F2 three=");
         dialog.findChild<QPushButton *>("shortcutResetAll")->click();
         QCOMPARE(shown(dialog.map()), shown(map));
-        press(Qt::Key_Escape);
+
+        // Of what is imported: told before it takes effect.
+        const auto import = [&](const char *texts, int answer) {
+            const QTemporaryDir folder;
+            QFile file(folder.filePath("a.keys"));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(CShortcutMap().toFile() + texts));
+            file.close();
+            message->setProperty("told", QString());
+            QTimer::singleShot(0, &dialog, [&] {
+                if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                    message->setProperty("told", box->informativeText());
+                    QTest::keyClick(box, Qt::Key(answer));
+                }
+            });
+            dialog.importFrom(file.fileName());
+            QCoreApplication::processEvents();
+        };
+        import("one=F9\ntwo=Tab; F8\nthree=F9", Qt::Key_Escape);
+        QCOMPARE(message->property("told").toString(),
+                 "F9 are the keys for \"Do one\", and \"Do three\" does not have them.\n"
+                 "Tab cannot be changed: it is fixed.");
+        QCOMPARE(shown(dialog.map()), shown(map));
+        import("one=F9\ntwo=Tab; F8\nthree=F9", Qt::Key_Return);
+        QCOMPARE(shown(dialog.map()), "one=F9 two=F8 three=");
+        import("one=F2\ntwo=Ctrl+1", Qt::Key_Escape);
+        QCOMPARE(message->property("told").toString(), "");
+        QCOMPARE(shown(dialog.map()), "one=F2 two=Ctrl+1 three=");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());
     }
 };
