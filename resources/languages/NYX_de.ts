@@ -58,6 +58,10 @@
         <source>Search for actions, pages and items</source>
         <translation>Nach Aktionen, Seiten und Elementen suchen</translation>
     </message>
+    <message>
+        <source>No match</source>
+        <translation>Kein Treffer</translation>
+    </message>
 </context>
 <context>
     <name>CArrangeActions</name>

@@ -58,6 +58,10 @@
         <source>Search for actions, pages and items</source>
         <translation>搜索操作、页面和对象</translation>
     </message>
+    <message>
+        <source>No match</source>
+        <translation>没有匹配项</translation>
+    </message>
 </context>
 <context>
     <name>CArrangeActions</name>

@@ -151,6 +151,7 @@ private Q_SLOTS:
         const QRect row = m_panel->list()->visualRect(index(1));
         QTest::mouseClick(m_panel->list()->viewport(), Qt::LeftButton, {},
                           {row.left() + 8, row.center().y()}); // its tick
+        QCOMPARE(selected(), QStringList());                   // which leads nowhere
         auto *button = m_panel->findChild<QPushButton *>("findReplace");
         QCOMPARE(button->text(), "Replace (3)");
         button->click();

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QVBoxLayout>
@@ -20,11 +21,13 @@ CActionFinder::CActionFinder(QWidget *window)
     : QFrame(window),
       m_line(new QLineEdit(this)),
       m_list(new QListView(this)),
+      m_none(new QLabel(this)),
       m_found(new CFoundList(this))
 {
     setObjectName(QStringLiteral("actionFinder"));
     m_line->setObjectName(QStringLiteral("actionFinderLine"));
     m_list->setObjectName(QStringLiteral("actionFinderList"));
+    m_none->setContentsMargins(8, 4, 8, 4);
     m_list->setModel(m_found);
     m_list->setItemDelegate(new CFoundDelegate(m_list));
     m_list->setUniformItemSizes(true);
@@ -36,6 +39,7 @@ CActionFinder::CActionFinder(QWidget *window)
     layout->setSpacing(8);
     layout->addWidget(m_line);
     layout->addWidget(m_list);
+    layout->addWidget(m_none);
     connect(m_line, &QLineEdit::textChanged, this, [this](const QString &typed) {
         m_found->setTyped(typed);
         place();
@@ -52,6 +56,7 @@ void CActionFinder::retranslate()
 {
     m_line->setPlaceholderText(tr("Search for actions, pages and items"));
     m_line->setAccessibleName(m_line->placeholderText());
+    m_none->setText(tr("No match"));
 }
 
 void CActionFinder::open(const QVector<CFoundList::SEntry> &entries)
@@ -94,6 +99,8 @@ void CActionFinder::place()
 {
     const QRect window = parentWidget()->rect();
     const int rows = std::min(std::max(1, m_found->rowCount()), MaxRows);
+    m_list->setVisible(m_found->rowCount() > 0);
+    m_none->setVisible(m_found->rowCount() == 0);
     m_list->setFixedHeight(rows * std::max(1, m_list->sizeHintForRow(0)) +
                            2 * m_list->frameWidth());
     const int width = std::min(MaxWidth, window.width() - Gap);

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class CItemModel;
+class QLabel;
 class QLineEdit;
 class QListView;
 
@@ -42,6 +43,7 @@ private:
 
     QLineEdit *const m_line;
     QListView *const m_list;
+    QLabel *const m_none; ///< in its place when nothing is found
     CFoundList *const m_found;
     QStringList m_lastUsed;
     QVector<QPointer<QWidget>> m_before; ///< what had the keys, and what it lies in

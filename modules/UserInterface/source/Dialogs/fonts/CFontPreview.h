@@ -1,8 +1,6 @@
 #pragma once
 
-#include "CProjectModel.h"
-#include "IModelIterator.h"
-#include "QxKivEmuLib.h"
+#include "CSamplePage.h"
 
 #include <QImage>
 #include <QObject>
@@ -10,14 +8,13 @@
 #include <QSize>
 
 #include <cstddef>
-#include <memory>
 
 class CEmulatorAdapter;
 
 /// Lets the emulator draw a sample text in one font of a list, as the chip would: a picture, the
 /// graphics memory that its glyphs take, and what is wrong.
 /// Requests: only the newest is answered; one that is not answered yet goes with this object.
-class CFontPreview final : public QObject, private IModelIterator
+class CFontPreview final : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +22,6 @@ public:
     /// The project tells the size of the frame and the folder of relative files.
     CFontPreview(CEmulatorAdapter *adapter, const CProjectModel *project,
                  QObject *parent = nullptr);
-    ~CFontPreview() override;
 
     /// What messages call the sample; they begin with it.
     static QString itemLabel();
@@ -37,18 +33,7 @@ Q_SIGNALS:
     void drawn(const QImage &picture, size_t bytes, const QString &errors);
 
 private:
-    class CItem;
-
-    void next() override;
-    IModelItem *current() override;
-    void takeFrame(const argb8888 *buffer, uint32_t width, uint32_t height, const void *observer);
-
-    CEmulatorAdapter *const m_adapter;
+    CSamplePage m_page;
     const QPointer<const CProjectModel> m_project;
-    std::unique_ptr<CItem> m_screen;
-    std::unique_ptr<CItem> m_text;
-    IModelItem *m_current = nullptr;
     QSize m_size;
-    size_t m_bytes = 0;
-    QString m_errors;
 };

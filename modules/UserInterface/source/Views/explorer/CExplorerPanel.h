@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
+class CFilterLine;
 class CProjectExplorerView;
-class QLineEdit;
 
 /// What the explorer's dock holds: the tree and, above it, a line that filters it. Enter there
 /// chooses the first row that fits, Down leads into the tree, Esc shows all again.
@@ -18,11 +18,10 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void retranslate();
 
-    QLineEdit *const m_filter;
     CProjectExplorerView *const m_view;
+    CFilterLine *const m_filter;
 };

@@ -196,6 +196,8 @@ bool CFindDelegate::editorEvent(QEvent *event, QAbstractItemModel *model,
     const QRect column(option.rect.topLeft(),
                        QPoint(tickRect(option).right() + Space / 2, option.rect.bottom()));
     const bool isOnTick = isPress && column.contains(static_cast<QMouseEvent *>(event)->pos());
+    if (isPress)
+        m_wasOnTick = isOnTick && index.data(Qt::CheckStateRole).isValid();
     if (!(isKey || isOnTick) || !index.flags().testFlag(Qt::ItemIsUserCheckable))
         return false;
     const bool isTicked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;

@@ -17,6 +17,9 @@ public:
                const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
+    /// Whether the last press of a button was on a tick, and so for nothing else of its row.
+    bool wasOnTick() const { return m_wasOnTick; }
+
 protected:
     bool editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,
                      const QModelIndex &index) override;
@@ -29,4 +32,5 @@ private:
                       const QModelIndex &index) const;
 
     CFindPictures *const m_pictures; ///< not owned
+    bool m_wasOnTick = false;
 };

@@ -116,14 +116,19 @@ void CFindPanel::makeList()
     m_list = new QListView(this);
     m_list->setObjectName(QStringLiteral("findResults"));
     m_list->setModel(&m_results);
-    m_list->setItemDelegate(new CFindDelegate(&m_pictures, this));
+    auto *delegate = new CFindDelegate(&m_pictures, this);
+    m_list->setItemDelegate(delegate);
     m_list->setUniformItemSizes(true); // thousands of rows are laid out without measuring each
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->installEventFilter(this);
-    connect(m_list, &QListView::clicked, this, &CFindPanel::choose);
-    connect(m_list, &QListView::activated, this, &CFindPanel::choose);
+    const auto chosen = [this, delegate](const QModelIndex &index) {
+        if (!delegate->wasOnTick())
+            choose(index);
+    };
+    connect(m_list, &QListView::clicked, this, chosen);
+    connect(m_list, &QListView::activated, this, chosen);
 }
 
 void CFindPanel::layOut()
@@ -149,12 +154,12 @@ void CFindPanel::layOut()
     grid->addWidget(m_list, 5, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(5, 1);
-    setTabOrder(m_text, m_by);
-    setTabOrder(m_by, m_choice);
-    setTabOrder(m_choice, m_replace);
-    setTabOrder(m_replace, m_field);
-    setTabOrder(m_field, m_all);
-    setTabOrder(m_all, m_list);
+    QWidget *before = m_more;
+    for (QWidget *each : std::initializer_list<QWidget *>{m_text, m_by, m_choice, m_replace, m_case,
+                                                          m_pattern, m_field, m_all, m_list}) {
+        setTabOrder(before, each);
+        before = each;
+    }
 }
 
 void CFindPanel::changeEvent(QEvent *event)

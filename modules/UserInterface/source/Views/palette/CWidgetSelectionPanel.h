@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
+class CFilterLine;
 class CWidgetSelectionView;
-class QLineEdit;
 
 /// What the palette's dock holds: the palette and, above it, a line that filters it.
 /// Enter there places the best match, Down leads into the palette, Esc shows all again.
@@ -18,11 +18,10 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void retranslate();
 
-    QLineEdit *const m_filter;
     CWidgetSelectionView *const m_view;
+    CFilterLine *const m_filter;
 };

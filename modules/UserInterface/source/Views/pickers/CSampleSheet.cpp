@@ -1,13 +1,10 @@
 #include "CSampleSheet.h"
 
 #include "CEmulatorAdapter.h"
-#include "IModelItem.h"
-#include "PropertyKey.h"
 
 #include <algorithm>
 
 namespace {
-const QString SampleType = QStringLiteral("Sample_T");
 constexpr int Gap = 2; // pixels between two
 
 // Chunks of their own, so that the pictures depend on no widget kind.
@@ -16,61 +13,12 @@ constexpr char TextCommands[] = "color('#ffffff')\n"
                                 "\"left\", \"middle\")\n";
 constexpr char SymbolCommands[] = "symbol(sample, left + box_width / 2, top + box_height / 2, "
                                   "math.min(box_width, box_height), '#ffffff')\n";
-
-CWidgetProperty made(const QString &name, PropertyType type, const QString &text)
-{
-    CWidgetProperty property(name, type);
-    property.setValueFromText(text);
-    return property;
-}
-
-CWidgetProperty number(const QString &name, int value)
-{
-    return made(name, PropertyType::Int, QString::number(value));
-}
 } // namespace
 
-/// The screen, or a sample on it.
-class CSampleSheet::CItem final : public IModelItem
-{
-public:
-    CItem(const QString &type, const char *commands, std::vector<CWidgetProperty> properties)
-        : m_type(type.toUtf8()), m_commands(commands), m_properties(std::move(properties))
-    {
-    }
-
-    const char *idText() override { return "1"; }
-    const char *typeName() override { return m_type.constData(); }
-    int propertyCount() override { return static_cast<int>(m_properties.size()); }
-    IModelProperty *property(int index) override
-    {
-        return &m_properties[static_cast<size_t>(index)];
-    }
-    const char *renderCommands() override { return m_commands; }
-
-private:
-    const QByteArray m_type;
-    const char *const m_commands;
-    std::vector<CWidgetProperty> m_properties;
-};
-
 CSampleSheet::CSampleSheet(const CProjectModel *project, QObject *parent)
-    : QObject(parent), m_adapter(CEmulatorAdapter::instance()), m_project(project)
+    : QObject(parent), m_page(CEmulatorAdapter::instance(), project), m_project(project)
 {
-    connect(m_adapter, &CEmulatorAdapter::emulatorBackgroundFrameCallback, this,
-            [this](bool, const argb8888 *pixels, uint32_t width, uint32_t height, void *observer) {
-                if (observer != static_cast<IModelIterator *>(this))
-                    return;
-                takeFrame(pixels ? QImage(reinterpret_cast<const uchar *>(pixels), int(width),
-                                          int(height), QImage::Format_RGB32)
-                                       .copy()
-                                 : QImage()); // valid during the signal only
-            });
-}
-
-CSampleSheet::~CSampleSheet()
-{
-    m_adapter->withdraw(static_cast<IModelIterator *>(this));
+    connect(&m_page, &CSamplePage::drawn, this, &CSampleSheet::takeFrame);
 }
 
 /// Rows from the top to the bottom. A font of the project has a page of its own: its glyphs need
@@ -108,7 +56,7 @@ QVector<CSampleSheet::Page> CSampleSheet::pagesOf(const QVector<SSample> &sample
 
 void CSampleSheet::ask(const QVector<SSample> &samples)
 {
-    m_adapter->withdraw(static_cast<IModelIterator *>(this));
+    m_page.withdraw();
     m_samples = samples;
     m_pages = m_project ? pagesOf(samples, m_project->resolution()) : QVector<Page>();
     askForPage();
@@ -118,31 +66,19 @@ void CSampleSheet::askForPage()
 {
     if (m_pages.isEmpty() || !m_project)
         return;
-    m_items.clear();
-    m_current = 0;
-    m_items.push_back(std::make_unique<CItem>(
-        TypeName::Screen, "",
-        std::vector<CWidgetProperty>{
-            made(PropertyKey::Name, PropertyType::String, QStringLiteral("Samples")),
-            made(PropertyKey::Color, PropertyType::Rgb, QStringLiteral("#000000")),
-            made(PropertyKey::WorkingDirectory, PropertyType::String,
-                 m_project->workingDirectory()),
-            made(PropertyKey::Fonts, PropertyType::String,
-                 ProjectFonts::rendererText(m_project->fonts()))}));
+    m_page.begin(QStringLiteral("#000000"), m_project->fonts());
     for (const SPlace &place : qAsConst(m_pages.first())) {
         const SSample &sample = m_samples.at(place.index);
-        m_items.push_back(std::make_unique<CItem>(
-            SampleType, sample.font == SSample::None ? SymbolCommands : TextCommands,
-            std::vector<CWidgetProperty>{
-                made(QStringLiteral("sample"), PropertyType::String, sample.text),
-                number(QStringLiteral("handle"), sample.font),
-                number(QStringLiteral("left"), place.rect.left()),
-                number(QStringLiteral("top"), place.rect.top()),
-                number(QStringLiteral("box_width"), place.rect.width()),
-                number(QStringLiteral("box_height"), place.rect.height())}));
+        m_page.add(QStringLiteral("Sample_T"),
+                   sample.font == SSample::None ? SymbolCommands : TextCommands,
+                   {CSamplePage::text("sample", sample.text),
+                    CSamplePage::number("handle", sample.font),
+                    CSamplePage::number("left", place.rect.left()),
+                    CSamplePage::number("top", place.rect.top()),
+                    CSamplePage::number("box_width", place.rect.width()),
+                    CSamplePage::number("box_height", place.rect.height())});
     }
-    IModelIterator *const walk = this;
-    m_adapter->renderBackground(walk, walk);
+    m_page.ask();
 }
 
 void CSampleSheet::takeFrame(const QImage &frame)
@@ -166,14 +102,4 @@ void CSampleSheet::takeFrame(const QImage &frame)
     }
     if (self)
         askForPage();
-}
-
-void CSampleSheet::next()
-{
-    ++m_current;
-}
-
-IModelItem *CSampleSheet::current()
-{
-    return m_current < m_items.size() ? m_items[m_current].get() : nullptr;
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "CProjectModel.h"
-#include "IModelIterator.h"
-#include "QxKivEmuLib.h"
+#include "CSamplePage.h"
 
 #include <QImage>
 #include <QObject>
@@ -10,14 +9,9 @@
 #include <QSize>
 #include <QVector>
 
-#include <memory>
-#include <vector>
-
-class CEmulatorAdapter;
-
 /// Small pictures of texts and line drawings as the chip draws them. The emulator makes them in the
 /// background, many on a page of the project's size, page after page.
-class CSampleSheet final : public QObject, private IModelIterator
+class CSampleSheet final : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +25,6 @@ public:
     };
 
     explicit CSampleSheet(const CProjectModel *project, QObject *parent = nullptr);
-    ~CSampleSheet() override;
 
     /// Of several wishes the last one counts.
     void ask(const QVector<SSample> &samples);
@@ -41,7 +34,6 @@ Q_SIGNALS:
     void drawn(int index, const QImage &coverage);
 
 private:
-    class CItem;
     struct SPlace
     {
         int index = 0;
@@ -52,13 +44,9 @@ private:
     static QVector<Page> pagesOf(const QVector<SSample> &samples, const QSize &page);
     void askForPage();
     void takeFrame(const QImage &frame);
-    void next() override;
-    IModelItem *current() override;
 
-    CEmulatorAdapter *const m_adapter;
+    CSamplePage m_page; ///< the first of those not answered yet
     const QPointer<const CProjectModel> m_project;
     QVector<SSample> m_samples;
-    QVector<Page> m_pages;                       ///< those not answered yet
-    std::vector<std::unique_ptr<CItem>> m_items; ///< of the first of them: the screen, then samples
-    size_t m_current = 0;
+    QVector<Page> m_pages; ///< those not answered yet
 };
