@@ -5434,6 +5434,10 @@ RAM_DL: %2</translation>
         <source>&amp;Use Ticked Formats</source>
         <translation>Angehakte &amp;verwenden</translation>
     </message>
+    <message>
+        <source>Could not be tried: %1.</source>
+        <translation>Konnte nicht versucht werden: %1.</translation>
+    </message>
 </context>
 <context>
     <name>ErrorCells</name>

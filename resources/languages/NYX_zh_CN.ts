@@ -5434,6 +5434,10 @@ RAM_DL：%2</translation>
         <source>&amp;Use Ticked Formats</source>
         <translation>使用勾选的格式(&amp;U)</translation>
     </message>
+    <message>
+        <source>Could not be tried: %1.</source>
+        <translation>无法尝试：%1。</translation>
+    </message>
 </context>
 <context>
     <name>ErrorCells</name>

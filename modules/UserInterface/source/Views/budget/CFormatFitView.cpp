@@ -138,7 +138,7 @@ void CFormatFitView::setResults(CBudgetResults *results)
 bool CFormatFitView::isTicked(const SImageTrials &image) const
 {
     // What was small on purpose does not grow by itself.
-    return m_ticks.value(keyOf(image), size_t(proposed(image).bytes) < image.asset.bytes);
+    return m_ticks.value(keyOf(image), size_t(proposed(image).bytes) <= image.asset.bytes);
 }
 
 QVector<SImageTrials> CFormatFitView::ticked() const
@@ -170,6 +170,8 @@ QString CFormatFitView::stateText() const
         text = tr("With all of these formats every page fits, with the least visible loss.");
     else
         text = tr("No formats make every page fit. What is listed comes closest.");
+    if (!m_search->failure().isEmpty())
+        text += QLatin1Char(' ') + tr("Could not be tried: %1.").arg(m_search->failure());
     if (!m_search->leftOut().isEmpty())
         text += QLatin1Char(' ') + tr("Locked or without the file it was made of: %1.")
                                        .arg(m_search->leftOut().join(QStringLiteral(", ")));

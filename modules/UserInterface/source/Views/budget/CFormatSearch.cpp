@@ -115,6 +115,18 @@ void CFormatSearch::waitForResults()
     Q_EMIT changed();
 }
 
+QString CFormatSearch::failure() const
+{
+    for (const SImageTrials &image : m_images) {
+        const auto isFailed = [](const SFormatTrial &each) { return !each.problem.isEmpty(); };
+        if (!image.trials.isEmpty() &&
+            std::all_of(image.trials.begin(), image.trials.end(), isFailed))
+            return QFileInfo(image.source).fileName() + QStringLiteral(": ") +
+                   image.trials.first().problem;
+    }
+    return {};
+}
+
 void CFormatSearch::forget()
 {
     m_trials->cancel();

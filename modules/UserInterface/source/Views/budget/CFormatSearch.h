@@ -36,6 +36,8 @@ public:
     bool fits() const { return m_fits; } ///< every screen, with all of them
     /// Names of what cannot have another format.
     const QStringList &leftOut() const { return m_leftOut; }
+    /// The first that no format was possible for, and why; empty when there is none.
+    QString failure() const;
     /// That the proposal was made for, with items that are there.
     const SProjectBudget &budget() const { return m_budget; }
 

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int Margin = 6; // pixels
 constexpr int BytesColumn = 1;
+constexpr int TableChars = 48; // of which the longest name is seen whole
 
 QStringList formatsOf(const SImageTrials &image)
 {
@@ -56,6 +57,7 @@ CWhatIfView::CWhatIfView(QWidget *parent)
     right->addLayout(below);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, Margin, Margin);
+    m_table->setMinimumWidth(TableChars * fontMetrics().averageCharWidth());
     layout->addWidget(m_table, 1);
     layout->addLayout(right, 1);
     connect(m_trials, &CFormatTrials::originalRead, m_pictures, &CPicturePair::setOriginal);

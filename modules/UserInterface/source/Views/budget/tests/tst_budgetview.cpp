@@ -340,7 +340,8 @@ void tst_BudgetView::fitsIntoBudget()
         folder.filePath("p/p.nyx"),
         R"(<Kiv_Project_T project_name="p" platform="QX100" width="480" height="272"><Kiv_Screen_T name="Home">)" +
             sky + R"(</Kiv_Screen_T><Kiv_Screen_T name="Next"><Widget_Group_T name="Group">)" +
-            sky + "</Widget_Group_T></Kiv_Screen_T></Kiv_Project_T>");
+            sky +
+            R"(</Widget_Group_T><Kiv_ImageButton_T name="Button" id="2" width="80" height="80" basename="sky" bfolder="p_ConvertedImages" format="RGB565" bwidth="400" bheight="400"/></Kiv_Screen_T></Kiv_Project_T>)");
     open("p", folder.path());
     const QByteArray before = m_project->saveToBytes(nullptr);
     m_view->findChild<QTabWidget *>()->setCurrentIndex(3);
