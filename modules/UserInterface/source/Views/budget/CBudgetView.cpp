@@ -29,6 +29,7 @@ enum EItemColumn { ItemName, ItemKind, ItemPage, ItemBytes, ItemShare };
 
 constexpr int PageRole = Qt::UserRole + 1; ///< index of the screen; none for the whole project
 constexpr int IconSide = 32;               // pixels
+constexpr int NameWidth = 180;             // of a picture beside its icon
 constexpr int PagesWidth = 5;              // to the tables' width
 constexpr int TablesWidth = 6;
 constexpr int Width = 100; // more than they need at first, to be shared
@@ -106,7 +107,9 @@ CBudgetView::CBudgetView(QWidget *parent)
         view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    // As wide as its texts, who uses an asset would leave its name nothing.
+    // Who uses an asset gives way to its name.
+    m_assetView->header()->setSectionResizeMode(AssetFile, QHeaderView::Interactive);
+    m_assetView->header()->resizeSection(AssetFile, NameWidth);
     m_assetView->header()->setSectionResizeMode(AssetItems, QHeaderView::Stretch);
 }
 
