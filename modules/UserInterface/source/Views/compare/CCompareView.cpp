@@ -58,6 +58,7 @@ CCompareView::CCompareView(CComparison *comparison, QWidget *parent)
     m_head->setWordWrap(true);
     m_tree->setObjectName(QStringLiteral("compareList"));
     m_tree->setUniformRowHeights(true);
+    m_tree->setAllColumnsShowFocus(true);
     m_tree->setModel(m_model);
     m_tree->installEventFilter(this);
     m_tree->header()->setSectionResizeMode(QHeaderView::Interactive);

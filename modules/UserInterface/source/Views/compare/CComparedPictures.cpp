@@ -18,6 +18,7 @@ constexpr int Gap = 6;             // between two pictures
 constexpr double SwipeStep = 0.02; // of the width, a key
 constexpr double ZoomSteps[] = {0.125, 0.25, 1 / 3., 0.5, 2 / 3., 1, 1.5, 2, 3, 4, 6, 8, 12, 16};
 const QColor ChangedColour(0xe5, 0x48, 0x4d); // as in the difference picture
+const QColor ChosenColour(0x1f, 0x6f, 0xb2);  // seen on it, too
 
 QToolButton *makeButton(const char *name)
 {
@@ -290,7 +291,7 @@ void CComparedPictures::paintOutlines(QPainter &painter, const QRectF &place) co
         outline(each, ChangedColour, 1.5);
     for (const QRect &each : {m_markBefore, m_markNow})
         if (!each.isNull())
-            outline(each, palette().color(QPalette::Highlight), 3.5);
+            outline(each, ChosenColour, 3.5);
 }
 
 void CComparedPictures::setSwipe(double swipe)
