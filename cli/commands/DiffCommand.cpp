@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QSet>
 
 namespace {
 
@@ -26,7 +27,8 @@ the same kind and place. A screen that was renamed is known by what lies on it. 
 drawn, and pictures are compared pixel by pixel.
 
 --png writes, for each screen whose picture differs, NAME.old.png, NAME.new.png and NAME.diff.png:
-the new picture, pale, with what differs in red.
+the new picture, pale, with what differs in red. Of a screen that was added or removed there is the one
+picture.
 
 As a tool of git, which hands over files without the images beside them:
   git config difftool.nyx.cmd 'panel-export diff --folder "$(dirname "$MERGED")" "$LOCAL" "$REMOTE"'
@@ -92,13 +94,20 @@ private:
         };
         if (!m_before.renderAll(keep))
             return false;
-        const QStringList names = pictureNames();
-        return m_after.renderAll([&](SScreenExport &&screen) {
+        QVector<const CScreenModel *> removed;
+        const QStringList names = pictureNames(pairs, removed);
+        const bool isComplete = m_after.renderAll([&](SScreenExport &&screen) {
+            const QString name = names.value(screen.screen->row());
             const auto pair = pairOf.constFind(screen.screen);
-            if (pair != pairOf.cend())
-                compare(earlier.take(pair->before->item), *pair->after, screen.frame,
-                        names.value(screen.screen->row()));
+            if (pair == pairOf.cend())
+                write(name + QStringLiteral(".new.png"), screen.frame);
+            else
+                compare(earlier.take(pair->before->item), *pair->after, screen.frame, name);
         });
+        for (int i = 0; i < removed.size(); ++i)
+            write(names.value(m_after.project().screenCount() + i) + QStringLiteral(".old.png"),
+                  earlier.take(removed[i]));
+        return isComplete;
     }
 
     void compare(const QImage &before, const SItemState &screen, const QImage &after,
@@ -108,24 +117,37 @@ private:
         if (difference.isEmpty())
             return;
         m_differences.insert(&screen, difference);
-        if (!m_line.isSet("png"))
-            return;
-        const QDir folder(m_line.value("png"));
-        const auto write = [&](const char *kind, const QImage &picture) {
-            CommandOutput::write(folder.filePath(name + QLatin1String(kind)),
-                                 CScreenshotWriter::toPng(picture), m_messages);
-        };
-        write(".old.png", before);
-        write(".new.png", after);
-        write(".diff.png", differencePicture(before, after));
+        write(name + QStringLiteral(".old.png"), before);
+        write(name + QStringLiteral(".new.png"), after);
+        if (m_line.isSet("png"))
+            write(name + QStringLiteral(".diff.png"), differencePicture(before, after));
     }
 
-    /// Without suffix, of the screens in the rows of the later project.
-    QStringList pictureNames() const
+    void write(const QString &file, const QImage &picture)
+    {
+        if (m_line.isSet("png"))
+            CommandOutput::write(QDir(m_line.value("png")).filePath(file),
+                                 CScreenshotWriter::toPng(picture), m_messages);
+    }
+
+    /// Without suffix, of the screens in the rows of the later project, then of those that are
+    /// gone.
+    QStringList pictureNames(const QVector<SScreenPair> &pairs,
+                             QVector<const CScreenModel *> &removed) const
     {
         QStringList names;
         for (int row = 0; row < m_after.project().screenCount(); ++row)
             names.append(m_after.project().screen(row)->name());
+        QSet<const CItemModel *> kept;
+        for (const SScreenPair &pair : pairs)
+            kept.insert(pair.before->item);
+        for (int row = 0; row < m_before.project().screenCount(); ++row) {
+            const CScreenModel *screen = m_before.project().screen(row);
+            if (!kept.contains(screen)) {
+                removed.append(screen);
+                names.append(screen->name());
+            }
+        }
         return FileNames::unusedForAll(names, QString());
     }
 

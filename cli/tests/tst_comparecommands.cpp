@@ -21,6 +21,7 @@ private Q_SLOTS:
 
     void aKnownChange_data();
     void aKnownChange();
+    void otherPagesAndSizes();
     void anImageFileAlone();
     void wrongCommandLines();
     void gitUsesIt();
@@ -139,6 +140,33 @@ void tst_CompareCommands::aKnownChange()
     QCOMPARE(pixels["count"].toInt(), count);
 }
 
+void tst_CompareCommands::otherPagesAndSizes()
+{
+    const auto pictures = [this] {
+        return QDir(path("pictures")).entryList(QDir::Files).join(' ');
+    };
+    const QStringList words{"diff", "old/thermostat.nyx", "new/thermostat.nyx", "--png",
+                            "pictures"};
+    QByteArray xml = TestFiles::read(path("new/thermostat.nyx"));
+    xml.replace("</Kiv_Project_T>", "<Kiv_Screen_T name=\"a/b\"/><Kiv_Screen_T name=\"a:b\"/>"
+                                    "</Kiv_Project_T>");
+    TestFiles::write(path("new/thermostat.nyx"), xml);
+    QCOMPARE(run(words).out, QString("screen \"a/b\": added\nscreen \"a:b\": added\n"));
+    QCOMPARE(pictures(), QString("a_b (1).new.png a_b.new.png"));
+    QVERIFY(QDir(path("pictures")).removeRecursively());
+    const QStringList back{words[0], words[2], words[1], words[3], words[4]};
+    QCOMPARE(run(back).out, QString("screen \"a/b\": removed\nscreen \"a:b\": removed\n"));
+    QCOMPARE(pictures(), QString("a_b (1).old.png a_b.old.png"));
+    QVERIFY(QDir(path("pictures")).removeRecursively());
+    edit("new/thermostat.nyx", "width=\"480\" height=\"272\" working",
+         "width=\"480\" height=\"200\" working");
+    const SResult smaller = run(words);
+    QVERIFY2(smaller.out.contains("screen \"Home\": 130560 pixels differ, in 0,0 480x272"),
+             qPrintable(smaller.out));
+    QCOMPARE(QImage(path("pictures/Home.new.png")).size(), QSize(480, 200));
+    QCOMPARE(QImage(path("pictures/Home.diff.png")).size(), QSize(480, 272));
+}
+
 /// The projects are the same, what lies beside them is not.
 void tst_CompareCommands::anImageFileAlone()
 {
@@ -226,8 +254,24 @@ void tst_CompareCommands::verify()
     QVERIFY(other.errors.contains("accepted/Other.png: This picture belongs to no screen"));
     QCOMPARE(QDir(path("accepted/failed")).entryList(QDir::Files),
              QStringList({"Home.diff.png", "Home.new.png", "Settings.new.png"}));
+    // All of them or none: the last one cannot be written.
+    QVERIFY(QFile::remove(path("accepted/Schedule.png")));
+    QVERIFY(QDir().mkpath(path("accepted/Schedule.png/x")));
+    const QByteArray home = TestFiles::read(path("accepted/Home.png"));
+    QCOMPARE(run(words + QStringList("--accept")).exitCode, 3);
+    QCOMPARE(TestFiles::read(path("accepted/Home.png")), home);
+    QVERIFY(!QFile::exists(path("accepted/Settings.png")));
+    QVERIFY(QDir(path("accepted/Schedule.png")).removeRecursively());
     QCOMPARE(run(words + QStringList("--accept")).exitCode, 0);
+    QVERIFY(QDir(path("accepted/failed")).isEmpty()); // nothing there holds any more
     QCOMPARE(run(words).exitCode, 0);
+    QCOMPARE(run(words + QStringList("--exact")).exitCode, 1); // the picture of no screen
+    QCOMPARE(run(words + QStringList{"--exact", "--accept"}).exitCode, 0);
+    QCOMPARE(run(words + QStringList("--exact")).exitCode, 0);
+    TestFiles::write(path("accepted/Home.png"), "no picture");
+    const SResult unreadable = run(words);
+    QCOMPARE(unreadable.exitCode, 1);
+    QVERIFY2(unreadable.errors.contains("Home.png"), qPrintable(unreadable.errors));
 }
 
 QTEST_GUILESS_MAIN(tst_CompareCommands)
