@@ -21,7 +21,7 @@ enum class GeometryMode : qint32;
 /// Changes: setProperty() is the one road for a change that is to be seen; it tells the observer,
 ///          which is the project.
 /// Owns:    its properties and its child items. The library and the observer must live longer.
-/// Threads: the GUI thread only.
+/// Threads: its project's.
 class CItemModel : public QStandardItem, public IModelItem
 {
 public:

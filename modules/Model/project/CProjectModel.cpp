@@ -11,12 +11,14 @@
 #include <QSignalBlocker>
 #include <QUndoStack>
 
+#include <atomic>
+
 namespace {
 constexpr QSize DefaultResolution(480, 320);
 
-CProjectModel *&currentProject()
+std::atomic<CProjectModel *> &currentProject()
 {
-    static CProjectModel *project = nullptr;
+    static std::atomic<CProjectModel *> project = nullptr;
     return project;
 }
 
@@ -44,6 +46,12 @@ CProjectModel::~CProjectModel()
     m_undoStack.reset(); // its commands hold items of this project
     if (current() == this)
         setCurrent(nullptr);
+}
+
+void CProjectModel::handOverTo(QThread *thread)
+{
+    moveToThread(thread);
+    m_undoStack->moveToThread(thread);
 }
 
 CProjectModel *CProjectModel::current()

@@ -23,7 +23,7 @@ struct SUnused;
 /// A project: its properties, its screens as top-level rows with everything below them, and the
 /// undo stack of the commands that change it.
 /// Errors:  reading from bytes or files that cannot be a project changes nothing and says why.
-/// Threads: the GUI thread only.
+/// Threads: the GUI thread only; but one may be made and read in any other, which hands it over.
 class CProjectModel : public QStandardItemModel, public IPropertyChangeObserver
 {
     Q_OBJECT
@@ -36,6 +36,9 @@ public:
 
     explicit CProjectModel(QObject *parent = nullptr);
     ~CProjectModel() override;
+
+    /// From the thread that has made it, which must not use it any more.
+    void handOverTo(QThread *thread);
 
     /// The open project of the process; null when none is open.
     static CProjectModel *current();

@@ -338,6 +338,24 @@ private Q_SLOTS:
         QCOMPARE(m_window->windowTitle(), QString());
     }
 
+    /// What is still being read when the window closes is not opened behind it.
+    void longProject()
+    {
+        QAction recent;
+        recent.setWhatsThis(m_folder->path("long.nyx"));
+        writeFile(recent.whatsThis(), twoPages() + "<!--" + QByteArray(1 << 20, ' ') + "-->");
+        m_window->openRecent(&recent);
+        QVERIFY(!m_window->project());
+        QVERIFY(m_window->close());
+        QThreadPool::globalInstance()->waitForDone();
+        QTest::qWait(0);
+        QVERIFY(!m_window->project());
+        m_window->openRecent(&recent);
+        QCOMPARE(m_window->cursor().shape(), Qt::BusyCursor);
+        QTRY_COMPARE(m_window->projectPath(), recent.whatsThis());
+        QCOMPARE(m_window->cursor().shape(), Qt::ArrowCursor);
+    }
+
     void closeQuestion()
     {
         QVERIFY(m_window->openProjectFile(m_project));

@@ -4,10 +4,10 @@
 #include "CProjectFile.h"
 #include "CProjectModel.h"
 #include "CRecentProjects.h"
-#include "CXmlGuard.h"
 #include "IUserQuestions.h"
 #include "PropertyKey.h"
 #include "RegularFile.h"
+#include "SProjectRead.h"
 #include "ShownText.h"
 
 #include <QDir>
@@ -62,21 +62,17 @@ void CProjectSession::setWorkingDirectory(const QString &folder)
 
 bool CProjectSession::validate(const QFile &file) const
 {
-    return readChecked(file.fileName()).project != nullptr;
+    return isProject(SProjectRead::of(file.fileName()));
 }
 
-/// No project, and an error has been shown, when the file holds none.
-CProjectSession::SRead CProjectSession::readChecked(const QString &path) const
+/// False, and an error has been shown, when the file holds none.
+bool CProjectSession::isProject(const SProjectRead &read) const
 {
-    QString reason;
-    const auto bytes = CXmlGuard::readFile(path, &reason);
-    SRead read{bytes.value_or(QByteArray()), std::make_unique<CProjectModel>()};
-    if (bytes && read.project->loadFromBytes(*bytes, &reason))
-        return read;
-    m_user->showError(bytes ? tr("The specified file is not a valid project file.")
-                            : tr("Could not open specified project file."),
-                      reason);
-    return {};
+    if (!read.project)
+        m_user->showError(read.bytes ? tr("The specified file is not a valid project file.")
+                                     : tr("Could not open specified project file."),
+                          read.reason);
+    return read.project != nullptr;
 }
 
 bool CProjectSession::openFile(const QString &path)
@@ -86,7 +82,7 @@ bool CProjectSession::openFile(const QString &path)
 
 /// A project that is reached through a link is the file where it lies: its images stand beside it,
 /// and what may take its place later is no way out of its folder.
-bool CProjectSession::openFile(const QString &path, SRead checked)
+bool CProjectSession::openFile(const QString &path, SProjectRead checked)
 {
     auto file = std::make_unique<CProjectFile>(linkedFile(path));
     if (isSameFile(file->path(), this->path()))
@@ -150,7 +146,7 @@ void CProjectSession::tellIfUnprotected(CProjectLock::EResult result, const QStr
 /// What was read for the check is taken unless another process has written since then: only now
 /// the file is locked. Null, and an error has been shown, when it cannot be opened.
 std::unique_ptr<CProjectModel> CProjectSession::load(CProjectFile *file, const CProjectLock &lock,
-                                                     SRead checked, bool *isRecovered)
+                                                     SProjectRead checked, bool *isRecovered)
 {
     if (lock.deadSession())
         file->removeOrphans(*lock.deadSession());
@@ -183,18 +179,15 @@ void CProjectSession::activate(std::unique_ptr<CProjectModel> project)
     Q_EMIT projectOpened(m_project.get());
 }
 
-void CProjectSession::open()
-{
-    const QString path = m_user->projectToOpen(m_workingDirectory);
-    if (!path.isEmpty())
-        open(path);
-}
-
 void CProjectSession::open(const QString &path)
 {
-    SRead checked = readChecked(path);
-    if (checked.project && close())
-        openFile(path, std::move(checked));
+    open(path, SProjectRead::of(path));
+}
+
+void CProjectSession::open(const QString &path, SProjectRead read)
+{
+    if (isProject(read) && close())
+        openFile(path, std::move(read));
 }
 
 void CProjectSession::newProject()

@@ -14,6 +14,7 @@ class CProjectModel;
 class CRecentProjects;
 class IUserQuestions;
 class QFile;
+struct SProjectRead;
 
 /// The one open project and its way from new or open to closed: questions, lock, saving.
 /// Recovery: however the process ends, what the last autosave() has met is there again: in the
@@ -57,9 +58,10 @@ public:
     bool validate(const QFile &file) const;
     /// Opens a validated file. What is still open is closed without a question.
     bool openFile(const QString &path);
-    void open();
     /// Validates, asks about the open project, opens.
     void open(const QString &path);
+    /// The same with what was read of the file before.
+    void open(const QString &path, SProjectRead read);
     void newProject();
     /// Asks about the open project and opens a copy of the file, with the images that lie beside
     /// it, as a project that was never saved. Nothing is written where the file lies.
@@ -113,17 +115,10 @@ private:
 
     void tellIfUnprotected(CProjectLock::EResult result, const QString &path) const;
     std::unique_ptr<CProjectLock> lockFor(const QString &path, bool *given);
-    /// What a file holds, read once for checking and opening it.
-    struct SRead
-    {
-        QByteArray bytes;
-        std::unique_ptr<CProjectModel> project; ///< null: it could not be opened
-    };
-
-    SRead readChecked(const QString &path) const;
-    bool openFile(const QString &path, SRead checked);
-    std::unique_ptr<CProjectModel> load(CProjectFile *file, const CProjectLock &lock, SRead checked,
-                                        bool *isRecovered);
+    bool isProject(const SProjectRead &read) const;
+    bool openFile(const QString &path, SProjectRead checked);
+    std::unique_ptr<CProjectModel> load(CProjectFile *file, const CProjectLock &lock,
+                                        SProjectRead checked, bool *isRecovered);
     void activate(std::unique_ptr<CProjectModel> project);
     void activateUnsaved(std::unique_ptr<CProjectModel> project,
                          std::unique_ptr<CRecoveryCopy> copy);

@@ -19,8 +19,7 @@ CStartScreen::CStartScreen(CProjectSession *session, CMainPanels *panels, const 
     connect(m_pictures, &CProjectPictures::kept, m_page, &CStartPage::readPictures);
     connect(m_page, &CStartPage::newProjectWanted, this, &CStartScreen::newProjectWanted);
     connect(m_page, &CStartPage::openWanted, this, &CStartScreen::openWanted);
-    connect(m_page, &CStartPage::projectWanted, session,
-            qOverload<const QString &>(&CProjectSession::open));
+    connect(m_page, &CStartPage::projectWanted, this, &CStartScreen::projectWanted);
     connect(m_page, &CStartPage::exampleWanted, session, &CProjectSession::openCopy);
     connect(m_page, &CStartPage::recoveryWanted, session, &CProjectSession::recover);
     connect(m_page, &CStartPage::forgetWanted, this, [this](const CRecoveryCopy::SLeft &left) {

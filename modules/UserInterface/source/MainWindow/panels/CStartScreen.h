@@ -28,6 +28,7 @@ public:
 Q_SIGNALS:
     void newProjectWanted();
     void openWanted();
+    void projectWanted(const QString &path);
 
 private:
     void showNoHint();

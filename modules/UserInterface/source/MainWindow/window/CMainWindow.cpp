@@ -18,6 +18,7 @@
 #include "CPlainToolTips.h"
 #include "CProgramData.h"
 #include "CProjectModel.h"
+#include "CProjectOpener.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CScreen.h"
@@ -143,6 +144,8 @@ void CMainWindow::makeProjectParts()
     m_session->setRecoveryRoot(
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
         QStringLiteral("/kiv-panel-composer/unsaved"));
+    m_opener = new CProjectOpener(m_session);
+    m_opener->setBusyCheck([this] { return isBusy(); });
     m_autosaver = std::make_unique<CAutosaver>(m_session);
     m_autosaver->setBusyCheck([this] { return isBusy(); });
     m_autosaver->setEditorCheck([this] { return m_panels->isEditorOpen(); });
@@ -211,6 +214,14 @@ void CMainWindow::connectSession()
     });
     connect(m_start, &CStartScreen::newProjectWanted, this, &CMainWindow::newProject);
     connect(m_start, &CStartScreen::openWanted, this, &CMainWindow::openProject);
+    connect(m_start, &CStartScreen::projectWanted, m_opener, &CProjectOpener::open);
+    connect(m_opener, &CProjectOpener::aboutToOpen, m_panels, &CMainPanels::finishEdits);
+    connect(m_opener, &CProjectOpener::readingChanged, this, [this](bool isReading) {
+        if (isReading)
+            setCursor(Qt::BusyCursor);
+        else
+            unsetCursor();
+    });
 }
 
 void CMainWindow::activate(CProjectModel *project)
@@ -273,12 +284,14 @@ void CMainWindow::closeEvent(QCloseEvent *event)
     }
     if (!closeProject())
         return;
+    m_opener->cancel();
     writeSettings();
     event->accept();
 }
 
 void CMainWindow::saveUnattended()
 {
+    m_opener->cancel();
     m_export->cancel();
     m_panels->cancelGestures();
     if (m_autosaveInterval > 0)

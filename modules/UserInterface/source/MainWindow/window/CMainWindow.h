@@ -27,6 +27,7 @@ class CMainPanels;
 class CMenuBar;
 class COptionDialog;
 class CProjectModel;
+class CProjectOpener;
 class CProjectSession;
 class CRecentProjects;
 class CScreenModel;
@@ -194,6 +195,7 @@ private:
     std::unique_ptr<CLanguageLoader> m_languages;
     std::unique_ptr<CEmulatorSession> m_emulator;
     CProjectSession *m_session = nullptr;
+    CProjectOpener *m_opener = nullptr;
     std::unique_ptr<CAutosaver> m_autosaver;
     CAutosaveTimer *m_autosaveTimer = nullptr;
     QTimer *m_autosaveRetry = nullptr;

@@ -1,5 +1,6 @@
 // The slots of CMainWindow that carry out the commands of the menus.
 #include "CAutosaver.h"
+#include "CDialogQuestions.h"
 #include "CEditCommands.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
@@ -14,6 +15,7 @@
 #include "COptionDialog.h"
 #include "CPrintScreenDialog.h"
 #include "CProjectModel.h"
+#include "CProjectOpener.h"
 #include "CProjectSession.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
@@ -103,7 +105,9 @@ void CMainWindow::newProject()
 void CMainWindow::openProject()
 {
     m_panels->finishEdits();
-    m_session->open();
+    const QString path = m_user->projectToOpen(m_session->workingDirectory());
+    if (!path.isEmpty())
+        m_opener->open(path);
 }
 
 bool CMainWindow::validateProjectFile(QFile &file)
@@ -125,8 +129,7 @@ void CMainWindow::showProjectName()
 void CMainWindow::openRecent(QAction *action)
 {
     m_panels->finishEdits();
-    const QString path = action->whatsThis();
-    m_session->open(path);
+    m_opener->open(action->whatsThis());
 }
 
 bool CMainWindow::closeProject()

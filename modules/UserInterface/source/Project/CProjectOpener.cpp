@@ -1,0 +1,75 @@
+#include "CProjectOpener.h"
+
+#include "BackgroundWork.h"
+#include "CProjectSession.h"
+#include "SProjectRead.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+constexpr int RetryTime = 100; // ms
+}
+
+CProjectOpener::CProjectOpener(CProjectSession *session) : QObject(session), m_session(session)
+{
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(RetryTime);
+    connect(&m_retry, &QTimer::timeout, this, &CProjectOpener::take);
+    connect(session, &CProjectSession::projectOpened, this, &CProjectOpener::cancel);
+}
+
+CProjectOpener::~CProjectOpener() = default;
+
+void CProjectOpener::open(const QString &path)
+{
+    cancel();
+    if (QFileInfo(path).size() <= ReadAtOnce) {
+        m_session->open(path);
+        return;
+    }
+    m_path = path;
+    setReading(true);
+    BackgroundWork::run(
+        this,
+        [path, home = thread()] {
+            auto read = std::make_shared<SProjectRead>(SProjectRead::of(path));
+            if (read->project)
+                read->project->handOverTo(home);
+            return read;
+        },
+        [this, wish = m_wish](const std::shared_ptr<SProjectRead> &read) {
+            if (wish != m_wish)
+                return;
+            m_read = read;
+            take();
+        });
+}
+
+void CProjectOpener::take()
+{
+    if (m_isBusy && m_isBusy()) {
+        m_retry.start();
+        return;
+    }
+    const auto read = std::exchange(m_read, nullptr);
+    const QString path = m_path;
+    cancel();
+    Q_EMIT aboutToOpen();
+    m_session->open(path, std::move(*read));
+}
+
+void CProjectOpener::cancel()
+{
+    ++m_wish;
+    m_read.reset();
+    m_retry.stop();
+    setReading(false);
+}
+
+void CProjectOpener::setReading(bool isReading)
+{
+    if (std::exchange(m_isReading, isReading) != isReading)
+        Q_EMIT readingChanged(isReading);
+}

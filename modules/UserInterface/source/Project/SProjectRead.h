@@ -1,0 +1,20 @@
+#pragma once
+
+#include "CProjectModel.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// What a file holds, read once for checking and opening it.
+struct SProjectRead
+{
+    std::optional<QByteArray> bytes;        ///< none: it could not be read
+    std::unique_ptr<CProjectModel> project; ///< null: it holds none
+    QString reason;                         ///< of either
+
+    /// In any thread.
+    static SProjectRead of(const QString &path);
+};
