@@ -9,6 +9,7 @@
 #include "CHistoryDock.h"
 #include "CHistoryView.h"
 #include "CItemView.h"
+#include "CMainPanels.h"
 #include "CMainWindow.h"
 #include "CMenuBar.h"
 #include "CProjectExplorerView.h"
@@ -818,6 +819,23 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(view->viewport(), &notch);
         QCOMPARE(view->scale(), 2.34);
         QCOMPARE(asked.count(), 0);
+    }
+
+    /// Beside the page too.
+    void whatIsGoneToIsInSight()
+    {
+        m_window->show();
+        CItemModel *item = select("A");
+        const CScreenView *view = m_screens->currentView();
+        for (const int type : {CZoomComboWidget::FitToPage, CZoomComboWidget::FreeValue})
+            for (const QPoint place : {QPoint(-4000, 50), QPoint(300, 9000), QPoint(10, 10)}) {
+                Q_EMIT m_window->setZoom(100, type);
+                item->setProperty(PropertyKey::X, place.x());
+                item->setProperty(PropertyKey::Y, place.y());
+                m_window->findChild<CMainPanels *>()->goTo(item);
+                const QRect seen = view->mapFromScene(ItemGeometry::frameOf(*item)).boundingRect();
+                QVERIFY(view->viewport()->rect().contains(seen));
+            }
     }
 
     void whatIsTypedInThePropertyPanelIsSaved()

@@ -237,7 +237,7 @@ void CMainPanels::goTo(CItemModel *item)
         reveal(item);
     }
     if (CScreenView *view = m_screens->currentView(); view && item->parentItem())
-        view->ensureVisible(ItemGeometry::frameOf(*item));
+        view->reveal(ItemGeometry::frameOf(*item));
 }
 
 void CMainPanels::workOn(CItemModel *item)

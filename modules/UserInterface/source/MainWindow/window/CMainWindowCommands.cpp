@@ -375,6 +375,7 @@ void CMainWindow::zoomTo(const QVector<CItemModel *> &items)
     const double down = view->viewport()->height() / std::max(1.0, frame.height());
     const int percent = static_cast<int>(std::min(across, down) * ShareOfView * 100);
     m_menuBar->zoomWidget()->setZoom(ZoomRule::clamped(percent), CZoomComboWidget::FreeValue);
+    view->reveal(frame);
     view->centerOn(frame.center());
 }
 

@@ -256,6 +256,11 @@ void CScreenView::zoom(int percent, int type)
     m_zoom->set(percent, type);
 }
 
+void CScreenView::reveal(const QRectF &part)
+{
+    m_zoom->reveal(part);
+}
+
 void CScreenView::becomeBusy()
 {
     if (CFrameItem *frame = m_scene->frameItem())

@@ -89,6 +89,8 @@ public Q_SLOTS:
     void group();
     void ungroup();
     void updateRepaint();
+    /// Brings a part of the scene into sight, also beside the page.
+    void reveal(const QRectF &part);
     /// Percentage and CZoomComboWidget::Type: what CEditorState says is to be shown.
     void zoom(int percent, int type);
     /// Writes a move back to the model: from where the item is to the new position.

@@ -128,9 +128,23 @@ void CViewZoom::scaleTo(int percent)
     Q_EMIT changed(percent, m_type);
 }
 
+void CViewZoom::reveal(const QRectF &part)
+{
+    const QRectF screen = m_view->scene()->sceneRect();
+    const bool isOn = screen.contains(part.topLeft()) && screen.contains(part.bottomRight());
+    m_beside = isOn ? QRectF() : part.adjusted(0, 0, 1, 1); // not empty
+    updateMargins();
+    m_view->ensureVisible(part);
+    Q_EMIT moved();
+}
+
 /// Lets the free zoom scroll a little beyond the screen, where handles may lie.
 void CViewZoom::updateMargins()
 {
     const double margin = isFree() ? Margin / m_view->transform().m11() : 0;
-    m_view->setSceneRect(m_view->scene()->sceneRect().adjusted(-margin, -margin, margin, margin));
+    const double beside = Margin / m_view->transform().m11();
+    QRectF rect = m_view->scene()->sceneRect().adjusted(-margin, -margin, margin, margin);
+    if (!m_beside.isNull())
+        rect |= m_beside.adjusted(-beside, -beside, beside, beside);
+    m_view->setSceneRect(rect);
 }

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointF>
+#include <QRectF>
 
 #include <optional>
 
@@ -40,6 +41,9 @@ public:
     void fit();
     /// The scene's rectangle is another one.
     void sceneResized();
+    /// Brings a part of the scene into sight, which can be scrolled to beside the screen too, until
+    /// another is.
+    void reveal(const QRectF &part);
     /// A turn of the wheel, about the place under the pointer. Only for the free zoom.
     void step(const QPoint &position, int angleDelta);
 
@@ -58,6 +62,7 @@ private:
     QGraphicsView *m_view;
     int m_percent = 100;
     int m_type = 0;
+    QRectF m_beside; ///< what was revealed there
     std::optional<SPlace> m_previous;
     QElapsedTimer m_sinceChange;
 };
