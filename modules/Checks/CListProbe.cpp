@@ -64,6 +64,11 @@ QImage CListProbe::withoutItem(quint32 tag)
     return drawWithout([tag](const SPiece &piece) { return piece.tag == tag; });
 }
 
+QImage CListProbe::withoutItems(const QSet<quint32> &tags)
+{
+    return drawWithout([&tags](const SPiece &piece) { return tags.contains(piece.tag); });
+}
+
 QImage CListProbe::withoutTexts()
 {
     return drawWithout([](const SPiece &piece) { return piece.isText; });

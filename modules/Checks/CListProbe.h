@@ -37,6 +37,7 @@ public:
     bool draws(quint32 tag) const { return m_drawn.contains(tag); }
     // Format_RGB32; valid until the next one. Null when nothing can be drawn.
     QImage withoutItem(quint32 tag);
+    QImage withoutItems(const QSet<quint32> &tags);
     QImage withoutTexts();
 
 private:

@@ -20,6 +20,7 @@ struct SPictureState
     QSet<quint32> cut;                      ///< that have no room for one of their texts
     QHash<quint32, STextContrast> contrast; ///< of the text that is read worst, when that is badly
     QVector<quint32> hidden;                ///< by what lies in front of them; front-most first
+    QSet<quint32> dimmed; ///< by an item that covers the page below others, as behind a question
 };
 
 /// Looks at pictures. Knows no model, so any thread may, one at a time: it may take a while. What

@@ -1,65 +1,16 @@
 #include "FindingsReport.h"
 
+#include "CItemLines.h"
 #include "CItemModel.h"
 #include "Rules.h"
 
 #include <QDir>
-#include <QHash>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QUrl>
 
 namespace {
-
-/// Where the elements of items begin, by kind and id or, for screens, name.
-class CLines
-{
-public:
-    explicit CLines(const QByteArray &document)
-    {
-        int number = 0;
-        for (const QByteArray &line : document.split('\n')) {
-            ++number;
-            const QByteArray element = line.trimmed();
-            if (!element.startsWith('<'))
-                continue;
-            const QByteArray kind = element.mid(1, element.indexOf(' ') - 1);
-            for (const char *key : {"id", "name"})
-                remember(kind, key, attribute(element, key), number);
-        }
-    }
-
-    int of(const CItemModel *item) const
-    {
-        if (!item)
-            return 1;
-        const QByteArray kind = item->itemTypeName().toUtf8();
-        const int byId = item->idString().isEmpty()
-                             ? 0
-                             : m_lines.value(kind + " id=" + item->idString().toUtf8());
-        const int byName = m_lines.value(kind + " name=" + item->name().toHtmlEscaped().toUtf8());
-        return byId > 0 ? byId : byName > 0 ? byName : 1;
-    }
-
-private:
-    static QByteArray attribute(const QByteArray &element, const char *key)
-    {
-        const QByteArray begin = QByteArray(" ") + key + "=\"";
-        const int at = element.indexOf(begin);
-        return at < 0 ? QByteArray()
-                      : element.mid(at + begin.size(),
-                                    element.indexOf('"', at + begin.size()) - at - begin.size());
-    }
-
-    void remember(const QByteArray &kind, const char *key, const QByteArray &value, int number)
-    {
-        int &line = m_lines[kind + ' ' + key + '=' + value];
-        if (line == 0)
-            line = number;
-    }
-
-    QHash<QByteArray, int> m_lines;
-};
 
 QString label(const CItemModel &item)
 {
@@ -98,20 +49,29 @@ QJsonObject toJson(const SFinding &finding, const QString &folder)
     return object;
 }
 
+/// From the current folder where it lies below it, which is where code hosts look for it.
+QString uriOf(const QString &file)
+{
+    const QString path = QDir::current().relativeFilePath(QFileInfo(file).absoluteFilePath());
+    if (path.startsWith(QLatin1String("../")) || QDir::isAbsolutePath(path))
+        return QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath()).toString(QUrl::FullyEncoded);
+    return QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));
+}
+
 QJsonObject message(const QString &text)
 {
     return {{QStringLiteral("text"), text}};
 }
 
-QJsonObject toSarif(const SFinding &finding, const QString &uri, const CLines &lines)
+QJsonObject toSarif(const SFinding &finding, const QString &uri, const CItemLines &lines)
 {
     const CItemModel *place = finding.item ? finding.item : finding.screen;
     QJsonObject location{
         {QStringLiteral("physicalLocation"),
          QJsonObject{
              {QStringLiteral("artifactLocation"), QJsonObject{{QStringLiteral("uri"), uri}}},
-             {QStringLiteral("region"),
-              QJsonObject{{QStringLiteral("startLine"), lines.of(place)}}}}}};
+             {QStringLiteral("region"), QJsonObject{{QStringLiteral("startLine"),
+                                                     lines.of(finding.screen, finding.item)}}}}}};
     if (place) {
         QString name = finding.screen ? finding.screen->name() : QString();
         if (finding.item)
@@ -186,12 +146,11 @@ QByteArray toSarif(const Findings &findings, const QString &file, const QByteArr
 {
     QJsonArray rules;
     for (const ERule rule : Rules::all())
-        rules.append(
-            QJsonObject{{QStringLiteral("id"), Rules::id(rule)},
-                        {QStringLiteral("shortDescription"), message(Rules::title(rule))}});
-    const CLines lines(document);
-    const QString uri =
-        QString::fromLatin1(QUrl::toPercentEncoding(QDir::fromNativeSeparators(file), "/"));
+        rules.append(QJsonObject{{QStringLiteral("id"), Rules::id(rule)},
+                                 {QStringLiteral("shortDescription"), message(Rules::title(rule))},
+                                 {QStringLiteral("help"), message(Rules::advice(rule))}});
+    const CItemLines lines(document);
+    const QString uri = uriOf(file);
     QJsonArray results;
     for (const SFinding &finding : findings)
         results.append(::toSarif(finding, uri, lines));

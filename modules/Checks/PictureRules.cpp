@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int CutOfText = 1; // pixels of a text that may stand out of its box
+constexpr int CutOfText = CRuleContext::CutOfText;
 
 bool isDisabled(const CItemModel &item)
 {
@@ -26,7 +26,7 @@ void checkContrast(CRuleContext &context, const SPictureState &picture,
     forEachItem(*context.screen, [&](const CItemModel &item) {
         const auto found = picture.contrast.constFind(item.id());
         if (found != picture.contrast.constEnd() && items.value(item.id()) == &item &&
-            !isDisabled(item))
+            !isDisabled(item) && !picture.dimmed.contains(item.id()))
             context.add(
                 ERule::Contrast, ESeverity::Warning, &item,
                 CRuleContext::tr("The text of %1 has a contrast of %2 : 1 to what is behind "
@@ -59,6 +59,10 @@ void checkTextSize(CRuleContext &context, const SPictureState &picture,
         if (picture.cut.contains(item.id()))
             context.add(ERule::TextCut, ESeverity::Warning, &item,
                         CRuleContext::tr("The text of %1 is cut.").arg(context.called(item)));
+        else if (context.isCutByEdge(picture.ink.value(item.id())))
+            context.add(ERule::TextCut, ESeverity::Warning, &item,
+                        CRuleContext::tr("The text of %1 goes beyond the edge of the page.")
+                            .arg(context.called(item)));
         else if (!hasRoom)
             context.add(ERule::TextCut, ESeverity::Warning, &item,
                         CRuleContext::tr("The text of %1 is larger than its box.")

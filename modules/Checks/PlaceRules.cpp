@@ -1,3 +1,4 @@
+#include "CPictureLook.h"
 #include "CProjectModel.h"
 #include "ItemGeometry.h"
 #include "ItemOutline.h"
@@ -10,6 +11,7 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <cmath>
 
 // Where items lie: on their screen, with a size, apart from each other where they are touched.
 
@@ -29,14 +31,21 @@ QRectF boundsOf(const CItemModel &item)
     return turn.map(QPolygonF(outline.box)).boundingRect();
 }
 
-void checkScreen(CRuleContext &context, const CItemModel &item, const QRectF &bounds)
+/// `text`: what is seen of the item's texts; where it is cut, that is told instead.
+void checkScreen(CRuleContext &context, const CItemModel &item, const QRectF &bounds,
+                 const QRect &text)
 {
     const QRectF screen(QPointF(0, 0), QSizeF(context.project.resolution()));
+    // Half of a line along the edge lies outside, as it is meant.
+    const bool isLine = item.geometryMode() == GeometryMode::TwoCorners;
+    const QRectF meant = isLine ? ItemGeometry::frameOf(item) : bounds;
+    const QRectF whole = screen.adjusted(-LeastPixel, -LeastPixel, LeastPixel, LeastPixel);
     const QRectF seen = bounds.intersected(screen);
     if (seen.width() < LeastPixel || seen.height() < LeastPixel)
         context.add(ERule::OutsideScreen, ESeverity::Warning, &item,
                     CRuleContext::tr("%1 lies outside the screen.").arg(context.called(item)));
-    else if (!screen.adjusted(-LeastPixel, -LeastPixel, LeastPixel, LeastPixel).contains(bounds))
+    else if (!context.isCutByEdge(text) &&
+             !(whole.contains(meant.topLeft()) && whole.contains(meant.bottomRight())))
         context.add(
             ERule::OutsideScreen, ESeverity::Note, &item,
             CRuleContext::tr("%1 lies partly outside the screen.").arg(context.called(item)));
@@ -62,11 +71,38 @@ bool hasNoSize(const CItemModel &item)
     return false;
 }
 
-void checkTouched(CRuleContext &context, const QVector<QPair<const CItemModel *, QRectF>> &touched)
+struct STouched
+{
+    const CItemModel *item;
+    QRectF bounds;
+    bool isAtWork; ///< nothing lies over it that is asked first
+};
+
+/// How far a point of a rectangle may come to another, 0 when it lies in it.
+double distanceTo(const QRectF &box, const QPointF &point)
+{
+    return std::hypot(point.x() - std::clamp(point.x(), box.left(), box.right()),
+                      point.y() - std::clamp(point.y(), box.top(), box.bottom()));
+}
+
+/// By a pixel and more. Dials are touched where they are round.
+bool overlap(const STouched &one, const STouched &other)
+{
+    const QRectF common = one.bounds.intersected(other.bounds);
+    if (common.width() < 1 || common.height() < 1)
+        return false;
+    const auto misses = [](const STouched &round, const STouched &box) {
+        return round.item->geometryMode() == GeometryMode::Radius &&
+               distanceTo(box.bounds, round.bounds.center()) > round.bounds.width() / 2 - 1;
+    };
+    return !misses(one, other) && !misses(other, one);
+}
+
+void checkTouched(CRuleContext &context, const QVector<STouched> &touched)
 {
     const double dots = context.setting(ProjectChecks::DotsPerInch, UsualDots);
     for (int i = 0; i < touched.size(); ++i) {
-        const auto &[item, bounds] = touched[i];
+        const auto &[item, bounds, isAtWork] = touched[i];
         const double side = std::min(bounds.width(), bounds.height()) / dots * MillimetresPerInch;
         if (side < LeastTouch)
             context.add(ERule::TouchSize, ESeverity::Warning, item,
@@ -75,21 +111,19 @@ void checkTouched(CRuleContext &context, const QVector<QPair<const CItemModel *,
                             .arg(context.called(*item))
                             .arg(side, 0, 'f', 1)
                             .arg(dots));
-        for (int other = 0; other < i; ++other) {
-            const QRectF common = bounds.intersected(touched[other].second);
-            if (common.width() >= 1 && common.height() >= 1)
+        for (int other = 0; other < i; ++other)
+            if (isAtWork && touched[other].isAtWork && overlap(touched[i], touched[other]))
                 context.add(ERule::TouchOverlap, ESeverity::Warning, item,
                             CRuleContext::tr("%1 and %2 can be touched in the same place.")
-                                .arg(context.called(*item), context.called(*touched[other].first)));
-        }
+                                .arg(context.called(*item), context.called(*touched[other].item)));
     }
 }
 
 } // namespace
 
-void checkPlaces(CRuleContext &context)
+void checkPlaces(CRuleContext &context, const SPictureState &picture)
 {
-    QVector<QPair<const CItemModel *, QRectF>> touched;
+    QVector<STouched> touched;
     forEachItem(*context.screen, [&](const CItemModel &item) {
         if (item.kind() != CItemModel::Kind::Widget)
             return;
@@ -101,9 +135,11 @@ void checkPlaces(CRuleContext &context)
         const QRectF bounds = boundsOf(item);
         if (bounds.isEmpty())
             return; // nothing of it is seen, a text that is empty for instance
-        checkScreen(context, item, bounds);
+        checkScreen(context, item, bounds, picture.ink.value(item.id()));
         if (context.isTouched(item))
-            touched.append({&item, bounds});
+            touched.append(
+                {&item, bounds,
+                 !picture.hidden.contains(item.id()) && !picture.dimmed.contains(item.id())});
     });
     checkTouched(context, touched);
 }

@@ -143,7 +143,7 @@ Findings ofScreen(const CItemModel &screen, const SScreenExport &render,
     CRuleContext context(*project, &screen, findings);
     checkChip(context, render);
     checkImages(context);
-    checkPlaces(context);
+    checkPlaces(context, picture);
     checkPictures(context, picture);
     checkNames(context);
     return findings;

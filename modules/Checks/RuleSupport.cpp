@@ -42,3 +42,10 @@ bool CRuleContext::isTouched(const CItemModel &item)
            item.library()->isTouched(item.itemTypeName()) &&
            (!item.hasProperty(enabled) || item.propertyValue(enabled).toBool());
 }
+
+bool CRuleContext::isCutByEdge(const QRect &ink) const
+{
+    const QRect page(QPoint(), project.resolution());
+    return page.intersects(ink) &&
+           !page.adjusted(-CutOfText, -CutOfText, CutOfText, CutOfText).contains(ink);
+}

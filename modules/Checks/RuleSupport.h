@@ -38,6 +38,9 @@ public:
     static QString called(const CItemModel &item);
     /// Whether the item is made to be touched and can be.
     static bool isTouched(const CItemModel &item);
+    static constexpr int CutOfText = 1; ///< pixels of a text that may stand out of its box
+    /// Whether some of a text is seen on the page and some lies beyond.
+    bool isCutByEdge(const QRect &ink) const;
 
     const CProjectModel &project;
     const CItemModel *const screen;
@@ -50,7 +53,7 @@ private:
 };
 
 // A file pair for each subject; each looks at one screen.
-void checkPlaces(CRuleContext &context);
+void checkPlaces(CRuleContext &context, const SPictureState &picture);
 void checkNames(CRuleContext &context);
 void checkChip(CRuleContext &context, const SScreenExport &render);
 void checkImages(CRuleContext &context);

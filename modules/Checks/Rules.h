@@ -8,6 +8,8 @@ namespace Rules {
 QString id(ERule rule);
 /// What the rule is about, a few words in the user's language.
 QString title(ERule rule);
+/// What can be done about it, a sentence or two in the user's language.
+QString advice(ERule rule);
 /// As reports call it: "error", "warning", "note".
 QString id(ESeverity severity);
 const QVector<ERule> &all();

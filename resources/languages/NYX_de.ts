@@ -5611,6 +5611,26 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
         <source>&amp;Convert Again</source>
         <translation>&amp;Neu umwandeln</translation>
     </message>
+    <message>
+        <source>&amp;Dots per Inch of the Display...</source>
+        <translation>&amp;Punkte pro Zoll des Displays...</translation>
+    </message>
+    <message>
+        <source>Dots per inch of the display:</source>
+        <translation>Punkte pro Zoll des Displays:</translation>
+    </message>
+    <message>
+        <source>Tell of &amp;Memory From...</source>
+        <translation>Von S&amp;peicher melden ab...</translation>
+    </message>
+    <message>
+        <source>Percent of a memory:</source>
+        <translation>Prozent eines Speichers:</translation>
+    </message>
+    <message>
+        <source>Change what the checks measure by</source>
+        <translation>Maß der Prüfungen ändern</translation>
+    </message>
 </context>
 <context>
     <name>Checks</name>
@@ -5785,6 +5805,86 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     <message>
         <source>Character that the font lacks</source>
         <translation>Zeichen, das der Schrift fehlt</translation>
+    </message>
+    <message>
+        <source>The message says what could not be drawn; the widget named needs another value.</source>
+        <translation>Die Meldung sagt, was nicht gezeichnet werden konnte; das genannte Element braucht einen anderen Wert.</translation>
+    </message>
+    <message>
+        <source>Choose a font that has the character, or give the project&apos;s font a fallback that does.</source>
+        <translation>Eine Schrift wählen, die das Zeichen hat, oder der Schrift des Projekts eine Ersatzschrift geben, die es hat.</translation>
+    </message>
+    <message>
+        <source>Other formats for the largest images take less; the dock Budget shows them.</source>
+        <translation>Andere Formate für die größten Bilder brauchen weniger; das Fenster Budget zeigt sie.</translation>
+    </message>
+    <message>
+        <source>Choose another value, or another chip under Tools, Options.</source>
+        <translation>Einen anderen Wert wählen, oder unter Werkzeuge, Optionen einen anderen Chip.</translation>
+    </message>
+    <message>
+        <source>Choose the image anew, or put its file back into the folder of converted images.</source>
+        <translation>Das Bild neu wählen, oder seine Datei in den Ordner der umgewandelten Bilder zurücklegen.</translation>
+    </message>
+    <message>
+        <source>Convert it again, so that the device shows what the file shows.</source>
+        <translation>Es neu umwandeln, damit das Gerät zeigt, was die Datei zeigt.</translation>
+    </message>
+    <message>
+        <source>Move it onto the page, or delete it: outside it costs memory and is not seen.</source>
+        <translation>Es auf die Seite schieben oder löschen: außerhalb kostet es Speicher und ist nicht zu sehen.</translation>
+    </message>
+    <message>
+        <source>Give it a size, or delete it.</source>
+        <translation>Ihm eine Größe geben oder es löschen.</translation>
+    </message>
+    <message>
+        <source>Bring it to the front, or delete it: it is drawn and never seen.</source>
+        <translation>Es nach vorn holen oder löschen: es wird gezeichnet und nie gesehen.</translation>
+    </message>
+    <message>
+        <source>Make it larger. If the size is right, tell the dots per inch of the display.</source>
+        <translation>Es größer machen. Ist die Größe richtig, die Punkte pro Zoll des Displays angeben.</translation>
+    </message>
+    <message>
+        <source>Move them apart: a finger between them meets either.</source>
+        <translation>Sie auseinanderrücken: ein Finger dazwischen trifft das eine oder das andere.</translation>
+    </message>
+    <message>
+        <source>Make the box larger, the font smaller or the text shorter.</source>
+        <translation>Den Kasten größer, die Schrift kleiner oder den Text kürzer machen.</translation>
+    </message>
+    <message>
+        <source>Choose a lighter or darker colour for the text or for what is behind it.</source>
+        <translation>Eine hellere oder dunklere Farbe für den Text oder das dahinter wählen.</translation>
+    </message>
+    <message>
+        <source>Convert the image in the size in which it is shown.</source>
+        <translation>Das Bild in der Größe umwandeln, in der es gezeigt wird.</translation>
+    </message>
+    <message>
+        <source>Let all widgets show one of the files; the package holds it once in any case.</source>
+        <translation>Alle Elemente eine der Dateien zeigen lassen; im Paket liegt sie ohnehin einmal.</translation>
+    </message>
+    <message>
+        <source>Delete the file, or ignore it when it is for later.</source>
+        <translation>Die Datei löschen, oder sie übergehen, wenn sie für später ist.</translation>
+    </message>
+    <message>
+        <source>Give it a new id: ids tell widgets apart on the device.</source>
+        <translation>Ihm eine neue Kennung geben: Kennungen unterscheiden Elemente auf dem Gerät.</translation>
+    </message>
+    <message>
+        <source>Rename it, so that it can be told apart.</source>
+        <translation>Es umbenennen, damit es zu unterscheiden ist.</translation>
+    </message>
+    <message>
+        <source>Rename one: the firmware knows them by names in C.</source>
+        <translation>Eines umbenennen: die Firmware kennt sie unter Namen in C.</translation>
+    </message>
+    <message>
+        <source>The text of %1 goes beyond the edge of the page.</source>
+        <translation>Der Text von %1 reicht über den Rand der Seite hinaus.</translation>
     </message>
 </context>
 <context>

@@ -5611,6 +5611,26 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
         <source>&amp;Convert Again</source>
         <translation>重新转换(&amp;C)</translation>
     </message>
+    <message>
+        <source>&amp;Dots per Inch of the Display...</source>
+        <translation>显示屏的每英寸点数(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>Dots per inch of the display:</source>
+        <translation>显示屏的每英寸点数：</translation>
+    </message>
+    <message>
+        <source>Tell of &amp;Memory From...</source>
+        <translation>内存提示的起点(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>Percent of a memory:</source>
+        <translation>占内存的百分比：</translation>
+    </message>
+    <message>
+        <source>Change what the checks measure by</source>
+        <translation>更改检查所用的尺度</translation>
+    </message>
 </context>
 <context>
     <name>Checks</name>
@@ -5785,6 +5805,86 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
     <message>
         <source>Character that the font lacks</source>
         <translation>字体缺少的字符</translation>
+    </message>
+    <message>
+        <source>The message says what could not be drawn; the widget named needs another value.</source>
+        <translation>消息说明了什么无法绘制；所指的控件需要另一个值。</translation>
+    </message>
+    <message>
+        <source>Choose a font that has the character, or give the project&apos;s font a fallback that does.</source>
+        <translation>选择含有该字符的字体，或为项目字体指定含有该字符的后备字体。</translation>
+    </message>
+    <message>
+        <source>Other formats for the largest images take less; the dock Budget shows them.</source>
+        <translation>最大的图像换用其他格式可节省内存；“预算”窗口会列出它们。</translation>
+    </message>
+    <message>
+        <source>Choose another value, or another chip under Tools, Options.</source>
+        <translation>选择另一个值，或在“工具”、“选项”中选择另一种芯片。</translation>
+    </message>
+    <message>
+        <source>Choose the image anew, or put its file back into the folder of converted images.</source>
+        <translation>重新选择图像，或把文件放回已转换图像的文件夹。</translation>
+    </message>
+    <message>
+        <source>Convert it again, so that the device shows what the file shows.</source>
+        <translation>重新转换，使设备显示的与文件一致。</translation>
+    </message>
+    <message>
+        <source>Move it onto the page, or delete it: outside it costs memory and is not seen.</source>
+        <translation>把它移到页面上，或将其删除：在页面之外它占用内存却看不见。</translation>
+    </message>
+    <message>
+        <source>Give it a size, or delete it.</source>
+        <translation>给它一个尺寸，或将其删除。</translation>
+    </message>
+    <message>
+        <source>Bring it to the front, or delete it: it is drawn and never seen.</source>
+        <translation>把它移到前面，或将其删除：它被绘制却永远看不见。</translation>
+    </message>
+    <message>
+        <source>Make it larger. If the size is right, tell the dots per inch of the display.</source>
+        <translation>把它放大。如果尺寸无误，请填写显示屏的每英寸点数。</translation>
+    </message>
+    <message>
+        <source>Move them apart: a finger between them meets either.</source>
+        <translation>把它们分开：手指落在中间会碰到任意一个。</translation>
+    </message>
+    <message>
+        <source>Make the box larger, the font smaller or the text shorter.</source>
+        <translation>放大文本框、缩小字体或缩短文本。</translation>
+    </message>
+    <message>
+        <source>Choose a lighter or darker colour for the text or for what is behind it.</source>
+        <translation>为文本或其背景选择更亮或更暗的颜色。</translation>
+    </message>
+    <message>
+        <source>Convert the image in the size in which it is shown.</source>
+        <translation>按显示的尺寸转换图像。</translation>
+    </message>
+    <message>
+        <source>Let all widgets show one of the files; the package holds it once in any case.</source>
+        <translation>让所有控件显示同一个文件；包中无论如何只存一份。</translation>
+    </message>
+    <message>
+        <source>Delete the file, or ignore it when it is for later.</source>
+        <translation>删除该文件；如果留待以后使用，请忽略此项。</translation>
+    </message>
+    <message>
+        <source>Give it a new id: ids tell widgets apart on the device.</source>
+        <translation>给它一个新的标识：设备上靠标识区分控件。</translation>
+    </message>
+    <message>
+        <source>Rename it, so that it can be told apart.</source>
+        <translation>将其重命名，以便区分。</translation>
+    </message>
+    <message>
+        <source>Rename one: the firmware knows them by names in C.</source>
+        <translation>将其中一个重命名：固件以 C 名称识别它们。</translation>
+    </message>
+    <message>
+        <source>The text of %1 goes beyond the edge of the page.</source>
+        <translation>%1 的文本超出了页面边缘。</translation>
     </message>
 </context>
 <context>

@@ -22,16 +22,24 @@ void CCheckResults::setProject(CProjectModel *project)
     if (project) {
         m_look = std::make_shared<CImageFileLook>();
         m_ignored = project->propertyText(Rules::IgnoredKey);
-        connect(project->undoStack(), &QUndoStack::indexChanged, this,
-                &CCheckResults::followIgnored);
+        m_measures = measures();
+        connect(project->undoStack(), &QUndoStack::indexChanged, this, &CCheckResults::followSteps);
     }
     m_isLooking = false;
     Q_EMIT changed();
 }
 
-/// Nothing tells of a change of the project itself but its steps.
-void CCheckResults::followIgnored()
+QStringList CCheckResults::measures() const
 {
+    return {m_project->propertyText(ProjectChecks::DotsPerInch),
+            m_project->propertyText(ProjectChecks::MemoryShare)};
+}
+
+/// Nothing tells of a change of the project itself but its steps.
+void CCheckResults::followSteps()
+{
+    if (std::exchange(m_measures, measures()) != m_measures)
+        Q_EMIT measuresChanged();
     if (std::exchange(m_ignored, m_project->propertyText(Rules::IgnoredKey)) == m_ignored)
         return;
     for (QVector<SEntry> *entries : {&m_ofProject, &m_ofFiles})

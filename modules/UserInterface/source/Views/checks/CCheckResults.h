@@ -40,6 +40,7 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void measuresChanged(); ///< by which the project is judged: all screens are to be taken again
 
 private:
     struct SScreen
@@ -51,13 +52,15 @@ private:
 
     SEntry entryOf(const SFinding &finding) const;
     void takeFiles(const SImageFiles::SState &state);
-    void followIgnored();
+    QStringList measures() const;
+    void followSteps();
 
     CProjectModel *m_project = nullptr; ///< not owned
     QVector<SScreen> m_screens;         ///< in the order in which they were taken first
     QVector<SEntry> m_ofProject;
     QVector<SEntry> m_ofFiles;
-    QString m_ignored; ///< what the project says of findings about it
+    QString m_ignored;      ///< what the project says of findings about it
+    QStringList m_measures; ///< by which it is judged
     std::shared_ptr<CImageFileLook> m_look;
     bool m_isLooking = false;
     bool m_looksAgain = false; ///< when it has looked

@@ -3,7 +3,6 @@
 #include "CImageRenewal.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
-#include "CheckFixes.h"
 #include "Rules.h"
 #include "ShownText.h"
 
@@ -165,6 +164,7 @@ void CChecksView::addGroup(const QString &title, const char *icon, const QVector
                                                : QString());
         const QString tip =
             Rules::title(entry.finding.rule) + QLatin1Char('\n') + entry.finding.text +
+            QLatin1Char('\n') + Rules::advice(entry.finding.rule) +
             (entry.finding.ignoredBecause.isEmpty()
                  ? QString()
                  : QLatin1Char('\n') + tr("Ignored: %1").arg(entry.finding.ignoredBecause));
@@ -242,6 +242,9 @@ void CChecksView::showMenu(const QPoint &place)
     const QString fix = CheckFixes::mend(entry);
     if (!fix.isEmpty())
         menu.addAction(fix, this, [this, &entry] { mend(entry); });
+    const CheckFixes::SMeasure measure = CheckFixes::measure(entry);
+    if (!measure.key.isEmpty())
+        menu.addAction(measure.title, this, [this, measure] { ask(measure); });
     menu.exec(m_tree->viewport()->mapToGlobal(place));
 }
 
@@ -255,6 +258,17 @@ void CChecksView::ignore(const CCheckResults::SEntry &entry)
                          !(entry.finding.screen && !entry.screen.isValid());
     if (isGiven && isThere && m_results->project() && !reason.trimmed().isEmpty())
         CheckFixes::ignore(*m_results->project(), entry, reason);
+}
+
+void CChecksView::ask(const CheckFixes::SMeasure &measure)
+{
+    bool isGiven = false;
+    const double known = m_results->project()->propertyText(measure.key).toDouble();
+    const double value = QInputDialog::getDouble(
+        this, QString(measure.title).remove(QLatin1Char('&')).remove(QLatin1String("...")),
+        measure.question, known > 0 ? known : measure.usual, 1, measure.most, 0, &isGiven);
+    if (isGiven && m_results->project() && value != known)
+        CheckFixes::setMeasure(*m_results->project(), measure.key, value);
 }
 
 void CChecksView::mend(const CCheckResults::SEntry &entry)

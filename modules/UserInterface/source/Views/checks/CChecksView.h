@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CCheckResults.h"
+#include "CheckFixes.h"
 
 #include <QWidget>
 
@@ -45,6 +46,7 @@ private:
     void showPlace(const QTreeWidgetItem *row);
     void showMenu(const QPoint &place);
     void ignore(const CCheckResults::SEntry &entry);
+    void ask(const CheckFixes::SMeasure &measure);
     void mend(const CCheckResults::SEntry &entry);
     const CCheckResults::SEntry *entryOf(const QTreeWidgetItem *row) const;
     void retranslate();

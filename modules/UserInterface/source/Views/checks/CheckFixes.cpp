@@ -103,6 +103,24 @@ void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
         change(project, *item, PropertyKey::Name, unusedName(project, *item), SText::tr("Rename"));
 }
 
+SMeasure measure(const CCheckResults::SEntry &entry)
+{
+    if (entry.finding.rule == ERule::TouchSize)
+        return {ProjectChecks::DotsPerInch, SText::tr("&Dots per Inch of the Display..."),
+                SText::tr("Dots per inch of the display:"), 150, 1000};
+    if (entry.finding.rule == ERule::Memory && entry.finding.severity == ESeverity::Warning)
+        return {ProjectChecks::MemoryShare, SText::tr("Tell of &Memory From..."),
+                SText::tr("Percent of a memory:"), 80, 100};
+    return {};
+}
+
+void setMeasure(CProjectModel &project, const QString &key, double value)
+{
+    auto *command = new CCommandChangeProjectProperty(&project, key, QString::number(value));
+    command->setText(SText::tr("Change what the checks measure by"));
+    project.undoStack()->push(command);
+}
+
 void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason)
 {
     CItemModel *item = placeOf(project, entry);

@@ -14,6 +14,18 @@ void apply(CProjectModel &project, const CCheckResults::SEntry &entry);
 /// Whether it removes a file.
 bool removesFile(const CCheckResults::SEntry &entry);
 
+/// What of the project the rule measures by, and the user may set.
+struct SMeasure
+{
+    QString key;   ///< of the project's property; empty when there is none
+    QString title; ///< for a menu
+    QString question;
+    double usual = 0;
+    double most = 0;
+};
+SMeasure measure(const CCheckResults::SEntry &entry);
+void setMeasure(CProjectModel &project, const QString &key, double value);
+
 /// Ignores the rule for the item or the screen, or what of the project it was found in. A null
 /// reason ends it.
 void ignore(CProjectModel &project, const CCheckResults::SEntry &entry, const QString &reason);

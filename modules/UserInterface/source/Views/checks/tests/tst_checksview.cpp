@@ -38,6 +38,7 @@ private Q_SLOTS:
     void mends_data();
     void mends();
     void ignoring();
+    void measures();
     void imagesArePaintedAnew();
     void waitsWhileBusy();
 
@@ -215,6 +216,23 @@ void tst_ChecksView::ignoring()
     CheckFixes::ignore(*m_project, first(), QString());
     QTRY_COMPARE_WITH_TIMEOUT(m_view->count(), 1, 10000);
     QCOMPARE(m_project->saveToBytes(&error), before);
+}
+
+void tst_ChecksView::measures()
+{
+    connect(m_results.get(), &CCheckResults::measuresChanged, m_rounds.get(),
+            &CScreenRounds::restart);
+    QString error;
+    m_project->screen(0)->appendRow(
+        ItemFactory::make("Kiv_Button_T", m_project->library(), m_project.get()));
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000); // 40 pixels are less than 7 mm
+    const QByteArray before = m_project->saveToBytes(&error);
+    const CheckFixes::SMeasure measure = CheckFixes::measure(first());
+    CheckFixes::setMeasure(*m_project, measure.key, 100);
+    QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList(), 10000);
+    m_project->undoStack()->undo();
+    QCOMPARE(m_project->saveToBytes(&error), before);
+    QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
 }
 
 /// Of which nothing in the project tells.
