@@ -17,7 +17,7 @@ namespace {
 
 constexpr int Margin = 6; // pixels
 constexpr int BytesColumn = 1;
-constexpr int TableChars = 48; // of which the longest name is seen whole
+constexpr int TableChars = 44; // of which the longest name is seen whole
 
 QStringList formatsOf(const SImageTrials &image)
 {
@@ -51,6 +51,7 @@ CWhatIfView::CWhatIfView(QWidget *parent)
     auto *right = new QVBoxLayout;
     right->addWidget(m_hint);
     right->addWidget(m_pictures, 1);
+    m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // the button is seen whole
     auto *below = new QHBoxLayout;
     below->addWidget(m_name, 1);
     below->addWidget(m_use);
@@ -165,8 +166,8 @@ void CWhatIfView::showChosen()
                       !m_image.isLocked);
     m_use->setToolTip(m_image.isLocked ? tr("An item that shows the image is locked.") : QString());
     const QString name = QFileInfo(m_image.source).fileName();
-    m_name->setText(name.isEmpty() ? QString()
-                                   : ShownText::name(tr("%1, now %2").arg(name, m_image.format)));
+    m_name->setText(ShownText::name(name));
+    m_name->setToolTip(ShownText::toolTip(tr("%1, now %2").arg(m_image.source, m_image.format)));
     m_hint->setVisible(m_image.source.isEmpty());
     m_hint->setText(m_image.asset.file.isEmpty()
                         ? tr("Choose a picture in the first table.")
