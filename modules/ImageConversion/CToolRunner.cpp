@@ -82,6 +82,7 @@ CToolWait::CToolWait(CToolProcess *process, QDialog *box) : m_process(process), 
     if (auto *shared = qobject_cast<QProgressDialog *>(box)) {
         m_isShared = true;
         QObject::connect(shared, &QProgressDialog::canceled, &m_loop, &QEventLoop::quit);
+        QObject::connect(shared, &QObject::destroyed, &m_loop, &QEventLoop::quit);
     }
     QObject::connect(process, &QProcess::readyReadStandardOutput, &m_receiver,
                      [this] { takeOutput(); });

@@ -3,7 +3,9 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProgressBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTextCodec>
 #include <QTimer>
@@ -74,6 +76,8 @@ private Q_SLOTS:
     void waysToEndAHungTool();
     void whatAToolLeavesBehindIsEnded();
     void parentOfTheBoxGoesAway();
+    void boxOfTheCaller_data();
+    void boxOfTheCaller();
     void floodStaysOutOfMemory();
 
 private:
@@ -215,6 +219,47 @@ void tst_ToolRunner::parentOfTheBoxGoesAway()
     });
     QCOMPARE(run("sleep 1000"), QString("stub was cancelled"));
     QVERIFY(watcher.hasSeenBox());
+}
+
+void tst_ToolRunner::boxOfTheCaller_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"Cancel", "Escape", "close", "delete"})
+        QTest::newRow(way) << way;
+}
+
+void tst_ToolRunner::boxOfTheCaller()
+{
+    QFETCH(QString, way);
+    QPointer<QProgressDialog> box = new QProgressDialog("", "Cancel", 0, 2);
+    box->setAutoClose(false);
+    box->show();
+    QVERIFY(QTest::qWaitForWindowActive(box));
+    const auto runUnder = [&](const QByteArray &commands) {
+        m_stubs->addTool("stub.exe", commands);
+        return CToolRunner(CToolRunner::DefaultTimeLimit, box)
+            .run({m_stubs->toolPath("stub.exe"), {}, m_stubs->path("")});
+    };
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(runUnder("exit 0"), QString());
+        QVERIFY(box->isVisible()); // nothing flickers
+    }
+    QTimer::singleShot(300, box, [&] {
+        if (way == "Cancel")
+            box->findChild<QPushButton *>()->click();
+        else if (way == "Escape")
+            QTest::keyClick(box, Qt::Key_Escape);
+        else if (way == "close")
+            box->close();
+        else
+            delete box;
+    });
+    QCOMPARE(runUnder("echo $$ > pids; while :; do sleep 1000; done"),
+             QString("stub was cancelled"));
+    QTRY_VERIFY(pids().isEmpty() || !isAlive(pids().first()));
+    if (box) // and so is what would come next
+        QCOMPARE(runUnder("sleep 1000"), QString("stub was cancelled"));
+    delete box;
 }
 
 void tst_ToolRunner::floodStaysOutOfMemory()
