@@ -116,11 +116,7 @@ QString CItemFacets::kindName(const CItemModel &item)
         return item.itemTypeName();
     const QString name =
         item.library()->propertySet(item.itemTypeName()).value(PropertyKey::Name).text();
-    if (name.isEmpty())
-        return item.itemTypeName();
-    // A translation may say where a word can be broken; who looks for the word types none of that.
-    return QCoreApplication::translate("WidgetLibrary", name.toUtf8().constData())
-        .remove(QChar(QChar::SoftHyphen));
+    return name.isEmpty() ? item.itemTypeName() : PropertyWords::kind(name);
 }
 
 QString CItemFacets::imageName(const CItemModel &item)

@@ -1278,11 +1278,11 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <name>CGuideActions</name>
     <message>
         <source>Pixels from the left:</source>
-        <translation>距左侧的像素:</translation>
+        <translation>距左侧的像素：</translation>
     </message>
     <message>
         <source>Pixels from the top:</source>
-        <translation>距顶部的像素:</translation>
+        <translation>距顶部的像素：</translation>
     </message>
     <message>
         <source>Guides</source>
@@ -1420,11 +1420,11 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
     <message>
         <source>Pixels from the left:</source>
-        <translation>距左侧的像素:</translation>
+        <translation>距左侧的像素：</translation>
     </message>
     <message>
         <source>Pixels from the top:</source>
-        <translation>距顶部的像素:</translation>
+        <translation>距顶部的像素：</translation>
     </message>
 </context>
 <context>

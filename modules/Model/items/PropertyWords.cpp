@@ -57,6 +57,11 @@ QString PropertyWords::entry(const QString &name)
     return translated(english);
 }
 
+QString PropertyWords::kind(const QString &name)
+{
+    return translated(name).remove(QChar(QChar::SoftHyphen));
+}
+
 QString PropertyWords::truth(bool isTrue)
 {
     return QCoreApplication::translate("QtBoolEdit", isTrue ? "True" : "False");

@@ -15,6 +15,9 @@ QString caption(const CItemModel &item, const QString &key);
 QString keyOf(const CItemModel &item, const QString &name);
 /// "Left" for the entry "left" of an enumeration.
 QString entry(const QString &name);
+/// "Button" for a kind that the library calls so; without the marks of a translation that say where
+/// the word can be broken: who looks for it types none of them.
+QString kind(const QString &name);
 /// "True" or "False".
 QString truth(bool isTrue);
 /// How much of the property is one of what users see: of a length in sixteenths 16, else 1.

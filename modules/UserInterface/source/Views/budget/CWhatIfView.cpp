@@ -48,6 +48,7 @@ CWhatIfView::CWhatIfView(QWidget *parent)
     m_table->sortByColumn(BytesColumn, Qt::DescendingOrder);
     m_use->setObjectName(QStringLiteral("useFormat"));
     m_hint->setWordWrap(true);
+    m_name->setWordWrap(true); // rather than narrow the button
     auto *right = new QVBoxLayout;
     right->addWidget(m_hint);
     right->addWidget(m_pictures, 1);
@@ -69,7 +70,6 @@ CWhatIfView::CWhatIfView(QWidget *parent)
     retranslate();
     m_table->header()->setStretchLastSection(false);
     m_table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 void CWhatIfView::setResults(CBudgetResults *results)

@@ -40,7 +40,7 @@ QString CChangeTexts::name(const SItemState &item) const
     if (item.kind == CItemModel::Kind::Group)
         kind = tr("Group");
     else if (m_library && m_library->contains(kind))
-        kind = ofLibrary(m_library->propertySet(kind).value(PropertyKey::Name).text());
+        kind = PropertyWords::kind(m_library->propertySet(kind).value(PropertyKey::Name).text());
     return ShownText::name(QStringLiteral("%1 \"%2\"").arg(kind, item.name));
 }
 
