@@ -146,6 +146,8 @@ private Q_SLOTS:
         read.setTexts(settings.read().projectViews);
         QCOMPARE(read.texts().size(), CProjectViews::MaxProjects);
         const auto found = read.find("/a \"b\"\\.nyx");
+        QCOMPARE(read.lastFirst({"/other", "/p28.nyx", "/new", "/p29.nyx"}),
+                 (QStringList{"/p29.nyx", "/p28.nyx", "/other", "/new"}));
         QVERIFY(found && !read.find("/p0.nyx") && read.find("/p29.nyx"));
         QVERIFY(found->pages.size() > 20 && found->pages.size() <= CProjectViews::MaxPages);
         const SProjectView::SPage &page = found->pages.at(found->current);

@@ -117,3 +117,18 @@ void CProjectViews::remember(const QString &file, SProjectView view)
         m_texts.prepend(text);
     m_texts = m_texts.mid(0, MaxProjects);
 }
+
+QStringList CProjectViews::lastFirst(QStringList files) const
+{
+    QStringList order;
+    for (const QString &text : m_texts)
+        order.append(objectOf(text).value(File).toString());
+    const auto place = [&order](const QString &file) {
+        const int at = order.indexOf(file);
+        return at < 0 ? order.size() : at;
+    };
+    std::stable_sort(
+        files.begin(), files.end(),
+        [&place](const QString &left, const QString &right) { return place(left) < place(right); });
+    return files;
+}

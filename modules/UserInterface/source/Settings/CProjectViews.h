@@ -39,6 +39,8 @@ public:
     /// Nothing when it is not known. `file`: absolute.
     std::optional<SProjectView> find(const QString &file) const;
     void remember(const QString &file, SProjectView view);
+    /// Of these files those that are known first, the one that was closed last at the front.
+    QStringList lastFirst(QStringList files) const;
 
 private:
     QStringList m_texts; ///< the last one first

@@ -209,7 +209,7 @@ void CMainWindow::connectSession()
     connect(this, &CMainWindow::projectClosed, this, &CMainWindow::showSaveState);
     connect(m_errorMessage, &CErrorBox::saveAsWanted, this, &CMainWindow::saveProjectAs);
     connect(m_recent, &CRecentProjects::changed, this, [this] {
-        m_start->setRecentProjects(m_recent->paths());
+        showRecentProjects();
         Q_EMIT listRecentProjectsUpdated();
     });
     connect(m_start, &CStartScreen::newProjectWanted, this, &CMainWindow::newProject);
@@ -222,6 +222,12 @@ void CMainWindow::connectSession()
         else
             unsetCursor();
     });
+}
+
+/// On the start page; the menu keeps the order of the list.
+void CMainWindow::showRecentProjects()
+{
+    m_start->setRecentProjects(m_viewMemory->views()->lastFirst(m_recent->paths()));
 }
 
 void CMainWindow::activate(CProjectModel *project)
@@ -240,6 +246,7 @@ void CMainWindow::deactivate(CProjectModel *project)
     m_export->cancel();
     m_viewMemory->remember(m_session->path());
     m_start->keepPicture();
+    showRecentProjects();
     m_undoGroup->removeStack(project->undoStack());
     m_subjects->setProject(nullptr);
     m_panels->clear();

@@ -175,6 +175,7 @@ private:
     void writeSettings();
     void showSaveState();
     void connectSession();
+    void showRecentProjects();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
     std::optional<SShownScreen> shownScreen();

@@ -118,6 +118,7 @@ void CMainWindow::useSettings(const SSettings &values)
     m_centre->actions()->setShortcutTexts(values.shortcuts);
     m_centre->finder()->setLastUsed(values.usedActions);
     m_viewMemory->views()->setTexts(values.projectViews);
+    showRecentProjects();
 }
 
 void CMainWindow::writeSettings()

@@ -15,8 +15,10 @@ CExplorerPanel::CExplorerPanel(QWidget *parent)
     connect(m_filter, &QLineEdit::textChanged, m_view->filter(), &CExplorerFilter::setText);
     connect(m_filter, &QLineEdit::returnPressed, m_view, [this] {
         const QModelIndex found = m_view->filter()->firstFound();
-        if (found.isValid())
-            m_view->setCurrentIndex(found);
+        if (!found.isValid())
+            return;
+        m_view->setCurrentIndex(found);
+        m_view->scrollTo(found); // also when it was current before
     });
     retranslate();
 }

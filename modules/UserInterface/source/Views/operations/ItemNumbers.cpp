@@ -6,6 +6,8 @@
 #include "PropertyKey.h"
 #include "PropertyWords.h"
 
+#include <QCoreApplication>
+
 namespace {
 QString keyOf(const QString &name)
 {
@@ -14,13 +16,18 @@ QString keyOf(const QString &name)
                                                        {QStringLiteral("x2"), PropertyKey::X2},
                                                        {QStringLiteral("y2"), PropertyKey::Y2}};
     const QString key = name.toLower();
+    for (const char *letter : {"W", "H"}) { // and as the panel has them
+        const QString shown = QCoreApplication::translate("CPropertyLayout", letter);
+        if (key == QString::fromLatin1(letter).toLower() || key == shown.toLower())
+            return *letter == 'W' ? PropertyKey::Width : PropertyKey::Height;
+    }
     return shortNames.value(key, key);
 }
 } // namespace
 
 std::optional<double> ItemNumbers::find(const CItemModel &item, const QString &name)
 {
-    QString key = keyOf(name);
+    QString key = item.hasProperty(name) ? name : keyOf(name);
     if (!item.hasProperty(key))
         key = PropertyWords::keyOf(item, name);
     const auto property = item.properties().constFind(key);

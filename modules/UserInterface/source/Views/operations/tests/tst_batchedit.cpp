@@ -42,6 +42,7 @@ private Q_SLOTS:
         row("2-3-4", "-5");
         row("12/2/3", "2");
         row("Height-Y", "21");
+        row("H/2+w", "55");
         row("corner radius*2 + Corner  Radius", "30");
         row("corner radiu", "\"corner radiu\"");
         row("50%", "6");
