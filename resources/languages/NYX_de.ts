@@ -4963,6 +4963,14 @@ Installierte Version: </translation>
         <source>Guides</source>
         <translation>Hilfslinien</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Ausgeblendet</translation>
+    </message>
 </context>
 <context>
     <name>CChangesModel</name>

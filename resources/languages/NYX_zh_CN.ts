@@ -4963,6 +4963,14 @@ Installed version: </source>
         <source>Guides</source>
         <translation>参考线</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>已隐藏</translation>
+    </message>
 </context>
 <context>
     <name>CChangesModel</name>

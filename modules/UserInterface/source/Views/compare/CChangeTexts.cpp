@@ -50,6 +50,10 @@ QString CChangeTexts::caption(const SItemState *item, const QString &key) const
         return tr("Font %1").arg(ShownText::name(key.section(QLatin1Char(' '), 1)));
     if (key == PropertyKey::Guides)
         return tr("Guides");
+    if (key == PropertyKey::Locked)
+        return tr("Locked");
+    if (key == PropertyKey::Hidden)
+        return tr("Hidden");
     if (!m_library)
         return ShownText::name(key);
     return ShownText::name(

@@ -173,8 +173,8 @@ const SValueChange *CChangesModel::valueOf(const QModelIndex &index) const
     const SPlace place = placeOf(index);
     if (place.row < 0)
         return nullptr;
-    const QVector<SValueChange> &values =
-        place.item >= 0 ? itemOf(index)->values : valuesOf(*topOf(index));
+    const SItemChange *item = place.item >= 0 ? itemOf(index) : nullptr;
+    const QVector<SValueChange> &values = item ? item->values : valuesOf(*topOf(index));
     return place.row < values.size() ? &values.at(place.row) : nullptr;
 }
 

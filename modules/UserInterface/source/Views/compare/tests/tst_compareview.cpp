@@ -9,12 +9,16 @@
 #include "CProgramData.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CVersionDialog.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QLineEdit>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <QtTest>
 
 #include <memory>
@@ -30,6 +34,9 @@ private Q_SLOTS:
     void cleanup();
 
     void listsPicturesAndPlaces();
+    void saysWhatPeopleRead();
+    void picturesShareZoomAndPlace();
+    void aTypedRevisionIsAskedOf();
     void noPictures_data();
     void noPictures();
     void closedMeanwhile();
@@ -153,6 +160,104 @@ void tst_CompareView::listsPicturesAndPlaces()
         QVERIFY(failed.wait());
     }
     QCOMPARE(m_comparison->title(), "v1");
+}
+
+void tst_CompareView::saysWhatPeopleRead()
+{
+    QByteArray old = now();
+    old.replace("fill_color=\"#ff0000\"", "fill_color=\"#00ff00\" hidden_in_editor=\"1\"");
+    old.replace("  <Kiv_Rectangle_T",
+                "  <Kiv_Text_T name=\"T\" id=\"4\" font=\"20\" align=\"right\"/>\n"
+                "  <Kiv_Circle_T name=\"C\" id=\"5\" point_size=\"40\"/>\n  <Kiv_Rectangle_T");
+    QByteArray later = old;
+    later.replace("#00ff00\" hidden_in_editor=\"1\"", "#ff0000\"")
+        .replace("font=\"20\"", "font=\"21\"");
+    later.replace("\"right\"", "\"center\"").replace("\"40\"", "\"56\"");
+    QString error;
+    QVERIFY2(m_project->loadFromBytes(later, &error), qPrintable(error));
+    m_comparison->compareWith(old, "v1");
+    QTRY_COMPARE(rows().size(), 9);
+    const QStringList told = rows();
+    QVERIFY2(told[2].startsWith("Font|20 · ") && told[2].contains("|21 · "), qPrintable(told[2]));
+    QCOMPARE(told[3], "Alignment|Right|Center");
+    QCOMPARE(told.mid(5), QStringList({"Radius|2.5|3.5", "Changed: Rectangle \"A\"||",
+                                       "Fill colour|#00ff00|#ff0000", "Hidden|True|False"}));
+    const QAbstractItemModel *model = list()->model();
+    const QModelIndex colour = model->index(0, 1, model->index(2, 0, model->index(0, 0)));
+    const auto swatch = colour.data(Qt::DecorationRole).value<QPixmap>().toImage();
+    QCOMPARE(swatch.pixelColor(swatch.rect().center()), QColor("#00ff00"));
+    QCOMPARE(colour.siblingAtColumn(0).data(Qt::ToolTipRole).toString(), "fill_color");
+}
+
+/// A pixel of the page stays below the pointer; both sides show the same part.
+void tst_CompareView::picturesShareZoomAndPlace()
+{
+    CComparedPictures pictures;
+    pictures.resize(406, 200);
+    CPicturePairs::SShown shown;
+    shown.before = QImage(100, 80, QImage::Format_RGB32);
+    shown.before.fill(Qt::black);
+    shown.now = shown.before;
+    shown.before.setPixelColor(70, 50, Qt::green);
+    shown.now.setPixelColor(70, 50, Qt::blue);
+    pictures.setPictures(shown);
+    pictures.setMode(CComparedPictures::SideBySide);
+    pictures.show();
+    QVERIFY(pictures.isFitted());
+    QCOMPARE(pictures.zoom(), 1.0); // the largest whole one with which it fits
+    const auto middleOf = [&pictures](const QColor &colour) {
+        const QImage picture = pictures.viewport()->grab().toImage();
+        QRect found;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixelColor(x, y) == colour)
+                    found |= QRect(x, y, 1, 1);
+        return found.center();
+    };
+    pictures.zoomTo(4, middleOf(Qt::green));
+    const QPoint before = middleOf(Qt::green);
+    QCOMPARE(middleOf(Qt::blue).y(), before.y());
+    for (int step = 0; step < 2; ++step) {
+        QWheelEvent wheel(before, pictures.viewport()->mapToGlobal(before), {}, {0, 120},
+                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(pictures.viewport(), &wheel);
+    }
+    QCOMPARE(pictures.zoom(), 8.0);
+    QVERIFY((middleOf(Qt::green) - before).manhattanLength() <= 8);
+    const QPoint now = middleOf(Qt::blue);
+    QCOMPARE(now - middleOf(Qt::green), QPoint(206, 0)); // a pane and the gap
+    pictures.setMode(CComparedPictures::Swipe);
+    QTest::keyClick(&pictures, Qt::Key_1);
+    QCOMPARE(pictures.zoom(), 1.0);
+    QTest::keyClick(&pictures, Qt::Key_0);
+    QVERIFY(pictures.isFitted());
+    QCOMPARE(pictures.zoom(), 2.0);
+}
+
+/// Of a project that lies in no work tree only what is kept is offered; in one, the dialog stays
+/// open until git knows the revision.
+void tst_CompareView::aTypedRevisionIsAskedOf()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("a.nyx");
+    QFile(file).open(QIODevice::WriteOnly);
+    for (const QStringList &words :
+         {QStringList{"init", "-q"}, QStringList{"add", "."},
+          QStringList{"-c", "user.name=n", "-c", "user.email=e@f.g", "commit", "-q", "-m", "one"}})
+        QCOMPARE(QProcess::execute("git", QStringList{"-C", folder.path()} + words), 0);
+    CVersionDialog dialog({}, file, nullptr);
+    dialog.show();
+    auto *typed = dialog.findChild<QLineEdit *>();
+    QTRY_VERIFY(typed->isVisible());
+    QTest::keyClicks(typed, "--all");
+    QTest::keyClick(typed, Qt::Key_Return);
+    QTRY_VERIFY(typed->hasSelectedText()); // and why stands there
+    QVERIFY(dialog.isVisible());
+    QTest::keyClicks(typed, "HEAD");
+    QTest::keyClick(typed, Qt::Key_Return);
+    QTRY_VERIFY(!dialog.isVisible());
+    QCOMPARE(dialog.choice().kind, CVersionDialog::EKind::Git);
+    QCOMPARE(dialog.choice().id.size(), 40);
 }
 
 void tst_CompareView::noPictures_data()
