@@ -9,6 +9,7 @@
 #include "CEmulatorAdapter.h"
 #include "CEmulatorSession.h"
 #include "CErrorBox.h"
+#include "CExportCommands.h"
 #include "CExportController.h"
 #include "CLanguageLoader.h"
 #include "CMainPanels.h"
@@ -34,6 +35,7 @@
 #include "CViewMemory.h"
 #include "CWindowPlacement.h"
 #include "CZoomComboWidget.h"
+#include "CZoomCommands.h"
 #include "ProgramInfo.h"
 #include "ShownText.h"
 
@@ -81,10 +83,12 @@ CMainWindow::CMainWindow(const QString &file)
     const SSettings settings = readSettings();
     startSubsystems();
     m_panels = new CMainPanels(this);
-    connect(m_panels, &CMainPanels::zoomWanted, this, &CMainWindow::zoomTo);
     m_edit = std::make_unique<CEditCommands>(this, m_panels);
     makeProjectParts();
     m_menuBar = new CMenuBar(this);
+    m_zoom = std::make_unique<CZoomCommands>(m_panels, m_menuBar);
+    connect(m_panels, &CMainPanels::zoomWanted, this,
+            [this](const QVector<CItemModel *> &items) { m_zoom->to(items); });
     m_subjects = std::make_unique<CMenuSubjects>(this, m_panels, m_menuBar);
     connect(m_panels->screens(), &CScreen::menuAboutToShow, m_menuBar, &CMenuBar::complete);
     m_edit->watchKeysOf(*m_menuBar);
@@ -154,6 +158,7 @@ void CMainWindow::makeProjectParts()
     m_autosaveRetry->setSingleShot(true);
     connect(m_autosaveRetry, &QTimer::timeout, this, &CMainWindow::autosave);
     m_export = new CExportController(this, CEmulatorAdapter::instance(), m_user.get());
+    m_exports = std::make_unique<CExportCommands>(m_panels, m_session, m_export);
     connect(m_export, &CExportController::findings, m_panels, &CMainPanels::showFindings);
     connect(m_export, &CExportController::finished, this, [this] {
         if (m_closeAfterExport)

@@ -7,10 +7,8 @@
 
 #include <QColor>
 #include <QMainWindow>
-#include <QVector>
 
 #include <memory>
-#include <optional>
 
 class CActionCentre;
 class CAutosaver;
@@ -19,6 +17,7 @@ class CDialogQuestions;
 class CEditCommands;
 class CEmulatorSession;
 class CErrorBox;
+class CExportCommands;
 class CExportController;
 class CHelpWindow;
 class CItemModel;
@@ -38,12 +37,12 @@ class CStartScreen;
 class CStatusBar;
 class CUpdater;
 class CViewMemory;
+class CZoomCommands;
 class QFile;
 class QMessageBox;
 class QTimer;
 class QUndoGroup;
 struct SSettings;
-struct SShownScreen;
 
 /// The frame of the application: makes the parts, connects them, and hands each command of the
 /// menus to the part that carries it out.
@@ -149,7 +148,6 @@ public Q_SLOTS:
     void pasteInPlace();
     void duplicate();
     void zoomToSelection();
-    void zoomTo(const QVector<CItemModel *> &items); ///< of the shown page
     void zoomToPrevious();
     void hideItems();
     void showHiddenItems();
@@ -178,7 +176,6 @@ private:
     void showRecentProjects();
     void activate(CProjectModel *project);
     void deactivate(CProjectModel *project);
-    std::optional<SShownScreen> shownScreen();
     void showTheme(CTheme::Kind kind);
     void showWindowToggles();
     bool isBusy() const;
@@ -201,9 +198,11 @@ private:
     CAutosaveTimer *m_autosaveTimer = nullptr;
     QTimer *m_autosaveRetry = nullptr;
     CExportController *m_export = nullptr;
+    std::unique_ptr<CExportCommands> m_exports;
     CMainPanels *m_panels = nullptr;
     std::unique_ptr<CEditCommands> m_edit;
     CMenuBar *m_menuBar = nullptr;
+    std::unique_ptr<CZoomCommands> m_zoom;
     std::unique_ptr<CMenuSubjects> m_subjects;
     CActionCentre *m_centre = nullptr;
     CViewMemory *m_viewMemory = nullptr;

@@ -4,7 +4,7 @@
 #include "CEditCommands.h"
 #include "CEditorState.h"
 #include "CEmulatorAdapter.h"
-#include "CExportController.h"
+#include "CExportCommands.h"
 #include "CFontsDialog.h"
 #include "CHelpWindow.h"
 #include "CLanguageDialog.h"
@@ -18,17 +18,12 @@
 #include "CProjectOpener.h"
 #include "CProjectSession.h"
 #include "CScreen.h"
-#include "CScreenModel.h"
 #include "CScreenNavigator.h"
 #include "CScreenView.h"
 #include "CSelectionCommands.h"
 #include "CUpdater.h"
-#include "CZoomComboWidget.h"
-#include "ChipFindings.h"
-#include "ItemGeometry.h"
-#include "ItemTree.h"
+#include "CZoomCommands.h"
 #include "ProgramInfo.h"
-#include "ZoomRule.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -37,11 +32,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include <algorithm>
-
 namespace {
 constexpr int AutosaveRetryTime = 1000; // ms
-constexpr double ShareOfView = 0.8;     // that the selection takes up when it is zoomed to
 
 void toggle(QWidget *widget)
 {
@@ -164,23 +156,17 @@ void CMainWindow::autosave()
 
 void CMainWindow::exportProjectDL()
 {
-    m_panels->finishEdits();
-    if (project())
-        m_export->exportProjectDL(project(), m_session->workingDirectory());
+    m_exports->projectDL();
 }
 
 void CMainWindow::exportProjectBin()
 {
-    m_panels->finishEdits();
-    if (project())
-        m_export->exportProjectBin(project(), m_session->workingDirectory());
+    m_exports->projectBin();
 }
 
 void CMainWindow::exportPackage()
 {
-    m_panels->finishEdits();
-    if (project())
-        m_export->exportPackage(project(), m_session->workingDirectory());
+    m_exports->package();
 }
 
 void CMainWindow::setSnapToGrid(bool enabled)
@@ -191,24 +177,6 @@ void CMainWindow::setSnapToGrid(bool enabled)
 bool CMainWindow::snapToGrid() const
 {
     return CEditorState::instance()->isSnapToGrid();
-}
-
-std::optional<SShownScreen> CMainWindow::shownScreen()
-{
-    const CScreenView *view = m_panels->screens()->currentView();
-    if (!view || !view->screen())
-        return std::nullopt;
-    if (countItems(*view->screen()).hidden > 0) {
-        SShownScreen whole;
-        whole.name = view->screen()->name();
-        const bool isDrawn = m_export->drawHidden(&whole, project(), view->screen()->row());
-        return isDrawn ? std::optional(whole) : std::nullopt;
-    }
-    QStringList findings = chipFindings(*view->screen());
-    findings.prepend(m_panels->screens()->currentErrors());
-    findings.removeAll(QString());
-    return SShownScreen{view->screen()->name(), view->lastDisplayListText(),
-                        view->lastDisplayListBytes(), findings.join(QLatin1Char('\n'))};
 }
 
 void CMainWindow::loadLanguage(const QString &rLanguage)
@@ -308,14 +276,12 @@ void CMainWindow::showLanguageDialog()
 
 void CMainWindow::exportTabDL()
 {
-    if (const auto screen = shownScreen())
-        m_export->exportScreenDL(*screen, m_session->workingDirectory());
+    m_exports->pageDL();
 }
 
 void CMainWindow::exportScreenBin()
 {
-    if (const auto screen = shownScreen())
-        m_export->exportScreenBin(*screen, m_session->workingDirectory());
+    m_exports->pageBin();
 }
 
 void CMainWindow::copy()
@@ -345,8 +311,7 @@ void CMainWindow::duplicate()
 
 void CMainWindow::zoomToPrevious()
 {
-    if (CScreenView *view = m_panels->screens()->currentView())
-        view->showPreviousZoom();
+    m_zoom->toPrevious();
 }
 
 void CMainWindow::hideItems()
@@ -361,22 +326,7 @@ void CMainWindow::showHiddenItems()
 
 void CMainWindow::zoomToSelection()
 {
-    const CScreenView *view = m_panels->screens()->currentView();
-    zoomTo(view ? view->selectedItems() : QVector<CItemModel *>());
-}
-
-void CMainWindow::zoomTo(const QVector<CItemModel *> &items)
-{
-    CScreenView *view = m_panels->screens()->currentView();
-    if (!view || items.isEmpty())
-        return;
-    const QRectF frame = ItemGeometry::frameOf(items);
-    const double across = view->viewport()->width() / std::max(1.0, frame.width());
-    const double down = view->viewport()->height() / std::max(1.0, frame.height());
-    const int percent = static_cast<int>(std::min(across, down) * ShareOfView * 100);
-    m_menuBar->zoomWidget()->setZoom(ZoomRule::clamped(percent), CZoomComboWidget::FreeValue);
-    view->reveal(frame);
-    view->centerOn(frame.center());
+    m_zoom->toSelection();
 }
 
 void CMainWindow::printScreen()

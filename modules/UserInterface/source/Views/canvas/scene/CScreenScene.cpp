@@ -10,8 +10,6 @@
 #include "CSelectionFrame.h"
 #include "CSnapMarks.h"
 #include "CanvasRoles.h"
-#include "ItemTree.h"
-#include "ItemViewFactory.h"
 #include "PropertyKey.h"
 
 #include <algorithm>
@@ -21,6 +19,7 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
       m_screen(screen),
       m_guides(*this),
       m_snapping(*this, *screen),
+      m_views(*this, *this),
       m_selectionFrame(new CSelectionFrame)
 {
     addItem(m_selectionFrame);
@@ -37,14 +36,14 @@ CScreenScene::CScreenScene(CScreenModel *screen, QObject *parent)
             &CScreenScene::onRowsAboutToBeRemoved);
     connect(project, &CProjectModel::propertyChanged, this, &CScreenScene::onPropertyChanged);
     connect(project, &CProjectModel::geometryChanged, this, [this](CItemModel *item) {
-        if (CItemView *view = m_views.value(item))
+        if (CItemView *view = m_views.find(item))
             view->updateFlags();
     });
     for (int row = 0; row < screen->rowCount(); ++row) {
         if (CItemModel *item = screen->childItem(row))
-            addViews(item);
+            m_views.add(item);
     }
-    m_isOrderDue = true;
+    m_views.rowsChanged(m_screen);
     followChangesSoon();
 }
 
@@ -62,9 +61,6 @@ void CScreenScene::detach()
     dropGesture();
     deleteViews();
     m_views.clear();
-    m_order.clear();
-    m_dueGroups.clear();
-    m_isOrderDue = false;
     m_screen = nullptr;
 }
 
@@ -86,8 +82,7 @@ void CScreenScene::deleteViews()
 
 CItemView *CScreenScene::viewOf(const CItemModel *item) const
 {
-    updateGroupFrames();
-    return m_views.value(item);
+    return m_views.of(item);
 }
 
 bool CScreenScene::isBelowScreen(const QStandardItem *item) const
@@ -97,33 +92,17 @@ bool CScreenScene::isBelowScreen(const QStandardItem *item) const
     return item != nullptr;
 }
 
-void CScreenScene::addViews(CItemModel *item)
-{
-    CItemView *&view = m_views[item];
-    if (!view) { // an item that only changes its row still has its view
-        view = ItemViewFactory::create(item, *this);
-        addItem(view);
-    }
-    CItemView *const its = view; // the table may grow
-    for (int row = 0; row < item->rowCount(); ++row) {
-        if (CItemModel *member = item->childItem(row))
-            addViews(member);
-    }
-    its->updateFlags(); // about its members
-}
-
 void CScreenScene::removeViews(const CItemModel *item)
 {
     for (int row = 0; row < item->rowCount(); ++row) {
         if (const CItemModel *member = item->childItem(row))
             removeViews(member);
     }
-    m_dueGroups.remove(item);
     if (m_entered == item)
         enter(nullptr);
     if (m_keyItem == item)
         setKeyItem(nullptr);
-    delete m_views.take(item);
+    m_views.remove(item);
 }
 
 void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last)
@@ -135,7 +114,7 @@ void CScreenScene::onRowsInserted(const QModelIndex &parent, int first, int last
         CItemModel *item = parentItem->childItem(row);
         if (!item)
             continue;
-        addViews(item);
+        m_views.add(item);
         item->setSelectable(parentItem == m_entered || !item->isGrouped());
     }
     rowsChanged(parentItem);
@@ -163,8 +142,8 @@ void CScreenScene::onRowsAboutToBeRemoved(const QModelIndex &parent, int first, 
 /// The rows may still be there; what listens looks at them once all is over.
 void CScreenScene::rowsChanged(const CItemModel *parent)
 {
-    membersChanged(parent);
-    m_isOrderDue = true;
+    m_views.membersChanged(parent);
+    m_views.rowsChanged(m_screen);
     m_haveRowsChanged = true;
     followChangesSoon();
 }
@@ -175,22 +154,16 @@ void CScreenScene::onPropertyChanged(CItemModel *item, const QString &key)
         Q_EMIT contentChanged();
         return;
     }
-    CItemView *view = m_views.value(item);
+    CItemView *view = m_views.find(item);
     if (!view)
         return;
     if (m_entered && (m_entered->isUnderLock() || m_entered->isUnderHidden()))
         enter(nullptr);
     view->onPropertyChanged(key);
-    membersChanged(item->parentItem());
+    m_views.membersChanged(item->parentItem());
     m_haveRowsChanged = m_haveRowsChanged || key == PropertyKey::Hidden; // what is to be counted
     followChangesSoon();
     Q_EMIT contentChanged();
-}
-
-void CScreenScene::membersChanged(const CItemModel *group)
-{
-    for (; group && group != m_screen; group = group->parentItem())
-        m_dueGroups.insert(group);
 }
 
 /// Once for all changes of a command.
@@ -215,59 +188,10 @@ void CScreenScene::followChanges()
     Q_EMIT contentChanged();
 }
 
-const QVector<CItemView *> &CScreenScene::order() const
-{
-    if (m_isOrderDue)
-        restack();
-    updateGroupFrames();
-    return m_order;
-}
-
-/// Brings the stacking into the order of the rows, all between the frame and the snap cross, and
-/// groups about their members.
-void CScreenScene::restack() const
-{
-    m_isOrderDue = false;
-    m_order.clear();
-    forEachItem(*m_screen, [this](const CItemModel &each) {
-        if (CItemView *view = m_views.value(&each))
-            m_order.append(view);
-    });
-    const double step = 1.0 / (m_order.size() + 1);
-    double z = 1.0;
-    for (CItemView *view : qAsConst(m_order)) {
-        view->setZValue(z -= step);
-        if (view->item()->kind() == CItemModel::Kind::Group)
-            m_dueGroups.insert(view->item());
-    }
-}
-
-/// Brings the frames of groups about what their members are now, members that are groups first.
-void CScreenScene::updateGroupFrames() const
-{
-    if (m_dueGroups.isEmpty())
-        return;
-    const QSet<const CItemModel *> due = std::exchange(m_dueGroups, {});
-    const auto depthOf = [](const CItemModel *item) {
-        int depth = 0;
-        while ((item = item->parentItem()))
-            ++depth;
-        return depth;
-    };
-    QVector<QPair<int, const CItemModel *>> groups;
-    for (const CItemModel *each : due)
-        groups.append({-depthOf(each), each});
-    std::sort(groups.begin(), groups.end());
-    for (const auto &each : qAsConst(groups)) {
-        if (CItemView *view = m_views.value(each.second))
-            view->updateBounds();
-    }
-}
-
 QVector<CItemModel *> CScreenScene::selectedModelItems() const
 {
     QVector<CItemModel *> items;
-    for (const CItemView *view : order()) {
+    for (const CItemView *view : m_views.order()) {
         if (view->isSelected())
             items.append(view->item());
     }
@@ -283,7 +207,7 @@ void CScreenScene::selectModelItems(const QVector<CItemModel *> &items)
             CItemModel *first = items.constFirst();
             enter(m_views.contains(first) && first->isGrouped() ? first->parentItem() : nullptr);
         }
-        for (CItemView *view : order())
+        for (CItemView *view : m_views.order())
             view->setSelected(selected.contains(view->item()));
     }
     updateHandles();
@@ -301,7 +225,7 @@ void CScreenScene::chooseModelItems(const QVector<CItemModel *> &items)
 QList<CItemView *> CScreenScene::selectableViewsAt(const QPointF &scenePos,
                                                    const QTransform &deviceTransform) const
 {
-    order(); // as they are stacked
+    m_views.order(); // as they are stacked
     QList<CItemView *> found;
     for (QGraphicsItem *each :
          items(scenePos, Qt::IntersectsItemShape, Qt::DescendingOrder, deviceTransform)) {
@@ -327,7 +251,7 @@ QGraphicsItem *CScreenScene::handleAt(const QPointF &scenePos,
 void CScreenScene::updateHandles()
 {
     const QVector<CItemModel *> items = selectedModelItems();
-    CItemView *single = items.size() == 1 ? m_views.value(items.constFirst()) : nullptr;
+    CItemView *single = items.size() == 1 ? m_views.find(items.constFirst()) : nullptr;
     if (m_single != single) {
         const QPointer<CItemView> before = std::exchange(m_single, single);
         for (CItemView *each : {before.data(), single}) {
@@ -364,7 +288,7 @@ void CScreenScene::enter(CItemModel *group)
         for (int row = 0; parent && row < parent->rowCount(); ++row) {
             CItemModel *item = parent->childItem(row);
             item->setSelectable(parent == group || !item->isGrouped()); // in lists as well
-            if (CItemView *view = m_views.value(item))
+            if (CItemView *view = m_views.find(item))
                 view->updateFlags();
         }
     }
@@ -376,7 +300,7 @@ void CScreenScene::setKeyItem(CItemModel *item)
     if (m_keyItem == item)
         return;
     for (CItemModel *each : {std::exchange(m_keyItem, item), item}) {
-        if (CItemView *view = m_views.value(each))
+        if (CItemView *view = m_views.find(each))
             view->setKey(each == item);
     }
     Q_EMIT keyItemChanged();
@@ -422,7 +346,7 @@ void CScreenScene::selectionChanged()
 void CScreenScene::highlightObjectBehind(bool repaint)
 {
     CRectIndex inFront; // of selected items
-    for (CItemView *view : order()) {
+    for (CItemView *view : m_views.order()) {
         const QRectF rect = view->sceneRect();
         const bool isHidden = view->item()->isUnderHidden();
         const bool isBehind = !isHidden && !view->item()->isGrouped() && inFront.intersects(rect);

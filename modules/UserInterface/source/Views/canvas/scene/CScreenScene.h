@@ -1,15 +1,14 @@
 #pragma once
 
 #include "CGesture.h"
+#include "CItemViews.h"
 #include "CSnapGuides.h"
 #include "CSnapping.h"
 #include "ICanvas.h"
 
 #include <QColor>
 #include <QGraphicsScene>
-#include <QHash>
 #include <QPointer>
-#include <QSet>
 
 #include <memory>
 
@@ -36,7 +35,7 @@ public:
 
     CItemView *viewOf(const CItemModel *item) const override;
     /// The views, front first.
-    QVector<CItemView *> itemViews() const { return order(); }
+    QVector<CItemView *> itemViews() const { return m_views.order(); }
     /// Front first.
     QVector<CItemModel *> selectedModelItems() const;
     /// What was chosen elsewhere, which knows of it.
@@ -113,17 +112,12 @@ private:
     void onRowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
     void onPropertyChanged(CItemModel *item, const QString &key);
     bool isBelowScreen(const QStandardItem *item) const;
-    void addViews(CItemModel *item);
     void removeViews(const CItemModel *item);
     void deleteViews();
-    const QVector<CItemView *> &order() const;
-    void restack() const;
-    void updateGroupFrames() const;
     void updateHandles();
     void enter(CItemModel *group);
     QList<CItemView *> viewsForPress(const QGraphicsSceneMouseEvent &event);
     void rowsChanged(const CItemModel *parent);
-    void membersChanged(const CItemModel *group);
     void followChangesSoon();
     void followChanges();
     void beginGesture(std::unique_ptr<CGesture> gesture, const QGraphicsSceneMouseEvent &press);
@@ -136,6 +130,7 @@ private:
     CScreenModel *m_screen; ///< not owned; null once detached
     CSnapGuides m_guides;
     CSnapping m_snapping;
+    CItemViews m_views;
     CFrameItem *m_frame = nullptr;
     CSelectionFrame *m_selectionFrame; ///< the scene's
     QPointer<CItemView> m_single;      ///< the one selected view
@@ -143,13 +138,7 @@ private:
     CItemModel *m_keyItem = nullptr;
     CItemModel *m_keyPressed = nullptr; ///< becomes the key item unless it is dragged
     QPointer<CItemView> m_target;       ///< that is framed as what a click would take
-    QHash<const CItemModel *, CItemView *> m_views;
-    // What follows from many changes at once is worked out once, when it is asked for or when they
-    // are over.
-    mutable QVector<CItemView *> m_order;         ///< front first
-    mutable QSet<const CItemModel *> m_dueGroups; ///< whose members have changed
-    mutable bool m_isOrderDue = false;
-    bool m_isFollowingDue = false;
+    bool m_isFollowingDue = false;      ///< once many changes are over
     bool m_haveRowsChanged = false;
     std::unique_ptr<CGesture> m_gesture; ///< from a press to its release
     SGesturePointer m_pointer;           ///< where it was told of last

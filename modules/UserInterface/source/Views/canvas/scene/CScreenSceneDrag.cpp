@@ -130,7 +130,7 @@ void CScreenScene::beginGesture(std::unique_ptr<CGesture> gesture,
 std::unique_ptr<CGesture> CScreenScene::moveOf(CItemView *pressed)
 {
     QVector<CItemView *> others;
-    for (CItemView *view : order()) {
+    for (CItemView *view : m_views.order()) {
         if (view != pressed && view->isSelected())
             others.append(view);
     }
@@ -207,7 +207,8 @@ void CScreenScene::followModifiers(Qt::KeyboardModifiers modifiers)
 
 QPointF CScreenScene::snapped(const QPointF &proposed, const QVector<CItemModel *> &moving)
 {
-    return m_guides.place(proposed, order(), moving, CEditorState::instance()->gridSpacing());
+    return m_guides.place(proposed, m_views.order(), moving,
+                          CEditorState::instance()->gridSpacing());
 }
 
 void CScreenScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
