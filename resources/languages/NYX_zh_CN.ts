@@ -5314,7 +5314,7 @@ RAM_DL：%2</translation>
     </message>
     <message>
         <source>An item that shows the image is locked.</source>
-        <translation>显示此图片的某个项已锁定。</translation>
+        <translation>显示此图片的某个对象已锁定。</translation>
     </message>
     <message>
         <source>Choose a picture in the first table.</source>
@@ -5322,7 +5322,7 @@ RAM_DL：%2</translation>
     </message>
     <message>
         <source>This one cannot be made in another format: it is no image of an item, or the file that it was made of is gone.</source>
-        <translation>它无法转换为其他格式：它不是某个项的图片，或者生成它的文件已不存在。</translation>
+        <translation>它无法转换为其他格式：它不是某个对象的图片，或者生成它的文件已不存在。</translation>
     </message>
     <message>
         <source>Left the original, right the picture as the chip shows it. Wheel, + and - zoom both, a drag and the arrow keys move them.</source>

@@ -137,8 +137,13 @@ void CFormatFitView::setResults(CBudgetResults *results)
 
 bool CFormatFitView::isTicked(const SImageTrials &image) const
 {
-    // What was small on purpose does not grow by itself.
-    return m_ticks.value(keyOf(image), size_t(proposed(image).bytes) <= image.asset.bytes);
+    const bool isLacking =
+        std::none_of(image.trials.begin(), image.trials.end(),
+                     [&image](const SFormatTrial &each) { return each.format == image.format; });
+    // What was small on purpose does not grow by itself, but what the chip cannot draw has to
+    // change.
+    return m_ticks.value(keyOf(image),
+                         isLacking || size_t(proposed(image).bytes) <= image.asset.bytes);
 }
 
 QVector<SImageTrials> CFormatFitView::ticked() const
