@@ -747,6 +747,10 @@
         <source>Of long texts only the beginning was looked at.</source>
         <translation>Von langen Texten wurde nur der Anfang durchsucht.</translation>
     </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
 </context>
 <context>
     <name>CFolder</name>

@@ -747,6 +747,10 @@
         <source>Of long texts only the beginning was looked at.</source>
         <translation>较长的文本只查找了开头部分。</translation>
     </message>
+    <message>
+        <source>No project</source>
+        <translation>没有项目</translation>
+    </message>
 </context>
 <context>
     <name>CFolder</name>

@@ -209,6 +209,7 @@ private Q_SLOTS:
         m_window->closeProject();
         QCOMPARE(rows(), QStringList());
         QVERIFY(!m_window->findActions()->action(CFindActions::Find)->isEnabled());
+        QCOMPARE(m_panel->findChild<QLabel *>("findState")->text(), "No project");
         QVERIFY(m_window->openProjectFile(m_folder->path("demo.nyx")));
     }
 

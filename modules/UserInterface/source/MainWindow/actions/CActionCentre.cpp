@@ -68,6 +68,8 @@ void CActionCentre::tellLacks()
 {
     const QString noProject = tr("No project is open");
     const bool isOpen = m_window->project() != nullptr;
+    for (const CWindowActions::SAction &each : m_actions->all())
+        each.action->setProperty(CWindowActions::LackProperty, isOpen ? QString() : noProject);
     for (int id = 0; id < CMenuBar::ActionCount; ++id) {
         QString lack = isOpen ? QString() : noProject;
         if (isOpen && id == CMenuBar::Undo)

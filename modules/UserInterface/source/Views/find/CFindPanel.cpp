@@ -200,6 +200,7 @@ void CFindPanel::setProject(CProjectModel *project)
     m_pictures.setProject(project);
     m_session.setProject(project);
     fillChoices();
+    showState();
 }
 
 bool CFindPanel::hasQuery() const
@@ -304,9 +305,11 @@ void CFindPanel::showState()
                                               : Qt::PartiallyChecked);
     m_all->setText(tr("%1 of %2 ticked").arg(ticked).arg(m_results.rowCount()));
     QStringList lines;
-    if (!m_session.problem().isEmpty())
+    if (!m_session.project())
+        lines.append(tr("No project"));
+    else if (!m_session.problem().isEmpty())
         lines.append(m_session.problem());
-    else if (hasQuery() && m_session.project() && m_results.rowCount() == 0)
+    else if (hasQuery() && m_results.rowCount() == 0)
         lines.append(tr("Nothing found in %1 items").arg(m_session.itemCount()));
     else if (hasQuery() && !m_more->isChecked())
         lines.append(tr("%1 of %2 items").arg(m_results.rowCount()).arg(m_session.itemCount()));
