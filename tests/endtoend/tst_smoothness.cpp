@@ -143,7 +143,7 @@ private Q_SLOTS:
              }},
             {"filter the palette",
              [&] {
-                 editor.focus("widget widgetFilter", "QLineEdit");
+                 editor.focus("widget widgetFilter", "CFilterLine");
                  m_display.type("but");
              }},
             {"fit to page",

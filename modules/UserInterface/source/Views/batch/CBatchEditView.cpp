@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -61,6 +62,10 @@ CBatchEditView::CBatchEditView(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // A form is made where it stays: one that gets another parent has its style sheet matched anew.
+    auto *page = new QWidget;
+    (new QVBoxLayout(page))->setContentsMargins(0, 0, 0, 0);
+    setWidget(page);
     m_update.setSingleShot(true);
     m_update.setInterval(0);
     connect(&m_update, &QTimer::timeout, this, &CBatchEditView::update);
@@ -166,7 +171,8 @@ void CBatchEditView::rebuild(const QVector<CBatchItems::SProperty> &properties)
     m_fields.clear();
     m_properties = properties;
     m_others = nullptr;
-    m_form = new QWidget;
+    QWidget *const before = m_form;
+    m_form = new QWidget(widget());
     auto *column = new QVBoxLayout(m_form);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(Margin);
@@ -200,11 +206,13 @@ void CBatchEditView::rebuild(const QVector<CBatchItems::SProperty> &properties)
     column->addStretch();
     showOthers(m_areOthersShown);
     showText();
-    if (QWidget *before = takeWidget()) {
+    if (before) {
         before->hide();
         before->deleteLater(); // one of its fields may be what has led here
     }
-    setWidget(m_form);
+    widget()->layout()->addWidget(m_form);
+    m_form->show();
+    verticalScrollBar()->setValue(0);
 }
 
 /// Of their names, so that all fields stand below each other.

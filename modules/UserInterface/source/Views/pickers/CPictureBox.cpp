@@ -19,7 +19,18 @@ constexpr int MostWidth = 420;
 class CPictureDelegate : public QStyledItemDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit CPictureDelegate(QComboBox *box) : QStyledItemDelegate(box)
+    {
+        const auto forget = [this] { m_textWidth = -1; };
+        connect(box->model(), &QAbstractItemModel::rowsInserted, this, forget);
+        connect(box->model(), &QAbstractItemModel::rowsRemoved, this, forget);
+        connect(box->model(), &QAbstractItemModel::modelReset, this, forget);
+        connect(box->model(), &QAbstractItemModel::dataChanged, this,
+                [forget](const QModelIndex &, const QModelIndex &, const QVector<int> &roles) {
+                    if (roles.isEmpty() || roles.contains(Qt::DisplayRole))
+                        forget();
+                });
+    }
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
@@ -62,14 +73,21 @@ public:
 
 private:
     /// Of the widest entry, so that the pictures stand below each other.
-    static int textWidth(const QStyleOptionViewItem &option, const QAbstractItemModel *model)
+    int textWidth(const QStyleOptionViewItem &option, const QAbstractItemModel *model) const
     {
+        if (m_textWidth >= 0 && m_font == option.font)
+            return m_textWidth;
         int widest = 0;
         for (int row = 0; row < model->rowCount(); ++row)
             widest = std::max(widest, option.fontMetrics.horizontalAdvance(
                                           model->index(row, 0).data().toString()));
-        return std::min(widest, MostWidth / 2);
+        m_font = option.font;
+        m_textWidth = std::min(widest, MostWidth / 2);
+        return m_textWidth;
     }
+
+    mutable QFont m_font;
+    mutable int m_textWidth = -1; ///< not known
 };
 } // namespace
 
