@@ -40,7 +40,7 @@ private Q_SLOTS:
                        project("First", "<Kiv_Rectangle_T name=\"Panel\" id=\"1\" "
                                         "x_coordinate=\"300\" y_coordinate=\"160\" width=\"80\" "
                                         "height=\"60\" angle=\"0\" fill_color=\"#c04040\"/>"));
-        editor.focus("widget widgetFilter", "QLineEdit");
+        editor.focus("widget widgetFilter", "CFilterLine");
         m_display.type("button");
         COMPARE_SOON(editor.ask("row CWidgetSelectionView Rectangle"), QString("none"));
         m_display.press(editor.place("row CWidgetSelectionView Button"));

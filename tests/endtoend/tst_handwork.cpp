@@ -136,7 +136,7 @@ QStringList tst_HandWork::values(const CEditor &editor, const char *kind, const 
 void tst_HandWork::drop(CEditor &editor, const char *typed, const char *caption,
                         const QPoint &place)
 {
-    editor.focus("widget widgetFilter", "QLineEdit");
+    editor.focus("widget widgetFilter", "CFilterLine");
     m_display.key("ctrl+a");
     m_display.type(typed);
     const QString row = QString("row CWidgetSelectionView ") + QLatin1String(caption);
