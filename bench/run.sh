@@ -11,7 +11,7 @@ core=${KIV_BENCH_CORE:-$(($(nproc) - 1))}
 names=("$@")
 [ ${#names[@]} -gt 0 ] ||
     names=(bench_executor bench_bitmaps bench_host bench_frames bench_project bench_search bench_conversion
-        bench_canvas bench_bulk bench_snapping bench_startup bench_export bench_checks)
+        bench_canvas bench_bulk bench_docks bench_snapping bench_startup bench_export bench_checks)
 
 fetch_property_browser
 build_preset release build benchmarks
@@ -33,7 +33,7 @@ for name in "${names[@]}"; do
     echo "-- $name"
     case $name in
     bench_executor | bench_bitmaps) taskset -c "$core" "$program" ;; # print medians themselves
-    bench_canvas | bench_bulk | bench_export | bench_checks) "$program" 2>/dev/null ;; # on all cores, as they are used
+    bench_canvas | bench_bulk | bench_docks | bench_export | bench_checks) "$program" 2>/dev/null ;; # on all cores, as they are used
     bench_sizes) "$program" 2> >(grep ' ms ') ;;
     bench_startup) # with a screen that it looks at, and that the editor is shown on
         QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1600x1000x24" "$program" 2>/dev/null ;;

@@ -38,6 +38,7 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRo
 
     m_view->setResults(m_results);
     connect(rounds, &CScreenRounds::drawn, m_results, &CCheckResults::takeScreen);
+    connect(m_results, &CCheckResults::lookingAtPicture, rounds, &CScreenRounds::setHeld);
     connect(rounds, &CScreenRounds::done, m_results, &CCheckResults::takeProject);
     connect(m_results, &CCheckResults::measuresChanged, rounds, &CScreenRounds::restart);
     connect(m_view, &CChecksView::message, panels, &CMainPanels::report);

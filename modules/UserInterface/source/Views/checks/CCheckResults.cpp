@@ -19,6 +19,7 @@ void CCheckResults::setProject(CProjectModel *project)
     m_ofProject.clear();
     m_ofFiles.clear();
     m_look.reset();
+    m_pictures = std::make_shared<CPictureLook>();
     if (project) {
         m_look = std::make_shared<CImageFileLook>();
         m_ignored = project->propertyText(Rules::IgnoredKey);
@@ -64,7 +65,23 @@ void CCheckResults::takeScreen(const SScreenExport &screen)
 {
     if (!m_project)
         return;
-    const QModelIndex place = m_project->indexFromItem(screen.screen);
+    const QPersistentModelIndex place = m_project->indexFromItem(screen.screen);
+    Q_EMIT lookingAtPicture(true);
+    BackgroundWork::run(
+        this,
+        [pictures = m_pictures, screen] {
+            return SLook{pictures->look(screen), ProjectChecks::imagesOf(screen)};
+        },
+        [this, pictures = m_pictures, place, screen](const SLook &look) {
+            if (pictures == m_pictures && place.isValid()) // of this project
+                takeLook(place, screen, look);
+            Q_EMIT lookingAtPicture(false);
+        });
+}
+
+void CCheckResults::takeLook(const QPersistentModelIndex &place, const SScreenExport &screen,
+                             const SLook &look)
+{
     auto known = std::find_if(m_screens.begin(), m_screens.end(),
                               [&place](const SScreen &each) { return each.place == place; });
     if (known == m_screens.end()) {
@@ -72,11 +89,11 @@ void CCheckResults::takeScreen(const SScreenExport &screen)
         known = std::prev(m_screens.end());
     }
     known->entries.clear();
-    for (const SFinding &finding :
-         ProjectChecks::ofScreen(*screen.screen, screen, CPictureLook().look(screen)))
+    const CScreenModel *now = m_project->screen(place.row());
+    for (const SFinding &finding : ProjectChecks::ofScreen(*now, screen, look.picture))
         known->entries.append(entryOf(finding));
-    known->images = ProjectChecks::imagesOf(screen);
-    Q_EMIT changed();
+    known->images = look.images;
+    Q_EMIT partlyChanged();
 }
 
 void CCheckResults::takeProject()
@@ -88,6 +105,7 @@ void CCheckResults::takeProject()
     ProjectChecks::ImageContents images;
     for (const SScreen &screen : qAsConst(m_screens))
         images += screen.images;
+    m_pictures = std::make_shared<CPictureLook>(); // what it keeps is large
     m_ofProject.clear();
     for (const SFinding &finding : ProjectChecks::ofProject(*m_project, images))
         m_ofProject.append(entryOf(finding));

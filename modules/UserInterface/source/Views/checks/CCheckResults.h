@@ -28,7 +28,7 @@ public:
     using QObject::QObject;
 
     void setProject(CProjectModel *project);
-    /// A screen as it is now.
+    /// A screen as it is now. Its picture is looked at in the background.
     void takeScreen(const SScreenExport &screen);
     /// All screens were taken.
     void takeProject();
@@ -41,6 +41,10 @@ public:
 Q_SIGNALS:
     void changed();
     void measuresChanged(); ///< by which the project is judged: all screens are to be taken again
+    /// Of one screen, while more are to come.
+    void partlyChanged();
+    /// A picture is being looked at: the next one is to wait until it has been.
+    void lookingAtPicture(bool isLooking);
 
 private:
     struct SScreen
@@ -50,7 +54,15 @@ private:
         ProjectChecks::ImageContents images;
     };
 
+    struct SLook
+    {
+        SPictureState picture;
+        ProjectChecks::ImageContents images;
+    };
+
     SEntry entryOf(const SFinding &finding) const;
+    void takeLook(const QPersistentModelIndex &place, const SScreenExport &screen,
+                  const SLook &look);
     void takeFiles(const SImageFiles::SState &state);
     QStringList measures() const;
     void followSteps();
@@ -61,6 +73,7 @@ private:
     QVector<SEntry> m_ofFiles;
     QString m_ignored;      ///< what the project says of findings about it
     QStringList m_measures; ///< by which it is judged
+    std::shared_ptr<CPictureLook> m_pictures;
     std::shared_ptr<CImageFileLook> m_look;
     bool m_isLooking = false;
     bool m_looksAgain = false; ///< when it has looked

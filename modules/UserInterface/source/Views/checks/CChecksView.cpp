@@ -19,12 +19,57 @@
 #include <QStyle>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int EntryRole = Qt::UserRole + 1; ///< index of the entry
 constexpr int Margin = 6;                   // pixels
+constexpr int MeasuredRows = 100;           // for the width of a column
+constexpr int Pause = 300;                  // milliseconds, while screens come
+
+bool areSame(const CCheckResults::SEntry &a, const CCheckResults::SEntry &b)
+{
+    return a.finding.rule == b.finding.rule && a.finding.severity == b.finding.severity &&
+           a.screen == b.screen && a.item == b.item && a.finding.text == b.finding.text &&
+           a.finding.file == b.finding.file && a.finding.subject == b.finding.subject &&
+           a.finding.ignoredBecause == b.finding.ignoredBecause &&
+           a.finding.ignoredBecause.isNull() == b.finding.ignoredBecause.isNull();
+}
+
+/// Its texts are made when they are asked for, since few of thousands are ever seen.
+class CFindingRow final : public QTreeWidgetItem
+{
+public:
+    CFindingRow(const CCheckResults::SEntry &entry, int index) : m_entry(entry), m_index(index) {}
+
+    QVariant data(int column, int role) const override
+    {
+        if (role == EntryRole)
+            return m_index;
+        if (role == Qt::DisplayRole && column == 0)
+            return ShownText::name(m_entry.finding.text);
+        if (role == Qt::DisplayRole)
+            return m_entry.screen.isValid() ? ShownText::name(m_entry.screen.data().toString())
+                                            : QString();
+        return role == Qt::ToolTipRole && column == 0 ? toolTip(m_entry.finding)
+                                                      : QTreeWidgetItem::data(column, role);
+    }
+
+private:
+    static QString toolTip(const SFinding &finding)
+    {
+        QString text = Rules::title(finding.rule) + QLatin1Char('\n') + finding.text +
+                       QLatin1Char('\n') + Rules::advice(finding.rule);
+        if (!finding.ignoredBecause.isEmpty())
+            text += QLatin1Char('\n') + CChecksView::tr("Ignored: %1").arg(finding.ignoredBecause);
+        return ShownText::toolTip(text);
+    }
+
+    const CCheckResults::SEntry m_entry;
+    const int m_index; ///< of the entry
+};
 
 } // namespace
 
@@ -42,6 +87,7 @@ CChecksView::CChecksView(QWidget *parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setResizeContentsPrecision(MeasuredRows);
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_tree->installEventFilter(this);
@@ -63,6 +109,9 @@ CChecksView::CChecksView(QWidget *parent)
 
     connect(m_screens, QOverload<int>::of(&QComboBox::activated), this, &CChecksView::fill);
     connect(m_showIgnored, &QCheckBox::toggled, this, &CChecksView::fill);
+    m_later.setSingleShot(true);
+    m_later.setInterval(Pause);
+    connect(&m_later, &QTimer::timeout, this, &CChecksView::follow);
     connect(m_tree, &QTreeWidget::itemClicked, this, &CChecksView::showPlace);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &CChecksView::showMenu);
     retranslate();
@@ -71,8 +120,21 @@ CChecksView::CChecksView(QWidget *parent)
 void CChecksView::setResults(CCheckResults *results)
 {
     m_results = results;
-    connect(results, &CCheckResults::changed, this, &CChecksView::fill);
+    connect(results, &CCheckResults::changed, this, &CChecksView::follow);
+    connect(results, &CCheckResults::partlyChanged, this, [this] {
+        if (!m_later.isActive())
+            m_later.start();
+    });
     fill();
+}
+
+QStringList CChecksView::pageNames() const
+{
+    QStringList names;
+    const CProjectModel *project = m_results ? m_results->project() : nullptr;
+    for (int row = 0; project && row < project->screenCount(); ++row)
+        names.append(ShownText::name(project->screen(row)->name()));
+    return names;
 }
 
 void CChecksView::fillScreens()
@@ -80,11 +142,10 @@ void CChecksView::fillScreens()
     const QString chosen = m_screens->currentIndex() > 0 ? m_screens->currentText() : QString();
     m_screens->clear();
     m_screens->addItem(tr("All pages"));
-    const CProjectModel *project = m_results ? m_results->project() : nullptr;
-    for (int row = 0; project && row < project->screenCount(); ++row)
-        if (const CScreenModel *screen = project->screen(row))
-            m_screens->addItem(ShownText::name(screen->name()),
-                               QPersistentModelIndex(project->index(row, 0)));
+    m_pages = pageNames();
+    for (int row = 0; row < m_pages.size(); ++row)
+        m_screens->addItem(m_pages[row],
+                           QPersistentModelIndex(m_results->project()->index(row, 0)));
     m_screens->setCurrentIndex(std::max(0, m_screens->findText(chosen)));
 }
 
@@ -94,20 +155,43 @@ bool CChecksView::isShown(const CCheckResults::SEntry &entry) const
     return m_screens->currentIndex() <= 0 || entry.screen == screen;
 }
 
+/// A list of thousands takes a while to fill: only when it is seen, and something else is found.
+void CChecksView::follow()
+{
+    m_later.stop();
+    const QVector<CCheckResults::SEntry> entries = m_results->entries();
+    const auto counts = [](const CCheckResults::SEntry &entry) {
+        return entry.finding.ignoredBecause.isNull();
+    };
+    const int count = int(std::count_if(entries.begin(), entries.end(), counts));
+    if (std::exchange(m_count, count) != count)
+        Q_EMIT countChanged(count);
+    m_isStale =
+        m_isStale || !m_results->project() || m_pages != pageNames() ||
+        !std::equal(entries.begin(), entries.end(), m_entries.begin(), m_entries.end(), areSame);
+    if (m_isStale && isVisible())
+        fill();
+}
+
+void CChecksView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_isStale)
+        fill();
+}
+
 void CChecksView::fill()
 {
+    m_isStale = false;
     const CCheckResults::SEntry *kept = entryOf(m_tree->currentItem());
     const CCheckResults::SEntry current = kept ? *kept : CCheckResults::SEntry();
     const bool hadCurrent = kept;
     fillScreens();
     m_entries = m_results ? m_results->entries() : QVector<CCheckResults::SEntry>();
     QVector<int> groups[4]; // errors, warnings, notes, ignored
-    int count = 0;
     for (int i = 0; i < m_entries.size(); ++i) {
         const SFinding &finding = m_entries[i].finding;
         const bool isIgnored = !finding.ignoredBecause.isNull();
-        if (!isIgnored)
-            ++count;
         if (!isShown(m_entries[i]))
             continue;
         groups[isIgnored                                ? 3
@@ -123,7 +207,6 @@ void CChecksView::fill()
     addGroup(tr("Notes"), "SP_MessageBoxInformation", groups[2]);
     if (m_showIgnored->isChecked())
         addGroup(tr("Ignored"), nullptr, groups[3]);
-    m_tree->expandAll();
     for (QTreeWidgetItemIterator it(m_tree); hadCurrent && *it; ++it) {
         const CCheckResults::SEntry *entry = entryOf(*it);
         if (entry && entry->finding.rule == current.finding.rule && entry->item == current.item &&
@@ -137,17 +220,14 @@ void CChecksView::fill()
     m_empty->setText(m_results && m_results->project() ? tr("Nothing found.")
                                                        : tr("No project is open."));
     m_stack->setCurrentWidget(isEmpty ? static_cast<QWidget *>(m_empty) : m_tree);
-    if (std::exchange(m_count, count) != count)
-        Q_EMIT countChanged(count);
 }
 
 void CChecksView::addGroup(const QString &title, const char *icon, const QVector<int> &entries)
 {
     if (entries.isEmpty())
         return;
-    auto *group = new QTreeWidgetItem(m_tree);
+    auto *group = new QTreeWidgetItem; // the tree gets it when it is whole, which is much faster
     group->setText(0, QStringLiteral("%1 (%2)").arg(title).arg(entries.size()));
-    group->setFirstColumnSpanned(true);
     group->setFlags(Qt::ItemIsEnabled);
     const auto pixmap = [icon] {
         return icon == QLatin1String("SP_MessageBoxCritical")  ? QStyle::SP_MessageBoxCritical
@@ -156,21 +236,13 @@ void CChecksView::addGroup(const QString &title, const char *icon, const QVector
     };
     if (icon)
         group->setIcon(0, style()->standardIcon(pixmap()));
-    for (const int i : entries) {
-        const CCheckResults::SEntry &entry = m_entries[i];
-        auto *row = new QTreeWidgetItem(group);
-        row->setText(0, ShownText::name(entry.finding.text));
-        row->setText(1, entry.screen.isValid() ? ShownText::name(entry.screen.data().toString())
-                                               : QString());
-        const QString tip =
-            Rules::title(entry.finding.rule) + QLatin1Char('\n') + entry.finding.text +
-            QLatin1Char('\n') + Rules::advice(entry.finding.rule) +
-            (entry.finding.ignoredBecause.isEmpty()
-                 ? QString()
-                 : QLatin1Char('\n') + tr("Ignored: %1").arg(entry.finding.ignoredBecause));
-        row->setToolTip(0, ShownText::toolTip(tip));
-        row->setData(0, EntryRole, i);
-    }
+    QList<QTreeWidgetItem *> rows;
+    for (const int i : entries)
+        rows.append(new CFindingRow(m_entries[i], i));
+    group->addChildren(rows);
+    m_tree->addTopLevelItem(group);
+    group->setFirstColumnSpanned(true);
+    group->setExpanded(true);
 }
 
 const CCheckResults::SEntry *CChecksView::entryOf(const QTreeWidgetItem *row) const
@@ -192,6 +264,8 @@ void CChecksView::showPlace(const QTreeWidgetItem *row)
 
 void CChecksView::goTo(int step)
 {
+    if (m_isStale)
+        fill();
     QVector<QTreeWidgetItem *> rows;
     int current = -1;
     for (QTreeWidgetItemIterator it(m_tree); *it; ++it) {

@@ -3,6 +3,7 @@
 #include "CCheckResults.h"
 #include "CheckFixes.h"
 
+#include <QTimer>
 #include <QWidget>
 
 class CItemModel;
@@ -36,11 +37,14 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void follow();
     void fill();
     void fillScreens();
+    QStringList pageNames() const;
     bool isShown(const CCheckResults::SEntry &entry) const;
     void addGroup(const QString &title, const char *icon, const QVector<int> &entries);
     void showPlace(const QTreeWidgetItem *row);
@@ -59,4 +63,7 @@ private:
     QLabel *m_empty;
     QStackedLayout *m_stack; ///< the list, or what says that it is empty
     int m_count = 0;
+    QStringList m_pages;    ///< as they were called when the list was filled
+    bool m_isStale = false; ///< the list was not filled with what is known
+    QTimer m_later;
 };

@@ -31,6 +31,13 @@ void CScreenRounds::setWanted(const QObject *by, bool wanted)
     m_idle.start(0);
 }
 
+void CScreenRounds::setHeld(bool isHeld)
+{
+    m_holds += isHeld ? 1 : -1;
+    if (m_holds == 0 && !m_idle.isActive())
+        m_idle.start(0);
+}
+
 void CScreenRounds::setProject(CProjectModel *project)
 {
     if (m_project)
@@ -128,7 +135,7 @@ void CScreenRounds::dropCurrent()
 
 void CScreenRounds::step()
 {
-    if (!m_project || m_wantedBy.isEmpty() || m_current.isValid())
+    if (!m_project || m_wantedBy.isEmpty() || m_current.isValid() || m_holds > 0)
         return;
     if (m_isBusy && m_isBusy()) {
         m_idle.start(IdleTime);

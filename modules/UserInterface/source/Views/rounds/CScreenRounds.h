@@ -31,6 +31,9 @@ public:
 
     /// Asked before each step; true puts it off.
     void setBusy(std::function<bool()> isBusy) { m_isBusy = std::move(isBusy); }
+    /// The next screen waits until as many calls with false have come: what was handed out is still
+    /// worked on.
+    void setHeld(bool isHeld);
     /// None while nobody wants to know: changes are remembered all the same.
     void setWanted(const QObject *by, bool wanted);
     void setProject(CProjectModel *project);
@@ -59,6 +62,7 @@ private:
     CProjectModel *m_project = nullptr;
     std::function<bool()> m_isBusy;
     QSet<const QObject *> m_wantedBy;
+    int m_holds = 0;
     bool m_isTold = true;                   ///< done() was sent for what is known
     QList<QPersistentModelIndex> m_changed; ///< the next one first
     QPersistentModelIndex m_current;        ///< that is being drawn

@@ -93,8 +93,11 @@ void tst_ChecksView::init()
     m_rounds = std::make_unique<CScreenRounds>();
     m_view = std::make_unique<CChecksView>();
     m_view->setResults(m_results.get());
+    m_view->show();
     m_rounds->setBusy([this] { return m_isBusy; });
     connect(m_rounds.get(), &CScreenRounds::drawn, m_results.get(), &CCheckResults::takeScreen);
+    connect(m_results.get(), &CCheckResults::lookingAtPicture, m_rounds.get(),
+            &CScreenRounds::setHeld);
     connect(m_rounds.get(), &CScreenRounds::done, m_results.get(), &CCheckResults::takeProject);
     m_results->setProject(m_project.get());
     m_rounds->setProject(m_project.get());
