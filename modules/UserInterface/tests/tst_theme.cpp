@@ -162,6 +162,19 @@ private Q_SLOTS:
         QVERIFY(inside != outside && std::abs(inside.red() - outside.red()) < 20);
     }
 
+    void dockButtonsAreLargeEnough()
+    {
+        QMainWindow window;
+        window.addDockWidget(Qt::LeftDockWidgetArea, new QDockWidget("Hxm"));
+        CTheme(&window).apply(CTheme::Kind::Dark);
+        window.show();
+        const auto buttons = window.findChildren<QAbstractButton *>();
+        QCOMPARE(buttons.size(), 2);
+        for (const QAbstractButton *each : buttons)
+            QVERIFY(each->width() >= 20 && each->height() >= 20);
+        QVERIFY(!buttons[0]->geometry().intersects(buttons[1]->geometry()));
+    }
+
     /// In all themes: the focus is seen and moves nothing, and what is disabled can be read and
     /// told from what is not.
     void controls()

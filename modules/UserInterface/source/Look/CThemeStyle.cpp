@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int DockButton = 20; // pixels
+
 QString nameOf(QStyle::StandardPixmap which)
 {
     switch (which) {
@@ -71,4 +73,25 @@ int CThemeStyle::pixelMetric(PixelMetric which, const QStyleOption *option,
     constexpr int withFrame = 26; // pixels; a mark of 16 in the frame of a tool button
     return which == PM_ToolBarExtensionExtent ? withFrame
                                               : QProxyStyle::pixelMetric(which, option, widget);
+}
+
+void CThemeStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (widget->inherits("QDockWidgetTitleButton"))
+        widget->setMinimumSize(DockButton, DockButton); // its layout makes it no larger than that
+}
+
+QRect CThemeStyle::subElementRect(SubElement which, const QStyleOption *option,
+                                  const QWidget *widget) const
+{
+    constexpr int Gap = 2; // pixels
+    const QRect usual = QProxyStyle::subElementRect(which, option, widget);
+    if ((which != SE_DockWidgetCloseButton && which != SE_DockWidgetFloatButton) || usual.isEmpty())
+        return usual;
+    const int fromEnd = (which == SE_DockWidgetCloseButton ? 1 : 2) * (DockButton + Gap);
+    const QRect title = option->rect;
+    return visualRect(option->direction, title,
+                      {title.right() + 1 - fromEnd, title.top() + (title.height() - DockButton) / 2,
+                       DockButton, DockButton});
 }
