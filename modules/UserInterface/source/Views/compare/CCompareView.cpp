@@ -63,6 +63,7 @@ CCompareView::CCompareView(CComparison *comparison, QWidget *parent)
     m_tree->installEventFilter(this);
     m_tree->header()->setSectionResizeMode(QHeaderView::Interactive);
     m_tree->header()->resizeSection(0, 260);
+    m_tree->header()->resizeSection(1, 150);
     auto *splitter = new QSplitter;
     splitter->addWidget(m_tree);
     splitter->addWidget(m_pictures);
@@ -99,7 +100,8 @@ CCompareView::CCompareView(CComparison *comparison, QWidget *parent)
 
 void CCompareView::fill()
 {
-    m_failure.clear();
+    if (m_comparison->isReading() || !m_comparison->project())
+        m_failure.clear();
     if (std::exchange(m_shown, m_comparison->result().get()) != m_comparison->result().get())
         fillAnew();
     showHead();
@@ -147,19 +149,22 @@ void CCompareView::expandFew()
         m_tree->expandAll();
 }
 
+/// A failure stands above what was compared before it.
 void CCompareView::showHead()
 {
     const QString title = ShownText::name(m_comparison->title());
+    QStringList lines;
     if (!m_failure.isEmpty())
-        m_head->setText(tr("Not compared: %1").arg(ShownText::message(m_failure)));
-    else if (m_comparison->isWorking())
-        m_head->setText(tr("Comparing..."));
-    else if (!m_comparison->earlier())
-        m_head->setText(tr("Choose File > Compare With... to see what has changed."));
-    else if (m_model->rowCount() == 0)
-        m_head->setText(tr("Nothing has changed since: %1").arg(title));
-    else
-        m_head->setText(tr("Changed since: %1").arg(title));
+        lines.append(tr("Not compared: %1").arg(ShownText::message(m_failure)));
+    if (m_comparison->isWorking())
+        lines.append(tr("Comparing..."));
+    else if (m_comparison->earlier())
+        lines.append((m_model->rowCount() == 0 ? tr("Nothing has changed since: %1")
+                                               : tr("Changed since: %1"))
+                         .arg(title));
+    else if (m_failure.isEmpty())
+        lines.append(tr("Choose File > Compare With... to see what has changed."));
+    m_head->setText(lines.join(QLatin1Char('\n')));
 }
 
 void CCompareView::fetchPictures()

@@ -78,6 +78,7 @@ void CComparison::setProject(CProjectModel *project)
         m_project->undoStack()->disconnect(this);
     }
     m_project = project;
+    Q_EMIT changed();
     if (!project)
         return;
     const auto startAnew = [this] {
@@ -154,8 +155,7 @@ CComparison::SEarlier CComparison::read(const QByteArray &bytes, const QString &
     project->setWorkingDirectory(folder);
     const ProjectState state = CStateReader::read(*project);
     earlier.state = state;
-    project->undoStack()->moveToThread(thread);
-    project->moveToThread(thread);
+    project->handOverTo(thread);
     earlier.project = ownedByPool<CProjectModel>(project.release());
     return earlier;
 }
@@ -166,8 +166,8 @@ void CComparison::takeEarlier(const SEarlier &earlier, const QString &title)
     if (!earlier.project) {
         if (m_earlier) // the one of before is compared with again
             m_idle.start(0);
-        Q_EMIT failed(earlier.error);
         Q_EMIT changed();
+        Q_EMIT failed(earlier.error);
         return;
     }
     clear();

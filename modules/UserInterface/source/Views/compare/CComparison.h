@@ -54,6 +54,7 @@ public:
     const QString &title() const { return m_title; }
     /// As of now; null while it is not known.
     const Result &result() const { return m_result; }
+    bool isReading() const { return m_isReading; } ///< an earlier version
     /// Whether something is being read or compared.
     bool isWorking() const { return m_isReading || m_reader || m_stop || m_idle.isActive(); }
     CPicturePairs *pictures() const { return m_pictures; }

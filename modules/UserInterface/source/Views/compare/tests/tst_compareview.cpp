@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QSignalSpy>
@@ -158,6 +159,8 @@ void tst_CompareView::listsPicturesAndPlaces()
     for (const QByteArray &each : hostile) {
         m_comparison->compareWith(each, "bad");
         QVERIFY(failed.wait());
+        const QString reason = failed.last().at(0).toString();
+        QVERIFY(m_view->findChild<QLabel *>()->text().contains(reason));
     }
     QCOMPARE(m_comparison->title(), "v1");
 }
@@ -280,6 +283,16 @@ void tst_CompareView::noPictures()
 
 void tst_CompareView::closedMeanwhile()
 {
+    m_comparison->compareWith(before, "given up");
+    m_comparison->setWanted(false); // the dock is closed
+    QVERIFY(!m_comparison->isWorking());
+    QTest::qWait(50); // a late answer
+    QVERIFY(!m_comparison->earlier());
+    m_comparison->setWanted(true);
+    m_comparison->compareWith(now(), "given up for the next");
+    m_comparison->compareWith(before, "v0");
+    QTRY_VERIFY(m_comparison->result());
+    QCOMPARE(m_comparison->title(), "v0");
     m_comparison->compareWith(before, "v1");
     QSignalSpy drawn(m_comparison->pictures(), &CPicturePairs::taken);
     QVERIFY(drawn.wait());
