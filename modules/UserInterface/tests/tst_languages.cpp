@@ -109,6 +109,8 @@ void load(CMainWindow *window, const QString &language)
 {
     window->loadLanguage(language);
     QCoreApplication::sendPostedEvents(); // that is how windows are told
+    QCoreApplication::sendPostedEvents(nullptr,
+                                       QEvent::DeferredDelete); // what went with the old one
 }
 } // namespace
 
