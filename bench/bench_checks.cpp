@@ -8,6 +8,7 @@
 #include "CProjectExporter.h"
 #include "CProjectModel.h"
 #include "CScreenModel.h"
+#include "CStateReader.h"
 #include "PanelProject.h"
 #include "PictureDifference.h"
 #include "ProgramCost.h"
@@ -160,8 +161,11 @@ void addEngines(const SDrawn &before, const SDrawn &after)
             budgets.append(ProjectBudget::ofScreen(*screen.screen, screen));
         return ProjectBudget::ofProject(budgets).screens.size();
     });
-    addEngine("changes of the items",
-              [&] { return projectChanges(before.project, after.project).screens.size(); });
+    addEngine("changes of the items", [&] {
+        const ProjectState earlier = CStateReader::read(before.project);
+        const ProjectState later = CStateReader::read(after.project);
+        return projectChanges(*earlier, *later).screens.size();
+    });
     addEngine("changes of the pictures", [&] {
         qint64 pixels = 0;
         for (int i = 0; i < before.screens.size(); ++i)

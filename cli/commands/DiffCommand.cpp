@@ -1,6 +1,7 @@
 #include "DiffCommand.h"
 
 #include "CCommandLine.h"
+#include "CContentSum.h"
 #include "CExportJob.h"
 #include "CMessages.h"
 #include "CPackedPictures.h"
@@ -13,6 +14,7 @@
 #include "CommandOutput.h"
 #include "FileNames.h"
 #include "ProjectChanges.h"
+#include "StopSignals.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -82,32 +84,69 @@ public:
     }
 
 private:
-    /// The earlier pictures wait, packed, for the later ones: there is one emulator.
+    /// There is one emulator, so pictures wait for each other, packed: only those of screens that
+    /// are not drawn by the same list from the same memory. Those are drawn once more.
     bool comparePictures(const QVector<SScreenPair> &pairs)
     {
-        QHash<const CItemModel *, SScreenPair> pairOf;
-        for (const SScreenPair &pair : pairs)
-            pairOf.insert(pair.after->item, pair);
-        CPackedPictures earlier;
+        QHash<const CItemModel *, QByteArray> earlier;
         const auto keep = [&earlier](SScreenExport &&screen) {
-            earlier.add(screen.screen, screen.frame);
+            earlier.insert(screen.screen, drawingOf(screen));
         };
         if (!m_before.renderAll(keep))
             return false;
+        QHash<const CItemModel *, SScreenPair> pairOf;
+        for (const SScreenPair &pair : pairs)
+            pairOf.insert(pair.after->item, pair);
         QVector<const CScreenModel *> removed;
         const QStringList names = pictureNames(pairs, removed);
+        CPackedPictures later;
+        QHash<const CItemModel *, SScreenPair> waiting; // by the earlier ones
         const bool isComplete = m_after.renderAll([&](SScreenExport &&screen) {
-            const QString name = names.value(screen.screen->row());
             const auto pair = pairOf.constFind(screen.screen);
-            if (pair == pairOf.cend())
-                write(name + QStringLiteral(".new.png"), screen.frame);
-            else
-                compare(earlier.take(pair->before->item), *pair->after, screen.frame, name);
+            if (pair == pairOf.cend()) {
+                write(names.value(screen.screen->row()) + QStringLiteral(".new.png"), screen.frame);
+            } else if (!screen.memory.isKnown ||
+                       earlier.value(pair->before->item) != drawingOf(screen)) {
+                later.add(screen.screen, screen.frame);
+                waiting.insert(pair->before->item, *pair);
+            }
         });
-        for (int i = 0; i < removed.size(); ++i)
-            write(names.value(m_after.project().screenCount() + i) + QStringLiteral(".old.png"),
-                  earlier.take(removed[i]));
-        return isComplete;
+        QList<int> rows;
+        for (int row = 0; row < m_before.project().screenCount(); ++row) {
+            const CScreenModel *screen = m_before.project().screen(row);
+            if (waiting.contains(screen) || (m_line.isSet("png") && removed.contains(screen)))
+                rows.append(row);
+        }
+        bool isDrawn = true;
+        const auto take = [&](SScreenExport &&screen) {
+            const auto pair = waiting.constFind(screen.screen);
+            if (pair == waiting.cend())
+                write(
+                    names.value(m_after.project().screenCount() + removed.indexOf(screen.screen)) +
+                        QStringLiteral(".old.png"),
+                    screen.frame);
+            else
+                compare(screen.frame, *pair->after, later.take(pair->after->item),
+                        names.value(pair->after->item->row()));
+        };
+        if (isComplete && !rows.isEmpty())
+            m_before.render(rows, take, [&](const CScreenModel &screen) {
+                isDrawn = false;
+                m_messages.fail(QStringLiteral("%1: screen \"%2\": The emulator gave no answer.")
+                                    .arg(m_line.word(0), screen.name()));
+            });
+        return isComplete && isDrawn && StopSignals::exitCode() == 0;
+    }
+
+    /// Two that are the same draw the same picture.
+    static QByteArray drawingOf(const SScreenExport &screen)
+    {
+        CContentSum sum;
+        for (const QByteArray &bytes : {screen.bytes, screen.memory.bytes})
+            sum.add(bytes.constData(), static_cast<size_t>(bytes.size()));
+        sum.add(static_cast<uint64_t>(screen.frame.width()));
+        sum.add(static_cast<uint64_t>(screen.frame.height()));
+        return sum.result();
     }
 
     void compare(const QImage &before, const SItemState &screen, const QImage &after,
