@@ -106,17 +106,20 @@ double worstPart(const CListProbe::STextRun &text, const QRect &area, const QIma
     const int width = std::max(text.lineHeight, 8);
     for (int left = area.left(); left + width / 2 <= area.right(); left += width) {
         const int right = std::min(left + width - 1, area.right());
-        ratios.clear();
-        size_t worse = 0;
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            const QRgb *behind = rowOf(without, y);
-            for (int x = left; x <= right; ++x) {
-                ratios.push_back(ratio.of(behind[x]));
-                worse += ratios.back() < worst;
+        const auto each = [&](auto take) {
+            for (int y = area.top(); y <= area.bottom(); ++y) {
+                const QRgb *behind = rowOf(without, y);
+                for (int x = left; x <= right; ++x)
+                    take(ratio.of(behind[x]));
             }
-        }
-        if (worse > ratios.size() / 2) // otherwise the median is not
-            worst = median(ratios);
+        };
+        int worse = 0;
+        each([&](double here) { worse += here < worst; });
+        if (worse <= (right - left + 1) * area.height() / 2)
+            continue; // nor is the median
+        ratios.clear();
+        each([&](double here) { ratios.push_back(here); });
+        worst = median(ratios);
     }
     return worst;
 }

@@ -182,15 +182,15 @@ Palette readPalette(EBitmapFormat format, const uint8_t *bytes)
     return palette;
 }
 
-/// (first * a + b * second) / (first + second) for each channel, both colours opaque.
-uint32_t mixed(uint32_t a, uint32_t first, uint32_t b, uint32_t second)
+/// (First * a + b * Second) / (First + Second) for each channel, both colours opaque.
+template<uint32_t First, uint32_t Second>
+uint32_t mixed(uint32_t a, uint32_t b)
 {
-    uint32_t result = 0xFF000000;
-    for (int shift = 0; shift < 24; shift += 8) {
-        const uint32_t sum = (a >> shift & 0xFF) * first + (b >> shift & 0xFF) * second;
-        result |= sum / (first + second) << shift;
-    }
-    return result;
+    const auto channel = [a, b](int shift) {
+        return ((a >> shift & 0xFF) * First + (b >> shift & 0xFF) * Second) / (First + Second)
+               << shift;
+    };
+    return 0xFF000000 | channel(16) | channel(8) | channel(0);
 }
 
 /// The four colours of a block. When the first end is not above the second, the fourth colour is
@@ -202,8 +202,8 @@ std::array<uint32_t, 4> blockColours(const uint8_t *block)
     const uint32_t c0 = from565(end0);
     const uint32_t c1 = from565(end1);
     if (end0 > end1)
-        return {c0, c1, mixed(c0, 2, c1, 1), mixed(c0, 1, c1, 2)};
-    return {c0, c1, mixed(c0, 1, c1, 1), 0};
+        return {c0, c1, mixed<2, 1>(c0, c1), mixed<1, 2>(c0, c1)};
+    return {c0, c1, mixed<1, 1>(c0, c1), 0};
 }
 
 void decodeBlock(const uint8_t *block, SBitmapImage &image, int left, int top)
