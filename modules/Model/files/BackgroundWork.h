@@ -20,11 +20,12 @@ void run(QObject *receiver, Work work, Done done)
     const QPointer<QObject> guard(receiver);
     QThreadPool::globalInstance()->start(
         [application, guard, work = std::move(work), done = std::move(done)] {
-            const auto deliver = [guard, done, result = work()] {
+            auto deliver = [guard, done, result = work()] {
                 if (guard)
                     done(result);
             };
-            QMetaObject::invokeMethod(application, deliver, Qt::QueuedConnection);
+            // Moved: what the result holds is given up by the GUI thread, never by this one.
+            QMetaObject::invokeMethod(application, std::move(deliver), Qt::QueuedConnection);
         });
 }
 
