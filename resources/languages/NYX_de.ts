@@ -2712,10 +2712,6 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <translation>Es ist kein Widget darin.</translation>
     </message>
     <message>
-        <source>What is locked stays. Unlock it to cut or delete it.</source>
-        <translation>Was gesperrt ist, bleibt. Entsperren Sie es, um es auszuschneiden oder zu löschen.</translation>
-    </message>
-    <message>
         <source>A locked group stays together. Unlock it to ungroup it.</source>
         <translation>Eine gesperrte Gruppe bleibt zusammen. Entsperren Sie sie, um die Gruppierung aufzuheben.</translation>
     </message>

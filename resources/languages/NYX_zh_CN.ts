@@ -2712,10 +2712,6 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>其中没有控件。</translation>
     </message>
     <message>
-        <source>What is locked stays. Unlock it to cut or delete it.</source>
-        <translation>已锁定的内容保持不变。请先解锁再剪切或删除。</translation>
-    </message>
-    <message>
         <source>A locked group stays together. Unlock it to ungroup it.</source>
         <translation>已锁定的组保持不变。请先解锁再取消组合。</translation>
     </message>

@@ -143,16 +143,7 @@ void CEditCommands::cut()
         m_panels->explorer()->cut();
         return;
     }
-    ItemClipboard::cut(going());
-}
-
-/// All that is selected, having told of what stays.
-ItemOperations::Items CEditCommands::going() const
-{
-    const ItemOperations::Items selected = items();
-    if (ItemOperations::removable(selected) != selected)
-        m_panels->report(CSelectionCommands::whatStays());
-    return selected;
+    ItemClipboard::cut(items());
 }
 
 /// What was copied last is pasted, widgets or pages.
@@ -183,7 +174,7 @@ void CEditCommands::duplicate()
 void CEditCommands::remove()
 {
     if (!isForFocused(EText::Delete))
-        ItemOperations::remove(going(), tr("Delete Selected Items"));
+        ItemOperations::remove(items(), tr("Delete Selected Items"));
 }
 
 void CEditCommands::selectAll()

@@ -49,7 +49,6 @@ private:
 
     bool isForFocused(EText what) const;
     ItemOperations::Items items() const;
-    ItemOperations::Items going() const;
     ItemOperations::Items itemsOfPages() const;
     bool arePagesSelected() const;
 

@@ -177,12 +177,11 @@ bool ItemClipboard::canPaste(const QMimeData *data)
 
 void ItemClipboard::cut(const Items &items)
 {
-    const Items going = ItemOperations::removable(items);
-    QMimeData *copied = toMimeData(going);
+    QMimeData *copied = toMimeData(items);
     if (!copied)
         return;
     QGuiApplication::clipboard()->setMimeData(copied);
-    ItemOperations::remove(going, QCoreApplication::translate("CSelectionCommands", "Cut"));
+    ItemOperations::remove(items, QCoreApplication::translate("CSelectionCommands", "Cut"));
 }
 
 Items ItemClipboard::paste(CItemModel &into, const QMimeData &data, QString *problem,

@@ -20,8 +20,8 @@ using Items = QVector<CItemModel *>;
 /// The items as clipboard data, owned by the caller; null for no items.
 QMimeData *toMimeData(const Items &items);
 bool canPaste(const QMimeData *data);
-/// Copies what is removable of items of any screens to the clipboard, and takes it away. Nothing is
-/// taken away that could not be pasted.
+/// Copies items of any screens to the clipboard, and takes them away. Nothing is taken away that
+/// could not be pasted.
 void cut(const Items &items);
 /// The pasted items. They get unused ids, and names that no other item of the screen has; images
 /// of another project come along. `problem` says why nothing was pasted, or which images are

@@ -100,16 +100,6 @@ QVector<Items> withoutScreens(Items items)
     return byParent(items);
 }
 
-void addGoing(CItemModel &item, Items &going)
-{
-    if (!item.parentItem() || ItemOperations::mayGo(item)) {
-        going.append(&item);
-        return;
-    }
-    for (int row = 0; row < item.rowCount() && !item.isUnderLock(); ++row)
-        addGoing(*item.childItem(row), going);
-}
-
 /// Groups in the place of their members, where all of these are to go.
 Items withEmptied(Items going)
 {
@@ -258,22 +248,13 @@ bool ItemOperations::mayGo(const CItemModel &item)
     return !item.isUnderLock() && !findItem(item, isLocked);
 }
 
-Items ItemOperations::removable(const Items &items)
-{
-    Items going;
-    for (CItemModel *each : items)
-        addGoing(*each, going);
-    return going;
-}
-
 void ItemOperations::remove(const Items &items, const QString &macroText)
 {
-    const Items going = removable(items);
-    if (going.isEmpty())
+    if (items.isEmpty())
         return;
-    QUndoStack &stack = *going.constFirst()->project()->undoStack();
+    QUndoStack &stack = *items.constFirst()->project()->undoStack();
     stack.beginMacro(macroText);
-    for (const Items &each : byParent(withEmptied(going))) {
+    for (const Items &each : byParent(withEmptied(items))) {
         if (each.constFirst()->parent()) {
             stack.push(new CCommandDeleteItem(each));
             continue;

@@ -36,11 +36,8 @@ CItemModel *group(CScreenModel &screen, const Items &items, const QPoint &positi
 Items ungroup(CScreenModel &screen, const Items &items);
 /// Whether nothing of it is locked, nor what it is in.
 bool mayGo(const CItemModel &item);
-/// What of the items is taken away with them: of groups that hold something locked the other
-/// members, of locked items nothing. Screens are not asked for locks.
-Items removable(const Items &items);
-/// Takes away what is removable of items of any screens, and screens. A group that loses its last
-/// member goes as well.
+/// Takes away items of any screens, and screens; a lock is about place and properties, and does not
+/// keep them. A group that loses its last member goes as well.
 void remove(const Items &items, const QString &macroText);
 
 /// Makes items of any screen of the project the foremost ones of this screen; those that are its

@@ -53,15 +53,7 @@ void CSelectionCommands::copy()
 
 void CSelectionCommands::cut()
 {
-    const QVector<CItemModel *> items = selectedItems();
-    if (ItemOperations::removable(items) != items)
-        Q_EMIT message(whatStays());
-    ItemClipboard::cut(items);
-}
-
-QString CSelectionCommands::whatStays()
-{
-    return tr("What is locked stays. Unlock it to cut or delete it.");
+    ItemClipboard::cut(selectedItems());
 }
 
 void CSelectionCommands::paste()
@@ -338,7 +330,7 @@ void CSelectionCommands::addTo(QMenu *menu)
     add("Copy", tr("Copy"), &CSelectionCommands::copy, any);
     add("Paste", tr("Paste"), &CSelectionCommands::paste,
         ItemClipboard::canPaste(QGuiApplication::clipboard()->mimeData()));
-    add("Cut", tr("Cut"), &CSelectionCommands::cut, !ItemOperations::removable(items).isEmpty());
+    add("Cut", tr("Cut"), &CSelectionCommands::cut, any);
     menu->addSeparator();
     add("BringToFront", tr("Bring to Front"), &CSelectionCommands::toFront,
         canOrder(EOrder::ToFront));

@@ -67,8 +67,6 @@ public:
     /// Carries one move out.
     void move(CItemModel *item, const QPointF &newPosition);
 
-    static QString whatStays(); ///< told when something of what was to go has a lock
-
     /// The entries of the context menu. Their names are those of the menu bar's
     /// actions, which have the keys.
     void addTo(QMenu *menu);
