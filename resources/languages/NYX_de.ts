@@ -5546,8 +5546,8 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
         <translation>Warum ist es so richtig?</translation>
     </message>
     <message>
-        <source>Delete %1? This cannot be undone.</source>
-        <translation>%1 löschen? Das lässt sich nicht rückgängig machen.</translation>
+        <source>Delete %1?</source>
+        <translation>%1 löschen?</translation>
     </message>
     <message>
         <source>Delete the File</source>
@@ -5586,7 +5586,46 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     </message>
 </context>
 <context>
+    <name>CCommandDeleteImage</name>
+    <message>
+        <source>it is too large to be brought back by Undo</source>
+        <translation>sie ist zu groß, um rückgängig zurückgeholt zu werden</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: an item shows it.</source>
+        <translation>%1 wurde nicht gelöscht: Ein Element zeigt die Datei.</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: the project as it was saved last still shows it. Save the project first.</source>
+        <translation>%1 wurde nicht gelöscht: Das Projekt, wie es zuletzt gespeichert wurde, zeigt die Datei noch. Speichern Sie zuerst das Projekt.</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: %2</source>
+        <translation>%1 wurde nicht gelöscht: %2</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>%1 konnte nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>The image cannot be brought back. %1</source>
+        <translation>Das Bild kann nicht zurückgeholt werden. %1</translation>
+    </message>
+    <message>
+        <source>Another file is called %1 now.</source>
+        <translation>Jetzt heißt eine andere Datei %1.</translation>
+    </message>
+</context>
+<context>
     <name>CheckFixes</name>
+    <message>
+        <source>Delete an image file</source>
+        <translation>Bilddatei löschen</translation>
+    </message>
     <message>
         <source>&amp;Rename</source>
         <translation>&amp;Umbenennen</translation>

@@ -5546,8 +5546,8 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
         <translation>为什么这样是正确的？</translation>
     </message>
     <message>
-        <source>Delete %1? This cannot be undone.</source>
-        <translation>删除 %1？此操作无法撤消。</translation>
+        <source>Delete %1?</source>
+        <translation>删除 %1？</translation>
     </message>
     <message>
         <source>Delete the File</source>
@@ -5586,7 +5586,46 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
     </message>
 </context>
 <context>
+    <name>CCommandDeleteImage</name>
+    <message>
+        <source>it is too large to be brought back by Undo</source>
+        <translation>文件太大，无法通过撤销恢复</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: an item shows it.</source>
+        <translation>未删除 %1：有对象正在显示它。</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: the project as it was saved last still shows it. Save the project first.</source>
+        <translation>未删除 %1：上次保存的项目仍在显示它。请先保存项目。</translation>
+    </message>
+    <message>
+        <source>%1 was not deleted: %2</source>
+        <translation>未删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>它不是普通文件</translation>
+    </message>
+    <message>
+        <source>%1 could not be deleted: %2</source>
+        <translation>无法删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>The image cannot be brought back. %1</source>
+        <translation>无法恢复图像。%1</translation>
+    </message>
+    <message>
+        <source>Another file is called %1 now.</source>
+        <translation>现在另一个文件名为 %1。</translation>
+    </message>
+</context>
+<context>
     <name>CheckFixes</name>
+    <message>
+        <source>Delete an image file</source>
+        <translation>删除图像文件</translation>
+    </message>
     <message>
         <source>&amp;Rename</source>
         <translation>重命名(&amp;R)</translation>

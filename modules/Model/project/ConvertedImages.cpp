@@ -3,6 +3,7 @@
 #include "CItemModel.h"
 #include "CProjectModel.h"
 #include "FileNames.h"
+#include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <QDir>
@@ -48,4 +49,19 @@ QString ConvertedImages::fileOf(const CItemModel &item)
     const QString folder = project->absoluteFolder(item.propertyText(PropertyKey::BitmapFolder));
     return QDir::cleanPath(QDir(project->workingDirectory()).filePath(folder) + QLatin1Char('/') +
                            file);
+}
+
+bool ConvertedImages::isShown(const CProjectModel &project, const QString &file)
+{
+    const QString place = QFileInfo(QFileInfo(file).path()).canonicalFilePath();
+    const QString name = QFileInfo(file).fileName();
+    bool isFound = false;
+    forEachItem(project, [&](const CItemModel &item) {
+        const QFileInfo shown(isFound ? QString() : fileOf(item));
+        isFound =
+            isFound ||
+            (!shown.filePath().isEmpty() && shown.fileName() == name &&
+             (shown.filePath() == file || QFileInfo(shown.path()).canonicalFilePath() == place));
+    });
+    return isFound;
 }

@@ -18,4 +18,6 @@ bool isFolder(const QString &path, const QString &projectFolder);
 /// The file of the image that an item of a project shows, absolute, as the render commands name it;
 /// empty when it shows none.
 QString fileOf(const CItemModel &item);
+/// Whether an item of the project shows the file, which need not be there.
+bool isShown(const CProjectModel &project, const QString &file);
 } // namespace ConvertedImages

@@ -79,6 +79,11 @@ public:
     /// Asks, and removes it.
     void forget(const CRecoveryCopy::SLeft &left);
 
+    /// Whether what a later start would open shows the image file, absolute: the project's file,
+    /// the version that the user saved last, the recovery copy. Also when one of them cannot be
+    /// read.
+    bool isOnDiskWith(const QString &image) const;
+
     bool save();
     bool saveAs();
     /// Whether the file's user has changed it since the last save of his own.

@@ -5,6 +5,7 @@
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
 #include "CXmlGuard.h"
+#include "ConvertedImages.h"
 #include "IUserQuestions.h"
 #include "PropertyKey.h"
 
@@ -12,6 +13,17 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QUndoStack>
+
+namespace {
+bool mayShow(const QString &image, const std::optional<QByteArray> &document, const QString &folder)
+{
+    CProjectModel project;
+    if (!document || !project.loadFromBytes(*document, nullptr))
+        return true;
+    project.setWorkingDirectory(folder);
+    return ConvertedImages::isShown(project, image);
+}
+} // namespace
 
 CProjectSession::EAutosave CProjectSession::autosave()
 {
@@ -155,6 +167,20 @@ void CProjectSession::forget(const CRecoveryCopy::SLeft &left)
         return;
     if (auto copy = CRecoveryCopy::adopt(left.file))
         copy->remove();
+}
+
+bool CProjectSession::isOnDiskWith(const QString &image) const
+{
+    const bool isSaved = m_file && QFileInfo::exists(m_file->path());
+    const QString folder = isSaved ? QFileInfo(m_file->path()).absolutePath() : QString();
+    if (isSaved && mayShow(image, CXmlGuard::readFile(m_file->path()), folder))
+        return true;
+    const auto saved = isSaved ? m_file->savedVersion() : std::nullopt;
+    if (saved && mayShow(image, saved, folder))
+        return true;
+    // It lies elsewhere, but is the same project in the same folder.
+    return m_copy && m_copy->isWritten() &&
+           mayShow(image, CXmlGuard::readFile(m_copy->file()), m_project->workingDirectory());
 }
 
 bool CProjectSession::canRevert() const

@@ -3,6 +3,7 @@
 #include "CArrangeActions.h"
 #include "CBudgetActions.h"
 #include "CCheckActions.h"
+#include "CChecksView.h"
 #include "CCompareActions.h"
 #include "CFindActions.h"
 #include "CGuideActions.h"
@@ -44,6 +45,8 @@ CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar 
                               window))
 {
     m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
+    m_checks->view()->setSaved(
+        [window](const QString &file) { return window->session()->isOnDiskWith(file); });
     panels->shareSpace(); // all docks are there
     QAction *navigator = panels->navigatorDock()->toggleViewAction();
     navigator->setObjectName(QStringLiteral("navigatorWindow"));

@@ -1,5 +1,6 @@
 #include "CAutosaver.h"
 #include "CCommandChangeItemProperty.h"
+#include "CCommandDeleteImage.h"
 #include "CProjectLock.h"
 #include "CProjectSession.h"
 #include "CRecentProjects.h"
@@ -281,6 +282,67 @@ private Q_SLOTS:
         QCOMPARE(readFile(at("target/Second_1_ConvertedImages/sky_DXT1/sky_DXT1.raw")),
                  QByteArray("another sky"));
         QCOMPARE(allFiles().filter(QRegularExpression("private|lake.nyx")).size(), 2); // stay
+    }
+
+    /// Whether the project is closed without being saved, undone or moved: no picture is missing.
+    void deletedImagesComeBack()
+    {
+        const auto in = [this](const QString &path) { return m_folder->filePath(path); };
+        const QString folder = "demo_ConvertedImages/sky_DXT1";
+        const QString raw = folder + "/sky_DXT1.raw";
+        QVERIFY(QDir(m_folder->path()).mkpath(folder));
+        QVERIFY(writeFile(in(raw), "pixels") && writeFile(in(folder + "/sky_DXT1.lut"), "lut"));
+        QVERIFY(writeFile(m_file,
+                          "<Kiv_Project_T project_name=\"demo\" platform=\"QX110\"><Kiv_Screen_T "
+                          "name=\"P\"><Kiv_Bitmap_T bfolder=\"demo_ConvertedImages/sky_DXT1\" "
+                          "basename=\"sky\" suffix=\"png\" format=\"DXT1\"/>"
+                          "</Kiv_Screen_T></Kiv_Project_T>"));
+        QVERIFY(m_session->openFile(m_file));
+        QUndoStack *steps = m_session->project()->undoStack();
+        QString told;
+        const CCommandDeleteImage::SCalls calls{
+            [this](const QString &file) { return m_session->isOnDiskWith(file); },
+            [&told](const QString &error) { told = error; }};
+        const auto pushDeletion = [&] {
+            steps->push(new CCommandDeleteImage(m_session->project(), in(raw), calls));
+        };
+        pushDeletion();
+        QVERIFY(told.endsWith("an item shows it."));
+        CItemModel *sky = m_session->project()->screen(0)->childItem(0);
+        steps->push(new CCommandChangeItemProperty(sky, PropertyKey::BaseName, QString(), "sky"));
+        for (const bool isAutosaved : {false, true}) {
+            QVERIFY(!isAutosaved || m_session->autosave() == EAutosave::Saved);
+            pushDeletion();
+            QVERIFY(told.endsWith("Save the project first."));
+        }
+        QCOMPARE(steps->count(), 1);
+        QVERIFY(m_session->save());
+        pushDeletion();
+        QCOMPARE(told + filesIn(in(folder)).join(' '), QString());
+
+        QVERIFY(QDir(m_folder->path()).mkdir("target"));
+        m_user->savePath = at("target/moved.nyx");
+        QVERIFY(m_session->saveAs());
+        const QString place = "target/moved_ConvertedImages/sky_DXT1";
+        QVERIFY(writeFile(at("target/moved_ConvertedImages"), "in the way"));
+        steps->undo();
+        QVERIFY(told.contains("cannot be brought back"));
+        steps->redo(); // held on
+        QVERIFY(QFile::remove(at("target/moved_ConvertedImages")));
+        steps->undo();
+        QCOMPARE(told, QString());
+        QCOMPARE(filesIn(in(place)), QStringList({"sky_DXT1.lut", "sky_DXT1.raw"}));
+        QCOMPARE(readFile(in(place + "/sky_DXT1.raw")), QByteArray("pixels"));
+        steps->redo();
+        QVERIFY(writeFile(in(place + "/sky_DXT1.raw"), "another sky"));
+        steps->undo();
+        QVERIFY(told.contains("Another file is called"));
+        QCOMPARE(readFile(in(place + "/sky_DXT1.raw")), QByteArray("another sky"));
+        steps->undo();
+        QVERIFY(m_session->save()); // with the image again
+        steps->setIndex(2);
+        QVERIFY(told.endsWith("Save the project first."));
+        QCOMPARE(filesIn(in(place)).size(), 2);
     }
 
     void saveAsThatFailsChangesNothing()

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QStackedLayout>
 #include <QStyle>
 #include <QTreeWidget>
@@ -347,16 +348,12 @@ void CChecksView::ask(const CheckFixes::SMeasure &measure)
 
 void CChecksView::mend(const CCheckResults::SEntry &entry)
 {
-    if (CheckFixes::removesFile(entry)) {
-        const QString question =
-            tr("Delete %1? This cannot be undone.").arg(ShownText::message(entry.finding.file));
-        constexpr auto Both = QMessageBox::Yes | QMessageBox::No;
-        if (QMessageBox::question(this, tr("Delete the File"), question, Both, QMessageBox::No) !=
-            QMessageBox::Yes)
-            return;
-    }
     if (!m_results->project())
         return;
+    if (CheckFixes::removesFile(entry)) {
+        removeFile(entry);
+        return;
+    }
     if (entry.finding.rule == ERule::ChangedImage) {
         CImageRenewal renewal(this);
         connect(&renewal, &CImageRenewal::message, this, &CChecksView::message);
@@ -364,8 +361,35 @@ void CChecksView::mend(const CCheckResults::SEntry &entry)
         return;
     }
     CheckFixes::apply(*m_results->project(), entry);
-    if (CheckFixes::removesFile(entry))
-        m_results->lookAtFiles();
+}
+
+void CChecksView::removeFile(const CCheckResults::SEntry &entry)
+{
+    const QPointer<CProjectModel> project = m_results->project();
+    const auto tried = [self = QPointer<CChecksView>(this)](const QString &error) {
+        if (self)
+            self->tellOfFiles(error);
+    };
+    const CCommandDeleteImage::SCalls calls{m_isSaved, tried};
+    const QString refusal = CCommandDeleteImage::whyNot(*project, entry.finding.file, calls);
+    if (!refusal.isEmpty()) {
+        QMessageBox::information(this, tr("Delete the File"), ShownText::message(refusal));
+        m_results->lookAtFiles(); // it may have been looked at before an item showed it again
+        return;
+    }
+    const QString question = tr("Delete %1?").arg(ShownText::message(entry.finding.file));
+    constexpr auto Both = QMessageBox::Yes | QMessageBox::No;
+    if (QMessageBox::question(this, tr("Delete the File"), question, Both, QMessageBox::No) ==
+            QMessageBox::Yes &&
+        project)
+        CheckFixes::removeFile(*project, entry, calls);
+}
+
+void CChecksView::tellOfFiles(const QString &error)
+{
+    if (!error.isEmpty())
+        Q_EMIT message(ShownText::message(error));
+    m_results->lookAtFiles();
 }
 
 void CChecksView::changeEvent(QEvent *event)

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+
 class CItemModel;
 class QCheckBox;
 class QComboBox;
@@ -24,6 +26,8 @@ public:
 
     /// Must live longer.
     void setResults(CCheckResults *results);
+    /// Tells whether the project as it lies on the disk shows an image file.
+    void setSaved(const std::function<bool(const QString &file)> &isSaved) { m_isSaved = isSaved; }
     /// Goes to the next finding that is shown, or with -1 to the one before; round at the ends.
     void goTo(int step);
     /// Findings that nobody ignores.
@@ -52,10 +56,13 @@ private:
     void ignore(const CCheckResults::SEntry &entry);
     void ask(const CheckFixes::SMeasure &measure);
     void mend(const CCheckResults::SEntry &entry);
+    void removeFile(const CCheckResults::SEntry &entry);
+    void tellOfFiles(const QString &error);
     const CCheckResults::SEntry *entryOf(const QTreeWidgetItem *row) const;
     void retranslate();
 
     CCheckResults *m_results = nullptr;
+    std::function<bool(const QString &file)> m_isSaved;
     QVector<CCheckResults::SEntry> m_entries;
     QComboBox *m_screens;
     QCheckBox *m_showIgnored;

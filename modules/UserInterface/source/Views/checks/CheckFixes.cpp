@@ -9,7 +9,6 @@
 #include "Rules.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QSet>
 #include <QUndoStack>
 
@@ -86,14 +85,16 @@ QString mend(const CCheckResults::SEntry &entry)
     }
 }
 
+void removeFile(CProjectModel &project, const CCheckResults::SEntry &entry,
+                const CCommandDeleteImage::SCalls &calls)
+{
+    auto *command = new CCommandDeleteImage(&project, entry.finding.file, calls);
+    command->setText(SText::tr("Delete an image file"));
+    project.undoStack()->push(command);
+}
+
 void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
 {
-    if (removesFile(entry)) {
-        // The tools leave its size and its palette beside it.
-        for (const char *suffix : {"raw", "json", "lut"})
-            QFile::remove(entry.finding.file.chopped(3) + QLatin1String(suffix));
-        return;
-    }
     CItemModel *item = placeOf(project, entry);
     if (!item)
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CCheckResults.h"
+#include "CCommandDeleteImage.h"
 
 #include <QString>
 
@@ -9,10 +10,11 @@ namespace CheckFixes {
 
 /// What a mend would do, for a menu; empty when there is no safe one.
 QString mend(const CCheckResults::SEntry &entry);
-/// Does it. A file that is to be removed is gone for good: to be asked before.
 void apply(CProjectModel &project, const CCheckResults::SEntry &entry);
-/// Whether it removes a file.
+/// Whether it removes a file instead: to be asked before.
 bool removesFile(const CCheckResults::SEntry &entry);
+void removeFile(CProjectModel &project, const CCheckResults::SEntry &entry,
+                const CCommandDeleteImage::SCalls &calls);
 
 /// What of the project the rule measures by, and the user may set.
 struct SMeasure
