@@ -736,6 +736,10 @@
         <translation>%1 von %2 angehakt</translation>
     </message>
     <message>
+        <source>The values of a property are found with &quot;%1&quot;.</source>
+        <translation>Die Werte einer Eigenschaft werden mit „%1“ gefunden.</translation>
+    </message>
+    <message>
         <source>Nothing found in %1 items</source>
         <translation>In %1 Elementen nichts gefunden</translation>
     </message>
@@ -2610,6 +2614,13 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     </message>
 </context>
 <context>
+    <name>CReadingNotice</name>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 wird gelesen...</translation>
+    </message>
+</context>
+<context>
     <name>CRecoveryCopy</name>
     <message>
         <source>The folder %1 could not be made</source>
@@ -2641,6 +2652,10 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
     <message>
         <source>New Screen</source>
         <translation>Neue Seite</translation>
+    </message>
+    <message>
+        <source>The project has no page. &quot;New Page&quot; makes one.</source>
+        <translation>Das Projekt hat keine Seite. „Neue Seite“ legt eine an.</translation>
     </message>
     <message>
         <source>No screen is open. Choose one in the project explorer or the navigator.</source>

@@ -736,6 +736,10 @@
         <translation>已勾选 %1 / %2</translation>
     </message>
     <message>
+        <source>The values of a property are found with &quot;%1&quot;.</source>
+        <translation>属性的值请用“%1”查找。</translation>
+    </message>
+    <message>
         <source>Nothing found in %1 items</source>
         <translation>在 %1 个对象中未找到</translation>
     </message>
@@ -2610,6 +2614,13 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     </message>
 </context>
 <context>
+    <name>CReadingNotice</name>
+    <message>
+        <source>Reading %1...</source>
+        <translation>正在读取 %1...</translation>
+    </message>
+</context>
+<context>
     <name>CRecoveryCopy</name>
     <message>
         <source>The folder %1 could not be made</source>
@@ -2641,6 +2652,10 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
     <message>
         <source>New Screen</source>
         <translation>新建页面</translation>
+    </message>
+    <message>
+        <source>The project has no page. &quot;New Page&quot; makes one.</source>
+        <translation>项目没有页面。用“新建页面”可添加一个。</translation>
     </message>
     <message>
         <source>No screen is open. Choose one in the project explorer or the navigator.</source>

@@ -209,8 +209,14 @@ private Q_SLOTS:
         m_window->closeProject();
         QCOMPARE(rows(), QStringList());
         QVERIFY(!m_window->findActions()->action(CFindActions::Find)->isEnabled());
-        QCOMPARE(m_panel->findChild<QLabel *>("findState")->text(), "No project");
+        const auto *state = m_panel->findChild<QLabel *>("findState");
+        QCOMPARE(state->text(), "No project");
         QVERIFY(m_window->openProjectFile(m_folder->path("demo.nyx")));
+        for (const char *text : {"nowhere", "x_coordinate=20"}) {
+            find(text);
+            QTRY_VERIFY(state->text().startsWith("Nothing found"));
+            QCOMPARE(state->text().contains("\"Property\""), strchr(text, '=') != nullptr);
+        }
     }
 
     void picturesShowTheItems()

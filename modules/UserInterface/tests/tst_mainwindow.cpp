@@ -352,8 +352,19 @@ private Q_SLOTS:
         QVERIFY(!m_window->project());
         m_window->openRecent(&recent);
         QCOMPARE(m_window->cursor().shape(), Qt::BusyCursor);
+        const auto *notice = m_window->findChild<QLabel *>("readingNotice");
+        QVERIFY(!notice->isVisible()); // it may be over before it is seen
+        QDialog dialog(m_window.get());
+        dialog.setModal(true);
+        m_answers->expect([&](QDialog *) { // for which it waits
+            m_window->show();
+            QTRY_VERIFY(notice->isVisible());
+            QCOMPARE(notice->text(), "Reading long.nyx...");
+        });
+        dialog.exec();
         QTRY_COMPARE(m_window->projectPath(), recent.whatsThis());
         QCOMPARE(m_window->cursor().shape(), Qt::ArrowCursor);
+        QVERIFY(!notice->isVisible());
     }
 
     void closeQuestion()
@@ -413,6 +424,7 @@ private Q_SLOTS:
         QVERIFY(errors->isVisible());
         QCOMPARE(errors->findChild<QTextEdit *>()->toPlainText(),
                  "The specified file is not a valid project file.");
+        QVERIFY(errors->findChild<QLabel *>("errorReason")->text().contains("broken.nyx"));
         m_window->show(); // the box comes after it, to lie above it
         QVERIFY(!errors->isVisible());
         QTRY_VERIFY(errors->isVisible());

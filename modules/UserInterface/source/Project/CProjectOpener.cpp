@@ -25,12 +25,13 @@ CProjectOpener::~CProjectOpener() = default;
 void CProjectOpener::open(const QString &path)
 {
     cancel();
-    if (QFileInfo(path).size() <= ReadAtOnce) {
+    const QFileInfo file(path);
+    if (file.size() <= ReadAtOnce) {
         m_session->open(path);
         return;
     }
-    m_path = path;
-    setReading(true);
+    m_written = file.lastModified();
+    setReading(path);
     BackgroundWork::run(
         this,
         [path, home = thread()] {
@@ -56,6 +57,11 @@ void CProjectOpener::take()
     const auto read = std::exchange(m_read, nullptr);
     const QString path = m_path;
     cancel();
+    // Another version, or none: the project that is open is not closed for what is gone.
+    if (QFileInfo(path).lastModified() != m_written) {
+        open(path);
+        return;
+    }
     Q_EMIT aboutToOpen();
     m_session->open(path, std::move(*read));
 }
@@ -65,11 +71,11 @@ void CProjectOpener::cancel()
     ++m_wish;
     m_read.reset();
     m_retry.stop();
-    setReading(false);
+    setReading({});
 }
 
-void CProjectOpener::setReading(bool isReading)
+void CProjectOpener::setReading(const QString &path)
 {
-    if (std::exchange(m_isReading, isReading) != isReading)
-        Q_EMIT readingChanged(isReading);
+    if (std::exchange(m_path, path) != path)
+        Q_EMIT readingChanged(path);
 }

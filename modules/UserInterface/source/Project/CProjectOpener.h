@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -34,19 +35,20 @@ public:
     void cancel();
 
 Q_SIGNALS:
-    void readingChanged(bool isReading);
+    /// Of this file; empty: no longer.
+    void readingChanged(const QString &path);
     /// What is being typed belongs to the project that is open.
     void aboutToOpen();
 
 private:
     void take();
-    void setReading(bool isReading);
+    void setReading(const QString &path);
 
     CProjectSession *const m_session;
     std::function<bool()> m_isBusy;
     int m_wish = 0; ///< of the last one
-    bool m_isReading = false;
     QString m_path;
+    QDateTime m_written;                  ///< the file, when its reading began
     std::shared_ptr<SProjectRead> m_read; ///< null: not yet
     QTimer m_retry;
 };

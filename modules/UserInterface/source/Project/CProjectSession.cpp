@@ -4,7 +4,6 @@
 #include "CProjectFile.h"
 #include "CProjectModel.h"
 #include "CRecentProjects.h"
-#include "IUserQuestions.h"
 #include "PropertyKey.h"
 #include "RegularFile.h"
 #include "SProjectRead.h"
@@ -77,7 +76,7 @@ bool CProjectSession::isProject(const SProjectRead &read) const
 
 bool CProjectSession::openFile(const QString &path)
 {
-    return openFile(path, {});
+    return !m_isAsking && openFile(path, {});
 }
 
 /// A project that is reached through a link is the file where it lies: its images stand beside it,
@@ -115,7 +114,7 @@ std::unique_ptr<CProjectLock> CProjectSession::lockFor(const QString &path, bool
     auto lock = std::make_unique<CProjectLock>(path);
     auto result = lock->tryLock();
     if (result == CProjectLock::EResult::HeldElsewhere) {
-        *given = m_user->takeOverLock(path);
+        *given = ask(&IUserQuestions::takeOverLock, path);
         if (!*given)
             return lock;
         result = lock->takeOver();
@@ -154,13 +153,13 @@ std::unique_ptr<CProjectModel> CProjectSession::load(CProjectFile *file, const C
     QString reason;
     auto bytes = file->read(&reason);
     const auto saved = lock.isTaken() && !lock.isTakenOver() ? file->savedVersion() : std::nullopt;
-    *isRecovered = bytes && saved && m_user->openSavedVersion(file->path());
+    *isRecovered = bytes && saved && ask(&IUserQuestions::openSavedVersion, file->path());
     if (*isRecovered)
         bytes = saved;
     std::unique_ptr<CProjectModel> project = std::move(checked.project);
     if (!project || bytes != checked.bytes) {
-        project = std::make_unique<CProjectModel>();
-        if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
+        project = bytes ? SProjectRead::projectIn(*bytes, file->path(), &reason) : nullptr;
+        if (!project) {
             m_user->showError(tr("Could not open specified project file."), reason);
             return nullptr;
         }
@@ -192,7 +191,9 @@ void CProjectSession::open(const QString &path, SProjectRead read)
 
 void CProjectSession::newProject()
 {
-    const auto options = m_user->newProject();
+    if (m_isAsking)
+        return;
+    const auto options = ask(&IUserQuestions::newProject);
     if (!options || !close())
         return;
     auto project = std::make_unique<CProjectModel>();
@@ -211,14 +212,14 @@ bool CProjectSession::isOusted() const
 
 bool CProjectSession::save()
 {
-    if (!m_project)
+    if (!m_project || m_isAsking)
         return false;
     if (!m_file)
         return saveAs();
     if (isOusted())
-        return m_user->saveElsewhere(m_file->path()) && saveAs();
+        return ask(&IUserQuestions::saveElsewhere, m_file->path()) && saveAs();
     if (m_file->isChangedByOthers()) {
-        switch (m_user->overwriteChanged(m_file->path())) {
+        switch (ask(&IUserQuestions::overwriteChanged, m_file->path())) {
         case IUserQuestions::EOverwrite::Overwrite:
             break;
         case IUserQuestions::EOverwrite::SaveAs:
@@ -260,10 +261,11 @@ void CProjectSession::fail(const QString &reason) const
 
 bool CProjectSession::saveAs()
 {
-    if (!m_project)
+    if (!m_project || m_isAsking)
         return false;
-    const QString path = CProjectFile::withSuffix(m_user->projectToSave(
-        m_workingDirectory, m_project->propertyText(PropertyKey::ProjectName)));
+    const QString path =
+        CProjectFile::withSuffix(ask(&IUserQuestions::projectToSave, m_workingDirectory,
+                                     m_project->propertyText(PropertyKey::ProjectName)));
     if (path.isEmpty())
         return false;
     if (CProjectFile::projectName(path).isEmpty()) {
@@ -316,10 +318,12 @@ bool CProjectSession::moveTo(const QString &path)
 
 bool CProjectSession::close()
 {
+    if (m_isAsking)
+        return false;
     if (!m_project)
         return true;
     if (isDirty()) {
-        switch (m_user->saveBeforeClosing()) {
+        switch (ask(&IUserQuestions::saveBeforeClosing)) {
         case IUserQuestions::EClose::Cancel:
             return false;
         case IUserQuestions::EClose::Save:

@@ -3,8 +3,10 @@
 #include "CProjectFile.h"
 #include "CProjectLock.h"
 #include "CRecoveryCopy.h"
+#include "IUserQuestions.h"
 
 #include <QObject>
+#include <QScopedValueRollback>
 #include <QString>
 
 #include <memory>
@@ -12,7 +14,6 @@
 
 class CProjectModel;
 class CRecentProjects;
-class IUserQuestions;
 class QFile;
 struct SProjectRead;
 
@@ -24,6 +25,8 @@ struct SProjectRead;
 /// Errors:  are shown through IUserQuestions; a false result then says that nothing was done.
 /// Owns:    the project model. Who shows it listens to the signals and lets go of it at
 ///          projectAboutToClose().
+/// Questions: while one stands, the window may still be told to do something, by a menu that the
+///          desktop shows, say. What would take away or replace the project then gives false.
 /// Threads: the GUI thread only.
 class CProjectSession : public QObject
 {
@@ -118,6 +121,12 @@ private:
         BrokenOff, ///< nobody was asked: what is not saved must be offered again
     };
 
+    template<typename Question, typename... Values>
+    auto ask(Question question, const Values &...values)
+    {
+        const QScopedValueRollback<bool> asking(m_isAsking, true);
+        return (m_user->*question)(values...);
+    }
     void tellIfUnprotected(CProjectLock::EResult result, const QString &path) const;
     std::unique_ptr<CProjectLock> lockFor(const QString &path, bool *given);
     bool isProject(const SProjectRead &read) const;
@@ -145,6 +154,7 @@ private:
     std::unique_ptr<CProjectLock> m_lock;
     std::unique_ptr<CRecoveryCopy> m_copy; ///< null until there is something to keep in it
     std::vector<std::unique_ptr<CRecoveryCopy>> m_pastCopies; ///< what the clipboard may refer to
+    bool m_isAsking = false;
     bool m_isCopyDue = false; ///< the project has changed since it was written
     QString m_recoveryRoot;
     QString m_workingDirectory;

@@ -6,8 +6,8 @@
 #include "CRecentProjects.h"
 #include "CXmlGuard.h"
 #include "ConvertedImages.h"
-#include "IUserQuestions.h"
 #include "PropertyKey.h"
+#include "SProjectRead.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -131,8 +131,8 @@ void CProjectSession::openCopy(const QString &path)
     QString reason;
     auto copy = CRecoveryCopy::make(m_recoveryRoot, &reason);
     const auto bytes = copy ? CXmlGuard::readFile(path, &reason) : std::nullopt;
-    auto project = std::make_unique<CProjectModel>();
-    if (bytes && project->loadFromBytes(*bytes, &reason)) {
+    auto project = bytes ? SProjectRead::projectIn(*bytes, path, &reason) : nullptr;
+    if (project) {
         project->setWorkingDirectory(QFileInfo(path).absolutePath());
         CImageMove images(project.get(), copy->folder(),
                           project->propertyText(PropertyKey::ProjectName));
@@ -152,9 +152,9 @@ void CProjectSession::recover(const CRecoveryCopy::SLeft &left)
         return;
     QString reason = tr("The recovery copy is in use, or no longer there.");
     auto copy = CRecoveryCopy::adopt(left.file);
-    auto project = std::make_unique<CProjectModel>();
     const auto bytes = copy ? CXmlGuard::readFile(left.file, &reason) : std::nullopt;
-    if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
+    auto project = bytes ? SProjectRead::projectIn(*bytes, left.file, &reason) : nullptr;
+    if (!project) {
         m_user->showError(tr("Could not open specified project file."), reason);
         return;
     }
@@ -163,7 +163,7 @@ void CProjectSession::recover(const CRecoveryCopy::SLeft &left)
 
 void CProjectSession::forget(const CRecoveryCopy::SLeft &left)
 {
-    if (!m_user->forgetLeftWork(left.projectName))
+    if (!ask(&IUserQuestions::forgetLeftWork, left.projectName))
         return;
     if (auto copy = CRecoveryCopy::adopt(left.file))
         copy->remove();
@@ -190,18 +190,18 @@ bool CProjectSession::canRevert() const
 
 bool CProjectSession::revert()
 {
-    if (!canRevert() || !m_user->revert(m_file->path()))
+    if (m_isAsking || !canRevert() || !ask(&IUserQuestions::revert, m_file->path()))
         return false;
     QString reason;
     const auto saved = m_file->savedVersion();
     const auto bytes = saved ? saved : CXmlGuard::readFile(m_file->path(), &reason);
-    auto project = std::make_unique<CProjectModel>();
-    if (!bytes || !project->loadFromBytes(*bytes, &reason)) {
+    auto project = bytes ? SProjectRead::projectIn(*bytes, m_file->path(), &reason) : nullptr;
+    if (!project) {
         m_user->showError(tr("Could not open specified project file."), reason);
         return false;
     }
     if (saved && isOusted())
-        return m_user->saveElsewhere(m_file->path()) && saveAs();
+        return ask(&IUserQuestions::saveElsewhere, m_file->path()) && saveAs();
     if (saved)
         reason = m_file->write(*saved, CProjectFile::EWrite::ByUser);
     else

@@ -17,4 +17,7 @@ struct SProjectRead
 
     /// In any thread.
     static SProjectRead of(const QString &path);
+    /// What the bytes of the file hold; null, and a reason that names the file, when it is none.
+    static std::unique_ptr<CProjectModel> projectIn(const QByteArray &bytes, const QString &path,
+                                                    QString *reason);
 };

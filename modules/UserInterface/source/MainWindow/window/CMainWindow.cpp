@@ -21,6 +21,7 @@
 #include "CProjectModel.h"
 #include "CProjectOpener.h"
 #include "CProjectSession.h"
+#include "CReadingNotice.h"
 #include "CRecentProjects.h"
 #include "CScreen.h"
 #include "CScreenModel.h"
@@ -221,11 +222,13 @@ void CMainWindow::connectSession()
     connect(m_start, &CStartScreen::openWanted, this, &CMainWindow::openProject);
     connect(m_start, &CStartScreen::projectWanted, m_opener, &CProjectOpener::open);
     connect(m_opener, &CProjectOpener::aboutToOpen, m_panels, &CMainPanels::finishEdits);
-    connect(m_opener, &CProjectOpener::readingChanged, this, [this](bool isReading) {
-        if (isReading)
-            setCursor(Qt::BusyCursor);
-        else
+    auto *notice = new CReadingNotice(this);
+    connect(m_opener, &CProjectOpener::readingChanged, this, [this, notice](const QString &path) {
+        notice->tell(path);
+        if (path.isEmpty())
             unsetCursor();
+        else
+            setCursor(Qt::BusyCursor);
     });
 }
 

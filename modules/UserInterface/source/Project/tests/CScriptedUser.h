@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 /// Answers as the test has set it, and writes down what it was asked and told.
 class CScriptedUser final : public IUserQuestions
 {
@@ -23,7 +25,8 @@ public:
     QStringList errors;
     QStringList reasons;
     QStringList notices;
-    QString offeredFolder; ///< of the last file dialog
+    std::function<void()> meanwhile; ///< is done while a question stands
+    QString offeredFolder;           ///< of the last file dialog
     QString offeredName;
 
     EClose saveBeforeClosing() override { return note("close"), closeAnswer; }
@@ -62,5 +65,10 @@ public:
     void showNotice(const QString &text) override { notices.append(text); }
 
 private:
-    void note(const char *question) { asked.append(QLatin1String(question)); }
+    void note(const char *question)
+    {
+        asked.append(QLatin1String(question));
+        if (meanwhile)
+            meanwhile();
+    }
 };

@@ -50,7 +50,7 @@ private Q_SLOTS:
         QTRY_COMPARE(name(), "long");
         QCOMPARE(m_nameBefore, "old");
         QCOMPARE(loaded.count(), 1);
-        QCOMPARE(reading, QList<QVariantList>({{true}, {false}}));
+        QCOMPARE(reading, QList<QVariantList>({{at("long")}, {QString()}}));
         const CProjectModel *project = m_session->project();
         QCOMPARE(project->screen(0)->rowCount(), Items);
         QVERIFY(project->thread() == thread() && project->undoStack()->thread() == thread());
@@ -70,6 +70,7 @@ private Q_SLOTS:
         QTest::newRow("closed") << Act([this] { m_session->close(); }) << "long";
         QTest::newRow("end") << Act([this] { m_session.reset(); }) << "";
         QTest::newRow("unsaved") << Act([this] { change(m_session->project()); }) << "old";
+        QTest::newRow("removed") << Act([this] { QFile::remove(at("long")); }) << "old";
         QTest::newRow("a dialog") << Act([this] { m_isBusy = true; }) << "old";
     }
 

@@ -53,6 +53,7 @@ private Q_SLOTS:
         m_recent = std::make_unique<CRecentProjects>();
         m_session = std::make_unique<CProjectSession>(m_user.get(), m_recent.get());
         m_session->setRecoveryRoot(at("unsaved"));
+        m_user->meanwhile = [this] { behindTheQuestion(); };
     }
 
     void cleanup()
@@ -706,6 +707,18 @@ private Q_SLOTS:
     }
 
 private:
+    /// Menus that the desktop shows are not blocked by a dialog.
+    void behindTheQuestion()
+    {
+        const CProjectModel *project = m_session->project();
+        const QString path = m_session->path();
+        QVERIFY(!m_session->close() && !m_session->save() && !m_session->saveAs());
+        QVERIFY(!m_session->revert() && !m_session->openFile(m_file));
+        m_session->newProject();
+        m_session->open(m_file);
+        QVERIFY(m_session->project() == project && m_session->path() == path);
+    }
+
     QStringList allFiles() const
     {
         QStringList files;

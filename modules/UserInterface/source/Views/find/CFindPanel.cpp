@@ -3,6 +3,7 @@
 #include "CFindDelegate.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "CPropertyTest.h"
 #include "CThemeIcons.h"
 #include "ReplaceStep.h"
 #include "SearchChoices.h"
@@ -310,13 +311,24 @@ void CFindPanel::showState()
     else if (!m_session.problem().isEmpty())
         lines.append(m_session.problem());
     else if (hasQuery() && m_results.rowCount() == 0)
-        lines.append(tr("Nothing found in %1 items").arg(m_session.itemCount()));
+        lines.append(tr("Nothing found in %1 items").arg(m_session.itemCount()) + propertyHint());
     else if (hasQuery() && !m_more->isChecked())
         lines.append(tr("%1 of %2 items").arg(m_results.rowCount()).arg(m_session.itemCount()));
     if (m_session.cutTexts() > 0)
         lines.append(tr("Of long texts only the beginning was looked at."));
     m_state->setText(lines.join(QLatin1Char('\n')));
     m_state->setVisible(!lines.isEmpty());
+}
+
+/// "alignment=center" may be a text as well, so it is taken for a property only where that is said.
+QString CFindPanel::propertyHint() const
+{
+    const CPropertyTest test(m_text->text());
+    const bool isMeant = m_field->currentData().toInt() != int(ESearchField::Property) &&
+                         !m_pattern->isChecked() && test.hasValue() && !test.key().isEmpty();
+    return isMeant ? QLatin1Char('\n') +
+                         tr("The values of a property are found with \"%1\".").arg(tr("Property"))
+                   : QString();
 }
 
 void CFindPanel::choose(const QModelIndex &index)

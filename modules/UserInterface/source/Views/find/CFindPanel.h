@@ -33,6 +33,7 @@ public:
     void step(int by);
     /// Whether there is a text to look for.
     bool hasQuery() const;
+    QString propertyHint() const;
     CFindSession *session() { return &m_session; }
     QListView *list() const { return m_list; }
 

@@ -48,6 +48,7 @@ CScreen::CScreen(QWidget *parent) : QTabWidget(parent), m_hint(new QLabel(this))
     setTabsClosable(true);
     setMovable(true);
     setElideMode(Qt::ElideRight);
+    m_hint->setObjectName(QStringLiteral("noScreenHint"));
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setWordWrap(true);
     m_hint->setForegroundRole(QPalette::PlaceholderText);
@@ -79,6 +80,7 @@ void CScreen::setProject(CProjectModel *project)
         connect(project, &QAbstractItemModel::rowsAboutToBeRemoved, this,
                 &CScreen::rowsAboutToBeRemoved);
         connect(project, &QAbstractItemModel::rowsInserted, this, &CScreen::rowsInserted);
+        connect(project, &QAbstractItemModel::rowsRemoved, this, &CScreen::updateHint);
         connect(project, &QAbstractItemModel::modelAboutToBeReset, this, &CScreen::clear);
         connect(project, &CProjectModel::propertyChanged, this, &CScreen::propertyChanged);
     }
@@ -241,6 +243,7 @@ void CScreen::rowsInserted(const QModelIndex &parent, int first, int last)
         if (screen && m_removedOpen.remove(screen) && !pageOf(screen))
             addPage(screen);
     }
+    updateHint();
 }
 
 void CScreen::propertyChanged(CItemModel *item, const QString &key)
@@ -342,9 +345,11 @@ void CScreen::setHint(const QString &text)
 
 void CScreen::updateHint()
 {
-    const QString usual = m_project ? tr("No screen is open. Choose one in the project explorer or "
-                                         "the navigator.")
-                                    : tr("No project is open.");
+    const QString usual = !m_project ? tr("No project is open.")
+                          : m_project->screenCount() == 0
+                              ? tr("The project has no page. \"New Page\" makes one.")
+                              : tr("No screen is open. Choose one in the project explorer or "
+                                   "the navigator.");
     m_hint->setText(m_hintText.isEmpty() ? usual : m_hintText);
     m_hint->setGeometry(rect().adjusted(32, 32, -32, -32));
     m_hint->setVisible(count() == 0);

@@ -247,11 +247,14 @@ QGraphicsItem *CScreenScene::handleAt(const QPointF &scenePos,
     return own ? own : m_selectionFrame->handleAt(scenePos, deviceTransform);
 }
 
-/// One selected item has handles of its own, several have a common frame.
+/// One selected item has handles of its own, several have a common frame. What is hidden has
+/// neither: nothing is seen to change.
 void CScreenScene::updateHandles()
 {
     const QVector<CItemModel *> items = selectedModelItems();
-    CItemView *single = items.size() == 1 ? m_views.find(items.constFirst()) : nullptr;
+    const bool isAnySeen = std::any_of(
+        items.begin(), items.end(), [](const CItemModel *each) { return !each->isUnderHidden(); });
+    CItemView *single = items.size() == 1 && isAnySeen ? m_views.find(items.constFirst()) : nullptr;
     if (m_single != single) {
         const QPointer<CItemView> before = std::exchange(m_single, single);
         for (CItemView *each : {before.data(), single}) {
@@ -259,7 +262,7 @@ void CScreenScene::updateHandles()
                 each->updateHandlesShown();
         }
     }
-    m_selectionFrame->setItems(items);
+    m_selectionFrame->setItems(isAnySeen ? items : QVector<CItemModel *>());
     if (items.size() < 2 || !items.contains(m_keyItem))
         setKeyItem(nullptr);
 }

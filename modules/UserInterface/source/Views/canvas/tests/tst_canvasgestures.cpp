@@ -417,8 +417,13 @@ private Q_SLOTS:
         QSignalSpy counted(canvas.view.get(), &CScreenView::hiddenCounted);
         canvas.select({cover});
         const QByteArray before = savedBytes(*canvas.project);
+        const auto hasHandle = [&canvas] {
+            return canvas.view->screenScene()->handleAt({290, 190}, {}) != nullptr;
+        };
+        QVERIFY(hasHandle());
         ItemOperations::toggleHidden(canvas.view->selectedItems());
         QTRY_COMPARE(counted.value(0).value(0).toInt(), 1);
+        QVERIFY(!hasHandle());
         QCOMPARE(canvas.view->selectedItems(), QVector<CItemModel *>({cover}));
         canvas.checkOneStep(before);
         canvas.click({250, 170}); // where it alone is

@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMainWindow>
 #include <QScrollBar>
 #include <QTabBar>
@@ -96,6 +97,13 @@ private Q_SLOTS:
         QCOMPARE(texts(tabs), QStringList({"Page 2", "Page 3"}));
         stack.undo();
         QVERIFY(texts(tabs).contains("Page 1"));
+        const auto *hint = tabs.findChild<QLabel *>("noScreenHint");
+        QVERIFY(hint->isHidden());
+        while (project->screenCount() > 0)
+            stack.push(new CCommandDeleteScreen(project->screen(0)));
+        QVERIFY(hint->isVisible() && hint->text().contains("New Page")); // there is none to choose
+        stack.undo();
+        QVERIFY(hint->isHidden());
     }
 
     void aDoubleClickRenamesTheScreen()
