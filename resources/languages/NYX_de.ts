@@ -5646,7 +5646,7 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
         <translation>&amp;Umbenennen</translation>
     </message>
     <message>
-        <source>Give It a New &amp;Id</source>
+        <source>Give It a &amp;New Id</source>
         <translation>Eine neue &amp;Kennung geben</translation>
     </message>
     <message>

@@ -5646,8 +5646,8 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
         <translation>重命名(&amp;R)</translation>
     </message>
     <message>
-        <source>Give It a New &amp;Id</source>
-        <translation>分配新编号(&amp;I)</translation>
+        <source>Give It a &amp;New Id</source>
+        <translation>分配新编号(&amp;N)</translation>
     </message>
     <message>
         <source>&amp;Delete the File...</source>

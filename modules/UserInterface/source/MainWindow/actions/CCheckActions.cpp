@@ -11,6 +11,11 @@
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
+#include <QTimer>
+
+namespace {
+constexpr int FilesTime = 2000; // milliseconds
+} // namespace
 
 CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRounds *rounds,
                              QMenu *toolsMenu, QMenu *windowsMenu)
@@ -48,6 +53,13 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRo
                 if (state == Qt::ApplicationActive && m_dock->toggleViewAction()->isChecked())
                     m_results->lookAtFiles();
             });
+    // Or without going away.
+    auto *files = new QTimer(this);
+    connect(files, &QTimer::timeout, m_results, [this] {
+        if (m_dock->toggleViewAction()->isChecked())
+            m_results->followFiles();
+    });
+    files->start(FilesTime);
     connect(m_view, &CChecksView::placeWanted, panels, &CMainPanels::goTo);
     connect(m_view, &CChecksView::countChanged, this, &CCheckActions::showCount);
     QAction *shown = m_dock->toggleViewAction(); // also while it is a tab behind another

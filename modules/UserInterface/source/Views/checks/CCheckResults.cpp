@@ -19,6 +19,8 @@ void CCheckResults::setProject(CProjectModel *project)
     m_ofProject.clear();
     m_ofFiles.clear();
     m_look.reset();
+    m_files = {};
+    m_filesState = {};
     m_pictures = std::make_shared<CPictureLook>();
     if (project) {
         m_look = std::make_shared<CImageFileLook>();
@@ -121,17 +123,43 @@ void CCheckResults::lookAtFiles()
     if (std::exchange(m_isLooking, true))
         return;
     const auto look = m_look; // of this project alone
+    m_files = SImageFiles::of(*m_project);
     BackgroundWork::run(
-        this, [look, files = SImageFiles::of(*m_project)] { return look->look(files); },
+        this, [look, files = m_files] { return look->look(files); },
         [this, look](const SImageFiles::SState &state) {
             if (look == m_look)
                 takeFiles(state);
         });
 }
 
+void CCheckResults::followFiles()
+{
+    if (!m_project || m_isLooking)
+        return;
+    m_isLooking = true;
+    m_looksAgain = false;
+    BackgroundWork::run(
+        this, [look = m_look, files = m_files] { return look->look(files); },
+        [this, look = m_look](const SImageFiles::SState &state) {
+            if (look != m_look)
+                return;
+            m_isLooking = false;
+            if (m_looksAgain || state.changed != m_filesState.changed ||
+                state.unused != m_filesState.unused)
+                lookAtFiles();
+        });
+}
+
+void CCheckResults::startAnew()
+{
+    if (m_project)
+        Q_EMIT measuresChanged();
+}
+
 void CCheckResults::takeFiles(const SImageFiles::SState &state)
 {
     m_isLooking = false;
+    m_filesState = state;
     m_ofFiles.clear();
     for (const SFinding &finding : ProjectChecks::ofFiles(*m_project, state))
         m_ofFiles.append(entryOf(finding));

@@ -34,13 +34,19 @@ public:
     void takeProject();
     /// Looks at the image files, of which nothing in the project tells: in the background.
     void lookAtFiles();
+    /// The same, but of the project as it was then; the project itself is looked at only when
+    /// something is different.
+    void followFiles();
+    /// All findings are to be made anew, such as in another language.
+    void startAnew();
 
     CProjectModel *project() const { return m_project; }
     QVector<SEntry> entries() const;
 
 Q_SIGNALS:
     void changed();
-    void measuresChanged(); ///< by which the project is judged: all screens are to be taken again
+    /// By which the project is judged, or in which words: all screens are to be taken again.
+    void measuresChanged();
     /// Of one screen, while more are to come.
     void partlyChanged();
     /// A picture is being looked at: the next one is to wait until it has been.
@@ -75,6 +81,8 @@ private:
     QStringList m_measures; ///< by which it is judged
     std::shared_ptr<CPictureLook> m_pictures;
     std::shared_ptr<CImageFileLook> m_look;
+    SImageFiles m_files; ///< that were looked at last
+    SImageFiles::SState m_filesState;
     bool m_isLooking = false;
     bool m_looksAgain = false; ///< when it has looked
 };

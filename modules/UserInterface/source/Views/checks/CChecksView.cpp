@@ -50,7 +50,10 @@ public:
         if (role == EntryRole)
             return m_index;
         if (role == Qt::DisplayRole && column == 0)
-            return ShownText::name(m_entry.finding.text);
+            return ShownText::name(m_entry.finding.ignoredBecause.isEmpty()
+                                       ? m_entry.finding.text
+                                       : QStringLiteral("%1 (%2)").arg(
+                                             m_entry.finding.text, m_entry.finding.ignoredBecause));
         if (role == Qt::DisplayRole)
             return m_entry.screen.isValid() ? ShownText::name(m_entry.screen.data().toString())
                                             : QString();
@@ -354,10 +357,11 @@ void CChecksView::mend(const CCheckResults::SEntry &entry)
         removeFile(entry);
         return;
     }
-    if (entry.finding.rule == ERule::ChangedImage) {
+    const QString source = CheckFixes::sourceToConvert(entry);
+    if (!source.isEmpty()) {
         CImageRenewal renewal(this);
         connect(&renewal, &CImageRenewal::message, this, &CChecksView::message);
-        renewal.run(*m_results->project(), entry.finding.file);
+        renewal.run(*m_results->project(), source);
         return;
     }
     CheckFixes::apply(*m_results->project(), entry);
@@ -395,8 +399,11 @@ void CChecksView::tellOfFiles(const QString &error)
 void CChecksView::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    retranslate();
+    if (m_results)
+        m_results->startAnew(); // the sentences are in the language of their time
 }
 
 void CChecksView::retranslate()

@@ -4,10 +4,12 @@
 #include "CImageFileLook.h"
 #include "CItemModel.h"
 #include "CProjectModel.h"
+#include "ConvertedImages.h"
 #include "ItemTree.h"
 #include "PropertyKey.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QUndoStack>
@@ -15,6 +17,11 @@
 #include <memory>
 
 namespace {
+
+CItemModel *itemAt(const CProjectModel &project, const QPersistentModelIndex &place)
+{
+    return CItemModel::fromItem(project.itemFromIndex(place));
+}
 
 /// The values that another picture changes: the item keeps its format and what it calls the file.
 QHash<QString, QVariant> changesOf(const CItemModel &item, const CItemImages::SImage &image)
@@ -45,9 +52,13 @@ void CImageRenewal::run(CProjectModel &project, const QString &source)
         if (SImageFiles::sourceOf(item) == source)
             places.append(project.indexFromItem(&item));
     });
+    QVector<QPersistentModelIndex> missing;
+    for (const QPersistentModelIndex &place : qAsConst(places))
+        if (!QFileInfo(ConvertedImages::fileOf(*itemAt(project, place))).isFile())
+            missing.append(place);
     QHash<QString, CItemImages::SImage> made; // by format
     for (const QPersistentModelIndex &place : qAsConst(places)) {
-        const CItemModel *item = CItemModel::fromItem(project.itemFromIndex(place));
+        const CItemModel *item = itemAt(project, place);
         const QString format = item ? item->propertyText(PropertyKey::Format) : QString();
         if (!item || made.contains(format))
             continue;
@@ -60,7 +71,7 @@ void CImageRenewal::run(CProjectModel &project, const QString &source)
     }
     auto step = std::make_unique<QUndoCommand>(tr("Convert again"));
     for (const QPersistentModelIndex &place : qAsConst(places)) {
-        CItemModel *item = CItemModel::fromItem(project.itemFromIndex(place));
+        CItemModel *item = itemAt(project, place);
         const auto image =
             made.constFind(item ? item->propertyText(PropertyKey::Format) : QString());
         if (image == made.constEnd())
@@ -70,9 +81,14 @@ void CImageRenewal::run(CProjectModel &project, const QString &source)
             new CCommandChangeItemProperty(item, it.key(), it.value(),
                                            item->propertyValue(it.key()), step.get());
     }
+    // Their images are there again, of which nothing in the project tells.
+    for (const QPersistentModelIndex &place : qAsConst(missing))
+        if (CItemModel *item = itemAt(project, place))
+            project.onPropertyChanged(item, PropertyKey::BaseName,
+                                      item->propertyValue(PropertyKey::BaseName));
     if (step->childCount() > 0)
         project.undoStack()->push(step.release());
-    else
+    else if (missing.isEmpty())
         Q_EMIT message(tr("%1 was converted again, and nothing of the picture is different.")
                            .arg(QDir::toNativeSeparators(source)));
 }

@@ -6,7 +6,8 @@
 
 class CProjectModel;
 
-/// Converts an image again, whose file is another picture now, for all items that show it.
+/// Converts an image again, whose file is another picture now or what was made of it is gone, for
+/// all items that show it.
 class CImageRenewal final : public QObject
 {
     Q_OBJECT

@@ -9,6 +9,7 @@
 #include "Rules.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QSet>
 #include <QUndoStack>
 
@@ -75,14 +76,24 @@ QString mend(const CCheckResults::SEntry &entry)
     case ERule::Identifier:
         return SText::tr("&Rename");
     case ERule::DuplicateId:
-        return SText::tr("Give It a New &Id");
+        return SText::tr("Give It a &New Id");
     case ERule::UnusedImage:
         return SText::tr("&Delete the File...");
-    case ERule::ChangedImage:
-        return SText::tr("&Convert Again");
     default:
-        return {};
+        return sourceToConvert(entry).isEmpty() ? QString() : SText::tr("&Convert Again");
     }
+}
+
+QString sourceToConvert(const CCheckResults::SEntry &entry)
+{
+    if (entry.finding.rule == ERule::ChangedImage)
+        return entry.finding.file;
+    const auto *project = qobject_cast<const CProjectModel *>(entry.item.model());
+    if (entry.finding.rule != ERule::MissingImage || !project)
+        return {};
+    const QString source =
+        SImageFiles::sourceOf(*CItemModel::fromItem(project->itemFromIndex(entry.item)));
+    return QFileInfo(source).isFile() ? source : QString();
 }
 
 void removeFile(CProjectModel &project, const CCheckResults::SEntry &entry,

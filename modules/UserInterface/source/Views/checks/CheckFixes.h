@@ -11,6 +11,8 @@ namespace CheckFixes {
 /// What a mend would do, for a menu; empty when there is no safe one.
 QString mend(const CCheckResults::SEntry &entry);
 void apply(CProjectModel &project, const CCheckResults::SEntry &entry);
+/// Not empty: the image is to be converted again instead, from this file.
+QString sourceToConvert(const CCheckResults::SEntry &entry);
 /// Whether it removes a file instead: to be asked before.
 bool removesFile(const CCheckResults::SEntry &entry);
 void removeFile(CProjectModel &project, const CCheckResults::SEntry &entry,

@@ -13,9 +13,11 @@
 #include "PropertyKey.h"
 #include "TestFiles.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QTreeWidget>
 #include <QUndoStack>
 #include <QtTest>
@@ -215,7 +217,8 @@ void tst_ChecksView::ignoring()
     QCOMPARE(rows(), QStringList());
     QVERIFY(
         m_project->saveToBytes(&error).contains("ignored_checks=\"outside-screen: waits there\""));
-    QCOMPARE(first().finding.ignoredBecause, QString("waits there"));
+    m_view->findChild<QCheckBox *>()->setChecked(true);
+    QVERIFY(rows().value(0).endsWith("(waits there)"));
     CheckFixes::ignore(*m_project, first(), QString());
     QTRY_COMPARE_WITH_TIMEOUT(m_view->count(), 1, 10000);
     QCOMPARE(m_project->saveToBytes(&error), before);
@@ -236,6 +239,17 @@ void tst_ChecksView::measures()
     m_project->undoStack()->undo();
     QCOMPARE(m_project->saveToBytes(&error), before);
     QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+
+    struct COther final : QTranslator
+    {
+        bool isEmpty() const override { return false; }
+        QString translate(const char *context, const char *, const char *, int) const override
+        {
+            return context == QByteArray("Checks") ? QStringLiteral("other") : QString();
+        }
+    } other;
+    QVERIFY(QCoreApplication::installTranslator(&other)); // tells the view of it
+    QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList("Home: other"), 10000);
 }
 
 /// Of which nothing in the project tells.
@@ -258,8 +272,9 @@ void tst_ChecksView::imagesArePaintedAnew()
     QVERIFY(made);
     for (auto it = made->values.begin(); it != made->values.end(); ++it)
         image->setProperty(it.key(), it.value());
+    QTRY_VERIFY_WITH_TIMEOUT(m_view->count() > 0, 10000); // other things of the image
     QVERIFY(paint(Qt::red));
-    m_results->lookAtFiles();
+    m_results->followFiles();
     QTRY_VERIFY_WITH_TIMEOUT(rows().join('\n').contains("logo.png, which has changed"), 10000);
 
     CImageRenewal(nullptr).run(*m_project, folder.filePath("logo.png"));
@@ -283,6 +298,20 @@ void tst_ChecksView::imagesArePaintedAnew()
     QTRY_COMPARE_WITH_TIMEOUT(rows().size(), count, 10000);
     m_project->undoStack()->undo();
     QCOMPARE(image->propertyText(PropertyKey::BaseName), QString("logo"));
+
+    QVERIFY(paint(Qt::blue));
+    QVERIFY(QFile::remove(folder.filePath("p_ConvertedImages/logo_RGB565.raw")));
+    m_rounds->restart();
+    const auto isMissing = [this] {
+        const auto entries = m_results->entries();
+        return std::find_if(entries.begin(), entries.end(), [](const auto &each) {
+                   return each.finding.rule == ERule::MissingImage &&
+                          CheckFixes::sourceToConvert(each).endsWith("/logo.png");
+               }) != entries.end();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isMissing(), 10000);
+    CImageRenewal(nullptr).run(*m_project, folder.filePath("logo.png"));
+    QTRY_VERIFY_WITH_TIMEOUT(!isMissing(), 10000);
     CProjectModel::setCurrent(nullptr);
 }
 
