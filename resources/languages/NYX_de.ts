@@ -5509,6 +5509,14 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
 <context>
     <name>CChecksView</name>
     <message>
+        <source>Measure By</source>
+        <translation>Messen nach</translation>
+    </message>
+    <message>
+        <source>What the project is measured by</source>
+        <translation>Wonach das Projekt beurteilt wird</translation>
+    </message>
+    <message>
         <source>All pages</source>
         <translation>Alle Seiten</translation>
     </message>
@@ -5683,7 +5691,7 @@ SSIM: mittlere strukturelle Ähnlichkeit der Helligkeit, 1 ohne Unterschied (Wan
     </message>
     <message>
         <source>Tell of &amp;Memory From...</source>
-        <translation>Von S&amp;peicher melden ab...</translation>
+        <translation>Von &amp;Speicher melden ab...</translation>
     </message>
     <message>
         <source>Percent of a memory:</source>

@@ -5509,6 +5509,14 @@ SSIM：亮度的平均结构相似度，1 表示没有差别（Wang、Bovik、Sh
 <context>
     <name>CChecksView</name>
     <message>
+        <source>Measure By</source>
+        <translation>检查尺度</translation>
+    </message>
+    <message>
+        <source>What the project is measured by</source>
+        <translation>检查项目所用的尺度</translation>
+    </message>
+    <message>
         <source>All pages</source>
         <translation>所有页面</translation>
     </message>

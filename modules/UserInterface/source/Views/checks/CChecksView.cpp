@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QStackedLayout>
 #include <QStyle>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -81,6 +82,7 @@ CChecksView::CChecksView(QWidget *parent)
     : QWidget(parent),
       m_screens(new QComboBox),
       m_showIgnored(new QCheckBox),
+      m_measures(new QToolButton),
       m_tree(new QTreeWidget),
       m_empty(new QLabel),
       m_stack(new QStackedLayout)
@@ -104,6 +106,11 @@ CChecksView::CChecksView(QWidget *parent)
     tools->addWidget(m_screens);
     tools->addWidget(m_showIgnored);
     tools->addStretch();
+    m_measures->setObjectName(QStringLiteral("checkMeasures"));
+    m_measures->setPopupMode(QToolButton::InstantPopup);
+    m_measures->setFocusPolicy(Qt::TabFocus);
+    m_measures->setMenu(new QMenu(m_measures));
+    tools->addWidget(m_measures);
     m_stack->addWidget(m_tree);
     m_stack->addWidget(m_empty);
     auto *layout = new QVBoxLayout(this);
@@ -220,6 +227,7 @@ void CChecksView::fill()
         }
     }
     m_tree->setUpdatesEnabled(true);
+    m_measures->setEnabled(m_results && m_results->project());
     const bool isEmpty = m_tree->topLevelItemCount() == 0;
     m_empty->setText(m_results && m_results->project() ? tr("Nothing found.")
                                                        : tr("No project is open."));
@@ -410,6 +418,12 @@ void CChecksView::retranslate()
 {
     m_tree->setHeaderLabels({tr("Finding"), tr("Page")});
     m_showIgnored->setText(tr("Show ignored"));
+    m_measures->setText(tr("Measure By"));
+    m_measures->setToolTip(tr("What the project is measured by"));
+    m_measures->menu()->clear();
+    const auto measures = CheckFixes::measures();
+    for (const CheckFixes::SMeasure &each : measures)
+        m_measures->menu()->addAction(each.title, this, [this, each] { ask(each); });
     m_screens->setToolTip(tr("The page whose findings are shown"));
     fill();
 }

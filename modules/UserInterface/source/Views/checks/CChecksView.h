@@ -13,6 +13,7 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QStackedLayout;
+class QToolButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -66,6 +67,7 @@ private:
     QVector<CCheckResults::SEntry> m_entries;
     QComboBox *m_screens;
     QCheckBox *m_showIgnored;
+    QToolButton *m_measures; ///< its menu sets what the project is judged by
     QTreeWidget *m_tree;
     QLabel *m_empty;
     QStackedLayout *m_stack; ///< the list, or what says that it is empty

@@ -115,14 +115,20 @@ void apply(CProjectModel &project, const CCheckResults::SEntry &entry)
         change(project, *item, PropertyKey::Name, unusedName(project, *item), SText::tr("Rename"));
 }
 
+QVector<SMeasure> measures()
+{
+    return {{ProjectChecks::DotsPerInch, SText::tr("&Dots per Inch of the Display..."),
+             SText::tr("Dots per inch of the display:"), 150, 1000},
+            {ProjectChecks::MemoryShare, SText::tr("Tell of &Memory From..."),
+             SText::tr("Percent of a memory:"), 80, 100}};
+}
+
 SMeasure measure(const CCheckResults::SEntry &entry)
 {
     if (entry.finding.rule == ERule::TouchSize)
-        return {ProjectChecks::DotsPerInch, SText::tr("&Dots per Inch of the Display..."),
-                SText::tr("Dots per inch of the display:"), 150, 1000};
+        return measures().at(0);
     if (entry.finding.rule == ERule::Memory && entry.finding.severity == ESeverity::Warning)
-        return {ProjectChecks::MemoryShare, SText::tr("Tell of &Memory From..."),
-                SText::tr("Percent of a memory:"), 80, 100};
+        return measures().at(1);
     return {};
 }
 

@@ -27,6 +27,7 @@ struct SMeasure
     double usual = 0;
     double most = 0;
 };
+QVector<SMeasure> measures(); ///< all there are
 SMeasure measure(const CCheckResults::SEntry &entry);
 void setMeasure(CProjectModel &project, const QString &key, double value);
 

@@ -15,8 +15,10 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QTranslator>
 #include <QTreeWidget>
 #include <QUndoStack>
@@ -234,6 +236,10 @@ void tst_ChecksView::measures()
     QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000); // 40 pixels are less than 7 mm
     const QByteArray before = m_project->saveToBytes(&error);
     const CheckFixes::SMeasure measure = CheckFixes::measure(first());
+    const auto *offered =
+        m_view->findChild<QToolButton *>("checkMeasures"); // without a finding too
+    QCOMPARE(offered->menu()->actions().value(0)->text(), measure.title);
+    QVERIFY(offered->isEnabled());
     CheckFixes::setMeasure(*m_project, measure.key, 100);
     QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList(), 10000);
     m_project->undoStack()->undo();
@@ -274,8 +280,11 @@ void tst_ChecksView::imagesArePaintedAnew()
         image->setProperty(it.key(), it.value());
     QTRY_VERIFY_WITH_TIMEOUT(m_view->count() > 0, 10000); // other things of the image
     QVERIFY(paint(Qt::red));
-    m_results->followFiles();
-    QTRY_VERIFY_WITH_TIMEOUT(rows().join('\n').contains("logo.png, which has changed"), 10000);
+    const auto isTold = [this] {
+        m_results->followFiles();
+        return rows().join('\n').contains("logo.png, which has changed");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isTold(), 10000);
 
     CImageRenewal(nullptr).run(*m_project, folder.filePath("logo.png"));
     QCOMPARE(m_project->undoStack()->count(), 1);
