@@ -18,7 +18,7 @@ constexpr int Widgets = 1000;    // of each of two pages
 // a core and its caches, the same work takes up to twice as much of it.
 constexpr double Limit = 16 * 2;
 constexpr double ThemeLimit = 45 * 2; // Qt matches its style sheet with every widget, in one piece
-constexpr double OpenLimit = 30 * 2;  // with 1,000 widgets on the page that is shown
+constexpr double OpenLimit = 25 * 2;  // with 1,000 widgets on the page that is shown
 constexpr double LongestSleep = 5000; // the X server, too, may have to wait for a processor
 
 const char *const kinds[] = {"Kiv_Button_T", "Kiv_Text_T", "Kiv_Rectangle_T", "Kiv_Circle_T",
@@ -177,6 +177,11 @@ private Q_SLOTS:
                  m_display.click(middle - QPoint(30, 0), 2);
              }},
             {"open it", [&] { m_display.click(editor.place("row CScreenNavigator Full")); }},
+            {"select all",
+             [&] {
+                 editor.focus("scene 1024 1024", "CScreenView");
+                 m_display.key("ctrl+a");
+             }},
             {"close", [&] { m_display.key("ctrl+w"); }},
             {"open again",
              [&] {

@@ -541,10 +541,20 @@ private Q_SLOTS:
             follow(count);
             QTRY_COMPARE(isFront(batch), count > 1);
         }
-        properties->raise(); // by its tab
-        follow(0);
+        follow(0); // in one event, as when another project is opened
+        follow(2);
+        QCoreApplication::processEvents();
+        QVERIFY(isFront(batch));
         follow(1);
         QTRY_VERIFY(isFront(properties) && !isFront(batch));
+        follow(2);
+        QTRY_VERIFY(isFront(batch));
+        properties->raise(); // by its tab
+        for (const int count : {0, 1}) {
+            follow(count);
+            QCoreApplication::processEvents();
+            QVERIFY(isFront(properties) && !isFront(batch));
+        }
     }
 
     /// For the chip that was just chosen; also of pages that were never shown, and by the name that

@@ -2,7 +2,6 @@
 
 #include <QDockWidget>
 #include <QMainWindow>
-#include <QTimer>
 
 CBatchTab::CBatchTab(QDockWidget *batch, QDockWidget *properties)
     : QObject(batch), m_batch(batch), m_properties(properties)
@@ -11,12 +10,12 @@ CBatchTab::CBatchTab(QDockWidget *batch, QDockWidget *properties)
             [this](bool isSeen) { m_isBatchSeen = isSeen; });
     connect(properties, &QDockWidget::visibilityChanged, this, [this](bool isSeen) {
         m_arePropertiesSeen = isSeen;
-        if (m_isAwaited) // when the window has laid them out
-            QTimer::singleShot(0, this, [this] {
-                if (m_isAwaited)
-                    raise();
-            });
+        if (m_areSeveral != m_hasFollowed) // it could not be done before they were shown
+            m_raise.start();
     });
+    m_raise.setSingleShot(true);
+    m_raise.setInterval(0);
+    connect(&m_raise, &QTimer::timeout, this, &CBatchTab::raise);
 }
 
 /// One tab bar for both.
@@ -27,20 +26,20 @@ bool CBatchTab::isShared() const
            window->tabifiedDockWidgets(m_batch).contains(m_properties);
 }
 
+/// The form is made when it is seen, which takes as long as the step that has selected the items:
+/// the panel, which shows them too, stays in front until that is over.
 void CBatchTab::follow(const QList<CItemModel *> &shown)
 {
-    const bool areSeveral = shown.size() > 1;
-    if (areSeveral == m_areSeveral)
-        return;
-    m_areSeveral = areSeveral;
-    m_isAwaited = !m_properties->isVisible();
-    if (!m_isAwaited)
-        raise();
+    m_areSeveral = shown.size() > 1;
+    if (m_areSeveral != m_hasFollowed)
+        m_raise.start();
 }
 
 void CBatchTab::raise()
 {
-    m_isAwaited = false;
+    if (m_areSeveral == m_hasFollowed || !m_properties->isVisible())
+        return;
+    m_hasFollowed = m_areSeveral;
     if (*m_areSeveral) {
         m_hasRaised = isShared() && m_arePropertiesSeen;
         if (m_hasRaised)

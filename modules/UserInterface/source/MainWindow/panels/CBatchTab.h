@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -20,6 +21,7 @@ public:
     /// Neither dock is owned; this is a child of the batch edit's.
     CBatchTab(QDockWidget *batch, QDockWidget *properties);
 
+    /// Once the event is over.
     void follow(const QList<CItemModel *> &shown);
 
 private:
@@ -30,7 +32,8 @@ private:
     QDockWidget *const m_properties;
     bool m_isBatchSeen = false;
     bool m_arePropertiesSeen = false;
-    std::optional<bool> m_areSeveral; ///< selected; nothing before the first project
-    bool m_isAwaited = false;         ///< the docks have yet to be shown
-    bool m_hasRaised = true;          ///< this and not the user, also before the program ended
+    std::optional<bool> m_areSeveral;  ///< selected; nothing before the first project
+    std::optional<bool> m_hasFollowed; ///< the same when the tabs last followed
+    bool m_hasRaised = true;           ///< this and not the user, also before the program ended
+    QTimer m_raise;
 };

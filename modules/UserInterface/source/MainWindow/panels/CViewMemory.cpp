@@ -78,28 +78,37 @@ void CViewMemory::restore(const QString &file, const CProjectModel *project)
 {
     CScreen *screens = m_panels->screens();
     const auto seen = m_views.find(file);
+    QVector<CScreenModel *> pages;
     CScreenModel *current = nullptr;
     if (seen) {
         Q_EMIT zoomWanted(seen->zoomPercent, seen->zoomType);
         for (int i = 0; i < seen->pages.size(); ++i) {
             CScreenModel *page = pageOf(*project, seen->pages[i]);
-            screens->openScreen(page);
-            CScreenView *view = screens->currentView();
-            if (!page || !view)
-                continue;
-            view->setProperty(Centre, seen->pages[i].centre);
-            view->installEventFilter(this);
-            current = i == seen->current ? page : current;
+            if (page)
+                pages.append(page);
+            if (i == seen->current)
+                current = page;
         }
     }
-    if (screens->count() == 0)
-        screens->openScreen(project->screen(0));
-    screens->openScreen(current);
-    CScreenView *view = screens->currentView();
-    if (!seen || !current || !view)
+    if (pages.isEmpty() && project->screenCount() > 0)
+        pages.append(project->screen(0));
+    CScreenModel *shown = current;
+    if (!shown && !pages.isEmpty())
+        shown = pages.constLast();
+    screens->openScreens(pages, shown);
+    if (!seen)
         return;
-    if (view->isVisible())
-        centreLater(view);
+    for (const SProjectView::SPage &each : seen->pages) {
+        CScreenView *view = screens->viewOf(pageOf(*project, each));
+        if (!view)
+            continue;
+        view->setProperty(Centre, each.centre);
+        view->installEventFilter(this);
+        if (view->isVisible())
+            centreLater(view);
+    }
+    if (!current)
+        return;
     QList<CItemModel *> items;
     forEachItem(*current, [&](CItemModel &item) {
         if (&item != current && !item.isGrouped() && item.id() != 0 &&

@@ -113,6 +113,12 @@ CScreenModel *CScreen::currentScreen() const
     return current ? current->screen() : nullptr;
 }
 
+CScreenView *CScreen::viewOf(const CScreenModel *screen) const
+{
+    const CScreenCompositeView *opened = pageOf(screen);
+    return opened ? opened->view() : nullptr;
+}
+
 QString CScreen::currentErrors() const
 {
     const CScreenCompositeView *current = page(currentIndex());
@@ -136,7 +142,16 @@ void CScreen::openScreen(CScreenModel *screen)
     if (!screen || !m_project)
         return;
     CScreenCompositeView *opened = pageOf(screen);
-    setCurrentWidget(opened ? opened : addPage(screen));
+    setCurrentWidget(opened ? opened : addPage(screen, count()));
+}
+
+void CScreen::openScreens(const QVector<CScreenModel *> &screens, CScreenModel *current)
+{
+    openScreen(current); // the first tab is shown as soon as it is there
+    for (int index = 0; index < screens.size(); ++index) {
+        if (m_project && !pageOf(screens.at(index)))
+            addPage(screens.at(index), index);
+    }
 }
 
 void CScreen::closeScreen(CScreenModel *screen)
@@ -145,11 +160,11 @@ void CScreen::closeScreen(CScreenModel *screen)
         removePage(opened);
 }
 
-CScreenCompositeView *CScreen::addPage(CScreenModel *screen)
+CScreenCompositeView *CScreen::addPage(CScreenModel *screen, int index)
 {
     auto *added = new CScreenCompositeView(screen, this);
     connectView(added);
-    const int index = addTab(added, QString());
+    index = insertTab(index, added, QString());
     showName(index, *screen);
     return added;
 }
@@ -205,10 +220,15 @@ void CScreen::removePage(CScreenCompositeView *page)
     page->deleteLater();
 }
 
+/// The page that is shown goes last, so that no other one is laid out on the way.
 void CScreen::clear()
 {
-    while (count() > 0)
-        removePage(page(count() - 1));
+    for (int index = count() - 1; index >= 0; --index) {
+        if (index != currentIndex())
+            removePage(page(index));
+    }
+    if (count() > 0)
+        removePage(page(0));
 }
 
 void CScreen::newTab()
@@ -241,7 +261,7 @@ void CScreen::rowsInserted(const QModelIndex &parent, int first, int last)
     for (int row = first; row <= last; ++row) {
         CScreenModel *screen = m_project->screen(row);
         if (screen && m_removedOpen.remove(screen) && !pageOf(screen))
-            addPage(screen);
+            addPage(screen, count());
     }
     updateHint();
 }

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QSet>
 #include <QTabWidget>
+#include <QVector>
 
 #include <cstddef>
 
@@ -32,6 +33,10 @@ public:
     void setProject(CProjectModel *project);
     /// Shows the tab of a screen, made when there is none.
     void openScreen(CScreenModel *screen);
+    /// Tabs for all of these, in this order when none is open yet, of which only the one for
+    /// `current` is shown: the others are not laid out before they are seen.
+    void openScreens(const QVector<CScreenModel *> &screens, CScreenModel *current);
+    CScreenView *viewOf(const CScreenModel *screen) const; ///< null when it has no tab
     void closeScreen(CScreenModel *screen);
     void clear();
 
@@ -82,7 +87,7 @@ protected:
 private:
     CScreenCompositeView *page(int index) const;
     CScreenCompositeView *pageOf(const QStandardItem *screen) const;
-    CScreenCompositeView *addPage(CScreenModel *screen);
+    CScreenCompositeView *addPage(CScreenModel *screen, int index);
     void showName(int index, const CItemModel &screen);
     void connectView(CScreenCompositeView *page);
     void removePage(CScreenCompositeView *page);

@@ -64,6 +64,18 @@ private Q_SLOTS:
         Q_EMIT tabs.tabCloseRequested(0);
         QCOMPARE(texts(tabs), QStringList({"Page 3"}));
         QCOMPARE(project->screenCount(), 3);
+
+        tabs.clear();
+        QList<CScreenModel *> shown; // laying a page out takes long
+        connect(&tabs, &CScreen::currentScreenChanged, &tabs,
+                [&shown](CScreenModel *each) { shown.append(each); });
+        tabs.openScreens({project->screen(2), project->screen(1), project->screen(0)},
+                         project->screen(1));
+        QCOMPARE(texts(tabs), QStringList({"Page 3", "Page 2", "Page 1"}));
+        QCOMPARE(tabs.currentScreen(), project->screen(1));
+        QCOMPARE(shown, {project->screen(1)});
+        tabs.clear();
+        QVERIFY(!shown.contains(project->screen(0)) && !shown.contains(project->screen(2)));
     }
 
     void rulersShowTheExtentOfWhatIsSelected()
