@@ -828,6 +828,10 @@ private Q_SLOTS:
                 m_window->findChild<CMainPanels *>()->goTo(item);
                 const QRect seen = view->mapFromScene(ItemGeometry::frameOf(*item)).boundingRect();
                 QVERIFY(view->viewport()->rect().contains(seen));
+                trigger(CMenuBar::FitToPage);
+                const QRectF page = view->scene()->sceneRect();
+                QVERIFY(view->viewport()->rect().contains(
+                    view->mapFromScene(page.center()))); // and the page again
             }
     }
 

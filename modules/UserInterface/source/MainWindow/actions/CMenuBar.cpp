@@ -125,8 +125,11 @@ void CMenuBar::connectWindow()
     const CEditorState *state = CEditorState::instance();
     connect(state, &CEditorState::snapToGridChanged, m_actions[SnapToGrid], &QAction::setChecked);
     m_actions[SnapToGrid]->setChecked(state->isSnapToGrid());
-    connect(state, &CEditorState::zoomChanged, m_zoomWidget,
-            &CZoomComboWidget::valueChanged); // the wheel over a canvas
+    // By the wheel over a canvas, the zoom before, and a jump to what lies beside the page.
+    connect(state, &CEditorState::zoomChanged, m_zoomWidget, [this](int percent, int type) {
+        if (percent != m_zoomWidget->zoomPercent() || type != m_zoomWidget->zoomType())
+            m_zoomWidget->setZoom(percent, type);
+    });
     // Choosing what is chosen already changes nothing, so nothing tells its mark to stay.
     for (const EAction id : {ZoomReset, FitToPage, FitToWidth})
         connect(m_actions[id], &QAction::triggered, this,

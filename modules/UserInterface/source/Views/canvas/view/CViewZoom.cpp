@@ -48,6 +48,8 @@ void CViewZoom::set(int percent, int type)
         m_type = type;
         const bool page = type == CZoomComboWidget::FitToPage;
         const bool width = type == CZoomComboWidget::FitToWidth;
+        if (page || width)
+            m_beside = QRectF();
         m_view->setHorizontalScrollBarPolicy(page || width ? Qt::ScrollBarAlwaysOff
                                                            : Qt::ScrollBarAsNeeded);
         m_view->setVerticalScrollBarPolicy(page ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
@@ -132,6 +134,10 @@ void CViewZoom::reveal(const QRectF &part)
 {
     const QRectF screen = m_view->scene()->sceneRect();
     const bool isOn = screen.contains(part.topLeft()) && screen.contains(part.bottomRight());
+    if (!isOn && !isFree()) { // what is shown no longer is the page that was fitted
+        set(m_percent, CZoomComboWidget::FreeValue);
+        Q_EMIT changed(m_percent, m_type);
+    }
     m_beside = isOn ? QRectF() : part.adjusted(0, 0, 1, 1); // not empty
     updateMargins();
     m_view->ensureVisible(part);
