@@ -1190,6 +1190,10 @@ Pfeiltasten machen Schritte, mit Umschalt oder Strg je zehn auf einmal.</transla
         <translation>%1 enthält keine Tastenkürzel.</translation>
     </message>
     <message>
+        <source>%1 of its %2 lines say nothing here: %3</source>
+        <translation>%1 ihrer %2 Zeilen besagen hier nichts: %3</translation>
+    </message>
+    <message>
         <source>The keys are those of the file %1.</source>
         <translation>Die Tasten sind die der Datei %1.</translation>
     </message>

@@ -1190,6 +1190,10 @@ Arrow keys make steps, with Shift or Ctrl ten at a time.</source>
         <translation>%1 不包含键盘快捷键。</translation>
     </message>
     <message>
+        <source>%1 of its %2 lines say nothing here: %3</source>
+        <translation>其中 %1 行（共 %2 行）在此无意义：%3</translation>
+    </message>
+    <message>
         <source>The keys are those of the file %1.</source>
         <translation>按键取自文件 %1。</translation>
     </message>

@@ -198,7 +198,9 @@ private Q_SLOTS:
     void sessionComesBack()
     {
         const QByteArray item = "><Kiv_Widget_T type=\"Kiv_Text_T\" id=\"7\" name=\"Text\" "
-                                "x_coordinate=\"20\"/></Kiv_Screen_T>";
+                                "x_coordinate=\"20\"/><Widget_Group_T name=\"Group\">"
+                                "<Kiv_Widget_T type=\"Kiv_Text_T\" id=\"9\" name=\"In\"/>"
+                                "</Widget_Group_T></Kiv_Screen_T>";
         writeFile(m_project, twoPages().replace("\"#000000\"/>", "\"#000000\"" + item));
         QVERIFY(m_window->openProjectFile(m_project));
         const CScreen *screens = m_window->findChild<CScreen *>();
@@ -219,7 +221,7 @@ private Q_SLOTS:
         QTRY_VERIFY(QLineF(middle(), {300, 200}).length() < 1);
         screens->currentView()->setFocus();
         m_window->selectAll();
-        QCOMPARE(screens->selectedItems().size(), 1);
+        QCOMPARE(screens->selectedItems().size(), 2); // one is a group
         QVERIFY(m_window->closeProject());
         m_window->actions()->zoomWidget()->setZoom(100, CZoomComboWidget::FreeValue);
         m_window->closeUnattended();
@@ -227,7 +229,7 @@ private Q_SLOTS:
         show();
         QCOMPARE(screens->count(), 2);
         QCOMPARE(screens->currentScreen(), m_window->project()->screen(1));
-        QCOMPARE(screens->selectedItems().size(), 1);
+        QCOMPARE(screens->selectedItems().size(), 2); // one is a group
         QCOMPARE(m_window->actions()->zoomWidget()->zoomPercent(), 800);
         QTRY_VERIFY(QLineF(middle(), {300, 200}).length() < 1);
         QVERIFY(m_window->closeProject());
@@ -767,6 +769,7 @@ private Q_SLOTS:
             QVERIFY(!m_window->saveProject());
             QVERIFY(!m_window->project()->undoStack()->isClean());
             QVERIFY(box->isVisible() && !box->findChild<QCheckBox *>()->isVisible());
+            QVERIFY(box->isModal()); // nothing goes on behind it
             QVERIFY(!box->findChild<QLabel *>("errorReason")->text().isEmpty());
             box->accept();
             QVERIFY(!box->isVisible());

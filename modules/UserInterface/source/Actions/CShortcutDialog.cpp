@@ -381,7 +381,18 @@ void CShortcutDialog::importFrom(const QString &path)
     }
     m_map = map;
     showKeys();
-    tell(tr("The keys are those of the file %1.").arg(ShownText::name(file.fileName())));
+    QString told = tr("The keys are those of the file %1.").arg(ShownText::name(file.fileName()));
+    const QStringList over = map.passedOver(*texts);
+    if (!over.isEmpty()) {
+        constexpr int most = 3; // that are told
+        told +=
+            QLatin1Char('\n') +
+            tr("%1 of its %2 lines say nothing here: %3")
+                .arg(over.size())
+                .arg(texts->size())
+                .arg(ShownText::name(QStringList(over.mid(0, most)).join(QStringLiteral(", "))));
+    }
+    tell(told);
 }
 
 bool CShortcutDialog::isTakenDespite(const QStringList &conflicts)

@@ -3,6 +3,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 const QByteArray FileHead = "# Keyboard shortcuts of KIV Panel Composer\n";
@@ -38,6 +40,19 @@ CShortcutMap::Keys keysOf(const QString &text)
 QString textOf(const QString &id, const CShortcutMap::Keys &keys)
 {
     return id + QLatin1Char('=') + QKeySequence::listToString(keys, QKeySequence::PortableText);
+}
+
+/// An id and its keys; no id when the text is none of an action's keys.
+std::pair<QString, CShortcutMap::Keys> partsOf(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral(R"(^([A-Za-z][\w.-]*)=(.*)$)"));
+    const auto match = form.match(text);
+    if (text.size() > CShortcutMap::MaxTextLength || !match.hasMatch())
+        return {};
+    const CShortcutMap::Keys keys = keysOf(match.captured(2));
+    if (keys.isEmpty() && !match.captured(2).isEmpty())
+        return {}; // not one of them is a key
+    return {match.captured(1), keys};
 }
 } // namespace
 
@@ -115,22 +130,25 @@ QStringList CShortcutMap::toTexts() const
 
 QVector<CShortcutMap::SConflict> CShortcutMap::setTexts(const QStringList &texts)
 {
-    static const QRegularExpression form(QStringLiteral(R"(^([A-Za-z][\w.-]*)=(.*)$)"));
     resetAll();
     for (const QString &each : texts.mid(0, MaxTexts)) {
-        const auto match = form.match(each);
-        if (each.size() > MaxTextLength || !match.hasMatch())
+        const auto [id, keys] = partsOf(each);
+        if (id.isEmpty())
             continue;
-        const QString id = match.captured(1);
-        const Keys keys = keysOf(match.captured(2));
-        if (keys.isEmpty() && !match.captured(2).isEmpty())
-            continue; // not one of them is a key
         if (!m_defaults.contains(id))
             m_foreign.append(textOf(id, keys));
         else if (keys != m_defaults.value(id))
             m_changed[id] = keys;
     }
     return settle();
+}
+
+QStringList CShortcutMap::passedOver(const QStringList &texts) const
+{
+    QStringList over;
+    std::copy_if(texts.begin(), texts.end(), std::back_inserter(over),
+                 [this](const QString &each) { return !m_defaults.contains(partsOf(each).first); });
+    return over;
 }
 
 /// No key may have two meanings: neither would come to pass. What the user chose goes before what

@@ -51,6 +51,8 @@ public:
     /// actions that would have the same keys one keeps them: rather a changed one, the first; these
     /// are given.
     QVector<SConflict> setTexts(const QStringList &texts);
+    /// Those that are no such text, or of actions that are not there.
+    QStringList passedOver(const QStringList &texts) const;
 
     /// As a file for another installation, and back. Nothing when it is no such file.
     QByteArray toFile() const;

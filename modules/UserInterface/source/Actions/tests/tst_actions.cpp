@@ -258,6 +258,10 @@ private Q_SLOTS:
         import("one=F2\ntwo=Ctrl+1", Qt::Key_Escape);
         QCOMPARE(message->property("told").toString(), "");
         QCOMPARE(shown(dialog.map()), "one=F2 two=Ctrl+1 three=");
+        QVERIFY(!message->text().contains("nothing"));
+        import("one=F2\nother=F3\nGroup Selected\ntwo=Nokey", Qt::Key_Return);
+        QCOMPARE(message->text().section('\n', 1),
+                 "3 of its 4 lines say nothing here: other=F3, Group Selected, two=Nokey");
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());
     }

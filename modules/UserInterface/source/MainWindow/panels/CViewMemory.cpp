@@ -28,6 +28,17 @@ CScreenModel *pageOf(const CProjectModel &project, const SProjectView::SPage &pa
     return nullptr;
 }
 
+/// What an item is known by: a group by the first widget in it, since it has no id.
+quint32 idOf(const CItemModel &item)
+{
+    quint32 id = item.id();
+    for (int row = 0; id == 0 && row < item.rowCount(); ++row) {
+        const CItemModel *member = item.childItem(row);
+        id = member ? idOf(*member) : 0;
+    }
+    return id;
+}
+
 QPointF middleOf(const CScreenView &view)
 {
     const QVariant waiting = view.property(Centre);
@@ -68,8 +79,8 @@ void CViewMemory::remember(const QString &file)
     seen.zoomPercent = CEditorState::instance()->zoomPercent();
     seen.zoomType = CEditorState::instance()->zoomType();
     for (const CItemModel *each : screens->selectedItems()) {
-        if (each->id() != 0) // which is none
-            seen.selected.append(each->id());
+        if (!each->isGrouped() && idOf(*each) != 0) // which is none
+            seen.selected.append(idOf(*each));
     }
     m_views.remember(file, seen);
 }
@@ -111,8 +122,8 @@ void CViewMemory::restore(const QString &file, const CProjectModel *project)
         return;
     QList<CItemModel *> items;
     forEachItem(*current, [&](CItemModel &item) {
-        if (&item != current && !item.isGrouped() && item.id() != 0 &&
-            seen->selected.contains(item.id()))
+        if (&item != current && !item.isGrouped() && idOf(item) != 0 &&
+            seen->selected.contains(idOf(item)))
             items.append(&item);
     });
     m_panels->select(items);

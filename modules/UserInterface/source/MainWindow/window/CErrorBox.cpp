@@ -23,6 +23,7 @@ CErrorBox::CErrorBox(QWidget *window)
       m_reason(new QLabel),
       m_saveAs(new QPushButton)
 {
+    setWindowModality(Qt::WindowModal);
     m_reason->setObjectName(QStringLiteral("errorReason"));
     m_reason->setTextFormat(Qt::PlainText);
     m_reason->setWordWrap(true);
@@ -99,6 +100,7 @@ void CErrorBox::setQuiet(bool isQuiet)
         return;
     m_isQuiet = isQuiet;
     setWindowFlags(isQuiet ? Qt::Widget : Qt::Dialog);
+    setWindowModality(isQuiet ? Qt::NonModal : Qt::WindowModal);
     setAutoFillBackground(isQuiet);
     m_saveAs->setVisible(isQuiet);
     setAttribute(Qt::WA_Moved, false); // as a dialog, in the middle of the window again

@@ -16,7 +16,7 @@ class CErrorBox final : public QErrorMessage
 public:
     explicit CErrorBox(QWidget *window);
 
-    /// Beside the window, with the focus.
+    /// Before the window, which waits until it is answered, with the focus.
     void tell(const QString &text, const QString &reason);
     /// In a corner of the window, without the focus, and with a way to Save As. As tell() while the
     /// window is not to be seen.

@@ -71,6 +71,7 @@ private Q_SLOTS:
         QTest::newRow("end") << Act([this] { m_session.reset(); }) << "";
         QTest::newRow("unsaved") << Act([this] { change(m_session->project()); }) << "old";
         QTest::newRow("removed") << Act([this] { QFile::remove(at("long")); }) << "old";
+        QTest::newRow("broken") << Act([this] { QVERIFY(writeFile(at("long"), "<")); }) << "old";
         QTest::newRow("a dialog") << Act([this] { m_isBusy = true; }) << "old";
     }
 
