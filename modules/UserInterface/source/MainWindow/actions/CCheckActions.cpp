@@ -14,12 +14,14 @@
 #include <QTimer>
 
 namespace {
-constexpr int FilesTime = 2000; // milliseconds
+constexpr int FilesTime = 2000;  // milliseconds
+constexpr int LeastHeight = 200; // pixels, for some findings
 } // namespace
 
 CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRounds *rounds,
                              QMenu *toolsMenu, QMenu *windowsMenu)
     : QObject(window),
+      m_window(window),
       m_panels(panels),
       m_results(new CCheckResults(this)),
       m_view(new CChecksView),
@@ -67,7 +69,7 @@ CCheckActions::CCheckActions(QMainWindow *window, CMainPanels *panels, CScreenRo
             [this, rounds](bool isShown) { rounds->setWanted(this, isShown); });
     connect(shown, &QAction::triggered, m_dock, [this](bool isShown) {
         if (isShown)
-            m_dock->raise(); // it is one of several in its place
+            comeUp();
     });
     connect(m_next, &QAction::triggered, this, [this] { go(1); });
     connect(m_previous, &QAction::triggered, this, [this] { go(-1); });
@@ -82,12 +84,22 @@ void CCheckActions::setProject(CProjectModel *project)
         each->setEnabled(project != nullptr);
 }
 
+/// It is one of several in its place, which may have been low.
+void CCheckActions::comeUp()
+{
+    m_dock->raise();
+    QTimer::singleShot(0, this, [this] { // when it has got its place
+        if (m_view->height() < LeastHeight && !m_dock->isFloating())
+            m_window->resizeDocks({m_dock}, {LeastHeight}, Qt::Vertical);
+    });
+}
+
 /// The first time the dock is shown, and what it finds comes a moment later.
 void CCheckActions::go(int step)
 {
     if (m_dock->isHidden()) {
         m_dock->show();
-        m_dock->raise();
+        comeUp();
     }
     m_view->goTo(step);
 }

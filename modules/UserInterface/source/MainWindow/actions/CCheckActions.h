@@ -31,8 +31,10 @@ public:
 
 private:
     void showCount();
+    void comeUp();
     void go(int step);
 
+    QMainWindow *const m_window;
     CMainPanels *const m_panels;
     CCheckResults *const m_results;
     CChecksView *const m_view;
