@@ -75,8 +75,8 @@ QString CCommandDeleteImage::folder() const
 
 void CCommandDeleteImage::redo()
 {
-    const QString error = remove();
-    m_isGone = m_isGone || error.isEmpty();
+    const QString error = m_isAnew ? QString() : remove();
+    m_isGone = m_isGone || (error.isEmpty() && !m_isAnew);
     setObsolete(!m_isGone && !m_isPushed);
     m_isPushed = true;
     m_calls.tried(error);
@@ -84,6 +84,8 @@ void CCommandDeleteImage::redo()
 
 void CCommandDeleteImage::undo()
 {
+    const QFileInfo image(folder() + QLatin1Char('/') + m_base + QLatin1String("raw"));
+    m_isAnew = m_isAnew || (m_isGone && image.exists());
     const QString error = m_isGone ? writeBack() : QString();
     m_isGone = !error.isEmpty();
     m_calls.tried(error);

@@ -17,6 +17,8 @@ class CProjectModel;
 ///         it; what could not be written back is held on, and tried again the next time. No other
 ///         file that has got the name is replaced. One that deletes nothing when it is pushed is
 ///         no step.
+/// Anew:   what was converted again under the name meanwhile belongs to a later step: it stays,
+///         also when this one is redone.
 class CCommandDeleteImage final : public QUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(CCommandDeleteImage)
@@ -61,5 +63,6 @@ private:
     const QString m_base;    ///< of the files, with the dot
     QVector<SFile> m_held;   ///< in the order of their removal
     bool m_isGone = false;   ///< deleted by this step
+    bool m_isAnew = false;   ///< a later step has made the file anew
     bool m_isPushed = false; ///< has been done once
 };

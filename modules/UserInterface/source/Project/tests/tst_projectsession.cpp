@@ -334,16 +334,21 @@ private Q_SLOTS:
         QCOMPARE(told, QString());
         QCOMPARE(filesIn(in(place)), QStringList({"sky_DXT1.lut", "sky_DXT1.raw"}));
         QCOMPARE(readFile(in(place + "/sky_DXT1.raw")), QByteArray("pixels"));
-        steps->redo();
-        QVERIFY(writeFile(in(place + "/sky_DXT1.raw"), "another sky"));
-        steps->undo();
-        QVERIFY(told.contains("Another file is called"));
-        QCOMPARE(readFile(in(place + "/sky_DXT1.raw")), QByteArray("another sky"));
         steps->undo();
         QVERIFY(m_session->save()); // with the image again
         steps->setIndex(2);
         QVERIFY(told.endsWith("Save the project first."));
         QCOMPARE(filesIn(in(place)).size(), 2);
+        steps->undo();
+        QVERIFY(m_session->save());
+        steps->redo();
+        QCOMPARE(filesIn(in(place)), QStringList());
+        QVERIFY(writeFile(in(place + "/sky_DXT1.raw"), "another sky"));
+        steps->undo();
+        QVERIFY(told.contains("Another file is called"));
+        steps->redo(); // a later step may show it
+        QCOMPARE(told, QString());
+        QCOMPARE(readFile(in(place + "/sky_DXT1.raw")), QByteArray("another sky"));
     }
 
     void saveAsThatFailsChangesNothing()
