@@ -115,13 +115,34 @@ private Q_SLOTS:
         QCOMPARE(selected(), QStringList{"Second/Label"});
         m_window->project()->undoStack()->undo(); // the list follows
         QTRY_COMPARE(rows->rowCount(), 0);
+        const auto *head = m_window->compareActions()->view()->findChild<QLabel *>();
+        QDockWidget *dock = m_window->compareActions()->dock();
+        const auto saveWith = [this](bool isChanged) {
+            if (isChanged)
+                m_window->project()->undoStack()->redo();
+            else
+                m_window->project()->undoStack()->undo();
+            QVERIFY(m_window->saveProject());
+        };
+        for (const bool isSeen : {true, false}) { // what was saved is what is compared with
+            dock->setVisible(isSeen);
+            saveWith(isSeen);
+            dock->show();
+            QTRY_VERIFY(head->text().startsWith("Nothing has changed"));
+            m_window->project()->undoStack()->setIndex(isSeen ? 0 : 1);
+            QTRY_VERIFY(head->text().startsWith("Changed since"));
+            m_window->project()->undoStack()->setIndex(isSeen ? 1 : 0);
+        }
+        QTRY_COMPARE(rows->rowCount(), 0);
         const QString bad = m_folder->path("bad.nyx");
         writeFile(bad, "<!DOCTYPE a [<!ENTITY b 'c'>]><a/>");
         const auto *output = m_window->findChild<COutputWindowView *>();
         for (const QString &file : {bad, m_folder->path("none.nyx"), m_folder->path("")}) {
             const QString before = output->toPlainText();
-            m_window->compareActions()->compareWith({}, file);
+            dock->hide();
+            m_window->compareActions()->compareWith({CVersionDialog::EKind::File, file, {}}, file);
             QTRY_VERIFY(output->toPlainText() != before);
+            QVERIFY(dock->isVisible() && head->text().startsWith("Not compared: " + file));
         }
         QCOMPARE(saved(), m_before);
     }

@@ -13,6 +13,7 @@
 #include "ShownText.h"
 
 #include <QAction>
+#include <QDir>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -29,6 +30,11 @@ constexpr int LeastHeight = 280; ///< pixels, for a picture in which something i
 QString dateOf(const QDateTime &time)
 {
     return QLocale().toString(time, QLocale::ShortFormat);
+}
+
+QString dated(const QString &title, const QString &file)
+{
+    return CCompareActions::tr("%1, %2").arg(title, dateOf(QFileInfo(file).lastModified()));
 }
 } // namespace
 
@@ -60,7 +66,8 @@ CCompareActions::CCompareActions(QMainWindow *window, CMainPanels *panels, const
     connect(m_action, &QAction::triggered, this, &CCompareActions::choose);
     connect(m_view, &CCompareView::placeWanted, panels, &CMainPanels::goTo);
     connect(m_comparison, &CComparison::failed, this, &CCompareActions::fail);
-    connect(m_dock, &QDockWidget::visibilityChanged, m_comparison, &CComparison::setWanted);
+    connect(m_comparison, &CComparison::changed, this, &CCompareActions::noteTaken);
+    connect(m_dock, &QDockWidget::visibilityChanged, this, &CCompareActions::setVisible);
     setProject(nullptr);
     retranslate();
 }
@@ -76,19 +83,13 @@ QVector<CVersionDialog::SChoice> CCompareActions::keptOf(const SPlaces &places)
 {
     using EKind = CVersionDialog::EKind;
     QVector<CVersionDialog::SChoice> kept;
-    const auto dated = [](const QString &title, const QString &file) {
-        return tr("%1, %2").arg(title, dateOf(QFileInfo(file).lastModified()));
-    };
     const CProjectFile file(places.file);
     if (!places.file.isEmpty() && QFileInfo::exists(places.file)) {
-        if (file.savedVersion()) {
-            kept.append({EKind::Saved, tr("The version that you saved last"), {}});
+        kept.append({EKind::Saved, titleOfSaved(file), {}});
+        if (file.savedVersion())
             kept.append({EKind::Automatic,
                          dated(tr("The version that was saved automatically"), places.file),
                          {}});
-        } else {
-            kept.append({EKind::Automatic, dated(tr("The last saved version"), places.file), {}});
-        }
         if (file.leftBackup())
             kept.append({EKind::Backup,
                          dated(tr("A backup that was left beside the file"), file.backupPath()),
@@ -98,6 +99,13 @@ QVector<CVersionDialog::SChoice> CCompareActions::keptOf(const SPlaces &places)
         kept.append({EKind::Copy, dated(tr("The recovery copy of this project"), places.copy),
                      places.copy});
     return kept;
+}
+
+/// With the time when it is known: that of the file, unless this holds what came after it.
+QString CCompareActions::titleOfSaved(const CProjectFile &file)
+{
+    return file.savedVersion() ? tr("The version that you saved last")
+                               : dated(tr("The last saved version"), file.path());
 }
 
 /// Those of other projects too: one that was called otherwise, or copied, may be what is looked
@@ -124,8 +132,13 @@ void CCompareActions::choose()
     CVersionDialog dialog(keptOf(places), places.file, m_window);
     addLeft(&dialog, places);
     // The project, or all, may have been closed meanwhile.
-    if (dialog.exec() != QDialog::Accepted || !self || question != m_question)
+    const bool isAccepted = dialog.exec() == QDialog::Accepted;
+    if (!self || question != m_question)
         return;
+    if (!isAccepted) {
+        follow(); // the question has put it off
+        return;
+    }
     CVersionDialog::SChoice choice = dialog.choice();
     QString file = choice.kind == EKind::Copy ? choice.id : places.file;
     if (choice.kind == EKind::File) {
@@ -134,69 +147,123 @@ void CCompareActions::choose()
             tr("Projects (*.nyx *.xml);;All files (*)"), nullptr, QFileDialog::DontUseNativeDialog);
         if (file.isEmpty() || !self || question != m_question)
             return;
-        choice.title = file;
+        choice.title = dated(QDir::toNativeSeparators(file), file);
     }
     compareWith(choice, file);
 }
 
 void CCompareActions::compareWith(const CVersionDialog::SChoice &choice, const QString &file)
 {
+    if (choice.kind == CVersionDialog::EKind::Git)
+        fetch(choice.id, file, choice.title);
+    else
+        read(choice, file, true);
+}
+
+void CCompareActions::fetch(const QString &id, const QString &file, const QString &title)
+{
     const int question = ++m_question;
-    const auto isCurrent = [this, question] { return question == m_question; };
     delete std::exchange(m_git, nullptr);
-    if (choice.kind == CVersionDialog::EKind::Git) {
-        m_git = new CGitVersions(file, this);
-        connect(m_git, &CGitVersions::fetched, this,
-                [this, isCurrent, title = choice.title](const QByteArray &bytes) {
-                    if (isCurrent())
-                        take(bytes, title);
-                });
-        connect(m_git, &CGitVersions::failed, this, [this, isCurrent](const QString &reason) {
-            if (isCurrent())
-                fail(reason);
-        });
-        m_git->fetch(choice.id);
-        return;
-    }
+    m_git = new CGitVersions(file, this);
+    connect(m_git, &CGitVersions::fetched, this, [this, question, title](const QByteArray &bytes) {
+        if (question != m_question)
+            return;
+        showDock();
+        m_asked = {};
+        m_comparison->compareWith(bytes, title);
+    });
+    connect(m_git, &CGitVersions::failed, this, [this, question](const QString &reason) {
+        if (question == m_question)
+            m_comparison->refuse(reason);
+    });
+    m_git->fetch(id);
+}
+
+/// The dock shows at once that something is being done. What nobody has asked for shows no dock.
+void CCompareActions::read(const CVersionDialog::SChoice &choice, const QString &file, bool isAsked)
+{
+    const int question = ++m_question;
+    const STaken asked{choice.kind == CVersionDialog::EKind::Saved, m_saves};
+    delete std::exchange(m_git, nullptr);
     BackgroundWork::run(
-        this, [kind = choice.kind, file] { return readVersion(kind, file); },
-        [this, isCurrent, title = choice.title](const SRead &read) {
-            if (!isCurrent())
+        this, [choice, file] { return readVersion(choice, file); },
+        [this, question, asked, isAsked](const SRead &read) {
+            if (question != m_question || (!isAsked && !m_comparison->isWanted()))
                 return;
-            if (read.error.isEmpty())
-                take(read.bytes, title);
-            else
-                fail(read.error);
+            if (!read.error.isEmpty()) {
+                m_comparison->refuse(read.error);
+                return;
+            }
+            if (isAsked)
+                showDock();
+            m_asked = asked;
+            m_comparison->compareWith(read.bytes, read.title);
         });
 }
 
-CCompareActions::SRead CCompareActions::readVersion(CVersionDialog::EKind kind, const QString &file)
+CCompareActions::SRead CCompareActions::readVersion(const CVersionDialog::SChoice &choice,
+                                                    const QString &file)
 {
-    SRead result;
+    using EKind = CVersionDialog::EKind;
+    SRead result{{}, choice.title, {}};
     const CProjectFile kept(file);
-    if (kind == CVersionDialog::EKind::Saved || kind == CVersionDialog::EKind::Backup) {
-        const bool isSaved = kind == CVersionDialog::EKind::Saved;
-        const auto bytes = isSaved ? kept.savedVersion() : kept.leftBackup();
-        return {bytes.value_or(QByteArray()),
-                bytes ? QString() : tr("That version is there no more.")};
+    std::optional<QByteArray> bytes;
+    if (choice.kind == EKind::Saved) {
+        result.title = titleOfSaved(kept);
+        bytes = kept.savedVersion();
+    } else if (choice.kind == EKind::Backup) {
+        bytes = kept.leftBackup();
+        if (!bytes)
+            result.error =
+                choice.title + QStringLiteral(": ") + tr("That version is there no more.");
     }
-    const auto bytes = CXmlGuard::readFile(file, &result.error);
+    if (!bytes && result.error.isEmpty())
+        bytes = CXmlGuard::readFile(file, &result.error);
     result.bytes = bytes.value_or(QByteArray());
     return result;
 }
 
-/// The dock shows at once that something is being done.
-void CCompareActions::take(const QByteArray &bytes, const QString &title)
+void CCompareActions::followSave()
+{
+    ++m_saves;
+    follow();
+}
+
+void CCompareActions::noteTaken()
+{
+    const CProjectModel *earlier = m_comparison->earlier();
+    if (std::exchange(m_earlier, earlier) == earlier) // in between it is null
+        return;
+    m_compared = earlier ? m_asked : STaken();
+    follow();
+}
+
+/// What was saved automatically, a backup, a file and a version in git stay what their titles say.
+void CCompareActions::follow()
+{
+    if (m_compared.isSaved && m_compared.saves != m_saves && m_comparison->isWanted() &&
+        !m_comparison->isReading())
+        read({CVersionDialog::EKind::Saved, {}, {}}, m_places().file, false);
+}
+
+void CCompareActions::setVisible(bool isVisible)
+{
+    m_comparison->setWanted(isVisible);
+    follow();
+}
+
+void CCompareActions::showDock()
 {
     m_dock->show();
     m_dock->raise();
     if (m_view->height() < LeastHeight)
         m_window->resizeDocks({m_dock}, {LeastHeight}, Qt::Vertical);
-    m_comparison->compareWith(bytes, title);
 }
 
+/// The dock says so, above what was compared before.
 void CCompareActions::fail(const QString &reason)
 {
+    showDock();
     m_panels->report(tr("The project was not compared: %1").arg(ShownText::message(reason)));
 }
 

@@ -12,6 +12,7 @@ class CCompareView;
 class CGitVersions;
 class CMainPanels;
 class CMenuBar;
+class CProjectFile;
 class CProjectModel;
 class QAction;
 class QDockWidget;
@@ -43,19 +44,36 @@ public:
     void choose();
     /// Reads it in the background and shows the dock, or says why not.
     void compareWith(const CVersionDialog::SChoice &choice, const QString &file);
+    /// The user has saved: what is compared with the version that he saved last follows, soon or
+    /// when the dock is seen again.
+    void followSave();
     void retranslate();
 
 private:
     struct SRead
     {
         QByteArray bytes;
+        QString title; ///< for people
         QString error; ///< empty when it was read
     };
 
     static QVector<CVersionDialog::SChoice> keptOf(const SPlaces &places);
+    static QString titleOfSaved(const CProjectFile &file);
     void addLeft(CVersionDialog *dialog, const SPlaces &places);
-    static SRead readVersion(CVersionDialog::EKind kind, const QString &file);
-    void take(const QByteArray &bytes, const QString &title);
+    static SRead readVersion(const CVersionDialog::SChoice &choice, const QString &file);
+    /// Of which kind a version is, and after how many saves it was read.
+    struct STaken
+    {
+        bool isSaved = false;
+        int saves = 0;
+    };
+
+    void fetch(const QString &id, const QString &file, const QString &title);
+    void read(const CVersionDialog::SChoice &choice, const QString &file, bool isAsked);
+    void noteTaken();
+    void follow();
+    void setVisible(bool isVisible);
+    void showDock();
     void fail(const QString &reason);
 
     QMainWindow *const m_window;
@@ -66,5 +84,9 @@ private:
     QAction *const m_action;
     CGitVersions *m_git = nullptr; ///< of the question under way
     CMainPanels *const m_panels;
-    int m_question = 0; ///< the answer to an earlier one does not count
+    int m_question = 0;                       ///< the answer to an earlier one does not count
+    int m_saves = 0;                          ///< of the user
+    STaken m_asked;                           ///< of what was given to the comparison last
+    STaken m_compared;                        ///< of what is compared with
+    const CProjectModel *m_earlier = nullptr; ///< that is compared with; to be looked at only
 };

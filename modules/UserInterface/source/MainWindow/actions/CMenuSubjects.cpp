@@ -45,6 +45,11 @@ CMenuSubjects::CMenuSubjects(CMainWindow *window, CMainPanels *panels, CMenuBar 
                               window))
 {
     m_rounds->setBusy([panels] { return panels->isGestureActive() || panels->isEditorOpen(); });
+    QObject::connect(window->session(), &CProjectSession::saved, m_compare,
+                     [this](const QString &, CProjectFile::EWrite kind) {
+                         if (kind == CProjectFile::EWrite::ByUser)
+                             m_compare->followSave();
+                     });
     m_checks->view()->setSaved(
         [window](const QString &file) { return window->session()->isOnDiskWith(file); });
     panels->shareSpace(); // all docks are there

@@ -145,6 +145,11 @@ void CComparison::compareWith(const QByteArray &bytes, const QString &title)
     Q_EMIT changed();
 }
 
+void CComparison::refuse(const QString &reason)
+{
+    Q_EMIT failed(reason);
+}
+
 CComparison::SEarlier CComparison::read(const QByteArray &bytes, const QString &folder,
                                         QThread *thread)
 {
@@ -167,7 +172,7 @@ void CComparison::takeEarlier(const SEarlier &earlier, const QString &title)
         if (m_earlier) // the one of before is compared with again
             m_idle.start(0);
         Q_EMIT changed();
-        Q_EMIT failed(earlier.error);
+        Q_EMIT failed(title + QStringLiteral(": ") + earlier.error);
         return;
     }
     clear();

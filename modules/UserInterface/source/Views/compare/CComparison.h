@@ -42,11 +42,14 @@ public:
     void setBusy(const std::function<bool()> &isBusy);
     /// False gives up what is under way.
     void setWanted(bool wanted);
+    bool isWanted() const { return m_isWanted; }
     /// The open one, not owned; null for none. What was compared goes.
     void setProject(CProjectModel *project);
     /// The earlier version, as the bytes of its file. Its images are looked for where those of the
     /// open one lie. Ends with changed(), or with failed(); then all stays as it was.
     void compareWith(const QByteArray &bytes, const QString &title);
+    /// There is no earlier version to read: ends as one does that cannot be read.
+    void refuse(const QString &reason);
     void clear();
 
     CProjectModel *project() const { return m_project; }

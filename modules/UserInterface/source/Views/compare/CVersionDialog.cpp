@@ -16,7 +16,9 @@ constexpr QSize FirstSize(520, 380); // pixels
 
 QString titleOf(const CGitVersions::SVersion &version)
 {
-    return CVersionDialog::tr("%1, in git: %2").arg(version.date, version.subject);
+    constexpr int ShownDigits = 9; // HEAD means another one after a commit, the hash does not
+    return CVersionDialog::tr("%1, in git: %2").arg(version.date, version.subject) +
+           QStringLiteral(" (%1)").arg(version.id.left(ShownDigits));
 }
 } // namespace
 
