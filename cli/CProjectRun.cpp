@@ -58,6 +58,11 @@ bool CProjectRun::open()
     return true;
 }
 
+void CProjectRun::openNothing()
+{
+    m_project = std::make_unique<CProjectModel>();
+}
+
 std::unique_ptr<CProjectModel> CProjectRun::takeProject()
 {
     return std::move(m_project);

@@ -29,6 +29,8 @@ public:
 
     /// False, and told, when it is no project.
     bool open();
+    /// The same for a project that is not there: one without screens.
+    void openNothing();
     CProjectModel &project() const { return *m_project; }
     /// The same for whoever keeps it when the run is over; there is none here from then on.
     std::unique_ptr<CProjectModel> takeProject();

@@ -32,7 +32,8 @@ drawn, and pictures are compared pixel by pixel.
 the new picture, pale, with what differs in red. Of a screen that was added or removed there is the one
 picture.
 
-As a tool of git, which hands over files without the images beside them:
+As a tool of git, which hands over files without the images beside them, and /dev/null for a project
+that was added or removed, of which all screens are new or gone:
   git config difftool.nyx.cmd 'panel-export diff --folder "$(dirname "$MERGED")" "$LOCAL" "$REMOTE"'
   git config diff.nyx.textconv 'panel-export diff --describe'
 with "*.nyx diff=nyx" in .gitattributes, so that git diff shows a line for each value.
@@ -61,7 +62,7 @@ public:
     CExportJob::EExit run()
     {
         using EExit = CExportJob::EExit;
-        if (!CProjectRun::loadProgramData(m_messages) || !m_before.open() || !m_after.open())
+        if (!CProjectRun::loadProgramData(m_messages) || !open(m_before, 0) || !open(m_after, 1))
             return EExit::Failed;
         if (m_line.isSet("folder"))
             for (CProjectRun *each : {&m_before, &m_after})
@@ -84,6 +85,15 @@ public:
     }
 
 private:
+    /// git gives /dev/null for a file that was added or removed.
+    bool open(CProjectRun &run, int word) const
+    {
+        if (m_line.word(word) != QLatin1String("/dev/null"))
+            return run.open();
+        run.openNothing();
+        return true;
+    }
+
     /// There is one emulator, so pictures wait for each other, packed: only those of screens that
     /// are not drawn by the same list from the same memory. Those are drawn once more.
     bool comparePictures(const QVector<SScreenPair> &pairs)

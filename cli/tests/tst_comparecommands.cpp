@@ -231,6 +231,17 @@ void tst_CompareCommands::gitUsesIt()
     const SResult tool = git({"difftool", "-y", "-t", "nyx"});
     QVERIFY2(tool.out.contains("name: \"Mode\" -> \"State\"") && !tool.out.contains("pixels"),
              qPrintable(tool.out + tool.errors));
+    // Beside it one that was added, and one that was removed.
+    QVERIFY(QFile::copy(path("new/thermostat.nyx"), path("repo/added.nyx")));
+    QCOMPARE(git({"add", "-N", "added.nyx"}).exitCode, 0);
+    QVERIFY(git({"difftool", "-y", "-t", "nyx", "added.nyx"}).out.contains("\"Home\": added"));
+    QCOMPARE(git({"rm", "-q", "--cached", "added.nyx"}).exitCode, 0);
+    QVERIFY(QFile::rename(path("repo/thermostat.nyx"), path("repo/gone")));
+    const SResult gone = git({"difftool", "-y", "-t", "nyx"});
+    QVERIFY2(gone.out.contains("\"Home\": removed") && gone.errors.isEmpty(),
+             qPrintable(gone.out + gone.errors));
+    QCOMPARE(run({"diff", "/dev/null", "new/thermostat.nyx"}).exitCode, 1);
+    QVERIFY(QFile::rename(path("repo/gone"), path("repo/thermostat.nyx")));
     const QString text = git({"diff"}).out;
     QVERIFY2(text.contains("-    . name: \"Mode\"") && text.contains("+    . name: \"State\""),
              qPrintable(text));
