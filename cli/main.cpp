@@ -5,6 +5,7 @@
 #include "Subcommands.h"
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <QLoggingCategory>
 
 #include <cstdio>
@@ -37,6 +38,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("qt.*.warning=false"));
     qSetMessagePattern(QStringLiteral("panel-export: %{message}"));
+    QLocale::setDefault(QLocale::c()); // other programs read the numbers
     QCoreApplication::setApplicationName(QStringLiteral("panel-export"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KIV_VERSION));
 

@@ -8,6 +8,7 @@
 
 #include <QFileInfo>
 #include <QHash>
+#include <QLocale>
 #include <QSet>
 
 // What the chip and the emulator said of a screen.
@@ -60,7 +61,7 @@ void checkMemory(CRuleContext &context, const QString &memory, size_t needed, si
     else if (share >= context.setting(ProjectChecks::MemoryShare, UsualShare))
         context.add(ERule::Memory, ESeverity::Warning, nullptr,
                     CRuleContext::tr("The screen needs %1 % of %2: %3 of %4 bytes.")
-                        .arg(share, 0, 'f', 0)
+                        .arg(QLocale().toString(share, 'f', 0))
                         .arg(memory)
                         .arg(needed)
                         .arg(budget));

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -35,13 +36,13 @@ void checkScale(CRuleContext &context, const CItemModel &item)
         context.add(ERule::ScaledImage, ESeverity::Warning, &item,
                     CRuleContext::tr("%1 shows its image %2 times as large as it is.")
                         .arg(context.called(item))
-                        .arg(larger, 0, 'f', 1));
+                        .arg(QLocale().toString(larger, 'f', 1)));
     else if (smaller < 1 / MostScale)
         context.add(ERule::ScaledImage, ESeverity::Note, &item,
                     CRuleContext::tr("%1 shows its image at %2 % of its size; a smaller image "
                                      "would look as good.")
                         .arg(context.called(item))
-                        .arg(smaller * 100, 0, 'f', 0));
+                        .arg(QLocale().toString(smaller * 100, 'f', 0)));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "RuleSupport.h"
 
 #include <QHash>
+#include <QLocale>
 
 // What is told by the picture itself: which items are not seen, and how well texts are read.
 
@@ -32,8 +33,8 @@ void checkContrast(CRuleContext &context, const SPictureState &picture,
                 CRuleContext::tr("The text of %1 has a contrast of %2 : 1 to what is behind "
                                  "it; %3 : 1 is the least.")
                     .arg(context.called(item))
-                    .arg(found->ratio, 0, 'f', 1)
-                    .arg(found->least));
+                    .arg(QLocale().toString(found->ratio, 'f', 1))
+                    .arg(QLocale().toString(found->least)));
     });
 }
 

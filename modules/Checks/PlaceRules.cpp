@@ -7,6 +7,7 @@
 #include "PropertyKey.h"
 #include "RuleSupport.h"
 
+#include <QLocale>
 #include <QPolygonF>
 #include <QTransform>
 
@@ -109,7 +110,7 @@ void checkTouched(CRuleContext &context, const QVector<STouched> &touched)
                         CRuleContext::tr("%1 is %2 mm for a finger, at %3 dots per inch; 7 mm is "
                                          "the least.")
                             .arg(context.called(*item))
-                            .arg(side, 0, 'f', 1)
+                            .arg(QLocale().toString(side, 'f', 1))
                             .arg(dots));
         for (int other = 0; other < i; ++other)
             if (isAtWork && touched[other].isAtWork && overlap(touched[i], touched[other]))

@@ -5450,7 +5450,7 @@ RAM_DL: %2</translation>
         <translation>SSIM</translation>
     </message>
     <message>
-        <source>&amp;Find Formats</source>
+        <source>Find F&amp;ormats</source>
         <translation>Formate &amp;suchen</translation>
     </message>
     <message>

@@ -5450,8 +5450,8 @@ RAM_DL：%2</translation>
         <translation>SSIM</translation>
     </message>
     <message>
-        <source>&amp;Find Formats</source>
-        <translation>查找格式(&amp;F)</translation>
+        <source>Find F&amp;ormats</source>
+        <translation>查找格式(&amp;O)</translation>
     </message>
     <message>
         <source>Cancel</source>

@@ -105,6 +105,26 @@ QStringList shownTexts(const CMainWindow &window)
     return texts;
 }
 
+/// Buttons in docks that are pressed by a letter with Alt that opens a menu, and menus that share
+/// one.
+QStringList takenFromMenus(const CMainWindow &window)
+{
+    QList<QKeySequence> keys;
+    QStringList taken;
+    const auto take = [&](const QString &text) {
+        const auto key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty() && keys.contains(key))
+            taken << text;
+        return key;
+    };
+    for (const QAction *menu : window.menuBar()->actions())
+        keys << take(menu->text());
+    for (const auto *button : window.findChildren<QAbstractButton *>())
+        if (button->window() == &window && !button->text().isEmpty())
+            take(button->text());
+    return taken;
+}
+
 void load(CMainWindow *window, const QString &language)
 {
     window->loadLanguage(language);
@@ -216,6 +236,16 @@ private Q_SLOTS:
         QCOMPARE(shownTexts(window), after);
         load(&window, "en");
         QCOMPARE(shownTexts(window), before);
+
+        for (auto *dock : window.findChildren<QDockWidget *>()) { // some are filled late
+            QShowEvent shown;
+            QCoreApplication::sendEvent(dock, &shown);
+        }
+        for (const QString &each : {QStringLiteral("en"), language}) {
+            load(&window, each);
+            QCOMPARE(takenFromMenus(window), QStringList());
+            QCOMPARE(QLocale().language(), QLocale(each).language()); // numbers follow
+        }
     }
 };
 

@@ -15,6 +15,15 @@ CLanguageLoader::~CLanguageLoader()
     QCoreApplication::removeTranslator(&m_qt);
 }
 
+/// Numbers and dates are written as in the texts around them: with the system's own habits when
+/// that speaks the language, such as those of Austria.
+void CLanguageLoader::useLocale(const QString &language)
+{
+    const QLocale locale(language);
+    QLocale::setDefault(QLocale::system().language() == locale.language() ? QLocale::system()
+                                                                          : locale);
+}
+
 bool CLanguageLoader::load(const QString &language)
 {
     if (language.contains(QLatin1Char('/')) || language.contains(QLatin1Char('\\')))
@@ -30,12 +39,13 @@ bool CLanguageLoader::load(const QString &language)
     if (m_program.load(program))
         QCoreApplication::installTranslator(&m_program);
     m_language = language;
+    useLocale(language);
     return true;
 }
 
 void CLanguageLoader::loadSystemLanguage()
 {
     const QString name = QLocale::system().name(); // such as "de_AT" or "zh_CN"
-    if (!load(name))
-        load(name.section(QLatin1Char('_'), 0, 0));
+    if (!load(name) && !load(name.section(QLatin1Char('_'), 0, 0)))
+        useLocale(m_language);
 }

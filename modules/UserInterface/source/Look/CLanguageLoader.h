@@ -4,7 +4,8 @@
 #include <QTranslator>
 
 /// Puts the texts of the program and of Qt into a language, from the folder "languages" beside the
-/// programs. Whoever shows texts is told by QEvent::LanguageChange.
+/// programs, and makes QLocale() that of the language, for numbers and dates in texts. Whoever
+/// shows texts is told by QEvent::LanguageChange.
 class CLanguageLoader
 {
 public:
@@ -21,6 +22,8 @@ public:
     const QString &folder() const { return m_folder; }
 
 private:
+    static void useLocale(const QString &language);
+
     QString m_folder;
     QString m_language = QStringLiteral("en"); ///< at first that of the sources
     QTranslator m_program;

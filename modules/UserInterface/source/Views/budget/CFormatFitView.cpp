@@ -273,7 +273,7 @@ void CFormatFitView::retranslate()
     m_table->header()->setStretchLastSection(false);
     m_table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->header()->setSectionResizeMode(Picture, QHeaderView::Stretch);
-    m_find->setText(tr("&Find Formats"));
+    m_find->setText(tr("Find F&ormats"));
     m_cancel->setText(tr("Cancel"));
     m_use->setText(tr("&Use Ticked Formats"));
     fill();

@@ -9,6 +9,7 @@
 #include "ShownText.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 namespace {
 
@@ -76,7 +77,8 @@ QString CChangeTexts::value(const SItemState *item, const QString &key, const QS
     if (editor == SPropertyLook::EEditor::Font)
         return (isBefore ? m_fontsBefore : m_fonts).value(text.toInt(), plain);
     if (editor == SPropertyLook::EEditor::Sixteenths)
-        return PropertyWords::number(text.toInt() / ItemGeometry::PointSizeOfPixel);
+        return PropertyWords::number(text.toInt() / ItemGeometry::PointSizeOfPixel)
+            .replace(QLatin1Char('.'), QLocale().decimalPoint());
     const auto properties = m_library->propertySet(item->typeName);
     const auto property = properties.constFind(key);
     const PropertyType type =

@@ -3,6 +3,7 @@
 #include "CPicturePairs.h"
 #include "ShownText.h"
 
+#include <QLocale>
 #include <QPainter>
 #include <QPixmap>
 #include <QSet>
@@ -293,7 +294,7 @@ QVariant CChangesModel::data(const QModelIndex &index, int role) const
         const STop &top = *topOf(index);
         const auto pixels =
             top.now ? m_comparison->pictures()->difference(top.now->item).pixels : 0;
-        return pixels > 0 ? tr("Pixels: %1").arg(pixels) : QString();
+        return pixels > 0 ? tr("Pixels: %1").arg(QLocale().toString(pixels)) : QString();
     }
     if (index.column() != ChangeColumn || role == Qt::DecorationRole)
         return {};
