@@ -177,11 +177,6 @@ private Q_SLOTS:
                  m_display.click(middle - QPoint(30, 0), 2);
              }},
             {"open it", [&] { m_display.click(editor.place("row CScreenNavigator Full")); }},
-            {"select all",
-             [&] {
-                 editor.focus("scene 1024 1024", "CScreenView");
-                 m_display.key("ctrl+a");
-             }},
             {"close", [&] { m_display.key("ctrl+w"); }},
             {"open again",
              [&] {
