@@ -242,9 +242,12 @@ void tst_ChecksView::measures()
     QVERIFY(offered->isEnabled());
     CheckFixes::setMeasure(*m_project, measure.key, 100);
     QTRY_COMPARE_WITH_TIMEOUT(rows(), QStringList(), 10000);
+    QLocale::setDefault(QLocale::German); // as the texts will be
     m_project->undoStack()->undo();
     QCOMPARE(m_project->saveToBytes(&error), before);
     QTRY_COMPARE_WITH_TIMEOUT(rows().size(), 1, 10000);
+    QVERIFY2(rows().first().contains(" 6,8 mm "), qPrintable(rows().first()));
+    QLocale::setDefault(QLocale::c());
 
     struct COther final : QTranslator
     {
